@@ -1,0 +1,90 @@
+#include "base/day.h"
+#include "base/ipv4.h"
+#include "base/text.h"
+#include "base/wait.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(Text, NumbersAreReadTheCWay)
+{
+    const std::pair<const char *, qint32> integers[] = {
+        {"", 0}, {"abc", 0}, {"12abc", 12}, {" \t7", 7}, {"+5", 5}, {"-3", -3}, {"+-3", 0},
+        {"4294967295", -1}, {"1.9", 1}, {"0x10", 0},
+    };
+    for (const auto &[text, value] : integers) {
+        EXPECT_EQ(IntegerFrom(std::string_view(text)), value) << text;
+    }
+    const std::pair<const char *, double> amounts[]
+        = {{"", 0.0}, {"2.50", 2.5}, {"-0.125x", -0.125}, {"1e3", 1000.0}, {"2,5", 2.0}};
+    for (const auto &[text, value] : amounts) {
+        EXPECT_DOUBLE_EQ(AmountFrom(std::string_view(text)), value) << text;
+    }
+}
+
+TEST(Text, ACutCharacterIsLeftOut)
+{
+    const QString text = u"a\u00e9\u20ac\U0001F600"_s; // 1, 2, 3 and 4 bytes
+    const QByteArray whole = text.toUtf8();
+    for (qsizetype size = 0; size <= whole.size(); ++size) {
+        const QString read = TextFromUtf8({whole.constData(), static_cast<size_t>(size)});
+        EXPECT_TRUE(text.startsWith(read)) << size;
+        EXPECT_FALSE(read.contains(QChar::ReplacementCharacter)) << size;
+        EXPECT_EQ(Utf8Cut(text, size), read.toUtf8()) << size;
+    }
+    EXPECT_EQ(TextFromUtf8(whole.toStdString()), text);
+    EXPECT_TRUE(TextFromUtf8("a\xffz").isValidUtf16());
+}
+
+TEST(Day, LastWeekAndLastMonthAreSimpleArithmetic)
+{
+    struct Case
+    {
+        QDate today;
+        Day week;
+        Day month;
+        QDate weekExisting;
+    };
+    const Case cases[] = {
+        {{2026, 3, 3}, {2026, 2, 27}, {2026, 2, 3}, {2026, 2, 27}},
+        {{2026, 3, 6}, {2026, 2, 30}, {2026, 2, 6}, {2026, 3, 1}},
+        {{2026, 1, 1}, {2026, 12, 25}, {2026, 12, 1}, {2026, 12, 25}},
+        {{2026, 5, 31}, {2026, 5, 25}, {2026, 4, 31}, {2026, 5, 25}},
+        {{2028, 3, 5}, {2028, 2, 29}, {2028, 2, 5}, {2028, 2, 29}},
+        {{2026, 11, 7}, {2026, 11, 1}, {2026, 10, 7}, {2026, 11, 1}},
+    };
+    for (const auto &[today, week, month, weekExisting] : cases) {
+        EXPECT_EQ(FirstDayOfLastWeek(today), week) << qPrintable(today.toString());
+        EXPECT_EQ(FirstDayOfLastMonth(today), month) << qPrintable(today.toString());
+        EXPECT_EQ(ExistingDate(week), weekExisting) << qPrintable(today.toString());
+    }
+    EXPECT_EQ(ExistingDate({2026, 4, 31}), QDate(2026, 5, 1));
+}
+
+TEST(Day, TodayCanBeAnotherDay)
+{
+    {
+        const TodayOverride other({2026, 1, 31});
+        EXPECT_EQ(Today(), QDate(2026, 1, 31));
+    }
+    EXPECT_EQ(Today(), QDate::currentDate());
+}
+
+TEST(Wait, CanBeReplaced)
+{
+    int waited = 0;
+    const WaitOverride instant([&](int milliseconds) { waited += milliseconds; });
+    PacedWait(1300);
+    EXPECT_EQ(waited, 1300);
+}
+
+TEST(Ipv4, OnlyWholeDottedTextsAreAddresses)
+{
+    EXPECT_EQ(Ipv4From(u"192.168.1.0"_s), Ipv4 {0xC0A80100});
+    EXPECT_EQ(DottedText(0xC0A80100), u"192.168.1.0"_s);
+    EXPECT_EQ(DottedText(0xFFFFFFFF), u"255.255.255.255"_s);
+    for (const auto *text : {"", "1.2.3", "1.2.3.256", "1.2.3.4.5", "1.2..4", "a.b.c.d", " 1.2.3.4"}) {
+        EXPECT_FALSE(Ipv4From(QString::fromLatin1(text))) << text;
+    }
+}

@@ -1,0 +1,28 @@
+// A fresh SQLite database behind the one session, for each test.
+#pragma once
+
+#include "db/session.h"
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+class DatabaseFixture : public testing::Test
+{
+protected:
+    // A new database with the product's schema and its first rows; the session is open on it.
+    void SetUp() override;
+    void TearDown() override;
+
+    // The data source's name, for a second session or a `bill dsn` value.
+    [[nodiscard]] static QString Dsn();
+
+    QTemporaryDir folder;
+};
+
+// The rows that a query gives, each as its columns joined with "|".
+[[nodiscard]] QStringList RowsOf(const char *sqlText);
+
+// Every row of every table as text, to compare a database before and after.
+[[nodiscard]] QStringList EveryRow();

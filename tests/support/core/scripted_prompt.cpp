@@ -1,0 +1,15 @@
+#include "support/core/scripted_prompt.h"
+
+void ScriptedPrompt::Tell(const QString &text, Icon icon, const QString &caption)
+{
+    said << text;
+    lastIcon = icon;
+    lastCaption = caption;
+}
+
+bool ScriptedPrompt::Ask(const QString &text, const QString &caption)
+{
+    said << text;
+    lastCaption = caption;
+    return !answers.isEmpty() && answers.dequeue();
+}
