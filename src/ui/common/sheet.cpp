@@ -1,0 +1,114 @@
+#include "ui/common/sheet.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+Sheet::Sheet(const QString &caption, QWidget *parent) : QDialog(parent), tabs(new QTabWidget(this))
+{
+    setWindowTitle(caption);
+    setModal(true);
+    tabs->setObjectName(u"pages"_s);
+    tabs->tabBar()->setAccessibleName(caption);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"cancel"_s);
+    connect(buttons, &QDialogButtonBox::accepted, this, &Sheet::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &Sheet::reject);
+    connect(tabs, &QTabWidget::currentChanged, this, &Sheet::TabChosen);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(tabs);
+    layout->addWidget(buttons);
+    AddKeys();
+}
+
+// Shortcuts rather than the tab widget's own keys: no control of a page can swallow them.
+void Sheet::AddKeys()
+{
+    const std::pair<QKeySequence, int> keys[] = {
+        {Qt::CTRL | Qt::Key_Tab, 1},
+        {Qt::CTRL | Qt::Key_PageDown, 1},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, -1},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, -1},
+        {Qt::CTRL | Qt::Key_PageUp, -1},
+    };
+    for (const auto &[key, step] : keys) {
+        auto *shortcut = new QShortcut(key, this);
+        connect(shortcut, &QShortcut::activated, this, [this, step = step] { Turn(step); });
+    }
+}
+
+void Sheet::Add(Page *page)
+{
+    const QSignalBlocker blocked(tabs);
+    tabs->addTab(page, page->Title());
+    pages.push_back(page);
+}
+
+void Sheet::Start(int page)
+{
+    for (Page *each : pages) {
+        each->Load();
+    }
+    Show(page >= 0 && page < static_cast<int>(pages.size()) ? page : 0);
+}
+
+bool Sheet::Run(int page)
+{
+    Start(page);
+    return exec() == Accepted;
+}
+
+void Sheet::Turn(int step)
+{
+    const int count = tabs->count();
+    if (count > 1) {
+        tabs->setCurrentIndex((active + step + count) % count);
+    }
+}
+
+void Sheet::TabChosen(int page)
+{
+    if (active < 0) {
+        return;
+    }
+    {
+        // The old page stays in sight while it decides.
+        const QSignalBlocker blocked(tabs);
+        tabs->setCurrentIndex(active);
+    }
+    if (pages[active]->Leave()) {
+        Show(page);
+    }
+}
+
+void Sheet::Show(int page)
+{
+    const QSignalBlocker blocked(tabs);
+    active = page;
+    tabs->setCurrentIndex(page);
+    pages[page]->Activate();
+}
+
+void Sheet::accept()
+{
+    for (int page = 0; page < static_cast<int>(pages.size()); ++page) {
+        if (!pages[page]->Leave()) {
+            if (page != active) {
+                Show(page);
+            }
+            return;
+        }
+    }
+    for (Page *page : pages) {
+        page->Collect();
+    }
+    QDialog::accept();
+}

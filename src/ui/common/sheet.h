@@ -1,0 +1,45 @@
+// A modal sheet of pages behind tabs, with OK and Cancel. It knows nothing of what its pages hold
+// and remembers nothing from one run to the next.
+#pragma once
+
+#include "ui/common/page.h"
+
+#include <QDialog>
+
+#include <vector>
+
+class QTabWidget;
+
+class Sheet : public QDialog
+{
+    Q_OBJECT
+
+public:
+    Sheet(const QString &caption, QWidget *parent);
+
+    // Adds the page as the last tab; the sheet owns it from now on.
+    void Add(Page *page);
+
+    // Loads every page and makes `page` the active one; a number that names no page stands for the
+    // first. Run does this itself.
+    void Start(int page);
+
+    // Shows the sheet until it is closed. True for an OK that every page agreed to; anything else
+    // has collected nothing.
+    [[nodiscard]] bool Run(int page);
+
+    [[nodiscard]] int Active() const { return active; }
+
+    // OK. When a page refuses to be left, that page becomes active and the sheet stays open.
+    void accept() override;
+
+private:
+    void AddKeys();
+    void Turn(int step);
+    void TabChosen(int page);
+    void Show(int page);
+
+    QTabWidget *tabs;
+    std::vector<Page *> pages;
+    int active = -1;
+};
