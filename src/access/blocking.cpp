@@ -24,7 +24,8 @@ bool BlockUser(const ServiceLink *link, quint32 userId, quint32 reason)
     if (link != nullptr) {
         link->BlockUser(userId);
     }
-    Execute("UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)", reason, userId);
+    Execute(
+        "UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)", reason, userId);
     return link != nullptr;
 }
 
@@ -42,9 +43,8 @@ void BlockGroup(const ServiceLink *link, quint32 groupId, quint32 reason)
     Execute("UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)",
             reason,
             groupId);
-    Execute("UPDATE users SET blocked = true, blockreason = (?) WHERE group_id = (?)",
-            reason,
-            groupId);
+    Execute(
+        "UPDATE users SET blocked = true, blockreason = (?) WHERE group_id = (?)", reason, groupId);
     for (const quint32 member : MembersOf(groupId)) {
         BlockUser(link, member, reason);
     }

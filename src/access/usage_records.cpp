@@ -58,8 +58,8 @@ quint32 FindUserTimeRecord(quint32 userId, quint32 usagePeriod)
 
 quint32 FindGroupTrafficRecord(quint32 groupId)
 {
-    const quint32 groupPeriod
-        = LastId("SELECT trafperiod FROM groups WHERE group_id = (?) ", groupId);
+    const quint32 groupPeriod =
+        LastId("SELECT trafperiod FROM groups WHERE group_id = (?) ", groupId);
     if (groupPeriod == period::kDay) {
         return LastId("SELECT traf_id FROM traffic_use WHERE current_time = (?) and group_id = (?) "
                       "and period = 1",

@@ -51,7 +51,7 @@ public:
     [[nodiscard]] const ServiceLink *Link() const { return link.get(); }
 
     [[nodiscard]] bool IsServiceRunning() const { return serviceRunning; } // at start-up
-    [[nodiscard]] bool IsConnected() const { return connected; }          // at start-up
+    [[nodiscard]] bool IsConnected() const { return connected; } // at start-up
     [[nodiscard]] int Port() const { return port; }
 
 private:

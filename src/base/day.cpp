@@ -6,11 +6,17 @@ namespace {
 
 QDate overriddenToday;
 
-int MonthBefore(int month) { return month == 1 ? 12 : month - 1; }
+int MonthBefore(int month)
+{
+    return month == 1 ? 12 : month - 1;
+}
 
 } // namespace
 
-Day DayOf(QDate date) { return {date.year(), date.month(), date.day()}; }
+Day DayOf(QDate date)
+{
+    return {date.year(), date.month(), date.day()};
+}
 
 QDate ExistingDate(Day day)
 {
@@ -31,8 +37,14 @@ Day FirstDayOfLastMonth(QDate today)
     return {today.year(), MonthBefore(today.month()), today.day()};
 }
 
-QDate Today() { return overriddenToday.isValid() ? overriddenToday : QDate::currentDate(); }
+QDate Today()
+{
+    return overriddenToday.isValid() ? overriddenToday : QDate::currentDate();
+}
 
 TodayOverride::TodayOverride(QDate today) : previous(std::exchange(overriddenToday, today)) { }
 
-TodayOverride::~TodayOverride() { overriddenToday = previous; }
+TodayOverride::~TodayOverride()
+{
+    overriddenToday = previous;
+}

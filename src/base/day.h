@@ -9,7 +9,7 @@ struct Day
 {
     int year = 0;
     int month = 0; // 1 to 12
-    int day = 0;   // 1 to 31
+    int day = 0; // 1 to 31
 
     bool operator==(const Day &) const = default;
 };

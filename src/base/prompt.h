@@ -15,8 +15,8 @@ public:
 
     // Shows `text` with an OK button and returns once it is dismissed. An empty caption stands for
     // the program's own, "Tollbrook Administrator".
-    virtual void Tell(const QString &text, Icon icon = Icon::Information,
-                      const QString &caption = {}) = 0;
+    virtual void
+    Tell(const QString &text, Icon icon = Icon::Information, const QString &caption = {}) = 0;
 
     // Asks with Yes and No. True for Yes only: closing the box is a No.
     [[nodiscard]] virtual bool Ask(const QString &text, const QString &caption = {}) = 0;

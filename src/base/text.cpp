@@ -4,7 +4,10 @@
 
 namespace {
 
-bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+bool IsContinuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 
 qsizetype SequenceLength(char lead)
 {

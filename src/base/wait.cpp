@@ -28,7 +28,9 @@ void PacedWait(int milliseconds)
 
 WaitOverride::WaitOverride(std::function<void(int)> wait)
     : previous(std::exchange(Override(), std::move(wait)))
-{
-}
+{ }
 
-WaitOverride::~WaitOverride() { Override() = std::move(previous); }
+WaitOverride::~WaitOverride()
+{
+    Override() = std::move(previous);
+}

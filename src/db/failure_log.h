@@ -8,7 +8,7 @@
 
 // Failed statements and connections as warnings; with debug on, also every statement as it is
 // written in the code, before it goes to the driver. Never a parameter's value.
-Q_DECLARE_LOGGING_CATEGORY(logDb)        // tollbrook.db
+Q_DECLARE_LOGGING_CATEGORY(logDb) // tollbrook.db
 Q_DECLARE_LOGGING_CATEGORY(logStatement) // tollbrook.db.statement
 
 struct StatementFailure

@@ -15,8 +15,8 @@ constexpr int kQuerySuccessWithInfo = 1;
 constexpr int kQueryNoData = 100;
 
 enum class FetchMode {
-    All = 0,  // fetch to the end: the last row stays in the buffer
-    One = 1,  // fetch one row
+    All = 0, // fetch to the end: the last row stays in the buffer
+    One = 1, // fetch one row
     Open = 2, // leave the cursor open for the caller's own loop, see RowCursor
 };
 
@@ -63,9 +63,9 @@ void DisconnectDatabase();
 
 // Binds parameter `number`, counted from 1, for the next statement only. The value is copied.
 void BindValue(int number, quint32 value);
-void BindValue(int number, double amount);         // amounts of money, megabytes and hours
-void BindValue(int number, const QString &text);   // cut at 254 bytes of UTF-8
-void BindValue(int number, Day day);               // an impossible day becomes the next that exists
+void BindValue(int number, double amount); // amounts of money, megabytes and hours
+void BindValue(int number, const QString &text); // cut at 254 bytes of UTF-8
+void BindValue(int number, Day day); // an impossible day becomes the next that exists
 
 // Runs one statement with the values just bound. A statement without result columns returns 100
 // whatever happened; its failure is in the failure log (db/failure_log.h). All and One return the
@@ -74,8 +74,9 @@ int RunQuery(const char *sqlText, FetchMode mode);
 
 // Binds `values` in order and runs the statement.
 template <typename... Values>
-int RunQuery(const char *sqlText, FetchMode mode, const Values &...values)
-    requires(sizeof...(Values) > 0)
+int RunQuery(const char *sqlText,
+             FetchMode mode,
+             const Values &...values) requires(sizeof...(Values) > 0)
 {
     int number = 0;
     (BindValue(++number, values), ...);
@@ -100,8 +101,8 @@ class RowCursor
 public:
     template <typename... Values>
     explicit RowCursor(const char *sqlText, const Values &...values)
+        : open(RunQuery(sqlText, FetchMode::Open, values...) != kQueryNoData)
     {
-        RunQuery(sqlText, FetchMode::Open, values...);
     }
     ~RowCursor();
     RowCursor(const RowCursor &) = delete;
@@ -109,4 +110,7 @@ public:
 
     // True when the next row stands in `queryResult`.
     [[nodiscard]] bool Next();
+
+private:
+    bool open; // false when the statement failed
 };

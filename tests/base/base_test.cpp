@@ -10,14 +10,22 @@ using namespace Qt::StringLiterals;
 TEST(Text, NumbersAreReadTheCWay)
 {
     const std::pair<const char *, qint32> integers[] = {
-        {"", 0}, {"abc", 0}, {"12abc", 12}, {" \t7", 7}, {"+5", 5}, {"-3", -3}, {"+-3", 0},
-        {"4294967295", -1}, {"1.9", 1}, {"0x10", 0},
+        {"", 0},
+        {"abc", 0},
+        {"12abc", 12},
+        {" \t7", 7},
+        {"+5", 5},
+        {"-3", -3},
+        {"+-3", 0},
+        {"4294967295", -1},
+        {"1.9", 1},
+        {"0x10", 0},
     };
     for (const auto &[text, value] : integers) {
         EXPECT_EQ(IntegerFrom(std::string_view(text)), value) << text;
     }
-    const std::pair<const char *, double> amounts[]
-        = {{"", 0.0}, {"2.50", 2.5}, {"-0.125x", -0.125}, {"1e3", 1000.0}, {"2,5", 2.0}};
+    const std::pair<const char *, double> amounts[] = {
+        {"", 0.0}, {"2.50", 2.5}, {"-0.125x", -0.125}, {"1e3", 1000.0}, {"2,5", 2.0}};
     for (const auto &[text, value] : amounts) {
         EXPECT_DOUBLE_EQ(AmountFrom(std::string_view(text)), value) << text;
     }
@@ -84,7 +92,8 @@ TEST(Ipv4, OnlyWholeDottedTextsAreAddresses)
     EXPECT_EQ(Ipv4From(u"192.168.1.0"_s), Ipv4 {0xC0A80100});
     EXPECT_EQ(DottedText(0xC0A80100), u"192.168.1.0"_s);
     EXPECT_EQ(DottedText(0xFFFFFFFF), u"255.255.255.255"_s);
-    for (const auto *text : {"", "1.2.3", "1.2.3.256", "1.2.3.4.5", "1.2..4", "a.b.c.d", " 1.2.3.4"}) {
+    for (const auto *text :
+         {"", "1.2.3", "1.2.3.256", "1.2.3.4.5", "1.2..4", "a.b.c.d", " 1.2.3.4"}) {
         EXPECT_FALSE(Ipv4From(QString::fromLatin1(text))) << text;
     }
 }
