@@ -10,17 +10,19 @@
 class ServiceControl
 {
 public:
-    // The service manager's codes. A service that is starting, failed or dead is not started.
-    enum class State { Stopped = 1, StopPending = 3, Running = 4 };
+    // The service manager's codes. Only a running service is a started one: a service that is being
+    // started is not, and one that failed counts as stopped.
+    enum class State { Stopped = 1, StartPending = 2, StopPending = 3, Running = 4 };
 
     explicit ServiceControl(const QDBusConnection &bus);
 
-    // Nothing when the manager or the service cannot be reached.
+    // Nothing when the manager does not answer within a second or does not know the service.
     [[nodiscard]] std::optional<State> Query() const;
     [[nodiscard]] bool IsRunning() const { return Query() == State::Running; }
 
     // True when the manager accepted the job; its end shows in Query. Administrators who need to
-    // prove who they are, are asked by the system; a refusal is a failure.
+    // prove who they are, are asked by the system, with the window painted meanwhile; a refusal, or
+    // no answer in 90 seconds, is a failure.
     [[nodiscard]] bool Start() const;
     [[nodiscard]] bool Stop() const;
 

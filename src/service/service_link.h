@@ -13,7 +13,7 @@ public:
     // The service's object on `bus`; null when the bus or the service is not there.
     [[nodiscard]] static std::unique_ptr<ServiceLink> Create(const QDBusConnection &bus);
 
-    void BlockUser(quint32 userId) const;   // slot 7
+    void BlockUser(quint32 userId) const; // slot 7
     void UnblockUser(quint32 userId) const; // slot 8
 
 private:

@@ -1,0 +1,42 @@
+#include "service/service_link.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kName = u"org.tollbrook.Accounting"_s;
+const QString kPath = u"/org/tollbrook/Accounting"_s;
+const QString kInterface = u"org.tollbrook.Accounting1"_s;
+
+} // namespace
+
+std::unique_ptr<ServiceLink> ServiceLink::Create(const QDBusConnection &bus)
+{
+    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(kName)) {
+        return nullptr;
+    }
+    return std::unique_ptr<ServiceLink>(new ServiceLink(bus));
+}
+
+ServiceLink::ServiceLink(const QDBusConnection &serviceBus) : bus(serviceBus) { }
+
+void ServiceLink::BlockUser(quint32 userId) const
+{
+    Send(u"BlockUser"_s, userId);
+}
+
+void ServiceLink::UnblockUser(quint32 userId) const
+{
+    Send(u"UnblockUser"_s, userId);
+}
+
+void ServiceLink::Send(const QString &operation, quint32 userId) const
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(kName, kPath, kInterface, operation);
+    call.setAutoStartService(false);
+    call << userId;
+    bus.send(call);
+}
