@@ -1,16 +1,16 @@
 // Every configuration value by name: key, spelling, kind and meaning stand here and nowhere else.
 #pragma once
 
-#include <QString>
+#include <array>
 
 // The keys of the store. A path has one folder for each part; its last part names the file.
 enum class ConfigKeyId {
-    Base,         // Software/Tollbrook/Network
-    LocalIp,      // Software/Tollbrook/Network/localip
-    Price,        // Software/Tollbrook/Network/Price
-    DefProfile,   // Software/Tollbrook/Network/DefProfile
-    Ui,           // Software/Tollbrook/Network/UI
-    AdapterBind,  // Software/Harrowmere/Tallyspring
+    Base, // Software/Tollbrook/Network
+    LocalIp, // Software/Tollbrook/Network/localip
+    Price, // Software/Tollbrook/Network/Price
+    DefProfile, // Software/Tollbrook/Network/DefProfile
+    Ui, // Software/Tollbrook/Network/UI
+    AdapterBind, // Software/Harrowmere/Tallyspring
     CaptureDriver // System/CurrentControlSet/Services/Packet/Linkage
 };
 
@@ -33,15 +33,17 @@ namespace values {
 using K = ConfigKeyId;
 
 // Start-up.
-inline constexpr TextValue kBillDsn {K::Base, "bill dsn"};    // data source of the shared database
-inline constexpr TextValue kPort {K::Base, "port"};           // port number
-inline constexpr TextValue kPath {K::Base, "path"};           // installation folder, ends in a separator
-inline constexpr TextValue kFirstStart {K::Base, "FirstStart"}; // "1": the wizard runs at next start
+inline constexpr TextValue kBillDsn {K::Base, "bill dsn"}; // data source of the shared database
+inline constexpr TextValue kPort {K::Base, "port"}; // port number
+inline constexpr TextValue kPath {K::Base, "path"}; // installation folder, ends in a separator
+inline constexpr TextValue kFirstStart {K::Base,
+                                        "FirstStart"}; // "1": the wizard runs at next start
 
 // Main window and lists.
-inline constexpr TextValue kSortBy {K::Base, "SortBy"};       // 0 names, 1 workstations, 2 full names
-inline constexpr TextValue kRefresh {K::Base, "refresh"};     // users list's first sort column; only read
-inline constexpr TextValue kPaneAutoRefreshMode {K::Base, "PaneAutoRefreshMode"};     // 0 to 5
+inline constexpr TextValue kSortBy {K::Base, "SortBy"}; // 0 names, 1 workstations, 2 full names
+inline constexpr TextValue kRefresh {K::Base,
+                                     "refresh"}; // users list's first sort column; only read
+inline constexpr TextValue kPaneAutoRefreshMode {K::Base, "PaneAutoRefreshMode"}; // 0 to 5
 inline constexpr TextValue kPaneAutoRefreshPeriod {K::Base, "PaneAutoRefreshPeriod"}; // minutes
 inline constexpr TextValue kViewUserHdr {K::Ui, "ViewUserHdr"}; // "0" hides the column
 inline constexpr TextValue kViewWksHdr {K::Ui, "ViewWksHdr"};
@@ -59,24 +61,24 @@ inline constexpr TextValue kGroupHdrWidth {K::Ui, "GroupHdrWidth"};
 inline constexpr TextValue kAccessHdrWidth {K::Ui, "AccessHdrWidth"};
 
 // Read by the accounting service.
-inline constexpr TextValue kTimer {K::Base, "timer"};         // database update period, seconds
-inline constexpr TextValue kNic {K::Base, "NIC"};             // description of the chosen adapter
+inline constexpr TextValue kTimer {K::Base, "timer"}; // database update period, seconds
+inline constexpr TextValue kNic {K::Base, "NIC"}; // description of the chosen adapter
 inline constexpr TextValue kIdentMode {K::Base, "IdentMode"}; // 0 IP, 1 MAC, 2 Windows user name
-inline constexpr TextValue kControlMac {K::Base, "ControlMAC"};         // flag
-inline constexpr TextValue kAuthPort {K::Base, "AuthPort"};             // TCP port
-inline constexpr TextValue kAuthReqNew {K::Base, "AuthReqNew"};         // flag
+inline constexpr TextValue kControlMac {K::Base, "ControlMAC"}; // flag
+inline constexpr TextValue kAuthPort {K::Base, "AuthPort"}; // TCP port
+inline constexpr TextValue kAuthReqNew {K::Base, "AuthReqNew"}; // flag
 inline constexpr TextValue kAllowNotLogged {K::Base, "AllowNotLogged"}; // flag
-inline constexpr TextValue kAllowNonHost {K::Base, "AllowNonHost"};     // flag
+inline constexpr TextValue kAllowNonHost {K::Base, "AllowNonHost"}; // flag
 inline constexpr TextValue kUserviewEnabled {K::Base, "UserviewEnabled"}; // flag
 inline constexpr TextValue kClientPwd {K::Base, "clientpwd"}; // deinstall password, plain text
 inline constexpr TextValue kMonitorProtMode {K::Base, "monitorprotmode"}; // 0 to 3
 
 // Currency and price.
-inline constexpr TextValue kCurUse {K::Base, "curuse"};             // 0 none, 1 defined, 2 in use
+inline constexpr TextValue kCurUse {K::Base, "curuse"}; // 0 none, 1 defined, 2 in use
 inline constexpr TextValue kCurrencyName {K::Base, "currencyname"};
 inline constexpr TextValue kCurrencySymbol {K::Base, "currencysymbol"};
 inline constexpr TextValue kCurrencyRate {K::Base, "currencyrate"}; // currency per base unit
-inline constexpr TextValue kTrafPrice {K::Price, "trafprice"};      // base units per megabyte
+inline constexpr TextValue kTrafPrice {K::Price, "trafprice"}; // base units per megabyte
 
 // Address ranges and exclusions.
 inline constexpr TextValue kRangeNum {K::LocalIp, "rangenum"}; // how many ranges
@@ -87,13 +89,62 @@ inline constexpr NumberFamily kExclude {K::LocalIp, "exclude"};
 // The profile of a newly seen user; the codes are those of the users table.
 inline constexpr TextValue kDefMode {K::DefProfile, "Mode"};
 inline constexpr TextValue kDefTrafficLimit {K::DefProfile, "TrafficLimit"}; // megabytes
-inline constexpr TextValue kDefTimeLimit {K::DefProfile, "TimeLimit"};       // hours
-inline constexpr TextValue kDefAccPeriod {K::DefProfile, "AccPeriod"};       // 1 day, 2 month
+inline constexpr TextValue kDefTimeLimit {K::DefProfile, "TimeLimit"}; // hours
+inline constexpr TextValue kDefAccPeriod {K::DefProfile, "AccPeriod"}; // 1 day, 2 month
 inline constexpr TextValue kDefBlocked {K::DefProfile, "Blocked"}; // on only when 1
 inline constexpr TextValue kDefAuthReq {K::DefProfile, "AuthReq"}; // on only when 1; only read
 
 // Adapter binding.
 inline constexpr TextValue kBoundNic {K::AdapterBind, "NIC"};
 inline constexpr TextValue kCaptureExport {K::CaptureDriver, "Export"}; // capture driver's binding
+
+// Every text value there is.
+inline constexpr std::array kAllTexts {kBillDsn,
+                                       kPort,
+                                       kPath,
+                                       kFirstStart,
+                                       kSortBy,
+                                       kRefresh,
+                                       kPaneAutoRefreshMode,
+                                       kPaneAutoRefreshPeriod,
+                                       kViewUserHdr,
+                                       kViewWksHdr,
+                                       kViewNameHdr,
+                                       kViewIPHdr,
+                                       kViewMACHdr,
+                                       kViewGroupHdr,
+                                       kViewAccessHdr,
+                                       kUserHdrWidth,
+                                       kWksHdrWidth,
+                                       kNameHdrWidth,
+                                       kIPHdrWidth,
+                                       kMACHdrWidth,
+                                       kGroupHdrWidth,
+                                       kAccessHdrWidth,
+                                       kTimer,
+                                       kNic,
+                                       kIdentMode,
+                                       kControlMac,
+                                       kAuthPort,
+                                       kAuthReqNew,
+                                       kAllowNotLogged,
+                                       kAllowNonHost,
+                                       kUserviewEnabled,
+                                       kClientPwd,
+                                       kMonitorProtMode,
+                                       kCurUse,
+                                       kCurrencyName,
+                                       kCurrencySymbol,
+                                       kCurrencyRate,
+                                       kTrafPrice,
+                                       kRangeNum,
+                                       kDefMode,
+                                       kDefTrafficLimit,
+                                       kDefTimeLimit,
+                                       kDefAccPeriod,
+                                       kDefBlocked,
+                                       kDefAuthReq,
+                                       kBoundNic,
+                                       kCaptureExport};
 
 } // namespace values
