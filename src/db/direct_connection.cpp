@@ -1,0 +1,170 @@
+#include "db/direct_connection.h"
+
+#include "base/text.h"
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <array>
+
+namespace {
+
+bool Succeeded(SQLRETURN code)
+{
+    return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
+}
+
+// ODBC's functions take texts that they only read without const.
+SQLCHAR *OdbcText(const char *text)
+{
+    return reinterpret_cast<SQLCHAR *>(const_cast<char *>(text)); // NOLINT
+}
+
+QString FirstDiagnostic(SQLSMALLINT handleType, SQLHANDLE handle)
+{
+    SQLCHAR state[SQL_SQLSTATE_SIZE + 1] = {};
+    SQLCHAR text[SQL_MAX_MESSAGE_LENGTH] = {};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    SQLGetDiagRec(handleType, handle, 1, state, &native, text, sizeof text, &length);
+    return TextFromUtf8(reinterpret_cast<const char *>(text));
+}
+
+} // namespace
+
+DirectConnection::~DirectConnection()
+{
+    Close();
+}
+
+bool DirectConnection::Open(const QString &dsn)
+{
+    Close();
+    auto *const version = reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3); // NOLINT
+    SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment);
+    SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, version, 0);
+    SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
+    char user[] = "system";
+    const SQLRETURN code = SQLConnect(connection,
+                                      OdbcText(dsn.toUtf8().constData()),
+                                      SQL_NTS,
+                                      OdbcText(user),
+                                      SQL_NTS,
+                                      nullptr,
+                                      SQL_NTS);
+    if (!Note(code, SQL_HANDLE_DBC, connection)) {
+        SQLFreeHandle(SQL_HANDLE_DBC, std::exchange(connection, nullptr));
+        Close();
+        return false;
+    }
+    char name[64] = "";
+    SQLSMALLINT length = 0;
+    SQLGetInfo(connection, SQL_DBMS_NAME, name, sizeof name, &length);
+    dialect = &DialectFor(name);
+    SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement);
+    return statement != nullptr;
+}
+
+void DirectConnection::Close()
+{
+    if (statement != nullptr) {
+        SQLFreeHandle(SQL_HANDLE_STMT, std::exchange(statement, nullptr));
+    }
+    if (connection != nullptr) {
+        SQLEndTran(SQL_HANDLE_DBC, connection, SQL_ROLLBACK);
+        SQLDisconnect(connection);
+        SQLFreeHandle(SQL_HANDLE_DBC, std::exchange(connection, nullptr));
+    }
+    if (environment != nullptr) {
+        SQLFreeHandle(SQL_HANDLE_ENV, std::exchange(environment, nullptr));
+    }
+}
+
+bool DirectConnection::Run(std::string_view sqlText)
+{
+    const std::string text(sqlText);
+    const SQLRETURN code = SQLExecDirect(statement, OdbcText(text.c_str()), SQL_NTS);
+    const bool done = Note(code, SQL_HANDLE_STMT, statement);
+    SQLFreeStmt(statement, SQL_CLOSE);
+    return done;
+}
+
+std::optional<QList<QStringList>> DirectConnection::Rows(std::string_view sqlText)
+{
+    const std::string text(sqlText);
+    if (!Note(SQLExecDirect(statement, OdbcText(text.c_str()), SQL_NTS),
+              SQL_HANDLE_STMT,
+              statement)) {
+        return std::nullopt;
+    }
+    SQLSMALLINT columns = 0;
+    SQLNumResultCols(statement, &columns);
+    QList<QStringList> rows;
+    SQLRETURN code = columns == 0 ? SQL_NO_DATA : SQLFetch(statement);
+    for (; Succeeded(code); code = SQLFetch(statement)) {
+        rows << CurrentRow(columns);
+    }
+    const bool complete = Note(code, SQL_HANDLE_STMT, statement);
+    SQLFreeStmt(statement, SQL_CLOSE);
+    return complete ? std::optional(rows) : std::nullopt;
+}
+
+bool DirectConnection::Begin()
+{
+    auto *const off = reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_OFF); // NOLINT
+    return Note(
+        SQLSetConnectAttr(connection, SQL_ATTR_AUTOCOMMIT, off, 0), SQL_HANDLE_DBC, connection);
+}
+
+bool DirectConnection::Commit()
+{
+    const bool kept =
+        Note(SQLEndTran(SQL_HANDLE_DBC, connection, SQL_COMMIT), SQL_HANDLE_DBC, connection);
+    auto *const on = reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_ON); // NOLINT
+    SQLSetConnectAttr(connection, SQL_ATTR_AUTOCOMMIT, on, 0);
+    return kept;
+}
+
+bool DirectConnection::Prepare(std::string_view sqlText)
+{
+    const std::string text(sqlText);
+    SQLFreeStmt(statement, SQL_RESET_PARAMS);
+    return Note(SQLPrepare(statement, OdbcText(text.c_str()), SQL_NTS), SQL_HANDLE_STMT, statement);
+}
+
+bool DirectConnection::RunPrepared()
+{
+    return Note(SQLExecute(statement), SQL_HANDLE_STMT, statement);
+}
+
+// True for a success; else keeps the driver's words.
+bool DirectConnection::Note(short code, short handleType, void *handle)
+{
+    if (Succeeded(code) || code == SQL_NO_DATA) {
+        return true;
+    }
+    error = FirstDiagnostic(handleType, handle);
+    return false;
+}
+
+QStringList DirectConnection::CurrentRow(int columns)
+{
+    QStringList row;
+    for (int column = 1; column <= columns; ++column) {
+        row << Value(column);
+    }
+    return row;
+}
+
+QString DirectConnection::Value(int column)
+{
+    std::array<char, 4096> text {};
+    SQLLEN indicator = 0;
+    SQLGetData(statement,
+               static_cast<SQLUSMALLINT>(column),
+               SQL_C_CHAR,
+               text.data(),
+               text.size(),
+               &indicator);
+    return indicator == SQL_NULL_DATA ? QString() : TextFromUtf8(text.data());
+}

@@ -1,0 +1,59 @@
+// A connection beside the one session, for work on whole tables: statements in the engine's own
+// spelling, results without bounds, and the driver's words when something fails.
+#pragma once
+
+#include "db/dialect.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <optional>
+#include <string_view>
+
+class DirectConnection
+{
+public:
+    DirectConnection() = default;
+    ~DirectConnection();
+    DirectConnection(const DirectConnection &) = delete;
+    DirectConnection &operator=(const DirectConnection &) = delete;
+
+    // Opens the data source as user "system" with the data source's own password. Like all that
+    // follow: false when it fails, with the reason in Error().
+    [[nodiscard]] bool Open(const QString &dsn);
+    void Close();
+    [[nodiscard]] bool IsOpen() const { return statement != nullptr; }
+
+    [[nodiscard]] const Dialect &Engine() const { return *dialect; }
+
+    // The driver's words on the last failure.
+    [[nodiscard]] const QString &Error() const { return error; }
+
+    // Runs a statement and drops what rows it may give.
+    [[nodiscard]] bool Run(std::string_view sqlText);
+
+    // Every row that a query gives, each value as text and NULL as a null text.
+    [[nodiscard]] std::optional<QList<QStringList>> Rows(std::string_view sqlText);
+
+    // From Begin on nothing is kept before Commit; closing without it drops the changes.
+    [[nodiscard]] bool Begin();
+    [[nodiscard]] bool Commit();
+
+    // Runs a statement of this text for the values that were bound on Handle() since Prepare.
+    [[nodiscard]] bool Prepare(std::string_view sqlText);
+    [[nodiscard]] bool RunPrepared();
+
+    // The statement handle, for binding.
+    [[nodiscard]] void *Handle() const { return statement; }
+
+private:
+    bool Note(short code, short handleType, void *handle);
+    [[nodiscard]] QStringList CurrentRow(int columns);
+    [[nodiscard]] QString Value(int column);
+
+    void *environment = nullptr;
+    void *connection = nullptr;
+    void *statement = nullptr;
+    const Dialect *dialect = &kSqlite;
+    QString error;
+};

@@ -1,0 +1,96 @@
+#include "db/schema.h"
+
+#include "db/direct_connection.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+static void LoadResource()
+{
+    Q_INIT_RESOURCE(schema); // not reached by itself from a static library
+}
+
+namespace {
+
+QString Script(const Dialect &dialect)
+{
+    LoadResource();
+    QFile file(u":/schema/%1.sql"_s.arg(QString::fromLatin1(dialect.engine).toLower()));
+    const bool open = file.open(QIODevice::ReadOnly);
+    Q_ASSERT(open);
+    return open ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString Quoted(const Dialect &dialect, const QString &name)
+{
+    const QChar quote = QLatin1Char(dialect.identifierQuote);
+    return quote + name + quote;
+}
+
+// The first of the tables that the database already holds.
+std::optional<QString> ExistingTable(DirectConnection &database)
+{
+    for (const QString &table : SchemaTables()) {
+        const QString probe =
+            u"SELECT 1 FROM %1 WHERE 1 = 0"_s.arg(Quoted(database.Engine(), table));
+        if (database.Run(probe.toStdString())) {
+            return table;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> RunScript(DirectConnection &database)
+{
+    if (!database.Begin()) {
+        return database.Error();
+    }
+    for (const QString &statement : SchemaStatements(database.Engine())) {
+        if (!database.Run(statement.toStdString())) {
+            const QString firstLine = statement.section(u'\n', 0, 0);
+            return u"The statement \"%1\" failed: %2"_s.arg(firstLine, database.Error());
+        }
+    }
+    return database.Commit() ? std::nullopt : std::optional(database.Error());
+}
+
+} // namespace
+
+std::optional<QString> CreateSchema(const QString &dsn)
+{
+    DirectConnection database;
+    if (!database.Open(dsn)) {
+        return u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error());
+    }
+    if (const auto table = ExistingTable(database)) {
+        return u"The database of \"%1\" already has a table \"%2\". Nothing was changed."_s.arg(
+            dsn, *table);
+    }
+    return RunScript(database);
+}
+
+QStringList SchemaTables()
+{
+    static const QRegularExpression pattern(u"CREATE TABLE (\\w+)"_s);
+    QStringList tables;
+    for (const QString &statement : SchemaStatements(kSqlite)) {
+        if (const auto match = pattern.match(statement); match.hasMatch()) {
+            tables << match.captured(1);
+        }
+    }
+    return tables;
+}
+
+QStringList SchemaStatements(const Dialect &dialect)
+{
+    static const QRegularExpression comment(u"^--.*\\n"_s, QRegularExpression::MultilineOption);
+    QStringList statements = Script(dialect).remove(comment).split(u";\n"_s, Qt::SkipEmptyParts);
+    for (QString &statement : statements) {
+        statement = statement.trimmed();
+    }
+    return statements;
+}

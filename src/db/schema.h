@@ -1,0 +1,20 @@
+// The tables of the shared database and their first rows, as each engine spells them.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+struct Dialect;
+
+// Makes every table, its indexes and its first rows (the group "Everybody" and the protocols that
+// every network knows) in the data source's database. A database that already holds one of the
+// tables is refused and left as it is. Nothing when it is done, else what went wrong.
+[[nodiscard]] std::optional<QString> CreateSchema(const QString &dsn);
+
+// The tables' names in the order in which they are made.
+[[nodiscard]] QStringList SchemaTables();
+
+// The statements that make the schema, one after the other.
+[[nodiscard]] QStringList SchemaStatements(const Dialect &dialect);

@@ -1,0 +1,184 @@
+-- The shared database on MariaDB and its Galera clusters: each table has a key of its own.
+--
+-- Names and titles are found and put in order without regard to case; every other text is compared
+-- byte by byte. Flags are small integers, 0 or 1. Traffic is in megabytes of 2^20 bytes, time in
+-- hours.
+
+CREATE TABLE `groups` (
+    group_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    name VARCHAR(255) COLLATE utf8mb4_uca1400_nopad_as_ci NOT NULL DEFAULT '',
+    descrip VARCHAR(255) NOT NULL DEFAULT '',
+    mode INTEGER NOT NULL DEFAULT 0,
+    traflim INTEGER NOT NULL DEFAULT 0,
+    trafperiod INTEGER NOT NULL DEFAULT 2,
+    trafprice DOUBLE NOT NULL DEFAULT 0,
+    own_price SMALLINT NOT NULL DEFAULT 0,
+    blocked SMALLINT NOT NULL DEFAULT 0,
+    blockreason INTEGER NOT NULL DEFAULT 0,
+    portaccess SMALLINT NOT NULL DEFAULT 0,
+    timeaccess SMALLINT NOT NULL DEFAULT 0,
+    credit DOUBLE NOT NULL DEFAULT 0,
+    creditvalue DOUBLE NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX groups_name ON `groups` (name);
+
+CREATE TABLE users (
+    user_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    username VARCHAR(255) COLLATE utf8mb4_uca1400_nopad_as_ci NOT NULL DEFAULT '',
+    stationname VARCHAR(255) COLLATE utf8mb4_uca1400_nopad_as_ci NOT NULL DEFAULT '',
+    fullname VARCHAR(255) COLLATE utf8mb4_uca1400_nopad_as_ci NOT NULL DEFAULT '',
+    descrip VARCHAR(255) NOT NULL DEFAULT '',
+    ip_addr VARCHAR(255) NOT NULL DEFAULT '',
+    mac_addr VARCHAR(255) NOT NULL DEFAULT '',
+    group_id INTEGER NOT NULL DEFAULT 80,
+    mode INTEGER NOT NULL DEFAULT 0,
+    traflim INTEGER NOT NULL DEFAULT 0,
+    timelim INTEGER NOT NULL DEFAULT 0,
+    trafperiod INTEGER NOT NULL DEFAULT 2,
+    timeperiod INTEGER NOT NULL DEFAULT 2,
+    trafprice DOUBLE NOT NULL DEFAULT 0,
+    own_price SMALLINT NOT NULL DEFAULT 0,
+    blocked SMALLINT NOT NULL DEFAULT 0,
+    blockreason INTEGER NOT NULL DEFAULT 0,
+    authreq SMALLINT NOT NULL DEFAULT 0,
+    monitored SMALLINT NOT NULL DEFAULT 1,
+    portaccess SMALLINT NOT NULL DEFAULT 0,
+    timeaccess SMALLINT NOT NULL DEFAULT 0,
+    timeblocked SMALLINT NOT NULL DEFAULT 0,
+    `virtual` SMALLINT NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX users_list_username ON users (monitored, username);
+CREATE INDEX users_list_stationname ON users (monitored, stationname);
+CREATE INDEX users_list_fullname ON users (monitored, fullname);
+CREATE INDEX users_list_ip_addr ON users (monitored, ip_addr);
+CREATE INDEX users_list_mac_addr ON users (monitored, mac_addr);
+CREATE INDEX users_list_blocked ON users (monitored, blocked);
+CREATE INDEX users_username ON users (username);
+CREATE INDEX users_ip_addr ON users (ip_addr);
+CREATE INDEX users_group ON users (group_id, username);
+CREATE INDEX users_mode ON users (mode);
+
+CREATE TABLE traffic_use (
+    traf_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    user_id INTEGER NOT NULL DEFAULT 0,
+    group_id INTEGER,
+    period INTEGER NOT NULL DEFAULT 0,
+    `current_time` DATE NOT NULL DEFAULT (CURRENT_DATE),
+    data DOUBLE NOT NULL DEFAULT 0,
+    senddata DOUBLE NOT NULL DEFAULT 0,
+    blocked SMALLINT NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX traffic_use_user ON traffic_use (user_id, period, `current_time`);
+CREATE INDEX traffic_use_group ON traffic_use (group_id, period, `current_time`);
+CREATE INDEX traffic_use_day ON traffic_use (`current_time`);
+
+CREATE TABLE time_use (
+    time_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    user_id INTEGER NOT NULL DEFAULT 0,
+    period INTEGER NOT NULL DEFAULT 0,
+    `current_time` DATE NOT NULL DEFAULT (CURRENT_DATE),
+    data DOUBLE NOT NULL DEFAULT 0,
+    blocked SMALLINT NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX time_use_user ON time_use (user_id, period, `current_time`);
+CREATE INDEX time_use_day ON time_use (`current_time`);
+
+-- A user's record names no group and a group's no user; a credit without a bound has no amount.
+CREATE TABLE billing (
+    bill_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    mode INTEGER NOT NULL DEFAULT 0,
+    object_id INTEGER,
+    group_id INTEGER,
+    trafid INTEGER,
+    time_id INTEGER,
+    `date` DATETIME NOT NULL DEFAULT CURRENT_TIMESTAMP,
+    data DOUBLE,
+    `usage` DOUBLE NOT NULL DEFAULT 0,
+    moneydata DOUBLE,
+    moneyusage DOUBLE NOT NULL DEFAULT 0,
+    currencydata DOUBLE,
+    unlimited SMALLINT NOT NULL DEFAULT 0,
+    expiredday VARCHAR(255) NOT NULL DEFAULT '',
+    closed SMALLINT NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX billing_user ON billing (object_id, mode, `date`);
+CREATE INDEX billing_group ON billing (group_id, mode, `date`);
+CREATE INDEX billing_traffic ON billing (trafid);
+CREATE INDEX billing_time ON billing (time_id);
+CREATE INDEX billing_mode ON billing (mode, `date`);
+CREATE INDEX billing_date ON billing (`date`);
+
+CREATE TABLE time_blocked (
+    tb_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    user_id INTEGER,
+    group_id INTEGER,
+    dayofweek INTEGER NOT NULL DEFAULT 0,
+    timestart VARCHAR(255) NOT NULL DEFAULT '',
+    timestop VARCHAR(255) NOT NULL DEFAULT ''
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX time_blocked_user ON time_blocked (user_id, dayofweek, timestart);
+CREATE INDEX time_blocked_group ON time_blocked (group_id, dayofweek, timestart);
+
+CREATE TABLE protocols (
+    id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    proto_name VARCHAR(255) COLLATE utf8mb4_uca1400_nopad_as_ci NOT NULL DEFAULT '',
+    mon SMALLINT NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX protocols_name ON protocols (proto_name);
+
+CREATE TABLE ports (
+    port_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    proto_id INTEGER NOT NULL DEFAULT 0,
+    port_number INTEGER NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX ports_protocol ON ports (proto_id, port_number);
+
+CREATE TABLE port_blocked (
+    pb_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    user_id INTEGER,
+    group_id INTEGER,
+    port_id INTEGER NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX port_blocked_user ON port_blocked (user_id, port_id);
+CREATE INDEX port_blocked_group ON port_blocked (group_id, port_id);
+
+-- A login's user is 0 or -1 when it is bound to none.
+CREATE TABLE logins (
+    login VARCHAR(255) NOT NULL PRIMARY KEY,
+    pwd VARCHAR(255) NOT NULL DEFAULT '',
+    userid INTEGER NOT NULL DEFAULT 0,
+    limitip VARCHAR(255) NOT NULL DEFAULT '',
+    limitmac VARCHAR(255) NOT NULL DEFAULT '',
+    limitpcmode INTEGER NOT NULL DEFAULT 0,
+    limitpc INTEGER NOT NULL DEFAULT 0,
+    `virtual` INTEGER NOT NULL DEFAULT 0,
+    allowstats INTEGER NOT NULL DEFAULT 0
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX logins_user ON logins (userid);
+
+CREATE TABLE sites (
+    site_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    sitename VARCHAR(255) NOT NULL DEFAULT '',
+    site_ip VARCHAR(255) NOT NULL DEFAULT ''
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+
+-- access_time is text such as 2026.11.21 08:30:00, which sorts and compares as time does.
+CREATE TABLE siteaccess (
+    access_id INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY,
+    user_id INTEGER NOT NULL DEFAULT 0,
+    site_id INTEGER NOT NULL DEFAULT 0,
+    access_time VARCHAR(255) NOT NULL DEFAULT ''
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin;
+CREATE INDEX siteaccess_user ON siteaccess (user_id, access_time);
+CREATE INDEX siteaccess_time ON siteaccess (access_time);
+
+-- The group that cannot be left out, and the protocols that every network knows.
+INSERT INTO `groups` (group_id, name, descrip)
+    VALUES (80, 'Everybody', 'Users that belong to no other group');
+INSERT INTO protocols (id, proto_name, mon) VALUES
+    (1, 'HTTP', 1), (2, 'HTTPS', 1), (3, 'FTP', 1), (4, 'SMTP', 1), (5, 'POP3', 1), (6, 'IMAP', 1),
+    (7, 'DNS', 1), (8, 'Telnet', 1), (9, 'SSH', 1), (10, 'NNTP', 1), (11, 'NTP', 1),
+    (12, 'SMTP submission', 1), (13, 'IMAPS', 1), (14, 'POP3S', 1), (15, 'Remote Desktop', 1);
+INSERT INTO ports (proto_id, port_number) VALUES
+    (1, 80), (1, 8080), (2, 443), (3, 20), (3, 21), (4, 25), (5, 110), (6, 143), (7, 53), (8, 23),
+    (9, 22), (10, 119), (11, 123), (12, 465), (12, 587), (13, 993), (14, 995), (15, 3389);

@@ -1,0 +1,89 @@
+#include "support/core/test_data_source.h"
+
+#include "db/direct_connection.h"
+#include "db/failure_log.h"
+#include "db/schema.h"
+#include "db/session.h"
+#include "support/core/database_fixture.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString currentDsn;
+DirectConnection reader;
+
+DirectConnection &Reader()
+{
+    if (!reader.IsOpen()) {
+        EXPECT_TRUE(reader.Open(currentDsn)) << qPrintable(reader.Error());
+    }
+    return reader;
+}
+
+QStringList Joined(const std::string &sqlText)
+{
+    const auto rows = Reader().Rows(sqlText);
+    EXPECT_TRUE(rows) << sqlText << ": " << qPrintable(reader.Error());
+    QStringList joined;
+    for (const QStringList &row : rows.value_or(QList<QStringList>())) {
+        joined << row.join(u'|');
+    }
+    return joined;
+}
+
+} // namespace
+
+namespace test_data_source {
+
+QString Folder()
+{
+    static const QTemporaryDir folder;
+    return folder.path();
+}
+
+void Define(const QString &dsn, const QString &section)
+{
+    QFile file(Folder() + u"/odbc.ini"_s);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(u"[%1]\n%2\n"_s.arg(dsn, section).toUtf8());
+    qputenv("ODBCINI", file.fileName().toUtf8());
+}
+
+void OpenSession(const QString &dsn)
+{
+    currentDsn = dsn;
+    FailureLog::Instance().Clear();
+    ASSERT_EQ(ConnectDatabase(dsn.toUtf8().constData()), 1)
+        << qPrintable(FailureLog::Instance().Recent().constLast().text);
+}
+
+void CloseSession()
+{
+    reader.Close();
+    DisconnectDatabase();
+}
+
+} // namespace test_data_source
+
+QStringList RowsOf(const char *sqlText)
+{
+    return Joined(Translate(Reader().Engine(), sqlText));
+}
+
+QStringList EveryRow()
+{
+    QStringList all;
+    for (const QString &table : SchemaTables()) {
+        const std::string query = "SELECT * FROM " + table.toStdString() + " ORDER BY 1";
+        for (const QString &row : Joined(Translate(Reader().Engine(), query))) {
+            all << table + u": "_s + row;
+        }
+    }
+    return all;
+}

@@ -1,0 +1,18 @@
+// The data sources of a test program: an odbc.ini of its own, and the one that the session is open on.
+#pragma once
+
+#include <QString>
+
+namespace test_data_source {
+
+// The folder of the program's own odbc.ini and files, which goes with the program.
+[[nodiscard]] QString Folder();
+
+// Adds a section to the odbc.ini before its data source is first used.
+void Define(const QString &dsn, const QString &section);
+
+// Opens the session on `dsn`; RowsOf and EveryRow read it from now on. A failure fails the test.
+void OpenSession(const QString &dsn);
+void CloseSession();
+
+} // namespace test_data_source
