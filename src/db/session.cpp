@@ -39,6 +39,7 @@ Parameter parameters[kMaxParameters];
 ParameterKinds parameterKinds;
 int parameterCount = 0;
 SQLULEN rowLimit = 0;
+SQLLEN affectedRows = 0;
 
 // ODBC's functions take texts that they only read without const.
 SQLCHAR *OdbcText(const char *text)
@@ -168,6 +169,8 @@ void ExecuteStatement(const char *sqlText)
     if (!Succeeded(code) && code != SQL_NO_DATA) {
         RecordFailure(SQL_HANDLE_STMT, dbSession.statement, sqlText);
     }
+    affectedRows = 0;
+    SQLRowCount(dbSession.statement, &affectedRows);
     SQLFreeStmt(dbSession.statement, SQL_RESET_PARAMS);
     parameterCount = 0;
 }
@@ -344,6 +347,11 @@ int RunQuery(const char *sqlText, FetchMode mode)
     }
     CloseCursor();
     return result;
+}
+
+qint64 AffectedRows()
+{
+    return std::max<qint64>(affectedRows, 0);
 }
 
 void LimitRows(quint32 rows)

@@ -83,6 +83,9 @@ int RunQuery(const char *sqlText,
     return RunQuery(sqlText, mode);
 }
 
+// The rows that the last statement changed; 0 when it failed or the driver does not tell.
+[[nodiscard]] qint64 AffectedRows();
+
 // Runs a statement that changes rows.
 template <typename... Values>
 void Execute(const char *sqlText, const Values &...values)
@@ -102,8 +105,7 @@ public:
     template <typename... Values>
     explicit RowCursor(const char *sqlText, const Values &...values)
         : open(RunQuery(sqlText, FetchMode::Open, values...) != kQueryNoData)
-    {
-    }
+    { }
     ~RowCursor();
     RowCursor(const RowCursor &) = delete;
     RowCursor &operator=(const RowCursor &) = delete;
