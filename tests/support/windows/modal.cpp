@@ -1,0 +1,90 @@
+#include "support/windows/modal.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QMenu>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace {
+
+constexpr int kButtonAnimation = 500; // milliseconds, twice what it takes and more
+
+QList<WindowWatch *> &Waiting()
+{
+    static QList<WindowWatch *> waiting;
+    return waiting;
+}
+
+} // namespace
+
+WindowWatch::WindowWatch(const char *className, std::function<void(QWidget &)> action)
+    : windowClass(className)
+    , act(std::move(action))
+{
+    Waiting().append(this);
+    qApp->installEventFilter(this);
+}
+
+WindowWatch::~WindowWatch()
+{
+    Waiting().removeAll(this);
+    EXPECT_TRUE(done) << "no " << windowClass << " opened";
+}
+
+bool WindowWatch::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::Show || !watched->inherits(windowClass) || met
+        || Waiting().last() != this) {
+        return false;
+    }
+    auto *window = static_cast<QWidget *>(watched);
+    if (window->isModal() || window->windowType() == Qt::Popup) {
+        met = window;
+        Waiting().removeAll(this);
+        QTimer::singleShot(0, this, [this] {
+            if (met) {
+                Meet(*met);
+            }
+        });
+    }
+    return false;
+}
+
+void WindowWatch::Meet(QWidget &window)
+{
+    done = true;
+    const bool isMenu = window.windowType() == Qt::Popup;
+    EXPECT_TRUE(isMenu || QTest::qWaitForWindowActive(&window)) << qPrintable(window.windowTitle());
+    act(window);
+    if (IsGone()) {
+        return;
+    }
+    // A mnemonic presses its button for a moment before it acts.
+    if (!isMenu && !QTest::qWaitFor([this] { return IsGone(); }, kButtonAnimation)) {
+        ADD_FAILURE() << qPrintable(met->windowTitle()) << " was left open";
+    }
+    if (!IsGone()) {
+        met->close();
+    }
+}
+
+bool WindowWatch::IsGone() const
+{
+    return !met || !met->isVisible();
+}
+
+WhileModal::WhileModal(std::function<void(QDialog &)> answer)
+    : WindowWatch("QDialog", [chosen = std::move(answer)](QWidget &window) {
+        chosen(static_cast<QDialog &>(window));
+    })
+{ }
+
+WhileMenu::WhileMenu(std::function<void(QMenu &)> answer)
+    : WindowWatch("QMenu", [chosen = std::move(answer)](QWidget &window) {
+        chosen(static_cast<QMenu &>(window));
+    })
+{ }
