@@ -1,0 +1,63 @@
+# The demonstration network in build/demo/: settings, database, message bus, service. Read in by run.
+# shellcheck shell=bash
+
+demo=$PWD/build/demo
+programs=$PWD/build/release/bin
+export ODBCINI=$demo/odbc.ini
+
+# Makes what is not there yet; what is there stays as the administrator left it.
+make_demo() {
+    [ -f "$demo/complete" ] && return
+    rm -rf "$demo"
+    mkdir -p "$demo/screens"
+    make_config
+    make_database
+    touch "$demo/complete"
+}
+
+# The settings hold a password: folders 0750, files 0640.
+make_config() (
+    umask 027
+    cp -r demo/config "$demo/config"
+    chmod -R u+rwX,g+rX,g-w,o= "$demo/config"
+    sed -i "s|@root@|$PWD|" "$demo/config/Software/Tollbrook/Network.toml"
+    ln -s "$PWD/src/reports/layouts" "$demo/reports"
+)
+
+make_database() {
+    cat >"$ODBCINI" <<INI
+[tollbrook-demo]
+Driver      = SQLite3
+Database    = $demo/tollbrook.db
+StepAPI     = 1
+JournalMode = WAL
+SyncPragma  = NORMAL
+Timeout     = 2000
+INI
+    "$programs/tollbrook-db" create tollbrook-demo >"$demo/create.log"
+    "$programs/tollbrook-db" demo tollbrook-demo --users 240 --groups 9 --days 400
+}
+
+# Starts a message bus of our own and the stand-in service on it. Sets DBUS_SESSION_BUS_ADDRESS.
+start_service() {
+    local address
+    exec {address}< <(exec dbus-daemon --config-file=demo/bus.conf --nofork --nopidfile \
+        --print-address 2>"$demo/bus.log")
+    bus_pid=$!
+    read -r DBUS_SESSION_BUS_ADDRESS <&"$address" || {
+        echo "The message bus did not start; build/demo/bus.log tells why." >&2
+        exit 1
+    }
+    export DBUS_SESSION_BUS_ADDRESS
+    "$programs/tollbrooksvc-demo" --config "$demo/config" >"$demo/service.log" 2>&1 &
+    service_pid=$!
+}
+
+# Ends both; runs at every exit.
+end_service() {
+    local pid
+    for pid in ${service_pid:-} ${bus_pid:-}; do
+        kill "$pid" 2>/dev/null || true
+    done
+    wait
+}
