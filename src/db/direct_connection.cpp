@@ -80,19 +80,19 @@ void DirectConnection::Close()
     }
 }
 
-bool DirectConnection::Run(std::string_view sqlText)
+bool DirectConnection::Run(const QString &sqlText)
 {
-    const std::string text(sqlText);
-    const SQLRETURN code = SQLExecDirect(statement, OdbcText(text.c_str()), SQL_NTS);
+    const QByteArray text = sqlText.toUtf8();
+    const SQLRETURN code = SQLExecDirect(statement, OdbcText(text.constData()), SQL_NTS);
     const bool done = Note(code, SQL_HANDLE_STMT, statement);
     SQLFreeStmt(statement, SQL_CLOSE);
     return done;
 }
 
-std::optional<QList<QStringList>> DirectConnection::Rows(std::string_view sqlText)
+std::optional<QList<QStringList>> DirectConnection::Rows(const QString &sqlText)
 {
-    const std::string text(sqlText);
-    if (!Note(SQLExecDirect(statement, OdbcText(text.c_str()), SQL_NTS),
+    const QByteArray text = sqlText.toUtf8();
+    if (!Note(SQLExecDirect(statement, OdbcText(text.constData()), SQL_NTS),
               SQL_HANDLE_STMT,
               statement)) {
         return std::nullopt;
@@ -125,11 +125,11 @@ bool DirectConnection::Commit()
     return kept;
 }
 
-bool DirectConnection::Prepare(std::string_view sqlText)
+bool DirectConnection::Prepare(const QString &sqlText)
 {
-    const std::string text(sqlText);
+    const QByteArray text = sqlText.toUtf8();
     SQLFreeStmt(statement, SQL_RESET_PARAMS);
-    return Note(SQLPrepare(statement, OdbcText(text.c_str()), SQL_NTS), SQL_HANDLE_STMT, statement);
+    return Note(SQLPrepare(statement, OdbcText(text.constData()), SQL_NTS), SQL_HANDLE_STMT, statement);
 }
 
 bool DirectConnection::RunPrepared()

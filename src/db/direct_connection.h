@@ -8,7 +8,6 @@
 #include <QStringList>
 
 #include <optional>
-#include <string_view>
 
 class DirectConnection
 {
@@ -30,17 +29,17 @@ public:
     [[nodiscard]] const QString &Error() const { return error; }
 
     // Runs a statement and drops what rows it may give.
-    [[nodiscard]] bool Run(std::string_view sqlText);
+    [[nodiscard]] bool Run(const QString &sqlText);
 
     // Every row that a query gives, each value as text and NULL as a null text.
-    [[nodiscard]] std::optional<QList<QStringList>> Rows(std::string_view sqlText);
+    [[nodiscard]] std::optional<QList<QStringList>> Rows(const QString &sqlText);
 
     // From Begin on nothing is kept before Commit; closing without it drops the changes.
     [[nodiscard]] bool Begin();
     [[nodiscard]] bool Commit();
 
     // Runs a statement of this text for the values that were bound on Handle() since Prepare.
-    [[nodiscard]] bool Prepare(std::string_view sqlText);
+    [[nodiscard]] bool Prepare(const QString &sqlText);
     [[nodiscard]] bool RunPrepared();
 
     // The statement handle, for binding.

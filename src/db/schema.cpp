@@ -37,7 +37,7 @@ std::optional<QString> ExistingTable(DirectConnection &database)
     for (const QString &table : SchemaTables()) {
         const QString probe =
             u"SELECT 1 FROM %1 WHERE 1 = 0"_s.arg(Quoted(database.Engine(), table));
-        if (database.Run(probe.toStdString())) {
+        if (database.Run(probe)) {
             return table;
         }
     }
@@ -50,7 +50,7 @@ std::optional<QString> RunScript(DirectConnection &database)
         return database.Error();
     }
     for (const QString &statement : SchemaStatements(database.Engine())) {
-        if (!database.Run(statement.toStdString())) {
+        if (!database.Run(statement)) {
             const QString firstLine = statement.section(u'\n', 0, 0);
             return u"The statement \"%1\" failed: %2"_s.arg(firstLine, database.Error());
         }

@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using test_data_source::Define;
+using test_data_source::SqliteFile;
 
 namespace {
 
@@ -26,9 +28,29 @@ DirectConnection &Reader()
     return reader;
 }
 
-QStringList Joined(const std::string &sqlText)
+// Quick rather than safe: the file goes with the program.
+void DefineSqlite(const QString &dsn)
 {
-    const auto rows = Reader().Rows(sqlText);
+    Define(dsn,
+           u"Driver=SQLite3\nDatabase=%1\nStepAPI=1\nJournalMode=WAL\nSyncPragma=OFF\n"
+           "Timeout=5000"_s.arg(SqliteFile(dsn)));
+}
+
+const QString &Template()
+{
+    static const QString file = [] {
+        const auto dsn = u"template"_s;
+        DefineSqlite(dsn);
+        const auto problem = CreateSchema(dsn);
+        EXPECT_FALSE(problem) << qPrintable(problem.value_or(QString()));
+        return SqliteFile(dsn);
+    }();
+    return file;
+}
+
+QStringList Joined(std::string_view sqlText)
+{
+    const auto rows = Reader().Rows(QString::fromUtf8(sqlText.data(), qsizetype(sqlText.size())));
     EXPECT_TRUE(rows) << sqlText << ": " << qPrintable(reader.Error());
     QStringList joined;
     for (const QStringList &row : rows.value_or(QList<QStringList>())) {
@@ -53,6 +75,25 @@ void Define(const QString &dsn, const QString &section)
     ASSERT_TRUE(file.open(QIODevice::Append));
     file.write(u"[%1]\n%2\n"_s.arg(dsn, section).toUtf8());
     qputenv("ODBCINI", file.fileName().toUtf8());
+}
+
+void RenewSqlite(const QString &dsn)
+{
+    static QSet<QString> defined;
+    if (!defined.contains(dsn)) {
+        DefineSqlite(dsn);
+        defined << dsn;
+    }
+    const QString file = SqliteFile(dsn);
+    for (const QString &ending : {u""_s, u"-wal"_s, u"-shm"_s}) {
+        QFile::remove(file + ending);
+    }
+    ASSERT_TRUE(QFile::copy(Template(), file));
+}
+
+QString SqliteFile(const QString &dsn)
+{
+    return Folder() + u"/%1.db"_s.arg(dsn);
 }
 
 void OpenSession(const QString &dsn)

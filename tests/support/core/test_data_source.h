@@ -11,6 +11,13 @@ namespace test_data_source {
 // Adds a section to the odbc.ini before its data source is first used.
 void Define(const QString &dsn, const QString &section);
 
+// Puts a fresh SQLite database with the schema and its first rows behind `dsn`: a copy of one that is
+// made once for the program.
+void RenewSqlite(const QString &dsn);
+
+// The file of such a database.
+[[nodiscard]] QString SqliteFile(const QString &dsn);
+
 // Opens the session on `dsn`; RowsOf and EveryRow read it from now on. A failure fails the test.
 void OpenSession(const QString &dsn);
 void CloseSession();

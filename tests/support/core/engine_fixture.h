@@ -1,0 +1,38 @@
+// Runs one set of cases on every database engine: SQLite, PostgreSQL and MariaDB, all for real.
+//
+//     class Blocking : public EngineFixture {};
+//     TB_ON_EVERY_ENGINE(Blocking);
+//     TEST_P(Blocking, SetsTheReason) { ... }
+//
+// Each case starts from the schema with its first rows and nothing else, and the session is open on
+// it; RowsOf and EveryRow (database_fixture.h) read it. The test program says SERVERS in its tb_test
+// line, and ctest then starts the two servers before it and stops them afterwards. By hand:
+//
+//     tests/support/servers/servers start build/dev/servers     (once, and "stop" at the end)
+//
+// Without the servers the cases fail.
+#pragma once
+
+#include "support/core/database_fixture.h"
+
+class EngineFixture : public testing::TestWithParam<const char *>
+{
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // "sqlite", "postgresql" or "mariadb".
+    [[nodiscard]] static QString Engine();
+
+    // The data source's name, for a second connection.
+    [[nodiscard]] static QString Dsn();
+};
+
+[[nodiscard]] inline std::string EngineName(const testing::TestParamInfo<const char *> &engine)
+{
+    return engine.param;
+}
+
+#define TB_ON_EVERY_ENGINE(fixture)                                                                \
+    INSTANTIATE_TEST_SUITE_P(                                                                      \
+        Engines, fixture, testing::Values("sqlite", "postgresql", "mariadb"), EngineName)
