@@ -1,23 +1,7 @@
 #include "access/blocking.h"
 
+#include "access/group_members.h"
 #include "db/session.h"
-
-#include <vector>
-
-namespace {
-
-// The ids are read first: a statement run for each row would end the open cursor.
-std::vector<quint32> MembersOf(quint32 groupId)
-{
-    std::vector<quint32> members;
-    RowCursor rows("SELECT user_id FROM users WHERE group_id = (?)", groupId);
-    while (rows.Next()) {
-        members.push_back(queryResult.Integer(1));
-    }
-    return members;
-}
-
-} // namespace
 
 bool BlockUser(const ServiceLink *link, quint32 userId, quint32 reason)
 {

@@ -1,0 +1,234 @@
+#include "accounts/credit_list.h"
+
+#include "access/usage_records.h"
+#include "accounts/amount_text.h"
+#include "accounts/credit_entry.h"
+#include "accounts/currency.h"
+#include "db/session.h"
+#include "db/value_codes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kDateLength = 10; // of "%Y-%m-%d", which a date and time begins with
+
+QString DateCell(const QString &stored)
+{
+    return stored.left(kDateLength);
+}
+
+QStringList LimitCells(const QString &date,
+                       const QString &amount,
+                       const QString &used,
+                       CreditStatus status,
+                       const QString &unit)
+{
+    return {date, amount, used, StatusText(status), unit};
+}
+
+// The row in the buffer: date, data, closed, usage, bill_id.
+ListedCredit LimitRow(const QString &unit)
+{
+    const auto status = queryResult.Flag(3) ? CreditStatus::Expired : CreditStatus::Active;
+    return {queryResult.Integer(5),
+            status,
+            LimitCells(DateCell(queryResult.Text(1)),
+                       AmountText(queryResult.Amount(2)),
+                       AmountText(queryResult.Amount(4)),
+                       status,
+                       unit)};
+}
+
+// How money is shown; read from the configuration once for a list.
+struct ShownMoney
+{
+    double rate;
+    QString unit;
+};
+
+ShownMoney MoneyOf(const ConfigStore &config)
+{
+    return {CurrentRate(config), UnitName(config, CreditKind::Money)};
+}
+
+// What a pre-paid credit's row says of its amount.
+struct PrepaidAmount
+{
+    QString credit;
+    QString type;
+    QString usedMoney;
+};
+
+// The row in the buffer: date, data, closed, usage, bill_id, unlimited, expiredday, currencydata,
+// moneydata, moneyusage.
+PrepaidAmount AmountInBuffer(const ShownMoney &shown)
+{
+    const double money = queryResult.Amount(9);
+    const QString usedMoney = SignificantText(queryResult.Amount(10) * shown.rate, 4);
+    if (money > kLeastMoney) {
+        return {SignificantText(money * shown.rate, 4), shown.unit, usedMoney};
+    }
+    if (queryResult.IsEmpty(2)) {
+        return {u"Unlim"_s, u"None"_s, usedMoney};
+    }
+    return {AmountText(queryResult.Amount(2)), u"Mbytes"_s, usedMoney};
+}
+
+ListedCredit PrepaidRow(const ShownMoney &shown)
+{
+    const bool closed = queryResult.Flag(3);
+    const bool unlimited = queryResult.Integer(6) != 0;
+    const QString day = queryResult.Text(7);
+    const auto status =
+        closed || HasExpired(unlimited, day) ? CreditStatus::Expired : CreditStatus::Active;
+    const auto [credit, type, usedMoney] = AmountInBuffer(shown);
+    return {queryResult.Integer(5),
+            status,
+            {DateCell(queryResult.Text(1)),
+             credit,
+             type,
+             AmountText(queryResult.Amount(4)),
+             usedMoney,
+             unlimited ? u"Unlimited"_s : day,
+             StatusText(status)}};
+}
+
+void AddLimitRows(CreditList &list, RowCursor &cursor, const QString &unit)
+{
+    while (list.rows.size() < kMostListedCredits && cursor.Next()) {
+        list.rows.push_back(LimitRow(unit));
+    }
+}
+
+void AddTrafficLimits(CreditList &list, const AccountOwner &owner, const QString &unit)
+{
+    if (owner.IsUser()) {
+        RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
+                         "WHERE object_id = (?) and mode = 1 ORDER BY date DESC",
+                         owner.id);
+        AddLimitRows(list, cursor, unit);
+        return;
+    }
+    const quint32 record = FindGroupTrafficRecord(owner.id);
+    RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
+                     "WHERE group_id = (?) and mode = 1 and trafid = (?) ORDER BY date DESC",
+                     owner.id,
+                     record);
+    AddLimitRows(list, cursor, unit);
+}
+
+void AddTimeLimits(CreditList &list, const AccountOwner &owner, const QString &unit)
+{
+    RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
+                     "WHERE object_id = (?) and mode = 4  ORDER BY date DESC",
+                     owner.id);
+    AddLimitRows(list, cursor, unit);
+}
+
+void AddPrepaid(CreditList &list, const AccountOwner &owner, const ShownMoney &shown)
+{
+    RowCursor cursor(owner.IsUser()
+                         ? "SELECT date, data, closed, usage, bill_id, unlimited, expiredday, "
+                           "currencydata, moneydata, moneyusage FROM billing "
+                           "WHERE object_id = (?) and mode = 2  ORDER BY date DESC"
+                         : "SELECT date, data, closed, usage, bill_id, unlimited, expiredday, "
+                           "currencydata, moneydata, moneyusage FROM billing "
+                           "WHERE group_id = (?) and mode = 2  ORDER BY date DESC",
+                     owner.id);
+    while (list.rows.size() < kMostListedCredits && cursor.Next()) {
+        if (!queryResult.Flag(3)) {
+            // kept: a money credit counts with its megabytes, which are used but never given
+            list.balance += queryResult.Amount(2) - queryResult.Amount(4);
+        }
+        list.rows.push_back(PrepaidRow(shown));
+    }
+}
+
+QString StagedAmount(const StagedCredit &credit, const ConfigStore &config)
+{
+    switch (credit.kind) {
+    case CreditKind::Money:
+        return SignificantText(credit.amount * CurrentRate(config), 4);
+    case CreditKind::Unlimited:
+        return u"Unlim"_s;
+    default:
+        return AmountText(credit.amount);
+    }
+}
+
+} // namespace
+
+QStringList CreditColumns(quint32 ownerMode)
+{
+    if (ownerMode == mode::kProvider) {
+        return {u"N"_s,
+                u"Date/Time"_s,
+                u"Credit"_s,
+                u"Type"_s,
+                u"Used Mb"_s,
+                u"Used cash"_s,
+                u"Exp.date"_s,
+                u"Status"_s};
+    }
+    return {u"N"_s, u"Date/Time"_s, u"Credit"_s, u"Used"_s, u"Status"_s, u"Type"_s};
+}
+
+qsizetype StatusCell(quint32 ownerMode)
+{
+    return CreditColumns(ownerMode).indexOf(u"Status"_s) - 1;
+}
+
+QString StatusText(CreditStatus status)
+{
+    switch (status) {
+    case CreditStatus::New:
+        return u"New"_s;
+    case CreditStatus::Active:
+        return u"Active"_s;
+    case CreditStatus::Expired:
+        return u"Expired"_s;
+    }
+    return {};
+}
+
+CreditList ReadCredits(const AccountOwner &owner, quint32 ownerMode, const ConfigStore &config)
+{
+    CreditList list;
+    if (ownerMode == mode::kTraffic || ownerMode == mode::kTrafficAndTime) {
+        AddTrafficLimits(list, owner, UnitName(config, CreditKind::Traffic));
+    }
+    if (ownerMode == mode::kTime || ownerMode == mode::kTrafficAndTime) {
+        AddTimeLimits(list, owner, UnitName(config, CreditKind::Time));
+    }
+    if (ownerMode == mode::kProvider) {
+        AddPrepaid(list, owner, MoneyOf(config));
+    }
+    return list;
+}
+
+ListedCredit StagedRow(const StagedCredit &credit, quint32 ownerMode, const ConfigStore &config)
+{
+    const QString date = Today().toString(u"yyyy-MM-dd"_s);
+    const QString unit = UnitName(config, credit.kind);
+    if (IsLimitMode(ownerMode)) {
+        return {0,
+                CreditStatus::New,
+                LimitCells(date, SignificantText(credit.amount, 5), {}, CreditStatus::New, unit)};
+    }
+    return {0,
+            CreditStatus::New,
+            {date,
+             StagedAmount(credit, config),
+             credit.kind == CreditKind::Unlimited ? u"None"_s : unit,
+             {},
+             {},
+             credit.neverExpires ? u"Unlimited"_s : credit.expiryDay,
+             StatusText(CreditStatus::New)}};
+}
+
+bool HasExpired(bool unlimited, const QString &expiryDay)
+{
+    const QDate day = QDate::fromString(expiryDay, u"yyyy.MM.dd"_s);
+    return !unlimited && day.isValid() && day < Today();
+}

@@ -1,0 +1,53 @@
+// The credits of an account as the account page lists them, and their running balance.
+#pragma once
+
+#include "access/staged_account.h"
+#include "accounts/account_owner.h"
+#include "config/config_store.h"
+
+#include <QStringList>
+
+#include <vector>
+
+// The page keeps this many stored credits and stops reading there.
+constexpr std::size_t kMostListedCredits = 100;
+
+enum class CreditStatus {
+    New, // added in the window and not yet stored
+    Active, // open
+    Expired // closed, or open with an expiry day that has passed
+};
+
+struct ListedCredit
+{
+    quint32 billId = 0; // 0 for a staged one
+    CreditStatus status = CreditStatus::New;
+    QStringList cells; // of the columns after "N"
+};
+
+struct CreditList
+{
+    std::vector<ListedCredit> rows; // newest first
+    double balance = 0.0; // of the open pre-paid credits, in megabytes
+};
+
+// The column headers, "N" first. They differ between the limit modes and pre-paid credit.
+[[nodiscard]] QStringList CreditColumns(quint32 ownerMode);
+
+// Where "Status" stands in a credit's cells.
+[[nodiscard]] qsizetype StatusCell(quint32 ownerMode);
+
+[[nodiscard]] QString StatusText(CreditStatus status);
+
+// Reads the stored credits of an owner in the mode given. A group in a limit mode shows only those
+// of its current traffic record.
+[[nodiscard]] CreditList
+ReadCredits(const AccountOwner &owner, quint32 ownerMode, const ConfigStore &config);
+
+// The row of a credit that has just been staged: today's date, "New".
+[[nodiscard]] ListedCredit
+StagedRow(const StagedCredit &credit, quint32 ownerMode, const ConfigStore &config);
+
+// True when the credit has an expiry day and that is over. Its text is "%Y.%m.%d"; another never
+// passes.
+[[nodiscard]] bool HasExpired(bool unlimited, const QString &expiryDay);

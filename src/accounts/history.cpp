@@ -1,0 +1,264 @@
+#include "accounts/history.h"
+
+#include "accounts/amount_text.h"
+#include "accounts/credit_entry.h"
+#include "accounts/credit_list.h"
+#include "base/day.h"
+#include "db/session.h"
+#include "db/value_codes.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const char *ModeClause(quint32 ownerMode)
+{
+    switch (ownerMode) {
+    case mode::kTraffic:
+        return " AND mode=1";
+    case mode::kProvider:
+        return " AND mode=2";
+    case mode::kTime:
+        return " AND mode=4";
+    case mode::kTrafficAndTime:
+        return " AND (mode=1 OR mode=4)";
+    default:
+        return "";
+    }
+}
+
+// Written as it stands, also when there is no such day.
+QString StartOf(Day day)
+{
+    return QString::asprintf("%02d.%02d.%04d 00:00:00", day.day, day.month, day.year);
+}
+
+std::optional<QString> SinceOf(HistoryPeriod period, QDate today)
+{
+    switch (period) {
+    case HistoryPeriod::Today:
+        return StartOf(DayOf(today));
+    case HistoryPeriod::LastWeek:
+        return StartOf(FirstDayOfLastWeek(today));
+    case HistoryPeriod::LastMonth:
+        return StartOf(FirstDayOfLastMonth(today));
+    case HistoryPeriod::AllRecords:
+        break;
+    }
+    return std::nullopt;
+}
+
+// Oldest first: the engines hand the rows of the one statement over in orders of their own.
+std::vector<quint32> SelectedCredits(const HistoryFilter &filter)
+{
+    const auto [text, since] = BuildFilter(filter, Today());
+    BindValue(1, filter.owner.id);
+    if (since) {
+        BindValue(2, *since);
+    }
+    std::vector<quint32> ids;
+    RowCursor rows(text.constData());
+    while (rows.Next()) {
+        ids.push_back(queryResult.Integer(1));
+    }
+    std::sort(ids.begin(), ids.end());
+    return ids;
+}
+
+// A date and time as the engines write it; fractions of a second are left out.
+QDateTime MadeInBuffer()
+{
+    const QString text = queryResult.Text(1);
+    return {QDate::fromString(text.left(10), Qt::ISODate),
+            QTime::fromString(text.mid(11, 8), u"HH:mm:ss"_s)};
+}
+
+bool IsRead(int result)
+{
+    return result == kQuerySuccess || result == kQuerySuccessWithInfo;
+}
+
+std::optional<HistoryRow> ReadLimitRow(quint32 billId)
+{
+    if (!IsRead(RunQuery("SELECT date, data, closed, usage, mode FROM billing WHERE bill_id = (?)",
+                         FetchMode::One,
+                         billId))) {
+        return std::nullopt;
+    }
+    HistoryRow row;
+    row.billId = billId;
+    row.made = MadeInBuffer();
+    row.kind =
+        queryResult.Integer(5) == billing_mode::kTime ? CreditKind::Time : CreditKind::Traffic;
+    row.amount = queryResult.Amount(2);
+    row.used = queryResult.Amount(4);
+    row.status = queryResult.Flag(3) ? HistoryStatus::Closed : HistoryStatus::Active;
+    return row;
+}
+
+std::optional<HistoryRow> ReadPrepaidRow(quint32 billId)
+{
+    if (!IsRead(
+            RunQuery("SELECT date, closed, usage, unlimited, expiredday, moneydata, moneyusage, "
+                     "data FROM billing WHERE bill_id = (?)",
+                     FetchMode::One,
+                     billId))) {
+        return std::nullopt;
+    }
+    HistoryRow row;
+    row.billId = billId;
+    row.made = MadeInBuffer();
+    const bool unlimited = queryResult.Integer(4) != 0;
+    const double money = queryResult.Amount(6);
+    row.usedMegabytes = queryResult.Amount(3);
+    row.used = row.usedMegabytes;
+    row.expiryDay = unlimited ? u"Unlimited"_s : queryResult.Text(5);
+    if (money > kLeastMoney) {
+        row.kind = CreditKind::Money;
+        row.amount = money;
+        row.used = queryResult.Amount(7);
+    } else if (queryResult.IsEmpty(8)) {
+        row.kind = CreditKind::Unlimited;
+    } else {
+        row.amount = queryResult.Amount(8);
+    }
+    if (queryResult.Flag(2)) {
+        row.status = HistoryStatus::Closed;
+    } else if (HasExpired(unlimited, row.expiryDay)) {
+        row.status = HistoryStatus::Expired;
+    }
+    return row;
+}
+
+QString StatusCellText(HistoryStatus status)
+{
+    switch (status) {
+    case HistoryStatus::New:
+        return u"New"_s;
+    case HistoryStatus::Active:
+        return u"Active"_s;
+    case HistoryStatus::Expired:
+        return u"Expired"_s;
+    case HistoryStatus::Closed:
+        return u"Closed"_s;
+    }
+    return {};
+}
+
+QString TypeText(CreditKind kind)
+{
+    switch (kind) {
+    case CreditKind::Traffic:
+        return u"Mbytes"_s;
+    case CreditKind::Money:
+        return u"Money"_s;
+    case CreditKind::Unlimited:
+        return u"Unlim"_s;
+    case CreditKind::Time:
+        return u"hr"_s;
+    }
+    return {};
+}
+
+// The sum to which a credit's rest belongs. An unlimited one shows the megabytes'.
+double &BalanceOf(CreditKind kind, std::array<double, 3> &balances)
+{
+    if (kind == CreditKind::Money) {
+        return balances[1];
+    }
+    return kind == CreditKind::Time ? balances[2] : balances[0];
+}
+
+} // namespace
+
+QStringList HistoryPeriodNames()
+{
+    return {u"All records"_s, u"Today"_s, u"Last week"_s, u"Last month"_s};
+}
+
+HistoryPeriod HistoryPeriodFrom(const QString &name)
+{
+    const auto index = HistoryPeriodNames().indexOf(name);
+    return index < 0 ? HistoryPeriod::AllRecords : static_cast<HistoryPeriod>(index);
+}
+
+FilterStatement BuildFilter(const HistoryFilter &filter, QDate today)
+{
+    FilterStatement built;
+    built.text = filter.owner.IsUser() ? "SELECT bill_id FROM billing WHERE object_id = (?)"
+                                       : "SELECT bill_id FROM billing WHERE group_id = (?)";
+    built.text += ModeClause(filter.ownerMode);
+    if (filter.openOnly) {
+        built.text += " AND closed=0";
+    }
+    built.since = SinceOf(filter.period, today);
+    if (built.since) {
+        built.text += " AND date >= (?)";
+    }
+    return built;
+}
+
+std::vector<HistoryRow> ReadHistory(const HistoryFilter &filter)
+{
+    std::vector<HistoryRow> rows;
+    for (const quint32 billId : SelectedCredits(filter)) {
+        // One that is gone by now is left out.
+        if (auto row =
+                IsLimitMode(filter.ownerMode) ? ReadLimitRow(billId) : ReadPrepaidRow(billId)) {
+            rows.push_back(*std::move(row));
+        }
+    }
+    return rows;
+}
+
+HistoryRow HistoryRowOf(const StagedCredit &credit)
+{
+    HistoryRow row;
+    row.made = {Today(), QTime::currentTime()};
+    row.kind = credit.kind;
+    row.amount = credit.amount;
+    row.expiryDay = credit.neverExpires ? u"Unlimited"_s : credit.expiryDay;
+    row.status = HistoryStatus::New;
+    return row;
+}
+
+void AddUpBalances(std::vector<HistoryRow> &rows)
+{
+    std::array<double, 3> balances {};
+    for (HistoryRow &row : rows) {
+        double &balance = BalanceOf(row.kind, balances);
+        if (row.status != HistoryStatus::Closed && row.kind != CreditKind::Unlimited) {
+            balance += row.amount - row.used;
+        }
+        row.balance = balance;
+    }
+}
+
+QStringList HistoryColumns(quint32 ownerMode)
+{
+    QStringList columns {
+        u"N"_s, u"Date"_s, u"Time"_s, u"Credit"_s, u"Used"_s, u"Balance"_s, u"Type"_s};
+    if (ownerMode == mode::kProvider) {
+        columns << u"Used, Mb"_s << u"Expiry date"_s;
+    }
+    return columns << u"Status"_s;
+}
+
+QStringList HistoryCells(const HistoryRow &row, quint32 ownerMode, double rate)
+{
+    const double factor = row.kind == CreditKind::Money ? rate : 1.0;
+    QStringList cells {row.made.toString(u"dd.MM.yyyy"_s),
+                       row.made.toString(u"HH:mm:ss"_s),
+                       row.kind == CreditKind::Unlimited ? u"Unlim"_s
+                                                         : AmountText(row.amount * factor),
+                       AmountText(row.used * factor),
+                       AmountText(row.balance * factor),
+                       TypeText(row.kind)};
+    if (ownerMode == mode::kProvider) {
+        cells << AmountText(row.usedMegabytes) << row.expiryDay;
+    }
+    return cells << StatusCellText(row.status);
+}

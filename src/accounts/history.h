@@ -1,0 +1,69 @@
+// The history of an account: which credits the filter selects, and how they are listed.
+#pragma once
+
+#include "access/staged_account.h"
+#include "accounts/account_owner.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QStringList>
+
+#include <vector>
+
+enum class HistoryPeriod { AllRecords = 0, Today = 1, LastWeek = 2, LastMonth = 3 };
+
+// The texts of the choices, each at its period's number.
+[[nodiscard]] QStringList HistoryPeriodNames();
+
+// The period of a choice's text; all records for any other text.
+[[nodiscard]] HistoryPeriod HistoryPeriodFrom(const QString &name);
+
+struct HistoryFilter
+{
+    AccountOwner owner;
+    quint32 ownerMode = 0; // db/value_codes.h
+    bool openOnly = false;
+    HistoryPeriod period = HistoryPeriod::AllRecords;
+};
+
+// The filter's statement; `since` is its second value, "%d.%m.%Y 00:00:00", or nothing. The simple
+// arithmetic of base/day.h can name a day that does not exist.
+struct FilterStatement
+{
+    QByteArray text;
+    std::optional<QString> since;
+};
+
+[[nodiscard]] FilterStatement BuildFilter(const HistoryFilter &filter, QDate today);
+
+enum class HistoryStatus { New, Active, Expired, Closed };
+
+struct HistoryRow
+{
+    quint32 billId = 0; // 0 for a credit that is staged and not yet stored
+    QDateTime made;
+    CreditKind kind = CreditKind::Traffic;
+    double amount = 0.0; // in the kind's unit: megabytes, hours or base units
+    double used = 0.0; // in the same unit; megabytes of an unlimited credit
+    double usedMegabytes = 0.0; // pre-paid credits
+    QString expiryDay; // pre-paid credits: as stored, or "Unlimited"
+    HistoryStatus status = HistoryStatus::Active;
+    double balance = 0.0; // up to this row, in the kind's unit
+};
+
+// The credits that the filter selects, oldest first, without their balances.
+[[nodiscard]] std::vector<HistoryRow> ReadHistory(const HistoryFilter &filter);
+
+// The row of a staged credit, made today.
+[[nodiscard]] HistoryRow HistoryRowOf(const StagedCredit &credit);
+
+// Fills in the running balance: what is left of every credit that is not closed, added up in list
+// order. Megabytes, hours and money are three sums; a row shows that of its own kind. An unlimited
+// credit adds nothing.
+void AddUpBalances(std::vector<HistoryRow> &rows);
+
+// The column headers: "N", then one for each of a row's cells.
+[[nodiscard]] QStringList HistoryColumns(quint32 ownerMode);
+
+// What stands in the columns after "N". Money is shown at `rate`.
+[[nodiscard]] QStringList HistoryCells(const HistoryRow &row, quint32 ownerMode, double rate);

@@ -1,0 +1,51 @@
+// What a user or a group has used: in the current accounting period, overall, and day by day.
+#pragma once
+
+#include "accounts/account_owner.h"
+
+#include <QDate>
+
+#include <vector>
+
+// The current accounting period; what the owner's mode does not limit stays at zero.
+struct PeriodUsage
+{
+    bool limitsTraffic = false;
+    bool limitsTime = false;
+    double received = 0.0; // megabytes
+    double sent = 0.0; // megabytes; 0 for a group
+    double hours = 0.0; // 0 for a group
+    double creditMegabytes = 0.0; // used of the credits that extend the traffic limit
+    double creditHours = 0.0; // used of the credits that extend the time limit
+};
+
+struct UsageStatistics
+{
+    PeriodUsage period;
+    double received = 0.0; // overall, megabytes
+    double sent = 0.0;
+};
+
+// Overall: all day records of the user.
+[[nodiscard]] UsageStatistics ReadUserStatistics(quint32 userId);
+
+// Overall: every traffic record of every member.
+[[nodiscard]] UsageStatistics ReadGroupStatistics(quint32 groupId);
+
+[[nodiscard]] UsageStatistics ReadStatistics(const AccountOwner &owner);
+
+// One sentence on how much of the period's usage was taken from credits.
+[[nodiscard]] QString StatisticsTip(const AccountOwner &owner, const PeriodUsage &period);
+
+struct DailyTraffic
+{
+    QDate day;
+    double received = 0.0; // megabytes
+    double sent = 0.0;
+};
+
+constexpr int kChartDays = 30;
+
+// The last 30 days, today last, from the day records of the user or of all the group's members. A
+// day without a record counts as zero.
+[[nodiscard]] std::vector<DailyTraffic> ReadDailyTraffic(const AccountOwner &owner);

@@ -1,0 +1,154 @@
+#include "accounts/credit_list.h"
+
+#include "accounts/account_fixture.h"
+#include "accounts/credit.h"
+#include "accounts/credit_entry.h"
+#include "accounts/currency.h"
+#include "db/value_codes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class CreditListing : public AccountFixture
+{
+protected:
+    // The rows' cells, each joined with "|".
+    QStringList Listed(const AccountOwner &owner, quint32 ownerMode)
+    {
+        QStringList lines;
+        for (const ListedCredit &row : ReadCredits(owner, ownerMode, settings).rows) {
+            lines << row.cells.join(u'|');
+        }
+        return lines;
+    }
+};
+
+TEST_F(CreditListing, NamesItsColumnsByMode)
+{
+    EXPECT_EQ(CreditColumns(mode::kTrafficAndTime).join(u'|'),
+              u"N|Date/Time|Credit|Used|Status|Type"_s);
+    EXPECT_EQ(CreditColumns(mode::kProvider).join(u'|'),
+              u"N|Date/Time|Credit|Type|Used Mb|Used cash|Exp.date|Status"_s);
+    EXPECT_EQ(StatusCell(mode::kTraffic), 3);
+    EXPECT_EQ(StatusCell(mode::kProvider), 6);
+}
+
+TEST_F(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
+{
+    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    AddCredit("mode, object_id, data, usage, date", "1, 1, 100, 2.5, '2026-11-01 08:00:00'");
+    AddCredit("mode, object_id, data, closed, date", "1, 1, 50, 1, '2026-11-02 08:00:00'");
+    AddCredit("mode, object_id, data, date", "4, 1, 8, '2026-11-03 08:00:00'");
+    AddCredit("mode, object_id, data", "2, 1, 8");
+    ASSERT_EQ(user.id, 1U);
+    StatementRecorder recorder;
+    EXPECT_EQ(Listed(user, mode::kTrafficAndTime),
+              (QStringList {u"2026-11-02|50.00|0.00|Expired|Mbytes"_s,
+                            u"2026-11-01|100.00|2.50|Active|Mbytes"_s,
+                            u"2026-11-03|8.00|0.00|Active|hr"_s}));
+    EXPECT_EQ(
+        recorder.Take(),
+        (QStringList {u"SELECT date, data, closed, usage, bill_id FROM billing WHERE object_id "
+                      "= (?) and mode = 1 ORDER BY date DESC"_s,
+                      u"SELECT date, data, closed, usage, bill_id FROM billing WHERE object_id "
+                      "= (?) and mode = 4  ORDER BY date DESC"_s}));
+    EXPECT_EQ(Listed(user, mode::kTraffic).size(), 2);
+    EXPECT_EQ(Listed(user, mode::kTime).size(), 1);
+    EXPECT_EQ(Listed(user, mode::kNoControl).size(), 0);
+}
+
+TEST_F(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
+{
+    const AccountOwner group = AddGroup(mode::kTraffic);
+    Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (7, (?), 2)", group.id);
+    AddCredit("mode, group_id, trafid, data", "1, 81, 7, 10");
+    AddCredit("mode, group_id, trafid, data", "1, 81, 6, 20");
+    StatementRecorder recorder;
+    const CreditList list = ReadCredits(group, mode::kTraffic, settings);
+    ASSERT_EQ(list.rows.size(), 1U);
+    EXPECT_EQ(list.rows[0].cells.at(1), u"10.00"_s);
+    EXPECT_EQ(
+        recorder.Take().last(),
+        u"SELECT date, data, closed, usage, bill_id FROM billing WHERE group_id = (?) and mode "
+        "= 1 and trafid = (?) ORDER BY date DESC"_s);
+}
+
+TEST_F(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
+{
+    const AccountOwner user = AddUser(mode::kProvider);
+    UseCurrency(u"2.5"_s);
+    const char *columns = "mode, object_id, date, data, usage, moneydata, moneyusage, unlimited, "
+                          "expiredday, closed";
+    const char *rows[] = {
+        "2, 1, '2026-11-09 10:00:00', NULL, 3, 4, 1.5, 1, '', 0",
+        "2, 1, '2026-11-08 10:00:00', 200, 12.345, NULL, 0, 0, '2026.11.21', 0",
+        "2, 1, '2026-11-07 10:00:00', 100, 0, 0.0001, 0, 0, '2026.11.20', 0",
+        "2, 1, '2026-11-06 10:00:00', NULL, 0, NULL, 0, 1, '2020.01.01', 0",
+        "2, 1, '2026-11-05 10:00:00', 70, 0, NULL, 0, 0, '2027.01.01', 1",
+    };
+    for (const char *row : rows) {
+        AddCredit(columns, row);
+    }
+    const QStringList before = EveryRow();
+    EXPECT_EQ(Listed(user, mode::kProvider),
+              (QStringList {u"2026-11-09|10|Euro|3.00|3.75|Unlimited|Active"_s,
+                            u"2026-11-08|200.00|Mbytes|12.35|0|2026.11.21|Active"_s,
+                            u"2026-11-07|100.00|Mbytes|0.00|0|2026.11.20|Expired"_s,
+                            u"2026-11-06|Unlim|None|0.00|0|Unlimited|Active"_s,
+                            u"2026-11-05|70.00|Mbytes|0.00|0|2027.01.01|Expired"_s}));
+    EXPECT_DOUBLE_EQ(ReadCredits(user, mode::kProvider, settings).balance,
+                     -3 + (200 - 12.345) + 100)
+        << "megabytes of every credit that is not closed";
+    EXPECT_EQ(EveryRow(), before);
+}
+
+TEST_F(CreditListing, StopsAtItsCapacity)
+{
+    const AccountOwner user = AddUser(mode::kTraffic);
+    for (int i = 0; i < 105; ++i) {
+        Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user.id);
+    }
+    EXPECT_EQ(ReadCredits(user, mode::kTraffic, settings).rows.size(), 100U);
+    EXPECT_EQ(ReadCredits(UserAccount(user.id + 1), mode::kTraffic, settings).rows.size(), 0U);
+}
+
+TEST_F(CreditListing, AStagedRowIsNewAndOfToday)
+{
+    UseCurrency(u"2.5"_s);
+    const auto row = [&](const StagedCredit &credit, quint32 ownerMode) {
+        return StagedRow(credit, ownerMode, settings).cells.join(u'|');
+    };
+    EXPECT_EQ(row({CreditKind::Traffic, 12345.67, true, {}}, mode::kTraffic),
+              u"2026-11-21|12346||New|Mbytes"_s);
+    EXPECT_EQ(row({CreditKind::Time, 1.5, true, {}}, mode::kTime), u"2026-11-21|1.5||New|hr"_s);
+    EXPECT_EQ(row({CreditKind::Money, 4, false, u"2027.01.01"_s}, mode::kProvider),
+              u"2026-11-21|10|Euro|||2027.01.01|New"_s);
+    EXPECT_EQ(row({CreditKind::Traffic, 4, true, {}}, mode::kProvider),
+              u"2026-11-21|4.00|Mbytes|||Unlimited|New"_s);
+    EXPECT_EQ(row({CreditKind::Unlimited, 0, true, {}}, mode::kProvider),
+              u"2026-11-21|Unlim|None|||Unlimited|New"_s);
+}
+
+TEST_F(CreditListing, MoneyIsListedAsItWasTyped)
+{
+    const AccountOwner user = AddUser(mode::kProvider);
+    for (const auto *rate : {"2.5", "3", "0.07", "41.37", "1.1", "7777"}) {
+        UseCurrency(QString::fromLatin1(rate));
+        for (const double typed : {10.0, 0.8, 0.99, 33.33, 1.0 * 7 / 4, 199.9, 4567.0}) {
+            const double current = CurrentRate(settings);
+            ASSERT_FALSE(CheckAmount(CreditKind::Money, typed, current));
+            Execute("DELETE FROM billing");
+            WriteCredit(user,
+                        mode::kProvider,
+                        CreditFrom(CreditKind::Money, typed, current, {}),
+                        current,
+                        nullptr);
+            EXPECT_EQ(ReadCredits(user, mode::kProvider, settings).rows.at(0).cells.at(1),
+                      QString::number(typed))
+                << rate;
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,277 @@
+#include "accounts/credit.h"
+
+#include "accounts/account_fixture.h"
+#include "accounts/credit_entry.h"
+#include "db/value_codes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Credit : public AccountFixture
+{
+protected:
+    // The statements that writing one credit sends.
+    static QStringList Written(const AccountOwner &owner,
+                               quint32 ownerMode,
+                               const StagedCredit &credit,
+                               double rate = 1.0)
+    {
+        StatementRecorder recorder;
+        WriteCredit(owner, ownerMode, credit, rate, nullptr);
+        return recorder.Take();
+    }
+
+    static bool IsBlocked(const AccountOwner &owner)
+    {
+        RunQuery(owner.IsUser() ? "SELECT blocked FROM users WHERE user_id = (?)"
+                                : "SELECT blocked FROM groups WHERE group_id = (?)",
+                 FetchMode::One,
+                 owner.id);
+        return queryResult.Flag(1);
+    }
+
+    // The newest billing row: mode, owner columns, record columns, texts and amounts.
+    static QStringList NewestCredit()
+    {
+        RunQuery(
+            "SELECT mode, object_id, group_id, trafid, time_id, unlimited, expiredday, closed, "
+            "data, moneydata, currencydata FROM billing ORDER BY bill_id",
+            FetchMode::All);
+        QStringList cells;
+        for (int column = 1; column <= 8; ++column) {
+            cells << queryResult.Text(column);
+        }
+        for (int column = 9; column <= 11; ++column) {
+            cells << (queryResult.IsEmpty(column) ? u"-"_s
+                                                  : QString::number(queryResult.Amount(column)));
+        }
+        return cells;
+    }
+};
+
+const auto kUserReason = u"SELECT blockreason FROM users WHERE user_id = (?) "_s;
+const auto kGroupReason = u"SELECT blockreason FROM groups WHERE group_id = (?) "_s;
+const auto kUnblockUser = u"UPDATE users SET blocked = false WHERE user_id = (?)"_s;
+const QStringList kUnblockGroup {u"UPDATE groups SET blocked = false WHERE group_id = (?)"_s,
+                                 u"UPDATE users SET blocked = false WHERE group_id = (?)"_s,
+                                 u"SELECT user_id FROM users WHERE group_id = (?)"_s};
+
+TEST_F(Credit, OfALimitGoesToThePeriodsRecord)
+{
+    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    const quint32 usage = usage_period::kDay;
+    Execute("INSERT INTO traffic_use (traf_id, user_id, period, current_time) "
+            "VALUES (71, (?), (?), (?))",
+            user.id,
+            usage,
+            DayOf(Today()));
+    Execute("INSERT INTO time_use (time_id, user_id, period, current_time) "
+            "VALUES (72, (?), (?), (?))",
+            user.id,
+            usage,
+            DayOf(Today()));
+    const QString id = QString::number(user.id);
+
+    EXPECT_EQ(Written(user, mode::kTrafficAndTime, {CreditKind::Traffic, 12.5, true, {}}),
+              (QStringList {kUserReason,
+                            u"SELECT trafperiod FROM users WHERE user_id = (?)"_s,
+                            u"SELECT traf_id FROM traffic_use WHERE current_time = (?) and user_id "
+                            "= (?) and period = 1"_s,
+                            u"INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), "
+                            "(?), (?))"_s,
+                            kUnblockUser}));
+    EXPECT_EQ(
+        NewestCredit(),
+        (QStringList {
+            u"1"_s, id, u""_s, u"71"_s, u""_s, u"0"_s, u""_s, u"0"_s, u"12.5"_s, u"-"_s, u"-"_s}));
+
+    EXPECT_EQ(Written(user, mode::kTrafficAndTime, {CreditKind::Time, 3, true, {}}),
+              (QStringList {kUserReason,
+                            u"SELECT timeperiod FROM users WHERE user_id = (?)"_s,
+                            u"SELECT time_id FROM time_use WHERE current_time = (?) and user_id = "
+                            "(?) and period = 1"_s,
+                            u"INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, (?), "
+                            "(?), (?))"_s,
+                            kUnblockUser}));
+    EXPECT_EQ(
+        NewestCredit(),
+        (QStringList {
+            u"4"_s, id, u""_s, u""_s, u"72"_s, u"0"_s, u""_s, u"0"_s, u"3"_s, u"-"_s, u"-"_s}));
+}
+
+TEST_F(Credit, OfAGroupsLimitGoesToItsOwnRecord)
+{
+    const AccountOwner group = AddGroup(mode::kTraffic);
+    Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (73, (?), 2)", group.id);
+    EXPECT_EQ(
+        Written(group, mode::kTraffic, {CreditKind::Traffic, 5, true, {}}),
+        (QStringList {kGroupReason,
+                      u"SELECT trafperiod FROM groups WHERE group_id = (?) "_s,
+                      u"SELECT traf_id FROM traffic_use WHERE group_id = (?) and period = 2"_s,
+                      u"INSERT INTO billing (mode, trafid, group_id, data) VALUES (1, (?), "
+                      "(?), (?))"_s}
+         + kUnblockGroup));
+    EXPECT_EQ(NewestCredit(),
+              (QStringList {u"1"_s,
+                            u""_s,
+                            QString::number(group.id),
+                            u"73"_s,
+                            u""_s,
+                            u"0"_s,
+                            u""_s,
+                            u"0"_s,
+                            u"5"_s,
+                            u"-"_s,
+                            u"-"_s}));
+}
+
+TEST_F(Credit, WithoutARecordNamesNone)
+{
+    const AccountOwner user = AddUser(mode::kTraffic);
+    WriteCredit(user, mode::kTraffic, {CreditKind::Traffic, 1, true, {}}, 1.0, nullptr);
+    EXPECT_EQ(NewestCredit().at(3), u"0"_s);
+}
+
+TEST_F(Credit, PrePaidIsWrittenByKindAndExpiry)
+{
+    struct Case
+    {
+        CreditKind kind;
+        QString expiry;
+        const char *text;
+        QStringList amounts; // data, moneydata, currencydata
+    };
+    const Case cases[] = {
+        {CreditKind::Traffic,
+         {},
+         "INSERT INTO billing (mode, %1, data, currencydata, unlimited) VALUES (2, (?), (?), (?), 1)",
+         {u"4"_s, u"-"_s, u"2.5"_s}},
+        {CreditKind::Traffic,
+         u"2027.03.01"_s,
+         "INSERT  INTO billing (mode, %1, data, currencydata, unlimited, expiredday) VALUES (2, (?), "
+         "(?), (?), 0, (?))",
+         {u"4"_s, u"-"_s, u"2.5"_s}},
+        {CreditKind::Money,
+         {},
+         "INSERT  INTO billing (mode, %1, moneydata, currencydata, unlimited) VALUES (2, (?), (?), "
+         "(?), 1)",
+         {u"-"_s, u"4"_s, u"2.5"_s}},
+        {CreditKind::Money,
+         u"2027.03.01"_s,
+         "INSERT  INTO billing (mode, %1, moneydata, currencydata, unlimited, expiredday) VALUES (2, "
+         "(?), (?), (?), 0, (?))",
+         {u"-"_s, u"4"_s, u"2.5"_s}},
+        {CreditKind::Unlimited,
+         {},
+         "INSERT  INTO billing (mode, %1, unlimited) VALUES (2, (?), 1)",
+         {u"-"_s, u"-"_s, u"-"_s}},
+        {CreditKind::Unlimited,
+         u"2027.03.01"_s,
+         "INSERT  INTO billing (mode, %1, unlimited, expiredday) VALUES (2, (?), 0, (?))",
+         {u"-"_s, u"-"_s, u"-"_s}},
+    };
+    const AccountOwner user = AddUser(mode::kProvider);
+    const AccountOwner group = AddGroup(mode::kProvider);
+    for (const AccountOwner &owner : {user, group}) {
+        for (const auto &[kind, expiry, text, amounts] : cases) {
+            const bool unlimited = kind == CreditKind::Unlimited;
+            const StagedCredit credit {kind, unlimited ? 0.0 : 4.0, expiry.isEmpty(), expiry};
+            QStringList expected {
+                owner.IsUser() ? kUserReason : kGroupReason,
+                QString::fromLatin1(text).arg(owner.IsUser() ? u"object_id"_s : u"group_id"_s)};
+            if (!unlimited) {
+                expected += owner.IsUser() ? QStringList {kUnblockUser} : kUnblockGroup;
+            }
+            EXPECT_EQ(Written(owner, mode::kProvider, credit, 2.5), expected);
+            const QString id = QString::number(owner.id);
+            EXPECT_EQ(NewestCredit(),
+                      (QStringList {u"2"_s,
+                                    owner.IsUser() ? id : u""_s,
+                                    owner.IsUser() ? u""_s : id,
+                                    u""_s,
+                                    u""_s,
+                                    expiry.isEmpty() ? u"1"_s : u"0"_s,
+                                    expiry,
+                                    u"0"_s}
+                       + amounts));
+        }
+    }
+}
+
+TEST_F(Credit, LiftsABlockUnlessTheAdministratorsOrWithoutAmount)
+{
+    struct Case
+    {
+        quint32 ownerMode;
+        quint32 reason;
+        CreditKind kind;
+        bool blockedAfter;
+    };
+    const Case cases[] = {
+        {mode::kTraffic, 1, CreditKind::Traffic, false},
+        {mode::kTraffic, 3, CreditKind::Traffic, true},
+        {mode::kTime, 2, CreditKind::Time, false},
+        {mode::kTime, 3, CreditKind::Time, true},
+        {mode::kProvider, 0, CreditKind::Money, false},
+        {mode::kProvider, 4, CreditKind::Traffic, false},
+        {mode::kProvider, 3, CreditKind::Money, true},
+        {mode::kProvider, 3, CreditKind::Traffic, true},
+        {mode::kProvider, 1, CreditKind::Unlimited, true},
+        {mode::kProvider, 3, CreditKind::Unlimited, true},
+    };
+    for (const auto &[ownerMode, reason, kind, blockedAfter] : cases) {
+        const AccountOwner user = AddUser(ownerMode, reason);
+        WriteCredit(user, ownerMode, {kind, 5, true, {}}, 1.0, nullptr);
+        EXPECT_EQ(IsBlocked(user), blockedAfter) << ownerMode << ' ' << reason;
+        if (kind != CreditKind::Time) {
+            const AccountOwner group = AddGroup(ownerMode, reason);
+            WriteCredit(group, ownerMode, {kind, 5, true, {}}, 1.0, nullptr);
+            EXPECT_EQ(IsBlocked(group), blockedAfter) << ownerMode << ' ' << reason;
+        }
+    }
+}
+
+TEST_F(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
+{
+    const AccountOwner user = AddUser(mode::kProvider, 3);
+    const quint32 first = AddCredit("mode, object_id, data", "2, 1, 5");
+    const quint32 second = AddCredit("mode, object_id, data", "2, 1, 6");
+    StagedAccount staged;
+    staged.credits = {{CreditKind::Unlimited, 0, true, {}}, {CreditKind::Unlimited, 0, true, {}}};
+    staged.closed = {second};
+    StatementRecorder recorder;
+    EXPECT_TRUE(ApplyStagedAccount(user, mode::kProvider, staged, 1.0, nullptr));
+    const auto insert = u"INSERT  INTO billing (mode, object_id, unlimited) VALUES (2, (?), 1)"_s;
+    EXPECT_EQ(recorder.Take(),
+              (QStringList {u"SELECT mode FROM users WHERE user_id = (?)"_s,
+                            kUserReason,
+                            insert,
+                            kUserReason,
+                            insert,
+                            u"UPDATE billing SET closed = 1 WHERE bill_id = (?)"_s}));
+    EXPECT_EQ(RowsOf("SELECT bill_id FROM billing WHERE closed = 1"),
+              QStringList {QString::number(second)});
+    EXPECT_EQ(RowsOf("SELECT count(*) FROM billing"), QStringList {u"4"_s});
+    EXPECT_NE(first, second);
+}
+
+TEST_F(Credit, NothingIsWrittenForAnOwnerThatIsGone)
+{
+    StagedAccount staged;
+    StatementRecorder recorder;
+    for (const AccountOwner &gone : {UserAccount(4711), GroupAccount(4711)}) {
+        const QStringList before = EveryRow();
+        staged.credits = {{CreditKind::Traffic, 1, true, {}}};
+        staged.closed = {AddCredit("mode, object_id, data", "2, 4711, 5")};
+        const QStringList withCredit = EveryRow();
+        EXPECT_FALSE(ApplyStagedAccount(gone, mode::kProvider, staged, 1.0, nullptr));
+        EXPECT_EQ(EveryRow(), withCredit);
+        EXPECT_NE(withCredit, before);
+        (void)recorder.Take();
+        EXPECT_TRUE(ApplyStagedAccount(gone, mode::kProvider, {}, 1.0, nullptr));
+        EXPECT_EQ(recorder.Take(), QStringList());
+    }
+}
+
+} // namespace

@@ -1,0 +1,114 @@
+#include "accounts/currency.h"
+
+#include "accounts/account_fixture.h"
+#include "accounts/amount_text.h"
+#include "accounts/credit_entry.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Currency : public AccountFixture
+{ };
+
+TEST_F(Currency, RateAndUnitFollowTheCurrencyInUse)
+{
+    struct Case
+    {
+        QString use;
+        QString rate;
+        double currentRate;
+        QString unit;
+    };
+    const Case cases[] = {
+        {u""_s, u"2.5"_s, 1.0, u"units"_s},
+        {u"0"_s, u"2.5"_s, 1.0, u"units"_s},
+        {u"1"_s, u"2.5"_s, 1.0, u"units"_s},
+        {u"2"_s, u"2.5"_s, 2.5, u"Euro"_s},
+        {u"2"_s, u"0.01"_s, 0.01, u"Euro"_s},
+        {u"2"_s, u"rate"_s, 0.0, u"Euro"_s},
+        {u"3"_s, u"2.5"_s, 1.0, u"units"_s},
+    };
+    for (const auto &[use, rate, currentRate, unit] : cases) {
+        UseCurrency(rate);
+        settings.WriteText(values::kCurUse, use);
+        EXPECT_DOUBLE_EQ(CurrentRate(settings), currentRate) << qPrintable(use);
+        EXPECT_EQ(UnitName(settings, CreditKind::Money), unit) << qPrintable(use);
+        EXPECT_EQ(UnitName(settings, CreditKind::Unlimited), unit) << qPrintable(use);
+        EXPECT_EQ(UnitName(settings, CreditKind::Traffic), u"Mbytes"_s);
+        EXPECT_EQ(UnitName(settings, CreditKind::Time), u"hr"_s);
+    }
+    EXPECT_DOUBLE_EQ(CurrentRate(ConfigStore(u"/nowhere"_s)), 1.0);
+    UseCurrency(u"2"_s, u""_s);
+    EXPECT_EQ(UnitName(settings, CreditKind::Money), u""_s);
+}
+
+TEST(AmountTexts, AreFixedOrSignificant)
+{
+    EXPECT_EQ(AmountText(2.5), u"2.50"_s);
+    EXPECT_EQ(AmountText(1e9), u"1000000000.00"_s);
+    EXPECT_EQ(AmountText(-0.001), u"0.00"_s);
+    EXPECT_EQ(AmountText(-1.5), u"-1.50"_s);
+    const std::pair<double, QString> four[] = {
+        {10.0, u"10"_s},
+        {0.5, u"0.5"_s},
+        {12345.67, u"12350"_s},
+        {3.14159, u"3.142"_s},
+        {0.0001234, u"0.0001234"_s},
+        {0.0, u"0"_s},
+        {9999.6, u"10000"_s},
+    };
+    for (const auto &[amount, text] : four) {
+        EXPECT_EQ(SignificantText(amount, 4), text);
+    }
+    EXPECT_EQ(SignificantText(12345.67, 5), u"12346"_s);
+}
+
+TEST(CreditEntry, RefusesWhatWouldNotBeListedAsTyped)
+{
+    using Kind = CreditKind;
+    struct Case
+    {
+        Kind kind;
+        std::optional<double> typed;
+        double rate;
+        bool accepted;
+    };
+    const Case cases[] = {
+        {Kind::Traffic, 0.01, 0.0, true},
+        {Kind::Traffic, 0.0, 1.0, false},
+        {Kind::Traffic, -5.0, 1.0, false},
+        {Kind::Time, std::nullopt, 1.0, false},
+        {Kind::Time, 1e9, 1.0, true},
+        {Kind::Time, 1e9 + 1, 1.0, false},
+        {Kind::Money, 10.0, 2.5, true},
+        {Kind::Money, 10.0, 0.0, false},
+        {Kind::Money, 10.0, -1.0, false},
+        {Kind::Money, 0.01, 99.0, true},
+        {Kind::Money, 0.01, 101.0, false},
+        {Kind::Unlimited, std::nullopt, 0.0, true},
+        {Kind::Money, qQNaN(), 1.0, false},
+        {Kind::Money, 10.0, qQNaN(), false},
+    };
+    for (const auto &[kind, typed, rate, accepted] : cases) {
+        EXPECT_EQ(!CheckAmount(kind, typed, rate), accepted)
+            << static_cast<int>(kind) << ' ' << typed.value_or(-99) << ' ' << rate;
+    }
+    const TodayOverride today({2026, 11, 21});
+    EXPECT_TRUE(CheckExpiry({2026, 11, 20}));
+    EXPECT_FALSE(CheckExpiry({2026, 11, 21}));
+}
+
+TEST(CreditEntry, StagesMoneyInBaseUnits)
+{
+    const StagedCredit money = CreditFrom(CreditKind::Money, 10, 2.5, {2027, 1, 2});
+    EXPECT_DOUBLE_EQ(money.amount, 4.0);
+    EXPECT_FALSE(money.neverExpires);
+    EXPECT_EQ(money.expiryDay, u"2027.01.02"_s);
+    const StagedCredit traffic = CreditFrom(CreditKind::Traffic, 10, 2.5, {});
+    EXPECT_DOUBLE_EQ(traffic.amount, 10.0);
+    EXPECT_TRUE(traffic.neverExpires);
+    EXPECT_DOUBLE_EQ(CreditFrom(CreditKind::Unlimited, 10, 2.5, {}).amount, 0.0);
+}
+
+} // namespace

@@ -1,0 +1,249 @@
+#include "accounts/history.h"
+
+#include "accounts/account_fixture.h"
+#include "accounts/credit.h"
+#include "accounts/credit_entry.h"
+#include "accounts/currency.h"
+#include "db/value_codes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class History : public AccountFixture
+{
+protected:
+    // The rows as the window lists them, balances included, each row's cells joined with "|".
+    static QStringList Listed(const HistoryFilter &filter, double rate = 1.0)
+    {
+        auto rows = ReadHistory(filter);
+        AddUpBalances(rows);
+        QStringList lines;
+        for (const HistoryRow &row : rows) {
+            lines << HistoryCells(row, filter.ownerMode, rate).join(u'|');
+        }
+        return lines;
+    }
+};
+
+TEST(HistoryFilters, AreBuiltFromOwnerModeSwitchAndPeriod)
+{
+    struct Case
+    {
+        quint32 ownerMode;
+        bool openOnly;
+        HistoryPeriod period;
+        const char *clauses;
+    };
+    const Case cases[] = {
+        {mode::kNoControl, false, HistoryPeriod::AllRecords, ""},
+        {mode::kTraffic, false, HistoryPeriod::AllRecords, " AND mode=1"},
+        {mode::kProvider, true, HistoryPeriod::AllRecords, " AND mode=2 AND closed=0"},
+        {mode::kTime, false, HistoryPeriod::Today, " AND mode=4 AND date >= (?)"},
+        {mode::kTrafficAndTime,
+         true,
+         HistoryPeriod::LastMonth,
+         " AND (mode=1 OR mode=4) AND closed=0 AND date >= (?)"},
+    };
+    for (const auto &[ownerMode, openOnly, period, clauses] : cases) {
+        for (const AccountOwner &owner : {UserAccount(1), GroupAccount(1)}) {
+            const QByteArray start = owner.IsUser()
+                ? "SELECT bill_id FROM billing WHERE object_id = (?)"
+                : "SELECT bill_id FROM billing WHERE group_id = (?)";
+            const auto built = BuildFilter({owner, ownerMode, openOnly, period}, {2026, 11, 21});
+            EXPECT_EQ(built.text, start + clauses);
+            EXPECT_EQ(built.since.has_value(), period != HistoryPeriod::AllRecords);
+        }
+    }
+}
+
+TEST(HistoryFilters, CountDaysTheSimpleWay)
+{
+    struct Case
+    {
+        QDate today;
+        QString day;
+        QString week;
+        QString month;
+    };
+    const Case cases[] = {
+        {{2026, 11, 21}, u"21.11.2026"_s, u"15.11.2026"_s, u"21.10.2026"_s},
+        {{2026, 1, 1}, u"01.01.2026"_s, u"25.12.2026"_s, u"01.12.2026"_s},
+        {{2026, 1, 7}, u"07.01.2026"_s, u"01.01.2026"_s, u"07.12.2026"_s},
+        {{2026, 3, 6}, u"06.03.2026"_s, u"30.02.2026"_s, u"06.02.2026"_s},
+        {{2026, 5, 31}, u"31.05.2026"_s, u"25.05.2026"_s, u"31.04.2026"_s},
+        {{2026, 3, 3}, u"03.03.2026"_s, u"27.02.2026"_s, u"03.02.2026"_s},
+    };
+    for (const auto &[today, day, week, month] : cases) {
+        const auto since = [today = today](HistoryPeriod period) {
+            return *BuildFilter({UserAccount(1), mode::kTraffic, false, period}, today).since;
+        };
+        EXPECT_EQ(since(HistoryPeriod::Today), day + u" 00:00:00"_s);
+        EXPECT_EQ(since(HistoryPeriod::LastWeek), week + u" 00:00:00"_s);
+        EXPECT_EQ(since(HistoryPeriod::LastMonth), month + u" 00:00:00"_s);
+    }
+}
+
+TEST(HistoryFilters, PeriodsGoByTheirTexts)
+{
+    EXPECT_EQ(HistoryPeriodNames().join(u'|'), u"All records|Today|Last week|Last month"_s);
+    EXPECT_EQ(HistoryPeriodFrom(u"Last week"_s), HistoryPeriod::LastWeek);
+    EXPECT_EQ(HistoryPeriodFrom(u"last week"_s), HistoryPeriod::AllRecords);
+}
+
+TEST_F(History, SelectsWhatTheFilterNames)
+{
+    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    AddCredit("mode, object_id, data, date, closed", "1, 1, 11, '2026-11-21 00:00:00', 0");
+    AddCredit("mode, object_id, data, date, closed", "4, 1, 12, '2026-11-20 23:59:59', 0");
+    AddCredit("mode, object_id, data, date, closed", "1, 1, 13, '2026-11-15 00:00:00', 1");
+    AddCredit("mode, object_id, data, date, closed", "1, 1, 14, '2026-11-14 23:59:59', 0");
+    AddCredit("mode, object_id, data, date, closed", "1, 1, 15, '2026-10-20 12:00:00', 0");
+    AddCredit("mode, object_id, data, date, closed", "2, 1, 16, '2026-11-21 12:00:00', 0");
+    struct Case
+    {
+        quint32 ownerMode;
+        bool openOnly;
+        HistoryPeriod period;
+        QList<int> amounts;
+    };
+    const Case cases[] = {
+        {mode::kTrafficAndTime, false, HistoryPeriod::AllRecords, {11, 12, 13, 14, 15}},
+        {mode::kTrafficAndTime, true, HistoryPeriod::AllRecords, {11, 12, 14, 15}},
+        {mode::kTrafficAndTime, false, HistoryPeriod::Today, {11}},
+        {mode::kTrafficAndTime, false, HistoryPeriod::LastWeek, {11, 12, 13}},
+        {mode::kTrafficAndTime, true, HistoryPeriod::LastMonth, {11, 12, 14}},
+        {mode::kTraffic, false, HistoryPeriod::LastWeek, {11, 13}},
+        {mode::kTime, false, HistoryPeriod::AllRecords, {12}},
+        {mode::kProvider, false, HistoryPeriod::AllRecords, {16}},
+    };
+    for (const auto &[ownerMode, openOnly, period, amounts] : cases) {
+        QList<int> read;
+        for (const HistoryRow &row : ReadHistory({user, ownerMode, openOnly, period})) {
+            read << static_cast<int>(row.amount);
+        }
+        EXPECT_EQ(read, amounts) << ownerMode << openOnly << static_cast<int>(period);
+    }
+    EXPECT_TRUE(ReadHistory({GroupAccount(1), mode::kTraffic, false, {}}).empty());
+}
+
+TEST_F(History, ReadsEachCreditAfterTheFilter)
+{
+    AddCredit("mode, group_id, data, date", "1, 81, 5, '2026-11-01 00:00:00'");
+    AddCredit("mode, group_id, moneydata", "2, 81, 5");
+    StatementRecorder recorder;
+    (void)ReadHistory({GroupAccount(81), mode::kTraffic, false, HistoryPeriod::Today});
+    EXPECT_EQ(recorder.Take().join(u'\n'),
+              u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=1 AND date >= (?)"_s);
+    (void)ReadHistory({GroupAccount(81), mode::kTraffic, true, {}});
+    EXPECT_EQ(recorder.Take(),
+              (QStringList {u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=1 AND "
+                            "closed=0"_s,
+                            u"SELECT date, data, closed, usage, mode FROM billing WHERE bill_id = "
+                            "(?)"_s}));
+    (void)ReadHistory({GroupAccount(81), mode::kProvider, false, {}});
+    EXPECT_EQ(recorder.Take(),
+              (QStringList {u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=2"_s,
+                            u"SELECT date, closed, usage, unlimited, expiredday, moneydata, "
+                            "moneyusage, data FROM billing WHERE bill_id = (?)"_s}));
+}
+
+TEST_F(History, NamesItsColumnsByMode)
+{
+    EXPECT_EQ(HistoryColumns(mode::kTime).join(u'|'),
+              u"N|Date|Time|Credit|Used|Balance|Type|Status"_s);
+    EXPECT_EQ(HistoryColumns(mode::kProvider).join(u'|'),
+              u"N|Date|Time|Credit|Used|Balance|Type|Used, Mb|Expiry date|Status"_s);
+}
+
+TEST_F(History, OfLimitsKeepsABalanceForEachUnit)
+{
+    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    AddCredit("mode, object_id, data, usage, date", "1, 1, 100, 30, '2026-11-01 08:05:09'");
+    AddCredit("mode, object_id, data, usage, date", "4, 1, 8, 0.5, '2026-11-02 08:00:00'");
+    AddCredit("mode, object_id, data, closed, date", "1, 1, 50, 1, '2026-11-03 08:00:00'");
+    AddCredit("mode, object_id, data, date", "1, 1, 25.555, '2026-11-04 18:00:00'");
+    EXPECT_EQ(Listed({user, mode::kTrafficAndTime, false, {}}),
+              (QStringList {u"01.11.2026|08:05:09|100.00|30.00|70.00|Mbytes|Active"_s,
+                            u"02.11.2026|08:00:00|8.00|0.50|7.50|hr|Active"_s,
+                            u"03.11.2026|08:00:00|50.00|0.00|70.00|Mbytes|Closed"_s,
+                            u"04.11.2026|18:00:00|25.55|0.00|95.56|Mbytes|Active"_s}));
+}
+
+TEST_F(History, OfPrePaidCreditIsInTheCurrencyShown)
+{
+    const AccountOwner user = AddUser(mode::kProvider);
+    const char *columns =
+        "mode, object_id, date, data, usage, moneydata, moneyusage, unlimited, expiredday, closed";
+    const char *rows[] = {
+        "2, 1, '2026-11-05 10:00:00', NULL, 3, 4, 1.5, 1, '', 0",
+        "2, 1, '2026-11-06 10:00:00', 200, 12.5, 0, 0, 0, '2026.11.21', 0",
+        "2, 1, '2026-11-07 10:00:00', 100, 0, NULL, 0, 0, '2026.11.20', 0",
+        "2, 1, '2026-11-08 10:00:00', NULL, 9, NULL, 0, 1, '', 0",
+        "2, 1, '2026-11-09 10:00:00', NULL, 0, 8, 0, 0, '2027.01.01', 1",
+        "2, 1, '2026-11-10 10:00:00', NULL, 0, 2, 0, 0, '2027.01.01', 0",
+    };
+    for (const char *row : rows) {
+        AddCredit(columns, row);
+    }
+    EXPECT_EQ(
+        Listed({user, mode::kProvider, false, {}}, 2.5),
+        (QStringList {u"05.11.2026|10:00:00|10.00|3.75|6.25|Money|3.00|Unlimited|Active"_s,
+                      u"06.11.2026|10:00:00|200.00|12.50|187.50|Mbytes|12.50|2026.11.21|Active"_s,
+                      u"07.11.2026|10:00:00|100.00|0.00|287.50|Mbytes|0.00|2026.11.20|Expired"_s,
+                      u"08.11.2026|10:00:00|Unlim|9.00|287.50|Unlim|9.00|Unlimited|Active"_s,
+                      u"09.11.2026|10:00:00|20.00|0.00|6.25|Money|0.00|2027.01.01|Closed"_s,
+                      u"10.11.2026|10:00:00|5.00|0.00|11.25|Money|0.00|2027.01.01|Active"_s}));
+}
+
+TEST_F(History, AStagedCreditIsNewAndCounts)
+{
+    std::vector<HistoryRow> rows {HistoryRowOf({CreditKind::Money, 4, false, u"2027.01.01"_s}),
+                                  HistoryRowOf({CreditKind::Unlimited, 0, true, {}})};
+    AddUpBalances(rows);
+    const QStringList cells = HistoryCells(rows[0], mode::kProvider, 2.5);
+    EXPECT_EQ(cells.at(0), u"21.11.2026"_s);
+    EXPECT_EQ(cells.mid(2).join(u'|'), u"10.00|0.00|10.00|Money|0.00|2027.01.01|New"_s);
+    EXPECT_EQ(HistoryCells(rows[1], mode::kProvider, 2.5).at(7), u"Unlimited"_s);
+}
+
+TEST_F(History, MoneyIsListedAsItWasTyped)
+{
+    const AccountOwner user = AddUser(mode::kProvider);
+    int checked = 0;
+    for (const auto *rate : {"1", "2.5", "3", "0.07", "41.37", "1.1", "7777", "0.333", "99999"}) {
+        UseCurrency(QString::fromLatin1(rate));
+        const double current = CurrentRate(settings);
+        for (const qint64 hundredths :
+             {1LL, 7LL, 99LL, 1000LL, 3333LL, 123457LL, 99999999LL, 12345678901LL, 99999999999LL}) {
+            const double typed = static_cast<double>(hundredths) / 100;
+            if (CheckAmount(CreditKind::Money, typed, current)) {
+                continue;
+            }
+            Execute("DELETE FROM billing");
+            WriteCredit(user,
+                        mode::kProvider,
+                        CreditFrom(CreditKind::Money, typed, current, {}),
+                        current,
+                        nullptr);
+            const QString line = Listed({user, mode::kProvider, false, {}}, current).value(0);
+            const QString money = QString::number(typed, 'f', 2);
+            EXPECT_EQ(line.section(u'|', 2, 5), money % u"|0.00|"_s % money % u"|Money"_s) << rate;
+            ++checked;
+        }
+    }
+    EXPECT_EQ(checked, 76) << "five would be stored as no money at all and are refused";
+}
+
+TEST_F(History, HoldsMoreThanAHundredCredits)
+{
+    const AccountOwner user = AddUser(mode::kTraffic);
+    for (int i = 0; i < 120; ++i) {
+        Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user.id);
+    }
+    const QStringList lines = Listed({user, mode::kTraffic, false, {}});
+    ASSERT_EQ(lines.size(), 120);
+    EXPECT_EQ(lines.last().section(u'|', 4, 4), u"120.00"_s);
+}
+
+} // namespace
