@@ -1,0 +1,77 @@
+#include "ui/options/browse_user_dialog.h"
+
+#include "app/administrator_app.h"
+#include "ui/common/accessible.h"
+#include "ui/common/icons.h"
+
+#include <QDialogButtonBox>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kUserRole = Qt::UserRole;
+constexpr int kGroupRole = Qt::UserRole + 1;
+
+} // namespace
+
+BrowseUserDialog::BrowseUserDialog(std::function<bool(quint32 userId)> userHasLogin,
+                                   const QString &whenRefused,
+                                   QWidget *parent)
+    : QDialog(parent)
+    , hasLogin(std::move(userHasLogin))
+    , refusal(whenRefused)
+    , tree(new QTreeWidget)
+{
+    setWindowTitle(u"Browse for user"_s);
+    SetNames(*tree, u"users"_s, u"Groups and users"_s);
+    tree->setHeaderHidden(true);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(tree);
+    column->addWidget(buttons);
+    resize(340, 420);
+    connect(buttons, &QDialogButtonBox::accepted, this, &BrowseUserDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &BrowseUserDialog::reject);
+    Fill();
+}
+
+void BrowseUserDialog::Fill()
+{
+    for (const LoginGroup &group : LoadLoginUsers()) {
+        auto *node = new QTreeWidgetItem({group.name});
+        node->setIcon(0, IconOf(Picture::Group));
+        tree->addTopLevelItem(node);
+        for (const LoginUser &user : group.users) {
+            auto *leaf = new QTreeWidgetItem(node, {user.name});
+            leaf->setIcon(0, IconOf(Picture::User));
+            leaf->setData(0, kUserRole, user.userId);
+            leaf->setData(0, kGroupRole, group.groupId);
+        }
+    }
+}
+
+void BrowseUserDialog::accept()
+{
+    const QTreeWidgetItem *node = tree->currentItem();
+    if (node == nullptr || node->parent() == nullptr) {
+        theApp->Messages().Tell(u"Please select username, not the groupname"_s,
+                                Prompt::Icon::Warning);
+        return;
+    }
+    // Two users may have one name: the one that was pointed at counts.
+    const bool known = FindUserByName(node->text(0)).has_value();
+    const FoundUser user {node->data(0, kUserRole).toUInt(), node->data(0, kGroupRole).toUInt()};
+    if (!known || hasLogin(user.userId)) {
+        theApp->Messages().Tell(known ? refusal : u"This user is no longer in the database"_s,
+                                Prompt::Icon::Warning);
+        return;
+    }
+    chosen = user;
+    chosenName = node->text(0);
+    QDialog::accept();
+}

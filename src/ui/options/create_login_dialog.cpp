@@ -1,0 +1,207 @@
+#include "ui/options/create_login_dialog.h"
+
+#include "app/administrator_app.h"
+#include "ui/common/accessible.h"
+#include "ui/common/ip_address_field.h"
+#include "ui/common/text_field.h"
+#include "ui/options/browse_user_dialog.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QLineEdit *PasswordField(const char *objectName)
+{
+    auto *field = new QLineEdit;
+    field->setObjectName(QLatin1String(objectName));
+    field->setEchoMode(QLineEdit::Password);
+    return field;
+}
+
+template <typename Button>
+Button *Named(const QString &text, const char *objectName)
+{
+    auto *button = new Button(text);
+    button->setObjectName(QLatin1String(objectName));
+    return button;
+}
+
+} // namespace
+
+CreateLoginDialog::CreateLoginDialog(LoginTable &logins,
+                                     std::optional<size_t> place,
+                                     QWidget *parent)
+    : QDialog(parent)
+    , table(logins)
+    , index(place)
+{
+    setWindowTitle(index ? u"Login properties"_s : u"Create login"_s);
+    Build();
+    Show(index ? table.Logins()[*index] : Login());
+}
+
+void CreateLoginDialog::Build()
+{
+    allowStats = Named<QCheckBox>(u"Allow access to personal statistics"_s, "allowStats");
+    guest = Named<QCheckBox>(u"This is a guest user"_s, "guest");
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(LoginBox());
+    column->addWidget(UserBox());
+    column->addWidget(LimitBox());
+    column->addWidget(allowStats);
+    column->addWidget(guest);
+    column->addStretch();
+    column->addWidget(buttons);
+    connect(buttons, &QDialogButtonBox::accepted, this, &CreateLoginDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &CreateLoginDialog::reject);
+}
+
+QWidget *CreateLoginDialog::LoginBox()
+{
+    auto *box = new QGroupBox(u"Login"_s);
+    name = new TextField;
+    name->setObjectName(u"name"_s);
+    password = PasswordField("password");
+    retyped = PasswordField("retyped");
+    auto *form = new QFormLayout(box);
+    form->addRow(LabelFor(u"Login name:"_s, *name), name);
+    form->addRow(LabelFor(u"Password:"_s, *password), password);
+    form->addRow(LabelFor(u"Re-type password:"_s, *retyped), retyped);
+    return box;
+}
+
+QWidget *CreateLoginDialog::UserBox()
+{
+    auto *box = new QGroupBox(u"User"_s);
+    bindToUser = Named<QCheckBox>(u"Bind this login to existing user"_s, "bindToUser");
+    user = new QLineEdit;
+    SetNames(*user, u"user"_s, u"Bound user"_s);
+    user->setReadOnly(true);
+    browse = Named<QPushButton>(u"Browse for user..."_s, "browse");
+    auto *row = new QHBoxLayout;
+    row->addWidget(user);
+    row->addWidget(browse);
+    auto *column = new QVBoxLayout(box);
+    column->addWidget(bindToUser);
+    column->addLayout(row);
+    connect(bindToUser, &QCheckBox::toggled, this, &CreateLoginDialog::EnableControls);
+    connect(browse, &QPushButton::clicked, this, &CreateLoginDialog::Browse);
+    return box;
+}
+
+QWidget *CreateLoginDialog::LimitBox()
+{
+    auto *box = new QGroupBox(u"Limit the workstation"_s);
+    noLimit = Named<QRadioButton>(u"No limit"_s, "noLimit");
+    byIp = Named<QRadioButton>(u"By IP address"_s, "byIp");
+    byMac = Named<QRadioButton>(u"By MAC address"_s, "byMac");
+    ip = new IpAddressField(u"IP address"_s);
+    ip->setObjectName(u"ip"_s);
+    mac = new TextField;
+    SetNames(*mac, u"mac"_s, u"MAC address"_s);
+    mac->setPlaceholderText(u"12 characters"_s);
+    auto *grid = new QGridLayout(box);
+    grid->addWidget(noLimit, 0, 0);
+    grid->addWidget(byIp, 1, 0);
+    grid->addWidget(ip, 1, 1);
+    grid->addWidget(byMac, 2, 0);
+    grid->addWidget(mac, 2, 1);
+    connect(byIp, &QRadioButton::toggled, this, &CreateLoginDialog::EnableControls);
+    connect(byMac, &QRadioButton::toggled, this, &CreateLoginDialog::EnableControls);
+    return box;
+}
+
+void CreateLoginDialog::Show(const Login &shown)
+{
+    login = shown;
+    name->setText(login.name);
+    // The row's key stays, and a stored login stays a guest's or not: no statement changes either.
+    name->setReadOnly(index.has_value());
+    guest->setEnabled(!index);
+    if (index) {
+        password->setPlaceholderText(u"unchanged"_s);
+        retyped->setPlaceholderText(u"unchanged"_s);
+    }
+    bindToUser->setChecked(login.userId != Login::kNobody);
+    user->setText(login.userName);
+    noLimit->setChecked(login.limit == Login::Limit::None);
+    byIp->setChecked(login.limit == Login::Limit::IpAddress);
+    byMac->setChecked(login.limit == Login::Limit::MacAddress);
+    if (const auto address = Ipv4From(login.limitIp)) {
+        ip->SetAddress(*address);
+    }
+    mac->setText(login.limitMac);
+    allowStats->setChecked(login.allowStats);
+    guest->setChecked(login.guest);
+    EnableControls();
+}
+
+void CreateLoginDialog::EnableControls()
+{
+    user->setEnabled(bindToUser->isChecked());
+    browse->setEnabled(bindToUser->isChecked());
+    ip->setEnabled(byIp->isChecked());
+    mac->setEnabled(byMac->isChecked());
+}
+
+void CreateLoginDialog::Browse()
+{
+    BrowseUserDialog dialog([this](quint32 userId) { return table.HasLogin(userId, index); },
+                            index ? u"This user already has login"_s
+                                  : u"This user already has login. Please select another user"_s,
+                            this);
+    if (dialog.exec() == Accepted) {
+        login.userId = dialog.Chosen().userId;
+        login.groupId = dialog.Chosen().groupId;
+        login.userName = dialog.ChosenName();
+        user->setText(login.userName);
+    }
+}
+
+LoginEntry CreateLoginDialog::Entry() const
+{
+    LoginEntry entry;
+    entry.login = login;
+    entry.login.name = name->text();
+    entry.login.allowStats = allowStats->isChecked();
+    entry.login.guest = guest->isChecked();
+    entry.bindToUser = bindToUser->isChecked();
+    if (byIp->isChecked()) {
+        const auto address = ip->Address();
+        entry.login.limit = Login::Limit::IpAddress;
+        entry.login.limitIp = address ? DottedText(*address) : QString();
+    } else if (byMac->isChecked()) {
+        entry.login.limit = Login::Limit::MacAddress;
+        entry.login.limitMac = mac->text();
+    } else {
+        entry.login.limit = Login::Limit::None;
+    }
+    entry.password = password->text();
+    entry.retyped = retyped->text();
+    entry.passwordTouched = password->isModified() || retyped->isModified();
+    return entry;
+}
+
+void CreateLoginDialog::accept()
+{
+    LoginEntry entry = Entry();
+    if (const auto problem = table.Check(entry, index)) {
+        theApp->Messages().Tell(*problem, Prompt::Icon::Warning);
+        return;
+    }
+    table.Put(entry, index);
+    password->clear();
+    retyped->clear();
+    QDialog::accept();
+}

@@ -1,0 +1,54 @@
+// "Create login", for a new login and for the properties of one that exists.
+#pragma once
+
+#include "admin/login_table.h"
+
+#include <QDialog>
+
+class IpAddressField;
+class QCheckBox;
+class QGroupBox;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class TextField;
+
+class CreateLoginDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // `index` is the place of the login to edit; nothing makes a new one. The table takes the login
+    // over on OK.
+    CreateLoginDialog(LoginTable &table, std::optional<size_t> index, QWidget *parent);
+
+    void accept() override;
+
+private:
+    void Build();
+    QWidget *LoginBox();
+    QWidget *UserBox();
+    QWidget *LimitBox();
+    void Show(const Login &login);
+    void EnableControls();
+    void Browse();
+    [[nodiscard]] LoginEntry Entry() const;
+
+    LoginTable &table;
+    std::optional<size_t> index;
+    Login login; // the bound user is kept here
+
+    TextField *name = nullptr;
+    QLineEdit *password = nullptr;
+    QLineEdit *retyped = nullptr;
+    QCheckBox *bindToUser = nullptr;
+    QLineEdit *user = nullptr;
+    QPushButton *browse = nullptr;
+    QRadioButton *noLimit = nullptr;
+    QRadioButton *byIp = nullptr;
+    QRadioButton *byMac = nullptr;
+    IpAddressField *ip = nullptr;
+    TextField *mac = nullptr;
+    QCheckBox *allowStats = nullptr;
+    QCheckBox *guest = nullptr;
+};

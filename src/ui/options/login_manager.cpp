@@ -1,0 +1,195 @@
+#include "ui/options/login_manager.h"
+
+#include "app/administrator_app.h"
+#include "ui/common/accessible.h"
+#include "ui/common/icons.h"
+#include "ui/options/create_login_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What the tree's entries show; a group's entry holds the group's id behind its kind.
+enum class Filter { AllGroups, Group, Guest, NoBind };
+
+constexpr int kFilterRole = Qt::UserRole;
+constexpr int kGroupRole = Qt::UserRole + 1;
+constexpr int kIndexRole = Qt::UserRole;
+
+QTreeWidgetItem *Entry(const QString &text, Filter filter, Picture picture, quint32 groupId = 0)
+{
+    auto *entry = new QTreeWidgetItem({text});
+    entry->setIcon(0, IconOf(picture));
+    entry->setData(0, kFilterRole, static_cast<int>(filter));
+    entry->setData(0, kGroupRole, groupId);
+    return entry;
+}
+
+QString BindAddress(const Login &login)
+{
+    switch (login.limit) {
+    case Login::Limit::IpAddress:
+        return login.limitIp;
+    case Login::Limit::MacAddress:
+        return login.limitMac;
+    case Login::Limit::None:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+LoginManager::LoginManager(QWidget *parent) : QDialog(parent)
+{
+    setWindowTitle(u"Login manager"_s);
+    table.Load();
+    Build();
+    FillTree();
+    FillList();
+}
+
+void LoginManager::Build()
+{
+    tree = new QTreeWidget;
+    SetNames(*tree, u"groups"_s, u"Groups"_s);
+    tree->setHeaderHidden(true);
+    list = new QTreeWidget;
+    SetNames(*list, u"logins"_s, u"Logins"_s);
+    list->setHeaderLabels({u"Login"_s, u"Bind to user"_s, u"Bind Address"_s});
+    list->setRootIsDecorated(false);
+    list->header()->resizeSection(0, 170);
+    list->header()->resizeSection(1, 170);
+    auto *panes = new QSplitter;
+    panes->addWidget(tree);
+    panes->addWidget(list);
+    panes->setStretchFactor(1, 1);
+    panes->setSizes({190, 480});
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto *create = buttons->addButton(u"Create..."_s, QDialogButtonBox::ActionRole);
+    edit = buttons->addButton(u"Properties"_s, QDialogButtonBox::ActionRole);
+    remove = buttons->addButton(u"Remove"_s, QDialogButtonBox::ActionRole);
+    create->setObjectName(u"create"_s);
+    edit->setObjectName(u"edit"_s);
+    remove->setObjectName(u"remove"_s);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(panes);
+    column->addWidget(buttons);
+    resize(720, 440);
+
+    connect(buttons, &QDialogButtonBox::accepted, this, &LoginManager::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &LoginManager::reject);
+    connect(create, &QPushButton::clicked, this, &LoginManager::Create);
+    connect(edit, &QPushButton::clicked, this, &LoginManager::Edit);
+    connect(remove, &QPushButton::clicked, this, &LoginManager::Remove);
+    connect(tree, &QTreeWidget::currentItemChanged, this, &LoginManager::FillList);
+    connect(list, &QTreeWidget::itemSelectionChanged, this, &LoginManager::EnableButtons);
+    connect(list, &QTreeWidget::itemDoubleClicked, this, &LoginManager::Edit);
+}
+
+void LoginManager::FillTree()
+{
+    auto *every = Entry(u"All groups"_s, Filter::AllGroups, Picture::Group);
+    tree->addTopLevelItem(every);
+    for (const LoginGroup &group : LoadLoginGroups()) {
+        every->addChild(Entry(group.name, Filter::Group, Picture::Group, group.groupId));
+    }
+    tree->addTopLevelItem(Entry(u"Guest"_s, Filter::Guest, Picture::User));
+    tree->addTopLevelItem(Entry(u"With no bind"_s, Filter::NoBind, Picture::User));
+    every->setExpanded(true);
+    tree->setCurrentItem(every);
+}
+
+void LoginManager::FillList()
+{
+    list->clear();
+    for (size_t index = 0; index < table.Logins().size(); ++index) {
+        const Login &login = table.Logins()[index];
+        if (!IsShown(login)) {
+            continue;
+        }
+        auto *row = new QTreeWidgetItem({login.name, login.userName, BindAddress(login)});
+        row->setIcon(0, IconOf(Picture::Logins));
+        row->setData(0, kIndexRole, static_cast<qulonglong>(index));
+        list->addTopLevelItem(row);
+    }
+    EnableButtons();
+}
+
+bool LoginManager::IsShown(const Login &login) const
+{
+    const QTreeWidgetItem *entry = tree->currentItem();
+    if (entry == nullptr) {
+        return true;
+    }
+    switch (static_cast<Filter>(entry->data(0, kFilterRole).toInt())) {
+    case Filter::Group:
+        return login.userId != Login::kNobody
+            && login.groupId == entry->data(0, kGroupRole).toUInt();
+    case Filter::Guest:
+        return login.guest;
+    case Filter::NoBind:
+        return login.userId == Login::kNobody;
+    case Filter::AllGroups:
+        break;
+    }
+    return true;
+}
+
+std::optional<size_t> LoginManager::Selected() const
+{
+    const auto rows = list->selectedItems();
+    if (rows.isEmpty()) {
+        return std::nullopt;
+    }
+    return rows.first()->data(0, kIndexRole).toULongLong();
+}
+
+void LoginManager::EnableButtons()
+{
+    edit->setEnabled(Selected().has_value());
+    remove->setEnabled(Selected().has_value());
+}
+
+void LoginManager::Create()
+{
+    if (CreateLoginDialog(table, {}, this).exec() == Accepted) {
+        FillList();
+    }
+}
+
+void LoginManager::Edit()
+{
+    const auto index = Selected();
+    if (index && CreateLoginDialog(table, index, this).exec() == Accepted) {
+        FillList();
+    }
+}
+
+void LoginManager::Remove()
+{
+    const auto index = Selected();
+    if (index && theApp->Messages().Ask(u"Remove this login from the database?"_s)) {
+        table.Remove(*index);
+        FillList();
+    }
+}
+
+void LoginManager::accept()
+{
+    table.Save(theApp->Messages());
+    QDialog::accept();
+}
+
+void OpenLoginManager(QWidget *parent)
+{
+    LoginManager(parent).exec();
+}

@@ -1,0 +1,285 @@
+#include "ui/options/purge_dialog.h"
+
+#include "app/administrator_app.h"
+#include "base/painted_work.h"
+#include "service/service_guard.h"
+#include "ui/common/accessible.h"
+
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum OutcomeColumn { Table, WouldGo, Removed };
+
+template <typename Button>
+Button *Named(const QString &text, const char *objectName)
+{
+    auto *button = new Button(text);
+    button->setObjectName(QString::fromLatin1(objectName));
+    return button;
+}
+
+QDateEdit *DayPicker(const char *objectName)
+{
+    auto *picker = new QDateEdit(Today());
+    picker->setObjectName(QString::fromLatin1(objectName));
+    picker->setCalendarPopup(true);
+    picker->setDisplayFormat(u"yyyy-MM-dd"_s);
+    return picker;
+}
+
+QString TableTitle(const QString &table)
+{
+    static const QHash<QString, QString> titles {
+        {u"users"_s, u"Users"_s},
+        {u"traffic_use"_s, u"Traffic records"_s},
+        {u"time_use"_s, u"Time records"_s},
+        {u"billing"_s, u"Limits and credits"_s},
+        {u"sites"_s, u"Sites"_s},
+        {u"siteaccess"_s, u"Visits to sites"_s},
+    };
+    return titles.value(table, table);
+}
+
+QString Number(qint64 number)
+{
+    return QLocale().toString(number);
+}
+
+} // namespace
+
+PurgeDialog::PurgeDialog(QWidget *parent) : QDialog(parent)
+{
+    setWindowTitle(u"Purge database"_s);
+    Build();
+    byPeriod->setChecked(true);
+    lastMonth->setChecked(true);
+    EnableControls();
+}
+
+void PurgeDialog::Build()
+{
+    auto *tip = new QLabel(u"You may purge all information in  your   database   or  select "
+                           "particular time  period  on  the right of this window"_s);
+    tip->setWordWrap(true);
+    purge = Named<QPushButton>(u"Purge"_s, "purge");
+    auto *help = Named<QPushButton>(u"Help"_s, "help");
+    close = Named<QPushButton>(u"Close"_s, "close");
+    auto *buttons = new QDialogButtonBox;
+    buttons->addButton(purge, QDialogButtonBox::ActionRole);
+    buttons->addButton(help, QDialogButtonBox::HelpRole);
+    buttons->addButton(close, QDialogButtonBox::RejectRole);
+    close->setDefault(true);
+    connect(purge, &QPushButton::clicked, this, &PurgeDialog::Purge);
+    connect(close, &QPushButton::clicked, this, &PurgeDialog::reject);
+    connect(help, &QPushButton::clicked, this, [] {
+        theApp->Messages().Tell(u"The records of the days that you keep stay in the database; all "
+                                "older and newer ones are removed for good. Visits to sites are "
+                                "removed only together with all other information."_s);
+    });
+
+    auto *choices = new QHBoxLayout;
+    choices->addWidget(ModeBox(), 1);
+    choices->addWidget(PeriodBox(), 1);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(tip);
+    column->addLayout(choices);
+    column->addWidget(OutcomeBox());
+    column->addWidget(buttons);
+}
+
+QWidget *PurgeDialog::ModeBox()
+{
+    auto *box = new QGroupBox(u"Information to remove"_s);
+    all = Named<QRadioButton>(u"Purge all information"_s, "all");
+    deleteUsers = Named<QCheckBox>(u"Delete all users"_s, "deleteUsers");
+    byPeriod = Named<QRadioButton>(u"Purge for the selected period"_s, "byPeriod");
+    auto *indented = new QHBoxLayout;
+    indented->addSpacing(20);
+    indented->addWidget(deleteUsers);
+    auto *column = new QVBoxLayout(box);
+    column->addWidget(all);
+    column->addLayout(indented);
+    column->addWidget(byPeriod);
+    column->addStretch();
+    connect(all, &QRadioButton::toggled, this, &PurgeDialog::EnableControls);
+    return box;
+}
+
+QWidget *PurgeDialog::PeriodBox()
+{
+    periodBox = new QGroupBox(u"Save data for period of time"_s);
+    today = Named<QRadioButton>(u"Today"_s, "today");
+    lastWeek = Named<QRadioButton>(u"Last week"_s, "lastWeek");
+    lastMonth = Named<QRadioButton>(u"Last month"_s, "lastMonth");
+    custom = Named<QRadioButton>(u"Custom"_s, "custom");
+    since = DayPicker("since");
+    until = DayPicker("until");
+    auto *range = new QFormLayout;
+    range->setContentsMargins(20, 0, 0, 0);
+    range->addRow(LabelFor(u"Since:"_s, *since), since);
+    range->addRow(LabelFor(u"Until:"_s, *until), until);
+    auto *column = new QVBoxLayout(periodBox);
+    for (auto *choice : {today, lastWeek, lastMonth, custom}) {
+        column->addWidget(choice);
+    }
+    column->addLayout(range);
+    connect(custom, &QRadioButton::toggled, this, &PurgeDialog::EnableControls);
+    return periodBox;
+}
+
+QWidget *PurgeDialog::OutcomeBox()
+{
+    auto *box = new QWidget;
+    outcome = new QTreeWidget;
+    SetNames(*outcome, u"outcome"_s, u"Rows by table"_s);
+    outcome->setHeaderLabels({u"Table"_s, u"Rows to remove"_s, u"Rows removed"_s});
+    outcome->setRootIsDecorated(false);
+    outcome->header()->setSectionResizeMode(QHeaderView::Stretch);
+    outcome->setMinimumHeight(8 * fontMetrics().height());
+    progress = new QProgressBar;
+    SetNames(*progress, u"progress"_s, u"Progress of the purge"_s);
+    progress->setValue(0);
+    doing = new QLabel(u"The rows are counted when you press \"Purge\", before anything goes."_s);
+    doing->setObjectName(u"doing"_s);
+    auto *column = new QVBoxLayout(box);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(outcome);
+    column->addWidget(doing);
+    column->addWidget(progress);
+    return box;
+}
+
+void PurgeDialog::EnableControls()
+{
+    deleteUsers->setEnabled(all->isChecked());
+    periodBox->setEnabled(byPeriod->isChecked());
+    since->setEnabled(custom->isChecked());
+    until->setEnabled(custom->isChecked());
+}
+
+PurgeChoice PurgeDialog::Choice() const
+{
+    if (all->isChecked()) {
+        return {PurgeChoice::Keep::Nothing, deleteUsers->isChecked(), {}, {}};
+    }
+    if (custom->isChecked()) {
+        return {PurgeChoice::Keep::Custom, false, since->date(), until->date()};
+    }
+    if (lastMonth->isChecked()) {
+        return {PurgeChoice::Keep::LastMonth, false, {}, {}};
+    }
+    const auto keep =
+        lastWeek->isChecked() ? PurgeChoice::Keep::LastWeek : PurgeChoice::Keep::Today;
+    return {keep, false, {}, {}};
+}
+
+bool PurgeDialog::IsPeriodInOrder()
+{
+    const bool isCustom = byPeriod->isChecked() && custom->isChecked();
+    if (!isCustom || since->date() <= until->date()) {
+        return true;
+    }
+    theApp->Messages().Tell(
+        u"You entered incorrect time period. Please re-enter one of the dates"_s,
+        Prompt::Icon::Warning);
+    until->setDate(since->date());
+    until->setFocus();
+    return false;
+}
+
+void PurgeDialog::Purge()
+{
+    if (busy || !IsPeriodInOrder()) {
+        return;
+    }
+    SetBusy(true);
+    const auto steps = PurgeSteps(Choice(), Today());
+    std::vector<PurgeCount> counts;
+    doing->setText(u"Counting the rows to remove..."_s);
+    RunPainted([&] { counts = CountPurge(steps); });
+    ShowCounts(counts);
+    doing->clear();
+    const bool yes = theApp->Messages().Ask(
+        u"This will erase the particular information from your database. Continue?"_s);
+    if (yes) {
+        RunSteps(steps);
+        theApp->Messages().Tell(u"Purge complete"_s);
+    }
+    SetBusy(false);
+}
+
+void PurgeDialog::ShowCounts(const std::vector<PurgeCount> &counts)
+{
+    outcome->clear();
+    for (const PurgeCount &count : counts) {
+        auto *row = new QTreeWidgetItem({TableTitle(count.table), Number(count.rows), {}});
+        row->setData(Table, Qt::UserRole, count.table);
+        for (const auto column : {WouldGo, Removed}) {
+            row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+        }
+        outcome->addTopLevelItem(row);
+    }
+}
+
+void PurgeDialog::RunSteps(const std::vector<PurgeStep> &steps)
+{
+    progress->setRange(0, static_cast<int>(steps.size()));
+    for (size_t step = 0; step < steps.size(); ++step) {
+        doing->setText(u"Removing from: %1"_s.arg(TableTitle(QLatin1String(steps[step].table))));
+        progress->setValue(static_cast<int>(step));
+        std::optional<qint64> rows;
+        RunPainted([&] { rows = RunPurgeStep(steps[step]); });
+        ShowRemoved(steps[step], rows);
+    }
+    progress->setValue(static_cast<int>(steps.size()));
+    doing->clear();
+}
+
+void PurgeDialog::ShowRemoved(const PurgeStep &step, std::optional<qint64> rows)
+{
+    for (int index = 0; index < outcome->topLevelItemCount(); ++index) {
+        QTreeWidgetItem *row = outcome->topLevelItem(index);
+        if (row->data(Table, Qt::UserRole).toString() != QLatin1String(step.table)) {
+            continue;
+        }
+        const qint64 before = row->data(Removed, Qt::UserRole).toLongLong();
+        row->setData(Removed, Qt::UserRole, before + rows.value_or(0));
+        row->setText(Removed, rows ? Number(before + *rows) : u"failed"_s);
+    }
+}
+
+void PurgeDialog::SetBusy(bool nowBusy)
+{
+    busy = nowBusy;
+    purge->setEnabled(!busy);
+    close->setEnabled(!busy);
+}
+
+void PurgeDialog::reject()
+{
+    if (!busy) {
+        QDialog::reject();
+    }
+}
+
+void OpenPurge(QWidget *parent)
+{
+    if (PurgeMayOpen(theApp->Control(), theApp->Messages())) {
+        PurgeDialog(parent).exec();
+    }
+}

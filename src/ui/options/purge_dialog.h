@@ -1,0 +1,59 @@
+// "Purge database": removes usage, credit and site-access records, all or all but a period.
+#pragma once
+
+#include "admin/purge.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QDateEdit;
+class QGroupBox;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+class QTreeWidget;
+
+class PurgeDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit PurgeDialog(QWidget *parent);
+
+    void reject() override;
+
+private:
+    void Build();
+    QWidget *ModeBox();
+    QWidget *PeriodBox();
+    QWidget *OutcomeBox();
+    void EnableControls();
+    [[nodiscard]] PurgeChoice Choice() const;
+    [[nodiscard]] bool IsPeriodInOrder();
+    void Purge();
+    void ShowCounts(const std::vector<PurgeCount> &counts);
+    void RunSteps(const std::vector<PurgeStep> &steps);
+    void ShowRemoved(const PurgeStep &step, std::optional<qint64> rows);
+    void SetBusy(bool busy);
+
+    QRadioButton *all = nullptr;
+    QRadioButton *byPeriod = nullptr;
+    QCheckBox *deleteUsers = nullptr;
+    QGroupBox *periodBox = nullptr;
+    QRadioButton *today = nullptr;
+    QRadioButton *lastWeek = nullptr;
+    QRadioButton *lastMonth = nullptr;
+    QRadioButton *custom = nullptr;
+    QDateEdit *since = nullptr;
+    QDateEdit *until = nullptr;
+    QTreeWidget *outcome = nullptr;
+    QProgressBar *progress = nullptr;
+    QLabel *doing = nullptr;
+    QPushButton *purge = nullptr;
+    QPushButton *close = nullptr;
+    bool busy = false;
+};
+
+// The "Purge database..." command: it runs only while the accounting service is stopped.
+void OpenPurge(QWidget *parent);
