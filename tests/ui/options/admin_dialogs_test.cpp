@@ -1,0 +1,264 @@
+#include "support/windows/modal.h"
+#include "support/windows/widgets.h"
+#include "support/windows/window_fixture.h"
+#include "ui/common/ip_address_field.h"
+#include "ui/options/login_manager.h"
+#include "ui/options/purge_dialog.h"
+#include "ui/options/unmonitored_dialog.h"
+
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+class AdminDialogs : public WindowFixture
+{
+protected:
+    static void Press(QDialog &dialog, QDialogButtonBox::StandardButton which)
+    {
+        Click(*dialog.findChild<QDialogButtonBox *>()->button(which));
+    }
+
+    static QStringList Rows(const char *sql) { return RowsOf(sql); }
+};
+
+class UnmonitoredWindow : public AdminDialogs
+{ };
+
+TEST_F(UnmonitoredWindow, BringsBackTheSelectedUsersOnly)
+{
+    for (const auto *name : {"ann", "bob", "cid", "dan"}) {
+        Execute("INSERT INTO users (username, ip_addr, group_id, monitored) VALUES ((?), "
+                "'10.0.0.1', 80, false)",
+                QString::fromLatin1(name));
+    }
+    UnmonitoredDialog dialog(nullptr);
+    dialog.show();
+    auto &list = Find<QListWidget>(dialog, "users");
+    EXPECT_EQ(RowTexts(list)[0], u"ann(10.0.0.1)"_s);
+    EXPECT_FALSE(Find<QPushButton>(dialog, "monitor").isEnabled());
+    ClickCell(list, 1, 0);
+    ClickCell(list, 3, 0, Qt::ControlModifier);
+    Grab(dialog, u"unmonitored"_s);
+    Click(dialog, "monitor");
+    EXPECT_FALSE(Find<QPushButton>(dialog, "monitor").isEnabled());
+    EXPECT_EQ(Rows("SELECT username FROM users WHERE monitored = true ORDER BY username"),
+              (QStringList {u"bob"_s, u"dan"_s}));
+    // The list and its ids still correspond row for row.
+    ClickCell(list, 1, 0);
+    Click(dialog, "monitor");
+    EXPECT_EQ(Rows("SELECT username FROM users WHERE monitored = false"), QStringList {u"ann"_s});
+}
+
+class PurgeWindow : public AdminDialogs
+{
+protected:
+    void SetUp() override
+    {
+        AdminDialogs::SetUp();
+        for (const Day day : {Day {2026, 3, 1}, Day {2026, 3, 2}, Day {2026, 3, 9}}) {
+            Execute("INSERT INTO traffic_use (user_id, period, current_time, data) VALUES "
+                    "(1, 0, (?), 1)",
+                    day);
+        }
+        Execute("INSERT INTO users (username, group_id) VALUES ('ann', 80)");
+        Execute("INSERT INTO sites (sitename) VALUES ('example.org')");
+    }
+
+    const TodayOverride today {{2026, 3, 9}};
+};
+
+TEST_F(PurgeWindow, ShowsWhatWouldGoAndLeavesItOnNo)
+{
+    PurgeDialog dialog(nullptr);
+    dialog.show();
+    EXPECT_FALSE(Find<QDateEdit>(dialog, "since").isEnabled());
+    EXPECT_FALSE(Find<QCheckBox>(dialog, "deleteUsers").isEnabled());
+    Click(dialog, "today");
+    const QStringList before = EveryRow();
+    Click(dialog, "purge");
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList {
+                  u"This will erase the particular information from your database. Continue?"_s});
+    EXPECT_EQ(RowTexts(Find<QTreeWidget>(dialog, "outcome"))[0], u"Traffic records|2|"_s);
+    EXPECT_EQ(EveryRow(), before);
+}
+
+TEST_F(PurgeWindow, RemovesWhatIsOlderThanThePeriod)
+{
+    PurgeDialog dialog(nullptr);
+    dialog.show();
+    Click(dialog, "lastWeek"); // from 3 March on
+    prompt.AnswerWith({true});
+    Click(dialog, "purge");
+    EXPECT_EQ(prompt.TakeSaid().last(), u"Purge complete"_s);
+    EXPECT_EQ(RowTexts(Find<QTreeWidget>(dialog, "outcome"))[0], u"Traffic records|2|2"_s);
+    Grab(dialog, u"purge"_s);
+    EXPECT_EQ(Rows("SELECT current_time FROM traffic_use"), QStringList {u"2026-03-09"_s});
+    EXPECT_EQ(Rows("SELECT sitename FROM sites").size(), 1);
+}
+
+TEST_F(PurgeWindow, RefusesAPeriodThatEndsBeforeItBegins)
+{
+    PurgeDialog dialog(nullptr);
+    dialog.show();
+    Click(dialog, "custom");
+    Find<QDateEdit>(dialog, "until").setDate({2026, 3, 1});
+    Find<QDateEdit>(dialog, "since").setDate({2026, 3, 2});
+    Click(dialog, "purge");
+    EXPECT_EQ(
+        prompt.TakeSaid(),
+        QStringList {u"You entered incorrect time period. Please re-enter one of the dates"_s});
+    EXPECT_EQ(Find<QDateEdit>(dialog, "until").date(), QDate(2026, 3, 2));
+    EXPECT_EQ(Rows("SELECT current_time FROM traffic_use").size(), 3);
+    // The same day at both ends keeps exactly that day.
+    prompt.AnswerWith({true});
+    Click(dialog, "purge");
+    EXPECT_EQ(Rows("SELECT current_time FROM traffic_use"), QStringList {u"2026-03-02"_s});
+}
+
+TEST_F(PurgeWindow, AllInformationGoesAndUsersOnlyWhenAsked)
+{
+    for (const bool users : {false, true}) {
+        PurgeDialog dialog(nullptr);
+        dialog.show();
+        Click(dialog, "all");
+        if (users) {
+            Click(dialog, "deleteUsers");
+        }
+        prompt.AnswerWith({true});
+        Click(dialog, "purge");
+        EXPECT_TRUE(Rows("SELECT current_time FROM traffic_use").isEmpty());
+        EXPECT_TRUE(Rows("SELECT sitename FROM sites").isEmpty());
+        EXPECT_EQ(Rows("SELECT username FROM users").isEmpty(), users);
+    }
+}
+
+class LoginWindow : public AdminDialogs
+{
+protected:
+    void SetUp() override
+    {
+        AdminDialogs::SetUp();
+        Execute("INSERT INTO users (username, group_id) VALUES ('ann', 80)");
+        Execute("INSERT INTO users (username, group_id) VALUES ('bob', 80)");
+        Execute("INSERT INTO Logins (login, Pwd, userid) VALUES ('ann1', 'old', (?))",
+                FindUserByName(u"ann"_s)->userId);
+        Execute("INSERT INTO Logins (login, Pwd, userid, Virtual) VALUES ('g', 'old', 0, 1)");
+    }
+
+    // The tree's entry with this text becomes the current one.
+    static void Browse(QTreeWidget &tree, const QString &text)
+    {
+        const auto found = tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+        ASSERT_EQ(found.size(), 1) << qPrintable(text);
+        tree.setCurrentItem(found.first());
+    }
+};
+
+TEST_F(LoginWindow, TheTreeFiltersTheList)
+{
+    LoginManager manager(nullptr);
+    manager.show();
+    auto &tree = Find<QTreeWidget>(manager, "groups");
+    auto &list = Find<QTreeWidget>(manager, "logins");
+    const std::pair<QString, QStringList> shown[] = {
+        {u"All groups"_s, {u"ann1|ann|"_s, u"g||"_s}},
+        {u"Everybody"_s, {u"ann1|ann|"_s}},
+        {u"Guest"_s, {u"g||"_s}},
+        {u"With no bind"_s, {u"g||"_s}},
+    };
+    for (const auto &[entry, rows] : shown) {
+        Browse(tree, entry);
+        EXPECT_EQ(RowTexts(list), rows) << qPrintable(entry);
+    }
+}
+
+TEST_F(LoginWindow, ANewLoginIsBoundLimitedAndStoredOnOk)
+{
+    LoginManager manager(nullptr);
+    manager.show();
+    const WhileModal creating([&](QDialog &dialog) {
+        Type(Find(dialog, "name"), u"bob1"_s);
+        Type(Find(dialog, "password"), u"secret"_s);
+        Type(Find(dialog, "retyped"), u"secret"_s);
+        Click(dialog, "bindToUser");
+        {
+            const WhileModal browsing([&](QDialog &browser) {
+                auto &users = Find<QTreeWidget>(browser, "users");
+                Press(browser, QDialogButtonBox::Ok);
+                EXPECT_EQ(prompt.TakeSaid(),
+                          QStringList {u"Please select username, not the groupname"_s});
+                Browse(users, u"ann"_s);
+                Press(browser, QDialogButtonBox::Ok);
+                EXPECT_EQ(
+                    prompt.TakeSaid(),
+                    QStringList {u"This user already has login. Please select another user"_s});
+                Browse(users, u"bob"_s);
+                Press(browser, QDialogButtonBox::Ok);
+            });
+            Click(dialog, "browse");
+        }
+        Click(dialog, "byIp");
+        Press(dialog, QDialogButtonBox::Ok);
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList {u"You entered incorrect IP address. Please re-enter address"_s});
+        Find<IpAddressField>(dialog, "ip").SetAddress(0x0A000007);
+        Grab(dialog, u"create-login"_s);
+        Press(dialog, QDialogButtonBox::Ok);
+    });
+    Click(manager, "create");
+    EXPECT_EQ(Rows("SELECT login FROM logins").size(), 2); // not before OK
+    Grab(manager, u"login-manager"_s);
+    Press(manager, QDialogButtonBox::Ok);
+    EXPECT_EQ(Rows("SELECT login, LimitPC, LimitPCMode, LimitIP, Pwd FROM logins WHERE login = "
+                   "'bob1'"),
+              QStringList {u"bob1|1|0|10.0.0.7|b 6d1c2fee12fde2cf6fd690a11b24c3"_s});
+}
+
+TEST_F(LoginWindow, AnEditedLoginKeepsItsPasswordUnlessItIsTyped)
+{
+    for (const bool typed : {false, true}) {
+        LoginManager manager(nullptr);
+        manager.show();
+        auto &list = Find<QTreeWidget>(manager, "logins");
+        const WhileModal editing([&](QDialog &dialog) {
+            EXPECT_FALSE(Find<QCheckBox>(dialog, "guest").isEnabled());
+            Click(dialog, "allowStats");
+            if (typed) {
+                Type(Find(dialog, "password"), u"secret"_s);
+                Type(Find(dialog, "retyped"), u"secret"_s);
+            }
+            Press(dialog, QDialogButtonBox::Ok);
+        });
+        ClickCell(list, 0, 0);
+        Click(manager, "edit");
+        Press(manager, QDialogButtonBox::Ok);
+        EXPECT_EQ(Rows("SELECT Pwd FROM logins WHERE login = 'ann1'"),
+                  QStringList {typed ? u"b 6d1c2fee12fde2cf6fd690a11b24c3"_s : u"old"_s});
+    }
+}
+
+TEST_F(LoginWindow, RemoveAsksAndCancelKeepsEverything)
+{
+    const QStringList before = EveryRow();
+    LoginManager manager(nullptr);
+    manager.show();
+    auto &list = Find<QTreeWidget>(manager, "logins");
+    ClickCell(list, 0, 0);
+    Click(manager, "remove");
+    EXPECT_EQ(prompt.TakeSaid(), QStringList {u"Remove this login from the database?"_s});
+    EXPECT_EQ(RowTexts(list).size(), 2);
+    prompt.AnswerWith({true});
+    ClickCell(list, 0, 0);
+    Click(manager, "remove");
+    EXPECT_EQ(RowTexts(list), QStringList {u"g||"_s});
+    Press(manager, QDialogButtonBox::Cancel);
+    EXPECT_EQ(EveryRow(), before);
+}
