@@ -73,16 +73,25 @@ void LoginManager::Build()
     panes->setStretchFactor(1, 1);
     panes->setSizes({190, 480});
 
+    const auto commandButton = [](const QString &text, const char *objectName) {
+        auto *button = new QPushButton(text);
+        button->setObjectName(QLatin1String(objectName));
+        button->setAutoDefault(false);
+        return button;
+    };
+    auto *create = commandButton(u"Create..."_s, "create");
+    edit = commandButton(u"Properties"_s, "edit");
+    remove = commandButton(u"Remove"_s, "remove");
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    auto *create = buttons->addButton(u"Create..."_s, QDialogButtonBox::ActionRole);
-    edit = buttons->addButton(u"Properties"_s, QDialogButtonBox::ActionRole);
-    remove = buttons->addButton(u"Remove"_s, QDialogButtonBox::ActionRole);
-    create->setObjectName(u"create"_s);
-    edit->setObjectName(u"edit"_s);
-    remove->setObjectName(u"remove"_s);
+    auto *bottom = new QHBoxLayout;
+    for (QPushButton *part : {create, edit, remove}) {
+        bottom->addWidget(part);
+    }
+    bottom->addStretch();
+    bottom->addWidget(buttons);
     auto *column = new QVBoxLayout(this);
     column->addWidget(panes);
-    column->addWidget(buttons);
+    column->addLayout(bottom);
     resize(720, 440);
 
     connect(buttons, &QDialogButtonBox::accepted, this, &LoginManager::accept);

@@ -148,6 +148,9 @@ QWidget *PurgeDialog::OutcomeBox()
     outcome = new QTreeWidget;
     SetNames(*outcome, u"outcome"_s, u"Rows by table"_s);
     outcome->setHeaderLabels({u"Table"_s, u"Rows to remove"_s, u"Rows removed"_s});
+    for (const auto column : {WouldGo, Removed}) {
+        outcome->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    }
     outcome->setRootIsDecorated(false);
     outcome->header()->setSectionResizeMode(QHeaderView::Stretch);
     outcome->setMinimumHeight(8 * fontMetrics().height());
