@@ -65,6 +65,9 @@ inline constexpr TextValue kTimer {K::Base, "timer"}; // database update period,
 inline constexpr TextValue kNic {K::Base, "NIC"}; // description of the chosen adapter
 inline constexpr TextValue kIdentMode {K::Base, "IdentMode"}; // 0 IP, 1 MAC, 2 Windows user name
 inline constexpr TextValue kControlMac {K::Base, "ControlMAC"}; // flag
+// The global options sheet and the setup wizard write the same two values in spellings of their own.
+inline constexpr TextValue kIdentModeGlobal {K::Base, "identmode"};
+inline constexpr TextValue kControlMacGlobal {K::Base, "ControlMac"};
 inline constexpr TextValue kAuthPort {K::Base, "AuthPort"}; // TCP port
 inline constexpr TextValue kAuthReqNew {K::Base, "AuthReqNew"}; // flag
 inline constexpr TextValue kAllowNotLogged {K::Base, "AllowNotLogged"}; // flag
@@ -85,6 +88,7 @@ inline constexpr TextValue kRangeNum {K::LocalIp, "rangenum"}; // how many range
 inline constexpr NumberFamily kNet {K::LocalIp, "net"};
 inline constexpr NumberFamily kMask {K::LocalIp, "mask"};
 inline constexpr NumberFamily kExclude {K::LocalIp, "exclude"};
+inline constexpr NumberFamily kExcludeWizard {K::LocalIp, "Exclude"}; // as the setup wizard writes
 
 // The profile of a newly seen user; the codes are those of the users table.
 inline constexpr TextValue kDefMode {K::DefProfile, "Mode"};

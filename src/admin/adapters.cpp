@@ -1,0 +1,88 @@
+#include "admin/adapters.h"
+
+#include "config/config_store.h"
+
+#include <QNetworkInterface>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kDevicePathLength = 15; // \Device\Packet_
+
+QString KindOf(QNetworkInterface::InterfaceType type)
+{
+    switch (type) {
+    case QNetworkInterface::Ethernet:
+        return u"Ethernet adapter"_s;
+    case QNetworkInterface::Wifi:
+        return u"Wireless adapter"_s;
+    case QNetworkInterface::Ppp:
+    case QNetworkInterface::Slip:
+        return u"Point-to-point adapter"_s;
+    case QNetworkInterface::Virtual:
+        return u"Virtual adapter"_s;
+    default:
+        return u"Network adapter"_s;
+    }
+}
+
+Adapter AdapterOf(const QNetworkInterface &interface)
+{
+    Adapter adapter;
+    adapter.name = interface.name();
+    adapter.description = KindOf(interface.type()) + u' ' + interface.humanReadableName();
+    adapter.hidden = interface.flags().testFlag(QNetworkInterface::IsLoopBack);
+    for (const QNetworkAddressEntry &entry : interface.addressEntries()) {
+        if (entry.ip().protocol() == QAbstractSocket::IPv4Protocol) {
+            adapter.address = entry.ip().toIPv4Address();
+            adapter.prefixLength = static_cast<quint32>(std::max(0, entry.prefixLength()));
+            break;
+        }
+    }
+    return adapter;
+}
+
+} // namespace
+
+QList<Adapter> SystemAdapters()
+{
+    QList<Adapter> adapters;
+    for (const QNetworkInterface &interface : QNetworkInterface::allInterfaces()) {
+        adapters.append(AdapterOf(interface));
+    }
+    return adapters;
+}
+
+QList<Adapter> Selectable(const QList<Adapter> &adapters)
+{
+    QList<Adapter> selectable = adapters;
+    selectable.removeIf([](const Adapter &adapter) { return adapter.hidden; });
+    return selectable;
+}
+
+const Adapter *FindAdapter(const QList<Adapter> &adapters, const QString &description)
+{
+    const auto found = std::ranges::find_if(adapters, [&description](const Adapter &adapter) {
+        return !adapter.hidden && adapter.description == description;
+    });
+    return found == adapters.cend() ? nullptr : &*found;
+}
+
+std::optional<QString> CaptureBinding(const ConfigStore &store)
+{
+    const auto text = store.ReadText(values::kCaptureExport);
+    return text ? std::optional(text->mid(kDevicePathLength)) : std::nullopt;
+}
+
+std::optional<QString> BoundAdapter(const ConfigStore &store)
+{
+    return CaptureBinding(store) ? store.ReadText(values::kBoundNic) : std::nullopt;
+}
+
+void BindAdapter(const ConfigStore &store, const Adapter &adapter)
+{
+    store.WriteText(values::kBoundNic, adapter.description);
+}

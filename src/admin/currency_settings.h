@@ -1,0 +1,86 @@
+// The traffic price and the one further currency that an operator may define beside the base unit.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class ConfigStore;
+
+struct CurrencySettings
+{
+    enum Use { kNone = 0, kDefined = 1, kInUse = 2 }; // "curuse"
+
+    int use = kNone;
+    QString name; // "currencyname"
+    QString symbol; // "currencysymbol", upper case
+    double rate = 1.0; // "currencyrate": currency per base unit
+    double trafficPrice = 0.0; // "trafprice" under Price: base units per megabyte
+
+    bool operator==(const CurrencySettings &) const = default;
+};
+
+// A row of the currency list. Row 0 is the base unit: "units", "UN", "1"; row 1 the defined one.
+struct CurrencyRow
+{
+    QString name;
+    QString symbol;
+    QString rate; // with two decimals
+};
+
+constexpr int kBaseCurrencyRow = 0;
+
+[[nodiscard]] QList<CurrencyRow> CurrencyRows(const CurrencySettings &settings);
+
+// The symbol in use, at most 10 characters.
+[[nodiscard]] QString UsedSymbol(const CurrencySettings &settings);
+
+enum class CurrencyProblem {
+    SymbolMissing,
+    RateMissing,
+    DeletesBase,
+    EditsBase,
+    NothingToDelete,
+    NothingToEdit,
+    NothingToSet
+};
+
+// What a person is told about it.
+[[nodiscard]] QString TextOf(CurrencyProblem problem);
+
+// What the "Add currency" dialog holds.
+struct CurrencyEntry
+{
+    QString symbol;
+    QString title;
+    QString rate = QStringLiteral("1.00");
+};
+
+// The entry that the dialog opens with for the defined currency; its parts are cut as they were
+// shown: 15 characters of the title, 5 of the symbol and of the rate.
+[[nodiscard]] CurrencyEntry EntryOf(const CurrencySettings &settings);
+
+[[nodiscard]] std::optional<CurrencyProblem> CheckEntry(const CurrencyEntry &entry);
+
+// The currency becomes defined, and is not in use.
+void AddCurrency(CurrencySettings &settings, const CurrencyEntry &entry);
+
+// Takes what differs from `shown`, the entry that the dialog opened with: a part that was cut to be
+// shown and was not touched stays whole.
+void ChangeCurrency(CurrencySettings &settings,
+                    const CurrencyEntry &shown,
+                    const CurrencyEntry &entry);
+
+// `row` is nothing while none is selected.
+[[nodiscard]] std::optional<CurrencyProblem> CheckDelete(std::optional<int> row);
+[[nodiscard]] std::optional<CurrencyProblem> CheckEdit(std::optional<int> row);
+void DeleteCurrency(CurrencySettings &settings);
+[[nodiscard]] std::optional<CurrencyProblem> SetCurrency(CurrencySettings &settings,
+                                                         std::optional<int> row);
+
+// Amounts are shown with two decimals.
+[[nodiscard]] QString AmountText(double amount);
+
+[[nodiscard]] CurrencySettings LoadCurrency(const ConfigStore &store, qsizetype bufferBytes);
+void SaveCurrency(const ConfigStore &store, const CurrencySettings &settings);

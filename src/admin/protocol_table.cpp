@@ -1,0 +1,122 @@
+#include "admin/protocol_table.h"
+
+#include "base/prompt.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+QString TextOf(ProtocolProblem problem)
+{
+    switch (problem) {
+    case ProtocolProblem::NameMissing:
+        return u"Enter protocol title please"_s;
+    case ProtocolProblem::ProtocolListed:
+        return u"This protocol is already in the list!"_s;
+    case ProtocolProblem::PortListed:
+        return u"This port is already in list!"_s;
+    case ProtocolProblem::PortOutOfRange:
+        return u"Enter a port number between 1 and %1 please"_s.arg(kHighestPort);
+    case ProtocolProblem::TooManyProtocols:
+        return u"You can not add more than %1 protocols"_s.arg(kMaxProtocols);
+    case ProtocolProblem::TooManyPorts:
+        return u"You can not add more than %1 ports to a protocol"_s.arg(kMaxPorts);
+    }
+    Q_UNREACHABLE();
+}
+
+ProtocolTable::ProtocolTable(QList<Protocol> listed, QList<Protocol> removed)
+    : protocols(std::move(listed))
+    , removedProtocols(std::move(removed))
+{ }
+
+qsizetype ProtocolTable::IndexOf(const QString &name) const
+{
+    const auto found = std::ranges::find(protocols, name, &Protocol::name);
+    return found == protocols.cend() ? -1 : found - protocols.cbegin();
+}
+
+std::optional<ProtocolProblem> ProtocolTable::Add(const QString &name)
+{
+    const auto hasName = [&name](const Protocol &each) {
+        return each.name.compare(name, Qt::CaseInsensitive) == 0;
+    };
+    if (name.isEmpty()) {
+        return ProtocolProblem::NameMissing;
+    }
+    if (std::ranges::any_of(protocols, hasName)) {
+        return ProtocolProblem::ProtocolListed;
+    }
+    if (protocols.size() >= kMaxProtocols) {
+        return ProtocolProblem::TooManyProtocols;
+    }
+    const auto removed = std::ranges::find_if(removedProtocols, hasName);
+    if (removed == removedProtocols.end()) {
+        protocols.append({.name = name, .ports = {}, .isNew = true});
+    } else {
+        removed->monitored = false;
+        protocols.append(*removed);
+        removedProtocols.erase(removed);
+    }
+    return std::nullopt;
+}
+
+std::optional<ProtocolProblem> ProtocolTable::AddPort(qsizetype protocol,
+                                                      std::optional<qint32> number)
+{
+    if (!number || *number < 1 || *number > kHighestPort) {
+        return ProtocolProblem::PortOutOfRange;
+    }
+    Protocol &owner = protocols[protocol];
+    if (std::ranges::find(owner.ports, *number, &ProtocolPort::number) != owner.ports.cend()) {
+        return ProtocolProblem::PortListed;
+    }
+    if (owner.ports.size() >= kMaxPorts) {
+        return ProtocolProblem::TooManyPorts;
+    }
+    const auto removed = std::ranges::find_if(removedPorts, [&](const RemovedPort &each) {
+        return each.protocolId == owner.id && each.port.number == *number;
+    });
+    if (removed == removedPorts.end()) {
+        owner.ports.append({*number, 0});
+    } else {
+        owner.ports.append(removed->port);
+        removedPorts.erase(removed);
+    }
+    return std::nullopt;
+}
+
+void ProtocolTable::Remove(qsizetype protocol)
+{
+    Protocol removed = protocols.takeAt(protocol);
+    if (!removed.isNew) {
+        removedProtocols.append(std::move(removed));
+    }
+}
+
+void ProtocolTable::RemovePort(qsizetype protocol, qsizetype port)
+{
+    Protocol &owner = protocols[protocol];
+    const ProtocolPort removed = owner.ports.takeAt(port);
+    if (removed.id != 0) {
+        removedPorts.append({owner.id, removed});
+    }
+}
+
+void ProtocolTable::SetMonitored(qsizetype protocol, bool monitored)
+{
+    protocols[protocol].monitored = monitored;
+}
+
+bool ProtocolTable::AnyMonitored() const
+{
+    return std::ranges::any_of(protocols, &Protocol::monitored);
+}
+
+bool AcceptsMonitoring(bool anyMonitored, int mode, Prompt &prompt)
+{
+    return anyMonitored || mode != monitor_mode::kSpecifiedOnly
+        || prompt.Ask(
+            u"You have not selected any protocol. Tollbrook will not track any traffic with "
+            u"this setup. Would you like to continue?"_s);
+}

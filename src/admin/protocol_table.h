@@ -1,0 +1,104 @@
+// Monitored protocols: named sets of TCP/IP ports, edited in memory and brought into the database on
+// OK. The service classifies traffic by them.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class Prompt;
+
+// "monitorprotmode"
+namespace monitor_mode {
+constexpr int kAll = 0;
+constexpr int kBasic = 1;
+constexpr int kSpecifiedOnly = 2;
+constexpr int kAllButSpecified = 3;
+
+// With the other modes the list of protocols is not used.
+[[nodiscard]] constexpr bool UsesList(int mode)
+{
+    return mode == kSpecifiedOnly || mode == kAllButSpecified;
+}
+} // namespace monitor_mode
+
+struct ProtocolPort
+{
+    qint32 number = 0;
+    quint32 id = 0; // 0: not yet in the database
+
+    bool operator==(const ProtocolPort &) const = default;
+};
+
+struct Protocol
+{
+    QString name;
+    QList<ProtocolPort> ports;
+    quint32 id = 0; // 0: not yet in the database
+    bool monitored = false;
+    bool isNew = false;
+
+    bool operator==(const Protocol &) const = default;
+};
+
+enum class ProtocolProblem {
+    NameMissing,
+    ProtocolListed,
+    PortListed,
+    PortOutOfRange,
+    TooManyProtocols,
+    TooManyPorts
+};
+
+// What a person is told about it.
+[[nodiscard]] QString TextOf(ProtocolProblem problem);
+
+constexpr qsizetype kMaxProtocols = 100;
+constexpr qsizetype kMaxPorts = 100; // of one protocol
+constexpr qint32 kHighestPort = 65535;
+
+// A port taken away, and the protocol that had it.
+struct RemovedPort
+{
+    quint32 protocolId = 0;
+    ProtocolPort port;
+
+    bool operator==(const RemovedPort &) const = default;
+};
+
+// The table of a page: rules without a database, see protocol_storage.h. What is taken away is
+// remembered; when it is added again under its name or number it comes back with its old row.
+class ProtocolTable
+{
+public:
+    ProtocolTable() = default;
+    ProtocolTable(QList<Protocol> listed, QList<Protocol> removed);
+
+    [[nodiscard]] const QList<Protocol> &Protocols() const { return protocols; }
+    [[nodiscard]] const QList<Protocol> &RemovedProtocols() const { return removedProtocols; }
+    [[nodiscard]] const QList<RemovedPort> &RemovedPorts() const { return removedPorts; }
+
+    // Counted from 0; -1 when there is none. The name must be exact.
+    [[nodiscard]] qsizetype IndexOf(const QString &name) const;
+
+    // The new protocol comes last and has no ports. Letter case makes no other name.
+    [[nodiscard]] std::optional<ProtocolProblem> Add(const QString &name);
+    [[nodiscard]] std::optional<ProtocolProblem> AddPort(qsizetype protocol,
+                                                         std::optional<qint32> number);
+    void Remove(qsizetype protocol);
+    void RemovePort(qsizetype protocol, qsizetype port);
+    void SetMonitored(qsizetype protocol, bool monitored);
+    [[nodiscard]] bool AnyMonitored() const;
+
+    bool operator==(const ProtocolTable &) const = default;
+
+private:
+    QList<Protocol> protocols;
+    QList<Protocol> removedProtocols; // each has a row in the database
+    QList<RemovedPort> removedPorts; // of protocols that stay; each has a row in the database
+};
+
+// True when nobody needs to be asked, or says Yes: with "specified only" and no protocol monitored
+// nothing would be counted. Kept: "all but specified" never asks.
+[[nodiscard]] bool AcceptsMonitoring(bool anyMonitored, int mode, Prompt &prompt);

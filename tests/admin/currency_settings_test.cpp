@@ -1,0 +1,112 @@
+#include "admin/currency_settings.h"
+
+#include "config/config_store.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Described(const CurrencySettings &settings)
+{
+    QStringList rows;
+    for (const CurrencyRow &row : CurrencyRows(settings)) {
+        rows << row.name + u'/' + row.symbol + u'/' + row.rate;
+    }
+    return rows.join(u' ') + u" -> " + UsedSymbol(settings);
+}
+
+} // namespace
+
+TEST(CurrencySettings, OneCurrencyIsDefinedUsedAndDeleted)
+{
+    CurrencySettings settings;
+    settings.trafficPrice = 0.25;
+    EXPECT_EQ(Described(settings), u"units/UN/1 -> UN"_s);
+    EXPECT_EQ(CurrencyEntry().rate.toDouble(), 1.0);
+
+    AddCurrency(settings, {u"usd"_s, u"Dollar"_s, u"0.034"_s});
+    EXPECT_EQ(Described(settings), u"units/UN/1 Dollar/USD/0.03 -> UN"_s);
+    EXPECT_EQ(settings.use, CurrencySettings::kDefined);
+
+    EXPECT_EQ(SetCurrency(settings, 1), std::nullopt);
+    EXPECT_EQ(Described(settings), u"units/UN/1 Dollar/USD/0.03 -> USD"_s);
+    EXPECT_EQ(settings.use, CurrencySettings::kInUse);
+    EXPECT_EQ(SetCurrency(settings, kBaseCurrencyRow), std::nullopt);
+    EXPECT_EQ(settings.use, CurrencySettings::kDefined) << "it stays defined";
+    EXPECT_EQ(UsedSymbol(settings), u"UN"_s);
+
+    DeleteCurrency(settings);
+    EXPECT_EQ(Described(settings), u"units/UN/1 -> UN"_s);
+    EXPECT_EQ(settings.trafficPrice, 0.25);
+    EXPECT_EQ(SetCurrency(settings, kBaseCurrencyRow), std::nullopt);
+    EXPECT_EQ(settings.use, CurrencySettings::kNone);
+}
+
+TEST(CurrencySettings, WhatIsRefused)
+{
+    CurrencySettings settings;
+    const std::pair<std::optional<CurrencyProblem>, QString> refusals[] = {
+        {CheckEntry({u""_s, u"Dollar"_s, u"1"_s}), u"Enter the currency symbol please"_s},
+        {CheckEntry({u"USD"_s, u""_s, u""_s}), u"Enter the currency rate please"_s},
+        {CheckEntry({u"USD"_s, u""_s, u"0.00"_s}), u"Enter the currency rate please"_s},
+        {CheckDelete(kBaseCurrencyRow), u"You can not delete base currency"_s},
+        {CheckDelete(std::nullopt), u"Select an item to delete"_s},
+        {CheckEdit(kBaseCurrencyRow), u"You can not edit base currency"_s},
+        {CheckEdit(std::nullopt), u"Select currency to edit"_s},
+        {SetCurrency(settings, std::nullopt), u"Select currency to set"_s},
+    };
+    for (const auto &[problem, text] : refusals) {
+        ASSERT_TRUE(problem) << text.toStdString();
+        EXPECT_EQ(TextOf(*problem), text);
+    }
+    EXPECT_EQ(CheckEntry({u"USD"_s, u""_s, u"1"_s}), std::nullopt);
+    EXPECT_EQ(CheckDelete(1), std::nullopt);
+    EXPECT_EQ(CheckEdit(1), std::nullopt);
+}
+
+TEST(CurrencySettings, WhatWasCutToBeShownStaysWholeUnlessTouched)
+{
+    CurrencySettings settings;
+    settings.use = CurrencySettings::kInUse;
+    settings.name = u"A currency of a long name"_s;
+    settings.symbol = u"LONGSYMBOLS"_s;
+    settings.rate = 12345.6789;
+    EXPECT_EQ(UsedSymbol(settings), u"LONGSYMBOL"_s) << "10 characters";
+    const CurrencyEntry shown = EntryOf(settings);
+    EXPECT_EQ(shown.title, u"A currency of a"_s);
+    EXPECT_EQ(shown.symbol, u"LONGS"_s);
+    EXPECT_EQ(shown.rate, u"12345"_s);
+
+    CurrencySettings changed = settings;
+    ChangeCurrency(changed, shown, shown);
+    EXPECT_EQ(changed, settings);
+    ChangeCurrency(changed, shown, {u"eur"_s, u"Euro"_s, u"0.5"_s});
+    EXPECT_EQ(Described(changed), u"units/UN/1 Euro/EUR/0.50 -> EUR"_s);
+}
+
+TEST(CurrencySettings, ComeBackFromTheStore)
+{
+    const QTemporaryDir folder;
+    const ConfigStore store(folder.path());
+    EXPECT_EQ(LoadCurrency(store, 1024), CurrencySettings());
+    for (const ConfigKeyId key : {ConfigKeyId::Base, ConfigKeyId::Price}) {
+        ASSERT_TRUE(store.CreateKey(key));
+    }
+    CurrencySettings settings;
+    settings.trafficPrice = 0.123456789;
+    AddCurrency(settings, {u"usd"_s, u"Dollar"_s, u"0.034"_s});
+    for (const int use : {1, 2}) {
+        settings.use = use;
+        SaveCurrency(store, settings);
+        EXPECT_EQ(LoadCurrency(store, 1024), settings) << use;
+    }
+    EXPECT_EQ(store.ReadText(values::kTrafPrice), u"0.123456789"_s);
+    EXPECT_EQ(store.ReadText(values::kCurrencyRate), u"0.034"_s);
+
+    store.WriteText(values::kCurUse, u"3"_s);
+    EXPECT_EQ(LoadCurrency(store, 1024).use, CurrencySettings::kNone) << "a code of no meaning";
+}

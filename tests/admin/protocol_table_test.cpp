@@ -1,0 +1,118 @@
+#include "admin/protocol_table.h"
+
+#include "support/core/scripted_prompt.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ProtocolTable HttpAndFtp()
+{
+    return {{{u"FTP"_s, {{20, 201}, {21, 202}}, 2, true, false},
+             {u"HTTP"_s, {{80, 101}}, 1, true, false}},
+            {}};
+}
+
+QString Described(const ProtocolTable &table)
+{
+    QStringList lines;
+    for (const Protocol &protocol : table.Protocols()) {
+        QStringList ports;
+        for (const ProtocolPort &port : protocol.ports) {
+            ports << u"%1#%2"_s.arg(port.number).arg(port.id);
+        }
+        lines << u"%1#%2 %3"_s.arg(protocol.name).arg(protocol.id).arg(ports.join(u','));
+    }
+    return lines.join(u"; "_s);
+}
+
+} // namespace
+
+TEST(ProtocolTable, NamesAreComparedWithoutLetterCase)
+{
+    ProtocolTable table = HttpAndFtp();
+    EXPECT_EQ(TextOf(table.Add(u"http"_s).value()), u"This protocol is already in the list!"_s);
+    EXPECT_EQ(table.Add(u""_s), ProtocolProblem::NameMissing);
+    EXPECT_EQ(table.Add(u"Gopher"_s), std::nullopt);
+    EXPECT_EQ(table.Add(u"GOPHER"_s), ProtocolProblem::ProtocolListed);
+    EXPECT_EQ(Described(table), u"FTP#2 20#201,21#202; HTTP#1 80#101; Gopher#0 "_s);
+    EXPECT_TRUE(table.Protocols().last().isNew);
+    EXPECT_EQ(table.IndexOf(u"Gopher"_s), 2);
+    EXPECT_EQ(table.IndexOf(u"gopher"_s), -1) << "a line of the list is found by its exact name";
+}
+
+TEST(ProtocolTable, PortsLieBetween1And65535AndAreListedOnce)
+{
+    ProtocolTable table = HttpAndFtp();
+    EXPECT_EQ(TextOf(table.AddPort(1, 80).value()), u"This port is already in list!"_s);
+    for (const std::optional<qint32> number :
+         {std::optional<qint32>(), std::optional(0), std::optional(-1), std::optional(65536)}) {
+        EXPECT_EQ(TextOf(table.AddPort(1, number).value()),
+                  u"Enter a port number between 1 and 65535 please"_s);
+    }
+    for (const qint32 number : {1, 65535, 20}) {
+        EXPECT_EQ(table.AddPort(1, number), std::nullopt) << number;
+    }
+    EXPECT_EQ(Described(table), u"FTP#2 20#201,21#202; HTTP#1 80#101,1#0,65535#0,20#0"_s);
+}
+
+TEST(ProtocolTable, HoldsAHundredOfEach)
+{
+    ProtocolTable table;
+    for (int i = 0; i < 100; ++i) {
+        ASSERT_EQ(table.Add(QString::number(i)), std::nullopt);
+        ASSERT_EQ(table.AddPort(0, i + 1), std::nullopt);
+    }
+    EXPECT_EQ(TextOf(table.Add(u"one more"_s).value()),
+              u"You can not add more than 100 protocols"_s);
+    EXPECT_EQ(TextOf(table.AddPort(0, 101).value()),
+              u"You can not add more than 100 ports to a protocol"_s);
+    EXPECT_EQ(table.AddPort(0, 100), ProtocolProblem::PortListed);
+}
+
+TEST(ProtocolTable, WhatIsRemovedAndAddedAgainKeepsItsRow)
+{
+    ProtocolTable table = HttpAndFtp();
+    table.RemovePort(0, 1);
+    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{2, {21, 202}}}));
+    EXPECT_EQ(table.AddPort(0, 21), std::nullopt);
+    EXPECT_TRUE(table.RemovedPorts().isEmpty());
+    EXPECT_EQ(Described(table), u"FTP#2 20#201,21#202; HTTP#1 80#101"_s);
+
+    table.Remove(0);
+    ASSERT_EQ(table.RemovedProtocols().size(), 1);
+    EXPECT_EQ(table.Add(u"ftp"_s), std::nullopt);
+    EXPECT_TRUE(table.RemovedProtocols().isEmpty());
+    EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 20#201,21#202"_s);
+
+    EXPECT_EQ(table.Add(u"new"_s), std::nullopt);
+    EXPECT_EQ(table.AddPort(2, 7), std::nullopt);
+    table.RemovePort(2, 0);
+    table.Remove(2);
+    EXPECT_TRUE(table.RemovedProtocols().isEmpty() && table.RemovedPorts().isEmpty())
+        << "what never was in the database leaves nothing to delete";
+}
+
+TEST(ProtocolTable, OnlySpecifiedOnlyAsksAboutNone)
+{
+    ScriptedPrompt prompt;
+    for (const int mode : {0, 1, 3}) {
+        EXPECT_TRUE(AcceptsMonitoring(false, mode, prompt)) << mode;
+    }
+    EXPECT_TRUE(AcceptsMonitoring(true, 2, prompt));
+    EXPECT_TRUE(prompt.TakeSaid().isEmpty());
+    prompt.AnswerWith({false, true});
+    EXPECT_FALSE(AcceptsMonitoring(false, 2, prompt));
+    EXPECT_TRUE(AcceptsMonitoring(false, 2, prompt));
+    EXPECT_TRUE(prompt.TakeSaid().last().contains(
+        u"You have not selected any protocol. Tollbrook will not track any traffic with this setup. "
+        "Would you like to continue?"_s));
+
+    ProtocolTable table = HttpAndFtp();
+    EXPECT_TRUE(table.AnyMonitored());
+    table.SetMonitored(0, false);
+    table.SetMonitored(1, false);
+    EXPECT_FALSE(table.AnyMonitored());
+}
