@@ -1,0 +1,44 @@
+// The members of a group while its sheet is open.
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+struct Member
+{
+    quint32 userId = 0;
+    QString name;
+
+    bool operator==(const Member &) const = default;
+};
+
+class MemberTable
+{
+public:
+    // Of the members listed, of the users offered, and of those added or removed on the page.
+    static constexpr size_t kMost = 1000;
+
+    // Reads the group's monitored users, the first 1000; nothing is added or removed yet.
+    void Open(quint32 newGroupId);
+
+    // The members as they will be.
+    [[nodiscard]] const std::vector<Member> &Listed() const { return listed; }
+
+    // Monitored users of other groups, and those removed here: the first 1000.
+    [[nodiscard]] std::vector<Member> Candidates() const;
+
+    // False when the group lists 1000 members already.
+    [[nodiscard]] bool Add(const Member &member);
+
+    void Remove(size_t row);
+
+    // Moves the removed users to "Everybody" and the added ones into the group.
+    void Save() const;
+
+private:
+    quint32 groupId = 0;
+    std::vector<Member> listed;
+    std::vector<Member> removed;
+    std::vector<quint32> added;
+};

@@ -1,0 +1,66 @@
+// Times of the week of a user or group while its sheet is open: loaded, added and deleted ranges,
+// and whether they grant or deny access.
+#pragma once
+
+#include "access/owner.h"
+
+#include <QString>
+
+#include <vector>
+
+struct TimeRange
+{
+    quint32 day = 0; // 1 Monday to 7 Sunday
+    QString start;
+    QString stop;
+
+    bool operator==(const TimeRange &) const = default;
+};
+
+// "Monday" to "Sunday" for 1 to 7, an empty text for any other number.
+[[nodiscard]] QString DayName(quint32 day);
+
+class TimeRanges
+{
+public:
+    static constexpr size_t kMostLoaded = 1000;
+    static constexpr size_t kMostAdded = 100;
+
+    // Reads the access flag; nothing is added or deleted yet.
+    void Open(const Owner &newOwner);
+
+    // Lists the stored ranges that were not deleted here, then the added ones.
+    void Rebuild();
+
+    // What the list shows, in its order.
+    [[nodiscard]] std::vector<TimeRange> Shown() const;
+
+    // Appends a range. Kept: from the hundred-and-first added one on it is shown but not kept, so
+    // it is not stored and the next Rebuild drops it.
+    void Add(const TimeRange &range);
+
+    // Deletes the range shown in that row.
+    void Delete(size_t row);
+
+    // Stores the added ranges, the deletions and the flag of a user.
+    void Save() const;
+
+    [[nodiscard]] const std::vector<TimeRange> &Added() const { return added; }
+    [[nodiscard]] const std::vector<quint32> &Deleted() const { return deleted; }
+
+    bool grant = false; // true: access is granted in these times; false: denied
+
+private:
+    enum class Source { Loaded, Added, NotKept };
+    struct Row
+    {
+        Source source;
+        quint32 id; // tb_id of a loaded range
+        TimeRange range;
+    };
+
+    Owner owner;
+    std::vector<Row> rows;
+    std::vector<TimeRange> added;
+    std::vector<quint32> deleted;
+};

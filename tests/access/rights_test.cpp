@@ -1,0 +1,288 @@
+#include "access/access_mode.h"
+#include "access/block_state.h"
+#include "access/limits.h"
+#include "access/many_users.h"
+#include "access/member_table.h"
+#include "access/protocol_choice.h"
+#include "access/time_ranges.h"
+#include "db/value_codes.h"
+#include "support/core/database_fixture.h"
+#include "support/core/statement_recorder.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr Owner kUser = {Owner::Kind::User, 1};
+constexpr Owner kGroup = {Owner::Kind::Group, 81};
+
+class Rights : public DatabaseFixture
+{
+protected:
+    void SetUp() override
+    {
+        DatabaseFixture::SetUp();
+        Execute("INSERT INTO groups (group_id, name, timeaccess) VALUES (81, 'Office', 1)");
+        Execute("INSERT INTO users (user_id, username, group_id, traflim, timelim) VALUES "
+                "(1, 'anna', 81, 100, 10), (2, 'bert', 81, 0, 0), (9, 'zoe', 80, 0, 0)");
+    }
+};
+
+// `count` rows of one statement, the number of each bound to its marker.
+void InsertMany(const char *sqlText, quint32 first, quint32 count)
+{
+    Execute("BEGIN");
+    for (quint32 i = first; i < first + count; ++i) {
+        Execute(sqlText, i);
+    }
+    Execute("COMMIT");
+}
+
+} // namespace
+
+TEST(AccessMode, EveryChoiceHasItsCodeAndBack)
+{
+    const std::pair<AccessChoice, quint32> cases[] = {
+        {{AccessType::NoControl, false, false}, 0},
+        {{AccessType::Corporate, true, false}, 1},
+        {{AccessType::Provider, false, false}, 2},
+        {{AccessType::Corporate, false, true}, 4},
+        {{AccessType::Corporate, true, true}, 5},
+    };
+    for (const auto &[choice, code] : cases) {
+        EXPECT_EQ(ModeFor(choice), code);
+        EXPECT_EQ(ChoiceFor(code), choice) << code;
+    }
+    EXPECT_EQ(ModeFor({AccessType::Corporate, false, false}), std::nullopt);
+    EXPECT_EQ(ModeFor({AccessType::Provider, true, true}), mode::kProvider);
+    EXPECT_EQ(ChoiceFor(3), AccessChoice {});
+}
+
+TEST(BlockState, TheBoxOpensByWhoBlocked)
+{
+    struct Case
+    {
+        bool blocked;
+        quint32 reason;
+        std::pair<bool, bool> user; // requested, editable
+        std::pair<bool, bool> group;
+    };
+    const Case cases[] = {
+        {false, 0, {false, true}, {false, true}},
+        {false, 3, {false, true}, {false, true}},
+        {true, 1, {true, false}, {true, false}},
+        {true, 2, {true, false}, {true, false}},
+        {true, 3, {true, true}, {true, true}},
+        {true, 4, {false, true}, {true, false}},
+    };
+    for (const auto &[blocked, reason, user, group] : cases) {
+        SCOPED_TRACE(reason);
+        const BlockState userState = UserBlockState(blocked, reason);
+        EXPECT_EQ(std::pair(userState.requested, userState.editable), user);
+        const BlockState groupState = GroupBlockState(blocked, reason);
+        EXPECT_EQ(std::pair(groupState.requested, groupState.editable), group);
+    }
+}
+
+TEST(Limits, EachModeOpensItsFields)
+{
+    const std::pair<quint32, LimitFields> cases[] = {
+        {0, {}},
+        {1, {.period = true, .traffic = true}},
+        {2, {.rates = true}},
+        {4, {.period = true, .time = true}},
+        {5, {.period = true, .traffic = true, .time = true}},
+    };
+    for (const auto &[code, fields] : cases) {
+        EXPECT_EQ(FieldsFor(code), fields) << code;
+    }
+}
+
+TEST_F(Rights, ALimitIsRaisedOnlyAboveTheStoredOneAsItIsNow)
+{
+    LimitsDraft draft;
+    draft.stored = ReadLimits(kUser);
+    Execute("UPDATE users SET traflim = 300 WHERE user_id = 1");
+    const std::tuple<quint32, quint32, bool, bool> cases[] = {
+        {300, 10, false, false},
+        {301, 11, true, true},
+        {200, 9, false, false},
+        {2147483647, 2147483647, true, true},
+    };
+    for (const auto &[traffic, time, trafficRaised, timeRaised] : cases) {
+        StageTrafficLimit(kUser, traffic, draft);
+        StageTimeLimit(kUser, time, draft);
+        EXPECT_EQ(draft.trafficRaised, trafficRaised) << traffic;
+        EXPECT_EQ(draft.timeRaised, timeRaised) << time;
+        EXPECT_EQ(draft.Staged().traffic, traffic);
+        EXPECT_EQ(draft.Staged().time, time);
+    }
+    EXPECT_EQ(draft.Staged().period, period::kMonth);
+}
+
+TEST_F(Rights, AddedRangesBeyondTheHundredthAreShownButNotKept)
+{
+    TimeRanges ranges;
+    ranges.Open(kUser);
+    EXPECT_FALSE(ranges.grant);
+    ranges.Rebuild();
+    for (quint32 i = 0; i < 101; ++i) {
+        ranges.Add({1 + i % 7, u"08:00:00"_s, u"09:00:%1"_s.arg(i, 2, 10, QChar(u'0'))});
+    }
+    EXPECT_EQ(ranges.Shown().size(), 101U);
+    EXPECT_EQ(ranges.Added().size(), 100U);
+    ranges.Delete(100);
+    ranges.Add({1, u"10:00:00"_s, u"11:00:00"_s});
+    ranges.Rebuild();
+    EXPECT_EQ(ranges.Shown().size(), 100U);
+    ranges.Save();
+    EXPECT_THAT(RowsOf("SELECT count(*) FROM time_blocked WHERE user_id = 1"),
+                ElementsAre(u"100"_s));
+}
+
+TEST_F(Rights, DeletedRangesAreForgottenOrRemoved)
+{
+    Execute(
+        "INSERT INTO time_blocked (tb_id, user_id, group_id, dayofweek, timestart, timestop) VALUES "
+        "(1, 1, NULL, 2, '09:00:00', '10:00:00'), (2, 1, NULL, 1, '09:00:00', '10:00:00'), "
+        "(3, NULL, 81, 1, '09.00', '10.00'), (4, 1, NULL, 1, '07:00:00', '08:00:00')");
+    TimeRanges ranges;
+    ranges.Open(kUser);
+    ranges.Rebuild();
+    const TimeRange monday {1, u"12:00:00"_s, u"13:00:00"_s};
+    const TimeRange sunday {7, u"12:00:00"_s, u"13:00:00"_s};
+    ranges.Add(monday);
+    ranges.Add(sunday);
+    EXPECT_THAT(ranges.Shown(),
+                ElementsAre(TimeRange {1, u"07:00:00"_s, u"08:00:00"_s},
+                            TimeRange {1, u"09:00:00"_s, u"10:00:00"_s},
+                            TimeRange {2, u"09:00:00"_s, u"10:00:00"_s},
+                            monday,
+                            sunday));
+    ranges.Delete(3);
+    ranges.Delete(2);
+    ranges.Delete(0);
+    EXPECT_THAT(ranges.Added(), ElementsAre(sunday));
+    EXPECT_THAT(ranges.Deleted(), ElementsAre(1, 4));
+    ranges.Rebuild();
+    EXPECT_EQ(ranges.Shown().size(), 2U);
+    ranges.Save();
+    EXPECT_THAT(RowsOf("SELECT tb_id, dayofweek FROM time_blocked ORDER BY tb_id"),
+                ElementsAre(u"2|1"_s, u"3|1"_s, u"5|7"_s));
+
+    ranges.Open(kGroup);
+    ranges.Rebuild();
+    EXPECT_TRUE(ranges.grant);
+    EXPECT_THAT(ranges.Shown(), ElementsAre(TimeRange {1, u"09.00"_s, u"10.00"_s}));
+}
+
+TEST(TimeRanges, DaysAreCountedFromMonday)
+{
+    EXPECT_EQ(DayName(1), u"Monday"_s);
+    EXPECT_EQ(DayName(7), u"Sunday"_s);
+    EXPECT_EQ(DayName(0), QString());
+    EXPECT_EQ(DayName(8), QString());
+}
+
+TEST_F(Rights, OnlyTheFirstHundredProtocolsAndPortsCount)
+{
+    Execute("DELETE FROM protocols");
+    Execute("DELETE FROM ports");
+    InsertMany("INSERT INTO protocols (proto_name) VALUES ('p' || (?))", 1000, 101);
+    Execute("INSERT INTO protocols (id, proto_name) VALUES (1, 'first')");
+    InsertMany("INSERT INTO ports (proto_id, port_number) VALUES (1, (?))", 1, 101);
+    Execute("INSERT INTO ports (port_id, proto_id, port_number) "
+            "SELECT 5000, id, 9 FROM protocols WHERE proto_name = 'p1100'");
+    Execute("INSERT INTO port_blocked (user_id, port_id) VALUES (1, 5000)");
+    Execute("INSERT INTO port_blocked (user_id, port_id) SELECT 1, port_id FROM ports "
+            "WHERE port_number = 50");
+
+    ProtocolChoice choice = ReadProtocolChoice(kUser);
+    ASSERT_EQ(choice.protocols.size(), 100U);
+    EXPECT_EQ(choice.protocols.back().name, u"p1098"_s);
+    EXPECT_EQ(choice.protocols.front().ports.size(), 100U);
+    EXPECT_THAT(choice.Names(true), ElementsAre(u"first"_s));
+    SaveProtocolChoice(kUser, choice);
+    EXPECT_THAT(RowsOf("SELECT count(*) FROM port_blocked WHERE user_id = 1"),
+                ElementsAre(u"101"_s));
+    const QStringList stored = EveryRow();
+    SaveProtocolChoice(kUser, choice);
+    EXPECT_EQ(EveryRow(), stored);
+
+    choice.Select(u"first"_s, false);
+    choice.Select(u"no such"_s, true);
+    SaveProtocolChoice(kUser, choice);
+    EXPECT_THAT(RowsOf("SELECT port_id FROM port_blocked"), ElementsAre(u"5000"_s));
+}
+
+TEST_F(Rights, OfTwoProtocolsOfOneNameTheFirstIsMarked)
+{
+    ProtocolChoice choice;
+    choice.protocols = {{.name = u"X"_s, .id = 1, .selected = false, .ports = {}},
+                        {.name = u"X"_s, .id = 2, .selected = false, .ports = {}},
+                        {.name = u"x"_s, .id = 3, .selected = false, .ports = {}}};
+    choice.Select(u"X"_s, true);
+    EXPECT_THAT(choice.Names(true), ElementsAre(u"X"_s));
+    EXPECT_TRUE(choice.protocols.front().selected);
+    choice.Select(u"x"_s, true);
+    EXPECT_TRUE(choice.protocols.back().selected);
+}
+
+TEST_F(Rights, MembersAreStagedAndAThousandIsTheMost)
+{
+    MemberTable members;
+    members.Open(81);
+    EXPECT_THAT(members.Listed(), ElementsAre(Member {1, u"anna"_s}, Member {2, u"bert"_s}));
+    EXPECT_THAT(members.Candidates(), ElementsAre(Member {9, u"zoe"_s}));
+    members.Remove(0);
+    EXPECT_TRUE(members.Add({9, u"zoe"_s}));
+    EXPECT_THAT(members.Candidates(), ElementsAre(Member {1, u"anna"_s}));
+    const QStringList before = EveryRow();
+    {
+        MemberTable same = members;
+        same.Remove(1);
+        EXPECT_TRUE(same.Add({1, u"anna"_s}));
+        same.Save();
+        EXPECT_EQ(EveryRow(), before);
+    }
+    members.Save();
+    EXPECT_THAT(RowsOf("SELECT user_id, group_id FROM users ORDER BY user_id"),
+                ElementsAre(u"1|80"_s, u"2|81"_s, u"9|81"_s));
+
+    InsertMany("INSERT INTO users (username, group_id) VALUES ('u' || (?), 81)", 1, 999);
+    Execute("UPDATE users SET monitored = 0 WHERE user_id = 9");
+    members.Open(81);
+    EXPECT_EQ(members.Listed().size(), MemberTable::kMost);
+    EXPECT_FALSE(members.Add({1, u"anna"_s}));
+    InsertMany("INSERT INTO users (username, group_id) VALUES ('v' || (?), 81)", 1, 1);
+    members.Open(81);
+    EXPECT_EQ(members.Listed().size(), MemberTable::kMost);
+}
+
+TEST_F(Rights, SeveralUsersGetOneModeAndOnePeriod)
+{
+    std::vector<quint32> ids = {9, 77, 1};
+    EXPECT_THAT(NamesOfUsers(ids), ElementsAre(u"zoe"_s, u"anna"_s));
+    EXPECT_THAT(ids, ElementsAre(9, 1));
+    const ModeAndLimits first = ReadModeAndLimits(1);
+    EXPECT_EQ(first.traffic, 100U);
+    EXPECT_EQ(first.period, period::kMonth);
+
+    StatementRecorder recorder;
+    std::vector<int> done;
+    SetModeAndLimits(
+        ids,
+        {.mode = mode::kTrafficAndTime, .traffic = 7, .time = 8, .period = period::kDay},
+        [&done](int count) { done.push_back(count); });
+    EXPECT_THAT(recorder.Take(),
+                testing::Each(u"UPDATE users SET mode = (?), traflim = (?), timelim=(?), "
+                              "trafperiod = (?), timeperiod = (?) WHERE user_id = (?)"_s));
+    EXPECT_THAT(done, ElementsAre(1, 2));
+    EXPECT_THAT(RowsOf("SELECT user_id, mode, traflim, timelim, trafperiod, timeperiod FROM users "
+                       "WHERE mode <> 0 ORDER BY user_id"),
+                ElementsAre(u"1|5|7|8|1|1"_s, u"9|5|7|8|1|1"_s));
+}
