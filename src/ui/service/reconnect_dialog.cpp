@@ -58,6 +58,8 @@ void ReconnectDialog::LayOut()
     SetNames(*close, u"close"_s, u"Close"_s);
     text->setWordWrap(true);
     text->setMinimumWidth(fontMetrics().averageCharWidth() * kTextWidthInCharacters);
+    text->setIndent(fontMetrics().averageCharWidth());
+    message->setIndent(text->indent());
     text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     QFont bold = message->font();
     bold.setBold(true);

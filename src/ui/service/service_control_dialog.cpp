@@ -57,7 +57,8 @@ void ServiceControlDialog::LayOut()
     layout->addWidget(stoppedPicture, 0, 0, 2, 1, Qt::AlignTop);
     layout->addWidget(status, 0, 1);
     layout->addLayout(commands, 1, 1);
-    layout->addWidget(close, 2, 1, Qt::AlignRight);
+    layout->addWidget(close, 2, 1, Qt::AlignRight | Qt::AlignBottom);
+    layout->setRowMinimumHeight(2, close->sizeHint().height() * 3 / 2);
     layout->setColumnStretch(1, 1);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }

@@ -278,8 +278,9 @@ TEST_F(ServiceWindowTest, EveryPictureIsDrawnAndSaysInWordsWhatItShows)
         const auto &picture = Find<QLabel>(dialog, name);
         EXPECT_EQ(picture.accessibleName(), words);
         EXPECT_EQ(picture.toolTip(), words);
-        EXPECT_FALSE(picture.pixmap().isNull()) << name;
-        EXPECT_NE(picture.pixmap().toImage().pixelColor(30, 14).alpha(), 0) << name;
+        const QImage image = picture.pixmap().toImage();
+        const QImage average = image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        EXPECT_GT(average.pixelColor(0, 0).alpha(), 10) << name; // something is drawn
     }
 }
 
