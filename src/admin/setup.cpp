@@ -9,9 +9,9 @@ constexpr quint32 kLongestNetworkPrefix = 30;
 
 }
 
-Setup LoadSetup(const ConfigStore &store)
+NetworkSetup LoadSetup(const ConfigStore &store)
 {
-    Setup setup;
+    NetworkSetup setup;
     setup.ranges = LoadRanges(store);
     setup.proxies = LoadExclusions(store, kMaxWizardExclusions);
     setup.usesProxy = !setup.proxies.isEmpty();
@@ -21,7 +21,7 @@ Setup LoadSetup(const ConfigStore &store)
     return setup;
 }
 
-void SaveSetup(const Setup &setup, const ConfigStore &store)
+void SaveSetup(const NetworkSetup &setup, const ConfigStore &store)
 {
     store.Edit(ConfigKeyId::LocalIp, [&setup](KeyEditor &key) {
         SaveRanges(key, setup.ranges);

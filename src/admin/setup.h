@@ -6,7 +6,7 @@
 #include "admin/exclusions.h"
 #include "admin/protocol_table.h"
 
-struct Setup
+struct NetworkSetup
 {
     QList<AddressRange> ranges;
     bool usesProxy = false; // without one, every exclusion goes
@@ -17,10 +17,10 @@ struct Setup
 };
 
 // What stands now.
-[[nodiscard]] Setup LoadSetup(const ConfigStore &store);
+[[nodiscard]] NetworkSetup LoadSetup(const ConfigStore &store);
 
 // Writes everything in its fixed order; what fails stops nothing.
-void SaveSetup(const Setup &setup, const ConfigStore &store);
+void SaveSetup(const NetworkSetup &setup, const ConfigStore &store);
 
 // The networks that the machine itself stands in, each once, for a site that has no ranges yet.
 // Adapters without an address, hidden ones and host addresses (a prefix above 30) suggest nothing.
