@@ -35,22 +35,17 @@ private:
 };
 
 // Both spellings of the separator become a point as they are typed.
-class UpToDecimals : public QValidator
+class TwoDecimals : public QValidator
 {
 public:
-    UpToDecimals(int count, QObject *parent)
-        : QValidator(parent)
-        , pattern(uR"(^\d{0,12}(\.\d{0,%1})?$)"_s.arg(count))
-    { }
+    using QValidator::QValidator;
 
     State validate(QString &input, int & /*cursor*/) const override
     {
+        static const QRegularExpression pattern(uR"(^\d{0,12}(\.\d{0,2})?$)"_s);
         input.replace(QLocale().decimalPoint(), u"."_s);
         return pattern.match(input).hasMatch() ? Acceptable : Invalid;
     }
-
-private:
-    QRegularExpression pattern;
 };
 
 } // namespace
@@ -73,10 +68,10 @@ void WholeNumberField::SetNumber(quint32 number)
     setText(QString::number(number));
 }
 
-AmountField::AmountField(QWidget *parent, int maxDecimals) : QLineEdit(parent)
+AmountField::AmountField(QWidget *parent) : QLineEdit(parent)
 {
     setInputMethodHints(Qt::ImhFormattedNumbersOnly);
-    setValidator(new UpToDecimals(maxDecimals, this));
+    setValidator(new TwoDecimals(this));
 }
 
 std::optional<double> AmountField::Amount() const

@@ -1,0 +1,99 @@
+#include "access/user_list.h"
+
+#include "db/session.h"
+#include "db/value_codes.h"
+
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char kSelect[] =
+    "SELECT username, stationname, fullname, ip_addr, blocked, user_id, blockreason, mac_addr, "
+    "group_id, timeaccess, timeblocked FROM users WHERE monitored = true AND group_id<>0";
+
+constexpr const char *kOrderColumns[] = {
+    "username", "stationname", "fullname", "ip_addr", "mac_addr", "blocked"};
+
+QByteArray Statement(int order, bool ascending)
+{
+    QByteArray text = kSelect;
+    if (order >= 0 && order < static_cast<int>(std::size(kOrderColumns))) {
+        text.append(" ORDER BY ").append(kOrderColumns[order]).append(ascending ? " ASC" : " DESC");
+    }
+    return text;
+}
+
+// Of the current row of the list's statement.
+AccessState CurrentAccess()
+{
+    if (queryResult.Flag(10) != queryResult.Flag(11)) {
+        return AccessState::OutsideAllowedTime;
+    }
+    const bool allowed =
+        !queryResult.Flag(5) || queryResult.Integer(7) == block_reason::kShownAsAllowed;
+    return allowed ? AccessState::Allowed : AccessState::Blocked;
+}
+
+UserRow CurrentRow()
+{
+    return {.userName = queryResult.Text(1),
+            .stationName = queryResult.Text(2),
+            .fullName = queryResult.Text(3),
+            .ipAddress = queryResult.Text(4),
+            .macAddress = MacAddressText(queryResult.Text(8)),
+            .groupName = {},
+            .access = CurrentAccess()};
+}
+
+void FillGroupNames(UserList &list, const QList<quint32> &groupIds)
+{
+    QHash<quint32, QString> names;
+    for (qsizetype row = 0; row < list.rows.size(); ++row) {
+        const quint32 groupId = groupIds[row];
+        auto name = names.constFind(groupId);
+        if (name == names.constEnd()) {
+            RunQuery("SELECT name FROM groups WHERE group_id = (?)", FetchMode::All, groupId);
+            name = names.insert(groupId, queryResult.Text(1));
+        }
+        list.rows[row].groupName = *name;
+    }
+}
+
+} // namespace
+
+UserList ReadUserList(int order, bool ascending, bool withGroupNames)
+{
+    UserList list;
+    QList<quint32> groupIds;
+    {
+        LimitRows(kUserListCapacity);
+        RowCursor rows(Statement(order, ascending).constData());
+        while (list.rows.size() < kUserListCapacity && rows.Next()) {
+            list.rows.append(CurrentRow());
+            list.rowUserIds.append(queryResult.Integer(6));
+            groupIds.append(queryResult.Integer(9));
+        }
+    }
+    if (withGroupNames) {
+        FillGroupNames(list, groupIds);
+    }
+    return list;
+}
+
+quint32 CountListedUsers()
+{
+    RunQuery("SELECT COUNT(*) FROM users WHERE monitored = true AND group_id<>0", FetchMode::All);
+    return queryResult.Integer(1);
+}
+
+QString MacAddressText(const QString &stored)
+{
+    constexpr qsizetype kLength = 12;
+    QString text;
+    for (qsizetype at = 0; at < qMin(stored.size(), kLength); at += 2) {
+        text += (at > 0 ? u"-"_s : u""_s) + stored.mid(at, 2);
+    }
+    return text;
+}

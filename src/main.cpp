@@ -1,0 +1,125 @@
+// tollbrook-admin, the administration console.
+#include "app/administrator_app.h"
+#include "ui/common/message_box_prompt.h"
+#include "ui/main/splitter_frame.h"
+
+#include <QCommandLineParser>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kBadArguments = 2;
+
+struct Options
+{
+    QCommandLineOption config {
+        u"config"_s,
+        u"The configuration folder; otherwise $TOLLBROOK_CONFIG names it, or "
+        "it is /etc/tollbrook."_s,
+        u"DIR"_s};
+    QCommandLineOption bus {u"bus"_s,
+                            u"The message bus of the service: system or session."_s,
+                            u"system|session"_s,
+                            u"system"_s};
+};
+
+void Say(std::FILE *stream, const QString &text)
+{
+    std::fputs(qPrintable(text), stream);
+}
+
+[[noreturn]] void Refuse(const QString &problem)
+{
+    Say(stderr, u"tollbrook-admin: %1\nTry 'tollbrook-admin --help'.\n"_s.arg(problem));
+    std::exit(kBadArguments);
+}
+
+// The toolkit ends the program itself when it finds no display; this gives it readable last words.
+void TellNoDisplay(QtMsgType type, const QMessageLogContext & /*context*/, const QString &text)
+{
+    if (type == QtFatalMsg) {
+        std::fputs("tollbrook-admin: there is no display to open the console on. Start it in a "
+                   "desktop session, or with QT_QPA_PLATFORM=vnc for a VNC viewer.\n",
+                   stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+    if (type != QtInfoMsg && type != QtDebugMsg) {
+        Say(stderr, text + u'\n');
+    }
+}
+
+// What needs no display is answered without one.
+void AnswerQuestions(QCommandLineParser &parser, int argc, char **argv)
+{
+    QStringList arguments;
+    for (int index = 0; index < argc; ++index) {
+        arguments << QString::fromLocal8Bit(argv[index]);
+    }
+    parser.parse(arguments); // with the toolkit's own arguments, which are no errors
+    if (parser.isSet(u"help"_s)) {
+        Say(stdout, parser.helpText().replace(u"<executable_name>"_s, u"tollbrook-admin"_s));
+        std::exit(EXIT_SUCCESS);
+    }
+    if (parser.isSet(u"version"_s)) {
+        Say(stdout, u"tollbrook-admin " TB_VERSION "\n"_s);
+        std::exit(EXIT_SUCCESS);
+    }
+}
+
+QString ConfigFolder(const QCommandLineParser &parser, const Options &options)
+{
+    return parser.isSet(options.config)
+        ? parser.value(options.config)
+        : qEnvironmentVariable("TOLLBROOK_CONFIG", u"/etc/tollbrook"_s);
+}
+
+QDBusConnection Bus(const QCommandLineParser &parser, const Options &options)
+{
+    const QString name = parser.value(options.bus);
+    if (name == u"session"_s) {
+        return QDBusConnection::sessionBus();
+    }
+    if (name != u"system"_s) {
+        Refuse(u"there is no message bus called '%1'; it is system or session."_s.arg(name));
+    }
+    return QDBusConnection::systemBus();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const Options options;
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Administration console of Tollbrook Network."_s);
+    parser.addOptions({options.config, options.bus});
+    parser.addHelpOption();
+    parser.addVersionOption();
+    AnswerQuestions(parser, argc, argv);
+
+    const QtMessageHandler usual = qInstallMessageHandler(TellNoDisplay);
+    CAdministratorApp app(argc, argv);
+    qInstallMessageHandler(usual);
+    app.setApplicationVersion(QStringLiteral(TB_VERSION));
+    if (!parser.parse(app.arguments())) {
+        Refuse(parser.errorText());
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        Refuse(u"'%1' is not expected."_s.arg(parser.positionalArguments().first()));
+    }
+
+    MessageBoxPrompt prompt;
+    std::unique_ptr<CSplitterFrame> frame;
+    app.SetUp({ConfigFolder(parser, options), Bus(parser, options)}, prompt, [&] {
+        frame = std::make_unique<CSplitterFrame>(app, StandardDialogs(app));
+        frame->show();
+        QApplication::processEvents(); // painted before anything is asked
+        frame->FirstStart();
+        return true;
+    });
+    return app.InitInstance() ? QApplication::exec() : EXIT_FAILURE;
+}

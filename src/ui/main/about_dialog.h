@@ -1,0 +1,6 @@
+// What the program is, its version and its licence.
+#pragma once
+
+class QWidget;
+
+void OpenAbout(QWidget *parent);

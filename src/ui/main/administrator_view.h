@@ -1,0 +1,71 @@
+// The users list: every monitored user that has a group, at most 1000.
+#pragma once
+
+#include "base/prompt.h"
+#include "config/config_store.h"
+#include "ui/main/frame_dialogs.h"
+#include "ui/main/list_pane.h"
+#include "ui/main/user_columns.h"
+
+class UserListModel;
+
+class CAdministratorView : public ListPane
+{
+    Q_OBJECT
+
+public:
+    CAdministratorView(const ConfigStore &config,
+                       Prompt &prompt,
+                       const FrameDialogs &dialogs,
+                       QWidget *parent);
+    ~CAdministratorView() override; // keeps the columns in the store
+
+    // Loads the columns and fills the list for the first time.
+    void Start();
+
+    // Reads the list anew. Only the codes 0, 1 and 2 become the order of later refills.
+    void FillList(int order, bool ascending);
+
+    // Puts the visible columns up with their widths and fills the list.
+    void RebuildColumns();
+
+    void ToggleColumn(UserColumn column);
+    [[nodiscard]] bool IsColumnVisible(UserColumn column) const;
+
+    // Selects the first row whose first column begins with `text`; says so when there is none.
+    bool FindUser(const QString &text);
+
+    [[nodiscard]] QList<quint32> SelectedUserIds() const { return SelectedIds(); }
+
+    void OpenProperties() override;
+    void OpenAccount() override;
+    void DeleteSelected() override;
+    [[nodiscard]] bool HasAccount() const override;
+    void ChangeGroup(); // of every selected user; no refill follows
+    void StopMonitoringSelected();
+
+signals:
+    // The list was filled by a key or a command of its own.
+    void Filled();
+
+protected:
+    [[nodiscard]] quint32 IdAt(int row) const override;
+    [[nodiscard]] int RowOf(quint32 id) const override;
+    void RefreshKey() override;
+    void FillPopUp(QMenu &menu) override;
+
+private:
+    void InsertColumns();
+    void HeaderClicked(int section);
+    void ShowSortIndicator(int order, bool ascending);
+    void
+    RemoveSelected(const QString &question, const QString &questionSeveral, void (*act)(quint32));
+
+    const ConfigStore &config;
+    Prompt &prompt;
+    const FrameDialogs &dialogs;
+    UserListModel *users;
+    UserColumns columns;
+    int sortColumn = 5;
+    bool sortAscending = true; // of header clicks: one direction for all columns
+};

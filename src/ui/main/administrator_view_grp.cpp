@@ -1,0 +1,121 @@
+#include "ui/main/administrator_view_grp.h"
+
+#include "access/list_commands.h"
+#include "db/value_codes.h"
+#include "ui/common/accessible.h"
+#include "ui/main/group_list_model.h"
+#include "ui/main/name_dialog.h"
+
+#include <QHeaderView>
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+CAdministratorViewGrp::CAdministratorViewGrp(Prompt &messages,
+                                             const FrameDialogs &windows,
+                                             QWidget *parent)
+    : ListPane(parent)
+    , prompt(messages)
+    , dialogs(windows)
+    , groups(new GroupListModel(this))
+{
+    SetNames(*this, u"groupsList"_s, u"Groups"_s);
+    setSelectionMode(SingleSelection);
+    ShowModel(groups);
+    header()->setSectionsClickable(false);
+    constexpr int kWidths[GroupListModel::kColumns] = {150, 400, 150};
+    for (int section = 0; section < GroupListModel::kColumns; ++section) {
+        header()->resizeSection(section, kWidths[section]);
+    }
+}
+
+void CAdministratorViewGrp::FillGroups()
+{
+    KeepingPlace([this] { groups->SetList(ReadGroupList()); });
+}
+
+quint32 CAdministratorViewGrp::IdAt(int row) const
+{
+    return groups->GroupAt(row);
+}
+
+int CAdministratorViewGrp::RowOf(quint32 id) const
+{
+    return groups->RowOf(id);
+}
+
+int CAdministratorViewGrp::SelectedRow() const
+{
+    const QList<int> rows = SelectedRows();
+    return rows.isEmpty() ? -1 : rows.front();
+}
+
+void CAdministratorViewGrp::OpenProperties()
+{
+    OpenFor(dialogs.groupProperties);
+}
+
+void CAdministratorViewGrp::OpenAccount()
+{
+    OpenFor(dialogs.groupAccount);
+}
+
+bool CAdministratorViewGrp::HasAccount() const
+{
+    const int row = SelectedRow();
+    return row >= 0 && GroupHasAccount(groups->GroupAt(row));
+}
+
+void CAdministratorViewGrp::DeleteSelected()
+{
+    const int row = SelectedRow();
+    if (row < 0) {
+        return;
+    }
+    const quint32 groupId = groups->GroupAt(row);
+    const QString name = groups->NameAt(row); // kept: the name counts here, the id when renaming
+    if (!prompt.Ask(u"This will delete the selected group. Contunue?"_s)) {
+        return;
+    }
+    if (name == u"Everybody"_s) {
+        prompt.Tell(u"You cannot delete Everybody group"_s);
+        return;
+    }
+    groups->RemoveGroup(groupId);
+    DeleteGroupOfList(groupId);
+}
+
+void CAdministratorViewGrp::RenameSelected()
+{
+    const int row = SelectedRow();
+    if (row < 0) {
+        return;
+    }
+    const quint32 groupId = groups->GroupAt(row);
+    if (groupId == kEverybodyGroup) {
+        prompt.Tell(u"You can not rename Everybody group"_s);
+        return;
+    }
+    NameDialog dialog(u"Rename group"_s, u"Enter new name for the group:"_s, window());
+    dialog.SetName(groups->NameAt(row));
+    if (dialog.exec() == QDialog::Accepted) {
+        RenameGroup(groupId, dialog.Name());
+        FillGroups();
+    }
+}
+
+void CAdministratorViewGrp::RefreshKey()
+{
+    FillGroups();
+}
+
+void CAdministratorViewGrp::FillPopUp(QMenu &menu)
+{
+    menu.setObjectName(u"groupPopUp"_s);
+    AddEntry(menu, u"Properties..."_s, Opener(dialogs.groupProperties));
+    AddEntry(menu, u"Account..."_s, Opener(dialogs.groupAccount), HasAccount());
+    AddEntry(menu, u"Statistics"_s, Opener(dialogs.groupStatistics));
+    menu.addSeparator();
+    AddEntry(menu, u"Rename..."_s, [this] { RenameSelected(); });
+    AddEntry(menu, u"Delete"_s, [this] { DeleteSelected(); });
+}

@@ -1,0 +1,42 @@
+// "Change group": chooses one of the groups; groups can be added and deleted on the way.
+#pragma once
+
+#include "access/group_list.h"
+#include "base/prompt.h"
+
+#include <QDialog>
+
+class QListWidget;
+class QPushButton;
+
+// What "Add group..." and "Delete group" do stands in the database at once, whatever closes the
+// dialog.
+class ChangeGroupDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    ChangeGroupDialog(Prompt &prompt, QWidget *parent);
+
+    // The group that was chosen; meaningful after OK.
+    [[nodiscard]] const NamedGroup &ChosenGroup() const { return chosen; }
+
+    void accept() override;
+
+private:
+    void Lay();
+    void Fill();
+    void Choose(int position);
+    void AddNewGroup();
+    void DeleteChosenGroup();
+    [[nodiscard]] bool IsNew(const QString &name);
+    [[nodiscard]] int SortedPlace(const QString &name) const;
+
+    Prompt &prompt;
+    QListWidget *list;
+    QPushButton *add;
+    QPushButton *remove;
+    QPushButton *ok;
+    QList<quint32> groupIds; // by position
+    NamedGroup chosen;
+};

@@ -1,0 +1,84 @@
+#include "ui/main/failures_dialog.h"
+
+#include "db/failure_log.h"
+#include "ui/common/accessible.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <ranges>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList Cells(const StatementFailure &failure)
+{
+    return {failure.time.toString(u"yyyy-MM-dd HH:mm:ss"_s),
+            failure.statement.isEmpty() ? u"(connecting)"_s : failure.statement,
+            failure.sqlState,
+            failure.text};
+}
+
+} // namespace
+
+FailuresDialog::FailuresDialog(QWidget *parent)
+    : QDialog(parent)
+    , summary(new QLabel(this))
+    , list(new QTreeWidget(this))
+{
+    setWindowTitle(u"Failed statements"_s);
+    setObjectName(u"failuresDialog"_s);
+    SetNames(*list, u"failures"_s, u"Failed statements, newest first"_s);
+    list->setHeaderLabels({u"Time"_s, u"Statement"_s, u"SQLSTATE"_s, u"Text"_s});
+    list->setRootIsDecorated(false);
+    list->setUniformRowHeights(true);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->button(QDialogButtonBox::Close)->setObjectName(u"close"_s);
+    auto *copy = buttons->addButton(u"&Copy all"_s, QDialogButtonBox::ActionRole);
+    copy->setObjectName(u"copy"_s);
+    connect(copy, &QPushButton::clicked, this, &FailuresDialog::CopyAll);
+    connect(buttons, &QDialogButtonBox::rejected, this, &FailuresDialog::reject);
+    connect(&FailureLog::Instance(), &FailureLog::Changed, this, &FailuresDialog::Fill);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(summary);
+    layout->addWidget(list);
+    layout->addWidget(buttons);
+    Fill();
+    for (const int column : {0, 2}) {
+        list->resizeColumnToContents(column);
+    }
+    list->header()->resizeSection(1, fontMetrics().averageCharWidth() * 50);
+    resize(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 22);
+}
+
+void FailuresDialog::Fill()
+{
+    const FailureLog &log = FailureLog::Instance();
+    summary->setText(u"%1 statements failed since the program started; the last %2 are listed."_s
+                         .arg(log.Count())
+                         .arg(log.Recent().size()));
+    list->clear();
+    for (const StatementFailure &failure : log.Recent() | std::views::reverse) {
+        auto *item = new QTreeWidgetItem(list, Cells(failure));
+        for (int column = 0; column < item->columnCount(); ++column) {
+            item->setToolTip(column, item->text(column));
+        }
+    }
+}
+
+void FailuresDialog::CopyAll()
+{
+    QString text;
+    for (const StatementFailure &failure : FailureLog::Instance().Recent()) {
+        text += Cells(failure).join(u'\t') + u'\n';
+    }
+    QApplication::clipboard()->setText(text);
+}

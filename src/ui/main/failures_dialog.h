@@ -1,0 +1,22 @@
+// The statements that failed: when, which, and what the driver said. Never a parameter's value.
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+class QTreeWidget;
+
+class FailuresDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit FailuresDialog(QWidget *parent);
+
+private:
+    void Fill();
+    void CopyAll();
+
+    QLabel *summary;
+    QTreeWidget *list;
+};

@@ -1,0 +1,42 @@
+#include "ui/main/frame_dialogs.h"
+
+#include "app/administrator_app.h"
+#include "ui/main/about_dialog.h"
+#include "ui/main/help_viewer.h"
+#include "ui/options/login_manager.h"
+#include "ui/options/purge_dialog.h"
+#include "ui/options/unmonitored_dialog.h"
+#include "ui/service/reconnect_dialog.h"
+#include "ui/service/service_control_dialog.h"
+
+namespace {
+
+ControlOutcome RunServiceControl(const CAdministratorApp &app, QWidget *parent)
+{
+    ServiceControlDialog dialog(app.Control(), parent);
+    dialog.exec();
+    return {.serviceRunning = dialog.IsServiceRunning(), .stopped = dialog.WasStopped()};
+}
+
+ReconnectFlags RunReconnect(CAdministratorApp &app, QWidget *parent)
+{
+    ReconnectDialog dialog(
+        app.Control(), [&app] { return app.ConnectService(); }, parent);
+    dialog.exec();
+    return dialog.Flags();
+}
+
+} // namespace
+
+FrameDialogs StandardDialogs(CAdministratorApp &app)
+{
+    FrameDialogs dialogs;
+    dialogs.purge = OpenPurge;
+    dialogs.unmonitored = OpenUnmonitored;
+    dialogs.logins = OpenLoginManager;
+    dialogs.helpTopics = [&app](QWidget *parent) { OpenHelpTopics(app.Messages(), parent); };
+    dialogs.about = OpenAbout;
+    dialogs.serviceControl = [&app](QWidget *parent) { return RunServiceControl(app, parent); };
+    dialogs.reconnect = [&app](QWidget *parent) { return RunReconnect(app, parent); };
+    return dialogs;
+}

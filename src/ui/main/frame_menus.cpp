@@ -1,0 +1,260 @@
+#include "ui/main/frame_menus.h"
+
+#include "ui/main/administrator_view.h"
+#include "ui/main/auto_refresh.h"
+#include "ui/main/command.h"
+#include "ui/main/splitter_frame.h"
+
+#include <QMenuBar>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Empty for a window that does not exist, so that its command is not shown.
+std::function<void()> Opener(CSplitterFrame &frame, const FrameDialogs::ForNothing &dialog)
+{
+    return dialog ? [&frame, &dialog] { dialog(&frame); } : std::function<void()>();
+}
+
+std::function<void()> RefreshingOpener(CSplitterFrame &frame,
+                                       const FrameDialogs::ForNothing &dialog)
+{
+    return dialog ? [&frame, &dialog] { frame.RunAndRefresh(dialog); } : std::function<void()>();
+}
+
+} // namespace
+
+FrameMenus::FrameMenus(CSplitterFrame &owner) : QObject(&owner), frame(owner)
+{
+    MakeFileMenu();
+    MakeUserMenu();
+    MakeViewMenu();
+    MakeConfigureMenu();
+    reports =
+        MakeCommand({"reports", u"&Reports...", u"Choose and show a report", Picture::Reports},
+                    Opener(frame, frame.Dialogs().reports),
+                    &frame);
+    frame.menuBar()->addAction(reports);
+    MakeHelpMenu();
+    MakeToolbar();
+    update.setSingleShot(true);
+    connect(&update, &QTimer::timeout, this, &FrameMenus::UpdateSelectionCommands);
+    UpdateChecks();
+    UpdateSelectionCommands();
+}
+
+QAction *FrameMenus::Add(QMenu &menu, const CommandText &text, const std::function<void()> &run)
+{
+    QAction *action = MakeCommand(text, run, &frame);
+    menu.addAction(action);
+    return action;
+}
+
+void FrameMenus::MakeFileMenu()
+{
+    QMenu &menu = *frame.menuBar()->addMenu(u"&File"_s);
+    Add(menu,
+        {"purge", u"&Purge database...", u"Remove accumulated records", Picture::Purge},
+        Opener(frame, frame.Dialogs().purge));
+    menu.addSeparator();
+    Add(menu,
+        {"exit", u"E&xit", u"Quit the program", Picture::Exit, QKeySequence(u"Ctrl+Q"_s)},
+        [this] { frame.close(); });
+}
+
+void FrameMenus::MakeUserMenu()
+{
+    QMenu &menu = *frame.menuBar()->addMenu(u"&User"_s);
+    const auto openProperties = [this] { frame.ActivePane().OpenProperties(); };
+    constexpr auto kPropertiesPrompt = u"Display user or group properties";
+    properties = Add(menu,
+                     {"properties", u"&Properties...", kPropertiesPrompt, Picture::Properties},
+                     openProperties);
+    toolbarProperties =
+        MakeCommand({"toolbarProperties", u"Properties...", kPropertiesPrompt, Picture::Properties},
+                    openProperties,
+                    &frame);
+    account =
+        Add(menu,
+            {"account", u"&Account...", u"Refill current user or group account", Picture::Account},
+            [this] { frame.ActivePane().OpenAccount(); });
+    changeGroup = Add(menu, {"changeGroup", u"Change &group...", u"", Picture::Group}, [this] {
+        frame.Users().ChangeGroup();
+    });
+    menu.addSeparator();
+    doNotMonitor = Add(
+        menu,
+        {"doNotMonitor", u"Do not &monitor", u"Move to the unmonitored list", Picture::Unmonitored},
+        [this] { frame.Users().StopMonitoringSelected(); });
+    remove = Add(menu,
+                 {"delete", u"&Delete", u"Delete user or the group", Picture::Delete},
+                 [this] { frame.ActivePane().DeleteSelected(); });
+    connect(&menu, &QMenu::aboutToShow, this, &FrameMenus::UpdateSelectionCommands);
+}
+
+void FrameMenus::MakeViewMenu()
+{
+    QMenu &menu = *frame.menuBar()->addMenu(u"&View"_s);
+    MakeColumnsMenu(menu);
+    MakeSortMenu(menu);
+    refresh = Add(menu,
+                  {"refresh", u"Re&fresh ", u"Read both lists anew", Picture::Refresh},
+                  [this] { frame.Refresh(); });
+    menu.addSeparator();
+    MakeRefreshItems(menu);
+    connect(&menu, &QMenu::aboutToShow, this, &FrameMenus::UpdateChecks);
+}
+
+void FrameMenus::MakeColumnsMenu(QMenu &view)
+{
+    QMenu &menu = *view.addMenu(u"&Columns"_s);
+    for (const UserColumn column : kUserColumnOrder) {
+        QAction *item = menu.addAction(HeaderText(column));
+        item->setCheckable(true);
+        connect(item, &QAction::triggered, this, [this, column] {
+            frame.Users().ToggleColumn(column);
+            UpdateChecks();
+        });
+        columnItems.append(item);
+    }
+}
+
+void FrameMenus::MakeSortMenu(QMenu &view)
+{
+    QMenu &menu = *view.addMenu(u"&Sort by"_s);
+    for (const auto &text : {u"Usernames"_s, u"Workstations"_s, u"Full names"_s}) {
+        QAction *item = menu.addAction(text);
+        item->setCheckable(true);
+        const auto order = static_cast<int>(sortItems.size());
+        connect(item, &QAction::triggered, this, [this, order] {
+            frame.SortBy(order);
+            UpdateChecks();
+        });
+        sortItems.append(item);
+    }
+}
+
+void FrameMenus::MakeRefreshItems(QMenu &view)
+{
+    for (const auto &text : {u"No auto refresh"_s,
+                             u"Each minute"_s,
+                             u"Each 3 minutes"_s,
+                             u"Each 5 minutes"_s,
+                             u"Each 10 minutes"_s,
+                             u"Custom period..."_s}) {
+        QAction *item = view.addAction(text);
+        item->setCheckable(true);
+        const auto mode = static_cast<AutoRefresh::Mode>(refreshItems.size());
+        connect(item, &QAction::triggered, this, [this, mode] {
+            if (mode == AutoRefresh::Custom) {
+                frame.ChooseCustomPeriod();
+            } else {
+                frame.Refreshing().Choose(mode);
+            }
+            UpdateChecks();
+        });
+        refreshItems.append(item);
+    }
+}
+
+void FrameMenus::MakeConfigureMenu()
+{
+    const FrameDialogs &dialogs = frame.Dialogs();
+    QMenu &menu = *frame.menuBar()->addMenu(u"&Configure"_s);
+    options = Add(menu,
+                  {"options", u"&Options", u"Options", Picture::Options},
+                  RefreshingOpener(frame, dialogs.options));
+    Add(menu,
+        {"unmonitored",
+         u"&Unmonitored",
+         u"Bring users back under monitoring",
+         Picture::Unmonitored},
+        RefreshingOpener(frame, dialogs.unmonitored));
+    Add(menu,
+        {"logins", u"&Login manager", u"Logins for user authentication", Picture::Logins},
+        Opener(frame, dialogs.logins));
+    Add(menu,
+        {"adapter",
+         u"&Network adapter",
+         u"Select network card Tollbrook will work with",
+         Picture::Adapter},
+        Opener(frame, dialogs.adapter));
+    // No menu holds this one; it is there for its keys.
+    frame.addAction(MakeCommand({"globalOptions",
+                                 u"Global options",
+                                 u"Display global options",
+                                 Picture::Options,
+                                 QKeySequence(u"Ctrl+Shift+O"_s)},
+                                RefreshingOpener(frame, dialogs.globalOptions),
+                                &frame));
+}
+
+void FrameMenus::MakeHelpMenu()
+{
+    const FrameDialogs &dialogs = frame.Dialogs();
+    QMenu &menu = *frame.menuBar()->addMenu(u"&Help"_s);
+    topics = Add(menu,
+                 {"topics",
+                  u"&Help topics",
+                  u"Open the user guide",
+                  Picture::Help,
+                  QKeySequence::HelpContents},
+                 Opener(frame, dialogs.helpTopics));
+    Add(menu,
+        {"wizard", u"Setup &wizard...", u"Starts the setup wizard", Picture::Wizard},
+        RefreshingOpener(frame, dialogs.setupWizard));
+    menu.addSeparator();
+    Add(menu,
+        {"about", u"&About Tollbrook Administrator", u"", Picture::About},
+        Opener(frame, dialogs.about));
+    menu.menuAction()->setVisible(dialogs.helpTopics || dialogs.setupWizard || dialogs.about);
+}
+
+void FrameMenus::MakeToolbar()
+{
+    bar = frame.addToolBar(u"Commands"_s);
+    bar->setObjectName(u"toolBar"_s);
+    for (QAction *action : {toolbarProperties, account, remove}) {
+        bar->addAction(action);
+    }
+    bar->addSeparator();
+    bar->addAction(refresh);
+    bar->addAction(reports);
+    bar->addAction(options);
+    bar->addSeparator();
+    bar->addAction(topics);
+}
+
+void FrameMenus::UpdateSoon()
+{
+    update.start(0);
+}
+
+void FrameMenus::UpdateSelectionCommands()
+{
+    const ListPane &pane = frame.ActivePane();
+    const qsizetype selected = pane.SelectedRows().size();
+    const bool isUsers = &pane == &frame.Users();
+    properties->setEnabled(selected > 0);
+    toolbarProperties->setEnabled(selected == 1);
+    account->setEnabled(pane.HasAccount());
+    changeGroup->setEnabled(isUsers && selected > 0);
+    doNotMonitor->setEnabled(isUsers && selected > 0);
+    remove->setEnabled(selected > 0);
+}
+
+void FrameMenus::UpdateChecks()
+{
+    for (qsizetype index = 0; index < columnItems.size(); ++index) {
+        columnItems[index]->setChecked(
+            frame.Users().IsColumnVisible(kUserColumnOrder[static_cast<size_t>(index)]));
+    }
+    for (qsizetype order = 0; order < sortItems.size(); ++order) {
+        sortItems[order]->setChecked(order == frame.SortOrder());
+    }
+    for (qsizetype mode = 0; mode < refreshItems.size(); ++mode) {
+        refreshItems[mode]->setChecked(mode == frame.Refreshing().CurrentMode());
+    }
+}

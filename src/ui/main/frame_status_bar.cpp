@@ -1,0 +1,84 @@
+#include "ui/main/frame_status_bar.h"
+
+#include "db/failure_log.h"
+#include "ui/main/failures_dialog.h"
+#include "ui/main/status_pane.h"
+
+#include <QLabel>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+FrameStatusBar::FrameStatusBar(QWidget *parent)
+    : QStatusBar(parent)
+    , notice(new QLabel(this))
+    , userCount(new QLabel(u"Total users: 12"_s, this))
+    , service(new StatusPane(u"servicePane"_s, u"A double click controls the service"_s, this))
+    , connection(new StatusPane(
+          u"connectionPane"_s, u"Without a connection, a double click reconnects"_s, this))
+    , failures(new QToolButton(this))
+{
+    setObjectName(u"statusBar"_s);
+    notice->setObjectName(u"messagePane"_s);
+    notice->setTextFormat(Qt::PlainText);
+    userCount->setObjectName(u"usersPane"_s);
+    userCount->setMargin(2);
+    addWidget(notice, 1);
+    AddFailuresPane();
+    addPermanentWidget(userCount);
+    addPermanentWidget(service);
+    addPermanentWidget(connection);
+    ShowNotice({});
+    connect(service, &StatusPane::Opened, this, &FrameStatusBar::ServiceOpened);
+    connect(connection, &StatusPane::Opened, this, &FrameStatusBar::ConnectionOpened);
+}
+
+void FrameStatusBar::AddFailuresPane()
+{
+    failures->setObjectName(u"failuresPane"_s);
+    failures->setAutoRaise(true);
+    failures->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    failures->setIcon(IconOf(Picture::Failures));
+    failures->setToolTip(u"Database statements that failed since the program started"_s);
+    addPermanentWidget(failures);
+    connect(failures, &QToolButton::clicked, this, [this] { FailuresDialog(window()).exec(); });
+    connect(&FailureLog::Instance(), &FailureLog::Changed, this, &FrameStatusBar::ShowFailures);
+    ShowFailures();
+}
+
+void FrameStatusBar::ShowNotice(const QString &text)
+{
+    notice->setText(text.isEmpty() ? u"Ready"_s : text);
+}
+
+void FrameStatusBar::ShowUserCount(int users)
+{
+    userCount->setText(u"Active users: %1 "_s.arg(users));
+}
+
+void FrameStatusBar::ShowService(bool running)
+{
+    if (running) {
+        service->ShowPicture(u"SERVICEON"_s, Picture::ServiceOn, u"The accounting service runs"_s);
+    } else {
+        service->ShowPicture(
+            u"SERVICEOFF"_s, Picture::ServiceOff, u"The accounting service does not run"_s);
+    }
+}
+
+void FrameStatusBar::ShowConnection(bool connected)
+{
+    if (connected) {
+        connection->ShowPicture(u"CONN"_s, Picture::Connected, u"Connected to the service"_s);
+    } else {
+        connection->ShowPicture(
+            u"NOCONN"_s, Picture::NotConnected, u"Not connected to the service"_s);
+    }
+}
+
+void FrameStatusBar::ShowFailures()
+{
+    const qsizetype count = FailureLog::Instance().Count();
+    failures->setText(u"Failed statements: %1"_s.arg(count));
+    failures->setVisible(count > 0);
+}

@@ -1,0 +1,37 @@
+// The status bar of the main window: messages, users, service, connection. A fifth pane shows up with
+// the first failed statement.
+#pragma once
+
+#include <QStatusBar>
+
+class QLabel;
+class QToolButton;
+class StatusPane;
+
+class FrameStatusBar : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit FrameStatusBar(QWidget *parent);
+
+    // What stands in the message pane while no menu prompt covers it; empty for "Ready".
+    void ShowNotice(const QString &text);
+    void ShowUserCount(int users);
+    void ShowService(bool running);
+    void ShowConnection(bool connected);
+
+signals:
+    void ServiceOpened();
+    void ConnectionOpened();
+
+private:
+    void AddFailuresPane();
+    void ShowFailures();
+
+    QLabel *notice;
+    QLabel *userCount;
+    StatusPane *service;
+    StatusPane *connection;
+    QToolButton *failures;
+};

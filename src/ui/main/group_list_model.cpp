@@ -1,0 +1,63 @@
+#include "ui/main/group_list_model.h"
+
+#include "ui/common/icons.h"
+#include "ui/main/access_picture.h"
+
+using namespace Qt::StringLiterals;
+
+void GroupListModel::SetList(const GroupList &newList)
+{
+    beginResetModel();
+    list = newList;
+    endResetModel();
+}
+
+void GroupListModel::RemoveGroup(quint32 groupId)
+{
+    const int row = RowOf(groupId);
+    if (row >= 0) {
+        beginRemoveRows({}, row, row);
+        list.rows.removeAt(row);
+        list.rowGroupIds.removeAt(row);
+        endRemoveRows();
+    }
+}
+
+int GroupListModel::RowOf(quint32 groupId) const
+{
+    return static_cast<int>(list.rowGroupIds.indexOf(groupId));
+}
+
+int GroupListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(list.rows.size());
+}
+
+int GroupListModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : kColumns;
+}
+
+QVariant GroupListModel::data(const QModelIndex &index, int role) const
+{
+    const GroupRow &row = list.rows[index.row()];
+    if (index.column() == Access) {
+        return AccessCellData(row.blocked ? AccessState::Blocked : AccessState::Allowed, role);
+    }
+    if (role == Qt::DisplayRole) {
+        return index.column() == Name ? row.name : row.description;
+    }
+    if (role == Qt::DecorationRole && index.column() == Name) {
+        return IconOf(Picture::Group);
+    }
+    return {};
+}
+
+QVariant GroupListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    static const QString headers[kColumns] = {u"Group Name"_s, u"Description"_s, u"Access"_s};
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section < kColumns) {
+        return headers[section];
+    }
+    return QAbstractTableModel::headerData(section, orientation, role);
+}

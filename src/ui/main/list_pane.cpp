@@ -1,0 +1,177 @@
+#include "ui/main/list_pane.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScrollBar>
+
+#include <algorithm>
+
+ListPane::ListPane(QWidget *parent) : QTreeView(parent)
+{
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setIconSize(QSize(16, 16));
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header()->setSectionsMovable(false);
+    header()->setStretchLastSection(false);
+}
+
+QList<int> ListPane::SelectedRows() const
+{
+    QList<int> rows;
+    for (const QModelIndex &index : selectionModel()->selectedRows()) {
+        rows.append(index.row());
+    }
+    std::ranges::sort(rows);
+    return rows;
+}
+
+QList<quint32> ListPane::SelectedIds() const
+{
+    QList<quint32> ids;
+    for (const int row : SelectedRows()) {
+        ids.append(IdAt(row));
+    }
+    return ids;
+}
+
+int ListPane::RowCount() const
+{
+    return model()->rowCount();
+}
+
+void ListPane::DeselectFirst()
+{
+    const QList<int> rows = SelectedRows();
+    if (!rows.isEmpty()) {
+        selectionModel()->select(model()->index(rows.front(), 0),
+                                 QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+    }
+}
+
+void ListPane::ShowModel(QAbstractItemModel *model)
+{
+    setModel(model);
+    connect(selectionModel(),
+            &QItemSelectionModel::selectionChanged,
+            this,
+            &ListPane::SelectionChanged);
+    connect(model, &QAbstractItemModel::modelReset, this, &ListPane::SelectionChanged);
+}
+
+void ListPane::KeepingPlace(const std::function<void()> &fill)
+{
+    const QList<quint32> selected = SelectedIds();
+    const int scrolledTo = verticalScrollBar()->value();
+    fill();
+    QItemSelection selection;
+    for (const quint32 id : selected) {
+        if (const int row = RowOf(id); row >= 0) {
+            selection.append(QItemSelectionRange(model()->index(row, 0)));
+        }
+    }
+    selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(scrolledTo);
+}
+
+void ListPane::OpenFor(const ForOne &dialog)
+{
+    const QList<quint32> selected = SelectedIds();
+    if (dialog && !selected.isEmpty()) {
+        dialog(selected.front(), window());
+    }
+}
+
+std::function<void()> ListPane::Opener(const ForOne &dialog)
+{
+    return dialog ? [this, &dialog] { OpenFor(dialog); } : std::function<void()>();
+}
+
+void ListPane::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_F5:
+        RefreshKey();
+        return;
+    case Qt::Key_Delete:
+        DeleteSelected();
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        OpenProperties();
+        return;
+    default:
+        QTreeView::keyPressEvent(event);
+    }
+}
+
+void ListPane::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QTreeView::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton) {
+        OpenProperties();
+    }
+}
+
+void ListPane::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (SelectedRows().isEmpty()) {
+        return;
+    }
+    QMenu menu(this);
+    FillPopUp(menu);
+    menu.exec(PlaceOfMenu(*event));
+}
+
+// At the mouse; asked for by the keyboard, below the first selected row.
+QPoint ListPane::PlaceOfMenu(const QContextMenuEvent &event) const
+{
+    if (event.reason() == QContextMenuEvent::Mouse) {
+        return event.globalPos();
+    }
+    const QRect row = visualRect(model()->index(SelectedRows().front(), 0));
+    const QRect shown = viewport()->rect();
+    const int y = std::clamp(row.bottom(), shown.top(), shown.bottom());
+    return viewport()->mapToGlobal(QPoint(row.left() + iconSize().width(), y));
+}
+
+void ListPane::focusInEvent(QFocusEvent *event)
+{
+    QTreeView::focusInEvent(event);
+    emit Focused();
+}
+
+void ListPane::focusOutEvent(QFocusEvent *event)
+{
+    QTreeView::focusOutEvent(event);
+    // A menu borrows the focus for commands on the very rows that are selected.
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::MenuBarFocusReason) {
+        DeselectFirst();
+    }
+}
+
+bool ListPane::focusNextPrevChild(bool next)
+{
+    if (!next) {
+        return QTreeView::focusNextPrevChild(next);
+    }
+    DeselectFirst();
+    emit LeftByTab();
+    return true;
+}
+
+void AddEntry(QMenu &menu, const QString &text, const std::function<void()> &run, bool enabled)
+{
+    if (run) {
+        QAction *action = menu.addAction(text);
+        action->setEnabled(enabled);
+        QObject::connect(action, &QAction::triggered, &menu, run);
+    }
+}

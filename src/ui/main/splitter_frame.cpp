@@ -1,0 +1,218 @@
+#include "ui/main/splitter_frame.h"
+
+#include "access/group_list.h"
+#include "access/user_list.h"
+#include "db/failure_log.h"
+#include "ui/common/icons.h"
+#include "ui/main/administrator_view.h"
+#include "ui/main/administrator_view_grp.h"
+#include "ui/main/auto_refresh.h"
+#include "ui/main/find_bar.h"
+#include "ui/main/frame_menus.h"
+#include "ui/main/frame_status_bar.h"
+#include "ui/main/refresh_period_dialog.h"
+#include "ui/main/service_watch.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QSplitter>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStartDelay = 2000;
+constexpr int kPollPeriod = 60000;
+
+} // namespace
+
+CSplitterFrame::CSplitterFrame(CAdministratorApp &application, FrameDialogs windows)
+    : app(application)
+    , dialogs(std::move(windows))
+{
+    setObjectName(u"frame"_s);
+    setWindowTitle(u"Tollbrook Administrator"_s);
+    setWindowIcon(IconOf(Picture::Application));
+    CreatePanes();
+    CreateBars();
+    ReadSettings();
+    CreateTimers();
+    resize(1000, 680);
+    users->setFocus();
+}
+
+CSplitterFrame::~CSplitterFrame()
+{
+    app.Shutdown();
+    WriteSettings();
+}
+
+void CSplitterFrame::CreatePanes()
+{
+    auto *splitter = new QSplitter(Qt::Vertical, this);
+    splitter->setObjectName(u"splitter"_s);
+    splitter->setChildrenCollapsible(false);
+    users = new CAdministratorView(app.Config(), app.Messages(), dialogs, splitter);
+    groups = new CAdministratorViewGrp(app.Messages(), dialogs, splitter);
+    splitter->setStretchFactor(0, 3);
+    splitter->setStretchFactor(1, 1);
+    setCentralWidget(splitter);
+    activePane = users;
+    users->Start();
+    groups->FillGroups();
+    connect(users, &CAdministratorView::Filled, this, &CSplitterFrame::ShowCounts);
+}
+
+void CSplitterFrame::CreateBars()
+{
+    autoRefresh = new AutoRefresh(this);
+    menus = new FrameMenus(*this);
+    findBar = new FindBar(
+        app.Messages(), [this](const QString &text) { return users->FindUser(text); }, this);
+    addToolBar(findBar);
+    connect(new QShortcut(QKeySequence::Find, this),
+            &QShortcut::activated,
+            findBar,
+            &FindBar::TakeFocus);
+    status = new FrameStatusBar(this);
+    setStatusBar(status);
+    setContextMenuPolicy(Qt::NoContextMenu); // both bars stay
+    Follow(*users, *groups);
+    Follow(*groups, *users);
+
+    service = new ServiceWatch(dialogs, this);
+    connect(service, &ServiceWatch::ServiceShown, status, &FrameStatusBar::ShowService);
+    connect(service, &ServiceWatch::ConnectionShown, status, &FrameStatusBar::ShowConnection);
+    connect(status, &FrameStatusBar::ServiceOpened, this, [this] { service->OpenControl(this); });
+    connect(status, &FrameStatusBar::ConnectionOpened, this, [this] {
+        if (!service->IsConnected()) {
+            service->OpenReconnect(this);
+        }
+    });
+    service->Start(app.IsServiceRunning(), app.IsConnected());
+}
+
+// The timers start after a moment in which the window is already up; the service poll first.
+void CSplitterFrame::CreateTimers()
+{
+    connect(autoRefresh, &AutoRefresh::Due, this, &CSplitterFrame::Refresh);
+    pollTimer.setObjectName(u"pollTimer"_s);
+    connect(&pollTimer, &QTimer::timeout, this, [this] { service->Poll(app.Control()); });
+    startDelay.setObjectName(u"startDelay"_s);
+    startDelay.setSingleShot(true);
+    connect(&startDelay, &QTimer::timeout, this, [this] {
+        pollTimer.start(kPollPeriod);
+        autoRefresh->Start();
+    });
+    startDelay.start(kStartDelay);
+}
+
+void CSplitterFrame::Follow(ListPane &pane, ListPane &other)
+{
+    connect(&pane, &ListPane::SelectionChanged, menus, &FrameMenus::UpdateSoon);
+    connect(&pane, &ListPane::LeftByTab, &other, [&other] { other.setFocus(Qt::TabFocusReason); });
+    connect(&pane, &ListPane::Focused, this, [this, &pane] {
+        activePane = &pane;
+        menus->UpdateSoon();
+    });
+}
+
+void CSplitterFrame::FirstStart()
+{
+    ShowCounts();
+    const bool firstTime = app.Config().ReadInteger(values::kFirstStart) == 1;
+    if (firstTime) {
+        RunSetupWizard();
+    } else if (!service->IsConnected()) {
+        service->OpenReconnect(this);
+    }
+    app.Config().WriteInteger(values::kFirstStart, 0);
+}
+
+void CSplitterFrame::Refresh()
+{
+    const qsizetype failures = FailureLog::Instance().Count();
+    groups->FillGroups();
+    users->FillList(sortOrder, true);
+    ShowCounts();
+    if (FailureLog::Instance().Count() > failures) {
+        status->ShowNotice(u"The lists could not be read; the failed statements tell why."_s);
+    }
+}
+
+void CSplitterFrame::SortBy(int order)
+{
+    sortOrder = order;
+    users->FillList(sortOrder, true);
+    ShowCounts();
+}
+
+void CSplitterFrame::ShowCounts()
+{
+    status->ShowUserCount(users->RowCount());
+    status->ShowNotice({});
+    // Counting a large table takes longer than reading its first rows: the rows are painted first.
+    if (users->RowCount() == kUserListCapacity || groups->RowCount() == kGroupListCapacity) {
+        QTimer::singleShot(0, this, &CSplitterFrame::CountBeyondLists);
+    }
+}
+
+void CSplitterFrame::CountBeyondLists()
+{
+    QStringList notices;
+    const auto compare =
+        [&](quint32 capacity, int listed, quint32 (*count)(), const QString &what) {
+            const quint32 all = static_cast<quint32>(listed) == capacity ? count() : 0;
+            if (all > capacity) {
+                notices << u"The first %1 of %2 %3 are listed."_s.arg(
+                    QLocale().toString(capacity), QLocale().toString(all), what);
+            }
+        };
+    compare(kUserListCapacity, users->RowCount(), CountListedUsers, u"users"_s);
+    compare(kGroupListCapacity, groups->RowCount(), CountGroups, u"groups"_s);
+    status->ShowNotice(notices.join(u' '));
+}
+
+void CSplitterFrame::RunSetupWizard()
+{
+    if (dialogs.setupWizard) {
+        RunAndRefresh(dialogs.setupWizard);
+    }
+}
+
+void CSplitterFrame::RunAndRefresh(const FrameDialogs::ForNothing &dialog)
+{
+    dialog(this);
+    Refresh();
+}
+
+void CSplitterFrame::ChooseCustomPeriod()
+{
+    RefreshPeriodDialog dialog(autoRefresh->Period(), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        autoRefresh->ChooseCustom(dialog.Minutes());
+    }
+}
+
+void CSplitterFrame::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F5) {
+        Refresh();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+void CSplitterFrame::ReadSettings()
+{
+    sortOrder = app.Config().ReadInteger(values::kSortBy);
+    autoRefresh->Load(app.Config());
+}
+
+void CSplitterFrame::WriteSettings() const
+{
+    app.Config().WriteInteger(values::kSortBy, sortOrder);
+    autoRefresh->Save(app.Config());
+}

@@ -1,0 +1,81 @@
+// The main window: the users list above the groups list, menus, toolbar, find bar and status bar.
+#pragma once
+
+#include "app/administrator_app.h"
+#include "ui/main/frame_dialogs.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+class AutoRefresh;
+class CAdministratorView;
+class CAdministratorViewGrp;
+class FindBar;
+class FrameMenus;
+class FrameStatusBar;
+class ListPane;
+class ServiceWatch;
+
+class CSplitterFrame : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    // Fills both lists. `app` must outlive the frame.
+    CSplitterFrame(CAdministratorApp &app, FrameDialogs dialogs);
+
+    // Closes the database session and the connection, then keeps the sort order and the refresh
+    // choice in the store.
+    ~CSplitterFrame() override;
+
+    // What is left to do once the window is shown: the user count, and the setup wizard or the offer
+    // to reconnect.
+    void FirstStart();
+
+    // Both lists, the users in the current order.
+    void Refresh();
+
+    // 0 user names, 1 workstations, 2 full names.
+    void SortBy(int order);
+    [[nodiscard]] int SortOrder() const { return sortOrder; }
+
+    // The list that was last in use; the shared commands work on it.
+    [[nodiscard]] ListPane &ActivePane() const { return *activePane; }
+
+    [[nodiscard]] CAdministratorView &Users() const { return *users; }
+    [[nodiscard]] const FrameDialogs &Dialogs() const { return dialogs; }
+    [[nodiscard]] AutoRefresh &Refreshing() const { return *autoRefresh; }
+
+    void RunSetupWizard();
+    void ChooseCustomPeriod();
+
+    // Runs a window that may have changed anything, and reads both lists anew.
+    void RunAndRefresh(const FrameDialogs::ForNothing &dialog);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void CreatePanes();
+    void CreateBars();
+    void CreateTimers();
+    void Follow(ListPane &pane, ListPane &other);
+    void ShowCounts();
+    void CountBeyondLists();
+    void ReadSettings();
+    void WriteSettings() const;
+
+    CAdministratorApp &app;
+    FrameDialogs dialogs;
+    CAdministratorView *users = nullptr;
+    CAdministratorViewGrp *groups = nullptr;
+    ListPane *activePane = nullptr;
+    FrameStatusBar *status = nullptr;
+    FindBar *findBar = nullptr;
+    FrameMenus *menus = nullptr;
+    ServiceWatch *service = nullptr;
+    AutoRefresh *autoRefresh = nullptr;
+    QTimer pollTimer {this};
+    QTimer startDelay {this};
+    int sortOrder = 0;
+};

@@ -1,0 +1,107 @@
+#include "ui/main/user_columns.h"
+
+#include "access/user_list.h"
+#include "base/text.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ColumnTraits
+{
+    const char16_t *header;
+    int sortCode;
+    TextValue visible;
+    TextValue width;
+};
+
+// By slot.
+constexpr ColumnTraits kTraits[kUserColumns] = {
+    {u"Username", user_order::kUserName, values::kViewUserHdr, values::kUserHdrWidth},
+    {u"IP Address", user_order::kIpAddress, values::kViewIPHdr, values::kIPHdrWidth},
+    {u"Workstation", user_order::kStationName, values::kViewWksHdr, values::kWksHdrWidth},
+    {u"Full name", user_order::kFullName, values::kViewNameHdr, values::kNameHdrWidth},
+    {u"Access", user_order::kBlocked, values::kViewAccessHdr, values::kAccessHdrWidth},
+    {u"MAC Address", user_order::kMacAddress, values::kViewMACHdr, values::kMACHdrWidth},
+    {u"Group", -1, values::kViewGroupHdr, values::kGroupHdrWidth},
+};
+
+constexpr size_t Slot(UserColumn column)
+{
+    return static_cast<size_t>(column);
+}
+
+const ColumnTraits &TraitsOf(UserColumn column)
+{
+    return kTraits[Slot(column)];
+}
+
+} // namespace
+
+QString HeaderText(UserColumn column)
+{
+    return QString::fromUtf16(TraitsOf(column).header);
+}
+
+int SortCode(UserColumn column)
+{
+    return TraitsOf(column).sortCode;
+}
+
+void UserColumns::Load(const ConfigStore &config)
+{
+    if (!config.HasKey(ConfigKeyId::Ui)) {
+        return;
+    }
+    QString verdict; // kept: a missing value repeats the verdict of the value read before it
+    for (const UserColumn column : kUserColumnOrder) {
+        verdict = config.ReadText(TraitsOf(column).visible).value_or(verdict);
+        columnVisible[Slot(column)] = verdict != u"0"_s;
+    }
+    for (const UserColumn column : kUserColumnOrder) {
+        if (const auto width = config.ReadText(TraitsOf(column).width)) {
+            columnWidth[Slot(column)] = IntegerFrom(*width);
+        }
+    }
+}
+
+void UserColumns::Save(const ConfigStore &config) const
+{
+    for (const UserColumn column : kUserColumnOrder) {
+        config.WriteFlag(TraitsOf(column).visible, IsVisible(column));
+        config.WriteInteger(TraitsOf(column).width, Width(column));
+    }
+}
+
+bool UserColumns::IsVisible(UserColumn column) const
+{
+    return columnVisible[Slot(column)];
+}
+
+int UserColumns::Width(UserColumn column) const
+{
+    return columnWidth[Slot(column)];
+}
+
+void UserColumns::Toggle(UserColumn column)
+{
+    columnVisible[Slot(column)] = !columnVisible[Slot(column)];
+}
+
+QList<UserColumn> UserColumns::Shown() const
+{
+    QList<UserColumn> shown;
+    std::ranges::copy_if(kUserColumnOrder, std::back_inserter(shown), [this](UserColumn column) {
+        return IsVisible(column);
+    });
+    return shown;
+}
+
+bool UserColumns::ShowUsers() const
+{
+    return std::ranges::any_of(kUserColumnOrder, [this](UserColumn column) {
+        return IsVisible(column) && column != UserColumn::Group && column != UserColumn::Access;
+    });
+}

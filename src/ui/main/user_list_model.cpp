@@ -1,0 +1,104 @@
+#include "ui/main/user_list_model.h"
+
+#include "ui/common/icons.h"
+#include "ui/main/access_picture.h"
+
+#include <algorithm>
+
+namespace {
+
+QString CellText(const UserRow &row, UserColumn column)
+{
+    switch (column) {
+    case UserColumn::UserName:
+        return row.userName;
+    case UserColumn::IpAddress:
+        return row.ipAddress;
+    case UserColumn::Workstation:
+        return row.stationName;
+    case UserColumn::FullName:
+        return row.fullName;
+    case UserColumn::MacAddress:
+        return row.macAddress;
+    case UserColumn::Group:
+        return row.groupName;
+    case UserColumn::Access:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+void UserListModel::SetColumns(const QList<UserColumn> &shown)
+{
+    beginResetModel();
+    columns = shown;
+    list = {};
+    endResetModel();
+}
+
+void UserListModel::SetList(const UserList &newList)
+{
+    beginResetModel();
+    list = newList;
+    endResetModel();
+}
+
+void UserListModel::RemoveUser(quint32 userId)
+{
+    const int row = RowOf(userId);
+    if (row >= 0) {
+        beginRemoveRows({}, row, row);
+        list.rows.removeAt(row);
+        list.rowUserIds.removeAt(row);
+        endRemoveRows();
+    }
+}
+
+int UserListModel::RowOf(quint32 userId) const
+{
+    return static_cast<int>(list.rowUserIds.indexOf(userId));
+}
+
+int UserListModel::FindPrefix(const QString &text) const
+{
+    const auto found = std::ranges::find_if(list.rows, [&](const UserRow &row) {
+        return CellText(row, columns.front()).startsWith(text, Qt::CaseInsensitive);
+    });
+    return found == list.rows.end() ? -1 : static_cast<int>(found - list.rows.begin());
+}
+
+int UserListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(list.rows.size());
+}
+
+int UserListModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(columns.size());
+}
+
+QVariant UserListModel::data(const QModelIndex &index, int role) const
+{
+    const UserRow &row = list.rows[index.row()];
+    const UserColumn column = columns[index.column()];
+    if (column == UserColumn::Access) {
+        return AccessCellData(row.access, role);
+    }
+    if (role == Qt::DisplayRole) {
+        return CellText(row, column);
+    }
+    if (role == Qt::DecorationRole && index.column() == 0) {
+        return IconOf(Picture::User);
+    }
+    return {};
+}
+
+QVariant UserListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section < columns.size()) {
+        return HeaderText(columns[section]);
+    }
+    return QAbstractTableModel::headerData(section, orientation, role);
+}

@@ -1,0 +1,132 @@
+#include "list_fixture.h"
+
+#include "access/list_commands.h"
+
+using namespace Qt::StringLiterals;
+
+void ListFixture::TearDown()
+{
+    frame.reset();
+    WindowFixture::TearDown();
+}
+
+quint32 ListFixture::AddUser(const SampleUser &user)
+{
+    const auto text = [](const char *utf8) { return QString::fromUtf8(utf8); };
+    const auto flag = [](bool on) { return quint32 {on}; };
+    Execute(
+        "INSERT INTO users (username, stationname, fullname, ip_addr, mac_addr, group_id, blocked, "
+        "blockreason, TimeAccess, timeblocked, monitored, mode) VALUES ((?), (?), (?), (?), (?), "
+        "(?), (?), (?), (?), (?), (?), (?))",
+        text(user.name),
+        text(user.station),
+        text(user.fullName),
+        text(user.ip),
+        text(user.mac),
+        user.group,
+        flag(user.blocked),
+        user.reason,
+        flag(user.timeAccess),
+        flag(user.timeBlocked),
+        flag(user.monitored),
+        user.mode);
+    RunQuery("SELECT MAX(user_id) FROM users", FetchMode::All);
+    return queryResult.Integer(1);
+}
+
+quint32 ListFixture::AddGroupNamed(const QString &name, const QString &description, quint32 mode)
+{
+    const quint32 id = AddGroup(name);
+    Execute(
+        "UPDATE groups SET descrip = (?), mode = (?) WHERE group_id = (?)", description, mode, id);
+    return id;
+}
+
+CSplitterFrame &ListFixture::ShowFrame()
+{
+    frame = std::make_unique<CSplitterFrame>(*theApp, dialogs);
+    frame->show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
+    frame->FirstStart();
+    return *frame;
+}
+
+CAdministratorView &ListFixture::Users() const
+{
+    return Find<CAdministratorView>(*frame, "usersList");
+}
+
+CAdministratorViewGrp &ListFixture::Groups() const
+{
+    return Find<CAdministratorViewGrp>(*frame, "groupsList");
+}
+
+QStringList ListFixture::Names() const
+{
+    QStringList names;
+    for (const QString &row : RowTexts(Users())) {
+        names << row.section(u'|', 0, 0);
+    }
+    return names;
+}
+
+QAction &ListFixture::Command(const char *name) const
+{
+    return Find<QAction>(*frame, name);
+}
+
+void ListFixture::Settle()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+}
+
+FrameDialogs::ForOne ListFixture::Noting(const char *what)
+{
+    return [this, what](quint32 id, QWidget *parent) {
+        EXPECT_EQ(parent, frame.get());
+        opened << u"%1 %2"_s.arg(QLatin1StringView(what)).arg(id);
+    };
+}
+
+FrameDialogs::ForNothing ListFixture::NotingPlain(const char *what)
+{
+    return [this, what](QWidget * /*parent*/) { opened << QLatin1StringView(what); };
+}
+
+FrameDialogs ListFixture::NotingDialogs()
+{
+    FrameDialogs noting;
+    noting.userProperties = Noting("userProperties");
+    noting.userAccount = Noting("userAccount");
+    noting.userStatistics = Noting("userStatistics");
+    noting.userLimits = [this](const QList<quint32> &ids, QWidget * /*parent*/) {
+        QStringList texts;
+        for (const quint32 id : ids) {
+            texts << QString::number(id);
+        }
+        opened << u"userLimits "_s + texts.join(u',');
+    };
+    noting.groupProperties = Noting("groupProperties");
+    noting.groupAccount = Noting("groupAccount");
+    noting.groupStatistics = Noting("groupStatistics");
+    noting.purge = NotingPlain("purge");
+    noting.options = NotingPlain("options");
+    noting.globalOptions = NotingPlain("globalOptions");
+    noting.unmonitored = NotingPlain("unmonitored");
+    noting.logins = NotingPlain("logins");
+    noting.adapter = NotingPlain("adapter");
+    noting.reports = NotingPlain("reports");
+    noting.setupWizard = NotingPlain("setupWizard");
+    noting.helpTopics = NotingPlain("helpTopics");
+    noting.about = NotingPlain("about");
+    noting.serviceControl = [this](QWidget * /*parent*/) {
+        opened << u"serviceControl"_s;
+        return controlOutcome;
+    };
+    noting.reconnect = [this](QWidget * /*parent*/) {
+        opened << u"reconnect"_s;
+        return reconnectOutcome;
+    };
+    return noting;
+}

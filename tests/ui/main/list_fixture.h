@@ -1,0 +1,65 @@
+// The main window on a fresh database with a few users and groups.
+#pragma once
+
+#include "support/core/statement_recorder.h"
+#include "support/windows/widgets.h"
+#include "support/windows/window_fixture.h"
+#include "ui/main/administrator_view.h"
+#include "ui/main/administrator_view_grp.h"
+#include "ui/main/splitter_frame.h"
+
+#include <memory>
+
+// A user as the list reads it; the rest is the schema's.
+struct SampleUser
+{
+    const char *name;
+    const char *station = "";
+    const char *fullName = "";
+    const char *ip = "";
+    const char *mac = "";
+    quint32 group = 80;
+    bool blocked = false;
+    quint32 reason = 0;
+    bool timeAccess = false;
+    bool timeBlocked = false;
+    bool monitored = true;
+    quint32 mode = 0;
+};
+
+class ListFixture : public WindowFixture
+{
+protected:
+    void TearDown() override;
+
+    // The new row's id.
+    quint32 AddUser(const SampleUser &user);
+    quint32 AddGroupNamed(const QString &name, const QString &description = {}, quint32 mode = 0);
+
+    // Shows the main window; the dialogs that it opens are noted in `opened`, nothing else happens.
+    CSplitterFrame &ShowFrame();
+    void CloseFrame() { frame.reset(); }
+
+    [[nodiscard]] CAdministratorView &Users() const;
+    [[nodiscard]] CAdministratorViewGrp &Groups() const;
+
+    // Names of the listed users from the top, first column.
+    [[nodiscard]] QStringList Names() const;
+
+    // The command of the menus with this object name.
+    [[nodiscard]] QAction &Command(const char *name) const;
+
+    // Lets the commands on the selection come up to date.
+    static void Settle();
+
+    FrameDialogs dialogs = NotingDialogs();
+    QStringList opened; // such as "userProperties 1"
+    ControlOutcome controlOutcome;
+    ReconnectFlags reconnectOutcome;
+    std::unique_ptr<CSplitterFrame> frame;
+
+private:
+    FrameDialogs NotingDialogs();
+    FrameDialogs::ForOne Noting(const char *what);
+    FrameDialogs::ForNothing NotingPlain(const char *what);
+};
