@@ -51,6 +51,12 @@ start_service() {
     export DBUS_SESSION_BUS_ADDRESS
     "$programs/tollbrooksvc-demo" --config "$demo/config" >"$demo/service.log" 2>&1 &
     service_pid=$!
+    # The console looks for the service once, at its start.
+    for _ in {1..50}; do
+        grep -q ' ready$' "$demo/service.log" && return
+        sleep 0.1
+    done
+    echo "The stand-in service did not start; build/demo/service.log tells why." >&2
 }
 
 # Ends both; runs at every exit.

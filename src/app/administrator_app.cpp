@@ -16,8 +16,8 @@ constexpr int kDefaultPort = 700;
 
 CAdministratorApp::CAdministratorApp(int &argc, char **argv) : QApplication(argc, argv)
 {
+    // No display name: the desktop would add it to every window's exact caption.
     setApplicationName(u"tollbrook-admin"_s);
-    setApplicationDisplayName(u"Tollbrook Administrator"_s);
     theApp = this;
 }
 

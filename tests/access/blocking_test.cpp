@@ -1,0 +1,124 @@
+// Blocks as both sides see them: the order in which word goes to the service and statements run.
+#include "access/blocking.h"
+
+#include "support/core/database_fixture.h"
+#include "support/core/fake_service.h"
+#include "support/core/private_bus.h"
+
+#include <QLoggingCategory>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+FakeService *witness = nullptr;
+
+// Puts each statement among the calls, through the same connection, so that their order shows.
+void Witness(QtMsgType, const QMessageLogContext &context, const QString &text)
+{
+    if (qstrcmp(context.category, "tollbrook.db.statement") == 0) {
+        witness->Mark(text);
+    }
+}
+
+struct BlockingTest : DatabaseFixture
+{
+    PrivateBus bus;
+    FakeService service {bus};
+    std::unique_ptr<ServiceLink> link;
+
+    void SetUp() override
+    {
+        DatabaseFixture::SetUp();
+        Execute("INSERT INTO groups (group_id, name) VALUES (90, 'Office')");
+        Execute("INSERT INTO groups (group_id, name) VALUES (91, 'Empty')");
+        Execute("INSERT INTO users (username, group_id) VALUES ('anna', 90)");
+        Execute("INSERT INTO users (username, group_id) VALUES ('bert', 90)");
+        Execute("INSERT INTO users (username, group_id) VALUES ('otto', 80)");
+        service.OfferAccounting();
+        link = ServiceLink::Create(bus.Connection());
+        witness = &service;
+        QLoggingCategory::setFilterRules(u"tollbrook.db.statement.debug=true"_s);
+        previous = qInstallMessageHandler(Witness);
+    }
+
+    void TearDown() override
+    {
+        qInstallMessageHandler(previous);
+        QLoggingCategory::setFilterRules({});
+        DatabaseFixture::TearDown();
+    }
+
+    QtMessageHandler previous = nullptr;
+};
+
+const char kUsers[] = "SELECT user_id, blocked, blockreason FROM users ORDER BY user_id";
+const char kGroups[] = "SELECT group_id, blocked, blockreason FROM groups ORDER BY group_id";
+
+} // namespace
+
+TEST_F(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
+{
+    EXPECT_TRUE(BlockUser(link.get(), 2, 3));
+    EXPECT_EQ(service.TakeCalls(),
+              (QStringList {
+                  u"BlockUser 2, no reply"_s,
+                  u"UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)"_s}));
+    EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|1|3"_s, u"3|0|0"_s}));
+    static_cast<void>(service.TakeCalls());
+    EXPECT_TRUE(UnblockUser(link.get(), 2));
+    EXPECT_EQ(service.TakeCalls(),
+              (QStringList {u"UnblockUser 2, no reply"_s,
+                            u"UPDATE users SET blocked = false WHERE user_id = (?)"_s}));
+    EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|0|3"_s, u"3|0|0"_s}));
+}
+
+TEST_F(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
+{
+    EXPECT_FALSE(BlockUser(nullptr, 1, 3));
+    EXPECT_FALSE(UnblockUser(nullptr, 2));
+    EXPECT_EQ(service.TakeCalls().filter(u"no reply"_s), QStringList());
+    EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|1|3"_s, u"2|0|0"_s, u"3|0|0"_s}));
+}
+
+TEST_F(BlockingTest, EveryMemberOfAGroupIsTold)
+{
+    const QString members = u"SELECT user_id FROM users WHERE group_id = (?)"_s;
+    const QString block =
+        u"UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)"_s;
+    BlockGroup(link.get(), 90, 3);
+    EXPECT_EQ(
+        service.TakeCalls(),
+        (QStringList {u"UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)"_s,
+                      u"UPDATE users SET blocked = true, blockreason = (?) WHERE group_id = (?)"_s,
+                      members,
+                      u"BlockUser 1, no reply"_s,
+                      block,
+                      u"BlockUser 2, no reply"_s,
+                      block}));
+    EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|1|3"_s, u"2|1|3"_s, u"3|0|0"_s}));
+    EXPECT_EQ(RowsOf(kGroups), (QStringList {u"80|0|0"_s, u"90|1|3"_s, u"91|0|0"_s}));
+
+    static_cast<void>(service.TakeCalls());
+    const QString unblock = u"UPDATE users SET blocked = false WHERE user_id = (?)"_s;
+    UnblockGroup(link.get(), 90);
+    EXPECT_EQ(service.TakeCalls(),
+              (QStringList {u"UPDATE groups SET blocked = false WHERE group_id = (?)"_s,
+                            u"UPDATE users SET blocked = false WHERE group_id = (?)"_s,
+                            members,
+                            u"UnblockUser 1, no reply"_s,
+                            unblock,
+                            u"UnblockUser 2, no reply"_s,
+                            unblock}));
+    EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|3"_s, u"2|0|3"_s, u"3|0|0"_s}));
+}
+
+TEST_F(BlockingTest, AGroupWithoutMembersIsBlockedAlone)
+{
+    BlockGroup(link.get(), 91, 3);
+    EXPECT_EQ(service.TakeCalls().filter(u"no reply"_s), QStringList());
+    EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|0|0"_s, u"3|0|0"_s}));
+    EXPECT_EQ(RowsOf(kGroups), (QStringList {u"80|0|0"_s, u"90|0|0"_s, u"91|1|3"_s}));
+}

@@ -1,0 +1,175 @@
+#include "app/administrator_app.h"
+
+#include "db/session.h"
+#include "support/core/database_fixture.h"
+#include "support/core/fake_service.h"
+#include "support/core/private_bus.h"
+#include "support/core/scripted_prompt.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kRegistryError = u"Registry error detected. Please reinstall the software"_s;
+const QString kDatabaseError =
+    u"Failed connecting to the database. Please check the database options"_s;
+const QString kNoInstance = u"Could not create instance"_s;
+
+struct StartUpTest : DatabaseFixture
+{
+    PrivateBus bus;
+    FakeService service {bus};
+    ScriptedPrompt prompt;
+    int frames = 0;
+    bool frameWorks = true;
+
+    void SetUp() override
+    {
+        DatabaseFixture::SetUp();
+        DisconnectDatabase();
+    }
+
+    void TearDown() override
+    {
+        theApp->Shutdown();
+        DatabaseFixture::TearDown();
+    }
+
+    [[nodiscard]] ConfigStore Store() const { return ConfigStore(folder.filePath(u"config"_s)); }
+
+    void Write(const TextValue &value, const QString &text)
+    {
+        static_cast<void>(Store().CreateKey(value.key));
+        ASSERT_TRUE(Store().WriteText(value, text));
+    }
+
+    bool StartOn(const QDBusConnection &connection)
+    {
+        theApp->Shutdown();
+        theApp->SetUp({Store().Folder(), connection}, prompt, [this] {
+            ++frames;
+            return frameWorks;
+        });
+        return theApp->InitInstance();
+    }
+    bool Start() { return StartOn(bus.Connection()); }
+};
+
+} // namespace
+
+TEST_F(StartUpTest, WithoutAStoreTheConsoleSaysSoAndOpens)
+{
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), (QStringList {kRegistryError, kDatabaseError}));
+    EXPECT_EQ(frames, 1);
+    EXPECT_EQ(theApp->Port(), 700);
+    EXPECT_FALSE(IsDatabaseOpen());
+    EXPECT_FALSE(theApp->IsServiceRunning());
+    EXPECT_FALSE(theApp->IsConnected());
+}
+
+TEST_F(StartUpTest, ADataSourceThatIsMissingOrUnknownIsTold)
+{
+    ASSERT_TRUE(Store().CreateKey(ConfigKeyId::Base));
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), (QStringList {kRegistryError, kDatabaseError}));
+
+    Write(values::kBillDsn, u"no such source"_s);
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList {kDatabaseError});
+
+    Write(values::kBillDsn, QString(255, u'x')); // does not fit with its terminator
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), (QStringList {kRegistryError, kDatabaseError}));
+
+    Write(values::kBillDsn, Dsn());
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    EXPECT_TRUE(IsDatabaseOpen());
+    EXPECT_EQ(frames, 4);
+}
+
+TEST_F(StartUpTest, ThePortIsReadTheCWay)
+{
+    Write(values::kBillDsn, Dsn());
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(theApp->Port(), 0); // the key is there and the value is not
+    const std::pair<QString, int> ports[] = {
+        {u"8080"_s, 8080}, {u"abc"_s, 0}, {u""_s, 0}, {u" 12x"_s, 12}, {u"-1"_s, -1}};
+    for (const auto &[text, port] : ports) {
+        Write(values::kPort, text);
+        EXPECT_TRUE(Start());
+        EXPECT_EQ(theApp->Port(), port) << qPrintable(text);
+    }
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+}
+
+TEST_F(StartUpTest, AServiceThatDoesNotRunIsLeftAlone)
+{
+    Write(values::kBillDsn, Dsn());
+    service.OfferAccounting();
+    const auto expectNoService = [this](const QDBusConnection &connection) {
+        EXPECT_TRUE(StartOn(connection));
+        EXPECT_EQ(prompt.TakeSaid(), QStringList());
+        EXPECT_FALSE(theApp->IsServiceRunning());
+        EXPECT_FALSE(theApp->IsConnected());
+        EXPECT_EQ(theApp->Link(), nullptr);
+    };
+    for (const auto &state : {u"inactive"_s, u"activating"_s, u"deactivating"_s, u"failed"_s}) {
+        service.SetStates({state});
+        expectNoService(bus.Connection());
+    }
+    expectNoService(QDBusConnection(u"no such bus"_s));
+}
+
+TEST_F(StartUpTest, ARunningServiceIsConnectedTo)
+{
+    Write(values::kBillDsn, Dsn());
+    service.SetStates({u"active"_s});
+    service.OfferAccounting();
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    EXPECT_TRUE(theApp->IsServiceRunning());
+    EXPECT_TRUE(theApp->IsConnected());
+    ASSERT_NE(theApp->Link(), nullptr);
+    theApp->Link()->BlockUser(5);
+    EXPECT_EQ(service.TakeCalls(), QStringList {u"BlockUser 5, no reply"_s});
+
+    theApp->Shutdown();
+    EXPECT_FALSE(IsDatabaseOpen());
+    EXPECT_EQ(theApp->Link(), nullptr);
+}
+
+TEST_F(StartUpTest, ARunningServiceWithoutItsObjectCountsAsConnected)
+{
+    Write(values::kBillDsn, Dsn());
+    service.SetStates({u"active"_s});
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList {kNoInstance});
+    EXPECT_TRUE(theApp->IsServiceRunning());
+    EXPECT_TRUE(theApp->IsConnected());
+    EXPECT_EQ(theApp->Link(), nullptr);
+
+    service.OfferAccounting(); // a later attempt
+    EXPECT_EQ(theApp->ConnectService(), 0);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    EXPECT_NE(theApp->Link(), nullptr);
+}
+
+TEST_F(StartUpTest, MessagesComeInTheOrderOfTheSteps)
+{
+    service.SetStates({u"active"_s});
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), (QStringList {kRegistryError, kDatabaseError, kNoInstance}));
+    EXPECT_EQ(frames, 1);
+}
+
+TEST_F(StartUpTest, WithoutAFrameTheProcessEnds)
+{
+    Write(values::kBillDsn, Dsn());
+    frameWorks = false;
+    EXPECT_FALSE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+}
