@@ -34,8 +34,8 @@ JournalMode = WAL
 SyncPragma  = NORMAL
 Timeout     = 2000
 INI
-    "$programs/tollbrook-db" create tollbrook-demo >"$demo/create.log"
-    "$programs/tollbrook-db" demo tollbrook-demo --users 240 --groups 9 --days 400
+    "$programs/tollbrook-db" create --dsn tollbrook-demo >"$demo/database.log"
+    "$programs/tollbrook-db" demo --dsn tollbrook-demo --users 240 --groups 9 --days 400 >>"$demo/database.log"
 }
 
 # Starts a message bus of our own and the stand-in service on it. Sets DBUS_SESSION_BUS_ADDRESS.
