@@ -1,0 +1,151 @@
+#include "screens/studio.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QMenu>
+#include <QPainter>
+#include <QTimer>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTitleHeight = 28;
+constexpr int kLookAgainMs = 30;
+constexpr qint64 kOpensWithinMs = 20000;
+
+// A window manager's title bar and border, so that a picture says which window it shows.
+QPixmap WithTitleBar(const QPixmap &content, const QString &title, const QPalette &palette)
+{
+    const qreal scale = content.devicePixelRatio();
+    const QSize size = (QSizeF(content.size()) / scale).toSize() + QSize(2, kTitleHeight + 1);
+    QPixmap picture(size * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(palette.color(QPalette::Mid));
+    QPainter painter(&picture);
+    const QRect bar(1, 1, size.width() - 2, kTitleHeight - 1);
+    painter.fillRect(bar, palette.color(QPalette::Midlight));
+    painter.setPen(palette.color(QPalette::WindowText));
+    QFont font = QApplication::font();
+    font.setBold(true);
+    painter.setFont(font);
+    painter.drawText(bar, Qt::AlignCenter, title);
+    painter.drawPixmap(1, kTitleHeight, content);
+    return picture;
+}
+
+QPixmap PictureOf(QWidget &window)
+{
+    QCoreApplication::sendPostedEvents();
+    return WithTitleBar(window.grab(), window.windowTitle(), window.palette());
+}
+
+QWidget *OpenDialog()
+{
+    return qobject_cast<QDialog *>(QApplication::activeModalWidget());
+}
+
+QWidget *OpenMenu()
+{
+    return qobject_cast<QMenu *>(QApplication::activePopupWidget());
+}
+
+} // namespace
+
+Studio::Studio(QWidget &newFrame, const QDir &newFolder, QStringList newNames)
+    : frame(newFrame), folder(newFolder), names(std::move(newNames))
+{
+}
+
+bool Studio::Wants(const QString &name) const
+{
+    return names.isEmpty() || names.contains(name);
+}
+
+void Studio::Fail(const QString &what)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(what));
+    ++failures;
+}
+
+void Studio::Save(const QString &name, const QPixmap &picture)
+{
+    const QString path = folder.filePath(name + u".png"_s);
+    if (!picture.save(path)) {
+        Fail(path + u" cannot be written"_s);
+    }
+}
+
+void Studio::Draw(const QString &name, QWidget &window)
+{
+    if (Wants(name)) {
+        Save(name, PictureOf(window));
+    }
+}
+
+// Runs `open`, whose window keeps an event loop of its own, and acts on the window once it stands.
+void Studio::WhenOpen(const QString &name,
+                      QWidget *(*find)(),
+                      const std::function<void(QWidget &)> &act,
+                      const std::function<void()> &open)
+{
+    QTimer look;
+    QElapsedTimer waiting;
+    waiting.start();
+    bool met = false;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        QWidget *window = find();
+        if (window != nullptr && window->isVisible()) {
+            look.stop();
+            met = true;
+            act(*window);
+        } else if (waiting.hasExpired(kOpensWithinMs)) {
+            look.stop();
+        }
+    });
+    look.start(kLookAgainMs);
+    open();
+    while (look.isActive()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    if (!met) {
+        Fail(name + u" did not open"_s);
+    }
+}
+
+void Studio::DrawDialog(const QString &name,
+                        const std::function<void()> &open,
+                        const std::function<void(QDialog &)> &prepare)
+{
+    if (!Wants(name)) {
+        return;
+    }
+    const auto act = [&](QWidget &window) {
+        auto &dialog = static_cast<QDialog &>(window);
+        if (prepare) {
+            prepare(dialog);
+        }
+        Save(name, PictureOf(dialog));
+        dialog.reject();
+    };
+    WhenOpen(name, OpenDialog, act, open);
+}
+
+void Studio::DrawMenu(const QString &name, const std::function<void()> &open)
+{
+    if (!Wants(name)) {
+        return;
+    }
+    const auto act = [&](QWidget &menu) {
+        QPixmap picture = frame.grab();
+        QPainter painter(&picture);
+        painter.drawPixmap(frame.mapFromGlobal(menu.pos()), menu.grab());
+        painter.end();
+        Save(name, WithTitleBar(picture, frame.windowTitle(), frame.palette()));
+        menu.close();
+    };
+    WhenOpen(name, OpenMenu, act, open);
+}
