@@ -293,12 +293,11 @@ TEST_F(ServiceWindowTest, Screens)
         Grab(dialog, u"service-control-stopped"_s + suffix);
         duringWait = [&](int milliseconds) {
             if (milliseconds == 400) {
-                Grab(Find<ProgressWindow>(dialog, "progressWindow"),
-                     u"service-progress"_s + suffix);
+                Grab(Find<ProgressWindow>(dialog, "progressWindow"), u"progress"_s + suffix);
             }
         };
         Click(dialog, "start");
-        Grab(dialog, u"service-control-started"_s + suffix);
+        Grab(dialog, u"service-control"_s + suffix);
         duringWait = [](int) {};
         ReconnectDialog lost(control, [] { return 0; });
         Open(lost);
