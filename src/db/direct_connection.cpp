@@ -14,6 +14,8 @@ bool Succeeded(SQLRETURN code)
     return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
 }
 
+SQLLEN endsWithNul = SQL_NTS;
+
 // ODBC's functions take texts that they only read without const.
 SQLCHAR *OdbcText(const char *text)
 {
@@ -80,12 +82,14 @@ void DirectConnection::Close()
     }
 }
 
-bool DirectConnection::Run(const QString &sqlText)
+bool DirectConnection::Run(const QString &sqlText, const SqlValues &values)
 {
     const QByteArray text = sqlText.toUtf8();
+    Bind(values);
     const SQLRETURN code = SQLExecDirect(statement, OdbcText(text.constData()), SQL_NTS);
     const bool done = Note(code, SQL_HANDLE_STMT, statement);
     SQLFreeStmt(statement, SQL_CLOSE);
+    SQLFreeStmt(statement, SQL_RESET_PARAMS);
     return done;
 }
 
@@ -129,12 +133,44 @@ bool DirectConnection::Prepare(const QString &sqlText)
 {
     const QByteArray text = sqlText.toUtf8();
     SQLFreeStmt(statement, SQL_RESET_PARAMS);
-    return Note(SQLPrepare(statement, OdbcText(text.constData()), SQL_NTS), SQL_HANDLE_STMT, statement);
+    return Note(
+        SQLPrepare(statement, OdbcText(text.constData()), SQL_NTS), SQL_HANDLE_STMT, statement);
 }
 
-bool DirectConnection::RunPrepared()
+bool DirectConnection::RunPrepared(const SqlValues &values)
 {
-    return Note(SQLExecute(statement), SQL_HANDLE_STMT, statement);
+    Bind(values);
+    const bool done = Note(SQLExecute(statement), SQL_HANDLE_STMT, statement);
+    SQLFreeStmt(statement, SQL_RESET_PARAMS); // bound values too many fail the next statement
+    return done;
+}
+
+// The values stay where they are until the statement has run.
+void DirectConnection::Bind(const SqlValues &values)
+{
+    SQLUSMALLINT number = 0;
+    const auto bind =
+        [&](SQLSMALLINT hostType, SQLSMALLINT sqlType, SQLULEN size, const void *value) {
+            SQLBindParameter(statement,
+                             ++number,
+                             SQL_PARAM_INPUT,
+                             hostType,
+                             sqlType,
+                             size,
+                             0,
+                             const_cast<SQLPOINTER>(value), // NOLINT: only read
+                             0,
+                             &endsWithNul);
+        };
+    for (const SqlValue &value : values) {
+        if (const auto *const integer = std::get_if<qint32>(&value)) {
+            bind(SQL_C_SLONG, SQL_INTEGER, 0, integer);
+        } else if (const auto *const amount = std::get_if<double>(&value)) {
+            bind(SQL_C_DOUBLE, SQL_DOUBLE, 0, amount);
+        } else {
+            bind(SQL_C_CHAR, SQL_VARCHAR, 255, std::get<QByteArray>(value).constData());
+        }
+    }
 }
 
 // True for a success; else keeps the driver's words.

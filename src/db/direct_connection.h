@@ -8,6 +8,11 @@
 #include <QStringList>
 
 #include <optional>
+#include <variant>
+#include <vector>
+
+using SqlValue = std::variant<qint32, double, QByteArray>; // a text as UTF-8
+using SqlValues = std::vector<SqlValue>;
 
 class DirectConnection
 {
@@ -28,8 +33,8 @@ public:
     // The driver's words on the last failure.
     [[nodiscard]] const QString &Error() const { return error; }
 
-    // Runs a statement and drops what rows it may give.
-    [[nodiscard]] bool Run(const QString &sqlText);
+    // Runs a statement with `values` at its markers and drops what rows it may give.
+    [[nodiscard]] bool Run(const QString &sqlText, const SqlValues &values = {});
 
     // Every row that a query gives, each value as text and NULL as a null text.
     [[nodiscard]] std::optional<QList<QStringList>> Rows(const QString &sqlText);
@@ -38,15 +43,13 @@ public:
     [[nodiscard]] bool Begin();
     [[nodiscard]] bool Commit();
 
-    // Runs a statement of this text for the values that were bound on Handle() since Prepare.
+    // A statement that runs many times with other values.
     [[nodiscard]] bool Prepare(const QString &sqlText);
-    [[nodiscard]] bool RunPrepared();
-
-    // The statement handle, for binding.
-    [[nodiscard]] void *Handle() const { return statement; }
+    [[nodiscard]] bool RunPrepared(const SqlValues &values);
 
 private:
     bool Note(short code, short handleType, void *handle);
+    void Bind(const SqlValues &values);
     [[nodiscard]] QStringList CurrentRow(int columns);
     [[nodiscard]] QString Value(int column);
 

@@ -279,9 +279,11 @@ TEST_P(OptionsSave, ADatabaseThatFailsHalfWayStopsNothing)
     options.protocols.SetMonitored(0, false);
     ASSERT_EQ(options.protocols.Add(u"New"_s), std::nullopt);
     ASSERT_EQ(options.protocols.AddPort(options.protocols.Protocols().size() - 1, 7), std::nullopt);
-    Execute("DROP TABLE Ports");
-    Execute("DROP TABLE users");
+    Execute("ALTER TABLE Ports RENAME TO ports_away");
+    Execute("ALTER TABLE users RENAME TO users_away");
     Save(options);
+    Execute("ALTER TABLE ports_away RENAME TO Ports");
+    Execute("ALTER TABLE users_away RENAME TO users");
     EXPECT_TRUE(RowsOf(kProtocolRows).contains(u"New|0"_s));
     EXPECT_EQ(RowsOf("SELECT proto_name FROM protocols WHERE mon = 0").size(), 2)
         << "the steps after the failing one ran";
@@ -364,5 +366,5 @@ TEST_P(OptionsSave, TheWizardWritesItsOrderAndItsPorts)
     EXPECT_EQ(RowsOf(kPortRows),
               (QStringList {u"FTP|80"_s, u"HTTP|80"_s, u"HTTP|8080"_s, u"New|9"_s}));
     EXPECT_EQ(RowsOf(kProtocolRows), (QStringList {u"HTTP|1"_s, u"FTP|1"_s, u"New|1"_s}));
-    EXPECT_EQ(NamesOf(ConfigKeyId::LocalIp), u"net0 mask0 rangenum"_s.split(u' '));
+    EXPECT_EQ(NamesOf(ConfigKeyId::LocalIp), u"rangenum net0 mask0"_s.split(u' '));
 }

@@ -24,8 +24,10 @@ constexpr const char *kFileNames[] = {
     "wizard",         "help",
     "about",          "failures",
     "print",          "save",
+    "network",        "tariff",
+    "protocols",      "binding",
 };
-static_assert(std::size(kFileNames) == static_cast<size_t>(Picture::Save) + 1);
+static_assert(std::size(kFileNames) == static_cast<size_t>(Picture::Binding) + 1);
 
 } // namespace
 

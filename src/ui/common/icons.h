@@ -38,6 +38,10 @@ enum class Picture {
     Failures,
     Print,
     Save,
+    Network,
+    Tariff,
+    Protocols,
+    Binding,
 };
 
 // Loaded once and shared; cheap to call for every cell.

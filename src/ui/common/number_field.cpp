@@ -35,17 +35,22 @@ private:
 };
 
 // Both spellings of the separator become a point as they are typed.
-class TwoDecimals : public QValidator
+class UpToDecimals : public QValidator
 {
 public:
-    using QValidator::QValidator;
+    UpToDecimals(int count, QObject *parent)
+        : QValidator(parent)
+        , pattern(uR"(^\d{0,12}(\.\d{0,%1})?$)"_s.arg(count))
+    { }
 
     State validate(QString &input, int & /*cursor*/) const override
     {
-        static const QRegularExpression pattern(uR"(^\d{0,12}(\.\d{0,2})?$)"_s);
         input.replace(QLocale().decimalPoint(), u"."_s);
         return pattern.match(input).hasMatch() ? Acceptable : Invalid;
     }
+
+private:
+    QRegularExpression pattern;
 };
 
 } // namespace
@@ -68,10 +73,10 @@ void WholeNumberField::SetNumber(quint32 number)
     setText(QString::number(number));
 }
 
-AmountField::AmountField(QWidget *parent) : QLineEdit(parent)
+AmountField::AmountField(QWidget *parent, int maxDecimals) : QLineEdit(parent)
 {
     setInputMethodHints(Qt::ImhFormattedNumbersOnly);
-    setValidator(new TwoDecimals(this));
+    setValidator(new UpToDecimals(maxDecimals, this));
 }
 
 std::optional<double> AmountField::Amount() const

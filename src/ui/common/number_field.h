@@ -19,14 +19,14 @@ public:
     void SetNumber(quint32 number);
 };
 
-// An amount from 0 up with at most two decimals. The decimal separator may be typed as a point or as
+// An amount from 0 up with at most two decimals, or as many as it is told. The decimal separator may be typed as a point or as
 // the locale writes it; the point is what the field itself shows.
 class AmountField : public QLineEdit
 {
     Q_OBJECT
 
 public:
-    explicit AmountField(QWidget *parent = nullptr);
+    explicit AmountField(QWidget *parent = nullptr, int maxDecimals = 2);
 
     [[nodiscard]] std::optional<double> Amount() const; // nothing while blank or only a separator
     void SetAmount(double amount); // with two decimals

@@ -10,13 +10,15 @@
 
 using namespace Qt::StringLiterals;
 
-Sheet::Sheet(const QString &caption, QWidget *parent) : QDialog(parent), tabs(new QTabWidget(this))
+Sheet::Sheet(const QString &caption, QWidget *parent)
+    : QDialog(parent)
+    , tabs(new QTabWidget(this))
+    , buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
     setWindowTitle(caption);
     setModal(true);
     tabs->setObjectName(u"pages"_s);
     tabs->tabBar()->setAccessibleName(caption);
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"cancel"_s);
@@ -66,6 +68,21 @@ bool Sheet::Run(int page)
     return exec() == Accepted;
 }
 
+void Sheet::ReplaceTabs(QWidget *navigator)
+{
+    tabs->tabBar()->hide();
+    tabs->setDocumentMode(true);
+    auto *row = new QHBoxLayout;
+    row->addWidget(navigator);
+    row->addWidget(tabs, 1);
+    static_cast<QBoxLayout *>(layout())->insertLayout(0, row);
+}
+
+void Sheet::TurnTo(int page)
+{
+    tabs->setCurrentIndex(page);
+}
+
 void Sheet::Turn(int step)
 {
     const int count = tabs->count();
@@ -86,6 +103,8 @@ void Sheet::TabChosen(int page)
     }
     if (pages[active]->Leave()) {
         Show(page);
+    } else {
+        emit Turned(active);
     }
 }
 
@@ -95,6 +114,7 @@ void Sheet::Show(int page)
     active = page;
     tabs->setCurrentIndex(page);
     pages[page]->Activate();
+    emit Turned(page);
 }
 
 void Sheet::accept()

@@ -8,6 +8,7 @@
 
 #include <vector>
 
+class QDialogButtonBox;
 class QTabWidget;
 
 class Sheet : public QDialog
@@ -30,8 +31,20 @@ public:
 
     [[nodiscard]] int Active() const { return active; }
 
+    // Turns to a page as a click on its tab does: the active page is asked first.
+    void TurnTo(int page);
+
     // OK. When a page refuses to be left, that page becomes active and the sheet stays open.
     void accept() override;
+
+signals:
+    // A page became the active one, or stayed it after refusing to be left.
+    void Turned(int page);
+
+protected:
+    // Puts a widget of the heir's own beside the pages in place of their tabs.
+    void ReplaceTabs(QWidget *navigator);
+    [[nodiscard]] QDialogButtonBox &Buttons() { return *buttons; }
 
 private:
     void AddKeys();
@@ -40,6 +53,7 @@ private:
     void Show(int page);
 
     QTabWidget *tabs;
+    QDialogButtonBox *buttons;
     std::vector<Page *> pages;
     int active = -1;
 };

@@ -1,0 +1,23 @@
+// Activity of people who do not exist, the same again for the same seed.
+#pragma once
+
+#include "demo/accounting.h"
+
+#include <QRandomGenerator>
+
+#include <vector>
+
+class MadeUpTraffic
+{
+public:
+    explicit MadeUpTraffic(quint32 seed) : random(seed) { }
+
+    // Up to `count` of `users`, each at most once.
+    [[nodiscard]] std::vector<quint32> Choose(std::vector<quint32> users, size_t count);
+
+    // A few megabytes received, fewer sent, and one to three minutes on line.
+    [[nodiscard]] Activity Next();
+
+private:
+    QRandomGenerator random;
+};

@@ -1,0 +1,171 @@
+#include "db/check.h"
+
+#include "db/direct_connection.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A finding's sentence begins with a count, for which the query stands: it gives the rows that are
+// wrong, or, where it groups them, one row for each value that is there too often.
+struct Check
+{
+    const char *sentence;
+    const char *query;
+};
+
+constexpr Check kChecks[] = {
+    // Groups and users
+    {"groups \"Everybody\" (80) are missing, into which users fall back",
+     "SELECT 1 FROM (SELECT COUNT(*) AS found FROM groups WHERE group_id = 80) e WHERE found = 0"},
+    {"names are held by more than one group",
+     "SELECT name FROM groups GROUP BY name HAVING COUNT(*) > 1"},
+    {"groups have a mode other than 0, 1 and 2",
+     "SELECT 1 FROM groups WHERE mode NOT IN (0, 1, 2)"},
+    {"groups have a traffic limit with a period that is neither day nor month",
+     "SELECT 1 FROM groups WHERE mode = 1 AND trafperiod NOT IN (1, 2)"},
+    {"groups have a price of their own that is 0 or less",
+     "SELECT 1 FROM groups WHERE own_price <> 0 AND trafprice <= 0"},
+    {"groups are blocked without a reason",
+     "SELECT 1 FROM groups WHERE blocked <> 0 AND blockreason = 0"},
+    {"users are open although their group is blocked",
+     "SELECT 1 FROM users u INNER JOIN groups g ON g.group_id = u.group_id "
+     "WHERE g.blocked <> 0 AND u.blocked = 0"},
+    {"users belong to no group (0), so that the users list leaves them out",
+     "SELECT 1 FROM users WHERE group_id = 0"},
+    {"users belong to a group that does not exist",
+     "SELECT 1 FROM users u WHERE u.group_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = u.group_id)"},
+    {"users have no name", "SELECT 1 FROM users WHERE username = ''"},
+    {"IP addresses are held by more than one user",
+     "SELECT ip_addr FROM users WHERE ip_addr <> '' GROUP BY ip_addr HAVING COUNT(*) > 1"},
+    {"users have a mode other than 0, 1, 2, 4 and 5",
+     "SELECT 1 FROM users WHERE mode NOT IN (0, 1, 2, 4, 5)"},
+    {"users have a traffic limit with a period that is neither day nor month",
+     "SELECT 1 FROM users WHERE mode IN (1, 5) AND trafperiod NOT IN (1, 2)"},
+    {"users have a time limit with a period that is neither day nor month",
+     "SELECT 1 FROM users WHERE mode IN (4, 5) AND timeperiod NOT IN (1, 2)"},
+    {"users have a price of their own that is 0 or less",
+     "SELECT 1 FROM users WHERE own_price <> 0 AND trafprice <= 0"},
+    {"users are blocked without a reason",
+     "SELECT 1 FROM users WHERE blocked <> 0 AND blockreason = 0"},
+    {"users are blocked for a used-up limit although they have none",
+     "SELECT 1 FROM users WHERE blocked <> 0 AND blockreason IN (1, 2) AND mode = 0"},
+    {"users must authenticate but have no login",
+     "SELECT 1 FROM users u WHERE u.authreq <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM Logins l WHERE l.userid = u.user_id)"},
+
+    // Usage records
+    {"traffic records belong to neither a user nor a group",
+     "SELECT 1 FROM traffic_use WHERE user_id = 0 AND (group_id IS NULL OR group_id = 0)"},
+    {"traffic records belong to a user that does not exist",
+     "SELECT 1 FROM traffic_use t WHERE t.user_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id)"},
+    {"traffic records belong to a group that does not exist",
+     "SELECT 1 FROM traffic_use t WHERE t.group_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = t.group_id)"},
+    {"time records belong to a user that does not exist",
+     "SELECT 1 FROM time_use t "
+     "WHERE NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id)"},
+    {"usage records have a period other than 0, 1 and 2",
+     "SELECT 1 FROM traffic_use WHERE period NOT IN (0, 1, 2) "
+     "UNION ALL SELECT 1 FROM time_use WHERE period NOT IN (0, 1, 2)"},
+    {"days of a user have more than one traffic record",
+     "SELECT user_id FROM traffic_use WHERE period IN (0, 1) AND user_id <> 0 "
+     "GROUP BY user_id, period, current_time HAVING COUNT(*) > 1"},
+    {"users have more than one monthly traffic record",
+     "SELECT user_id FROM traffic_use WHERE period = 2 AND user_id <> 0 "
+     "GROUP BY user_id HAVING COUNT(*) > 1"},
+    {"groups have more than one monthly traffic record",
+     "SELECT group_id FROM traffic_use WHERE period = 2 AND group_id <> 0 "
+     "GROUP BY group_id HAVING COUNT(*) > 1"},
+    {"days of a user have more than one time record",
+     "SELECT user_id FROM time_use WHERE period IN (0, 1) "
+     "GROUP BY user_id, period, current_time HAVING COUNT(*) > 1"},
+    {"users have more than one monthly time record",
+     "SELECT user_id FROM time_use WHERE period = 2 GROUP BY user_id HAVING COUNT(*) > 1"},
+
+    // Billing records
+    {"billing records have a mode other than 1, 2 and 4",
+     "SELECT 1 FROM billing WHERE mode NOT IN (1, 2, 4)"},
+    {"billing records have no owner",
+     "SELECT 1 FROM billing WHERE (object_id IS NULL OR object_id = 0) "
+     "AND (group_id IS NULL OR group_id = 0)"},
+    {"billing records belong to a user that does not exist",
+     "SELECT 1 FROM billing b WHERE b.object_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = b.object_id)"},
+    {"billing records belong to a group that does not exist",
+     "SELECT 1 FROM billing b WHERE b.group_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = b.group_id)"},
+    {"traffic credits name no traffic record that exists",
+     "SELECT 1 FROM billing b WHERE b.mode = 1 "
+     "AND NOT EXISTS (SELECT 1 FROM traffic_use t WHERE t.traf_id = b.trafid)"},
+    {"time credits name no time record that exists",
+     "SELECT 1 FROM billing b WHERE b.mode = 4 "
+     "AND NOT EXISTS (SELECT 1 FROM time_use t WHERE t.time_id = b.time_id)"},
+    {"open credits are of a kind that their user's mode does not use",
+     "SELECT 1 FROM billing b INNER JOIN users u ON u.user_id = b.object_id WHERE b.closed = 0 "
+     "AND NOT (b.mode = u.mode OR (u.mode = 5 AND b.mode IN (1, 4)))"},
+    {"credits have an expiry day that is no date like 2026.11.21",
+     "SELECT 1 FROM billing WHERE mode = 2 AND unlimited = 0 "
+     "AND expiredday NOT LIKE '____.__.__'"},
+
+    // Restrictions, protocols, logins and sites
+    {"denied times belong to neither an existing user nor an existing group",
+     "SELECT 1 FROM Time_blocked t "
+     "WHERE NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id) "
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = t.group_id)"},
+    {"denied times have no day of the week or end before they begin",
+     "SELECT 1 FROM Time_blocked WHERE dayofweek NOT BETWEEN 1 AND 7 OR timestop <= timestart"},
+    {"denied ports belong to neither an existing user nor an existing group",
+     "SELECT 1 FROM Port_blocked p "
+     "WHERE NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = p.user_id) "
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = p.group_id)"},
+    {"denied ports name a port that does not exist",
+     "SELECT 1 FROM Port_blocked b "
+     "WHERE NOT EXISTS (SELECT 1 FROM Ports p WHERE p.port_id = b.port_id)"},
+    {"ports are denied to the same user more than once",
+     "SELECT user_id FROM Port_blocked WHERE user_id <> 0 "
+     "GROUP BY user_id, port_id HAVING COUNT(*) > 1"},
+    {"ports belong to a protocol that does not exist",
+     "SELECT 1 FROM Ports p WHERE NOT EXISTS (SELECT 1 FROM Protocols r WHERE r.id = p.proto_id)"},
+    {"names are held by more than one protocol",
+     "SELECT proto_name FROM Protocols GROUP BY proto_name HAVING COUNT(*) > 1"},
+    {"logins are bound to a user that does not exist",
+     "SELECT 1 FROM Logins l WHERE l.userid NOT IN (0, -1) "
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = l.userid)"},
+    {"users have more than one login",
+     "SELECT userid FROM Logins WHERE userid NOT IN (0, -1) GROUP BY userid HAVING COUNT(*) > 1"},
+    {"site visits belong to a user that does not exist",
+     "SELECT 1 FROM SiteAccess a "
+     "WHERE NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = a.user_id)"},
+    {"site visits name a site that does not exist",
+     "SELECT 1 FROM SiteAccess a "
+     "WHERE NOT EXISTS (SELECT 1 FROM Sites s WHERE s.site_id = a.site_id)"},
+};
+
+} // namespace
+
+CheckResult CheckDatabase(const QString &dsn)
+{
+    CheckResult result;
+    DirectConnection database;
+    if (!database.Open(dsn)) {
+        result.failure =
+            u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error());
+        return result;
+    }
+    for (const Check &check : kChecks) {
+        const std::string query = Translate(database.Engine(), check.query);
+        const auto count =
+            database.Rows(u"SELECT COUNT(*) FROM (%1) wrong"_s.arg(QString::fromStdString(query)));
+        if (!count) {
+            result.failure = u"A check of \"%1\" failed: %2"_s.arg(dsn, database.Error());
+            return result;
+        }
+        if (const QString found = count->first().first(); found != u"0"_s) {
+            result.findings << found + u' ' + QString::fromUtf8(check.sentence) + u'.';
+        }
+    }
+    return result;
+}

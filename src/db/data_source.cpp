@@ -1,0 +1,90 @@
+#include "db/data_source.h"
+
+#include "db/direct_connection.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+#include <odbcinst.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Option
+{
+    const Dialect &dialect;
+    const char *key;
+    const char *value;
+};
+
+constexpr Option kOptions[] = {
+    {kSqlite, "StepAPI", "1"},
+    {kSqlite, "JournalMode", "WAL"},
+    {kSqlite, "SyncPragma", "NORMAL"},
+    {kSqlite, "Timeout", "5000"},
+    {kPostgresql, "UseDeclareFetch", "1"},
+    {kPostgresql, "Fetch", "1000"},
+    {kMariadb, "Charset", "utf8mb4"},
+};
+
+QByteArray ProfileValue(const QByteArray &dsn, const char *key)
+{
+    std::array<char, 4096> text {};
+    SQLGetPrivateProfileString(
+        dsn.constData(), key, "", text.data(), static_cast<int>(text.size()), "odbc.ini");
+    return text.data();
+}
+
+// The keys of the section, in its order.
+QStringList Keys(const QByteArray &dsn)
+{
+    std::array<char, 4096> names {}; // each ends with a NUL, the last with two
+    const int length = SQLGetPrivateProfileString(dsn.constData(),
+                                                  nullptr,
+                                                  nullptr,
+                                                  names.data(),
+                                                  static_cast<int>(names.size()),
+                                                  "odbc.ini");
+    return QString::fromUtf8(names.data(), std::max(length, 0)).split(u'\0', Qt::SkipEmptyParts);
+}
+
+bool IsPassword(const QString &key)
+{
+    return key.compare(u"Password"_s, Qt::CaseInsensitive) == 0
+        || key.compare(u"PWD"_s, Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+QString RecommendedSection(const QString &dsn)
+{
+    DirectConnection database;
+    if (!database.Open(dsn)) {
+        return {};
+    }
+    const Dialect &dialect = database.Engine();
+    const QByteArray section = dsn.toUtf8();
+    QString text = u"[%1]\n"_s.arg(dsn);
+    const auto isRecommended = [&](const QString &key) {
+        return std::any_of(std::begin(kOptions), std::end(kOptions), [&](const Option &option) {
+            return &option.dialect == &dialect
+                && key.compare(QLatin1StringView(option.key), Qt::CaseInsensitive) == 0;
+        });
+    };
+    for (const QString &key : Keys(section)) {
+        if (!isRecommended(key)) {
+            const QByteArray value = ProfileValue(section, key.toUtf8().constData());
+            text += u"%1 = %2\n"_s.arg(key, IsPassword(key) ? u"***"_s : QString::fromUtf8(value));
+        }
+    }
+    for (const Option &option : kOptions) {
+        if (&option.dialect == &dialect) {
+            text +=
+                u"%1 = %2\n"_s.arg(QLatin1StringView(option.key), QLatin1StringView(option.value));
+        }
+    }
+    return text;
+}

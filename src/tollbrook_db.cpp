@@ -1,0 +1,145 @@
+// tollbrook-db: makes, fills and checks the shared database of a data source.
+#include "db/check.h"
+#include "db/data_source.h"
+#include "db/demo_data.h"
+#include "db/schema.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QTextStream>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum ExitStatus { kDone = 0, kInconsistent = 1, kWrongUse = 2, kFailed = 3 };
+
+const auto kDescription = uR"(Makes and looks after the shared database of Tollbrook Network.
+
+Commands:
+  create   makes the tables, their indexes and first rows, and prints the section
+           of odbc.ini with the options that matter
+  demo     fills a database without users with demonstration data
+  check    reports rows that point nowhere or contradict each other
+
+The data source NAME stands in odbc.ini; its own Password is used. SQLite makes
+the database file by itself; PostgreSQL (in UTF-8) and MariaDB need an empty
+database and a user "system" that may make tables there.
+
+Exit status: 0 done, 1 check found something, 2 wrong use, 3 the database could
+not be opened or a statement failed.)"_s;
+
+void Print(const QString &text)
+{
+    QTextStream(stdout) << text << '\n';
+}
+
+void PrintError(const QString &text)
+{
+    QTextStream(stderr) << "tollbrook-db: " << text << '\n';
+}
+
+int Create(const QString &dsn)
+{
+    if (const auto problem = CreateSchema(dsn)) {
+        PrintError(*problem);
+        return kFailed;
+    }
+    Print(u"The database of \"%1\" is ready. Its section of odbc.ini should read:\n\n%2"_s.arg(
+        dsn, RecommendedSection(dsn)));
+    return kDone;
+}
+
+int Demo(const QString &dsn, const DemoSize &size)
+{
+    const auto problem =
+        FillWithDemoData(dsn, size, [](const QString &step) { Print(u"... "_s + step); });
+    if (problem) {
+        PrintError(*problem);
+        return kFailed;
+    }
+    Print(u"The database of \"%1\" holds demonstration data."_s.arg(dsn));
+    return kDone;
+}
+
+int Check(const QString &dsn)
+{
+    const CheckResult result = CheckDatabase(dsn);
+    for (const QString &finding : result.findings) {
+        Print(finding);
+    }
+    if (result.failure) {
+        PrintError(*result.failure);
+        return kFailed;
+    }
+    if (result.findings.isEmpty()) {
+        Print(u"Everything in the database of \"%1\" is consistent."_s.arg(dsn));
+    }
+    return result.findings.isEmpty() ? kDone : kInconsistent;
+}
+
+// The option's number, at least 1 and at most `most`; a wrong one is reported.
+std::optional<int> Number(const QCommandLineParser &parser, const QString &option, int most)
+{
+    bool valid = false;
+    const int number = parser.value(option).toInt(&valid);
+    if (!valid || number < 1 || number > most) {
+        PrintError(u"--%1 must be a number from 1 to %2."_s.arg(option).arg(most));
+        return std::nullopt;
+    }
+    return number;
+}
+
+int RunCommand(const QCommandLineParser &parser)
+{
+    const QString dsn = parser.value(u"dsn"_s);
+    const QStringList commands = parser.positionalArguments();
+    if (commands.size() != 1 || dsn.isEmpty()) {
+        PrintError(
+            u"Name one command and the data source, as in: tollbrook-db create --dsn bill"_s);
+        return kWrongUse;
+    }
+    if (commands.first() == u"create"_s) {
+        return Create(dsn);
+    }
+    if (commands.first() == u"check"_s) {
+        return Check(dsn);
+    }
+    if (commands.first() == u"demo"_s) {
+        const auto users = Number(parser, u"users"_s, 10'000'000);
+        const auto groups = Number(parser, u"groups"_s, 10'000);
+        const auto days = Number(parser, u"days"_s, 10'000);
+        return users && groups && days ? Demo(dsn, {*users, *groups, *days}) : int(kWrongUse);
+    }
+    PrintError(u"There is no command \"%1\"; see --help."_s.arg(commands.first()));
+    return kWrongUse;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"tollbrook-db"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(TB_VERSION));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(kDescription);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(u"command"_s, u"create, demo or check"_s);
+    parser.addOptions({{u"dsn"_s, u"The ODBC data source."_s, u"NAME"_s},
+                       {u"users"_s, u"demo: how many users."_s, u"N"_s, u"250"_s},
+                       {u"groups"_s, u"demo: how many groups."_s, u"N"_s, u"12"_s},
+                       {u"days"_s, u"demo: days of usage up to today."_s, u"N"_s, u"90"_s}});
+    if (!parser.parse(QCoreApplication::arguments())) {
+        PrintError(parser.errorText());
+        return kWrongUse;
+    }
+    if (parser.isSet(u"version"_s)) {
+        parser.showVersion();
+    }
+    if (parser.isSet(u"help"_s)) {
+        parser.showHelp(kDone);
+    }
+    return RunCommand(parser);
+}

@@ -1,0 +1,32 @@
+#include "ui/common/controls.h"
+
+#include "app/administrator_app.h"
+
+#include <QDialog>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+QLineEdit *ShownValue(const char *objectName)
+{
+    auto *field = new QLineEdit;
+    field->setObjectName(QLatin1String(objectName));
+    field->setReadOnly(true);
+    return field;
+}
+
+QDialogButtonBox *OkAndCancel(QDialog &dialog)
+{
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"cancel"_s);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    return buttons;
+}
+
+void Complain(const QString &text)
+{
+    theApp->Messages().Tell(text, Prompt::Icon::Warning);
+}

@@ -1,0 +1,29 @@
+// What pages and dialogs are put together from.
+#pragma once
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+
+class QDialog;
+class QLineEdit;
+
+// A button with its text and its object name; the text is its accessible name too, unless `says` it
+// better, as for one of several buttons "Change".
+template <typename Button>
+[[nodiscard]] Button *
+MakeButton(const QString &text, const char *objectName, const QString &says = {})
+{
+    auto *button = new Button(text);
+    button->setObjectName(QLatin1String(objectName));
+    button->setAccessibleName(says);
+    return button;
+}
+
+// A line that shows a value and lets it be copied.
+[[nodiscard]] QLineEdit *ShownValue(const char *objectName);
+
+// "OK" and "Cancel", connected to the dialog; OK is the default.
+[[nodiscard]] QDialogButtonBox *OkAndCancel(QDialog &dialog);
+
+// Tells what is wrong with an entry.
+void Complain(const QString &text);
