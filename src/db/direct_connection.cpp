@@ -200,7 +200,7 @@ QString DirectConnection::Value(int column)
                static_cast<SQLUSMALLINT>(column),
                SQL_C_CHAR,
                text.data(),
-               text.size(),
+               text.size() - 1, // one of the drivers writes no NUL behind what it cuts
                &indicator);
     return indicator == SQL_NULL_DATA ? QString() : TextFromUtf8(text.data());
 }

@@ -23,7 +23,7 @@ static_assert(kQueryNoData == SQL_NO_DATA && kQuerySuccess == SQL_SUCCESS
 struct Parameter
 {
     union {
-        SQLUINTEGER integer;
+        SQLINTEGER integer; // the 32 bits of an unsigned number
         double amount;
         SQL_DATE_STRUCT day;
         char text[kMaxTextBytes + 1];
@@ -39,6 +39,7 @@ Parameter parameters[kMaxParameters];
 ParameterKinds parameterKinds;
 int parameterCount = 0;
 SQLULEN rowLimit = 0;
+SQLULEN fetchedRows = 0;
 SQLLEN affectedRows = 0;
 
 // ODBC's functions take texts that they only read without const.
@@ -118,7 +119,8 @@ void BindInOdbc(SQLUSMALLINT number, ParameterKind kind, Parameter &parameter)
     };
     switch (kind) {
     case ParameterKind::Integer:
-        bind(SQL_C_ULONG, SQL_INTEGER, 0, &parameter.integer);
+        // As a signed number: the servers refuse what is beyond their columns, SQLite wraps it.
+        bind(SQL_C_SLONG, SQL_INTEGER, 0, &parameter.integer);
         break;
     case ParameterKind::Amount:
         bind(SQL_C_DOUBLE, dialect->amountType, 0, &parameter.amount);
@@ -189,9 +191,17 @@ void BindColumns(SQLSMALLINT count)
 
 SQLRETURN Fetch()
 {
+    // One of the drivers goes on to the last row whatever SQL_ATTR_MAX_ROWS says.
+    if (rowLimit != 0 && fetchedRows++ == rowLimit) {
+        return SQL_NO_DATA;
+    }
     const SQLRETURN code = SQLFetch(dbSession.statement);
     if (!Succeeded(code) && code != SQL_NO_DATA) {
         RecordFailure(SQL_HANDLE_STMT, dbSession.statement, translated.c_str());
+    }
+    // Another writes no NUL behind a text that it cut.
+    for (auto &column : queryResult.columns) {
+        column[QueryResult::kColumnBytes - 1] = '\0';
     }
     return code;
 }
@@ -303,7 +313,7 @@ bool IsDatabaseOpen()
 
 void BindValue(int number, quint32 value)
 {
-    NextParameter(number, ParameterKind::Integer).integer = value;
+    NextParameter(number, ParameterKind::Integer).integer = static_cast<SQLINTEGER>(value);
 }
 
 void BindValue(int number, double amount)
@@ -357,6 +367,7 @@ qint64 AffectedRows()
 void LimitRows(quint32 rows)
 {
     rowLimit = rows;
+    fetchedRows = 0;
 }
 
 RowCursor::~RowCursor()

@@ -59,21 +59,19 @@ private:
         return CreateSchema(engine);
     }
 
+    // Emptying tables and turning back the counters that moved is far quicker than TRUNCATE.
     std::optional<QString> Empty()
     {
         DirectConnection database;
         if (!database.Open(engine)) {
             return database.Error();
         }
+        const QString quote(QLatin1Char(database.Engine().identifierQuote));
         QStringList statements;
-        if (engine == u"postgresql"_s) {
-            statements << u"TRUNCATE \"%1\" RESTART IDENTITY"_s.arg(
-                SchemaTables().join(u"\", \""_s));
-        } else {
-            for (const QString &table : SchemaTables()) {
-                statements << u"TRUNCATE `%1`"_s.arg(table);
-            }
+        for (const QString &table : SchemaTables()) {
+            statements << u"DELETE FROM "_s + quote + table + quote;
         }
+        statements << CounterResets(database);
         statements << SchemaStatements(database.Engine()).filter(QRegularExpression(u"^INSERT"_s));
         for (const QString &statement : statements) {
             if (!database.Run(statement)) {
@@ -81,6 +79,24 @@ private:
             }
         }
         return std::nullopt;
+    }
+
+    // The first rows name their ids, so that a fresh database has counters that never moved.
+    QStringList CounterResets(DirectConnection &database) const
+    {
+        const auto moved = database.Rows(
+            engine == u"postgresql"_s
+                ? u"SELECT sequencename FROM pg_sequences WHERE last_value IS NOT NULL"_s
+                : u"SELECT table_name FROM information_schema.tables "
+                  "WHERE table_schema = DATABASE() AND auto_increment > CASE table_name "
+                  "WHEN 'groups' THEN 81 WHEN 'protocols' THEN 16 WHEN 'ports' THEN 19 ELSE 1 END"_s);
+        QStringList statements;
+        for (const QStringList &row : moved.value_or(QList<QStringList>())) {
+            statements << (engine == u"postgresql"_s ? u"ALTER SEQUENCE \"%1\" RESTART"_s
+                                                     : u"ALTER TABLE `%1` AUTO_INCREMENT = 1"_s)
+                              .arg(row.first());
+        }
+        return statements;
     }
 
     QString engine;
