@@ -1,0 +1,292 @@
+#include "db/report_connection.h"
+
+#include "base/text.h"
+#include "db/dialect.h"
+#include "db/failure_log.h"
+
+#include <QByteArray>
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <array>
+#include <cstring>
+#include <string>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool Succeeded(SQLRETURN code)
+{
+    return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
+}
+
+SQLCHAR *OdbcText(const char *text)
+{
+    return reinterpret_cast<SQLCHAR *>(const_cast<char *>(text)); // NOLINT: only read
+}
+
+SQLPOINTER OdbcValue(SQLULEN value)
+{
+    return reinterpret_cast<SQLPOINTER>(value); // NOLINT: an attribute's value travels so
+}
+
+// SQL_ATTR_ACCESS_MODE is accepted and ignored by all three drivers; these are not.
+const char *ReadOnlyStatement(const Dialect &dialect)
+{
+    if (&dialect == &kPostgresql) {
+        return "SET default_transaction_read_only=on";
+    }
+    return &dialect == &kMariadb ? "SET SESSION TRANSACTION READ ONLY" : "PRAGMA query_only=1";
+}
+
+} // namespace
+
+struct ReportConnection::Handles
+{
+    SQLHANDLE environment = SQL_NULL_HANDLE;
+    SQLHANDLE connection = SQL_NULL_HANDLE;
+    SQLHANDLE statement = SQL_NULL_HANDLE;
+    bool connected = false;
+    const Dialect *dialect = &kSqlite;
+    SQLULEN fetched = 0;
+
+    ~Handles()
+    {
+        SQLFreeHandle(SQL_HANDLE_STMT, statement);
+        if (connected) {
+            SQLEndTran(SQL_HANDLE_DBC, connection, SQL_ROLLBACK);
+            SQLDisconnect(connection);
+        }
+        SQLFreeHandle(SQL_HANDLE_DBC, connection);
+        SQLFreeHandle(SQL_HANDLE_ENV, environment);
+    }
+};
+
+struct ReportConnection::Column
+{
+    explicit Column(ReadAs type) : as(type), width(type == ReadAs::Text ? kTextBytes : 8)
+    {
+        bytes.resize(static_cast<size_t>(width) * kBlockRows);
+        indicators.resize(kBlockRows);
+    }
+
+    [[nodiscard]] const char *At(int row) const
+    {
+        return bytes.data() + static_cast<qsizetype>(row) * width;
+    }
+
+    ReadAs as;
+    int width;
+    std::vector<char> bytes;
+    std::vector<SQLLEN> indicators;
+};
+
+ReportConnection::ReportConnection() : handles(std::make_unique<Handles>()) { }
+
+ReportConnection::~ReportConnection() = default;
+
+std::unique_ptr<ReportConnection> ReportConnection::Open(const QString &dsn,
+                                                         const QString &user,
+                                                         const QString &password,
+                                                         QString &problem)
+{
+    std::unique_ptr<ReportConnection> connection(new ReportConnection);
+    if (connection->Connect(dsn, user, password) && connection->ForbidWriting()) {
+        return connection;
+    }
+    problem = connection->Problem();
+    return nullptr;
+}
+
+bool ReportConnection::Connect(const QString &dsn, const QString &user, const QString &password)
+{
+    SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handles->environment);
+    SQLSetEnvAttr(handles->environment, SQL_ATTR_ODBC_VERSION, OdbcValue(SQL_OV_ODBC3), 0);
+    SQLAllocHandle(SQL_HANDLE_DBC, handles->environment, &handles->connection);
+    const QByteArray dsnBytes = dsn.toUtf8();
+    const QByteArray userBytes = user.toUtf8();
+    const QByteArray passwordBytes = password.toUtf8();
+    // A null password lets every driver take the data source's own.
+    const SQLRETURN code =
+        SQLConnect(handles->connection,
+                   OdbcText(dsnBytes.constData()),
+                   SQL_NTS,
+                   OdbcText(userBytes.constData()),
+                   SQL_NTS,
+                   password.isEmpty() ? nullptr : OdbcText(passwordBytes.constData()),
+                   SQL_NTS);
+    if (!Succeeded(code)) {
+        return Fail(SQL_HANDLE_DBC, handles->connection);
+    }
+    handles->connected = true;
+    std::array<char, 64> name {};
+    SQLSMALLINT length = 0;
+    SQLGetInfo(handles->connection, SQL_DBMS_NAME, name.data(), name.size(), &length);
+    handles->dialect = &DialectFor(name.data());
+    SQLAllocHandle(SQL_HANDLE_STMT, handles->connection, &handles->statement);
+    return true;
+}
+
+bool ReportConnection::ForbidWriting()
+{
+    if (!Execute(ReadOnlyStatement(*handles->dialect))) {
+        return false;
+    }
+    CloseCursor();
+    if (handles->dialect == &kPostgresql) {
+        SQLSetConnectAttr(handles->connection,
+                          SQL_ATTR_TXN_ISOLATION,
+                          OdbcValue(SQL_TXN_REPEATABLE_READ),
+                          SQL_IS_UINTEGER);
+    }
+    SQLSetConnectAttr(
+        handles->connection, SQL_ATTR_AUTOCOMMIT, OdbcValue(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
+    SQLSetStmtAttr(
+        handles->statement, SQL_ATTR_ROW_ARRAY_SIZE, OdbcValue(kBlockRows), SQL_IS_UINTEGER);
+    SQLSetStmtAttr(
+        handles->statement, SQL_ATTR_ROWS_FETCHED_PTR, &handles->fetched, SQL_IS_POINTER);
+    return true;
+}
+
+bool ReportConnection::Run(const QString &statement)
+{
+    CloseCursor();
+    qCDebug(logStatement).noquote() << statement;
+    const QByteArray bytes = statement.toUtf8();
+    const std::string_view text(bytes.constData(), static_cast<size_t>(bytes.size()));
+    if (Execute(Translate(*handles->dialect, text))) {
+        return true;
+    }
+    // An engine may refuse everything else of a transaction in which a statement failed.
+    SQLEndTran(SQL_HANDLE_DBC, handles->connection, SQL_ROLLBACK);
+    return false;
+}
+
+bool ReportConnection::Execute(const std::string &statement)
+{
+    if (cancelled) {
+        problem = u"cancelled"_s;
+        return false;
+    }
+    const SQLRETURN code = SQLExecDirect(handles->statement, OdbcText(statement.c_str()), SQL_NTS);
+    return Succeeded(code) || code == SQL_NO_DATA || Fail(SQL_HANDLE_STMT, handles->statement);
+}
+
+QStringList ReportConnection::ColumnNames() const
+{
+    SQLSMALLINT count = 0;
+    SQLNumResultCols(handles->statement, &count);
+    QStringList names;
+    for (SQLSMALLINT column = 1; column <= count; ++column) {
+        std::array<char, 256> name {};
+        SQLSMALLINT length = 0;
+        SQLDescribeCol(handles->statement,
+                       static_cast<SQLUSMALLINT>(column),
+                       reinterpret_cast<SQLCHAR *>(name.data()),
+                       name.size(),
+                       &length,
+                       nullptr,
+                       nullptr,
+                       nullptr,
+                       nullptr);
+        names += TextFromUtf8(name.data());
+    }
+    return names;
+}
+
+void ReportConnection::Choose(const std::vector<ReadColumn> &columns)
+{
+    SQLFreeStmt(handles->statement, SQL_UNBIND);
+    block.clear();
+    block.reserve(columns.size());
+    for (const auto &[position, as] : columns) {
+        Column &column = block.emplace_back(as);
+        const SQLSMALLINT hostType = as == ReadAs::Text ? SQL_C_CHAR
+            : as == ReadAs::Integer                     ? SQL_C_SBIGINT
+                                                        : SQL_C_DOUBLE;
+        SQLBindCol(handles->statement,
+                   static_cast<SQLUSMALLINT>(position),
+                   hostType,
+                   column.bytes.data(),
+                   column.width,
+                   column.indicators.data());
+    }
+}
+
+int ReportConnection::FetchBlock()
+{
+    handles->fetched = 0;
+    const SQLRETURN code = SQLFetch(handles->statement);
+    if (cancelled) {
+        problem = u"cancelled"_s;
+        return -1;
+    }
+    if (code == SQL_NO_DATA) {
+        CloseCursor();
+        return 0;
+    }
+    if (!Succeeded(code)) {
+        std::ignore = Fail(SQL_HANDLE_STMT, handles->statement);
+        return -1;
+    }
+    return static_cast<int>(handles->fetched);
+}
+
+bool ReportConnection::IsNull(int row, int column) const
+{
+    return block[static_cast<size_t>(column)].indicators[static_cast<size_t>(row)] == SQL_NULL_DATA;
+}
+
+qint64 ReportConnection::Integer(int row, int column) const
+{
+    qint64 value = 0;
+    std::memcpy(&value, block[static_cast<size_t>(column)].At(row), sizeof value);
+    return value;
+}
+
+double ReportConnection::Amount(int row, int column) const
+{
+    double value = 0;
+    std::memcpy(&value, block[static_cast<size_t>(column)].At(row), sizeof value);
+    return value;
+}
+
+std::string_view ReportConnection::Text(int row, int column) const
+{
+    const Column &texts = block[static_cast<size_t>(column)];
+    const SQLLEN length = texts.indicators[static_cast<size_t>(row)];
+    const char *start = texts.At(row);
+    if (length < 0 || length >= kTextBytes) {
+        return {start, strnlen(start, kTextBytes - 1)};
+    }
+    return {start, static_cast<size_t>(length)};
+}
+
+void ReportConnection::Cancel()
+{
+    cancelled = true;
+    SQLCancel(handles->statement);
+}
+
+bool ReportConnection::Fail(qint16 handleType, void *handle)
+{
+    std::array<SQLCHAR, SQL_SQLSTATE_SIZE + 1> state {};
+    std::array<SQLCHAR, SQL_MAX_MESSAGE_LENGTH> text {};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    SQLGetDiagRec(handleType, handle, 1, state.data(), &native, text.data(), text.size(), &length);
+    problem = TextFromUtf8(reinterpret_cast<const char *>(text.data()));
+    if (problem.isEmpty()) {
+        problem = u"the database gave no reason"_s;
+    }
+    return false;
+}
+
+void ReportConnection::CloseCursor()
+{
+    SQLFreeStmt(handles->statement, SQL_CLOSE);
+    SQLFreeStmt(handles->statement, SQL_UNBIND);
+}

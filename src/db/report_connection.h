@@ -1,0 +1,81 @@
+// A report's own connection: it cannot write, reads in blocks, and can be stopped from another
+// thread.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <atomic>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+// How a column is read, whatever type the driver says it has: some describe a sum too small.
+enum class ReadAs { Text, Integer, Amount };
+
+struct ReadColumn
+{
+    int position = 1; // in the result, counted from 1
+    ReadAs as = ReadAs::Text;
+};
+
+// Belongs to the thread that reads, save Cancel(). All statements of one connection see the
+// database as it was when the first of them began.
+class ReportConnection
+{
+public:
+    static constexpr int kBlockRows = 1000;
+    static constexpr int kTextBytes =
+        1024; // of one value, its terminator included; the rest is cut
+
+    // An empty password stands for the data source's own. Null, and `problem` filled, when it
+    // cannot be opened or cannot be made unable to write.
+    [[nodiscard]] static std::unique_ptr<ReportConnection>
+    Open(const QString &dsn, const QString &user, const QString &password, QString &problem);
+    ~ReportConnection();
+    ReportConnection(const ReportConnection &) = delete;
+    ReportConnection &operator=(const ReportConnection &) = delete;
+
+    // Runs one statement, in the spelling of the code: a dialect writes it for the engine. False,
+    // with Problem() filled, when it fails; the connection can then run another.
+    [[nodiscard]] bool Run(const QString &statement);
+
+    // Of the statement just run.
+    [[nodiscard]] QStringList ColumnNames() const;
+
+    // Chooses the columns to read, in the order of the accessors below; before the first fetch.
+    void Choose(const std::vector<ReadColumn> &columns);
+
+    // Fetches the next block. Its rows, 0 after the last; -1, with Problem() filled, when fetching
+    // fails or was cancelled: a cancelled one may end as if there were no more rows.
+    [[nodiscard]] int FetchBlock();
+
+    // Values of the block: row from 0, column as chosen.
+    [[nodiscard]] bool IsNull(int row, int column) const;
+    [[nodiscard]] qint64 Integer(int row, int column) const;
+    [[nodiscard]] double Amount(int row, int column) const;
+    [[nodiscard]] std::string_view Text(int row, int column) const; // UTF-8
+
+    // Ends the statement that runs, from any thread; every later one fails at once.
+    void Cancel();
+    [[nodiscard]] bool IsCancelled() const { return cancelled; }
+
+    // The driver's own words.
+    [[nodiscard]] const QString &Problem() const { return problem; }
+
+private:
+    ReportConnection();
+    [[nodiscard]] bool Connect(const QString &dsn, const QString &user, const QString &password);
+    [[nodiscard]] bool ForbidWriting();
+    [[nodiscard]] bool Execute(const std::string &statement);
+    [[nodiscard]] bool Fail(qint16 handleType, void *handle);
+    void CloseCursor();
+
+    struct Handles; // what the driver manager knows the connection by
+    struct Column; // the block's buffer of one column
+
+    std::unique_ptr<Handles> handles;
+    std::vector<Column> block;
+    QString problem;
+    std::atomic<bool> cancelled = false;
+};
