@@ -1,0 +1,32 @@
+// The sixteen prepared reports that the console offers, in the order of its list.
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+// Decides which date column a period compares.
+enum class ReportCategory { Traffic = 0, Time = 1, Billing = 2, SiteAccess = 3 };
+
+struct ReportEntry
+{
+    QStringView title; // as listed, trailing blanks included
+    QStringView description;
+    QStringView layoutFile; // below the installation folder, with a back-slash
+    ReportCategory category;
+};
+
+constexpr int kReportCount = 16;
+
+[[nodiscard]] const std::array<ReportEntry, kReportCount> &ReportCatalogue();
+
+// The installation folder followed directly by the row's layout file: the folder's text must end in
+// a separator. An empty folder gives a relative path.
+[[nodiscard]] QString LayoutPath(const QString &installationFolder, int row);
+
+// The path as this system's files are named: a back-slash separates folders too.
+[[nodiscard]] QString FileNameOf(QString layoutPath);
+
+// The row that a person names on a command line: its number, its title without regard to case and
+// outer blanks, or its layout file's base name. -1 when it is none of them.
+[[nodiscard]] int FindReport(const QString &name);

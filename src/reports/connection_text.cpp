@@ -1,0 +1,27 @@
+#include "reports/connection_text.h"
+
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+QString ReportConnectionText(const QString &dsn)
+{
+    return u"DSN = "_s + dsn + u";UID = System;PWD;DSQ=";
+}
+
+ConnectionText ParseConnectionText(const QString &text)
+{
+    ConnectionText result;
+    for (const QString &part : text.split(u';', Qt::SkipEmptyParts)) {
+        const QString name = part.section(u'=', 0, 0).trimmed().toUpper();
+        const QString value = part.section(u'=', 1).trimmed();
+        if (name == u"DSN") {
+            result.dsn = value;
+        } else if (name == u"UID") {
+            result.user = value.toLower();
+        } else if (name == u"PWD") {
+            result.password = value;
+        }
+    }
+    return result;
+}
