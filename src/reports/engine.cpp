@@ -1,0 +1,59 @@
+#include "reports/engine.h"
+
+#include "reports/chart_builder.h"
+#include "reports/query_check.h"
+#include "reports/table_builder.h"
+
+namespace {
+
+ReportTablePtr
+Fail(ReportProblem &problem, RunControl &control, ReportProblem::Kind kind, const QString &text)
+{
+    problem = {control.IsCancelled() ? ReportProblem::Kind::Cancelled : kind, text};
+    return nullptr;
+}
+
+ReportTablePtr Fill(const std::shared_ptr<ReportTable> &table,
+                    ReportQuery &query,
+                    RunControl &control,
+                    ReportProblem &problem)
+{
+    TableBuilder builder(*table, query);
+    if (!builder.Build()) {
+        return Fail(problem, control, builder.Problem().kind, builder.Problem().text);
+    }
+    if (!table->IsEmpty() && !BuildChart(*table, query)) {
+        return Fail(problem, control, query.Problem().kind, query.Problem().text);
+    }
+    return control.IsCancelled() ? Fail(problem, control, ReportProblem::Kind::Cancelled, {})
+                                 : table;
+}
+
+} // namespace
+
+ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, ReportProblem &problem)
+{
+    using Kind = ReportProblem::Kind;
+    LayoutError error;
+    const auto layout = ReadLayout(request.layoutPath, error);
+    if (!layout) {
+        return Fail(problem, control, Kind::Layout, error.Message());
+    }
+    if (const auto refused = request.query.isEmpty() ? std::nullopt : QueryProblem(request.query)) {
+        return Fail(problem, control, Kind::Arguments, *refused);
+    }
+    const ConnectionText source = ParseConnectionText(request.connectionText);
+    QString words;
+    const auto connection = ReportConnection::Open(source.dsn, source.user, source.password, words);
+    if (!connection) {
+        return Fail(problem, control, Kind::Database, words);
+    }
+    const RunControl::Stopper stopper(control, [&] { connection->Cancel(); });
+    const auto table = std::make_shared<ReportTable>();
+    table->layout = *layout;
+    table->period = request.period;
+    table->filter = request.filter;
+    table->made = request.made;
+    ReportQuery query(table->layout, request.query, *connection, control);
+    return Fill(table, query, control, problem);
+}

@@ -1,0 +1,36 @@
+#include "reports/output.h"
+#include "reports/report_pages.h"
+
+#include <QPainter>
+#include <QPdfWriter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kDotsPerInch = 600;
+
+}
+
+bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &control)
+{
+    const ReportPages pages(table);
+    QPdfWriter writer(&device);
+    writer.setResolution(kDotsPerInch);
+    writer.setTitle(table->layout.title);
+    writer.setCreator(u"Tollbrook Administrator"_s);
+    const auto orientation = pages.IsLandscape() ? QPageLayout::Landscape : QPageLayout::Portrait;
+    writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), orientation, QMarginsF()));
+    QPainter painter;
+    if (!painter.begin(&writer)) {
+        return false;
+    }
+    for (int page = 0; page < pages.Count() && !control.IsCancelled(); ++page) {
+        if (page > 0 && !writer.newPage()) {
+            return false;
+        }
+        pages.Paint(painter, page, kDotsPerInch / 72.0);
+        control.SetProgress(page + 1, pages.Count());
+    }
+    return painter.end() && !control.IsCancelled();
+}

@@ -1,0 +1,41 @@
+// Bytes on their way into a file, in large pieces; the first failure of the device stays.
+#pragma once
+
+#include <QIODevice>
+#include <QString>
+
+class PieceWriter
+{
+public:
+    explicit PieceWriter(QIODevice &toDevice) : device(toDevice)
+    {
+        bytes.reserve(kPiece + kPiece / 4);
+    }
+
+    void Write(QStringView text)
+    {
+        bytes.append(text.toUtf8());
+        if (bytes.size() >= kPiece) {
+            Flush();
+        }
+    }
+
+    void Write(const QString &text) { Write(QStringView(text)); }
+
+    // True when everything so far has reached the device.
+    bool Flush()
+    {
+        good = good && device.write(bytes) == bytes.size();
+        bytes.resize(0);
+        return good;
+    }
+
+    [[nodiscard]] bool IsGood() const { return good; }
+
+private:
+    static constexpr qsizetype kPiece = 1 << 18;
+
+    QIODevice &device;
+    QByteArray bytes;
+    bool good = true;
+};

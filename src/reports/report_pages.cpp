@@ -1,0 +1,152 @@
+#include "reports/report_pages.h"
+
+#include "reports/page_painter.h"
+#include "reports/paper.h"
+#include "reports/report_run.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kSumLines = 2; // the sum and a blank one behind it
+
+double PageWidth(const Layout &layout)
+{
+    return layout.landscape ? paper::kLongSide : paper::kShortSide;
+}
+
+double PageHeight(const Layout &layout)
+{
+    return layout.landscape ? paper::kShortSide : paper::kLongSide;
+}
+
+} // namespace
+
+ReportPages::ReportPages(ReportTablePtr ofTable)
+    : table(std::move(ofTable))
+    , columns(PrintedColumns(table->layout))
+    , map(Outline(),
+          LinesBelow(paper::kFirstHeading + ChartHeight()),
+          LinesBelow(paper::kOtherHeading))
+{ }
+
+std::vector<ReportPages::PrintedColumn> ReportPages::PrintedColumns(const Layout &layout)
+{
+    double whole = 0;
+    const auto places = layout.PrintedColumns();
+    for (const int place : places) {
+        whole += layout.columns.at(place).width;
+    }
+    const double share = (PageWidth(layout) - 2 * paper::kMargin) / whole;
+    std::vector<PrintedColumn> columns;
+    double left = paper::kMargin;
+    for (const int place : places) {
+        columns.push_back({place, left, layout.columns.at(place).width * share});
+        left += columns.back().width;
+    }
+    return columns;
+}
+
+QSizeF ReportPages::Size() const
+{
+    return {PageWidth(table->layout) / 10, PageHeight(table->layout) / 10};
+}
+
+double ReportPages::ChartHeight() const
+{
+    if (table->chart.panels.empty()) {
+        return 0;
+    }
+    switch (table->chart.kind) {
+    case ChartKind::Bars:
+        return 420.0 + 220.0 * static_cast<double>(table->chart.labels.size());
+    case ChartKind::Days:
+        return 2300;
+    case ChartKind::DaysOfEach:
+        return 420.0 + 770.0 * static_cast<double>((table->chart.panels.size() + 1) / 2);
+    case ChartKind::None:
+        break;
+    }
+    return 0;
+}
+
+int ReportPages::LinesBelow(double headingHeight) const
+{
+    const double height = PageHeight(table->layout) - 2 * paper::kMargin - headingHeight
+        - paper::kColumnHeading - paper::kFooter;
+    return static_cast<int>(height / paper::kLine);
+}
+
+int ReportPages::RowLines(const CellRow &row) const
+{
+    qsizetype lines = 1;
+    for (const PrintedColumn &column : columns) {
+        if (const auto *text = std::get_if<QString>(&row[static_cast<size_t>(column.place)])) {
+            const double width = column.width - 2 * paper::kCellPadding;
+            lines = std::max(
+                lines,
+                paper::Wrapped(OneLine(*text), paper::Style::Text, width, PageMap::kMostRowLines)
+                    .size());
+        }
+    }
+    return static_cast<int>(lines);
+}
+
+PageOutline ReportPages::Outline() const
+{
+    const double width = PageWidth(table->layout) - 2 * paper::kMargin - 2 * paper::kCellPadding;
+    PageOutline outline;
+    for (const ReportGroup &group : table->groups) {
+        const auto heading = paper::Wrapped(
+            GroupTitle(*table, group) + kContinued, paper::Style::Strong, width, kMostHeadingLines);
+        outline.groups.push_back(
+            {group.first, group.count, static_cast<int>(heading.size()), kSumLines});
+    }
+    if (table->groups.empty() && !table->IsEmpty()) {
+        outline.groups.push_back({0, table->rows.Count(), 0, 0});
+    }
+    for (const qint64 row : table->longRows) {
+        const int lines = RowLines(table->rows.Read(row, 1).front());
+        if (lines > 1) {
+            outline.tallRows.emplace_back(row, lines);
+        }
+    }
+    outline.closingLines = table->IsEmpty() ? 0 : table->IsCut() ? 3 : 2;
+    return outline;
+}
+
+void ReportPages::Paint(QPainter &painter, int page, double pixelsPerPoint) const
+{
+    PagePainter(*this, painter, page).Paint(pixelsPerPoint / 10);
+}
+
+int ReportPages::FindText(const QString &text, int page, const RunControl *control) const
+{
+    for (int now = page; now < Count() && (control == nullptr || !control->IsCancelled()); ++now) {
+        if (PageText(now).contains(text, Qt::CaseInsensitive)) {
+            return now;
+        }
+    }
+    return -1;
+}
+
+QString ReportPages::PageText(int page) const
+{
+    QString text = page == 0 ? table->layout.title + u'\n' + table->period + u'\n' + table->filter
+            + u'\n' + table->chart.labels.join(u'\n')
+                             : QString();
+    for (const PageItem &item : map.Page(page)) {
+        if (item.kind == PageItem::Kind::Row) {
+            for (const CellRow &row : table->rows.Read(item.index, 1)) {
+                for (const PrintedColumn &column : columns) {
+                    text += u'\n'
+                        + OneLine(DisplayText(table->layout.columns.at(column.place),
+                                              row[static_cast<size_t>(column.place)]));
+                }
+            }
+        } else if (item.kind == PageItem::Kind::Heading) {
+            text += u'\n' + GroupTitle(*table, table->groups[static_cast<size_t>(item.index)]);
+        }
+    }
+    return text;
+}

@@ -1,0 +1,96 @@
+#include "reports/report_table.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Line(const Layout &layout, const CellRow &row)
+{
+    QStringList texts;
+    for (size_t place = 0; place < row.size(); ++place) {
+        texts += OneLine(DisplayText(layout.columns.at(static_cast<qsizetype>(place)), row[place]));
+    }
+    return texts.join(u" | "_s);
+}
+
+QString ChartText(const ReportChart &chart)
+{
+    QString text =
+        u"chart: %1 [%2] %3\n"_s.arg(chart.title, chart.unit, chart.seriesNames.join(u", "_s));
+    for (const ChartPanel &panel : chart.panels) {
+        text += panel.title.isEmpty() ? QString() : u"  panel: "_s + OneLine(panel.title) + u'\n';
+        const size_t points = panel.series.empty() ? 0 : panel.series.front().size();
+        for (size_t point = 0; point < points; ++point) {
+            QString label = chart.kind == ChartKind::Bars
+                ? OneLine(chart.labels.at(static_cast<qsizetype>(point)))
+                : chart.firstDay.addDays(static_cast<qint64>(point)).toString(Qt::ISODate);
+            for (const auto &values : panel.series) {
+                label += u" | "_s + QString::number(values[point], 'f', chart.decimals);
+            }
+            text += u"  "_s + label + u'\n';
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+qsizetype LineCharacters(const Layout &layout, int column)
+{
+    constexpr double kLineCharacters = 85; // of a wide text on a portrait page
+    double whole = 0;
+    const auto printed = layout.PrintedColumns();
+    for (const int place : printed) {
+        whole += layout.columns.at(place).width;
+    }
+    const double share = printed.contains(column) ? layout.columns.at(column).width / whole : 0;
+    return static_cast<qsizetype>(share * kLineCharacters * (layout.landscape ? 1.4 : 1));
+}
+
+bool ReportTable::HasTotals() const
+{
+    return std::any_of(layout.columns.begin(), layout.columns.end(), [](const auto &column) {
+        return column.total;
+    });
+}
+
+QString GroupTitle(const ReportTable &table, const ReportGroup &group)
+{
+    QStringList texts;
+    for (const int place : table.layout.group) {
+        const QString text = OneLine(
+            DisplayText(table.layout.columns.at(place), group.keys[static_cast<size_t>(place)]));
+        if (!text.isEmpty()) {
+            texts += text;
+        }
+    }
+    return texts.isEmpty() ? u"(no name)"_s : texts.join(u", "_s);
+}
+
+QString AsText(const ReportTable &table)
+{
+    QStringList headings;
+    for (const LayoutColumn &column : table.layout.columns) {
+        headings += column.unit.isEmpty() ? column.heading : column.heading + u", "_s + column.unit;
+    }
+    QString text = table.layout.title + u"\nperiod: " + table.period + u"\nfilter: " + table.filter
+        + u"\ncolumns: " + headings.join(u" | "_s) + u'\n';
+    const auto rows = [&](qint64 first, qint64 count) {
+        for (const CellRow &row : table.rows.Read(first, count)) {
+            text += Line(table.layout, row) + u'\n';
+        }
+    };
+    for (const ReportGroup &group : table.groups) {
+        text += u"group: "_s + GroupTitle(table, group) + u'\n';
+        rows(group.first, group.count);
+        text += u"sum: "_s + Line(table.layout, group.totals) + u'\n';
+    }
+    if (table.groups.empty()) {
+        rows(0, table.rows.Count());
+    }
+    text += u"total of %1: "_s.arg(table.rows.Count()) + Line(table.layout, table.totals) + u'\n';
+    if (table.IsCut()) {
+        text += u"all %1: "_s.arg(table.allCount) + Line(table.layout, table.allTotals) + u'\n';
+    }
+    return table.chart.kind == ChartKind::None ? text : text + ChartText(table.chart);
+}
