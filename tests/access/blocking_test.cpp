@@ -1,7 +1,7 @@
 // Blocks as both sides see them: the order in which word goes to the service and statements run.
 #include "access/blocking.h"
 
-#include "support/core/engine_fixture.h"
+#include "support/core/database_fixture.h"
 #include "support/core/fake_service.h"
 #include "support/core/private_bus.h"
 
@@ -23,7 +23,7 @@ void Witness(QtMsgType, const QMessageLogContext &context, const QString &text)
     }
 }
 
-struct BlockingTest : EngineFixture
+struct BlockingTest : DatabaseFixture
 {
     PrivateBus bus;
     FakeService service {bus};
@@ -31,7 +31,7 @@ struct BlockingTest : EngineFixture
 
     void SetUp() override
     {
-        EngineFixture::SetUp();
+        DatabaseFixture::SetUp();
         Execute("INSERT INTO groups (group_id, name) VALUES (90, 'Office')");
         Execute("INSERT INTO groups (group_id, name) VALUES (91, 'Empty')");
         Execute("INSERT INTO users (username, group_id) VALUES ('anna', 90)");
@@ -48,19 +48,18 @@ struct BlockingTest : EngineFixture
     {
         qInstallMessageHandler(previous);
         QLoggingCategory::setFilterRules({});
-        EngineFixture::TearDown();
+        DatabaseFixture::TearDown();
     }
 
     QtMessageHandler previous = nullptr;
 };
-TB_ON_EVERY_ENGINE(BlockingTest);
 
 const char kUsers[] = "SELECT user_id, blocked, blockreason FROM users ORDER BY user_id";
 const char kGroups[] = "SELECT group_id, blocked, blockreason FROM groups ORDER BY group_id";
 
 } // namespace
 
-TEST_P(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
+TEST_F(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
 {
     EXPECT_TRUE(BlockUser(link.get(), 2, 3));
     EXPECT_EQ(service.TakeCalls(),
@@ -76,7 +75,7 @@ TEST_P(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|0|3"_s, u"3|0|0"_s}));
 }
 
-TEST_P(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
+TEST_F(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
 {
     EXPECT_FALSE(BlockUser(nullptr, 1, 3));
     EXPECT_FALSE(UnblockUser(nullptr, 2));
@@ -84,7 +83,7 @@ TEST_P(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|1|3"_s, u"2|0|0"_s, u"3|0|0"_s}));
 }
 
-TEST_P(BlockingTest, EveryMemberOfAGroupIsTold)
+TEST_F(BlockingTest, EveryMemberOfAGroupIsTold)
 {
     const QString members = u"SELECT user_id FROM users WHERE group_id = (?)"_s;
     const QString block =
@@ -116,7 +115,7 @@ TEST_P(BlockingTest, EveryMemberOfAGroupIsTold)
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|3"_s, u"2|0|3"_s, u"3|0|0"_s}));
 }
 
-TEST_P(BlockingTest, AGroupWithoutMembersIsBlockedAlone)
+TEST_F(BlockingTest, AGroupWithoutMembersIsBlockedAlone)
 {
     BlockGroup(link.get(), 91, 3);
     EXPECT_EQ(service.TakeCalls().filter(u"no reply"_s), QStringList());

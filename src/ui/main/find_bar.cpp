@@ -20,7 +20,6 @@ FindBar::FindBar(Prompt &messages, std::function<bool(const QString &)> newFind,
 {
     setObjectName(u"findBar"_s);
     setWindowTitle(u"Find user"_s);
-    setMovable(false);
     field->setObjectName(u"findUser"_s);
     field->setClearButtonEnabled(true);
     field->setMaximumWidth(fontMetrics().averageCharWidth() * 32);

@@ -32,7 +32,11 @@ FrameMenus::FrameMenus(CSplitterFrame &owner) : QObject(&owner), frame(owner)
     MakeUserMenu();
     MakeViewMenu();
     MakeConfigureMenu();
-    MakeReportsCommand();
+    reports =
+        MakeCommand({"reports", u"&Reports...", u"Choose and show a report", Picture::Reports},
+                    Opener(frame, frame.Dialogs().reports),
+                    &frame);
+    frame.menuBar()->addAction(reports);
     MakeHelpMenu();
     MakeToolbar();
     update.setSingleShot(true);
@@ -53,7 +57,7 @@ void FrameMenus::MakeFileMenu()
     QMenu &menu = *frame.menuBar()->addMenu(u"&File"_s);
     Add(menu,
         {"purge", u"&Purge database...", u"Remove accumulated records", Picture::Purge},
-        RefreshingOpener(frame, frame.Dialogs().purge));
+        Opener(frame, frame.Dialogs().purge));
     menu.addSeparator();
     Add(menu,
         {"exit", u"E&xit", u"Quit the program", Picture::Exit, QKeySequence(u"Ctrl+Q"_s)},
@@ -187,16 +191,6 @@ void FrameMenus::MakeConfigureMenu()
                                 &frame));
 }
 
-void FrameMenus::MakeReportsCommand()
-{
-    const auto open = Opener(frame, frame.Dialogs().reports);
-    constexpr auto kPrompt = u"Choose and show a report";
-    reports =
-        MakeCommand({"toolbarReports", u"Reports...", kPrompt, Picture::Reports}, open, &frame);
-    // A menu bar draws a picture in place of the text: this one has none.
-    frame.menuBar()->addAction(MakeCommand({"reports", u"&Reports...", kPrompt}, open, &frame));
-}
-
 void FrameMenus::MakeHelpMenu()
 {
     const FrameDialogs &dialogs = frame.Dialogs();
@@ -222,7 +216,6 @@ void FrameMenus::MakeToolbar()
 {
     bar = frame.addToolBar(u"Commands"_s);
     bar->setObjectName(u"toolBar"_s);
-    bar->setMovable(false);
     for (QAction *action : {toolbarProperties, account, remove}) {
         bar->addAction(action);
     }

@@ -34,7 +34,6 @@ private:
     void MakeSortMenu(QMenu &view);
     void MakeRefreshItems(QMenu &view);
     void MakeConfigureMenu();
-    void MakeReportsCommand();
     void MakeHelpMenu();
     void MakeToolbar();
     void UpdateSelectionCommands();

@@ -1,0 +1,224 @@
+// Makes one report without a screen: for timers and scripts.
+#include "config/config_store.h"
+#include "db/session.h"
+#include "reports/catalogue.h"
+#include "reports/engine.h"
+#include "reports/filter_choices.h"
+#include "reports/output.h"
+#include "reports/selection.h"
+#include "reports/wording.h"
+
+#include <QCommandLineParser>
+#include <QGuiApplication>
+#include <QTextStream>
+
+#include <clocale>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Status { Done = 0, Empty = 1, BadArguments = 2, Database = 3, LayoutFile = 4, Output = 5 };
+
+int Fail(Status status, const QString &text)
+{
+    QTextStream(stderr) << "tollbrook-report: " << text << Qt::endl;
+    return status;
+}
+
+void Warn(const QString &text)
+{
+    QTextStream(stderr) << "tollbrook-report: " << text << Qt::endl;
+}
+
+int List()
+{
+    QTextStream out(stdout);
+    for (int row = 0; row < kReportCount; ++row) {
+        const ReportEntry &entry = ReportCatalogue().at(static_cast<size_t>(row));
+        out << u"%1  %2  %3\n"_s.arg(row, 2)
+                   .arg(entry.title.trimmed().toString(), -26)
+                   .arg(entry.layoutFile);
+    }
+    return Done;
+}
+
+struct Arguments
+{
+    QCommandLineOption help {u"help"_s, u"Shows this help."_s};
+    QCommandLineOption list {u"list"_s, u"Lists the reports with their numbers."_s};
+    QCommandLineOption report {
+        u"report"_s, u"The report, by number, title or layout file."_s, u"NAME|NUMBER"_s};
+    QCommandLineOption period {u"period"_s,
+                               u"all, today, week, month, or FROM..TO as 2026-11-01..2026-11-21."_s,
+                               u"PERIOD"_s,
+                               u"all"_s};
+    QCommandLineOption users {
+        u"users"_s, u"Only these users, as a,b; counts with a period only."_s, u"NAMES"_s};
+    QCommandLineOption groups {
+        u"groups"_s, u"Only these groups, as a,b; counts with a period only."_s, u"NAMES"_s};
+    QCommandLineOption output {
+        u"output"_s, u"The file to write: .pdf, .csv, .html or .xlsx."_s, u"FILE"_s};
+    QCommandLineOption dsn {u"dsn"_s, u"The ODBC data source."_s, u"NAME"_s, u"bill"_s};
+    QCommandLineOption config {
+        u"config"_s, u"The folder of settings, which tells where the layouts are."_s, u"DIR"_s};
+    QCommandLineOption failIfEmpty {u"fail-if-empty"_s,
+                                    u"Exit status 1 when there is nothing to report."_s};
+};
+
+QString ConfigFolder(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    const QString given = parser.value(arguments.config);
+    return !given.isEmpty() ? given : qEnvironmentVariable("TOLLBROOK_CONFIG", u"/etc/tollbrook"_s);
+}
+
+std::optional<ReportPeriod> PeriodFrom(const QString &text)
+{
+    const QStringList words {u"all"_s, u"today"_s, u"week"_s, u"month"_s};
+    if (const auto place = words.indexOf(text); place >= 0) {
+        return PeriodUpTo(Today(), static_cast<PeriodChoice>(place));
+    }
+    const QStringList ends = text.split(u".."_s);
+    const QDate from = QDate::fromString(ends.first(), Qt::ISODate);
+    const QDate to = QDate::fromString(ends.last(), Qt::ISODate);
+    if (ends.size() != 2 || !from.isValid() || !to.isValid() || from > to) {
+        return std::nullopt;
+    }
+    return ReportPeriod {PeriodChoice::Custom, DayOf(from), DayOf(to)};
+}
+
+struct Filters
+{
+    QString userClause;
+    QString groupClause;
+    QString words;
+};
+
+// Looks the names up in the database. A status other than Done ends the program.
+int ReadFilters(const QCommandLineParser &parser, const Arguments &arguments, Filters &filters)
+{
+    const QStringList users = NamesFrom(parser.values(arguments.users).join(u','));
+    const QStringList groups = NamesFrom(parser.values(arguments.groups).join(u','));
+    if (users.isEmpty() && groups.isEmpty()) {
+        return Done;
+    }
+    if (ConnectDatabase(parser.value(arguments.dsn).toUtf8().constData()) == 0) {
+        return Fail(Database,
+                    u"the data source \"%1\" cannot be opened"_s.arg(parser.value(arguments.dsn)));
+    }
+    QStringList unknownUsers;
+    QStringList unknownGroups;
+    if (!users.isEmpty()) {
+        filters.userClause = UserFilterClause(FilterOf(OfferedUsers(), users, unknownUsers));
+    }
+    if (!groups.isEmpty()) {
+        filters.groupClause = GroupFilterClause(FilterOf(OfferedGroups(), groups, unknownGroups));
+    }
+    DisconnectDatabase();
+    if (!unknownUsers.isEmpty() || !unknownGroups.isEmpty()) {
+        return Fail(
+            BadArguments,
+            u"nobody is named \"%1\""_s.arg((unknownUsers + unknownGroups).join(u"\", \""_s)));
+    }
+    filters.words = FilterInWords(users, groups);
+    return Done;
+}
+
+int StatusOf(ReportProblem::Kind kind)
+{
+    switch (kind) {
+    case ReportProblem::Kind::Database:
+        return Database;
+    case ReportProblem::Kind::Layout:
+        return LayoutFile;
+    case ReportProblem::Kind::Output:
+        return Output;
+    default:
+        return BadArguments;
+    }
+}
+
+int Make(const ReportRequest &request, const QString &output, bool failIfEmpty)
+{
+    RunControl control;
+    ReportProblem problem;
+    const ReportTablePtr table = MakeReport(request, control, problem);
+    if (!table || !WriteReport(table, output, control, problem)) {
+        return Fail(static_cast<Status>(StatusOf(problem.kind)), problem.text);
+    }
+    return failIfEmpty && table->IsEmpty() ? Fail(Empty, u"there is nothing to report"_s) : Done;
+}
+
+int Run(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    const int row = FindReport(parser.value(arguments.report));
+    if (row < 0) {
+        return Fail(BadArguments,
+                    u"no such report: \"%1\"; see --list"_s.arg(parser.value(arguments.report)));
+    }
+    const auto period = PeriodFrom(parser.value(arguments.period));
+    if (!period) {
+        return Fail(BadArguments, u"no such period: \"%1\""_s.arg(parser.value(arguments.period)));
+    }
+    const QString output = parser.value(arguments.output);
+    if (!FormatOf(output)) {
+        return Fail(BadArguments, u"--output must name a .pdf, .csv, .html or .xlsx file"_s);
+    }
+    Filters filters;
+    if (const int status = ReadFilters(parser, arguments, filters); status != Done) {
+        return status;
+    }
+    if (period->choice == PeriodChoice::All && !filters.words.isEmpty()) {
+        Warn(u"users and groups apply only with a period; this report is of all of them"_s);
+        filters = {};
+    }
+    const ConfigStore config(ConfigFolder(parser, arguments));
+    ReportRequest request;
+    request.layoutPath = LayoutPath(config.ReadText(values::kPath).value_or(QString()), row);
+    request.query = QueryText(row, *period, filters.userClause, filters.groupClause);
+    request.connectionText = ReportConnectionText(parser.value(arguments.dsn));
+    request.period = PeriodInWords(*period);
+    request.filter = filters.words;
+    return Make(request, output, parser.isSet(arguments.failIfEmpty));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // there need not be a screen
+    }
+    const QGuiApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
+    QGuiApplication::setApplicationName(u"tollbrook-report"_s);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Makes one of the console's reports as a file."_s);
+    const Arguments arguments;
+    parser.addOptions({arguments.help,
+                       arguments.list,
+                       arguments.report,
+                       arguments.period,
+                       arguments.users,
+                       arguments.groups,
+                       arguments.output,
+                       arguments.dsn,
+                       arguments.config,
+                       arguments.failIfEmpty});
+    if (!parser.parse(QGuiApplication::arguments())) {
+        return Fail(BadArguments, parser.errorText());
+    }
+    if (parser.isSet(arguments.help)) {
+        QTextStream(stdout) << parser.helpText();
+        return Done;
+    }
+    if (parser.isSet(arguments.list)) {
+        return List();
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        return Fail(BadArguments,
+                    u"what is \"%1\"?"_s.arg(parser.positionalArguments().constFirst()));
+    }
+    return Run(parser, arguments);
+}

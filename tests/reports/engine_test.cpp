@@ -1,0 +1,235 @@
+#include "db/failure_log.h"
+#include "db/report_connection.h"
+#include "reports/catalogue.h"
+#include "reports/filter_choices.h"
+#include "reports/report_fixture.h"
+#include "reports/table_builder.h"
+#include "support/core/engine_fixture.h"
+
+#include <QFile>
+
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class MadeReport : public EngineFixture
+{
+protected:
+    void SetUp() override
+    {
+        EngineFixture::SetUp();
+        FillReportData();
+    }
+
+    static std::unique_ptr<ReportConnection> Open()
+    {
+        QString problem;
+        auto connection = ReportConnection::Open(Dsn(), u"system"_s, {}, problem);
+        EXPECT_TRUE(connection) << problem.toStdString();
+        return connection;
+    }
+
+    // The same report with every sum made by the program.
+    static std::unique_ptr<ReportTable> SummedHere(const ReportRequest &request)
+    {
+        LayoutError error;
+        RunControl control;
+        auto table = std::make_unique<ReportTable>();
+        table->layout = ReadLayout(request.layoutPath, error).value();
+        table->period = request.period;
+        const auto connection = Open();
+        ReportQuery query(table->layout, request.query, *connection, control);
+        query.SumHere();
+        TableBuilder builder(*table, query);
+        EXPECT_TRUE(builder.Build()) << builder.Problem().text.toStdString();
+        return table;
+    }
+};
+
+TB_ON_EVERY_ENGINE(MadeReport);
+
+QString KeptText(const QString &name, const QString &now)
+{
+    QFile file(QStringLiteral(TB_SOURCE_DIR "/tests/reports/kept/%1.txt").arg(name));
+    if (qEnvironmentVariableIsSet("TB_RENEW_KEPT") && file.open(QIODevice::WriteOnly)) {
+        file.write(now.toUtf8());
+        file.close();
+    }
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    return QString::fromUtf8(file.readAll());
+}
+
+const ReportPeriod kAutumn {PeriodChoice::Custom, {2026, 11, 10}, {2026, 11, 20}};
+
+} // namespace
+
+// Rows of each come in the engine's own order of names; they are compared on one engine.
+TEST_P(MadeReport, TablesAreThoseKept)
+{
+    for (int row = 0; row < kReportCount; ++row) {
+        const auto table = ReportOf(RequestFor(Dsn(), row));
+        if (table && (table->layout.rows == RowRule::Summed || Engine() == u"sqlite")) {
+            const QString text = AsText(*table);
+            EXPECT_EQ(text, KeptText(u"report-%1"_s.arg(row, 2, 10, QChar(u'0')), text)) << row;
+        }
+    }
+}
+
+TEST_P(MadeReport, SumsMadeByTheProgramAreThoseOfTheDatabase)
+{
+    for (int row = 0; row < kReportCount; ++row) {
+        for (const ReportPeriod &period : {ReportPeriod {}, kAutumn}) {
+            const auto request = RequestFor(Dsn(), row, period);
+            const auto table = ReportOf(request);
+            const auto here = SummedHere(request);
+            EXPECT_EQ(here->rows.Count(), table->rows.Count()) << row;
+            EXPECT_EQ(here->groups.size(), table->groups.size()) << row;
+            if (table->layout.rows == RowRule::Summed) {
+                EXPECT_EQ(AsText(*here).section(u"chart:"_s, 0, 0),
+                          AsText(*table).section(u"chart:"_s, 0, 0))
+                    << row;
+            }
+            for (size_t column = 0; column < table->totals.size(); ++column) {
+                EXPECT_DOUBLE_EQ(NumberIn(here->totals[column]), NumberIn(table->totals[column]))
+                    << row;
+            }
+        }
+    }
+}
+
+TEST_P(MadeReport, AQueryThatCannotStandInParenthesesIsSummedHere)
+{
+    LayoutError error;
+    auto table = std::make_unique<ReportTable>();
+    table->layout = ParseLayout(R"(title = "T"
+rows = "summed"
+query = "SELECT users.username, users.user_id, traffic_use.user_id, data FROM users INNER JOIN traffic_use ON users.user_id = traffic_use.user_id WHERE period = 0 ORDER BY data"
+[[column]]
+name = "username"
+[[column]]
+name = "data"
+type = "amount"
+total = true
+)",
+                                u"t"_s,
+                                error)
+                        .value();
+    RunControl control;
+    const auto connection = Open();
+    ReportQuery query(table->layout, {}, *connection, control);
+    TableBuilder builder(*table, query);
+    ASSERT_TRUE(builder.Build()) << builder.Problem().text.toStdString();
+    EXPECT_EQ(query.IsSummedByDatabase(), Engine() != u"mariadb"); // two columns of one name
+    RunQuery("SELECT SUM(data) FROM traffic_use WHERE period = 0", FetchMode::One);
+    EXPECT_DOUBLE_EQ(NumberIn(table->totals[1]), queryResult.Amount(1));
+    EXPECT_EQ(table->rows.Count(), OddNames().size());
+}
+
+TEST_P(MadeReport, AReportsConnectionCannotWrite)
+{
+    const QStringList before = EveryRow();
+    const auto connection = Open();
+    for (const char *statement : {"UPDATE users SET blocked = 1",
+                                  "DELETE FROM users",
+                                  "CREATE TABLE t (a INTEGER)",
+                                  "INSERT INTO Sites (sitename, site_ip) VALUES ('a', 'b')"}) {
+        EXPECT_FALSE(connection->Run(QString::fromLatin1(statement))) << statement;
+        EXPECT_FALSE(connection->Problem().isEmpty()) << statement;
+    }
+    EXPECT_TRUE(connection->Run(u"SELECT username FROM users"_s))
+        << connection->Problem().toStdString();
+    EXPECT_EQ(EveryRow(), before);
+}
+
+TEST_P(MadeReport, WritersAreNotRefusedWhileAReportReads)
+{
+    for (int copies = 0; copies < 6; ++copies) { // beyond one block
+        Execute(
+            "INSERT INTO SiteAccess (user_id, site_id, access_time) SELECT user_id, site_id, access_time FROM "
+            "SiteAccess");
+    }
+    FailureLog::Instance().Clear();
+    const auto connection = Open();
+    ASSERT_TRUE(connection->Run(u"SELECT access_time FROM SiteAccess"_s));
+    connection->Choose({{1, ReadAs::Text}});
+    ASSERT_EQ(connection->FetchBlock(), ReportConnection::kBlockRows);
+    Execute("UPDATE traffic_use SET data = data + 1 WHERE period = 0");
+    EXPECT_EQ(FailureLog::Instance().Count(), 0);
+    int rows = 0;
+    int block = 0;
+    while ((block = connection->FetchBlock()) > 0) {
+        rows += block;
+    }
+    EXPECT_EQ(block, 0) << connection->Problem().toStdString();
+    EXPECT_GT(rows, 0);
+}
+
+TEST_P(MadeReport, CancelEndsAReportThatRuns)
+{
+    RunControl control;
+    ReportProblem problem;
+    auto request = RequestFor(Dsn(), 13, kAutumn);
+    request.query =
+        u"SELECT a.sitename, a.site_ip FROM Sites a, SiteAccess b, SiteAccess c, SiteAccess d, "
+        "SiteAccess e, traffic_use f, traffic_use g"_s;
+    ReportTablePtr table;
+    std::thread worker([&] { table = MakeReport(request, control, problem); });
+    control.Cancel();
+    worker.join();
+    EXPECT_FALSE(table);
+    EXPECT_EQ(problem.kind, ReportProblem::Kind::Cancelled);
+}
+
+TEST_P(MadeReport, FailuresSayWhatFailed)
+{
+    using Kind = ReportProblem::Kind;
+    struct Case
+    {
+        std::function<void(ReportRequest &)> spoil;
+        Kind kind;
+        const char *words;
+    };
+    const Case cases[] = {
+        {[](auto &request) { request.connectionText = ReportConnectionText(u"nowhere"_s); },
+         Kind::Database,
+         ""},
+        {[](auto &request) { request.layoutPath = u"none\\x.rpt"_s; },
+         Kind::Layout,
+         "no such layout file"},
+        {[](auto &request) { request.layoutPath.clear(); }, Kind::Layout, "no such layout file"},
+        {[](auto &request) { request.query = u"SELECT nothing FROM nobody"_s; },
+         Kind::Database,
+         ""},
+        {[](auto &request) { request.query = u"SELECT username FROM users"_s; },
+         Kind::Layout,
+         "the query gives no column \"ip_addr\""},
+        {[](auto &request) { request.query = u"DROP TABLE users"_s; },
+         Kind::Arguments,
+         "begins with SELECT"},
+    };
+    for (const auto &[spoil, kind, words] : cases) {
+        auto request = RequestFor(Dsn(), 0);
+        spoil(request);
+        RunControl control;
+        ReportProblem problem;
+        EXPECT_FALSE(MakeReport(request, control, problem));
+        EXPECT_EQ(problem.kind, kind) << problem.text.toStdString();
+        EXPECT_TRUE(problem.text.contains(QLatin1StringView(words))) << problem.text.toStdString();
+        EXPECT_FALSE(problem.text.isEmpty());
+    }
+}
+
+TEST_P(MadeReport, FiltersOfferTheMonitoredUsersAndTheGroups)
+{
+    Execute("UPDATE users SET monitored = false WHERE username = 'anna'");
+    const auto users = OfferedUsers();
+    EXPECT_EQ(static_cast<qsizetype>(users.size()), OddNames().size() - 1);
+    for (const auto &[id, name] : users) {
+        EXPECT_EQ(UserName(id), name);
+    }
+    const auto groups = OfferedGroups();
+    ASSERT_EQ(groups.size(), 2U);
+    EXPECT_EQ(GroupName(81), u"Workshop"_s);
+}

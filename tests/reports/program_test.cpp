@@ -1,0 +1,125 @@
+// The program for timers and scripts, run as one.
+#include "reports/report_fixture.h"
+#include "support/core/database_fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Program : public DatabaseFixture
+{
+protected:
+    void SetUp() override
+    {
+        DatabaseFixture::SetUp();
+        FillReportData();
+        QFile::link(QStringLiteral(TB_SOURCE_DIR "/src/reports/layouts"),
+                    folder.filePath(u"reports"_s));
+        SetPath(folder.path() + u'/');
+    }
+
+    void SetPath(const QString &path)
+    {
+        QDir(folder.path()).mkpath(u"Software/Tollbrook"_s);
+        QFile file(folder.filePath(u"Software/Tollbrook/Network.toml"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("path = \"" + path.toUtf8() + "\"\n");
+    }
+
+    int Run(QStringList arguments)
+    {
+        arguments << u"--config"_s << folder.path();
+        QProcess process;
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(u"DISPLAY"_s);
+        environment.remove(u"QT_QPA_PLATFORM"_s);
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(TB_REPORT_PROGRAM), arguments);
+        EXPECT_TRUE(process.waitForFinished(60'000));
+        said = QString::fromUtf8(process.readAllStandardError());
+        printed = QString::fromUtf8(process.readAllStandardOutput());
+        return process.exitCode();
+    }
+
+    [[nodiscard]] QString Out(const QString &name) const { return folder.filePath(name); }
+
+    QString said;
+    QString printed;
+};
+
+} // namespace
+
+TEST_F(Program, ListsTheReports)
+{
+    EXPECT_EQ(Run({u"--list"_s}), 0);
+    EXPECT_EQ(printed.count(u'\n'), 16);
+    EXPECT_TRUE(printed.contains(u"12  Top 10 Payers"));
+}
+
+TEST_F(Program, TellsByItsExitStatusHowItWent)
+{
+    struct Case
+    {
+        QStringList arguments;
+        int status;
+        const char *words;
+    };
+    const QStringList good {
+        u"--report"_s, u"0"_s, u"--dsn"_s, Dsn(), u"--output"_s, Out(u"a.csv"_s)};
+    const auto with = [&](const QStringList &more) { return good + more; };
+    const Case cases[] = {
+        {good, 0, ""},
+        {with({u"--report"_s, u"Top 10 Sites"_s}), 0, ""},
+        {with({u"--report"_s, u"webuser"_s, u"--period"_s, u"2026-11-01..2026-11-21"_s}), 0, ""},
+        {with({u"--period"_s, u"2001-01-01..2001-01-02"_s}), 0, ""},
+        {with({u"--period"_s, u"2001-01-01..2001-01-02"_s, u"--fail-if-empty"_s}),
+         1,
+         "nothing to report"},
+        {with({u"--users"_s, u"anna"_s}), 0, "apply only with a period"},
+        {with({u"--report"_s, u"16"_s}), 2, "no such report"},
+        {with({u"--report"_s, u""_s}), 2, "no such report"},
+        {with({u"--period"_s, u"2026-11-21..2026-11-01"_s}), 2, "no such period"},
+        {with({u"--period"_s, u"yesterday"_s}), 2, "no such period"},
+        {with({u"--users"_s, u"nobody,anna"_s, u"--period"_s, u"month"_s}),
+         2,
+         "nobody is named \"nobody\""},
+        {with({u"--output"_s, Out(u"a.doc"_s)}), 2, ".xlsx"},
+        {with({u"--colour"_s}), 2, "colour"},
+        {with({u"stray"_s}), 2, "stray"},
+        {with({u"--dsn"_s, u"nowhere"_s}), 3, "tollbrook-report: "},
+        {with({u"--output"_s, Out(u"none/a.pdf"_s)}), 5, "does not exist"},
+    };
+    for (const auto &[arguments, status, words] : cases) {
+        EXPECT_EQ(Run(arguments), status)
+            << arguments.join(u' ').toStdString() << said.toStdString();
+        EXPECT_TRUE(said.contains(QLatin1StringView(words))) << said.toStdString();
+    }
+    SetPath(u"/nowhere/"_s);
+    EXPECT_EQ(Run(good), 4);
+    EXPECT_TRUE(said.contains(u"/nowhere/reports/trafall.rpt: there is no such layout file"))
+        << said.toStdString();
+}
+
+TEST_F(Program, NarrowsToUsersAndGroupsWithinAPeriod)
+{
+    const QString name = u"\"O'Hara, \"\"Frank\"\"\",anna"_s;
+    ASSERT_EQ(Run({u"--report"_s,
+                   u"0"_s,
+                   u"--dsn"_s,
+                   Dsn(),
+                   u"--period"_s,
+                   u"2026-11-01..2026-11-30"_s,
+                   u"--users"_s,
+                   name,
+                   u"--output"_s,
+                   Out(u"b.csv"_s)}),
+              0)
+        << said.toStdString();
+    QFile file(Out(u"b.csv"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().count('\n'), 3); // headings and two users
+}
