@@ -1,6 +1,7 @@
 #include "ui/main/frame_dialogs.h"
 
 #include "app/administrator_app.h"
+#include "ui/accounts/accounts.h"
 #include "ui/main/about_dialog.h"
 #include "ui/main/help_viewer.h"
 #include "ui/options/login_manager.h"
@@ -31,6 +32,10 @@ ReconnectFlags RunReconnect(CAdministratorApp &app, QWidget *parent)
 FrameDialogs StandardDialogs(CAdministratorApp &app)
 {
     FrameDialogs dialogs;
+    dialogs.userAccount = OpenUserAccount;
+    dialogs.userStatistics = OpenUserStatistics;
+    dialogs.groupAccount = OpenGroupAccount;
+    dialogs.groupStatistics = OpenGroupStatistics;
     dialogs.purge = OpenPurge;
     dialogs.unmonitored = OpenUnmonitored;
     dialogs.logins = OpenLoginManager;

@@ -1,0 +1,167 @@
+#include "ui/accounts/account_dialog.h"
+
+#include "accounts/credit.h"
+#include "accounts/currency.h"
+#include "app/administrator_app.h"
+#include "ui/accounts/credit_dialogs.h"
+#include "ui/accounts/credit_table.h"
+#include "ui/accounts/owner_notice.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+AccountDialog::AccountDialog(const AccountOwner &owner, quint32 ownerMode, QWidget *parent)
+    : QDialog(parent)
+    , filter {owner, ownerMode, false, HistoryPeriod::AllRecords}
+    , table(new CreditTable(HistoryColumns(ownerMode), u"No credits in this period"_s, this))
+    , period(new QComboBox(this))
+    , openOnly(new QCheckBox(u"&Open credits only"_s, this))
+{
+    setWindowTitle(u"Account"_s);
+    BuildControls();
+    Refill();
+    resize(sizeHint().boundedTo(screen()->availableSize()));
+    table->setFocus();
+}
+
+void AccountDialog::BuildControls()
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(OwnerHeading(filter.owner, this));
+    layout->addWidget(FilterLine());
+    layout->addWidget(table, 1);
+    layout->addWidget(ButtonLine());
+    layout->addWidget(OkAndCancel(*this));
+}
+
+QWidget *AccountDialog::FilterLine()
+{
+    auto *line = new QWidget(this);
+    period->setObjectName(u"period"_s);
+    period->addItems(HistoryPeriodNames());
+    openOnly->setObjectName(u"openOnly"_s);
+    connect(period, &QComboBox::currentIndexChanged, this, &AccountDialog::Refill);
+    connect(openOnly, &QCheckBox::toggled, this, &AccountDialog::Refill);
+    auto *layout = new QHBoxLayout(line);
+    layout->setContentsMargins({});
+    layout->addWidget(LabelFor(u"&Period:"_s, *period));
+    layout->addWidget(period);
+    layout->addWidget(openOnly);
+    layout->addStretch();
+    return line;
+}
+
+QWidget *AccountDialog::ButtonLine()
+{
+    auto *line = new QWidget(this);
+    auto *add = MakeButton<QPushButton>(u"&Add credit..."_s, "addCredit");
+    auto *close = MakeButton<QPushButton>(u"C&lose credit"_s, "closeCredit");
+    auto *remove = MakeButton<QPushButton>(u"&Delete"_s, "deleteCredit");
+    connect(add, &QPushButton::clicked, this, &AccountDialog::AddCredit);
+    connect(close, &QPushButton::clicked, this, &AccountDialog::CloseSelected);
+    connect(remove, &QPushButton::clicked, this, &AccountDialog::DeleteSelected);
+    auto *layout = new QHBoxLayout(line);
+    layout->setContentsMargins({});
+    for (QPushButton *button : {add, close, remove}) {
+        button->setAutoDefault(false); // Enter is OK
+        layout->addWidget(button);
+    }
+    layout->addStretch();
+    return line;
+}
+
+void AccountDialog::Refill()
+{
+    filter.openOnly = openOnly->isChecked();
+    filter.period = HistoryPeriodFrom(period->currentText());
+    rows = ReadHistory(filter);
+    for (HistoryRow &row : rows) {
+        if (std::find(staged.closed.begin(), staged.closed.end(), row.billId)
+            != staged.closed.end()) {
+            row.status = HistoryStatus::Closed;
+        }
+    }
+    for (const StagedCredit &credit : staged.credits) {
+        rows.push_back(HistoryRowOf(credit));
+    }
+    ShowRows();
+}
+
+void AccountDialog::ShowRows()
+{
+    AddUpBalances(rows);
+    const double rate = CurrentRate(theApp->Config());
+    QList<QStringList> lines;
+    for (const HistoryRow &row : rows) {
+        lines << HistoryCells(row, filter.ownerMode, rate);
+    }
+    table->SetRows(lines);
+}
+
+HistoryRow *AccountDialog::Selected()
+{
+    const int row = table->SelectedRow();
+    return row < 0 ? nullptr : &rows[static_cast<std::size_t>(row)];
+}
+
+void AccountDialog::AddCredit()
+{
+    if (auto credit = AskForCredit(filter.owner, filter.ownerMode, this)) {
+        rows.push_back(HistoryRowOf(*credit));
+        staged.credits.push_back(*std::move(credit));
+        ShowRows();
+        table->Select(static_cast<int>(rows.size()) - 1);
+    }
+}
+
+void AccountDialog::CloseSelected()
+{
+    HistoryRow *row = Selected();
+    if (row == nullptr) {
+        theApp->Messages().Tell(u"Please select credit to close"_s);
+    } else if (row->status == HistoryStatus::New) {
+        theApp->Messages().Tell(u"Cannot close Expired or New account"_s);
+    } else if (row->status != HistoryStatus::Closed) {
+        row->status = HistoryStatus::Closed;
+        staged.closed.push_back(row->billId);
+        const int selected = table->SelectedRow();
+        ShowRows();
+        table->Select(selected);
+    }
+}
+
+void AccountDialog::DeleteSelected()
+{
+    const HistoryRow *row = Selected();
+    if (row == nullptr) {
+        theApp->Messages().Tell(u"Select the item to delete"_s);
+    } else if (row->status != HistoryStatus::New) {
+        theApp->Messages().Tell(u"Cannot delete Expired or Active account"_s);
+    } else {
+        const auto stored = rows.size() - staged.credits.size();
+        const int selected = table->SelectedRow();
+        staged.credits.erase(staged.credits.begin() + (selected - static_cast<int>(stored)));
+        rows.erase(rows.begin() + selected);
+        ShowRows();
+        table->Select(qMin(selected, static_cast<int>(rows.size()) - 1));
+    }
+}
+
+void AccountDialog::accept()
+{
+    const double rate = CurrentRate(theApp->Config());
+    if (!ApplyStagedAccount(filter.owner, filter.ownerMode, staged, rate, theApp->Link())) {
+        TellOwnerIsGone(filter.owner);
+    }
+    QDialog::accept();
+}

@@ -1,0 +1,61 @@
+// The account pages of the property sheets. They are made with their sheet and not shown in it.
+#pragma once
+
+#include "access/staged_account.h"
+#include "accounts/credit_list.h"
+#include "ui/common/page.h"
+
+class CreditTable;
+class QLineEdit;
+class QPushButton;
+class QVBoxLayout;
+
+// What a user's and a group's page have in common. The page stages at most one new credit and marks
+// credits to be closed; who opened the sheet writes both with ApplyStagedAccount on its OK.
+class AccountPage : public Page
+{
+    Q_OBJECT
+
+public:
+    AccountPage(const AccountOwner &owner, StagedAccount &staged, QWidget *parent);
+
+    [[nodiscard]] QString Title() const override;
+    void Load() override; // reads the owner's mode, on which the columns depend
+    void Activate() override; // reads the credits
+
+    // The megabytes left of the open pre-paid credits as they were when the page became active.
+    [[nodiscard]] double Balance() const { return credits.balance; }
+
+private:
+    void BuildButtons(QVBoxLayout &layout);
+    void ShowRows();
+    void AddCredit();
+    void DeleteSelected();
+    void CloseSelected();
+    [[nodiscard]] ListedCredit *Selected();
+    void SetStatus(ListedCredit &row, CreditStatus status);
+
+    AccountOwner owner;
+    StagedAccount &staged;
+    quint32 ownerMode = 0;
+    CreditList credits; // the staged one last
+    CreditTable *table = nullptr;
+    QPushButton *add = nullptr;
+    QLineEdit *balance = nullptr;
+};
+
+class CAdministratorUserPAcc : public AccountPage
+{
+    Q_OBJECT
+
+public:
+    CAdministratorUserPAcc(quint32 userId, StagedAccount &staged, QWidget *parent = nullptr);
+};
+
+class CAdministratorGroupPAcc : public AccountPage
+{
+    Q_OBJECT
+
+public:
+    CAdministratorGroupPAcc(quint32 groupId, StagedAccount &staged, QWidget *parent = nullptr);
+};

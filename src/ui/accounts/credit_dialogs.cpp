@@ -1,0 +1,172 @@
+#include "ui/accounts/credit_dialogs.h"
+
+#include "accounts/credit_entry.h"
+#include "accounts/currency.h"
+#include "app/administrator_app.h"
+#include "base/day.h"
+#include "db/value_codes.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/number_field.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+CreditDialog::CreditDialog(QWidget *parent)
+    : QDialog(parent)
+    , kinds(new QButtonGroup(this))
+    , amount(new AmountField(this))
+    , unit(new QLabel(this))
+{
+    setWindowTitle(u"Add credit"_s);
+    amount->setObjectName(u"amount"_s);
+    unit->setObjectName(u"unit"_s);
+    auto *layout = new QVBoxLayout(this);
+    auto *box = new QGroupBox(u"Credit"_s, this);
+    box->setLayout(new QVBoxLayout);
+    layout->addWidget(box);
+}
+
+void CreditDialog::AddKind(CreditKind kind,
+                           const QString &text,
+                           const char *objectName,
+                           bool enabled)
+{
+    auto *box = findChild<QGroupBox *>();
+    auto *button = MakeButton<QRadioButton>(text, objectName);
+    button->setEnabled(enabled);
+    kinds->addButton(button, static_cast<int>(kind));
+    box->layout()->addWidget(button);
+}
+
+void CreditDialog::Choose(CreditKind kind)
+{
+    kinds->button(static_cast<int>(kind))->setChecked(true);
+}
+
+CreditKind CreditDialog::Kind() const
+{
+    return static_cast<CreditKind>(kinds->checkedId());
+}
+
+void CreditDialog::Finish(QWidget *more)
+{
+    auto *layout = static_cast<QVBoxLayout *>(this->layout());
+    auto *line = new QHBoxLayout;
+    line->addWidget(LabelFor(u"&Amount:"_s, *amount));
+    line->addWidget(amount, 1);
+    line->addWidget(unit);
+    layout->addLayout(line);
+    if (more != nullptr) {
+        layout->addWidget(more);
+    }
+    layout->addWidget(OkAndCancel(*this));
+    connect(kinds, &QButtonGroup::idToggled, this, &CreditDialog::KindChanged);
+    KindChanged();
+    amount->setFocus();
+}
+
+QDate CreditDialog::Expiry() const
+{
+    return {};
+}
+
+void CreditDialog::KindChanged()
+{
+    const bool hasAmount = Kind() != CreditKind::Unlimited;
+    amount->setEnabled(hasAmount);
+    unit->setText(hasAmount ? UnitName(theApp->Config(), Kind()) : QString());
+    amount->setAccessibleDescription(unit->text());
+}
+
+void CreditDialog::Refuse(const QString &problem, QWidget &field)
+{
+    Complain(problem);
+    field.setFocus();
+}
+
+void CreditDialog::accept()
+{
+    const double rate = CurrentRate(theApp->Config());
+    const QDate expiry = Expiry();
+    if (const auto problem = CheckAmount(Kind(), amount->Amount(), rate)) {
+        Refuse(*problem, *amount);
+        amount->selectAll();
+    } else if (const auto passed = expiry.isValid() ? CheckExpiry(expiry) : std::nullopt) {
+        Refuse(*passed, *findChild<QDateEdit *>());
+    } else {
+        credit = CreditFrom(Kind(), amount->Amount().value_or(0.0), rate, expiry);
+        QDialog::accept();
+    }
+}
+
+LimitCreditDialog::LimitCreditDialog(quint32 ownerMode, QWidget *parent) : CreditDialog(parent)
+{
+    const bool traffic = ownerMode != mode::kTime;
+    AddKind(CreditKind::Traffic, u"&Traffic"_s, "traffic", traffic);
+    AddKind(CreditKind::Time, u"T&ime"_s, "time", ownerMode != mode::kTraffic);
+    Choose(traffic ? CreditKind::Traffic : CreditKind::Time);
+    Finish(nullptr);
+}
+
+BillingCreditDialog::BillingCreditDialog(QWidget *parent)
+    : CreditDialog(parent)
+    , noExpiry(new QCheckBox(u"&No expiry date"_s, this))
+    , expiryDay(new QDateEdit(Today().addMonths(1), this))
+{
+    AddKind(CreditKind::Unlimited, u"&Unlimited"_s, "unlimited");
+    AddKind(CreditKind::Traffic, u"&Traffic"_s, "traffic");
+    AddKind(CreditKind::Money, u"&Money"_s, "money");
+    Choose(CreditKind::Traffic);
+    noExpiry->setObjectName(u"noExpiry"_s);
+    noExpiry->setChecked(true);
+    expiryDay->setObjectName(u"expiryDay"_s);
+    expiryDay->setDisplayFormat(u"yyyy-MM-dd"_s);
+    expiryDay->setCalendarPopup(true);
+    expiryDay->setEnabled(false);
+    connect(noExpiry, &QCheckBox::toggled, expiryDay, &QWidget::setDisabled);
+    auto *box = new QGroupBox(u"Expiry"_s, this);
+    auto *line = new QHBoxLayout;
+    line->addWidget(LabelFor(u"&Expiry date:"_s, *expiryDay));
+    line->addWidget(expiryDay, 1);
+    auto *boxLayout = new QVBoxLayout(box);
+    boxLayout->addWidget(noExpiry);
+    boxLayout->addLayout(line);
+    Finish(box);
+}
+
+QDate BillingCreditDialog::Expiry() const
+{
+    return noExpiry->isChecked() ? QDate() : expiryDay->date();
+}
+
+namespace {
+
+template <typename Dialog, typename... Arguments>
+std::optional<StagedCredit> CreditOf(Arguments... arguments)
+{
+    Dialog dialog(arguments...);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Credit()) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<StagedCredit>
+AskForCredit(const AccountOwner &owner, quint32 ownerMode, QWidget *parent)
+{
+    if (IsLimitMode(ownerMode)) {
+        return CreditOf<LimitCreditDialog>(ownerMode, parent);
+    }
+    if (owner.IsUser() || ownerMode == mode::kProvider) {
+        return CreditOf<BillingCreditDialog>(parent);
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,74 @@
+// The two small dialogs that ask for a new credit.
+#pragma once
+
+#include "access/staged_account.h"
+#include "accounts/account_owner.h"
+
+#include <QDialog>
+
+class AmountField;
+class QButtonGroup;
+class QCheckBox;
+class QDateEdit;
+class QLabel;
+
+// What both have in common: a choice of kinds, an amount with its unit, OK and Cancel.
+class CreditDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // The credit entered; has a meaning once the dialog was accepted.
+    [[nodiscard]] const StagedCredit &Credit() const { return credit; }
+
+    // OK: the dialog stays open while the amount or the expiry day is refused.
+    void accept() override;
+
+protected:
+    explicit CreditDialog(QWidget *parent);
+    void AddKind(CreditKind kind, const QString &text, const char *objectName, bool enabled = true);
+    void Choose(CreditKind kind);
+    [[nodiscard]] CreditKind Kind() const;
+    // Adds the amount and `more`, which may be null, below the kinds, and the buttons at the end.
+    void Finish(QWidget *more);
+    // The expiry day chosen; an invalid one for a credit that never expires.
+    [[nodiscard]] virtual QDate Expiry() const;
+
+private:
+    void KindChanged();
+    void Refuse(const QString &problem, QWidget &field);
+
+    QButtonGroup *kinds;
+    AmountField *amount;
+    QLabel *unit;
+    StagedCredit credit;
+};
+
+// A credit that extends a limit of the current accounting period: traffic, or a user's time.
+class LimitCreditDialog : public CreditDialog
+{
+    Q_OBJECT
+
+public:
+    LimitCreditDialog(quint32 ownerMode, QWidget *parent);
+};
+
+// A pre-paid credit: without bound, of traffic or of money, with an expiry day or none.
+class BillingCreditDialog : public CreditDialog
+{
+    Q_OBJECT
+
+public:
+    explicit BillingCreditDialog(QWidget *parent);
+
+private:
+    [[nodiscard]] QDate Expiry() const override;
+
+    QCheckBox *noExpiry;
+    QDateEdit *expiryDay;
+};
+
+// Asks with the dialog that fits the owner's mode. Nothing when it was cancelled, or when the mode
+// has no credits: a group has some in modes 1 and 2 only.
+[[nodiscard]] std::optional<StagedCredit>
+AskForCredit(const AccountOwner &owner, quint32 ownerMode, QWidget *parent);

@@ -1,0 +1,95 @@
+#include "ui/accounts/credit_table.h"
+
+#include "ui/common/accessible.h"
+
+#include <QHeaderView>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool HoldsAmounts(const QString &column)
+{
+    static const QStringList amounts {
+        u"N"_s, u"Credit"_s, u"Used"_s, u"Balance"_s, u"Used, Mb"_s, u"Used Mb"_s, u"Used cash"_s};
+    return amounts.contains(column);
+}
+
+} // namespace
+
+CreditTable::CreditTable(const QStringList &columns, const QString &textWhenEmpty, QWidget *parent)
+    : QTreeWidget(parent)
+    , emptyText(textWhenEmpty)
+{
+    SetNames(*this, u"credits"_s, u"Credits"_s);
+    setHeaderLabels(columns);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setTabKeyNavigation(false);
+    header()->setSectionsMovable(false);
+    for (int column = 0; column < columns.size(); ++column) {
+        const auto side = HoldsAmounts(columns.at(column)) ? Qt::AlignRight : Qt::AlignLeft;
+        headerItem()->setTextAlignment(column, side | Qt::AlignVCenter);
+    }
+}
+
+void CreditTable::SetRows(const QList<QStringList> &rows)
+{
+    clear();
+    QList<QTreeWidgetItem *> items;
+    for (int row = 0; row < rows.size(); ++row) {
+        items << new QTreeWidgetItem(QStringList(QString::number(row + 1)) + rows.at(row));
+        for (int column = 0; column < columnCount(); ++column) {
+            items.last()->setTextAlignment(column,
+                                           Qt::Alignment(headerItem()->textAlignment(column)));
+        }
+    }
+    addTopLevelItems(items);
+    FitColumns();
+    viewport()->update();
+}
+
+void CreditTable::FitColumns()
+{
+    const int room = fontMetrics().averageCharWidth() * 2;
+    columnsWidth = 0;
+    for (int column = 0; column < columnCount(); ++column) {
+        const int width = qMax(sizeHintForColumn(column), header()->sectionSizeHint(column)) + room;
+        setColumnWidth(column, width);
+        columnsWidth += width;
+    }
+    updateGeometry();
+}
+
+int CreditTable::SelectedRow() const
+{
+    const auto selected = selectedItems();
+    return selected.isEmpty() ? -1 : indexOfTopLevelItem(selected.first());
+}
+
+void CreditTable::Select(int row)
+{
+    if (QTreeWidgetItem *item = topLevelItem(row)) {
+        setCurrentItem(item);
+        scrollToItem(item);
+    }
+}
+
+QSize CreditTable::sizeHint() const
+{
+    const int line = fontMetrics().height() * 3 / 2;
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return {columnsWidth + bar + 2 * frameWidth() + line, line * 14};
+}
+
+void CreditTable::paintEvent(QPaintEvent *event)
+{
+    QTreeWidget::paintEvent(event);
+    if (topLevelItemCount() == 0) {
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyText);
+    }
+}

@@ -1,0 +1,33 @@
+// The list of an account's credits: numbered rows of text, one of them selected.
+#pragma once
+
+#include <QTreeWidget>
+
+class CreditTable : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    // `columns` are the headers, "N" first. `emptyText` stands in the list while it has no rows.
+    CreditTable(const QStringList &columns, const QString &emptyText, QWidget *parent);
+
+    // Replaces all rows by these cells of the columns after "N"; no row is selected then.
+    void SetRows(const QList<QStringList> &rows);
+
+    // Counted from 0; -1 while nothing is selected.
+    [[nodiscard]] int SelectedRow() const;
+
+    // Selects the row, if there is such a one, and scrolls to it.
+    void Select(int row);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void FitColumns();
+
+    QString emptyText;
+    int columnsWidth = 0;
+};

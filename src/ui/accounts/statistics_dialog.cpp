@@ -1,0 +1,94 @@
+#include "ui/accounts/statistics_dialog.h"
+
+#include "accounts/amount_text.h"
+#include "ui/accounts/owner_notice.h"
+#include "ui/accounts/traffic_chart.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A read-only field for the amount; empty when the owner's mode does not count it.
+void AddField(QFormLayout &form,
+              const QString &label,
+              const char *objectName,
+              double amount,
+              bool counted = true)
+{
+    auto *field = ShownValue(objectName);
+    field->setText(counted ? AmountText(amount) : QString());
+    field->setAlignment(Qt::AlignRight);
+    form.addRow(LabelFor(label, *field), field);
+}
+
+} // namespace
+
+StatisticsDialog::StatisticsDialog(const AccountOwner &owner, QWidget *parent) : QDialog(parent)
+{
+    setWindowTitle(owner.IsUser() ? u"User statistics"_s : u"Group statistics"_s);
+    const UsageStatistics statistics = ReadStatistics(owner);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
+    connect(buttons, &QDialogButtonBox::accepted, this, &StatisticsDialog::accept);
+    auto *layout = new QGridLayout(this);
+    layout->addWidget(OwnerHeading(owner, this), 0, 0, 1, 2);
+    layout->addWidget(PeriodBox(owner, statistics.period), 1, 0);
+    layout->addWidget(OverallBox(statistics), 1, 1);
+    layout->addWidget(TipBox(StatisticsTip(owner, statistics.period)), 2, 0, 1, 2);
+    layout->addWidget(ChartBox(owner), 3, 0, 1, 2);
+    layout->addWidget(buttons, 4, 0, 1, 2);
+    layout->setRowStretch(3, 1);
+    buttons->button(QDialogButtonBox::Ok)->setFocus();
+}
+
+QWidget *StatisticsDialog::PeriodBox(const AccountOwner &owner, const PeriodUsage &period)
+{
+    auto *box = new QGroupBox(u"Accounting period"_s, this);
+    auto *form = new QFormLayout(box);
+    AddField(
+        *form, u"Data received, Mb"_s, "periodReceived", period.received, period.limitsTraffic);
+    if (owner.IsUser()) {
+        AddField(*form, u"Data sent, Mb"_s, "periodSent", period.sent, period.limitsTraffic);
+        AddField(*form, u"Time On-Line, hr"_s, "periodTime", period.hours, period.limitsTime);
+    }
+    return box;
+}
+
+QWidget *StatisticsDialog::OverallBox(const UsageStatistics &statistics)
+{
+    auto *box = new QGroupBox(u"Overall"_s, this);
+    auto *form = new QFormLayout(box);
+    AddField(*form, u"Data received, Mb"_s, "overallReceived", statistics.received);
+    AddField(*form, u"Data sent, Mb"_s, "overallSent", statistics.sent);
+    return box;
+}
+
+QWidget *StatisticsDialog::TipBox(const QString &tip)
+{
+    auto *box = new QGroupBox(u"Tip"_s, this);
+    auto *text = new QLabel(tip, box);
+    text->setObjectName(u"tip"_s);
+    text->setWordWrap(true);
+    auto *layout = new QGridLayout(box);
+    layout->addWidget(text);
+    return box;
+}
+
+QWidget *StatisticsDialog::ChartBox(const AccountOwner &owner)
+{
+    auto *box = new QGroupBox(u"Last 30 days"_s, this);
+    auto *chart = new TrafficChart(box);
+    chart->setObjectName(u"chart"_s);
+    chart->SetDays(ReadDailyTraffic(owner));
+    auto *layout = new QGridLayout(box);
+    layout->addWidget(chart);
+    return box;
+}

@@ -1,0 +1,303 @@
+#include "ui/accounts/account_dialog.h"
+
+#include "ui/accounts/account_window_fixture.h"
+
+#include <QAbstractButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class AccountWindow : public AccountWindowFixture
+{
+protected:
+    static void AddHistory()
+    {
+        const char *columns = "mode, object_id, date, data, usage, moneydata, moneyusage, "
+                              "unlimited, expiredday, closed";
+        AddCredit(columns, "2, 1, '2026-11-05 10:00:00', NULL, 3, 4, 1.5, 1, '', 0");
+        AddCredit(columns, "2, 1, '2026-11-20 10:00:00', 200, 12.5, 0, 0, 0, '2027.01.31', 0");
+        AddCredit(columns, "2, 1, '2026-11-21 10:00:00', 100, 0, NULL, 0, 0, '2026.11.20', 1");
+    }
+
+    // Opens the user's account and acts in it.
+    static void InAccount(std::function<void(QDialog &)> act)
+    {
+        const WhileModal account(std::move(act));
+        OpenUserAccount(1, nullptr);
+    }
+
+    // Presses "Add credit..." and acts in the dialog that it opens.
+    static void WhileAdding(QDialog &account, std::function<void(QDialog &)> act)
+    {
+        {
+            const WhileModal adding(std::move(act));
+            Click(account, "addCredit");
+        }
+        account.activateWindow(); // the offscreen screen leaves that to us
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &account; }));
+    }
+};
+
+TEST_F(AccountWindow, ListsTheHistoryThroughItsFilter)
+{
+    AddOwners(mode::kProvider);
+    AddHistory();
+    UseCurrency(u"2.5"_s);
+    InAccount([](QDialog &dialog) {
+        EXPECT_EQ(dialog.windowTitle(), u"Account"_s);
+        EXPECT_EQ(Find<QTreeWidget>(dialog, "credits").headerItem()->text(7), u"Used, Mb"_s);
+        const QString first =
+            u"1|05.11.2026|10:00:00|10.00|3.75|6.25|Money|3.00|Unlimited|Active"_s;
+        EXPECT_EQ(Listed(dialog),
+                  (QStringList {
+                      first,
+                      u"2|20.11.2026|10:00:00|200.00|12.50|187.50|Mbytes|12.50|2027.01.31|Active"_s,
+                      u"3|21.11.2026|10:00:00|100.00|0.00|187.50|Mbytes|0.00|2026.11.20|Closed"_s,
+                  }));
+        Grab(dialog, u"account"_s);
+        auto &period = Find<QComboBox>(dialog, "period");
+        PressKey(Qt::Key_P, Qt::AltModifier);
+        EXPECT_TRUE(period.hasFocus());
+        const std::pair<QString, int> counts[] = {
+            {u"Today"_s, 1}, {u"Last week"_s, 2}, {u"Last month"_s, 3}, {u"All records"_s, 3}};
+        for (const auto &[name, count] : counts) {
+            Choose(period, name);
+            EXPECT_EQ(Listed(dialog).size(), count) << qPrintable(name);
+        }
+        PressMnemonic(Qt::Key_O, [&] { return Listed(dialog).size() == 2; });
+        Choose(period, u"Today"_s);
+        EXPECT_EQ(Listed(dialog), QStringList());
+        Grab(dialog, u"account-empty"_s);
+        PressKey(Qt::Key_Escape);
+    });
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+}
+
+TEST_F(AccountWindow, AddsCreditsOnOkByKeyboard)
+{
+    AddOwners(mode::kProvider, 1);
+    UseCurrency(u"2.5"_s);
+    InAccount([](QDialog &dialog) {
+        WhileAdding(dialog, [](QDialog &credit) {
+            EXPECT_EQ(credit.windowTitle(), u"Add credit"_s);
+            PressMnemonic(Qt::Key_M,
+                          [&] { return Find<QLabel>(credit, "unit").text() == u"Euro"_s; });
+            PressKey(Qt::Key_A, Qt::AltModifier);
+            QTest::keyClicks(QApplication::focusWidget(), u"10"_s);
+            PressMnemonic(Qt::Key_N,
+                          [&] { return Find<QDateEdit>(credit, "expiryDay").isEnabled(); });
+            Grab(credit, u"account-billing-credit"_s);
+            PressKey(Qt::Key_Return);
+        });
+        WhileAdding(dialog, [](QDialog &credit) {
+            PressMnemonic(Qt::Key_U,
+                          [&] { return !Find<QLineEdit>(credit, "amount").isEnabled(); });
+            PressKey(Qt::Key_Return);
+        });
+        EXPECT_EQ(Listed(dialog).value(0).section(u'|', 3),
+                  u"10.00|0.00|10.00|Money|0.00|2026.12.21|New"_s);
+        EXPECT_EQ(Listed(dialog).value(1).section(u'|', 3),
+                  u"Unlim|0.00|0.00|Unlim|0.00|Unlimited|New"_s);
+        EXPECT_EQ(RowsOf("SELECT bill_id FROM billing"), QStringList()) << "before OK";
+        PressKey(Qt::Key_Return);
+    });
+    EXPECT_EQ(RowsOf("SELECT mode, object_id, data, expiredday, unlimited FROM billing"),
+              (QStringList {u"2|1||2026.12.21|0"_s, u"2|1|||1"_s}));
+    RunQuery("SELECT moneydata, currencydata FROM billing WHERE unlimited = 0", FetchMode::All);
+    EXPECT_DOUBLE_EQ(queryResult.Amount(1), 4.0);
+    EXPECT_DOUBLE_EQ(queryResult.Amount(2), 2.5);
+    EXPECT_EQ(RowsOf("SELECT blocked FROM users"), QStringList {u"0"_s});
+}
+
+TEST_F(AccountWindow, CancelLeavesEveryTableAsItWas)
+{
+    AddOwners(mode::kProvider, 1);
+    AddHistory();
+    const QStringList before = EveryRow();
+    InAccount([](QDialog &dialog) {
+        WhileAdding(dialog, [](QDialog &credit) {
+            Type(Find<QLineEdit>(credit, "amount"), u"5"_s);
+            Click(credit, "ok");
+        });
+        GoTo(dialog, 0);
+        Click(dialog, "closeCredit");
+        EXPECT_EQ(Listed(dialog).size(), 4);
+        PressKey(Qt::Key_Escape);
+    });
+    EXPECT_EQ(EveryRow(), before);
+}
+
+TEST_F(AccountWindow, ClosesTheSelectedCreditOnOk)
+{
+    AddOwners(mode::kProvider, 1);
+    AddHistory();
+    InAccount([this](QDialog &dialog) {
+        Find<QTreeWidget>(dialog, "credits").clearSelection();
+        Click(dialog, "closeCredit");
+        EXPECT_EQ(prompt.TakeSaid(), QStringList {u"Please select credit to close"_s});
+        GoTo(dialog, 1);
+        PressMnemonic(Qt::Key_L, [&] { return Listed(dialog)[1].endsWith(u"|Closed"_s); });
+        EXPECT_EQ(Listed(dialog)[1].section(u'|', 5, 5), u"0.00"_s) << "no longer in the balance";
+        Choose(Find<QComboBox>(dialog, "period"), u"Last week"_s);
+        EXPECT_TRUE(Listed(dialog)[0].endsWith(u"|Closed"_s)) << "remembered";
+        GoTo(dialog, 1); // closed already
+        Click(dialog, "closeCredit");
+        EXPECT_EQ(RowsOf("SELECT bill_id FROM billing WHERE closed = 1"), QStringList {u"3"_s});
+        StatementRecorder recorder;
+        Click(dialog, "ok");
+        EXPECT_EQ(recorder.Take(),
+                  (QStringList {u"SELECT mode FROM users WHERE user_id = (?)"_s,
+                                u"UPDATE billing SET closed = 1 WHERE bill_id = (?)"_s}));
+    });
+    EXPECT_EQ(RowsOf("SELECT bill_id FROM billing WHERE closed = 1"),
+              (QStringList {u"2"_s, u"3"_s}));
+    EXPECT_EQ(RowsOf("SELECT blocked FROM users"), QStringList {u"1"_s});
+}
+
+TEST_F(AccountWindow, OnlyNewCreditsCanBeDeleted)
+{
+    AddOwners(mode::kTraffic);
+    AddCredit("mode, object_id, data", "1, 1, 50");
+    InAccount([this](QDialog &dialog) {
+        Find<QTreeWidget>(dialog, "credits").clearSelection();
+        Click(dialog, "deleteCredit");
+        GoTo(dialog, 0);
+        Click(dialog, "deleteCredit");
+        for (const auto *amount : {"1", "2"}) {
+            WhileAdding(dialog, [amount](QDialog &credit) {
+                Type(Find<QLineEdit>(credit, "amount"), QString::fromLatin1(amount));
+                Click(credit, "ok");
+            });
+        }
+        Click(dialog, "closeCredit"); // the newest is selected
+        EXPECT_EQ(prompt.TakeSaid(),
+                  (QStringList {u"Select the item to delete"_s,
+                                u"Cannot delete Expired or Active account"_s,
+                                u"Cannot close Expired or New account"_s}));
+        GoTo(dialog, 1);
+        Click(dialog, "deleteCredit");
+        EXPECT_EQ(Listed(dialog).size(), 2);
+        EXPECT_EQ(Listed(dialog)[1].section(u'|', 3, 3), u"2.00"_s);
+        Click(dialog, "ok");
+    });
+    EXPECT_EQ(RowsOf("SELECT data FROM billing WHERE bill_id > 1").size(), 1);
+}
+
+TEST_F(AccountWindow, LimitCreditsGoByTheMode)
+{
+    struct Case
+    {
+        quint32 ownerMode;
+        bool traffic;
+        bool time;
+    };
+    const Case cases[] = {{mode::kTraffic, true, false},
+                          {mode::kTime, false, true},
+                          {mode::kTrafficAndTime, true, true}};
+    AddOwners(mode::kTraffic);
+    for (const auto &[ownerMode, traffic, time] : cases) {
+        Execute("UPDATE users SET mode = (?) WHERE user_id = 1", ownerMode);
+        InAccount([traffic = traffic, time = time](QDialog &dialog) {
+            WhileAdding(dialog, [&](QDialog &credit) {
+                EXPECT_EQ(Find<QAbstractButton>(credit, "traffic").isEnabled(), traffic);
+                EXPECT_EQ(Find<QAbstractButton>(credit, "time").isEnabled(), time);
+                EXPECT_EQ(Find<QLabel>(credit, "unit").text(), traffic ? u"Mbytes"_s : u"hr"_s);
+                Grab(credit, u"account-limit-credit"_s);
+                Type(Find<QLineEdit>(credit, "amount"), u"7.25"_s);
+                Click(credit, "ok");
+            });
+            Click(dialog, "ok");
+        });
+    }
+    EXPECT_EQ(RowsOf("SELECT mode, trafid, time_id FROM billing"),
+              (QStringList {u"1|0|"_s, u"4||0"_s, u"1|0|"_s}));
+}
+
+TEST_F(AccountWindow, RefusesAmountsAndDaysThatMakeNoCredit)
+{
+    AddOwners(mode::kProvider);
+    const auto tooFew = u"Please enter an amount above 0 and up to 1000000000"_s;
+    InAccount([&](QDialog &dialog) {
+        WhileAdding(dialog, [&](QDialog &credit) {
+            auto &amount = Find<QLineEdit>(credit, "amount");
+            for (const auto *text : {"", "0", "0.00", "abc", "-", "1000000000.01"}) {
+                Type(amount, QString::fromLatin1(text));
+                PressKey(Qt::Key_Return);
+                EXPECT_EQ(prompt.TakeSaid(), QStringList {tooFew}) << text;
+                EXPECT_TRUE(amount.hasFocus());
+            }
+            const std::pair<const char *, const char *> typed[] = {
+                {"-5", "5"}, {"+7", "7"}, {"1e3", "13"}, {"1 000", "1000"}, {"2.505", "2.50"}};
+            for (const auto &[keys, text] : typed) {
+                Type(amount, QString::fromLatin1(keys));
+                EXPECT_EQ(amount.text(), QString::fromLatin1(text)) << keys;
+            }
+            Click(credit, "noExpiry");
+            Find<QDateEdit>(credit, "expiryDay").setDate({2026, 11, 20});
+            Click(credit, "ok");
+            EXPECT_EQ(
+                prompt.TakeSaid(),
+                QStringList {u"The expiry day has already passed. Please choose another day"_s});
+            Find<QDateEdit>(credit, "expiryDay").setDate({2026, 11, 21});
+            UseCurrency(u"0"_s);
+            Click(credit, "money");
+            Click(credit, "ok");
+            EXPECT_EQ(prompt.TakeSaid().size(), 1) << "no valid rate";
+            Click(credit, "traffic");
+            Click(credit, "ok");
+        });
+        Click(dialog, "ok");
+    });
+    EXPECT_EQ(RowsOf("SELECT expiredday FROM billing"), QStringList {u"2026.11.21"_s});
+}
+
+TEST_F(AccountWindow, AnOwnerThatIsGoneIsToldAndNothingWritten)
+{
+    const auto gone = u"This user is no longer in the database. Nothing was changed"_s;
+    OpenUserAccount(1, nullptr);
+    OpenUserStatistics(1, nullptr);
+    EXPECT_EQ(prompt.TakeSaid(), (QStringList {gone, gone}));
+    OpenGroupAccount(81, nullptr);
+    OpenGroupStatistics(81, nullptr);
+    EXPECT_EQ(prompt.TakeSaid().last(),
+              u"This group is no longer in the database. Nothing was changed"_s);
+
+    AddOwners(mode::kProvider);
+    AddHistory();
+    InAccount([](QDialog &dialog) {
+        WhileAdding(dialog, [](QDialog &credit) {
+            Type(Find<QLineEdit>(credit, "amount"), u"5"_s);
+            Click(credit, "ok");
+        });
+        GoTo(dialog, 0);
+        Click(dialog, "closeCredit");
+        Execute("DELETE FROM users WHERE user_id = 1");
+        Execute("DELETE FROM billing WHERE object_id = 1");
+        Click(dialog, "ok");
+    });
+    EXPECT_EQ(prompt.TakeSaid(), QStringList {gone});
+    EXPECT_EQ(RowsOf("SELECT bill_id FROM billing"), QStringList());
+}
+
+TEST_F(AccountWindow, OfAGroupWritesTheGroupsCredits)
+{
+    AddOwners(mode::kTraffic, 1);
+    AddCredit("mode, group_id, data, usage", "1, 81, 50, 10");
+    const WhileModal account([](QDialog &dialog) {
+        EXPECT_EQ(Find<QLabel>(dialog, "owner").text(), u"Group: sales"_s);
+        EXPECT_EQ(Listed(dialog).value(0).section(u'|', 3), u"50.00|10.00|40.00|Mbytes|Active"_s);
+        WhileAdding(dialog, [](QDialog &credit) {
+            EXPECT_FALSE(Find<QAbstractButton>(credit, "time").isEnabled());
+            Type(Find<QLineEdit>(credit, "amount"), u"5"_s);
+            Click(credit, "ok");
+        });
+        Click(dialog, "ok");
+    });
+    OpenGroupAccount(81, nullptr);
+    EXPECT_EQ(RowsOf("SELECT mode, group_id, object_id FROM billing WHERE bill_id = 2"),
+              QStringList {u"1|81|"_s});
+    EXPECT_EQ(RowsOf("SELECT blocked FROM users"), QStringList {u"0"_s}) << "members are unblocked";
+}
+
+} // namespace

@@ -1,0 +1,134 @@
+#include "ui/accounts/account_page.h"
+
+#include "accounts/credit.h"
+#include "ui/accounts/account_window_fixture.h"
+#include "ui/common/sheet.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The page in a sheet of its own, active and on the screen.
+class HostedPage : public AccountWindowFixture
+{
+protected:
+    template <typename PageType>
+    QWidget &Host(quint32 id)
+    {
+        sheet = std::make_unique<Sheet>(u"Properties"_s, nullptr);
+        auto *page = new PageType(id, staged);
+        sheet->Add(page);
+        sheet->Start(0);
+        sheet->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(sheet.get()));
+        return *page;
+    }
+
+    void Add(QWidget &page, const QString &amount)
+    {
+        const WhileModal adding([&](QDialog &credit) {
+            Type(Find<QLineEdit>(credit, "amount"), amount);
+            Click(credit, "ok");
+        });
+        Click(page, "add");
+    }
+
+    StagedAccount staged;
+    std::unique_ptr<Sheet> sheet;
+};
+
+TEST_F(HostedPage, StagesOneCreditAndCloseMarks)
+{
+    AddOwners(mode::kProvider, 1);
+    UseCurrency(u"2.5"_s);
+    AddCredit("mode, object_id, date, moneydata, unlimited", "2, 1, '2026-11-05 10:00:00', 4, 1");
+    AddCredit("mode, object_id, date, data, closed", "2, 1, '2026-11-04 10:00:00', 9, 1");
+    const QStringList before = EveryRow();
+    QWidget &page = Host<CAdministratorUserPAcc>(1);
+    const QString open = u"1|2026-11-05|10|Euro|0.00|0|Unlimited|Active"_s;
+    EXPECT_EQ(Listed(page)[0], open);
+    EXPECT_EQ(Find<QLineEdit>(page, "balance").text(), u"0.00"_s);
+
+    Find<QTreeWidget>(page, "credits").clearSelection();
+    Click(page, "close");
+    Click(page, "delete");
+    GoTo(page, 1);
+    Click(page, "close");
+    Click(page, "delete");
+    EXPECT_EQ(prompt.TakeSaid(),
+              (QStringList {u"Select the item to close"_s,
+                            u"Select the item to delete"_s,
+                            u"Cannot close Expired or New account"_s,
+                            u"Cannot delete Expired or Active account"_s}));
+    prompt.AnswerWith({false, true});
+    GoTo(page, 0);
+    Click(page, "close");
+    EXPECT_EQ(Listed(page)[0], open) << "answered No";
+    Click(page, "close");
+    EXPECT_EQ(Listed(page)[0], u"1|2026-11-05|10|Euro|0.00|0|Unlimited|Expired"_s);
+    EXPECT_EQ(prompt.TakeSaid().last(), u"You are about to close this credit. Continue?"_s);
+
+    Add(page, u"12.5"_s);
+    EXPECT_EQ(Listed(page)[2], u"3|2026-11-21|12.50|Mbytes|||Unlimited|New"_s);
+    EXPECT_FALSE(Find<QWidget>(page, "add").isEnabled());
+    Grab(*sheet, u"account-page"_s);
+    Click(page, "delete");
+    EXPECT_TRUE(Find<QWidget>(page, "add").isEnabled());
+    EXPECT_TRUE(staged.credits.empty());
+    Add(page, u"20"_s);
+    EXPECT_EQ(EveryRow(), before) << "nothing is written by the page";
+
+    EXPECT_EQ(staged.closed, std::vector<quint32> {1});
+    EXPECT_TRUE(ApplyStagedAccount(UserAccount(1), mode::kProvider, staged, 2.5, nullptr));
+    EXPECT_EQ(RowsOf("SELECT bill_id, closed FROM billing ORDER BY bill_id"),
+              (QStringList {u"1|1"_s, u"2|1"_s, u"3|0"_s}));
+}
+
+TEST_F(HostedPage, ShowsItsStagedValuesAgainWhenItReturns)
+{
+    AddOwners(mode::kTraffic);
+    AddCredit("mode, object_id, data", "1, 1, 50");
+    staged.credits = {{CreditKind::Traffic, 3, true, {}}};
+    staged.closed = {1};
+    QWidget &page = Host<CAdministratorUserPAcc>(1);
+    EXPECT_EQ(Listed(page).size(), 2);
+    EXPECT_TRUE(Listed(page)[0].endsWith(u"|50.00|0.00|Expired|Mbytes"_s));
+    EXPECT_TRUE(Listed(page)[1].endsWith(u"|3||New|Mbytes"_s));
+    EXPECT_FALSE(IsShown(page, "balance"));
+    staged.Clear();
+    static_cast<AccountPage &>(page).Activate();
+    EXPECT_EQ(Listed(page).size(), 1);
+    EXPECT_TRUE(Find<QWidget>(page, "add").isEnabled());
+}
+
+TEST_F(HostedPage, OfAGroupAddsByItsModeOnly)
+{
+    AddOwners(mode::kTraffic);
+    QWidget &page = Host<CAdministratorGroupPAcc>(81);
+    Add(page, u"1"_s);
+    EXPECT_TRUE(Listed(page).value(0).endsWith(u"|1||New|Mbytes"_s));
+    staged.Clear();
+    Execute("UPDATE groups SET mode = 0 WHERE group_id = 81");
+    QWidget &none = Host<CAdministratorGroupPAcc>(81);
+    Click(none, "add");
+    EXPECT_EQ(QApplication::activeModalWidget(), sheet.get());
+    EXPECT_TRUE(staged.IsEmpty());
+    Execute("UPDATE groups SET mode = 2 WHERE group_id = 81");
+    QWidget &prepaid = Host<CAdministratorGroupPAcc>(81);
+    Add(prepaid, u"1"_s);
+    EXPECT_TRUE(Listed(prepaid).value(0).endsWith(u"|1.00|Mbytes|||Unlimited|New"_s));
+}
+
+TEST_F(HostedPage, KeepsAHundredCreditsAndOneMore)
+{
+    AddOwners(mode::kTraffic);
+    for (int i = 0; i < 130; ++i) {
+        AddCredit("mode, object_id, data", "1, 1, 50");
+    }
+    QWidget &page = Host<CAdministratorUserPAcc>(1);
+    EXPECT_EQ(Listed(page).size(), 100);
+    Add(page, u"1"_s);
+    EXPECT_EQ(Listed(page).size(), 101);
+}
+
+} // namespace
