@@ -26,12 +26,10 @@ void Type(QWidget &field, const QString &text)
     QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(target, Qt::Key_Delete);
     for (const QChar c : text) {
+        // A field of several parts passes the focus on as it fills.
         QWidget *focused = QApplication::focusWidget();
-        QTest::sendKeyEvent(QTest::Click,
-                            focused != nullptr ? focused : target,
-                            Qt::Key_unknown,
-                            QString(c),
-                            Qt::NoModifier);
+        QWidget *taker = focused != nullptr && field.isAncestorOf(focused) ? focused : target;
+        QTest::sendKeyEvent(QTest::Click, taker, Qt::Key_unknown, QString(c), Qt::NoModifier);
     }
 }
 

@@ -1,5 +1,6 @@
 // The users list and the groups list, worked with by mouse and keys.
 #include "access/list_commands.h"
+#include "db/value_codes.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
 
@@ -81,5 +82,346 @@ TEST_F(Lists, ShowUsersAndGroups)
     EXPECT_EQ(access.data(Qt::AccessibleTextRole), u"Access is blocked"_s);
     EXPECT_EQ(access.data(Qt::ToolTipRole), u"Access is blocked"_s);
     EXPECT_FALSE(access.data(Qt::DecorationRole).value<QIcon>().isNull());
-    Grab(*frame, u"frame-smoke"_s);
+}
+
+TEST_F(Lists, HeaderClicksAlternateOneDirectionForAllColumns)
+{
+    ShowThree();
+    const std::pair<QString, QStringList> clicks[] = {
+        {u"Username"_s, {u"carl"_s, u"bert"_s, u"anna"_s}}, // the first click descends
+        {u"IP Address"_s, {u"bert"_s, u"carl"_s, u"anna"_s}}, // ascending
+        {u"Workstation"_s, {u"anna"_s, u"carl"_s, u"bert"_s}}, // descending
+        {u"Full name"_s, {u"carl"_s, u"anna"_s, u"bert"_s}}, // ascending
+        {u"Group"_s, {u"carl"_s, u"anna"_s, u"bert"_s}}, // nothing happens
+        {u"Access"_s, {u"bert"_s, u"carl"_s, u"anna"_s}}, // descending
+    };
+    for (const auto &[header, names] : clicks) {
+        ClickHeader(header);
+        if (header == u"Access"_s) {
+            EXPECT_EQ(Names().front(), names.front());
+        } else {
+            EXPECT_EQ(Names(), names) << qPrintable(header);
+        }
+    }
+    QTest::keyClick(&Users(), Qt::Key_F5); // back to the last of name, workstation or full name
+    EXPECT_EQ(Names(), QStringList({u"carl"_s, u"anna"_s, u"bert"_s}));
+}
+
+TEST_F(Lists, GroupsAreNeverSorted)
+{
+    AddGroupNamed(u"Zoo"_s);
+    AddGroupNamed(u"Alpha"_s);
+    ShowFrame();
+    const QStringList before = RowTexts(Groups());
+    QTest::mouseClick(Groups().header()->viewport(), Qt::LeftButton, {}, QPoint(10, 5));
+    EXPECT_EQ(RowTexts(Groups()), before);
+}
+
+TEST_F(Lists, PropertiesOpenForTheFirstSelectedRow)
+{
+    ShowThree();
+    DoubleClickCell(Users(), 1, 3);
+    EXPECT_EQ(opened, QStringList(u"userProperties %1"_s.arg(bert)));
+    opened.clear();
+    ClickCell(Users(), 2, 0);
+    ClickCell(Users(), 0, 0, Qt::ControlModifier);
+    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({anna, carl}));
+    QTest::keyClick(&Users(), Qt::Key_Return);
+    EXPECT_EQ(opened, QStringList(u"userProperties %1"_s.arg(anna)));
+    opened.clear();
+    DoubleClickCell(Groups(), 1, 0);
+    QTest::keyClick(&Groups(), Qt::Key_Enter);
+    EXPECT_EQ(
+        opened,
+        QStringList({u"groupProperties %1"_s.arg(sales), u"groupProperties %1"_s.arg(sales)}));
+    opened.clear();
+    Groups().clearSelection();
+    QTest::keyClick(&Groups(), Qt::Key_Return);
+    EXPECT_EQ(opened, QStringList());
+}
+
+TEST_F(Lists, TabDeselectsAndPassesTheFocus)
+{
+    ShowThree();
+    ClickCell(Users(), 1, 0);
+    QTest::keyClick(&Users(), Qt::Key_Tab);
+    EXPECT_TRUE(Groups().hasFocus());
+    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>());
+    ClickCell(Groups(), 1, 0);
+    QTest::keyClick(&Groups(), Qt::Key_Tab);
+    EXPECT_TRUE(Users().hasFocus());
+    EXPECT_TRUE(Groups().SelectedRows().isEmpty());
+
+    ClickCell(Users(), 0, 0);
+    ClickCell(Users(), 2, 0, Qt::ControlModifier);
+    Find<QWidget>(*frame, "findUser").setFocus();
+    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({carl})); // only the first one goes
+}
+
+TEST_F(Lists, PopUpOfOneUser)
+{
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    const QStringList entries = {u"Properties..."_s,
+                                 u"Account..."_s,
+                                 u"Statistics"_s,
+                                 u"Change group..."_s,
+                                 u"-"_s,
+                                 u"Do not monitor"_s,
+                                 u"Remove"_s};
+    OpenPopUp(Users(), 0, [&](QMenu &menu) {
+        EXPECT_EQ(MenuTexts(menu), entries);
+        Choose(menu, u"Account..."_s);
+    });
+    for (const QString &entry : {u"Statistics"_s, u"Properties..."_s}) {
+        ClickCell(Users(), 0, 0);
+        OpenPopUp(Users(), 0, [&](QMenu &menu) { Choose(menu, entry); });
+    }
+    EXPECT_EQ(opened,
+              QStringList({u"userAccount %1"_s.arg(anna),
+                           u"userStatistics %1"_s.arg(anna),
+                           u"userProperties %1"_s.arg(anna)}));
+    ClickCell(Users(), 1, 0); // without control there is no account
+    OpenPopUp(Users(), 1, [](QMenu &menu) { EXPECT_EQ(MenuTexts(menu)[1], u"~Account..."_s); });
+}
+
+TEST_F(Lists, PopUpOfSeveralUsers)
+{
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    ClickCell(Users(), 2, 0, Qt::ControlModifier);
+    OpenPopUp(Users(), 2, [](QMenu &menu) {
+        EXPECT_EQ(MenuTexts(menu),
+                  QStringList({u"Change group..."_s,
+                               u"Set mode/limits..."_s,
+                               u"-"_s,
+                               u"Do not monitor"_s,
+                               u"Delete"_s}));
+        Choose(menu, u"Set mode/limits..."_s);
+    });
+    EXPECT_EQ(opened, QStringList(u"userLimits %1,%2"_s.arg(anna).arg(carl)));
+}
+
+TEST_F(Lists, PopUpOfAGroup)
+{
+    const quint32 provider = AddGroupNamed(u"Provider"_s, {}, 2);
+    ShowFrame();
+    opened.clear();
+    ClickCell(Groups(), 1, 0);
+    const QStringList entries = {
+        u"Properties..."_s, u"Account..."_s, u"Statistics"_s, u"-"_s, u"Rename..."_s, u"Delete"_s};
+    OpenPopUp(Groups(), 1, [&](QMenu &menu) {
+        EXPECT_EQ(MenuTexts(menu), entries);
+        Choose(menu, u"Account..."_s);
+    });
+    ClickCell(Groups(), 1, 0);
+    OpenPopUp(Groups(), 1, [](QMenu &menu) { Choose(menu, u"Statistics"_s); });
+    EXPECT_EQ(
+        opened,
+        QStringList({u"groupAccount %1"_s.arg(provider), u"groupStatistics %1"_s.arg(provider)}));
+    ClickCell(Groups(), 0, 0);
+    OpenPopUp(Groups(), 0, [](QMenu &menu) { EXPECT_EQ(MenuTexts(menu)[1], u"~Account..."_s); });
+}
+
+TEST_F(Lists, NoPopUpWithoutASelection)
+{
+    ShowThree();
+    Users().clearSelection();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+    QApplication::sendEvent(Users().viewport(), &event);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(Lists, AnEntryWithoutItsWindowIsNotShown)
+{
+    dialogs.userAccount = {};
+    dialogs.userLimits = {};
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    OpenPopUp(Users(), 0, [](QMenu &menu) { EXPECT_EQ(MenuTexts(menu)[1], u"Statistics"_s); });
+    QTest::keyClick(&Users(), Qt::Key_A, Qt::ControlModifier);
+    OpenPopUp(Users(), 0, [](QMenu &menu) { EXPECT_EQ(MenuTexts(menu)[1], u"-"_s); });
+}
+
+TEST_F(Lists, DeleteAsksAndRemovesExactlyTheSelectedUsers)
+{
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    ClickCell(Users(), 2, 0, Qt::ControlModifier);
+    const QStringList before = EveryRow();
+    QTest::keyClick(&Users(), Qt::Key_Delete); // answered No
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(
+                  u"This will delete these users and all corresponding information. Continue?"_s));
+    EXPECT_EQ(EveryRow(), before);
+    EXPECT_TRUE(Users().SelectedUserIds().isEmpty()); // deselected all the same
+
+    ClickCell(Users(), 0, 0);
+    ClickCell(Users(), 2, 0, Qt::ControlModifier);
+    prompt.AnswerWith({true});
+    StatementRecorder recorder;
+    QTest::keyClick(&Users(), Qt::Key_Delete);
+    const QStringList statements = recorder.Take();
+    ASSERT_EQ(statements.size(), 14); // six for each user, the refill, one group's name
+    EXPECT_EQ(statements[0], u"DELETE FROM users WHERE user_id = (?)"_s);
+    EXPECT_EQ(statements[5], u"UPDATE logins SET userid=0 WHERE userid = (?)"_s);
+    EXPECT_EQ(statements[6], statements[0]);
+    EXPECT_TRUE(statements[12].endsWith(u" ORDER BY username ASC"_s));
+    EXPECT_EQ(Names(), QStringList(u"bert"_s));
+    EXPECT_EQ(RowsOf("SELECT username FROM users"), QStringList(u"bert"_s));
+    EXPECT_EQ(Find<QLabel>(*frame, "usersPane").text(), u"Active users: 1 "_s);
+
+    ClickCell(Users(), 0, 0);
+    QTest::keyClick(&Users(), Qt::Key_Delete);
+    EXPECT_EQ(prompt.TakeSaid().back(),
+              u"This will delete this user and all corresponding information. Continue?"_s);
+}
+
+TEST_F(Lists, ARefillDuringTheQuestionChangesNothing)
+{
+    ShowThree();
+    class RefillingPrompt : public ScriptedPrompt
+    {
+    public:
+        [[nodiscard]] bool Ask(const QString & /*text*/, const QString & /*caption*/) override
+        {
+            meanwhile();
+            return true;
+        }
+
+        std::function<void()> meanwhile;
+    } refilling;
+    CAdministratorView view(theApp->Config(), refilling, dialogs, nullptr);
+    view.Start();
+    refilling.meanwhile = [&] {
+        AddUser({.name = "aaron"}); // comes to stand first
+        view.FillList(0, true);
+    };
+    view.selectionModel()->select(view.model()->index(1, 0),
+                                  QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    view.DeleteSelected();
+    EXPECT_EQ(RowsOf("SELECT username FROM users ORDER BY username"),
+              QStringList({u"aaron"_s, u"anna"_s, u"carl"_s}));
+}
+
+TEST_F(Lists, DoNotMonitorMovesUsersOut)
+{
+    ShowThree();
+    ClickCell(Users(), 1, 0);
+    prompt.AnswerWith({true, true});
+    OpenPopUp(Users(), 1, [](QMenu &menu) { Choose(menu, u"Do not monitor"_s); });
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"This will move this user to the unmonitored list. Continue?"_s));
+    EXPECT_EQ(Names(), QStringList({u"anna"_s, u"carl"_s}));
+    QTest::keyClick(&Users(), Qt::Key_A, Qt::ControlModifier);
+    OpenPopUp(Users(), 0, [](QMenu &menu) { Choose(menu, u"Do not monitor"_s); });
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"This will move these users to the unmonitored list. Continue?"_s));
+    EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM users WHERE monitored = 0"), QStringList(u"3"_s));
+    EXPECT_EQ(Find<QLabel>(*frame, "usersPane").text(), u"Active users: 0 "_s);
+}
+
+TEST_F(Lists, DeletingAGroupTakesOnlyItsRowOut)
+{
+    ShowThree();
+    ClickCell(Groups(), 1, 0);
+    QTest::keyClick(&Groups(), Qt::Key_Delete); // No
+    EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM groups"), QStringList(u"2"_s));
+    ClickCell(Groups(), 1, 0);
+    prompt.AnswerWith({true});
+    StatementRecorder recorder;
+    QTest::keyClick(&Groups(), Qt::Key_Delete);
+    EXPECT_EQ(prompt.TakeSaid().back(), u"This will delete the selected group. Contunue?"_s);
+    EXPECT_EQ(recorder.Take(),
+              QStringList({u"DELETE FROM groups WHERE group_id = (?)"_s,
+                           u"UPDATE users SET group_id = 80 WHERE group_id = (?)"_s}));
+    EXPECT_EQ(Groups().RowCount(), 1);
+    EXPECT_TRUE(RowTexts(Users())[1].contains(u"|Sales|"_s)); // until the next refill
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_TRUE(RowTexts(Users())[1].contains(u"|Everybody|"_s));
+}
+
+TEST_F(Lists, EverybodyIsKeptByNameAndById)
+{
+    const quint32 twin = AddGroupNamed(u"Everybody"_s);
+    ShowFrame();
+    prompt.AnswerWith({true, true, true});
+    ClickCell(Groups(), 1, 0); // the twin: its name alone protects it
+    const QStringList before = EveryRow();
+    QTest::keyClick(&Groups(), Qt::Key_Delete);
+    EXPECT_EQ(prompt.TakeSaid().back(), u"You cannot delete Everybody group"_s);
+    EXPECT_EQ(EveryRow(), before);
+
+    RenameGroup(kEverybodyGroup, u"All"_s);
+    QTest::keyClick(&Groups(), Qt::Key_F5);
+    ClickCell(Groups(), 0, 0);
+    OpenPopUp(Groups(), 0, [](QMenu &menu) { Choose(menu, u"Rename..."_s); });
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"You can not rename Everybody group"_s));
+    ClickCell(Groups(), 0, 0);
+    QTest::keyClick(&Groups(), Qt::Key_Delete); // under another name it can be deleted
+    EXPECT_EQ(RowsOf("SELECT group_id FROM groups"), QStringList(QString::number(twin)));
+}
+
+TEST_F(Lists, RenamingAGroupRefillsTheGroups)
+{
+    ShowThree();
+    for (const QString &name : {u"O'Hara & \u00e9\u00e9"_s, u"Everybody"_s, QString()}) {
+        ClickCell(Groups(), 1, 0);
+        const WhileModal rename([&](QDialog &dialog) {
+            EXPECT_EQ(dialog.windowTitle(), u"Rename group"_s);
+            Type(Find<QWidget>(dialog, "name"), name);
+            Click(dialog, "ok");
+        });
+        OpenPopUp(Groups(), 1, [](QMenu &menu) { Choose(menu, u"Rename..."_s); });
+        EXPECT_EQ(RowTexts(Groups())[1].section(u'|', 0, 0), name);
+    }
+    EXPECT_EQ(prompt.TakeSaid(), QStringList()); // neither an empty nor a taken name is refused
+}
+
+TEST_F(Lists, FindLooksForThePrefixOfTheFirstColumn)
+{
+    ShowThree();
+    auto &field = Find<QWidget>(*frame, "findUser");
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Enter search criteria please"_s));
+    Type(field, u"BE"_s);
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({bert}));
+    EXPECT_TRUE(Users().hasFocus());
+    Type(field, u"Cole"_s); // stands in another column
+    Click(*frame, "find");
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"No user found"_s));
+    EXPECT_EQ(prompt.lastCaption, u"Tollbrook Administrator"_s);
+    EXPECT_TRUE(field.hasFocus());
+
+    Users().ToggleColumn(UserColumn::UserName);
+    Type(field, u"pc-2"_s);
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({carl}));
+    QTest::keyClick(frame.get(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(field.hasFocus());
+}
+
+TEST_F(Lists, ARefillKeepsTheSelection)
+{
+    ShowThree();
+    ClickCell(Users(), 2, 0);
+    AddUser({.name = "aaron"});
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({carl}));
+    EXPECT_EQ(Users().SelectedRows(), QList<int>({3}));
+}
+
+TEST_F(Lists, ADatabaseThatDisappearsLeavesEmptyLists)
+{
+    ShowThree();
+    DisconnectDatabase();
+    QTest::keyClick(&Find<QWidget>(*frame, "findUser"), Qt::Key_F5);
+    EXPECT_EQ(Users().RowCount(), 0);
+    EXPECT_EQ(Groups().RowCount(), 0);
+    EXPECT_TRUE(IsShown(*frame, "failuresPane"));
+    EXPECT_EQ(Find<QLabel>(*frame, "messagePane").text(),
+              u"The lists could not be read; the failed statements tell why."_s);
+    QTest::keyClick(&Users(), Qt::Key_Delete);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
 }
