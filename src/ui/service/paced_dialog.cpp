@@ -2,7 +2,7 @@
 
 #include "ui/service/progress_window.h"
 
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QScopeGuard>
 
 void PacedDialog::reject()
@@ -18,10 +18,10 @@ void PacedDialog::RunPaced(const Sequence &sequence)
         return;
     }
     busy = true;
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    setCursor(Qt::WaitCursor);
     const auto end = qScopeGuard([this] {
         QCoreApplication::processEvents(); // what was clicked during the waits arrives only now
-        QGuiApplication::restoreOverrideCursor();
+        unsetCursor();
         busy = false;
     });
     delete window;

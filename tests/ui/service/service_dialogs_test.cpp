@@ -1,6 +1,8 @@
+#include "app/administrator_app.h"
 #include "base/wait.h"
 #include "support/core/fake_service.h"
 #include "support/core/private_bus.h"
+#include "support/core/scripted_prompt.h"
 #include "support/windows/dark_palette.h"
 #include "support/windows/widgets.h"
 #include "ui/service/progress_window.h"
@@ -262,6 +264,20 @@ TEST_F(ServiceWindowTest, FlagsTellWhatTheReconnectDialogFound)
     EXPECT_EQ(dialog.windowTitle(), u"Try to reconnect?"_s);
     EXPECT_TRUE(IsEnabled(dialog, "reconnect"));
     EXPECT_FALSE(dialog.Flags().connected);
+}
+
+TEST_F(ServiceWindowTest, AReconnectWithoutTheServicesObjectCountsAsRestored)
+{
+    service.SetStates({u"active"_s}); // and nobody owns the accounting service's name
+    ScriptedPrompt prompt;
+    theApp->SetUp({QString(), bus.Connection()}, prompt, [] { return true; });
+    ReconnectDialog dialog(control, [] { return theApp->ConnectService(); });
+    Open(dialog);
+    Click(dialog, "reconnect");
+    EXPECT_EQ(prompt.TakeSaid(), QStringList {u"Could not create instance"_s});
+    EXPECT_EQ(dialog.windowTitle(), u"Connection restored"_s); // kept: it counts as connected
+    EXPECT_TRUE(dialog.Flags().connected);
+    EXPECT_EQ(theApp->Link(), nullptr);
 }
 
 TEST_F(ServiceWindowTest, EveryPictureIsDrawnAndSaysInWordsWhatItShows)
