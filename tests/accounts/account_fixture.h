@@ -1,43 +1,39 @@
-// Owners of accounts in a fresh database, and settings that a test may change.
+// Owners of accounts in a fresh database of each engine, and settings that a test may change.
 #pragma once
 
 #include "accounts/account_owner.h"
+#include "accounts/currency_settings.h"
 #include "base/day.h"
-#include "config/config_store.h"
-#include "support/core/database_fixture.h"
+#include "support/core/engine_fixture.h"
 #include "support/core/statement_recorder.h"
 
-// Each test's today is 21 November 2026.
-class AccountFixture : public DatabaseFixture
+// Each test's today is 21 November 2026. Users are numbered from 1, groups from 81.
+class AccountFixture : public EngineFixture, protected CurrencySettings
 {
 protected:
-    void SetUp() override
-    {
-        DatabaseFixture::SetUp();
-        settings.CreateKey(ConfigKeyId::Base);
-    }
-
-    // A user in the mode given whose limits count by the day, and a group whose limit counts by the
-    // month.
-    static AccountOwner AddUser(quint32 ownerMode, quint32 blockReason = 0)
+    // A user in the mode given whose limits count by the day.
+    AccountOwner AddUser(quint32 ownerMode, quint32 blockReason = 0)
     {
         const quint32 period = 1;
-        Execute("INSERT INTO users (username, mode, trafperiod, timeperiod, blocked, blockreason) "
-                "VALUES ('anna', (?), (?), (?), 1, (?))",
+        Execute("INSERT INTO users (user_id, username, mode, trafperiod, timeperiod, blocked, "
+                "blockreason) VALUES ((?), 'anna', (?), (?), (?), 1, (?))",
+                ++lastUser,
                 ownerMode,
                 period,
                 period,
                 blockReason);
-        return UserAccount(NewestId("SELECT user_id FROM users ORDER BY user_id"));
+        return UserAccount(lastUser);
     }
 
-    static AccountOwner AddGroup(quint32 ownerMode, quint32 blockReason = 0)
+    // A group whose limit counts by the month.
+    AccountOwner AddGroup(quint32 ownerMode, quint32 blockReason = 0)
     {
-        Execute("INSERT INTO groups (name, mode, trafperiod, blocked, blockreason) "
-                "VALUES ('sales', (?), 2, 1, (?))",
+        Execute("INSERT INTO groups (group_id, name, mode, trafperiod, blocked, blockreason) "
+                "VALUES ((?), 'sales', (?), 2, 1, (?))",
+                ++lastGroup,
                 ownerMode,
                 blockReason);
-        return GroupAccount(NewestId("SELECT group_id FROM groups ORDER BY group_id"));
+        return GroupAccount(lastGroup);
     }
 
     // `columns` and `values` go into an INSERT as they stand; the new row's id.
@@ -55,14 +51,9 @@ protected:
         return queryResult.Integer(1);
     }
 
-    void UseCurrency(const QString &rate, const QString &name = QStringLiteral("Euro"))
-    {
-        settings.WriteInteger(values::kCurUse, 2);
-        settings.WriteText(values::kCurrencyName, name);
-        settings.WriteText(values::kCurrencyRate, rate);
-    }
-
     TodayOverride today {QDate(2026, 11, 21)};
-    QTemporaryDir settingsFolder;
-    ConfigStore settings {settingsFolder.path()};
+
+private:
+    quint32 lastUser = 0;
+    quint32 lastGroup = 80;
 };

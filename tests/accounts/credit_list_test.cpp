@@ -24,7 +24,9 @@ protected:
     }
 };
 
-TEST_F(CreditListing, NamesItsColumnsByMode)
+TB_ON_EVERY_ENGINE(CreditListing);
+
+TEST_P(CreditListing, NamesItsColumnsByMode)
 {
     EXPECT_EQ(CreditColumns(mode::kTrafficAndTime).join(u'|'),
               u"N|Date/Time|Credit|Used|Status|Type"_s);
@@ -34,7 +36,7 @@ TEST_F(CreditListing, NamesItsColumnsByMode)
     EXPECT_EQ(StatusCell(mode::kProvider), 6);
 }
 
-TEST_F(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
+TEST_P(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
 {
     const AccountOwner user = AddUser(mode::kTrafficAndTime);
     AddCredit("mode, object_id, data, usage, date", "1, 1, 100, 2.5, '2026-11-01 08:00:00'");
@@ -58,7 +60,7 @@ TEST_F(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
     EXPECT_EQ(Listed(user, mode::kNoControl).size(), 0);
 }
 
-TEST_F(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
+TEST_P(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
 {
     const AccountOwner group = AddGroup(mode::kTraffic);
     Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (7, (?), 2)", group.id);
@@ -74,7 +76,7 @@ TEST_F(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
         "= 1 and trafid = (?) ORDER BY date DESC"_s);
 }
 
-TEST_F(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
+TEST_P(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
 {
     const AccountOwner user = AddUser(mode::kProvider);
     UseCurrency(u"2.5"_s);
@@ -103,7 +105,7 @@ TEST_F(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
     EXPECT_EQ(EveryRow(), before);
 }
 
-TEST_F(CreditListing, StopsAtItsCapacity)
+TEST_P(CreditListing, StopsAtItsCapacity)
 {
     const AccountOwner user = AddUser(mode::kTraffic);
     for (int i = 0; i < 105; ++i) {
@@ -113,7 +115,7 @@ TEST_F(CreditListing, StopsAtItsCapacity)
     EXPECT_EQ(ReadCredits(UserAccount(user.id + 1), mode::kTraffic, settings).rows.size(), 0U);
 }
 
-TEST_F(CreditListing, AStagedRowIsNewAndOfToday)
+TEST_P(CreditListing, AStagedRowIsNewAndOfToday)
 {
     UseCurrency(u"2.5"_s);
     const auto row = [&](const StagedCredit &credit, quint32 ownerMode) {
@@ -130,7 +132,7 @@ TEST_F(CreditListing, AStagedRowIsNewAndOfToday)
               u"2026-11-21|Unlim|None|||Unlimited|New"_s);
 }
 
-TEST_F(CreditListing, MoneyIsListedAsItWasTyped)
+TEST_P(CreditListing, MoneyIsListedAsItWasTyped)
 {
     const AccountOwner user = AddUser(mode::kProvider);
     for (const auto *rate : {"2.5", "3", "0.07", "41.37", "1.1", "7777"}) {

@@ -36,8 +36,9 @@ protected:
     {
         RunQuery(
             "SELECT mode, object_id, group_id, trafid, time_id, unlimited, expiredday, closed, "
-            "data, moneydata, currencydata FROM billing ORDER BY bill_id",
-            FetchMode::All);
+            "data, moneydata, currencydata FROM billing WHERE bill_id = (?)",
+            FetchMode::One,
+            NewestId("SELECT bill_id FROM billing ORDER BY bill_id"));
         QStringList cells;
         for (int column = 1; column <= 8; ++column) {
             cells << queryResult.Text(column);
@@ -50,6 +51,8 @@ protected:
     }
 };
 
+TB_ON_EVERY_ENGINE(Credit);
+
 const auto kUserReason = u"SELECT blockreason FROM users WHERE user_id = (?) "_s;
 const auto kGroupReason = u"SELECT blockreason FROM groups WHERE group_id = (?) "_s;
 const auto kUnblockUser = u"UPDATE users SET blocked = false WHERE user_id = (?)"_s;
@@ -57,7 +60,7 @@ const QStringList kUnblockGroup {u"UPDATE groups SET blocked = false WHERE group
                                  u"UPDATE users SET blocked = false WHERE group_id = (?)"_s,
                                  u"SELECT user_id FROM users WHERE group_id = (?)"_s};
 
-TEST_F(Credit, OfALimitGoesToThePeriodsRecord)
+TEST_P(Credit, OfALimitGoesToThePeriodsRecord)
 {
     const AccountOwner user = AddUser(mode::kTrafficAndTime);
     const quint32 usage = usage_period::kDay;
@@ -100,7 +103,7 @@ TEST_F(Credit, OfALimitGoesToThePeriodsRecord)
             u"4"_s, id, u""_s, u""_s, u"72"_s, u"0"_s, u""_s, u"0"_s, u"3"_s, u"-"_s, u"-"_s}));
 }
 
-TEST_F(Credit, OfAGroupsLimitGoesToItsOwnRecord)
+TEST_P(Credit, OfAGroupsLimitGoesToItsOwnRecord)
 {
     const AccountOwner group = AddGroup(mode::kTraffic);
     Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (73, (?), 2)", group.id);
@@ -126,14 +129,14 @@ TEST_F(Credit, OfAGroupsLimitGoesToItsOwnRecord)
                             u"-"_s}));
 }
 
-TEST_F(Credit, WithoutARecordNamesNone)
+TEST_P(Credit, WithoutARecordNamesNone)
 {
     const AccountOwner user = AddUser(mode::kTraffic);
     WriteCredit(user, mode::kTraffic, {CreditKind::Traffic, 1, true, {}}, 1.0, nullptr);
     EXPECT_EQ(NewestCredit().at(3), u"0"_s);
 }
 
-TEST_F(Credit, PrePaidIsWrittenByKindAndExpiry)
+TEST_P(Credit, PrePaidIsWrittenByKindAndExpiry)
 {
     struct Case
     {
@@ -199,7 +202,7 @@ TEST_F(Credit, PrePaidIsWrittenByKindAndExpiry)
     }
 }
 
-TEST_F(Credit, LiftsABlockUnlessTheAdministratorsOrWithoutAmount)
+TEST_P(Credit, LiftsABlockUnlessTheAdministratorsOrWithoutAmount)
 {
     struct Case
     {
@@ -232,7 +235,7 @@ TEST_F(Credit, LiftsABlockUnlessTheAdministratorsOrWithoutAmount)
     }
 }
 
-TEST_F(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
+TEST_P(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
 {
     const AccountOwner user = AddUser(mode::kProvider, 3);
     const quint32 first = AddCredit("mode, object_id, data", "2, 1, 5");
@@ -256,7 +259,7 @@ TEST_F(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
     EXPECT_NE(first, second);
 }
 
-TEST_F(Credit, NothingIsWrittenForAnOwnerThatIsGone)
+TEST_P(Credit, NothingIsWrittenForAnOwnerThatIsGone)
 {
     StagedAccount staged;
     StatementRecorder recorder;

@@ -1,14 +1,17 @@
 #include "accounts/currency.h"
 
-#include "accounts/account_fixture.h"
 #include "accounts/amount_text.h"
 #include "accounts/credit_entry.h"
+#include "accounts/currency_settings.h"
+#include "base/day.h"
+
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Currency : public AccountFixture
+class Currency : public testing::Test, protected CurrencySettings
 { };
 
 TEST_F(Currency, RateAndUnitFollowTheCurrencyInUse)

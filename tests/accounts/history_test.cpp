@@ -26,6 +26,8 @@ protected:
     }
 };
 
+TB_ON_EVERY_ENGINE(History);
+
 TEST(HistoryFilters, AreBuiltFromOwnerModeSwitchAndPeriod)
 {
     struct Case
@@ -91,7 +93,7 @@ TEST(HistoryFilters, PeriodsGoByTheirTexts)
     EXPECT_EQ(HistoryPeriodFrom(u"last week"_s), HistoryPeriod::AllRecords);
 }
 
-TEST_F(History, SelectsWhatTheFilterNames)
+TEST_P(History, SelectsWhatTheFilterNames)
 {
     const AccountOwner user = AddUser(mode::kTrafficAndTime);
     AddCredit("mode, object_id, data, date, closed", "1, 1, 11, '2026-11-21 00:00:00', 0");
@@ -127,7 +129,7 @@ TEST_F(History, SelectsWhatTheFilterNames)
     EXPECT_TRUE(ReadHistory({GroupAccount(1), mode::kTraffic, false, {}}).empty());
 }
 
-TEST_F(History, ReadsEachCreditAfterTheFilter)
+TEST_P(History, ReadsEachCreditAfterTheFilter)
 {
     AddCredit("mode, group_id, data, date", "1, 81, 5, '2026-11-01 00:00:00'");
     AddCredit("mode, group_id, moneydata", "2, 81, 5");
@@ -148,7 +150,7 @@ TEST_F(History, ReadsEachCreditAfterTheFilter)
                             "moneyusage, data FROM billing WHERE bill_id = (?)"_s}));
 }
 
-TEST_F(History, NamesItsColumnsByMode)
+TEST_P(History, NamesItsColumnsByMode)
 {
     EXPECT_EQ(HistoryColumns(mode::kTime).join(u'|'),
               u"N|Date|Time|Credit|Used|Balance|Type|Status"_s);
@@ -156,7 +158,7 @@ TEST_F(History, NamesItsColumnsByMode)
               u"N|Date|Time|Credit|Used|Balance|Type|Used, Mb|Expiry date|Status"_s);
 }
 
-TEST_F(History, OfLimitsKeepsABalanceForEachUnit)
+TEST_P(History, OfLimitsKeepsABalanceForEachUnit)
 {
     const AccountOwner user = AddUser(mode::kTrafficAndTime);
     AddCredit("mode, object_id, data, usage, date", "1, 1, 100, 30, '2026-11-01 08:05:09'");
@@ -170,7 +172,7 @@ TEST_F(History, OfLimitsKeepsABalanceForEachUnit)
                             u"04.11.2026|18:00:00|25.55|0.00|95.56|Mbytes|Active"_s}));
 }
 
-TEST_F(History, OfPrePaidCreditIsInTheCurrencyShown)
+TEST_P(History, OfPrePaidCreditIsInTheCurrencyShown)
 {
     const AccountOwner user = AddUser(mode::kProvider);
     const char *columns =
@@ -196,7 +198,7 @@ TEST_F(History, OfPrePaidCreditIsInTheCurrencyShown)
                       u"10.11.2026|10:00:00|5.00|0.00|11.25|Money|0.00|2027.01.01|Active"_s}));
 }
 
-TEST_F(History, AStagedCreditIsNewAndCounts)
+TEST_P(History, AStagedCreditIsNewAndCounts)
 {
     std::vector<HistoryRow> rows {HistoryRowOf({CreditKind::Money, 4, false, u"2027.01.01"_s}),
                                   HistoryRowOf({CreditKind::Unlimited, 0, true, {}})};
@@ -207,7 +209,7 @@ TEST_F(History, AStagedCreditIsNewAndCounts)
     EXPECT_EQ(HistoryCells(rows[1], mode::kProvider, 2.5).at(7), u"Unlimited"_s);
 }
 
-TEST_F(History, MoneyIsListedAsItWasTyped)
+TEST_P(History, MoneyIsListedAsItWasTyped)
 {
     const AccountOwner user = AddUser(mode::kProvider);
     int checked = 0;
@@ -235,7 +237,7 @@ TEST_F(History, MoneyIsListedAsItWasTyped)
     EXPECT_EQ(checked, 76) << "five would be stored as no money at all and are refused";
 }
 
-TEST_F(History, HoldsMoreThanAHundredCredits)
+TEST_P(History, HoldsMoreThanAHundredCredits)
 {
     const AccountOwner user = AddUser(mode::kTraffic);
     for (int i = 0; i < 120; ++i) {

@@ -36,6 +36,8 @@ protected:
     }
 };
 
+TB_ON_EVERY_ENGINE(UsageFigures);
+
 const auto kUser = u"SELECT trafperiod, timeperiod, mode FROM users WHERE user_id = (?)"_s;
 const QStringList kUserTraffic {
     u"SELECT traf_id FROM traffic_use WHERE current_time = (?) and user_id = (?) and period = 1"_s,
@@ -50,7 +52,7 @@ const QStringList kUserTime {
 const auto kUserOverall =
     u"SELECT data, senddata FROM traffic_use WHERE user_id = (?) and period = 0"_s;
 
-TEST_F(UsageFigures, OfAUserReadWhatTheModeLimits)
+TEST_P(UsageFigures, OfAUserReadWhatTheModeLimits)
 {
     const std::pair<quint32, QStringList> cases[] = {
         {mode::kNoControl, {}},
@@ -72,7 +74,7 @@ TEST_F(UsageFigures, OfAUserReadWhatTheModeLimits)
     }
 }
 
-TEST_F(UsageFigures, OfAUserAddUpPeriodCreditsAndDays)
+TEST_P(UsageFigures, OfAUserAddUpPeriodCreditsAndDays)
 {
     const AccountOwner user = AddUser(mode::kTrafficAndTime);
     const quint32 traffic = AddTraffic(user, usage_period::kDay, Today(), 120.5, 30.25);
@@ -101,7 +103,7 @@ TEST_F(UsageFigures, OfAUserAddUpPeriodCreditsAndDays)
     EXPECT_DOUBLE_EQ(sent, 530.25);
 }
 
-TEST_F(UsageFigures, WithoutAPeriodRecordAreZero)
+TEST_P(UsageFigures, WithoutAPeriodRecordAreZero)
 {
     const AccountOwner user = AddUser(mode::kTrafficAndTime);
     AddCredit("mode, object_id, trafid, usage", "1, 4711, 0, 55");
@@ -114,7 +116,7 @@ TEST_F(UsageFigures, WithoutAPeriodRecordAreZero)
     EXPECT_DOUBLE_EQ(ReadGroupStatistics(4711).received, 0.0);
 }
 
-TEST_F(UsageFigures, OfAGroupAddUpEveryRecordOfItsMembers)
+TEST_P(UsageFigures, OfAGroupAddUpEveryRecordOfItsMembers)
 {
     const AccountOwner group = AddGroup(mode::kTraffic);
     const AccountOwner first = AddUser(mode::kTraffic);
@@ -152,7 +154,7 @@ TEST_F(UsageFigures, OfAGroupAddUpEveryRecordOfItsMembers)
     EXPECT_FALSE(ReadGroupStatistics(group.id).period.limitsTraffic);
 }
 
-TEST_F(UsageFigures, TipTellsWhatCreditsGave)
+TEST_P(UsageFigures, TipTellsWhatCreditsGave)
 {
     PeriodUsage period;
     EXPECT_EQ(StatisticsTip(UserAccount(1), period),
@@ -167,7 +169,7 @@ TEST_F(UsageFigures, TipTellsWhatCreditsGave)
               "Nothing of the time on-line of this accounting period was taken from credits."_s);
 }
 
-TEST_F(UsageFigures, OfTheLastThirtyDaysLeaveNoDayOut)
+TEST_P(UsageFigures, OfTheLastThirtyDaysLeaveNoDayOut)
 {
     const AccountOwner group = AddGroup(mode::kTraffic);
     const AccountOwner first = AddUser(mode::kTraffic);
