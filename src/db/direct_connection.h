@@ -43,6 +43,9 @@ public:
     [[nodiscard]] bool Begin();
     [[nodiscard]] bool Commit();
 
+    // The statement handle, for calls of the bare interface.
+    [[nodiscard]] void *Handle() const { return statement; }
+
     // A statement that runs many times with other values.
     [[nodiscard]] bool Prepare(const QString &sqlText);
     [[nodiscard]] bool RunPrepared(const SqlValues &values);

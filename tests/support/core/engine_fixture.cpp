@@ -3,9 +3,9 @@
 #include "db/direct_connection.h"
 #include "db/schema.h"
 #include "support/core/test_data_source.h"
+#include "support/servers/server_section.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -38,18 +38,13 @@ private:
 
     std::optional<QString> Make()
     {
-        QFile file(QStringLiteral(TB_SERVERS_DIR "/odbc.ini"));
-        if (!file.open(QIODevice::ReadOnly)) {
-            return u"The database servers do not run. Start them with: %1/tests/support/servers/"
-                   "servers start %2"_s.arg(QStringLiteral(TB_SOURCE_DIR),
-                                            QStringLiteral(TB_SERVERS_DIR));
+        const auto section = ServerSection(engine);
+        if (!section) {
+            return ServersHint();
         }
-        const QString section = QString::fromUtf8(file.readAll())
-                                    .section(u"[%1]\n"_s.arg(engine), 1)
-                                    .section(u"\n["_s, 0, 0);
         // The later of two values of a key does not count, so that the database comes first.
-        Define(ServerDsn(), section);
-        Define(engine, u"Database=%1\n"_s.arg(Name()) + section);
+        Define(ServerDsn(), *section);
+        Define(engine, u"Database=%1\n"_s.arg(Name()) + *section);
         DirectConnection server;
         const QString create = u"CREATE DATABASE "_s + Name();
         if (!server.Open(ServerDsn()) || !server.Run(create)) {

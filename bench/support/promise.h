@@ -1,0 +1,18 @@
+// A benchmark program's main: runs all benchmarks and holds them against what is promised.
+#pragma once
+
+#include <benchmark/benchmark.h>
+#include <string>
+#include <vector>
+
+// The time of one benchmark is at most `most` times that of another.
+struct Promise
+{
+    std::string measured; // names as they are registered
+    std::string reference;
+    double most;
+};
+
+// Runs every benchmark several times in turn, prints the shortest time of each promise's two sides and
+// their ratio. 1 when a promise is broken, which is said.
+int RunAndCompare(int argc, char **argv, const std::vector<Promise> &promises);
