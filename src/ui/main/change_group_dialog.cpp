@@ -26,7 +26,7 @@ ChangeGroupDialog::ChangeGroupDialog(Prompt &messages, QWidget *parent)
     add->setObjectName(u"addGroup"_s);
     remove->setObjectName(u"deleteGroup"_s);
     Lay();
-    connect(list, &QListWidget::currentRowChanged, this, &ChangeGroupDialog::Choose);
+    connect(list, &QListWidget::itemSelectionChanged, this, &ChangeGroupDialog::Choose);
     connect(list, &QListWidget::itemDoubleClicked, this, &ChangeGroupDialog::accept);
     connect(add, &QPushButton::clicked, this, &ChangeGroupDialog::AddNewGroup);
     connect(remove, &QPushButton::clicked, this, &ChangeGroupDialog::DeleteChosenGroup);
@@ -64,12 +64,19 @@ void ChangeGroupDialog::Fill()
         groupIds.append(group.groupId);
         list->addItem(group.name);
     }
-    list->setCurrentRow(-1);
-    Choose(-1);
+    Choose();
 }
 
-void ChangeGroupDialog::Choose(int position)
+// The current row is not enough: the list makes its first one current as soon as it has the focus.
+int ChangeGroupDialog::ChosenRow() const
 {
+    const QModelIndexList rows = list->selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.front().row();
+}
+
+void ChangeGroupDialog::Choose()
+{
+    const int position = ChosenRow();
     const bool isChosen = position >= 0;
     chosen = isChosen ? NamedGroup {list->item(position)->text(), groupIds.value(position)}
                       : NamedGroup();
@@ -122,19 +129,17 @@ void ChangeGroupDialog::DeleteChosenGroup()
     if (group.name == u"Everybody"_s) { // kept: the message does not stop the statements
         prompt.Tell(u"You can not delete 'Everybody' group"_s);
     } else {
-        const int position = list->currentRow();
+        const int position = ChosenRow();
         groupIds.removeAt(position);
-        const QSignalBlocker quiet(list);
         delete list->takeItem(position);
-        list->setCurrentRow(-1);
+        list->clearSelection();
     }
     DeleteGroupOfDialog(group.groupId);
-    Choose(list->currentRow());
 }
 
 void ChangeGroupDialog::accept()
 {
-    if (list->currentRow() < 0) {
+    if (ChosenRow() < 0) {
         prompt.Tell(u"Select group to change, please"_s);
         return;
     }

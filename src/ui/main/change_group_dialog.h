@@ -26,9 +26,10 @@ public:
 private:
     void Lay();
     void Fill();
-    void Choose(int position);
+    void Choose();
     void AddNewGroup();
     void DeleteChosenGroup();
+    [[nodiscard]] int ChosenRow() const; // -1 for none
     [[nodiscard]] bool IsNew(const QString &name);
     [[nodiscard]] int SortedPlace(const QString &name) const;
 

@@ -20,6 +20,7 @@ FindBar::FindBar(Prompt &messages, std::function<bool(const QString &)> newFind,
 {
     setObjectName(u"findBar"_s);
     setWindowTitle(u"Find user"_s);
+    setMovable(false);
     field->setObjectName(u"findUser"_s);
     field->setClearButtonEnabled(true);
     field->setMaximumWidth(fontMetrics().averageCharWidth() * 32);
@@ -31,6 +32,7 @@ FindBar::FindBar(Prompt &messages, std::function<bool(const QString &)> newFind,
     addWidget(field);
     addAction(search);
     widgetForAction(search)->setObjectName(u"find"_s);
+    widgetForAction(search)->setFocusPolicy(Qt::TabFocus);
     connect(search, &QAction::triggered, this, &FindBar::Search);
     connect(field, &TextField::returnPressed, this, &FindBar::Search);
 }

@@ -32,11 +32,7 @@ FrameMenus::FrameMenus(CSplitterFrame &owner) : QObject(&owner), frame(owner)
     MakeUserMenu();
     MakeViewMenu();
     MakeConfigureMenu();
-    reports =
-        MakeCommand({"reports", u"&Reports...", u"Choose and show a report", Picture::Reports},
-                    Opener(frame, frame.Dialogs().reports),
-                    &frame);
-    frame.menuBar()->addAction(reports);
+    MakeReportsCommand();
     MakeHelpMenu();
     MakeToolbar();
     update.setSingleShot(true);
@@ -191,6 +187,16 @@ void FrameMenus::MakeConfigureMenu()
                                 &frame));
 }
 
+void FrameMenus::MakeReportsCommand()
+{
+    const auto open = Opener(frame, frame.Dialogs().reports);
+    constexpr auto kPrompt = u"Choose and show a report";
+    reports =
+        MakeCommand({"toolbarReports", u"Reports...", kPrompt, Picture::Reports}, open, &frame);
+    // A menu bar draws a picture in place of the text: this one has none.
+    frame.menuBar()->addAction(MakeCommand({"reports", u"&Reports...", kPrompt}, open, &frame));
+}
+
 void FrameMenus::MakeHelpMenu()
 {
     const FrameDialogs &dialogs = frame.Dialogs();
@@ -216,6 +222,7 @@ void FrameMenus::MakeToolbar()
 {
     bar = frame.addToolBar(u"Commands"_s);
     bar->setObjectName(u"toolBar"_s);
+    bar->setMovable(false);
     for (QAction *action : {toolbarProperties, account, remove}) {
         bar->addAction(action);
     }

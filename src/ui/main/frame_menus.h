@@ -34,6 +34,7 @@ private:
     void MakeSortMenu(QMenu &view);
     void MakeRefreshItems(QMenu &view);
     void MakeConfigureMenu();
+    void MakeReportsCommand();
     void MakeHelpMenu();
     void MakeToolbar();
     void UpdateSelectionCommands();

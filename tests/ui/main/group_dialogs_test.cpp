@@ -1,1 +1,202 @@
+// "Change group" with its "Add group" and "Delete group", and how moving users uses it.
+#include "db/value_codes.h"
 #include "list_fixture.h"
+#include "support/windows/modal.h"
+#include "ui/main/change_group_dialog.h"
+
+#include <QListWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ChangeGroup : public ListFixture
+{
+protected:
+    ChangeGroupDialog &Open()
+    {
+        dialog = std::make_unique<ChangeGroupDialog>(prompt, nullptr);
+        dialog->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        return *dialog;
+    }
+
+    [[nodiscard]] QListWidget &List() const { return Find<QListWidget>(*dialog, "groups"); }
+
+    void Pick(const QString &name)
+    {
+        const auto found = List().findItems(name, Qt::MatchExactly);
+        ASSERT_FALSE(found.isEmpty()) << qPrintable(name);
+        ClickCell(List(), List().row(found.first()), 0);
+    }
+
+    void Add(const QString &name)
+    {
+        const WhileModal answer([&](QDialog &naming) {
+            EXPECT_EQ(naming.windowTitle(), u"Add group"_s);
+            EXPECT_EQ(Find<QWidget>(naming, "name").accessibleName(),
+                      u"Enter the name of the group"_s);
+            Type(Find<QWidget>(naming, "name"), name);
+            Click(naming, "ok");
+            if (naming.isVisible()) {
+                refused << name;
+                Click(naming, "cancel");
+            }
+        });
+        Click(*dialog, "addGroup");
+    }
+
+    void TearDown() override
+    {
+        dialog.reset();
+        ListFixture::TearDown();
+    }
+
+    std::unique_ptr<ChangeGroupDialog> dialog;
+    QStringList refused;
+};
+
+} // namespace
+
+TEST_F(ChangeGroup, ChoosingEnablesItsButtons)
+{
+    AddGroupNamed(u"Sales"_s);
+    Open();
+    EXPECT_EQ(dialog->windowTitle(), u"Change group"_s);
+    EXPECT_EQ(List().accessibleName(), u"Select one of the groups"_s);
+    EXPECT_EQ(RowTexts(List()), QStringList({u"Everybody"_s, u"Sales"_s}));
+    EXPECT_FALSE(Find<QWidget>(*dialog, "ok").isEnabled());
+    EXPECT_FALSE(Find<QWidget>(*dialog, "deleteGroup").isEnabled());
+    dialog->accept();
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Select group to change, please"_s));
+    EXPECT_TRUE(dialog->isVisible());
+    Grab(*dialog, u"change-group"_s);
+    Pick(u"Sales"_s);
+    EXPECT_TRUE(Find<QWidget>(*dialog, "deleteGroup").isEnabled());
+    Click(*dialog, "ok");
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(dialog->ChosenGroup().name, u"Sales"_s);
+    EXPECT_EQ(dialog->ChosenGroup().groupId, 81U);
+}
+
+TEST_F(ChangeGroup, AnAddedNameStandsForAnotherIdUntilReopened)
+{
+    AddGroupNamed(u"Alpha"_s); // 81
+    AddGroupNamed(u"Zoo"_s); // 82
+    Open();
+    StatementRecorder recorder;
+    Add(u"Beta"_s); // 83: sorted in, its id comes last
+    EXPECT_EQ(recorder.Take(),
+              QStringList({u"INSERT INTO groups (name) VALUES (?)"_s,
+                           u"SELECT group_id FROM groups WHERE name = (?)"_s}));
+    EXPECT_EQ(RowTexts(List()), QStringList({u"Alpha"_s, u"Beta"_s, u"Everybody"_s, u"Zoo"_s}));
+    const std::pair<QString, quint32> mismatched[] = {
+        {u"Alpha"_s, 81}, {u"Beta"_s, 80}, {u"Everybody"_s, 82}, {u"Zoo"_s, 83}};
+    for (const auto &[name, id] : mismatched) {
+        Pick(name);
+        EXPECT_EQ(dialog->ChosenGroup().groupId, id) << qPrintable(name);
+    }
+    Open();
+    Pick(u"Beta"_s);
+    EXPECT_EQ(dialog->ChosenGroup().groupId, 83U);
+}
+
+TEST_F(ChangeGroup, ANameIsAddedOnce)
+{
+    AddGroupNamed(u"\u00c9t\u00e9"_s);
+    Open();
+    for (const QString &name : {u"everybody"_s, u"EVERYBODY"_s, u"\u00e9T\u00c9"_s}) {
+        Add(name);
+    }
+    EXPECT_EQ(refused.size(), 3);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(3, u"The group with this name already exists!"_s));
+    Add(u"O'Hara\"s"_s);
+    EXPECT_EQ(refused.size(), 3);
+    EXPECT_EQ(RowsOf("SELECT name FROM groups WHERE group_id > 81"), QStringList(u"O'Hara\"s"_s));
+}
+
+TEST_F(ChangeGroup, DeletingMovesTheMembersFirst)
+{
+    const quint32 sales = AddGroupNamed(u"Sales"_s);
+    AddGroupNamed(u"Zoo"_s);
+    AddUser({.name = "anna", .group = sales});
+    Open();
+    Pick(u"Sales"_s);
+    Click(*dialog, "deleteGroup"); // No
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"You are going to remove the group. Continue?"_s));
+    EXPECT_EQ(List().count(), 3);
+    prompt.AnswerWith({true});
+    StatementRecorder recorder;
+    Click(*dialog, "deleteGroup");
+    EXPECT_EQ(recorder.Take(),
+              QStringList({u"UPDATE users SET group_id = 80  WHERE group_id = (?)"_s,
+                           u"DELETE FROM groups WHERE group_id = (?)"_s}));
+    EXPECT_EQ(RowTexts(List()), QStringList({u"Everybody"_s, u"Zoo"_s}));
+    EXPECT_FALSE(Find<QWidget>(*dialog, "ok").isEnabled());
+    Pick(u"Zoo"_s); // still its own id
+    EXPECT_EQ(dialog->ChosenGroup().groupId, 82U);
+    EXPECT_EQ(RowsOf("SELECT group_id FROM users"), QStringList(u"80"_s));
+}
+
+TEST_F(ChangeGroup, TheMessageDoesNotStopTheDeletionOfEverybody)
+{
+    Open();
+    Pick(u"Everybody"_s);
+    prompt.AnswerWith({true});
+    Click(*dialog, "deleteGroup");
+    EXPECT_EQ(prompt.TakeSaid().back(), u"You can not delete 'Everybody' group"_s);
+    EXPECT_EQ(RowTexts(List()), QStringList(u"Everybody"_s));
+    EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM groups"), QStringList(u"0"_s));
+}
+
+TEST_F(ChangeGroup, NothingIsAddedBeyondItsCapacity)
+{
+    for (int number = 1; number < 500; ++number) {
+        Execute("INSERT INTO groups (name) VALUES (?)", u"group%1"_s.arg(number));
+    }
+    Open();
+    EXPECT_EQ(List().count(), 500);
+    EXPECT_FALSE(Find<QWidget>(*dialog, "addGroup").isEnabled());
+}
+
+TEST_F(ChangeGroup, SelectedUsersMoveAndTheListWaitsForItsRefill)
+{
+    const quint32 sales = AddGroupNamed(u"Sales"_s);
+    for (const auto *name : {"anna", "bert", "carl"}) {
+        AddUser({.name = name});
+    }
+    ShowFrame();
+    ClickCell(Users(), 0, 0);
+    ClickCell(Users(), 2, 0, Qt::ControlModifier);
+    const WhileModal answer([&](QDialog &choosing) {
+        auto &list = Find<QListWidget>(choosing, "groups");
+        list.setFocus();
+        QTest::keyClick(&list, Qt::Key_End);
+        QTest::keyClick(&list, Qt::Key_Return);
+    });
+    QAction &command = Command("changeGroup");
+    StatementRecorder recorder;
+    command.trigger();
+    const QString move = u"UPDATE users SET group_id = (?)  WHERE user_id = (?)"_s;
+    EXPECT_EQ(recorder.Take(), QStringList({u"SELECT name, group_id FROM groups"_s, move, move}));
+    EXPECT_EQ(RowsOf("SELECT user_id, group_id FROM users ORDER BY user_id"),
+              QStringList({u"1|%1"_s.arg(sales), u"2|80"_s, u"3|%1"_s.arg(sales)}));
+    EXPECT_FALSE(RowTexts(Users()).join(u' ').contains(u"Sales"_s));
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_TRUE(RowTexts(Users()).join(u' ').contains(u"Sales"_s));
+}
+
+TEST_F(ChangeGroup, CancelMovesNobody)
+{
+    AddGroupNamed(u"Sales"_s);
+    AddUser({.name = "anna"});
+    ShowFrame();
+    ClickCell(Users(), 0, 0);
+    const QStringList before = EveryRow();
+    const WhileModal answer([](QDialog &choosing) {
+        ClickCell(Find<QListWidget>(choosing, "groups"), 1, 0);
+        QTest::keyClick(&choosing, Qt::Key_Escape);
+    });
+    Command("changeGroup").trigger();
+    EXPECT_EQ(EveryRow(), before);
+}

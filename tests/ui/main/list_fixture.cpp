@@ -72,6 +72,7 @@ QStringList ListFixture::Names() const
 
 QAction &ListFixture::Command(const char *name) const
 {
+    Settle();
     return Find<QAction>(*frame, name);
 }
 
