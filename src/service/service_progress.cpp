@@ -10,24 +10,24 @@ constexpr int kLastTickFrom = 35; // a tick adds only up to here, so that waitin
 
 struct Effect
 {
-    ProgressStep step;
     const char *text; // null: the text stays
+    ProgressStep step;
     int advance; // kWhole: to the end
 };
 
 constexpr Effect kEffects[] = {
-    {ProgressStep::TryStart, "Trying to start the service...", 10},
-    {ProgressStep::Started, "Service started successfully", 20},
-    {ProgressStep::StartFailed, "Failed to start the service", 50},
-    {ProgressStep::TryConnect, "Trying to connect to the service...", 10},
-    {ProgressStep::Connected, "Connected to the service successfully", 30},
-    {ProgressStep::ConnectFailed, "Failed to connect to the service", 30},
-    {ProgressStep::Tick, nullptr, 5},
-    {ProgressStep::Finished, nullptr, kWhole},
-    {ProgressStep::Failed, "Failed to complete the process", kWhole},
-    {ProgressStep::TryStop, "Trying to stop the service...", 10},
-    {ProgressStep::Stopped, "Service was stopped successfully", 20},
-    {ProgressStep::StopFailed, "Failed to stop the service", 50},
+    {"Trying to start the service...", ProgressStep::TryStart, 10},
+    {"Service started successfully", ProgressStep::Started, 20},
+    {"Failed to start the service", ProgressStep::StartFailed, 50},
+    {"Trying to connect to the service...", ProgressStep::TryConnect, 10},
+    {"Connected to the service successfully", ProgressStep::Connected, 30},
+    {"Failed to connect to the service", ProgressStep::ConnectFailed, 30},
+    {nullptr, ProgressStep::Tick, 5},
+    {nullptr, ProgressStep::Finished, kWhole},
+    {"Failed to complete the process", ProgressStep::Failed, kWhole},
+    {"Trying to stop the service...", ProgressStep::TryStop, 10},
+    {"Service was stopped successfully", ProgressStep::Stopped, 20},
+    {"Failed to stop the service", ProgressStep::StopFailed, 50},
 };
 
 } // namespace
