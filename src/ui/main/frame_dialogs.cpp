@@ -2,6 +2,7 @@
 
 #include "app/administrator_app.h"
 #include "ui/accounts/accounts.h"
+#include "ui/accounts/accounts.h"
 #include "ui/main/about_dialog.h"
 #include "ui/main/help_viewer.h"
 #include "ui/options/login_manager.h"
@@ -32,6 +33,10 @@ ReconnectFlags RunReconnect(CAdministratorApp &app, QWidget *parent)
 FrameDialogs StandardDialogs(CAdministratorApp &app)
 {
     FrameDialogs dialogs;
+    dialogs.userAccount = OpenUserAccount;
+    dialogs.userStatistics = OpenUserStatistics;
+    dialogs.groupAccount = OpenGroupAccount;
+    dialogs.groupStatistics = OpenGroupStatistics;
     dialogs.userAccount = OpenUserAccount;
     dialogs.userStatistics = OpenUserStatistics;
     dialogs.groupAccount = OpenGroupAccount;

@@ -573,7 +573,7 @@ TEST_F(Frame, TheProgramsOwnWindowsAreConnected)
 {
     const FrameDialogs own = StandardDialogs(*theApp);
     EXPECT_TRUE(own.serviceControl && own.reconnect && own.purge && own.unmonitored && own.logins
-                && own.helpTopics && own.about);
+                && own.helpTopics && own.about && own.userAccount && own.groupStatistics);
     dialogs = own;
     const WhileModal reconnect([](QDialog &dialog) {
         EXPECT_EQ(dialog.windowTitle(), u"Try to reconnect?"_s);
