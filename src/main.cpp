@@ -25,6 +25,8 @@ struct Options
                             u"The message bus of the service: system or session."_s,
                             u"system|session"_s,
                             u"system"_s};
+    QCommandLineOption globalOptions {u"global-options"_s,
+                                      u"Open the global options once the console is up."_s};
 };
 
 void Say(std::FILE *stream, const QString &text)
@@ -96,7 +98,7 @@ int main(int argc, char **argv)
     const Options options;
     QCommandLineParser parser;
     parser.setApplicationDescription(u"Administration console of Tollbrook Network."_s);
-    parser.addOptions({options.config, options.bus});
+    parser.addOptions({options.config, options.bus, options.globalOptions});
     parser.addHelpOption();
     parser.addVersionOption();
     AnswerQuestions(parser, argc, argv);
@@ -119,6 +121,9 @@ int main(int argc, char **argv)
         frame->show();
         QApplication::processEvents(); // painted before anything is asked
         frame->FirstStart();
+        if (parser.isSet(options.globalOptions)) {
+            frame->RunAndRefresh(frame->Dialogs().globalOptions);
+        }
         return true;
     });
     return app.InitInstance() ? QApplication::exec() : EXIT_FAILURE;

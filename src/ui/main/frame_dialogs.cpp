@@ -5,11 +5,16 @@
 #include "ui/accounts/accounts.h"
 #include "ui/main/about_dialog.h"
 #include "ui/main/help_viewer.h"
+#include "ui/main/splitter_frame.h"
+#include "ui/options/adapter_dialog.h"
+#include "ui/options/global_options_sheet.h"
 #include "ui/options/login_manager.h"
+#include "ui/options/options_dialog.h"
 #include "ui/options/purge_dialog.h"
 #include "ui/options/unmonitored_dialog.h"
 #include "ui/service/reconnect_dialog.h"
 #include "ui/service/service_control_dialog.h"
+#include "ui/wizard/setup_wizard.h"
 
 namespace {
 
@@ -28,6 +33,16 @@ ReconnectFlags RunReconnect(CAdministratorApp &app, QWidget *parent)
     return dialog.Flags();
 }
 
+// Reads the lists of the frame anew while a window over it goes on.
+std::function<void()> RefreshOf(QWidget *frame)
+{
+    return [frame = qobject_cast<CSplitterFrame *>(frame)] {
+        if (frame != nullptr) {
+            frame->Refresh();
+        }
+    };
+}
+
 } // namespace
 
 FrameDialogs StandardDialogs(CAdministratorApp &app)
@@ -42,6 +57,10 @@ FrameDialogs StandardDialogs(CAdministratorApp &app)
     dialogs.groupAccount = OpenGroupAccount;
     dialogs.groupStatistics = OpenGroupStatistics;
     dialogs.purge = OpenPurge;
+    dialogs.options = [](QWidget *parent) { OpenOptions(parent, RefreshOf(parent)); };
+    dialogs.globalOptions = [](QWidget *parent) { OpenGlobalOptions(parent, RefreshOf(parent)); };
+    dialogs.adapter = OpenAdapterBinding;
+    dialogs.setupWizard = RunSetupWizard;
     dialogs.unmonitored = OpenUnmonitored;
     dialogs.logins = OpenLoginManager;
     dialogs.helpTopics = [&app](QWidget *parent) { OpenHelpTopics(app.Messages(), parent); };

@@ -1,0 +1,34 @@
+// The adapter in use, its address, and the list to pick another from.
+#pragma once
+
+#include "admin/adapters.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QLineEdit;
+
+class AdapterChooser : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit AdapterChooser(const QList<Adapter> &adapters, QWidget *parent = nullptr);
+
+    // The description is shown as it stands; the address is the one of the listed adapter that has
+    // exactly this description.
+    void SetCurrent(const QString &description);
+    void SetMayChange(bool mayChange);
+
+signals:
+    // The administrator picked another adapter and said Yes. A No leaves everything as it was.
+    void Picked(const Adapter &adapter);
+
+private:
+    void Pick(int row);
+
+    QList<Adapter> adapters; // those that may be chosen
+    QLineEdit *current;
+    QLineEdit *address;
+    QComboBox *choice;
+};

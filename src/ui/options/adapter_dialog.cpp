@@ -1,0 +1,38 @@
+#include "ui/options/adapter_dialog.h"
+
+#include "app/administrator_app.h"
+#include "service/service_guard.h"
+#include "ui/options/adapter_chooser.h"
+
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+AdapterDialog::AdapterDialog(const QList<Adapter> &adapters, bool mayChange, QWidget *parent)
+    : QDialog(parent)
+{
+    setWindowTitle(u"Select network card Tollbrook will work with"_s);
+    auto *chooser = new AdapterChooser(adapters);
+    chooser->SetCurrent(BoundAdapter(theApp->Config()).value_or(QString()));
+    chooser->SetMayChange(mayChange);
+    connect(chooser, &AdapterChooser::Picked, this, [](const Adapter &adapter) {
+        BindAdapter(theApp->Config(), adapter);
+    });
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    buttons->button(QDialogButtonBox::Close)->setObjectName(u"close"_s);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(chooser);
+    column->addWidget(buttons);
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) * 3 / 2);
+}
+
+void OpenAdapterBinding(QWidget *parent)
+{
+    const auto mayChange = AdapterMayChange(theApp->Control(), theApp->Messages());
+    if (mayChange) {
+        AdapterDialog(SystemAdapters(), *mayChange, parent).exec();
+    }
+}

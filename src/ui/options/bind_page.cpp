@@ -1,0 +1,71 @@
+#include "ui/options/bind_page.h"
+
+#include "admin/options.h"
+#include "ui/common/controls.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+IdentModeBox::IdentModeBox(qint32 &mode, const QString &userName, QWidget *parent)
+    : QWidget(parent)
+    , buttons(new QButtonGroup(this))
+{
+    struct Choice
+    {
+        int mode;
+        QString text;
+        const char *name;
+    };
+    const Choice choices[] = {
+        {ident_mode::kIpAddress, u"IP-address"_s, "byIpAddress"},
+        {ident_mode::kMacAddress, u"MAC-address"_s, "byMacAddress"},
+        {ident_mode::kUserName, userName, "byUserName"},
+    };
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    for (const Choice &choice : choices) {
+        auto *button = MakeButton<QRadioButton>(choice.text, choice.name);
+        button->setChecked(choice.mode == mode);
+        buttons->addButton(button, choice.mode);
+        column->addWidget(button);
+    }
+    connect(buttons, &QButtonGroup::idToggled, this, [&mode](int chosen, bool checked) {
+        if (checked) {
+            mode = chosen;
+        }
+    });
+}
+
+BindPage::BindPage(qint32 &identMode, bool &edited, const QString &controlText)
+    : controlMac(edited)
+    , control(MakeButton<QCheckBox>(controlText, "controlMac"))
+{
+    auto *box = new QGroupBox(u"Identify users with:"_s);
+    auto *inBox = new QVBoxLayout(box);
+    inBox->addWidget(
+        new IdentModeBox(identMode, u"Windows username (requires Username Agent installed)"_s));
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(box);
+    column->addWidget(control);
+    column->addStretch();
+}
+
+QString BindPage::Title() const
+{
+    return u"Bind"_s;
+}
+
+void BindPage::Load()
+{
+    control->setChecked(controlMac);
+}
+
+void BindPage::Collect()
+{
+    controlMac = control->isChecked();
+}

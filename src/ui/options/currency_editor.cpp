@@ -1,0 +1,222 @@
+#include "ui/options/currency_editor.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/number_field.h"
+#include "ui/common/text_field.h"
+#include "ui/options/entry_dialog.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRateDecimals = 6;
+constexpr int kShownRows = 4;
+
+} // namespace
+
+CurrencyDialog::CurrencyDialog(const CurrencyEntry &shown, QWidget *parent)
+    : QDialog(parent)
+    , symbol(new TextField)
+    , title(new TextField)
+    , rate(new AmountField(nullptr, kRateDecimals))
+{
+    setWindowTitle(u"Add currency"_s);
+    symbol->setObjectName(u"symbol"_s);
+    symbol->setText(shown.symbol);
+    title->setObjectName(u"title"_s);
+    title->setText(shown.title);
+    rate->setObjectName(u"rate"_s);
+    rate->setText(shown.rate);
+    auto *form = new QFormLayout(this);
+    form->addRow(LabelFor(u"Symbol (e.g. USD) :"_s, *symbol), symbol);
+    form->addRow(LabelFor(u"Title"_s, *title), title);
+    form->addRow(LabelFor(u"Rate (currency/units)"_s, *rate), rate);
+    form->addRow(OkAndCancel(*this));
+}
+
+CurrencyEntry CurrencyDialog::Entry() const
+{
+    return {symbol->text(), title->text(), rate->text()};
+}
+
+void CurrencyDialog::accept()
+{
+    if (const auto problem = CheckEntry(Entry())) {
+        Complain(TextOf(*problem));
+        return;
+    }
+    QDialog::accept();
+}
+
+CurrencyEditor::CurrencyEditor(CurrencySettings &edited, const Texts &texts, QWidget *parent)
+    : QWidget(parent)
+    , settings(edited)
+    , price(ShownValue("price"))
+    , list(new QTreeWidget)
+    , add(MakeButton<QPushButton>(texts.add, "currencyAdd"))
+    , remove(MakeButton<QPushButton>(texts.remove, "currencyRemove"))
+    , configure(MakeButton<QPushButton>(texts.configure, "currencyConfigure"))
+    , set(MakeButton<QPushButton>(texts.set, "currencySet"))
+    , used(ShownValue("usedCurrency"))
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(PriceBox(texts));
+    column->addWidget(CurrencyBox(texts));
+    connect(list, &QTreeWidget::itemSelectionChanged, this, &CurrencyEditor::EnableButtons);
+    connect(add, &QPushButton::clicked, this, &CurrencyEditor::Add);
+    connect(remove, &QPushButton::clicked, this, &CurrencyEditor::Delete);
+    connect(configure, &QPushButton::clicked, this, &CurrencyEditor::Configure);
+    connect(set, &QPushButton::clicked, this, &CurrencyEditor::Set);
+    Show();
+    add->setEnabled(HasRoom());
+}
+
+QWidget *CurrencyEditor::PriceBox(const Texts &texts)
+{
+    auto *box = new QWidget;
+    auto *setPrice = MakeButton<QPushButton>(texts.setPrice, "setPrice");
+    setPrice->setAutoDefault(false);
+    connect(setPrice, &QPushButton::clicked, this, &CurrencyEditor::SetPrice);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(LabelFor(texts.price, *price));
+    row->addWidget(price, 1);
+    row->addWidget(setPrice);
+    return box;
+}
+
+QWidget *CurrencyEditor::CurrencyBox(const Texts &texts)
+{
+    auto *box = new QGroupBox(u"Currencies"_s);
+    SetNames(*list, u"currencies"_s, u"Currencies"_s);
+    list->setRootIsDecorated(false);
+    list->setHeaderLabels({u"Title"_s, u"Symbol"_s, u"Rate"_s});
+    list->setMinimumHeight(list->fontMetrics().height() * kShownRows);
+    auto *grid = new QGridLayout(box);
+    int row = 0;
+    for (QPushButton *button : {add, remove, configure, set}) {
+        button->setAutoDefault(false);
+        grid->addWidget(button, row++, 2);
+    }
+    grid->addWidget(list, 0, 0, row + 1, 2);
+    grid->setRowStretch(row++, 1);
+    grid->addWidget(LabelFor(texts.used, *used), row, 0);
+    grid->addWidget(used, row, 1);
+    return box;
+}
+
+void CurrencyEditor::Show()
+{
+    price->setText(AmountText(settings.trafficPrice));
+    used->setText(UsedSymbol(settings));
+    const QSignalBlocker quiet(list);
+    list->clear();
+    for (const CurrencyRow &row : CurrencyRows(settings)) {
+        list->addTopLevelItem(new QTreeWidgetItem({row.name, row.symbol, row.rate}));
+    }
+}
+
+std::optional<int> CurrencyEditor::Row() const
+{
+    const auto selected = list->selectedItems();
+    return selected.isEmpty() ? std::nullopt
+                              : std::optional(list->indexOfTopLevelItem(selected.first()));
+}
+
+bool CurrencyEditor::HasRoom() const
+{
+    return CurrencyRows(settings).size() < 2;
+}
+
+void CurrencyEditor::EnableButtons()
+{
+    const bool selected = Row().has_value();
+    add->setEnabled(selected && HasRoom());
+    for (QPushButton *button : {remove, configure, set}) {
+        button->setEnabled(selected);
+    }
+}
+
+void CurrencyEditor::SelectRow(int row)
+{
+    list->setCurrentItem(list->topLevelItem(row));
+    EnableButtons();
+}
+
+void CurrencyEditor::SetPrice()
+{
+    auto *field = new AmountField;
+    field->setObjectName(u"newPrice"_s);
+    field->SetAmount(settings.trafficPrice);
+    const QString shown = field->text();
+    const auto take = [this, field, &shown] {
+        if (!field->Amount()) {
+            Complain(u"Enter the rate please"_s);
+            return false;
+        }
+        if (field->text() != shown) {
+            settings.trafficPrice = *field->Amount();
+        }
+        return true;
+    };
+    EntryDialog dialog(u"Rate"_s, u"units per Mb"_s, field, take, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        price->setText(AmountText(settings.trafficPrice));
+    }
+}
+
+void CurrencyEditor::Add()
+{
+    CurrencyDialog dialog({}, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        AddCurrency(settings, dialog.Entry());
+        Show();
+        SelectRow(1);
+    }
+}
+
+void CurrencyEditor::Delete()
+{
+    if (const auto problem = CheckDelete(Row())) {
+        Complain(TextOf(*problem));
+        return;
+    }
+    DeleteCurrency(settings);
+    Show();
+    SelectRow(kBaseCurrencyRow);
+}
+
+void CurrencyEditor::Configure()
+{
+    if (const auto problem = CheckEdit(Row())) {
+        Complain(TextOf(*problem));
+        return;
+    }
+    const CurrencyEntry shown = EntryOf(settings);
+    CurrencyDialog dialog(shown, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        ChangeCurrency(settings, shown, dialog.Entry());
+        Show();
+        SelectRow(1);
+    }
+}
+
+void CurrencyEditor::Set()
+{
+    const auto row = Row();
+    if (const auto problem = SetCurrency(settings, row)) {
+        Complain(TextOf(*problem));
+        return;
+    }
+    Show();
+    SelectRow(*row);
+}

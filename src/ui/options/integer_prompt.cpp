@@ -1,0 +1,30 @@
+#include "ui/options/integer_prompt.h"
+
+#include "ui/common/controls.h"
+#include "ui/common/number_field.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool Refuse(WholeNumberField &field, const QString &text)
+{
+    Complain(text);
+    field.setFocus();
+    field.selectAll();
+    return false;
+}
+
+} // namespace
+
+bool HoldsInteger(WholeNumberField &field)
+{
+    return field.Number().has_value() || Refuse(field, u"Please enter an integer."_s);
+}
+
+bool HoldsInteger(WholeNumberField &field, quint32 least, quint32 most)
+{
+    const auto number = field.Number();
+    return (number && *number >= least && *number <= most)
+        || Refuse(field, u"Please enter an integer between %1 and %2."_s.arg(least).arg(most));
+}

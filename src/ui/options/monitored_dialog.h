@@ -1,0 +1,25 @@
+// "Monitored protocols": every protocol with a check box.
+#pragma once
+
+#include "admin/protocol_table.h"
+
+#include <QDialog>
+
+class QListWidget;
+
+class MonitoredDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // Writes into `table` on OK only. `mode` is the "monitorprotmode" of the page.
+    MonitoredDialog(ProtocolTable &table, int mode, QWidget *parent);
+
+    // Stays open when nothing is checked and the administrator then says No.
+    void accept() override;
+
+private:
+    ProtocolTable &table;
+    int mode;
+    QListWidget *list;
+};

@@ -1,0 +1,20 @@
+#include "ui/options/network_page.h"
+
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+NetworkPage::NetworkPage(QList<AddressRange> &ranges,
+                         const RangeEditor::Texts &rangeTexts,
+                         QList<Ipv4> &exclusions,
+                         const ExclusionEditor::Texts &exclusionTexts)
+{
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(new RangeEditor(ranges, RangeEditor::Entry::Dialog, rangeTexts));
+    column->addWidget(new ExclusionEditor(exclusions, kMaxExclusions, exclusionTexts));
+}
+
+QString NetworkPage::Title() const
+{
+    return u"Network"_s;
+}

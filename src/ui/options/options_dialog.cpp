@@ -1,0 +1,52 @@
+#include "ui/options/options_dialog.h"
+
+#include "admin/options.h"
+#include "app/administrator_app.h"
+#include "ui/options/bind_page.h"
+#include "ui/options/network_page.h"
+#include "ui/options/options_pages.h"
+#include "ui/options/page_list_sheet.h"
+#include "ui/options/protocols_page.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void AddPages(PageListSheet &sheet, Options &options)
+{
+    sheet.Add(new GeneralPage(options), Picture::Options);
+    sheet.Add(new NetworkPage(options.ranges,
+                              {u"Local IP addresses"_s, u"Add..."_s, u"Remove"_s},
+                              options.exclusions,
+                              {u"Excluded IP addresses"_s,
+                               u"Enter IP address to exclude:"_s,
+                               u"Add..."_s,
+                               u"Remove"_s}),
+              Picture::Network);
+    sheet.Add(new AdapterPage(options, SystemAdapters()), Picture::Adapter);
+    sheet.Add(new TariffPage(options), Picture::Tariff);
+    sheet.Add(new ProtocolsPage(options.protocols, options.monitorMode), Picture::Protocols);
+    sheet.Add(new BindPage(options.identMode,
+                           options.controlMac,
+                           u"Prevent users from changing IP address"_s),
+              Picture::Binding);
+    sheet.Add(new AuthenticationPage(options), Picture::Logins);
+}
+
+} // namespace
+
+bool OpenOptions(QWidget *parent, const std::function<void()> &refreshPanes)
+{
+    Options options = LoadOptions(theApp->Config());
+    PageListSheet sheet(u"Options"_s, parent);
+    AddPages(sheet, options);
+    if (!sheet.Run(0)) {
+        return false;
+    }
+    SaveOptions(options, theApp->Config(), theApp->Messages(), [&refreshPanes] {
+        if (refreshPanes) {
+            refreshPanes();
+        }
+    });
+    return true;
+}

@@ -1,0 +1,133 @@
+#include "ui/options/options_pages.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/number_field.h"
+#include "ui/options/adapter_chooser.h"
+#include "ui/options/currency_editor.h"
+#include "ui/options/integer_prompt.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint32 kHighestAuthPort = 65535; // 0 stands for none
+
+// A number that a person wrote into the store may be below 0; the field takes none.
+quint32 Shown(qint32 number)
+{
+    return number < 0 ? 0U : static_cast<quint32>(number);
+}
+
+} // namespace
+
+GeneralPage::GeneralPage(Options &edited) : options(edited), updatePeriod(new WholeNumberField)
+{
+    updatePeriod->setObjectName(u"updatePeriod"_s);
+    auto *form = new QFormLayout(this);
+    form->addRow(LabelFor(u"Database update period, sec"_s, *updatePeriod), updatePeriod);
+}
+
+QString GeneralPage::Title() const
+{
+    return u"General"_s;
+}
+
+void GeneralPage::Load()
+{
+    updatePeriod->SetNumber(Shown(options.updatePeriod));
+}
+
+bool GeneralPage::Leave()
+{
+    return HoldsInteger(*updatePeriod);
+}
+
+void GeneralPage::Collect()
+{
+    options.updatePeriod = static_cast<qint32>(updatePeriod->Number().value_or(0));
+}
+
+AdapterPage::AdapterPage(Options &options, const QList<Adapter> &adapters)
+{
+    auto *chooser = new AdapterChooser(adapters);
+    chooser->SetCurrent(options.adapter.value_or(u"Error!"_s));
+    connect(chooser, &AdapterChooser::Picked, this, [&options](const Adapter &adapter) {
+        options.adapter = adapter.description;
+    });
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(chooser);
+    column->addStretch();
+}
+
+QString AdapterPage::Title() const
+{
+    return u"Adapter selection"_s;
+}
+
+TariffPage::TariffPage(Options &options)
+{
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(new CurrencyEditor(options.currency,
+                                         {u"Current tariff"_s,
+                                          u"Set"_s,
+                                          u"Add..."_s,
+                                          u"Remove"_s,
+                                          u"Properties..."_s,
+                                          u"Set"_s,
+                                          u"Currency"_s}));
+}
+
+QString TariffPage::Title() const
+{
+    return u"Tariff"_s;
+}
+
+AuthenticationPage::AuthenticationPage(Options &edited)
+    : options(edited)
+    , port(new WholeNumberField)
+    , requiredForNew(
+          MakeButton<QCheckBox>(u"Require authentication from all new users"_s, "authReqNew"))
+    , notLogged(MakeButton<QCheckBox>(u"Allow authentication for users not logged to domain"_s,
+                                      "allowNotLogged"))
+    , nonHost(
+          MakeButton<QCheckBox>(u"Allow authentication from non-host computers"_s, "allowNonHost"))
+{
+    port->setObjectName(u"authPort"_s);
+    auto *form = new QFormLayout(this);
+    form->addRow(LabelFor(u"Authentication server port"_s, *port), port);
+    for (QCheckBox *box : {requiredForNew, notLogged, nonHost}) {
+        form->addRow(box);
+    }
+}
+
+QString AuthenticationPage::Title() const
+{
+    return u"Authentication"_s;
+}
+
+void AuthenticationPage::Load()
+{
+    port->SetNumber(Shown(options.authPort));
+    requiredForNew->setChecked(options.authRequiredForNew);
+    notLogged->setChecked(options.allowNotLogged);
+    nonHost->setChecked(options.allowNonHost);
+}
+
+bool AuthenticationPage::Leave()
+{
+    return HoldsInteger(*port, 0, kHighestAuthPort);
+}
+
+void AuthenticationPage::Collect()
+{
+    options.authPort = static_cast<qint32>(port->Number().value_or(0));
+    options.authRequiredForNew = requiredForNew->isChecked();
+    options.allowNotLogged = notLogged->isChecked();
+    options.allowNonHost = nonHost->isChecked();
+}

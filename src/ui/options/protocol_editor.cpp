@@ -1,0 +1,194 @@
+#include "ui/options/protocol_editor.h"
+
+#include "ui/common/controls.h"
+#include "ui/common/text_field.h"
+#include "ui/options/editable_list.h"
+#include "ui/options/entry_dialog.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <typename Field>
+Field *Named(const char *objectName)
+{
+    auto *field = new Field;
+    field->setObjectName(QLatin1String(objectName));
+    return field;
+}
+
+bool Accepted(std::optional<ProtocolProblem> problem)
+{
+    if (problem) {
+        Complain(TextOf(*problem));
+    }
+    return !problem;
+}
+
+} // namespace
+
+ProtocolList::ProtocolList(ProtocolTable &edited,
+                           ProtocolEntry entry,
+                           const Texts &texts,
+                           QWidget *parent)
+    : QWidget(parent)
+    , table(edited)
+{
+    if (entry == ProtocolEntry::Field) {
+        name = Named<TextField>("protocol");
+    }
+    list = new EditableList(
+        u"protocols"_s, {texts.list, texts.entry, texts.add, texts.remove}, {u"Protocol"_s}, name);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(list);
+    connect(list, &EditableList::AddRequested, this, &ProtocolList::AddEntered);
+    connect(list, &EditableList::RemoveRequested, this, &ProtocolList::Remove);
+    connect(list, &EditableList::RowChanged, this, &ProtocolList::Changed);
+    Show();
+}
+
+qsizetype ProtocolList::Selected() const
+{
+    return list->Row() < 0 ? -1 : table.IndexOf(list->RowText());
+}
+
+bool ProtocolList::Add(const QString &newName)
+{
+    if (!Accepted(table.Add(newName))) {
+        return false;
+    }
+    Show();
+    list->SelectRow(table.Protocols().last().name);
+    return true;
+}
+
+void ProtocolList::AddEntered()
+{
+    if (name) {
+        if (Add(name->text().trimmed())) {
+            name->clear();
+        }
+        name->setFocus();
+        return;
+    }
+    auto *field = Named<TextField>("protocol");
+    EntryDialog dialog(
+        u"Add protocol"_s,
+        u"Protocol title:"_s,
+        field,
+        [this, field] { return Add(field->text().trimmed()); },
+        this);
+    dialog.exec();
+}
+
+void ProtocolList::Remove()
+{
+    const qsizetype selected = Selected();
+    if (selected < 0) {
+        Complain(u"Select an item to delete"_s);
+        return;
+    }
+    table.Remove(selected);
+    Show();
+}
+
+void ProtocolList::Show()
+{
+    QList<QStringList> rows;
+    for (const Protocol &protocol : table.Protocols()) {
+        rows.append({protocol.name});
+    }
+    list->SetRows(rows);
+    list->SetRemoveEnabled(!rows.isEmpty());
+    emit Changed();
+}
+
+PortList::PortList(ProtocolTable &edited, ProtocolEntry entry, const Texts &texts, QWidget *parent)
+    : QWidget(parent)
+    , table(edited)
+    , owner(new QLabel)
+{
+    if (entry == ProtocolEntry::Field) {
+        number = Named<QLineEdit>("port");
+    }
+    list = new EditableList(
+        u"ports"_s, {{}, texts.entry, texts.add, texts.remove}, {u"Port"_s}, number);
+    auto *heading = new QLabel(texts.list);
+    heading->setBuddy(list->findChild<QWidget *>(u"ports"_s));
+    owner->setObjectName(u"portsOwner"_s);
+    owner->setTextFormat(Qt::PlainText);
+    auto *row = new QHBoxLayout;
+    row->addWidget(heading);
+    row->addWidget(owner, 1);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(row);
+    column->addWidget(list);
+    connect(list, &EditableList::AddRequested, this, &PortList::AddEntered);
+    connect(list, &EditableList::RemoveRequested, this, &PortList::Remove);
+    Show(-1);
+}
+
+bool PortList::Add(const QString &text)
+{
+    bool isNumber = false;
+    const int port = text.trimmed().toInt(&isNumber);
+    if (!Accepted(table.AddPort(protocol, isNumber ? std::optional(port) : std::nullopt))) {
+        return false;
+    }
+    Show(protocol);
+    list->SelectRow(static_cast<int>(table.Protocols()[protocol].ports.size()) - 1);
+    return true;
+}
+
+void PortList::AddEntered()
+{
+    if (number) {
+        if (Add(number->text())) {
+            number->clear();
+        }
+        number->setFocus();
+        return;
+    }
+    auto *field = Named<QLineEdit>("port");
+    EntryDialog dialog(
+        u"Add port"_s,
+        u"Port number:"_s,
+        field,
+        [this, field] { return Add(field->text()); },
+        this);
+    dialog.exec();
+}
+
+void PortList::Remove()
+{
+    if (list->Row() < 0) {
+        Complain(u"Select an item to delete"_s);
+        return;
+    }
+    table.RemovePort(protocol, list->Row());
+    Show(protocol);
+}
+
+void PortList::Show(qsizetype shown)
+{
+    if (shown != protocol) {
+        list->SelectRow(-1);
+    }
+    protocol = shown;
+    QList<QStringList> rows;
+    if (protocol >= 0) {
+        for (const ProtocolPort &port : table.Protocols()[protocol].ports) {
+            rows.append({QString::number(port.number)});
+        }
+    }
+    owner->setText(protocol < 0 ? QString() : table.Protocols()[protocol].name);
+    list->SetRows(rows);
+    list->setEnabled(protocol >= 0);
+    list->SetRemoveEnabled(!rows.isEmpty());
+}

@@ -1,0 +1,54 @@
+#include "ui/options/protocols_page.h"
+
+#include "ui/common/controls.h"
+#include "ui/options/monitor_mode_box.h"
+#include "ui/options/monitored_dialog.h"
+#include "ui/options/protocol_editor.h"
+
+#include <QGridLayout>
+
+using namespace Qt::StringLiterals;
+
+ProtocolsPage::ProtocolsPage(ProtocolTable &edited, qint32 &monitorMode)
+    : table(edited)
+    , mode(monitorMode)
+    , protocols(new ProtocolList(
+          table,
+          ProtocolEntry::Dialog,
+          {u"Available protocols"_s, {}, u"Add protocol..."_s, u"Remove protocol"_s}))
+    , ports(new PortList(
+          table, ProtocolEntry::Dialog, {u"Ports for"_s, {}, u"Add port..."_s, u"Remove port"_s}))
+    , setUp(MakeButton<QPushButton>(u"Setup monitored protocols"_s, "setUpMonitored"))
+{
+    auto *modes = new MonitorModeBox(mode);
+    auto *grid = new QGridLayout(this);
+    grid->addWidget(modes, 0, 0, 1, 2);
+    grid->addWidget(protocols, 1, 0);
+    grid->addWidget(ports, 1, 1);
+    grid->addWidget(setUp, 2, 0, Qt::AlignLeft);
+    grid->setRowStretch(1, 1);
+    setUp->setAutoDefault(false);
+    connect(modes, &MonitorModeBox::Changed, this, &ProtocolsPage::Follow);
+    connect(protocols, &ProtocolList::Changed, this, &ProtocolsPage::Follow);
+    connect(setUp, &QPushButton::clicked, this, &ProtocolsPage::SetUpMonitored);
+    Follow();
+}
+
+QString ProtocolsPage::Title() const
+{
+    return u"Protocols"_s;
+}
+
+void ProtocolsPage::Follow()
+{
+    const bool usesList = monitor_mode::UsesList(mode);
+    protocols->setEnabled(usesList);
+    setUp->setEnabled(usesList);
+    ports->Show(protocols->Selected());
+    ports->setEnabled(usesList);
+}
+
+void ProtocolsPage::SetUpMonitored()
+{
+    MonitoredDialog(table, mode, this).exec();
+}

@@ -1,0 +1,31 @@
+// Which protocols are monitored, and the ports that make each of them.
+#pragma once
+
+#include "admin/protocol_table.h"
+#include "ui/common/page.h"
+
+class MonitorModeBox;
+class PortList;
+class ProtocolList;
+class QPushButton;
+
+class ProtocolsPage : public Page
+{
+    Q_OBJECT
+
+public:
+    // Edits both in place.
+    ProtocolsPage(ProtocolTable &table, qint32 &monitorMode);
+
+    [[nodiscard]] QString Title() const override;
+
+private:
+    void Follow();
+    void SetUpMonitored();
+
+    ProtocolTable &table;
+    qint32 &mode;
+    ProtocolList *protocols;
+    PortList *ports;
+    QPushButton *setUp;
+};

@@ -1,0 +1,124 @@
+#include "ui/options/range_editor.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/ip_address_field.h"
+#include "ui/options/editable_list.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+AddRangeDialog::AddRangeDialog(const QList<AddressRange> &existing, QWidget *parent)
+    : QDialog(parent)
+    , ranges(existing)
+    , network(new IpAddressField(u"IP address"_s))
+    , mask(new IpAddressField(u"Subnet mask"_s))
+{
+    setWindowTitle(u"Add IP addresses range"_s);
+    network->setObjectName(u"network"_s);
+    mask->setObjectName(u"mask"_s);
+    auto *form = new QFormLayout(this);
+    form->addRow(LabelFor(u"IP address:"_s, *network), network);
+    form->addRow(LabelFor(u"Subnet mask:"_s, *mask), mask);
+    form->addRow(OkAndCancel(*this));
+}
+
+void AddRangeDialog::accept()
+{
+    if (const auto problem = CheckRange(ranges, network->Address(), mask->Address())) {
+        Complain(TextOf(*problem));
+        return;
+    }
+    range = {*network->Address(), *mask->Address()};
+    QDialog::accept();
+}
+
+RangeEditor::RangeEditor(QList<AddressRange> &edited,
+                         Entry entry,
+                         const Texts &texts,
+                         QWidget *parent)
+    : QWidget(parent)
+    , ranges(edited)
+{
+    QWidget *fields = entry == Entry::Fields ? MakeFields() : nullptr;
+    const QStringList columns = fields ? QStringList {u"Net address"_s, u"Subnet mask"_s}
+                                       : QStringList {u"IP Address"_s, u"Subnet mask"_s};
+    list =
+        new EditableList(u"ranges"_s, {texts.list, {}, texts.add, texts.remove}, columns, fields);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(list);
+    connect(list, &EditableList::AddRequested, this, &RangeEditor::AddEntered);
+    connect(list, &EditableList::RemoveRequested, this, &RangeEditor::Remove);
+    Show();
+}
+
+QWidget *RangeEditor::MakeFields()
+{
+    auto *fields = new QWidget;
+    network = new IpAddressField(u"Net address"_s);
+    network->setObjectName(u"network"_s);
+    mask = new IpAddressField(u"Subnet mask"_s);
+    mask->setObjectName(u"mask"_s);
+    auto *form = new QFormLayout(fields);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->addRow(LabelFor(u"Net address"_s, *network), network);
+    form->addRow(LabelFor(u"Subnet mask"_s, *mask), mask);
+    fields->setFocusProxy(network);
+    return fields;
+}
+
+void RangeEditor::AddEntered()
+{
+    if (ranges.size() >= kMaxRanges) {
+        Complain(TextOf(RangeProblem::Full));
+        return;
+    }
+    if (!network) {
+        AddRangeDialog dialog(ranges, this);
+        if (dialog.exec() == QDialog::Accepted) {
+            Add(dialog.Range());
+        }
+        return;
+    }
+    if (const auto problem = CheckRange(ranges, network->Address(), mask->Address())) {
+        Complain(TextOf(*problem));
+        return;
+    }
+    Add({*network->Address(), *mask->Address()});
+    network->Clear();
+    mask->Clear();
+    network->setFocus();
+}
+
+void RangeEditor::Add(const AddressRange &range)
+{
+    ranges.append(range);
+    Show();
+    list->SelectRow(static_cast<int>(ranges.size()) - 1);
+    emit Changed();
+}
+
+void RangeEditor::Remove()
+{
+    const int row = list->Row();
+    if (row < 0) {
+        Complain(u"Select an item to delete"_s);
+        return;
+    }
+    ranges.removeAt(row);
+    Show();
+    emit Changed();
+}
+
+void RangeEditor::Show()
+{
+    QList<QStringList> rows;
+    for (const AddressRange &range : ranges) {
+        rows.append({DottedText(range.network), DottedText(range.mask)});
+    }
+    list->SetRows(rows);
+}

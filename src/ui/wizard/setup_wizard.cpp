@@ -1,0 +1,58 @@
+#include "ui/wizard/setup_wizard.h"
+
+#include "app/administrator_app.h"
+#include "ui/wizard/setup_wizard_pages.h"
+
+#include <QPushButton>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+CSetupWizard::CSetupWizard(NetworkSetup &edited, const QList<Adapter> &adapters, QWidget *parent)
+    : QWizard(parent)
+    , setup(edited)
+{
+    setObjectName(u"setupWizard"_s);
+    setWizardStyle(QWizard::ModernStyle);
+    setOption(QWizard::NoBackButtonOnStartPage);
+    const QList<QWizardPage *> pages {new CSetupWizardDlg1,
+                                      new CSetupWizardDlg2(setup, adapters),
+                                      new CSetupWizardDlg3(setup),
+                                      new CSetupWizardDlg4(setup),
+                                      new CSetupWizardDlg5(setup),
+                                      new CSetupWizardDlg6(setup),
+                                      new CSetupWizardDlg7};
+    for (QWizardPage *page : pages) {
+        addPage(page);
+    }
+    const std::pair<WizardButton, const char *> names[] = {{BackButton, "back"},
+                                                           {NextButton, "next"},
+                                                           {FinishButton, "finish"},
+                                                           {CancelButton, "cancel"}};
+    for (const auto &[which, name] : names) {
+        button(which)->setObjectName(QLatin1String(name));
+    }
+    connect(this, &QWizard::currentIdChanged, this, &CSetupWizard::SkipPorts);
+}
+
+// Back from the user binds leads past the ports when no list of protocols is used. Kept: Next shows
+// them all the same.
+void CSetupWizard::SkipPorts(int page)
+{
+    const int previous = std::exchange(shown, page);
+    if (page == wizard_page::kPorts && previous == wizard_page::kUserBinds
+        && !monitor_mode::UsesList(setup.monitorMode)) {
+        back();
+    }
+}
+
+bool RunSetupWizard(QWidget *parent)
+{
+    NetworkSetup setup = LoadSetup(theApp->Config());
+    CSetupWizard wizard(setup, SystemAdapters(), parent);
+    if (wizard.exec() != QDialog::Accepted) {
+        return false;
+    }
+    SaveSetup(setup, theApp->Config());
+    return true;
+}

@@ -1,0 +1,171 @@
+#include "ui/wizard/setup_wizard_pages.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/options/bind_page.h"
+#include "ui/options/exclusion_editor.h"
+#include "ui/options/monitor_mode_box.h"
+#include "ui/options/protocol_editor.h"
+#include "ui/options/range_editor.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QLabel *Paragraph(const QString &text)
+{
+    auto *label = new QLabel(text);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+CSetupWizardDlg1::CSetupWizardDlg1()
+{
+    setTitle(u"Setup Wizard - Welcome"_s);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(Paragraph(u"Welcome to Tollbrook setup wizard!"_s));
+    column->addWidget(Paragraph(
+        u"It asks for the local networks, the proxies and gateways in them, the protocols to monitor "
+        "and how users are told apart. Nothing is written before you press Finish."_s));
+    column->addStretch();
+}
+
+CSetupWizardDlg2::CSetupWizardDlg2(NetworkSetup &edited, const QList<Adapter> &adapters)
+    : setup(edited)
+    , ranges(new RangeEditor(
+          setup.ranges, RangeEditor::Entry::Fields, {u"Local ranges"_s, u"Add"_s, u"Delete"_s}))
+{
+    setTitle(u"Setup Wizard - Local IP Addresses"_s);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(ranges);
+    if (setup.ranges.isEmpty()) {
+        column->addWidget(SuggestionBox(adapters));
+    }
+}
+
+QWidget *CSetupWizardDlg2::SuggestionBox(const QList<Adapter> &adapters)
+{
+    auto *box = new QGroupBox(u"Networks of this machine"_s);
+    auto *column = new QVBoxLayout(box);
+    const QList<AddressRange> suggested = SuggestedRanges(adapters);
+    for (const AddressRange &range : suggested) {
+        const QString text =
+            u"Add %1 / %2"_s.arg(DottedText(range.network), DottedText(range.mask));
+        auto *add = MakeButton<QPushButton>(text, "suggestion");
+        column->addWidget(add, 0, Qt::AlignLeft);
+        connect(add, &QPushButton::clicked, this, [this, add, range] {
+            if (const auto problem = CheckRange(setup.ranges, range.network, range.mask)) {
+                Complain(TextOf(*problem));
+                return;
+            }
+            ranges->Add(range);
+            add->setEnabled(false);
+        });
+    }
+    box->setHidden(suggested.isEmpty());
+    return box;
+}
+
+CSetupWizardDlg3::CSetupWizardDlg3(NetworkSetup &setup)
+{
+    setTitle(u"Setup Wizard - Proxy and gateway"_s);
+    auto *uses = MakeButton<QCheckBox>(u"I use proxy server or gateway"_s, "usesProxy");
+    auto *proxies = new ExclusionEditor(
+        setup.proxies,
+        kMaxWizardExclusions,
+        {u"Proxy or gateway addresses"_s, u"Enter IP address"_s, u"Add"_s, u"Delete"_s});
+    uses->setChecked(setup.usesProxy);
+    proxies->setEnabled(setup.usesProxy);
+    connect(uses, &QCheckBox::toggled, this, [&setup, proxies](bool checked) {
+        setup.usesProxy = checked;
+        proxies->setEnabled(checked);
+    });
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(uses);
+    column->addWidget(proxies);
+}
+
+CSetupWizardDlg4::CSetupWizardDlg4(NetworkSetup &edited)
+    : setup(edited)
+    , protocols(new ProtocolList(
+          setup.protocols,
+          ProtocolEntry::Field,
+          {u"Protocol titles"_s, u"Enter protocol title, e.g. FTP"_s, u"Add"_s, u"Delete"_s}))
+{
+    setTitle(u"Setup Wizard - Monitored protocols"_s);
+    auto *modes = new MonitorModeBox(setup.monitorMode);
+    connect(modes, &MonitorModeBox::Changed, this, &CSetupWizardDlg4::Follow);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(modes);
+    column->addWidget(protocols);
+    Follow();
+}
+
+void CSetupWizardDlg4::Follow()
+{
+    protocols->setEnabled(monitor_mode::UsesList(setup.monitorMode));
+}
+
+CSetupWizardDlg5::CSetupWizardDlg5(NetworkSetup &edited)
+    : setup(edited)
+    , protocols(new QListWidget)
+    , ports(new PortList(setup.protocols,
+                         ProtocolEntry::Field,
+                         {u"Ports for"_s, u"Enter TCP/IP port"_s, u"Add"_s, u"Delete"_s}))
+{
+    setTitle(u"Setup Wizard - TCP/IP ports"_s);
+    protocols->setObjectName(u"portProtocols"_s);
+    auto *left = new QVBoxLayout;
+    left->addWidget(LabelFor(u"Protocol titles"_s, *protocols));
+    left->addWidget(protocols);
+    auto *row = new QHBoxLayout(this);
+    row->addLayout(left);
+    row->addWidget(ports);
+    connect(protocols, &QListWidget::currentRowChanged, this, &CSetupWizardDlg5::Follow);
+}
+
+void CSetupWizardDlg5::initializePage()
+{
+    protocols->clear();
+    for (const Protocol &protocol : setup.protocols.Protocols()) {
+        protocols->addItem(protocol.name);
+    }
+    protocols->setCurrentRow(0);
+    Follow();
+}
+
+void CSetupWizardDlg5::Follow()
+{
+    ports->Show(protocols->currentRow());
+}
+
+CSetupWizardDlg6::CSetupWizardDlg6(NetworkSetup &setup)
+{
+    setTitle(u"Setup Wizard - User binds"_s);
+    auto *box = new QGroupBox(u"Identify users with:"_s);
+    auto *inBox = new QVBoxLayout(box);
+    inBox->addWidget(new IdentModeBox(setup.identMode,
+                                      u"NT/2000 username (requires Username Agent installed)"_s));
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(box);
+    column->addStretch();
+}
+
+CSetupWizardDlg7::CSetupWizardDlg7()
+{
+    setTitle(u"Setup Wizard - Finish"_s);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(Paragraph(
+        u"The setup is complete. Press Finish to save it, then you should restart the service so "
+        "that new parameters are enforced."_s));
+    column->addStretch();
+}

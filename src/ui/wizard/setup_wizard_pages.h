@@ -1,0 +1,104 @@
+// The pages of the setup wizard. Each edits a part of the one draft as soon as it is changed.
+#pragma once
+
+#include "admin/setup.h"
+
+#include <QWizardPage>
+
+class ExclusionEditor;
+class PortList;
+class ProtocolList;
+class QCheckBox;
+class QListWidget;
+class QVBoxLayout;
+class RangeEditor;
+
+// The pages' places, counted from 0.
+namespace wizard_page {
+constexpr int kPorts = 4;
+constexpr int kUserBinds = 5;
+} // namespace wizard_page
+
+// "Setup Wizard - Welcome"
+class CSetupWizardDlg1 : public QWizardPage
+{
+    Q_OBJECT
+
+public:
+    CSetupWizardDlg1();
+};
+
+// "Setup Wizard - Local IP Addresses"
+class CSetupWizardDlg2 : public QWizardPage
+{
+    Q_OBJECT
+
+public:
+    // The networks of `adapters` are suggested while there are no ranges; one click adds one.
+    CSetupWizardDlg2(NetworkSetup &setup, const QList<Adapter> &adapters);
+
+private:
+    [[nodiscard]] QWidget *SuggestionBox(const QList<Adapter> &adapters);
+
+    NetworkSetup &setup;
+    RangeEditor *ranges;
+};
+
+// "Setup Wizard - Proxy and gateway"
+class CSetupWizardDlg3 : public QWizardPage
+{
+    Q_OBJECT
+
+public:
+    explicit CSetupWizardDlg3(NetworkSetup &setup);
+};
+
+// "Setup Wizard - Monitored protocols"
+class CSetupWizardDlg4 : public QWizardPage
+{
+    Q_OBJECT
+
+public:
+    explicit CSetupWizardDlg4(NetworkSetup &setup);
+
+private:
+    void Follow();
+
+    NetworkSetup &setup;
+    ProtocolList *protocols;
+};
+
+// "Setup Wizard - TCP/IP ports"
+class CSetupWizardDlg5 : public QWizardPage
+{
+    Q_OBJECT
+
+public:
+    explicit CSetupWizardDlg5(NetworkSetup &setup);
+    void initializePage() override;
+
+private:
+    void Follow();
+
+    NetworkSetup &setup;
+    QListWidget *protocols;
+    PortList *ports;
+};
+
+// "Setup Wizard - User binds"
+class CSetupWizardDlg6 : public QWizardPage
+{
+    Q_OBJECT
+
+public:
+    explicit CSetupWizardDlg6(NetworkSetup &setup);
+};
+
+// "Setup Wizard - Finish"
+class CSetupWizardDlg7 : public QWizardPage
+{
+    Q_OBJECT
+
+public:
+    CSetupWizardDlg7();
+};

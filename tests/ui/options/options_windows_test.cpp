@@ -1,0 +1,610 @@
+#include "admin/protocol_storage.h"
+#include "support/windows/modal.h"
+#include "support/windows/widgets.h"
+#include "support/windows/window_fixture.h"
+#include "ui/common/ip_address_field.h"
+#include "ui/options/adapter_dialog.h"
+#include "ui/options/global_options_sheet.h"
+#include "ui/options/options_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDirIterator>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Answer = std::function<void(QDialog &)>;
+
+QString TextIn(const QObject &root, const char *name)
+{
+    return Find<QLineEdit>(root, name).text();
+}
+
+void TypeAddress(const QObject &root, const char *name, const QString &dotted)
+{
+    auto &field = Find<IpAddressField>(root, name);
+    Paste(*field.findChild<QLineEdit *>(), dotted);
+}
+
+void TurnToPage(const QDialog &sheet, const QString &title)
+{
+    auto &list = Find<QListWidget>(sheet, "pageList");
+    const auto found = list.findItems(title, Qt::MatchExactly);
+    ASSERT_EQ(found.size(), 1) << title.toStdString();
+    QTest::mouseClick(
+        list.viewport(), Qt::LeftButton, {}, list.visualItemRect(found.first()).center());
+}
+
+QString ActivePage(const QDialog &sheet)
+{
+    auto &pages = Find<QTabWidget>(sheet, "pages");
+    return pages.tabText(pages.currentIndex());
+}
+
+// Every file of the store with its bytes.
+QMap<QString, QByteArray> StoreBytes()
+{
+    QMap<QString, QByteArray> files;
+    QDirIterator each(theApp->Config().Folder(), QDir::Files, QDirIterator::Subdirectories);
+    while (each.hasNext()) {
+        QFile file(each.next());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        files.insert(file.fileName(), file.readAll());
+    }
+    return files;
+}
+
+} // namespace
+
+class OptionsWindow : public WindowFixture
+{
+protected:
+    [[nodiscard]] static ConfigStore &Store() { return theApp->Config(); }
+
+    bool Run(const Answer &answer)
+    {
+        const WhileModal watch(answer);
+        return OpenOptions(nullptr, [this] { ++refreshes; });
+    }
+
+    bool RunGlobal(const Answer &answer)
+    {
+        const WhileModal watch(answer);
+        return OpenGlobalOptions(nullptr, [this] { ++refreshes; });
+    }
+
+    // Presses a button of the window and works on the dialog that it opens.
+    static void ClickAnd(const QDialog &window, const char *button, const Answer &answer)
+    {
+        const WhileModal watch(answer);
+        Click(window, button);
+    }
+
+    int refreshes = 0;
+};
+
+TEST_F(OptionsWindow, HasItsPagesInOrderAndOpensOnAnEmptyStore)
+{
+    const auto before = StoreBytes();
+    EXPECT_FALSE(Run([](QDialog &sheet) {
+        EXPECT_EQ(sheet.windowTitle(), u"Options"_s);
+        QStringList titles;
+        auto &list = Find<QListWidget>(sheet, "pageList");
+        for (int row = 0; row < list.count(); ++row) {
+            EXPECT_FALSE(list.item(row)->icon().isNull());
+            titles << list.item(row)->text();
+        }
+        EXPECT_EQ(titles.join(u", "_s),
+                  u"General, Network, Adapter selection, Tariff, Protocols, Bind, Authentication"_s);
+        EXPECT_EQ(TextIn(sheet, "updatePeriod"), u"0"_s);
+        EXPECT_EQ(TextIn(sheet, "authPort"), u"0"_s);
+        EXPECT_EQ(TextIn(sheet, "currentAdapter"), u""_s);
+        EXPECT_EQ(TextIn(sheet, "price"), u"0.00"_s);
+        EXPECT_EQ(TextIn(sheet, "usedCurrency"), u"UN"_s);
+        for (const auto *box : sheet.findChildren<QCheckBox *>()) {
+            EXPECT_FALSE(box->isChecked()) << box->text().toStdString();
+        }
+        Click(sheet, "cancel");
+    }));
+    EXPECT_EQ(StoreBytes(), before);
+    EXPECT_EQ(refreshes, 0);
+}
+
+TEST_F(OptionsWindow, OkWritesWhatWasChosenOnEveryPage)
+{
+    Store().WriteText(values::kDefAuthReq, u"1"_s);
+    EXPECT_TRUE(Run([this](QDialog &sheet) {
+        Type(Find(sheet, "updatePeriod"), u"60"_s);
+        TurnToPage(sheet, u"Network"_s);
+        TypeAddress(sheet, "exclusion", u"10.0.0.1"_s);
+        Click(sheet, "exclusionsAdd");
+        ClickAnd(sheet, "rangesAdd", [](QDialog &range) {
+            EXPECT_EQ(range.windowTitle(), u"Add IP addresses range"_s);
+            TypeAddress(range, "network", u"10.0.0.0"_s);
+            TypeAddress(range, "mask", u"255.0.255.0"_s);
+            Grab(range, u"add-range"_s);
+            Click(range, "ok");
+        });
+        TurnToPage(sheet, u"Bind"_s);
+        Click(sheet, "byMacAddress");
+        Click(sheet, "controlMac");
+        TurnToPage(sheet, u"Authentication"_s);
+        Type(Find(sheet, "authPort"), u"8081"_s);
+        Click(sheet, "allowNotLogged");
+        Click(sheet, "ok");
+        EXPECT_TRUE(prompt.TakeSaid().isEmpty());
+    }));
+    const std::pair<TextValue, const char *> written[] = {
+        {values::kTimer, "60"},
+        {values::kIdentMode, "1"},
+        {values::kControlMac, "1"},
+        {values::kAuthPort, "8081"},
+        {values::kAllowNotLogged, "1"},
+        {values::kAllowNonHost, "0"},
+        {values::kAuthReqNew, "0"},
+        {values::kDefMode, "0"},
+        {values::kDefAccPeriod, "0"},
+        {values::kDefTrafficLimit, "0"},
+        {values::kDefTimeLimit, "0"},
+        {values::kDefBlocked, "0"},
+        {values::kDefAuthReq, "1"},
+        {values::kRangeNum, "1"},
+    };
+    for (const auto &[value, text] : written) {
+        EXPECT_EQ(Store().ReadText(value), QString::fromLatin1(text)) << value.name;
+    }
+    EXPECT_EQ(Store().ReadNumber(values::kNet, 0), 0x0A000000U);
+    EXPECT_EQ(Store().ReadNumber(values::kMask, 0), 0xFF00FF00U);
+    EXPECT_EQ(Store().ReadNumber(values::kExclude, 0), 0x0A000001U);
+    EXPECT_EQ(refreshes, 1);
+}
+
+TEST_F(OptionsWindow, CancelAfterAnyChangeLeavesEveryByte)
+{
+    EXPECT_TRUE(Run([](QDialog &sheet) { Click(sheet, "ok"); }));
+    const auto before = StoreBytes();
+    const QStringList rows = EveryRow();
+    for (const bool byKey : {true, false}) {
+        EXPECT_FALSE(Run([&](QDialog &sheet) {
+            Type(Find(sheet, "updatePeriod"), u"60"_s);
+            TurnToPage(sheet, u"Network"_s);
+            TypeAddress(sheet, "exclusion", u"10.0.0.1"_s);
+            Click(sheet, "exclusionsAdd");
+            TurnToPage(sheet, u"Protocols"_s);
+            Click(sheet, "monitorSpecified");
+            ClickCell(Find<QTreeWidget>(sheet, "protocols"), 0, 0);
+            Click(sheet, "protocolsRemove");
+            TurnToPage(sheet, u"Tariff"_s);
+            ClickAnd(sheet, "setPrice", [](QDialog &dialog) {
+                Type(Find(dialog, "newPrice"), u"1.25"_s);
+                Click(dialog, "ok");
+            });
+            EXPECT_EQ(TextIn(sheet, "price"), u"1.25"_s);
+            if (byKey) {
+                QTest::keyClick(&sheet, Qt::Key_Escape);
+            } else {
+                Click(sheet, "cancel");
+            }
+        }));
+    }
+    EXPECT_EQ(StoreBytes(), before);
+    EXPECT_EQ(EveryRow(), rows);
+}
+
+TEST_F(OptionsWindow, APageThatRefusesStaysAndStaysChosen)
+{
+    EXPECT_FALSE(Run([this](QDialog &sheet) {
+        Find<QLineEdit>(sheet, "updatePeriod").clear();
+        TurnToPage(sheet, u"Network"_s);
+        EXPECT_EQ(ActivePage(sheet), u"General"_s);
+        EXPECT_EQ(Find<QListWidget>(sheet, "pageList").currentItem()->text(), u"General"_s);
+        EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Please enter an integer."_s));
+        Type(Find(sheet, "updatePeriod"), u"12x"_s);
+        EXPECT_EQ(TextIn(sheet, "updatePeriod"), u"12"_s) << "letters cannot be typed";
+
+        TurnToPage(sheet, u"Authentication"_s);
+        Type(Find(sheet, "authPort"), u"65536"_s);
+        Click(sheet, "ok");
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"Please enter an integer between 0 and 65535."_s));
+        Type(Find(sheet, "authPort"), u"65535"_s);
+
+        Click(sheet, "cancel");
+    }));
+}
+
+TEST_F(OptionsWindow, RangesAreRefusedInTheirDialogAndDeletedFromTheList)
+{
+    EXPECT_FALSE(Run([this](QDialog &sheet) {
+        TurnToPage(sheet, u"Network"_s);
+        Click(sheet, "rangesRemove");
+        EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Select an item to delete"_s));
+        const auto add = [&sheet](const QString &network, const QString &mask, bool fits) {
+            ClickAnd(sheet, "rangesAdd", [&](QDialog &range) {
+                TypeAddress(range, "network", network);
+                TypeAddress(range, "mask", mask);
+                Click(range, "ok");
+                EXPECT_EQ(range.isVisible(), !fits);
+                if (!fits) {
+                    Click(range, "cancel");
+                }
+            });
+        };
+        add(u"10.0.0.0"_s, u"255.255.255.253"_s, false);
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"You entered incorrect IP addresses and/or subnet mask"_s));
+        add(u"10.0.0.0"_s, u"255.255.255.0"_s, true);
+        add(u"10.0.0.128"_s, u"255.255.255.128"_s, false);
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"You have already defined this range of IP addresses"_s));
+        add(u"10.0.1.0"_s, u"255.255.255.0"_s, true);
+        auto &list = Find<QTreeWidget>(sheet, "ranges");
+        EXPECT_EQ(RowTexts(list),
+                  (QStringList {u"10.0.0.0|255.255.255.0"_s, u"10.0.1.0|255.255.255.0"_s}));
+        EXPECT_EQ(list.headerItem()->text(0), u"IP Address"_s);
+        EXPECT_EQ(list.headerItem()->text(1), u"Subnet mask"_s);
+        Grab(sheet, u"options-network"_s);
+        ClickCell(list, 0, 0);
+        QTest::keyClick(&list, Qt::Key_Delete);
+        EXPECT_EQ(RowTexts(list), QStringList(u"10.0.1.0|255.255.255.0"_s));
+        Click(sheet, "cancel");
+    }));
+}
+
+TEST_F(OptionsWindow, A51stRangeIsRefusedBeforeItIsEntered)
+{
+    for (int i = 0; i < 50; ++i) {
+        Store().WriteNumber(values::kNet, i, 0x0A000000U + (static_cast<quint32>(i) << 8U));
+        Store().WriteNumber(values::kMask, i, 0xFFFFFF00U);
+    }
+    Store().WriteInteger(values::kRangeNum, 50);
+    EXPECT_FALSE(Run([this](QDialog &sheet) {
+        TurnToPage(sheet, u"Network"_s);
+        Click(sheet, "rangesAdd");
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"You can not define more than 50 ranges of IP addresses"_s));
+        Click(sheet, "cancel");
+    }));
+}
+
+TEST_F(OptionsWindow, TenExclusionsAreAll)
+{
+    EXPECT_TRUE(Run([this](QDialog &sheet) {
+        TurnToPage(sheet, u"Network"_s);
+        EXPECT_FALSE(Find(sheet, "exclusionsRemove").isEnabled());
+        Click(sheet, "exclusionsAdd");
+        EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Enter IP address please"_s));
+        for (int i = 1; i <= 10; ++i) {
+            TypeAddress(sheet, "exclusion", u"10.0.0.%1"_s.arg(i));
+            if (i == 2) { // Enter adds, and does not close the dialog
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            } else {
+                Click(sheet, "exclusionsAdd");
+            }
+            EXPECT_TRUE(Find<IpAddressField>(sheet, "exclusion").IsBlank());
+        }
+        auto &list = Find<QTreeWidget>(sheet, "exclusions");
+        EXPECT_EQ(RowTexts(list).size(), 10);
+        EXPECT_FALSE(Find(sheet, "exclusion").isEnabled());
+        EXPECT_FALSE(Find(sheet, "exclusionsAdd").isEnabled());
+        ClickCell(list, 3, 0);
+        Click(sheet, "exclusionsRemove");
+        EXPECT_EQ(list.selectedItems().at(0)->text(0), u"10.0.0.10"_s) << "the new last line";
+        EXPECT_TRUE(Find(sheet, "exclusionsAdd").isEnabled());
+        TypeAddress(sheet, "exclusion", u"10.0.0.1"_s);
+        Click(sheet, "exclusionsAdd");
+        EXPECT_EQ(prompt.TakeSaid(), QStringList(u"This IP address has been already excluded"_s));
+        Click(sheet, "ok");
+    }));
+    EXPECT_EQ(Store().ReadNumber(values::kExclude, 3), 0x0A000005U);
+    EXPECT_EQ(Store().ReadNumber(values::kExclude, 9), 0U);
+}
+
+TEST_F(OptionsWindow, ProtocolsAndPortsAreEditedAndSaved)
+{
+    EXPECT_TRUE(Run([this](QDialog &sheet) {
+        TurnToPage(sheet, u"Protocols"_s);
+        for (const char *mode : {"monitorAll", "monitorBasic"}) {
+            Click(sheet, mode);
+            EXPECT_FALSE(Find(sheet, "protocolsAdd").isEnabled());
+            EXPECT_FALSE(Find(sheet, "setUpMonitored").isEnabled());
+        }
+        Click(sheet, "monitorSpecified");
+        EXPECT_FALSE(Find(sheet, "portsAdd").isEnabled()) << "no protocol is selected";
+        ClickAnd(sheet, "protocolsAdd", [this](QDialog &dialog) {
+            Type(Find(dialog, "protocol"), u"http"_s);
+            Click(dialog, "ok");
+            EXPECT_EQ(prompt.TakeSaid(), QStringList(u"This protocol is already in the list!"_s));
+            Type(Find(dialog, "protocol"), u"Gopher"_s);
+            Click(dialog, "ok");
+        });
+        EXPECT_EQ(Find<QLabel>(sheet, "portsOwner").text(), u"Gopher"_s);
+        ClickAnd(sheet, "portsAdd", [this](QDialog &dialog) {
+            for (const auto &refused : {u"0"_s, u"65536"_s, u"-1"_s, u"seventy"_s}) {
+                Type(Find(dialog, "port"), refused);
+                Click(dialog, "ok");
+                EXPECT_EQ(prompt.TakeSaid(),
+                          QStringList(u"Enter a port number between 1 and 65535 please"_s))
+                    << refused.toStdString();
+            }
+            Type(Find(dialog, "port"), u"70"_s);
+            Click(dialog, "ok");
+        });
+        ClickAnd(sheet, "portsAdd", [this](QDialog &dialog) {
+            Type(Find(dialog, "port"), u"70"_s);
+            Click(dialog, "ok");
+            EXPECT_EQ(prompt.TakeSaid(), QStringList(u"This port is already in list!"_s));
+            Click(dialog, "cancel");
+        });
+        Grab(sheet, u"options-protocols"_s);
+        Click(sheet, "ok");
+    }));
+    EXPECT_EQ(Store().ReadText(values::kMonitorProtMode), u"2"_s);
+    EXPECT_EQ(RowsOf("SELECT proto_name, port_number FROM protocols, ports WHERE proto_id = id AND "
+                     "proto_name = 'Gopher'"),
+              QStringList(u"Gopher|70"_s));
+}
+
+TEST_F(OptionsWindow, MonitoredProtocolsAskOnlyWhenNothingWouldBeCounted)
+{
+    for (const bool specifiedOnly : {true, false}) {
+        Execute("UPDATE Protocols SET mon = 1");
+        EXPECT_TRUE(Run([this, specifiedOnly](QDialog &sheet) {
+            TurnToPage(sheet, u"Protocols"_s);
+            Click(sheet, specifiedOnly ? "monitorSpecified" : "monitorAllBut");
+            ClickAnd(sheet, "setUpMonitored", [&](QDialog &dialog) {
+                EXPECT_EQ(dialog.windowTitle(), u"Monitored protocols"_s);
+                auto &list = Find<QListWidget>(dialog, "monitored");
+                for (int row = 0; row < list.count(); ++row) {
+                    list.setCurrentRow(row);
+                    QTest::keyClick(&list, Qt::Key_Space);
+                }
+                if (specifiedOnly) {
+                    Click(dialog, "ok");
+                    EXPECT_TRUE(dialog.isVisible()) << "No keeps it open";
+                    EXPECT_EQ(prompt.TakeSaid().size(), 1);
+                    prompt.AnswerWith({true});
+                }
+                Click(dialog, "ok");
+                EXPECT_EQ(prompt.TakeSaid().size(), specifiedOnly ? 1 : 0);
+            });
+            Click(sheet, "ok");
+        }));
+        EXPECT_TRUE(RowsOf("SELECT id FROM protocols WHERE mon = 1").isEmpty());
+    }
+}
+
+TEST_F(OptionsWindow, ACurrencyIsAddedUsedChangedAndDeleted)
+{
+    EXPECT_TRUE(Run([this](QDialog &sheet) {
+        TurnToPage(sheet, u"Tariff"_s);
+        auto &list = Find<QTreeWidget>(sheet, "currencies");
+        Click(sheet, "currencyConfigure");
+        Click(sheet, "currencySet");
+        EXPECT_EQ(prompt.TakeSaid(),
+                  (QStringList {u"Select currency to edit"_s, u"Select currency to set"_s}));
+        ClickAnd(sheet, "currencyAdd", [this](QDialog &dialog) {
+            EXPECT_EQ(dialog.windowTitle(), u"Add currency"_s);
+            EXPECT_EQ(Find<QLineEdit>(dialog, "rate").text().toDouble(), 1.0);
+            Click(dialog, "ok");
+            EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Enter the currency symbol please"_s));
+            Type(Find(dialog, "symbol"), u"usd"_s);
+            Type(Find(dialog, "title"), u"Dollar"_s);
+            Type(Find(dialog, "rate"), u"0.034"_s);
+            Click(dialog, "ok");
+        });
+        EXPECT_EQ(RowTexts(list), (QStringList {u"units|UN|1"_s, u"Dollar|USD|0.03"_s}));
+        EXPECT_FALSE(Find(sheet, "currencyAdd").isEnabled()) << "there is one already";
+        ClickCell(list, 0, 0);
+        EXPECT_FALSE(Find(sheet, "currencyAdd").isEnabled());
+        Click(sheet, "currencyRemove");
+        Click(sheet, "currencyConfigure");
+        EXPECT_EQ(prompt.TakeSaid(),
+                  (QStringList {u"You can not delete base currency"_s,
+                                u"You can not edit base currency"_s}));
+        ClickCell(list, 1, 0);
+        Click(sheet, "currencySet");
+        EXPECT_EQ(TextIn(sheet, "usedCurrency"), u"USD"_s);
+        Grab(sheet, u"options-tariff"_s);
+        list.clearSelection();
+        for (const char *name :
+             {"currencyAdd", "currencyRemove", "currencyConfigure", "currencySet"}) {
+            EXPECT_FALSE(Find(sheet, name).isEnabled()) << name;
+        }
+        Click(sheet, "ok");
+    }));
+    EXPECT_EQ(Store().ReadText(values::kCurUse), u"2"_s);
+    EXPECT_EQ(Store().ReadText(values::kCurrencyRate), u"0.034"_s);
+    EXPECT_TRUE(Run([](QDialog &sheet) {
+        TurnToPage(sheet, u"Tariff"_s);
+        ClickCell(Find<QTreeWidget>(sheet, "currencies"), 1, 0);
+        Click(sheet, "currencyRemove");
+        EXPECT_EQ(TextIn(sheet, "usedCurrency"), u"UN"_s);
+        EXPECT_TRUE(Find(sheet, "currencyAdd").isEnabled());
+        Click(sheet, "ok");
+    }));
+    EXPECT_EQ(Store().ReadText(values::kCurUse), u"0"_s);
+}
+
+TEST_F(OptionsWindow, AnAdapterTooLongToShowIsAnError)
+{
+    Store().WriteText(values::kNic, QString(1024, u'x'));
+    EXPECT_FALSE(Run([](QDialog &sheet) {
+        EXPECT_EQ(TextIn(sheet, "currentAdapter"), u"Error!"_s);
+        Click(sheet, "cancel");
+    }));
+}
+
+TEST_F(OptionsWindow, EveryControlIsReachedByTheKeyboardAndNamed)
+{
+    EXPECT_FALSE(Run([](QDialog &sheet) {
+        auto &list = Find<QListWidget>(sheet, "pageList");
+        list.setFocus();
+        for (int page = 0; page < list.count(); ++page) {
+            EXPECT_EQ(ActivePage(sheet), list.currentItem()->text());
+            QSet<QWidget *> reached;
+            do {
+                reached.insert(QApplication::focusWidget());
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            } while (!reached.contains(QApplication::focusWidget()) && reached.size() < 100);
+            auto *shown = Find<QTabWidget>(sheet, "pages").currentWidget();
+            for (auto *control : shown->findChildren<QWidget *>()) {
+                const bool usable = control->isVisible() && control->isEnabled()
+                    && (control->focusPolicy() & Qt::TabFocus) != 0;
+                auto *radio = qobject_cast<QRadioButton *>(control);
+                if (usable && !radio) { // of a group of radio buttons Tab reaches one
+                    EXPECT_TRUE(reached.contains(control)) << ActivePage(sheet).toStdString() << ' '
+                                                           << control->objectName().toStdString();
+                    const auto *button = qobject_cast<QAbstractButton *>(control);
+                    EXPECT_FALSE(control->accessibleName().isEmpty()
+                                 && control->accessibleDescription().isEmpty()
+                                 && (!button || button->text().isEmpty()))
+                        << control->objectName().toStdString();
+                }
+            }
+            list.setFocus();
+            QTest::keyClick(&list, Qt::Key_Down);
+        }
+        QTest::keyClick(&sheet, Qt::Key_Escape);
+    }));
+}
+
+class GlobalOptionsWindow : public OptionsWindow
+{ };
+
+TEST_F(GlobalOptionsWindow, HasItsFivePagesAndLabels)
+{
+    EXPECT_FALSE(RunGlobal([](QDialog &sheet) {
+        EXPECT_EQ(sheet.windowTitle(), u"Options"_s);
+        QStringList titles;
+        QStringList classes;
+        auto &pages = Find<QTabWidget>(sheet, "pages");
+        for (int page = 0; page < pages.count(); ++page) {
+            titles << pages.tabText(page);
+            classes << QString::fromLatin1(pages.widget(page)->metaObject()->className());
+        }
+        EXPECT_EQ(titles, u"Rate Bind Miscellaneous Network Protocols"_s.split(u' '));
+        EXPECT_EQ(classes,
+                  u"CAdministratorGenOpt1st CAdministratorGenOptBind CAdministratorGenOptMisc "
+                  "CAdministratorGenOptNetwork CAdministratorGenOptProtocols"_s.split(u' '));
+        const std::pair<const char *, const char16_t *> labels[] = {
+            {"setPrice", u"Set new rate"},
+            {"currencyAdd", u"Add"},
+            {"currencyRemove", u"Delete"},
+            {"currencyConfigure", u"Configure"},
+            {"currencySet", u"Set"},
+            {"controlMac", u"Enable IP-MAC addresses correspondence control"},
+            {"rangesRemove", u"Delete range"},
+            {"exclusionsAdd", u"Add address"},
+            {"exclusionsRemove", u"Delete address"},
+        };
+        for (const auto &[name, text] : labels) {
+            EXPECT_EQ(Find<QAbstractButton>(sheet, name).text(), QStringView(text)) << name;
+        }
+        Click(sheet, "cancel");
+    }));
+}
+
+TEST_F(GlobalOptionsWindow, MiscellaneousRefusesAPeriodAndPasswordsThatDiffer)
+{
+    EXPECT_TRUE(RunGlobal([this](QDialog &sheet) {
+        auto &pages = Find<QTabWidget>(sheet, "pages");
+        TurnTo(pages, u"Miscellaneous"_s);
+        for (const auto &period : {u"0"_s, u"1001"_s}) {
+            Type(Find(sheet, "updatePeriod"), period);
+            TurnTo(pages, u"Network"_s);
+            EXPECT_EQ(prompt.TakeSaid(),
+                      QStringList(u"Please enter an integer between 1 and 1000."_s));
+        }
+        Type(Find(sheet, "updatePeriod"), u"1000"_s);
+        Type(Find(sheet, "password"), u"secret"_s);
+        Type(Find(sheet, "retyped"), u"Secret"_s);
+        for (const bool byOk : {true, false}) {
+            if (byOk) {
+                Click(sheet, "ok");
+            } else {
+                TurnTo(pages, u"Rate"_s);
+            }
+            EXPECT_EQ(prompt.TakeSaid(),
+                      QStringList(u"You entered different passwords. Please re-enter"_s));
+            EXPECT_EQ(pages.tabText(pages.currentIndex()), u"Miscellaneous"_s);
+        }
+        EXPECT_EQ(Find<QLineEdit>(sheet, "password").echoMode(), QLineEdit::Password);
+        Type(Find(sheet, "retyped"), u"secret"_s);
+        Click(sheet, "domainLogon");
+        Click(sheet, "ok");
+    }));
+    EXPECT_EQ(Store().ReadText(values::kTimer), u"1000"_s);
+    EXPECT_EQ(Store().ReadText(values::kClientPwd), u"secret"_s);
+    EXPECT_EQ(Store().ReadText(values::kUserviewEnabled), u"1"_s);
+    EXPECT_EQ(refreshes, 1);
+}
+
+class AdapterWindow : public WindowFixture
+{
+protected:
+    void SetUp() override
+    {
+        WindowFixture::SetUp();
+        theApp->Config().WriteText(values::kBoundNic, u"Ethernet adapter eth0"_s);
+        theApp->Config().WriteText(values::kCaptureExport, u"\\Device\\Packet_eth0"_s);
+    }
+
+    // Picks the entry as the keyboard does.
+    static void Pick(QComboBox &box, int row)
+    {
+        box.setFocus();
+        for (int from = box.currentIndex(); from < row; ++from) {
+            QTest::keyClick(&box, Qt::Key_Down);
+        }
+    }
+
+    QList<Adapter> adapters {{u"lo"_s, u"Network adapter lo"_s, true, 0x7F000001U, 8},
+                             {u"eth0"_s, u"Ethernet adapter eth0"_s, false, 0xC0A80107U, 24},
+                             {u"eth1"_s, u"Ethernet adapter eth1"_s, false, {}, 0}};
+};
+
+TEST_F(AdapterWindow, BindsAnotherOnYesOnly)
+{
+    AdapterDialog dialog(adapters, true, nullptr);
+    dialog.show();
+    EXPECT_EQ(dialog.windowTitle(), u"Select network card Tollbrook will work with"_s);
+    EXPECT_EQ(TextIn(dialog, "currentAdapter"), u"Ethernet adapter eth0"_s);
+    EXPECT_EQ(TextIn(dialog, "boundAddress"), u"192.168.1.7"_s);
+    auto &box = Find<QComboBox>(dialog, "newAdapter");
+    EXPECT_EQ(box.count(), 2) << "the loopback is hidden";
+    Pick(box, 1);
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"You are about to bind Tollbrook service to another network card. "
+                          "Continue?"_s));
+    EXPECT_EQ(theApp->Config().ReadText(values::kBoundNic), u"Ethernet adapter eth0"_s);
+    EXPECT_EQ(box.currentIndex(), 0) << "No leaves everything as it was";
+    prompt.AnswerWith({true});
+    Pick(box, 1);
+    EXPECT_EQ(theApp->Config().ReadText(values::kBoundNic), u"Ethernet adapter eth1"_s);
+    EXPECT_EQ(theApp->Config().ReadText(values::kNic), std::nullopt);
+    EXPECT_EQ(TextIn(dialog, "boundAddress"), u""_s);
+}
+
+TEST_F(AdapterWindow, WithoutACaptureDriverOrAStoppedServiceItOnlyShows)
+{
+    const AdapterDialog fixed(adapters, false, nullptr);
+    EXPECT_FALSE(Find(fixed, "newAdapter").isEnabled());
+    theApp->Config().CreateKey(ConfigKeyId::CaptureDriver);
+    QFile::remove(theApp->Config().FileOf(ConfigKeyId::CaptureDriver));
+    const AdapterDialog unbound(adapters, true, nullptr);
+    EXPECT_EQ(TextIn(unbound, "currentAdapter"), u""_s);
+    EXPECT_EQ(Find<QComboBox>(unbound, "newAdapter").count(), 2);
+
+    OpenAdapterBinding(nullptr);
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"This command may be executed only on a server machine"_s));
+}
