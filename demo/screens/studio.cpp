@@ -1,12 +1,16 @@
-#include "screens/studio.h"
+#include "demo/screens/studio.h"
+
+#include "ui/main/splitter_frame.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QMenu>
 #include <QPainter>
+#include <QTabWidget>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -43,6 +47,12 @@ QPixmap PictureOf(QWidget &window)
     return WithTitleBar(window.grab(), window.windowTitle(), window.palette());
 }
 
+// "Time of week" is time-of-week.
+QString FileNameOf(const QString &label)
+{
+    return label.simplified().toLower().remove(u'&').replace(u' ', u'-').remove(u'.');
+}
+
 QWidget *OpenDialog()
 {
     return qobject_cast<QDialog *>(QApplication::activeModalWidget());
@@ -55,14 +65,18 @@ QWidget *OpenMenu()
 
 } // namespace
 
-Studio::Studio(QWidget &newFrame, const QDir &newFolder, QStringList newNames)
-    : frame(newFrame), folder(newFolder), names(std::move(newNames))
-{
-}
+Studio::Studio(CSplitterFrame &newFrame, const QDir &newFolder, QStringList newNames)
+    : frame(newFrame)
+    , folder(newFolder)
+    , names(std::move(newNames))
+{ }
 
 bool Studio::Wants(const QString &name) const
 {
-    return names.isEmpty() || names.contains(name);
+    const QString family = name + u'-';
+    const auto isOfFamily = [&](const QString &asked) { return asked.startsWith(family); };
+    return names.isEmpty() || names.contains(name)
+        || std::any_of(names.begin(), names.end(), isOfFamily);
 }
 
 void Studio::Fail(const QString &what)
@@ -73,6 +87,9 @@ void Studio::Fail(const QString &what)
 
 void Studio::Save(const QString &name, const QPixmap &picture)
 {
+    if (!names.isEmpty() && !names.contains(name)) {
+        return;
+    }
     const QString path = folder.filePath(name + u".png"_s);
     if (!picture.save(path)) {
         Fail(path + u" cannot be written"_s);
@@ -81,8 +98,15 @@ void Studio::Save(const QString &name, const QPixmap &picture)
 
 void Studio::Draw(const QString &name, QWidget &window)
 {
-    if (Wants(name)) {
-        Save(name, PictureOf(window));
+    Save(name, PictureOf(window));
+}
+
+void Studio::DrawPages(const QString &name, QWidget &window)
+{
+    auto *tabs = window.findChild<QTabWidget *>();
+    for (int page = 0; tabs != nullptr && page < tabs->count(); ++page) {
+        tabs->setCurrentIndex(page);
+        Draw(name + u'-' + FileNameOf(tabs->tabText(page)), window);
     }
 }
 

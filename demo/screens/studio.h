@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class CSplitterFrame;
 class QDialog;
 class QPixmap;
 class QWidget;
@@ -15,12 +16,15 @@ class Studio
 {
 public:
     // Draws into `folder`; only the windows of these names, unless there are none.
-    Studio(QWidget &frame, const QDir &folder, QStringList names);
+    Studio(CSplitterFrame &frame, const QDir &folder, QStringList names);
 
-    [[nodiscard]] QWidget &Frame() const { return frame; }
+    [[nodiscard]] CSplitterFrame &Frame() const { return frame; }
 
     // The window as it stands.
     void Draw(const QString &name, QWidget &window);
+
+    // The window once for each page of its tabs, as `name`-page.
+    void DrawPages(const QString &name, QWidget &window);
 
     // The modal dialog that `open` brings up, after `prepare` has worked on it. It is then rejected.
     void DrawDialog(const QString &name,
@@ -30,11 +34,13 @@ public:
     // The frame with the pop-up menu that `open` brings up; the menu is then closed.
     void DrawMenu(const QString &name, const std::function<void()> &open);
 
+    // Whether a window of this name, or one that begins with it and a dash, is asked for.
+    [[nodiscard]] bool Wants(const QString &name) const;
+
     // How many windows did not open in time or could not be saved.
     [[nodiscard]] int Failures() const { return failures; }
 
 private:
-    [[nodiscard]] bool Wants(const QString &name) const;
     void Save(const QString &name, const QPixmap &picture);
     void Fail(const QString &what);
     void WhenOpen(const QString &name,
@@ -42,8 +48,14 @@ private:
                   const std::function<void(QWidget &)> &act,
                   const std::function<void()> &open);
 
-    QWidget &frame;
+    CSplitterFrame &frame;
     QDir folder;
     QStringList names;
     int failures = 0;
 };
+
+// The areas of the console, each in a file of its own.
+void DrawMainWindow(Studio &studio);
+void DrawAccounts(Studio &studio);
+void DrawAdministration(Studio &studio);
+void DrawService(Studio &studio); // last: it stops the service and starts it again

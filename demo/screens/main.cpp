@@ -1,0 +1,92 @@
+// tollbrook-screens: draws the console's windows into PNG files, for the documentation and for a
+// machine without a display.
+#include "app/administrator_app.h"
+#include "demo/screens/studio.h"
+#include "ui/common/message_box_prompt.h"
+#include "ui/main/splitter_frame.h"
+
+#include <QCommandLineParser>
+#include <QLoggingCategory>
+#include <QStyleFactory>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kFrameSize(1100, 700);
+
+// The scale has to be known before the toolkit starts.
+void TakeScale(int argc, char **argv)
+{
+    for (int i = 1; i + 1 < argc; ++i) {
+        if (qstrcmp(argv[i], "--scale") == 0) {
+            qputenv("QT_SCALE_FACTOR", argv[i + 1]);
+        }
+    }
+}
+
+QPalette DarkPalette()
+{
+    QPalette palette(QColor(0x35, 0x35, 0x35), QColor(0x2d, 0x2d, 0x2d));
+    palette.setColor(QPalette::Base, QColor(0x23, 0x23, 0x23));
+    palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2b, 0x2b));
+    palette.setColor(QPalette::Highlight, QColor(0x2a, 0x82, 0xda));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(0x6a, 0xb0, 0xf3));
+    return palette;
+}
+
+void ReadCommandLine(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(u"Draws the console's windows into PNG files."_s);
+    parser.addHelpOption();
+    parser.addOptions({
+        {u"config"_s, u"The configuration folder."_s, u"DIR"_s},
+        {u"out"_s, u"The folder that the files go to."_s, u"DIR"_s, u"."_s},
+        {u"dark"_s, u"In a dark palette."_s},
+        {u"scale"_s, u"Pixels of the picture for each pixel of a window."_s, u"factor"_s, u"1"_s},
+        {u"only"_s, u"Draws this window only; may be repeated."_s, u"name"_s},
+    });
+    parser.process(*QCoreApplication::instance());
+}
+
+int DrawAll(CSplitterFrame &frame, const QCommandLineParser &parser)
+{
+    Studio studio(frame, QDir(parser.value(u"out"_s)), parser.values(u"only"_s));
+    for (const auto draw : {DrawMainWindow, DrawAccounts, DrawAdministration, DrawService}) {
+        draw(studio);
+    }
+    return studio.Failures();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    TakeScale(argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QLoggingCategory::setFilterRules(u"default.warning=false"_s); // what offscreen windows lack
+    CAdministratorApp app(argc, argv);
+    QCommandLineParser parser;
+    ReadCommandLine(parser);
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setFont(QFont(u"DejaVu Sans"_s, 10));
+    if (parser.isSet(u"dark"_s)) {
+        QApplication::setPalette(DarkPalette());
+    }
+
+    MessageBoxPrompt prompt;
+    std::unique_ptr<CSplitterFrame> frame;
+    app.SetUp({parser.value(u"config"_s), QDBusConnection::sessionBus()}, prompt, [&] {
+        frame = std::make_unique<CSplitterFrame>(app, StandardDialogs(app));
+        frame->resize(kFrameSize);
+        frame->show();
+        frame->FirstStart();
+        return true;
+    });
+    return app.InitInstance() && DrawAll(*frame, parser) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}

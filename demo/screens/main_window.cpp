@@ -1,0 +1,62 @@
+#include "demo/screens/studio.h"
+#include "ui/main/splitter_frame.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QTreeView &ListIn(Studio &studio, const QString &name)
+{
+    return *studio.Frame().findChild<QTreeView *>(name);
+}
+
+void Select(QTreeView &list, int from, int to)
+{
+    list.setFocus();
+    list.selectionModel()->select({list.model()->index(from, 0), list.model()->index(to, 0)},
+                                  QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    list.setCurrentIndex(list.model()->index(from, 0));
+    list.selectionModel()->select({list.model()->index(from, 0), list.model()->index(to, 0)},
+                                  QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+// The pop-up menu, by the right mouse button in the first selected row.
+void RightClick(QTreeView &list)
+{
+    const QPoint place = list.visualRect(list.currentIndex()).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, list.viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(list.viewport(), &event);
+}
+
+void Trigger(Studio &studio, const QString &action)
+{
+    studio.Frame().findChild<QAction *>(action)->trigger();
+}
+
+} // namespace
+
+void DrawMainWindow(Studio &studio)
+{
+    QTreeView &users = ListIn(studio, u"usersList"_s);
+    QTreeView &groups = ListIn(studio, u"groupsList"_s);
+    studio.Draw(u"main-window"_s, studio.Frame());
+
+    Select(users, 3, 3);
+    studio.DrawMenu(u"user-menu"_s, [&] { RightClick(users); });
+    studio.DrawDialog(u"change-group"_s, [&] { Trigger(studio, u"changeGroup"_s); });
+    Select(users, 3, 6);
+    studio.DrawMenu(u"users-menu"_s, [&] { RightClick(users); });
+    Select(groups, 1, 1);
+    studio.DrawMenu(u"group-menu"_s, [&] { RightClick(groups); });
+    users.clearSelection();
+    groups.clearSelection();
+
+    studio.DrawDialog(u"refresh-period"_s, [&] { studio.Frame().ChooseCustomPeriod(); });
+    studio.DrawDialog(u"about"_s, [&] { Trigger(studio, u"about"_s); });
+}
