@@ -36,3 +36,8 @@ AccessChoice ChoiceFor(quint32 storedMode)
         return {};
     }
 }
+
+bool IsLimitMode(quint32 storedMode)
+{
+    return ChoiceFor(storedMode).type == AccessType::Corporate;
+}

@@ -21,3 +21,6 @@ struct AccessChoice
 
 // The choice that a stored mode shows as; a code of no meaning shows as "No control".
 [[nodiscard]] AccessChoice ChoiceFor(quint32 storedMode);
+
+// True for the modes that limit traffic or time, or both, within an accounting period.
+[[nodiscard]] bool IsLimitMode(quint32 storedMode);

@@ -1,17 +1,17 @@
 #include "access/list_commands.h"
 
+#include "access/owner.h"
 #include "db/session.h"
+#include "db/value_codes.h"
 
 bool UserHasAccount(quint32 userId)
 {
-    RunQuery("SELECT mode FROM users WHERE user_id = (?)", FetchMode::All, userId);
-    return queryResult.Integer(1) != 0;
+    return ModeOf(UserOwner(userId)).value_or(mode::kNoControl) != mode::kNoControl;
 }
 
 bool GroupHasAccount(quint32 groupId)
 {
-    RunQuery("SELECT mode FROM groups WHERE group_id = (?)", FetchMode::All, groupId);
-    return queryResult.Integer(1) != 0;
+    return ModeOf(GroupOwner(groupId)).value_or(mode::kNoControl) != mode::kNoControl;
 }
 
 void MoveUserToGroup(quint32 userId, quint32 groupId)

@@ -5,9 +5,8 @@
 
 ModeAndLimits ReadModeAndLimits(quint32 userId)
 {
-    RunQuery("SELECT mode FROM users WHERE user_id = (?)", FetchMode::All, userId);
-    const quint32 mode = queryResult.Integer(1);
-    const Limits limits = ReadLimits({Owner::Kind::User, userId});
+    const quint32 mode = ModeOf(UserOwner(userId)).value_or(0);
+    const Limits limits = ReadLimits(UserOwner(userId));
     return {.mode = mode, .traffic = limits.traffic, .time = limits.time, .period = limits.period};
 }
 
@@ -15,13 +14,11 @@ QStringList NamesOfUsers(std::vector<quint32> &userIds)
 {
     QStringList names;
     std::erase_if(userIds, [&names](quint32 userId) {
-        const bool gone =
-            RunQuery("SELECT username FROM users WHERE user_id = (?)", FetchMode::One, userId)
-            == kQueryNoData;
-        if (!gone) {
-            names << queryResult.Text(1);
+        const auto name = NameOf(UserOwner(userId));
+        if (name) {
+            names << *name;
         }
-        return gone;
+        return !name;
     });
     return names;
 }

@@ -1,5 +1,6 @@
 #include "access/member_table.h"
 
+#include "access/owner.h"
 #include "db/session.h"
 
 #include <algorithm>
@@ -31,9 +32,7 @@ std::vector<Member> MemberTable::Candidates() const
         }
     }
     for (size_t i = removed.size(); i < candidates.size(); ++i) {
-        RunQuery(
-            "SELECT username FROM users WHERE user_id = (?)", FetchMode::All, candidates[i].userId);
-        candidates[i].name = queryResult.Text(1);
+        candidates[i].name = NameOf(UserOwner(candidates[i].userId)).value_or(QString());
     }
     return candidates;
 }

@@ -1,5 +1,6 @@
 #include "access/user_list.h"
 
+#include "access/owner.h"
 #include "db/session.h"
 #include "db/value_codes.h"
 
@@ -54,8 +55,7 @@ void FillGroupNames(UserList &list, const QList<quint32> &groupIds)
         const quint32 groupId = groupIds[row];
         auto name = names.constFind(groupId);
         if (name == names.constEnd()) {
-            RunQuery("SELECT name FROM groups WHERE group_id = (?)", FetchMode::All, groupId);
-            name = names.insert(groupId, queryResult.Text(1));
+            name = names.insert(groupId, NameOf(GroupOwner(groupId)).value_or(QString()));
         }
         list.rows[row].groupName = *name;
     }

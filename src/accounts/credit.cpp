@@ -1,5 +1,6 @@
 #include "accounts/credit.h"
 
+#include "access/access_mode.h"
 #include "access/blocking.h"
 #include "access/usage_records.h"
 #include "db/session.h"
@@ -54,7 +55,7 @@ constexpr CreditStatements kGroupStatements {
 };
 
 // The traffic record that the owner's current accounting period counts into.
-quint32 CurrentTrafficRecord(const AccountOwner &owner)
+quint32 CurrentTrafficRecord(const Owner &owner)
 {
     if (!owner.IsUser()) {
         return FindGroupTrafficRecord(owner.id);
@@ -69,9 +70,7 @@ quint32 CurrentTimeRecord(quint32 userId)
     return FindUserTimeRecord(userId, queryResult.Integer(1));
 }
 
-void WriteLimitCredit(const AccountOwner &owner,
-                      const StagedCredit &credit,
-                      const CreditStatements &texts)
+void WriteLimitCredit(const Owner &owner, const StagedCredit &credit, const CreditStatements &texts)
 {
     if (credit.kind == CreditKind::Time) {
         const quint32 record = CurrentTimeRecord(owner.id);
@@ -95,7 +94,7 @@ void WriteWithExpiry(const ExpiryPair &texts, const StagedCredit &credit, const 
     }
 }
 
-void WritePrepaidCredit(const AccountOwner &owner,
+void WritePrepaidCredit(const Owner &owner,
                         const StagedCredit &credit,
                         double rate,
                         const CreditStatements &texts)
@@ -108,7 +107,7 @@ void WritePrepaidCredit(const AccountOwner &owner,
     WriteWithExpiry(pair, credit, owner.id, credit.amount, rate);
 }
 
-void Unblock(const AccountOwner &owner, const ServiceLink *link)
+void Unblock(const Owner &owner, const ServiceLink *link)
 {
     if (owner.IsUser()) {
         UnblockUser(link, owner.id);
@@ -119,7 +118,7 @@ void Unblock(const AccountOwner &owner, const ServiceLink *link)
 
 } // namespace
 
-void WriteCredit(const AccountOwner &owner,
+void WriteCredit(const Owner &owner,
                  quint32 ownerMode,
                  const StagedCredit &credit,
                  double rate,
@@ -143,7 +142,7 @@ void CloseCredit(quint32 billId)
     Execute("UPDATE billing SET closed = 1 WHERE bill_id = (?)", billId);
 }
 
-bool ApplyStagedAccount(const AccountOwner &owner,
+bool ApplyStagedAccount(const Owner &owner,
                         quint32 ownerMode,
                         const StagedAccount &staged,
                         double rate,

@@ -1,5 +1,6 @@
 #include "accounts/credit_list.h"
 
+#include "access/access_mode.h"
 #include "access/usage_records.h"
 #include "accounts/amount_text.h"
 #include "accounts/credit_entry.h"
@@ -101,7 +102,7 @@ void AddLimitRows(CreditList &list, RowCursor &cursor, const QString &unit)
     }
 }
 
-void AddTrafficLimits(CreditList &list, const AccountOwner &owner, const QString &unit)
+void AddTrafficLimits(CreditList &list, const Owner &owner, const QString &unit)
 {
     if (owner.IsUser()) {
         RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
@@ -118,7 +119,7 @@ void AddTrafficLimits(CreditList &list, const AccountOwner &owner, const QString
     AddLimitRows(list, cursor, unit);
 }
 
-void AddTimeLimits(CreditList &list, const AccountOwner &owner, const QString &unit)
+void AddTimeLimits(CreditList &list, const Owner &owner, const QString &unit)
 {
     RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
                      "WHERE object_id = (?) and mode = 4  ORDER BY date DESC",
@@ -126,7 +127,7 @@ void AddTimeLimits(CreditList &list, const AccountOwner &owner, const QString &u
     AddLimitRows(list, cursor, unit);
 }
 
-void AddPrepaid(CreditList &list, const AccountOwner &owner, const ShownMoney &shown)
+void AddPrepaid(CreditList &list, const Owner &owner, const ShownMoney &shown)
 {
     RowCursor cursor(owner.IsUser()
                          ? "SELECT date, data, closed, usage, bill_id, unlimited, expiredday, "
@@ -192,7 +193,7 @@ QString StatusText(CreditStatus status)
     return {};
 }
 
-CreditList ReadCredits(const AccountOwner &owner, quint32 ownerMode, const ConfigStore &config)
+CreditList ReadCredits(const Owner &owner, quint32 ownerMode, const ConfigStore &config)
 {
     CreditList list;
     if (ownerMode == mode::kTraffic || ownerMode == mode::kTrafficAndTime) {

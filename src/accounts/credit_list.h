@@ -1,8 +1,8 @@
 // The credits of an account as the account page lists them, and their running balance.
 #pragma once
 
+#include "access/owner.h"
 #include "access/staged_account.h"
-#include "accounts/account_owner.h"
 #include "config/config_store.h"
 
 #include <QStringList>
@@ -42,7 +42,7 @@ struct CreditList
 // Reads the stored credits of an owner in the mode given. A group in a limit mode shows only those
 // of its current traffic record.
 [[nodiscard]] CreditList
-ReadCredits(const AccountOwner &owner, quint32 ownerMode, const ConfigStore &config);
+ReadCredits(const Owner &owner, quint32 ownerMode, const ConfigStore &config);
 
 // The row of a credit that has just been staged: today's date, "New".
 [[nodiscard]] ListedCredit

@@ -1,5 +1,6 @@
 #include "accounts/history.h"
 
+#include "access/access_mode.h"
 #include "accounts/amount_text.h"
 #include "accounts/credit_entry.h"
 #include "accounts/credit_list.h"

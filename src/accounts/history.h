@@ -1,8 +1,8 @@
 // The history of an account: which credits the filter selects, and how they are listed.
 #pragma once
 
+#include "access/owner.h"
 #include "access/staged_account.h"
-#include "accounts/account_owner.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -20,7 +20,7 @@ enum class HistoryPeriod { AllRecords = 0, Today = 1, LastWeek = 2, LastMonth = 
 
 struct HistoryFilter
 {
-    AccountOwner owner;
+    Owner owner;
     quint32 ownerMode = 0; // db/value_codes.h
     bool openOnly = false;
     HistoryPeriod period = HistoryPeriod::AllRecords;

@@ -63,10 +63,10 @@ QString CreditSentence(const QString &what, double fromCredits, const QString &u
 {
     if (!(fromCredits > 0.0)) {
         return u"Nothing of the "_s % what
-            % u" of this accounting period was taken from credits."_s;
+            % u" in this accounting period was taken from credits."_s;
     }
     return AmountText(fromCredits) % u' ' % unit % u" of the "_s % what
-        % u" of this accounting period were taken from credits."_s;
+        % u" in this accounting period were taken from credits."_s;
 }
 
 } // namespace
@@ -104,7 +104,7 @@ UsageStatistics ReadGroupStatistics(quint32 groupId)
             statistics, "SELECT data, senddata FROM traffic_use WHERE user_id = (?)", member);
     }
     auto &period = statistics.period;
-    period.limitsTraffic = ModeOf(GroupAccount(groupId)) == mode::kTraffic;
+    period.limitsTraffic = ModeOf(GroupOwner(groupId)) == mode::kTraffic;
     const quint32 record = period.limitsTraffic ? FindGroupTrafficRecord(groupId) : 0;
     if (record != 0) {
         RunQuery("SELECT data FROM traffic_use WHERE traf_id = (?)", FetchMode::One, record);
@@ -114,12 +114,12 @@ UsageStatistics ReadGroupStatistics(quint32 groupId)
     return statistics;
 }
 
-UsageStatistics ReadStatistics(const AccountOwner &owner)
+UsageStatistics ReadStatistics(const Owner &owner)
 {
     return owner.IsUser() ? ReadUserStatistics(owner.id) : ReadGroupStatistics(owner.id);
 }
 
-QString StatisticsTip(const AccountOwner &owner, const PeriodUsage &period)
+QString StatisticsTip(const Owner &owner, const PeriodUsage &period)
 {
     QStringList sentences;
     if (period.limitsTraffic) {
@@ -135,7 +135,7 @@ QString StatisticsTip(const AccountOwner &owner, const PeriodUsage &period)
     return sentences.join(u' ');
 }
 
-std::vector<DailyTraffic> ReadDailyTraffic(const AccountOwner &owner)
+std::vector<DailyTraffic> ReadDailyTraffic(const Owner &owner)
 {
     const QDate first = Today().addDays(1 - kChartDays);
     std::vector<DailyTraffic> days(kChartDays);

@@ -1,7 +1,7 @@
 // What a user or a group has used: in the current accounting period, overall, and day by day.
 #pragma once
 
-#include "accounts/account_owner.h"
+#include "access/owner.h"
 
 #include <QDate>
 
@@ -32,10 +32,10 @@ struct UsageStatistics
 // Overall: every traffic record of every member.
 [[nodiscard]] UsageStatistics ReadGroupStatistics(quint32 groupId);
 
-[[nodiscard]] UsageStatistics ReadStatistics(const AccountOwner &owner);
+[[nodiscard]] UsageStatistics ReadStatistics(const Owner &owner);
 
 // One sentence on how much of the period's usage was taken from credits.
-[[nodiscard]] QString StatisticsTip(const AccountOwner &owner, const PeriodUsage &period);
+[[nodiscard]] QString StatisticsTip(const Owner &owner, const PeriodUsage &period);
 
 struct DailyTraffic
 {
@@ -48,4 +48,4 @@ constexpr int kChartDays = 30;
 
 // The last 30 days, today last, from the day records of the user or of all the group's members. A
 // day without a record counts as zero.
-[[nodiscard]] std::vector<DailyTraffic> ReadDailyTraffic(const AccountOwner &owner);
+[[nodiscard]] std::vector<DailyTraffic> ReadDailyTraffic(const Owner &owner);

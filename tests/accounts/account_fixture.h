@@ -1,7 +1,7 @@
 // Owners of accounts in a fresh database of each engine, and settings that a test may change.
 #pragma once
 
-#include "accounts/account_owner.h"
+#include "access/owner.h"
 #include "accounts/currency_settings.h"
 #include "base/day.h"
 #include "support/core/engine_fixture.h"
@@ -12,7 +12,7 @@ class AccountFixture : public EngineFixture, protected CurrencySettings
 {
 protected:
     // A user in the mode given whose limits count by the day.
-    AccountOwner AddUser(quint32 ownerMode, quint32 blockReason = 0)
+    Owner AddUser(quint32 ownerMode, quint32 blockReason = 0)
     {
         const quint32 period = 1;
         Execute("INSERT INTO users (user_id, username, mode, trafperiod, timeperiod, blocked, "
@@ -22,18 +22,18 @@ protected:
                 period,
                 period,
                 blockReason);
-        return UserAccount(lastUser);
+        return UserOwner(lastUser);
     }
 
     // A group whose limit counts by the month.
-    AccountOwner AddGroup(quint32 ownerMode, quint32 blockReason = 0)
+    Owner AddGroup(quint32 ownerMode, quint32 blockReason = 0)
     {
         Execute("INSERT INTO groups (group_id, name, mode, trafperiod, blocked, blockreason) "
                 "VALUES ((?), 'sales', (?), 2, 1, (?))",
                 ++lastGroup,
                 ownerMode,
                 blockReason);
-        return GroupAccount(lastGroup);
+        return GroupOwner(lastGroup);
     }
 
     // `columns` and `values` go into an INSERT as they stand; the new row's id.

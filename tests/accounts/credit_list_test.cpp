@@ -14,7 +14,7 @@ class CreditListing : public AccountFixture
 {
 protected:
     // The rows' cells, each joined with "|".
-    QStringList Listed(const AccountOwner &owner, quint32 ownerMode)
+    QStringList Listed(const Owner &owner, quint32 ownerMode)
     {
         QStringList lines;
         for (const ListedCredit &row : ReadCredits(owner, ownerMode, settings).rows) {
@@ -38,7 +38,7 @@ TEST_P(CreditListing, NamesItsColumnsByMode)
 
 TEST_P(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
 {
-    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    const Owner user = AddUser(mode::kTrafficAndTime);
     AddCredit("mode, object_id, data, usage, date", "1, 1, 100, 2.5, '2026-11-01 08:00:00'");
     AddCredit("mode, object_id, data, closed, date", "1, 1, 50, 1, '2026-11-02 08:00:00'");
     AddCredit("mode, object_id, data, date", "4, 1, 8, '2026-11-03 08:00:00'");
@@ -62,7 +62,7 @@ TEST_P(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
 
 TEST_P(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
 {
-    const AccountOwner group = AddGroup(mode::kTraffic);
+    const Owner group = AddGroup(mode::kTraffic);
     Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (7, (?), 2)", group.id);
     AddCredit("mode, group_id, trafid, data", "1, 81, 7, 10");
     AddCredit("mode, group_id, trafid, data", "1, 81, 6, 20");
@@ -78,7 +78,7 @@ TEST_P(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
 
 TEST_P(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
 {
-    const AccountOwner user = AddUser(mode::kProvider);
+    const Owner user = AddUser(mode::kProvider);
     UseCurrency(u"2.5"_s);
     const char *columns = "mode, object_id, date, data, usage, moneydata, moneyusage, unlimited, "
                           "expiredday, closed";
@@ -107,12 +107,12 @@ TEST_P(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
 
 TEST_P(CreditListing, StopsAtItsCapacity)
 {
-    const AccountOwner user = AddUser(mode::kTraffic);
+    const Owner user = AddUser(mode::kTraffic);
     for (int i = 0; i < 105; ++i) {
         Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user.id);
     }
     EXPECT_EQ(ReadCredits(user, mode::kTraffic, settings).rows.size(), 100U);
-    EXPECT_EQ(ReadCredits(UserAccount(user.id + 1), mode::kTraffic, settings).rows.size(), 0U);
+    EXPECT_EQ(ReadCredits(UserOwner(user.id + 1), mode::kTraffic, settings).rows.size(), 0U);
 }
 
 TEST_P(CreditListing, AStagedRowIsNewAndOfToday)
@@ -134,7 +134,7 @@ TEST_P(CreditListing, AStagedRowIsNewAndOfToday)
 
 TEST_P(CreditListing, MoneyIsListedAsItWasTyped)
 {
-    const AccountOwner user = AddUser(mode::kProvider);
+    const Owner user = AddUser(mode::kProvider);
     for (const auto *rate : {"2.5", "3", "0.07", "41.37", "1.1", "7777"}) {
         UseCurrency(QString::fromLatin1(rate));
         for (const double typed : {10.0, 0.8, 0.99, 33.33, 1.0 * 7 / 4, 199.9, 4567.0}) {

@@ -12,17 +12,15 @@ class Credit : public AccountFixture
 {
 protected:
     // The statements that writing one credit sends.
-    static QStringList Written(const AccountOwner &owner,
-                               quint32 ownerMode,
-                               const StagedCredit &credit,
-                               double rate = 1.0)
+    static QStringList
+    Written(const Owner &owner, quint32 ownerMode, const StagedCredit &credit, double rate = 1.0)
     {
         StatementRecorder recorder;
         WriteCredit(owner, ownerMode, credit, rate, nullptr);
         return recorder.Take();
     }
 
-    static bool IsBlocked(const AccountOwner &owner)
+    static bool IsBlocked(const Owner &owner)
     {
         RunQuery(owner.IsUser() ? "SELECT blocked FROM users WHERE user_id = (?)"
                                 : "SELECT blocked FROM groups WHERE group_id = (?)",
@@ -62,7 +60,7 @@ const QStringList kUnblockGroup {u"UPDATE groups SET blocked = false WHERE group
 
 TEST_P(Credit, OfALimitGoesToThePeriodsRecord)
 {
-    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    const Owner user = AddUser(mode::kTrafficAndTime);
     const quint32 usage = usage_period::kDay;
     Execute("INSERT INTO traffic_use (traf_id, user_id, period, current_time) "
             "VALUES (71, (?), (?), (?))",
@@ -105,7 +103,7 @@ TEST_P(Credit, OfALimitGoesToThePeriodsRecord)
 
 TEST_P(Credit, OfAGroupsLimitGoesToItsOwnRecord)
 {
-    const AccountOwner group = AddGroup(mode::kTraffic);
+    const Owner group = AddGroup(mode::kTraffic);
     Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (73, (?), 2)", group.id);
     EXPECT_EQ(
         Written(group, mode::kTraffic, {CreditKind::Traffic, 5, true, {}}),
@@ -131,7 +129,7 @@ TEST_P(Credit, OfAGroupsLimitGoesToItsOwnRecord)
 
 TEST_P(Credit, WithoutARecordNamesNone)
 {
-    const AccountOwner user = AddUser(mode::kTraffic);
+    const Owner user = AddUser(mode::kTraffic);
     WriteCredit(user, mode::kTraffic, {CreditKind::Traffic, 1, true, {}}, 1.0, nullptr);
     EXPECT_EQ(NewestCredit().at(3), u"0"_s);
 }
@@ -174,9 +172,9 @@ TEST_P(Credit, PrePaidIsWrittenByKindAndExpiry)
          "INSERT  INTO billing (mode, %1, unlimited, expiredday) VALUES (2, (?), 0, (?))",
          {u"-"_s, u"-"_s, u"-"_s}},
     };
-    const AccountOwner user = AddUser(mode::kProvider);
-    const AccountOwner group = AddGroup(mode::kProvider);
-    for (const AccountOwner &owner : {user, group}) {
+    const Owner user = AddUser(mode::kProvider);
+    const Owner group = AddGroup(mode::kProvider);
+    for (const Owner &owner : {user, group}) {
         for (const auto &[kind, expiry, text, amounts] : cases) {
             const bool unlimited = kind == CreditKind::Unlimited;
             const StagedCredit credit {kind, unlimited ? 0.0 : 4.0, expiry.isEmpty(), expiry};
@@ -224,11 +222,11 @@ TEST_P(Credit, LiftsABlockUnlessTheAdministratorsOrWithoutAmount)
         {mode::kProvider, 3, CreditKind::Unlimited, true},
     };
     for (const auto &[ownerMode, reason, kind, blockedAfter] : cases) {
-        const AccountOwner user = AddUser(ownerMode, reason);
+        const Owner user = AddUser(ownerMode, reason);
         WriteCredit(user, ownerMode, {kind, 5, true, {}}, 1.0, nullptr);
         EXPECT_EQ(IsBlocked(user), blockedAfter) << ownerMode << ' ' << reason;
         if (kind != CreditKind::Time) {
-            const AccountOwner group = AddGroup(ownerMode, reason);
+            const Owner group = AddGroup(ownerMode, reason);
             WriteCredit(group, ownerMode, {kind, 5, true, {}}, 1.0, nullptr);
             EXPECT_EQ(IsBlocked(group), blockedAfter) << ownerMode << ' ' << reason;
         }
@@ -237,7 +235,7 @@ TEST_P(Credit, LiftsABlockUnlessTheAdministratorsOrWithoutAmount)
 
 TEST_P(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
 {
-    const AccountOwner user = AddUser(mode::kProvider, 3);
+    const Owner user = AddUser(mode::kProvider, 3);
     const quint32 first = AddCredit("mode, object_id, data", "2, 1, 5");
     const quint32 second = AddCredit("mode, object_id, data", "2, 1, 6");
     StagedAccount staged;
@@ -263,7 +261,7 @@ TEST_P(Credit, NothingIsWrittenForAnOwnerThatIsGone)
 {
     StagedAccount staged;
     StatementRecorder recorder;
-    for (const AccountOwner &gone : {UserAccount(4711), GroupAccount(4711)}) {
+    for (const Owner &gone : {UserOwner(4711), GroupOwner(4711)}) {
         const QStringList before = EveryRow();
         staged.credits = {{CreditKind::Traffic, 1, true, {}}};
         staged.closed = {AddCredit("mode, object_id, data", "2, 4711, 5")};

@@ -48,7 +48,7 @@ TEST(HistoryFilters, AreBuiltFromOwnerModeSwitchAndPeriod)
          " AND (mode=1 OR mode=4) AND closed=0 AND date >= (?)"},
     };
     for (const auto &[ownerMode, openOnly, period, clauses] : cases) {
-        for (const AccountOwner &owner : {UserAccount(1), GroupAccount(1)}) {
+        for (const Owner &owner : {UserOwner(1), GroupOwner(1)}) {
             const QByteArray start = owner.IsUser()
                 ? "SELECT bill_id FROM billing WHERE object_id = (?)"
                 : "SELECT bill_id FROM billing WHERE group_id = (?)";
@@ -78,7 +78,7 @@ TEST(HistoryFilters, CountDaysTheSimpleWay)
     };
     for (const auto &[today, day, week, month] : cases) {
         const auto since = [today = today](HistoryPeriod period) {
-            return *BuildFilter({UserAccount(1), mode::kTraffic, false, period}, today).since;
+            return *BuildFilter({UserOwner(1), mode::kTraffic, false, period}, today).since;
         };
         EXPECT_EQ(since(HistoryPeriod::Today), day + u" 00:00:00"_s);
         EXPECT_EQ(since(HistoryPeriod::LastWeek), week + u" 00:00:00"_s);
@@ -95,7 +95,7 @@ TEST(HistoryFilters, PeriodsGoByTheirTexts)
 
 TEST_P(History, SelectsWhatTheFilterNames)
 {
-    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    const Owner user = AddUser(mode::kTrafficAndTime);
     AddCredit("mode, object_id, data, date, closed", "1, 1, 11, '2026-11-21 00:00:00', 0");
     AddCredit("mode, object_id, data, date, closed", "4, 1, 12, '2026-11-20 23:59:59', 0");
     AddCredit("mode, object_id, data, date, closed", "1, 1, 13, '2026-11-15 00:00:00', 1");
@@ -126,7 +126,7 @@ TEST_P(History, SelectsWhatTheFilterNames)
         }
         EXPECT_EQ(read, amounts) << ownerMode << openOnly << static_cast<int>(period);
     }
-    EXPECT_TRUE(ReadHistory({GroupAccount(1), mode::kTraffic, false, {}}).empty());
+    EXPECT_TRUE(ReadHistory({GroupOwner(1), mode::kTraffic, false, {}}).empty());
 }
 
 TEST_P(History, ReadsEachCreditAfterTheFilter)
@@ -134,16 +134,16 @@ TEST_P(History, ReadsEachCreditAfterTheFilter)
     AddCredit("mode, group_id, data, date", "1, 81, 5, '2026-11-01 00:00:00'");
     AddCredit("mode, group_id, moneydata", "2, 81, 5");
     StatementRecorder recorder;
-    (void)ReadHistory({GroupAccount(81), mode::kTraffic, false, HistoryPeriod::Today});
+    (void)ReadHistory({GroupOwner(81), mode::kTraffic, false, HistoryPeriod::Today});
     EXPECT_EQ(recorder.Take().join(u'\n'),
               u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=1 AND date >= (?)"_s);
-    (void)ReadHistory({GroupAccount(81), mode::kTraffic, true, {}});
+    (void)ReadHistory({GroupOwner(81), mode::kTraffic, true, {}});
     EXPECT_EQ(recorder.Take(),
               (QStringList {u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=1 AND "
                             "closed=0"_s,
                             u"SELECT date, data, closed, usage, mode FROM billing WHERE bill_id = "
                             "(?)"_s}));
-    (void)ReadHistory({GroupAccount(81), mode::kProvider, false, {}});
+    (void)ReadHistory({GroupOwner(81), mode::kProvider, false, {}});
     EXPECT_EQ(recorder.Take(),
               (QStringList {u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=2"_s,
                             u"SELECT date, closed, usage, unlimited, expiredday, moneydata, "
@@ -160,7 +160,7 @@ TEST_P(History, NamesItsColumnsByMode)
 
 TEST_P(History, OfLimitsKeepsABalanceForEachUnit)
 {
-    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    const Owner user = AddUser(mode::kTrafficAndTime);
     AddCredit("mode, object_id, data, usage, date", "1, 1, 100, 30, '2026-11-01 08:05:09'");
     AddCredit("mode, object_id, data, usage, date", "4, 1, 8, 0.5, '2026-11-02 08:00:00'");
     AddCredit("mode, object_id, data, closed, date", "1, 1, 50, 1, '2026-11-03 08:00:00'");
@@ -174,7 +174,7 @@ TEST_P(History, OfLimitsKeepsABalanceForEachUnit)
 
 TEST_P(History, OfPrePaidCreditIsInTheCurrencyShown)
 {
-    const AccountOwner user = AddUser(mode::kProvider);
+    const Owner user = AddUser(mode::kProvider);
     const char *columns =
         "mode, object_id, date, data, usage, moneydata, moneyusage, unlimited, expiredday, closed";
     const char *rows[] = {
@@ -211,7 +211,7 @@ TEST_P(History, AStagedCreditIsNewAndCounts)
 
 TEST_P(History, MoneyIsListedAsItWasTyped)
 {
-    const AccountOwner user = AddUser(mode::kProvider);
+    const Owner user = AddUser(mode::kProvider);
     int checked = 0;
     for (const auto *rate : {"1", "2.5", "3", "0.07", "41.37", "1.1", "7777", "0.333", "99999"}) {
         UseCurrency(QString::fromLatin1(rate));
@@ -239,7 +239,7 @@ TEST_P(History, MoneyIsListedAsItWasTyped)
 
 TEST_P(History, HoldsMoreThanAHundredCredits)
 {
-    const AccountOwner user = AddUser(mode::kTraffic);
+    const Owner user = AddUser(mode::kTraffic);
     for (int i = 0; i < 120; ++i) {
         Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user.id);
     }

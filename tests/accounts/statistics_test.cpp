@@ -10,8 +10,8 @@ namespace {
 class UsageFigures : public AccountFixture
 {
 protected:
-    static quint32 AddTraffic(
-        const AccountOwner &owner, quint32 usagePeriod, QDate day, double received, double sent)
+    static quint32
+    AddTraffic(const Owner &owner, quint32 usagePeriod, QDate day, double received, double sent)
     {
         Execute(owner.IsUser() ? "INSERT INTO traffic_use (user_id, period, current_time, data, "
                                  "senddata) VALUES ((?), (?), (?), (?), (?))"
@@ -62,7 +62,7 @@ TEST_P(UsageFigures, OfAUserReadWhatTheModeLimits)
         {mode::kTrafficAndTime, kUserTraffic + kUserTime},
     };
     for (const auto &[ownerMode, periodStatements] : cases) {
-        const AccountOwner user = AddUser(ownerMode);
+        const Owner user = AddUser(ownerMode);
         AddTraffic(user, usage_period::kDay, Today(), 1, 1);
         AddTime(user.id, Today(), 1);
         StatementRecorder recorder;
@@ -76,7 +76,7 @@ TEST_P(UsageFigures, OfAUserReadWhatTheModeLimits)
 
 TEST_P(UsageFigures, OfAUserAddUpPeriodCreditsAndDays)
 {
-    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    const Owner user = AddUser(mode::kTrafficAndTime);
     const quint32 traffic = AddTraffic(user, usage_period::kDay, Today(), 120.5, 30.25);
     const quint32 time = AddTime(user.id, Today(), 4.75);
     AddTraffic(user, usage_period::kDay, Today().addDays(-1), 999, 999);
@@ -105,7 +105,7 @@ TEST_P(UsageFigures, OfAUserAddUpPeriodCreditsAndDays)
 
 TEST_P(UsageFigures, WithoutAPeriodRecordAreZero)
 {
-    const AccountOwner user = AddUser(mode::kTrafficAndTime);
+    const Owner user = AddUser(mode::kTrafficAndTime);
     AddCredit("mode, object_id, trafid, usage", "1, 4711, 0, 55");
     AddCredit("mode, object_id, time_id, usage", "4, 4711, 0, 55");
     const auto period = ReadUserStatistics(user.id).period;
@@ -118,10 +118,10 @@ TEST_P(UsageFigures, WithoutAPeriodRecordAreZero)
 
 TEST_P(UsageFigures, OfAGroupAddUpEveryRecordOfItsMembers)
 {
-    const AccountOwner group = AddGroup(mode::kTraffic);
-    const AccountOwner first = AddUser(mode::kTraffic);
-    const AccountOwner second = AddUser(mode::kTraffic);
-    const AccountOwner other = AddUser(mode::kTraffic);
+    const Owner group = AddGroup(mode::kTraffic);
+    const Owner first = AddUser(mode::kTraffic);
+    const Owner second = AddUser(mode::kTraffic);
+    const Owner other = AddUser(mode::kTraffic);
     for (const auto &member : {first, second}) {
         Execute("UPDATE users SET group_id = (?) WHERE user_id = (?)", group.id, member.id);
         AddTraffic(member, usage_period::kStatistics, Today(), 10, 1);
@@ -157,23 +157,23 @@ TEST_P(UsageFigures, OfAGroupAddUpEveryRecordOfItsMembers)
 TEST_P(UsageFigures, TipTellsWhatCreditsGave)
 {
     PeriodUsage period;
-    EXPECT_EQ(StatisticsTip(UserAccount(1), period),
+    EXPECT_EQ(StatisticsTip(UserOwner(1), period),
               u"This user has no limit within an accounting period."_s);
-    EXPECT_EQ(StatisticsTip(GroupAccount(1), period),
+    EXPECT_EQ(StatisticsTip(GroupOwner(1), period),
               u"This group has no limit within an accounting period."_s);
     period.limitsTraffic = true;
     period.limitsTime = true;
     period.creditMegabytes = 12.5;
-    EXPECT_EQ(StatisticsTip(UserAccount(1), period),
-              u"12.50 Mb of the data received of this accounting period were taken from credits. "
-              "Nothing of the time on-line of this accounting period was taken from credits."_s);
+    EXPECT_EQ(StatisticsTip(UserOwner(1), period),
+              u"12.50 Mb of the data received in this accounting period were taken from credits. "
+              "Nothing of the time on-line in this accounting period was taken from credits."_s);
 }
 
 TEST_P(UsageFigures, OfTheLastThirtyDaysLeaveNoDayOut)
 {
-    const AccountOwner group = AddGroup(mode::kTraffic);
-    const AccountOwner first = AddUser(mode::kTraffic);
-    const AccountOwner second = AddUser(mode::kTraffic);
+    const Owner group = AddGroup(mode::kTraffic);
+    const Owner first = AddUser(mode::kTraffic);
+    const Owner second = AddUser(mode::kTraffic);
     for (const auto &member : {first, second}) {
         Execute("UPDATE users SET group_id = (?) WHERE user_id = (?)", group.id, member.id);
         AddTraffic(member, usage_period::kStatistics, Today(), 10, 1);

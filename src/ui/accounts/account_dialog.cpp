@@ -20,7 +20,7 @@
 
 using namespace Qt::StringLiterals;
 
-AccountDialog::AccountDialog(const AccountOwner &owner, quint32 ownerMode, QWidget *parent)
+AccountDialog::AccountDialog(const Owner &owner, quint32 ownerMode, QWidget *parent)
     : QDialog(parent)
     , filter {owner, ownerMode, false, HistoryPeriod::AllRecords}
     , table(new CreditTable(HistoryColumns(ownerMode), u"No credits in this period"_s, this))

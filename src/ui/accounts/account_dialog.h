@@ -16,7 +16,7 @@ class AccountDialog : public QDialog
     Q_OBJECT
 
 public:
-    AccountDialog(const AccountOwner &owner, quint32 ownerMode, QWidget *parent);
+    AccountDialog(const Owner &owner, quint32 ownerMode, QWidget *parent);
 
     void accept() override;
 

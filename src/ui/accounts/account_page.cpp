@@ -17,7 +17,7 @@
 
 using namespace Qt::StringLiterals;
 
-AccountPage::AccountPage(const AccountOwner &accountOwner, StagedAccount &record, QWidget *parent)
+AccountPage::AccountPage(const Owner &accountOwner, StagedAccount &record, QWidget *parent)
     : Page(parent)
     , owner(accountOwner)
     , staged(record)
@@ -140,11 +140,11 @@ void AccountPage::CloseSelected()
 CAdministratorUserPAcc::CAdministratorUserPAcc(quint32 userId,
                                                StagedAccount &record,
                                                QWidget *parent)
-    : AccountPage(UserAccount(userId), record, parent)
+    : AccountPage(UserOwner(userId), record, parent)
 { }
 
 CAdministratorGroupPAcc::CAdministratorGroupPAcc(quint32 groupId,
                                                  StagedAccount &record,
                                                  QWidget *parent)
-    : AccountPage(GroupAccount(groupId), record, parent)
+    : AccountPage(GroupOwner(groupId), record, parent)
 { }

@@ -17,7 +17,7 @@ class AccountPage : public Page
     Q_OBJECT
 
 public:
-    AccountPage(const AccountOwner &owner, StagedAccount &staged, QWidget *parent);
+    AccountPage(const Owner &owner, StagedAccount &staged, QWidget *parent);
 
     [[nodiscard]] QString Title() const override;
     void Load() override; // reads the owner's mode, on which the columns depend
@@ -35,7 +35,7 @@ private:
     [[nodiscard]] ListedCredit *Selected();
     void SetStatus(ListedCredit &row, CreditStatus status);
 
-    AccountOwner owner;
+    Owner owner;
     StagedAccount &staged;
     quint32 ownerMode = 0;
     CreditList credits; // the staged one last

@@ -6,7 +6,7 @@
 
 namespace {
 
-void OpenAccount(const AccountOwner &owner, QWidget *parent)
+void OpenAccount(const Owner &owner, QWidget *parent)
 {
     if (const auto mode = ModeOf(owner)) {
         AccountDialog(owner, *mode, parent).exec();
@@ -15,7 +15,7 @@ void OpenAccount(const AccountOwner &owner, QWidget *parent)
     }
 }
 
-void OpenStatistics(const AccountOwner &owner, QWidget *parent)
+void OpenStatistics(const Owner &owner, QWidget *parent)
 {
     if (ModeOf(owner)) {
         StatisticsDialog(owner, parent).exec();
@@ -28,20 +28,20 @@ void OpenStatistics(const AccountOwner &owner, QWidget *parent)
 
 void OpenUserAccount(quint32 userId, QWidget *parent)
 {
-    OpenAccount(UserAccount(userId), parent);
+    OpenAccount(UserOwner(userId), parent);
 }
 
 void OpenGroupAccount(quint32 groupId, QWidget *parent)
 {
-    OpenAccount(GroupAccount(groupId), parent);
+    OpenAccount(GroupOwner(groupId), parent);
 }
 
 void OpenUserStatistics(quint32 userId, QWidget *parent)
 {
-    OpenStatistics(UserAccount(userId), parent);
+    OpenStatistics(UserOwner(userId), parent);
 }
 
 void OpenGroupStatistics(quint32 groupId, QWidget *parent)
 {
-    OpenStatistics(GroupAccount(groupId), parent);
+    OpenStatistics(GroupOwner(groupId), parent);
 }

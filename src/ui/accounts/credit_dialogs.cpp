@@ -1,5 +1,6 @@
 #include "ui/accounts/credit_dialogs.h"
 
+#include "access/access_mode.h"
 #include "accounts/credit_entry.h"
 #include "accounts/currency.h"
 #include "app/administrator_app.h"
@@ -159,8 +160,7 @@ std::optional<StagedCredit> CreditOf(Arguments... arguments)
 
 } // namespace
 
-std::optional<StagedCredit>
-AskForCredit(const AccountOwner &owner, quint32 ownerMode, QWidget *parent)
+std::optional<StagedCredit> AskForCredit(const Owner &owner, quint32 ownerMode, QWidget *parent)
 {
     if (IsLimitMode(ownerMode)) {
         return CreditOf<LimitCreditDialog>(ownerMode, parent);

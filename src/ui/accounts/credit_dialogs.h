@@ -1,8 +1,8 @@
 // The two small dialogs that ask for a new credit.
 #pragma once
 
+#include "access/owner.h"
 #include "access/staged_account.h"
-#include "accounts/account_owner.h"
 
 #include <QDialog>
 
@@ -71,4 +71,4 @@ private:
 // Asks with the dialog that fits the owner's mode. Nothing when it was cancelled, or when the mode
 // has no credits: a group has some in modes 1 and 2 only.
 [[nodiscard]] std::optional<StagedCredit>
-AskForCredit(const AccountOwner &owner, quint32 ownerMode, QWidget *parent);
+AskForCredit(const Owner &owner, quint32 ownerMode, QWidget *parent);

@@ -9,13 +9,14 @@
 
 using namespace Qt::StringLiterals;
 
-QWidget *OwnerHeading(const AccountOwner &owner, QWidget *parent)
+QWidget *OwnerHeading(const Owner &owner, QWidget *parent)
 {
     auto *heading = new QWidget(parent);
     auto *picture = new QLabel(heading);
     const int size = heading->style()->pixelMetric(QStyle::PM_SmallIconSize);
     picture->setPixmap(IconOf(owner.IsUser() ? Picture::User : Picture::Group).pixmap(size));
-    auto *text = new QLabel((owner.IsUser() ? u"User: "_s : u"Group: "_s) + NameOf(owner), heading);
+    auto *text = new QLabel(
+        (owner.IsUser() ? u"User: "_s : u"Group: "_s) + NameOf(owner).value_or(QString()), heading);
     text->setTextFormat(Qt::PlainText);
     text->setObjectName(u"owner"_s);
     auto *layout = new QHBoxLayout(heading);
@@ -25,7 +26,7 @@ QWidget *OwnerHeading(const AccountOwner &owner, QWidget *parent)
     return heading;
 }
 
-void TellOwnerIsGone(const AccountOwner &owner)
+void TellOwnerIsGone(const Owner &owner)
 {
     theApp->Messages().Tell(owner.IsUser()
                                 ? u"This user is no longer in the database. Nothing was changed"_s

@@ -1,11 +1,11 @@
 // Whose account a window shows, and word that there is none any more.
 #pragma once
 
-#include "accounts/account_owner.h"
+#include "access/owner.h"
 
 class QWidget;
 
 // A picture and "User: anna" or "Group: sales".
-[[nodiscard]] QWidget *OwnerHeading(const AccountOwner &owner, QWidget *parent);
+[[nodiscard]] QWidget *OwnerHeading(const Owner &owner, QWidget *parent);
 
-void TellOwnerIsGone(const AccountOwner &owner);
+void TellOwnerIsGone(const Owner &owner);

@@ -31,7 +31,7 @@ void AddField(QFormLayout &form,
 
 } // namespace
 
-StatisticsDialog::StatisticsDialog(const AccountOwner &owner, QWidget *parent) : QDialog(parent)
+StatisticsDialog::StatisticsDialog(const Owner &owner, QWidget *parent) : QDialog(parent)
 {
     setWindowTitle(owner.IsUser() ? u"User statistics"_s : u"Group statistics"_s);
     const UsageStatistics statistics = ReadStatistics(owner);
@@ -49,7 +49,7 @@ StatisticsDialog::StatisticsDialog(const AccountOwner &owner, QWidget *parent) :
     buttons->button(QDialogButtonBox::Ok)->setFocus();
 }
 
-QWidget *StatisticsDialog::PeriodBox(const AccountOwner &owner, const PeriodUsage &period)
+QWidget *StatisticsDialog::PeriodBox(const Owner &owner, const PeriodUsage &period)
 {
     auto *box = new QGroupBox(u"Accounting period"_s, this);
     auto *form = new QFormLayout(box);
@@ -82,7 +82,7 @@ QWidget *StatisticsDialog::TipBox(const QString &tip)
     return box;
 }
 
-QWidget *StatisticsDialog::ChartBox(const AccountOwner &owner)
+QWidget *StatisticsDialog::ChartBox(const Owner &owner)
 {
     auto *box = new QGroupBox(u"Last 30 days"_s, this);
     auto *chart = new TrafficChart(box);

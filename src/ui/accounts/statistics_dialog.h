@@ -13,11 +13,11 @@ class StatisticsDialog : public QDialog
     Q_OBJECT
 
 public:
-    StatisticsDialog(const AccountOwner &owner, QWidget *parent);
+    StatisticsDialog(const Owner &owner, QWidget *parent);
 
 private:
-    [[nodiscard]] QWidget *PeriodBox(const AccountOwner &owner, const PeriodUsage &period);
+    [[nodiscard]] QWidget *PeriodBox(const Owner &owner, const PeriodUsage &period);
     [[nodiscard]] QWidget *OverallBox(const UsageStatistics &statistics);
     [[nodiscard]] QWidget *TipBox(const QString &tip);
-    [[nodiscard]] QWidget *ChartBox(const AccountOwner &owner);
+    [[nodiscard]] QWidget *ChartBox(const Owner &owner);
 };

@@ -1,5 +1,6 @@
 #include "ui/accounts/account_dialog.h"
 
+#include "support/windows/dark_palette.h"
 #include "ui/accounts/account_window_fixture.h"
 
 #include <QAbstractButton>
@@ -56,6 +57,11 @@ TEST_F(AccountWindow, ListsTheHistoryThroughItsFilter)
                       u"3|21.11.2026|10:00:00|100.00|0.00|187.50|Mbytes|0.00|2026.11.20|Closed"_s,
                   }));
         Grab(dialog, u"account"_s);
+        {
+            const DarkPalette dark;
+            QCoreApplication::processEvents();
+            Grab(dialog, u"account-dark"_s);
+        }
         auto &period = Find<QComboBox>(dialog, "period");
         PressKey(Qt::Key_P, Qt::AltModifier);
         EXPECT_TRUE(period.hasFocus());

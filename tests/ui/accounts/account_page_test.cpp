@@ -79,7 +79,7 @@ TEST_F(HostedPage, StagesOneCreditAndCloseMarks)
     EXPECT_EQ(EveryRow(), before) << "nothing is written by the page";
 
     EXPECT_EQ(staged.closed, std::vector<quint32> {1});
-    EXPECT_TRUE(ApplyStagedAccount(UserAccount(1), mode::kProvider, staged, 2.5, nullptr));
+    EXPECT_TRUE(ApplyStagedAccount(UserOwner(1), mode::kProvider, staged, 2.5, nullptr));
     EXPECT_EQ(RowsOf("SELECT bill_id, closed FROM billing ORDER BY bill_id"),
               (QStringList {u"1|1"_s, u"2|1"_s, u"3|0"_s}));
 }

@@ -50,6 +50,12 @@ TEST_F(StatisticsWindow, OfAUserShowsPeriodOverallAndTip)
         EXPECT_TRUE(Find<QLabel>(dialog, "tip").text().startsWith(u"12.50 Mb of the data"_s));
         EXPECT_EQ(Find<QLineEdit>(dialog, "periodTime").accessibleName(), u"Time On-Line, hr"_s);
         Grab(dialog, u"statistics"_s);
+        QTest::keyClick(&Find<TrafficChart>(dialog, "chart"), Qt::Key_Home);
+        {
+            const DarkPalette dark;
+            QCoreApplication::processEvents();
+            Grab(dialog, u"statistics-dark"_s);
+        }
         PressKey(Qt::Key_Return);
     });
     OpenUserStatistics(1, nullptr);
