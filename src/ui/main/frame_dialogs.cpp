@@ -2,7 +2,6 @@
 
 #include "app/administrator_app.h"
 #include "ui/accounts/accounts.h"
-#include "ui/accounts/accounts.h"
 #include "ui/main/about_dialog.h"
 #include "ui/main/help_viewer.h"
 #include "ui/main/splitter_frame.h"
@@ -48,10 +47,6 @@ std::function<void()> RefreshOf(QWidget *frame)
 FrameDialogs StandardDialogs(CAdministratorApp &app)
 {
     FrameDialogs dialogs;
-    dialogs.userAccount = OpenUserAccount;
-    dialogs.userStatistics = OpenUserStatistics;
-    dialogs.groupAccount = OpenGroupAccount;
-    dialogs.groupStatistics = OpenGroupStatistics;
     dialogs.userAccount = OpenUserAccount;
     dialogs.userStatistics = OpenUserStatistics;
     dialogs.groupAccount = OpenGroupAccount;
