@@ -2,9 +2,9 @@
 
 #include "access/access_mode.h"
 #include "access/usage_records.h"
-#include "accounts/amount_text.h"
 #include "accounts/credit_entry.h"
 #include "accounts/currency.h"
+#include "base/amount_text.h"
 #include "db/session.h"
 #include "db/value_codes.h"
 

@@ -1,9 +1,9 @@
 #include "accounts/history.h"
 
 #include "access/access_mode.h"
-#include "accounts/amount_text.h"
 #include "accounts/credit_entry.h"
 #include "accounts/credit_list.h"
+#include "base/amount_text.h"
 #include "base/day.h"
 #include "db/session.h"
 #include "db/value_codes.h"

@@ -2,7 +2,7 @@
 
 #include "access/group_members.h"
 #include "access/usage_records.h"
-#include "accounts/amount_text.h"
+#include "base/amount_text.h"
 #include "base/day.h"
 #include "db/session.h"
 #include "db/value_codes.h"

@@ -1,5 +1,6 @@
 #include "admin/currency_settings.h"
 
+#include "base/amount_text.h"
 #include "base/text.h"
 #include "config/config_store.h"
 
@@ -21,11 +22,6 @@ QString StoredAmount(double amount)
 }
 
 } // namespace
-
-QString AmountText(double amount)
-{
-    return QString::number(amount, 'f', 2);
-}
 
 QList<CurrencyRow> CurrencyRows(const CurrencySettings &settings)
 {

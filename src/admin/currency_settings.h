@@ -79,8 +79,5 @@ void DeleteCurrency(CurrencySettings &settings);
 [[nodiscard]] std::optional<CurrencyProblem> SetCurrency(CurrencySettings &settings,
                                                          std::optional<int> row);
 
-// Amounts are shown with two decimals.
-[[nodiscard]] QString AmountText(double amount);
-
 [[nodiscard]] CurrencySettings LoadCurrency(const ConfigStore &store, qsizetype bufferBytes);
 void SaveCurrency(const ConfigStore &store, const CurrencySettings &settings);

@@ -1,8 +1,8 @@
 #include "accounts/currency.h"
 
-#include "accounts/amount_text.h"
 #include "accounts/credit_entry.h"
 #include "accounts/currency_settings.h"
+#include "base/amount_text.h"
 #include "base/day.h"
 
 #include <gtest/gtest.h>

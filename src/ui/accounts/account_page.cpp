@@ -1,7 +1,7 @@
 #include "ui/accounts/account_page.h"
 
-#include "accounts/amount_text.h"
 #include "app/administrator_app.h"
+#include "base/amount_text.h"
 #include "db/value_codes.h"
 #include "ui/accounts/credit_dialogs.h"
 #include "ui/accounts/credit_table.h"

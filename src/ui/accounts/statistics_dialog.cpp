@@ -1,6 +1,6 @@
 #include "ui/accounts/statistics_dialog.h"
 
-#include "accounts/amount_text.h"
+#include "base/amount_text.h"
 #include "ui/accounts/owner_notice.h"
 #include "ui/accounts/traffic_chart.h"
 #include "ui/common/accessible.h"

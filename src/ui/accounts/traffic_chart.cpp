@@ -1,6 +1,6 @@
 #include "ui/accounts/traffic_chart.h"
 
-#include "accounts/amount_text.h"
+#include "base/amount_text.h"
 #include "ui/accounts/chart_look.h"
 
 #include <QAccessible>

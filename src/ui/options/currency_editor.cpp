@@ -1,5 +1,6 @@
 #include "ui/options/currency_editor.h"
 
+#include "base/amount_text.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/number_field.h"

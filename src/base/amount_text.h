@@ -1,4 +1,4 @@
-// Amounts of money, megabytes and hours as the account and statistics windows write them.
+// Amounts of money, megabytes and hours as the windows write them.
 #pragma once
 
 #include <QString>

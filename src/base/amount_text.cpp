@@ -1,4 +1,4 @@
-#include "accounts/amount_text.h"
+#include "base/amount_text.h"
 
 #include <QLocale>
 
