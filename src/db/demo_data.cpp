@@ -90,6 +90,9 @@ std::optional<QString> FillWithDemoData(const QString &dsn,
     if (!database.Open(dsn)) {
         return u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error());
     }
+    if (&database.Engine() == &kSqlite && !database.Run(u"PRAGMA cache_size = -400000"_s)) {
+        return database.Error(); // kilobytes: all pages that one statement touches
+    }
     const auto users = database.Rows(u"SELECT COUNT(*) FROM users"_s);
     if (!users) {
         return u"The database of \"%1\" has no tables yet (%2). Make them with \"create\" first."_s

@@ -75,14 +75,15 @@ bool DemoUsage::MakeDayRecords(const std::function<void(QString)> &report)
                 "d.weight * (5 + u.user_id % 89) * (1 + (u.user_id % 1009 * 7 + d.day_no * 29) % 10) "
                 "/ 100.0 "
                 "FROM users u CROSS JOIN demo_days d WHERE u.user_id BETWEEN (?) AND (?) "
-                "AND (d.day_no = 0 OR (u.user_id % 1013 * 13 + d.day_no * 7) % 10 < 8)"_s,
+                "AND (d.day_no = 0 OR (u.user_id % 1013 * 13 + d.day_no * 7) % 10 < 8) ORDER BY u.user_id, d.day_no"_s,
                 users)
-            && Run(u"INSERT INTO time_use (user_id, period, current_time, data) "
-                   "SELECT u.user_id, 0, d.day, "
-                   "d.weight * (1 + (u.user_id % 1009 * 23 + d.day_no * 11) % 50) / 100.0 "
-                   "FROM users u CROSS JOIN demo_days d WHERE u.user_id BETWEEN (?) AND (?) "
-                   "AND (d.day_no = 0 OR (u.user_id % 1013 * 13 + d.day_no * 7) % 10 < 8)"_s,
-                   users);
+            && Run(
+                u"INSERT INTO time_use (user_id, period, current_time, data) "
+                "SELECT u.user_id, 0, d.day, "
+                "d.weight * (1 + (u.user_id % 1009 * 23 + d.day_no * 11) % 50) / 100.0 "
+                "FROM users u CROSS JOIN demo_days d WHERE u.user_id BETWEEN (?) AND (?) "
+                "AND (d.day_no = 0 OR (u.user_id % 1013 * 13 + d.day_no * 7) % 10 < 8) ORDER BY u.user_id, d.day_no"_s,
+                users);
         if (!made) {
             return false;
         }
@@ -99,26 +100,29 @@ bool DemoUsage::MakeAccountingRecords()
         {u"INSERT INTO traffic_use (user_id, period, current_time, data, senddata) "
          "SELECT u.user_id, 1, t.current_time, t.data, t.senddata FROM users u "
          "INNER JOIN traffic_use t ON t.user_id = u.user_id AND t.period = 0 "
-         "AND t.current_time >= '%1' WHERE u.mode IN (1, 5) AND u.trafperiod = 1"_s.arg(week),
+         "AND t.current_time >= '%1' WHERE u.mode IN (1, 5) AND u.trafperiod = 1 "
+         "ORDER BY u.user_id, t.current_time"_s.arg(week),
          u"INSERT INTO traffic_use (user_id, period, current_time, data, senddata) "
          "SELECT u.user_id, 2, MIN(t.current_time), SUM(t.data), SUM(t.senddata) FROM users u "
          "INNER JOIN traffic_use t ON t.user_id = u.user_id AND t.period = 0 "
          "AND t.current_time >= '%1' WHERE u.mode IN (1, 5) AND u.trafperiod = 2 "
-         "GROUP BY u.user_id"_s.arg(FirstOfMonth()),
+         "GROUP BY u.user_id ORDER BY u.user_id"_s.arg(FirstOfMonth()),
          u"INSERT INTO traffic_use (group_id, period, current_time, data, senddata) "
          "SELECT g.group_id, 2, MIN(t.current_time), SUM(t.data), SUM(t.senddata) FROM groups g "
          "INNER JOIN users u ON u.group_id = g.group_id "
          "INNER JOIN traffic_use t ON t.user_id = u.user_id AND t.period = 0 "
-         "AND t.current_time >= '%1' WHERE g.mode = 1 GROUP BY g.group_id"_s.arg(FirstOfMonth()),
+         "AND t.current_time >= '%1' WHERE g.mode = 1 GROUP BY g.group_id ORDER BY g.group_id"_s
+             .arg(FirstOfMonth()),
          u"INSERT INTO time_use (user_id, period, current_time, data) "
          "SELECT u.user_id, 1, t.current_time, t.data FROM users u "
          "INNER JOIN time_use t ON t.user_id = u.user_id AND t.period = 0 "
-         "AND t.current_time >= '%1' WHERE u.mode IN (4, 5) AND u.timeperiod = 1"_s.arg(week),
+         "AND t.current_time >= '%1' WHERE u.mode IN (4, 5) AND u.timeperiod = 1 "
+         "ORDER BY u.user_id, t.current_time"_s.arg(week),
          u"INSERT INTO time_use (user_id, period, current_time, data) "
          "SELECT u.user_id, 2, MIN(t.current_time), SUM(t.data) FROM users u "
          "INNER JOIN time_use t ON t.user_id = u.user_id AND t.period = 0 "
          "AND t.current_time >= '%1' WHERE u.mode IN (4, 5) AND u.timeperiod = 2 "
-         "GROUP BY u.user_id"_s.arg(FirstOfMonth())});
+         "GROUP BY u.user_id ORDER BY u.user_id"_s.arg(FirstOfMonth())});
 }
 
 // A credit that extends a limit is used up first of all by what exceeds the limit. Users in the
@@ -137,30 +141,33 @@ bool DemoUsage::MakeCredits()
          "ELSE t.data - u.traflim END, CASE WHEN t.data >= u.traflim + 500 THEN 1 ELSE 0 END "
          "FROM users u INNER JOIN traffic_use t ON t.user_id = u.user_id AND t.period = u.trafperiod "
          "%1WHERE u.mode IN (1, 5) AND u.user_id % 4 = 0 "
-         "AND (t.period = 2 OR t.current_time = '%2')"_s.arg(someDay, day),
+         "AND (t.period = 2 OR t.current_time = '%2') ORDER BY u.user_id"_s.arg(someDay, day),
          u"INSERT INTO billing (mode, time_id, object_id, date, data, usage, closed) "
          "SELECT 4, t.time_id, u.user_id, d.stamp, 10, "
          "CASE WHEN t.data <= u.timelim THEN 0 WHEN t.data >= u.timelim + 10 THEN 10 "
          "ELSE t.data - u.timelim END, CASE WHEN t.data >= u.timelim + 10 THEN 1 ELSE 0 END "
          "FROM users u INNER JOIN time_use t ON t.user_id = u.user_id AND t.period = u.timeperiod "
          "%1WHERE u.mode IN (4, 5) AND u.user_id % 4 = 0 "
-         "AND (t.period = 2 OR t.current_time = '%2')"_s.arg(someDay, day),
+         "AND (t.period = 2 OR t.current_time = '%2') ORDER BY u.user_id"_s.arg(someDay, day),
          u"INSERT INTO billing (mode, object_id, date, moneydata, moneyusage, usage, currencydata, "
          "unlimited, closed) SELECT 2, u.user_id, d.stamp, 20, 20, 400, 1, 1, 1 "
-         "FROM users u %1WHERE u.mode = 2 AND u.user_id % 2 = 0"_s.arg(anyDay),
+         "FROM users u %1WHERE u.mode = 2 AND u.user_id % 2 = 0 ORDER BY u.user_id"_s.arg(anyDay),
          u"INSERT INTO billing (mode, object_id, date, data, usage, currencydata, unlimited) "
          "SELECT 2, u.user_id, d.stamp, 5000, u.user_id % 50 * 90, 1, 1 "
-         "FROM users u %1WHERE u.mode = 2 AND u.user_id % 3 = 0"_s.arg(anyDay),
+         "FROM users u %1WHERE u.mode = 2 AND u.user_id % 3 = 0 ORDER BY u.user_id"_s.arg(anyDay),
          u"INSERT INTO billing (mode, object_id, date, moneydata, moneyusage, usage, currencydata, "
          "unlimited, expiredday) SELECT 2, u.user_id, d.stamp, 25, u.user_id % 24, "
          "u.user_id % 24 * 40, 1, 0, '%2' "
-         "FROM users u %1WHERE u.mode = 2 AND u.user_id % 3 = 1"_s.arg(anyDay, expiry),
+         "FROM users u %1WHERE u.mode = 2 AND u.user_id % 3 = 1 ORDER BY u.user_id"_s.arg(anyDay,
+                                                                                          expiry),
          u"INSERT INTO billing (mode, object_id, date, unlimited) SELECT 2, u.user_id, d.stamp, 1 "
-         "FROM users u %1WHERE u.mode = 2 AND u.user_id % 3 = 2"_s.arg(anyDay),
-         u"INSERT INTO billing (mode, trafid, group_id, data) SELECT 1, t.traf_id, t.group_id, 5000 "
-         "FROM traffic_use t WHERE t.group_id IS NOT NULL AND t.period = 2"_s,
-         u"INSERT INTO billing (mode, group_id, data, usage, currencydata, unlimited) "
-         "SELECT 2, g.group_id, 50000, 12500, 1, 1 FROM groups g WHERE g.mode = 2"_s});
+         "FROM users u %1WHERE u.mode = 2 AND u.user_id % 3 = 2 ORDER BY u.user_id"_s.arg(anyDay),
+         u"INSERT INTO billing (mode, trafid, group_id, date, data) "
+         "SELECT 1, t.traf_id, t.group_id, d.stamp, 5000 FROM traffic_use t "
+         "INNER JOIN demo_days d ON d.day_no = 0 WHERE t.group_id IS NOT NULL AND t.period = 2 ORDER BY t.group_id"_s,
+         u"INSERT INTO billing (mode, group_id, date, data, usage, currencydata, unlimited) "
+         "SELECT 2, g.group_id, d.stamp, 50000, 12500, 1, 1 FROM groups g "
+         "INNER JOIN demo_days d ON d.day_no = 0 WHERE g.mode = 2 ORDER BY g.group_id"_s});
 }
 
 bool DemoUsage::BlockWhoUsedUpTheirLimit()

@@ -1,7 +1,7 @@
 // Blocks as both sides see them: the order in which word goes to the service and statements run.
 #include "access/blocking.h"
 
-#include "support/core/database_fixture.h"
+#include "support/core/engine_fixture.h"
 #include "support/core/fake_service.h"
 #include "support/core/private_bus.h"
 
@@ -23,7 +23,7 @@ void Witness(QtMsgType, const QMessageLogContext &context, const QString &text)
     }
 }
 
-struct BlockingTest : DatabaseFixture
+struct BlockingTest : EngineFixture
 {
     PrivateBus bus;
     FakeService service {bus};
@@ -31,7 +31,7 @@ struct BlockingTest : DatabaseFixture
 
     void SetUp() override
     {
-        DatabaseFixture::SetUp();
+        EngineFixture::SetUp();
         Execute("INSERT INTO groups (group_id, name) VALUES (90, 'Office')");
         Execute("INSERT INTO groups (group_id, name) VALUES (91, 'Empty')");
         Execute("INSERT INTO users (username, group_id) VALUES ('anna', 90)");
@@ -48,18 +48,19 @@ struct BlockingTest : DatabaseFixture
     {
         qInstallMessageHandler(previous);
         QLoggingCategory::setFilterRules({});
-        DatabaseFixture::TearDown();
+        EngineFixture::TearDown();
     }
 
     QtMessageHandler previous = nullptr;
 };
+TB_ON_EVERY_ENGINE(BlockingTest);
 
 const char kUsers[] = "SELECT user_id, blocked, blockreason FROM users ORDER BY user_id";
 const char kGroups[] = "SELECT group_id, blocked, blockreason FROM groups ORDER BY group_id";
 
 } // namespace
 
-TEST_F(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
+TEST_P(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
 {
     EXPECT_TRUE(BlockUser(link.get(), 2, 3));
     EXPECT_EQ(service.TakeCalls(),
@@ -75,7 +76,7 @@ TEST_F(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|0|3"_s, u"3|0|0"_s}));
 }
 
-TEST_F(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
+TEST_P(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
 {
     EXPECT_FALSE(BlockUser(nullptr, 1, 3));
     EXPECT_FALSE(UnblockUser(nullptr, 2));
@@ -83,7 +84,7 @@ TEST_F(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|1|3"_s, u"2|0|0"_s, u"3|0|0"_s}));
 }
 
-TEST_F(BlockingTest, EveryMemberOfAGroupIsTold)
+TEST_P(BlockingTest, EveryMemberOfAGroupIsTold)
 {
     const QString members = u"SELECT user_id FROM users WHERE group_id = (?)"_s;
     const QString block =
@@ -115,7 +116,7 @@ TEST_F(BlockingTest, EveryMemberOfAGroupIsTold)
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|3"_s, u"2|0|3"_s, u"3|0|0"_s}));
 }
 
-TEST_F(BlockingTest, AGroupWithoutMembersIsBlockedAlone)
+TEST_P(BlockingTest, AGroupWithoutMembersIsBlockedAlone)
 {
     BlockGroup(link.get(), 91, 3);
     EXPECT_EQ(service.TakeCalls().filter(u"no reply"_s), QStringList());

@@ -53,7 +53,7 @@ void FrameMenus::MakeFileMenu()
     QMenu &menu = *frame.menuBar()->addMenu(u"&File"_s);
     Add(menu,
         {"purge", u"&Purge database...", u"Remove accumulated records", Picture::Purge},
-        Opener(frame, frame.Dialogs().purge));
+        RefreshingOpener(frame, frame.Dialogs().purge));
     menu.addSeparator();
     Add(menu,
         {"exit", u"E&xit", u"Quit the program", Picture::Exit, QKeySequence(u"Ctrl+Q"_s)},

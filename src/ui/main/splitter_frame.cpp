@@ -2,6 +2,7 @@
 
 #include "access/group_list.h"
 #include "access/user_list.h"
+#include "base/painted_work.h"
 #include "db/failure_log.h"
 #include "ui/common/icons.h"
 #include "ui/main/administrator_view.h"
@@ -133,6 +134,9 @@ void CSplitterFrame::FirstStart()
 
 void CSplitterFrame::Refresh()
 {
+    if (IsWorkRunning()) {
+        return; // the timer's next turn will do
+    }
     const qsizetype failures = FailureLog::Instance().Count();
     groups->FillGroups();
     users->FillList(sortOrder, true);
@@ -161,6 +165,9 @@ void CSplitterFrame::ShowCounts()
 
 void CSplitterFrame::CountBeyondLists()
 {
+    if (IsWorkRunning()) {
+        return;
+    }
     QStringList notices;
     const auto compare =
         [&](quint32 capacity, int listed, quint32 (*count)(), const QString &what) {

@@ -1,0 +1,207 @@
+// The database tool: what it makes, fills and finds, and how it ends.
+#include "base/day.h"
+#include "db/check.h"
+#include "db/demo_data.h"
+#include "db/session.h"
+#include "support/core/engine_fixture.h"
+#include "support/core/test_data_source.h"
+
+#include <QFile>
+#include <QProcess>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto kQuiet = [](const QString &) {};
+
+class DemoData : public EngineFixture
+{ };
+TB_ON_EVERY_ENGINE(DemoData);
+
+TEST_P(DemoData, IsConsistentAndTheSameOnEveryEngine)
+{
+    static QStringList users;
+    const TodayOverride today(QDate(2026, 3, 2)); // a month that has just begun
+    ASSERT_EQ(FillWithDemoData(Dsn(), {300, 30, 20}, kQuiet), std::nullopt);
+    const CheckResult result = CheckDatabase(Dsn());
+    EXPECT_EQ(result.failure, std::nullopt);
+    EXPECT_EQ(result.findings, QStringList());
+
+    const QStringList made =
+        RowsOf("SELECT username, fullname, ip_addr, mac_addr, group_id, mode, traflim, "
+               "timelim, trafperiod, blocked, blockreason, monitored FROM users ORDER BY user_id");
+    EXPECT_EQ(made.size(), 300);
+    users = users.isEmpty() ? made : users;
+    EXPECT_EQ(made, users);
+    for (const char *all : {"SELECT COUNT(*) FROM users WHERE blocked = true AND blockreason = 1",
+                            "SELECT COUNT(*) FROM users WHERE monitored = false",
+                            "SELECT COUNT(*) FROM users WHERE TimeAccess = true",
+                            "SELECT COUNT(*) FROM traffic_use WHERE period = 1",
+                            "SELECT COUNT(*) FROM traffic_use WHERE period = 2",
+                            "SELECT COUNT(*) FROM time_use WHERE period = 1",
+                            "SELECT COUNT(*) FROM billing WHERE mode = 1",
+                            "SELECT COUNT(*) FROM billing WHERE mode = 2 AND closed = 1",
+                            "SELECT COUNT(*) FROM billing WHERE mode = 4",
+                            "SELECT COUNT(*) FROM SiteAccess",
+                            "SELECT COUNT(*) FROM Port_blocked"}) {
+        EXPECT_NE(RowsOf(all), QStringList {u"0"_s}) << all;
+    }
+}
+
+TEST_P(DemoData, StaysOutOfADatabaseWithUsers)
+{
+    Execute("INSERT INTO users (username) VALUES (?)", u"anna"_s);
+    const QStringList before = EveryRow();
+    const auto problem = FillWithDemoData(Dsn(), {}, kQuiet);
+    ASSERT_TRUE(problem);
+    EXPECT_TRUE(problem->contains(u"already has 1 users"_s)) << qPrintable(*problem);
+    EXPECT_EQ(EveryRow(), before);
+}
+
+struct Fault
+{
+    const char *statement;
+    const char *finding;
+};
+
+constexpr Fault kFaults[] = {
+    {"DELETE FROM groups WHERE group_id = 80", "1 groups \"Everybody\" (80) are missing"},
+    {"INSERT INTO groups (name) VALUES ('EVERYBODY')", "1 names are held by more than one group"},
+    {"INSERT INTO users (username, group_id) VALUES ('a', 0)", "1 users belong to no group (0)"},
+    {"INSERT INTO users (username, group_id) VALUES ('a', 999)",
+     "1 users belong to a group that does not exist"},
+    {"UPDATE groups SET blocked = true, blockreason = 3 WHERE group_id = 80",
+     "users are open although their group is blocked"},
+    {"INSERT INTO users (username, mode) VALUES ('a', 3)", "1 users have a mode other than"},
+    {"INSERT INTO users (username, own_price) VALUES ('a', 1)",
+     "1 users have a price of their own"},
+    {"INSERT INTO users (username, authreq) VALUES ('a', 1)",
+     "1 users must authenticate but have no login"},
+    {"INSERT INTO users (username, ip_addr) VALUES ('a', '10.0.0.1')",
+     "1 IP addresses are held by more than one user"},
+    {"INSERT INTO billing (mode, data) VALUES (2, 5)", "1 billing records have no owner"},
+    {"INSERT INTO billing (mode, object_id) VALUES (2, 999)",
+     "1 billing records belong to a user that does not exist"},
+    {"INSERT INTO billing (mode, object_id, trafid) VALUES (1, 1, 0)",
+     "1 traffic credits name no traffic record"},
+    {"INSERT INTO billing (mode, object_id, time_id) VALUES (4, 1, 99999)",
+     "1 time credits name no time record"},
+    {"INSERT INTO billing (mode, object_id, unlimited, expiredday) VALUES (2, 1, 0, '1.2.2026')",
+     "1 credits have an expiry day that is no date"},
+    {"INSERT INTO traffic_use (user_id, period) VALUES (999, 0)",
+     "1 traffic records belong to a user that does not exist"},
+    {"INSERT INTO traffic_use (period) VALUES (0)", "1 traffic records belong to neither"},
+    {"INSERT INTO traffic_use (user_id, period, current_time) "
+     "SELECT user_id, period, current_time FROM traffic_use WHERE period = 0 AND user_id = 1",
+     "5 days of a user have more than one traffic record"},
+    {"INSERT INTO time_use (user_id, period, current_time) "
+     "SELECT user_id, period, current_time FROM time_use WHERE period = 0 AND user_id = 1",
+     "5 days of a user have more than one time record"},
+    {"INSERT INTO Time_blocked (user_id, dayofweek, timestart, timestop) "
+     "VALUES (999, 1, '08:00:00', '09:00:00')",
+     "1 denied times belong to neither"},
+    {"INSERT INTO Time_blocked (user_id, dayofweek, timestart, timestop) "
+     "VALUES (1, 8, '08:00:00', '09:00:00')",
+     "1 denied times have no day of the week"},
+    {"INSERT INTO Port_blocked (user_id, port_id) VALUES (1, 999)",
+     "1 denied ports name a port that does not exist"},
+    {"INSERT INTO Ports (proto_id, port_number) VALUES (99, 1)",
+     "1 ports belong to a protocol that does not exist"},
+    {"INSERT INTO Logins (login, userid) VALUES ('a', 999)",
+     "1 logins are bound to a user that does not exist"},
+    {"INSERT INTO SiteAccess (user_id, site_id) VALUES (999, 1)",
+     "1 site visits belong to a user that does not exist"},
+    {"DELETE FROM sites", "site visits name a site that does not exist"},
+};
+
+class Check : public DatabaseFixture
+{ };
+
+TEST_F(Check, FindsEachFault)
+{
+    const TodayOverride today(QDate(2026, 11, 20));
+    ASSERT_EQ(FillWithDemoData(Dsn(), {10, 3, 6}, kQuiet), std::nullopt);
+    const QString sound = folder.filePath(u"sound.db"_s);
+    DisconnectDatabase();
+    ASSERT_TRUE(QFile::copy(DatabaseFile(), sound));
+    for (const Fault &fault : kFaults) {
+        QFile::remove(DatabaseFile());
+        ASSERT_TRUE(QFile::copy(sound, DatabaseFile()));
+        test_data_source::OpenSession(Dsn());
+        Execute(fault.statement);
+        const QString findings = CheckDatabase(Dsn()).findings.join(u'\n');
+        EXPECT_TRUE(findings.contains(QString::fromUtf8(fault.finding))) << fault.statement << "\n"
+                                                                         << qPrintable(findings);
+        DisconnectDatabase();
+    }
+}
+
+struct Ended
+{
+    int status;
+    QString output;
+    QString error;
+};
+
+Ended RunTool(const QStringList &arguments)
+{
+    QProcess tool;
+    tool.start(QStringLiteral(TB_DATABASE_TOOL), arguments);
+    EXPECT_TRUE(tool.waitForFinished());
+    return {tool.exitCode(),
+            QString::fromUtf8(tool.readAllStandardOutput()),
+            QString::fromUtf8(tool.readAllStandardError())};
+}
+
+TEST(Tool, MakesFillsAndChecksADatabase)
+{
+    const auto dsn = u"tool"_s;
+    const QString file = test_data_source::SqliteFile(dsn);
+    test_data_source::Define(dsn, u"Driver=SQLite3\nDatabase=%1\nPassword=hush"_s.arg(file));
+    const Ended made = RunTool({u"create"_s, u"--dsn"_s, dsn});
+    EXPECT_EQ(made.status, 0) << qPrintable(made.error);
+    for (const QString &line : QStringList {
+             u"[tool]"_s, u"Database = "_s + file, u"Password = ***"_s, u"StepAPI = 1"_s}) {
+        EXPECT_TRUE(made.output.contains(line)) << qPrintable(made.output);
+    }
+    EXPECT_FALSE(made.output.contains(u"hush"_s));
+    EXPECT_EQ(RunTool({u"create"_s, u"--dsn"_s, dsn}).status, 3);
+    EXPECT_EQ(RunTool({u"check"_s, u"--dsn"_s, dsn}).status, 0);
+    EXPECT_EQ(RunTool({u"demo"_s, u"--dsn"_s, dsn, u"--users"_s, u"5"_s, u"--days=3"_s}).status, 0);
+    EXPECT_EQ(RunTool({u"demo"_s, u"--dsn"_s, dsn}).status, 3);
+    test_data_source::OpenSession(dsn);
+    EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM users"), QStringList {u"5"_s});
+    Execute("UPDATE users SET group_id = 0 WHERE user_id = 1");
+    test_data_source::CloseSession();
+    const Ended checked = RunTool({u"check"_s, u"--dsn"_s, dsn});
+    EXPECT_EQ(checked.status, 1);
+    EXPECT_TRUE(checked.output.startsWith(u"1 users belong to no group"_s))
+        << qPrintable(checked.output);
+}
+
+TEST(Tool, SaysWhatIsWrong)
+{
+    const std::tuple<QStringList, int, QString> cases[] = {
+        {{}, 2, u"Name one command"_s},
+        {{u"create"_s}, 2, u"Name one command"_s},
+        {{u"drop"_s, u"--dsn"_s, u"x"_s}, 2, u"There is no command \"drop\""_s},
+        {{u"demo"_s, u"--dsn"_s, u"x"_s, u"--users"_s, u"many"_s},
+         2,
+         u"--users must be a number"_s},
+        {{u"demo"_s, u"--dsn"_s, u"x"_s, u"--days"_s, u"0"_s}, 2, u"--days must be a number"_s},
+        {{u"create"_s, u"--force"_s}, 2, u"force"_s},
+        {{u"create"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
+        {{u"demo"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
+        {{u"check"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
+    };
+    for (const auto &[arguments, status, text] : cases) {
+        const Ended ended = RunTool(arguments);
+        EXPECT_EQ(ended.status, status) << qPrintable(arguments.join(u' '));
+        EXPECT_TRUE(ended.error.contains(text)) << qPrintable(ended.error);
+    }
+}
+
+} // namespace
