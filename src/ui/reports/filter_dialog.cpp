@@ -1,0 +1,99 @@
+#include "ui/reports/filter_dialog.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QSet>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<quint32> IdsIn(const QListWidget &list)
+{
+    QList<quint32> ids;
+    for (int row = 0; row < list.count(); ++row) {
+        ids += list.item(row)->data(Qt::UserRole).toUInt();
+    }
+    return ids;
+}
+
+} // namespace
+
+ReportFilterDialog::ReportFilterDialog(const QString &what,
+                                       const std::vector<NamedId> &offered,
+                                       const ReportFilter &filter,
+                                       QWidget *parent)
+    : QDialog(parent)
+{
+    setWindowTitle(what.left(1).toUpper() + what.mid(1) + u" to report on");
+    taken = MakeList("taken");
+    left = MakeList("left");
+    const QSet<quint32> wanted(filter.taken.begin(), filter.taken.end());
+    for (const auto &[id, name] : offered) {
+        auto *item = new QListWidgetItem(name.isEmpty() ? u"(no name)"_s : name);
+        item->setData(Qt::UserRole, id);
+        (wanted.contains(id) ? taken : left)->addItem(item);
+    }
+    auto *take = MakeButton<QPushButton>(u"< &Add"_s, "take");
+    auto *takeAll = MakeButton<QPushButton>(u"<< Add a&ll"_s, "takeAll");
+    auto *drop = MakeButton<QPushButton>(u"&Remove >"_s, "drop");
+    auto *dropAll = MakeButton<QPushButton>(u"R&emove all >>"_s, "dropAll");
+    connect(take, &QPushButton::clicked, this, [this] { Move(*left, *taken); });
+    connect(takeAll, &QPushButton::clicked, this, [this] { MoveAll(*left, *taken); });
+    connect(drop, &QPushButton::clicked, this, [this] { Move(*taken, *left); });
+    connect(dropAll, &QPushButton::clicked, this, [this] { MoveAll(*taken, *left); });
+    connect(left, &QListWidget::itemActivated, this, [this] { Move(*left, *taken); });
+    connect(taken, &QListWidget::itemActivated, this, [this] { Move(*taken, *left); });
+    auto *buttons = new QVBoxLayout;
+    buttons->addStretch();
+    for (auto *button : {take, takeAll, drop, dropAll}) {
+        button->setAutoDefault(false);
+        buttons->addWidget(button);
+    }
+    buttons->addStretch();
+    auto *grid = new QGridLayout(this);
+    grid->addWidget(LabelFor(u"Report &on these %1:"_s.arg(what), *taken), 0, 0);
+    grid->addWidget(LabelFor(u"&Other %1:"_s.arg(what), *left), 0, 2);
+    grid->addWidget(taken, 1, 0);
+    grid->addLayout(buttons, 1, 1);
+    grid->addWidget(left, 1, 2);
+    auto *note = new QLabel(u"With none or all of them chosen the report is made on everybody."_s);
+    note->setWordWrap(true);
+    grid->addWidget(note, 2, 0, 1, 3);
+    grid->addWidget(OkAndCancel(*this), 3, 0, 1, 3);
+    resize(560, 420);
+}
+
+QListWidget *ReportFilterDialog::MakeList(const char *name)
+{
+    auto *list = new QListWidget;
+    list->setObjectName(QLatin1StringView(name));
+    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    list->setUniformItemSizes(true);
+    return list;
+}
+
+void ReportFilterDialog::Move(QListWidget &from, QListWidget &to)
+{
+    for (QListWidgetItem *item : from.selectedItems()) {
+        to.addItem(from.takeItem(from.row(item)));
+    }
+}
+
+void ReportFilterDialog::MoveAll(QListWidget &from, QListWidget &to)
+{
+    while (from.count() > 0) {
+        to.addItem(from.takeItem(from.count() - 1));
+    }
+    to.sortItems();
+}
+
+ReportFilter ReportFilterDialog::Filter() const
+{
+    return {IdsIn(*taken), IdsIn(*left)};
+}

@@ -1,0 +1,53 @@
+#include "ui/reports/print_pages.h"
+
+#include "app/administrator_app.h"
+
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+using namespace Qt::StringLiterals;
+
+std::shared_ptr<QPrinter> ChoosePrinter(QWidget &parent, int copies, int pageCount)
+{
+    // Without a printer the toolkit would quietly write a file.
+    if (QPrinterInfo::availablePrinters().isEmpty()) {
+        theApp->Messages().Tell(u"No printer is installed. The report can be saved as PDF."_s);
+        return nullptr;
+    }
+    auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    if (copies > 0) {
+        printer->setCopyCount(copies);
+    }
+    QPrintDialog dialog(printer.get(), &parent);
+    dialog.setMinMax(1, std::max(1, pageCount));
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    return dialog.exec() == QDialog::Accepted ? printer : nullptr;
+}
+
+bool PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
+{
+    printer.setPageOrientation(pages.IsLandscape() ? QPageLayout::Landscape
+                                                   : QPageLayout::Portrait);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setFullPage(true);
+    const int first = std::max(printer.fromPage(), 1) - 1;
+    const int end =
+        printer.toPage() > 0 ? std::min(printer.toPage(), pages.Count()) : pages.Count();
+    QPainter painter;
+    if (!painter.begin(&printer)) {
+        return false;
+    }
+    for (int page = first; page < end && !control.IsCancelled(); ++page) {
+        if (page > first && !printer.newPage()) {
+            return false;
+        }
+        pages.Paint(painter, page, printer.resolution() / 72.0);
+        control.SetProgress(page - first + 1, end - first);
+    }
+    if (control.IsCancelled()) {
+        printer.abort();
+    }
+    return painter.end() && !control.IsCancelled();
+}

@@ -1,0 +1,17 @@
+// A report on a printer.
+#pragma once
+
+#include "reports/report_pages.h"
+#include "reports/report_run.h"
+
+#include <memory>
+
+class QPrinter;
+class QWidget;
+
+// Lets the administrator choose a printer, the pages and the copies, of which `copies` are preset
+// (0: the printer's own number). Null when there is none, which is told, or none was chosen.
+[[nodiscard]] std::shared_ptr<QPrinter> ChoosePrinter(QWidget &parent, int copies, int pageCount);
+
+// False when cancelled or the printer fails.
+[[nodiscard]] bool PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control);

@@ -1,0 +1,100 @@
+// The report control: takes a layout, a connection and a query, runs them and shows the pages.
+#pragma once
+
+#include "reports/engine.h"
+#include "reports/report_pages.h"
+#include "ui/reports/report_job.h"
+
+#include <QVariant>
+#include <QWidget>
+
+class PageView;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QSpinBox;
+class QToolBar;
+
+// The numbers by which the control's properties are put.
+namespace viewer_property {
+constexpr int kLayoutFile = 3; // text
+constexpr int kAction = 17; // 1 runs the report and shows it
+constexpr int kConnection = 20; // text
+constexpr int kCopies = 24; // number preset for printing; 0 for the printer's own
+constexpr int kQuery = 64; // text; empty: the layout's stored one
+constexpr int kOutputMode = 67; // 2: shown in the control itself
+constexpr int kPrintButton = 120; // on or off
+constexpr int kExportButton = 123;
+constexpr int kPageButtons = 125;
+} // namespace viewer_property
+
+class ReportViewer : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ReportViewer(QWidget *parent = nullptr);
+    ~ReportViewer() override;
+
+    void PutProperty(int number, const QVariant &value);
+
+    // What the report's heading says of its period and filter.
+    void SetHeading(const QString &period, const QString &filter);
+
+    void Print();
+    void SaveAs(); // asks for the name
+    void SaveTo(const QString &fileName);
+    void FindNext();
+    void Cancel() { job.Cancel(); }
+
+    [[nodiscard]] bool IsBusy() const { return job.IsRunning(); }
+    [[nodiscard]] ReportTablePtr Table() const { return table; }
+    [[nodiscard]] PageView &View() { return *view; }
+
+signals:
+    void PropertyPut(int number, const QVariant &value);
+    void Ready(); // a run, an export, a print or a search has ended
+
+private:
+    void BuildBars();
+    void AddPageButtons(QToolBar &bar);
+    void AddZoom(QToolBar &bar);
+    void AddFind(QToolBar &bar);
+    [[nodiscard]] QAction *Command(QToolBar &bar,
+                                   const char *name,
+                                   const QString &text,
+                                   const QKeySequence &key,
+                                   void (ReportViewer::*act)());
+    void First();
+    void Previous();
+    void Next();
+    void Last();
+    void StartFind();
+    void Run();
+    void Show(ReportTablePtr made, const ReportProblem &problem);
+    void ShowPageNumber(int page);
+    void ShowProgress(qint64 done, qint64 whole);
+    void SetBusy(bool busy);
+    void Say(const QString &text);
+    void EnableCommands();
+
+    ReportRequest request;
+    int copies = 0;
+    ReportTablePtr table;
+    std::shared_ptr<const ReportPages> pages;
+
+    QToolBar *bar;
+    PageView *view;
+    QSpinBox *pageNumber;
+    QLabel *pageCount;
+    QComboBox *zoom;
+    QLineEdit *find;
+    QLabel *message;
+    QProgressBar *progress;
+    QWidget *progressRow;
+    QAction *print;
+    QAction *save;
+    QList<QAction *> pageButtons;
+    ReportJob job;
+};

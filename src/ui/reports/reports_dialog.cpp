@@ -1,0 +1,295 @@
+#include "ui/reports/reports_dialog.h"
+
+#include "app/administrator_app.h"
+#include "reports/connection_text.h"
+#include "reports/filter_choices.h"
+#include "reports/wording.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/reports/crystal_ctrl.h"
+#include "ui/reports/filter_dialog.h"
+#include "ui/reports/report_viewer.h"
+
+#include <QDateEdit>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kControlId = 1109;
+
+QDateEdit *DayPicker(const char *objectName)
+{
+    auto *picker = new QDateEdit(Today());
+    picker->setObjectName(QLatin1StringView(objectName));
+    picker->setCalendarPopup(true);
+    picker->setDisplayFormat(u"yyyy-MM-dd"_s);
+    return picker;
+}
+
+} // namespace
+
+ReportsDialog::ReportsDialog(QWidget *parent) : QDialog(parent)
+{
+    setWindowTitle(u"Reports"_s);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    control = new CCrystalCtrl(this);
+    control->Create(u"Report"_s, {0, 0, 640, 480}, this, kControlId);
+    auto *split = new QSplitter;
+    split->setObjectName(u"split"_s);
+    split->setChildrenCollapsible(false);
+    split->addWidget(BuildChoices());
+    split->addWidget(control);
+    split->setStretchFactor(1, 1);
+    auto *whole = new QVBoxLayout(this);
+    whole->addWidget(split);
+    allAvailable->setChecked(true);
+    EnablePickers();
+    SelectFirst();
+    resize(1120, 760);
+}
+
+ReportViewer &ReportsDialog::Viewer() const
+{
+    return *control->Control();
+}
+
+QWidget *ReportsDialog::BuildChoices()
+{
+    catalogue = new QListWidget;
+    SetNames(*catalogue, u"catalogue"_s, u"Reports"_s);
+    for (const ReportEntry &entry : ReportCatalogue()) {
+        catalogue->addItem(entry.title.toString());
+    }
+    description = new QLabel;
+    description->setObjectName(u"description"_s);
+    description->setWordWrap(true);
+    description->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    description->setMinimumHeight(5 * fontMetrics().lineSpacing());
+    connect(catalogue, &QListWidget::currentRowChanged, this, &ReportsDialog::ShowSelected);
+    connect(catalogue, &QListWidget::itemActivated, this, &ReportsDialog::Generate);
+    auto *choices = new QWidget;
+    auto *column = new QVBoxLayout(choices);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(catalogue, 1);
+    column->addWidget(description);
+    column->addWidget(BuildPeriod());
+    column->addWidget(BuildFilters());
+    column->addWidget(BuildButtons());
+    return choices;
+}
+
+QWidget *ReportsDialog::BuildPeriod()
+{
+    auto *box = new QGroupBox(u"Use data to report on:"_s);
+    allAvailable = MakeButton<QRadioButton>(u"All available"_s, "allAvailable");
+    today = MakeButton<QRadioButton>(u"Today"_s, "today");
+    lastWeek = MakeButton<QRadioButton>(u"Last week"_s, "lastWeek");
+    lastMonth = MakeButton<QRadioButton>(u"Last month"_s, "lastMonth");
+    custom = MakeButton<QRadioButton>(u"Custom "_s, "custom");
+    since = DayPicker("since");
+    until = DayPicker("until");
+    auto *column = new QVBoxLayout(box);
+    for (auto *choice : {allAvailable, today, lastWeek, lastMonth, custom}) {
+        column->addWidget(choice);
+        connect(choice, &QRadioButton::toggled, this, &ReportsDialog::EnablePickers);
+    }
+    auto *customBox = new QGroupBox(u"Custom period"_s);
+    auto *days = new QFormLayout(customBox);
+    days->addRow(LabelFor(u"Since"_s, *since), since);
+    days->addRow(LabelFor(u"Until"_s, *until), until);
+    column->addWidget(customBox);
+    return box;
+}
+
+QWidget *ReportsDialog::BuildFilters()
+{
+    users = MakeButton<QPushButton>(u"Users to report on..."_s, "users");
+    groups = MakeButton<QPushButton>(u"Groups to report on..."_s, "groups");
+    connect(users, &QPushButton::clicked, this, &ReportsDialog::ChooseUsers);
+    connect(groups, &QPushButton::clicked, this, &ReportsDialog::ChooseGroups);
+    filterNote = new QLabel;
+    filterNote->setObjectName(u"filterNote"_s);
+    filterNote->setWordWrap(true);
+    auto *box = new QWidget;
+    auto *column = new QVBoxLayout(box);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(users);
+    column->addWidget(groups);
+    column->addWidget(filterNote);
+    return box;
+}
+
+QWidget *ReportsDialog::BuildButtons()
+{
+    generate = MakeButton<QPushButton>(u"Generate report"_s, "generate");
+    auto *help = MakeButton<QPushButton>(u"Help"_s, "help");
+    auto *cancel = MakeButton<QPushButton>(u"Cancel"_s, "cancel");
+    generate->setDefault(true);
+    connect(generate, &QPushButton::clicked, this, &ReportsDialog::Generate);
+    connect(help, &QPushButton::clicked, this, &ReportsDialog::ShowHelp);
+    connect(cancel, &QPushButton::clicked, this, &ReportsDialog::reject);
+    connect(&Viewer(), &ReportViewer::Ready, this, [this] { generate->setEnabled(true); });
+    auto *row = new QWidget;
+    auto *buttons = new QHBoxLayout(row);
+    buttons->setContentsMargins(0, 0, 0, 0);
+    for (auto *button : {generate, help, cancel}) {
+        buttons->addWidget(button);
+    }
+    return row;
+}
+
+// Kept: no title begins so, hence no row is selected while the first one's description is shown.
+void ReportsDialog::SelectFirst()
+{
+    const QSignalBlocker quiet(catalogue);
+    const auto found = catalogue->findItems(u"Summary Traffic"_s, Qt::MatchStartsWith);
+    catalogue->setCurrentItem(found.value(0));
+    description->setText(ReportCatalogue().front().description.toString());
+}
+
+void ReportsDialog::ShowSelected(int row)
+{
+    if (row < 0) {
+        return;
+    }
+    description->setText(ReportCatalogue().at(static_cast<size_t>(row)).description.toString());
+    const FilterUse use = FiltersOf(row);
+    users->setEnabled(use.users);
+    groups->setEnabled(use.groups);
+}
+
+void ReportsDialog::EnablePickers()
+{
+    since->setEnabled(custom->isChecked());
+    until->setEnabled(custom->isChecked());
+    ShowFilterNote();
+}
+
+void ReportsDialog::ShowFilterNote()
+{
+    const QString words = FilterWords();
+    const bool unused = allAvailable->isChecked() && !words.isEmpty();
+    filterNote->setText(unused ? words + u" - filters apply only with a period." : words);
+}
+
+void ReportsDialog::ChooseUsers()
+{
+    ReportFilterDialog dialog(u"users"_s, OfferedUsers(), userFilter, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        userFilter = dialog.Filter();
+        ShowFilterNote();
+    }
+}
+
+void ReportsDialog::ChooseGroups()
+{
+    ReportFilterDialog dialog(u"groups"_s, OfferedGroups(), groupFilter, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        groupFilter = dialog.Filter();
+        ShowFilterNote();
+    }
+}
+
+// Empty without a filter.
+QString ReportsDialog::FilterWords() const
+{
+    constexpr qsizetype kMostLookedUp = 13; // one more than are named
+    QStringList userNames;
+    QStringList groupNames;
+    if (!userFilter.left.isEmpty()) {
+        for (const quint32 id : userFilter.taken) {
+            userNames += userNames.size() < kMostLookedUp ? UserName(id) : QString();
+        }
+    }
+    if (!groupFilter.left.isEmpty()) {
+        for (const quint32 id : groupFilter.taken) {
+            groupNames += groupNames.size() < kMostLookedUp ? GroupName(id) : QString();
+        }
+    }
+    const bool none = userNames.isEmpty() && groupNames.isEmpty();
+    return none ? QString() : FilterInWords(userNames, groupNames);
+}
+
+PeriodChoice ReportsDialog::Choice() const
+{
+    const QRadioButton *const choices[] = {allAvailable, today, lastWeek, lastMonth, custom};
+    for (int place = 0; place < 5; ++place) {
+        if (choices[place]->isChecked()) {
+            return static_cast<PeriodChoice>(place);
+        }
+    }
+    return PeriodChoice::All;
+}
+
+ReportPeriod ReportsDialog::Period() const
+{
+    const PeriodChoice choice = Choice();
+    return choice == PeriodChoice::Custom
+        ? ReportPeriod {choice, DayOf(since->date()), DayOf(until->date())}
+        : PeriodUpTo(Today(), choice);
+}
+
+bool ReportsDialog::IsPeriodInOrder()
+{
+    if (!custom->isChecked() || since->date() <= until->date()) {
+        return true;
+    }
+    theApp->Messages().Tell(
+        u"You entered incorrect time period. Please re-enter one of the dates"_s);
+    until->setDate(since->date());
+    until->setFocus();
+    return false;
+}
+
+void ReportsDialog::Generate()
+{
+    if (!IsPeriodInOrder() || Viewer().IsBusy()) {
+        return;
+    }
+    const int row = catalogue->currentRow();
+    const ReportPeriod period = Period();
+    const QString query = row < 0
+        ? QString()
+        : QueryText(row, period, UserFilterClause(userFilter), GroupFilterClause(groupFilter));
+    Viewer().SetHeading(PeriodInWords(period),
+                        period.choice == PeriodChoice::All ? QString() : FilterWords());
+    Drive(row, query);
+    generate->setEnabled(!Viewer().IsBusy());
+}
+
+// The control's properties in their fixed order, the run last.
+void ReportsDialog::Drive(int row, const QString &query)
+{
+    control->SetConnection(ReportConnectionText().toUtf8());
+    control->SetOutputMode(2);
+    if (row >= 0) {
+        const QString folder = theApp->Config().ReadText(values::kPath).value_or(QString());
+        control->SetLayoutFile(LayoutPath(folder, row).toUtf8());
+    }
+    control->SetOption24(0);
+    control->SetOption125(true);
+    control->SetOption123(true);
+    control->SetOption120(true);
+    control->SetQuery({});
+    if (!query.isEmpty()) {
+        control->SetQuery(query.toUtf8());
+    }
+    control->SetAction(1);
+}
+
+void ReportsDialog::ShowHelp()
+{
+    theApp->Messages().Tell(
+        u"Select a report, the period and, if you like, users or groups, and press \"Generate "
+        "report\". Users and groups narrow a report only together with a period. The report "
+        "can be printed or saved as PDF, CSV, HTML or XLSX."_s);
+}

@@ -1,0 +1,64 @@
+// "Reports": chooses one of sixteen, narrows it, and shows it beside.
+#pragma once
+
+#include "reports/catalogue.h"
+#include "reports/selection.h"
+
+#include <QDialog>
+
+class CCrystalCtrl;
+class QDateEdit;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QRadioButton;
+class ReportViewer;
+
+class ReportsDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit ReportsDialog(QWidget *parent = nullptr);
+
+    [[nodiscard]] ReportViewer &Viewer() const;
+
+    // Builds the query from the choices and has the control run it.
+    void Generate();
+
+private:
+    [[nodiscard]] QWidget *BuildChoices();
+    [[nodiscard]] QWidget *BuildPeriod();
+    [[nodiscard]] QWidget *BuildFilters();
+    [[nodiscard]] QWidget *BuildButtons();
+    void SelectFirst();
+    void ShowSelected(int row);
+    void EnablePickers();
+    void ShowFilterNote();
+    void ChooseUsers();
+    void ChooseGroups();
+    void ShowHelp();
+    [[nodiscard]] PeriodChoice Choice() const;
+    [[nodiscard]] ReportPeriod Period() const;
+    [[nodiscard]] bool IsPeriodInOrder();
+    [[nodiscard]] QString FilterWords() const;
+    void Drive(int row, const QString &query);
+
+    QListWidget *catalogue;
+    QLabel *description;
+    QRadioButton *allAvailable;
+    QRadioButton *today;
+    QRadioButton *lastWeek;
+    QRadioButton *lastMonth;
+    QRadioButton *custom;
+    QDateEdit *since;
+    QDateEdit *until;
+    QPushButton *users;
+    QPushButton *groups;
+    QLabel *filterNote;
+    QPushButton *generate;
+    CCrystalCtrl *control;
+
+    ReportFilter userFilter;
+    ReportFilter groupFilter;
+};

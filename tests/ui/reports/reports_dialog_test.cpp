@@ -1,0 +1,245 @@
+#include "ui/reports/reports_dialog.h"
+
+#include "reports/catalogue.h"
+#include "report_fixture.h"
+#include "support/core/test_data_source.h"
+#include "support/windows/modal.h"
+#include "support/windows/widgets.h"
+#include "support/windows/window_fixture.h"
+#include "ui/reports/crystal_ctrl.h"
+#include "ui/reports/page_view.h"
+#include "ui/reports/report_viewer.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QSpinBox>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDate kToday(2026, 11, 21);
+
+class Reports : public WindowFixture
+{
+protected:
+    void SetUp() override
+    {
+        WindowFixture::SetUp();
+        FillReportData();
+        // The dialog always reads the data source "bill".
+        test_data_source::Define(
+            u"bill"_s, u"Driver=SQLite3\nDatabase=%1\nStepAPI=1\nTimeout=5000"_s.arg(DatabaseFile()));
+        QFile::link(QStringLiteral(TB_SOURCE_DIR "/src/reports/layouts"), folder.filePath(u"reports"_s));
+        theApp->Config().WriteText(values::kPath, folder.path() + u'/');
+        dialog = std::make_unique<ReportsDialog>();
+        dialog->show();
+    }
+
+    void Select(int row) { ClickCell(Find<QListWidget>(*dialog, "catalogue"), row, 0); }
+
+    void ClickGenerate()
+    {
+        QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
+        Click(*dialog, "generate");
+        if (dialog->Viewer().IsBusy()) {
+            EXPECT_TRUE(ready.wait(20'000));
+        }
+    }
+
+    QString Message() { return Find<QLabel>(*dialog, "message").text(); }
+
+    const TodayOverride today {kToday};
+    std::unique_ptr<ReportsDialog> dialog;
+};
+
+// A property put, as "number=value".
+QStringList Puts(const QSignalSpy &spy)
+{
+    QStringList puts;
+    for (const auto &put : spy) {
+        puts += u"%1=%2"_s.arg(put.at(0).toInt()).arg(put.at(1).value<QVariant>().toString());
+    }
+    return puts;
+}
+
+} // namespace
+
+TEST_F(Reports, OpensWithoutASelectionButTheFirstDescription)
+{
+    auto &catalogue = Find<QListWidget>(*dialog, "catalogue");
+    EXPECT_EQ(catalogue.count(), kReportCount);
+    EXPECT_EQ(catalogue.item(0)->text(), u"Traffic (Summary) "_s);
+    EXPECT_TRUE(catalogue.selectedItems().isEmpty()); // kept: the search finds no title
+    EXPECT_EQ(Find<QLabel>(*dialog, "description").text(), ReportCatalogue()[0].description);
+    EXPECT_TRUE(Find<QAbstractButton>(*dialog, "allAvailable").isChecked());
+    EXPECT_FALSE(Find<QDateEdit>(*dialog, "since").isEnabled());
+    EXPECT_FALSE(Find<QDateEdit>(*dialog, "until").isEnabled());
+    Grab(*dialog, u"reports-opened"_s);
+}
+
+TEST_F(Reports, ARowShowsItsDescriptionAndEnablesItsFilters)
+{
+    for (int row = 0; row < kReportCount; ++row) {
+        Select(row);
+        EXPECT_EQ(Find<QLabel>(*dialog, "description").text(),
+                  ReportCatalogue()[static_cast<size_t>(row)].description);
+        EXPECT_EQ(Find<QWidget>(*dialog, "users").isEnabled(), row != 1 && row != 3);
+        EXPECT_EQ(Find<QWidget>(*dialog, "groups").isEnabled(), row != 1 && row != 3);
+    }
+    Click(*dialog, "custom");
+    EXPECT_TRUE(Find<QDateEdit>(*dialog, "since").isEnabled());
+    Click(*dialog, "lastWeek");
+    EXPECT_FALSE(Find<QDateEdit>(*dialog, "until").isEnabled());
+}
+
+TEST_F(Reports, PropertiesArePutInTheirOrder)
+{
+    QSignalSpy puts(&dialog->Viewer(), &ReportViewer::PropertyPut);
+    ClickGenerate();
+    const QString connection = u"20=DSN = bill;UID = System;PWD;DSQ="_s;
+    const QStringList end {u"24=0"_s, u"125=true"_s, u"123=true"_s, u"120=true"_s, u"64="_s};
+    // Without a row no layout is set.
+    EXPECT_EQ(Puts(puts), QStringList({connection, u"67=2"_s}) + end + QStringList(u"17=1"_s));
+    EXPECT_EQ(Message(), u"Please select a report"_s);
+    puts.clear();
+    Select(6);
+    Click(*dialog, "today");
+    ClickGenerate();
+    const QString layout = u"3="_s + LayoutPath(folder.path() + u'/', 6);
+    const QString query = u"64="_s + QueryText(6, PeriodUpTo(kToday, PeriodChoice::Today), {}, {});
+    EXPECT_EQ(Puts(puts), QStringList({connection, u"67=2"_s, layout}) + end + QStringList({query, u"17=1"_s}));
+    EXPECT_EQ(CCrystalCtrl::staticMetaObject.className(), std::string("CCrystalCtrl"));
+}
+
+TEST_F(Reports, FromAfterToRunsNothing)
+{
+    Select(0);
+    Click(*dialog, "custom");
+    Find<QDateEdit>(*dialog, "since").setDate({2026, 11, 5});
+    Find<QDateEdit>(*dialog, "until").setDate({2026, 11, 4});
+    QSignalSpy puts(&dialog->Viewer(), &ReportViewer::PropertyPut);
+    Click(*dialog, "generate");
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"You entered incorrect time period. Please re-enter one of the dates"_s));
+    EXPECT_TRUE(puts.isEmpty());
+    EXPECT_EQ(Find<QDateEdit>(*dialog, "until").date(), QDate(2026, 11, 5));
+    ClickGenerate();
+    EXPECT_TRUE(dialog->Viewer().Table());
+}
+
+TEST_F(Reports, EveryRowIsShown)
+{
+    for (int row = 0; row < kReportCount; ++row) {
+        Select(row);
+        ClickGenerate();
+        ASSERT_TRUE(dialog->Viewer().Table()) << row << Message().toStdString();
+        EXPECT_GE(dialog->Viewer().View().Pages()->Count(), 1);
+        Grab(*dialog, u"reports-%1"_s.arg(row));
+    }
+}
+
+TEST_F(Reports, PagesAreTurnedFoundAndSaved)
+{
+    for (int copies = 0; copies < 3; ++copies) {
+        Execute("INSERT INTO SiteAccess (user_id, site_id, access_time) SELECT user_id, site_id, access_time FROM "
+                "SiteAccess");
+    }
+    Select(15);
+    ClickGenerate();
+    ReportViewer &viewer = dialog->Viewer();
+    const int count = viewer.View().Pages()->Count();
+    ASSERT_GT(count, 3);
+    auto &number = Find<QSpinBox>(*dialog, "pageNumber");
+    Click(*dialog, "lastPageButton");
+    EXPECT_EQ(number.value(), count);
+    Click(*dialog, "previousPageButton");
+    EXPECT_EQ(number.value(), count - 1);
+    Click(*dialog, "firstPageButton");
+    Click(*dialog, "nextPageButton");
+    EXPECT_EQ(number.value(), 2);
+    Choose(Find<QComboBox>(*dialog, "zoom"), u"150 %"_s);
+    EXPECT_DOUBLE_EQ(viewer.View().Zoom(), 1.5);
+    EXPECT_EQ(number.value(), 2);
+
+    QSignalSpy ready(&viewer, &ReportViewer::Ready);
+    Type(Find<QLineEdit>(*dialog, "find"), u"O'HARA"_s);
+    QTest::keyClick(&Find<QLineEdit>(*dialog, "find"), Qt::Key_Return);
+    ASSERT_TRUE(ready.wait(20'000));
+    EXPECT_TRUE(viewer.View().Pages()->PageText(number.value() - 1).contains(u"O'Hara"));
+    Type(Find<QLineEdit>(*dialog, "find"), u"nowhere"_s);
+    QTest::keyClick(&Find<QLineEdit>(*dialog, "find"), Qt::Key_Return);
+    ASSERT_TRUE(ready.wait(20'000));
+    EXPECT_EQ(Message(), u"\"nowhere\" is not in this report."_s);
+
+    viewer.SaveTo(folder.filePath(u"visits.pdf"_s));
+    ASSERT_TRUE(ready.wait(20'000));
+    EXPECT_TRUE(QFile::exists(folder.filePath(u"visits.pdf"_s)));
+    viewer.SaveTo(folder.filePath(u"none/visits.pdf"_s));
+    ASSERT_TRUE(ready.wait(20'000));
+    EXPECT_TRUE(prompt.TakeSaid().value(0).contains(u"does not exist"));
+    viewer.Print();
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"No printer is installed. The report can be saved as PDF."_s));
+}
+
+TEST_F(Reports, UsersAndGroupsNarrowAReportWithAPeriod)
+{
+    Select(0);
+    {
+        const WhileModal choose([](QDialog &filter) {
+            ClickCell(Find<QListWidget>(filter, "left"), 0, 0);
+            Click(filter, "take");
+            EXPECT_EQ(Find<QListWidget>(filter, "taken").count(), 1);
+            Grab(filter, u"reports-filter"_s);
+            Click(filter, "ok");
+        });
+        Click(*dialog, "users");
+    }
+    EXPECT_TRUE(Find<QLabel>(*dialog, "filterNote").text().endsWith(u"filters apply only with a period."));
+    QSignalSpy puts(&dialog->Viewer(), &ReportViewer::PropertyPut);
+    ClickGenerate();
+    EXPECT_EQ(dialog->Viewer().Table()->rows.Count(), OddNames().size());
+    Click(*dialog, "lastMonth");
+    ClickGenerate();
+    EXPECT_EQ(dialog->Viewer().Table()->rows.Count(), 1);
+    EXPECT_EQ(dialog->Viewer().Table()->filter, u"users anna"_s);
+    EXPECT_TRUE(Puts(puts).filter(u" AND (users.user_id = "_s).size() == 1);
+}
+
+TEST_F(Reports, FailuresAreToldInTheDialog)
+{
+    theApp->Config().WriteText(values::kPath, u"/nowhere/"_s);
+    Select(0);
+    ClickGenerate();
+    EXPECT_EQ(Message(), u"/nowhere/reports/trafall.rpt: there is no such layout file"_s);
+    theApp->Config().DeleteText(values::kPath);
+    ClickGenerate();
+    EXPECT_EQ(Message(), u"reports/trafall.rpt: there is no such layout file"_s);
+}
+
+TEST_F(Reports, ARunCanBeStopped)
+{
+    QDir(folder.path()).mkpath(u"slow/reports"_s);
+    QFile layout(folder.filePath(u"slow/reports/trafall.rpt"_s));
+    ASSERT_TRUE(layout.open(QIODevice::WriteOnly));
+    layout.write("title = \"Slow\"\nrows = \"summed\"\nquery = \"SELECT a.sitename FROM Sites a, SiteAccess b, "
+                 "SiteAccess c, SiteAccess d, SiteAccess e\"\n[[column]]\nname = \"sitename\"\n");
+    layout.close();
+    theApp->Config().WriteText(values::kPath, folder.path() + u"/slow/");
+    Select(0);
+    QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
+    Click(*dialog, "generate");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return IsShown(*dialog, "stop"); }));
+    QElapsedTimer watch;
+    watch.start();
+    Click(*dialog, "stop");
+    ASSERT_TRUE(ready.wait(20'000));
+    EXPECT_LT(watch.elapsed(), 1000);
+    EXPECT_EQ(Message(), u"The report was stopped."_s);
+    EXPECT_TRUE(Find<QWidget>(*dialog, "generate").isEnabled());
+}
