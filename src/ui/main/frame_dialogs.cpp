@@ -11,6 +11,7 @@
 #include "ui/options/options_dialog.h"
 #include "ui/options/purge_dialog.h"
 #include "ui/options/unmonitored_dialog.h"
+#include "ui/reports/open_reports.h"
 #include "ui/service/reconnect_dialog.h"
 #include "ui/service/service_control_dialog.h"
 #include "ui/wizard/setup_wizard.h"
@@ -58,6 +59,7 @@ FrameDialogs StandardDialogs(CAdministratorApp &app)
     dialogs.setupWizard = RunSetupWizard;
     dialogs.unmonitored = OpenUnmonitored;
     dialogs.logins = OpenLoginManager;
+    dialogs.reports = OpenReports;
     dialogs.helpTopics = [&app](QWidget *parent) { OpenHelpTopics(app.Messages(), parent); };
     dialogs.about = OpenAbout;
     dialogs.serviceControl = [&app](QWidget *parent) { return RunServiceControl(app, parent); };

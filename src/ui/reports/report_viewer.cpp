@@ -26,7 +26,17 @@ namespace {
 
 const QString kFitWidth = u"Fit width"_s;
 
+// The key works on the field alone: the dialog around it would press its default button.
+void TakeReturn(QWidget &field, const std::function<void()> &act)
+{
+    auto *action = new QAction(&field);
+    action->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(action, &QAction::triggered, &field, act);
+    field.addAction(action);
 }
+
+} // namespace
 
 ReportViewer::ReportViewer(QWidget *parent) : QWidget(parent), job(this)
 {
@@ -124,6 +134,7 @@ void ReportViewer::AddPageButtons(QToolBar &onBar)
                 names.at(place) + u" (" + pageButtons.at(place)->shortcut().toString() + u')');
         }
     }
+    TakeReturn(*pageNumber, [this] { pageNumber->interpretText(); });
     connect(pageNumber, &QSpinBox::valueChanged, this, [this](int number) {
         if (number - 1 != view->CurrentPage()) {
             view->GoTo(number - 1);
@@ -151,6 +162,7 @@ void ReportViewer::AddZoom(QToolBar &onBar)
     label->setBuddy(zoom);
     onBar.addWidget(label);
     onBar.addWidget(zoom);
+    onBar.addSeparator();
 }
 
 void ReportViewer::AddFind(QToolBar &onBar)
@@ -159,7 +171,7 @@ void ReportViewer::AddFind(QToolBar &onBar)
     SetNames(*find, u"find"_s, u"Find text"_s);
     find->setPlaceholderText(u"Find text"_s);
     find->setMaximumWidth(180);
-    connect(find, &QLineEdit::returnPressed, this, &ReportViewer::FindNext);
+    TakeReturn(*find, [this] { FindNext(); });
     onBar.addWidget(find);
     Command(onBar, "findNext", u"Find next"_s, QKeySequence::FindNext, &ReportViewer::FindNext)
         ->setIcon(IconOf(Picture::Find));

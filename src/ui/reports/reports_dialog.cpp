@@ -133,6 +133,9 @@ QWidget *ReportsDialog::BuildButtons()
     generate = MakeButton<QPushButton>(u"Generate report"_s, "generate");
     auto *help = MakeButton<QPushButton>(u"Help"_s, "help");
     auto *cancel = MakeButton<QPushButton>(u"Cancel"_s, "cancel");
+    for (auto *button : {users, groups, help, cancel}) {
+        button->setAutoDefault(false);
+    }
     generate->setDefault(true);
     connect(generate, &QPushButton::clicked, this, &ReportsDialog::Generate);
     connect(help, &QPushButton::clicked, this, &ReportsDialog::ShowHelp);
