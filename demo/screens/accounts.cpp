@@ -23,6 +23,14 @@ quint32 UserInMode(quint32 mode)
     return FirstId("SELECT user_id FROM users WHERE mode = (?) ORDER BY user_id", mode);
 }
 
+// The user with most credits of a kind (billing.mode).
+quint32 UserWithCredits(quint32 billingMode)
+{
+    return FirstId("SELECT object_id FROM billing WHERE mode = (?) and object_id > 0 "
+                   "GROUP BY object_id ORDER BY COUNT(*) DESC",
+                   billingMode);
+}
+
 quint32 GroupInMode(quint32 mode)
 {
     return FirstId("SELECT group_id FROM groups WHERE mode = (?) ORDER BY group_id", mode);
@@ -58,9 +66,10 @@ void DrawCreditDialogs(Studio &studio)
 void DrawAccounts(Studio &studio)
 {
     const FrameDialogs &dialogs = studio.Frame().Dialogs();
-    DrawAccountOf(studio, u"account"_s, dialogs.userAccount, UserInMode(mode::kProvider));
     DrawAccountOf(
-        studio, u"account-limits"_s, dialogs.userAccount, UserInMode(mode::kTrafficAndTime));
+        studio, u"account"_s, dialogs.userAccount, UserWithCredits(billing_mode::kCredit));
+    DrawAccountOf(
+        studio, u"account-limits"_s, dialogs.userAccount, UserWithCredits(billing_mode::kTraffic));
     DrawAccountOf(studio, u"account-group"_s, dialogs.groupAccount, GroupInMode(mode::kProvider));
     DrawCreditDialogs(studio);
     DrawAccountOf(
