@@ -363,6 +363,7 @@ TEST_F(OptionsWindow, MonitoredProtocolsAskOnlyWhenNothingWouldBeCounted)
             ClickAnd(sheet, "setUpMonitored", [&](QDialog &dialog) {
                 EXPECT_EQ(dialog.windowTitle(), u"Monitored protocols"_s);
                 auto &list = Find<QListWidget>(dialog, "monitored");
+                Grab(dialog, u"monitored-protocols"_s);
                 for (int row = 0; row < list.count(); ++row) {
                     list.setCurrentRow(row);
                     QTest::keyClick(&list, Qt::Key_Space);
@@ -399,6 +400,7 @@ TEST_F(OptionsWindow, ACurrencyIsAddedUsedChangedAndDeleted)
             Type(Find(dialog, "symbol"), u"usd"_s);
             Type(Find(dialog, "title"), u"Dollar"_s);
             Type(Find(dialog, "rate"), u"0.034"_s);
+            Grab(dialog, u"add-currency"_s);
             Click(dialog, "ok");
         });
         EXPECT_EQ(RowTexts(list), (QStringList {u"units|UN|1"_s, u"Dollar|USD|0.03"_s}));
@@ -450,6 +452,7 @@ TEST_F(OptionsWindow, EveryControlIsReachedByTheKeyboardAndNamed)
         list.setFocus();
         for (int page = 0; page < list.count(); ++page) {
             EXPECT_EQ(ActivePage(sheet), list.currentItem()->text());
+            Grab(sheet, u"options-page-%1"_s.arg(page));
             QSet<QWidget *> reached;
             do {
                 reached.insert(QApplication::focusWidget());
@@ -488,6 +491,8 @@ TEST_F(GlobalOptionsWindow, HasItsFivePagesAndLabels)
         QStringList classes;
         auto &pages = Find<QTabWidget>(sheet, "pages");
         for (int page = 0; page < pages.count(); ++page) {
+            TurnTo(pages, pages.tabText(page));
+            Grab(sheet, u"global-options-%1"_s.arg(page));
             titles << pages.tabText(page);
             classes << QString::fromLatin1(pages.widget(page)->metaObject()->className());
         }
@@ -579,6 +584,7 @@ TEST_F(AdapterWindow, BindsAnotherOnYesOnly)
     EXPECT_EQ(dialog.windowTitle(), u"Select network card Tollbrook will work with"_s);
     EXPECT_EQ(TextIn(dialog, "currentAdapter"), u"Ethernet adapter eth0"_s);
     EXPECT_EQ(TextIn(dialog, "boundAddress"), u"192.168.1.7"_s);
+    Grab(dialog, u"adapter"_s);
     auto &box = Find<QComboBox>(dialog, "newAdapter");
     EXPECT_EQ(box.count(), 2) << "the loopback is hidden";
     Pick(box, 1);

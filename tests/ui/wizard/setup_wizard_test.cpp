@@ -67,6 +67,7 @@ TEST_F(SetupWizardWindow, HasItsSevenPagesInOrder)
             auto *page = static_cast<QWizard &>(wizard).currentPage();
             titles << page->title().remove(u"Setup Wizard - "_s);
             classes << QString::fromLatin1(page->metaObject()->className());
+            Grab(wizard, u"wizard-page-%1"_s.arg(titles.size()));
             if (titles.size() == 7) {
                 break;
             }
