@@ -55,7 +55,8 @@ void ReadCommandLine(QCommandLineParser &parser)
 int DrawAll(CSplitterFrame &frame, const QCommandLineParser &parser)
 {
     Studio studio(frame, QDir(parser.value(u"out"_s)), parser.values(u"only"_s));
-    for (const auto draw : {DrawMainWindow, DrawAccounts, DrawAdministration, DrawService}) {
+    for (const auto draw :
+         {DrawMainWindow, DrawAccounts, DrawAdministration, DrawOptions, DrawService}) {
         draw(studio);
     }
     return studio.Failures();

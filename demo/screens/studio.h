@@ -58,4 +58,5 @@ private:
 void DrawMainWindow(Studio &studio);
 void DrawAccounts(Studio &studio);
 void DrawAdministration(Studio &studio);
+void DrawOptions(Studio &studio);
 void DrawService(Studio &studio); // last: it stops the service and starts it again

@@ -2,8 +2,8 @@
 
 #include "app/administrator_app.h"
 #include "ui/accounts/accounts.h"
+#include "ui/common/help_viewer.h"
 #include "ui/main/about_dialog.h"
-#include "ui/main/help_viewer.h"
 #include "ui/main/splitter_frame.h"
 #include "ui/options/adapter_dialog.h"
 #include "ui/options/global_options_sheet.h"

@@ -2,7 +2,7 @@
 #include "db/failure_log.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
-#include "ui/main/help_viewer.h"
+#include "ui/common/help_viewer.h"
 #include "ui/main/status_pane.h"
 
 #include <QClipboard>

@@ -1,4 +1,4 @@
-#include "ui/main/help_viewer.h"
+#include "ui/common/help_viewer.h"
 
 #include "ui/common/accessible.h"
 
