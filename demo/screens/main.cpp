@@ -55,8 +55,12 @@ void ReadCommandLine(QCommandLineParser &parser)
 int DrawAll(CSplitterFrame &frame, const QCommandLineParser &parser)
 {
     Studio studio(frame, QDir(parser.value(u"out"_s)), parser.values(u"only"_s));
-    for (const auto draw :
-         {DrawMainWindow, DrawAccounts, DrawAdministration, DrawOptions, DrawService}) {
+    for (const auto draw : {DrawMainWindow,
+                            DrawProperties,
+                            DrawAccounts,
+                            DrawAdministration,
+                            DrawOptions,
+                            DrawService}) {
         draw(studio);
     }
     return studio.Failures();

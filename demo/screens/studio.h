@@ -56,6 +56,7 @@ private:
 
 // The areas of the console, each in a file of its own.
 void DrawMainWindow(Studio &studio);
+void DrawProperties(Studio &studio);
 void DrawAccounts(Studio &studio);
 void DrawAdministration(Studio &studio);
 void DrawOptions(Studio &studio);

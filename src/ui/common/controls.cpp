@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QRadioButton>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,14 @@ QDialogButtonBox *OkAndCancel(QDialog &dialog)
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     return buttons;
+}
+
+void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButton *chosen)
+{
+    for (QRadioButton *button : buttons) {
+        button->setChecked(button == chosen);
+        button->setFocusPolicy(button == chosen ? Qt::StrongFocus : Qt::ClickFocus);
+    }
 }
 
 void Complain(const QString &text)

@@ -4,8 +4,11 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 
+#include <initializer_list>
+
 class QDialog;
 class QLineEdit;
+class QRadioButton;
 
 // A button with its text and its object name; the text is its accessible name too, unless `says` it
 // better, as for one of several buttons "Change".
@@ -24,6 +27,9 @@ MakeButton(const QString &text, const char *objectName, const QString &says = {}
 
 // "OK" and "Cancel", connected to the dialog; OK is the default.
 [[nodiscard]] QDialogButtonBox *OkAndCancel(QDialog &dialog);
+
+// Checks one of the buttons that exclude each other, so that Tab goes to that one from the start.
+void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButton *chosen);
 
 // Tells what is wrong with an entry.
 void Complain(const QString &text);

@@ -2,7 +2,7 @@
 
 #include "access/list_commands.h"
 #include "ui/common/accessible.h"
-#include "ui/main/change_group_dialog.h"
+#include "ui/props/change_group_dialog.h"
 #include "ui/main/user_list_model.h"
 
 #include <QHeaderView>

@@ -4,7 +4,7 @@
 #include "db/value_codes.h"
 #include "ui/common/accessible.h"
 #include "ui/main/group_list_model.h"
-#include "ui/main/name_dialog.h"
+#include "ui/props/name_dialog.h"
 
 #include <QHeaderView>
 #include <QMenu>

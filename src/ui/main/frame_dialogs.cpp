@@ -11,6 +11,7 @@
 #include "ui/options/options_dialog.h"
 #include "ui/options/purge_dialog.h"
 #include "ui/options/unmonitored_dialog.h"
+#include "ui/props/properties.h"
 #include "ui/reports/open_reports.h"
 #include "ui/service/reconnect_dialog.h"
 #include "ui/service/service_control_dialog.h"
@@ -52,6 +53,15 @@ FrameDialogs StandardDialogs(CAdministratorApp &app)
     dialogs.userStatistics = OpenUserStatistics;
     dialogs.groupAccount = OpenGroupAccount;
     dialogs.groupStatistics = OpenGroupStatistics;
+    dialogs.userProperties = [](quint32 userId, QWidget *parent) {
+        OpenUserSheet(userId, user_page::kGeneral, parent);
+    };
+    dialogs.groupProperties = [](quint32 groupId, QWidget *parent) {
+        OpenGroupSheet(groupId, group_page::kGeneral, parent);
+    };
+    dialogs.userLimits = [](const QList<quint32> &ids, QWidget *parent) {
+        OpenAccessForUsers({ids.begin(), ids.end()}, parent);
+    };
     dialogs.purge = OpenPurge;
     dialogs.options = [](QWidget *parent) { OpenOptions(parent, RefreshOf(parent)); };
     dialogs.globalOptions = [](QWidget *parent) { OpenGlobalOptions(parent, RefreshOf(parent)); };

@@ -1,4 +1,4 @@
-#include "ui/main/name_dialog.h"
+#include "ui/props/name_dialog.h"
 
 #include "ui/common/accessible.h"
 #include "ui/common/text_field.h"

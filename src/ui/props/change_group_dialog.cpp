@@ -1,8 +1,8 @@
-#include "ui/main/change_group_dialog.h"
+#include "ui/props/change_group_dialog.h"
 
 #include "access/list_commands.h"
 #include "ui/common/accessible.h"
-#include "ui/main/name_dialog.h"
+#include "ui/props/name_dialog.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -1,0 +1,96 @@
+#include "ui/props/access_pages.h"
+
+#include "app/administrator_app.h"
+#include "ui/common/controls.h"
+#include "ui/props/access_type_box.h"
+#include "ui/props/block_box.h"
+
+#include <QCheckBox>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+CAdministratorUserPAccess::CAdministratorUserPAccess(UserRecord &user, QWidget *parent)
+    : Page(parent)
+    , record(user)
+    , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
+    , block(new BlockBox(u"Block user imminently"_s))
+    , authentication(MakeButton<QCheckBox>(u"Require authentication"_s, "authentication"))
+{
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(type);
+    column->addWidget(block);
+    column->addWidget(authentication);
+    column->addStretch();
+    connect(type, &AccessTypeBox::TypeChanged, this, [this] { record.account.Clear(); });
+    connect(type, &AccessTypeBox::Changed, this, &CAdministratorUserPAccess::StageMode);
+}
+
+QString CAdministratorUserPAccess::Title() const
+{
+    return u"Access"_s;
+}
+
+void CAdministratorUserPAccess::Load()
+{
+    type->Show(ChoiceFor(record.mode));
+    block->Show(record.block);
+    authentication->setChecked(record.authRequired);
+}
+
+void CAdministratorUserPAccess::StageMode()
+{
+    record.mode = ModeFor(type->Choice()).value_or(record.mode);
+}
+
+bool CAdministratorUserPAccess::Leave()
+{
+    if (ModeFor(type->Choice())) {
+        return true;
+    }
+    theApp->Messages().Tell(u"Please choose one or both corporate type options"_s,
+                            Prompt::Icon::Warning,
+                            u"Tollbrook"_s);
+    return false;
+}
+
+void CAdministratorUserPAccess::Collect()
+{
+    block->Collect(record.block);
+    record.authRequired = authentication->isChecked();
+}
+
+CAdministratorGroupPAccess::CAdministratorGroupPAccess(GroupRecord &group, QWidget *parent)
+    : Page(parent)
+    , record(group)
+    , type(new AccessTypeBox(AccessTypeBox::Options::None))
+    , block(new BlockBox(u"Block group imminently"_s))
+{
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(type);
+    column->addWidget(block);
+    column->addStretch();
+    connect(type, &AccessTypeBox::TypeChanged, this, &CAdministratorGroupPAccess::StageMode);
+}
+
+QString CAdministratorGroupPAccess::Title() const
+{
+    return u"Access"_s;
+}
+
+void CAdministratorGroupPAccess::Load()
+{
+    type->Show(ChoiceFor(record.mode));
+    block->Show(record.block);
+}
+
+void CAdministratorGroupPAccess::StageMode()
+{
+    record.account.Clear();
+    record.mode = ModeFor(type->Choice()).value_or(record.mode);
+}
+
+void CAdministratorGroupPAccess::Collect()
+{
+    block->Collect(record.block);
+}

@@ -1,0 +1,51 @@
+// "Access" of a user and of a group: accounting mode, block and authentication.
+#pragma once
+
+#include "access/group_record.h"
+#include "access/user_record.h"
+#include "ui/common/page.h"
+
+class AccessTypeBox;
+class BlockBox;
+class QCheckBox;
+
+// A change of the access type drops what the sheet staged of the account.
+class CAdministratorUserPAccess : public Page
+{
+    Q_OBJECT
+
+public:
+    explicit CAdministratorUserPAccess(UserRecord &record, QWidget *parent = nullptr);
+
+    [[nodiscard]] QString Title() const override;
+    void Load() override;
+    [[nodiscard]] bool Leave() override; // not while "Corporate" stands without an option
+    void Collect() override;
+
+private:
+    void StageMode();
+
+    UserRecord &record;
+    AccessTypeBox *type;
+    BlockBox *block;
+    QCheckBox *authentication;
+};
+
+class CAdministratorGroupPAccess : public Page
+{
+    Q_OBJECT
+
+public:
+    explicit CAdministratorGroupPAccess(GroupRecord &record, QWidget *parent = nullptr);
+
+    [[nodiscard]] QString Title() const override;
+    void Load() override;
+    void Collect() override;
+
+private:
+    void StageMode();
+
+    GroupRecord &record;
+    AccessTypeBox *type;
+    BlockBox *block;
+};

@@ -1,0 +1,69 @@
+#include "ui/props/address_dialogs.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/ip_address_field.h"
+#include "ui/common/text_field.h"
+
+#include <QFormLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kMacCharacters = 12;
+
+}
+
+ChangeIpDialog::ChangeIpDialog(const QString &address, QWidget *parent)
+    : QDialog(parent)
+    , field(new IpAddressField(u"IP address"_s))
+{
+    setWindowTitle(u"Change IP Address"_s);
+    field->setObjectName(u"address"_s);
+    if (const auto shown = Ipv4From(address)) {
+        field->SetAddress(*shown);
+    }
+    auto *form = new QFormLayout(this);
+    form->addRow(LabelFor(u"IP address:"_s, *field), field);
+    form->addRow(OkAndCancel(*this));
+}
+
+void ChangeIpDialog::accept()
+{
+    const auto address = field->Address();
+    if (!address) {
+        Complain(u"Please enter full IP address"_s);
+        return;
+    }
+    emit Entered(*address);
+    QDialog::accept();
+}
+
+ChangeMacDialog::ChangeMacDialog(const QString &address, QWidget *parent)
+    : QDialog(parent)
+    , field(new TextField)
+{
+    setWindowTitle(u"Change MAC address"_s);
+    field->setObjectName(u"address"_s);
+    field->setText(address);
+    field->selectAll();
+    auto *form = new QFormLayout(this);
+    form->addRow(LabelFor(u"MAC address:"_s, *field), field);
+    form->addRow(OkAndCancel(*this));
+}
+
+void ChangeMacDialog::accept()
+{
+    if (field->text().toUcs4().size() != kMacCharacters) {
+        Complain(u"MAC address can contain only 12 symbols. Please re-enter the address"_s);
+        return;
+    }
+    QDialog::accept();
+}
+
+QString ChangeMacDialog::Address() const
+{
+    return field->text();
+}

@@ -1,0 +1,44 @@
+// "Change IP Address" and "Change MAC address", opened from a user's general page.
+#pragma once
+
+#include "base/ipv4.h"
+
+#include <QDialog>
+
+class IpAddressField;
+class TextField;
+
+class ChangeIpDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // Starts with `address` when that is one.
+    explicit ChangeIpDialog(const QString &address, QWidget *parent = nullptr);
+
+    // Refuses an incomplete address.
+    void accept() override;
+
+signals:
+    // The address that was confirmed, just before the dialog closes.
+    void Entered(Ipv4 address);
+
+private:
+    IpAddressField *field;
+};
+
+class ChangeMacDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit ChangeMacDialog(const QString &address, QWidget *parent = nullptr);
+
+    // Refuses any text that is not twelve characters long. Kept: it may be any twelve characters.
+    void accept() override;
+
+    [[nodiscard]] QString Address() const;
+
+private:
+    TextField *field;
+};

@@ -1,0 +1,132 @@
+#include "ui/props/group_general_page.h"
+
+#include "access/access_mode.h"
+#include "app/administrator_app.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/icons.h"
+#include "ui/common/text_field.h"
+#include "ui/props/add_member_dialog.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString ModeName(quint32 storedMode)
+{
+    switch (ChoiceFor(storedMode).type) {
+    case AccessType::Corporate:
+        return u"Corporate"_s;
+    case AccessType::Provider:
+        return u"Provider"_s;
+    case AccessType::NoControl:
+        break;
+    }
+    return u"No control"_s;
+}
+
+} // namespace
+
+CAdministratorGroupPPage::CAdministratorGroupPPage(GroupRecord &group, QWidget *parent)
+    : Page(parent)
+    , record(group)
+    , name(new TextField)
+    , description(new TextField)
+    , mode(ShownValue("mode"))
+    , members(new QListWidget)
+    , remove(MakeButton<QPushButton>(u"Remove user"_s, "removeMember"))
+{
+    name->setObjectName(u"name"_s);
+    description->setObjectName(u"description"_s);
+    auto *form = new QFormLayout;
+    form->addRow(LabelFor(u"Name:"_s, *name), name);
+    form->addRow(LabelFor(u"Description:"_s, *description), description);
+    form->addRow(LabelFor(u"Access type:"_s, *mode), mode);
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(form);
+    column->addWidget(MakeMembers());
+}
+
+QWidget *CAdministratorGroupPPage::MakeMembers()
+{
+    SetNames(*members, u"members"_s, u"Members"_s);
+    members->setUniformItemSizes(true);
+    auto *add = MakeButton<QPushButton>(u"Add user to the group..."_s, "addMember");
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(add);
+    buttons->addWidget(remove);
+    buttons->addStretch();
+    auto *box = new QGroupBox(u"Members"_s);
+    auto *column = new QVBoxLayout(box);
+    column->addWidget(members);
+    column->addLayout(buttons);
+    connect(add, &QPushButton::clicked, this, &CAdministratorGroupPPage::AddMembers);
+    connect(remove, &QPushButton::clicked, this, &CAdministratorGroupPPage::RemoveMember);
+    connect(members, &QListWidget::itemSelectionChanged, remove, [this] {
+        remove->setEnabled(!members->selectedItems().isEmpty());
+    });
+    return box;
+}
+
+QString CAdministratorGroupPPage::Title() const
+{
+    return u"General"_s;
+}
+
+void CAdministratorGroupPPage::Load()
+{
+    name->setText(record.name);
+    description->setText(record.description);
+    ShowMembers();
+}
+
+void CAdministratorGroupPPage::Activate()
+{
+    mode->setText(ModeName(record.mode));
+}
+
+void CAdministratorGroupPPage::Collect()
+{
+    record.name = name->text();
+    record.description = description->text();
+}
+
+void CAdministratorGroupPPage::ShowMembers()
+{
+    members->clear();
+    for (const Member &member : record.members.Listed()) {
+        new QListWidgetItem(IconOf(Picture::User), member.name, members);
+    }
+    remove->setEnabled(false);
+}
+
+void CAdministratorGroupPPage::AddMembers()
+{
+    AddMemberDialog dialog(record.members.Candidates(), this);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    for (const Member &member : dialog.Chosen()) {
+        if (!record.members.Add(member)) {
+            Complain(u"A group's page holds at most %1 users. The others were not added."_s.arg(
+                MemberTable::kMost));
+            break;
+        }
+    }
+    ShowMembers();
+}
+
+void CAdministratorGroupPPage::RemoveMember()
+{
+    const auto selected = members->selectedItems();
+    if (!selected.isEmpty() && theApp->Messages().Ask(u"Move user out of this group?"_s)) {
+        record.members.Remove(static_cast<size_t>(members->row(selected.first())));
+        ShowMembers();
+    }
+}

@@ -1,0 +1,36 @@
+// "General" of a group: its name, its description and its members.
+#pragma once
+
+#include "access/group_record.h"
+#include "ui/common/page.h"
+
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class TextField;
+
+class CAdministratorGroupPPage : public Page
+{
+    Q_OBJECT
+
+public:
+    explicit CAdministratorGroupPPage(GroupRecord &record, QWidget *parent = nullptr);
+
+    [[nodiscard]] QString Title() const override;
+    void Load() override;
+    void Activate() override;
+    void Collect() override;
+
+private:
+    QWidget *MakeMembers();
+    void ShowMembers();
+    void AddMembers();
+    void RemoveMember();
+
+    GroupRecord &record;
+    TextField *name;
+    TextField *description;
+    QLineEdit *mode;
+    QListWidget *members;
+    QPushButton *remove;
+};

@@ -1,0 +1,108 @@
+#include "ui/props/limit_dialogs.h"
+
+#include "db/value_codes.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/number_field.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+
+using namespace Qt::StringLiterals;
+
+QString PeriodName(quint32 period)
+{
+    switch (period) {
+    case period::kDay:
+        return u"Day"_s;
+    case period::kMonth:
+        return u"Month"_s;
+    default:
+        return {};
+    }
+}
+
+PeriodDialog::PeriodDialog(quint32 period, QWidget *parent) : QDialog(parent), list(new QListWidget)
+{
+    setWindowTitle(u"Accounting period"_s);
+    list->setObjectName(u"periods"_s);
+    list->addItems({PeriodName(period::kDay), PeriodName(period::kMonth)});
+    list->setCurrentRow(static_cast<int>(period) - 1);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(LabelFor(u"Accounting period:"_s, *list));
+    column->addWidget(list);
+    column->addWidget(OkAndCancel(*this));
+    connect(list, &QListWidget::itemDoubleClicked, this, &PeriodDialog::accept);
+}
+
+void PeriodDialog::accept()
+{
+    if (Period() == 0) {
+        Complain(u"Please choose an accounting period"_s);
+        return;
+    }
+    QDialog::accept();
+}
+
+quint32 PeriodDialog::Period() const
+{
+    return list->selectedItems().isEmpty() ? 0 : static_cast<quint32>(list->currentRow()) + 1;
+}
+
+LimitDialog::LimitDialog(const QString &label, quint32 limit, QWidget *parent)
+    : QDialog(parent)
+    , field(new WholeNumberField)
+{
+    setWindowTitle(u"Limit"_s);
+    field->setObjectName(u"limit"_s);
+    field->SetNumber(limit);
+    field->selectAll();
+    auto *form = new QFormLayout(this);
+    form->addRow(LabelFor(label, *field), field);
+    form->addRow(OkAndCancel(*this));
+}
+
+void LimitDialog::accept()
+{
+    if (!field->Number()) {
+        Complain(u"Please enter the limit as a whole number"_s);
+        return;
+    }
+    QDialog::accept();
+}
+
+quint32 LimitDialog::Limit() const
+{
+    return field->Number().value_or(0);
+}
+
+RateDialog::RateDialog(double rate, QWidget *parent) : QDialog(parent), field(new AmountField)
+{
+    setWindowTitle(u"Rate"_s);
+    field->setObjectName(u"rate"_s);
+    field->SetAmount(rate);
+    field->selectAll();
+    auto *row = new QHBoxLayout;
+    row->addWidget(field);
+    row->addWidget(LabelFor(u"units per Mb"_s, *field));
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(row);
+    column->addWidget(OkAndCancel(*this));
+}
+
+void RateDialog::accept()
+{
+    const auto rate = field->Amount();
+    if (!rate || *rate > kMost) {
+        Complain(u"Please enter the rate as a number from 0 to 1000000000"_s);
+        return;
+    }
+    QDialog::accept();
+}
+
+double RateDialog::Rate() const
+{
+    return field->Amount().value_or(0.0);
+}

@@ -1,0 +1,177 @@
+#include "ui/props/limits_page.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/props/limit_dialogs.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void AddRow(QGridLayout &grid, const QString &label, QLineEdit *value, QPushButton *change)
+{
+    const int row = grid.rowCount();
+    grid.addWidget(LabelFor(label, *value), row, 0);
+    grid.addWidget(value, row, 1);
+    grid.addWidget(change, row, 2);
+}
+
+} // namespace
+
+LimitsPage::LimitsPage(const Owner &whose,
+                       const quint32 &stagedMode,
+                       LimitsDraft &staged,
+                       QWidget *parent)
+    : Page(parent)
+    , owner(whose)
+    , mode(stagedMode)
+    , draft(staged)
+    , period(MakeLine("period", "changePeriod", u"Change accounting period"_s))
+    , traffic(MakeLine("trafficLimit", "changeTraffic", u"Change traffic limit"_s))
+    , rate(MakeLine("price", "changeRate", u"Change rate"_s))
+    , global(MakeButton<QCheckBox>(u"Use global settings"_s, "useGlobal"))
+{
+    if (owner.kind == Owner::Kind::User) {
+        time = MakeLine("timeLimit", "changeTime", u"Change time limit"_s);
+        connect(time.change, &QPushButton::clicked, this, &LimitsPage::ChangeTime);
+    }
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(MakeLimits());
+    column->addWidget(MakeRates());
+    column->addStretch();
+    connect(period.change, &QPushButton::clicked, this, &LimitsPage::ChangePeriod);
+    connect(traffic.change, &QPushButton::clicked, this, &LimitsPage::ChangeTraffic);
+    connect(rate.change, &QPushButton::clicked, this, &LimitsPage::ChangeRate);
+    connect(global, &QCheckBox::toggled, this, &LimitsPage::UseGlobal);
+}
+
+LimitsPage::Line
+LimitsPage::MakeLine(const char *valueName, const char *buttonName, const QString &says)
+{
+    return {ShownValue(valueName), MakeButton<QPushButton>(u"Change"_s, buttonName, says)};
+}
+
+void LimitsPage::Line::Enable(bool enabled) const
+{
+    if (value != nullptr) {
+        value->setEnabled(enabled);
+        change->setEnabled(enabled);
+    }
+}
+
+QGroupBox *LimitsPage::MakeLimits()
+{
+    auto *box = new QGroupBox(u"Fixed limits within accounting period"_s);
+    auto *grid = new QGridLayout(box);
+    AddRow(*grid, u"Accounting period"_s, period.value, period.change);
+    AddRow(*grid, u"Traffic limit, Mb"_s, traffic.value, traffic.change);
+    if (time.value != nullptr) {
+        AddRow(*grid, u"Time limit, Hr"_s, time.value, time.change);
+    }
+    return box;
+}
+
+QGroupBox *LimitsPage::MakeRates()
+{
+    auto *box = new QGroupBox(u"Rates"_s);
+    auto *grid = new QGridLayout(box);
+    AddRow(*grid, u"Traffic,"_s, rate.value, rate.change);
+    grid->addWidget(global, grid->rowCount(), 1, 1, 2);
+    return box;
+}
+
+QString LimitsPage::Title() const
+{
+    return u"Limits"_s;
+}
+
+void LimitsPage::Activate()
+{
+    const LimitFields fields = FieldsFor(mode);
+    period.Enable(fields.period);
+    traffic.Enable(fields.traffic);
+    time.Enable(fields.time);
+    global->setEnabled(fields.rates);
+    draft.stored = ReadLimits(owner);
+    ShowStaged();
+}
+
+void LimitsPage::ShowStaged()
+{
+    const LimitFields fields = FieldsFor(mode);
+    const Limits limits = draft.Staged();
+    const auto number = [](bool shown, quint32 value) {
+        return shown ? QString::number(value) : QString();
+    };
+    period.value->setText(fields.period ? PeriodName(limits.period) : QString());
+    traffic.value->setText(number(fields.traffic, limits.traffic));
+    if (time.value != nullptr) {
+        time.value->setText(number(fields.time, limits.time));
+    }
+    const QSignalBlocker silent(global);
+    global->setChecked(fields.rates && !limits.ownPrice);
+    ShowPrice(fields.rates && limits.ownPrice);
+}
+
+void LimitsPage::ShowPrice(bool ownPrice)
+{
+    rate.Enable(ownPrice);
+    rate.value->setText(ownPrice ? QString::number(draft.Staged().price, 'f', 2) : QString());
+}
+
+void LimitsPage::ChangePeriod()
+{
+    PeriodDialog dialog(draft.Staged().period, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        draft.period = dialog.Period();
+        ShowStaged();
+    }
+}
+
+void LimitsPage::ChangeTraffic()
+{
+    LimitDialog dialog(u"Traffic limit, Mb"_s, draft.Staged().traffic, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        StageTrafficLimit(owner, dialog.Limit(), draft);
+        ShowStaged();
+    }
+}
+
+void LimitsPage::ChangeTime()
+{
+    LimitDialog dialog(u"Time limit, Hr"_s, draft.Staged().time, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        StageTimeLimit(owner, dialog.Limit(), draft);
+        ShowStaged();
+    }
+}
+
+void LimitsPage::ChangeRate()
+{
+    RateDialog dialog(draft.Staged().price, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        draft.price = dialog.Rate();
+        ShowStaged();
+    }
+}
+
+void LimitsPage::UseGlobal(bool useGlobal)
+{
+    draft.ownPrice = !useGlobal;
+    ShowPrice(!useGlobal);
+}
+
+CAdministratorUserPLimits::CAdministratorUserPLimits(UserRecord &record, QWidget *parent)
+    : LimitsPage(record.Self(), record.mode, record.limits, parent)
+{ }
+
+CAdministratorGroupPLimits::CAdministratorGroupPLimits(GroupRecord &record, QWidget *parent)
+    : LimitsPage(record.Self(), record.mode, record.limits, parent)
+{ }

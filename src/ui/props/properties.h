@@ -1,0 +1,33 @@
+// The property windows of users and groups, as the lists' commands open them. Each is modal and true
+// when something was stored; a user or group that is gone by then is told instead.
+#pragma once
+
+#include <QtGlobal>
+
+#include <vector>
+
+class QWidget;
+
+// The pages in tab order, for `page` below.
+namespace user_page {
+constexpr int kGeneral = 0;
+constexpr int kAccess = 1;
+constexpr int kLimits = 2;
+constexpr int kTime = 3;
+constexpr int kProtocols = 4;
+} // namespace user_page
+
+namespace group_page {
+constexpr int kGeneral = 0;
+constexpr int kAccess = 1;
+constexpr int kLimits = 2;
+} // namespace group_page
+
+// "User properties", starting on the page with this number.
+bool OpenUserSheet(quint32 userId, int page, QWidget *parent);
+
+// "Group's properties".
+bool OpenGroupSheet(quint32 groupId, int page, QWidget *parent);
+
+// "Access properties for multiple users".
+bool OpenAccessForUsers(std::vector<quint32> userIds, QWidget *parent);

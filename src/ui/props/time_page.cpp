@@ -1,0 +1,124 @@
+#include "ui/props/time_page.h"
+
+#include "ui/common/controls.h"
+#include "ui/props/time_range_dialog.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QRadioButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kColumnWidth = 85;
+
+QTreeWidget *MakeList()
+{
+    auto *list = new QTreeWidget;
+    list->setObjectName(u"ranges"_s);
+    list->setAccessibleName(u"Time ranges"_s);
+    list->setHeaderLabels({u"Day"_s, u"Since time"_s, u"Until time"_s});
+    list->setRootIsDecorated(false);
+    list->setAllColumnsShowFocus(true);
+    list->setUniformRowHeights(true);
+    list->header()->setStretchLastSection(false);
+    for (int column = 0; column < list->columnCount(); ++column) {
+        list->setColumnWidth(column, kColumnWidth);
+    }
+    return list;
+}
+
+} // namespace
+
+TimePage::TimePage(TimeRanges &staged, const QString &format, QWidget *parent)
+    : Page(parent)
+    , ranges(staged)
+    , timeFormat(format)
+    , grant(MakeButton<QRadioButton>(u"Grant access"_s, "grant"))
+    , deny(MakeButton<QRadioButton>(u"Deny access"_s, "deny"))
+    , list(MakeList())
+{
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(grant);
+    column->addWidget(deny);
+    column->addWidget(MakeRanges());
+    connect(grant, &QRadioButton::toggled, this, [this](bool granted) { ranges.grant = granted; });
+}
+
+QGroupBox *TimePage::MakeRanges()
+{
+    auto *box = new QGroupBox(u"Specify time ranges please"_s);
+    auto *add = MakeButton<QPushButton>(u"Add range"_s, "addRange");
+    auto *remove = MakeButton<QPushButton>(u"Delete range"_s, "deleteRange");
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(add);
+    buttons->addWidget(remove);
+    buttons->addStretch();
+    auto *column = new QVBoxLayout(box);
+    column->addWidget(list);
+    column->addLayout(buttons);
+    connect(add, &QPushButton::clicked, this, &TimePage::AddRange);
+    connect(remove, &QPushButton::clicked, this, &TimePage::DeleteRange);
+    return box;
+}
+
+QString TimePage::Title() const
+{
+    return u"Time"_s;
+}
+
+void TimePage::Load()
+{
+    CheckOneOf({grant, deny}, ranges.grant ? grant : deny);
+}
+
+void TimePage::Activate()
+{
+    ranges.Rebuild();
+    list->clear();
+    for (const TimeRange &range : ranges.Shown()) {
+        ShowRow(range);
+    }
+}
+
+void TimePage::ShowRow(const TimeRange &range)
+{
+    new QTreeWidgetItem(list, {DayName(range.day), range.start, range.stop});
+}
+
+void TimePage::AddRange()
+{
+    TimeRangeDialog dialog(this);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    const TimeRange range = {
+        dialog.Day(), dialog.Since().toString(timeFormat), dialog.Until().toString(timeFormat)};
+    ranges.Add(range);
+    ShowRow(range);
+    list->setCurrentItem(list->topLevelItem(list->topLevelItemCount() - 1));
+}
+
+void TimePage::DeleteRange()
+{
+    const auto selected = list->selectedItems();
+    if (selected.isEmpty()) {
+        Complain(u"Select the item to delete"_s);
+        return;
+    }
+    const int row = list->indexOfTopLevelItem(selected.first());
+    ranges.Delete(static_cast<size_t>(row));
+    delete list->takeTopLevelItem(row);
+}
+
+CAdministratorUserPTime::CAdministratorUserPTime(UserRecord &record, QWidget *parent)
+    : TimePage(record.times, u"HH:mm:ss"_s, parent)
+{ }
+
+CAdministratorGroupPTime::CAdministratorGroupPTime(GroupRecord &record, QWidget *parent)
+    : TimePage(record.times, u"HH.mm"_s, parent)
+{ }

@@ -1,0 +1,78 @@
+#include "ui/props/time_range_dialog.h"
+
+#include "access/time_ranges.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QTimeEdit>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint32 kDays = 7;
+
+QTimeEdit *TimeField(const char *objectName, QTime time)
+{
+    auto *field = new QTimeEdit(time);
+    field->setObjectName(QLatin1String(objectName));
+    field->setDisplayFormat(u"HH:mm:ss"_s);
+    return field;
+}
+
+} // namespace
+
+TimeRangeDialog::TimeRangeDialog(QWidget *parent)
+    : QDialog(parent)
+    , day(new QComboBox)
+    , since(TimeField("since", {8, 0}))
+    , until(TimeField("until", {17, 0}))
+{
+    setWindowTitle(u"Add time range"_s);
+    day->setObjectName(u"day"_s);
+    for (quint32 number = 1; number <= kDays; ++number) {
+        day->addItem(DayName(number));
+    }
+    day->setCurrentIndex(-1);
+    auto *days = new QFormLayout;
+    days->addRow(LabelFor(u"Day"_s, *day), day);
+    auto *box = new QGroupBox(u"Specify time range"_s);
+    auto *times = new QFormLayout(box);
+    times->addRow(LabelFor(u"Since time"_s, *since), since);
+    times->addRow(LabelFor(u"Until time"_s, *until), until);
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(days);
+    column->addWidget(box);
+    column->addWidget(OkAndCancel(*this));
+}
+
+void TimeRangeDialog::accept()
+{
+    if (Since() >= Until()) {
+        Complain(u"Wrong time specification. Please re-enter"_s);
+    } else if (Day() == 0) {
+        Complain(u"Please select day"_s);
+    } else {
+        QDialog::accept();
+    }
+}
+
+quint32 TimeRangeDialog::Day() const
+{
+    return static_cast<quint32>(day->currentIndex() + 1);
+}
+
+QTime TimeRangeDialog::Since() const
+{
+    return since->time();
+}
+
+QTime TimeRangeDialog::Until() const
+{
+    return until->time();
+}

@@ -1,0 +1,28 @@
+// "Add time range": a day of the week and two times of day.
+#pragma once
+
+#include <QDialog>
+#include <QTime>
+
+class QComboBox;
+class QTimeEdit;
+
+class TimeRangeDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit TimeRangeDialog(QWidget *parent = nullptr);
+
+    // Refuses a range that ends before it began, so one across midnight too, and one without a day.
+    void accept() override;
+
+    [[nodiscard]] quint32 Day() const; // 1 Monday to 7 Sunday; 0 while none is chosen
+    [[nodiscard]] QTime Since() const;
+    [[nodiscard]] QTime Until() const;
+
+private:
+    QComboBox *day;
+    QTimeEdit *since;
+    QTimeEdit *until;
+};

@@ -1,0 +1,147 @@
+#include "ui/props/user_general_page.h"
+
+#include "app/administrator_app.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/text_field.h"
+#include "ui/props/address_dialogs.h"
+#include "ui/props/change_group_dialog.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Beside an address that the sheet will store.
+QLabel *ChangedMark(const char *objectName)
+{
+    auto *mark = new QLabel;
+    mark->setObjectName(QLatin1String(objectName));
+    mark->setMinimumWidth(mark->fontMetrics().horizontalAdvance(u"(Changed)"_s));
+    return mark;
+}
+
+QWidget *InOneRow(const QList<QWidget *> &widgets)
+{
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins({});
+    for (QWidget *widget : widgets) {
+        layout->addWidget(widget);
+    }
+    return row;
+}
+
+} // namespace
+
+CAdministratorUserPPage::CAdministratorUserPPage(UserRecord &user, QWidget *parent)
+    : Page(parent)
+    , record(user)
+    , fullName(new TextField)
+    , description(new TextField)
+    , userName(ShownValue("userName"))
+    , login(ShownValue("login"))
+    , workstation(ShownValue("workstation"))
+    , kind(ShownValue("kind"))
+    , ipAddress(ShownValue("ipAddress"))
+    , macAddress(ShownValue("macAddress"))
+    , group(ShownValue("group"))
+    , ipChanged(ChangedMark("ipChanged"))
+    , macChanged(ChangedMark("macChanged"))
+{
+    fullName->setObjectName(u"fullName"_s);
+    description->setObjectName(u"description"_s);
+    auto *changeIp = MakeButton<QPushButton>(u"Change..."_s, "changeIp", u"Change IP address"_s);
+    auto *changeMac = MakeButton<QPushButton>(u"Change..."_s, "changeMac", u"Change MAC address"_s);
+    auto *changeGroup = MakeButton<QPushButton>(u"Change group..."_s, "changeGroup");
+    auto *form = new QFormLayout(this);
+    form->addRow(LabelFor(u"Full name:"_s, *fullName), fullName);
+    form->addRow(LabelFor(u"Description:"_s, *description), description);
+    AddFacts(*form);
+    AddAddress(*form, u"IP Address:"_s, ipAddress, ipChanged, changeIp);
+    AddAddress(*form, u"MAC Address:"_s, macAddress, macChanged, changeMac);
+    form->addRow(LabelFor(u"Group:"_s, *group), InOneRow({group, changeGroup}));
+    connect(changeIp, &QPushButton::clicked, this, &CAdministratorUserPPage::ChangeIp);
+    connect(changeMac, &QPushButton::clicked, this, &CAdministratorUserPPage::ChangeMac);
+    connect(changeGroup, &QPushButton::clicked, this, &CAdministratorUserPPage::ChangeGroup);
+}
+
+void CAdministratorUserPPage::AddFacts(QFormLayout &form)
+{
+    form.addRow(LabelFor(u"Username:"_s, *userName), userName);
+    form.addRow(LabelFor(u"Login:"_s, *login), login);
+    form.addRow(LabelFor(u"Workstation:"_s, *workstation), workstation);
+    form.addRow(LabelFor(u"User kind:"_s, *kind), kind);
+}
+
+void CAdministratorUserPPage::AddAddress(
+    QFormLayout &form, const QString &label, QLineEdit *field, QLabel *changed, QPushButton *button)
+{
+    form.addRow(LabelFor(label, *field), InOneRow({field, changed, button}));
+}
+
+QString CAdministratorUserPPage::Title() const
+{
+    return u"General"_s;
+}
+
+void CAdministratorUserPPage::Load()
+{
+    fullName->setText(record.draft.fullName);
+    description->setText(record.draft.description);
+    userName->setText(record.draft.userName);
+    login->setText(record.draft.login);
+    workstation->setText(record.draft.workstation);
+    kind->setText(record.draft.guest ? u"Guest"_s : u"Standard"_s);
+    ShowDraft();
+}
+
+void CAdministratorUserPPage::ShowDraft()
+{
+    ipAddress->setText(record.draft.ipAddress);
+    macAddress->setText(record.draft.macAddress);
+    group->setText(record.draft.groupName);
+    const auto mark = [](bool changed) { return changed ? u"(Changed)"_s : QString(); };
+    ipChanged->setText(mark(record.draft.ipAddress != record.saved.ipAddress));
+    macChanged->setText(mark(record.draft.macAddress != record.saved.macAddress));
+    ipAddress->setAccessibleDescription(ipChanged->text());
+    macAddress->setAccessibleDescription(macChanged->text());
+}
+
+void CAdministratorUserPPage::Collect()
+{
+    record.draft.fullName = fullName->text();
+    record.draft.description = description->text();
+}
+
+void CAdministratorUserPPage::ChangeIp()
+{
+    ChangeIpDialog dialog(record.draft.ipAddress, this);
+    connect(&dialog, &ChangeIpDialog::Entered, this, [this](Ipv4 address) {
+        record.draft.ipAddress = DottedText(address);
+        ShowDraft();
+    });
+    dialog.exec();
+}
+
+void CAdministratorUserPPage::ChangeMac()
+{
+    ChangeMacDialog dialog(record.draft.macAddress, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        record.draft.macAddress = dialog.Address();
+        ShowDraft();
+    }
+}
+
+void CAdministratorUserPPage::ChangeGroup()
+{
+    ChangeGroupDialog dialog(theApp->Messages(), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        record.draft.groupId = dialog.ChosenGroup().groupId;
+        record.draft.groupName = dialog.ChosenGroup().name;
+        ShowDraft();
+    }
+}

@@ -1,0 +1,23 @@
+// Working a window with the keyboard alone.
+#pragma once
+
+#include <QString>
+#include <Qt>
+
+class QWidget;
+
+// Presses Tab until the control called `name`, or a part of it, has the focus; fails when the focus
+// comes round without it.
+void TabTo(QWidget &window, const char *name);
+
+// Presses a key where the focus is.
+void Press(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier);
+
+// Tab to the button, then Space.
+void PressButton(QWidget &window, const char *name);
+
+// Tab to the field and type over what stands in it.
+void TypeInto(QWidget &window, const char *name, const QString &text);
+
+// The same for a field of hours, minutes and seconds, as in "083000".
+void TypeTime(QWidget &window, const char *name, const QString &digits);

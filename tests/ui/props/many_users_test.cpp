@@ -1,0 +1,100 @@
+#include "keyboard.h"
+#include "props_fixture.h"
+
+#include <QComboBox>
+#include <QProgressBar>
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+
+namespace {
+
+class ManyUsersTest : public PropsFixture
+{
+protected:
+    [[nodiscard]] static bool Open(std::vector<quint32> ids, const Act &act)
+    {
+        const WhileModal dialog(act);
+        return OpenAccessForUsers(std::move(ids), nullptr);
+    }
+
+    [[nodiscard]] static QStringList Stored()
+    {
+        return RowsOf("SELECT user_id, mode, traflim, timelim, trafperiod, timeperiod FROM users "
+                      "ORDER BY user_id");
+    }
+};
+
+} // namespace
+
+TEST_F(ManyUsersTest, NamesTheUsersAndWritesToEachByKeyboard)
+{
+    EXPECT_TRUE(Open({9, 1}, [](QDialog &dialog) {
+        EXPECT_EQ(dialog.windowTitle(), u"Access properties for multiple users"_s);
+        EXPECT_THAT(RowTexts(Find<QListWidget>(dialog, "users")), ElementsAre(u"zoe"_s, u"anna"_s));
+        EXPECT_EQ(Find<QProgressBar>(dialog, "progress").maximum(), 2);
+        TabTo(dialog, "noControl");
+        Press(Qt::Key_Down);
+        PressButton(dialog, "trafficControl");
+        PressButton(dialog, "timeControl");
+        TabTo(dialog, "period");
+        Press(Qt::Key_Up);
+        TypeInto(dialog, "trafficLimit", u"50"_s);
+        TypeInto(dialog, "timeLimit", u"6"_s);
+        Press(Qt::Key_Return);
+    }));
+    EXPECT_THAT(Stored(), ElementsAre(u"1|5|50|6|1|1"_s, u"2|0|0|0|2|2"_s, u"9|5|50|6|1|1"_s));
+}
+
+TEST_F(ManyUsersTest, TheAccessTypeOpensItsLimits)
+{
+    (void)Open({1, 2}, [](QDialog &dialog) {
+        const auto open = [&dialog] {
+            return std::array {Find(dialog, "period").isEnabled(),
+                               Find(dialog, "trafficLimit").isEnabled(),
+                               Find(dialog, "timeLimit").isEnabled()};
+        };
+        EXPECT_EQ(open(), (std::array {false, false, false}));
+        Click(dialog, "corporate");
+        Click(dialog, "timeControl");
+        EXPECT_EQ(open(), (std::array {true, false, true}));
+        Click(dialog, "trafficControl");
+        EXPECT_EQ(open(), (std::array {true, true, true}));
+        Click(dialog, "provider");
+        EXPECT_EQ(open(), (std::array {false, false, false}));
+        dialog.reject();
+    });
+}
+
+TEST_F(ManyUsersTest, RefusesWhatIsNotWholeAndWritesNothing)
+{
+    Execute("UPDATE users SET trafperiod = 0 WHERE user_id = 1");
+    const QStringList before = EveryRow();
+    EXPECT_FALSE(Open({1, 2}, [this](QDialog &dialog) {
+        Click(dialog, "corporate");
+        Click(dialog, "ok");
+        EXPECT_THAT(prompt.TakeSaid(),
+                    ElementsAre(u"Please select one of the corporate type access options"_s));
+        Click(dialog, "trafficControl");
+        Click(dialog, "ok");
+        EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"Please choose an accounting period"_s));
+        Choose(Find<QComboBox>(dialog, "period"), u"Month"_s);
+        Type(Find(dialog, "trafficLimit"), QString());
+        Click(dialog, "ok");
+        EXPECT_EQ(prompt.TakeSaid().size(), 1);
+        Press(Qt::Key_Escape);
+    }));
+    EXPECT_EQ(EveryRow(), before);
+}
+
+TEST_F(ManyUsersTest, UsersThatAreGoneAreLeftOut)
+{
+    EXPECT_TRUE(Open({77, 2}, [](QDialog &dialog) {
+        EXPECT_THAT(RowTexts(Find<QListWidget>(dialog, "users")), ElementsAre(u"bert"_s));
+        Click(dialog, "provider");
+        Click(dialog, "ok");
+    }));
+    EXPECT_THAT(Stored(), ElementsAre(u"1|0|0|0|2|2"_s, u"2|2|0|0|2|2"_s, u"9|0|0|0|2|2"_s));
+    EXPECT_FALSE(OpenAccessForUsers({77}, nullptr));
+    EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"These users have been deleted meanwhile."_s));
+}

@@ -1,0 +1,75 @@
+// Two groups and some users for the property sheets, and a sheet opened by its command.
+#pragma once
+
+#include "support/windows/modal.h"
+#include "support/windows/widgets.h"
+#include "support/windows/window_fixture.h"
+#include "ui/props/properties.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTreeWidget>
+
+#include <gmock/gmock.h>
+
+class PropsFixture : public WindowFixture
+{
+protected:
+    using Act = std::function<void(QDialog &)>;
+
+    void SetUp() override
+    {
+        WindowFixture::SetUp();
+        Execute("DELETE FROM ports");
+        Execute("DELETE FROM protocols");
+        Execute(
+            "INSERT INTO protocols (id, proto_name) VALUES (1, 'FTP'), (2, 'HTTP'), (3, 'SSH')");
+        Execute(
+            "INSERT INTO ports (port_id, proto_id, port_number) VALUES (20, 1, 20), (21, 1, 21), "
+            "(80, 2, 80), (22, 3, 22)");
+        Execute(
+            "INSERT INTO groups (group_id, name, descrip) VALUES (81, 'Office', 'first floor')");
+        Execute("INSERT INTO users (user_id, username, fullname, descrip, stationname, group_id, "
+                "ip_addr, mac_addr) VALUES "
+                "(1, 'anna', 'Anna Berg', 'reception', 'PC-ANNA', 81, '10.0.0.1', '0011AABBCCDD'), "
+                "(2, 'bert', 'Bert Falk', '', 'PC-BERT', 81, '10.0.0.2', '000000000002'), "
+                "(9, 'zoe', 'Zoe Lind', '', 'PC-ZOE', 80, '10.0.0.9', '000000000009')");
+        Execute("INSERT INTO logins (login, userid) VALUES ('anna.berg', 1)");
+    }
+
+    // Whether the sheet stored something.
+    [[nodiscard]] static bool UserSheet(int page, const Act &act)
+    {
+        const WhileModal sheet(act);
+        return OpenUserSheet(1, page, nullptr);
+    }
+
+    [[nodiscard]] static bool GroupSheet(int page, const Act &act)
+    {
+        const WhileModal sheet(act);
+        return OpenGroupSheet(81, page, nullptr);
+    }
+
+    static void ShowActive(QWidget &window)
+    {
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    [[nodiscard]] static QString TextOf(const QDialog &sheet, const char *name)
+    {
+        return Find<QLineEdit>(sheet, name).text();
+    }
+
+    static void TurnTo(const QDialog &sheet, const char *tab)
+    {
+        ::TurnTo(Find<QTabWidget>(sheet, "pages"), QString::fromLatin1(tab));
+    }
+};

@@ -1,0 +1,266 @@
+#include "keyboard.h"
+#include "props_fixture.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QTimeEdit>
+
+using namespace Qt::StringLiterals;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class UserSheetTest : public PropsFixture
+{
+protected:
+    // Works every page with the keyboard alone, from the general page on.
+    void ChangeEverything(QDialog &sheet)
+    {
+        ChangeGeneral(sheet);
+        Press(Qt::Key_Tab, Qt::ControlModifier);
+        ChangeAccess(sheet);
+        Press(Qt::Key_Tab, Qt::ControlModifier);
+        ChangeLimits(sheet);
+        Press(Qt::Key_Tab, Qt::ControlModifier);
+        ChangeTimes(sheet);
+        Press(Qt::Key_Tab, Qt::ControlModifier);
+        ChangeProtocols(sheet);
+    }
+
+    void ChangeGeneral(QDialog &sheet)
+    {
+        TypeInto(sheet, "fullName", u"Anna Holm"_s);
+        TypeInto(sheet, "description", u"desk 4"_s);
+        {
+            const WhileModal dialog([](QDialog &ip) {
+                TypeInto(ip, "address", u"10.1.2.3"_s);
+                Press(Qt::Key_Return);
+            });
+            PressButton(sheet, "changeIp");
+        }
+        {
+            const WhileModal dialog([](QDialog &mac) {
+                TypeInto(mac, "address", u"ZZZZZZZZZZZZ"_s);
+                Press(Qt::Key_Return);
+            });
+            PressButton(sheet, "changeMac");
+        }
+        const WhileModal dialog([](QDialog &groups) {
+            QTest::keyClicks(groups.findChild<QListWidget *>(), u"Every"_s);
+            Press(Qt::Key_Return);
+        });
+        PressButton(sheet, "changeGroup");
+    }
+
+    static void ChangeAccess(QDialog &sheet)
+    {
+        TabTo(sheet, "noControl");
+        Press(Qt::Key_Down);
+        PressButton(sheet, "trafficControl");
+        PressButton(sheet, "timeControl");
+        PressButton(sheet, "block");
+        PressButton(sheet, "authentication");
+    }
+
+    static void ChangeLimits(QDialog &sheet)
+    {
+        {
+            const WhileModal dialog([](QDialog &period) {
+                TabTo(period, "periods");
+                Press(Qt::Key_Up);
+                Press(Qt::Key_Return);
+            });
+            PressButton(sheet, "changePeriod");
+        }
+        const std::pair<const char *, const char *> limits[] = {{"changeTraffic", "700"},
+                                                                {"changeTime", "12"}};
+        for (const auto &[button, number] : limits) {
+            const WhileModal dialog([text = number](QDialog &limit) {
+                TypeInto(limit, "limit", QString::fromLatin1(text));
+                Press(Qt::Key_Return);
+            });
+            PressButton(sheet, button);
+        }
+    }
+
+    static void ChangeTimes(QDialog &sheet)
+    {
+        TabTo(sheet, "deny");
+        Press(Qt::Key_Up);
+        const WhileModal dialog([](QDialog &range) {
+            TabTo(range, "day");
+            Press(Qt::Key_Down);
+            Press(Qt::Key_Down);
+            TypeTime(range, "since", u"093000"_s);
+            TypeTime(range, "until", u"183059"_s);
+            Press(Qt::Key_Return);
+        });
+        PressButton(sheet, "addRange");
+    }
+
+    static void ChangeProtocols(QDialog &sheet)
+    {
+        TabTo(sheet, "disallow");
+        Press(Qt::Key_Up);
+        TabTo(sheet, "available");
+        Press(Qt::Key_H);
+        PressButton(sheet, "select");
+    }
+};
+
+} // namespace
+
+TEST_F(UserSheetTest, EveryPageIsWorkedByKeyboardAndStoredOnOk)
+{
+    EXPECT_TRUE(UserSheet(user_page::kGeneral, [this](QDialog &sheet) {
+        EXPECT_EQ(sheet.windowTitle(), u"User properties"_s);
+        ChangeEverything(sheet);
+        PressButton(sheet, "ok");
+    }));
+    EXPECT_THAT(prompt.TakeSaid(), IsEmpty());
+    EXPECT_THAT(
+        RowsOf("SELECT fullname, descrip, ip_addr, mac_addr, group_id, mode, blocked, blockreason, "
+               "authreq, trafperiod, timeperiod, traflim, timelim, timeaccess, portaccess "
+               "FROM users WHERE user_id = 1"),
+        ElementsAre(u"Anna Holm|desk 4|10.1.2.3|ZZZZZZZZZZZZ|80|5|1|3|1|1|1|700|12|1|1"_s));
+    EXPECT_THAT(RowsOf("SELECT user_id, dayofweek, timestart, timestop FROM time_blocked"),
+                ElementsAre(u"1|2|09:30:00|18:30:59"_s));
+    EXPECT_THAT(RowsOf("SELECT user_id, port_id FROM port_blocked"), ElementsAre(u"1|80"_s));
+}
+
+TEST_F(UserSheetTest, CancelLeavesEveryTableUntouched)
+{
+    const QStringList before = EveryRow();
+    EXPECT_FALSE(UserSheet(user_page::kGeneral, [this](QDialog &sheet) {
+        ChangeEverything(sheet);
+        Press(Qt::Key_Escape);
+    }));
+    EXPECT_FALSE(UserSheet(user_page::kGeneral, [this](QDialog &sheet) {
+        ChangeEverything(sheet);
+        PressButton(sheet, "cancel");
+    }));
+    EXPECT_EQ(EveryRow(), before);
+    EXPECT_THAT(prompt.TakeSaid(), IsEmpty());
+}
+
+TEST_F(UserSheetTest, OpensOnThePageAskedForWithItsTabsInOrder)
+{
+    (void)UserSheet(user_page::kTime, [](QDialog &sheet) {
+        const auto &tabs = Find<QTabWidget>(sheet, "pages");
+        QStringList titles;
+        for (int tab = 0; tab < tabs.count(); ++tab) {
+            titles << tabs.tabText(tab);
+        }
+        EXPECT_EQ(
+            titles,
+            (QStringList {u"General"_s, u"Access"_s, u"Limits"_s, u"Time"_s, u"Protocols"_s}));
+        EXPECT_EQ(tabs.currentIndex(), user_page::kTime);
+        sheet.reject();
+    });
+}
+
+TEST_F(UserSheetTest, CarriesTheQuotedTexts)
+{
+    (void)UserSheet(user_page::kGeneral, [](QDialog &sheet) {
+        QStringList texts;
+        for (const auto *button : sheet.findChildren<QAbstractButton *>()) {
+            texts << button->text();
+        }
+        for (const auto *label : sheet.findChildren<QLabel *>()) {
+            texts << label->text();
+        }
+        for (const auto *box : sheet.findChildren<QGroupBox *>()) {
+            texts << box->title();
+        }
+        for (const auto *text : {"No control",
+                                 "Corporate",
+                                 "Traffic control",
+                                 "Time control ",
+                                 "Provider",
+                                 "Access is allowed",
+                                 "Block user imminently",
+                                 "Require authentication",
+                                 "Fixed limits within accounting period",
+                                 "Accounting period",
+                                 "Traffic limit, Mb",
+                                 "Time limit, Hr",
+                                 "Rates",
+                                 "Traffic,",
+                                 "Change",
+                                 "Use global settings",
+                                 "Grant access",
+                                 "Deny access",
+                                 "Specify time ranges please",
+                                 "Add range",
+                                 "Delete range",
+                                 "Protocols",
+                                 "Allow protocols",
+                                 "Disallow protocols",
+                                 "Selected",
+                                 "Available",
+                                 "<<",
+                                 ">>"}) {
+            EXPECT_THAT(texts, Contains(QString::fromLatin1(text)));
+        }
+        sheet.reject();
+    });
+}
+
+TEST_F(UserSheetTest, EveryControlHasANameToBeReadOut)
+{
+    (void)UserSheet(user_page::kGeneral, [](QDialog &sheet) {
+        for (const auto *widget : sheet.findChildren<QWidget *>()) {
+            const bool works = widget->inherits("QLineEdit") || widget->inherits("QAbstractButton")
+                || widget->inherits("QAbstractItemView");
+            const bool inner = widget->objectName().startsWith(u"qt_"_s)
+                || widget->inherits("QHeaderView") || widget->parent()->inherits("QTabBar");
+            if (works && !inner) {
+                const auto *button = qobject_cast<const QAbstractButton *>(widget);
+                EXPECT_FALSE(widget->accessibleName().isEmpty()
+                             && (button == nullptr || button->text().isEmpty()))
+                    << qPrintable(widget->objectName());
+                EXPECT_FALSE(widget->objectName().isEmpty()) << widget->metaObject()->className();
+            }
+        }
+        sheet.reject();
+    });
+}
+
+TEST_F(UserSheetTest, AUserDeletedMeanwhileIsToldAndNothingIsWritten)
+{
+    QStringList before;
+    EXPECT_FALSE(UserSheet(user_page::kGeneral, [&](QDialog &sheet) {
+        ChangeEverything(sheet);
+        Execute("DELETE FROM users WHERE user_id = 1");
+        before = EveryRow();
+        PressButton(sheet, "ok");
+    }));
+    EXPECT_THAT(prompt.TakeSaid(),
+                ElementsAre(u"This user has been deleted meanwhile. Nothing was changed."_s));
+    EXPECT_EQ(EveryRow(), before);
+
+    EXPECT_FALSE(OpenUserSheet(1, user_page::kGeneral, nullptr));
+    EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"This user has been deleted meanwhile."_s));
+}
+
+TEST_F(UserSheetTest, AnAddressOfAnotherUserIsAskedAboutOnOk)
+{
+    const auto takeAddress = [](QDialog &sheet) {
+        const WhileModal dialog([](QDialog &ip) {
+            TypeInto(ip, "address", u"10.0.0.2"_s);
+            Press(Qt::Key_Return);
+        });
+        PressButton(sheet, "changeIp");
+        PressButton(sheet, "ok");
+    };
+    EXPECT_TRUE(UserSheet(user_page::kGeneral, takeAddress));
+    EXPECT_EQ(prompt.TakeSaid().size(), 1);
+    EXPECT_THAT(RowsOf("SELECT ip_addr FROM users WHERE user_id < 3 ORDER BY user_id"),
+                ElementsAre(u"10.0.0.1"_s, u"10.0.0.2"_s));
+    prompt.AnswerWith({true});
+    EXPECT_TRUE(UserSheet(user_page::kGeneral, takeAddress));
+    EXPECT_THAT(RowsOf("SELECT user_id, ip_addr FROM users WHERE user_id < 3"),
+                ElementsAre(u"1|10.0.0.2"_s));
+}
