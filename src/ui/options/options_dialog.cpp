@@ -3,6 +3,7 @@
 #include "admin/options.h"
 #include "app/administrator_app.h"
 #include "ui/options/bind_page.h"
+#include "ui/options/default_profile_page.h"
 #include "ui/options/network_page.h"
 #include "ui/options/options_pages.h"
 #include "ui/options/page_list_sheet.h"
@@ -31,6 +32,7 @@ void AddPages(PageListSheet &sheet, Options &options)
                            u"Prevent users from changing IP address"_s),
               Picture::Binding);
     sheet.Add(new AuthenticationPage(options), Picture::Logins);
+    sheet.Add(new DefaultProfilePage(options), Picture::User);
 }
 
 } // namespace

@@ -94,7 +94,7 @@ protected:
 TEST_F(OptionsWindow, HasItsPagesInOrderAndOpensOnAnEmptyStore)
 {
     const auto before = StoreBytes();
-    EXPECT_FALSE(Run([](QDialog &sheet) {
+    EXPECT_FALSE(Run([this](QDialog &sheet) {
         EXPECT_EQ(sheet.windowTitle(), u"Options"_s);
         QStringList titles;
         auto &list = Find<QListWidget>(sheet, "pageList");
@@ -103,15 +103,21 @@ TEST_F(OptionsWindow, HasItsPagesInOrderAndOpensOnAnEmptyStore)
             titles << list.item(row)->text();
         }
         EXPECT_EQ(titles.join(u", "_s),
-                  u"General, Network, Adapter selection, Tariff, Protocols, Bind, Authentication"_s);
+                  u"General, Network, Adapter selection, Tariff, Protocols, Bind, Authentication, "
+                  "Default user profile"_s);
         EXPECT_EQ(TextIn(sheet, "updatePeriod"), u"0"_s);
         EXPECT_EQ(TextIn(sheet, "authPort"), u"0"_s);
+        EXPECT_EQ(TextIn(sheet, "trafficLimit"), u""_s);
+        EXPECT_EQ(TextIn(sheet, "timeLimit"), u""_s);
         EXPECT_EQ(TextIn(sheet, "currentAdapter"), u""_s);
         EXPECT_EQ(TextIn(sheet, "price"), u"0.00"_s);
         EXPECT_EQ(TextIn(sheet, "usedCurrency"), u"UN"_s);
+        EXPECT_EQ(Find<QComboBox>(sheet, "period").currentIndex(), -1);
         for (const auto *box : sheet.findChildren<QCheckBox *>()) {
             EXPECT_FALSE(box->isChecked()) << box->text().toStdString();
         }
+        Click(sheet, "help");
+        EXPECT_EQ(prompt.TakeSaid(), QStringList(u"The user guide is not installed"_s));
         Click(sheet, "cancel");
     }));
     EXPECT_EQ(StoreBytes(), before);
@@ -139,6 +145,14 @@ TEST_F(OptionsWindow, OkWritesWhatWasChosenOnEveryPage)
         TurnToPage(sheet, u"Authentication"_s);
         Type(Find(sheet, "authPort"), u"8081"_s);
         Click(sheet, "allowNotLogged");
+        TurnToPage(sheet, u"Default user profile"_s);
+        Click(sheet, "corporate");
+        Click(sheet, "trafficControl");
+        Click(sheet, "timeControl");
+        Choose(Find<QComboBox>(sheet, "period"), u"Month"_s);
+        Type(Find(sheet, "trafficLimit"), u"500"_s);
+        Type(Find(sheet, "timeLimit"), u"40"_s);
+        Click(sheet, "blocked");
         Click(sheet, "ok");
         EXPECT_TRUE(prompt.TakeSaid().isEmpty());
     }));
@@ -150,11 +164,11 @@ TEST_F(OptionsWindow, OkWritesWhatWasChosenOnEveryPage)
         {values::kAllowNotLogged, "1"},
         {values::kAllowNonHost, "0"},
         {values::kAuthReqNew, "0"},
-        {values::kDefMode, "0"},
-        {values::kDefAccPeriod, "0"},
-        {values::kDefTrafficLimit, "0"},
-        {values::kDefTimeLimit, "0"},
-        {values::kDefBlocked, "0"},
+        {values::kDefMode, "5"},
+        {values::kDefAccPeriod, "2"},
+        {values::kDefTrafficLimit, "500"},
+        {values::kDefTimeLimit, "40"},
+        {values::kDefBlocked, "1"},
         {values::kDefAuthReq, "1"},
         {values::kRangeNum, "1"},
     };
@@ -217,6 +231,12 @@ TEST_F(OptionsWindow, APageThatRefusesStaysAndStaysChosen)
                   QStringList(u"Please enter an integer between 0 and 65535."_s));
         Type(Find(sheet, "authPort"), u"65535"_s);
 
+        TurnToPage(sheet, u"Default user profile"_s);
+        Click(sheet, "corporate");
+        TurnToPage(sheet, u"Bind"_s);
+        EXPECT_EQ(ActivePage(sheet), u"Default user profile"_s);
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"Please select one of the corporate type access options"_s));
         Click(sheet, "cancel");
     }));
 }
@@ -485,6 +505,7 @@ class GlobalOptionsWindow : public OptionsWindow
 
 TEST_F(GlobalOptionsWindow, HasItsFivePagesAndLabels)
 {
+    Store().WriteText(values::kTimer, u"60"_s);
     EXPECT_FALSE(RunGlobal([](QDialog &sheet) {
         EXPECT_EQ(sheet.windowTitle(), u"Options"_s);
         QStringList titles;

@@ -1,0 +1,96 @@
+#include "ui/options/default_profile_page.h"
+
+#include "access/access_mode.h"
+#include "db/value_codes.h"
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/number_field.h"
+#include "ui/props/access_type_box.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Blank while the store has no such value.
+void Show(WholeNumberField &field, std::optional<qint32> limit)
+{
+    field.clear();
+    if (limit && *limit >= 0) {
+        field.SetNumber(static_cast<quint32>(*limit));
+    }
+}
+
+std::optional<qint32> LimitOf(const WholeNumberField &field)
+{
+    const auto number = field.Number();
+    return number ? std::optional(static_cast<qint32>(*number)) : std::nullopt;
+}
+
+} // namespace
+
+DefaultProfilePage::DefaultProfilePage(Options &edited)
+    : options(edited)
+    , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
+    , period(new QComboBox)
+    , trafficLimit(new WholeNumberField)
+    , timeLimit(new WholeNumberField)
+    , blocked(MakeButton<QCheckBox>(u"Block imminently"_s, "blocked"))
+{
+    type->setTitle(u"Access control type"_s);
+    period->setObjectName(u"period"_s);
+    period->addItem(u"Day"_s, period::kDay);
+    period->addItem(u"Month"_s, period::kMonth);
+    trafficLimit->setObjectName(u"trafficLimit"_s);
+    timeLimit->setObjectName(u"timeLimit"_s);
+    auto *form = new QFormLayout;
+    form->addRow(LabelFor(u"Accounting period"_s, *period), period);
+    form->addRow(LabelFor(u"Traffic limit. Mb"_s, *trafficLimit), trafficLimit);
+    form->addRow(LabelFor(u"Time limit, hr"_s, *timeLimit), timeLimit);
+    form->addRow(blocked);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(type);
+    column->addLayout(form);
+    column->addStretch();
+}
+
+QString DefaultProfilePage::Title() const
+{
+    return u"Default user profile"_s;
+}
+
+void DefaultProfilePage::Load()
+{
+    const DefaultProfile &profile = options.profile;
+    type->Show(ChoiceFor(static_cast<quint32>(profile.mode)));
+    period->setCurrentIndex(period->findData(static_cast<quint32>(profile.period)));
+    Show(*trafficLimit, profile.trafficLimit);
+    Show(*timeLimit, profile.timeLimit);
+    blocked->setChecked(profile.blocked);
+}
+
+bool DefaultProfilePage::Leave()
+{
+    if (!ModeFor(type->Choice())) {
+        Complain(u"Please select one of the corporate type access options"_s);
+        return false;
+    }
+    return true;
+}
+
+void DefaultProfilePage::Collect()
+{
+    DefaultProfile &profile = options.profile;
+    profile.mode = static_cast<qint32>(ModeFor(type->Choice()).value_or(mode::kNoControl));
+    if (period->currentIndex() >= 0) {
+        profile.period = period->currentData().toInt();
+    }
+    profile.trafficLimit = LimitOf(*trafficLimit);
+    profile.timeLimit = LimitOf(*timeLimit);
+    profile.blocked = blocked->isChecked();
+}

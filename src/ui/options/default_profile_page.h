@@ -1,0 +1,30 @@
+// The profile that the accounting service gives to a newly seen user.
+#pragma once
+
+#include "admin/options.h"
+#include "ui/common/page.h"
+
+class AccessTypeBox;
+class QCheckBox;
+class QComboBox;
+class WholeNumberField;
+
+class DefaultProfilePage : public Page
+{
+    Q_OBJECT
+
+public:
+    explicit DefaultProfilePage(Options &options);
+    [[nodiscard]] QString Title() const override;
+    void Load() override;
+    [[nodiscard]] bool Leave() override;
+    void Collect() override;
+
+private:
+    Options &options;
+    AccessTypeBox *type;
+    QComboBox *period;
+    WholeNumberField *trafficLimit;
+    WholeNumberField *timeLimit;
+    QCheckBox *blocked;
+};
