@@ -2,7 +2,7 @@
 #include "db/value_codes.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
-#include "ui/main/change_group_dialog.h"
+#include "ui/props/change_group_dialog.h"
 
 #include <QListWidget>
 
