@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <limits>
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -44,7 +45,10 @@ private:
 
 int RunAndCompare(int argc, char **argv, const std::vector<Promise> &promises)
 {
-    const QCoreApplication application(argc, argv);
+    std::optional<QCoreApplication> application;
+    if (QCoreApplication::instance() == nullptr) {
+        application.emplace(argc, argv);
+    }
     std::vector<char *> arguments(argv, argv + argc);
     char repetitions[] = "--benchmark_repetitions=15";
     char interleaving[] = "--benchmark_enable_random_interleaving=true";

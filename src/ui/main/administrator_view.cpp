@@ -32,10 +32,14 @@ CAdministratorView::~CAdministratorView()
     columns.Save(config);
 }
 
-void CAdministratorView::Start()
+void CAdministratorView::LoadColumns()
 {
     columns.Load(config);
     InsertColumns();
+}
+
+void CAdministratorView::FirstFill()
+{
     FillList(config.ReadInteger(values::kRefresh), sortAscending);
 }
 

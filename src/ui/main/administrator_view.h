@@ -20,8 +20,11 @@ public:
                        QWidget *parent);
     ~CAdministratorView() override; // keeps the columns in the store
 
-    // Loads the columns and fills the list for the first time.
-    void Start();
+    // Puts the columns up as the store has them; the list stays empty.
+    void LoadColumns();
+
+    // In the order that the store names for the start.
+    void FirstFill();
 
     // Reads the list anew. Only the codes 0, 1 and 2 become the order of later refills.
     void FillList(int order, bool ascending);

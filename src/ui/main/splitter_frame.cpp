@@ -61,8 +61,7 @@ void CSplitterFrame::CreatePanes()
     splitter->setStretchFactor(1, 1);
     setCentralWidget(splitter);
     activePane = users;
-    users->Start();
-    groups->FillGroups();
+    users->LoadColumns();
     connect(users, &CAdministratorView::Filled, this, &CSplitterFrame::ShowCounts);
 }
 
@@ -122,6 +121,8 @@ void CSplitterFrame::Follow(ListPane &pane, ListPane &other)
 
 void CSplitterFrame::FirstStart()
 {
+    users->FirstFill();
+    groups->FillGroups();
     ShowCounts();
     const bool firstTime = app.Config().ReadInteger(values::kFirstStart) == 1;
     if (firstTime) {

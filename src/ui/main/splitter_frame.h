@@ -21,15 +21,15 @@ class CSplitterFrame : public QMainWindow
     Q_OBJECT
 
 public:
-    // Fills both lists. `app` must outlive the frame.
+    // The lists are still empty. `app` must outlive the frame.
     CSplitterFrame(CAdministratorApp &app, FrameDialogs dialogs);
 
     // Closes the database session and the connection, then keeps the sort order and the refresh
     // choice in the store.
     ~CSplitterFrame() override;
 
-    // What is left to do once the window is shown: the user count, and the setup wizard or the offer
-    // to reconnect.
+    // What is left to do once the window is shown: the lists are filled and counted, then the setup
+    // wizard or the offer to reconnect opens.
     void FirstStart();
 
     // Both lists, the users in the current order.

@@ -292,7 +292,8 @@ TEST_F(Lists, ARefillDuringTheQuestionChangesNothing)
         std::function<void()> meanwhile;
     } refilling;
     CAdministratorView view(theApp->Config(), refilling, dialogs, nullptr);
-    view.Start();
+    view.LoadColumns();
+    view.FirstFill();
     refilling.meanwhile = [&] {
         AddUser({.name = "aaron"}); // comes to stand first
         view.FillList(0, true);

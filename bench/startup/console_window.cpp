@@ -1,0 +1,22 @@
+// The console as it starts, until its window is on the screen: argument 1 is its configuration folder.
+#include "app/administrator_app.h"
+#include "startup/first_paint.h"
+#include "ui/common/message_box_prompt.h"
+#include "ui/main/splitter_frame.h"
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char **argv)
+{
+    CAdministratorApp app(argc, argv);
+    MessageBoxPrompt prompt;
+    std::unique_ptr<CSplitterFrame> frame;
+    std::unique_ptr<QuitAfterPaint> watch;
+    app.SetUp({QString::fromLocal8Bit(argv[1]), QDBusConnection(u"nobody"_s)}, prompt, [&] {
+        frame = std::make_unique<CSplitterFrame>(app, StandardDialogs(app));
+        watch = std::make_unique<QuitAfterPaint>(*frame);
+        frame->show();
+        return true;
+    });
+    return app.InitInstance() ? QApplication::exec() : EXIT_FAILURE;
+}
