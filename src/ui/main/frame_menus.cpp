@@ -161,7 +161,7 @@ void FrameMenus::MakeConfigureMenu()
     QMenu &menu = *frame.menuBar()->addMenu(u"&Configure"_s);
     options = Add(menu,
                   {"options", u"&Options", u"Options", Picture::Options},
-                  RefreshingOpener(frame, dialogs.options));
+                  Opener(frame, dialogs.options));
     Add(menu,
         {"unmonitored",
          u"&Unmonitored",
@@ -183,7 +183,7 @@ void FrameMenus::MakeConfigureMenu()
                                  u"Display global options",
                                  Picture::Options,
                                  QKeySequence(u"Ctrl+Shift+O"_s)},
-                                RefreshingOpener(frame, dialogs.globalOptions),
+                                Opener(frame, dialogs.globalOptions),
                                 &frame));
 }
 
