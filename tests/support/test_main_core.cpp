@@ -1,6 +1,6 @@
-#include <gmock/gmock.h>
-
 #include <QCoreApplication>
+
+#include <gmock/gmock.h>
 
 int main(int argc, char **argv)
 {

@@ -2,8 +2,8 @@
 
 #include "access/list_commands.h"
 #include "ui/common/accessible.h"
-#include "ui/props/change_group_dialog.h"
 #include "ui/main/user_list_model.h"
+#include "ui/props/change_group_dialog.h"
 
 #include <QHeaderView>
 #include <QMenu>

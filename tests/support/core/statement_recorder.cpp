@@ -35,4 +35,7 @@ StatementRecorder::~StatementRecorder()
     QLoggingCategory::setFilterRules({});
 }
 
-QStringList StatementRecorder::Take() { return std::exchange(recorded, {}); }
+QStringList StatementRecorder::Take()
+{
+    return std::exchange(recorded, {});
+}
