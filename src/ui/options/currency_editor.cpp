@@ -101,6 +101,7 @@ QWidget *CurrencyEditor::CurrencyBox(const Texts &texts)
     SetNames(*list, u"currencies"_s, u"Currencies"_s);
     list->setRootIsDecorated(false);
     list->setHeaderLabels({u"Title"_s, u"Symbol"_s, u"Rate"_s});
+    list->header()->setSectionResizeMode(QHeaderView::Stretch);
     list->setMinimumHeight(list->fontMetrics().height() * kShownRows);
     auto *grid = new QGridLayout(box);
     int row = 0;

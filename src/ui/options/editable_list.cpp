@@ -25,6 +25,9 @@ QTreeWidget *MakeList(const QString &name, const QStringList &columns)
     list->setHeaderLabels(columns);
     list->setHeaderHidden(columns.size() < 2);
     list->header()->setStretchLastSection(true);
+    if (columns.size() == 1) {
+        list->header()->setSectionResizeMode(QHeaderView::Stretch);
+    }
     list->setMinimumHeight(list->fontMetrics().height() * kShownRows);
     list->setAllColumnsShowFocus(true);
     return list;

@@ -4,7 +4,6 @@
 #include "ui/wizard/setup_wizard_pages.h"
 
 #include <QPushButton>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -32,14 +31,17 @@ CSetupWizard::CSetupWizard(NetworkSetup &edited, const QList<Adapter> &adapters,
     for (const auto &[which, name] : names) {
         button(which)->setObjectName(QLatin1String(name));
     }
-    connect(this, &QWizard::currentIdChanged, this, &CSetupWizard::SkipPorts);
+    connect(this, &QWizard::currentIdChanged, this, &CSetupWizard::Follow);
 }
 
-// Back from the user binds leads past the ports when no list of protocols is used. Kept: Next shows
+// The window is called as its page. Back from the user binds leads past the ports when no list of protocols is used. Kept: Next shows
 // them all the same.
-void CSetupWizard::SkipPorts(int page)
+void CSetupWizard::Follow(int page)
 {
     const int previous = std::exchange(shown, page);
+    if (currentPage()) {
+        setWindowTitle(currentPage()->title());
+    }
     if (page == wizard_page::kPorts && previous == wizard_page::kUserBinds
         && !monitor_mode::UsesList(setup.monitorMode)) {
         back();

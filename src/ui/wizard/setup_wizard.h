@@ -14,7 +14,7 @@ public:
     CSetupWizard(NetworkSetup &setup, const QList<Adapter> &adapters, QWidget *parent);
 
 private:
-    void SkipPorts(int page);
+    void Follow(int page);
 
     NetworkSetup &setup;
     int shown = -1;
