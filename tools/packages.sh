@@ -5,7 +5,7 @@ build_packages=(g++ cmake ninja-build pkg-config ccache mold
     qt6-base-dev qt6-svg-dev unixodbc-dev libtomlplusplus-dev libxlsxwriter-dev)
 run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugins
-    fonts-dejavu-core python3 clang-format)
+    fonts-dejavu-core python3 python3-openpyxl poppler-utils clang-format)
 server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
 tidy_packages=(clang clang-tidy)
 
