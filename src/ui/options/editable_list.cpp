@@ -27,6 +27,7 @@ QTreeWidget *MakeList(const QString &name, const QStringList &columns)
     list->header()->setStretchLastSection(true);
     if (columns.size() == 1) {
         list->header()->setSectionResizeMode(QHeaderView::Stretch);
+        list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     }
     list->setMinimumHeight(list->fontMetrics().height() * kShownRows);
     list->setAllColumnsShowFocus(true);

@@ -1,4 +1,5 @@
 #include "admin/protocol_storage.h"
+#include "support/windows/dark_palette.h"
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
@@ -458,9 +459,12 @@ TEST_F(OptionsWindow, ACurrencyIsAddedUsedChangedAndDeleted)
 
 TEST_F(OptionsWindow, AnAdapterTooLongToShowIsAnError)
 {
+    const DarkPalette dark;
     Store().WriteText(values::kNic, QString(1024, u'x'));
     EXPECT_FALSE(Run([](QDialog &sheet) {
         EXPECT_EQ(TextIn(sheet, "currentAdapter"), u"Error!"_s);
+        TurnToPage(sheet, u"Protocols"_s);
+        Grab(sheet, u"options-dark"_s);
         Click(sheet, "cancel");
     }));
 }
