@@ -43,7 +43,7 @@ void DrawUser(Studio &studio, quint32 user)
                    user_page::kGeneral,
                    {{"changeIp", "change-ip-address"},
                     {"changeMac", "change-mac-address"},
-                    {"changeGroup", "change-group-of-user"}});
+                    {"changeGroup", "user-group"}});
         DrawOpened(studio,
                    sheet,
                    user_page::kLimits,
@@ -75,7 +75,8 @@ void DrawGroup(Studio &studio)
 
 void DrawProperties(Studio &studio)
 {
-    const quint32 user = FirstId("SELECT user_id FROM users WHERE mode = 5 AND monitored = true");
+    const quint32 user = FirstId("SELECT user_id FROM users WHERE mode = 1 AND user_id IN "
+                                 "(SELECT user_id FROM time_blocked)");
     DrawUser(studio, user);
     DrawGroup(studio);
     studio.DrawDialog(u"access-for-users"_s, [&] {

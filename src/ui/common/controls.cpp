@@ -13,6 +13,10 @@ QLineEdit *ShownValue(const char *objectName)
     auto *field = new QLineEdit;
     field->setObjectName(QLatin1String(objectName));
     field->setReadOnly(true);
+    // On the window's own ground, so that it does not look like a field to be filled in.
+    QPalette palette = field->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    field->setPalette(palette);
     return field;
 }
 

@@ -22,6 +22,7 @@ ChangeIpDialog::ChangeIpDialog(const QString &address, QWidget *parent)
 {
     setWindowTitle(u"Change IP Address"_s);
     field->setObjectName(u"address"_s);
+    field->setMaximumWidth(2 * fontMetrics().horizontalAdvance(u"000.000.000.000"_s));
     if (const auto shown = Ipv4From(address)) {
         field->SetAddress(*shown);
     }

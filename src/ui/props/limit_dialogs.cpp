@@ -30,6 +30,7 @@ PeriodDialog::PeriodDialog(quint32 period, QWidget *parent) : QDialog(parent), l
     list->setObjectName(u"periods"_s);
     list->addItems({PeriodName(period::kDay), PeriodName(period::kMonth)});
     list->setCurrentRow(static_cast<int>(period) - 1);
+    list->setMaximumHeight((list->count() + 1) * list->sizeHintForRow(0));
     auto *column = new QVBoxLayout(this);
     column->addWidget(LabelFor(u"Accounting period:"_s, *list));
     column->addWidget(list);
