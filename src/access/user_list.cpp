@@ -6,8 +6,6 @@
 
 #include <QHash>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr char kSelect[] =
@@ -67,6 +65,9 @@ UserList ReadUserList(int order, bool ascending, bool withGroupNames)
 {
     UserList list;
     QList<quint32> groupIds;
+    list.rows.reserve(kUserListCapacity);
+    list.rowUserIds.reserve(kUserListCapacity);
+    groupIds.reserve(kUserListCapacity);
     {
         LimitRows(kUserListCapacity);
         RowCursor rows(Statement(order, ascending).constData());
@@ -92,8 +93,12 @@ QString MacAddressText(const QString &stored)
 {
     constexpr qsizetype kLength = 12;
     QString text;
+    text.reserve(kLength + 5);
     for (qsizetype at = 0; at < qMin(stored.size(), kLength); at += 2) {
-        text += (at > 0 ? u"-"_s : u""_s) + stored.mid(at, 2);
+        if (at > 0) {
+            text.append(u'-');
+        }
+        text.append(QStringView(stored).mid(at, qMin<qsizetype>(2, stored.size() - at)));
     }
     return text;
 }
