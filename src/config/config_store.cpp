@@ -78,6 +78,9 @@ ConfigStore::LoadedKey ConfigStore::Load(ConfigKeyId key) const
     const QString path = FileOf(key);
     const key_file::Content content = key_file::Read(path);
     if (content.reading == key_file::Reading::Missing) {
+        if (key == ConfigKeyId::Base) {
+            WarnOnce(path, u"is missing"_s); // the other keys may well be
+        }
         return {KeyState::Missing, {}};
     }
     WarnWhenOpenToEverybody(path);

@@ -29,13 +29,15 @@ QByteArray Native(const QString &path)
 
 Content Read(const QString &path)
 {
-    QFile file(path);
-    if (!file.exists()) {
-        return {};
+    struct stat status = {};
+    if (::stat(Native(path).constData(), &status) != 0) {
+        const bool isMissing = errno == ENOENT || errno == ENOTDIR;
+        return isMissing ? Content() : Content {Reading::Unreadable, {}, qt_error_string(errno)};
     }
-    if (!QFileInfo(path).isFile()) {
+    if (!S_ISREG(status.st_mode)) {
         return {Reading::Unreadable, {}, u"not a file"_s};
     }
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return {Reading::Unreadable, {}, file.errorString()};
     }

@@ -167,6 +167,19 @@ TEST_F(ConfigStoreTest, AFileThatCannotBeReadIsLeftAlone)
     EXPECT_EQ(WarningCollector::Lines().filter(u"cannot be read: not a file"_s).size(), 1);
 }
 
+TEST_F(ConfigStoreTest, AFileThatCannotBeReachedIsNotJustMissing)
+{
+    const WarningCollector warnings;
+    EXPECT_FALSE(store.HasKey(ConfigKeyId::Base));
+    EXPECT_EQ(WarningCollector::Lines(),
+              QStringList(u"tollbrook.config: "_s + path + u" is missing"_s));
+    MakeBaseKey();
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(QFile::link(path, path));
+    EXPECT_FALSE(store.HasKey(ConfigKeyId::Base));
+    EXPECT_EQ(WarningCollector::Lines().filter(u"cannot be read: "_s).size(), 1);
+}
+
 TEST_F(ConfigStoreTest, AGroupIsWrittenAndDeletedAtOnce)
 {
     ASSERT_TRUE(store.CreateKey(ConfigKeyId::LocalIp));
