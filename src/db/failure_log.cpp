@@ -1,5 +1,7 @@
 #include "db/failure_log.h"
 
+using namespace Qt::StringLiterals;
+
 Q_LOGGING_CATEGORY(logDb, "tollbrook.db", QtWarningMsg)
 Q_LOGGING_CATEGORY(logStatement, "tollbrook.db.statement", QtWarningMsg)
 
@@ -11,7 +13,12 @@ FailureLog &FailureLog::Instance()
 
 void FailureLog::Add(const StatementFailure &failure)
 {
-    qCWarning(logDb).noquote() << failure.sqlState << failure.text << "in" << failure.statement;
+    QStringList line {failure.sqlState, failure.text};
+    if (!failure.statement.isEmpty()) {
+        line << u"in"_s << failure.statement;
+    }
+    line.removeAll(QString());
+    qCWarning(logDb).noquote() << line.join(u' ');
     recent.append(failure);
     if (recent.size() > kKept) {
         recent.removeFirst();

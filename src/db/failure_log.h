@@ -14,7 +14,9 @@ Q_DECLARE_LOGGING_CATEGORY(logStatement) // tollbrook.db.statement
 struct StatementFailure
 {
     QDateTime time;
-    QString statement; // as it is written in the code; empty for a failed connection
+    // As it is written in the code; as the engine was given it when fetching its rows failed; empty for
+    // a failed connection.
+    QString statement;
     QString sqlState;
     QString text; // the driver's own words
 };
