@@ -1,5 +1,6 @@
 #include "ui/common/icons.h"
 
+#include <QFile>
 #include <QMap>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +30,18 @@ constexpr const char *kFileNames[] = {
 };
 static_assert(std::size(kFileNames) == static_cast<size_t>(Picture::Binding) + 1);
 
+// In a selected row: the picture's own file for that, else the same untinted, since a style would
+// blend it with the highlight.
+QIcon Load(Picture picture)
+{
+    const auto name = QLatin1StringView(kFileNames[static_cast<int>(picture)]);
+    const QString file = u":/icons/%1.svg"_s.arg(name);
+    const QString selected = u":/icons/%1-selected.svg"_s.arg(name);
+    QIcon icon(file);
+    icon.addFile(QFile::exists(selected) ? selected : file, {}, QIcon::Selected);
+    return icon;
+}
+
 } // namespace
 
 // Outside any namespace, as the resource compiler's function is.
@@ -45,8 +58,7 @@ const QIcon &IconOf(Picture picture)
     }();
     auto icon = icons.find(picture);
     if (icon == icons.end()) {
-        const auto name = QLatin1StringView(kFileNames[static_cast<int>(picture)]);
-        icon = icons.insert(picture, QIcon(u":/icons/%1.svg"_s.arg(name)));
+        icon = icons.insert(picture, Load(picture));
     }
     return *icon;
 }

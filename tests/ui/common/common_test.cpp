@@ -183,7 +183,7 @@ TEST(MessageBoxPrompt, TellsAndAsks)
 
 TEST(Icons, EachPictureIsDrawn)
 {
-    constexpr int kCount = static_cast<int>(Picture::Save) + 1;
+    constexpr int kCount = static_cast<int>(Picture::Binding) + 1;
     constexpr int kCell = 40;
     QImage sheet(kCell * kCount, kCell * 2, QImage::Format_ARGB32);
     sheet.fill(Qt::white);
@@ -197,6 +197,13 @@ TEST(Icons, EachPictureIsDrawn)
         painter.drawImage(index * kCell + 4, 4, image);
         painter.drawImage(index * kCell + 4, kCell + 4, image);
     }
+    // In a selected row the access is as clear as elsewhere, and a row's icon stands out.
+    const auto inRow = [](Picture picture, QIcon::Mode mode) {
+        return IconOf(picture).pixmap(QSize(32, 32), 1, mode).toImage();
+    };
+    EXPECT_EQ(inRow(Picture::AccessAllowed, QIcon::Selected),
+              inRow(Picture::AccessAllowed, QIcon::Normal));
+    EXPECT_NE(inRow(Picture::User, QIcon::Selected), inRow(Picture::User, QIcon::Normal));
     painter.end();
     const QString folder = qEnvironmentVariable("TB_SCREENS");
     if (!folder.isEmpty()) {
