@@ -20,6 +20,7 @@ ProgressWindow::ProgressWindow(QWidget *parent)
     , bar(new QProgressBar(this))
 {
     SetNames(*this, u"progressWindow"_s, u"Progress"_s);
+    setWindowTitle(u" "_s); // without any, the toolkit would put the program's name there
     text->setObjectName(u"progressText"_s);
     SetNames(*bar, u"progressBar"_s, u"Progress"_s);
     bar->setRange(0, 100);

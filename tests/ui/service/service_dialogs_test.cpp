@@ -130,7 +130,7 @@ TEST_F(ServiceWindowTest, ProgressStandsBesideTheDialogWhileASequenceRuns)
         const auto &window = Find<ProgressWindow>(dialog, "progressWindow");
         EXPECT_TRUE(window.isVisible());
         EXPECT_FALSE(window.isModal());
-        EXPECT_EQ(window.windowTitle(), QString());
+        EXPECT_EQ(window.windowTitle().trimmed(), QString());
         const auto &bar = Find<QProgressBar>(window, "progressBar");
         EXPECT_EQ(bar.accessibleDescription(), TextOf(window, "progressText"));
         steps
