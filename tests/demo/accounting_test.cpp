@@ -191,4 +191,5 @@ TEST(MadeUpTraffic, IsTheSameForTheSameSeedAndPlausible)
     EXPECT_EQ(chosen.size(), 2U);
     EXPECT_NE(chosen[0], chosen[1]);
     EXPECT_EQ(one.Choose({5}, 2), std::vector<quint32> {5});
+    EXPECT_EQ(one.Choose({5, 6, 47, 8}, 1), std::vector<quint32> {47}) << "who downloads all day";
 }
