@@ -53,7 +53,9 @@ void CAdministratorView::FillList(int order, bool ascending)
                            ? ReadUserList(order, ascending, columns.IsVisible(UserColumn::Group))
                            : UserList());
     });
-    ShowSortIndicator(order, ascending);
+    shownOrder = order;
+    shownAscending = ascending;
+    ShowSortIndicator();
 }
 
 void CAdministratorView::RebuildColumns()
@@ -88,16 +90,17 @@ void CAdministratorView::HeaderClicked(int section)
         FillList(order, !sortAscending);
         sortAscending = !sortAscending;
     }
+    ShowSortIndicator(); // the click itself moved it, whether or not the column sorts
 }
 
-void CAdministratorView::ShowSortIndicator(int order, bool ascending)
+void CAdministratorView::ShowSortIndicator()
 {
-    int section = users->columnCount() - 1;
-    while (section >= 0 && SortCode(users->ColumnAt(section)) != order) {
+    int section = shownOrder < 0 ? -1 : users->columnCount() - 1;
+    while (section >= 0 && SortCode(users->ColumnAt(section)) != shownOrder) {
         --section;
     }
     header()->setSortIndicatorShown(section >= 0);
-    header()->setSortIndicator(section, ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    header()->setSortIndicator(section, shownAscending ? Qt::AscendingOrder : Qt::DescendingOrder);
 }
 
 bool CAdministratorView::FindUser(const QString &text)

@@ -60,7 +60,7 @@ protected:
 private:
     void InsertColumns();
     void HeaderClicked(int section);
-    void ShowSortIndicator(int order, bool ascending);
+    void ShowSortIndicator();
     void
     RemoveSelected(const QString &question, const QString &questionSeveral, void (*act)(quint32));
 
@@ -71,4 +71,6 @@ private:
     UserColumns columns;
     int sortColumn = 5;
     bool sortAscending = true; // of header clicks: one direction for all columns
+    int shownOrder = -1; // of the rows as they stand
+    bool shownAscending = true;
 };

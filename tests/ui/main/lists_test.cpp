@@ -102,6 +102,9 @@ TEST_F(Lists, HeaderClicksAlternateOneDirectionForAllColumns)
         } else {
             EXPECT_EQ(Names(), names) << qPrintable(header);
         }
+        if (header == u"Group"_s) {
+            EXPECT_EQ(Users().header()->sortIndicatorSection(), 2) << "still by full name";
+        }
     }
     QTest::keyClick(&Users(), Qt::Key_F5); // back to the last of name, workstation or full name
     EXPECT_EQ(Names(), QStringList({u"carl"_s, u"anna"_s, u"bert"_s}));
