@@ -5,6 +5,7 @@
 #include "ui/main/command.h"
 #include "ui/main/splitter_frame.h"
 
+#include <QActionGroup>
 #include <QMenuBar>
 #include <QToolBar>
 
@@ -117,42 +118,44 @@ void FrameMenus::MakeColumnsMenu(QMenu &view)
     }
 }
 
-void FrameMenus::MakeSortMenu(QMenu &view)
+QList<QAction *> FrameMenus::AddChoices(QMenu &menu,
+                                        const QStringList &texts,
+                                        const std::function<void(int)> &choose)
 {
-    QMenu &menu = *view.addMenu(u"&Sort by"_s);
-    for (const auto &text : {u"Usernames"_s, u"Workstations"_s, u"Full names"_s}) {
-        QAction *item = menu.addAction(text);
+    auto *choices = new QActionGroup(&menu);
+    for (int index = 0; index < texts.size(); ++index) {
+        QAction *item = choices->addAction(menu.addAction(texts[index]));
         item->setCheckable(true);
-        const auto order = static_cast<int>(sortItems.size());
-        connect(item, &QAction::triggered, this, [this, order] {
-            frame.SortBy(order);
+        connect(item, &QAction::triggered, this, [this, index, choose] {
+            choose(index);
             UpdateChecks();
         });
-        sortItems.append(item);
     }
+    return choices->actions();
+}
+
+void FrameMenus::MakeSortMenu(QMenu &view)
+{
+    sortItems = AddChoices(*view.addMenu(u"&Sort by"_s),
+                           {u"Usernames"_s, u"Workstations"_s, u"Full names"_s},
+                           [this](int order) { frame.SortBy(order); });
 }
 
 void FrameMenus::MakeRefreshItems(QMenu &view)
 {
-    for (const auto &text : {u"No auto refresh"_s,
+    const QStringList texts {u"No auto refresh"_s,
                              u"Each minute"_s,
                              u"Each 3 minutes"_s,
                              u"Each 5 minutes"_s,
                              u"Each 10 minutes"_s,
-                             u"Custom period..."_s}) {
-        QAction *item = view.addAction(text);
-        item->setCheckable(true);
-        const auto mode = static_cast<AutoRefresh::Mode>(refreshItems.size());
-        connect(item, &QAction::triggered, this, [this, mode] {
-            if (mode == AutoRefresh::Custom) {
-                frame.ChooseCustomPeriod();
-            } else {
-                frame.Refreshing().Choose(mode);
-            }
-            UpdateChecks();
-        });
-        refreshItems.append(item);
-    }
+                             u"Custom period..."_s};
+    refreshItems = AddChoices(view, texts, [this](int mode) {
+        if (mode == AutoRefresh::Custom) {
+            frame.ChooseCustomPeriod();
+        } else {
+            frame.Refreshing().Choose(static_cast<AutoRefresh::Mode>(mode));
+        }
+    });
 }
 
 void FrameMenus::MakeConfigureMenu()

@@ -27,6 +27,9 @@ public:
 
 private:
     QAction *Add(QMenu &menu, const CommandText &text, const std::function<void()> &run);
+    // One of them is in force: which, UpdateChecks shows. `choose` is given the index in `texts`.
+    QList<QAction *>
+    AddChoices(QMenu &menu, const QStringList &texts, const std::function<void(int)> &choose);
     void MakeFileMenu();
     void MakeUserMenu();
     void MakeViewMenu();
