@@ -1,3 +1,5 @@
+#include "db/failure_log.h"
+#include "db/session.h"
 #include "demo/screens/studio.h"
 #include "ui/main/splitter_frame.h"
 
@@ -5,6 +7,7 @@
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QDialog>
+#include <QToolButton>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -34,8 +37,18 @@ void RightClick(QTreeView &list)
     QCoreApplication::sendEvent(list.viewport(), &event);
 }
 
+// A real one: the session's answer to a table that does not exist.
+void DrawFailures(Studio &studio)
+{
+    RunQuery("SELECT note FROM remarks WHERE user_id = 7", FetchMode::All);
+    studio.DrawDialog(u"failures"_s,
+                      [&] { studio.Frame().findChild<QToolButton *>(u"failuresPane"_s)->click(); });
+    FailureLog::Instance().Clear();
+}
+
 void Trigger(Studio &studio, const QString &action)
 {
+    QCoreApplication::processEvents(); // commands follow the selection with the next event
     studio.Frame().findChild<QAction *>(action)->trigger();
 }
 
@@ -59,4 +72,5 @@ void DrawMainWindow(Studio &studio)
 
     studio.DrawDialog(u"refresh-period"_s, [&] { studio.Frame().ChooseCustomPeriod(); });
     studio.DrawDialog(u"about"_s, [&] { Trigger(studio, u"about"_s); });
+    DrawFailures(studio);
 }

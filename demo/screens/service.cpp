@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
 
@@ -20,8 +19,7 @@ void PressAndDrawProgress(Studio &studio,
     constexpr int kOnTheWayMs = 2200;
     QTimer::singleShot(kOnTheWayMs, &dialog, [&] {
         for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (window != &dialog && window->isVisible()
-                && window->findChild<QProgressBar *>() != nullptr) {
+            if (window->objectName() == u"progressWindow" && window->isVisible()) {
                 studio.Draw(name, *window);
             }
         }

@@ -41,6 +41,7 @@ FailuresDialog::FailuresDialog(QWidget *parent)
     list->setUniformRowHeights(true);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setObjectName(u"close"_s);
+    buttons->button(QDialogButtonBox::Close)->setDefault(true);
     auto *copy = buttons->addButton(u"&Copy all"_s, QDialogButtonBox::ActionRole);
     copy->setObjectName(u"copy"_s);
     connect(copy, &QPushButton::clicked, this, &FailuresDialog::CopyAll);
