@@ -53,16 +53,16 @@ start_service() {
     service_pid=$!
     # The console looks for the service once, at its start.
     for _ in {1..50}; do
-        grep -q ' ready$' "$demo/service.log" && return
+        grep -qs ' ready$' "$demo/service.log" && return
         sleep 0.1
     done
     echo "The stand-in service did not start; build/demo/service.log tells why." >&2
 }
 
-# Ends both; runs at every exit.
-end_service() {
+# Ends whatever runs of the demonstration, the console first; runs at every exit.
+end_demo() {
     local pid
-    for pid in ${service_pid:-} ${bus_pid:-}; do
+    for pid in ${console_pid:-} ${service_pid:-} ${bus_pid:-}; do
         kill "$pid" 2>/dev/null || true
     done
     wait
