@@ -40,6 +40,9 @@ void RightClick(QTreeView &list)
 // A real one: the session's answer to a table that does not exist.
 void DrawFailures(Studio &studio)
 {
+    if (!studio.Wants(u"failures"_s)) {
+        return;
+    }
     RunQuery("SELECT note FROM remarks WHERE user_id = 7", FetchMode::All);
     studio.DrawDialog(u"failures"_s,
                       [&] { studio.Frame().findChild<QToolButton *>(u"failuresPane"_s)->click(); });

@@ -63,9 +63,9 @@ FailuresDialog::FailuresDialog(QWidget *parent)
 void FailuresDialog::Fill()
 {
     const FailureLog &log = FailureLog::Instance();
-    summary->setText(u"%1 statements failed since the program started; the last %2 are listed."_s
-                         .arg(log.Count())
-                         .arg(log.Recent().size()));
+    summary->setText(
+        u"Failed since the program started: %1. Listed, newest first: %2."_s.arg(log.Count())
+            .arg(log.Recent().size()));
     list->clear();
     for (const StatementFailure &failure : log.Recent() | std::views::reverse) {
         auto *item = new QTreeWidgetItem(list, Cells(failure));
