@@ -43,17 +43,17 @@ private:
 
 } // namespace
 
-int RunAndCompare(int argc, char **argv, const std::vector<Promise> &promises)
+int RunAndCompare(int argc, char **argv, const std::vector<Promise> &promises, int repetitions)
 {
     std::optional<QCoreApplication> application;
     if (QCoreApplication::instance() == nullptr) {
         application.emplace(argc, argv);
     }
     std::vector<char *> arguments(argv, argv + argc);
-    char repetitions[] = "--benchmark_repetitions=15";
+    std::string times = "--benchmark_repetitions=" + std::to_string(repetitions);
     char interleaving[] = "--benchmark_enable_random_interleaving=true";
     char shortest[] = "--benchmark_min_time=0.05";
-    arguments.insert(arguments.begin() + 1, {repetitions, interleaving, shortest});
+    arguments.insert(arguments.begin() + 1, {times.data(), interleaving, shortest});
     auto count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     Shortest reporter;

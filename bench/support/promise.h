@@ -13,6 +13,9 @@ struct Promise
     double most;
 };
 
-// Runs every benchmark several times in turn, prints the shortest time of each promise's two sides and
+// Runs every benchmark so many times in turn, prints the shortest time of each promise's two sides and
 // their ratio. 1 when a promise is broken, which is said.
-int RunAndCompare(int argc, char **argv, const std::vector<Promise> &promises);
+int RunAndCompare(int argc,
+                  char **argv,
+                  const std::vector<Promise> &promises,
+                  int repetitions = 15);
