@@ -1,4 +1,5 @@
 // The main window itself: start, menus, timers, status bar, settings.
+#include "base/painted_work.h"
 #include "db/failure_log.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
@@ -7,6 +8,7 @@
 
 #include <QClipboard>
 #include <QMenuBar>
+#include <QSemaphore>
 #include <QSpinBox>
 #include <QTreeWidget>
 
@@ -254,6 +256,21 @@ TEST_F(Frame, RefreshReadsGroupsThenUsers)
     EXPECT_TRUE(
         statements[1].endsWith(u"ORDER BY username ASC"_s)); // the store is read at start only
     EXPECT_TRUE(statements[2].startsWith(u"SELECT name FROM groups"_s));
+}
+
+TEST_F(Frame, ListsWaitWhileLongWorkHoldsTheDatabase)
+{
+    CSplitterFrame &window = ShowFrame();
+    StatementRecorder recorder;
+    QSemaphore refreshed;
+    QTimer::singleShot(0, &window, [&] {
+        window.Refresh();
+        refreshed.release();
+    });
+    RunPainted([&] { refreshed.acquire(); });
+    EXPECT_TRUE(recorder.Take().isEmpty());
+    window.Refresh();
+    EXPECT_FALSE(recorder.Take().isEmpty());
 }
 
 TEST_F(Frame, TimersStartAMomentAfterTheWindow)
