@@ -86,7 +86,7 @@ ProtocolTable LoadProtocols()
                 {static_cast<qint32>(queryResult.Integer(1)), queryResult.Integer(2)});
         }
     }
-    return {protocols, {}};
+    return ProtocolTable(protocols);
 }
 
 void SaveProtocols(const ProtocolTable &table)

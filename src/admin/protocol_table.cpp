@@ -3,6 +3,7 @@
 #include "base/prompt.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -25,9 +26,12 @@ QString TextOf(ProtocolProblem problem)
     Q_UNREACHABLE();
 }
 
-ProtocolTable::ProtocolTable(QList<Protocol> listed, QList<Protocol> removed)
+ProtocolTable::ProtocolTable(QList<Protocol> listed) : protocols(std::move(listed)) { }
+
+ProtocolTable::ProtocolTable(QList<Protocol> listed, QList<Protocol> unlisted)
     : protocols(std::move(listed))
-    , removedProtocols(std::move(removed))
+    , removedProtocols(std::move(unlisted))
+    , unlists(true)
 { }
 
 qsizetype ProtocolTable::IndexOf(const QString &name) const
@@ -54,11 +58,24 @@ std::optional<ProtocolProblem> ProtocolTable::Add(const QString &name)
     if (removed == removedProtocols.end()) {
         protocols.append({.name = name, .ports = {}, .isNew = true});
     } else {
-        removed->monitored = false;
-        protocols.append(*removed);
+        ComeBack(*removed);
         removedProtocols.erase(removed);
     }
     return std::nullopt;
+}
+
+// The row is used again: a second one of that name could not be told from it by name.
+void ProtocolTable::ComeBack(Protocol protocol)
+{
+    protocol.monitored = false;
+    if (!unlists) {
+        for (const ProtocolPort &port : std::exchange(protocol.ports, {})) {
+            if (port.id != 0) {
+                removedPorts.append({protocol.id, port});
+            }
+        }
+    }
+    protocols.append(std::move(protocol));
 }
 
 std::optional<ProtocolProblem> ProtocolTable::AddPort(qsizetype protocol,

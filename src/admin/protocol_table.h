@@ -68,12 +68,15 @@ struct RemovedPort
 };
 
 // The table of a page: rules without a database, see protocol_storage.h. What is taken away is
-// remembered; when it is added again under its name or number it comes back with its old row.
+// remembered; when it is added again under its name or number it gets its old row back.
 class ProtocolTable
 {
 public:
     ProtocolTable() = default;
-    ProtocolTable(QList<Protocol> listed, QList<Protocol> removed);
+    explicit ProtocolTable(QList<Protocol> listed);
+
+    // As the setup wizard has it: to remove a protocol is only to unlist it.
+    ProtocolTable(QList<Protocol> listed, QList<Protocol> unlisted);
 
     [[nodiscard]] const QList<Protocol> &Protocols() const { return protocols; }
     [[nodiscard]] const QList<Protocol> &RemovedProtocols() const { return removedProtocols; }
@@ -82,7 +85,8 @@ public:
     // Counted from 0; -1 when there is none. The name must be exact.
     [[nodiscard]] qsizetype IndexOf(const QString &name) const;
 
-    // The new protocol comes last and has no ports. Letter case makes no other name.
+    // The new protocol comes last and has no ports, except an unlisted one, which kept its ports.
+    // Letter case makes no other name.
     [[nodiscard]] std::optional<ProtocolProblem> Add(const QString &name);
     [[nodiscard]] std::optional<ProtocolProblem> AddPort(qsizetype protocol,
                                                          std::optional<qint32> number);
@@ -94,9 +98,12 @@ public:
     bool operator==(const ProtocolTable &) const = default;
 
 private:
+    void ComeBack(Protocol protocol);
+
     QList<Protocol> protocols;
     QList<Protocol> removedProtocols; // each has a row in the database
     QList<RemovedPort> removedPorts; // of protocols that stay; each has a row in the database
+    bool unlists = false; // a removed protocol stays in the database with its ports
 };
 
 // True when nobody needs to be asked, or says Yes: with "specified only" and no protocol monitored

@@ -10,9 +10,8 @@ namespace {
 
 ProtocolTable HttpAndFtp()
 {
-    return {{{u"FTP"_s, {{20, 201}, {21, 202}}, 2, true, false},
-             {u"HTTP"_s, {{80, 101}}, 1, true, false}},
-            {}};
+    return ProtocolTable({{u"FTP"_s, {{20, 201}, {21, 202}}, 2, true, false},
+                          {u"HTTP"_s, {{80, 101}}, 1, true, false}});
 }
 
 QString Described(const ProtocolTable &table)
@@ -85,14 +84,30 @@ TEST(ProtocolTable, WhatIsRemovedAndAddedAgainKeepsItsRow)
     ASSERT_EQ(table.RemovedProtocols().size(), 1);
     EXPECT_EQ(table.Add(u"ftp"_s), std::nullopt);
     EXPECT_TRUE(table.RemovedProtocols().isEmpty());
-    EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 20#201,21#202"_s);
+    EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 "_s) << "it has no ports";
+    EXPECT_FALSE(table.Protocols()[1].monitored);
+    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{2, {20, 201}}, {2, {21, 202}}}));
+    EXPECT_EQ(table.AddPort(1, 21), std::nullopt);
+    EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 21#202"_s);
 
     EXPECT_EQ(table.Add(u"new"_s), std::nullopt);
     EXPECT_EQ(table.AddPort(2, 7), std::nullopt);
     table.RemovePort(2, 0);
     table.Remove(2);
-    EXPECT_TRUE(table.RemovedProtocols().isEmpty() && table.RemovedPorts().isEmpty())
+    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{2, {20, 201}}}))
         << "what never was in the database leaves nothing to delete";
+    EXPECT_TRUE(table.RemovedProtocols().isEmpty());
+}
+
+TEST(ProtocolTable, WhatTheWizardUnlistsComesBackWithItsPorts)
+{
+    ProtocolTable table(HttpAndFtp().Protocols(), {{u"Mail"_s, {{25, 301}}, 3, false, false}});
+    table.Remove(0);
+    for (const auto &name : {u"ftp"_s, u"mail"_s}) {
+        EXPECT_EQ(table.Add(name), std::nullopt);
+    }
+    EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 20#201,21#202; Mail#3 25#301"_s);
+    EXPECT_TRUE(table.RemovedPorts().isEmpty());
 }
 
 TEST(ProtocolTable, OnlySpecifiedOnlyAsksAboutNone)
