@@ -15,7 +15,8 @@ AdapterDialog::AdapterDialog(const QList<Adapter> &adapters, bool mayChange, QWi
 {
     setWindowTitle(u"Select network card Tollbrook will work with"_s);
     auto *chooser = new AdapterChooser(adapters);
-    chooser->SetCurrent(BoundAdapter(theApp->Config()).value_or(QString()));
+    const QString bound = BoundAdapter(theApp->Config()).value_or(QString());
+    chooser->SetCurrent(FindAdapter(adapters, bound) ? bound : QString());
     chooser->SetMayChange(mayChange);
     connect(chooser, &AdapterChooser::Picked, this, [](const Adapter &adapter) {
         BindAdapter(theApp->Config(), adapter);
