@@ -1,14 +1,20 @@
-#include "keyboard.h"
+#include "support/windows/keyboard.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QRadioButton>
+#include <QSet>
 #include <QTest>
 #include <QWidget>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kMostControls = 100;
 
 bool HasFocus(const QWidget &window, const char *name)
 {
@@ -30,11 +36,45 @@ void TypeOn(const QString &text)
     }
 }
 
+QSet<const QWidget *> ReachedByTab()
+{
+    QSet<const QWidget *> reached;
+    for (int pressed = 0; pressed < kMostControls; ++pressed) { // a date takes several
+        reached.insert(QApplication::focusWidget());
+        Press(Qt::Key_Tab);
+    }
+    return reached;
+}
+
+bool CanBeUsed(const QWidget &control)
+{
+    return control.isVisible() && control.isEnabled() && control.focusProxy() == nullptr
+        && (control.focusPolicy() & Qt::TabFocus) != 0
+        && !control.objectName().startsWith(u"qt_"_s); // a part of the toolkit's own
+}
+
+bool HasName(const QWidget &control)
+{
+    const auto *button = qobject_cast<const QAbstractButton *>(&control);
+    return !control.accessibleName().isEmpty() || !control.accessibleDescription().isEmpty()
+        || (button != nullptr && !button->text().isEmpty());
+}
+
+// The control itself, or another button of its radio buttons.
+bool IsReached(const QWidget &control, const QSet<const QWidget *> &reached)
+{
+    if (!qobject_cast<const QRadioButton *>(&control)) {
+        return reached.contains(&control);
+    }
+    return std::ranges::any_of(
+        control.parentWidget()->findChildren<QRadioButton *>(Qt::FindDirectChildrenOnly),
+        [&reached](const QWidget *each) { return reached.contains(each); });
+}
+
 } // namespace
 
 void TabTo(QWidget &window, const char *name)
 {
-    constexpr int kMostControls = 100;
     for (int pressed = 0; pressed < kMostControls && !testing::Test::HasFatalFailure(); ++pressed) {
         if (HasFocus(window, name)) {
             return;
@@ -76,4 +116,15 @@ void TypeTime(QWidget &window, const char *name, const QString &digits)
     Press(Qt::Key_Right, Qt::ShiftModifier);
     Press(Qt::Key_Right, Qt::ShiftModifier);
     TypeOn(digits);
+}
+
+void ExpectKeyboardReachesAll(const QWidget &part)
+{
+    const QSet<const QWidget *> reached = ReachedByTab();
+    for (const QWidget *control : part.findChildren<QWidget *>()) {
+        if (CanBeUsed(*control)) {
+            EXPECT_TRUE(IsReached(*control, reached)) << qPrintable(control->objectName());
+            EXPECT_TRUE(HasName(*control)) << qPrintable(control->objectName());
+        }
+    }
 }

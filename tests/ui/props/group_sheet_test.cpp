@@ -1,6 +1,6 @@
 #include "access/group_record.h"
-#include "keyboard.h"
 #include "props_fixture.h"
+#include "support/windows/keyboard.h"
 #include "ui/props/time_page.h"
 
 #include <QComboBox>

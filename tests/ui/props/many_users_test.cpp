@@ -1,5 +1,5 @@
-#include "keyboard.h"
 #include "props_fixture.h"
+#include "support/windows/keyboard.h"
 
 #include <QComboBox>
 #include <QProgressBar>

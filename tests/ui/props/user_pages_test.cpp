@@ -1,7 +1,7 @@
 #include "access/user_record.h"
 #include "db/value_codes.h"
-#include "keyboard.h"
 #include "props_fixture.h"
+#include "support/windows/keyboard.h"
 #include "ui/common/ip_address_field.h"
 #include "ui/common/sheet.h"
 #include "ui/props/access_pages.h"
