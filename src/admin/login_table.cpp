@@ -81,6 +81,19 @@ std::optional<QString> CheckLimitAndUser(const LoginEntry &entry)
     return std::nullopt;
 }
 
+// True when the statement did not fail.
+template <typename Statement>
+bool Write(Prompt &prompt, const Statement &statement)
+{
+    const qsizetype before = FailureLog::Instance().Count();
+    statement();
+    const bool done = FailureLog::Instance().Count() == before;
+    if (!done) {
+        prompt.Tell(u"Error writing information to the database"_s, Prompt::Icon::Error);
+    }
+    return done;
+}
+
 } // namespace
 
 void LoginTable::Load()
@@ -182,36 +195,31 @@ std::optional<size_t> LoginTable::IndexOf(const QString &name) const
     return static_cast<size_t>(found - logins.begin());
 }
 
-void LoginTable::Save(Prompt &prompt)
+bool LoginTable::Save(Prompt &prompt)
 {
-    const auto write = [&](const auto &statement) {
-        const qsizetype before = FailureLog::Instance().Count();
-        statement();
-        if (FailureLog::Instance().Count() != before) {
-            prompt.Tell(u"Error writing information to the database"_s, Prompt::Icon::Error);
-        }
-    };
     // A removed name that is in use again makes room before the new row comes.
-    write([&] { DeleteRemoved(true); });
+    DeleteRemoved(true, prompt);
+    bool done = true;
     for (size_t index = 0; index < logins.size(); ++index) {
-        if (states[index] == State::New) {
-            write([&] { Insert(logins[index]); });
-        } else if (states[index] == State::Changed) {
-            write([&] { Update(logins[index]); });
+        const State state = states[index];
+        if (state == State::Stored) {
+            continue;
         }
+        const bool written = Write(
+            prompt, [&] { state == State::New ? Insert(logins[index]) : Update(logins[index]); });
+        states[index] = written ? State::Stored : state;
+        done = done && written;
     }
-    write([&] { DeleteRemoved(false); });
-    removed.clear();
-    states.assign(logins.size(), State::Stored);
+    DeleteRemoved(false, prompt);
+    return done && removed.isEmpty();
 }
 
-void LoginTable::DeleteRemoved(bool nameInUseAgain) const
+void LoginTable::DeleteRemoved(bool nameInUseAgain, Prompt &prompt)
 {
-    for (const QString &name : removed) {
-        if (IndexOf(name).has_value() == nameInUseAgain) {
-            Execute("DELETE FROM logins WHERE login=(?)", name);
-        }
-    }
+    removed.removeIf([&](const QString &name) {
+        return IndexOf(name).has_value() == nameInUseAgain
+            && Write(prompt, [&] { Execute("DELETE FROM logins WHERE login=(?)", name); });
+    });
 }
 
 void LoginTable::Insert(const Login &login) const

@@ -67,15 +67,16 @@ public:
     // True when `userId` is bound to a login other than the one at `index`, here or in the database.
     [[nodiscard]] bool HasLogin(quint32 userId, std::optional<size_t> index) const;
 
-    // Writes new, changed and removed logins. Says "Error writing information to the database" for a
-    // statement that failed and goes on with the next.
-    void Save(Prompt &prompt);
+    // Writes new, changed and removed logins. Says "Error writing information to the database" for
+    // each statement that failed and goes on with the next. False when one failed: what it should
+    // have written is still to be saved.
+    [[nodiscard]] bool Save(Prompt &prompt);
 
 private:
     enum class State { Stored, Changed, New };
 
     [[nodiscard]] std::optional<size_t> IndexOf(const QString &name) const;
-    void DeleteRemoved(bool nameInUseAgain) const;
+    void DeleteRemoved(bool nameInUseAgain, Prompt &prompt);
     void Insert(const Login &login) const;
     void Update(const Login &login) const;
 

@@ -2,7 +2,7 @@
 
 #include "admin/password_digest.h"
 #include "admin/unmonitored.h"
-#include "support/core/database_fixture.h"
+#include "support/core/engine_fixture.h"
 #include "support/core/scripted_prompt.h"
 #include "support/core/statement_recorder.h"
 
@@ -25,12 +25,12 @@ TEST(PasswordDigest, IsTheKnownTextOfEachPassword)
     EXPECT_FALSE(PasswordDigest(QString(129, QChar(0x43f)))); // 258 bytes
 }
 
-class LoginTableTest : public DatabaseFixture
+class LoginTableTest : public EngineFixture
 {
 protected:
     void SetUp() override
     {
-        DatabaseFixture::SetUp();
+        EngineFixture::SetUp();
         Execute("INSERT INTO users (username, group_id, monitored) VALUES ('ann', 80, true)");
         Execute("INSERT INTO users (username, group_id, monitored) VALUES ('bob', 80, true)");
         ann = FindUserByName(u"ann"_s)->userId;
@@ -63,7 +63,9 @@ protected:
     quint32 bob = 0;
 };
 
-TEST_F(LoginTableTest, LoadsEachLoginWithItsUserAndLimit)
+TB_ON_EVERY_ENGINE(LoginTableTest);
+
+TEST_P(LoginTableTest, LoadsEachLoginWithItsUserAndLimit)
 {
     ASSERT_EQ(table.Logins().size(), 2U);
     const Login &first = table.Logins()[0];
@@ -75,7 +77,7 @@ TEST_F(LoginTableTest, LoadsEachLoginWithItsUserAndLimit)
     EXPECT_TRUE(table.Logins()[1].guest);
 }
 
-TEST_F(LoginTableTest, TheFirstProblemInOrderIsTold)
+TEST_P(LoginTableTest, TheFirstProblemInOrderIsTold)
 {
     // Everything is wrong at once; mending one shows the next.
     LoginEntry entry;
@@ -104,7 +106,7 @@ TEST_F(LoginTableTest, TheFirstProblemInOrderIsTold)
     EXPECT_EQ(problem(), u"none"_s);
 }
 
-TEST_F(LoginTableTest, OneThousandLoginsFit)
+TEST_P(LoginTableTest, OneThousandLoginsFit)
 {
     for (int number = 0; number < 998; ++number) {
         Add(Entry(u"login%1"_s.arg(number)));
@@ -114,7 +116,7 @@ TEST_F(LoginTableTest, OneThousandLoginsFit)
     EXPECT_EQ(table.Check(Entry(u"ann1"_s), 0), std::nullopt); // an existing one may be edited
 }
 
-TEST_F(LoginTableTest, SaveWritesOnlyWhatIsNewChangedOrRemoved)
+TEST_P(LoginTableTest, SaveWritesOnlyWhatIsNewChangedOrRemoved)
 {
     LoginEntry made = Entry(u"bob1"_s, u"secret"_s);
     made.bindToUser = true;
@@ -129,7 +131,7 @@ TEST_F(LoginTableTest, SaveWritesOnlyWhatIsNewChangedOrRemoved)
     table.Remove(1);
 
     StatementRecorder recorder;
-    table.Save(prompt);
+    EXPECT_TRUE(table.Save(prompt));
     const QStringList expected {
         u"SELECT Pwd FROM logins WHERE login=(?)"_s,
         u"UPDATE Logins SET LimitIP=(?), LimitMAC=(?), LimitPCMode=(?), LimitPC=(?), "
@@ -149,26 +151,51 @@ TEST_F(LoginTableTest, SaveWritesOnlyWhatIsNewChangedOrRemoved)
                   .arg(bob));
 }
 
-TEST_F(LoginTableTest, ARemovedNameCanBeUsedAgain)
+TEST_P(LoginTableTest, ARemovedNameCanBeUsedAgain)
 {
     table.Remove(1);
     Add(Entry(u"guest"_s, u""_s));
-    table.Save(prompt);
+    EXPECT_TRUE(table.Save(prompt));
     EXPECT_EQ(RowsOf("SELECT login, Pwd, Virtual FROM logins WHERE login = 'guest'"),
               QStringList {u"guest|5b85554da1606b2582ebe938a45dd3bd|0"_s});
 }
 
-TEST_F(LoginTableTest, AFailedStatementIsToldAndTheRestGoesOn)
+TEST_P(LoginTableTest, WhatFailedIsToldAndSavedTheNextTime)
 {
-    Add(Entry(u"clash"_s));
+    Add(Entry(u"clash"_s, u"secret"_s));
     Add(Entry(u"fine"_s));
+    table.Remove(0);
     Execute("INSERT INTO Logins (login, Pwd) VALUES ('clash', 'by another administrator')");
-    table.Save(prompt);
+    EXPECT_FALSE(table.Save(prompt));
     EXPECT_EQ(prompt.TakeSaid(), QStringList {u"Error writing information to the database"_s});
-    EXPECT_EQ(RowsOf("SELECT login FROM logins WHERE login = 'fine'").size(), 1);
+    EXPECT_EQ(RowsOf("SELECT login FROM logins ORDER BY login"),
+              (QStringList {u"clash"_s, u"fine"_s, u"guest"_s}));
+
+    Execute("DELETE FROM Logins WHERE login = 'clash'");
+    StatementRecorder recorder;
+    EXPECT_TRUE(table.Save(prompt));
+    EXPECT_EQ(recorder.Take().size(), 1) << "only what is left";
+    EXPECT_EQ(RowsOf("SELECT Pwd FROM logins WHERE login = 'clash'"),
+              QStringList {u"b 6d1c2fee12fde2cf6fd690a11b24c3"_s});
 }
 
-TEST_F(LoginTableTest, AUserHasOneLoginAtMost)
+TEST_P(LoginTableTest, ATableThatIsAwayLosesNoLogin)
+{
+    Add(Entry(u"new"_s));
+    LoginEntry changed {table.Logins()[0], true, {}, {}, false};
+    changed.login.allowStats = true;
+    table.Put(changed, 0);
+    table.Remove(1);
+    Execute("ALTER TABLE Logins RENAME TO logins_away");
+    EXPECT_FALSE(table.Save(prompt));
+    EXPECT_EQ(prompt.TakeSaid().size(), 3) << "the change, the new one and the removed one";
+    Execute("ALTER TABLE logins_away RENAME TO Logins");
+    EXPECT_TRUE(table.Save(prompt));
+    EXPECT_EQ(RowsOf("SELECT login, AllowStats, Pwd FROM logins ORDER BY login").join(u'\n'),
+              u"ann1|1|digest of ann\nnew|0|"_s + *PasswordDigest(u"pw"_s));
+}
+
+TEST_P(LoginTableTest, AUserHasOneLoginAtMost)
 {
     EXPECT_TRUE(table.HasLogin(ann, {}));
     EXPECT_FALSE(table.HasLogin(ann, 0)); // its own
@@ -184,7 +211,7 @@ TEST_F(LoginTableTest, AUserHasOneLoginAtMost)
     EXPECT_TRUE(table.HasLogin(ann, {}));
 }
 
-TEST_F(LoginTableTest, UsersAreOfferedByGroupAndName)
+TEST_P(LoginTableTest, UsersAreOfferedByGroupAndName)
 {
     const auto groups = LoadLoginUsers();
     ASSERT_EQ(groups.size(), 1U);
@@ -194,7 +221,7 @@ TEST_F(LoginTableTest, UsersAreOfferedByGroupAndName)
     EXPECT_FALSE(FindUserByName(u"nobody"_s));
 }
 
-TEST_F(LoginTableTest, UnmonitoredUsersComeBack)
+TEST_P(LoginTableTest, UnmonitoredUsersComeBack)
 {
     Execute("UPDATE users SET monitored = false, ip_addr = '10.0.0.9' WHERE username = 'bob'");
     const auto users = LoadUnmonitored();

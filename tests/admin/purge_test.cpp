@@ -1,7 +1,7 @@
 #include "admin/purge.h"
 
 #include "base/painted_work.h"
-#include "support/core/database_fixture.h"
+#include "support/core/engine_fixture.h"
 #include "support/core/statement_recorder.h"
 
 #include <QThread>
@@ -66,7 +66,7 @@ TEST(Purge, TheFirstDayKeptIsSimpleArithmetic)
     }
 }
 
-class PurgeTest : public DatabaseFixture
+class PurgeTest : public EngineFixture
 {
 protected:
     // A usage record and a credit on each of these days, the credits in the evening.
@@ -94,7 +94,9 @@ protected:
     }
 };
 
-TEST_F(PurgeTest, ACustomRangeOfOneDayKeepsExactlyThatDay)
+TB_ON_EVERY_ENGINE(PurgeTest);
+
+TEST_P(PurgeTest, ACustomRangeOfOneDayKeepsExactlyThatDay)
 {
     Fill({{2026, 3, 1}, {2026, 3, 2}, {2026, 3, 3}});
     Purge({Keep::Custom, false, {2026, 3, 2}, {2026, 3, 2}}, {2026, 3, 9});
@@ -104,14 +106,47 @@ TEST_F(PurgeTest, ACustomRangeOfOneDayKeepsExactlyThatDay)
     EXPECT_TRUE(RowsOf("SELECT date FROM billing")[0].startsWith(u"2026-03-02 23:30"_s));
 }
 
-TEST_F(PurgeTest, AnImpossibleDayIsTheNextThatExists)
+TEST_P(PurgeTest, KeepsFromTheComputedDayOn)
 {
-    Fill({{2026, 2, 28}, {2026, 3, 1}});
-    Purge({Keep::LastWeek, false, {}, {}}, {2026, 3, 6}); // 30 February
-    EXPECT_EQ(RowsOf("SELECT current_time FROM traffic_use"), QStringList {u"2026-03-01"_s});
+    struct Case
+    {
+        QDate today;
+        Keep keep;
+        Day lastGone;
+        Day firstKept;
+    };
+    const Case cases[] = {
+        {{2026, 3, 3}, Keep::Today, {2026, 3, 2}, {2026, 3, 3}},
+        {{2026, 3, 3}, Keep::LastWeek, {2026, 2, 26}, {2026, 2, 27}},
+        {{2026, 3, 4}, Keep::LastWeek, {2026, 2, 27}, {2026, 2, 28}},
+        {{2026, 3, 6}, Keep::LastWeek, {2026, 2, 28}, {2026, 3, 1}}, // 30 February
+        {{2028, 3, 5}, Keep::LastWeek, {2028, 2, 28}, {2028, 2, 29}},
+        {{2028, 3, 6}, Keep::LastWeek, {2028, 2, 29}, {2028, 3, 1}},
+        {{2026, 3, 7}, Keep::LastWeek, {2026, 2, 28}, {2026, 3, 1}},
+        {{2026, 1, 6},
+         Keep::LastWeek,
+         {2026, 12, 29},
+         {2026, 12, 30}}, // kept: this year's December
+        {{2026, 1, 7}, Keep::LastWeek, {2025, 12, 31}, {2026, 1, 1}},
+        {{2026, 1, 15}, Keep::LastMonth, {2026, 12, 14}, {2026, 12, 15}}, // kept: the same
+        {{2026, 5, 31}, Keep::LastMonth, {2026, 4, 30}, {2026, 5, 1}}, // 31 April
+        {{2026, 3, 29}, Keep::LastMonth, {2026, 2, 28}, {2026, 3, 1}}, // 29 February
+        {{2028, 3, 29}, Keep::LastMonth, {2028, 2, 28}, {2028, 2, 29}},
+    };
+    for (const auto &[today, keep, lastGone, firstKept] : cases) {
+        Purge({Keep::Nothing, false, {}, {}}, today);
+        Fill({lastGone, firstKept});
+        Purge({keep, false, {}, {}}, today);
+        const QStringList left {DayText(firstKept)};
+        EXPECT_EQ(RowsOf("SELECT current_time FROM traffic_use"), left) << qPrintable(left[0]);
+        EXPECT_EQ(RowsOf("SELECT current_time FROM time_use"), left) << qPrintable(left[0]);
+        const QStringList billing = RowsOf("SELECT date FROM billing");
+        ASSERT_EQ(billing.size(), 1) << qPrintable(left[0]);
+        EXPECT_TRUE(billing[0].startsWith(left[0])) << qPrintable(billing[0]);
+    }
 }
 
-TEST_F(PurgeTest, WhatWouldGoIsWhatGoes)
+TEST_P(PurgeTest, WhatWouldGoIsWhatGoes)
 {
     Fill({{2026, 1, 1}, {2026, 3, 2}, {2026, 3, 3}, {2026, 3, 4}});
     const auto steps = PurgeSteps({Keep::Custom, false, {2026, 3, 2}, {2026, 3, 3}}, {2026, 3, 9});
@@ -127,7 +162,7 @@ TEST_F(PurgeTest, WhatWouldGoIsWhatGoes)
     EXPECT_EQ(removed, 6);
 }
 
-TEST_F(PurgeTest, AFailedStepIsSeenAndTheWorkCanRunBesideTheWindow)
+TEST_P(PurgeTest, AFailedStepIsSeenAndTheWorkCanRunBesideTheWindow)
 {
     Fill({{2026, 1, 1}});
     Execute("DROP TABLE time_use");

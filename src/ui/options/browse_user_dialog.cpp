@@ -2,9 +2,9 @@
 
 #include "app/administrator_app.h"
 #include "ui/common/accessible.h"
+#include "ui/common/controls.h"
 #include "ui/common/icons.h"
 
-#include <QDialogButtonBox>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -30,13 +30,10 @@ BrowseUserDialog::BrowseUserDialog(std::function<bool(quint32 userId)> userHasLo
     setWindowTitle(u"Browse for user"_s);
     SetNames(*tree, u"users"_s, u"Groups and users"_s);
     tree->setHeaderHidden(true);
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     auto *column = new QVBoxLayout(this);
     column->addWidget(tree);
-    column->addWidget(buttons);
+    column->addWidget(OkAndCancel(*this));
     resize(340, 420);
-    connect(buttons, &QDialogButtonBox::accepted, this, &BrowseUserDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &BrowseUserDialog::reject);
     Fill();
 }
 

@@ -1,13 +1,12 @@
 #include "ui/options/create_login_dialog.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/accessible.h"
+#include "ui/common/controls.h"
 #include "ui/common/ip_address_field.h"
 #include "ui/common/text_field.h"
 #include "ui/options/browse_user_dialog.h"
 
 #include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -28,14 +27,6 @@ QLineEdit *PasswordField(const char *objectName)
     return field;
 }
 
-template <typename Button>
-Button *Named(const QString &text, const char *objectName)
-{
-    auto *button = new Button(text);
-    button->setObjectName(QLatin1String(objectName));
-    return button;
-}
-
 } // namespace
 
 CreateLoginDialog::CreateLoginDialog(LoginTable &logins,
@@ -52,9 +43,8 @@ CreateLoginDialog::CreateLoginDialog(LoginTable &logins,
 
 void CreateLoginDialog::Build()
 {
-    allowStats = Named<QCheckBox>(u"Allow access to personal statistics"_s, "allowStats");
-    guest = Named<QCheckBox>(u"This is a guest user"_s, "guest");
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    allowStats = MakeButton<QCheckBox>(u"Allow access to personal statistics"_s, "allowStats");
+    guest = MakeButton<QCheckBox>(u"This is a guest user"_s, "guest");
     auto *column = new QVBoxLayout(this);
     column->addWidget(LoginBox());
     column->addWidget(UserBox());
@@ -62,9 +52,7 @@ void CreateLoginDialog::Build()
     column->addWidget(allowStats);
     column->addWidget(guest);
     column->addStretch();
-    column->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, this, &CreateLoginDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &CreateLoginDialog::reject);
+    column->addWidget(OkAndCancel(*this));
 }
 
 QWidget *CreateLoginDialog::LoginBox()
@@ -84,11 +72,11 @@ QWidget *CreateLoginDialog::LoginBox()
 QWidget *CreateLoginDialog::UserBox()
 {
     auto *box = new QGroupBox(u"User"_s);
-    bindToUser = Named<QCheckBox>(u"Bind this login to existing user"_s, "bindToUser");
+    bindToUser = MakeButton<QCheckBox>(u"Bind this login to existing user"_s, "bindToUser");
     user = new QLineEdit;
     SetNames(*user, u"user"_s, u"Bound user"_s);
     user->setReadOnly(true);
-    browse = Named<QPushButton>(u"Browse for user..."_s, "browse");
+    browse = MakeButton<QPushButton>(u"Browse for user..."_s, "browse");
     auto *row = new QHBoxLayout;
     row->addWidget(user);
     row->addWidget(browse);
@@ -103,9 +91,9 @@ QWidget *CreateLoginDialog::UserBox()
 QWidget *CreateLoginDialog::LimitBox()
 {
     auto *box = new QGroupBox(u"Limit the workstation"_s);
-    noLimit = Named<QRadioButton>(u"No limit"_s, "noLimit");
-    byIp = Named<QRadioButton>(u"By IP address"_s, "byIp");
-    byMac = Named<QRadioButton>(u"By MAC address"_s, "byMac");
+    noLimit = MakeButton<QRadioButton>(u"No limit"_s, "noLimit");
+    byIp = MakeButton<QRadioButton>(u"By IP address"_s, "byIp");
+    byMac = MakeButton<QRadioButton>(u"By MAC address"_s, "byMac");
     ip = new IpAddressField(u"IP address"_s);
     ip->setObjectName(u"ip"_s);
     mac = new TextField;
@@ -197,7 +185,7 @@ void CreateLoginDialog::accept()
 {
     LoginEntry entry = Entry();
     if (const auto problem = table.Check(entry, index)) {
-        theApp->Messages().Tell(*problem, Prompt::Icon::Warning);
+        Complain(*problem);
         return;
     }
     table.Put(entry, index);

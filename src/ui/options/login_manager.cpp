@@ -2,10 +2,10 @@
 
 #include "app/administrator_app.h"
 #include "ui/common/accessible.h"
+#include "ui/common/controls.h"
 #include "ui/common/icons.h"
 #include "ui/options/create_login_dialog.h"
 
-#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QSplitter>
@@ -74,28 +74,24 @@ void LoginManager::Build()
     panes->setSizes({190, 480});
 
     const auto commandButton = [](const QString &text, const char *objectName) {
-        auto *button = new QPushButton(text);
-        button->setObjectName(QLatin1String(objectName));
+        auto *button = MakeButton<QPushButton>(text, objectName);
         button->setAutoDefault(false);
         return button;
     };
     auto *create = commandButton(u"Create..."_s, "create");
     edit = commandButton(u"Properties"_s, "edit");
     remove = commandButton(u"Remove"_s, "remove");
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     auto *bottom = new QHBoxLayout;
     for (QPushButton *part : {create, edit, remove}) {
         bottom->addWidget(part);
     }
     bottom->addStretch();
-    bottom->addWidget(buttons);
+    bottom->addWidget(OkAndCancel(*this));
     auto *column = new QVBoxLayout(this);
     column->addWidget(panes);
     column->addLayout(bottom);
     resize(720, 440);
 
-    connect(buttons, &QDialogButtonBox::accepted, this, &LoginManager::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &LoginManager::reject);
     connect(create, &QPushButton::clicked, this, &LoginManager::Create);
     connect(edit, &QPushButton::clicked, this, &LoginManager::Edit);
     connect(remove, &QPushButton::clicked, this, &LoginManager::Remove);
@@ -194,8 +190,9 @@ void LoginManager::Remove()
 
 void LoginManager::accept()
 {
-    table.Save(theApp->Messages());
-    QDialog::accept();
+    if (table.Save(theApp->Messages())) {
+        QDialog::accept();
+    }
 }
 
 void OpenLoginManager(QWidget *parent)

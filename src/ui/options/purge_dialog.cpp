@@ -4,6 +4,7 @@
 #include "base/painted_work.h"
 #include "service/service_guard.h"
 #include "ui/common/accessible.h"
+#include "ui/common/controls.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
@@ -24,14 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 enum OutcomeColumn { Table, WouldGo, Removed };
-
-template <typename Button>
-Button *Named(const QString &text, const char *objectName)
-{
-    auto *button = new Button(text);
-    button->setObjectName(QString::fromLatin1(objectName));
-    return button;
-}
 
 QDateEdit *DayPicker(const char *objectName)
 {
@@ -76,9 +69,9 @@ void PurgeDialog::Build()
     auto *tip = new QLabel(u"You may purge all information in  your   database   or  select "
                            "particular time  period  on  the right of this window"_s);
     tip->setWordWrap(true);
-    purge = Named<QPushButton>(u"Purge"_s, "purge");
-    auto *help = Named<QPushButton>(u"Help"_s, "help");
-    close = Named<QPushButton>(u"Close"_s, "close");
+    purge = MakeButton<QPushButton>(u"Purge"_s, "purge");
+    auto *help = MakeButton<QPushButton>(u"Help"_s, "help");
+    close = MakeButton<QPushButton>(u"Close"_s, "close");
     auto *buttons = new QDialogButtonBox;
     buttons->addButton(purge, QDialogButtonBox::ActionRole);
     buttons->addButton(help, QDialogButtonBox::HelpRole);
@@ -105,9 +98,9 @@ void PurgeDialog::Build()
 QWidget *PurgeDialog::ModeBox()
 {
     auto *box = new QGroupBox(u"Information to remove"_s);
-    all = Named<QRadioButton>(u"Purge all information"_s, "all");
-    deleteUsers = Named<QCheckBox>(u"Delete all users"_s, "deleteUsers");
-    byPeriod = Named<QRadioButton>(u"Purge for the selected period"_s, "byPeriod");
+    all = MakeButton<QRadioButton>(u"Purge all information"_s, "all");
+    deleteUsers = MakeButton<QCheckBox>(u"Delete all users"_s, "deleteUsers");
+    byPeriod = MakeButton<QRadioButton>(u"Purge for the selected period"_s, "byPeriod");
     auto *indented = new QHBoxLayout;
     indented->addSpacing(20);
     indented->addWidget(deleteUsers);
@@ -123,10 +116,10 @@ QWidget *PurgeDialog::ModeBox()
 QWidget *PurgeDialog::PeriodBox()
 {
     periodBox = new QGroupBox(u"Save data for period of time"_s);
-    today = Named<QRadioButton>(u"Today"_s, "today");
-    lastWeek = Named<QRadioButton>(u"Last week"_s, "lastWeek");
-    lastMonth = Named<QRadioButton>(u"Last month"_s, "lastMonth");
-    custom = Named<QRadioButton>(u"Custom"_s, "custom");
+    today = MakeButton<QRadioButton>(u"Today"_s, "today");
+    lastWeek = MakeButton<QRadioButton>(u"Last week"_s, "lastWeek");
+    lastMonth = MakeButton<QRadioButton>(u"Last month"_s, "lastMonth");
+    custom = MakeButton<QRadioButton>(u"Custom"_s, "custom");
     since = DayPicker("since");
     until = DayPicker("until");
     auto *range = new QFormLayout;

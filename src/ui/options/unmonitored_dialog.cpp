@@ -30,6 +30,7 @@ UnmonitoredDialog::UnmonitoredDialog(QWidget *parent)
     note->setWordWrap(true);
     note->setBuddy(list);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
     buttons->addButton(monitor, QDialogButtonBox::ActionRole);
     auto *column = new QVBoxLayout(this);
     column->addWidget(note);

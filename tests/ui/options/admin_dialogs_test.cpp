@@ -1,3 +1,5 @@
+#include "support/core/fake_service.h"
+#include "support/windows/keyboard.h"
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
@@ -54,6 +56,27 @@ TEST_F(UnmonitoredWindow, BringsBackTheSelectedUsersOnly)
     ClickCell(list, 1, 0);
     Click(dialog, "monitor");
     EXPECT_EQ(Rows("SELECT username FROM users WHERE monitored = false"), QStringList {u"ann"_s});
+}
+
+TEST_F(UnmonitoredWindow, TheKeyboardAloneIsEnough)
+{
+    for (const auto *name : {"ann", "bob"}) {
+        Execute("INSERT INTO users (username, group_id, monitored) VALUES ((?), 80, false)",
+                QString::fromLatin1(name));
+    }
+    const WhileModal watch([](QDialog &dialog) {
+        TabTo(dialog, "users");
+        ::Press(Qt::Key_Down);
+        ExpectKeyboardReachesAll(dialog);
+        TabTo(dialog, "users");
+        ::Press(Qt::Key_Home);
+        ::Press(Qt::Key_End, Qt::ShiftModifier);
+        PressButton(dialog, "monitor");
+        EXPECT_EQ(Find<QListWidget>(dialog, "users").count(), 0);
+        ::Press(Qt::Key_Escape);
+    });
+    OpenUnmonitored(nullptr);
+    EXPECT_TRUE(Rows("SELECT username FROM users WHERE monitored = false").isEmpty());
 }
 
 class PurgeWindow : public AdminDialogs
@@ -138,6 +161,36 @@ TEST_F(PurgeWindow, AllInformationGoesAndUsersOnlyWhenAsked)
         EXPECT_TRUE(Rows("SELECT sitename FROM sites").isEmpty());
         EXPECT_EQ(Rows("SELECT username FROM users").isEmpty(), users);
     }
+}
+
+TEST_F(PurgeWindow, OpensOnlyWhileTheServiceIsStopped)
+{
+    PrivateBus bus;
+    FakeService service(bus);
+    for (const auto &state : {u"active"_s, u"activating"_s, u"deactivating"_s}) {
+        service.SetStates({state});
+        UseBus(bus.Connection());
+        OpenPurge(nullptr);
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"Please stop the Tollbrook Service before proceeding"_s));
+    }
+    service.SetStates({u"inactive"_s});
+    {
+        const WhileModal watch([](QDialog &dialog) {
+            Click(dialog, "all");
+            ExpectKeyboardReachesAll(dialog);
+            Click(dialog, "byPeriod");
+            Click(dialog, "custom");
+            ExpectKeyboardReachesAll(dialog);
+            ::Press(Qt::Key_Escape);
+        });
+        OpenPurge(nullptr);
+        EXPECT_TRUE(prompt.TakeSaid().isEmpty());
+    }
+    service.ForgetUnit();
+    OpenPurge(nullptr);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Can not find records about Tollbrook Service!"_s));
+    UseBus(QDBusConnection(u"nobody"_s));
 }
 
 class LoginWindow : public AdminDialogs
@@ -261,4 +314,111 @@ TEST_F(LoginWindow, RemoveAsksAndCancelKeepsEverything)
     EXPECT_EQ(RowTexts(list), QStringList {u"g||"_s});
     Press(manager, QDialogButtonBox::Cancel);
     EXPECT_EQ(EveryRow(), before);
+}
+
+TEST_F(LoginWindow, PasswordsOfUpTo256CharactersAreTaken)
+{
+    const std::pair<qsizetype, bool> cases[] = {
+        {0, true}, {1, true}, {255, true}, {256, true}, {300, false}};
+    LoginManager manager(nullptr);
+    manager.show();
+    for (const auto &[length, taken] : cases) {
+        const WhileModal creating([length = length, taken = taken, this](QDialog &dialog) {
+            Type(Find(dialog, "name"), u"of %1"_s.arg(length));
+            Paste(Find(dialog, "password"), QString(length, u'p'));
+            Paste(Find(dialog, "retyped"), QString(length, u'p'));
+            Press(dialog, QDialogButtonBox::Ok);
+            EXPECT_EQ(dialog.isVisible(), !taken) << length;
+            EXPECT_EQ(prompt.TakeSaid().join(u'|').startsWith(u"The password is too long"_s),
+                      !taken);
+            dialog.reject();
+        });
+        Click(manager, "create");
+    }
+    Press(manager, QDialogButtonBox::Ok);
+    EXPECT_EQ(Rows("SELECT login FROM logins WHERE login LIKE 'of%' ORDER BY login"),
+              (QStringList {u"of 0"_s, u"of 1"_s, u"of 255"_s, u"of 256"_s}));
+}
+
+TEST_F(LoginWindow, The1001stLoginAndAWrongMacAreRefused)
+{
+    for (int number = 2; number < 1000; ++number) {
+        Execute("INSERT INTO Logins (login, Pwd) VALUES ((?), 'x')", u"login%1"_s.arg(number));
+    }
+    LoginManager manager(nullptr);
+    manager.show();
+    EXPECT_EQ(Find<QTreeWidget>(manager, "logins").topLevelItemCount(), 1000);
+    const WhileModal creating([this](QDialog &dialog) {
+        Type(Find(dialog, "name"), u"one more"_s);
+        Click(dialog, "byMac");
+        for (const auto &mac : {u"0011AABBCCD"_s, u"0011AABBCCDDE"_s}) {
+            Paste(Find(dialog, "mac"), mac);
+            Press(dialog, QDialogButtonBox::Ok);
+            EXPECT_EQ(
+                prompt.TakeSaid(),
+                QStringList(
+                    u"You have entered incorrect MAC address. Please re-enter the address"_s));
+        }
+        Paste(Find(dialog, "mac"), u"0011AABBCCDD"_s);
+        Press(dialog, QDialogButtonBox::Ok);
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"There is no more space to enter new login record"_s));
+        dialog.reject();
+    });
+    Click(manager, "create");
+}
+
+TEST_F(LoginWindow, TheKeyboardAloneIsEnough)
+{
+    const WhileModal managing([this](QDialog &manager) {
+        TabTo(manager, "logins");
+        ::Press(Qt::Key_Down);
+        ExpectKeyboardReachesAll(manager);
+        const WhileModal creating([this](QDialog &dialog) {
+            TypeInto(dialog, "name", u"bob1"_s);
+            PressButton(dialog, "bindToUser");
+            TabTo(dialog, "noLimit");
+            ::Press(Qt::Key_Down);
+            TypeInto(dialog, "ip", u"10.0.0.7"_s);
+            ExpectKeyboardReachesAll(dialog);
+            const WhileModal browsing([](QDialog &browser) {
+                ExpectKeyboardReachesAll(browser);
+                TabTo(browser, "users");
+                ::Press(Qt::Key_Home);
+                ::Press(Qt::Key_Right);
+                ::Press(Qt::Key_Down);
+                ::Press(Qt::Key_Down);
+                PressButton(browser, "ok");
+            });
+            PressButton(dialog, "browse");
+            EXPECT_EQ(Find<QLineEdit>(dialog, "user").text(), u"bob"_s);
+            PressButton(dialog, "ok");
+            EXPECT_TRUE(prompt.TakeSaid().isEmpty());
+        });
+        PressButton(manager, "create");
+        PressButton(manager, "ok");
+    });
+    OpenLoginManager(nullptr);
+    EXPECT_EQ(Rows("SELECT login, username, LimitIP FROM logins, users WHERE userid = user_id AND "
+                   "login = 'bob1'"),
+              QStringList(u"bob1|bob|10.0.0.7"_s));
+}
+
+TEST_F(LoginWindow, AFailedSaveKeepsTheManagerOpen)
+{
+    LoginManager manager(nullptr);
+    manager.show();
+    const WhileModal creating([](QDialog &dialog) {
+        Type(Find(dialog, "name"), u"new"_s);
+        Press(dialog, QDialogButtonBox::Ok);
+    });
+    Click(manager, "create");
+    Execute("ALTER TABLE Logins RENAME TO logins_away");
+    Press(manager, QDialogButtonBox::Ok);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Error writing information to the database"_s));
+    EXPECT_TRUE(manager.isVisible());
+    Execute("ALTER TABLE logins_away RENAME TO Logins");
+    Press(manager, QDialogButtonBox::Ok);
+    EXPECT_FALSE(manager.isVisible());
+    EXPECT_EQ(Rows("SELECT login FROM logins WHERE login = 'new'").size(), 1);
 }

@@ -1,5 +1,7 @@
 #include "admin/protocol_storage.h"
+#include "support/core/fake_service.h"
 #include "support/windows/dark_palette.h"
+#include "support/windows/keyboard.h"
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
@@ -477,26 +479,7 @@ TEST_F(OptionsWindow, EveryControlIsReachedByTheKeyboardAndNamed)
         for (int page = 0; page < list.count(); ++page) {
             EXPECT_EQ(ActivePage(sheet), list.currentItem()->text());
             Grab(sheet, u"options-page-%1"_s.arg(page));
-            QSet<QWidget *> reached;
-            do {
-                reached.insert(QApplication::focusWidget());
-                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            } while (!reached.contains(QApplication::focusWidget()) && reached.size() < 100);
-            auto *shown = Find<QTabWidget>(sheet, "pages").currentWidget();
-            for (auto *control : shown->findChildren<QWidget *>()) {
-                const bool usable = control->isVisible() && control->isEnabled()
-                    && (control->focusPolicy() & Qt::TabFocus) != 0;
-                auto *radio = qobject_cast<QRadioButton *>(control);
-                if (usable && !radio) { // of a group of radio buttons Tab reaches one
-                    EXPECT_TRUE(reached.contains(control)) << ActivePage(sheet).toStdString() << ' '
-                                                           << control->objectName().toStdString();
-                    const auto *button = qobject_cast<QAbstractButton *>(control);
-                    EXPECT_FALSE(control->accessibleName().isEmpty()
-                                 && control->accessibleDescription().isEmpty()
-                                 && (!button || button->text().isEmpty()))
-                        << control->objectName().toStdString();
-                }
-            }
+            ExpectKeyboardReachesAll(*Find<QTabWidget>(sheet, "pages").currentWidget());
             list.setFocus();
             QTest::keyClick(&list, Qt::Key_Down);
         }
@@ -578,6 +561,41 @@ TEST_F(GlobalOptionsWindow, MiscellaneousRefusesAPeriodAndPasswordsThatDiffer)
     EXPECT_EQ(refreshes, 1);
 }
 
+TEST_F(GlobalOptionsWindow, EveryControlIsReachedByTheKeyboardAndNamed)
+{
+    Store().WriteText(values::kTimer, u"60"_s); // 0 could not be left
+    EXPECT_FALSE(RunGlobal([](QDialog &sheet) {
+        auto &pages = Find<QTabWidget>(sheet, "pages");
+        for (int page = 0; page < pages.count(); ++page) {
+            EXPECT_EQ(pages.currentIndex(), page);
+            ExpectKeyboardReachesAll(sheet);
+            Press(Qt::Key_Tab, Qt::ControlModifier);
+        }
+        Press(Qt::Key_Escape);
+    }));
+}
+
+TEST_F(GlobalOptionsWindow, IsFilledInByTheKeyboard)
+{
+    EXPECT_TRUE(RunGlobal([](QDialog &sheet) {
+        Press(Qt::Key_Tab, Qt::ControlModifier);
+        TabTo(sheet, "byIpAddress");
+        Press(Qt::Key_Down);
+        Press(Qt::Key_Tab, Qt::ControlModifier);
+        TypeInto(sheet, "updatePeriod", u"45"_s);
+        TypeInto(sheet, "password", u"pass"_s);
+        TypeInto(sheet, "retyped", u"pass"_s);
+        Press(Qt::Key_Tab, Qt::ControlModifier);
+        TypeInto(sheet, "exclusion", u"10.0.0.1"_s);
+        PressButton(sheet, "exclusionsAdd");
+        PressButton(sheet, "ok");
+    }));
+    EXPECT_EQ(Store().ReadText(values::kIdentMode), u"1"_s);
+    EXPECT_EQ(Store().ReadText(values::kTimer), u"45"_s);
+    EXPECT_EQ(Store().ReadText(values::kClientPwd), u"pass"_s);
+    EXPECT_EQ(Store().ReadNumber(values::kExclude, 0), 0x0A000001U);
+}
+
 class AdapterWindow : public WindowFixture
 {
 protected:
@@ -623,6 +641,42 @@ TEST_F(AdapterWindow, BindsAnotherOnYesOnly)
     EXPECT_EQ(theApp->Config().ReadText(values::kBoundNic), u"Ethernet adapter eth1"_s);
     EXPECT_EQ(theApp->Config().ReadText(values::kNic), std::nullopt);
     EXPECT_EQ(TextIn(dialog, "boundAddress"), u""_s);
+}
+
+TEST_F(AdapterWindow, MayChangeOnlyWhileTheServiceIsStopped)
+{
+    PrivateBus bus;
+    FakeService service(bus);
+    const QString refusal =
+        u"To make any changes in NIC options you have to stop the service before"_s;
+    const std::pair<QString, bool> cases[] = {
+        {u"active"_s, false}, {u"activating"_s, false}, {u"inactive"_s, true}};
+    for (const auto &[state, mayChange] : cases) {
+        service.SetStates({state});
+        UseBus(bus.Connection());
+        const WhileModal watch([mayChange = mayChange](QDialog &dialog) {
+            EXPECT_EQ(Find(dialog, "newAdapter").isEnabled(), mayChange);
+            ExpectKeyboardReachesAll(dialog);
+            Press(Qt::Key_Escape);
+        });
+        OpenAdapterBinding(nullptr);
+        EXPECT_EQ(prompt.TakeSaid(), mayChange ? QStringList() : QStringList(refusal))
+            << qPrintable(state);
+    }
+    service.ForgetUnit();
+    OpenAdapterBinding(nullptr);
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"This command may be executed only on a server machine"_s));
+    UseBus(QDBusConnection(u"nobody"_s));
+}
+
+TEST_F(AdapterWindow, AnAdapterThatIsNotListedIsNotTheCurrentOne)
+{
+    theApp->Config().WriteText(values::kBoundNic, u"ethernet adapter ETH0"_s);
+    const AdapterDialog dialog(adapters, true, nullptr);
+    EXPECT_EQ(TextIn(dialog, "currentAdapter"), u""_s);
+    EXPECT_EQ(TextIn(dialog, "boundAddress"), u""_s);
+    EXPECT_EQ(Find<QComboBox>(dialog, "newAdapter").currentIndex(), -1);
 }
 
 TEST_F(AdapterWindow, WithoutACaptureDriverOrAStoppedServiceItOnlyShows)
