@@ -1,5 +1,6 @@
 #include "ui/wizard/setup_wizard.h"
 
+#include "support/windows/keyboard.h"
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
@@ -130,6 +131,46 @@ TEST_F(SetupWizardWindow, FinishWritesWhatEveryPageCollected)
     EXPECT_EQ(Store().ReadNumber(values::kExclude, 1), std::nullopt);
     EXPECT_EQ(Store().ReadText(values::kMonitorProtMode), u"3"_s);
     EXPECT_EQ(Store().ReadText(values::kIdentMode), u"2"_s);
+    EXPECT_EQ(RowsOf(kPortRows), QStringList(u"Gopher|70"_s));
+}
+
+TEST_F(SetupWizardWindow, TheKeyboardAloneIsEnough)
+{
+    EXPECT_TRUE(Run([](QDialog &wizard) {
+        const auto next = [&wizard] {
+            ExpectKeyboardReachesAll(wizard);
+            PressButton(wizard, "next");
+        };
+        next();
+        TypeInto(wizard, "network", u"10.0.0.0"_s);
+        TypeInto(wizard, "mask", u"255.0.0.0"_s);
+        PressButton(wizard, "rangesAdd");
+        next();
+        PressButton(wizard, "usesProxy");
+        TypeInto(wizard, "exclusion", u"10.0.0.1"_s);
+        PressButton(wizard, "exclusionsAdd");
+        next();
+        TabTo(wizard, "monitorAll");
+        Press(Qt::Key_Down);
+        Press(Qt::Key_Down);
+        TypeInto(wizard, "protocol", u"Gopher"_s);
+        PressButton(wizard, "protocolsAdd");
+        next();
+        TabTo(wizard, "portProtocols");
+        Press(Qt::Key_End);
+        TypeInto(wizard, "port", u"70"_s);
+        PressButton(wizard, "portsAdd");
+        next();
+        TabTo(wizard, "byIpAddress");
+        Press(Qt::Key_Down);
+        next();
+        EXPECT_EQ(Title(wizard), u"Setup Wizard - Finish"_s);
+        PressButton(wizard, "finish");
+    }));
+    EXPECT_EQ(Store().ReadNumber(values::kMask, 0), 0xFF000000U);
+    EXPECT_EQ(Store().ReadNumber(values::kExclude, 0), 0x0A000001U);
+    EXPECT_EQ(Store().ReadText(values::kMonitorProtMode), u"2"_s);
+    EXPECT_EQ(Store().ReadText(values::kIdentMode), u"1"_s);
     EXPECT_EQ(RowsOf(kPortRows), QStringList(u"Gopher|70"_s));
 }
 
