@@ -162,7 +162,7 @@ QString StagedAmount(const StagedCredit &credit, const ConfigStore &config)
 
 QStringList CreditColumns(quint32 ownerMode)
 {
-    if (ownerMode == mode::kProvider) {
+    if (!IsLimitMode(ownerMode)) { // a user without control is given pre-paid credit too
         return {u"N"_s,
                 u"Date/Time"_s,
                 u"Credit"_s,
@@ -199,7 +199,7 @@ CreditList ReadCredits(const Owner &owner, quint32 ownerMode, const ConfigStore 
     if (ownerMode == mode::kTraffic || ownerMode == mode::kTrafficAndTime) {
         AddTrafficLimits(list, owner, UnitName(config, CreditKind::Traffic));
     }
-    if (ownerMode == mode::kTime || ownerMode == mode::kTrafficAndTime) {
+    if (owner.IsUser() && (ownerMode == mode::kTime || ownerMode == mode::kTrafficAndTime)) {
         AddTimeLimits(list, owner, UnitName(config, CreditKind::Time));
     }
     if (ownerMode == mode::kProvider) {

@@ -32,6 +32,8 @@ TEST_P(CreditListing, NamesItsColumnsByMode)
               u"N|Date/Time|Credit|Used|Status|Type"_s);
     EXPECT_EQ(CreditColumns(mode::kProvider).join(u'|'),
               u"N|Date/Time|Credit|Type|Used Mb|Used cash|Exp.date|Status"_s);
+    EXPECT_EQ(CreditColumns(mode::kNoControl), CreditColumns(mode::kProvider))
+        << "a credit staged there is a pre-paid one";
     EXPECT_EQ(StatusCell(mode::kTraffic), 3);
     EXPECT_EQ(StatusCell(mode::kProvider), 6);
 }
@@ -58,6 +60,8 @@ TEST_P(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
     EXPECT_EQ(Listed(user, mode::kTraffic).size(), 2);
     EXPECT_EQ(Listed(user, mode::kTime).size(), 1);
     EXPECT_EQ(Listed(user, mode::kNoControl).size(), 0);
+    EXPECT_EQ(Listed(GroupOwner(user.id), mode::kTrafficAndTime).size(), 0)
+        << "a group has no time credits, least of all those of the user of its number";
 }
 
 TEST_P(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)

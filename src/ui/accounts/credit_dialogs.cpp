@@ -162,7 +162,7 @@ std::optional<StagedCredit> CreditOf(Arguments... arguments)
 
 std::optional<StagedCredit> AskForCredit(const Owner &owner, quint32 ownerMode, QWidget *parent)
 {
-    if (IsLimitMode(ownerMode)) {
+    if (owner.IsUser() ? IsLimitMode(ownerMode) : ownerMode == mode::kTraffic) {
         return CreditOf<LimitCreditDialog>(ownerMode, parent);
     }
     if (owner.IsUser() || ownerMode == mode::kProvider) {

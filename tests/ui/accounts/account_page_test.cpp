@@ -108,15 +108,27 @@ TEST_F(HostedPage, OfAGroupAddsByItsModeOnly)
     Add(page, u"1"_s);
     EXPECT_TRUE(Listed(page).value(0).endsWith(u"|1||New|Mbytes"_s));
     staged.Clear();
-    Execute("UPDATE groups SET mode = 0 WHERE group_id = 81");
-    QWidget &none = Host<CAdministratorGroupPAcc>(81);
-    Click(none, "add");
-    EXPECT_EQ(QApplication::activeModalWidget(), sheet.get());
-    EXPECT_TRUE(staged.IsEmpty());
+    for (const quint32 other : {mode::kNoControl, mode::kTime, mode::kTrafficAndTime}) {
+        Execute("UPDATE groups SET mode = (?) WHERE group_id = 81", other);
+        QWidget &none = Host<CAdministratorGroupPAcc>(81);
+        Click(none, "add");
+        EXPECT_EQ(QApplication::activeModalWidget(), sheet.get()) << other;
+        EXPECT_TRUE(staged.IsEmpty());
+    }
     Execute("UPDATE groups SET mode = 2 WHERE group_id = 81");
     QWidget &prepaid = Host<CAdministratorGroupPAcc>(81);
     Add(prepaid, u"1"_s);
     EXPECT_TRUE(Listed(prepaid).value(0).endsWith(u"|1.00|Mbytes|||Unlimited|New"_s));
+}
+
+TEST_F(HostedPage, OfAUserWithoutControlStagesAPrePaidCredit)
+{
+    AddOwners(mode::kNoControl);
+    QWidget &page = Host<CAdministratorUserPAcc>(1);
+    Add(page, u"7"_s);
+    EXPECT_EQ(Listed(page), QStringList {u"1|2026-11-21|7.00|Mbytes|||Unlimited|New"_s});
+    Click(page, "delete");
+    EXPECT_TRUE(staged.IsEmpty());
 }
 
 TEST_F(HostedPage, KeepsAHundredCreditsAndOneMore)
