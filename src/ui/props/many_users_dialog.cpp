@@ -118,12 +118,23 @@ std::optional<ModeAndLimits> ManyUsersDialog::Entered()
                           .period = static_cast<quint32>(period->currentIndex() + 1)};
 }
 
+void ManyUsersDialog::LeaveOutGone()
+{
+    const QStringList there = NamesOfUsers(userIds);
+    if (there.size() < progress->maximum()) {
+        Complain(u"Some of these users have been deleted meanwhile. %1 of %2 are changed."_s
+                     .arg(there.size())
+                     .arg(progress->maximum()));
+    }
+}
+
 void ManyUsersDialog::accept()
 {
     const auto entered = Entered();
     if (!entered) {
         return;
     }
+    LeaveOutGone();
     SetModeAndLimits(userIds, *entered, [this](int done) {
         progress->setValue(done);
         progress->repaint();

@@ -31,6 +31,9 @@ private:
     // What was entered; nothing, once that was told, when something is missing.
     [[nodiscard]] std::optional<ModeAndLimits> Entered();
 
+    // Users deleted since the window opened are not written to, and that is told.
+    void LeaveOutGone();
+
     std::vector<quint32> userIds;
     AccessTypeBox *type;
     QComboBox *period;

@@ -98,3 +98,16 @@ TEST_F(ManyUsersTest, UsersThatAreGoneAreLeftOut)
     EXPECT_FALSE(OpenAccessForUsers({77}, nullptr));
     EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"These users have been deleted meanwhile."_s));
 }
+
+TEST_F(ManyUsersTest, UsersDeletedWhileItIsOpenAreToldAbout)
+{
+    EXPECT_TRUE(Open({1, 2, 9}, [](QDialog &dialog) {
+        Click(dialog, "provider");
+        Execute("DELETE FROM users WHERE user_id = 2");
+        Click(dialog, "ok");
+    }));
+    EXPECT_THAT(
+        prompt.TakeSaid(),
+        ElementsAre(u"Some of these users have been deleted meanwhile. 2 of 3 are changed."_s));
+    EXPECT_THAT(Stored(), ElementsAre(u"1|2|0|0|2|2"_s, u"9|2|0|0|2|2"_s));
+}
