@@ -142,12 +142,27 @@ bool ReportConnection::ForbidWriting()
                           OdbcValue(SQL_TXN_REPEATABLE_READ),
                           SQL_IS_UINTEGER);
     }
-    SQLSetConnectAttr(
-        handles->connection, SQL_ATTR_AUTOCOMMIT, OdbcValue(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
+    if (!BeginReading()) {
+        return false;
+    }
     SQLSetStmtAttr(
         handles->statement, SQL_ATTR_ROW_ARRAY_SIZE, OdbcValue(kBlockRows), SQL_IS_UINTEGER);
     SQLSetStmtAttr(
         handles->statement, SQL_ATTR_ROWS_FETCHED_PTR, &handles->fetched, SQL_IS_POINTER);
+    return true;
+}
+
+// One transaction for all statements. The embedded engine's driver reads row by row only while it
+// does not know of one; else it holds the whole result in memory.
+bool ReportConnection::BeginReading()
+{
+    if (handles->dialect == &kSqlite) {
+        const bool begun = Execute("BEGIN");
+        CloseCursor();
+        return begun;
+    }
+    SQLSetConnectAttr(
+        handles->connection, SQL_ATTR_AUTOCOMMIT, OdbcValue(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
     return true;
 }
 

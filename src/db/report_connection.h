@@ -67,6 +67,7 @@ private:
     ReportConnection();
     [[nodiscard]] bool Connect(const QString &dsn, const QString &user, const QString &password);
     [[nodiscard]] bool ForbidWriting();
+    [[nodiscard]] bool BeginReading();
     [[nodiscard]] bool Execute(const std::string &statement);
     [[nodiscard]] bool Fail(qint16 handleType, void *handle);
     void CloseCursor();

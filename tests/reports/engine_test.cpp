@@ -1,13 +1,16 @@
 #include "db/failure_log.h"
 #include "db/report_connection.h"
+#include "db/session.h"
 #include "reports/catalogue.h"
 #include "reports/filter_choices.h"
 #include "reports/report_fixture.h"
 #include "reports/table_builder.h"
 #include "support/core/engine_fixture.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 
+#include <malloc.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +50,28 @@ protected:
         return table;
     }
 };
+
+// Ends the connections whose statement holds `words`; how many those were.
+int EndConnections(const QString &engine, const char *words)
+{
+    const QString others = engine == u"postgresql"
+        ? u"SELECT pid FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND query LIKE '%%1%'"_s
+        : u"SELECT id FROM information_schema.processlist WHERE id <> connection_id() "
+          "AND info LIKE '%%1%'"_s;
+    QList<quint32> found;
+    {
+        RowCursor cursor(others.arg(QLatin1StringView(words)).toUtf8().constData());
+        while (cursor.Next()) {
+            found += queryResult.Integer(1);
+        }
+    }
+    for (const quint32 id : std::as_const(found)) {
+        const QString end =
+            engine == u"postgresql" ? u"SELECT pg_terminate_backend(%1)"_s : u"KILL %1"_s;
+        RunQuery(end.arg(id).toUtf8().constData(), FetchMode::One);
+    }
+    return static_cast<int>(found.size());
+}
 
 TB_ON_EVERY_ENGINE(MadeReport);
 
@@ -166,6 +191,45 @@ TEST_P(MadeReport, WritersAreNotRefusedWhileAReportReads)
     EXPECT_GT(rows, 0);
 }
 
+// Half a million rows take no more memory than a block of them.
+TEST_P(MadeReport, AResultIsReadBlockByBlock)
+{
+    if (Engine() == u"mariadb") {
+        return; // its driver holds the whole result
+    }
+    const auto used = [] {
+        const auto told = mallinfo2();
+        return told.uordblks + told.hblkhd;
+    };
+    const auto connection = Open();
+    const auto before = used();
+    ASSERT_TRUE(
+        connection->Run(u"SELECT a.access_time FROM SiteAccess a, SiteAccess b, SiteAccess c"_s))
+        << connection->Problem().toStdString();
+    connection->Choose({{1, ReadAs::Text}});
+    ASSERT_EQ(connection->FetchBlock(), ReportConnection::kBlockRows);
+    EXPECT_LT(used() - before, size_t {10'000'000});
+    qint64 rows = ReportConnection::kBlockRows;
+    for (int block = 0; (block = connection->FetchBlock()) > 0;) {
+        rows += block;
+    }
+    EXPECT_GT(rows, 500'000);
+}
+
+TEST_P(MadeReport, ReportsSeeOneStateOfTheDatabase)
+{
+    const auto connection = Open();
+    const auto users = [&] {
+        EXPECT_TRUE(connection->Run(u"SELECT COUNT(*) FROM users"_s));
+        connection->Choose({{1, ReadAs::Integer}});
+        EXPECT_EQ(connection->FetchBlock(), 1);
+        return connection->Integer(0, 0);
+    };
+    const qint64 before = users();
+    Execute("INSERT INTO users (username, ip_addr) VALUES ('late', '10.0.0.99')");
+    EXPECT_EQ(users(), before);
+}
+
 TEST_P(MadeReport, CancelEndsAReportThatRuns)
 {
     RunControl control;
@@ -182,6 +246,53 @@ TEST_P(MadeReport, CancelEndsAReportThatRuns)
     EXPECT_EQ(problem.kind, ReportProblem::Kind::Cancelled);
 }
 
+TEST_P(MadeReport, AServerLostWhileAReportRunsIsTold)
+{
+    if (Engine() == u"sqlite") {
+        return; // there is no server
+    }
+    auto request = RequestFor(Dsn(), 13, kAutumn);
+    request.query =
+        u"SELECT a.sitename, a.site_ip FROM Sites a, SiteAccess b, SiteAccess c, SiteAccess d, "
+        "SiteAccess e, traffic_use f, traffic_use g WHERE a.sitename <> 'server to lose'"_s;
+    RunControl control;
+    ReportProblem problem;
+    ReportTablePtr table;
+    std::atomic<bool> ended = false;
+    std::thread worker([&] {
+        table = MakeReport(request, control, problem);
+        ended = true;
+    });
+    const QDeadlineTimer deadline(20'000);
+    while (!ended && !deadline.hasExpired()) {
+        EndConnections(Engine(), "server to lose");
+    }
+    EXPECT_TRUE(ended);
+    control.Cancel();
+    worker.join();
+    EXPECT_FALSE(table);
+    EXPECT_EQ(problem.kind, ReportProblem::Kind::Database);
+    EXPECT_FALSE(problem.text.isEmpty());
+}
+
+TEST_P(MadeReport, AServerLostBetweenRowsIsNotTheEndOfTheRows)
+{
+    if (Engine() != u"postgresql") {
+        return; // the others have no server, or have sent all rows by then
+    }
+    const auto connection = Open();
+    ASSERT_TRUE(
+        connection->Run(u"SELECT a.access_time FROM SiteAccess a, SiteAccess b, SiteAccess c WHERE "
+                        "a.access_time <> 'rows to lose'"_s));
+    connection->Choose({{1, ReadAs::Text}});
+    ASSERT_EQ(connection->FetchBlock(), ReportConnection::kBlockRows);
+    ASSERT_EQ(EndConnections(Engine(), "rows to lose"), 1);
+    int rows = 0;
+    while ((rows = connection->FetchBlock()) > 0) { }
+    EXPECT_EQ(rows, -1);
+    EXPECT_FALSE(connection->Problem().isEmpty());
+}
+
 TEST_P(MadeReport, FailuresSayWhatFailed)
 {
     using Kind = ReportProblem::Kind;
@@ -194,7 +305,7 @@ TEST_P(MadeReport, FailuresSayWhatFailed)
     const Case cases[] = {
         {[](auto &request) { request.connectionText = ReportConnectionText(u"nowhere"_s); },
          Kind::Database,
-         ""},
+         "data source \"nowhere\": "},
         {[](auto &request) { request.layoutPath = u"none\\x.rpt"_s; },
          Kind::Layout,
          "no such layout file"},
