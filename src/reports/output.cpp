@@ -108,8 +108,9 @@ bool WriteReport(const ReportTablePtr &table,
             || Fail(problem, control, cannot.arg(fileName, words));
     }
     QSaveFile file(fileName);
-    const bool written =
-        file.open(QIODevice::WriteOnly) && WriteDevice(table, *format, file, control);
+    // A commit does not notice that what was left in the buffer found no room.
+    const bool written = file.open(QIODevice::WriteOnly)
+        && WriteDevice(table, *format, file, control) && file.flush();
     if (!written) {
         file.cancelWriting();
     }

@@ -1,6 +1,6 @@
 #include "reports/paper.h"
 
-#include <QFontDatabase>
+#include <QRawFont>
 #include <QStringList>
 
 #include <array>
@@ -87,7 +87,9 @@ QStringList Wrapped(const QString &text, Style style, double width, int most)
 
 bool HasNoFonts()
 {
-    return QFontDatabase::families().isEmpty();
+    // Families are listed even where there are none; boxes stand in for letters then, and only a real
+    // font has a head.
+    return QRawFont::fromFont(Font(Style::Text)).fontTable("head").isEmpty();
 }
 
 } // namespace paper

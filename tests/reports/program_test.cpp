@@ -30,7 +30,8 @@ protected:
         file.write("path = \"" + path.toUtf8() + "\"\n");
     }
 
-    int Run(QStringList arguments)
+    // `before` is what a shell does before it becomes the program.
+    int Run(QStringList arguments, const QString &before = u":"_s)
     {
         arguments << u"--config"_s << folder.path();
         QProcess process;
@@ -38,7 +39,11 @@ protected:
         environment.remove(u"DISPLAY"_s);
         environment.remove(u"QT_QPA_PLATFORM"_s);
         process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(TB_REPORT_PROGRAM), arguments);
+        process.start(u"/bin/sh"_s,
+                      QStringList {u"-c"_s,
+                                   before + u"; exec \"$0\" \"$@\"",
+                                   QStringLiteral(TB_REPORT_PROGRAM)}
+                          + arguments);
         EXPECT_TRUE(process.waitForFinished(60'000));
         said = QString::fromUtf8(process.readAllStandardError());
         printed = QString::fromUtf8(process.readAllStandardOutput());
@@ -90,7 +95,7 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
         {with({u"--output"_s, Out(u"a.doc"_s)}), 2, ".xlsx"},
         {with({u"--colour"_s}), 2, "colour"},
         {with({u"stray"_s}), 2, "stray"},
-        {with({u"--dsn"_s, u"nowhere"_s}), 3, "tollbrook-report: "},
+        {with({u"--dsn"_s, u"nowhere"_s}), 3, "tollbrook-report: data source \"nowhere\": "},
         {with({u"--output"_s, Out(u"none/a.pdf"_s)}), 5, "does not exist"},
     };
     for (const auto &[arguments, status, words] : cases) {
@@ -122,4 +127,36 @@ TEST_F(Program, NarrowsToUsersAndGroupsWithinAPeriod)
     QFile file(Out(u"b.csv"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().count('\n'), 3); // headings and two users
+}
+
+TEST_F(Program, NoFontAndAFullDiskAreTold)
+{
+    QFile fonts(Out(u"fonts.conf"_s));
+    ASSERT_TRUE(fonts.open(QIODevice::WriteOnly));
+    fonts.write("<?xml version=\"1.0\"?><fontconfig/>");
+    fonts.close();
+    const QString noFonts = u"export FONTCONFIG_FILE='%1'"_s.arg(fonts.fileName());
+    const QString smallDisk = u"trap '' XFSZ; ulimit -f 1"_s;
+    struct Case
+    {
+        QString name;
+        QString before;
+        int status;
+        const char *words;
+    };
+    const Case cases[] = {
+        {u"a.pdf"_s, noFonts, 5, "no font is installed; install fonts-dejavu-core"},
+        {u"a.csv"_s, noFonts, 0, ""},
+        {u"b.pdf"_s, smallDisk, 5, "b.pdf cannot be written: "},
+        {u"b.csv"_s, smallDisk, 5, "b.csv cannot be written: "},
+        {u"b.html"_s, smallDisk, 5, "b.html cannot be written: "},
+        {u"b.xlsx"_s, smallDisk, 5, "b.xlsx cannot be written: "},
+    };
+    for (const auto &[name, before, status, words] : cases) {
+        const QStringList arguments {
+            u"--report"_s, u"2"_s, u"--dsn"_s, Dsn(), u"--output"_s, Out(name)};
+        EXPECT_EQ(Run(arguments, before), status) << name.toStdString() << said.toStdString();
+        EXPECT_TRUE(said.contains(QLatin1StringView(words))) << said.toStdString();
+        EXPECT_EQ(QFile::exists(Out(name)), status == 0) << name.toStdString();
+    }
 }
