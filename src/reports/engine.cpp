@@ -4,6 +4,8 @@
 #include "reports/query_check.h"
 #include "reports/table_builder.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ReportTablePtr
@@ -46,7 +48,8 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     QString words;
     const auto connection = ReportConnection::Open(source.dsn, source.user, source.password, words);
     if (!connection) {
-        return Fail(problem, control, Kind::Database, words);
+        return Fail(
+            problem, control, Kind::Database, u"data source \"%1\": %2"_s.arg(source.dsn, words));
     }
     const RunControl::Stopper stopper(control, [&] { connection->Cancel(); });
     const auto table = std::make_shared<ReportTable>();
