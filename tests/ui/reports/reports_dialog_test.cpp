@@ -193,6 +193,28 @@ TEST_F(Reports, PagesAreTurnedFoundAndSaved)
               QStringList(u"No printer is installed. The report can be saved as PDF."_s));
 }
 
+TEST_F(Reports, ReturnInAFieldOfTheViewerGeneratesNothing)
+{
+    Select(15);
+    ClickGenerate();
+    QSignalSpy puts(&dialog->Viewer(), &ReportViewer::PropertyPut);
+    QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        Type(Find<QLineEdit>(*dialog, "find"), u"anna"_s);
+        QTest::keyClick(dialog->focusWidget(), key);
+        ASSERT_TRUE(ready.wait(20'000)); // it searches
+        Type(Find<QSpinBox>(*dialog, "pageNumber"), u"1"_s);
+        QTest::keyClick(dialog->focusWidget(), key);
+        EXPECT_FALSE(dialog->Viewer().IsBusy());
+    }
+    EXPECT_TRUE(puts.isEmpty());
+    EXPECT_TRUE(dialog->isVisible());
+    Find<QListWidget>(*dialog, "catalogue").setFocus();
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Return); // there it does
+    EXPECT_TRUE(ready.wait(20'000));
+    EXPECT_FALSE(puts.isEmpty());
+}
+
 TEST_F(Reports, UsersAndGroupsNarrowAReportWithAPeriod)
 {
     Select(0);
