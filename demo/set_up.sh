@@ -25,15 +25,19 @@ make_config() (
 )
 
 make_database() {
-    cat >"$ODBCINI" <<INI
-[tollbrook-demo]
+    local name
+    for name in tollbrook-demo bill; do # reports read the data source "bill", whatever the settings name
+        cat <<INI
+[$name]
 Driver      = SQLite3
 Database    = $demo/tollbrook.db
 StepAPI     = 1
 JournalMode = WAL
 SyncPragma  = NORMAL
 Timeout     = 2000
+
 INI
+    done >"$ODBCINI"
     "$programs/tollbrook-db" create --dsn tollbrook-demo >"$demo/database.log"
     "$programs/tollbrook-db" demo --dsn tollbrook-demo --users 240 --groups 9 --days 400 >>"$demo/database.log"
 }

@@ -60,6 +60,7 @@ int DrawAll(CSplitterFrame &frame, const QCommandLineParser &parser)
                             DrawAccounts,
                             DrawAdministration,
                             DrawOptions,
+                            DrawReports,
                             DrawService}) {
         draw(studio);
     }

@@ -60,4 +60,5 @@ void DrawProperties(Studio &studio);
 void DrawAccounts(Studio &studio);
 void DrawAdministration(Studio &studio);
 void DrawOptions(Studio &studio);
+void DrawReports(Studio &studio);
 void DrawService(Studio &studio); // last: it stops the service and starts it again
