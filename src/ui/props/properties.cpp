@@ -39,7 +39,7 @@ bool OpenUserSheet(quint32 userId, int page, QWidget *parent)
         return false;
     }
     // Kept: this page belongs to the sheet and is not added to it.
-    const CAdministratorUserPAcc accountPage(userId, record->account);
+    CAdministratorUserPAcc accountPage(userId, record->account);
     Sheet sheet(u"User properties"_s, parent);
     sheet.Add(new CAdministratorUserPPage(*record, &sheet));
     sheet.Add(new CAdministratorUserPAccess(*record, &sheet));
@@ -60,7 +60,7 @@ bool OpenGroupSheet(quint32 groupId, int page, QWidget *parent)
     // Kept: these pages belong to the sheet and are not added to it.
     const CAdministratorGroupPTime timePage(*record);
     const CAdministratorGroupPProtocols protocolPage(*record);
-    const CAdministratorGroupPAcc accountPage(groupId, record->account);
+    CAdministratorGroupPAcc accountPage(groupId, record->account);
     Sheet sheet(u"Group's properties"_s, parent);
     sheet.Add(new CAdministratorGroupPPage(*record, &sheet));
     sheet.Add(new CAdministratorGroupPAccess(*record, &sheet));

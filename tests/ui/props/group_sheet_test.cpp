@@ -93,6 +93,18 @@ TEST_F(GroupSheetTest, ShowsThreePagesOnlyAndAppliesTheHiddenProtocols)
     EXPECT_THAT(RowsOf("SELECT tb_id FROM time_blocked"), ElementsAre(u"1"_s));
 }
 
+TEST_F(GroupSheetTest, WhatTheAccountPageStagesIsStoredAfterTheSheet)
+{
+    Execute("UPDATE groups SET mode = 2 WHERE group_id = 81");
+    EXPECT_TRUE(GroupSheet(group_page::kGeneral, [](QDialog &sheet) {
+        StageOnHiddenAccount<CAdministratorGroupPAcc>();
+        Click(sheet, "ok");
+    }));
+    EXPECT_THAT(RowsOf("SELECT credit, creditvalue FROM groups WHERE group_id = 81"),
+                ElementsAre(u"1.0|5.0"_s));
+    EXPECT_THAT(RowsOf("SELECT mode, group_id, data FROM billing"), ElementsAre(u"2|81|5.0"_s));
+}
+
 TEST_F(GroupSheetTest, MembersAreAskedAboutAndOffered)
 {
     (void)GroupSheet(group_page::kGeneral, [this](QDialog &sheet) {

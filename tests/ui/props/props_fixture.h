@@ -4,6 +4,7 @@
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
+#include "ui/accounts/account_page.h"
 #include "ui/props/properties.h"
 
 #include <QCheckBox>
@@ -17,6 +18,7 @@
 #include <QTabWidget>
 #include <QTreeWidget>
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
 class PropsFixture : public WindowFixture
@@ -55,6 +57,25 @@ protected:
     {
         const WhileModal sheet(act);
         return OpenGroupSheet(81, page, nullptr);
+    }
+
+    // Has the account page, which a sheet makes and does not show, stage a credit of 5 megabytes.
+    template <typename PageType>
+    static void StageOnHiddenAccount()
+    {
+        const QWidgetList all = QApplication::allWidgets();
+        const auto made = std::ranges::find_if(
+            all, [](QWidget *widget) { return qobject_cast<PageType *>(widget) != nullptr; });
+        ASSERT_NE(made, all.end());
+        EXPECT_FALSE((*made)->isVisible());
+        auto *page = qobject_cast<PageType *>(*made);
+        page->Load();
+        page->Activate();
+        const WhileModal dialog([](QDialog &credit) {
+            Type(Find<QLineEdit>(credit, "amount"), QStringLiteral("5"));
+            Click(credit, "ok");
+        });
+        Find<QPushButton>(*page, "add").click();
     }
 
     static void ShowActive(QWidget &window)

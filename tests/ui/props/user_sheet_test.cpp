@@ -245,6 +245,28 @@ TEST_F(UserSheetTest, AUserDeletedMeanwhileIsToldAndNothingIsWritten)
     EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"This user has been deleted meanwhile."_s));
 }
 
+TEST_F(UserSheetTest, WhatTheAccountPageStagesIsStoredAfterTheSheet)
+{
+    Execute("UPDATE users SET mode = 2, blocked = 1, blockreason = 1 WHERE user_id = 1");
+    EXPECT_FALSE(UserSheet(user_page::kGeneral, [](QDialog &sheet) {
+        StageOnHiddenAccount<CAdministratorUserPAcc>();
+        sheet.reject();
+    }));
+    EXPECT_TRUE(UserSheet(user_page::kAccess, [](QDialog &sheet) {
+        StageOnHiddenAccount<CAdministratorUserPAcc>();
+        Click(sheet, "noControl");
+        Click(sheet, "provider");
+        Click(sheet, "ok");
+    }));
+    EXPECT_THAT(RowsOf("SELECT bill_id FROM billing"), IsEmpty()) << "dropped with the access type";
+    EXPECT_TRUE(UserSheet(user_page::kGeneral, [](QDialog &sheet) {
+        StageOnHiddenAccount<CAdministratorUserPAcc>();
+        Click(sheet, "ok");
+    }));
+    EXPECT_THAT(RowsOf("SELECT mode, object_id, data FROM billing"), ElementsAre(u"2|1|5.0"_s));
+    EXPECT_THAT(RowsOf("SELECT blocked FROM users WHERE user_id = 1"), ElementsAre(u"0"_s));
+}
+
 TEST_F(UserSheetTest, AnAddressOfAnotherUserIsAskedAboutOnOk)
 {
     const auto takeAddress = [](QDialog &sheet) {
