@@ -9,6 +9,7 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string>
@@ -40,6 +41,18 @@ const char *ReadOnlyStatement(const Dialect &dialect)
         return "SET default_transaction_read_only=on";
     }
     return &dialect == &kMariadb ? "SET SESSION TRANSACTION READ ONLY" : "PRAGMA query_only=1";
+}
+
+// The standard's class for it, an engine that is shut down, and the numbers by which MariaDB's driver
+// tells that its server went away, was lost, or ended the connection.
+bool MeansLostConnection(std::string_view state, SQLINTEGER native)
+{
+    constexpr std::string_view kConnectionClass = "08";
+    constexpr std::string_view kShutDown = "57P0";
+    constexpr SQLINTEGER kMariadbNumbers[] = {2006, 2013, 1927};
+    return state.starts_with(kConnectionClass) || state.starts_with(kShutDown)
+        || std::find(std::begin(kMariadbNumbers), std::end(kMariadbNumbers), native)
+        != std::end(kMariadbNumbers);
 }
 
 } // namespace
@@ -168,6 +181,10 @@ bool ReportConnection::BeginReading()
 
 bool ReportConnection::Run(const QString &statement)
 {
+    // A driver that lost its server reads freed memory when it is asked again.
+    if (lost) {
+        return false;
+    }
     CloseCursor();
     qCDebug(logStatement).noquote() << statement;
     const QByteArray bytes = statement.toUtf8();
@@ -176,7 +193,9 @@ bool ReportConnection::Run(const QString &statement)
         return true;
     }
     // An engine may refuse everything else of a transaction in which a statement failed.
-    SQLEndTran(SQL_HANDLE_DBC, handles->connection, SQL_ROLLBACK);
+    if (!lost) {
+        SQLEndTran(SQL_HANDLE_DBC, handles->connection, SQL_ROLLBACK);
+    }
     return false;
 }
 
@@ -297,6 +316,7 @@ bool ReportConnection::Fail(qint16 handleType, void *handle)
     if (problem.isEmpty()) {
         problem = u"the database gave no reason"_s;
     }
+    lost = lost || MeansLostConnection(reinterpret_cast<const char *>(state.data()), native);
     return false;
 }
 

@@ -78,5 +78,6 @@ private:
     std::unique_ptr<Handles> handles;
     std::vector<Column> block;
     QString problem;
+    bool lost = false; // the server ended the connection: nothing more is asked of it
     std::atomic<bool> cancelled = false;
 };
