@@ -1,10 +1,13 @@
-// Ends the program as soon as its window was painted for the first time.
+// Ends the program at once when its window was painted for the first time: closing, with the settings
+// that are written then, is no part of the start.
 #pragma once
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QTimer>
 #include <QWidget>
+
+#include <cstdlib>
 
 class QuitAfterPaint : public QObject
 {
@@ -15,7 +18,7 @@ protected:
     bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
         if (event->type() == QEvent::Paint) {
-            QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
+            QTimer::singleShot(0, QCoreApplication::instance(), [] { std::_Exit(EXIT_SUCCESS); });
         }
         return false;
     }
