@@ -101,7 +101,7 @@ void Prepare(const QString &engine, const QString &dsn)
         return;
     }
     static const QString file = SqliteFile(dsn);
-    static const QString kept = [&] {
+    static const QString kept = [&]() -> QString {
         Refill(engine, dsn);
         QFile::copy(file, file + u".kept"_s);
         return file + u".kept"_s;
