@@ -1,5 +1,7 @@
 #include "ui/common/icons.h"
 
+#include "ui/common/artwork_engine.h"
+
 #include <QFile>
 #include <QMap>
 
@@ -37,9 +39,7 @@ QIcon Load(Picture picture)
     const auto name = QLatin1StringView(kFileNames[static_cast<int>(picture)]);
     const QString file = u":/icons/%1.svg"_s.arg(name);
     const QString selected = u":/icons/%1-selected.svg"_s.arg(name);
-    QIcon icon(file);
-    icon.addFile(QFile::exists(selected) ? selected : file, {}, QIcon::Selected);
-    return icon;
+    return QIcon(new ArtworkEngine(file, QFile::exists(selected) ? selected : file));
 }
 
 } // namespace

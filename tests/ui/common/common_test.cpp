@@ -193,7 +193,9 @@ TEST(Icons, EachPictureIsDrawn)
         const QIcon &icon = IconOf(static_cast<Picture>(index));
         const QImage image = icon.pixmap(QSize(32, 32)).toImage();
         ASSERT_FALSE(image.isNull()) << index;
-        EXPECT_NE(image, QImage(image.size(), image.format())) << index;
+        QImage nothing(image.size(), image.format());
+        nothing.fill(Qt::transparent);
+        EXPECT_NE(image, nothing) << index;
         painter.drawImage(index * kCell + 4, 4, image);
         painter.drawImage(index * kCell + 4, kCell + 4, image);
     }
@@ -204,6 +206,7 @@ TEST(Icons, EachPictureIsDrawn)
     EXPECT_EQ(inRow(Picture::AccessAllowed, QIcon::Selected),
               inRow(Picture::AccessAllowed, QIcon::Normal));
     EXPECT_NE(inRow(Picture::User, QIcon::Selected), inRow(Picture::User, QIcon::Normal));
+    EXPECT_NE(inRow(Picture::User, QIcon::Disabled), inRow(Picture::User, QIcon::Normal));
     painter.end();
     const QString folder = qEnvironmentVariable("TB_SCREENS");
     if (!folder.isEmpty()) {
