@@ -2,6 +2,9 @@
 
 #include "db/session.h"
 
+#include <QFontDatabase>
+#include <QThreadPool>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -43,6 +46,8 @@ void CAdministratorApp::SetUp(const Surroundings &surroundings,
 
 bool CAdministratorApp::InitInstance()
 {
+    // The toolkit's first look for fonts takes as long as opening the database: both at a time.
+    QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
     Configure();
     return frameTemplate();
 }

@@ -22,7 +22,8 @@ FindBar::FindBar(Prompt &messages, std::function<bool(const QString &)> newFind,
     setWindowTitle(u"Find user"_s);
     setMovable(false);
     field->setObjectName(u"findUser"_s);
-    field->setClearButtonEnabled(true);
+    // Made with the first text: its picture may stand in the desktop's icon theme, which is slow to open.
+    connect(field, &TextField::textChanged, this, [this] { field->setClearButtonEnabled(true); });
     field->setMaximumWidth(fontMetrics().averageCharWidth() * 32);
     QAction *search = new QAction(IconOf(Picture::Find), u"Find"_s, this);
     search->setToolTip(u"Find the first user whose first column begins with this text"_s);
