@@ -397,6 +397,9 @@ TEST_F(Lists, FindLooksForThePrefixOfTheFirstColumn)
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"No user found"_s));
     EXPECT_EQ(prompt.lastCaption, u"Tollbrook Administrator"_s);
     EXPECT_TRUE(field.hasFocus());
+    QTest::mouseClick(field.findChild<QToolButton *>(), Qt::LeftButton); // clears the text
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Enter search criteria please"_s));
 
     Users().ToggleColumn(UserColumn::UserName);
     Type(field, u"pc-2"_s);
