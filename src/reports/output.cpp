@@ -2,17 +2,8 @@
 
 #include "reports/paper.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QTemporaryFile>
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +20,8 @@ bool Fail(ReportProblem &problem, RunControl &control, const QString &text)
 bool WriteDevice(const ReportTablePtr &table,
                  OutputFormat format,
                  QIODevice &device,
-                 RunControl &control)
+                 RunControl &control,
+                 QString &words)
 {
     switch (format) {
     case OutputFormat::Pdf:
@@ -39,38 +31,9 @@ bool WriteDevice(const ReportTablePtr &table,
     case OutputFormat::Html:
         return WriteHtml(*table, device, control);
     case OutputFormat::Xlsx:
-        break;
+        return WriteXlsx(*table, device, control, words);
     }
     return false;
-}
-
-// The library of this format writes a named file itself.
-bool WriteXlsxBeside(const ReportTable &table,
-                     const QString &fileName,
-                     RunControl &control,
-                     QString &words)
-{
-    QTemporaryFile temporary(QFileInfo(fileName).absolutePath() + u"/.tollbrook-report-XXXXXX"_s);
-    if (!temporary.open()) {
-        words = temporary.errorString();
-        return false;
-    }
-    const QString name = temporary.fileName();
-    if (!WriteXlsx(table, name, control, words)) {
-        return false;
-    }
-    const QByteArray from = QFile::encodeName(name);
-    const int written = ::open(from.constData(), O_RDONLY | O_CLOEXEC);
-    const bool safe = written >= 0 && ::fsync(written) == 0;
-    ::close(written);
-    temporary.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup
-                             | QFile::ReadOther);
-    if (!safe || std::rename(from.constData(), QFile::encodeName(fileName).constData()) != 0) {
-        words = QString::fromLocal8Bit(std::strerror(errno));
-        return false;
-    }
-    temporary.setAutoRemove(false);
-    return true;
 }
 
 } // namespace
@@ -101,19 +64,17 @@ bool WriteReport(const ReportTablePtr &table,
     if (*format == OutputFormat::Pdf && paper::HasNoFonts()) {
         return Fail(problem, control, u"no font is installed; install fonts-dejavu-core"_s);
     }
-    const QString cannot = u"%1 cannot be written: %2"_s;
-    if (*format == OutputFormat::Xlsx) {
-        QString words;
-        return WriteXlsxBeside(*table, fileName, control, words)
-            || Fail(problem, control, cannot.arg(fileName, words));
-    }
+    QString words;
     QSaveFile file(fileName);
     // A commit does not notice that what was left in the buffer found no room.
     const bool written = file.open(QIODevice::WriteOnly)
-        && WriteDevice(table, *format, file, control) && file.flush();
+        && WriteDevice(table, *format, file, control, words) && file.flush();
     if (!written) {
         file.cancelWriting();
     }
-    return (file.commit() && written)
-        || Fail(problem, control, cannot.arg(fileName, file.errorString()));
+    if (file.commit() && written) {
+        return true;
+    }
+    words = words.isEmpty() ? file.errorString() : words;
+    return Fail(problem, control, u"%1 cannot be written: %2"_s.arg(fileName, words));
 }

@@ -26,9 +26,9 @@ enum class OutputFormat { Pdf, Csv, Html, Xlsx };
 [[nodiscard]] bool WriteCsv(const ReportTable &table, QIODevice &device, RunControl &control);
 [[nodiscard]] bool WriteHtml(const ReportTable &table, QIODevice &device, RunControl &control);
 
-// Into a file of this name, since its library writes only to those; `words` says what failed.
+// The same; `words` says what failed beside the device.
 [[nodiscard]] bool
-WriteXlsx(const ReportTable &table, const QString &fileName, RunControl &control, QString &words);
+WriteXlsx(const ReportTable &table, QIODevice &device, RunControl &control, QString &words);
 
 // One field of a CSV file: quoted where need be, and with an apostrophe before a text that a
 // spreadsheet would take for a formula.

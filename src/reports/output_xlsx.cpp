@@ -1,8 +1,11 @@
 #include "reports/output.h"
 
 #include <QDir>
-#include <QFile>
+#include <QTemporaryFile>
 
+#include <cstdio>
+#include <future>
+#include <thread>
 #include <xlsxwriter.h>
 
 using namespace Qt::StringLiterals;
@@ -17,18 +20,30 @@ lxw_col_t ColumnNumber(qsizetype place)
     return static_cast<lxw_col_t>(place);
 }
 
+// Ends a workbook that is not wanted any more; the library closes these files only as it packs them.
+void Discard(lxw_workbook *workbook, const std::vector<lxw_worksheet *> &sheets)
+{
+    for (lxw_worksheet *sheet : sheets) {
+        std::fclose(sheet->optimize_tmpfile);
+    }
+    lxw_workbook_free(workbook);
+}
+
 class XlsxWriter
 {
 public:
-    XlsxWriter(const ReportTable &ofTable, const QString &fileName)
+    // Packs into `toFile`, which the library knows by the number it is open as.
+    XlsxWriter(const ReportTable &ofTable, std::shared_ptr<QTemporaryFile> toFile)
         : table(ofTable)
         , columns(ofTable.layout.DataColumns())
+        , file(std::move(toFile))
+        , folder(QFile::encodeName(QDir::tempPath()))
     {
-        folder = QFile::encodeName(QDir::tempPath());
         lxw_workbook_options options {};
         options.constant_memory = LXW_TRUE;
         options.tmpdir = folder.data();
-        workbook = workbook_new_opt(QFile::encodeName(fileName).constData(), &options);
+        const QByteArray name = "/proc/self/fd/" + QByteArray::number(file->handle());
+        workbook = workbook_new_opt(name.constData(), &options);
         if (workbook != nullptr) {
             MakeFormats();
         }
@@ -37,7 +52,7 @@ public:
     ~XlsxWriter()
     {
         if (workbook != nullptr) {
-            workbook_close(workbook);
+            Discard(workbook, sheets);
         }
     }
     XlsxWriter(const XlsxWriter &) = delete;
@@ -66,12 +81,21 @@ public:
         return good && !control.IsCancelled();
     }
 
-    // Packs the file; the library's own words when that fails.
-    [[nodiscard]] QString Close()
+    // Packs the file; the library's own words when that fails. It does so in one go and cannot be
+    // told to stop: a cancelled one comes to its end by itself, in a file that nobody will see.
+    [[nodiscard]] QString Pack(const RunControl &control)
     {
-        const lxw_error error =
-            workbook == nullptr ? LXW_ERROR_CREATING_XLSX_FILE : workbook_close(workbook);
-        workbook = nullptr;
+        constexpr std::chrono::milliseconds kBetweenLooks(20);
+        std::packaged_task<lxw_error()> task([packed = std::exchange(workbook, nullptr),
+                                              until = file] { return workbook_close(packed); });
+        auto packing = task.get_future();
+        std::thread(std::move(task)).detach();
+        while (packing.wait_for(kBetweenLooks) != std::future_status::ready) {
+            if (control.IsCancelled()) {
+                return u"cancelled"_s;
+            }
+        }
+        const lxw_error error = packing.get();
         return error == LXW_NO_ERROR ? QString() : QString::fromUtf8(lxw_strerror(error));
     }
 
@@ -102,6 +126,11 @@ private:
     void StartSheet()
     {
         sheet = workbook_add_worksheet(workbook, nullptr);
+        good = good && sheet != nullptr; // there is no room for its temporary file
+        if (!good) {
+            return;
+        }
+        sheets.push_back(sheet);
         for (qsizetype place = 0; place < columns.size(); ++place) {
             const LayoutColumn &column = table.layout.columns.at(columns.at(place));
             const double width = column.IsNumber() ? 16 : 24;
@@ -122,7 +151,7 @@ private:
         if (nextRow == kSheetRows) {
             StartSheet();
         }
-        for (qsizetype place = 0; place < columns.size(); ++place) {
+        for (qsizetype place = 0; place < columns.size() && good; ++place) {
             const int column = columns.at(place);
             WriteCell(
                 place, table.layout.columns.at(column), row[static_cast<size_t>(column)], isTotal);
@@ -154,27 +183,45 @@ private:
 
     const ReportTable &table;
     QList<int> columns;
+    std::shared_ptr<QTemporaryFile> file;
     QByteArray folder;
     lxw_workbook *workbook = nullptr;
-    lxw_worksheet *sheet = nullptr;
+    std::vector<lxw_worksheet *> sheets;
+    lxw_worksheet *sheet = nullptr; // the last of them
     lxw_format *strong = nullptr;
     std::vector<ColumnFormats> formats;
     qint64 nextRow = 0;
     bool good = true;
 };
 
+bool Copy(QFile &from, QIODevice &to, const RunControl &control)
+{
+    constexpr qint64 kPiece = 1 << 18;
+    from.seek(0);
+    QByteArray piece;
+    do {
+        piece = from.read(kPiece);
+        if (to.write(piece) != piece.size() || control.IsCancelled()) {
+            return false;
+        }
+    } while (!piece.isEmpty());
+    return true;
+}
+
 } // namespace
 
-bool WriteXlsx(const ReportTable &table,
-               const QString &fileName,
-               RunControl &control,
-               QString &words)
+bool WriteXlsx(const ReportTable &table, QIODevice &device, RunControl &control, QString &words)
 {
-    XlsxWriter writer(table, fileName);
-    const bool written = writer.Write(control);
-    words = writer.Close();
-    if (!written && words.isEmpty()) {
-        words = u"a row could not be written"_s;
+    const auto file = std::make_shared<QTemporaryFile>();
+    if (!file->open()) {
+        words = file->errorString();
+        return false;
     }
-    return written && words.isEmpty();
+    XlsxWriter writer(table, file);
+    if (!writer.Write(control)) {
+        words = u"a row could not be written"_s;
+        return false;
+    }
+    words = writer.Pack(control);
+    return words.isEmpty() && Copy(*file, device, control);
 }

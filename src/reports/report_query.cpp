@@ -123,9 +123,9 @@ bool ReportQuery::RunWrapped(const QString &statement)
     return wrapped;
 }
 
-bool ReportQuery::RunPlain()
+bool ReportQuery::RunPlain(const QString &statement)
 {
-    return connection.Run(query) || FailWithDatabase();
+    return connection.Run(statement) || FailWithDatabase();
 }
 
 bool ReportQuery::FailWithDatabase()
@@ -141,7 +141,7 @@ bool ReportQuery::Sum(const Summing &summing, const std::function<void(SummedRow
     if (RunWrapped(SummingStatement(summing))) {
         return TakeSums(summing, take);
     }
-    return RunPlain() && SumStream(summing, take);
+    return RunPlain(WithoutOrder(query)) && SumStream(summing, take);
 }
 
 Cell ReportQuery::CellAt(int row, int chosen, const LayoutColumn &column) const
@@ -295,7 +295,7 @@ bool ReportQuery::Rows(const std::function<bool(CellRow &&)> &take)
             positions.push_back(
                 {static_cast<int>(positions.size()) + 1, HowToRead(layout.columns.at(place).type)});
         }
-    } else if (!RunPlain() || !PositionsOf(read, false, positions)) {
+    } else if (!RunPlain(query) || !PositionsOf(read, false, positions)) {
         return false;
     }
     return TakeRows(positions, take);

@@ -46,13 +46,14 @@ public:
     void SumHere() { wrapped = false; }
     [[nodiscard]] bool IsSummedByDatabase() const { return wrapped; }
 
+    [[nodiscard]] bool IsCancelled() const { return control.IsCancelled(); }
     [[nodiscard]] const ReportProblem &Problem() const { return problem; }
 
 private:
     [[nodiscard]] QString SummingStatement(const Summing &summing) const;
     [[nodiscard]] QString RowsStatement() const;
     [[nodiscard]] bool RunWrapped(const QString &statement);
-    [[nodiscard]] bool RunPlain();
+    [[nodiscard]] bool RunPlain(const QString &statement);
     [[nodiscard]] bool Accepts(const Summing &summing, int row) const;
     [[nodiscard]] CellRow KeysAt(const Summing &summing, int row) const;
     void AddSums(const Summing &summing, int row, std::vector<Total> &sums) const;

@@ -192,7 +192,7 @@ bool TableBuilder::Regroup()
     }
     for (const auto &[key, group] : collectedGroups) {
         for (const quint32 row : rowsOf[group]) {
-            if (!TakeInOrder(collected.Read(row, 1).front())) {
+            if (query.IsCancelled() || !TakeInOrder(collected.Read(row, 1).front())) {
                 return false;
             }
         }

@@ -258,11 +258,6 @@ void ReportViewer::Run()
         Say(u"Please select a report"_s);
         return;
     }
-    struct Outcome
-    {
-        ReportTablePtr table;
-        ReportProblem problem;
-    };
     const auto outcome = std::make_shared<Outcome>();
     request.made = QDateTime::currentDateTime();
     view->SetPages(nullptr);
@@ -270,25 +265,33 @@ void ReportViewer::Run()
     table.reset();
     Say({});
     job.Start(
-        [wanted = request, outcome](RunControl &control) {
-            outcome->table = MakeReport(wanted, control, outcome->problem);
-        },
-        [this, outcome] { Show(outcome->table, outcome->problem); });
+        [wanted = request, outcome](RunControl &control) { *outcome = MakePages(wanted, control); },
+        [this, outcome] { Show(*outcome); });
 }
 
-void ReportViewer::Show(ReportTablePtr made, const ReportProblem &problem)
+ReportViewer::Outcome ReportViewer::MakePages(const ReportRequest &wanted, RunControl &control)
 {
-    table = std::move(made);
+    Outcome outcome;
+    outcome.table = MakeReport(wanted, control, outcome.problem);
+    if (outcome.table && !paper::HasNoFonts()) {
+        outcome.pages = std::make_shared<const ReportPages>(outcome.table);
+    }
+    return outcome;
+}
+
+void ReportViewer::Show(const Outcome &outcome)
+{
+    table = outcome.table;
+    pages = outcome.pages;
     if (!table) {
-        Say(problem.kind == ReportProblem::Kind::Cancelled ? u"The report was stopped."_s
-                                                           : problem.text);
+        Say(outcome.problem.kind == ReportProblem::Kind::Cancelled ? u"The report was stopped."_s
+                                                                   : outcome.problem.text);
         return;
     }
-    if (paper::HasNoFonts()) {
+    if (!pages) {
         Say(u"No font is installed; install fonts-dejavu-core"_s);
         return;
     }
-    pages = std::make_shared<const ReportPages>(table);
     view->SetPages(pages);
     view->setFocus();
 }

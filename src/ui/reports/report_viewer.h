@@ -71,8 +71,17 @@ private:
     void Next();
     void Last();
     void StartFind();
+    // What a run comes to; the pages are laid out on its thread too.
+    struct Outcome
+    {
+        ReportTablePtr table;
+        std::shared_ptr<const ReportPages> pages; // null without a font
+        ReportProblem problem;
+    };
+
     void Run();
-    void Show(ReportTablePtr made, const ReportProblem &problem);
+    [[nodiscard]] static Outcome MakePages(const ReportRequest &wanted, RunControl &control);
+    void Show(const Outcome &outcome);
     void ShowPageNumber(int page);
     void ShowProgress(qint64 done, qint64 whole);
     void SetBusy(bool busy);
