@@ -1,8 +1,8 @@
 #include "support/bench_database.h"
 
 #include "db/demo_data.h"
-#include "db/direct_connection.h"
 #include "db/schema.h"
+#include "support/must.h"
 #include "support/servers/server_section.h"
 
 #include <QFile>
@@ -10,17 +10,10 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-[[noreturn]] void Fail(const QString &problem)
-{
-    std::fprintf(stderr, "%s\n", qPrintable(problem));
-    std::exit(2);
-}
 
 const QTemporaryDir &Folder()
 {

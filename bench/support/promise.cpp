@@ -23,6 +23,10 @@ public:
                 double &shortest =
                     times.try_emplace(run.run_name.function_name, kNever).first->second;
                 shortest = std::min(shortest, run.GetAdjustedRealTime());
+                for (const auto &[counter, value] : run.counters) {
+                    double &most = largest[{run.run_name.function_name, counter}];
+                    most = std::max(most, value.value);
+                }
             } else if (run.error_occurred) {
                 std::fprintf(
                     stderr, "%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
@@ -36,14 +40,32 @@ public:
         return found == times.end() ? kNever : found->second;
     }
 
+    [[nodiscard]] double LargestOf(const std::string &name, const std::string &counter) const
+    {
+        const auto found = largest.find({name, counter});
+        return found == largest.end() ? kNever : found->second;
+    }
+
+    void PrintCounters() const
+    {
+        for (const auto &[of, value] : largest) {
+            std::printf("%-44s %9.2f %s\n", of.first.c_str(), value, of.second.c_str());
+        }
+    }
+
 private:
     static constexpr double kNever = std::numeric_limits<double>::infinity();
     std::map<std::string, double> times;
+    std::map<std::pair<std::string, std::string>, double> largest; // by benchmark and counter
 };
 
 } // namespace
 
-int RunAndCompare(int argc, char **argv, const std::vector<Promise> &promises, int repetitions)
+int RunAndCompare(int argc,
+                  char **argv,
+                  const std::vector<Promise> &promises,
+                  int repetitions,
+                  const std::vector<Bound> &bounds)
 {
     std::optional<QCoreApplication> application;
     if (QCoreApplication::instance() == nullptr) {
@@ -58,6 +80,7 @@ int RunAndCompare(int argc, char **argv, const std::vector<Promise> &promises, i
     benchmark::Initialize(&count, arguments.data());
     Shortest reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.PrintCounters();
     bool kept = true;
     for (const auto &[measured, reference, most] : promises) {
         const double ratio = reporter.Of(measured) / reporter.Of(reference);
@@ -69,6 +92,17 @@ int RunAndCompare(int argc, char **argv, const std::vector<Promise> &promises, i
                     reference.c_str(),
                     reporter.Of(reference),
                     ratio,
+                    most,
+                    good ? "" : "BROKEN");
+    }
+    for (const auto &[measured, counter, most] : bounds) {
+        const double value = reporter.LargestOf(measured, counter);
+        const bool good = value <= most;
+        kept = kept && good;
+        std::printf("%-44s %9.2f %s (at most %g) %s\n",
+                    measured.c_str(),
+                    value,
+                    counter.c_str(),
                     most,
                     good ? "" : "BROKEN");
     }

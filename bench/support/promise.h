@@ -13,9 +13,18 @@ struct Promise
     double most;
 };
 
+// What a benchmark counts beside its time is at most `most`, in every run.
+struct Bound
+{
+    std::string measured;
+    std::string counter; // as the benchmark names it, its unit included
+    double most;
+};
+
 // Runs every benchmark so many times in turn, prints the shortest time of each promise's two sides and
-// their ratio. 1 when a promise is broken, which is said.
+// their ratio, and the largest number of each bound. 1 when a promise is broken, which is said.
 int RunAndCompare(int argc,
                   char **argv,
                   const std::vector<Promise> &promises,
-                  int repetitions = 15);
+                  int repetitions = 15,
+                  const std::vector<Bound> &bounds = {});

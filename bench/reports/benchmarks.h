@@ -1,0 +1,15 @@
+// The benchmarks of the reports, by what they look at; each adds what it promises.
+#pragma once
+
+#include "support/promise.h"
+
+struct Promises
+{
+    std::vector<Promise> ratios;
+    std::vector<Bound> bounds;
+};
+
+void AddRows(Promises &promises); // summing and streaming, against the engines' clients
+void AddPages(Promises &promises); // long PDF files
+void AddWindow(Promises &promises); // the preview: first page, gaps, Cancel
+void AddWriters(Promises &promises); // what others write while a report runs

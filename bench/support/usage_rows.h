@@ -1,0 +1,15 @@
+// Traffic records by the million.
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+struct UsageRows
+{
+    int count = 0;
+    QDate firstDay;
+    int perDay = 1; // one day's records are those of the users 1 to 500 in turn
+};
+
+// Puts these records, written by the engine itself, in place of all that the data source holds.
+void FillUsage(const QString &engine, const QString &dsn, const UsageRows &rows);
