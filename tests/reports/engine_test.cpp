@@ -8,6 +8,7 @@
 #include "support/core/engine_fixture.h"
 
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QFile>
 
 #include <malloc.h>
@@ -240,8 +241,11 @@ TEST_P(MadeReport, CancelEndsAReportThatRuns)
         "SiteAccess e, traffic_use f, traffic_use g"_s;
     ReportTablePtr table;
     std::thread worker([&] { table = MakeReport(request, control, problem); });
+    QElapsedTimer watch;
+    watch.start();
     control.Cancel();
     worker.join();
+    EXPECT_LT(watch.elapsed(), 250);
     EXPECT_FALSE(table);
     EXPECT_EQ(problem.kind, ReportProblem::Kind::Cancelled);
 }

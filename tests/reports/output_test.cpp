@@ -8,7 +8,6 @@
 #include "support/core/database_fixture.h"
 
 #include <QBuffer>
-#include <QDir>
 #include <QFile>
 #include <QProcess>
 
@@ -248,24 +247,5 @@ TEST(Chart, TicksAreRoundAndReachTheTop)
         for (size_t tick = 0; tick < ticks.size(); ++tick) {
             EXPECT_DOUBLE_EQ(ticks[tick], wanted[tick]) << most;
         }
-    }
-}
-
-TEST_F(Written, ACancelledExportLeavesWhatWasThere)
-{
-    const auto table = ReportOf(RequestFor(Dsn(), 0));
-    for (const QString &suffix : {u"pdf"_s, u"csv"_s, u"html"_s, u"xlsx"_s}) {
-        QFile file(folder.filePath(u"kept."_s + suffix));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("old");
-        file.close();
-        const auto before = QDir(folder.path()).entryList(QDir::Files | QDir::Hidden);
-        RunControl control;
-        ReportProblem problem;
-        control.Cancel();
-        EXPECT_FALSE(WriteReport(table, file.fileName(), control, problem));
-        EXPECT_EQ(problem.kind, ReportProblem::Kind::Cancelled);
-        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), before);
-        EXPECT_EQ(file.size(), 3);
     }
 }
