@@ -1,4 +1,5 @@
 #include "reports/output.h"
+#include "reports/xlsx_library.h"
 
 #include <QDir>
 #include <QTemporaryFile>
@@ -6,7 +7,6 @@
 #include <cstdio>
 #include <future>
 #include <thread>
-#include <xlsxwriter.h>
 
 using namespace Qt::StringLiterals;
 
@@ -21,20 +21,25 @@ lxw_col_t ColumnNumber(qsizetype place)
 }
 
 // Ends a workbook that is not wanted any more; the library closes these files only as it packs them.
-void Discard(lxw_workbook *workbook, const std::vector<lxw_worksheet *> &sheets)
+void Discard(const XlsxLibrary &xlsx,
+             lxw_workbook *workbook,
+             const std::vector<lxw_worksheet *> &sheets)
 {
     for (lxw_worksheet *sheet : sheets) {
         std::fclose(sheet->optimize_tmpfile);
     }
-    lxw_workbook_free(workbook);
+    xlsx.lxw_workbook_free(workbook);
 }
 
 class XlsxWriter
 {
 public:
     // Packs into `toFile`, which the library knows by the number it is open as.
-    XlsxWriter(const ReportTable &ofTable, std::shared_ptr<QTemporaryFile> toFile)
-        : table(ofTable)
+    XlsxWriter(const XlsxLibrary &library,
+               const ReportTable &ofTable,
+               std::shared_ptr<QTemporaryFile> toFile)
+        : xlsx(library)
+        , table(ofTable)
         , columns(ofTable.layout.DataColumns())
         , file(std::move(toFile))
         , folder(QFile::encodeName(QDir::tempPath()))
@@ -43,7 +48,7 @@ public:
         options.constant_memory = LXW_TRUE;
         options.tmpdir = folder.data();
         const QByteArray name = "/proc/self/fd/" + QByteArray::number(file->handle());
-        workbook = workbook_new_opt(name.constData(), &options);
+        workbook = xlsx.workbook_new_opt(name.constData(), &options);
         if (workbook != nullptr) {
             MakeFormats();
         }
@@ -52,7 +57,7 @@ public:
     ~XlsxWriter()
     {
         if (workbook != nullptr) {
-            Discard(workbook, sheets);
+            Discard(xlsx, workbook, sheets);
         }
     }
     XlsxWriter(const XlsxWriter &) = delete;
@@ -86,8 +91,9 @@ public:
     [[nodiscard]] QString Pack(const RunControl &control)
     {
         constexpr std::chrono::milliseconds kBetweenLooks(20);
-        std::packaged_task<lxw_error()> task([packed = std::exchange(workbook, nullptr),
-                                              until = file] { return workbook_close(packed); });
+        std::packaged_task<lxw_error()> task([close = xlsx.workbook_close,
+                                              packed = std::exchange(workbook, nullptr),
+                                              until = file] { return close(packed); });
         auto packing = task.get_future();
         std::thread(std::move(task)).detach();
         while (packing.wait_for(kBetweenLooks) != std::future_status::ready) {
@@ -96,28 +102,28 @@ public:
             }
         }
         const lxw_error error = packing.get();
-        return error == LXW_NO_ERROR ? QString() : QString::fromUtf8(lxw_strerror(error));
+        return error == LXW_NO_ERROR ? QString() : QString::fromUtf8(xlsx.lxw_strerror(error));
     }
 
 private:
     void MakeFormats()
     {
-        strong = workbook_add_format(workbook);
-        format_set_bold(strong);
-        format_set_bg_color(strong, 0xE9EDF2);
+        strong = xlsx.workbook_add_format(workbook);
+        xlsx.format_set_bold(strong);
+        xlsx.format_set_bg_color(strong, 0xE9EDF2);
         for (const int place : columns) {
             const LayoutColumn &column = table.layout.columns.at(place);
             QByteArray shape = "#,##0";
             if (column.decimals > 0) {
                 shape += "." + QByteArray(column.decimals, '0');
             }
-            lxw_format *plain = workbook_add_format(workbook);
-            lxw_format *total = workbook_add_format(workbook);
-            format_set_bold(total);
-            format_set_top(total, LXW_BORDER_DOUBLE);
+            lxw_format *plain = xlsx.workbook_add_format(workbook);
+            lxw_format *total = xlsx.workbook_add_format(workbook);
+            xlsx.format_set_bold(total);
+            xlsx.format_set_top(total, LXW_BORDER_DOUBLE);
             if (column.IsNumber()) {
-                format_set_num_format(plain, shape.constData());
-                format_set_num_format(total, shape.constData());
+                xlsx.format_set_num_format(plain, shape.constData());
+                xlsx.format_set_num_format(total, shape.constData());
             }
             formats.push_back({plain, total});
         }
@@ -125,7 +131,7 @@ private:
 
     void StartSheet()
     {
-        sheet = workbook_add_worksheet(workbook, nullptr);
+        sheet = xlsx.workbook_add_worksheet(workbook, nullptr);
         good = good && sheet != nullptr; // there is no room for its temporary file
         if (!good) {
             return;
@@ -134,15 +140,16 @@ private:
         for (qsizetype place = 0; place < columns.size(); ++place) {
             const LayoutColumn &column = table.layout.columns.at(columns.at(place));
             const double width = column.IsNumber() ? 16 : 24;
-            worksheet_set_column(sheet, ColumnNumber(place), ColumnNumber(place), width, nullptr);
+            xlsx.worksheet_set_column(
+                sheet, ColumnNumber(place), ColumnNumber(place), width, nullptr);
             const QString unit = column.unit.isEmpty() ? QString() : u" ("_s + column.unit + u')';
-            worksheet_write_string(sheet,
-                                   0,
-                                   ColumnNumber(place),
-                                   (column.heading + unit).toUtf8().constData(),
-                                   strong);
+            xlsx.worksheet_write_string(sheet,
+                                        0,
+                                        ColumnNumber(place),
+                                        (column.heading + unit).toUtf8().constData(),
+                                        strong);
         }
-        worksheet_freeze_panes(sheet, 1, 0);
+        xlsx.worksheet_freeze_panes(sheet, 1, 0);
         nextRow = 1;
     }
 
@@ -166,10 +173,11 @@ private:
         lxw_format *format = isTotal ? total : plain;
         lxw_error error = LXW_NO_ERROR;
         if (cell.index() != 0 && column.IsNumber()) {
-            error = worksheet_write_number(sheet, row, ColumnNumber(place), NumberIn(cell), format);
+            error = xlsx.worksheet_write_number(
+                sheet, row, ColumnNumber(place), NumberIn(cell), format);
         } else {
             const QString text = PlainText(column, cell).left(kCellCharacters);
-            error = worksheet_write_string(
+            error = xlsx.worksheet_write_string(
                 sheet, row, ColumnNumber(place), text.toUtf8().constData(), format);
         }
         good = good && error == LXW_NO_ERROR;
@@ -181,6 +189,7 @@ private:
         lxw_format *total;
     };
 
+    const XlsxLibrary &xlsx;
     const ReportTable &table;
     QList<int> columns;
     std::shared_ptr<QTemporaryFile> file;
@@ -212,12 +221,16 @@ bool Copy(QFile &from, QIODevice &to, const RunControl &control)
 
 bool WriteXlsx(const ReportTable &table, QIODevice &device, RunControl &control, QString &words)
 {
+    const XlsxLibrary *library = LoadXlsxLibrary(words);
+    if (library == nullptr) {
+        return false;
+    }
     const auto file = std::make_shared<QTemporaryFile>();
     if (!file->open()) {
         words = file->errorString();
         return false;
     }
-    XlsxWriter writer(table, file);
+    XlsxWriter writer(*library, table, file);
     if (!writer.Write(control)) {
         words = u"a row could not be written"_s;
         return false;

@@ -59,6 +59,11 @@ QPixmap ArtworkEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State 
     return pixmap;
 }
 
+QList<QSize> ArtworkEngine::availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/)
+{
+    return {{16, 16}, {32, 32}, {64, 64}};
+}
+
 QIconEngine *ArtworkEngine::clone() const
 {
     return new ArtworkEngine(normal.file, selected.file);

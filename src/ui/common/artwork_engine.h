@@ -15,6 +15,8 @@ public:
 
     void paint(QPainter *painter, const QRect &area, QIcon::Mode mode, QIcon::State state) override;
     [[nodiscard]] QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
+    // What a window hands to the desktop at its start; any other size is drawn when it is asked for.
+    [[nodiscard]] QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override;
     [[nodiscard]] QIconEngine *clone() const override;
     [[nodiscard]] bool isNull() override { return false; }
 
