@@ -224,6 +224,10 @@ private:
             painter.drawPath(Outline(plot, panel, series, ticks.back()));
         }
         painter.setBrush(Qt::NoBrush);
+        if (HighestOf(panel) <= 0) {
+            painter.setPen(paper::kFaint);
+            Write(plot, u"All values are zero"_s, Style::Small, Qt::AlignHCenter);
+        }
         PaintDayAxis(plot, static_cast<qint64>(days), step);
     }
 

@@ -243,11 +243,9 @@ void PagePainter::PaintClosing()
 {
     top += paper::kLine / 2;
     const bool cut = table.IsCut();
-    const qint64 shown =
-        table.groups.empty() ? table.rows.Count() : static_cast<qint64>(table.groups.size());
     QString label = u"Total, "_s + Counted(table.rows.Count());
     if (!table.groups.empty()) {
-        label = u"Grand total, %1 in %2 groups"_s.arg(Counted(table.rows.Count())).arg(shown);
+        label = u"Grand total, "_s + Counted(table.rows.Count());
     } else if (cut) {
         label = u"Total of these %1"_s.arg(table.rows.Count());
     }

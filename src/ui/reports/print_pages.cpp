@@ -32,6 +32,7 @@ bool PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control
                                                    : QPageLayout::Portrait);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setFullPage(true);
+    printer.setDocName(pages.Table().layout.title); // as the printer's queue names the job
     const int first = std::max(printer.fromPage(), 1) - 1;
     const int end =
         printer.toPage() > 0 ? std::min(printer.toPage(), pages.Count()) : pages.Count();

@@ -375,13 +375,22 @@ void ReportViewer::Print()
 
 void ReportViewer::SaveAs()
 {
-    const QString name = QFileDialog::getSaveFileName(
-        this,
-        u"Save report"_s,
-        table->layout.title + u".pdf",
-        u"PDF (*.pdf);;Spreadsheet (*.xlsx);;Text with commas (*.csv);;Web page (*.html)"_s);
-    if (!name.isEmpty()) {
-        SaveTo(name);
+    const QStringList endings {u"pdf"_s, u"xlsx"_s, u"csv"_s, u"html"_s};
+    const QStringList kinds {u"PDF (*.pdf)"_s,
+                             u"Spreadsheet (*.xlsx)"_s,
+                             u"Text with commas (*.csv)"_s,
+                             u"Web page (*.html)"_s};
+    QFileDialog dialog(this, u"Save report"_s);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(kinds);
+    const auto takeEnding = [&](const QString &kind) {
+        dialog.setDefaultSuffix(endings.value(kinds.indexOf(kind)));
+    };
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, takeEnding);
+    takeEnding(kinds.front());
+    dialog.selectFile(QString(table->layout.title).replace(u'/', u'-')); // the ending is added
+    if (dialog.exec() == QDialog::Accepted) {
+        SaveTo(dialog.selectedFiles().constFirst());
     }
 }
 

@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -196,6 +197,28 @@ TEST_F(Reports, PagesAreTurnedFoundAndSaved)
     viewer.Print();
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(u"No printer is installed. The report can be saved as PDF."_s));
+}
+
+TEST_F(Reports, ASavedFileEndsAsTheKindThatWasChosen)
+{
+    Select(6);
+    ClickGenerate();
+    for (const QString &ending : {u"csv"_s, u"xlsx"_s}) {
+        const QString name = folder.filePath(u"saved"_s);
+        const WhileModal choose([&](QDialog &dialogBox) {
+            auto &files = dynamic_cast<QFileDialog &>(dialogBox);
+            EXPECT_EQ(files.selectedNameFilter(), u"PDF (*.pdf)"_s);
+            auto &kinds = Find<QComboBox>(files, "fileTypeCombo");
+            kinds.setCurrentIndex(kinds.findText(ending, Qt::MatchContains));
+            emit kinds.textActivated(kinds.currentText());
+            Type(Find<QLineEdit>(files, "fileNameEdit"), name);
+            dialogBox.accept();
+        });
+        QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
+        Click(*dialog, "saveButton");
+        ASSERT_TRUE(ready.count() > 0 || ready.wait(20'000));
+        EXPECT_TRUE(QFile::exists(name + u'.' + ending)) << Message().toStdString();
+    }
 }
 
 TEST_F(Reports, ReturnInAFieldOfTheViewerGeneratesNothing)
