@@ -26,7 +26,7 @@ std::shared_ptr<QPrinter> ChoosePrinter(QWidget &parent, int copies, int pageCou
     return dialog.exec() == QDialog::Accepted ? printer : nullptr;
 }
 
-bool PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
+int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
 {
     printer.setPageOrientation(pages.IsLandscape() ? QPageLayout::Landscape
                                                    : QPageLayout::Portrait);
@@ -37,18 +37,16 @@ bool PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control
     const int end =
         printer.toPage() > 0 ? std::min(printer.toPage(), pages.Count()) : pages.Count();
     QPainter painter;
-    if (!painter.begin(&printer)) {
-        return false;
+    if (control.IsCancelled() || !painter.begin(&printer)) {
+        return 0;
     }
-    for (int page = first; page < end && !control.IsCancelled(); ++page) {
-        if (page > first && !printer.newPage()) {
-            return false;
+    int sent = 0;
+    do {
+        if (sent > 0 && !printer.newPage()) {
+            return 0;
         }
-        pages.Paint(painter, page, printer.resolution() / 72.0);
-        control.SetProgress(page - first + 1, end - first);
-    }
-    if (control.IsCancelled()) {
-        printer.abort();
-    }
-    return painter.end() && !control.IsCancelled();
+        pages.Paint(painter, first + sent, printer.resolution() / 72.0);
+        control.SetProgress(++sent, end - first);
+    } while (first + sent < end && !control.IsCancelled());
+    return painter.end() ? sent : 0;
 }

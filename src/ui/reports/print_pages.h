@@ -13,5 +13,6 @@ class QWidget;
 // (0: the printer's own number). Null when there is none, which is told, or none was chosen.
 [[nodiscard]] std::shared_ptr<QPrinter> ChoosePrinter(QWidget &parent, int copies, int pageCount);
 
-// False when cancelled or the printer fails.
-[[nodiscard]] bool PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control);
+// How many pages were sent; 0 when the printer fails. A cancel ends it behind a page: the toolkit has
+// no way to take back those before.
+[[nodiscard]] int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control);

@@ -364,13 +364,16 @@ void ReportViewer::Print()
     if (!printer || !pages) {
         return;
     }
-    const auto good = std::make_shared<bool>(false);
-    job.Start([printed = pages, printer, good](
-                  RunControl &control) { *good = PrintPages(*printed, *printer, control); },
-              [this, good] {
-                  Say(*good ? u"The report was sent to the printer."_s
-                            : u"The report was not printed."_s);
-              });
+    const auto outcome = std::make_shared<QString>();
+    job.Start(
+        [printed = pages, printer, outcome](RunControl &control) {
+            const int sent = PrintPages(*printed, *printer, control);
+            *outcome = sent == 0 ? u"The report was not printed."_s
+                : control.IsCancelled()
+                ? u"Printing was stopped; pages sent before: %1."_s.arg(sent)
+                : u"The report was sent to the printer."_s;
+        },
+        [this, outcome] { Say(*outcome); });
 }
 
 void ReportViewer::SaveAs()
