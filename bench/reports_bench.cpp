@@ -5,8 +5,6 @@
 
 #include <QTemporaryDir>
 
-#include <clocale>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,7 +28,6 @@ int main(int argc, char **argv)
 {
     constexpr int kRepetitions = 1;
     CAdministratorApp app(argc, argv);
-    std::setlocale(LC_NUMERIC, "C");
     FailingPrompt prompt;
     const QTemporaryDir folder;
     app.SetUp({folder.path(), QDBusConnection(u"nobody"_s)}, prompt, [] { return true; });

@@ -13,6 +13,8 @@
 #include <QTime>
 #include <QTimer>
 
+#include <clocale>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -139,6 +141,7 @@ bool SetUp(DemoUnit &unit, const Options &options)
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     Options options;
     options.parser.process(application);
     DemoUnit unit;

@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
+#include <clocale>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -120,6 +122,7 @@ int RunCommand(const QCommandLineParser &parser)
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     QCoreApplication::setApplicationName(u"tollbrook-db"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(TB_VERSION));
     QCommandLineParser parser;

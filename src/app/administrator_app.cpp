@@ -5,6 +5,7 @@
 #include <QFontDatabase>
 #include <QThreadPool>
 
+#include <clocale>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,7 @@ CAdministratorApp::CAdministratorApp(int &argc, char **argv) : QApplication(argc
 {
     // No display name: the desktop would add it to every window's exact caption.
     setApplicationName(u"tollbrook-admin"_s);
+    std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     theApp = this;
 }
 

@@ -6,6 +6,7 @@
 #include "support/core/private_bus.h"
 #include "support/core/scripted_prompt.h"
 
+#include <clocale>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -172,4 +173,10 @@ TEST_F(StartUpTest, WithoutAFrameTheProcessEnds)
     frameWorks = false;
     EXPECT_FALSE(Start());
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
+}
+
+// In a locale with a decimal comma a driver writes one, and what stands behind it would be lost.
+TEST(Locale, WritesNumbersAsTheDatabaseDoes)
+{
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
 }
