@@ -14,7 +14,7 @@ constexpr int kDotsPerInch = 600;
 
 bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &control)
 {
-    const ReportPages pages(table);
+    const ReportPages pages(table, &control);
     QPdfWriter writer(&device);
     writer.setResolution(kDotsPerInch);
     writer.setTitle(table->layout.title);

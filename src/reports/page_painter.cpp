@@ -49,15 +49,19 @@ void PagePainter::Paint(double scale)
 // A text on one line at the middle of its place, cut when it is too long.
 void PagePainter::Write(const QRectF &place, const QString &text, Style style, bool right)
 {
+    WriteFitting(place, paper::Elided(text, style, place.width()), style, right);
+}
+
+void PagePainter::WriteFitting(const QRectF &place, const QString &text, Style style, bool right)
+{
     if (text.isEmpty()) {
         return;
     }
-    const QString fitting = paper::Elided(text, style, place.width());
     const QFontMetricsF &metrics = paper::Metrics(style);
     painter.setFont(paper::Font(style));
-    const double left = right ? place.right() - metrics.horizontalAdvance(fitting) : place.left();
+    const double left = right ? place.right() - metrics.horizontalAdvance(text) : place.left();
     const double line = place.center().y() + (metrics.ascent() - metrics.descent()) / 2;
-    painter.drawText(QPointF(left, line), fitting);
+    painter.drawText(QPointF(left, line), text);
 }
 
 void PagePainter::Rule(double thickness, const QColor &colour)
@@ -190,12 +194,13 @@ void PagePainter::PaintGroupHeading(const PageItem &item)
     const auto lines = paper::Wrapped(title, Style::Strong, textWidth, kMostHeadingLines);
     painter.setPen(paper::kAccent);
     for (qsizetype line = 0; line < lines.size(); ++line) {
-        Write(QRectF(place.left() + paper::kCellPadding,
-                     top + paper::kLine * static_cast<double>(line),
-                     textWidth,
-                     paper::kLine),
-              lines.at(line),
-              Style::Strong);
+        WriteFitting(QRectF(place.left() + paper::kCellPadding,
+                            top + paper::kLine * static_cast<double>(line),
+                            textWidth,
+                            paper::kLine),
+                     lines.at(line),
+                     Style::Strong,
+                     false);
     }
     painter.setPen(paper::kInk);
 }
@@ -212,7 +217,7 @@ void PagePainter::PaintRow(const PageItem &item)
             continue;
         }
         for (const QString &line : paper::Wrapped(text, Style::Text, place.width(), item.lines)) {
-            Write(place, line, Style::Text, told.IsNumber());
+            WriteFitting(place, line, Style::Text, told.IsNumber());
             place.translate(0, paper::kLine);
         }
     }

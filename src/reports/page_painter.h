@@ -30,6 +30,7 @@ private:
     void PaintFooter();
 
     void Write(const QRectF &place, const QString &text, paper::Style style, bool right = false);
+    void WriteFitting(const QRectF &place, const QString &text, paper::Style style, bool right);
     void Rule(double width, const QColor &colour);
     [[nodiscard]] QRectF CellPlace(const ReportPages::PrintedColumn &column, double height) const;
     [[nodiscard]] QString Counted(qint64 count) const;

@@ -2,6 +2,7 @@
 
 #include <QRawFont>
 #include <QStringList>
+#include <QTextLayout>
 
 #include <array>
 
@@ -64,21 +65,22 @@ QString Elided(const QString &text, Style style, double width)
 
 QStringList Wrapped(const QString &text, Style style, double width, int most)
 {
-    const QFontMetricsF &metrics = Metrics(style);
+    QTextLayout shaped(text, Font(style)); // the whole text is measured once
+    shaped.setTextOption([] {
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        return option;
+    }());
     QStringList lines;
     qsizetype start = 0;
+    shaped.beginLayout();
     while (start < text.size() && lines.size() + 1 < most) {
-        qsizetype least = 1;
-        qsizetype beyond = text.size() - start + 1;
-        while (beyond - least > 1) {
-            const qsizetype middle = (least + beyond) / 2;
-            (metrics.horizontalAdvance(text.mid(start, middle)) <= width ? least : beyond) = middle;
-        }
-        const bool splitsPair = start + least < text.size() && text[start + least].isLowSurrogate();
-        least += splitsPair ? 1 : 0;
-        lines += text.mid(start, least);
-        start += least;
+        QTextLine line = shaped.createLine();
+        line.setLineWidth(width);
+        lines += text.mid(start, line.textLength());
+        start += line.textLength();
     }
+    shaped.endLayout();
     if (start < text.size() || lines.isEmpty()) {
         lines += Elided(text.mid(start), style, width);
     }

@@ -22,10 +22,10 @@ double PageHeight(const Layout &layout)
 
 } // namespace
 
-ReportPages::ReportPages(ReportTablePtr ofTable)
+ReportPages::ReportPages(ReportTablePtr ofTable, const RunControl *control)
     : table(std::move(ofTable))
     , columns(PrintedColumns(table->layout))
-    , map(Outline(),
+    , map(Outline(control),
           LinesBelow(paper::kFirstHeading + ChartHeight()),
           LinesBelow(paper::kOtherHeading))
 { }
@@ -92,7 +92,7 @@ int ReportPages::RowLines(const CellRow &row) const
     return static_cast<int>(lines);
 }
 
-PageOutline ReportPages::Outline() const
+PageOutline ReportPages::Outline(const RunControl *control) const
 {
     const double width = PageWidth(table->layout) - 2 * paper::kMargin - 2 * paper::kCellPadding;
     PageOutline outline;
@@ -106,6 +106,9 @@ PageOutline ReportPages::Outline() const
         outline.groups.push_back({0, table->rows.Count(), 0, 0});
     }
     for (const qint64 row : table->longRows) {
+        if (control != nullptr && control->IsCancelled()) {
+            break;
+        }
         const int lines = RowLines(table->rows.Read(row, 1).front());
         if (lines > 1) {
             outline.tallRows.emplace_back(row, lines);

@@ -14,7 +14,9 @@ class RunControl;
 class ReportPages
 {
 public:
-    explicit ReportPages(ReportTablePtr ofTable);
+    // Laying out takes long where a million texts need more than one line: `control` may end it, and
+    // what it gives is then of no use.
+    explicit ReportPages(ReportTablePtr ofTable, const RunControl *control = nullptr);
 
     [[nodiscard]] int Count() const { return map.Count(); }
     [[nodiscard]] bool IsLandscape() const { return table->layout.landscape; }
@@ -42,7 +44,7 @@ private:
     };
 
     [[nodiscard]] static std::vector<PrintedColumn> PrintedColumns(const Layout &layout);
-    [[nodiscard]] PageOutline Outline() const;
+    [[nodiscard]] PageOutline Outline(const RunControl *control) const;
     [[nodiscard]] int RowLines(const CellRow &row) const;
     [[nodiscard]] double ChartHeight() const;
     [[nodiscard]] int LinesBelow(double headingHeight) const;

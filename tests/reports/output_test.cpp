@@ -227,6 +227,8 @@ TEST(Pages, LongTextsAreWrappedWithoutLosingALetter)
     EXPECT_EQ(paper::Wrapped(text, paper::Style::Text, 1500, 2).size(), 2);
     EXPECT_TRUE(paper::Wrapped(text, paper::Style::Text, 1500, 2).back().endsWith(u'\u2026'));
     EXPECT_EQ(paper::Wrapped({}, paper::Style::Text, 1500, 2), QStringList(QString()));
+    const auto words = paper::Wrapped(u"alpha beta gamma delta"_s, paper::Style::Text, 600, 12);
+    EXPECT_EQ(words, QStringList({u"alpha beta "_s, u"gamma delta"_s}));
 }
 
 TEST(Chart, TicksAreRoundAndReachTheTop)

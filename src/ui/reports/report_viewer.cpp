@@ -274,7 +274,10 @@ ReportViewer::Outcome ReportViewer::MakePages(const ReportRequest &wanted, RunCo
     Outcome outcome;
     outcome.table = MakeReport(wanted, control, outcome.problem);
     if (outcome.table && !paper::HasNoFonts()) {
-        outcome.pages = std::make_shared<const ReportPages>(outcome.table);
+        outcome.pages = std::make_shared<const ReportPages>(outcome.table, &control);
+    }
+    if (control.IsCancelled()) {
+        outcome = {nullptr, nullptr, {ReportProblem::Kind::Cancelled, {}}};
     }
     return outcome;
 }
