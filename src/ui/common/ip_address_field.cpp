@@ -8,7 +8,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QRegularExpressionValidator>
+#include <QStyleOptionFrame>
 
 #include <algorithm>
 
@@ -29,19 +31,20 @@ QLineEdit *MakeOctet(int index, const QString &name, QWidget *parent)
     octet->setAlignment(Qt::AlignCenter);
     octet->setAcceptDrops(false);
     octet->setMinimumWidth(octet->fontMetrics().horizontalAdvance(u"00000"_s));
+    QPalette clear = octet->palette();
+    clear.setBrush(QPalette::Base, Qt::transparent); // the whole field paints its frame and ground
+    octet->setPalette(clear);
     return octet;
 }
 
 } // namespace
 
-IpAddressField::IpAddressField(const QString &name, QWidget *parent) : QFrame(parent)
+IpAddressField::IpAddressField(const QString &name, QWidget *parent) : QWidget(parent)
 {
-    setFrameShape(QFrame::StyledPanel);
     setAccessibleName(name);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
+    const int frame = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this);
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(2, 0, 2, 0);
+    row->setContentsMargins(frame, frame, frame, frame);
     row->setSpacing(0);
     for (int index = 0; index < 4; ++index) {
         if (index > 0) {
@@ -103,7 +106,7 @@ bool IpAddressField::eventFilter(QObject *watched, QEvent *event)
 {
     const auto place = std::ranges::find(octets, watched);
     if (place == octets.end()) {
-        return QFrame::eventFilter(watched, event);
+        return QWidget::eventFilter(watched, event);
     }
     if (event->type() == QEvent::KeyPress) {
         const auto *press = static_cast<const QKeyEvent *>(event);
@@ -114,6 +117,9 @@ bool IpAddressField::eventFilter(QObject *watched, QEvent *event)
         return press->modifiers() == Qt::NoModifier
             && HandleKey(index, press->key(), press->text());
     }
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        update();
+    }
     if (event->type() == QEvent::ContextMenu) {
         ShowMenu(**place, static_cast<const QContextMenuEvent *>(event)->globalPos());
         return true;
@@ -121,12 +127,16 @@ bool IpAddressField::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
-void IpAddressField::changeEvent(QEvent *event)
+// One box, as a line edit's.
+void IpAddressField::paintEvent(QPaintEvent * /*event*/)
 {
-    if (event->type() == QEvent::EnabledChange) {
-        setBackgroundRole(isEnabled() ? QPalette::Base : QPalette::Window);
-    }
-    QFrame::changeEvent(event);
+    QStyleOptionFrame box;
+    box.initFrom(this);
+    box.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &box, this);
+    box.state |= QStyle::State_Sunken;
+    box.state.setFlag(QStyle::State_HasFocus, isAncestorOf(QApplication::focusWidget()));
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &box, &painter, this);
 }
 
 // True when the key is used up.

@@ -3,7 +3,7 @@
 
 #include "base/ipv4.h"
 
-#include <QFrame>
+#include <QWidget>
 
 #include <array>
 #include <optional>
@@ -13,7 +13,7 @@ class QLineEdit;
 // A point, a third digit or the right arrow at its end move on to the next octet; Backspace and the
 // left arrow at its beginning move back. Pasting a dotted address into any octet fills all four.
 // Numbers above 255 cannot be typed.
-class IpAddressField : public QFrame
+class IpAddressField : public QWidget
 {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ signals:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     bool HandleKey(int index, int key, const QString &text);
