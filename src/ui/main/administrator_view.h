@@ -47,10 +47,6 @@ public:
     void ChangeGroup(); // of every selected user; no refill follows
     void StopMonitoringSelected();
 
-signals:
-    // The list was filled by a key or a command of its own.
-    void Filled();
-
 protected:
     [[nodiscard]] quint32 IdAt(int row) const override;
     [[nodiscard]] int RowOf(quint32 id) const override;

@@ -107,6 +107,7 @@ void CAdministratorViewGrp::RenameSelected()
 void CAdministratorViewGrp::RefreshKey()
 {
     FillGroups();
+    emit Filled();
 }
 
 void CAdministratorViewGrp::FillPopUp(QMenu &menu)

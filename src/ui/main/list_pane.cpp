@@ -1,5 +1,7 @@
 #include "ui/main/list_pane.h"
 
+#include "db/failure_log.h"
+
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -69,7 +71,9 @@ void ListPane::KeepingPlace(const std::function<void()> &fill)
 {
     const QList<quint32> selected = SelectedIds();
     const int scrolledTo = verticalScrollBar()->value();
+    const qsizetype failures = FailureLog::Instance().Count();
     fill();
+    wasRead = FailureLog::Instance().Count() == failures;
     QItemSelection selection;
     for (const quint32 id : selected) {
         if (const int row = RowOf(id); row >= 0) {

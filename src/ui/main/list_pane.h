@@ -29,7 +29,12 @@ public:
     // Whether the first selected row has an account to open; asks the database.
     [[nodiscard]] virtual bool HasAccount() const = 0;
 
+    // False when the rows could not be read the last time; the failure log tells why.
+    [[nodiscard]] bool WasRead() const { return wasRead; }
+
 signals:
+    // The list was filled by a key or a command of its own.
+    void Filled();
     void SelectionChanged();
     void LeftByTab();
     void Focused();
@@ -60,7 +65,8 @@ protected:
     // Takes the model over and tells of its selection.
     void ShowModel(QAbstractItemModel *model);
 
-    // Runs `fill`, which resets the model, and then selects the same ids and scrolls to the same place.
+    // Runs `fill`, which reads the rows and resets the model, and then selects the same ids and scrolls
+    // to the same place.
     void KeepingPlace(const std::function<void()> &fill);
 
     void keyPressEvent(QKeyEvent *event) override;
@@ -72,6 +78,8 @@ protected:
 
 private:
     [[nodiscard]] QPoint PlaceOfMenu(const QContextMenuEvent &event) const;
+
+    bool wasRead = true;
 };
 
 // Adds an entry called by its text; an entry without a function is not shown.

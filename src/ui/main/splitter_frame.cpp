@@ -3,7 +3,6 @@
 #include "access/group_list.h"
 #include "access/user_list.h"
 #include "base/painted_work.h"
-#include "db/failure_log.h"
 #include "ui/common/icons.h"
 #include "ui/main/administrator_view.h"
 #include "ui/main/administrator_view_grp.h"
@@ -62,7 +61,6 @@ void CSplitterFrame::CreatePanes()
     setCentralWidget(splitter);
     activePane = users;
     users->LoadColumns();
-    connect(users, &CAdministratorView::Filled, this, &CSplitterFrame::ShowCounts);
 }
 
 void CSplitterFrame::CreateBars()
@@ -111,6 +109,7 @@ void CSplitterFrame::CreateTimers()
 
 void CSplitterFrame::Follow(ListPane &pane, ListPane &other)
 {
+    connect(&pane, &ListPane::Filled, this, &CSplitterFrame::ShowCounts);
     connect(&pane, &ListPane::SelectionChanged, menus, &FrameMenus::UpdateSoon);
     connect(&pane, &ListPane::LeftByTab, &other, [&other] { other.setFocus(Qt::TabFocusReason); });
     connect(&pane, &ListPane::Focused, this, [this, &pane] {
@@ -138,13 +137,9 @@ void CSplitterFrame::Refresh()
     if (IsWorkRunning()) {
         return; // the timer's next turn will do
     }
-    const qsizetype failures = FailureLog::Instance().Count();
     groups->FillGroups();
     users->FillList(sortOrder, true);
     ShowCounts();
-    if (FailureLog::Instance().Count() > failures) {
-        status->ShowNotice(u"The lists could not be read; the failed statements tell why."_s);
-    }
 }
 
 void CSplitterFrame::SortBy(int order)
@@ -157,7 +152,9 @@ void CSplitterFrame::SortBy(int order)
 void CSplitterFrame::ShowCounts()
 {
     status->ShowUserCount(users->RowCount());
-    status->ShowNotice({});
+    status->ShowNotice(users->WasRead() && groups->WasRead()
+                           ? QString()
+                           : u"The lists could not be read; the failed statements tell why."_s);
     // Counting a large table takes longer than reading its first rows: the rows are painted first.
     if (users->RowCount() == kUserListCapacity || groups->RowCount() == kGroupListCapacity) {
         QTimer::singleShot(0, this, &CSplitterFrame::CountBeyondLists);
@@ -180,7 +177,9 @@ void CSplitterFrame::CountBeyondLists()
         };
     compare(kUserListCapacity, users->RowCount(), CountListedUsers, u"users"_s);
     compare(kGroupListCapacity, groups->RowCount(), CountGroups, u"groups"_s);
-    status->ShowNotice(notices.join(u' '));
+    if (!notices.isEmpty()) {
+        status->ShowNotice(notices.join(u' '));
+    }
 }
 
 void CSplitterFrame::RunSetupWizard()

@@ -427,8 +427,14 @@ TEST_F(Lists, ADatabaseThatDisappearsLeavesEmptyLists)
     EXPECT_EQ(Users().RowCount(), 0);
     EXPECT_EQ(Groups().RowCount(), 0);
     EXPECT_TRUE(IsShown(*frame, "failuresPane"));
-    EXPECT_EQ(Find<QLabel>(*frame, "messagePane").text(),
-              u"The lists could not be read; the failed statements tell why."_s);
+    QLabel &notice = Find<QLabel>(*frame, "messagePane");
+    const QString unread = u"The lists could not be read; the failed statements tell why."_s;
+    EXPECT_EQ(notice.text(), unread);
+    for (QWidget *list : {static_cast<QWidget *>(&Users()), static_cast<QWidget *>(&Groups())}) {
+        notice.clear();
+        QTest::keyClick(list, Qt::Key_F5);
+        EXPECT_EQ(notice.text(), unread);
+    }
     QTest::keyClick(&Users(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
 }
