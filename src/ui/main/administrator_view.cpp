@@ -1,12 +1,15 @@
 #include "ui/main/administrator_view.h"
 
 #include "access/list_commands.h"
+#include "base/painted_work.h"
 #include "ui/common/accessible.h"
 #include "ui/main/user_list_model.h"
 #include "ui/props/change_group_dialog.h"
 
 #include <QHeaderView>
 #include <QMenu>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -188,8 +191,11 @@ void CAdministratorView::RemoveSelected(const QString &question,
     }
     for (const quint32 userId : selected) {
         users->RemoveUser(userId);
-        act(userId);
     }
+    // Years of records, or a database that another program holds, may keep this waiting.
+    setCursor(Qt::WaitCursor);
+    RunPainted([&] { std::ranges::for_each(selected, act); });
+    unsetCursor();
     FillList(sortColumn, true);
     emit Filled();
 }

@@ -1,5 +1,6 @@
 // The users list and the groups list, worked with by mouse and keys.
 #include "access/list_commands.h"
+#include "base/painted_work.h"
 #include "db/value_codes.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
@@ -7,6 +8,7 @@
 #include <QAction>
 #include <QHeaderView>
 #include <QMenu>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -263,7 +265,14 @@ TEST_F(Lists, DeleteAsksAndRemovesExactlyTheSelectedUsers)
     ClickCell(Users(), 2, 0, Qt::ControlModifier);
     prompt.AnswerWith({true});
     StatementRecorder recorder;
+    QStringList meanwhile; // the window goes on being painted, without those that are deleted
+    QTimer::singleShot(0, &Users(), [&] {
+        if (IsWorkRunning()) {
+            meanwhile = Names();
+        }
+    });
     QTest::keyClick(&Users(), Qt::Key_Delete);
+    EXPECT_EQ(meanwhile, QStringList(u"bert"_s));
     const QStringList statements = recorder.Take();
     ASSERT_EQ(statements.size(), 14); // six for each user, the refill, one group's name
     EXPECT_EQ(statements[0], u"DELETE FROM users WHERE user_id = (?)"_s);
