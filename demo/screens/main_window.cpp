@@ -21,6 +21,8 @@ QTreeView &ListIn(Studio &studio, const QString &name)
 
 void Select(QTreeView &list, int from, int to)
 {
+    list.activateWindow();
+    QCoreApplication::processEvents(); // the focus counts once the window is active
     list.setFocus();
     list.selectionModel()->select({list.model()->index(from, 0), list.model()->index(to, 0)},
                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -68,6 +70,7 @@ void DrawMainWindow(Studio &studio)
     studio.DrawDialog(u"change-group"_s, [&] { Trigger(studio, u"changeGroup"_s); });
     Select(users, 3, 6);
     studio.DrawMenu(u"users-menu"_s, [&] { RightClick(users); });
+    users.clearSelection();
     Select(groups, 1, 1);
     studio.DrawMenu(u"group-menu"_s, [&] { RightClick(groups); });
     users.clearSelection();
