@@ -1,9 +1,11 @@
 // tollbrook-admin, the administration console.
 #include "app/administrator_app.h"
+#include "base/wait.h"
 #include "ui/common/message_box_prompt.h"
 #include "ui/main/splitter_frame.h"
 
 #include <QCommandLineParser>
+#include <QWindow>
 
 #include <cstdio>
 #include <cstdlib>
@@ -91,6 +93,17 @@ QDBusConnection Bus(const QCommandLineParser &parser, const Options &options)
     return QDBusConnection::systemBus();
 }
 
+// A window manager paints and places the window in its own time; what is asked at the start should
+// stand over it.
+void WaitUntilSeen(const QWidget &window)
+{
+    constexpr int kLookAgainMs = 10;
+    constexpr int kLooks = 50;
+    for (int look = 0; look < kLooks && !window.windowHandle()->isExposed(); ++look) {
+        PacedWait(kLookAgainMs);
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -119,7 +132,7 @@ int main(int argc, char **argv)
     app.SetUp({ConfigFolder(parser, options), Bus(parser, options)}, prompt, [&] {
         frame = std::make_unique<CSplitterFrame>(app, StandardDialogs(app));
         frame->show();
-        QApplication::processEvents(); // painted before anything is asked
+        WaitUntilSeen(*frame);
         frame->FirstStart();
         if (parser.isSet(options.globalOptions)) {
             frame->RunAndRefresh(frame->Dialogs().globalOptions);
