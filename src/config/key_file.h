@@ -9,7 +9,7 @@ namespace key_file {
 enum class Reading { Missing, Unreadable, TooLarge, Whole };
 
 // A key is a few kilobytes; a file beyond this is no key of ours.
-constexpr qint64 kMaxBytes = 1024 * 1024;
+constexpr qint64 kMaxBytes = qint64(1024) * 1024;
 
 struct Content
 {

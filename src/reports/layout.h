@@ -101,7 +101,7 @@ struct LayoutError
     [[nodiscard]] QString Message() const; // "trafall.rpt:12: ..."
 };
 
-constexpr qint64 kMaxLayoutBytes = 256 * 1024;
+constexpr qint64 kMaxLayoutBytes = qint64(256) * 1024;
 
 // The layout in `path`, whose folders may be separated by back-slashes; nothing, and `error`
 // filled, when it is missing, larger than kMaxLayoutBytes, not TOML, or says anything that a layout
