@@ -6,6 +6,8 @@
 #include <QLoggingCategory>
 #include <QObject>
 
+#include <atomic>
+
 // Failed statements and connections as warnings; with debug on, also every statement as it is
 // written in the code, before it goes to the driver. Never a parameter's value.
 Q_DECLARE_LOGGING_CATEGORY(logDb) // tollbrook.db
@@ -45,5 +47,5 @@ signals:
 
 private:
     QList<StatementFailure> recent;
-    qsizetype count = 0;
+    std::atomic<qsizetype> count = 0; // read by the window while work beside it fails
 };
