@@ -18,7 +18,7 @@ void StopMonitoring(quint32 userId);
 // The name is not checked for being empty or taken.
 void RenameGroup(quint32 groupId, const QString &name);
 
-// The new group's id; the last of that name when there are several.
+// The new group's id, the last of that name when there are several; 0 when the database refused it.
 [[nodiscard]] quint32 AddGroup(const QString &name);
 
 // The members move to "Everybody". The groups list deletes the group first, the dialog that chooses

@@ -113,10 +113,16 @@ void ChangeGroupDialog::AddNewGroup()
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
+    const quint32 groupId = AddGroup(dialog.Name());
+    if (groupId == 0) { // users moved there would be in no group, and gone from every list
+        prompt.Tell(u"The group could not be added; the failed statements tell why."_s,
+                    Prompt::Icon::Error);
+        return;
+    }
     // Kept: the name takes its sorted place and its id the last one, so that names from there on
     // stand for the wrong ids until the dialog is opened again.
     list->insertItem(SortedPlace(dialog.Name()), dialog.Name());
-    groupIds.append(AddGroup(dialog.Name()));
+    groupIds.append(groupId);
     add->setEnabled(groupIds.size() < kGroupListCapacity);
 }
 

@@ -149,6 +149,16 @@ TEST_F(ChangeGroup, TheMessageDoesNotStopTheDeletionOfEverybody)
     EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM groups"), QStringList(u"0"_s));
 }
 
+TEST_F(ChangeGroup, AGroupThatTheDatabaseDidNotTakeIsNotOffered)
+{
+    Open();
+    DisconnectDatabase();
+    Add(u"Sales"_s);
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"The group could not be added; the failed statements tell why."_s));
+    EXPECT_EQ(RowTexts(List()), QStringList(u"Everybody"_s));
+}
+
 TEST_F(ChangeGroup, NothingIsAddedBeyondItsCapacity)
 {
     for (int number = 1; number < 500; ++number) {
