@@ -92,6 +92,7 @@ void CAdministratorView::HeaderClicked(int section)
     if (order >= 0) {
         FillList(order, !sortAscending);
         sortAscending = !sortAscending;
+        emit Filled();
     }
     ShowSortIndicator(); // the click itself moved it, whether or not the column sorts
 }

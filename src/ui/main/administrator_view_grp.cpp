@@ -100,7 +100,7 @@ void CAdministratorViewGrp::RenameSelected()
     dialog.SetName(groups->NameAt(row));
     if (dialog.exec() == QDialog::Accepted) {
         RenameGroup(groupId, dialog.Name());
-        FillGroups();
+        RefreshKey();
     }
 }
 

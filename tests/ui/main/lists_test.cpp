@@ -444,6 +444,9 @@ TEST_F(Lists, ADatabaseThatDisappearsLeavesEmptyLists)
         QTest::keyClick(list, Qt::Key_F5);
         EXPECT_EQ(notice.text(), unread);
     }
+    notice.clear();
+    ClickHeader(u"Username"_s);
+    EXPECT_EQ(notice.text(), unread);
     QTest::keyClick(&Users(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
 }
