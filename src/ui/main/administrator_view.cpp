@@ -151,13 +151,17 @@ bool CAdministratorView::HasAccount() const
 
 void CAdministratorView::ChangeGroup()
 {
-    const QList<quint32> selected = SelectedUserIds(); // opening a window deselects the first one
-    if (selected.isEmpty()) {
-        return;
+    const QList<quint32> selected = SelectedUserIds();
+    if (!selected.isEmpty()) {
+        MoveToChosenGroup({selected.front()}); // kept: only the pop-up menu moves several users
     }
+}
+
+void CAdministratorView::MoveToChosenGroup(const QList<quint32> &userIds)
+{
     ChangeGroupDialog dialog(prompt, window());
     if (dialog.exec() == QDialog::Accepted) {
-        for (const quint32 userId : selected) {
+        for (const quint32 userId : userIds) {
             MoveUserToGroup(userId, dialog.ChosenGroup().groupId);
         }
     }
@@ -211,7 +215,7 @@ void CAdministratorView::FillPopUp(QMenu &menu)
 {
     const bool several = SelectedRows().size() >= 2;
     menu.setObjectName(several ? u"severalUsersPopUp"_s : u"userPopUp"_s);
-    const auto changeGroup = [this] { ChangeGroup(); };
+    const auto changeGroup = [this] { MoveToChosenGroup(SelectedUserIds()); };
     if (several) {
         AddEntry(menu, u"Change group..."_s, changeGroup);
         if (dialogs.userLimits) {

@@ -44,7 +44,7 @@ public:
     void OpenAccount() override;
     void DeleteSelected() override;
     [[nodiscard]] bool HasAccount() const override;
-    void ChangeGroup(); // of every selected user; no refill follows
+    void ChangeGroup(); // of the first selected user; no refill follows
     void StopMonitoringSelected();
 
 protected:
@@ -56,6 +56,7 @@ protected:
 private:
     void InsertColumns();
     void HeaderClicked(int section);
+    void MoveToChosenGroup(const QList<quint32> &userIds);
     void ShowSortIndicator();
     void
     RemoveSelected(const QString &question, const QString &questionSeveral, void (*act)(quint32));

@@ -5,6 +5,7 @@
 #include "ui/props/change_group_dialog.h"
 
 #include <QListWidget>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -176,19 +177,32 @@ TEST_F(ChangeGroup, SelectedUsersMoveAndTheListWaitsForItsRefill)
         AddUser({.name = name});
     }
     ShowFrame();
-    ClickCell(Users(), 0, 0);
-    ClickCell(Users(), 2, 0, Qt::ControlModifier);
-    const WhileModal answer([&](QDialog &choosing) {
+    const auto chooseLast = [](QDialog &choosing) {
         auto &list = Find<QListWidget>(choosing, "groups");
         list.setFocus();
         QTest::keyClick(&list, Qt::Key_End);
         QTest::keyClick(&list, Qt::Key_Return);
-    });
-    QAction &command = Command("changeGroup");
-    StatementRecorder recorder;
-    command.trigger();
+    };
+    const auto selectFirstAndLast = [this] {
+        ClickCell(Users(), 0, 0);
+        ClickCell(Users(), 2, 0, Qt::ControlModifier);
+    };
+    const QString read = u"SELECT name, group_id FROM groups"_s;
     const QString move = u"UPDATE users SET group_id = (?)  WHERE user_id = (?)"_s;
-    EXPECT_EQ(recorder.Take(), QStringList({u"SELECT name, group_id FROM groups"_s, move, move}));
+    {
+        selectFirstAndLast();
+        QAction &command = Command("changeGroup");
+        const WhileModal answer(chooseLast);
+        StatementRecorder recorder;
+        command.trigger();
+        EXPECT_EQ(recorder.Take(), QStringList({read, move})); // the first one only
+        EXPECT_EQ(RowsOf("SELECT user_id FROM users WHERE group_id <> 80"), QStringList(u"1"_s));
+    }
+    selectFirstAndLast();
+    const WhileModal answer(chooseLast);
+    StatementRecorder recorder;
+    OpenPopUp(Users(), 0, [](QMenu &menu) { Choose(menu, u"Change group..."_s); });
+    EXPECT_EQ(recorder.Take().filter(u"UPDATE"_s), QStringList({move, move}));
     EXPECT_EQ(RowsOf("SELECT user_id, group_id FROM users ORDER BY user_id"),
               QStringList({u"1|%1"_s.arg(sales), u"2|80"_s, u"3|%1"_s.arg(sales)}));
     EXPECT_FALSE(RowTexts(Users()).join(u' ').contains(u"Sales"_s));

@@ -1,6 +1,9 @@
 #include "list_fixture.h"
 
 #include "access/list_commands.h"
+#include "support/windows/modal.h"
+
+#include <QContextMenuEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -74,6 +77,14 @@ QAction &ListFixture::Command(const char *name) const
 {
     Settle();
     return Find<QAction>(*frame, name);
+}
+
+void ListFixture::OpenPopUp(ListPane &pane, int row, std::function<void(QMenu &)> act)
+{
+    const WhileMenu menu(std::move(act));
+    const QPoint place = pane.visualRect(pane.model()->index(row, 0)).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, pane.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(pane.viewport(), &event);
 }
 
 void ListFixture::Settle()

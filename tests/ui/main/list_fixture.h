@@ -49,6 +49,9 @@ protected:
     // The command of the menus with this object name.
     [[nodiscard]] QAction &Command(const char *name) const;
 
+    // Opens the pop-up menu of the selection by the right mouse button on this row.
+    static void OpenPopUp(ListPane &pane, int row, std::function<void(QMenu &)> act);
+
     // Lets the commands on the selection come up to date.
     static void Settle();
 

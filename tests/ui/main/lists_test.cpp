@@ -54,15 +54,6 @@ protected:
         FAIL() << qPrintable(text);
     }
 
-    void OpenPopUp(ListPane &pane, int row, std::function<void(QMenu &)> act)
-    {
-        const WhileMenu menu(std::move(act));
-        const QPoint place = pane.visualRect(pane.model()->index(row, 0)).center();
-        QContextMenuEvent event(
-            QContextMenuEvent::Mouse, place, pane.viewport()->mapToGlobal(place));
-        QApplication::sendEvent(pane.viewport(), &event);
-    }
-
     quint32 sales = 0;
     quint32 anna = 0;
     quint32 bert = 0;
