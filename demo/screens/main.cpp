@@ -75,7 +75,8 @@ int main(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    QLoggingCategory::setFilterRules(u"default.warning=false"_s); // what offscreen windows lack
+    // Offscreen windows lack a few things, and a statement fails to be drawn: nobody need read of it.
+    QLoggingCategory::setFilterRules(u"default.warning=false\ntollbrook.db.warning=false"_s);
     CAdministratorApp app(argc, argv);
     QCommandLineParser parser;
     ReadCommandLine(parser);
