@@ -10,7 +10,7 @@ constexpr qsizetype kBufferBytes = 1024;
 // Nothing when it is too long to be shown; empty when it is missing.
 std::optional<QString> ReadAdapter(const ConfigStore &store)
 {
-    constexpr qsizetype kNoBound = 1024 * 1024;
+    constexpr qsizetype kNoBound = qsizetype(1024) * 1024;
     const QString text = store.ReadText(values::kNic, kNoBound).value_or(QString());
     return text.toUtf8().size() < kBufferBytes ? std::optional(text) : std::nullopt;
 }
