@@ -4,39 +4,19 @@
 #include "reports/output.h"
 #include "reports/paper.h"
 #include "ui/common/accessible.h"
-#include "ui/common/icons.h"
 #include "ui/reports/page_view.h"
 #include "ui/reports/print_pages.h"
+#include "ui/reports/viewer_bar.h"
 
-#include <QComboBox>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSpinBox>
-#include <QToolBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString kFitWidth = u"Fit width"_s;
-
-// The key works on the field alone: the dialog around it would press its default button.
-void TakeReturn(QWidget &field, const std::function<void()> &act)
-{
-    auto *action = new QAction(&field);
-    action->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    QObject::connect(action, &QAction::triggered, &field, act);
-    field.addAction(action);
-}
-
-} // namespace
 
 ReportViewer::ReportViewer(QWidget *parent) : QWidget(parent), job(this)
 {
@@ -46,14 +26,17 @@ ReportViewer::ReportViewer(QWidget *parent) : QWidget(parent), job(this)
     message->setObjectName(u"message"_s);
     message->setWordWrap(true);
     message->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    BuildBars();
+    bar = new ViewerBar(*view);
+    MakeProgressRow();
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(bar);
     column->addWidget(view, 1);
     column->addWidget(progressRow);
     column->addWidget(message);
-    connect(view, &PageView::CurrentPageChanged, this, &ReportViewer::ShowPageNumber);
+    connect(bar, &ViewerBar::FindAsked, this, &ReportViewer::Find);
+    connect(bar, &ViewerBar::PrintAsked, this, &ReportViewer::Print);
+    connect(bar, &ViewerBar::SaveAsked, this, &ReportViewer::SaveAs);
     connect(&job, &ReportJob::Started, this, [this] { SetBusy(true); });
     connect(&job, &ReportJob::Progressed, this, &ReportViewer::ShowProgress);
     connect(&job, &ReportJob::Ended, this, [this] {
@@ -65,20 +48,8 @@ ReportViewer::ReportViewer(QWidget *parent) : QWidget(parent), job(this)
 
 ReportViewer::~ReportViewer() = default;
 
-void ReportViewer::BuildBars()
+void ReportViewer::MakeProgressRow()
 {
-    bar = new QToolBar;
-    bar->setIconSize({16, 16});
-    AddPageButtons(*bar);
-    bar->addSeparator();
-    AddZoom(*bar);
-    AddFind(*bar);
-    bar->addSeparator();
-    print = Command(*bar, "print", u"Print..."_s, QKeySequence::Print, &ReportViewer::Print);
-    print->setIcon(IconOf(Picture::Print));
-    save = Command(*bar, "save", u"Save as..."_s, QKeySequence::Save, &ReportViewer::SaveAs);
-    save->setIcon(IconOf(Picture::Save));
-
     progressRow = new QWidget;
     progress = new QProgressBar;
     SetNames(*progress, u"progress"_s, u"Progress of the report"_s);
@@ -90,121 +61,6 @@ void ReportViewer::BuildBars()
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(progress, 1);
     row->addWidget(stop);
-}
-
-QAction *ReportViewer::Command(QToolBar &onBar,
-                               const char *name,
-                               const QString &text,
-                               const QKeySequence &key,
-                               void (ReportViewer::*act)())
-{
-    QAction *action = onBar.addAction(text);
-    action->setObjectName(QLatin1StringView(name));
-    action->setShortcut(key);
-    action->setShortcutContext(Qt::WindowShortcut);
-    action->setToolTip(u"%1 (%2)"_s.arg(PlainLabel(text), key.toString(QKeySequence::NativeText)));
-    connect(action, &QAction::triggered, this, act);
-    onBar.widgetForAction(action)->setObjectName(QLatin1StringView(name) + u"Button");
-    onBar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
-    return action;
-}
-
-void ReportViewer::AddPageButtons(QToolBar &onBar)
-{
-    using Viewer = ReportViewer;
-    pageNumber = new QSpinBox;
-    SetNames(*pageNumber, u"pageNumber"_s, u"Page number"_s);
-    pageNumber->setKeyboardTracking(false);
-    pageCount = new QLabel;
-    pageCount->setObjectName(u"pageCount"_s);
-    pageButtons << Command(
-        onBar, "firstPage", u"|<"_s, QKeySequence(u"Ctrl+Home"_s), &Viewer::First);
-    pageButtons << Command(
-        onBar, "previousPage", u"<"_s, QKeySequence(u"Ctrl+PgUp"_s), &Viewer::Previous);
-    pageButtons << onBar.addWidget(pageNumber) << onBar.addWidget(pageCount);
-    pageButtons << Command(
-        onBar, "nextPage", u">"_s, QKeySequence(u"Ctrl+PgDown"_s), &Viewer::Next);
-    pageButtons << Command(onBar, "lastPage", u">|"_s, QKeySequence(u"Ctrl+End"_s), &Viewer::Last);
-    const QStringList names {
-        u"First page"_s, u"Previous page"_s, {}, {}, u"Next page"_s, u"Last page"_s};
-    for (qsizetype place = 0; place < names.size(); ++place) {
-        if (!names.at(place).isEmpty()) {
-            onBar.widgetForAction(pageButtons.at(place))->setAccessibleName(names.at(place));
-            pageButtons.at(place)->setToolTip(
-                names.at(place) + u" (" + pageButtons.at(place)->shortcut().toString() + u')');
-        }
-    }
-    TakeReturn(*pageNumber, [this] { pageNumber->interpretText(); });
-    connect(pageNumber, &QSpinBox::valueChanged, this, [this](int number) {
-        if (number - 1 != view->CurrentPage()) {
-            view->GoTo(number - 1);
-        }
-    });
-}
-
-void ReportViewer::AddZoom(QToolBar &onBar)
-{
-    zoom = new QComboBox;
-    SetNames(*zoom, u"zoom"_s, u"Zoom"_s);
-    zoom->addItem(kFitWidth);
-    for (const int percent : {50, 75, 100, 125, 150, 200, 300}) {
-        zoom->addItem(u"%1 %"_s.arg(percent), percent);
-    }
-    connect(zoom, &QComboBox::currentIndexChanged, this, [this] {
-        const int percent = zoom->currentData().toInt();
-        if (percent == 0) {
-            view->FitWidth();
-        } else {
-            view->SetZoom(percent / 100.0);
-        }
-    });
-    auto *label = new QLabel(u" &Zoom: "_s);
-    label->setBuddy(zoom);
-    onBar.addWidget(label);
-    onBar.addWidget(zoom);
-    onBar.addSeparator();
-}
-
-void ReportViewer::AddFind(QToolBar &onBar)
-{
-    find = new QLineEdit;
-    SetNames(*find, u"find"_s, u"Find text"_s);
-    find->setPlaceholderText(u"Find text"_s);
-    find->setMaximumWidth(180);
-    TakeReturn(*find, [this] { FindNext(); });
-    onBar.addWidget(find);
-    Command(onBar, "findNext", u"Find next"_s, QKeySequence::FindNext, &ReportViewer::FindNext)
-        ->setIcon(IconOf(Picture::Find));
-    auto *start = new QAction(this);
-    start->setShortcut(QKeySequence::Find);
-    connect(start, &QAction::triggered, this, &ReportViewer::StartFind);
-    addAction(start);
-}
-
-void ReportViewer::StartFind()
-{
-    find->setFocus(Qt::ShortcutFocusReason);
-    find->selectAll();
-}
-
-void ReportViewer::First()
-{
-    view->GoTo(0);
-}
-
-void ReportViewer::Previous()
-{
-    view->GoTo(view->CurrentPage() - 1);
-}
-
-void ReportViewer::Next()
-{
-    view->GoTo(view->CurrentPage() + 1);
-}
-
-void ReportViewer::Last()
-{
-    view->GoTo(pages ? pages->Count() - 1 : 0);
 }
 
 void ReportViewer::PutProperty(int number, const QVariant &value)
@@ -224,15 +80,13 @@ void ReportViewer::PutProperty(int number, const QVariant &value)
         copies = value.toInt();
         break;
     case kPrintButton:
-        print->setVisible(value.toBool());
+        bar->ShowPrint(value.toBool());
         break;
     case kExportButton:
-        save->setVisible(value.toBool());
+        bar->ShowSave(value.toBool());
         break;
     case kPageButtons:
-        for (QAction *button : std::as_const(pageButtons)) {
-            button->setVisible(value.toBool());
-        }
+        bar->ShowPageButtons(value.toBool());
         break;
     default: // the output mode: there is one, within the control
         break;
@@ -299,15 +153,6 @@ void ReportViewer::Show(const Outcome &outcome)
     view->setFocus();
 }
 
-void ReportViewer::ShowPageNumber(int page)
-{
-    const QSignalBlocker quiet(pageNumber);
-    const int count = pages ? pages->Count() : 0;
-    pageNumber->setRange(count > 0 ? 1 : 0, count);
-    pageNumber->setValue(count > 0 ? page + 1 : 0);
-    pageCount->setText(u" of %1 "_s.arg(count));
-}
-
 void ReportViewer::ShowProgress(qint64 done, qint64 whole)
 {
     progress->setRange(0, whole > 0 ? 1000 : 0);
@@ -323,16 +168,7 @@ void ReportViewer::SetBusy(bool busy)
     if (busy) {
         Say({});
     }
-    EnableCommands();
-}
-
-void ReportViewer::EnableCommands()
-{
-    const bool usable = pages != nullptr && !job.IsRunning();
-    print->setEnabled(usable);
-    save->setEnabled(usable);
-    find->setEnabled(usable);
-    ShowPageNumber(view->CurrentPage());
+    bar->SetUsable(pages != nullptr && !job.IsRunning());
 }
 
 void ReportViewer::Say(const QString &text)
@@ -341,10 +177,9 @@ void ReportViewer::Say(const QString &text)
     message->setVisible(!text.isEmpty());
 }
 
-void ReportViewer::FindNext()
+void ReportViewer::Find(const QString &text)
 {
-    const QString text = find->text();
-    if (text.isEmpty() || !pages) {
+    if (!pages) {
         return;
     }
     const auto found = std::make_shared<int>(-1);

@@ -9,12 +9,9 @@
 #include <QWidget>
 
 class PageView;
-class QComboBox;
 class QLabel;
-class QLineEdit;
 class QProgressBar;
-class QSpinBox;
-class QToolBar;
+class ViewerBar;
 
 // The numbers by which the control's properties are put.
 namespace viewer_property {
@@ -45,7 +42,7 @@ public:
     void Print();
     void SaveAs(); // asks for the name
     void SaveTo(const QString &fileName);
-    void FindNext();
+    void Find(const QString &text); // from the next page on, and from the first again
     void Cancel() { job.Cancel(); }
 
     [[nodiscard]] bool IsBusy() const { return job.IsRunning(); }
@@ -57,20 +54,6 @@ signals:
     void Ready(); // a run, an export, a print or a search has ended
 
 private:
-    void BuildBars();
-    void AddPageButtons(QToolBar &bar);
-    void AddZoom(QToolBar &bar);
-    void AddFind(QToolBar &bar);
-    [[nodiscard]] QAction *Command(QToolBar &bar,
-                                   const char *name,
-                                   const QString &text,
-                                   const QKeySequence &key,
-                                   void (ReportViewer::*act)());
-    void First();
-    void Previous();
-    void Next();
-    void Last();
-    void StartFind();
     // What a run comes to; the pages are laid out on its thread too.
     struct Outcome
     {
@@ -79,31 +62,23 @@ private:
         ReportProblem problem;
     };
 
+    void MakeProgressRow();
     void Run();
     [[nodiscard]] static Outcome MakePages(const ReportRequest &wanted, RunControl &control);
     void Show(const Outcome &outcome);
-    void ShowPageNumber(int page);
     void ShowProgress(qint64 done, qint64 whole);
     void SetBusy(bool busy);
     void Say(const QString &text);
-    void EnableCommands();
 
     ReportRequest request;
     int copies = 0;
     ReportTablePtr table;
     std::shared_ptr<const ReportPages> pages;
 
-    QToolBar *bar;
+    ViewerBar *bar;
     PageView *view;
-    QSpinBox *pageNumber;
-    QLabel *pageCount;
-    QComboBox *zoom;
-    QLineEdit *find;
     QLabel *message;
     QProgressBar *progress;
     QWidget *progressRow;
-    QAction *print;
-    QAction *save;
-    QList<QAction *> pageButtons;
     ReportJob job;
 };

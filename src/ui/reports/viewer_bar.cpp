@@ -1,0 +1,193 @@
+#include "ui/reports/viewer_bar.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/icons.h"
+#include "ui/reports/page_view.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QSpinBox>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The key works on the field alone: the dialog around it would press its default button.
+void TakeReturn(QWidget &field, const std::function<void()> &act)
+{
+    auto *action = new QAction(&field);
+    action->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(action, &QAction::triggered, &field, act);
+    field.addAction(action);
+}
+
+} // namespace
+
+ViewerBar::ViewerBar(PageView &pages, QWidget *parent) : QToolBar(parent), view(pages)
+{
+    setIconSize({16, 16});
+    AddPageButtons();
+    addSeparator();
+    AddZoom();
+    addSeparator();
+    AddFind();
+    addSeparator();
+    print = Command("print", u"Print..."_s, QKeySequence::Print, &ViewerBar::PrintAsked);
+    print->setIcon(IconOf(Picture::Print));
+    save = Command("save", u"Save as..."_s, QKeySequence::Save, &ViewerBar::SaveAsked);
+    save->setIcon(IconOf(Picture::Save));
+    connect(&view, &PageView::CurrentPageChanged, this, &ViewerBar::ShowPage);
+}
+
+void ViewerBar::SetUsable(bool usable)
+{
+    print->setEnabled(usable);
+    save->setEnabled(usable);
+    find->setEnabled(usable);
+    ShowPage(view.CurrentPage());
+}
+
+void ViewerBar::ShowPageButtons(bool shown)
+{
+    for (QAction *button : std::as_const(pageButtons)) {
+        button->setVisible(shown);
+    }
+}
+
+QAction *ViewerBar::Command(const char *name,
+                            const QString &text,
+                            const QKeySequence &key,
+                            void (ViewerBar::*act)())
+{
+    QAction *action = addAction(text);
+    action->setObjectName(QLatin1StringView(name));
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WindowShortcut);
+    action->setToolTip(u"%1 (%2)"_s.arg(PlainLabel(text), key.toString(QKeySequence::NativeText)));
+    connect(action, &QAction::triggered, this, act);
+    widgetForAction(action)->setObjectName(QLatin1StringView(name) + u"Button");
+    widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
+    return action;
+}
+
+void ViewerBar::AddPageButton(const char *name,
+                              const QString &sign,
+                              const QString &words,
+                              const QKeySequence &key,
+                              void (ViewerBar::*act)())
+{
+    QAction *button = Command(name, sign, key, act);
+    button->setToolTip(u"%1 (%2)"_s.arg(words, key.toString(QKeySequence::NativeText)));
+    widgetForAction(button)->setAccessibleName(words);
+    pageButtons << button;
+}
+
+void ViewerBar::AddPageButtons()
+{
+    using Bar = ViewerBar;
+    pageNumber = new QSpinBox;
+    SetNames(*pageNumber, u"pageNumber"_s, u"Page number"_s);
+    pageNumber->setKeyboardTracking(false);
+    pageCount = new QLabel;
+    pageCount->setObjectName(u"pageCount"_s);
+    AddPageButton("firstPage", u"|<"_s, u"First page"_s, QKeySequence(u"Ctrl+Home"_s), &Bar::First);
+    AddPageButton(
+        "previousPage", u"<"_s, u"Previous page"_s, QKeySequence(u"Ctrl+PgUp"_s), &Bar::Previous);
+    pageButtons << addWidget(pageNumber) << addWidget(pageCount);
+    AddPageButton("nextPage", u">"_s, u"Next page"_s, QKeySequence(u"Ctrl+PgDown"_s), &Bar::Next);
+    AddPageButton("lastPage", u">|"_s, u"Last page"_s, QKeySequence(u"Ctrl+End"_s), &Bar::Last);
+    TakeReturn(*pageNumber, [this] { pageNumber->interpretText(); });
+    connect(pageNumber, &QSpinBox::valueChanged, this, [this](int number) {
+        if (number - 1 != view.CurrentPage()) {
+            view.GoTo(number - 1);
+        }
+    });
+}
+
+void ViewerBar::AddZoom()
+{
+    zoom = new QComboBox;
+    SetNames(*zoom, u"zoom"_s, u"Zoom"_s);
+    zoom->addItem(u"Fit width"_s);
+    for (const int percent : {50, 75, 100, 125, 150, 200, 300}) {
+        zoom->addItem(u"%1 %"_s.arg(percent), percent);
+    }
+    connect(zoom, &QComboBox::currentIndexChanged, this, [this] {
+        const int percent = zoom->currentData().toInt();
+        if (percent == 0) {
+            view.FitWidth();
+        } else {
+            view.SetZoom(percent / 100.0);
+        }
+    });
+    auto *label = new QLabel(u" &Zoom: "_s);
+    label->setBuddy(zoom);
+    addWidget(label);
+    addWidget(zoom);
+}
+
+void ViewerBar::AddFind()
+{
+    find = new QLineEdit;
+    SetNames(*find, u"find"_s, u"Find text"_s);
+    find->setPlaceholderText(u"Find text"_s);
+    find->setMaximumWidth(180);
+    TakeReturn(*find, [this] { AskFind(); });
+    addWidget(find);
+    Command("findNext", u"Find next"_s, QKeySequence::FindNext, &ViewerBar::AskFind)
+        ->setIcon(IconOf(Picture::Find));
+    connect(new QShortcut(QKeySequence::Find, this),
+            &QShortcut::activated,
+            this,
+            &ViewerBar::StartFind);
+}
+
+int ViewerBar::PageCount() const
+{
+    return view.Pages() == nullptr ? 0 : view.Pages()->Count();
+}
+
+void ViewerBar::First()
+{
+    view.GoTo(0);
+}
+
+void ViewerBar::Previous()
+{
+    view.GoTo(view.CurrentPage() - 1);
+}
+
+void ViewerBar::Next()
+{
+    view.GoTo(view.CurrentPage() + 1);
+}
+
+void ViewerBar::Last()
+{
+    view.GoTo(PageCount() - 1);
+}
+
+void ViewerBar::StartFind()
+{
+    find->setFocus(Qt::ShortcutFocusReason);
+    find->selectAll();
+}
+
+void ViewerBar::AskFind()
+{
+    if (!find->text().isEmpty()) {
+        emit FindAsked(find->text());
+    }
+}
+
+void ViewerBar::ShowPage(int page)
+{
+    const QSignalBlocker quiet(pageNumber);
+    const int count = PageCount();
+    pageNumber->setRange(count > 0 ? 1 : 0, count);
+    pageNumber->setValue(count > 0 ? page + 1 : 0);
+    pageCount->setText(u" of %1 "_s.arg(count));
+}

@@ -1,0 +1,62 @@
+// The tool bar above a report's pages: turns them, zooms, and asks for searches, print-outs and files.
+#pragma once
+
+#include <QKeySequence>
+#include <QToolBar>
+
+class PageView;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QSpinBox;
+
+class ViewerBar : public QToolBar
+{
+    Q_OBJECT
+
+public:
+    explicit ViewerBar(PageView &pages, QWidget *parent = nullptr);
+
+    // Whether there is a report that can be searched, printed and saved; shows its place and length.
+    void SetUsable(bool usable);
+
+    void ShowPrint(bool shown) { print->setVisible(shown); }
+    void ShowSave(bool shown) { save->setVisible(shown); }
+    void ShowPageButtons(bool shown);
+
+signals:
+    void FindAsked(const QString &text); // never empty
+    void PrintAsked();
+    void SaveAsked();
+
+private:
+    void AddPageButtons();
+    void AddZoom();
+    void AddFind();
+    [[nodiscard]] QAction *Command(const char *name,
+                                   const QString &text,
+                                   const QKeySequence &key,
+                                   void (ViewerBar::*act)());
+    void AddPageButton(const char *name,
+                       const QString &sign,
+                       const QString &words,
+                       const QKeySequence &key,
+                       void (ViewerBar::*act)());
+    [[nodiscard]] int PageCount() const;
+    void First();
+    void Previous();
+    void Next();
+    void Last();
+    void StartFind();
+    void AskFind();
+    void ShowPage(int page); // from 0
+
+    PageView &view;
+    QSpinBox *pageNumber;
+    QLabel *pageCount;
+    QComboBox *zoom;
+    QLineEdit *find;
+    QAction *print;
+    QAction *save;
+    QList<QAction *> pageButtons;
+};
