@@ -181,12 +181,13 @@ private:
             most = std::max(most, HighestOf(panel));
         }
         const auto ticks = AxisTicks(most, 3);
-        const double lines = static_cast<double>((chart.panels.size() + 1) / 2);
-        const QSizeF size((place.width() - 200) / 2, place.height() / lines);
+        const size_t lines = (chart.panels.size() + 1) / 2;
+        const QSizeF size((place.width() - 200) / 2, place.height() / static_cast<double>(lines));
         for (size_t number = 0; number < chart.panels.size(); ++number) {
             const double left = place.left() + (number % 2 == 0 ? 0 : size.width() + 200);
-            const QRectF whole(
-                QPointF(left, place.top() + size.height() * static_cast<double>(number / 2)), size);
+            const size_t line = number / 2;
+            const double top = place.top() + size.height() * static_cast<double>(line);
+            const QRectF whole(QPointF(left, top), size);
             const ChartPanel &panel = chart.panels[number];
             painter.setPen(paper::kInk);
             Write(QRectF(whole.left(), whole.top(), size.width() * 0.5, 130),
