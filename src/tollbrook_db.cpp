@@ -14,7 +14,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum ExitStatus { kDone = 0, kInconsistent = 1, kWrongUse = 2, kFailed = 3 };
+constexpr int kDone = 0;
+constexpr int kInconsistent = 1;
+constexpr int kWrongUse = 2;
+constexpr int kFailed = 3;
 
 const auto kDescription = uR"(Makes and looks after the shared database of Tollbrook Network.
 
@@ -111,7 +114,7 @@ int RunCommand(const QCommandLineParser &parser)
         const auto users = Number(parser, u"users"_s, 10'000'000);
         const auto groups = Number(parser, u"groups"_s, 10'000);
         const auto days = Number(parser, u"days"_s, 10'000);
-        return users && groups && days ? Demo(dsn, {*users, *groups, *days}) : int(kWrongUse);
+        return users && groups && days ? Demo(dsn, {*users, *groups, *days}) : kWrongUse;
     }
     PrintError(u"There is no command \"%1\"; see --help."_s.arg(commands.first()));
     return kWrongUse;

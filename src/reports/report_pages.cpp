@@ -62,8 +62,10 @@ double ReportPages::ChartHeight() const
         return 420.0 + 220.0 * static_cast<double>(table->chart.labels.size());
     case ChartKind::Days:
         return 2300;
-    case ChartKind::DaysOfEach:
-        return 420.0 + 770.0 * static_cast<double>((table->chart.panels.size() + 1) / 2);
+    case ChartKind::DaysOfEach: {
+        const size_t lines = (table->chart.panels.size() + 1) / 2;
+        return 420.0 + 770.0 * static_cast<double>(lines);
+    }
     case ChartKind::None:
         break;
     }
@@ -133,6 +135,17 @@ int ReportPages::FindText(const QString &text, int page, const RunControl *contr
     return -1;
 }
 
+QString ReportPages::RowText(const CellRow &row) const
+{
+    QString text;
+    for (const PrintedColumn &column : columns) {
+        text += u'\n'
+            + OneLine(DisplayText(table->layout.columns.at(column.place),
+                                  row[static_cast<size_t>(column.place)]));
+    }
+    return text;
+}
+
 QString ReportPages::PageText(int page) const
 {
     QString text = page == 0 ? table->layout.title + u'\n' + table->period + u'\n' + table->filter
@@ -141,11 +154,7 @@ QString ReportPages::PageText(int page) const
     for (const PageItem &item : map.Page(page)) {
         if (item.kind == PageItem::Kind::Row) {
             for (const CellRow &row : table->rows.Read(item.index, 1)) {
-                for (const PrintedColumn &column : columns) {
-                    text += u'\n'
-                        + OneLine(DisplayText(table->layout.columns.at(column.place),
-                                              row[static_cast<size_t>(column.place)]));
-                }
+                text += RowText(row);
             }
         } else if (item.kind == PageItem::Kind::Heading) {
             text += u'\n' + GroupTitle(*table, table->groups[static_cast<size_t>(item.index)]);

@@ -46,6 +46,7 @@ private:
     [[nodiscard]] static std::vector<PrintedColumn> PrintedColumns(const Layout &layout);
     [[nodiscard]] PageOutline Outline(const RunControl *control) const;
     [[nodiscard]] int RowLines(const CellRow &row) const;
+    [[nodiscard]] QString RowText(const CellRow &row) const;
     [[nodiscard]] double ChartHeight() const;
     [[nodiscard]] int LinesBelow(double headingHeight) const;
 

@@ -301,6 +301,22 @@ bool ReportQuery::Rows(const std::function<bool(CellRow &&)> &take)
     return TakeRows(positions, take);
 }
 
+CellRow ReportQuery::CellsAt(int row) const
+{
+    CellRow cells(static_cast<size_t>(layout.columns.size()));
+    int chosen = 0;
+    for (int place = 0; place < layout.columns.size(); ++place) {
+        const LayoutColumn &column = layout.columns.at(place);
+        if (column.IsRead()) {
+            cells[static_cast<size_t>(place)] = CellAt(row, chosen++, column);
+        } else if (column.type == ColumnType::Count) {
+            cells[static_cast<size_t>(place)] = qint64 {1};
+        }
+    }
+    Compute(layout.columns, cells);
+    return cells;
+}
+
 bool ReportQuery::TakeRows(const std::vector<ReadColumn> &positions,
                            const std::function<bool(CellRow &&)> &take)
 {
@@ -308,18 +324,7 @@ bool ReportQuery::TakeRows(const std::vector<ReadColumn> &positions,
     int rows = 0;
     while ((rows = connection.FetchBlock()) > 0) {
         for (int row = 0; row < rows; ++row) {
-            CellRow cells(static_cast<size_t>(layout.columns.size()));
-            int chosen = 0;
-            for (int place = 0; place < layout.columns.size(); ++place) {
-                const LayoutColumn &column = layout.columns.at(place);
-                if (column.IsRead()) {
-                    cells[static_cast<size_t>(place)] = CellAt(row, chosen++, column);
-                } else if (column.type == ColumnType::Count) {
-                    cells[static_cast<size_t>(place)] = qint64 {1};
-                }
-            }
-            Compute(layout.columns, cells);
-            if (!take(std::move(cells))) {
+            if (!take(CellsAt(row))) {
                 return false;
             }
         }

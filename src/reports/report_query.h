@@ -63,6 +63,7 @@ private:
                                  const std::function<void(SummedRow &&)> &take);
     [[nodiscard]] bool TakeRows(const std::vector<ReadColumn> &positions,
                                 const std::function<bool(CellRow &&)> &take);
+    [[nodiscard]] CellRow CellsAt(int row) const; // a whole row of the fetched block
     [[nodiscard]] Cell CellAt(int row, int chosen, const LayoutColumn &column) const;
     [[nodiscard]] bool
     PositionsOf(const std::vector<int> &columns, bool asText, std::vector<ReadColumn> &positions);
