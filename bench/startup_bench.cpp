@@ -32,9 +32,10 @@ int main(int argc, char **argv)
     config.CreateKey(ConfigKeyId::Base);
     config.WriteText(values::kBillDsn, BenchDatabase(u"sqlite"_s, 1000));
     const auto add = [](const char *what, const QString &program, const QStringList &arguments) {
-        benchmark::RegisterBenchmark(what, [=](benchmark::State &state) {
-            Run(state, program, arguments);
-        })->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(
+            what, [=](benchmark::State &state) { Run(state, program, arguments); })
+            ->UseRealTime()
+            ->Unit(benchmark::kMillisecond);
     };
     add("start of the console", u"console_window"_s, {folder.path()});
     add("start of an empty window", u"empty_window"_s, {});
