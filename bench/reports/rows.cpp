@@ -119,8 +119,6 @@ void AddRows(Promises &promises)
         promises.ratios.push_back(
             {name("summary, report"), name("summary, client"), embedded ? 1.15 : 1.2});
         promises.ratios.push_back({name("stream, report"), name("summary, client"), 1.8});
-        if (std::string_view(engine) != "mariadb") { // its driver holds the whole result
-            promises.bounds.push_back({name("stream, report"), "MB of growth", 20});
-        }
+        promises.bounds.push_back({name("stream, report"), "MB of growth", 20});
     }
 }

@@ -148,8 +148,7 @@ bool ReportConnection::ForbidWriting()
     if (!Execute(ReadOnlyStatement(*handles->dialect))) {
         return false;
     }
-    CloseCursor();
-    if (handles->dialect == &kPostgresql) {
+    if (handles->dialect != &kSqlite) {
         SQLSetConnectAttr(handles->connection,
                           SQL_ATTR_TXN_ISOLATION,
                           OdbcValue(SQL_TXN_REPEATABLE_READ),
@@ -158,6 +157,7 @@ bool ReportConnection::ForbidWriting()
     if (!BeginReading()) {
         return false;
     }
+    gathers = handles->dialect == &kMariadb;
     SQLSetStmtAttr(
         handles->statement, SQL_ATTR_ROW_ARRAY_SIZE, OdbcValue(kBlockRows), SQL_IS_UINTEGER);
     SQLSetStmtAttr(
@@ -170,9 +170,7 @@ bool ReportConnection::ForbidWriting()
 bool ReportConnection::BeginReading()
 {
     if (handles->dialect == &kSqlite) {
-        const bool begun = Execute("BEGIN");
-        CloseCursor();
-        return begun;
+        return Execute("BEGIN");
     }
     SQLSetConnectAttr(
         handles->connection, SQL_ATTR_AUTOCOMMIT, OdbcValue(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
@@ -181,21 +179,33 @@ bool ReportConnection::BeginReading()
 
 bool ReportConnection::Run(const QString &statement)
 {
+    return Try(statement, [this](const std::string &translated) { return Execute(translated); });
+}
+
+bool ReportConnection::RunForRows(const QString &statement, RowOrder order)
+{
+    return Try(statement, [&](const std::string &translated) {
+        return gathers ? Gather(translated, order) : Execute(translated);
+    });
+}
+
+bool ReportConnection::Try(const QString &statement,
+                           const std::function<bool(const std::string &)> &run)
+{
     // A driver that lost its server reads freed memory when it is asked again.
     if (lost) {
         return false;
     }
     CloseCursor();
+    gathered.reset();
     qCDebug(logStatement).noquote() << statement;
     const QByteArray bytes = statement.toUtf8();
     const std::string_view text(bytes.constData(), static_cast<size_t>(bytes.size()));
-    if (Execute(Translate(*handles->dialect, text))) {
+    if (run(Translate(*handles->dialect, text))) {
         return true;
     }
     // An engine may refuse everything else of a transaction in which a statement failed.
-    if (!lost) {
-        SQLEndTran(SQL_HANDLE_DBC, handles->connection, SQL_ROLLBACK);
-    }
+    EndTransaction();
     return false;
 }
 
@@ -205,28 +215,87 @@ bool ReportConnection::Execute(const std::string &statement)
         problem = u"cancelled"_s;
         return false;
     }
+    SQLFreeStmt(handles->statement, SQL_CLOSE);
     const SQLRETURN code = SQLExecDirect(handles->statement, OdbcText(statement.c_str()), SQL_NTS);
     return Succeeded(code) || code == SQL_NO_DATA || Fail(SQL_HANDLE_STMT, handles->statement);
 }
 
-QStringList ReportConnection::ColumnNames() const
+bool ReportConnection::Gather(const std::string &query, RowOrder order)
+{
+    if (!Succeeded(SQLPrepare(handles->statement, OdbcText(query.c_str()), SQL_NTS))) {
+        return Fail(SQL_HANDLE_STMT, handles->statement);
+    }
+    const std::vector<ColumnDescription> columns = Columns();
+    std::vector<qint16> types;
+    gatheredNames.clear();
+    for (const auto &[name, type] : columns) {
+        gatheredNames += name;
+        types.push_back(type);
+    }
+    const GatheredRows rows(types, order);
+    if (!MakeTable(rows)) {
+        if (lost || cancelled) {
+            return false;
+        }
+        qCWarning(logDb).noquote() << "a report's rows are all held in memory:" << problem;
+        gathers = false;
+        return Execute(query);
+    }
+    // At its usual isolation level the engine would lock each row that it copies.
+    if (!Execute("SET TRANSACTION ISOLATION LEVEL READ COMMITTED")
+        || !Execute(rows.FillStatement(query))) {
+        return false;
+    }
+    EndTransaction();
+    gathered = rows;
+    return Execute(GatheredRows::OpenStatement()) && ReadGathered();
+}
+
+// The one transaction that may write.
+bool ReportConnection::MakeTable(const GatheredRows &rows)
+{
+    EndTransaction();
+    const bool made = Execute("SET TRANSACTION READ WRITE") && Execute(rows.MakeStatement());
+    EndTransaction();
+    return made;
+}
+
+bool ReportConnection::ReadGathered()
+{
+    return Execute(gathered->PartStatement(true));
+}
+
+std::vector<ReportConnection::ColumnDescription> ReportConnection::Columns() const
 {
     SQLSMALLINT count = 0;
     SQLNumResultCols(handles->statement, &count);
-    QStringList names;
+    std::vector<ColumnDescription> columns;
     for (SQLSMALLINT column = 1; column <= count; ++column) {
         std::array<char, 256> name {};
         SQLSMALLINT length = 0;
+        SQLSMALLINT type = SQL_VARCHAR;
         SQLDescribeCol(handles->statement,
                        static_cast<SQLUSMALLINT>(column),
                        reinterpret_cast<SQLCHAR *>(name.data()),
                        name.size(),
                        &length,
-                       nullptr,
+                       &type,
                        nullptr,
                        nullptr,
                        nullptr);
-        names += TextFromUtf8(name.data());
+        columns.push_back({TextFromUtf8(name.data()), type});
+    }
+    return columns;
+}
+
+QStringList ReportConnection::ColumnNames() const
+{
+    if (gathered) {
+        return gatheredNames;
+    }
+    QStringList names;
+    for (const auto &[name, type] : Columns()) {
+        names += name;
     }
     return names;
 }
@@ -253,7 +322,13 @@ void ReportConnection::Choose(const std::vector<ReadColumn> &columns)
 int ReportConnection::FetchBlock()
 {
     handles->fetched = 0;
-    const SQLRETURN code = SQLFetch(handles->statement);
+    SQLRETURN code = SQLFetch(handles->statement);
+    if (code == SQL_NO_DATA && gathered) {
+        if (!Execute(gathered->PartStatement(false))) {
+            return -1;
+        }
+        code = SQLFetch(handles->statement);
+    }
     if (cancelled) {
         problem = u"cancelled"_s;
         return -1;
@@ -318,6 +393,13 @@ bool ReportConnection::Fail(qint16 handleType, void *handle)
     }
     lost = lost || MeansLostConnection(reinterpret_cast<const char *>(state.data()), native);
     return false;
+}
+
+void ReportConnection::EndTransaction()
+{
+    if (!lost) {
+        SQLEndTran(SQL_HANDLE_DBC, handles->connection, SQL_ROLLBACK);
+    }
 }
 
 void ReportConnection::CloseCursor()

@@ -2,11 +2,15 @@
 // thread.
 #pragma once
 
+#include "db/gathered_rows.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -20,7 +24,7 @@ struct ReadColumn
 };
 
 // Belongs to the thread that reads, save Cancel(). All statements of one connection see the
-// database as it was when the first of them began.
+// database as it was when the first of them began; gathered rows as it was when they were gathered.
 class ReportConnection
 {
 public:
@@ -40,7 +44,15 @@ public:
     // with Problem() filled, when it fails; the connection can then run another.
     [[nodiscard]] bool Run(const QString &statement);
 
-    // Of the statement just run.
+    // The same for a statement of which many rows may come: never are all of them in memory, unless
+    // the account may not make temporary tables on MariaDB. There they are gathered on the server.
+    [[nodiscard]] bool RunForRows(const QString &statement, RowOrder order);
+
+    // Whether the rows of RunForRows() were gathered. They can then be read again from the start.
+    [[nodiscard]] bool HasGathered() const { return gathered.has_value(); }
+    [[nodiscard]] bool ReadGathered();
+
+    // Of the statement just run, or of the one whose rows were gathered.
     [[nodiscard]] QStringList ColumnNames() const;
 
     // Chooses the columns to read, in the order of the accessors below; before the first fetch.
@@ -64,12 +76,25 @@ public:
     [[nodiscard]] const QString &Problem() const { return problem; }
 
 private:
+    struct ColumnDescription
+    {
+        QString name;
+        qint16 type; // as the driver says
+    };
+
     ReportConnection();
     [[nodiscard]] bool Connect(const QString &dsn, const QString &user, const QString &password);
     [[nodiscard]] bool ForbidWriting();
     [[nodiscard]] bool BeginReading();
+    // Runs what `run` makes of the statement in the engine's spelling.
+    [[nodiscard]] bool Try(const QString &statement,
+                           const std::function<bool(const std::string &)> &run);
     [[nodiscard]] bool Execute(const std::string &statement);
+    [[nodiscard]] bool Gather(const std::string &query, RowOrder order);
+    [[nodiscard]] bool MakeTable(const GatheredRows &rows);
+    [[nodiscard]] std::vector<ColumnDescription> Columns() const;
     [[nodiscard]] bool Fail(qint16 handleType, void *handle);
+    void EndTransaction();
     void CloseCursor();
 
     struct Handles; // what the driver manager knows the connection by
@@ -77,6 +102,9 @@ private:
 
     std::unique_ptr<Handles> handles;
     std::vector<Column> block;
+    bool gathers = false; // as the driver would hold a whole result
+    std::optional<GatheredRows> gathered;
+    QStringList gatheredNames; // of the query's columns
     QString problem;
     bool lost = false; // the server ended the connection: nothing more is asked of it
     std::atomic<bool> cancelled = false;

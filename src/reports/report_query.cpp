@@ -116,16 +116,9 @@ QString ReportQuery::RowsStatement() const
     return order.isEmpty() ? statement : statement + u" ORDER BY " + order.join(u", "_s);
 }
 
-// False when the engine does not take the query in parentheses; it is then run as it is.
-bool ReportQuery::RunWrapped(const QString &statement)
+bool ReportQuery::RunPlain(const QString &statement, RowOrder order)
 {
-    wrapped = wrapped && connection.Run(statement);
-    return wrapped;
-}
-
-bool ReportQuery::RunPlain(const QString &statement)
-{
-    return connection.Run(statement) || FailWithDatabase();
+    return connection.RunForRows(statement, order) || FailWithDatabase();
 }
 
 bool ReportQuery::FailWithDatabase()
@@ -138,10 +131,15 @@ bool ReportQuery::FailWithDatabase()
 
 bool ReportQuery::Sum(const Summing &summing, const std::function<void(SummedRow &&)> &take)
 {
-    if (RunWrapped(SummingStatement(summing))) {
+    // What was gathered is summed again: the database may have changed since.
+    if (connection.HasGathered()) {
+        return (connection.ReadGathered() || FailWithDatabase()) && SumStream(summing, take);
+    }
+    wrapped = wrapped && connection.Run(SummingStatement(summing));
+    if (wrapped) {
         return TakeSums(summing, take);
     }
-    return RunPlain(WithoutOrder(query)) && SumStream(summing, take);
+    return RunPlain(WithoutOrder(query), RowOrder::Any) && SumStream(summing, take);
 }
 
 Cell ReportQuery::CellAt(int row, int chosen, const LayoutColumn &column) const
@@ -290,12 +288,13 @@ bool ReportQuery::Rows(const std::function<bool(CellRow &&)> &take)
         }
     }
     std::vector<ReadColumn> positions;
-    if (RunWrapped(RowsStatement())) {
+    wrapped = wrapped && connection.RunForRows(RowsStatement(), RowOrder::AsAsked);
+    if (wrapped) {
         for (const int place : read) {
             positions.push_back(
                 {static_cast<int>(positions.size()) + 1, HowToRead(layout.columns.at(place).type)});
         }
-    } else if (!RunPlain(query) || !PositionsOf(read, false, positions)) {
+    } else if (!RunPlain(query, RowOrder::AsAsked) || !PositionsOf(read, false, positions)) {
         return false;
     }
     return TakeRows(positions, take);

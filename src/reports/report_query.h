@@ -52,8 +52,7 @@ public:
 private:
     [[nodiscard]] QString SummingStatement(const Summing &summing) const;
     [[nodiscard]] QString RowsStatement() const;
-    [[nodiscard]] bool RunWrapped(const QString &statement);
-    [[nodiscard]] bool RunPlain(const QString &statement);
+    [[nodiscard]] bool RunPlain(const QString &statement, RowOrder order);
     [[nodiscard]] bool Accepts(const Summing &summing, int row) const;
     [[nodiscard]] CellRow KeysAt(const Summing &summing, int row) const;
     void AddSums(const Summing &summing, int row, std::vector<Total> &sums) const;

@@ -135,3 +135,25 @@ QString EngineFixture::Dsn()
 {
     return Engine();
 }
+
+int EngineFixture::EndOtherConnections(const QString &words)
+{
+    const bool onPostgresql = Engine() == u"postgresql"_s;
+    const QString others = onPostgresql
+        ? u"SELECT pid FROM pg_stat_activity WHERE pid <> pg_backend_pid() "
+          "AND datname = current_database() AND query LIKE '%%1%'"_s
+        : u"SELECT id FROM information_schema.processlist WHERE id <> connection_id() "
+          "AND db = DATABASE() AND COALESCE(info, '') LIKE '%%1%'"_s;
+    QList<quint32> found;
+    {
+        RowCursor cursor(others.arg(words).toUtf8().constData());
+        while (cursor.Next()) {
+            found += queryResult.Integer(1);
+        }
+    }
+    for (const quint32 id : std::as_const(found)) {
+        const QString end = onPostgresql ? u"SELECT pg_terminate_backend(%1)"_s : u"KILL %1"_s;
+        RunQuery(end.arg(id).toUtf8().constData(), FetchMode::One);
+    }
+    return static_cast<int>(found.size());
+}

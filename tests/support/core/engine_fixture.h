@@ -26,6 +26,10 @@ protected:
 
     // The data source's name, for a second connection.
     [[nodiscard]] static QString Dsn();
+
+    // Has the server end the other connections to the database, or those whose running statement
+    // holds `words`; how many those were.
+    static int EndOtherConnections(const QString &words = {});
 };
 
 [[nodiscard]] inline std::string EngineName(const testing::TestParamInfo<const char *> &engine)
@@ -36,3 +40,7 @@ protected:
 #define TB_ON_EVERY_ENGINE(fixture)                                                                \
     INSTANTIATE_TEST_SUITE_P(                                                                      \
         Engines, fixture, testing::Values("sqlite", "postgresql", "mariadb"), EngineName)
+
+// For what only a database server can do.
+#define TB_ON_EVERY_SERVER(fixture)                                                                \
+    INSTANTIATE_TEST_SUITE_P(Servers, fixture, testing::Values("postgresql", "mariadb"), EngineName)
