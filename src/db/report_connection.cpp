@@ -43,6 +43,15 @@ const char *ReadOnlyStatement(const Dialect &dialect)
     return &dialect == &kMariadb ? "SET SESSION TRANSACTION READ ONLY" : "PRAGMA query_only=1";
 }
 
+// PostgreSQL sends amounts as texts, which its driver takes long to read, and in the user's locale.
+SQLSMALLINT HostType(ReadAs as, const Dialect &dialect)
+{
+    if (as == ReadAs::Text || (as == ReadAs::Amount && &dialect == &kPostgresql)) {
+        return SQL_C_CHAR;
+    }
+    return as == ReadAs::Integer ? SQL_C_SBIGINT : SQL_C_DOUBLE;
+}
+
 // The standard's class for it, an engine that is shut down, and the numbers by which MariaDB's driver
 // tells that its server went away, was lost, or ended the connection.
 bool MeansLostConnection(std::string_view state, SQLINTEGER native)
@@ -80,8 +89,10 @@ struct ReportConnection::Handles
 
 struct ReportConnection::Column
 {
-    explicit Column(ReadAs type) : as(type), width(type == ReadAs::Text ? kTextBytes : 8)
+    Column(ReadAs type, const Dialect &dialect) : hostType(HostType(type, dialect))
     {
+        constexpr int kAmountBytes = 32; // digits, sign and exponent of any
+        width = hostType != SQL_C_CHAR ? 8 : type == ReadAs::Text ? kTextBytes : kAmountBytes;
         bytes.resize(static_cast<size_t>(width) * kBlockRows);
         indicators.resize(kBlockRows);
     }
@@ -91,7 +102,7 @@ struct ReportConnection::Column
         return bytes.data() + static_cast<qsizetype>(row) * width;
     }
 
-    ReadAs as;
+    SQLSMALLINT hostType;
     int width;
     std::vector<char> bytes;
     std::vector<SQLLEN> indicators;
@@ -306,13 +317,10 @@ void ReportConnection::Choose(const std::vector<ReadColumn> &columns)
     block.clear();
     block.reserve(columns.size());
     for (const auto &[position, as] : columns) {
-        Column &column = block.emplace_back(as);
-        const SQLSMALLINT hostType = as == ReadAs::Text ? SQL_C_CHAR
-            : as == ReadAs::Integer                     ? SQL_C_SBIGINT
-                                                        : SQL_C_DOUBLE;
+        Column &column = block.emplace_back(as, *handles->dialect);
         SQLBindCol(handles->statement,
                    static_cast<SQLUSMALLINT>(position),
-                   hostType,
+                   column.hostType,
                    column.bytes.data(),
                    column.width,
                    column.indicators.data());
@@ -358,8 +366,12 @@ qint64 ReportConnection::Integer(int row, int column) const
 
 double ReportConnection::Amount(int row, int column) const
 {
+    const Column &amounts = block[static_cast<size_t>(column)];
+    if (amounts.hostType == SQL_C_CHAR) {
+        return AmountFrom(std::string_view(amounts.At(row)));
+    }
     double value = 0;
-    std::memcpy(&value, block[static_cast<size_t>(column)].At(row), sizeof value);
+    std::memcpy(&value, amounts.At(row), sizeof value);
     return value;
 }
 
