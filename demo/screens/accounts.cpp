@@ -50,7 +50,7 @@ void DrawCreditDialogs(Studio &studio)
         dialog.findChild<QLineEdit *>(u"amount"_s)->setText(u"250"_s);
         if (auto *money = dialog.findChild<QAbstractButton *>(u"money"_s)) {
             money->click();
-            dialog.findChild<QAbstractButton *>(u"noExpiry"_s)->click();
+            Press(dialog, u"noExpiry"_s);
         }
     };
     studio.DrawDialog(

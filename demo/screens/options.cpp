@@ -1,7 +1,6 @@
 #include "demo/screens/studio.h"
 #include "ui/main/splitter_frame.h"
 
-#include <QAbstractButton>
 #include <QDialog>
 
 using namespace Qt::StringLiterals;
@@ -9,11 +8,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kWizardPages = 7;
-
-void Press(const QDialog &dialog, const QString &button)
-{
-    dialog.findChild<QAbstractButton *>(button)->click();
-}
 
 void DrawWizard(Studio &studio, QDialog &wizard)
 {

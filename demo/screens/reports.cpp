@@ -19,7 +19,7 @@ void Generate(ReportsDialog &reports, int row)
     reports.findChild<QListWidget *>(u"catalogue"_s)->setCurrentRow(row);
     QEventLoop untilReady;
     QObject::connect(&reports.Viewer(), &ReportViewer::Ready, &untilReady, &QEventLoop::quit);
-    reports.findChild<QAbstractButton *>(u"generate"_s)->click();
+    Press(reports, u"generate"_s);
     if (reports.Viewer().IsBusy()) {
         untilReady.exec();
     }
@@ -30,7 +30,7 @@ void TakeSome(QDialog &filter)
     auto *left = filter.findChild<QListWidget *>(u"left"_s);
     for (int row = 0; row < 3; ++row) {
         left->setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
-        filter.findChild<QAbstractButton *>(u"take"_s)->click();
+        Press(filter, u"take"_s);
     }
 }
 
@@ -43,7 +43,7 @@ void DrawReports(Studio &studio)
         [&] { studio.Frame().Dialogs().reports(&studio.Frame()); },
         [&](QDialog &dialog) {
             auto &reports = static_cast<ReportsDialog &>(dialog);
-            reports.findChild<QAbstractButton *>(u"lastMonth"_s)->click();
+            Press(reports, u"lastMonth"_s);
             Generate(reports, kTrafficDetailed);
             studio.Draw(u"reports-detailed"_s, reports);
             auto *users = reports.findChild<QAbstractButton *>(u"users"_s);

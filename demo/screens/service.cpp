@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QPushButton>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -24,7 +23,7 @@ void PressAndDrawProgress(Studio &studio,
             }
         }
     });
-    dialog.findChild<QPushButton *>(button)->click();
+    Press(dialog, button);
 }
 
 } // namespace
@@ -38,9 +37,8 @@ void DrawService(Studio &studio)
         && !studio.Wants(u"reconnect"_s) && !studio.Wants(u"purge"_s)) {
         return;
     }
-    studio.DrawDialog(u"service-stopped"_s, control, [&](QDialog &dialog) {
-        dialog.findChild<QPushButton *>(u"stop"_s)->click();
-    });
+    studio.DrawDialog(
+        u"service-stopped"_s, control, [&](QDialog &dialog) { Press(dialog, u"stop"_s); });
     studio.DrawDialog(u"purge"_s, [&] { dialogs.purge(&studio.Frame()); });
     studio.DrawDialog(u"reconnect"_s, [&] { dialogs.reconnect(&studio.Frame()); });
     studio.DrawDialog(

@@ -2,6 +2,7 @@
 
 #include "ui/main/splitter_frame.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
@@ -172,4 +173,9 @@ void Studio::DrawMenu(const QString &name, const std::function<void()> &open)
         menu.close();
     };
     WhenOpen(name, OpenMenu, act, open);
+}
+
+void Press(const QWidget &window, const QString &button)
+{
+    window.findChild<QAbstractButton *>(button)->click();
 }

@@ -54,6 +54,9 @@ private:
     int failures = 0;
 };
 
+// Presses the button of that object name.
+void Press(const QWidget &window, const QString &button);
+
 // The areas of the console, each in a file of its own.
 void DrawMainWindow(Studio &studio);
 void DrawProperties(Studio &studio);
