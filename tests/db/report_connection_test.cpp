@@ -4,6 +4,7 @@
 #include "db/session.h"
 #include "support/core/engine_fixture.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
 
@@ -170,8 +171,8 @@ TEST_P(ReportReading, AResultIsReadPartByPart)
 // Rows of many lengths, so that a later one would fit where an earlier one did not.
 TEST_P(ReportReading, RowsComeInTheOrderAskedFor)
 {
-    constexpr int kLengths = 20;
-    for (int length = 1; length <= kLengths; ++length) {
+    constexpr qsizetype kLengths = 20;
+    for (qsizetype length = 1; length <= kLengths; ++length) {
         Execute("INSERT INTO Sites (sitename) VALUES ((?))", QString(12 * length, u'x'));
     }
     const QString texts = u", a.sitename"_s.repeated(15);
