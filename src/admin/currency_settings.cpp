@@ -26,7 +26,7 @@ QString StoredAmount(double amount)
 QList<CurrencyRow> CurrencyRows(const CurrencySettings &settings)
 {
     QList<CurrencyRow> rows {{u"units"_s, kBaseSymbol.toString(), u"1"_s}};
-    if (settings.use != CurrencySettings::kNone) {
+    if (settings.use != CurrencySettings::None) {
         rows.append({settings.name, settings.symbol, AmountText(settings.rate)});
     }
     return rows;
@@ -34,7 +34,7 @@ QList<CurrencyRow> CurrencyRows(const CurrencySettings &settings)
 
 QString UsedSymbol(const CurrencySettings &settings)
 {
-    return settings.use == CurrencySettings::kInUse ? settings.symbol.left(kUsedSymbol)
+    return settings.use == CurrencySettings::InUse ? settings.symbol.left(kUsedSymbol)
                                                     : kBaseSymbol.toString();
 }
 
@@ -79,7 +79,7 @@ std::optional<CurrencyProblem> CheckEntry(const CurrencyEntry &entry)
 
 void AddCurrency(CurrencySettings &settings, const CurrencyEntry &entry)
 {
-    settings.use = CurrencySettings::kDefined;
+    settings.use = CurrencySettings::Defined;
     settings.name = entry.title;
     settings.symbol = entry.symbol.toUpper();
     settings.rate = AmountFrom(entry.rate);
@@ -129,9 +129,9 @@ std::optional<CurrencyProblem> SetCurrency(CurrencySettings &settings, std::opti
         return CurrencyProblem::NothingToSet;
     }
     if (row != kBaseCurrencyRow) {
-        settings.use = CurrencySettings::kInUse;
-    } else if (settings.use == CurrencySettings::kInUse) {
-        settings.use = CurrencySettings::kDefined;
+        settings.use = CurrencySettings::InUse;
+    } else if (settings.use == CurrencySettings::InUse) {
+        settings.use = CurrencySettings::Defined;
     }
     return std::nullopt;
 }
@@ -141,7 +141,7 @@ CurrencySettings LoadCurrency(const ConfigStore &store, qsizetype bufferBytes)
     CurrencySettings settings;
     settings.trafficPrice = store.ReadAmount(values::kTrafPrice, bufferBytes);
     const qint32 use = store.ReadInteger(values::kCurUse, bufferBytes);
-    if (use != CurrencySettings::kDefined && use != CurrencySettings::kInUse) {
+    if (use != CurrencySettings::Defined && use != CurrencySettings::InUse) {
         return settings;
     }
     settings.use = use;

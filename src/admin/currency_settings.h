@@ -10,9 +10,9 @@ class ConfigStore;
 
 struct CurrencySettings
 {
-    enum Use { kNone = 0, kDefined = 1, kInUse = 2 }; // "curuse"
+    enum Use { None = 0, Defined = 1, InUse = 2 }; // "curuse"
 
-    int use = kNone;
+    int use = None;
     QString name; // "currencyname"
     QString symbol; // "currencysymbol", upper case
     double rate = 1.0; // "currencyrate": currency per base unit

@@ -30,20 +30,20 @@ TEST(CurrencySettings, OneCurrencyIsDefinedUsedAndDeleted)
 
     AddCurrency(settings, {u"usd"_s, u"Dollar"_s, u"0.034"_s});
     EXPECT_EQ(Described(settings), u"units/UN/1 Dollar/USD/0.03 -> UN"_s);
-    EXPECT_EQ(settings.use, CurrencySettings::kDefined);
+    EXPECT_EQ(settings.use, CurrencySettings::Defined);
 
     EXPECT_EQ(SetCurrency(settings, 1), std::nullopt);
     EXPECT_EQ(Described(settings), u"units/UN/1 Dollar/USD/0.03 -> USD"_s);
-    EXPECT_EQ(settings.use, CurrencySettings::kInUse);
+    EXPECT_EQ(settings.use, CurrencySettings::InUse);
     EXPECT_EQ(SetCurrency(settings, kBaseCurrencyRow), std::nullopt);
-    EXPECT_EQ(settings.use, CurrencySettings::kDefined) << "it stays defined";
+    EXPECT_EQ(settings.use, CurrencySettings::Defined) << "it stays defined";
     EXPECT_EQ(UsedSymbol(settings), u"UN"_s);
 
     DeleteCurrency(settings);
     EXPECT_EQ(Described(settings), u"units/UN/1 -> UN"_s);
     EXPECT_EQ(settings.trafficPrice, 0.25);
     EXPECT_EQ(SetCurrency(settings, kBaseCurrencyRow), std::nullopt);
-    EXPECT_EQ(settings.use, CurrencySettings::kNone);
+    EXPECT_EQ(settings.use, CurrencySettings::None);
 }
 
 TEST(CurrencySettings, WhatIsRefused)
@@ -71,7 +71,7 @@ TEST(CurrencySettings, WhatIsRefused)
 TEST(CurrencySettings, WhatWasCutToBeShownStaysWholeUnlessTouched)
 {
     CurrencySettings settings;
-    settings.use = CurrencySettings::kInUse;
+    settings.use = CurrencySettings::InUse;
     settings.name = u"A currency of a long name"_s;
     settings.symbol = u"LONGSYMBOLS"_s;
     settings.rate = 12345.6789;
@@ -108,5 +108,5 @@ TEST(CurrencySettings, ComeBackFromTheStore)
     EXPECT_EQ(store.ReadText(values::kCurrencyRate), u"0.034"_s);
 
     store.WriteText(values::kCurUse, u"3"_s);
-    EXPECT_EQ(LoadCurrency(store, 1024).use, CurrencySettings::kNone) << "a code of no meaning";
+    EXPECT_EQ(LoadCurrency(store, 1024).use, CurrencySettings::None) << "a code of no meaning";
 }

@@ -10,7 +10,8 @@ class GroupListModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { Name, Description, Access, kColumns };
+    enum Column { Name, Description, Access };
+    static constexpr int kColumns = Access + 1;
 
     using QAbstractTableModel::QAbstractTableModel;
 
