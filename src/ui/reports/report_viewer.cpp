@@ -168,7 +168,7 @@ void ReportViewer::SetBusy(bool busy)
     if (busy) {
         Say({});
     }
-    bar->SetUsable(pages != nullptr && !job.IsRunning());
+    bar->SetUsable(pages != nullptr, job.IsRunning());
 }
 
 void ReportViewer::Say(const QString &text)

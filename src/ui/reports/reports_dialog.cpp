@@ -75,7 +75,9 @@ QWidget *ReportsDialog::BuildChoices()
     description->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     description->setMinimumHeight(5 * fontMetrics().lineSpacing());
     connect(catalogue, &QListWidget::currentRowChanged, this, &ReportsDialog::ShowSelected);
-    connect(catalogue, &QListWidget::itemActivated, this, &ReportsDialog::Generate);
+    connect(catalogue, &QListWidget::itemSelectionChanged, this, &ReportsDialog::KeepSelected);
+    // Return presses the default button, which does the same.
+    connect(catalogue, &QListWidget::itemDoubleClicked, this, &ReportsDialog::Generate);
     auto *choices = new QWidget;
     auto *column = new QVBoxLayout(choices);
     column->setContentsMargins(0, 0, 0, 0);
@@ -170,6 +172,14 @@ void ReportsDialog::ShowSelected(int row)
     groups->setEnabled(use.groups);
 }
 
+// A click with Ctrl would take the selection back, while the viewer still holds the row's layout.
+void ReportsDialog::KeepSelected()
+{
+    if (catalogue->selectedItems().isEmpty()) {
+        catalogue->setCurrentRow(catalogue->currentRow());
+    }
+}
+
 void ReportsDialog::EnablePickers()
 {
     since->setEnabled(custom->isChecked());
@@ -253,12 +263,18 @@ bool ReportsDialog::IsPeriodInOrder()
     return false;
 }
 
+// The list makes its first row the current one when it gets the focus, yet selects none.
+int ReportsDialog::SelectedRow() const
+{
+    return catalogue->selectionModel()->hasSelection() ? catalogue->currentRow() : -1;
+}
+
 void ReportsDialog::Generate()
 {
     if (!IsPeriodInOrder() || Viewer().IsBusy()) {
         return;
     }
-    const int row = catalogue->currentRow();
+    const int row = SelectedRow();
     const ReportPeriod period = Period();
     const QString query = row < 0
         ? QString()

@@ -38,6 +38,8 @@ private:
     void ChooseUsers();
     void ChooseGroups();
     void ShowHelp();
+    void KeepSelected();
+    [[nodiscard]] int SelectedRow() const;
     [[nodiscard]] PeriodChoice Choice() const;
     [[nodiscard]] ReportPeriod Period() const;
     [[nodiscard]] bool IsPeriodInOrder();

@@ -42,11 +42,11 @@ ViewerBar::ViewerBar(PageView &pages, QWidget *parent) : QToolBar(parent), view(
     connect(&view, &PageView::CurrentPageChanged, this, &ViewerBar::ShowPage);
 }
 
-void ViewerBar::SetUsable(bool usable)
+void ViewerBar::SetUsable(bool hasPages, bool isBusy)
 {
-    print->setEnabled(usable);
-    save->setEnabled(usable);
-    find->setEnabled(usable);
+    print->setEnabled(hasPages && !isBusy);
+    save->setEnabled(hasPages && !isBusy);
+    find->setEnabled(hasPages); // keeps the focus during its own search
     ShowPage(view.CurrentPage());
 }
 

@@ -17,8 +17,9 @@ class ViewerBar : public QToolBar
 public:
     explicit ViewerBar(PageView &pages, QWidget *parent = nullptr);
 
-    // Whether there is a report that can be searched, printed and saved; shows its place and length.
-    void SetUsable(bool usable);
+    // Whether there is a report that can be searched, printed and saved, and whether something is done
+    // with it at present; shows its place and length.
+    void SetUsable(bool hasPages, bool isBusy);
 
     void ShowPrint(bool shown) { print->setVisible(shown); }
     void ShowSave(bool shown) { save->setVisible(shown); }

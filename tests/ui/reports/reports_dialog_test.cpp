@@ -110,6 +110,33 @@ TEST_F(Reports, ARowShowsItsDescriptionAndEnablesItsFilters)
     EXPECT_FALSE(Find<QDateEdit>(*dialog, "until").isEnabled());
 }
 
+// As when the dialog opens: the focus alone makes the first row the current one.
+TEST_F(Reports, ARowThatOnlyHasTheFocusIsNotSelected)
+{
+    auto &catalogue = Find<QListWidget>(*dialog, "catalogue");
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    catalogue.setFocus(Qt::TabFocusReason);
+    ASSERT_EQ(catalogue.currentRow(), 0);
+    ClickGenerate();
+    EXPECT_EQ(Message(), u"Please select a report"_s);
+    EXPECT_FALSE(dialog->Viewer().Table());
+    QTest::keyClick(&catalogue, Qt::Key_Space);
+    ClickGenerate();
+    EXPECT_TRUE(dialog->Viewer().Table());
+}
+
+TEST_F(Reports, ASelectedRowStaysSelected)
+{
+    auto &catalogue = Find<QListWidget>(*dialog, "catalogue");
+    Select(3);
+    QTest::mouseClick(catalogue.viewport(),
+                      Qt::LeftButton,
+                      Qt::ControlModifier,
+                      catalogue.visualItemRect(catalogue.item(3)).center());
+    EXPECT_EQ(catalogue.selectedItems(), QList {catalogue.item(3)});
+}
+
 TEST_F(Reports, PropertiesArePutInTheirOrder)
 {
     QSignalSpy puts(&dialog->Viewer(), &ReportViewer::PropertyPut);
@@ -137,7 +164,7 @@ TEST_F(Reports, FromAfterToRunsNothing)
     Find<QDateEdit>(*dialog, "since").setDate({2026, 11, 5});
     Find<QDateEdit>(*dialog, "until").setDate({2026, 11, 4});
     QSignalSpy puts(&dialog->Viewer(), &ReportViewer::PropertyPut);
-    Click(*dialog, "generate");
+    QTest::keyClick(&Find<QListWidget>(*dialog, "catalogue"), Qt::Key_Return);
     EXPECT_EQ(
         prompt.TakeSaid(),
         QStringList(u"You entered incorrect time period. Please re-enter one of the dates"_s));
@@ -231,6 +258,7 @@ TEST_F(Reports, ReturnInAFieldOfTheViewerGeneratesNothing)
         Type(Find<QLineEdit>(*dialog, "find"), u"anna"_s);
         QTest::keyClick(dialog->focusWidget(), key);
         ASSERT_TRUE(ready.wait(20'000)); // it searches
+        EXPECT_EQ(dialog->focusWidget()->objectName(), u"find"_s); // for the next Return
         Type(Find<QSpinBox>(*dialog, "pageNumber"), u"1"_s);
         QTest::keyClick(dialog->focusWidget(), key);
         EXPECT_FALSE(dialog->Viewer().IsBusy());
