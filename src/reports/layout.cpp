@@ -34,6 +34,7 @@ public:
         ReadTop(top);
         ReadColumns(top, root);
         ReadGroup(top);
+        CheckPrinted(top);
         ReadOrder(top);
         ReadChart(top, root);
         return error.text.isEmpty() ? std::optional(layout) : std::nullopt;
@@ -150,6 +151,13 @@ private:
             if (layout.columns.at(column).IsNumber()) {
                 top.Fail(top.Line("group"), u"rows are not grouped by numbers"_s);
             }
+        }
+    }
+
+    void CheckPrinted(const LayoutTable &top) const
+    {
+        if (layout.PrintedColumns().isEmpty()) {
+            top.Fail(top.Line("column"), u"no column is left to be printed"_s);
         }
     }
 

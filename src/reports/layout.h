@@ -101,7 +101,8 @@ struct LayoutError
     [[nodiscard]] QString Message() const; // "trafall.rpt:12: ..."
 };
 
-constexpr qint64 kMaxLayoutBytes = qint64(256) * 1024;
+// Keys of as many parts as find room in it do not yet exhaust the reader's stack.
+constexpr qint64 kMaxLayoutBytes = qint64(32) * 1024;
 
 // The layout in `path`, whose folders may be separated by back-slashes; nothing, and `error`
 // filled, when it is missing, larger than kMaxLayoutBytes, not TOML, or says anything that a layout

@@ -114,6 +114,19 @@ TEST(Layouts, WhatALayoutCannotSayIsRefusedWithItsLine)
         << error.Message().toStdString();
 }
 
+TEST(Layouts, OneOfWhichNothingWouldBePrintedIsRefused)
+{
+    const char *const columns[] = {"name = \"name\"\nhidden = true\n", "name = \"name\"\n"};
+    const char *const groups[] = {"", "group = [\"name\"]\n"};
+    for (const int kind : {0, 1}) {
+        LayoutError error;
+        const QByteArray text = QByteArray("title = \"T\"\n") + groups[kind]
+            + "query = 'SELECT name FROM t'\n[[column]]\n" + columns[kind];
+        EXPECT_FALSE(ParseLayout(text, u"x.rpt"_s, error)) << text.constData();
+        EXPECT_TRUE(error.text.contains(u"no column is left to be printed"));
+    }
+}
+
 TEST(Layouts, HostileFilesAreRefused)
 {
     const QTemporaryDir folder;
@@ -129,6 +142,7 @@ TEST(Layouts, HostileFilesAreRefused)
               std::string::npos);
     EXPECT_FALSE(refusal("a = " + QByteArray(100'000, '[')).empty());
     EXPECT_FALSE(refusal("a" + QByteArray(".a").repeated(20'000) + " = 1").empty());
+    EXPECT_FALSE(refusal("a" + QByteArray(".a").repeated(100'000) + " = 1").empty());
     EXPECT_FALSE(refusal(QByteArray("title = \"\xff\xfe\"")).empty());
     EXPECT_FALSE(refusal("").empty());
     EXPECT_FALSE(refusal("column = 1\nchart = 2\n").empty());
