@@ -1,5 +1,6 @@
 // Makes one report without a screen: for timers and scripts.
 #include "config/config_store.h"
+#include "db/failure_log.h"
 #include "db/session.h"
 #include "reports/catalogue.h"
 #include "reports/engine.h"
@@ -116,6 +117,9 @@ int ReadFilters(const QCommandLineParser &parser, const Arguments &arguments, Fi
         filters.groupClause = GroupFilterClause(FilterOf(OfferedGroups(), groups, unknownGroups));
     }
     DisconnectDatabase();
+    if (const auto &failures = FailureLog::Instance().Recent(); !failures.isEmpty()) {
+        return Fail(Database, failures.constLast().text);
+    }
     if (!unknownUsers.isEmpty() || !unknownGroups.isEmpty()) {
         return Fail(
             BadArguments,
@@ -187,9 +191,7 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
 
 int main(int argc, char **argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // there need not be a screen
-    }
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // there need not be a screen, whatever is set
     const QGuiApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     QGuiApplication::setApplicationName(u"tollbrook-report"_s);

@@ -1,4 +1,5 @@
 #include "reports/output.h"
+#include "reports/piece_writer.h"
 #include "reports/xlsx_library.h"
 
 #include <QDir>
@@ -210,7 +211,7 @@ bool Copy(QFile &from, QIODevice &to, const RunControl &control)
     QByteArray piece;
     do {
         piece = from.read(kPiece);
-        if (to.write(piece) != piece.size() || control.IsCancelled()) {
+        if (!WriteWhole(to, piece) || control.IsCancelled()) {
             return false;
         }
     } while (!piece.isEmpty());

@@ -4,6 +4,20 @@
 #include <QIODevice>
 #include <QString>
 
+// False when the device fails. One that took a part says only at the next write why it took no more.
+inline bool WriteWhole(QIODevice &device, const QByteArray &bytes)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 now = device.write(bytes.constData() + done, bytes.size() - done);
+        if (now <= 0) {
+            return false;
+        }
+        done += now;
+    }
+    return true;
+}
+
 class PieceWriter
 {
 public:
@@ -25,7 +39,7 @@ public:
     // True when everything so far has reached the device.
     bool Flush()
     {
-        good = good && device.write(bytes) == bytes.size();
+        good = good && WriteWhole(device, bytes);
         bytes.resize(0);
         return good;
     }

@@ -107,6 +107,17 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
     EXPECT_EQ(Run(good), 4);
     EXPECT_TRUE(said.contains(u"/nowhere/reports/trafall.rpt: there is no such layout file"))
         << said.toStdString();
+    Execute("DROP TABLE users");
+    EXPECT_EQ(Run(with({u"--users"_s, u"anna"_s, u"--period"_s, u"month"_s})), 3);
+    EXPECT_TRUE(said.contains(u"tollbrook-report: [SQLite]no such table")) << said.toStdString();
+}
+
+TEST_F(Program, NeedsNoScreenWhateverTheEnvironmentNames)
+{
+    EXPECT_EQ(Run({u"--report"_s, u"0"_s, u"--dsn"_s, Dsn(), u"--output"_s, Out(u"a.pdf"_s)},
+                  u"export QT_QPA_PLATFORM=xcb"_s),
+              0)
+        << said.toStdString();
 }
 
 TEST_F(Program, NarrowsToUsersAndGroupsWithinAPeriod)
@@ -148,8 +159,8 @@ TEST_F(Program, NoFontAndAFullDiskAreTold)
         {u"a.pdf"_s, noFonts, 5, "no font is installed; install fonts-dejavu-core"},
         {u"a.csv"_s, noFonts, 0, ""},
         {u"b.pdf"_s, smallDisk, 5, "b.pdf cannot be written: "},
-        {u"b.csv"_s, smallDisk, 5, "b.csv cannot be written: "},
-        {u"b.html"_s, smallDisk, 5, "b.html cannot be written: "},
+        {u"b.csv"_s, smallDisk, 5, "b.csv cannot be written: File too large"},
+        {u"b.html"_s, smallDisk, 5, "b.html cannot be written: File too large"},
         {u"b.xlsx"_s, smallDisk, 5, "b.xlsx cannot be written: "},
     };
     for (const auto &[name, before, status, words] : cases) {
