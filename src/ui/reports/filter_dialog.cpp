@@ -57,7 +57,7 @@ ReportFilterDialog::ReportFilterDialog(const QString &what,
     }
     buttons->addStretch();
     auto *grid = new QGridLayout(this);
-    grid->addWidget(LabelFor(u"Report &on these %1:"_s.arg(what), *taken), 0, 0);
+    grid->addWidget(LabelFor(u"Report on &these %1:"_s.arg(what), *taken), 0, 0);
     grid->addWidget(LabelFor(u"&Other %1:"_s.arg(what), *left), 0, 2);
     grid->addWidget(taken, 1, 0);
     grid->addLayout(buttons, 1, 1);

@@ -149,6 +149,7 @@ void ReportViewer::Show(const Outcome &outcome)
         Say(u"No font is installed; install fonts-dejavu-core"_s);
         return;
     }
+    Say({}); // no more of the progress
     view->SetPages(pages);
     view->setFocus();
 }

@@ -1,8 +1,8 @@
 #include "ui/reports/reports_dialog.h"
 
 #include "app/administrator_app.h"
+#include "db/failure_log.h"
 #include "reports/connection_text.h"
-#include "reports/filter_choices.h"
 #include "reports/wording.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
@@ -116,8 +116,12 @@ QWidget *ReportsDialog::BuildFilters()
 {
     users = MakeButton<QPushButton>(u"Users to report on..."_s, "users");
     groups = MakeButton<QPushButton>(u"Groups to report on..."_s, "groups");
-    connect(users, &QPushButton::clicked, this, &ReportsDialog::ChooseUsers);
-    connect(groups, &QPushButton::clicked, this, &ReportsDialog::ChooseGroups);
+    connect(users, &QPushButton::clicked, this, [this] {
+        Choose(u"users"_s, OfferedUsers, userFilter);
+    });
+    connect(groups, &QPushButton::clicked, this, [this] {
+        Choose(u"groups"_s, OfferedGroups, groupFilter);
+    });
     filterNote = new QLabel;
     filterNote->setObjectName(u"filterNote"_s);
     filterNote->setWordWrap(true);
@@ -194,20 +198,21 @@ void ReportsDialog::ShowFilterNote()
     filterNote->setText(unused ? words + u" - filters apply only with a period." : words);
 }
 
-void ReportsDialog::ChooseUsers()
+// Without the names a filter would be lost, and the report be made on everybody.
+void ReportsDialog::Choose(const QString &what, const Offers &offers, ReportFilter &filter)
 {
-    ReportFilterDialog dialog(u"users"_s, OfferedUsers(), userFilter, this);
-    if (dialog.exec() == QDialog::Accepted) {
-        userFilter = dialog.Filter();
-        ShowFilterNote();
+    const FailureLog &log = FailureLog::Instance();
+    const qsizetype failures = log.Count();
+    const auto offered = offers();
+    if (log.Count() != failures) {
+        theApp->Messages().Tell(
+            u"The %1 cannot be read: %2"_s.arg(what, log.Recent().constLast().text),
+            Prompt::Icon::Warning);
+        return;
     }
-}
-
-void ReportsDialog::ChooseGroups()
-{
-    ReportFilterDialog dialog(u"groups"_s, OfferedGroups(), groupFilter, this);
+    ReportFilterDialog dialog(what, offered, filter, this);
     if (dialog.exec() == QDialog::Accepted) {
-        groupFilter = dialog.Filter();
+        filter = dialog.Filter();
         ShowFilterNote();
     }
 }

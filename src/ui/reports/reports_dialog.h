@@ -2,9 +2,13 @@
 #pragma once
 
 #include "reports/catalogue.h"
+#include "reports/filter_choices.h"
 #include "reports/selection.h"
 
 #include <QDialog>
+
+#include <functional>
+#include <vector>
 
 class CCrystalCtrl;
 class QDateEdit;
@@ -35,8 +39,8 @@ private:
     void ShowSelected(int row);
     void EnablePickers();
     void ShowFilterNote();
-    void ChooseUsers();
-    void ChooseGroups();
+    using Offers = std::function<std::vector<NamedId>()>;
+    void Choose(const QString &what, const Offers &offers, ReportFilter &filter);
     void ShowHelp();
     void KeepSelected();
     [[nodiscard]] int SelectedRow() const;

@@ -8,6 +8,7 @@
 #include "support/windows/window_fixture.h"
 #include "ui/reports/crystal_ctrl.h"
 #include "ui/reports/page_view.h"
+#include "ui/reports/report_job.h"
 #include "ui/reports/report_viewer.h"
 
 #include <QComboBox>
@@ -298,6 +299,46 @@ TEST_F(Reports, UsersAndGroupsNarrowAReportWithAPeriod)
     EXPECT_TRUE(Puts(puts).filter(u" AND (users.user_id = "_s).size() == 1);
 }
 
+TEST_F(Reports, AFilterIsKeptWhenItsNamesCannotBeRead)
+{
+    for (const char *name : {"users", "groups"}) {
+        const WhileModal take([&](QDialog &filter) {
+            ClickCell(Find<QListWidget>(filter, "left"), 0, 0);
+            Click(filter, "take");
+            Click(filter, "ok");
+        });
+        Click(*dialog, name);
+    }
+    const QString note = Find<QLabel>(*dialog, "filterNote").text();
+    Execute("DROP TABLE users");
+    Execute("DROP TABLE groups");
+    for (const char *name : {"users", "groups"}) {
+        Click(*dialog, name);
+        const QString words = u"The %1 cannot be read: "_s.arg(QLatin1StringView(name));
+        EXPECT_TRUE(prompt.TakeSaid().value(0).startsWith(words));
+    }
+    EXPECT_TRUE(note.contains(u"users ") && note.contains(u"groups ")) << note.toStdString();
+    EXPECT_EQ(Find<QLabel>(*dialog, "filterNote").text(), note);
+}
+
+TEST_F(Reports, EachKeyOfAFilterDialogIsThereOnce)
+{
+    const WhileModal look([](QDialog &filter) {
+        QStringList keys;
+        for (const auto *label : filter.findChildren<QLabel *>()) {
+            keys += QKeySequence::mnemonic(label->text()).toString();
+        }
+        for (const auto *button : filter.findChildren<QAbstractButton *>()) {
+            keys += QKeySequence::mnemonic(button->text()).toString();
+        }
+        keys.removeAll(QString());
+        EXPECT_GE(keys.size(), 6);
+        EXPECT_EQ(keys.removeDuplicates(), 0) << keys.join(u' ').toStdString();
+        filter.reject();
+    });
+    Click(*dialog, "users");
+}
+
 TEST_F(Reports, FailuresAreToldInTheDialog)
 {
     theApp->Config().WriteText(values::kPath, u"/nowhere/"_s);
@@ -330,6 +371,16 @@ TEST_F(Reports, ARunCanBeStopped)
     EXPECT_LT(watch.elapsed(), 250);
     EXPECT_EQ(Message(), u"The report was stopped."_s);
     EXPECT_TRUE(Find<QWidget>(*dialog, "generate").isEnabled());
+}
+
+TEST_F(Reports, ProgressIsShownOnlyWhileAReportIsMade)
+{
+    MultiplyVisits(9);
+    Select(15);
+    const QSignalSpy progressed(dialog->findChild<ReportJob *>(), &ReportJob::Progressed);
+    ClickGenerate();
+    ASSERT_GT(progressed.count(), 0);
+    EXPECT_EQ(Message(), QString());
 }
 
 TEST_F(Reports, ASavingCanBeStopped)
