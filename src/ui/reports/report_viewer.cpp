@@ -25,6 +25,8 @@ ReportViewer::ReportViewer(QWidget *parent) : QWidget(parent), job(this)
     message = new QLabel;
     message->setObjectName(u"message"_s);
     message->setWordWrap(true);
+    message->setTextFormat(Qt::PlainText); // it quotes file names, searches, drivers
+    message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // however long
     message->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     bar = new ViewerBar(*view);
     MakeProgressRow();

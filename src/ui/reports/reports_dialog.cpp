@@ -125,6 +125,9 @@ QWidget *ReportsDialog::BuildFilters()
     filterNote = new QLabel;
     filterNote->setObjectName(u"filterNote"_s);
     filterNote->setWordWrap(true);
+    filterNote->setTextFormat(Qt::PlainText); // names are no mark-up
+    filterNote->setSizePolicy(QSizePolicy::Ignored,
+                              QSizePolicy::Preferred); // nor widen the choices
     auto *box = new QWidget;
     auto *column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);

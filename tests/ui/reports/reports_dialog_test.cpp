@@ -321,6 +321,31 @@ TEST_F(Reports, AFilterIsKeptWhenItsNamesCannotBeRead)
     EXPECT_EQ(Find<QLabel>(*dialog, "filterNote").text(), note);
 }
 
+TEST_F(Reports, ForeignTextsAreNoMarkupAndTakeNoRoomFromThePages)
+{
+    Select(6);
+    ClickGenerate();
+    const int pagesWidth = dialog->Viewer().View().width();
+    const WhileModal take([&](QDialog &filter) {
+        auto &left = Find<QListWidget>(filter, "left");
+        left.selectAll();
+        left.item(0)->setSelected(false);
+        Click(filter, "take");
+        Click(filter, "ok");
+    });
+    Click(*dialog, "users");
+    QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
+    dialog->Viewer().Find(u"<b>"_s + QString(1000, u'w'));
+    ASSERT_TRUE(ready.wait(20'000));
+    Grab(*dialog, u"reports-foreign-texts"_s);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(dialog->Viewer().View().width(), pagesWidth);
+    for (const char *name : {"filterNote", "message"}) {
+        EXPECT_TRUE(Find<QLabel>(*dialog, name).text().contains(u"<b>"));
+        EXPECT_EQ(Find<QLabel>(*dialog, name).textFormat(), Qt::PlainText);
+    }
+}
+
 TEST_F(Reports, EachKeyOfAFilterDialogIsThereOnce)
 {
     const WhileModal look([](QDialog &filter) {
