@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kPartRows = 5000; // some hundred kilobytes in the driver
 
-// Wide enough for every value of the described type.
+// Wide enough for every value of the described type; decimal numbers keep their digits as texts.
 const char *ColumnType(qint16 described)
 {
     switch (described) {
@@ -19,8 +19,6 @@ const char *ColumnType(qint16 described)
     case SQL_INTEGER:
     case SQL_BIGINT:
         return "BIGINT";
-    case SQL_DECIMAL:
-    case SQL_NUMERIC:
     case SQL_REAL:
     case SQL_FLOAT:
     case SQL_DOUBLE:

@@ -152,6 +152,33 @@ TEST_P(MadeReport, SumsAreOfTheRowsThatWereRead)
     EXPECT_EQ(summed, rows);
 }
 
+// An engine may describe a sum as a decimal number; no digit of it is lost on the way.
+TEST_P(MadeReport, LargeWholeNumbersAreReadToTheLastDigit)
+{
+    LayoutError error;
+    const Layout layout = ParseLayout(R"(title = "T"
+query = "SELECT SUM(9007199254740993) AS number, SUM(9007199254740993) AS digits FROM users WHERE user_id = 1"
+[[column]]
+name = "number"
+type = "integer"
+[[column]]
+name = "digits"
+)",
+                                      u"t"_s,
+                                      error)
+                              .value();
+    RunControl control;
+    const auto connection = Open();
+    ReportQuery query(layout, {}, *connection, control);
+    std::vector<CellRow> rows;
+    ASSERT_TRUE(query.Rows([&](CellRow &&row) {
+        rows.push_back(std::move(row));
+        return true;
+    })) << query.Problem().text.toStdString();
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0], CellRow({qint64 {9007199254740993}, u"9007199254740993"_s}));
+}
+
 TEST_P(MadeReport, CancelEndsAReportThatRuns)
 {
     RunControl control;
