@@ -70,6 +70,7 @@ bool WriteReport(const ReportTablePtr &table,
     const bool written = file.open(QIODevice::WriteOnly)
         && WriteDevice(table, *format, file, control, words) && file.flush();
     if (!written) {
+        words = words.isEmpty() ? file.errorString() : words; // closing forgets it
         file.cancelWriting();
     }
     if (file.commit() && written) {
