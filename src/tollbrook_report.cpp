@@ -52,7 +52,8 @@ struct Arguments
     QCommandLineOption report {
         u"report"_s, u"The report, by number, title or layout file."_s, u"NAME|NUMBER"_s};
     QCommandLineOption period {u"period"_s,
-                               u"all, today, week, month, or FROM..TO as 2026-11-01..2026-11-21."_s,
+                               u"all (unless given), today, week, month, or FROM..TO as "
+                               "2026-11-01..2026-11-21."_s,
                                u"PERIOD"_s,
                                u"all"_s};
     QCommandLineOption users {
@@ -61,7 +62,8 @@ struct Arguments
         u"groups"_s, u"Only these groups, as a,b; counts with a period only."_s, u"NAMES"_s};
     QCommandLineOption output {
         u"output"_s, u"The file to write: .pdf, .csv, .html or .xlsx."_s, u"FILE"_s};
-    QCommandLineOption dsn {u"dsn"_s, u"The ODBC data source."_s, u"NAME"_s, u"bill"_s};
+    QCommandLineOption dsn {
+        u"dsn"_s, u"The ODBC data source; bill unless given."_s, u"NAME"_s, u"bill"_s};
     QCommandLineOption config {
         u"config"_s, u"The folder of settings, which tells where the layouts are."_s, u"DIR"_s};
     QCommandLineOption failIfEmpty {u"fail-if-empty"_s,
@@ -196,7 +198,10 @@ int main(int argc, char **argv)
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     QGuiApplication::setApplicationName(u"tollbrook-report"_s);
     QCommandLineParser parser;
-    parser.setApplicationDescription(u"Makes one of the console's reports as a file."_s);
+    parser.setApplicationDescription(
+        u"Makes one of the console's reports as a file.\n\n"
+        "Exit status: 0 done, 1 nothing to report, 2 wrong arguments, 3 database, 4 layout, "
+        "5 output."_s);
     const Arguments arguments;
     parser.addOptions({arguments.help,
                        arguments.list,

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QSet>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -47,8 +48,8 @@ ReportFilterDialog::ReportFilterDialog(const QString &what,
     connect(takeAll, &QPushButton::clicked, this, [this] { MoveAll(*left, *taken); });
     connect(drop, &QPushButton::clicked, this, [this] { Move(*taken, *left); });
     connect(dropAll, &QPushButton::clicked, this, [this] { MoveAll(*taken, *left); });
-    connect(left, &QListWidget::itemActivated, this, [this] { Move(*left, *taken); });
-    connect(taken, &QListWidget::itemActivated, this, [this] { Move(*taken, *left); });
+    MoveWhenChosen(*left, *taken);
+    MoveWhenChosen(*taken, *left);
     auto *buttons = new QVBoxLayout;
     buttons->addStretch();
     for (auto *button : {take, takeAll, drop, dropAll}) {
@@ -76,6 +77,18 @@ QListWidget *ReportFilterDialog::MakeList(const char *name)
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setUniformItemSizes(true);
     return list;
+}
+
+// By a double click, or by Return: as a shortcut it does not press the dialog's button besides.
+void ReportFilterDialog::MoveWhenChosen(QListWidget &from, QListWidget &to)
+{
+    const auto move = [&from, &to] { Move(from, to); };
+    connect(&from, &QListWidget::itemDoubleClicked, this, move);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *shortcut = new QShortcut(key, &from);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, move);
+    }
 }
 
 void ReportFilterDialog::Move(QListWidget &from, QListWidget &to)

@@ -24,6 +24,7 @@ public:
 
 private:
     [[nodiscard]] QListWidget *MakeList(const char *name);
+    void MoveWhenChosen(QListWidget &from, QListWidget &to);
     static void Move(QListWidget &from, QListWidget &to);
     static void MoveAll(QListWidget &from, QListWidget &to);
 

@@ -290,6 +290,9 @@ void ReportsDialog::Generate()
     Viewer().SetHeading(PeriodInWords(period),
                         period.choice == PeriodChoice::All ? QString() : FilterWords());
     Drive(row, query);
+    if (generate->hasFocus()) {
+        catalogue->setFocus(); // else it goes on to "Help"; Return generates here too
+    }
     generate->setEnabled(!Viewer().IsBusy());
 }
 

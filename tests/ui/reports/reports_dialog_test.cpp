@@ -364,6 +364,41 @@ TEST_F(Reports, EachKeyOfAFilterDialogIsThereOnce)
     Click(*dialog, "users");
 }
 
+TEST_F(Reports, ReturnMovesNamesOfAFilterOneByOne)
+{
+    const WhileModal choose([](QDialog &filter) {
+        auto &taken = Find<QListWidget>(filter, "taken");
+        auto &left = Find<QListWidget>(filter, "left");
+        const int offered = left.count();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&filter));
+        for (int name = 1; name <= 2; ++name) {
+            ClickCell(left, 0, 0);
+            QTest::keyClick(&left, Qt::Key_Return);
+            EXPECT_EQ(taken.count(), name);
+        }
+        ClickCell(taken, 0, 0);
+        QTest::keyClick(&taken, Qt::Key_Enter);
+        EXPECT_EQ(taken.count(), 1);
+        EXPECT_EQ(left.count(), offered - 1);
+        EXPECT_TRUE(filter.isVisible());
+        Click(filter, "ok");
+    });
+    Click(*dialog, "users");
+    EXPECT_TRUE(Find<QLabel>(*dialog, "filterNote").text().startsWith(u"users "_s));
+}
+
+TEST_F(Reports, AFailedReportCanBeMadeAgainByTheSameKey)
+{
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    theApp->Config().WriteText(values::kPath, u"/nowhere/"_s);
+    Select(0);
+    Find<QWidget>(*dialog, "generate").setFocus();
+    ClickGenerate();
+    EXPECT_FALSE(Message().isEmpty());
+    EXPECT_EQ(dialog->focusWidget(), &Find<QWidget>(*dialog, "catalogue"));
+}
+
 TEST_F(Reports, FailuresAreToldInTheDialog)
 {
     theApp->Config().WriteText(values::kPath, u"/nowhere/"_s);
