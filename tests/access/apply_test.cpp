@@ -265,9 +265,9 @@ TEST_F(UserApply, ARaisedLimitLiftsABlockWhenSomethingIsLeft)
             EXPECT_EQ(run.contains(QString::fromLatin1(kUnblock)), each.lifted);
             EXPECT_THAT(RowsOf("SELECT blocked, blockreason FROM users WHERE user_id = 1"),
                         ElementsAre(u"%1|%2"_s.arg(each.lifted ? 0 : 1).arg(each.reason)));
-            const auto record_of = mode == mode::kTraffic ? "SELECT blocked FROM traffic_use"
-                                                          : "SELECT blocked FROM time_use";
-            EXPECT_THAT(RowsOf(record_of), ElementsAre(each.raised ? u"0"_s : u"1"_s));
+            const auto recordOf = mode == mode::kTraffic ? "SELECT blocked FROM traffic_use"
+                                                         : "SELECT blocked FROM time_use";
+            EXPECT_THAT(RowsOf(recordOf), ElementsAre(each.raised ? u"0"_s : u"1"_s));
         }
     }
 }

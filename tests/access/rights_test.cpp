@@ -13,7 +13,6 @@
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
