@@ -35,7 +35,7 @@ QList<CurrencyRow> CurrencyRows(const CurrencySettings &settings)
 QString UsedSymbol(const CurrencySettings &settings)
 {
     return settings.use == CurrencySettings::InUse ? settings.symbol.left(kUsedSymbol)
-                                                    : kBaseSymbol.toString();
+                                                   : kBaseSymbol.toString();
 }
 
 QString TextOf(CurrencyProblem problem)
