@@ -9,6 +9,9 @@ struct Promises
     std::vector<Bound> bounds;
 };
 
+// The shortest counts: a shared machine's speed changes by a third from one run to the next.
+constexpr int kRunsOfRatio = 2;
+
 void AddRows(Promises &promises); // summing and streaming, against the engines' clients
 void AddPages(Promises &promises); // long PDF files
 void AddWindow(Promises &promises); // the preview: first page, gaps, Cancel

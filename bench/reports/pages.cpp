@@ -84,6 +84,7 @@ void AddPages(Promises &promises)
         benchmark::RegisterBenchmark(length.name,
                                      [=](benchmark::State &state) { TimePages(state, length); })
             ->Iterations(1)
+            ->Repetitions(kRunsOfRatio)
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond);
     }

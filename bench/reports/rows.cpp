@@ -19,7 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSummary = 0; // in the catalogue
-constexpr int kRuns = 2; // a shared machine's speed changes by a third from one to the next
 
 QString Spelt(const QString &dsn, const QString &statement)
 {
@@ -111,7 +110,7 @@ void AddRows(Promises &promises)
                 name(what).c_str(),
                 [=](benchmark::State &state) { function(state, QString::fromLatin1(engine)); })
                 ->Iterations(1)
-                ->Repetitions(kRuns)
+                ->Repetitions(kRunsOfRatio)
                 ->UseManualTime()
                 ->Unit(benchmark::kMillisecond);
         };
