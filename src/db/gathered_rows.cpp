@@ -3,8 +3,6 @@
 #include <sql.h>
 #include <sqlext.h>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int kPartRows = 5000; // some hundred kilobytes in the driver
