@@ -5,6 +5,7 @@
 #include "db/dialect.h"
 #include "db/direct_connection.h"
 #include "db/session.h"
+#include "startup/start_up.h"
 #include "support/bench_database.h"
 #include "support/promise.h"
 #include "ui/common/message_box_prompt.h"
@@ -132,11 +133,12 @@ void RefillBare(benchmark::State &state, const QString &engine)
 
 void RefillList(benchmark::State &state, const QString &engine, int users)
 {
-    ConnectDatabase(BenchDatabase(engine, users).toUtf8().constData());
-    const ConfigStore config(u"nowhere"_s);
-    const FrameDialogs dialogs;
+    StartedProgram program =
+        StartProgram({.configFolder = u"nowhere"_s, .dataSource = BenchDatabase(engine, users)});
     MessageBoxPrompt prompt;
-    CAdministratorView view(config, prompt, dialogs, nullptr);
+    const AppServices services = ServicesOf(program, prompt);
+    const FrameDialogs dialogs;
+    CAdministratorView view(services, dialogs, nullptr);
     view.resize(900, 500);
     view.show();
     view.LoadColumns();

@@ -3,7 +3,6 @@
 #include "access/blocking.h"
 #include "access/usage_records.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 #include "demo/charging.h"
 
 #include <algorithm>
@@ -13,13 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 kTrafficUsedUp = 1;
-constexpr quint32 kTimeUsedUp = 2;
-
 // What counting traffic, counting time and counting a group's traffic differ in.
+template <typename OwnerId, typename RecordId>
 struct Meter
 {
-    quint32 (*find)(quint32 owner, quint32 usagePeriod);
+    RecordId (*find)(OwnerId owner, UsagePeriod period);
     const char *insert; // owner, usage period, day
     const char *read; // day and amount of the record
     const char *add; // amount, record
@@ -29,7 +26,7 @@ struct Meter
     const char *closeCredits; // record
 };
 
-constexpr Meter kTraffic {
+constexpr Meter<UserId, TrafficRecordId> kTraffic {
     FindUserTrafficRecord,
     "INSERT INTO traffic_use (user_id, period, current_time) VALUES ((?), (?), (?))",
     "SELECT current_time, data FROM traffic_use WHERE traf_id = (?)",
@@ -41,7 +38,7 @@ constexpr Meter kTraffic {
     "ORDER BY date, bill_id",
     "UPDATE billing SET closed = 1 WHERE trafid = (?) and mode = 1"};
 
-constexpr Meter kTime {
+constexpr Meter<UserId, TimeRecordId> kTime {
     FindUserTimeRecord,
     "INSERT INTO time_use (user_id, period, current_time) VALUES ((?), (?), (?))",
     "SELECT current_time, data FROM time_use WHERE time_id = (?)",
@@ -52,8 +49,8 @@ constexpr Meter kTime {
     "ORDER BY date, bill_id",
     "UPDATE billing SET closed = 1 WHERE time_id = (?) and mode = 4"};
 
-constexpr Meter kGroupTraffic {
-    [](quint32 groupId, quint32) { return FindGroupTrafficRecord(groupId); },
+constexpr Meter<GroupId, TrafficRecordId> kGroupTraffic {
+    [](GroupId groupId, UsagePeriod) { return FindGroupTrafficRecord(groupId); },
     "INSERT INTO traffic_use (group_id, period, current_time) VALUES ((?), (?), (?))",
     kTraffic.read,
     kTraffic.add,
@@ -64,26 +61,26 @@ constexpr Meter kGroupTraffic {
 
 struct User
 {
-    quint32 mode = 0;
-    quint32 trafficLimit = 0; // megabytes
-    quint32 timeLimit = 0; // hours
-    quint32 trafficPeriod = 0;
-    quint32 timePeriod = 0;
-    quint32 groupId = 0;
+    AccountingMode mode = AccountingMode::NoControl;
+    WholeMegabytes trafficLimit;
+    WholeHours timeLimit;
+    LimitPeriod trafficPeriod = LimitPeriod::None;
+    LimitPeriod timePeriod = LimitPeriod::None;
+    GroupId groupId;
     bool ownPrice = false;
     double price = 0;
 
     [[nodiscard]] bool LimitsTraffic() const
     {
-        return mode == mode::kTraffic || mode == mode::kTrafficAndTime;
+        return mode == AccountingMode::Traffic || mode == AccountingMode::TrafficAndTime;
     }
     [[nodiscard]] bool LimitsTime() const
     {
-        return mode == mode::kTime || mode == mode::kTrafficAndTime;
+        return mode == AccountingMode::Time || mode == AccountingMode::TrafficAndTime;
     }
 };
 
-User ReadUser(quint32 userId)
+User ReadUser(UserId userId)
 {
     RunQuery(
         "SELECT mode, traflim, timelim, trafperiod, timeperiod, group_id, own_price, trafprice "
@@ -91,54 +88,52 @@ User ReadUser(quint32 userId)
         FetchMode::One,
         userId);
     const QueryResult &row = queryResult;
-    return {row.Integer(1),
-            row.Integer(2),
-            row.Integer(3),
-            row.Integer(4),
-            row.Integer(5),
-            row.Integer(6),
+    return {row.Code<AccountingMode>(1),
+            WholeMegabytes {row.Integer(2)},
+            WholeHours {row.Integer(3)},
+            row.Code<LimitPeriod>(4),
+            row.Code<LimitPeriod>(5),
+            row.Id<GroupId>(6),
             row.Flag(7),
             row.Amount(8)};
 }
 
-// A limit's period code is its usage record's period code.
-static_assert(period::kDay == usage_period::kDay && period::kMonth == usage_period::kMonth);
-
 // A monthly record is kept for ever and begins anew with its owner's first use in a month.
-bool IsOfAnEarlierMonth(const Meter &meter, quint32 record)
+template <typename OwnerId, typename RecordId>
+bool IsOfAnEarlierMonth(const Meter<OwnerId, RecordId> &meter, RecordId record)
 {
     RunQuery(meter.read, FetchMode::One, record);
     return queryResult.Text(1).left(7) < Today().toString(u"yyyy-MM"_s);
 }
 
-quint32 RecordFor(const Meter &meter, quint32 owner, quint32 usagePeriod)
+template <typename OwnerId, typename RecordId>
+RecordId RecordFor(const Meter<OwnerId, RecordId> &meter, OwnerId owner, UsagePeriod period)
 {
-    quint32 record = meter.find(owner, usagePeriod);
-    if (record == 0) {
-        Execute(meter.insert, owner, usagePeriod, DayOf(Today()));
-        return meter.find(owner, usagePeriod);
+    const RecordId record = meter.find(owner, period);
+    if (!record.IsSet()) {
+        Execute(meter.insert, owner, period, DayOf(Today()));
+        return meter.find(owner, period);
     }
-    if (usagePeriod == usage_period::kMonth && IsOfAnEarlierMonth(meter, record)) {
+    if (period == UsagePeriod::Month && IsOfAnEarlierMonth(meter, record)) {
         Execute(meter.closeCredits, record);
         Execute(meter.renew, DayOf(Today()), record);
     }
     return record;
 }
 
-void AddSent(quint32 trafficRecord, double sent)
+void AddSent(TrafficRecordId record, Megabytes sent)
 {
-    Execute("UPDATE traffic_use SET senddata = senddata + (?) WHERE traf_id = (?)",
-            sent,
-            trafficRecord);
+    Execute("UPDATE traffic_use SET senddata = senddata + (?) WHERE traf_id = (?)", sent, record);
 }
 
 // False when neither the limit nor a credit has anything left.
-bool CountTowards(const Meter &meter, quint32 record, double limit, double amount)
+template <typename OwnerId, typename RecordId, typename Unit>
+bool CountTowards(const Meter<OwnerId, RecordId> &meter, RecordId record, Unit limit, Unit amount)
 {
     RunQuery(meter.read, FetchMode::One, record);
-    const double room = std::max(limit - queryResult.Amount(2), 0.0);
-    const double covered = std::min(amount, room);
-    const Charged charged = Charge(CreditsOfRecord(meter.credits, record), amount - covered);
+    const Unit room = std::max(limit - Unit {queryResult.Amount(2)}, Unit {});
+    const Unit covered = std::min(amount, room);
+    const Charged<Unit> charged = Charge(CreditsOfRecord(meter.credits, record), amount - covered);
     Execute(meter.add, covered + charged.unpaid, record);
     const bool somethingLeft = covered < room || charged.creditLeft;
     if (!somethingLeft) {
@@ -147,70 +142,72 @@ bool CountTowards(const Meter &meter, quint32 record, double limit, double amoun
     return somethingLeft;
 }
 
-void CountDay(quint32 userId, const Activity &activity)
+void CountDay(UserId userId, const Activity &activity)
 {
-    const quint32 traffic = RecordFor(kTraffic, userId, usage_period::kStatistics);
+    const auto traffic = RecordFor(kTraffic, userId, UsagePeriod::Statistics);
     Execute(kTraffic.add, activity.received, traffic);
     AddSent(traffic, activity.sent);
-    Execute(kTime.add, activity.hours, RecordFor(kTime, userId, usage_period::kStatistics));
+    Execute(kTime.add, activity.hours, RecordFor(kTime, userId, UsagePeriod::Statistics));
 }
 
 // The group's own block is left to the administrator.
-void CountGroup(quint32 groupId, const Activity &activity)
+void CountGroup(GroupId groupId, const Activity &activity)
 {
     RunQuery("SELECT mode, traflim, trafperiod FROM groups WHERE group_id = (?)",
              FetchMode::One,
              groupId);
-    if (queryResult.Integer(1) != mode::kTraffic) {
+    if (queryResult.Code<AccountingMode>(1) != AccountingMode::Traffic) {
         return;
     }
-    const quint32 limit = queryResult.Integer(2);
-    const bool daily = queryResult.Integer(3) == period::kDay;
-    const quint32 record =
-        RecordFor(kGroupTraffic, groupId, daily ? usage_period::kDay : usage_period::kMonth);
+    const WholeMegabytes limit {queryResult.Integer(2)};
+    const bool daily = queryResult.Code<LimitPeriod>(3) == LimitPeriod::Day;
+    const TrafficRecordId record =
+        RecordFor(kGroupTraffic, groupId, daily ? UsagePeriod::Day : UsagePeriod::Month);
     AddSent(record, activity.sent);
-    static_cast<void>(CountTowards(kGroupTraffic, record, limit, activity.received));
+    static_cast<void>(CountTowards(kGroupTraffic, record, AmountOf(limit), activity.received));
 }
 
-bool TrafficIsPaid(quint32 userId, const User &user, const Activity &activity, double price)
+bool TrafficIsPaid(UserId userId, const User &user, const Activity &activity, double price)
 {
-    if (user.mode == mode::kProvider) {
+    if (user.mode == AccountingMode::Provider) {
         const auto credits = PrePaidCredits(userId, user.ownPrice ? user.price : price);
         return Charge(credits, activity.received).creditLeft;
     }
     if (!user.LimitsTraffic()) {
         return true;
     }
-    const quint32 record = RecordFor(kTraffic, userId, user.trafficPeriod);
+    const auto record = RecordFor(kTraffic, userId, UsagePeriodOf(user.trafficPeriod));
     AddSent(record, activity.sent);
-    return CountTowards(kTraffic, record, user.trafficLimit, activity.received);
+    return CountTowards(kTraffic, record, AmountOf(user.trafficLimit), activity.received);
 }
 
-bool TimeIsPaid(quint32 userId, const User &user, const Activity &activity)
+bool TimeIsPaid(UserId userId, const User &user, const Activity &activity)
 {
     return !user.LimitsTime()
-        || CountTowards(
-            kTime, RecordFor(kTime, userId, user.timePeriod), user.timeLimit, activity.hours);
+        || CountTowards(kTime,
+                        RecordFor(kTime, userId, UsagePeriodOf(user.timePeriod)),
+                        AmountOf(user.timeLimit),
+                        activity.hours);
 }
 
-bool HasBegunAnew(const Meter &meter, quint32 userId, quint32 usagePeriod)
+template <typename RecordId>
+bool HasBegunAnew(const Meter<UserId, RecordId> &meter, UserId userId, LimitPeriod period)
 {
-    const quint32 record = meter.find(userId, usagePeriod);
-    return record == 0
-        || (usagePeriod == usage_period::kMonth && IsOfAnEarlierMonth(meter, record));
+    const RecordId record = meter.find(userId, UsagePeriodOf(period));
+    return !record.IsSet() || (period == LimitPeriod::Month && IsOfAnEarlierMonth(meter, record));
 }
 
-bool MayGoOn(quint32 userId, quint32 reason)
+bool MayGoOn(UserId userId, BlockReason reason)
 {
     const User user = ReadUser(userId);
-    return reason == kTrafficUsedUp
+    return reason == BlockReason::TrafficUsedUp
         ? user.LimitsTraffic() && HasBegunAnew(kTraffic, userId, user.trafficPeriod)
         : user.LimitsTime() && HasBegunAnew(kTime, userId, user.timePeriod);
 }
 
 } // namespace
 
-quint32 CountActivity(quint32 userId, const Activity &activity, double price)
+BlockReason CountActivity(UserId userId, const Activity &activity, double price)
 {
     const User user = ReadUser(userId);
     CountDay(userId, activity);
@@ -218,9 +215,9 @@ quint32 CountActivity(quint32 userId, const Activity &activity, double price)
     const bool trafficPaid = TrafficIsPaid(userId, user, activity, price);
     const bool timePaid = TimeIsPaid(userId, user, activity);
     if (trafficPaid && timePaid) {
-        return 0;
+        return BlockReason::None;
     }
-    const quint32 reason = trafficPaid ? kTimeUsedUp : kTrafficUsedUp;
+    const BlockReason reason = trafficPaid ? BlockReason::TimeUsedUp : BlockReason::TrafficUsedUp;
     BlockUser(nullptr, userId, reason);
     return reason;
 }
@@ -229,15 +226,15 @@ int BeginNewPeriods()
 {
     struct Blocked
     {
-        quint32 userId;
-        quint32 reason;
+        UserId userId;
+        BlockReason reason;
     };
     std::vector<Blocked> blocked;
     {
         RowCursor rows("SELECT user_id, blockreason FROM users WHERE blocked = true "
                        "and (blockreason = 1 or blockreason = 2)");
         while (rows.Next()) {
-            blocked.push_back({queryResult.Integer(1), queryResult.Integer(2)});
+            blocked.push_back({queryResult.Id<UserId>(1), queryResult.Code<BlockReason>(2)});
         }
     }
     int unblocked = 0;

@@ -10,48 +10,82 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kUnbounded = std::numeric_limits<double>::infinity();
+constexpr Megabytes kUnbounded {std::numeric_limits<double>::infinity()};
 constexpr double kNothing = 1e-9; // what rounding leaves of an amount
-constexpr double kLeastMoney = 0.0001;
+constexpr BaseUnits kLeastMoney {0.0001};
 
-void Close(quint32 billId)
+void Close(BillId billId)
 {
     Execute("UPDATE billing SET closed = 1 WHERE bill_id = (?)", billId);
 }
 
 // The pre-paid credit in the current row: bill_id, data, usage, moneydata, moneyusage.
-Credit PrePaidCredit(double price)
+Credit<Megabytes> PrePaidCredit(double price)
 {
-    const quint32 billId = queryResult.Integer(1);
-    const double money = queryResult.Amount(4);
+    const auto billId = queryResult.Id<BillId>(1);
+    const BaseUnits money {queryResult.Amount(4)};
     if (money > kLeastMoney) {
-        const double left = money - queryResult.Amount(5);
-        return {billId, price > 0 ? left / price : kUnbounded, price};
+        const BaseUnits left = money - BaseUnits {queryResult.Amount(5)};
+        return {billId, price > 0 ? Megabytes {left.value / price} : kUnbounded, price};
     }
     if (queryResult.IsEmpty(2)) {
         return {billId, kUnbounded, 0};
     }
-    return {billId, queryResult.Amount(2) - queryResult.Amount(3), 0};
+    return {billId, Megabytes {queryResult.Amount(2)} - Megabytes {queryResult.Amount(3)}, 0};
 }
 
-} // namespace
-
-std::vector<Credit> CreditsOfRecord(const char *sqlText, quint32 recordId)
+template <typename Unit, typename RecordId>
+std::vector<Credit<Unit>> ReadCredits(const char *sqlText, RecordId record)
 {
-    std::vector<Credit> credits;
-    RowCursor rows(sqlText, recordId);
+    std::vector<Credit<Unit>> credits;
+    RowCursor rows(sqlText, record);
     while (rows.Next()) {
-        const double left = queryResult.Amount(2) - queryResult.Amount(3);
-        credits.push_back({queryResult.Integer(1), left, 0});
+        const Unit left = Unit {queryResult.Amount(2)} - Unit {queryResult.Amount(3)};
+        credits.push_back({queryResult.Id<BillId>(1), left, 0});
     }
     return credits;
 }
 
-std::vector<Credit> PrePaidCredits(quint32 userId, double price)
+template <typename Unit>
+Charged<Unit> ChargeEach(const std::vector<Credit<Unit>> &credits, Unit amount)
+{
+    bool creditLeft = false;
+    for (const Credit<Unit> &credit : credits) {
+        const Unit paid = std::min(amount, std::max(credit.left, Unit {}));
+        if (paid > Unit {}) {
+            Execute("UPDATE billing SET usage = usage + (?), moneyusage = moneyusage + (?) "
+                    "WHERE bill_id = (?)",
+                    paid,
+                    BaseUnits {paid.value * credit.price},
+                    credit.billId);
+        }
+        amount -= paid;
+        if (credit.left - paid > Unit {kNothing}) {
+            creditLeft = true;
+        } else {
+            Close(credit.billId);
+        }
+    }
+    return {amount, creditLeft};
+}
+
+} // namespace
+
+std::vector<Credit<Megabytes>> CreditsOfRecord(const char *sqlText, TrafficRecordId record)
+{
+    return ReadCredits<Megabytes>(sqlText, record);
+}
+
+std::vector<Credit<Hours>> CreditsOfRecord(const char *sqlText, TimeRecordId record)
+{
+    return ReadCredits<Hours>(sqlText, record);
+}
+
+std::vector<Credit<Megabytes>> PrePaidCredits(UserId userId, double price)
 {
     const QString today = Today().toString(u"yyyy.MM.dd"_s);
-    std::vector<Credit> credits;
-    std::vector<quint32> expired;
+    std::vector<Credit<Megabytes>> credits;
+    std::vector<BillId> expired;
     {
         RowCursor rows("SELECT bill_id, data, usage, moneydata, moneyusage, unlimited, expiredday "
                        "FROM billing WHERE object_id = (?) and mode = 2 and closed = 0 "
@@ -61,7 +95,7 @@ std::vector<Credit> PrePaidCredits(quint32 userId, double price)
             const QString lastDay = queryResult.Text(7);
             const bool expires = !queryResult.Flag(6) && !lastDay.isEmpty();
             if (expires && lastDay < today) {
-                expired.push_back(queryResult.Integer(1));
+                expired.push_back(queryResult.Id<BillId>(1));
             } else {
                 credits.push_back(PrePaidCredit(price));
             }
@@ -71,24 +105,12 @@ std::vector<Credit> PrePaidCredits(quint32 userId, double price)
     return credits;
 }
 
-Charged Charge(const std::vector<Credit> &credits, double amount)
+Charged<Megabytes> Charge(const std::vector<Credit<Megabytes>> &credits, Megabytes amount)
 {
-    bool creditLeft = false;
-    for (const Credit &credit : credits) {
-        const double paid = std::min(amount, std::max(credit.left, 0.0));
-        if (paid > 0) {
-            Execute("UPDATE billing SET usage = usage + (?), moneyusage = moneyusage + (?) "
-                    "WHERE bill_id = (?)",
-                    paid,
-                    paid * credit.price,
-                    credit.billId);
-        }
-        amount -= paid;
-        if (credit.left - paid > kNothing) {
-            creditLeft = true;
-        } else {
-            Close(credit.billId);
-        }
-    }
-    return {amount, creditLeft};
+    return ChargeEach(credits, amount);
+}
+
+Charged<Hours> Charge(const std::vector<Credit<Hours>> &credits, Hours amount)
+{
+    return ChargeEach(credits, amount);
 }

@@ -13,7 +13,7 @@ public:
     explicit MadeUpTraffic(quint32 seed) : random(seed) { }
 
     // Up to `count` of `users`, each at most once; one in forty is always among them.
-    [[nodiscard]] std::vector<quint32> Choose(std::vector<quint32> users, size_t count);
+    [[nodiscard]] std::vector<UserId> Choose(std::vector<UserId> users, size_t count);
 
     // A few megabytes received, fewer sent, and one to three minutes on line.
     [[nodiscard]] Activity Next();

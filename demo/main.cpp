@@ -25,12 +25,12 @@ void Say(const QString &text)
     out << QTime::currentTime().toString(u"HH:mm:ss "_s) << text << Qt::endl;
 }
 
-std::vector<quint32> UsersThatMayWork()
+std::vector<UserId> UsersThatMayWork()
 {
-    std::vector<quint32> users;
+    std::vector<UserId> users;
     RowCursor rows("SELECT user_id FROM users WHERE monitored = true and blocked = false");
     while (rows.Next()) {
-        users.push_back(queryResult.Integer(1));
+        users.push_back(queryResult.Id<UserId>(1));
     }
     return users;
 }
@@ -67,16 +67,18 @@ struct Counter
         if (unblocked > 0) {
             Say(u"a new period: %1 users unblocked"_s.arg(unblocked));
         }
-        double received = 0;
+        Megabytes received;
         const auto chosen = traffic.Choose(UsersThatMayWork(), users);
-        for (const quint32 user : chosen) {
+        for (const UserId user : chosen) {
             const Activity activity = traffic.Next();
             received += activity.received;
-            if (const quint32 reason = CountActivity(user, activity, price); reason != 0) {
-                Say(u"user %1 blocked, reason %2"_s.arg(user).arg(reason));
+            const BlockReason reason = CountActivity(user, activity, price);
+            if (reason != BlockReason::None) {
+                Say(u"user %1 blocked, reason %2"_s.arg(user.value)
+                        .arg(static_cast<quint32>(reason)));
             }
         }
-        Say(u"counted %1 Mb of %2 users"_s.arg(received, 0, 'f', 2).arg(chosen.size()));
+        Say(u"counted %1 Mb of %2 users"_s.arg(received.value, 0, 'f', 2).arg(chosen.size()));
     }
 
     QTimer timer;

@@ -74,23 +74,14 @@ void AnswerQuestions(QCommandLineParser &parser, int argc, char **argv)
     }
 }
 
-QString ConfigFolder(const QCommandLineParser &parser, const Options &options)
-{
-    return parser.isSet(options.config)
-        ? parser.value(options.config)
-        : qEnvironmentVariable("TOLLBROOK_CONFIG", u"/etc/tollbrook"_s);
-}
-
 QDBusConnection Bus(const QCommandLineParser &parser, const Options &options)
 {
     const QString name = parser.value(options.bus);
-    if (name == u"session"_s) {
-        return QDBusConnection::sessionBus();
-    }
-    if (name != u"system"_s) {
+    const auto bus = BusNamed(name);
+    if (!bus) {
         Refuse(u"there is no message bus called '%1'; it is system or session."_s.arg(name));
     }
-    return QDBusConnection::systemBus();
+    return *bus;
 }
 
 // A window manager paints and places the window in its own time; what is asked at the start should
@@ -129,8 +120,13 @@ int main(int argc, char **argv)
 
     MessageBoxPrompt prompt;
     std::unique_ptr<CSplitterFrame> frame;
-    app.SetUp({ConfigFolder(parser, options), Bus(parser, options)}, prompt, [&] {
-        frame = std::make_unique<CSplitterFrame>(app, StandardDialogs(app));
+    const StartUpOptions startUp {.configFolder = parser.value(options.config),
+                                  .bus = Bus(parser, options)};
+    app.SetUp(startUp, prompt, [&] {
+        const ServiceAtStart found {.running = app.IsServiceRunning(),
+                                    .connected = app.IsConnected()};
+        frame = std::make_unique<CSplitterFrame>(
+            app.Services(), found, StandardDialogs(app.Services()));
         frame->show();
         WaitUntilSeen(*frame);
         frame->FirstStart();

@@ -1,5 +1,4 @@
 // Makes one report without a screen: for timers and scripts.
-#include "config/config_store.h"
 #include "db/failure_log.h"
 #include "db/session.h"
 #include "reports/catalogue.h"
@@ -8,6 +7,7 @@
 #include "reports/output.h"
 #include "reports/selection.h"
 #include "reports/wording.h"
+#include "startup/start_up.h"
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
@@ -70,12 +70,6 @@ struct Arguments
                                     u"Exit status 1 when there is nothing to report."_s};
 };
 
-QString ConfigFolder(const QCommandLineParser &parser, const Arguments &arguments)
-{
-    const QString given = parser.value(arguments.config);
-    return !given.isEmpty() ? given : qEnvironmentVariable("TOLLBROOK_CONFIG", u"/etc/tollbrook"_s);
-}
-
 std::optional<ReportPeriod> PeriodFrom(const QString &text)
 {
     const QStringList words {u"all"_s, u"today"_s, u"week"_s, u"month"_s};
@@ -91,6 +85,20 @@ std::optional<ReportPeriod> PeriodFrom(const QString &text)
     return ReportPeriod {PeriodChoice::Custom, DayOf(from), DayOf(to)};
 }
 
+struct WantedNames
+{
+    QStringList users;
+    QStringList groups;
+
+    [[nodiscard]] bool IsEmpty() const { return users.isEmpty() && groups.isEmpty(); }
+};
+
+WantedNames NamesOf(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    return {NamesFrom(parser.values(arguments.users).join(u',')),
+            NamesFrom(parser.values(arguments.groups).join(u','))};
+}
+
 struct Filters
 {
     QString userClause;
@@ -99,24 +107,22 @@ struct Filters
 };
 
 // Looks the names up in the database. A status other than Done ends the program.
-int ReadFilters(const QCommandLineParser &parser, const Arguments &arguments, Filters &filters)
+int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters &filters)
 {
-    const QStringList users = NamesFrom(parser.values(arguments.users).join(u','));
-    const QStringList groups = NamesFrom(parser.values(arguments.groups).join(u','));
-    if (users.isEmpty() && groups.isEmpty()) {
+    if (names.IsEmpty()) {
         return Done;
     }
-    if (ConnectDatabase(parser.value(arguments.dsn).toUtf8().constData()) == 0) {
-        return Fail(Database,
-                    u"the data source \"%1\" cannot be opened"_s.arg(parser.value(arguments.dsn)));
+    if (!program.databaseOpen) {
+        return Fail(Database, u"the data source \"%1\" cannot be opened"_s.arg(program.dataSource));
     }
     QStringList unknownUsers;
     QStringList unknownGroups;
-    if (!users.isEmpty()) {
-        filters.userClause = UserFilterClause(FilterOf(OfferedUsers(), users, unknownUsers));
+    if (!names.users.isEmpty()) {
+        filters.userClause = UserFilterClause(FilterOf(OfferedUsers(), names.users, unknownUsers));
     }
-    if (!groups.isEmpty()) {
-        filters.groupClause = GroupFilterClause(FilterOf(OfferedGroups(), groups, unknownGroups));
+    if (!names.groups.isEmpty()) {
+        filters.groupClause =
+            GroupFilterClause(FilterOf(OfferedGroups(), names.groups, unknownGroups));
     }
     DisconnectDatabase();
     if (const auto &failures = FailureLog::Instance().Recent(); !failures.isEmpty()) {
@@ -127,7 +133,7 @@ int ReadFilters(const QCommandLineParser &parser, const Arguments &arguments, Fi
             BadArguments,
             u"nobody is named \"%1\""_s.arg((unknownUsers + unknownGroups).join(u"\", \""_s)));
     }
-    filters.words = FilterInWords(users, groups);
+    filters.words = FilterInWords(names.users, names.groups);
     return Done;
 }
 
@@ -171,19 +177,23 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
     if (!FormatOf(output)) {
         return Fail(BadArguments, u"--output must name a .pdf, .csv, .html or .xlsx file"_s);
     }
+    const WantedNames names = NamesOf(parser, arguments);
+    const StartedProgram program = StartProgram({.configFolder = parser.value(arguments.config),
+                                                 .dataSource = parser.value(arguments.dsn),
+                                                 .opensDatabase = !names.IsEmpty()});
     Filters filters;
-    if (const int status = ReadFilters(parser, arguments, filters); status != Done) {
+    if (const int status = ReadFilters(names, program, filters); status != Done) {
         return status;
     }
     if (period->choice == PeriodChoice::All && !filters.words.isEmpty()) {
         Warn(u"users and groups apply only with a period; this report is of all of them"_s);
         filters = {};
     }
-    const ConfigStore config(ConfigFolder(parser, arguments));
     ReportRequest request;
-    request.layoutPath = LayoutPath(config.ReadText(values::kPath).value_or(QString()), row);
+    request.layoutPath =
+        LayoutPath(program.settings.ReadText(values::kPath).value_or(QString()), row);
     request.query = QueryText(row, *period, filters.userClause, filters.groupClause);
-    request.connectionText = ReportConnectionText(parser.value(arguments.dsn));
+    request.connectionText = ReportConnectionText(program.dataSource);
     request.period = PeriodInWords(*period);
     request.filter = filters.words;
     return Make(request, output, parser.isSet(arguments.failIfEmpty));

@@ -2,7 +2,7 @@
 
 The order of the folders stands in src/CMakeLists.txt: a folder may use those named before it.
 ODBC headers belong to db/, D-Bus headers to service/, widgets to ui/ and app/, and ui/ is free of
-SQL text.
+SQL text and of the application object: a window is handed what it uses.
 The programs' own files at the top of src/ put everything together: no rule holds for them.
 
 usage: check_layers.py SRC-FOLDER; prints file:line: complaint, exit status 1 when there is any.
@@ -37,6 +37,8 @@ def include_complaint(root, order, here, quote, name):
         there = layer(pathlib.PurePath(name))
         if there != here and (there not in order or order.index(there) > order.index(here)):
             return f"{here}/ may not include {there or 'a program'}/"
+        if there == "app" and here.startswith("ui/"):
+            return f"{here}/ includes {name}, while a window is handed what it uses"
     for pattern, homes in OWNED:
         if quote == "<" and pattern.fullmatch(name) and here.split("/")[0] not in homes:
             return f"{here}/ includes <{name}>, which belongs to {'/ and '.join(homes)}/"

@@ -2,6 +2,7 @@
 #include "db/dialect.h"
 #include "reports/benchmarks.h"
 #include "reports/report_data.h"
+#include "startup/start_up.h"
 #include "support/bench_database.h"
 #include "support/must.h"
 #include "ui/reports/page_view.h"
@@ -85,6 +86,19 @@ private:
     double taken = 0;
 };
 
+class FailingPrompt : public Prompt
+{
+public:
+    void Tell(const QString &text, Icon /*icon*/, const QString & /*caption*/) override
+    {
+        Fail(text);
+    }
+    [[nodiscard]] bool Ask(const QString &text, const QString & /*caption*/) override
+    {
+        Fail(text);
+    }
+};
+
 class Preview
 {
 public:
@@ -137,7 +151,10 @@ public:
     }
 
 private:
-    ReportsDialog dialog;
+    FailingPrompt prompt;
+    StartedProgram program = StartProgram({.configFolder = u"nowhere"_s, .opensDatabase = false});
+    const AppServices services = ServicesOf(program, prompt);
+    ReportsDialog dialog {services};
 };
 
 ReportRequest LongReport()

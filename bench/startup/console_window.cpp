@@ -12,8 +12,9 @@ int main(int argc, char **argv)
     MessageBoxPrompt prompt;
     std::unique_ptr<CSplitterFrame> frame;
     std::unique_ptr<QuitAfterPaint> watch;
-    app.SetUp({QString::fromLocal8Bit(argv[1]), QDBusConnection(u"nobody"_s)}, prompt, [&] {
-        frame = std::make_unique<CSplitterFrame>(app, StandardDialogs(app));
+    app.SetUp({.configFolder = QString::fromLocal8Bit(argv[1])}, prompt, [&] {
+        frame = std::make_unique<CSplitterFrame>(
+            app.Services(), ServiceAtStart(), StandardDialogs(app.Services()));
         watch = std::make_unique<QuitAfterPaint>(*frame);
         frame->show();
         return true;

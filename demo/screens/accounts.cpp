@@ -12,34 +12,36 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-quint32 FirstId(const char *sqlText, quint32 mode)
+template <typename IdType, typename Mode>
+IdType FirstId(const char *sqlText, Mode mode)
 {
     RunQuery(sqlText, FetchMode::One, mode);
-    return queryResult.Integer(1);
+    return queryResult.Id<IdType>(1);
 }
 
-quint32 UserInMode(quint32 mode)
+UserId UserInMode(AccountingMode mode)
 {
-    return FirstId("SELECT user_id FROM users WHERE mode = (?) ORDER BY user_id", mode);
+    return FirstId<UserId>("SELECT user_id FROM users WHERE mode = (?) ORDER BY user_id", mode);
 }
 
-// The user with most credits of a kind (billing.mode).
-quint32 UserWithCredits(quint32 billingMode)
+// The user with most credits of a kind.
+UserId UserWithCredits(BillingMode billingMode)
 {
-    return FirstId("SELECT object_id FROM billing WHERE mode = (?) and object_id > 0 "
-                   "GROUP BY object_id ORDER BY COUNT(*) DESC",
-                   billingMode);
+    return FirstId<UserId>("SELECT object_id FROM billing WHERE mode = (?) and object_id > 0 "
+                           "GROUP BY object_id ORDER BY COUNT(*) DESC",
+                           billingMode);
 }
 
-quint32 GroupInMode(quint32 mode)
+GroupId GroupInMode(AccountingMode mode)
 {
-    return FirstId("SELECT group_id FROM groups WHERE mode = (?) ORDER BY group_id", mode);
+    return FirstId<GroupId>("SELECT group_id FROM groups WHERE mode = (?) ORDER BY group_id", mode);
 }
 
+template <typename IdType>
 void DrawAccountOf(Studio &studio,
                    const QString &name,
-                   const FrameDialogs::ForOne &open,
-                   quint32 id)
+                   const std::function<void(IdType, QWidget *)> &open,
+                   IdType id)
 {
     studio.DrawDialog(name, [&] { open(id, &studio.Frame()); });
 }
@@ -54,10 +56,15 @@ void DrawCreditDialogs(Studio &studio)
         }
     };
     studio.DrawDialog(
-        u"account-credit"_s, [&] { BillingCreditDialog(&studio.Frame()).exec(); }, enter);
+        u"account-credit"_s,
+        [&] { BillingCreditDialog(studio.Services(), &studio.Frame()).exec(); },
+        enter);
     studio.DrawDialog(
         u"account-limit-credit"_s,
-        [&] { LimitCreditDialog(mode::kTrafficAndTime, &studio.Frame()).exec(); },
+        [&] {
+            LimitCreditDialog(studio.Services(), AccountingMode::TrafficAndTime, &studio.Frame())
+                .exec();
+        },
         enter);
 }
 
@@ -66,14 +73,18 @@ void DrawCreditDialogs(Studio &studio)
 void DrawAccounts(Studio &studio)
 {
     const FrameDialogs &dialogs = studio.Frame().Dialogs();
+    DrawAccountOf(studio, u"account"_s, dialogs.userAccount, UserWithCredits(BillingMode::Credit));
     DrawAccountOf(
-        studio, u"account"_s, dialogs.userAccount, UserWithCredits(billing_mode::kCredit));
+        studio, u"account-limits"_s, dialogs.userAccount, UserWithCredits(BillingMode::Traffic));
     DrawAccountOf(
-        studio, u"account-limits"_s, dialogs.userAccount, UserWithCredits(billing_mode::kTraffic));
-    DrawAccountOf(studio, u"account-group"_s, dialogs.groupAccount, GroupInMode(mode::kProvider));
+        studio, u"account-group"_s, dialogs.groupAccount, GroupInMode(AccountingMode::Provider));
     DrawCreditDialogs(studio);
-    DrawAccountOf(
-        studio, u"statistics"_s, dialogs.userStatistics, UserInMode(mode::kTrafficAndTime));
-    DrawAccountOf(
-        studio, u"statistics-group"_s, dialogs.groupStatistics, GroupInMode(mode::kTraffic));
+    DrawAccountOf(studio,
+                  u"statistics"_s,
+                  dialogs.userStatistics,
+                  UserInMode(AccountingMode::TrafficAndTime));
+    DrawAccountOf(studio,
+                  u"statistics-group"_s,
+                  dialogs.groupStatistics,
+                  GroupInMode(AccountingMode::Traffic));
 }

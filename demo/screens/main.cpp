@@ -52,9 +52,9 @@ void ReadCommandLine(QCommandLineParser &parser)
     parser.process(*QCoreApplication::instance());
 }
 
-int DrawAll(CSplitterFrame &frame, const QCommandLineParser &parser)
+int DrawAll(CSplitterFrame &frame, const AppServices &services, const QCommandLineParser &parser)
 {
-    Studio studio(frame, QDir(parser.value(u"out"_s)), parser.values(u"only"_s));
+    Studio studio(frame, services, QDir(parser.value(u"out"_s)), parser.values(u"only"_s));
     for (const auto draw : {DrawMainWindow,
                             DrawProperties,
                             DrawAccounts,
@@ -88,12 +88,18 @@ int main(int argc, char **argv)
 
     MessageBoxPrompt prompt;
     std::unique_ptr<CSplitterFrame> frame;
-    app.SetUp({parser.value(u"config"_s), QDBusConnection::sessionBus()}, prompt, [&] {
-        frame = std::make_unique<CSplitterFrame>(app, StandardDialogs(app));
+    const StartUpOptions options {.configFolder = parser.value(u"config"_s),
+                                  .bus = QDBusConnection::sessionBus()};
+    app.SetUp(options, prompt, [&] {
+        const ServiceAtStart found {.running = app.IsServiceRunning(),
+                                    .connected = app.IsConnected()};
+        frame = std::make_unique<CSplitterFrame>(
+            app.Services(), found, StandardDialogs(app.Services()));
         frame->resize(kFrameSize);
         frame->show();
         frame->FirstStart();
         return true;
     });
-    return app.InitInstance() && DrawAll(*frame, parser) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    return app.InitInstance() && DrawAll(*frame, app.Services(), parser) == 0 ? EXIT_SUCCESS
+                                                                              : EXIT_FAILURE;
 }

@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QToolButton>
 #include <QTreeView>

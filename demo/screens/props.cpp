@@ -18,10 +18,11 @@ struct Opener
     const char *picture;
 };
 
-quint32 FirstId(const char *sqlText)
+template <typename IdType>
+IdType FirstId(const char *sqlText)
 {
     RunQuery(sqlText, FetchMode::One);
-    return queryResult.Integer(1);
+    return queryResult.Id<IdType>(1);
 }
 
 // The dialogs that the buttons of the sheet's page open.
@@ -34,7 +35,7 @@ void DrawOpened(Studio &studio, QDialog &sheet, int page, std::initializer_list<
     }
 }
 
-void DrawUser(Studio &studio, quint32 user)
+void DrawUser(Studio &studio, UserId user)
 {
     const auto prepare = [&studio](QDialog &sheet) {
         studio.DrawPages(u"user-properties"_s, sheet);
@@ -52,7 +53,7 @@ void DrawUser(Studio &studio, quint32 user)
     };
     studio.DrawDialog(
         u"user-properties"_s,
-        [&] { OpenUserSheet(user, user_page::kGeneral, &studio.Frame()); },
+        [&] { OpenUserSheet(studio.Services(), user, user_page::kGeneral, &studio.Frame()); },
         prepare);
 }
 
@@ -63,11 +64,11 @@ void DrawGroup(Studio &studio)
         DrawOpened(studio, sheet, group_page::kGeneral, {{"addMember", "add-user-to-group"}});
         DrawOpened(studio, sheet, group_page::kLimits, {{"changeRate", "rate"}});
     };
-    const quint32 group =
-        FirstId("SELECT group_id FROM groups WHERE mode = 2 AND own_price = true");
+    const auto group =
+        FirstId<GroupId>("SELECT group_id FROM groups WHERE mode = 2 AND own_price = true");
     studio.DrawDialog(
         u"group-properties"_s,
-        [&] { OpenGroupSheet(group, group_page::kGeneral, &studio.Frame()); },
+        [&] { OpenGroupSheet(studio.Services(), group, group_page::kGeneral, &studio.Frame()); },
         prepare);
 }
 
@@ -75,11 +76,13 @@ void DrawGroup(Studio &studio)
 
 void DrawProperties(Studio &studio)
 {
-    const quint32 user = FirstId("SELECT user_id FROM users WHERE mode = 1 AND user_id IN "
-                                 "(SELECT user_id FROM time_blocked)");
+    const auto user = FirstId<UserId>("SELECT user_id FROM users WHERE mode = 1 AND user_id IN "
+                                      "(SELECT user_id FROM time_blocked)");
     DrawUser(studio, user);
     DrawGroup(studio);
     studio.DrawDialog(u"access-for-users"_s, [&] {
-        OpenAccessForUsers({user, user + 1, user + 2}, &studio.Frame());
+        OpenAccessForUsers(studio.Services(),
+                           {user, UserId {user.value + 1}, UserId {user.value + 2}},
+                           &studio.Frame());
     });
 }

@@ -66,8 +66,12 @@ QWidget *OpenMenu()
 
 } // namespace
 
-Studio::Studio(CSplitterFrame &newFrame, const QDir &newFolder, QStringList newNames)
+Studio::Studio(CSplitterFrame &newFrame,
+               const AppServices &appServices,
+               const QDir &newFolder,
+               QStringList newNames)
     : frame(newFrame)
+    , services(appServices)
     , folder(newFolder)
     , names(std::move(newNames))
 { }

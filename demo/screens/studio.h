@@ -1,6 +1,8 @@
 // Draws the console's windows into PNG files as they stand on the demonstration network.
 #pragma once
 
+#include "startup/app_services.h"
+
 #include <QDir>
 #include <QStringList>
 
@@ -16,9 +18,13 @@ class Studio
 {
 public:
     // Draws into `folder`; only the windows of these names, unless there are none.
-    Studio(CSplitterFrame &frame, const QDir &folder, QStringList names);
+    Studio(CSplitterFrame &frame,
+           const AppServices &services,
+           const QDir &folder,
+           QStringList names);
 
     [[nodiscard]] CSplitterFrame &Frame() const { return frame; }
+    [[nodiscard]] const AppServices &Services() const { return services; }
 
     // The window as it stands.
     void Draw(const QString &name, QWidget &window);
@@ -49,6 +55,7 @@ private:
                   const std::function<void()> &open);
 
     CSplitterFrame &frame;
+    const AppServices &services;
     QDir folder;
     QStringList names;
     int failures = 0;

@@ -1,43 +1,41 @@
 #include "access/access_mode.h"
 
-#include "db/value_codes.h"
-
-std::optional<quint32> ModeFor(const AccessChoice &choice)
+std::optional<AccountingMode> ModeFor(const AccessChoice &choice)
 {
     switch (choice.type) {
     case AccessType::NoControl:
-        return mode::kNoControl;
+        return AccountingMode::NoControl;
     case AccessType::Provider:
-        return mode::kProvider;
+        return AccountingMode::Provider;
     case AccessType::Corporate:
         break;
     }
     if (choice.traffic && choice.time) {
-        return mode::kTrafficAndTime;
+        return AccountingMode::TrafficAndTime;
     }
     if (!choice.traffic && !choice.time) {
         return std::nullopt;
     }
-    return choice.traffic ? mode::kTraffic : mode::kTime;
+    return choice.traffic ? AccountingMode::Traffic : AccountingMode::Time;
 }
 
-AccessChoice ChoiceFor(quint32 storedMode)
+AccessChoice ChoiceFor(AccountingMode storedMode)
 {
     switch (storedMode) {
-    case mode::kTraffic:
+    case AccountingMode::Traffic:
         return {AccessType::Corporate, true, false};
-    case mode::kTime:
+    case AccountingMode::Time:
         return {AccessType::Corporate, false, true};
-    case mode::kTrafficAndTime:
+    case AccountingMode::TrafficAndTime:
         return {AccessType::Corporate, true, true};
-    case mode::kProvider:
+    case AccountingMode::Provider:
         return {AccessType::Provider, false, false};
     default:
         return {};
     }
 }
 
-bool IsLimitMode(quint32 storedMode)
+bool IsLimitMode(AccountingMode storedMode)
 {
     return ChoiceFor(storedMode).type == AccessType::Corporate;
 }

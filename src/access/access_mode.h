@@ -1,7 +1,7 @@
 // The access control types as they are chosen, and the accounting mode that each one is.
 #pragma once
 
-#include <QtGlobal>
+#include "db/value_codes.h"
 
 #include <optional>
 
@@ -16,11 +16,11 @@ struct AccessChoice
     bool operator==(const AccessChoice &) const = default;
 };
 
-// The mode (db/value_codes.h); nothing for "Corporate" with neither option.
-[[nodiscard]] std::optional<quint32> ModeFor(const AccessChoice &choice);
+// Nothing for "Corporate" with neither option.
+[[nodiscard]] std::optional<AccountingMode> ModeFor(const AccessChoice &choice);
 
 // The choice that a stored mode shows as; a code of no meaning shows as "No control".
-[[nodiscard]] AccessChoice ChoiceFor(quint32 storedMode);
+[[nodiscard]] AccessChoice ChoiceFor(AccountingMode storedMode);
 
 // True for the modes that limit traffic or time, or both, within an accounting period.
-[[nodiscard]] bool IsLimitMode(quint32 storedMode);
+[[nodiscard]] bool IsLimitMode(AccountingMode storedMode);

@@ -1,24 +1,22 @@
 #include "access/block_state.h"
 
-#include "db/value_codes.h"
-
-BlockState UserBlockState(bool blocked, quint32 reason)
+BlockState UserBlockState(bool blocked, BlockReason reason)
 {
     return {.blocked = blocked,
             .reason = reason,
-            .requested = blocked && reason != block_reason::kShownAsAllowed,
-            .editable = !blocked || reason >= block_reason::kAdministrator};
+            .requested = blocked && reason != BlockReason::ShownAsAllowed,
+            .editable = !blocked || reason >= BlockReason::Administrator};
 }
 
-BlockState GroupBlockState(bool blocked, quint32 reason)
+BlockState GroupBlockState(bool blocked, BlockReason reason)
 {
     return {.blocked = blocked,
             .reason = reason,
             .requested = blocked,
-            .editable = !blocked || reason == block_reason::kAdministrator};
+            .editable = !blocked || reason == BlockReason::Administrator};
 }
 
-bool MayBeLifted(const BlockState &block, quint32 reasonNow)
+bool MayBeLifted(const BlockState &block, BlockReason reasonNow)
 {
-    return block.blocked && reasonNow != block_reason::kAdministrator;
+    return block.blocked && reasonNow != BlockReason::Administrator;
 }

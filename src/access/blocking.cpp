@@ -3,7 +3,7 @@
 #include "access/group_members.h"
 #include "db/session.h"
 
-bool BlockUser(const ServiceLink *link, quint32 userId, quint32 reason)
+bool BlockUser(const ServiceLink *link, UserId userId, BlockReason reason)
 {
     if (link != nullptr) {
         link->BlockUser(userId);
@@ -13,7 +13,7 @@ bool BlockUser(const ServiceLink *link, quint32 userId, quint32 reason)
     return link != nullptr;
 }
 
-bool UnblockUser(const ServiceLink *link, quint32 userId)
+bool UnblockUser(const ServiceLink *link, UserId userId)
 {
     if (link != nullptr) {
         link->UnblockUser(userId);
@@ -22,23 +22,23 @@ bool UnblockUser(const ServiceLink *link, quint32 userId)
     return link != nullptr;
 }
 
-void BlockGroup(const ServiceLink *link, quint32 groupId, quint32 reason)
+void BlockGroup(const ServiceLink *link, GroupId groupId, BlockReason reason)
 {
     Execute("UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)",
             reason,
             groupId);
     Execute(
         "UPDATE users SET blocked = true, blockreason = (?) WHERE group_id = (?)", reason, groupId);
-    for (const quint32 member : MembersOf(groupId)) {
+    for (const UserId member : MembersOf(groupId)) {
         BlockUser(link, member, reason);
     }
 }
 
-void UnblockGroup(const ServiceLink *link, quint32 groupId)
+void UnblockGroup(const ServiceLink *link, GroupId groupId)
 {
     Execute("UPDATE groups SET blocked = false WHERE group_id = (?)", groupId);
     Execute("UPDATE users SET blocked = false WHERE group_id = (?)", groupId);
-    for (const quint32 member : MembersOf(groupId)) {
+    for (const UserId member : MembersOf(groupId)) {
         UnblockUser(link, member);
     }
 }

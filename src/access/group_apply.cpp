@@ -3,13 +3,12 @@
 #include "access/blocking.h"
 #include "access/group_mode_step.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-int ReadBlocked(quint32 groupId)
+int ReadBlocked(GroupId groupId)
 {
     return RunQuery("SELECT blocked FROM groups WHERE group_id =(?)", FetchMode::One, groupId);
 }
@@ -20,7 +19,7 @@ void ApplyBlock(const GroupRecord &record, const ServiceLink *link)
         return;
     }
     if (record.block.requested) {
-        BlockGroup(link, record.groupId, block_reason::kAdministrator);
+        BlockGroup(link, record.groupId, BlockReason::Administrator);
         return;
     }
     ReadBlocked(record.groupId);

@@ -11,7 +11,7 @@ GroupList ReadGroupList()
         list.rows.append({.name = queryResult.Text(1),
                           .description = queryResult.Text(2),
                           .blocked = queryResult.Flag(3)});
-        list.rowGroupIds.append(queryResult.Integer(4));
+        list.rowGroupIds.append(queryResult.Id<GroupId>(4));
     }
     return list;
 }
@@ -28,7 +28,7 @@ QList<NamedGroup> ReadGroupNames()
     LimitRows(kGroupListCapacity);
     RowCursor rows("SELECT name, group_id FROM groups");
     while (groups.size() < kGroupListCapacity && rows.Next()) {
-        groups.append({.name = queryResult.Text(1), .groupId = queryResult.Integer(2)});
+        groups.append({.name = queryResult.Text(1), .groupId = queryResult.Id<GroupId>(2)});
     }
     return groups;
 }

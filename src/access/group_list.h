@@ -1,6 +1,8 @@
 // The groups as the lists show them, read from the database.
 #pragma once
 
+#include "db/ids.h"
+
 #include <QList>
 #include <QString>
 
@@ -15,13 +17,13 @@ struct GroupRow
 struct GroupList
 {
     QList<GroupRow> rows;
-    QList<quint32> rowGroupIds;
+    QList<GroupId> rowGroupIds;
 };
 
 struct NamedGroup
 {
     QString name;
-    quint32 groupId = 0;
+    GroupId groupId;
 };
 
 constexpr quint32 kGroupListCapacity = 500;

@@ -2,12 +2,12 @@
 
 #include "db/session.h"
 
-std::vector<quint32> MembersOf(quint32 groupId)
+std::vector<UserId> MembersOf(GroupId groupId)
 {
-    std::vector<quint32> members;
+    std::vector<UserId> members;
     RowCursor rows("SELECT user_id FROM users WHERE group_id = (?)", groupId);
     while (rows.Next()) {
-        members.push_back(queryResult.Integer(1));
+        members.push_back(queryResult.Id<UserId>(1));
     }
     return members;
 }

@@ -1,10 +1,10 @@
 // The users that belong to a group.
 #pragma once
 
-#include <QtGlobal>
+#include "db/ids.h"
 
 #include <vector>
 
 // Their ids, read before anything is done with them: a statement run for each row would end the
 // open cursor.
-[[nodiscard]] std::vector<quint32> MembersOf(quint32 groupId);
+[[nodiscard]] std::vector<UserId> MembersOf(GroupId groupId);

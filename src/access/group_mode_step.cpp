@@ -4,7 +4,6 @@
 #include "access/open_credit.h"
 #include "access/usage_records.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
 namespace {
 
@@ -12,12 +11,12 @@ void ApplyNoControl(const GroupRecord &record, const ServiceLink *link)
 {
     Execute("UPDATE groups SET mode = 0 WHERE group_id = (?)", record.groupId);
     RunQuery("SELECT blockreason FROM groups WHERE group_id = (?)", FetchMode::All, record.groupId);
-    if (MayBeLifted(record.block, queryResult.Integer(1))) {
+    if (MayBeLifted(record.block, queryResult.Code<BlockReason>(1))) {
         UnblockGroup(link, record.groupId);
     }
 }
 
-bool HasOpenCredit(quint32 groupId)
+bool HasOpenCredit(GroupId groupId)
 {
     bool open = false;
     RowCursor rows("SELECT data, usage FROM billing WHERE group_id = (?) AND mode=1 AND closed=0",
@@ -28,17 +27,19 @@ bool HasOpenCredit(quint32 groupId)
     return open;
 }
 
-void LiftByRaisedLimit(const GroupRecord &record, quint32 usageRecord, const ServiceLink *link)
+void LiftByRaisedLimit(const GroupRecord &record,
+                       TrafficRecordId usageRecord,
+                       const ServiceLink *link)
 {
     RunQuery("SELECT traflim, blockreason FROM groups WHERE group_id = (?)",
              FetchMode::All,
              record.groupId);
-    const quint32 limit = queryResult.Integer(1);
-    const quint32 reason = queryResult.Integer(2);
+    const WholeMegabytes limit {queryResult.Integer(1)};
+    const auto reason = queryResult.Code<BlockReason>(2);
     RunQuery("SELECT data FROM traffic_use WHERE traf_id = (?)", FetchMode::All, usageRecord);
-    const double used = queryResult.Amount(1);
+    const Megabytes used {queryResult.Amount(1)};
     const bool openCredit = HasOpenCredit(record.groupId);
-    if (MayBeLifted(record.block, reason) && (used < limit || openCredit)) {
+    if (MayBeLifted(record.block, reason) && (used < AmountOf(limit) || openCredit)) {
         Execute("UPDATE groups SET blocked = 0 WHERE group_id = (?)", record.groupId);
         UnblockGroup(link, record.groupId);
     }
@@ -49,8 +50,9 @@ void ApplyTrafficLimit(const GroupRecord &record, const ServiceLink *link)
     const Limits limits = record.limits.Staged();
     Execute("UPDATE groups SET mode = 1 WHERE group_id = (?)", record.groupId);
     RunQuery("SELECT traflim FROM Groups WHERE Group_id = (?)", FetchMode::All, record.groupId);
-    const bool raised = record.limits.trafficRaised && limits.traffic > queryResult.Integer(1);
-    quint32 usageRecord = 0;
+    const bool raised =
+        record.limits.trafficRaised && limits.traffic > WholeMegabytes {queryResult.Integer(1)};
+    TrafficRecordId usageRecord;
     if (raised) {
         usageRecord = FindGroupTrafficRecord(record.groupId);
         Execute("UPDATE traffic_use SET blocked=false WHERE traf_id=(?)", usageRecord);
@@ -70,15 +72,11 @@ void ApplyCredit(const GroupRecord &record, const ServiceLink *link)
     if (!record.account.credits.empty()) {
         const StagedCredit &credit = record.account.credits.front();
         Execute("UPDATE Groups SET credit = (?), creditvalue = (?) WHERE Group_id = (?)",
-                static_cast<quint32>(credit.kind),
-                credit.amount,
+                credit.Kind(),
+                NumberOf(credit.amount),
                 record.groupId);
     }
-    const bool creditLeft = HasCreditLeft(
-        "SELECT moneydata, moneyusage, data, usage FROM billing WHERE group_id = (?) AND mode=2 "
-        "AND closed=0",
-        record.groupId);
-    if (creditLeft && MayBeLifted(record.block, record.block.reason)) {
+    if (HasCreditLeft(record.groupId) && MayBeLifted(record.block, record.block.reason)) {
         UnblockGroup(link, record.groupId);
     }
 }
@@ -100,13 +98,13 @@ void ApplyPrice(const GroupRecord &record)
 void ApplyGroupMode(const GroupRecord &record, const ServiceLink *link)
 {
     switch (record.mode) {
-    case mode::kNoControl:
+    case AccountingMode::NoControl:
         ApplyNoControl(record, link);
         break;
-    case mode::kTraffic:
+    case AccountingMode::Traffic:
         ApplyTrafficLimit(record, link);
         break;
-    case mode::kProvider:
+    case AccountingMode::Provider:
         ApplyCredit(record, link);
         ApplyPrice(record);
         break;

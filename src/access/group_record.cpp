@@ -2,7 +2,7 @@
 
 #include "db/session.h"
 
-std::optional<GroupRecord> LoadGroup(quint32 groupId)
+std::optional<GroupRecord> LoadGroup(GroupId groupId)
 {
     GroupRecord record;
     record.groupId = groupId;
@@ -13,11 +13,11 @@ std::optional<GroupRecord> LoadGroup(quint32 groupId)
     }
     record.name = queryResult.Text(1);
     record.description = queryResult.Text(2);
-    record.mode = queryResult.Integer(3);
+    record.mode = queryResult.Code<AccountingMode>(3);
     record.members.Open(groupId);
     RunQuery(
         "SELECT blocked, blockreason FROM groups WHERE group_id = (?) ", FetchMode::All, groupId);
-    record.block = GroupBlockState(queryResult.Integer(1) == 1, queryResult.Integer(2));
+    record.block = GroupBlockState(queryResult.Integer(1) == 1, queryResult.Code<BlockReason>(2));
     record.limits.stored = ReadLimits(record.Self());
     record.times.Open(record.Self());
     record.protocols = ReadProtocolChoice(record.Self());

@@ -7,15 +7,16 @@
 #include "access/protocol_choice.h"
 #include "access/staged_account.h"
 #include "access/time_ranges.h"
+#include "db/value_codes.h"
 
 #include <QString>
 
 struct GroupRecord
 {
-    quint32 groupId = 0;
+    GroupId groupId;
     QString name;
     QString description;
-    quint32 mode = 0; // db/value_codes.h
+    AccountingMode mode = AccountingMode::NoControl;
     MemberTable members;
     BlockState block;
     LimitsDraft limits;
@@ -23,8 +24,8 @@ struct GroupRecord
     TimeRanges times; // never stored
     ProtocolChoice protocols;
 
-    [[nodiscard]] Owner Self() const { return {Owner::Kind::Group, groupId}; }
+    [[nodiscard]] Owner Self() const { return groupId; }
 };
 
 // Nothing when there is no such group any more.
-[[nodiscard]] std::optional<GroupRecord> LoadGroup(quint32 groupId);
+[[nodiscard]] std::optional<GroupRecord> LoadGroup(GroupId groupId);

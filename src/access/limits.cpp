@@ -1,7 +1,6 @@
 #include "access/limits.h"
 
 #include "db/session.h"
-#include "db/value_codes.h"
 
 namespace {
 
@@ -9,29 +8,29 @@ void ReadStored(const Owner &owner)
 {
     static constexpr OwnerText kRead = {"SELECT traflim, timelim FROM users WHERE user_id = (?) ",
                                         "SELECT traflim FROM groups WHERE group_id = (?)"};
-    RunQuery(kRead.For(owner), FetchMode::All, owner.id);
+    RunQuery(kRead.For(owner), FetchMode::All, owner.Number());
 }
 
-Limits ReadUserLimits(quint32 userId)
+Limits ReadUserLimits(UserId userId)
 {
     RunQuery("SELECT trafperiod, traflim, timelim, own_price, trafprice FROM users "
              "WHERE user_id = (?) ",
              FetchMode::All,
              userId);
-    return {.period = queryResult.Integer(1),
-            .traffic = queryResult.Integer(2),
-            .time = queryResult.Integer(3),
+    return {.period = queryResult.Code<LimitPeriod>(1),
+            .traffic = WholeMegabytes {queryResult.Integer(2)},
+            .time = WholeHours {queryResult.Integer(3)},
             .ownPrice = queryResult.Integer(4) != 0,
             .price = queryResult.Amount(5)};
 }
 
-Limits ReadGroupLimits(quint32 groupId)
+Limits ReadGroupLimits(GroupId groupId)
 {
     Limits limits;
     RunQuery(
         "SELECT trafperiod, traflim FROM groups WHERE group_id = (?)", FetchMode::All, groupId);
-    limits.period = queryResult.Integer(1);
-    limits.traffic = queryResult.Integer(2);
+    limits.period = queryResult.Code<LimitPeriod>(1);
+    limits.traffic = WholeMegabytes {queryResult.Integer(2)};
     RunQuery(
         "SELECT own_price, trafprice FROM groups WHERE group_id = (?)", FetchMode::All, groupId);
     limits.ownPrice = queryResult.Integer(1) != 0;
@@ -50,16 +49,16 @@ Limits LimitsDraft::Staged() const
             .price = price.value_or(stored.price)};
 }
 
-LimitFields FieldsFor(quint32 accountingMode)
+LimitFields FieldsFor(AccountingMode mode)
 {
-    switch (accountingMode) {
-    case mode::kTraffic:
+    switch (mode) {
+    case AccountingMode::Traffic:
         return {.period = true, .traffic = true};
-    case mode::kTime:
+    case AccountingMode::Time:
         return {.period = true, .time = true};
-    case mode::kTrafficAndTime:
+    case AccountingMode::TrafficAndTime:
         return {.period = true, .traffic = true, .time = true};
-    case mode::kProvider:
+    case AccountingMode::Provider:
         return {.rates = true};
     default:
         return {};
@@ -68,19 +67,19 @@ LimitFields FieldsFor(quint32 accountingMode)
 
 Limits ReadLimits(const Owner &owner)
 {
-    return owner.kind == Owner::Kind::User ? ReadUserLimits(owner.id) : ReadGroupLimits(owner.id);
+    return owner.IsUser() ? ReadUserLimits(owner.User()) : ReadGroupLimits(owner.Group());
 }
 
-void StageTrafficLimit(const Owner &owner, quint32 megabytes, LimitsDraft &draft)
+void StageTrafficLimit(const Owner &owner, WholeMegabytes limit, LimitsDraft &draft)
 {
     ReadStored(owner);
-    draft.trafficRaised = megabytes > queryResult.Integer(1);
-    draft.traffic = megabytes;
+    draft.trafficRaised = limit > WholeMegabytes {queryResult.Integer(1)};
+    draft.traffic = limit;
 }
 
-void StageTimeLimit(const Owner &user, quint32 hours, LimitsDraft &draft)
+void StageTimeLimit(UserId userId, WholeHours limit, LimitsDraft &draft)
 {
-    ReadStored(user);
-    draft.timeRaised = hours > queryResult.Integer(2);
-    draft.time = hours;
+    ReadStored(userId);
+    draft.timeRaised = limit > WholeHours {queryResult.Integer(2)};
+    draft.time = limit;
 }

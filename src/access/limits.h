@@ -2,14 +2,16 @@
 #pragma once
 
 #include "access/owner.h"
+#include "db/quantities.h"
+#include "db/value_codes.h"
 
 #include <optional>
 
 struct Limits
 {
-    quint32 period = 0; // 1 day, 2 month (db/value_codes.h)
-    quint32 traffic = 0; // megabytes
-    quint32 time = 0; // hours; users only
+    LimitPeriod period = LimitPeriod::None;
+    WholeMegabytes traffic;
+    WholeHours time; // users only
     bool ownPrice = false; // false: the global price holds
     double price = 0.0; // units of the currency per megabyte
 
@@ -20,9 +22,9 @@ struct Limits
 struct LimitsDraft
 {
     Limits stored; // as last read
-    std::optional<quint32> period;
-    std::optional<quint32> traffic;
-    std::optional<quint32> time;
+    std::optional<LimitPeriod> period;
+    std::optional<WholeMegabytes> traffic;
+    std::optional<WholeHours> time;
     std::optional<bool> ownPrice;
     std::optional<double> price;
     bool trafficRaised = false; // above the stored limit at the time of the change
@@ -42,11 +44,11 @@ struct LimitFields
     bool operator==(const LimitFields &) const = default;
 };
 
-[[nodiscard]] LimitFields FieldsFor(quint32 accountingMode);
+[[nodiscard]] LimitFields FieldsFor(AccountingMode mode);
 
 // Kept: the period is that of the traffic limit, for a time limit too.
 [[nodiscard]] Limits ReadLimits(const Owner &owner);
 
 // Stages a limit and notes whether it is above the stored one, which is read again for that.
-void StageTrafficLimit(const Owner &owner, quint32 megabytes, LimitsDraft &draft);
-void StageTimeLimit(const Owner &user, quint32 hours, LimitsDraft &draft);
+void StageTrafficLimit(const Owner &owner, WholeMegabytes limit, LimitsDraft &draft);
+void StageTimeLimit(UserId userId, WholeHours limit, LimitsDraft &draft);

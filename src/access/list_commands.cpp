@@ -2,24 +2,32 @@
 
 #include "access/owner.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
-bool UserHasAccount(quint32 userId)
+namespace {
+
+bool HasAccount(const Owner &owner)
 {
-    return ModeOf(UserOwner(userId)).value_or(mode::kNoControl) != mode::kNoControl;
+    return ModeOf(owner).value_or(AccountingMode::NoControl) != AccountingMode::NoControl;
 }
 
-bool GroupHasAccount(quint32 groupId)
+} // namespace
+
+bool UserHasAccount(UserId userId)
 {
-    return ModeOf(GroupOwner(groupId)).value_or(mode::kNoControl) != mode::kNoControl;
+    return HasAccount(userId);
 }
 
-void MoveUserToGroup(quint32 userId, quint32 groupId)
+bool GroupHasAccount(GroupId groupId)
+{
+    return HasAccount(groupId);
+}
+
+void MoveUserToGroup(UserId userId, GroupId groupId)
 {
     Execute("UPDATE users SET group_id = (?)  WHERE user_id = (?)", groupId, userId);
 }
 
-void DeleteUser(quint32 userId)
+void DeleteUser(UserId userId)
 {
     for (const char *statement : {"DELETE FROM users WHERE user_id = (?)",
                                   "DELETE FROM traffic_use WHERE user_id = (?)",
@@ -31,30 +39,30 @@ void DeleteUser(quint32 userId)
     }
 }
 
-void StopMonitoring(quint32 userId)
+void StopMonitoring(UserId userId)
 {
     Execute("UPDATE users SET monitored = false WHERE user_id = (?)", userId);
 }
 
-void RenameGroup(quint32 groupId, const QString &name)
+void RenameGroup(GroupId groupId, const QString &name)
 {
     Execute("UPDATE groups SET name=(?) WHERE group_id = (?)", name, groupId);
 }
 
-quint32 AddGroup(const QString &name)
+GroupId AddGroup(const QString &name)
 {
     Execute("INSERT INTO groups (name) VALUES (?)", name);
     RunQuery("SELECT group_id FROM groups WHERE name = (?)", FetchMode::All, name);
-    return queryResult.Integer(1);
+    return queryResult.Id<GroupId>(1);
 }
 
-void DeleteGroupOfList(quint32 groupId)
+void DeleteGroupOfList(GroupId groupId)
 {
     Execute("DELETE FROM groups WHERE group_id = (?)", groupId);
     Execute("UPDATE users SET group_id = 80 WHERE group_id = (?)", groupId);
 }
 
-void DeleteGroupOfDialog(quint32 groupId)
+void DeleteGroupOfDialog(GroupId groupId)
 {
     Execute("UPDATE users SET group_id = 80  WHERE group_id = (?)", groupId);
     Execute("DELETE FROM groups WHERE group_id = (?)", groupId);

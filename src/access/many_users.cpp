@@ -3,18 +3,18 @@
 #include "access/limits.h"
 #include "db/session.h"
 
-ModeAndLimits ReadModeAndLimits(quint32 userId)
+ModeAndLimits ReadModeAndLimits(UserId userId)
 {
-    const quint32 mode = ModeOf(UserOwner(userId)).value_or(0);
-    const Limits limits = ReadLimits(UserOwner(userId));
+    const auto mode = ModeOf(userId).value_or(AccountingMode::NoControl);
+    const Limits limits = ReadLimits(userId);
     return {.mode = mode, .traffic = limits.traffic, .time = limits.time, .period = limits.period};
 }
 
-QStringList NamesOfUsers(std::vector<quint32> &userIds)
+QStringList NamesOfUsers(std::vector<UserId> &userIds)
 {
     QStringList names;
-    std::erase_if(userIds, [&names](quint32 userId) {
-        const auto name = NameOf(UserOwner(userId));
+    std::erase_if(userIds, [&names](UserId userId) {
+        const auto name = NameOf(userId);
         if (name) {
             names << *name;
         }
@@ -23,12 +23,12 @@ QStringList NamesOfUsers(std::vector<quint32> &userIds)
     return names;
 }
 
-void SetModeAndLimits(const std::vector<quint32> &userIds,
+void SetModeAndLimits(const std::vector<UserId> &userIds,
                       const ModeAndLimits &values,
                       const std::function<void(int done)> &progress)
 {
     int done = 0;
-    for (const quint32 userId : userIds) {
+    for (const UserId userId : userIds) {
         Execute("UPDATE users SET mode = (?), traflim = (?), timelim=(?), trafperiod = (?), "
                 "timeperiod = (?) WHERE user_id = (?)",
                 values.mode,

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-void MemberTable::Open(quint32 newGroupId)
+void MemberTable::Open(GroupId newGroupId)
 {
     *this = {};
     groupId = newGroupId;
@@ -13,7 +13,7 @@ void MemberTable::Open(quint32 newGroupId)
     RowCursor rows("SELECT username, user_id FROM users WHERE group_id = (?) and monitored = true",
                    groupId);
     while (listed.size() < kMost && rows.Next()) {
-        listed.push_back({queryResult.Integer(2), queryResult.Text(1)});
+        listed.push_back({queryResult.Id<UserId>(2), queryResult.Text(1)});
     }
 }
 
@@ -25,14 +25,14 @@ std::vector<Member> MemberTable::Candidates() const
         RowCursor rows("SELECT user_id FROM users WHERE group_id <> (?) and monitored = true",
                        groupId);
         while (candidates.size() < kMost && rows.Next()) {
-            const quint32 userId = queryResult.Integer(1);
+            const auto userId = queryResult.Id<UserId>(1);
             if (std::ranges::find(added, userId) == added.end()) {
                 candidates.push_back({userId, {}});
             }
         }
     }
     for (size_t i = removed.size(); i < candidates.size(); ++i) {
-        candidates[i].name = NameOf(UserOwner(candidates[i].userId)).value_or(QString());
+        candidates[i].name = NameOf(candidates[i].userId).value_or(QString());
     }
     return candidates;
 }
@@ -63,7 +63,7 @@ void MemberTable::Save() const
     for (const Member &member : removed) {
         Execute("UPDATE users SET group_id = 80  WHERE user_id = (?)", member.userId);
     }
-    for (const quint32 userId : added) {
+    for (const UserId userId : added) {
         Execute("UPDATE users SET group_id = (?)  WHERE user_id = (?)", groupId, userId);
     }
 }

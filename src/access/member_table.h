@@ -1,13 +1,15 @@
 // The members of a group while its sheet is open.
 #pragma once
 
+#include "db/ids.h"
+
 #include <QString>
 
 #include <vector>
 
 struct Member
 {
-    quint32 userId = 0;
+    UserId userId;
     QString name;
 
     bool operator==(const Member &) const = default;
@@ -20,7 +22,7 @@ public:
     static constexpr size_t kMost = 1000;
 
     // Reads the group's monitored users, the first 1000; nothing is added or removed yet.
-    void Open(quint32 newGroupId);
+    void Open(GroupId newGroupId);
 
     // The members as they will be.
     [[nodiscard]] const std::vector<Member> &Listed() const { return listed; }
@@ -37,8 +39,8 @@ public:
     void Save() const;
 
 private:
-    quint32 groupId = 0;
+    GroupId groupId;
     std::vector<Member> listed;
     std::vector<Member> removed;
-    std::vector<quint32> added;
+    std::vector<UserId> added;
 };

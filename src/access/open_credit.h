@@ -1,8 +1,7 @@
 // Whether a pre-paid account has anything left to use.
 #pragma once
 
-#include <QtGlobal>
+#include "access/owner.h"
 
-// Runs `sqlText`, which reads moneydata, moneyusage, data and usage of an owner's open credits.
-// True when one of them is not used up or has no bound.
-[[nodiscard]] bool HasCreditLeft(const char *sqlText, quint32 ownerId);
+// True when one of the owner's open pre-paid credits is not used up or has no bound.
+[[nodiscard]] bool HasCreditLeft(const Owner &owner);

@@ -11,14 +11,14 @@ constexpr OwnerText kName {"SELECT username FROM users WHERE user_id = (?)",
 
 bool IsRead(const OwnerText &text, const Owner &owner)
 {
-    return RunQuery(text.For(owner), FetchMode::One, owner.id) != kQueryNoData;
+    return RunQuery(text.For(owner), FetchMode::One, owner.Number()) != kQueryNoData;
 }
 
 } // namespace
 
-std::optional<quint32> ModeOf(const Owner &owner)
+std::optional<AccountingMode> ModeOf(const Owner &owner)
 {
-    return IsRead(kMode, owner) ? std::optional(queryResult.Integer(1)) : std::nullopt;
+    return IsRead(kMode, owner) ? std::optional(queryResult.Code<AccountingMode>(1)) : std::nullopt;
 }
 
 std::optional<QString> NameOf(const Owner &owner)

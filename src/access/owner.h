@@ -1,30 +1,40 @@
 // A user or a group, where a rule holds for both.
 #pragma once
 
+#include "db/ids.h"
+#include "db/value_codes.h"
+
 #include <QString>
 
 #include <optional>
+#include <variant>
 
-struct Owner
+// Made from the id of either, without a cast since it says all there is to say, and gives it back as
+// what it is.
+class Owner
 {
-    enum class Kind { User, Group };
+public:
+    constexpr Owner() = default; // a user that is not set
+    constexpr Owner(UserId userId) : id(userId) { }
+    constexpr Owner(GroupId groupId) : id(groupId) { }
 
-    Kind kind = Kind::User;
-    quint32 id = 0;
+    [[nodiscard]] constexpr bool IsUser() const { return std::holds_alternative<UserId>(id); }
 
-    [[nodiscard]] bool IsUser() const { return kind == Kind::User; }
+    // Each only of what it is.
+    [[nodiscard]] constexpr UserId User() const { return std::get<UserId>(id); }
+    [[nodiscard]] constexpr GroupId Group() const { return std::get<GroupId>(id); }
+
+    // Of the user or of the group, for a statement chosen by OwnerText.
+    [[nodiscard]] constexpr quint32 Number() const
+    {
+        return IsUser() ? User().value : Group().value;
+    }
+
     bool operator==(const Owner &) const = default;
+
+private:
+    std::variant<UserId, GroupId> id;
 };
-
-[[nodiscard]] constexpr Owner UserOwner(quint32 userId)
-{
-    return {Owner::Kind::User, userId};
-}
-
-[[nodiscard]] constexpr Owner GroupOwner(quint32 groupId)
-{
-    return {Owner::Kind::Group, groupId};
-}
 
 // The statement for this kind of owner; the two spellings differ in more than the table's name.
 struct OwnerText
@@ -38,6 +48,6 @@ struct OwnerText
     }
 };
 
-// The owner's accounting mode (db/value_codes.h), its name; nothing when there is no such row.
-[[nodiscard]] std::optional<quint32> ModeOf(const Owner &owner);
+// The owner's accounting mode, its name; nothing when there is no such row.
+[[nodiscard]] std::optional<AccountingMode> ModeOf(const Owner &owner);
 [[nodiscard]] std::optional<QString> NameOf(const Owner &owner);

@@ -12,25 +12,25 @@ std::vector<ChosenProtocol> ReadProtocols()
     LimitRows(ProtocolChoice::kMostProtocols);
     RowCursor rows("SELECT id, Proto_name FROM Protocols ORDER BY Proto_name ASC");
     while (protocols.size() < ProtocolChoice::kMostProtocols && rows.Next()) {
-        protocols.push_back({queryResult.Text(2), queryResult.Integer(1), false, {}});
+        protocols.push_back({queryResult.Text(2), queryResult.Id<ProtocolId>(1), false, {}});
     }
     return protocols;
 }
 
-std::vector<quint32> ReadPorts(quint32 protocolId)
+std::vector<PortId> ReadPorts(ProtocolId protocolId)
 {
-    std::vector<quint32> ports;
+    std::vector<PortId> ports;
     LimitRows(ProtocolChoice::kMostPorts);
     RowCursor rows("SELECT Port_id FROM Ports WHERE Proto_id = (?)", protocolId);
     while (ports.size() < ProtocolChoice::kMostPorts && rows.Next()) {
-        ports.push_back(queryResult.Integer(1));
+        ports.push_back(queryResult.Id<PortId>(1));
     }
     return ports;
 }
 
-bool IsRestricted(const OwnerText &question, const Owner &owner, quint32 port)
+bool IsRestricted(const OwnerText &question, const Owner &owner, PortId port)
 {
-    return RunQuery(question.For(owner), FetchMode::One, owner.id, port) != kQueryNoData;
+    return RunQuery(question.For(owner), FetchMode::One, owner.Number(), port) != kQueryNoData;
 }
 
 constexpr OwnerText kReadFlag = {"SELECT PortAccess FROM users WHERE user_id = (?) ",
@@ -74,12 +74,12 @@ void ProtocolChoice::Select(const QString &name, bool selected)
 ProtocolChoice ReadProtocolChoice(const Owner &owner)
 {
     ProtocolChoice choice;
-    RunQuery(kReadFlag.For(owner), FetchMode::All, owner.id);
+    RunQuery(kReadFlag.For(owner), FetchMode::All, owner.Number());
     choice.allow = queryResult.Flag(1);
     choice.protocols = ReadProtocols();
     for (ChosenProtocol &protocol : choice.protocols) {
         protocol.ports = ReadPorts(protocol.id);
-        for (const quint32 port : protocol.ports) {
+        for (const PortId port : protocol.ports) {
             const bool restricted = IsRestricted(kReadRow, owner, port);
             protocol.selected = protocol.selected || restricted;
         }
@@ -89,13 +89,13 @@ ProtocolChoice ReadProtocolChoice(const Owner &owner)
 
 void SaveProtocolChoice(const Owner &owner, const ProtocolChoice &choice)
 {
-    Execute((choice.allow ? kAllow : kDisallow).For(owner), owner.id);
+    Execute((choice.allow ? kAllow : kDisallow).For(owner), owner.Number());
     for (const ChosenProtocol &protocol : choice.protocols) {
-        for (const quint32 port : protocol.ports) {
+        for (const PortId port : protocol.ports) {
             if (!protocol.selected) {
-                Execute(kDelete.For(owner), owner.id, port);
+                Execute(kDelete.For(owner), owner.Number(), port);
             } else if (!IsRestricted(kFindRow, owner, port)) {
-                Execute(kInsert.For(owner), owner.id, port);
+                Execute(kInsert.For(owner), owner.Number(), port);
             }
         }
     }

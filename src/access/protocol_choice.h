@@ -11,9 +11,9 @@
 struct ChosenProtocol
 {
     QString name;
-    quint32 id = 0;
+    ProtocolId id;
     bool selected = false;
-    std::vector<quint32> ports; // ids of its ports
+    std::vector<PortId> ports;
 };
 
 struct ProtocolChoice

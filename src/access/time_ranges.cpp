@@ -26,7 +26,7 @@ void TimeRanges::Open(const Owner &newOwner)
                                         "SELECT TimeAccess FROM groups WHERE group_id = (?)"};
     *this = {};
     owner = newOwner;
-    RunQuery(kFlag.For(owner), FetchMode::All, owner.id);
+    RunQuery(kFlag.For(owner), FetchMode::All, owner.Number());
     grant = queryResult.Flag(1);
 }
 
@@ -39,9 +39,9 @@ void TimeRanges::Rebuild()
         "ORDER BY dayofweek ASC, timestart ASC"};
     rows.clear();
     LimitRows(kMostLoaded);
-    RowCursor loaded(kList.For(owner), owner.id);
+    RowCursor loaded(kList.For(owner), owner.Number());
     for (size_t count = 0; count < kMostLoaded && loaded.Next(); ++count) {
-        const quint32 id = queryResult.Integer(4);
+        const auto id = queryResult.Id<RangeId>(4);
         if (std::ranges::find(deleted, id) == deleted.end()) {
             rows.push_back({Source::Loaded,
                             id,
@@ -49,7 +49,7 @@ void TimeRanges::Rebuild()
         }
     }
     for (const TimeRange &range : added) {
-        rows.push_back({Source::Added, 0, range});
+        rows.push_back({Source::Added, {}, range});
     }
 }
 
@@ -64,7 +64,7 @@ std::vector<TimeRange> TimeRanges::Shown() const
 void TimeRanges::Add(const TimeRange &range)
 {
     const bool kept = added.size() < kMostAdded;
-    rows.push_back({kept ? Source::Added : Source::NotKept, 0, range});
+    rows.push_back({kept ? Source::Added : Source::NotKept, {}, range});
     if (kept) {
         added.push_back(range);
     }
@@ -90,12 +90,12 @@ void TimeRanges::Save() const
                 range.day,
                 range.start,
                 range.stop,
-                owner.id);
+                owner.Number());
     }
-    for (const quint32 id : deleted) {
+    for (const RangeId id : deleted) {
         Execute("DELETE FROM Time_blocked WHERE tb_id = (?)", id);
     }
     Execute(grant ? "UPDATE users SET TimeAccess = true WHERE user_id = (?)"
                   : "UPDATE users SET TimeAccess = false WHERE user_id = (?)",
-            owner.id);
+            owner.Number());
 }

@@ -46,7 +46,7 @@ public:
     void Save() const;
 
     [[nodiscard]] const std::vector<TimeRange> &Added() const { return added; }
-    [[nodiscard]] const std::vector<quint32> &Deleted() const { return deleted; }
+    [[nodiscard]] const std::vector<RangeId> &Deleted() const { return deleted; }
 
     bool grant = false; // true: access is granted in these times; false: denied
 
@@ -55,12 +55,12 @@ private:
     struct Row
     {
         Source source;
-        quint32 id; // tb_id of a loaded range
+        RangeId id; // of a loaded range
         TimeRange range;
     };
 
     Owner owner;
     std::vector<Row> rows;
     std::vector<TimeRange> added;
-    std::vector<quint32> deleted;
+    std::vector<RangeId> deleted;
 };

@@ -1,13 +1,13 @@
 // The usage record that the current accounting period of a user or group counts into.
 #pragma once
 
-#include <QtGlobal>
+#include "db/value_codes.h"
 
-// The record's id, 0 when there is none, the last one's when there are several. `usagePeriod` is 0,
-// 1 or 2 (db/value_codes.h); any other runs no statement and gives 0. Periods 0 and 1 look for
-// today's record; period 2 for the owner's only one.
-[[nodiscard]] quint32 FindUserTrafficRecord(quint32 userId, quint32 usagePeriod);
-[[nodiscard]] quint32 FindUserTimeRecord(quint32 userId, quint32 usagePeriod);
+// The record, not set when there is none, the last one when there are several. Statistics and Day
+// look for today's record; Month for the owner's only one; a period of no meaning runs no statement
+// and finds none.
+[[nodiscard]] TrafficRecordId FindUserTrafficRecord(UserId userId, UsagePeriod period);
+[[nodiscard]] TimeRecordId FindUserTimeRecord(UserId userId, UsagePeriod period);
 
 // As above, by the group's own period: a day's record when that is a day, else the monthly one.
-[[nodiscard]] quint32 FindGroupTrafficRecord(quint32 groupId);
+[[nodiscard]] TrafficRecordId FindGroupTrafficRecord(GroupId groupId);

@@ -3,13 +3,12 @@
 #include "access/blocking.h"
 #include "access/user_mode_step.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-bool IsThere(quint32 userId)
+bool IsThere(UserId userId)
 {
     return RunQuery("SELECT blocked FROM users WHERE user_id = (?)", FetchMode::One, userId)
         != kQueryNoData;
@@ -29,7 +28,7 @@ void ApplyGeneral(const UserRecord &record)
 }
 
 // True when the address is free, or was freed by removing the user that held it.
-bool TakeOver(const QString &address, quint32 userId, const QString &question, Prompt &prompt)
+bool TakeOver(const QString &address, UserId userId, const QString &question, Prompt &prompt)
 {
     if (RunQuery("SELECT username, user_id FROM users WHERE ip_addr =(?) and user_id <>(?)",
                  FetchMode::One,
@@ -38,7 +37,7 @@ bool TakeOver(const QString &address, quint32 userId, const QString &question, P
         == kQueryNoData) {
         return true;
     }
-    const quint32 holder = queryResult.Integer(2);
+    const auto holder = queryResult.Id<UserId>(2);
     if (!prompt.Ask(question)) {
         return false;
     }
@@ -86,7 +85,7 @@ void ApplyBlock(const UserRecord &record, const ServiceLink *link)
         return;
     }
     if (record.block.requested) {
-        BlockUser(link, record.userId, block_reason::kAdministrator);
+        BlockUser(link, record.userId, BlockReason::Administrator);
     } else {
         UnblockUser(link, record.userId);
     }

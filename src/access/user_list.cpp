@@ -31,7 +31,7 @@ AccessState CurrentAccess()
         return AccessState::OutsideAllowedTime;
     }
     const bool allowed =
-        !queryResult.Flag(5) || queryResult.Integer(7) == block_reason::kShownAsAllowed;
+        !queryResult.Flag(5) || queryResult.Code<BlockReason>(7) == BlockReason::ShownAsAllowed;
     return allowed ? AccessState::Allowed : AccessState::Blocked;
 }
 
@@ -46,14 +46,14 @@ UserRow CurrentRow()
             .access = CurrentAccess()};
 }
 
-void FillGroupNames(UserList &list, const QList<quint32> &groupIds)
+void FillGroupNames(UserList &list, const QList<GroupId> &groupIds)
 {
-    QHash<quint32, QString> names;
+    QHash<GroupId, QString> names;
     for (qsizetype row = 0; row < list.rows.size(); ++row) {
-        const quint32 groupId = groupIds[row];
+        const GroupId groupId = groupIds[row];
         auto name = names.constFind(groupId);
         if (name == names.constEnd()) {
-            name = names.insert(groupId, NameOf(GroupOwner(groupId)).value_or(QString()));
+            name = names.insert(groupId, NameOf(groupId).value_or(QString()));
         }
         list.rows[row].groupName = *name;
     }
@@ -64,7 +64,7 @@ void FillGroupNames(UserList &list, const QList<quint32> &groupIds)
 UserList ReadUserList(int order, bool ascending, bool withGroupNames)
 {
     UserList list;
-    QList<quint32> groupIds;
+    QList<GroupId> groupIds;
     list.rows.reserve(kUserListCapacity);
     list.rowUserIds.reserve(kUserListCapacity);
     groupIds.reserve(kUserListCapacity);
@@ -73,8 +73,8 @@ UserList ReadUserList(int order, bool ascending, bool withGroupNames)
         RowCursor rows(Statement(order, ascending).constData());
         while (list.rows.size() < kUserListCapacity && rows.Next()) {
             list.rows.append(CurrentRow());
-            list.rowUserIds.append(queryResult.Integer(6));
-            groupIds.append(queryResult.Integer(9));
+            list.rowUserIds.append(queryResult.Id<UserId>(6));
+            groupIds.append(queryResult.Id<GroupId>(9));
         }
     }
     if (withGroupNames) {

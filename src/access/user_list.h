@@ -1,6 +1,8 @@
 // The rows of the users list, read from the database.
 #pragma once
 
+#include "db/ids.h"
+
 #include <QList>
 #include <QString>
 
@@ -23,7 +25,7 @@ struct UserRow
 struct UserList
 {
     QList<UserRow> rows;
-    QList<quint32> rowUserIds;
+    QList<UserId> rowUserIds;
 };
 
 constexpr quint32 kUserListCapacity = 1000;

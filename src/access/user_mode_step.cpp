@@ -4,7 +4,6 @@
 #include "access/open_credit.h"
 #include "access/usage_records.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
 namespace {
 
@@ -35,7 +34,7 @@ constexpr LimitPart kTimePart = {
     .write = "UPDATE users SET timelim = (?), timeperiod = (?) WHERE user_id = (?)",
 };
 
-bool HasOpenCredit(const char *sqlText, quint32 userId)
+bool HasOpenCredit(const char *sqlText, UserId userId)
 {
     bool open = false;
     RowCursor rows(sqlText, userId);
@@ -51,19 +50,20 @@ void LiftBlock(const UserRecord &record, const ServiceLink *link)
     UnblockUser(link, record.userId);
 }
 
+template <typename RecordId, typename Limit>
 void ApplyRaisedLimit(const LimitPart &part,
                       const UserRecord &record,
-                      quint32 usageRecord,
-                      quint32 limit,
+                      RecordId usageRecord,
+                      Limit limit,
                       const ServiceLink *link)
 {
     Execute(part.clearRecord, usageRecord);
     RunQuery(part.readStored, FetchMode::All, record.userId);
-    const quint32 reason = queryResult.Integer(3);
+    const auto reason = queryResult.Code<BlockReason>(3);
     RunQuery(part.readUsed, FetchMode::All, usageRecord);
-    const double used = queryResult.Amount(1);
+    const decltype(AmountOf(limit)) used {queryResult.Amount(1)};
     const bool openCredit = HasOpenCredit(part.readCredits, record.userId);
-    if (MayBeLifted(record.block, reason) && (used < limit || openCredit)) {
+    if (MayBeLifted(record.block, reason) && (used < AmountOf(limit) || openCredit)) {
         LiftBlock(record, link);
     }
 }
@@ -72,7 +72,7 @@ void ApplyTrafficLimit(const UserRecord &record, const ServiceLink *link)
 {
     const Limits limits = record.limits.Staged();
     if (record.limits.trafficRaised) {
-        const quint32 usageRecord = FindUserTrafficRecord(record.userId, limits.period);
+        const auto usageRecord = FindUserTrafficRecord(record.userId, UsagePeriodOf(limits.period));
         ApplyRaisedLimit(kTrafficPart, record, usageRecord, limits.traffic, link);
     }
     Execute(kTrafficPart.write, limits.traffic, limits.period, record.userId);
@@ -82,7 +82,7 @@ void ApplyTimeLimit(const UserRecord &record, const ServiceLink *link)
 {
     const Limits limits = record.limits.Staged();
     if (record.limits.timeRaised) {
-        const quint32 usageRecord = FindUserTimeRecord(record.userId, limits.period);
+        const auto usageRecord = FindUserTimeRecord(record.userId, UsagePeriodOf(limits.period));
         ApplyRaisedLimit(kTimePart, record, usageRecord, limits.time, link);
     }
     Execute(kTimePart.write, limits.time, limits.period, record.userId);
@@ -92,7 +92,7 @@ void ApplyNoControl(const UserRecord &record, const ServiceLink *link)
 {
     Execute("UPDATE users SET mode = 0 WHERE user_id = (?)", record.userId);
     RunQuery("SELECT blockreason FROM users WHERE user_id = (?)", FetchMode::All, record.userId);
-    if (MayBeLifted(record.block, queryResult.Integer(1))) {
+    if (MayBeLifted(record.block, queryResult.Code<BlockReason>(1))) {
         UnblockUser(link, record.userId);
     }
 }
@@ -100,11 +100,7 @@ void ApplyNoControl(const UserRecord &record, const ServiceLink *link)
 void ApplyCreditAccount(const UserRecord &record, const ServiceLink *link)
 {
     Execute("UPDATE users SET mode = 2 WHERE user_id = (?)", record.userId);
-    const bool creditLeft = HasCreditLeft(
-        "SELECT moneydata, moneyusage, data, usage FROM billing WHERE object_id = (?) AND mode=2 "
-        "AND closed=0",
-        record.userId);
-    if (creditLeft && MayBeLifted(record.block, record.block.reason)) {
+    if (HasCreditLeft(record.userId) && MayBeLifted(record.block, record.block.reason)) {
         UnblockUser(link, record.userId);
     }
     const Limits limits = record.limits.Staged();
@@ -122,22 +118,22 @@ void ApplyCreditAccount(const UserRecord &record, const ServiceLink *link)
 void ApplyUserMode(const UserRecord &record, const ServiceLink *link)
 {
     switch (record.mode) {
-    case mode::kNoControl:
+    case AccountingMode::NoControl:
         ApplyNoControl(record, link);
         break;
-    case mode::kTraffic:
+    case AccountingMode::Traffic:
         Execute("UPDATE users SET mode = 1 WHERE user_id = (?)", record.userId);
         ApplyTrafficLimit(record, link);
         break;
-    case mode::kTrafficAndTime:
+    case AccountingMode::TrafficAndTime:
         Execute("UPDATE users SET mode = 5 WHERE user_id = (?)", record.userId);
         ApplyTrafficLimit(record, link);
         ApplyTimeLimit(record, link);
         break;
-    case mode::kProvider:
+    case AccountingMode::Provider:
         ApplyCreditAccount(record, link);
         break;
-    case mode::kTime:
+    case AccountingMode::Time:
         Execute("UPDATE users SET mode = 4 WHERE user_id = (?)", record.userId);
         ApplyTimeLimit(record, link);
         break;

@@ -13,7 +13,7 @@ UserGeneral GeneralInBuffer()
             .macAddress = queryResult.Text(5),
             .workstation = queryResult.Text(6),
             .login = {},
-            .groupId = queryResult.Integer(8),
+            .groupId = queryResult.Id<GroupId>(8),
             .groupName = queryResult.Text(9),
             .guest = queryResult.Integer(10) == 1};
 }
@@ -37,7 +37,7 @@ bool ReadGeneral(UserRecord &record)
         return false;
     }
     record.saved = GeneralInBuffer();
-    record.mode = queryResult.Integer(7);
+    record.mode = queryResult.Code<AccountingMode>(7);
     RunQuery("SELECT login FROM logins WHERE userid = (?)", FetchMode::All, record.userId);
     record.saved.login = queryResult.Text(1);
     record.draft = record.saved;
@@ -52,13 +52,13 @@ void ReadAccess(UserRecord &record)
              "WHERE user_id = (?) ",
              FetchMode::All,
              record.userId);
-    record.block = UserBlockState(blocked, queryResult.Integer(4));
+    record.block = UserBlockState(blocked, queryResult.Code<BlockReason>(4));
     record.authRequired = queryResult.Integer(5) != 0;
 }
 
 } // namespace
 
-std::optional<UserRecord> LoadUser(quint32 userId)
+std::optional<UserRecord> LoadUser(UserId userId)
 {
     UserRecord record;
     record.userId = userId;

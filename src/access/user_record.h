@@ -6,6 +6,7 @@
 #include "access/protocol_choice.h"
 #include "access/staged_account.h"
 #include "access/time_ranges.h"
+#include "db/value_codes.h"
 
 #include <QString>
 
@@ -18,7 +19,7 @@ struct UserGeneral
     QString macAddress; // twelve characters, or empty
     QString workstation;
     QString login; // empty when no login is bound to the user
-    quint32 groupId = 0;
+    GroupId groupId;
     QString groupName; // empty when there is no such group any more
     bool guest = false;
 
@@ -27,10 +28,10 @@ struct UserGeneral
 
 struct UserRecord
 {
-    quint32 userId = 0;
+    UserId userId;
     UserGeneral saved;
     UserGeneral draft;
-    quint32 mode = 0; // db/value_codes.h
+    AccountingMode mode = AccountingMode::NoControl;
     BlockState block;
     bool authRequired = false;
     LimitsDraft limits;
@@ -38,8 +39,8 @@ struct UserRecord
     TimeRanges times;
     ProtocolChoice protocols;
 
-    [[nodiscard]] Owner Self() const { return {Owner::Kind::User, userId}; }
+    [[nodiscard]] Owner Self() const { return userId; }
 };
 
 // Nothing when there is no such user any more.
-[[nodiscard]] std::optional<UserRecord> LoadUser(quint32 userId);
+[[nodiscard]] std::optional<UserRecord> LoadUser(UserId userId);

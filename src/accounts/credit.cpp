@@ -4,7 +4,6 @@
 #include "access/blocking.h"
 #include "access/usage_records.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
 namespace {
 
@@ -55,33 +54,33 @@ constexpr CreditStatements kGroupStatements {
 };
 
 // The traffic record that the owner's current accounting period counts into.
-quint32 CurrentTrafficRecord(const Owner &owner)
+TrafficRecordId CurrentTrafficRecord(const Owner &owner)
 {
     if (!owner.IsUser()) {
-        return FindGroupTrafficRecord(owner.id);
+        return FindGroupTrafficRecord(owner.Group());
     }
-    RunQuery("SELECT trafperiod FROM users WHERE user_id = (?)", FetchMode::One, owner.id);
-    return FindUserTrafficRecord(owner.id, queryResult.Integer(1));
+    RunQuery("SELECT trafperiod FROM users WHERE user_id = (?)", FetchMode::One, owner.User());
+    return FindUserTrafficRecord(owner.User(), UsagePeriodOf(queryResult.Code<LimitPeriod>(1)));
 }
 
-quint32 CurrentTimeRecord(quint32 userId)
+TimeRecordId CurrentTimeRecord(UserId userId)
 {
     RunQuery("SELECT timeperiod FROM users WHERE user_id = (?)", FetchMode::One, userId);
-    return FindUserTimeRecord(userId, queryResult.Integer(1));
+    return FindUserTimeRecord(userId, UsagePeriodOf(queryResult.Code<LimitPeriod>(1)));
 }
 
 void WriteLimitCredit(const Owner &owner, const StagedCredit &credit, const CreditStatements &texts)
 {
-    if (credit.kind == CreditKind::Time) {
-        const quint32 record = CurrentTimeRecord(owner.id);
+    if (credit.Kind() == CreditKind::Time) {
+        const TimeRecordId record = CurrentTimeRecord(owner.User());
         Execute("INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, (?), (?), (?))",
                 record,
-                owner.id,
-                credit.amount);
+                owner.User(),
+                NumberOf(credit.amount));
         return;
     }
-    const quint32 record = CurrentTrafficRecord(owner);
-    Execute(texts.limitTraffic, record, owner.id, credit.amount);
+    const TrafficRecordId record = CurrentTrafficRecord(owner);
+    Execute(texts.limitTraffic, record, owner.Number(), NumberOf(credit.amount));
 }
 
 template <typename... Values>
@@ -99,51 +98,51 @@ void WritePrepaidCredit(const Owner &owner,
                         double rate,
                         const CreditStatements &texts)
 {
-    if (credit.kind == CreditKind::Unlimited) {
-        WriteWithExpiry(texts.unlimited, credit, owner.id);
+    if (credit.Kind() == CreditKind::Unlimited) {
+        WriteWithExpiry(texts.unlimited, credit, owner.Number());
         return;
     }
-    const auto &pair = credit.kind == CreditKind::Money ? texts.money : texts.traffic;
-    WriteWithExpiry(pair, credit, owner.id, credit.amount, rate);
+    const auto &pair = credit.Kind() == CreditKind::Money ? texts.money : texts.traffic;
+    WriteWithExpiry(pair, credit, owner.Number(), NumberOf(credit.amount), rate);
 }
 
 void Unblock(const Owner &owner, const ServiceLink *link)
 {
     if (owner.IsUser()) {
-        UnblockUser(link, owner.id);
+        UnblockUser(link, owner.User());
     } else {
-        UnblockGroup(link, owner.id);
+        UnblockGroup(link, owner.Group());
     }
 }
 
 } // namespace
 
 void WriteCredit(const Owner &owner,
-                 quint32 ownerMode,
+                 AccountingMode ownerMode,
                  const StagedCredit &credit,
                  double rate,
                  const ServiceLink *link)
 {
     const auto &texts = owner.IsUser() ? kUserStatements : kGroupStatements;
-    RunQuery(texts.blockReason, FetchMode::One, owner.id);
-    const quint32 reason = queryResult.Integer(1);
+    RunQuery(texts.blockReason, FetchMode::One, owner.Number());
+    const auto reason = queryResult.Code<BlockReason>(1);
     if (IsLimitMode(ownerMode)) {
         WriteLimitCredit(owner, credit, texts);
     } else {
         WritePrepaidCredit(owner, credit, rate, texts);
     }
-    if (credit.kind != CreditKind::Unlimited && reason != block_reason::kAdministrator) {
+    if (credit.Kind() != CreditKind::Unlimited && reason != BlockReason::Administrator) {
         Unblock(owner, link);
     }
 }
 
-void CloseCredit(quint32 billId)
+void CloseCredit(BillId billId)
 {
     Execute("UPDATE billing SET closed = 1 WHERE bill_id = (?)", billId);
 }
 
 bool ApplyStagedAccount(const Owner &owner,
-                        quint32 ownerMode,
+                        AccountingMode ownerMode,
                         const StagedAccount &staged,
                         double rate,
                         const ServiceLink *link)
@@ -157,7 +156,7 @@ bool ApplyStagedAccount(const Owner &owner,
     for (const StagedCredit &credit : staged.credits) {
         WriteCredit(owner, ownerMode, credit, rate, link);
     }
-    for (const quint32 billId : staged.closed) {
+    for (const BillId billId : staged.closed) {
         CloseCredit(billId);
     }
     return true;

@@ -10,17 +10,17 @@
 // force, which a pre-paid credit of traffic or money keeps. The owner is then unblocked, with word
 // to the service, unless the administrator blocked it or the credit is unlimited.
 void WriteCredit(const Owner &owner,
-                 quint32 ownerMode,
+                 AccountingMode ownerMode,
                  const StagedCredit &credit,
                  double rate,
                  const ServiceLink *link);
 
-void CloseCredit(quint32 billId);
+void CloseCredit(BillId billId);
 
 // Writes what is staged: first the credits, then the close marks. False, and nothing written, when
 // the owner's row is gone. Runs no statement when nothing is staged.
 [[nodiscard]] bool ApplyStagedAccount(const Owner &owner,
-                                      quint32 ownerMode,
+                                      AccountingMode ownerMode,
                                       const StagedAccount &staged,
                                       double rate,
                                       const ServiceLink *link);

@@ -4,6 +4,25 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+CreditAmount AmountFrom(CreditKind kind, double typed, double rate)
+{
+    switch (kind) {
+    case CreditKind::Traffic:
+        return Megabytes {typed};
+    case CreditKind::Money:
+        return BaseUnits {typed / rate};
+    case CreditKind::Time:
+        return Hours {typed};
+    case CreditKind::Unlimited:
+        break;
+    }
+    return Unbounded {};
+}
+
+} // namespace
+
 CreditProblem CheckAmount(CreditKind kind, std::optional<double> typed, double rate)
 {
     if (kind == CreditKind::Unlimited) {
@@ -18,7 +37,7 @@ CreditProblem CheckAmount(CreditKind kind, std::optional<double> typed, double r
     if (!(rate > 0.0)) {
         return u"The currency has no valid rate. Please correct it on the Tariff page of the options"_s;
     }
-    if (!(*typed / rate > kLeastMoney)) {
+    if (!(BaseUnits {*typed / rate} > kLeastMoney)) {
         return u"The amount is too small at the currency's rate. Please enter a larger one"_s;
     }
     return std::nullopt;
@@ -35,11 +54,8 @@ CreditProblem CheckExpiry(QDate day)
 StagedCredit CreditFrom(CreditKind kind, double typed, double rate, QDate expiry)
 {
     StagedCredit credit;
-    credit.kind = kind;
+    credit.amount = AmountFrom(kind, typed, rate);
     credit.neverExpires = !expiry.isValid();
-    if (kind != CreditKind::Unlimited) {
-        credit.amount = kind == CreditKind::Money ? typed / rate : typed;
-    }
     if (expiry.isValid()) {
         credit.expiryDay = expiry.toString(u"yyyy.MM.dd"_s);
     }

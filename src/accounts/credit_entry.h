@@ -5,8 +5,8 @@
 
 #include <QDate>
 
-// Money at or below this, in base units, is not told from none when it is listed.
-constexpr double kLeastMoney = 0.0001;
+// Money at or below this is not told from none when it is listed.
+constexpr BaseUnits kLeastMoney {0.0001};
 
 // More megabytes, hours or money than this are not taken from a typed amount.
 constexpr double kMostCredit = 1e9;

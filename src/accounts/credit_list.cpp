@@ -6,7 +6,6 @@
 #include "accounts/currency.h"
 #include "base/amount_text.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +31,7 @@ QStringList LimitCells(const QString &date,
 ListedCredit LimitRow(const QString &unit)
 {
     const auto status = queryResult.Flag(3) ? CreditStatus::Expired : CreditStatus::Active;
-    return {queryResult.Integer(5),
+    return {queryResult.Id<BillId>(5),
             status,
             LimitCells(DateCell(queryResult.Text(1)),
                        AmountText(queryResult.Amount(2)),
@@ -65,10 +64,10 @@ struct PrepaidAmount
 // moneydata, moneyusage.
 PrepaidAmount AmountInBuffer(const ShownMoney &shown)
 {
-    const double money = queryResult.Amount(9);
+    const BaseUnits money {queryResult.Amount(9)};
     const QString usedMoney = SignificantText(queryResult.Amount(10) * shown.rate, 4);
     if (money > kLeastMoney) {
-        return {SignificantText(money * shown.rate, 4), shown.unit, usedMoney};
+        return {SignificantText(money.value * shown.rate, 4), shown.unit, usedMoney};
     }
     if (queryResult.IsEmpty(2)) {
         return {u"Unlim"_s, u"None"_s, usedMoney};
@@ -84,7 +83,7 @@ ListedCredit PrepaidRow(const ShownMoney &shown)
     const auto status =
         closed || HasExpired(unlimited, day) ? CreditStatus::Expired : CreditStatus::Active;
     const auto [credit, type, usedMoney] = AmountInBuffer(shown);
-    return {queryResult.Integer(5),
+    return {queryResult.Id<BillId>(5),
             status,
             {DateCell(queryResult.Text(1)),
              credit,
@@ -107,23 +106,23 @@ void AddTrafficLimits(CreditList &list, const Owner &owner, const QString &unit)
     if (owner.IsUser()) {
         RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
                          "WHERE object_id = (?) and mode = 1 ORDER BY date DESC",
-                         owner.id);
+                         owner.User());
         AddLimitRows(list, cursor, unit);
         return;
     }
-    const quint32 record = FindGroupTrafficRecord(owner.id);
+    const TrafficRecordId record = FindGroupTrafficRecord(owner.Group());
     RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
                      "WHERE group_id = (?) and mode = 1 and trafid = (?) ORDER BY date DESC",
-                     owner.id,
+                     owner.Group(),
                      record);
     AddLimitRows(list, cursor, unit);
 }
 
-void AddTimeLimits(CreditList &list, const Owner &owner, const QString &unit)
+void AddTimeLimits(CreditList &list, UserId userId, const QString &unit)
 {
     RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
                      "WHERE object_id = (?) and mode = 4  ORDER BY date DESC",
-                     owner.id);
+                     userId);
     AddLimitRows(list, cursor, unit);
 }
 
@@ -136,11 +135,11 @@ void AddPrepaid(CreditList &list, const Owner &owner, const ShownMoney &shown)
                          : "SELECT date, data, closed, usage, bill_id, unlimited, expiredday, "
                            "currencydata, moneydata, moneyusage FROM billing "
                            "WHERE group_id = (?) and mode = 2  ORDER BY date DESC",
-                     owner.id);
+                     owner.Number());
     while (list.rows.size() < kMostListedCredits && cursor.Next()) {
         if (!queryResult.Flag(3)) {
             // kept: a money credit counts with its megabytes, which are used but never given
-            list.balance += queryResult.Amount(2) - queryResult.Amount(4);
+            list.balance += Megabytes {queryResult.Amount(2)} - Megabytes {queryResult.Amount(4)};
         }
         list.rows.push_back(PrepaidRow(shown));
     }
@@ -148,19 +147,19 @@ void AddPrepaid(CreditList &list, const Owner &owner, const ShownMoney &shown)
 
 QString StagedAmount(const StagedCredit &credit, const ConfigStore &config)
 {
-    switch (credit.kind) {
+    switch (credit.Kind()) {
     case CreditKind::Money:
-        return SignificantText(credit.amount * CurrentRate(config), 4);
+        return SignificantText(NumberOf(credit.amount) * CurrentRate(config), 4);
     case CreditKind::Unlimited:
         return u"Unlim"_s;
     default:
-        return AmountText(credit.amount);
+        return AmountText(NumberOf(credit.amount));
     }
 }
 
 } // namespace
 
-QStringList CreditColumns(quint32 ownerMode)
+QStringList CreditColumns(AccountingMode ownerMode)
 {
     if (!IsLimitMode(ownerMode)) { // a user without control is given pre-paid credit too
         return {u"N"_s,
@@ -175,7 +174,7 @@ QStringList CreditColumns(quint32 ownerMode)
     return {u"N"_s, u"Date/Time"_s, u"Credit"_s, u"Used"_s, u"Status"_s, u"Type"_s};
 }
 
-qsizetype StatusCell(quint32 ownerMode)
+qsizetype StatusCell(AccountingMode ownerMode)
 {
     return CreditColumns(ownerMode).indexOf(u"Status"_s) - 1;
 }
@@ -193,35 +192,39 @@ QString StatusText(CreditStatus status)
     return {};
 }
 
-CreditList ReadCredits(const Owner &owner, quint32 ownerMode, const ConfigStore &config)
+CreditList ReadCredits(const Owner &owner, AccountingMode ownerMode, const ConfigStore &config)
 {
     CreditList list;
-    if (ownerMode == mode::kTraffic || ownerMode == mode::kTrafficAndTime) {
+    if (ownerMode == AccountingMode::Traffic || ownerMode == AccountingMode::TrafficAndTime) {
         AddTrafficLimits(list, owner, UnitName(config, CreditKind::Traffic));
     }
-    if (owner.IsUser() && (ownerMode == mode::kTime || ownerMode == mode::kTrafficAndTime)) {
-        AddTimeLimits(list, owner, UnitName(config, CreditKind::Time));
+    if (owner.IsUser()
+        && (ownerMode == AccountingMode::Time || ownerMode == AccountingMode::TrafficAndTime)) {
+        AddTimeLimits(list, owner.User(), UnitName(config, CreditKind::Time));
     }
-    if (ownerMode == mode::kProvider) {
+    if (ownerMode == AccountingMode::Provider) {
         AddPrepaid(list, owner, MoneyOf(config));
     }
     return list;
 }
 
-ListedCredit StagedRow(const StagedCredit &credit, quint32 ownerMode, const ConfigStore &config)
+ListedCredit
+StagedRow(const StagedCredit &credit, AccountingMode ownerMode, const ConfigStore &config)
 {
     const QString date = Today().toString(u"yyyy-MM-dd"_s);
-    const QString unit = UnitName(config, credit.kind);
+    const QString unit = UnitName(config, credit.Kind());
     if (IsLimitMode(ownerMode)) {
-        return {0,
-                CreditStatus::New,
-                LimitCells(date, SignificantText(credit.amount, 5), {}, CreditStatus::New, unit)};
+        return {
+            {},
+            CreditStatus::New,
+            LimitCells(
+                date, SignificantText(NumberOf(credit.amount), 5), {}, CreditStatus::New, unit)};
     }
-    return {0,
+    return {{},
             CreditStatus::New,
             {date,
              StagedAmount(credit, config),
-             credit.kind == CreditKind::Unlimited ? u"None"_s : unit,
+             credit.Kind() == CreditKind::Unlimited ? u"None"_s : unit,
              {},
              {},
              credit.neverExpires ? u"Unlimited"_s : credit.expiryDay,

@@ -20,7 +20,7 @@ enum class CreditStatus {
 
 struct ListedCredit
 {
-    quint32 billId = 0; // 0 for a staged one
+    BillId billId; // not set for a staged one
     CreditStatus status = CreditStatus::New;
     QStringList cells; // of the columns after "N"
 };
@@ -28,25 +28,25 @@ struct ListedCredit
 struct CreditList
 {
     std::vector<ListedCredit> rows; // newest first
-    double balance = 0.0; // of the open pre-paid credits, in megabytes
+    Megabytes balance; // of the open pre-paid credits
 };
 
 // The column headers, "N" first. They differ between the limit modes and pre-paid credit.
-[[nodiscard]] QStringList CreditColumns(quint32 ownerMode);
+[[nodiscard]] QStringList CreditColumns(AccountingMode ownerMode);
 
 // Where "Status" stands in a credit's cells.
-[[nodiscard]] qsizetype StatusCell(quint32 ownerMode);
+[[nodiscard]] qsizetype StatusCell(AccountingMode ownerMode);
 
 [[nodiscard]] QString StatusText(CreditStatus status);
 
 // Reads the stored credits of an owner in the mode given. A group in a limit mode shows only those
 // of its current traffic record.
 [[nodiscard]] CreditList
-ReadCredits(const Owner &owner, quint32 ownerMode, const ConfigStore &config);
+ReadCredits(const Owner &owner, AccountingMode ownerMode, const ConfigStore &config);
 
 // The row of a credit that has just been staged: today's date, "New".
 [[nodiscard]] ListedCredit
-StagedRow(const StagedCredit &credit, quint32 ownerMode, const ConfigStore &config);
+StagedRow(const StagedCredit &credit, AccountingMode ownerMode, const ConfigStore &config);
 
 // True when the credit has an expiry day and that is over. Its text is "%Y.%m.%d"; another never
 // passes.

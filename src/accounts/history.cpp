@@ -6,25 +6,24 @@
 #include "base/amount_text.h"
 #include "base/day.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
 #include <algorithm>
-#include <array>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const char *ModeClause(quint32 ownerMode)
+const char *ModeClause(AccountingMode ownerMode)
 {
     switch (ownerMode) {
-    case mode::kTraffic:
+    case AccountingMode::Traffic:
         return " AND mode=1";
-    case mode::kProvider:
+    case AccountingMode::Provider:
         return " AND mode=2";
-    case mode::kTime:
+    case AccountingMode::Time:
         return " AND mode=4";
-    case mode::kTrafficAndTime:
+    case AccountingMode::TrafficAndTime:
         return " AND (mode=1 OR mode=4)";
     default:
         return "";
@@ -53,17 +52,17 @@ std::optional<QString> SinceOf(HistoryPeriod period, QDate today)
 }
 
 // Oldest first: the engines hand the rows of the one statement over in orders of their own.
-std::vector<quint32> SelectedCredits(const HistoryFilter &filter)
+std::vector<BillId> SelectedCredits(const HistoryFilter &filter)
 {
     const auto [text, since] = BuildFilter(filter, Today());
-    BindValue(1, filter.owner.id);
+    BindValue(1, filter.owner.Number());
     if (since) {
         BindValue(2, *since);
     }
-    std::vector<quint32> ids;
+    std::vector<BillId> ids;
     RowCursor rows(text.constData());
     while (rows.Next()) {
-        ids.push_back(queryResult.Integer(1));
+        ids.push_back(queryResult.Id<BillId>(1));
     }
     std::sort(ids.begin(), ids.end());
     return ids;
@@ -82,7 +81,7 @@ bool IsRead(int result)
     return result == kQuerySuccess || result == kQuerySuccessWithInfo;
 }
 
-std::optional<HistoryRow> ReadLimitRow(quint32 billId)
+std::optional<HistoryRow> ReadLimitRow(BillId billId)
 {
     if (!IsRead(RunQuery("SELECT date, data, closed, usage, mode FROM billing WHERE bill_id = (?)",
                          FetchMode::One,
@@ -92,15 +91,18 @@ std::optional<HistoryRow> ReadLimitRow(quint32 billId)
     HistoryRow row;
     row.billId = billId;
     row.made = MadeInBuffer();
-    row.kind =
-        queryResult.Integer(5) == billing_mode::kTime ? CreditKind::Time : CreditKind::Traffic;
-    row.amount = queryResult.Amount(2);
-    row.used = queryResult.Amount(4);
+    if (queryResult.Code<BillingMode>(5) == BillingMode::Time) {
+        row.amount = Hours {queryResult.Amount(2)};
+        row.used = Hours {queryResult.Amount(4)};
+    } else {
+        row.amount = Megabytes {queryResult.Amount(2)};
+        row.used = Megabytes {queryResult.Amount(4)};
+    }
     row.status = queryResult.Flag(3) ? HistoryStatus::Closed : HistoryStatus::Active;
     return row;
 }
 
-std::optional<HistoryRow> ReadPrepaidRow(quint32 billId)
+std::optional<HistoryRow> ReadPrepaidRow(BillId billId)
 {
     if (!IsRead(
             RunQuery("SELECT date, closed, usage, unlimited, expiredday, moneydata, moneyusage, "
@@ -113,18 +115,17 @@ std::optional<HistoryRow> ReadPrepaidRow(quint32 billId)
     row.billId = billId;
     row.made = MadeInBuffer();
     const bool unlimited = queryResult.Integer(4) != 0;
-    const double money = queryResult.Amount(6);
-    row.usedMegabytes = queryResult.Amount(3);
+    const BaseUnits money {queryResult.Amount(6)};
+    row.usedMegabytes = Megabytes {queryResult.Amount(3)};
     row.used = row.usedMegabytes;
     row.expiryDay = unlimited ? u"Unlimited"_s : queryResult.Text(5);
     if (money > kLeastMoney) {
-        row.kind = CreditKind::Money;
         row.amount = money;
-        row.used = queryResult.Amount(7);
+        row.used = BaseUnits {queryResult.Amount(7)};
     } else if (queryResult.IsEmpty(8)) {
-        row.kind = CreditKind::Unlimited;
+        row.amount = Unbounded {};
     } else {
-        row.amount = queryResult.Amount(8);
+        row.amount = Megabytes {queryResult.Amount(8)};
     }
     if (queryResult.Flag(2)) {
         row.status = HistoryStatus::Closed;
@@ -164,13 +165,59 @@ QString TypeText(CreditKind kind)
     return {};
 }
 
-// The sum to which a credit's rest belongs. An unlimited one shows the megabytes'.
-double &BalanceOf(CreditKind kind, std::array<double, 3> &balances)
+struct Balances
 {
-    if (kind == CreditKind::Money) {
-        return balances[1];
+    Megabytes traffic;
+    BaseUnits money;
+    Hours time;
+
+    // Adds what is left of a credit and returns the sum that it belongs to. An unlimited one adds
+    // nothing and shows the megabytes'.
+    CreditAmount AddRest(const HistoryRow &row)
+    {
+        switch (KindOf(row.amount)) {
+        case CreditKind::Traffic:
+            return Add(traffic, row);
+        case CreditKind::Money:
+            return Add(money, row);
+        case CreditKind::Time:
+            return Add(time, row);
+        case CreditKind::Unlimited:
+            break;
+        }
+        return traffic;
     }
-    return kind == CreditKind::Time ? balances[2] : balances[0];
+
+private:
+    template <typename Unit>
+    static Unit Add(Unit &sum, const HistoryRow &row)
+    {
+        if (row.status != HistoryStatus::Closed) {
+            sum += std::get<Unit>(row.amount) - std::get<Unit>(row.used);
+        }
+        return sum;
+    }
+};
+
+// Of a credit not yet used, in the amount's unit.
+CreditAmount NothingOf(const CreditAmount &amount)
+{
+    return std::visit(
+        [](auto given) -> CreditAmount {
+            if constexpr (std::is_same_v<decltype(given), Unbounded>) {
+                return Megabytes {};
+            } else {
+                return decltype(given) {};
+            }
+        },
+        amount);
+}
+
+// Money is shown at `rate`.
+QString ShownAmount(const CreditAmount &amount, double rate)
+{
+    const double factor = KindOf(amount) == CreditKind::Money ? rate : 1.0;
+    return AmountText(NumberOf(amount) * factor);
 }
 
 } // namespace
@@ -205,7 +252,7 @@ FilterStatement BuildFilter(const HistoryFilter &filter, QDate today)
 std::vector<HistoryRow> ReadHistory(const HistoryFilter &filter)
 {
     std::vector<HistoryRow> rows;
-    for (const quint32 billId : SelectedCredits(filter)) {
+    for (const BillId billId : SelectedCredits(filter)) {
         // One that is gone by now is left out.
         if (auto row =
                 IsLimitMode(filter.ownerMode) ? ReadLimitRow(billId) : ReadPrepaidRow(billId)) {
@@ -219,8 +266,8 @@ HistoryRow HistoryRowOf(const StagedCredit &credit)
 {
     HistoryRow row;
     row.made = {Today(), QTime::currentTime()};
-    row.kind = credit.kind;
     row.amount = credit.amount;
+    row.used = NothingOf(credit.amount);
     row.expiryDay = credit.neverExpires ? u"Unlimited"_s : credit.expiryDay;
     row.status = HistoryStatus::New;
     return row;
@@ -228,38 +275,33 @@ HistoryRow HistoryRowOf(const StagedCredit &credit)
 
 void AddUpBalances(std::vector<HistoryRow> &rows)
 {
-    std::array<double, 3> balances {};
+    Balances balances;
     for (HistoryRow &row : rows) {
-        double &balance = BalanceOf(row.kind, balances);
-        if (row.status != HistoryStatus::Closed && row.kind != CreditKind::Unlimited) {
-            balance += row.amount - row.used;
-        }
-        row.balance = balance;
+        row.balance = balances.AddRest(row);
     }
 }
 
-QStringList HistoryColumns(quint32 ownerMode)
+QStringList HistoryColumns(AccountingMode ownerMode)
 {
     QStringList columns {
         u"N"_s, u"Date"_s, u"Time"_s, u"Credit"_s, u"Used"_s, u"Balance"_s, u"Type"_s};
-    if (ownerMode == mode::kProvider) {
+    if (ownerMode == AccountingMode::Provider) {
         columns << u"Used, Mb"_s << u"Expiry date"_s;
     }
     return columns << u"Status"_s;
 }
 
-QStringList HistoryCells(const HistoryRow &row, quint32 ownerMode, double rate)
+QStringList HistoryCells(const HistoryRow &row, AccountingMode ownerMode, double rate)
 {
-    const double factor = row.kind == CreditKind::Money ? rate : 1.0;
+    const CreditKind kind = KindOf(row.amount);
     QStringList cells {row.made.toString(u"dd.MM.yyyy"_s),
                        row.made.toString(u"HH:mm:ss"_s),
-                       row.kind == CreditKind::Unlimited ? u"Unlim"_s
-                                                         : AmountText(row.amount * factor),
-                       AmountText(row.used * factor),
-                       AmountText(row.balance * factor),
-                       TypeText(row.kind)};
-    if (ownerMode == mode::kProvider) {
-        cells << AmountText(row.usedMegabytes) << row.expiryDay;
+                       kind == CreditKind::Unlimited ? u"Unlim"_s : ShownAmount(row.amount, rate),
+                       ShownAmount(row.used, rate),
+                       ShownAmount(row.balance, rate),
+                       TypeText(kind)};
+    if (ownerMode == AccountingMode::Provider) {
+        cells << AmountText(row.usedMegabytes.value) << row.expiryDay;
     }
     return cells << StatusCellText(row.status);
 }

@@ -21,7 +21,7 @@ enum class HistoryPeriod { AllRecords = 0, Today = 1, LastWeek = 2, LastMonth = 
 struct HistoryFilter
 {
     Owner owner;
-    quint32 ownerMode = 0; // db/value_codes.h
+    AccountingMode ownerMode = AccountingMode::NoControl;
     bool openOnly = false;
     HistoryPeriod period = HistoryPeriod::AllRecords;
 };
@@ -40,15 +40,14 @@ enum class HistoryStatus { New, Active, Expired, Closed };
 
 struct HistoryRow
 {
-    quint32 billId = 0; // 0 for a credit that is staged and not yet stored
+    BillId billId; // not set for a credit that is staged and not yet stored
     QDateTime made;
-    CreditKind kind = CreditKind::Traffic;
-    double amount = 0.0; // in the kind's unit: megabytes, hours or base units
-    double used = 0.0; // in the same unit; megabytes of an unlimited credit
-    double usedMegabytes = 0.0; // pre-paid credits
+    CreditAmount amount;
+    CreditAmount used; // in the amount's unit; megabytes of an unlimited credit
+    Megabytes usedMegabytes; // pre-paid credits
     QString expiryDay; // pre-paid credits: as stored, or "Unlimited"
     HistoryStatus status = HistoryStatus::Active;
-    double balance = 0.0; // up to this row, in the kind's unit
+    CreditAmount balance; // up to this row, in the same unit as what was used
 };
 
 // The credits that the filter selects, oldest first, without their balances.
@@ -63,7 +62,8 @@ struct HistoryRow
 void AddUpBalances(std::vector<HistoryRow> &rows);
 
 // The column headers: "N", then one for each of a row's cells.
-[[nodiscard]] QStringList HistoryColumns(quint32 ownerMode);
+[[nodiscard]] QStringList HistoryColumns(AccountingMode ownerMode);
 
 // What stands in the columns after "N". Money is shown at `rate`.
-[[nodiscard]] QStringList HistoryCells(const HistoryRow &row, quint32 ownerMode, double rate);
+[[nodiscard]] QStringList
+HistoryCells(const HistoryRow &row, AccountingMode ownerMode, double rate);

@@ -5,57 +5,57 @@
 #include "base/amount_text.h"
 #include "base/day.h"
 #include "db/session.h"
-#include "db/value_codes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 // The sum of the first column of all rows.
-double SumOf(const char *sqlText, quint32 id)
+template <typename Unit, typename RecordId>
+Unit SumOf(const char *sqlText, RecordId record)
 {
-    double sum = 0.0;
-    RowCursor rows(sqlText, id);
+    Unit sum;
+    RowCursor rows(sqlText, record);
     while (rows.Next()) {
-        sum += queryResult.Amount(1);
+        sum += Unit {queryResult.Amount(1)};
     }
     return sum;
 }
 
-double UsedOfTrafficCredits(quint32 record)
+Megabytes UsedOfTrafficCredits(TrafficRecordId record)
 {
-    return SumOf("SELECT usage FROM billing WHERE trafid = (?)", record);
+    return SumOf<Megabytes>("SELECT usage FROM billing WHERE trafid = (?)", record);
 }
 
 // Without a record of the current period there is nothing to read; the credits of all owners that
 // were given in such a time stand under the id 0.
-void AddPeriodTraffic(PeriodUsage &period, quint32 record)
+void AddPeriodTraffic(PeriodUsage &period, TrafficRecordId record)
 {
-    if (record == 0) {
+    if (!record.IsSet()) {
         return;
     }
     RunQuery("SELECT data, senddata FROM traffic_use WHERE traf_id = (?)", FetchMode::One, record);
-    period.received = queryResult.Amount(1);
-    period.sent = queryResult.Amount(2);
+    period.received = Megabytes {queryResult.Amount(1)};
+    period.sent = Megabytes {queryResult.Amount(2)};
     period.creditMegabytes = UsedOfTrafficCredits(record);
 }
 
-void AddPeriodTime(PeriodUsage &period, quint32 record)
+void AddPeriodTime(PeriodUsage &period, TimeRecordId record)
 {
-    if (record == 0) {
+    if (!record.IsSet()) {
         return;
     }
     RunQuery("SELECT data FROM time_use WHERE time_id = (?)", FetchMode::One, record);
-    period.hours = queryResult.Amount(1);
-    period.creditHours = SumOf("SELECT usage FROM billing WHERE time_id = (?)", record);
+    period.hours = Hours {queryResult.Amount(1)};
+    period.creditHours = SumOf<Hours>("SELECT usage FROM billing WHERE time_id = (?)", record);
 }
 
-void AddOverall(UsageStatistics &statistics, const char *sqlText, quint32 userId)
+void AddOverall(UsageStatistics &statistics, const char *sqlText, UserId userId)
 {
     RowCursor rows(sqlText, userId);
     while (rows.Next()) {
-        statistics.received += queryResult.Amount(1);
-        statistics.sent += queryResult.Amount(2);
+        statistics.received += Megabytes {queryResult.Amount(1)};
+        statistics.sent += Megabytes {queryResult.Amount(2)};
     }
 }
 
@@ -71,23 +71,24 @@ QString CreditSentence(const QString &what, double fromCredits, const QString &u
 
 } // namespace
 
-UsageStatistics ReadUserStatistics(quint32 userId)
+UsageStatistics ReadUserStatistics(UserId userId)
 {
     UsageStatistics statistics;
     RunQuery("SELECT trafperiod, timeperiod, mode FROM users WHERE user_id = (?)",
              FetchMode::One,
              userId);
-    const quint32 trafficPeriod = queryResult.Integer(1);
-    const quint32 timePeriod = queryResult.Integer(2);
-    const quint32 userMode = queryResult.Integer(3);
+    const auto trafficPeriod = queryResult.Code<LimitPeriod>(1);
+    const auto timePeriod = queryResult.Code<LimitPeriod>(2);
+    const auto mode = queryResult.Code<AccountingMode>(3);
     auto &period = statistics.period;
-    period.limitsTraffic = userMode == mode::kTraffic || userMode == mode::kTrafficAndTime;
-    period.limitsTime = userMode == mode::kTime || userMode == mode::kTrafficAndTime;
+    period.limitsTraffic =
+        mode == AccountingMode::Traffic || mode == AccountingMode::TrafficAndTime;
+    period.limitsTime = mode == AccountingMode::Time || mode == AccountingMode::TrafficAndTime;
     if (period.limitsTraffic) {
-        AddPeriodTraffic(period, FindUserTrafficRecord(userId, trafficPeriod));
+        AddPeriodTraffic(period, FindUserTrafficRecord(userId, UsagePeriodOf(trafficPeriod)));
     }
     if (period.limitsTime) {
-        AddPeriodTime(period, FindUserTimeRecord(userId, timePeriod));
+        AddPeriodTime(period, FindUserTimeRecord(userId, UsagePeriodOf(timePeriod)));
     }
     AddOverall(statistics,
                "SELECT data, senddata FROM traffic_use WHERE user_id = (?) and period = 0",
@@ -95,20 +96,20 @@ UsageStatistics ReadUserStatistics(quint32 userId)
     return statistics;
 }
 
-UsageStatistics ReadGroupStatistics(quint32 groupId)
+UsageStatistics ReadGroupStatistics(GroupId groupId)
 {
     UsageStatistics statistics;
-    for (const quint32 member : MembersOf(groupId)) {
+    for (const UserId member : MembersOf(groupId)) {
         // kept: records of every period, the limits' own ones besides those of the days
         AddOverall(
             statistics, "SELECT data, senddata FROM traffic_use WHERE user_id = (?)", member);
     }
     auto &period = statistics.period;
-    period.limitsTraffic = ModeOf(GroupOwner(groupId)) == mode::kTraffic;
-    const quint32 record = period.limitsTraffic ? FindGroupTrafficRecord(groupId) : 0;
-    if (record != 0) {
+    period.limitsTraffic = ModeOf(groupId) == AccountingMode::Traffic;
+    const auto record = period.limitsTraffic ? FindGroupTrafficRecord(groupId) : TrafficRecordId {};
+    if (record.IsSet()) {
         RunQuery("SELECT data FROM traffic_use WHERE traf_id = (?)", FetchMode::One, record);
-        period.received = queryResult.Amount(1);
+        period.received = Megabytes {queryResult.Amount(1)};
         period.creditMegabytes = UsedOfTrafficCredits(record);
     }
     return statistics;
@@ -116,17 +117,17 @@ UsageStatistics ReadGroupStatistics(quint32 groupId)
 
 UsageStatistics ReadStatistics(const Owner &owner)
 {
-    return owner.IsUser() ? ReadUserStatistics(owner.id) : ReadGroupStatistics(owner.id);
+    return owner.IsUser() ? ReadUserStatistics(owner.User()) : ReadGroupStatistics(owner.Group());
 }
 
 QString StatisticsTip(const Owner &owner, const PeriodUsage &period)
 {
     QStringList sentences;
     if (period.limitsTraffic) {
-        sentences << CreditSentence(u"data received"_s, period.creditMegabytes, u"Mb"_s);
+        sentences << CreditSentence(u"data received"_s, period.creditMegabytes.value, u"Mb"_s);
     }
     if (period.limitsTime) {
-        sentences << CreditSentence(u"time on-line"_s, period.creditHours, u"hr"_s);
+        sentences << CreditSentence(u"time on-line"_s, period.creditHours.value, u"hr"_s);
     }
     if (sentences.isEmpty()) {
         return owner.IsUser() ? u"This user has no limit within an accounting period."_s
@@ -148,14 +149,14 @@ std::vector<DailyTraffic> ReadDailyTraffic(const Owner &owner)
                        : "SELECT current_time, data, senddata FROM traffic_use WHERE user_id IN "
                          "(SELECT user_id FROM users WHERE group_id = (?)) and period = 0 and "
                          "current_time >= (?)",
-                   owner.id,
+                   owner.Number(),
                    DayOf(first));
     while (rows.Next()) {
         const QDate day = QDate::fromString(queryResult.Text(1).left(10), Qt::ISODate);
         const qint64 index = first.daysTo(day);
         if (index >= 0 && index < kChartDays) {
-            days[static_cast<std::size_t>(index)].received += queryResult.Amount(2);
-            days[static_cast<std::size_t>(index)].sent += queryResult.Amount(3);
+            days[static_cast<std::size_t>(index)].received += Megabytes {queryResult.Amount(2)};
+            days[static_cast<std::size_t>(index)].sent += Megabytes {queryResult.Amount(3)};
         }
     }
     return days;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "access/owner.h"
+#include "db/quantities.h"
 
 #include <QDate>
 
@@ -12,25 +13,25 @@ struct PeriodUsage
 {
     bool limitsTraffic = false;
     bool limitsTime = false;
-    double received = 0.0; // megabytes
-    double sent = 0.0; // megabytes; 0 for a group
-    double hours = 0.0; // 0 for a group
-    double creditMegabytes = 0.0; // used of the credits that extend the traffic limit
-    double creditHours = 0.0; // used of the credits that extend the time limit
+    Megabytes received;
+    Megabytes sent; // 0 for a group
+    Hours hours; // 0 for a group
+    Megabytes creditMegabytes; // used of the credits that extend the traffic limit
+    Hours creditHours; // used of the credits that extend the time limit
 };
 
 struct UsageStatistics
 {
     PeriodUsage period;
-    double received = 0.0; // overall, megabytes
-    double sent = 0.0;
+    Megabytes received; // overall
+    Megabytes sent;
 };
 
 // Overall: all day records of the user.
-[[nodiscard]] UsageStatistics ReadUserStatistics(quint32 userId);
+[[nodiscard]] UsageStatistics ReadUserStatistics(UserId userId);
 
 // Overall: every traffic record of every member.
-[[nodiscard]] UsageStatistics ReadGroupStatistics(quint32 groupId);
+[[nodiscard]] UsageStatistics ReadGroupStatistics(GroupId groupId);
 
 [[nodiscard]] UsageStatistics ReadStatistics(const Owner &owner);
 
@@ -40,8 +41,8 @@ struct UsageStatistics
 struct DailyTraffic
 {
     QDate day;
-    double received = 0.0; // megabytes
-    double sent = 0.0;
+    Megabytes received;
+    Megabytes sent;
 };
 
 constexpr int kChartDays = 30;

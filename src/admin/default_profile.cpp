@@ -17,10 +17,11 @@ ReadLimit(const ConfigStore &store, const TextValue &value, qsizetype bufferByte
 DefaultProfile LoadDefaultProfile(const ConfigStore &store, qsizetype bufferBytes)
 {
     DefaultProfile profile;
-    profile.mode = store.ReadInteger(values::kDefMode, bufferBytes);
+    profile.mode = static_cast<AccountingMode>(store.ReadInteger(values::kDefMode, bufferBytes));
     profile.trafficLimit = ReadLimit(store, values::kDefTrafficLimit, bufferBytes);
     profile.timeLimit = ReadLimit(store, values::kDefTimeLimit, bufferBytes);
-    profile.period = store.ReadInteger(values::kDefAccPeriod, bufferBytes);
+    profile.period =
+        static_cast<LimitPeriod>(store.ReadInteger(values::kDefAccPeriod, bufferBytes));
     profile.authRequired = store.ReadInteger(values::kDefAuthReq, bufferBytes) == 1;
     profile.blocked = store.ReadInteger(values::kDefBlocked, bufferBytes) == 1;
     return profile;
@@ -29,10 +30,10 @@ DefaultProfile LoadDefaultProfile(const ConfigStore &store, qsizetype bufferByte
 void SaveDefaultProfile(const ConfigStore &store, const DefaultProfile &profile)
 {
     store.Edit(ConfigKeyId::DefProfile, [&profile](KeyEditor &key) {
-        key.WriteInteger(values::kDefMode, profile.mode);
+        key.WriteInteger(values::kDefMode, static_cast<qint32>(profile.mode));
         key.WriteInteger(values::kDefTrafficLimit, profile.trafficLimit.value_or(0));
         key.WriteInteger(values::kDefTimeLimit, profile.timeLimit.value_or(0));
         key.WriteFlag(values::kDefBlocked, profile.blocked);
-        key.WriteInteger(values::kDefAccPeriod, profile.period);
+        key.WriteInteger(values::kDefAccPeriod, static_cast<qint32>(profile.period));
     });
 }

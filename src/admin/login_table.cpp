@@ -30,17 +30,11 @@ quint32 LimitMode(const Login &login)
     return login.limit == Login::Limit::MacAddress ? 1 : 0;
 }
 
-quint32 StoredUserId(const Login &login)
-{
-    return login.userId == Login::kNobody ? 0 : static_cast<quint32>(login.userId);
-}
-
 Login LoginFromRow()
 {
     Login login;
     login.name = queryResult.Text(1);
-    const quint32 userId = queryResult.Integer(2);
-    login.userId = userId == 0 ? Login::kNobody : userId;
+    login.userId = queryResult.Id<UserId>(2);
     login.guest = queryResult.Integer(3) != 0;
     login.limit = LimitFrom(queryResult.Integer(4) != 0, queryResult.Integer(5));
     login.limitIp = queryResult.Text(6);
@@ -75,7 +69,7 @@ std::optional<QString> CheckLimitAndUser(const LoginEntry &entry)
     if (login.limit == Login::Limit::MacAddress && login.limitMac.size() != kMacCharacters) {
         return u"You have entered incorrect MAC address. Please re-enter the address"_s;
     }
-    if (entry.bindToUser && login.userId == Login::kNobody) {
+    if (entry.bindToUser && !login.userId.IsSet()) {
         return u"Please bind the login to existing user with 'Browse' button"_s;
     }
     return std::nullopt;
@@ -109,11 +103,11 @@ void LoginTable::Load()
     }
     states.assign(logins.size(), State::Stored);
     for (Login &login : logins) {
-        if (login.userId != Login::kNobody) {
+        if (login.userId.IsSet()) {
             RunQuery("SELECT group_id, username FROM users WHERE user_id=(?)",
                      FetchMode::All,
-                     StoredUserId(login));
-            login.groupId = queryResult.Integer(1);
+                     login.userId);
+            login.groupId = queryResult.Id<GroupId>(1);
             login.userName = queryResult.Text(2);
         }
     }
@@ -143,9 +137,9 @@ void LoginTable::Put(LoginEntry &entry, std::optional<size_t> index)
 {
     Login login = entry.login;
     if (!entry.bindToUser) {
-        login.userId = Login::kNobody;
+        login.userId = {};
         login.userName.clear();
-        login.groupId = 0;
+        login.groupId = {};
     }
     if (!index || entry.passwordTouched) {
         login.digest = PasswordDigest(entry.password).value_or(QString());
@@ -171,10 +165,10 @@ void LoginTable::Remove(size_t index)
     states.erase(states.begin() + offset);
 }
 
-bool LoginTable::HasLogin(quint32 userId, std::optional<size_t> index) const
+bool LoginTable::HasLogin(UserId userId, std::optional<size_t> index) const
 {
     for (size_t other = 0; other < logins.size(); ++other) {
-        if (other != index && logins[other].userId == static_cast<qint64>(userId)) {
+        if (other != index && logins[other].userId == userId) {
             return true;
         }
     }
@@ -233,7 +227,7 @@ void LoginTable::Insert(const Login &login) const
             LimitOn(login),
             login.guest ? 1U : 0U,
             login.allowStats ? 1U : 0U,
-            StoredUserId(login),
+            login.userId,
             login.digest);
 }
 
@@ -251,7 +245,7 @@ void LoginTable::Update(const Login &login) const
             LimitMode(login),
             LimitOn(login),
             login.allowStats ? 1U : 0U,
-            StoredUserId(login),
+            login.userId,
             digest,
             login.name);
 }
@@ -261,7 +255,7 @@ std::vector<LoginGroup> LoadLoginGroups()
     std::vector<LoginGroup> groups;
     RowCursor rows("SELECT group_id, name FROM groups");
     while (rows.Next()) {
-        groups.push_back({queryResult.Integer(1), queryResult.Text(2), {}});
+        groups.push_back({queryResult.Id<GroupId>(1), queryResult.Text(2), {}});
     }
     return groups;
 }
@@ -272,7 +266,7 @@ std::vector<LoginGroup> LoadLoginUsers()
     {
         RowCursor rows("SELECT name, group_id FROM groups ORDER BY name ASC");
         while (rows.Next()) {
-            groups.push_back({queryResult.Integer(2), queryResult.Text(1), {}});
+            groups.push_back({queryResult.Id<GroupId>(2), queryResult.Text(1), {}});
         }
     }
     for (LoginGroup &group : groups) {
@@ -280,7 +274,7 @@ std::vector<LoginGroup> LoadLoginUsers()
             "SELECT username, user_id FROM users WHERE group_id = (?) ORDER BY username ASC",
             group.groupId);
         while (rows.Next()) {
-            group.users.push_back({queryResult.Integer(2), queryResult.Text(1)});
+            group.users.push_back({queryResult.Id<UserId>(2), queryResult.Text(1)});
         }
     }
     return groups;
@@ -289,8 +283,6 @@ std::vector<LoginGroup> LoadLoginUsers()
 std::optional<FoundUser> FindUserByName(const QString &name)
 {
     RunQuery("SELECT user_id, group_id FROM users WHERE username=(?)", FetchMode::All, name);
-    if (queryResult.Integer(1) == 0) {
-        return std::nullopt;
-    }
-    return FoundUser {queryResult.Integer(1), queryResult.Integer(2)};
+    const FoundUser found {queryResult.Id<UserId>(1), queryResult.Id<GroupId>(2)};
+    return found.userId.IsSet() ? std::optional(found) : std::nullopt;
 }

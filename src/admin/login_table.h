@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/prompt.h"
+#include "db/ids.h"
 
 #include <QString>
 #include <QStringList>
@@ -12,14 +13,11 @@
 
 struct Login
 {
-    // Bound to no user: -1 here, 0 in the table.
-    static constexpr qint64 kNobody = -1;
-
     enum class Limit { None, IpAddress, MacAddress };
 
     QString name; // the row's key, up to 254 bytes, compared without regard to letter case
     QString digest; // 32 characters; empty for a stored login whose password stays as it is
-    qint64 userId = kNobody;
+    UserId userId; // not set: bound to no user
     Limit limit = Limit::None;
     QString limitIp; // dotted
     QString limitMac; // 12 characters
@@ -28,7 +26,7 @@ struct Login
 
     // Of the bound user, for the list.
     QString userName;
-    quint32 groupId = 0;
+    GroupId groupId;
 
     bool operator==(const Login &) const = default;
 };
@@ -65,7 +63,7 @@ public:
     void Remove(size_t index);
 
     // True when `userId` is bound to a login other than the one at `index`, here or in the database.
-    [[nodiscard]] bool HasLogin(quint32 userId, std::optional<size_t> index) const;
+    [[nodiscard]] bool HasLogin(UserId userId, std::optional<size_t> index) const;
 
     // Writes new, changed and removed logins. Says "Error writing information to the database" for
     // each statement that failed and goes on with the next. False when one failed: what it should
@@ -88,13 +86,13 @@ private:
 // A user that a login can be bound to.
 struct LoginUser
 {
-    quint32 userId = 0;
+    UserId userId;
     QString name;
 };
 
 struct LoginGroup
 {
-    quint32 groupId = 0;
+    GroupId groupId;
     QString name;
     std::vector<LoginUser> users; // in name order
 };
@@ -108,7 +106,7 @@ struct LoginGroup
 // The user of that name and its group's id; nothing when there is none.
 struct FoundUser
 {
-    quint32 userId = 0;
-    quint32 groupId = 0;
+    UserId userId;
+    GroupId groupId;
 };
 [[nodiscard]] std::optional<FoundUser> FindUserByName(const QString &name);

@@ -11,26 +11,26 @@ QList<Protocol> ReadProtocols()
     while (protocols.size() < kMaxProtocols && rows.Next()) {
         protocols.append({.name = queryResult.Text(2),
                           .ports = {},
-                          .id = queryResult.Integer(1),
+                          .id = queryResult.Id<ProtocolId>(1),
                           .monitored = queryResult.Integer(3) == 1});
     }
     return protocols;
 }
 
-quint32 IdOf(const Protocol &protocol)
+ProtocolId IdOf(const Protocol &protocol)
 {
     RunQuery("SELECT id FROM Protocols WHERE proto_name = (?)", FetchMode::All, protocol.name);
-    return queryResult.Integer(1);
+    return queryResult.Id<ProtocolId>(1);
 }
 
-void InsertPort(quint32 protocolId, const ProtocolPort &port)
+void InsertPort(ProtocolId protocolId, const ProtocolPort &port)
 {
     Execute("INSERT INTO Ports (proto_id, port_number) VALUES ((?), (?))",
             protocolId,
             static_cast<quint32>(port.number));
 }
 
-void InsertPorts(const Protocol &protocol, quint32 id)
+void InsertPorts(const Protocol &protocol, ProtocolId id)
 {
     for (const ProtocolPort &port : protocol.ports) {
         InsertPort(id, port);
@@ -64,7 +64,7 @@ void SaveFromWizard(const Protocol &protocol, bool listed)
     if (protocol.isNew) {
         Execute("INSERT INTO Protocols (proto_name) VALUES ((?))", protocol.name);
     }
-    const quint32 id = IdOf(protocol);
+    const ProtocolId id = IdOf(protocol);
     if (!protocol.isNew) {
         Execute("DELETE FROM Ports WHERE proto_id = (?)", id);
     }
@@ -83,7 +83,7 @@ ProtocolTable LoadProtocols()
         RowCursor rows("SELECT port_number, Port_id FROM Ports WHERE Proto_id = (?)", protocol.id);
         while (protocol.ports.size() < kMaxPorts && rows.Next()) {
             protocol.ports.append(
-                {static_cast<qint32>(queryResult.Integer(1)), queryResult.Integer(2)});
+                {static_cast<qint32>(queryResult.Integer(1)), queryResult.Id<PortId>(2)});
         }
     }
     return ProtocolTable(protocols);
@@ -123,7 +123,7 @@ ProtocolTable LoadWizardProtocols()
         RowCursor rows("SELECT Port_id, port_number FROM Ports WHERE Proto_id = (?)", protocol.id);
         while (protocol.ports.size() < kMaxPorts && rows.Next()) {
             protocol.ports.append(
-                {static_cast<qint32>(queryResult.Integer(2)), queryResult.Integer(1)});
+                {static_cast<qint32>(queryResult.Integer(2)), queryResult.Id<PortId>(1)});
         }
         (protocol.monitored ? listed : unlisted).append(protocol);
     }

@@ -56,7 +56,7 @@ std::optional<ProtocolProblem> ProtocolTable::Add(const QString &name)
     }
     const auto removed = std::ranges::find_if(removedProtocols, hasName);
     if (removed == removedProtocols.end()) {
-        protocols.append({.name = name, .ports = {}, .isNew = true});
+        protocols.append({.name = name, .ports = {}, .id = {}, .isNew = true});
     } else {
         ComeBack(*removed);
         removedProtocols.erase(removed);
@@ -70,7 +70,7 @@ void ProtocolTable::ComeBack(Protocol protocol)
     protocol.monitored = false;
     if (!unlists) {
         for (const ProtocolPort &port : std::exchange(protocol.ports, {})) {
-            if (port.id != 0) {
+            if (port.id.IsSet()) {
                 removedPorts.append({protocol.id, port});
             }
         }
@@ -95,7 +95,7 @@ std::optional<ProtocolProblem> ProtocolTable::AddPort(qsizetype protocol,
         return each.protocolId == owner.id && each.port.number == *number;
     });
     if (removed == removedPorts.end()) {
-        owner.ports.append({*number, 0});
+        owner.ports.append(ProtocolPort {*number, {}});
     } else {
         owner.ports.append(removed->port);
         removedPorts.erase(removed);
@@ -115,7 +115,7 @@ void ProtocolTable::RemovePort(qsizetype protocol, qsizetype port)
 {
     Protocol &owner = protocols[protocol];
     const ProtocolPort removed = owner.ports.takeAt(port);
-    if (removed.id != 0) {
+    if (removed.id.IsSet()) {
         removedPorts.append({owner.id, removed});
     }
 }

@@ -2,6 +2,8 @@
 // OK. The service classifies traffic by them.
 #pragma once
 
+#include "db/ids.h"
+
 #include <QList>
 #include <QString>
 
@@ -26,7 +28,7 @@ constexpr int kAllButSpecified = 3;
 struct ProtocolPort
 {
     qint32 number = 0;
-    quint32 id = 0; // 0: not yet in the database
+    PortId id; // not set: not yet in the database
 
     bool operator==(const ProtocolPort &) const = default;
 };
@@ -35,7 +37,7 @@ struct Protocol
 {
     QString name;
     QList<ProtocolPort> ports;
-    quint32 id = 0; // 0: not yet in the database
+    ProtocolId id; // not set: not yet in the database
     bool monitored = false;
     bool isNew = false;
 
@@ -61,7 +63,7 @@ constexpr qint32 kHighestPort = 65535;
 // A port taken away, and the protocol that had it.
 struct RemovedPort
 {
-    quint32 protocolId = 0;
+    ProtocolId protocolId;
     ProtocolPort port;
 
     bool operator==(const RemovedPort &) const = default;

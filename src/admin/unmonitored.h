@@ -1,13 +1,15 @@
 // Users that are known but not monitored, and how they come back.
 #pragma once
 
+#include "db/ids.h"
+
 #include <QString>
 
 #include <vector>
 
 struct UnmonitoredUser
 {
-    quint32 userId = 0;
+    UserId userId;
     QString text; // user name, then the IP address in parentheses
 };
 
@@ -18,4 +20,4 @@ constexpr size_t kMaxUnmonitored = 1000;
 [[nodiscard]] std::vector<UnmonitoredUser> LoadUnmonitored();
 
 // The user is counted and shown again, with all its old records.
-void MonitorUser(quint32 userId);
+void MonitorUser(UserId userId);

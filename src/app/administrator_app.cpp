@@ -1,7 +1,5 @@
 #include "app/administrator_app.h"
 
-#include "db/session.h"
-
 #include <QFontDatabase>
 #include <QThreadPool>
 
@@ -10,38 +8,28 @@
 
 using namespace Qt::StringLiterals;
 
-CAdministratorApp *theApp = nullptr;
-
-namespace {
-
-constexpr int kDefaultPort = 700;
-
-}
-
 CAdministratorApp::CAdministratorApp(int &argc, char **argv) : QApplication(argc, argv)
 {
     // No display name: the desktop would add it to every window's exact caption.
     setApplicationName(u"tollbrook-admin"_s);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
-    theApp = this;
 }
 
 CAdministratorApp::~CAdministratorApp()
 {
-    Shutdown();
-    theApp = nullptr;
+    Close();
 }
 
-void CAdministratorApp::SetUp(const Surroundings &surroundings,
+void CAdministratorApp::SetUp(const StartUpOptions &newOptions,
                               Prompt &newPrompt,
                               FrameTemplate newTemplate)
 {
-    config = std::make_unique<ConfigStore>(surroundings.configFolder);
-    control = std::make_unique<ServiceControl>(surroundings.bus);
-    link.reset();
-    bus.emplace(surroundings.bus);
+    Close();
+    options = newOptions;
     prompt = &newPrompt;
     frameTemplate = std::move(newTemplate);
+    services.reset();
+    program.reset();
     serviceRunning = false;
     connected = false;
 }
@@ -56,39 +44,34 @@ bool CAdministratorApp::InitInstance()
 
 void CAdministratorApp::Configure()
 {
-    const QByteArray dsn = ReadStartUpSettings().toUtf8();
-    if (dsn.isEmpty()) {
+    program.emplace(
+        StartProgram(options, [this](StartUpProblem problem) { TellProblem(problem); }));
+    services.emplace(ServicesOf(*program, *prompt));
+    serviceRunning = program->control.IsRunning();
+    // Kept: Connect never reports a failure, so a running service counts as connected.
+    connected = serviceRunning && program->connection.Connect(*prompt) == 0;
+}
+
+void CAdministratorApp::TellProblem(StartUpProblem problem)
+{
+    switch (problem) {
+    case StartUpProblem::NoDataSource:
         prompt->Tell(u"Registry error detected. Please reinstall the software"_s);
-    }
-    if (ConnectDatabase(dsn.constData()) == 0) {
+        break;
+    case StartUpProblem::DatabaseNotOpen:
         prompt->Tell(u"Failed connecting to the database. Please check the database options"_s);
+        break;
     }
-    serviceRunning = control->IsRunning();
-    // Kept: ConnectService never reports a failure, so a running service counts as connected.
-    connected = serviceRunning && ConnectService() == 0;
 }
 
-QString CAdministratorApp::ReadStartUpSettings()
+int CAdministratorApp::Port() const
 {
-    port = kDefaultPort;
-    if (!config->HasKey(ConfigKeyId::Base)) {
-        return {};
-    }
-    port = config->ReadInteger(values::kPort);
-    return config->ReadText(values::kBillDsn).value_or(QString());
+    return program ? program->port : StartedProgram::kDefaultPort;
 }
 
-int CAdministratorApp::ConnectService()
+void CAdministratorApp::Close()
 {
-    link = ServiceLink::Create(*bus);
-    if (!link) {
-        prompt->Tell(u"Could not create instance"_s);
+    if (services) {
+        CloseConnections(*services);
     }
-    return 0;
-}
-
-void CAdministratorApp::Shutdown()
-{
-    DisconnectDatabase();
-    link.reset();
 }

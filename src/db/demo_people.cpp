@@ -1,7 +1,5 @@
 #include "db/demo_people.h"
 
-#include "db/value_codes.h"
-
 #include <QList>
 
 #include <array>
@@ -73,17 +71,18 @@ QByteArray Hardware(int index)
     return kMakers[static_cast<size_t>(index) % kMakers.size()] + number;
 }
 
-quint32 UserMode(DemoChance &chance)
+AccountingMode UserMode(DemoChance &chance)
 {
     const int share = chance.Below(100);
-    return share < 25 ? mode::kNoControl
-        : share < 65  ? mode::kTraffic
-        : share < 80  ? mode::kProvider
-        : share < 90  ? mode::kTime
-                      : mode::kTrafficAndTime;
+    return share < 25 ? AccountingMode::NoControl
+        : share < 65  ? AccountingMode::Traffic
+        : share < 80  ? AccountingMode::Provider
+        : share < 90  ? AccountingMode::Time
+                      : AccountingMode::TrafficAndTime;
 }
 
-qint32 Number(quint32 value)
+template <typename Code>
+qint32 Number(Code value)
 {
     return static_cast<qint32>(value);
 }
@@ -92,7 +91,8 @@ qint32 Number(quint32 value)
 
 DemoGroup MakeDemoGroup(int index)
 {
-    constexpr std::array kModes {mode::kNoControl, mode::kTraffic, mode::kProvider};
+    constexpr std::array kModes {
+        AccountingMode::NoControl, AccountingMode::Traffic, AccountingMode::Provider};
     return {0, kModes[static_cast<size_t>(index) % kModes.size()], index == 4};
 }
 
@@ -107,11 +107,11 @@ SqlValues DemoGroupRow(int index, const DemoGroup &group, DemoChance &chance)
             QByteArray("Building ") + char('A' + index % 4),
             Number(group.mode),
             20000 + 5000 * chance.Below(8),
-            Number(period::kMonth),
+            Number(LimitPeriod::Month),
             ownPrice ? 0.01 * (1 + chance.Below(5)) : 0.0,
             ownPrice ? 1 : 0,
             group.blocked ? 1 : 0,
-            group.blocked ? Number(block_reason::kAdministrator) : 0};
+            group.blocked ? Number(BlockReason::Administrator) : 0};
 }
 
 SqlValues DemoUserRow(int index, const QList<DemoGroup> &groups, DemoChance &chance)
@@ -129,7 +129,7 @@ SqlValues DemoUserRow(int index, const QList<DemoGroup> &groups, DemoChance &cha
     const bool ownPrice = chance.Percent(10);
     const int megabytes = 1000 * (2 + 2 * chance.Below(5));
     const int hours = 40 + 20 * chance.Below(6);
-    const auto limitPeriod = Number(daily ? period::kDay : period::kMonth);
+    const auto limitPeriod = Number(daily ? LimitPeriod::Day : LimitPeriod::Month);
     return {
         PlainLower(first) + '.' + PlainLower(last)
             + (round == 0 ? QByteArray() : QByteArray::number(round + 1)),
@@ -147,7 +147,7 @@ SqlValues DemoUserRow(int index, const QList<DemoGroup> &groups, DemoChance &cha
         ownPrice ? 0.01 * (1 + chance.Below(5)) : 0.0,
         ownPrice ? 1 : 0,
         blocked ? 1 : 0,
-        blocked ? Number(block_reason::kAdministrator) : 0,
+        blocked ? Number(BlockReason::Administrator) : 0,
         chance.Percent(10) ? 1 : 0,
         chance.Percent(3) ? 0 : 1,
         chance.Percent(8) ? 1 : 0,

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "db/direct_connection.h"
+#include "db/value_codes.h"
 
 #include <random>
 
 struct DemoGroup
 {
     int id = 0; // once it stands in the database
-    quint32 mode = 0;
+    AccountingMode mode = AccountingMode::NoControl;
     bool blocked = false;
 };
 

@@ -6,8 +6,12 @@
 #pragma once
 
 #include "base/day.h"
+#include "db/ids.h"
+#include "db/quantities.h"
 
 #include <QString>
+
+#include <type_traits>
 
 // What RunQuery and a fetch return, with ODBC's values.
 constexpr int kQuerySuccess = 0;
@@ -45,6 +49,20 @@ struct QueryResult
     [[nodiscard]] double Amount(int column) const;
     [[nodiscard]] bool Flag(int column) const; // false only when the text is "0"
     [[nodiscard]] bool IsEmpty(int column) const { return Bytes(column)[0] == '\0'; }
+
+    template <typename IdType>
+    [[nodiscard]] IdType Id(int column) const
+    {
+        return IdType {Integer(column)};
+    }
+
+    // One of db/value_codes.h, or a number that is none of them.
+    template <typename Enum>
+    [[nodiscard]] Enum Code(int column) const
+    {
+        return static_cast<Enum>(Integer(column));
+    }
+
     void Clear();
 };
 
@@ -66,6 +84,26 @@ void BindValue(int number, quint32 value);
 void BindValue(int number, double amount); // amounts of money, megabytes and hours
 void BindValue(int number, const QString &text); // cut at 254 bytes of UTF-8
 void BindValue(int number, Day day); // an impossible day becomes the next that exists
+
+template <typename Tag>
+void BindValue(int number, Id<Tag> id)
+{
+    BindValue(number, id.value);
+}
+
+template <typename Tag, typename Number>
+void BindValue(int number, Quantity<Tag, Number> quantity)
+{
+    BindValue(number, quantity.value);
+}
+
+// Codes as those of db/value_codes.h.
+template <typename Enum>
+void BindValue(int number,
+               Enum code) requires(std::is_same_v<std::underlying_type_t<Enum>, quint32>)
+{
+    BindValue(number, static_cast<quint32>(code));
+}
 
 // Runs one statement with the values just bound. A statement without result columns returns 100
 // whatever happened; its failure is in the failure log (db/failure_log.h). All and One return the

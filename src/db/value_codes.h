@@ -1,42 +1,53 @@
-// The coded values of the shared tables.
+// The coded values of the shared tables. A stored code without a meaning here stays the number that
+// it is: it is read, shown as what the rules say of "any other" and written back unchanged.
 #pragma once
+
+#include "db/ids.h"
 
 #include <QtGlobal>
 
 // users.mode and groups.mode
-namespace mode {
-constexpr quint32 kNoControl = 0;
-constexpr quint32 kTraffic = 1; // traffic limit per accounting period
-constexpr quint32 kProvider = 2; // pre-paid credit
-constexpr quint32 kTime = 4; // time limit per accounting period; users only
-constexpr quint32 kTrafficAndTime = 5; // both limits; users only
-} // namespace mode
+enum class AccountingMode : quint32 {
+    NoControl = 0,
+    Traffic = 1, // traffic limit per accounting period
+    Provider = 2, // pre-paid credit
+    Time = 4, // time limit per accounting period; users only
+    TrafficAndTime = 5, // both limits; users only
+};
 
 // trafperiod and timeperiod of users and groups
-namespace period {
-constexpr quint32 kDay = 1;
-constexpr quint32 kMonth = 2;
-} // namespace period
+enum class LimitPeriod : quint32 { None = 0, Day = 1, Month = 2 };
 
 // traffic_use.period and time_use.period
-namespace usage_period {
-constexpr quint32 kStatistics = 0; // a day's record, read by statistics and reports
-constexpr quint32 kDay = 1; // accounting record of a daily limit
-constexpr quint32 kMonth = 2; // accounting record of a monthly limit, one for each owner
-} // namespace usage_period
+enum class UsagePeriod : quint32 {
+    Statistics = 0, // a day's record, read by statistics and reports
+    Day = 1, // accounting record of a daily limit
+    Month = 2, // accounting record of a monthly limit, one for each owner
+};
+
+// The records into which a limit of this period counts; they bear its code.
+[[nodiscard]] constexpr UsagePeriod UsagePeriodOf(LimitPeriod limit)
+{
+    return static_cast<UsagePeriod>(limit);
+}
+static_assert(UsagePeriodOf(LimitPeriod::Day) == UsagePeriod::Day);
+static_assert(UsagePeriodOf(LimitPeriod::Month) == UsagePeriod::Month);
 
 // billing.mode
-namespace billing_mode {
-constexpr quint32 kTraffic = 1; // extends a traffic limit
-constexpr quint32 kCredit = 2; // pre-paid credit
-constexpr quint32 kTime = 4; // extends a time limit
-} // namespace billing_mode
+enum class BillingMode : quint32 {
+    Traffic = 1, // extends a traffic limit
+    Credit = 2, // pre-paid credit
+    Time = 4, // extends a time limit
+};
 
-// blockreason of users and groups; 1 and 2 are set by the service when a limit is used up
-namespace block_reason {
-constexpr quint32 kAdministrator = 3;
-constexpr quint32 kShownAsAllowed = 4;
-} // namespace block_reason
+// blockreason of users and groups
+enum class BlockReason : quint32 {
+    None = 0,
+    TrafficUsedUp = 1, // set by the service, as is the next
+    TimeUsedUp = 2,
+    Administrator = 3,
+    ShownAsAllowed = 4,
+};
 
 // The built-in group "Everybody", into which users fall back.
-constexpr quint32 kEverybodyGroup = 80;
+inline constexpr GroupId kEverybodyGroup {80};

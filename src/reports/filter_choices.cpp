@@ -6,17 +6,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::vector<NamedId> Offered(const char *sqlText)
+template <typename IdType>
+std::vector<Named<IdType>> Offered(const char *sqlText)
 {
-    std::vector<NamedId> offered;
+    std::vector<Named<IdType>> offered;
     RowCursor rows(sqlText);
     while (rows.Next()) {
-        offered.push_back({queryResult.Integer(2), queryResult.Text(1)});
+        offered.push_back({queryResult.Id<IdType>(2), queryResult.Text(1)});
     }
     return offered;
 }
 
-QString NameOf(const char *sqlText, quint32 id)
+template <typename IdType>
+QString NameOf(const char *sqlText, IdType id)
 {
     RunQuery(sqlText, FetchMode::One, id);
     return queryResult.Text(1);
@@ -24,30 +26,31 @@ QString NameOf(const char *sqlText, quint32 id)
 
 } // namespace
 
-std::vector<NamedId> OfferedUsers()
+std::vector<Named<UserId>> OfferedUsers()
 {
-    return Offered("SELECT username, user_id FROM users WHERE monitored = true");
+    return Offered<UserId>("SELECT username, user_id FROM users WHERE monitored = true");
 }
 
-std::vector<NamedId> OfferedGroups()
+std::vector<Named<GroupId>> OfferedGroups()
 {
-    return Offered("SELECT name, group_id FROM groups");
+    return Offered<GroupId>("SELECT name, group_id FROM groups");
 }
 
-QString UserName(quint32 userId)
+QString UserName(UserId userId)
 {
     return NameOf("SELECT username FROM users WHERE user_id = (?)", userId);
 }
 
-QString GroupName(quint32 groupId)
+QString GroupName(GroupId groupId)
 {
     return NameOf("SELECT name FROM groups WHERE group_id = (?)", groupId);
 }
 
-ReportFilter
-FilterOf(const std::vector<NamedId> &offered, const QStringList &names, QStringList &unknown)
+template <typename IdType>
+ReportFilter<IdType>
+FilterOf(const std::vector<Named<IdType>> &offered, const QStringList &names, QStringList &unknown)
 {
-    ReportFilter filter;
+    ReportFilter<IdType> filter;
     unknown = names;
     for (const auto &[id, name] : offered) {
         const bool taken = names.contains(name, Qt::CaseInsensitive);
@@ -58,6 +61,11 @@ FilterOf(const std::vector<NamedId> &offered, const QStringList &names, QStringL
     }
     return filter;
 }
+
+template ReportFilter<UserId>
+FilterOf(const std::vector<Named<UserId>> &, const QStringList &, QStringList &);
+template ReportFilter<GroupId>
+FilterOf(const std::vector<Named<GroupId>> &, const QStringList &, QStringList &);
 
 QStringList NamesFrom(const QString &list)
 {

@@ -7,24 +7,30 @@
 
 #include <vector>
 
-struct NamedId
+template <typename IdType>
+struct Named
 {
-    quint32 id = 0;
+    IdType id;
     QString name;
 };
 
 // Read through the session, in its order.
-[[nodiscard]] std::vector<NamedId> OfferedUsers(); // those that are monitored
-[[nodiscard]] std::vector<NamedId> OfferedGroups();
+[[nodiscard]] std::vector<Named<UserId>> OfferedUsers(); // those that are monitored
+[[nodiscard]] std::vector<Named<GroupId>> OfferedGroups();
 
 // Empty when there is none.
-[[nodiscard]] QString UserName(quint32 userId);
-[[nodiscard]] QString GroupName(quint32 groupId);
+[[nodiscard]] QString UserName(UserId userId);
+[[nodiscard]] QString GroupName(GroupId groupId);
 
 // The filter that takes the named ones out of `offered` and leaves the others; a name takes all
 // that bear it. Names that nobody bears are put into `unknown`.
-[[nodiscard]] ReportFilter
-FilterOf(const std::vector<NamedId> &offered, const QStringList &names, QStringList &unknown);
+template <typename IdType>
+[[nodiscard]] ReportFilter<IdType>
+FilterOf(const std::vector<Named<IdType>> &offered, const QStringList &names, QStringList &unknown);
+extern template ReportFilter<UserId>
+FilterOf(const std::vector<Named<UserId>> &, const QStringList &, QStringList &);
+extern template ReportFilter<GroupId>
+FilterOf(const std::vector<Named<GroupId>> &, const QStringList &, QStringList &);
 
 // "a,b" as names; one with a comma or a quotation mark stands between quotation marks, doubled
 // inside.

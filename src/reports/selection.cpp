@@ -146,18 +146,19 @@ struct ClauseTexts
     QStringView nextNotOf;
 };
 
-QString Clause(const ReportFilter &filter, const ClauseTexts &texts)
+template <typename IdType>
+QString Clause(const ReportFilter<IdType> &filter, const ClauseTexts &texts)
 {
     if (filter.taken.isEmpty() || filter.left.isEmpty()) {
         return {};
     }
     const bool wanted = filter.taken.size() < filter.left.size();
-    const QList<quint32> &ids = wanted ? filter.taken : filter.left;
+    const QList<IdType> &ids = wanted ? filter.taken : filter.left;
     QString clause;
-    for (const quint32 id : ids) {
+    for (const IdType id : ids) {
         const QStringView next = wanted ? texts.nextOf : texts.nextNotOf;
         const QStringView first = wanted ? texts.firstOf : texts.firstNotOf;
-        clause += (clause.isEmpty() ? first : next) + QString::number(id);
+        clause += (clause.isEmpty() ? first : next) + QString::number(id.value);
     }
     return clause + u')';
 }
@@ -177,7 +178,7 @@ ReportPeriod PeriodUpTo(QDate today, PeriodChoice choice)
     }
 }
 
-QString UserFilterClause(const ReportFilter &filter)
+QString UserFilterClause(const ReportFilter<UserId> &filter)
 {
     return Clause(filter,
                   {u" AND (users.user_id = ",
@@ -187,7 +188,7 @@ QString UserFilterClause(const ReportFilter &filter)
 }
 
 // Kept: the exclusion of groups is joined with "or", unlike that of users.
-QString GroupFilterClause(const ReportFilter &filter)
+QString GroupFilterClause(const ReportFilter<GroupId> &filter)
 {
     return Clause(filter,
                   {u" and (users.group_id = ",

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/day.h"
+#include "db/ids.h"
 
 #include <QList>
 #include <QString>
@@ -21,16 +22,17 @@ struct ReportPeriod
 [[nodiscard]] ReportPeriod PeriodUpTo(QDate today, PeriodChoice choice);
 
 // The ids of the two lists of a filter dialog.
+template <typename IdType>
 struct ReportFilter
 {
-    QList<quint32> taken;
-    QList<quint32> left;
+    QList<IdType> taken;
+    QList<IdType> left;
 };
 
 // The clause that a filter adds, with its leading blank: the shorter list is written, exclusion on
 // a tie; empty when one of the lists is.
-[[nodiscard]] QString UserFilterClause(const ReportFilter &filter);
-[[nodiscard]] QString GroupFilterClause(const ReportFilter &filter);
+[[nodiscard]] QString UserFilterClause(const ReportFilter<UserId> &filter);
+[[nodiscard]] QString GroupFilterClause(const ReportFilter<GroupId> &filter);
 
 // Which of the two further filters the dialog offers for a row of the catalogue.
 struct FilterUse

@@ -23,20 +23,20 @@ std::unique_ptr<ServiceLink> ServiceLink::Create(const QDBusConnection &bus)
 
 ServiceLink::ServiceLink(const QDBusConnection &serviceBus) : bus(serviceBus) { }
 
-void ServiceLink::BlockUser(quint32 userId) const
+void ServiceLink::BlockUser(UserId userId) const
 {
     Send(u"BlockUser"_s, userId);
 }
 
-void ServiceLink::UnblockUser(quint32 userId) const
+void ServiceLink::UnblockUser(UserId userId) const
 {
     Send(u"UnblockUser"_s, userId);
 }
 
-void ServiceLink::Send(const QString &operation, quint32 userId) const
+void ServiceLink::Send(const QString &operation, UserId userId) const
 {
     QDBusMessage call = QDBusMessage::createMethodCall(kName, kPath, kInterface, operation);
     call.setAutoStartService(false);
-    call << userId;
+    call << userId.value;
     bus.send(call);
 }

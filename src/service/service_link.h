@@ -1,6 +1,8 @@
 // The live connection to the accounting service: it hears at once of blocks by the administrator.
 #pragma once
 
+#include "db/ids.h"
+
 #include <QDBusConnection>
 
 #include <memory>
@@ -13,12 +15,12 @@ public:
     // The service's object on `bus`; null when the bus or the service is not there.
     [[nodiscard]] static std::unique_ptr<ServiceLink> Create(const QDBusConnection &bus);
 
-    void BlockUser(quint32 userId) const; // slot 7
-    void UnblockUser(quint32 userId) const; // slot 8
+    void BlockUser(UserId userId) const; // slot 7
+    void UnblockUser(UserId userId) const; // slot 8
 
 private:
     explicit ServiceLink(const QDBusConnection &bus);
-    void Send(const QString &operation, quint32 userId) const;
+    void Send(const QString &operation, UserId userId) const;
 
     QDBusConnection bus;
 };

@@ -27,7 +27,7 @@ const char *const kWriteTime =
 class UserApply : public ApplyFixture
 {
 protected:
-    [[nodiscard]] static UserRecord Record() { return LoadUser(1).value(); }
+    [[nodiscard]] static UserRecord Record() { return LoadUser(UserId {1}).value(); }
 
     [[nodiscard]] QStringList Apply(const UserRecord &record)
     {
@@ -55,7 +55,7 @@ TEST_F(UserApply, EverythingChangedIsStoredInTheFixedOrder)
     UserRecord record = Record();
     record.draft.fullName = u"Anna A."_s;
     record.draft.description = u"desk"_s;
-    record.draft.groupId = 80;
+    record.draft.groupId = kEverybodyGroup;
     record.draft.ipAddress = u"10.0.0.7"_s;
     record.draft.macAddress = u"ZZZZZZZZZZZZ"_s;
     record.times.Rebuild();
@@ -65,10 +65,10 @@ TEST_F(UserApply, EverythingChangedIsStoredInTheFixedOrder)
     record.protocols.allow = true;
     record.protocols.Select(u"FTP"_s, true);
     record.authRequired = true;
-    record.mode = mode::kTrafficAndTime;
-    record.limits.period = period::kDay;
-    record.limits.traffic = 500;
-    record.limits.time = 9;
+    record.mode = AccountingMode::TrafficAndTime;
+    record.limits.period = LimitPeriod::Day;
+    record.limits.traffic = WholeMegabytes {500};
+    record.limits.time = WholeHours {9};
     record.block.requested = true;
 
     const Texts expected = {
@@ -137,24 +137,24 @@ TEST_F(UserApply, EachModeRunsItsOwnStatements)
     struct Case
     {
         const char *name;
-        quint32 mode;
+        AccountingMode mode;
         void (*change)(LimitsDraft &);
         Texts statements;
     };
     const Case cases[] = {
         {"no control",
-         mode::kNoControl,
+         AccountingMode::NoControl,
          [](LimitsDraft &) {},
          {"UPDATE users SET mode = 0 WHERE user_id = (?)",
           "SELECT blockreason FROM users WHERE user_id = (?)"}},
         {"traffic",
-         mode::kTraffic,
+         AccountingMode::Traffic,
          [](LimitsDraft &) {},
          {"UPDATE users SET mode = 1 WHERE user_id = (?)", kWriteTraffic}},
         {"traffic raised",
-         mode::kTraffic,
+         AccountingMode::Traffic,
          [](LimitsDraft &limits) {
-             limits.period = period::kDay;
+             limits.period = LimitPeriod::Day;
              limits.trafficRaised = true;
              limits.timeRaised = true;
          },
@@ -166,13 +166,13 @@ TEST_F(UserApply, EachModeRunsItsOwnStatements)
           "SELECT closed FROM billing WHERE object_id = (?) AND mode=1",
           kWriteTraffic}},
         {"time",
-         mode::kTime,
+         AccountingMode::Time,
          [](LimitsDraft &) {},
          {"UPDATE users SET mode = 4 WHERE user_id = (?)", kWriteTime}},
         {"time raised",
-         mode::kTime,
+         AccountingMode::Time,
          [](LimitsDraft &limits) {
-             limits.period = period::kMonth;
+             limits.period = LimitPeriod::Month;
              limits.timeRaised = true;
          },
          {"UPDATE users SET mode = 4 WHERE user_id = (?)",
@@ -183,17 +183,17 @@ TEST_F(UserApply, EachModeRunsItsOwnStatements)
           "SELECT closed FROM billing WHERE object_id = (?) AND mode=4",
           kWriteTime}},
         {"both",
-         mode::kTrafficAndTime,
+         AccountingMode::TrafficAndTime,
          [](LimitsDraft &) {},
          {"UPDATE users SET mode = 5 WHERE user_id = (?)", kWriteTraffic, kWriteTime}},
         {"provider, global price",
-         mode::kProvider,
+         AccountingMode::Provider,
          [](LimitsDraft &) {},
          {"UPDATE users SET mode = 2 WHERE user_id = (?)",
           creditRead,
           "UPDATE users SET own_price = false WHERE user_id = (?)"}},
         {"provider, own price",
-         mode::kProvider,
+         AccountingMode::Provider,
          [](LimitsDraft &limits) {
              limits.ownPrice = true;
              limits.price = 2.5;
@@ -234,10 +234,10 @@ TEST_F(UserApply, ARaisedLimitLiftsABlockWhenSomethingIsLeft)
         {"not raised", 1, false, 200, true, false},
         {"the administrator's own block", 3, true, 200, true, false},
     };
-    for (const quint32 mode : {mode::kTraffic, mode::kTime}) {
+    for (const AccountingMode mode : {AccountingMode::Traffic, AccountingMode::Time}) {
         for (const Case &each : cases) {
             SCOPED_TRACE(std::string(each.name)
-                         + (mode == mode::kTraffic ? ", traffic" : ", time"));
+                         + (mode == AccountingMode::Traffic ? ", traffic" : ", time"));
             Execute("DELETE FROM traffic_use");
             Execute("DELETE FROM time_use");
             Execute("DELETE FROM billing");
@@ -254,10 +254,13 @@ TEST_F(UserApply, ARaisedLimitLiftsABlockWhenSomethingIsLeft)
                 Execute("INSERT INTO billing (mode, object_id) VALUES ((?), 1)", mode);
             }
             UserRecord record = Record();
-            auto &limit = mode == mode::kTraffic ? record.limits.traffic : record.limits.time;
-            limit = each.newLimit;
-            (mode == mode::kTraffic ? record.limits.trafficRaised : record.limits.timeRaised) =
-                each.raised;
+            if (mode == AccountingMode::Traffic) {
+                record.limits.traffic = WholeMegabytes {each.newLimit};
+                record.limits.trafficRaised = each.raised;
+            } else {
+                record.limits.time = WholeHours {each.newLimit};
+                record.limits.timeRaised = each.raised;
+            }
 
             const QStringList run = Apply(record);
             EXPECT_EQ(run.contains(u"UPDATE users SET blocked = 0 WHERE user_id = (?)"_s),
@@ -265,8 +268,9 @@ TEST_F(UserApply, ARaisedLimitLiftsABlockWhenSomethingIsLeft)
             EXPECT_EQ(run.contains(QString::fromLatin1(kUnblock)), each.lifted);
             EXPECT_THAT(RowsOf("SELECT blocked, blockreason FROM users WHERE user_id = 1"),
                         ElementsAre(u"%1|%2"_s.arg(each.lifted ? 0 : 1).arg(each.reason)));
-            const auto recordOf = mode == mode::kTraffic ? "SELECT blocked FROM traffic_use"
-                                                         : "SELECT blocked FROM time_use";
+            const auto recordOf = mode == AccountingMode::Traffic
+                ? "SELECT blocked FROM traffic_use"
+                : "SELECT blocked FROM time_use";
             EXPECT_THAT(RowsOf(recordOf), ElementsAre(each.raised ? u"0"_s : u"1"_s));
         }
     }
@@ -277,21 +281,21 @@ TEST_F(UserApply, OtherModesLiftTheServicesBlockWhenTheyLeaveSomethingToUse)
     struct Case
     {
         const char *name;
-        quint32 mode;
+        AccountingMode mode;
         quint32 reason;
         const char *credit; // values of moneydata, moneyusage, data, usage; null for no credit
         const char *blocked;
     };
     const Case cases[] = {
-        {"no control", mode::kNoControl, 1, nullptr, "0"},
-        {"no control, administrator's block", mode::kNoControl, 3, nullptr, "1"},
-        {"no credit", mode::kProvider, 1, nullptr, "1"},
-        {"money left", mode::kProvider, 1, "10, 9.5, NULL, 0", "0"},
-        {"money used up", mode::kProvider, 1, "10, 10, NULL, 30", "1"},
-        {"traffic left", mode::kProvider, 2, "NULL, 0, 100, 99", "0"},
-        {"traffic used up", mode::kProvider, 2, "NULL, 0, 100, 100", "1"},
-        {"no bound", mode::kProvider, 1, "NULL, 0, NULL, 0", "0"},
-        {"administrator's block", mode::kProvider, 3, "10, 0, NULL, 0", "1"},
+        {"no control", AccountingMode::NoControl, 1, nullptr, "0"},
+        {"no control, administrator's block", AccountingMode::NoControl, 3, nullptr, "1"},
+        {"no credit", AccountingMode::Provider, 1, nullptr, "1"},
+        {"money left", AccountingMode::Provider, 1, "10, 9.5, NULL, 0", "0"},
+        {"money used up", AccountingMode::Provider, 1, "10, 10, NULL, 30", "1"},
+        {"traffic left", AccountingMode::Provider, 2, "NULL, 0, 100, 99", "0"},
+        {"traffic used up", AccountingMode::Provider, 2, "NULL, 0, 100, 100", "1"},
+        {"no bound", AccountingMode::Provider, 1, "NULL, 0, NULL, 0", "0"},
+        {"administrator's block", AccountingMode::Provider, 3, "10, 0, NULL, 0", "1"},
     };
     for (const Case &each : cases) {
         SCOPED_TRACE(each.name);
@@ -388,7 +392,7 @@ TEST_F(UserApply, AMacAddressHeldByAnotherUserIsNeverNoticed)
 TEST_F(UserApply, NothingIsWrittenForAUserThatIsGone)
 {
     UserRecord record = Record();
-    record.draft.groupId = 80;
+    record.draft.groupId = kEverybodyGroup;
     record.times.Add({1, u"01:00:00"_s, u"02:00:00"_s});
     record.protocols.Select(u"HTTP"_s, true);
     record.block.requested = true;
@@ -398,7 +402,7 @@ TEST_F(UserApply, NothingIsWrittenForAUserThatIsGone)
     EXPECT_FALSE(applied);
     EXPECT_EQ(prompt.TakeSaid().size(), 1);
     EXPECT_EQ(EveryRow(), before);
-    EXPECT_FALSE(LoadUser(1));
+    EXPECT_FALSE(LoadUser(UserId {1}));
 }
 
 TEST_F(UserApply, AUserWhoseGroupIsGoneKeepsItsTexts)
@@ -423,7 +427,7 @@ TEST_F(UserApply, TheServiceHearsOfBlocksAndOfLiftedOnes)
     Execute("UPDATE users SET blocked = 1, blockreason = 1, mode = 1 WHERE user_id = 1");
     Execute("INSERT INTO traffic_use (traf_id, user_id, period, data) VALUES (11, 1, 2, 150)");
     UserRecord record = Record();
-    record.limits.traffic = 200;
+    record.limits.traffic = WholeMegabytes {200};
     record.limits.trafficRaised = true;
     ASSERT_TRUE(ApplyUser(record, link.get(), prompt));
     EXPECT_THAT(service.TakeCalls(), ElementsAre(u"UnblockUser 1, no reply"_s));
@@ -454,5 +458,6 @@ TEST_F(UserApply, LoadingRunsItsStatementsInOrder)
         "SELECT Port_id FROM Ports WHERE Proto_id = (?)",
         kPortSelect,
     };
-    EXPECT_THAT(StatementsOf([] { (void)LoadUser(1); }), ElementsAreArray(Strings(expected)));
+    EXPECT_THAT(StatementsOf([] { (void)LoadUser(UserId {1}); }),
+                ElementsAreArray(Strings(expected)));
 }

@@ -8,10 +8,24 @@
 #include <QLoggingCategory>
 
 #include <gtest/gtest.h>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Link = const ServiceLink *;
+
+// A reason, a user and a group cannot stand in each other's place, nor can a number in any of theirs.
+static_assert(std::is_invocable_v<decltype(BlockUser), Link, UserId, BlockReason>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), Link, BlockReason, UserId>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), Link, GroupId, BlockReason>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), Link, quint32, BlockReason>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), Link, UserId, quint32>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), Link, UserId, AccountingMode>);
+static_assert(!std::is_invocable_v<decltype(BlockGroup), Link, UserId, BlockReason>);
+static_assert(!std::is_invocable_v<decltype(BlockGroup), Link, BlockReason, GroupId>);
+static_assert(!std::is_invocable_v<decltype(&ServiceLink::BlockUser), Link, quint32>);
 
 FakeService *witness = nullptr;
 
@@ -62,14 +76,14 @@ const char kGroups[] = "SELECT group_id, blocked, blockreason FROM groups ORDER 
 
 TEST_P(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
 {
-    EXPECT_TRUE(BlockUser(link.get(), 2, 3));
+    EXPECT_TRUE(BlockUser(link.get(), UserId {2}, BlockReason::Administrator));
     EXPECT_EQ(service.TakeCalls(),
               (QStringList {
                   u"BlockUser 2, no reply"_s,
                   u"UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)"_s}));
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|1|3"_s, u"3|0|0"_s}));
     static_cast<void>(service.TakeCalls());
-    EXPECT_TRUE(UnblockUser(link.get(), 2));
+    EXPECT_TRUE(UnblockUser(link.get(), UserId {2}));
     EXPECT_EQ(service.TakeCalls(),
               (QStringList {u"UnblockUser 2, no reply"_s,
                             u"UPDATE users SET blocked = false WHERE user_id = (?)"_s}));
@@ -78,8 +92,8 @@ TEST_P(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
 
 TEST_P(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
 {
-    EXPECT_FALSE(BlockUser(nullptr, 1, 3));
-    EXPECT_FALSE(UnblockUser(nullptr, 2));
+    EXPECT_FALSE(BlockUser(nullptr, UserId {1}, BlockReason::Administrator));
+    EXPECT_FALSE(UnblockUser(nullptr, UserId {2}));
     EXPECT_EQ(service.TakeCalls().filter(u"no reply"_s), QStringList());
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|1|3"_s, u"2|0|0"_s, u"3|0|0"_s}));
 }
@@ -89,7 +103,7 @@ TEST_P(BlockingTest, EveryMemberOfAGroupIsTold)
     const QString members = u"SELECT user_id FROM users WHERE group_id = (?)"_s;
     const QString block =
         u"UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)"_s;
-    BlockGroup(link.get(), 90, 3);
+    BlockGroup(link.get(), GroupId {90}, BlockReason::Administrator);
     EXPECT_EQ(
         service.TakeCalls(),
         (QStringList {u"UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)"_s,
@@ -104,7 +118,7 @@ TEST_P(BlockingTest, EveryMemberOfAGroupIsTold)
 
     static_cast<void>(service.TakeCalls());
     const QString unblock = u"UPDATE users SET blocked = false WHERE user_id = (?)"_s;
-    UnblockGroup(link.get(), 90);
+    UnblockGroup(link.get(), GroupId {90});
     EXPECT_EQ(service.TakeCalls(),
               (QStringList {u"UPDATE groups SET blocked = false WHERE group_id = (?)"_s,
                             u"UPDATE users SET blocked = false WHERE group_id = (?)"_s,
@@ -118,7 +132,7 @@ TEST_P(BlockingTest, EveryMemberOfAGroupIsTold)
 
 TEST_P(BlockingTest, AGroupWithoutMembersIsBlockedAlone)
 {
-    BlockGroup(link.get(), 91, 3);
+    BlockGroup(link.get(), GroupId {91}, BlockReason::Administrator);
     EXPECT_EQ(service.TakeCalls().filter(u"no reply"_s), QStringList());
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|0|0"_s, u"3|0|0"_s}));
     EXPECT_EQ(RowsOf(kGroups), (QStringList {u"80|0|0"_s, u"90|0|0"_s, u"91|1|3"_s}));

@@ -51,9 +51,9 @@ TEST_P(SheetRows, OfAUserWithEverythingChanged)
     Execute("INSERT INTO time_use (user_id, period, data, blocked) VALUES (1, 2, 7.5, 1)");
     Execute("INSERT INTO time_blocked (user_id, dayofweek, timestart, timestop) VALUES "
             "(1, 2, '08:00:00', '09:00:00')");
-    UserRecord record = LoadUser(1).value();
+    UserRecord record = LoadUser(UserId {1}).value();
     record.draft.fullName = u"Zoë Brøgger"_s;
-    record.draft.groupId = 80;
+    record.draft.groupId = kEverybodyGroup;
     record.draft.ipAddress = u"10.0.0.2"_s;
     record.draft.macAddress = u"ZZZZZZZZZZZZ"_s;
     record.times.Rebuild();
@@ -63,10 +63,10 @@ TEST_P(SheetRows, OfAUserWithEverythingChanged)
     record.protocols.allow = true;
     record.protocols.Select(u"FTP"_s, true);
     record.authRequired = true;
-    record.mode = mode::kTrafficAndTime;
-    record.limits.traffic = 200;
+    record.mode = AccountingMode::TrafficAndTime;
+    record.limits.traffic = WholeMegabytes {200};
     record.limits.trafficRaised = true;
-    record.limits.time = 8;
+    record.limits.time = WholeHours {8};
     record.limits.timeRaised = true;
     prompt.AnswerWith({true});
     EXPECT_TRUE(ApplyUser(record, nullptr, prompt));
@@ -86,23 +86,23 @@ TEST_P(SheetRows, OfAUserWithEverythingChanged)
 
 TEST_P(SheetRows, OfAUserInTheOtherModes)
 {
-    UserRecord record = LoadUser(1).value();
-    record.mode = mode::kProvider;
+    UserRecord record = LoadUser(UserId {1}).value();
+    record.mode = AccountingMode::Provider;
     record.limits.ownPrice = true;
     record.limits.price = 2.25;
     EXPECT_TRUE(ApplyUser(record, nullptr, prompt));
     EXPECT_THAT(RowsOf("SELECT mode, own_price FROM users WHERE user_id = 1 AND trafprice = 2.25"),
                 ElementsAre(u"2|1"_s));
     Execute("UPDATE users SET blocked = 1, blockreason = 2, group_id = 999 WHERE user_id = 1");
-    record = LoadUser(1).value();
+    record = LoadUser(UserId {1}).value();
     EXPECT_EQ(record.saved.userName, u"anna"_s);
-    record.mode = mode::kNoControl;
+    record.mode = AccountingMode::NoControl;
     EXPECT_TRUE(ApplyUser(record, nullptr, prompt));
     EXPECT_THAT(RowsOf("SELECT mode, blocked, group_id FROM users WHERE user_id = 1"),
                 ElementsAre(u"0|0|999"_s));
-    record = LoadUser(1).value();
-    record.mode = mode::kTime;
-    record.limits.time = 3;
+    record = LoadUser(UserId {1}).value();
+    record.mode = AccountingMode::Time;
+    record.limits.time = WholeHours {3};
     record.block.requested = true;
     EXPECT_TRUE(ApplyUser(record, nullptr, prompt));
     EXPECT_THAT(RowsOf("SELECT mode, timelim, blocked, blockreason FROM users WHERE user_id = 1"),
@@ -115,12 +115,12 @@ TEST_P(SheetRows, OfAGroup)
             "WHERE group_id = 81");
     Execute("UPDATE users SET blocked = 1, blockreason = 1 WHERE group_id = 81");
     Execute("INSERT INTO traffic_use (group_id, period, data, blocked) VALUES (81, 2, 150, 1)");
-    GroupRecord record = LoadGroup(81).value();
+    GroupRecord record = LoadGroup(GroupId {81}).value();
     record.members.Remove(0);
-    ASSERT_TRUE(record.members.Add({9, u"zoe"_s}));
+    ASSERT_TRUE(record.members.Add({UserId {9}, u"zoe"_s}));
     record.name = u"Front office"_s;
     record.protocols.Select(u"SSH"_s, true);
-    record.limits.traffic = 200;
+    record.limits.traffic = WholeMegabytes {200};
     record.limits.trafficRaised = true;
     EXPECT_TRUE(ApplyGroup(record, nullptr, prompt));
     EXPECT_THAT(RowsOf("SELECT name, mode, traflim, blocked FROM groups WHERE group_id = 81"),
@@ -130,9 +130,9 @@ TEST_P(SheetRows, OfAGroup)
     EXPECT_THAT(RowsOf("SELECT group_id FROM port_blocked"), ElementsAre(u"81"_s));
     EXPECT_THAT(RowsOf("SELECT user_id FROM time_blocked"), IsEmpty());
 
-    record = LoadGroup(81).value();
-    record.mode = mode::kProvider;
-    record.account.credits.push_back({CreditKind::Money, 12.5, true, {}});
+    record = LoadGroup(GroupId {81}).value();
+    record.mode = AccountingMode::Provider;
+    record.account.credits.push_back({BaseUnits {12.5}, true, {}});
     record.limits.ownPrice = true;
     record.limits.price = 0.25;
     record.block.requested = true;
@@ -145,8 +145,11 @@ TEST_P(SheetRows, OfAGroup)
 
 TEST_P(SheetRows, OfSeveralUsers)
 {
-    SetModeAndLimits({1, 9},
-                     {.mode = mode::kTraffic, .traffic = 2147483647, .time = 0, .period = 1},
+    SetModeAndLimits({UserId {1}, UserId {9}},
+                     {.mode = AccountingMode::Traffic,
+                      .traffic = WholeMegabytes {2147483647},
+                      .time = {},
+                      .period = LimitPeriod::Day},
                      [](int) {});
     EXPECT_THAT(RowsOf("SELECT user_id, mode, traflim, timelim, trafperiod, timeperiod FROM users "
                        "WHERE mode <> 0 ORDER BY user_id"),

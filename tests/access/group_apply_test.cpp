@@ -20,7 +20,7 @@ const char *const kCredits = "SELECT moneydata, moneyusage, data, usage FROM bil
 class GroupApply : public ApplyFixture
 {
 protected:
-    [[nodiscard]] static GroupRecord Record() { return LoadGroup(81).value(); }
+    [[nodiscard]] static GroupRecord Record() { return LoadGroup(GroupId {81}).value(); }
 
     [[nodiscard]] QStringList Apply(const GroupRecord &record)
     {
@@ -43,7 +43,7 @@ TEST_F(GroupApply, EverythingChangedIsStoredInTheFixedOrder)
 {
     GroupRecord record = Record();
     record.members.Remove(0);
-    ASSERT_TRUE(record.members.Add({9, u"zoe"_s}));
+    ASSERT_TRUE(record.members.Add({UserId {9}, u"zoe"_s}));
     record.name = u"Front office"_s;
     record.description = u"ground floor"_s;
     record.block.requested = true;
@@ -51,9 +51,9 @@ TEST_F(GroupApply, EverythingChangedIsStoredInTheFixedOrder)
     record.protocols.Select(u"HTTP"_s, true);
     record.times.Add({1, u"08.00"_s, u"09.00"_s});
     record.times.grant = true;
-    record.mode = mode::kTraffic;
-    record.limits.period = period::kDay;
-    record.limits.traffic = 700;
+    record.mode = AccountingMode::Traffic;
+    record.limits.period = LimitPeriod::Day;
+    record.limits.traffic = WholeMegabytes {700};
 
     const Texts expected = {
         kCheck,
@@ -115,16 +115,16 @@ TEST_F(GroupApply, EachModeRunsItsOwnStatements)
     };
     const Case cases[] = {
         {"no control",
-         [](GroupRecord &record) { record.mode = mode::kNoControl; },
+         [](GroupRecord &record) { record.mode = AccountingMode::NoControl; },
          {"UPDATE groups SET mode = 0 WHERE group_id = (?)",
           "SELECT blockreason FROM groups WHERE group_id = (?)"}},
         {"limit",
-         [](GroupRecord &record) { record.mode = mode::kTraffic; },
+         [](GroupRecord &record) { record.mode = AccountingMode::Traffic; },
          {kMode1, kReadLimit, kWriteLimit}},
         {"raised limit",
          [](GroupRecord &record) {
-             record.mode = mode::kTraffic;
-             record.limits.traffic = 10;
+             record.mode = AccountingMode::Traffic;
+             record.limits.traffic = WholeMegabytes {10};
              record.limits.trafficRaised = true;
          },
          {kMode1,
@@ -137,14 +137,14 @@ TEST_F(GroupApply, EachModeRunsItsOwnStatements)
           "SELECT data FROM traffic_use WHERE traf_id = (?)",
           "SELECT data, usage FROM billing WHERE group_id = (?) AND mode=1 AND closed=0"}},
         {"credit, global price",
-         [](GroupRecord &record) { record.mode = mode::kProvider; },
+         [](GroupRecord &record) { record.mode = AccountingMode::Provider; },
          {"UPDATE Groups SET mode = 2 WHERE Group_id = (?)",
           kCredits,
           "UPDATE Groups SET own_price = false WHERE Group_id = (?)"}},
         {"staged credit, own price",
          [](GroupRecord &record) {
-             record.mode = mode::kProvider;
-             record.account.credits.push_back({CreditKind::Money, 12.5, true, {}});
+             record.mode = AccountingMode::Provider;
+             record.account.credits.push_back({BaseUnits {12.5}, true, {}});
              record.limits.ownPrice = true;
              record.limits.price = 0.25;
          },
@@ -200,7 +200,7 @@ TEST_F(GroupApply, BlocksFollowTheBoxAndTheLimitsRules)
         GroupRecord record = Record();
         record.block.requested = each.click.value_or(record.block.requested);
         if (each.newLimit != 0) {
-            record.limits.traffic = each.newLimit;
+            record.limits.traffic = WholeMegabytes {each.newLimit};
             record.limits.trafficRaised = true;
         }
         (void)Apply(record);
@@ -225,7 +225,7 @@ TEST_F(GroupApply, NothingIsWrittenForAGroupThatIsGone)
     EXPECT_FALSE(applied);
     EXPECT_EQ(prompt.TakeSaid().size(), 1);
     EXPECT_EQ(EveryRow(), before);
-    EXPECT_FALSE(LoadGroup(81));
+    EXPECT_FALSE(LoadGroup(GroupId {81}));
 }
 
 TEST_F(GroupApply, LoadingRunsItsStatementsInOrder)
@@ -240,6 +240,6 @@ TEST_F(GroupApply, LoadingRunsItsStatementsInOrder)
         "SELECT PortAccess FROM groups WHERE group_id = (?)",
         "SELECT id, Proto_name FROM Protocols ORDER BY Proto_name ASC",
     };
-    EXPECT_THAT(StatementsOf([] { (void)LoadGroup(81); }).mid(0, 8),
+    EXPECT_THAT(StatementsOf([] { (void)LoadGroup(GroupId {81}); }).mid(0, 8),
                 ElementsAreArray(Strings(expected)));
 }

@@ -108,15 +108,15 @@ TEST_F(Interrupted, AUsersRaisedLimitsLeaveNothingToName)
         Execute("INSERT INTO traffic_use (user_id, period, data, blocked) VALUES (1, 2, 150, 1)");
     };
     const Findings findings = KillEverywhere(prepare, [] {
-        UserRecord record = LoadUser(1).value();
+        UserRecord record = LoadUser(UserId {1}).value();
         record.draft.ipAddress = u"10.0.0.77"_s;
-        record.draft.groupId = 80;
+        record.draft.groupId = kEverybodyGroup;
         record.times.Add({1, u"08:00:00"_s, u"09:00:00"_s});
         record.protocols.Select(u"FTP"_s, true);
-        record.mode = mode::kTrafficAndTime;
-        record.limits.traffic = 200;
+        record.mode = AccountingMode::TrafficAndTime;
+        record.limits.traffic = WholeMegabytes {200};
         record.limits.trafficRaised = true;
-        record.limits.time = 8;
+        record.limits.time = WholeHours {8};
         record.limits.timeRaised = true;
         Yes yes;
         (void)ApplyUser(record, nullptr, yes);
@@ -134,8 +134,8 @@ TEST_F(Interrupted, AUserWithoutControlIsNamedWhileItsBlockStands)
         Execute("UPDATE users SET mode = 1, blocked = 1, blockreason = 1 WHERE user_id = 1");
     };
     const Findings findings = KillEverywhere(prepare, [] {
-        UserRecord record = LoadUser(1).value();
-        record.mode = mode::kNoControl;
+        UserRecord record = LoadUser(UserId {1}).value();
+        record.mode = AccountingMode::NoControl;
         Yes yes;
         (void)ApplyUser(record, nullptr, yes);
     });
@@ -149,8 +149,8 @@ TEST_F(Interrupted, AnOwnPriceIsNamedUntilItIsThere)
 {
     const Findings findings = KillEverywhere([] {},
                                              [] {
-                                                 UserRecord record = LoadUser(1).value();
-                                                 record.mode = mode::kProvider;
+                                                 UserRecord record = LoadUser(UserId {1}).value();
+                                                 record.mode = AccountingMode::Provider;
                                                  record.limits.ownPrice = true;
                                                  record.limits.price = 2.5;
                                                  Yes yes;
@@ -169,7 +169,7 @@ TEST_F(Interrupted, WhatAUserThatLostItsAddressLeavesIsNamed)
         Execute("INSERT INTO logins (login, userid) VALUES ('bert', 2)");
     };
     const Findings findings = KillEverywhere(prepare, [] {
-        UserRecord record = LoadUser(1).value();
+        UserRecord record = LoadUser(UserId {1}).value();
         record.draft.ipAddress = u"10.0.0.2"_s;
         Yes yes;
         (void)ApplyUser(record, nullptr, yes);
@@ -185,12 +185,13 @@ TEST_F(Interrupted, MembersAreNamedUntilTheirGroupsBlockHasReachedThem)
 {
     const Findings findings = KillEverywhere([] {},
                                              [] {
-                                                 GroupRecord record = LoadGroup(81).value();
+                                                 GroupRecord record =
+                                                     LoadGroup(GroupId {81}).value();
                                                  record.members.Remove(0);
-                                                 (void)record.members.Add({9, u"zoe"_s});
+                                                 (void)record.members.Add({UserId {9}, u"zoe"_s});
                                                  record.block.requested = true;
-                                                 record.mode = mode::kTraffic;
-                                                 record.limits.traffic = 5;
+                                                 record.mode = AccountingMode::Traffic;
+                                                 record.limits.traffic = WholeMegabytes {5};
                                                  Yes yes;
                                                  (void)ApplyGroup(record, nullptr, yes);
                                              });
@@ -210,15 +211,15 @@ TEST_F(Interrupted, ADeletionIsNamedUntilItIsDone)
         Execute("UPDATE billing SET unlimited = 1");
         Execute("INSERT INTO logins (login, userid) VALUES ('anna', 1)");
     };
-    const Findings user = KillEverywhere(prepare, [] { DeleteUser(1); });
+    const Findings user = KillEverywhere(prepare, [] { DeleteUser(UserId {1}); });
     EXPECT_EQ(user.onTheWay.size(), 5);
     EXPECT_THAT(user.atTheEnd, IsEmpty());
 
-    const Findings group = KillEverywhere([] {}, [] { DeleteGroupOfList(81); });
+    const Findings group = KillEverywhere([] {}, [] { DeleteGroupOfList(GroupId {81}); });
     EXPECT_THAT(group.onTheWay,
                 UnorderedElementsAre(u"2 users belong to a group that does not exist."_s));
     EXPECT_THAT(group.atTheEnd, IsEmpty());
-    const Findings safer = KillEverywhere([] {}, [] { DeleteGroupOfDialog(81); });
+    const Findings safer = KillEverywhere([] {}, [] { DeleteGroupOfDialog(GroupId {81}); });
     EXPECT_THAT(safer.onTheWay, IsEmpty());
     EXPECT_THAT(safer.atTheEnd, IsEmpty());
 }

@@ -2,6 +2,7 @@
 #include "access/group_list.h"
 #include "access/list_commands.h"
 #include "access/user_list.h"
+#include "db/value_codes.h"
 #include "support/core/database_fixture.h"
 #include "support/core/statement_recorder.h"
 
@@ -17,7 +18,7 @@ const QString kGroupName = u"SELECT name FROM groups WHERE group_id = (?)"_s;
 class ListQueries : public DatabaseFixture
 {
 protected:
-    static void AddUser(const QString &name, quint32 group, bool monitored = true)
+    static void AddUser(const QString &name, GroupId group, bool monitored = true)
     {
         Execute("INSERT INTO users (username, group_id, monitored) VALUES ((?), (?), (?))",
                 name,
@@ -71,11 +72,11 @@ TEST_F(ListQueries, EveryOrderHasItsOwnStatement)
 
 TEST_F(ListQueries, AGroupsNameIsLookedUpOnce)
 {
-    const quint32 sales = AddGroup(u"Sales"_s);
+    const GroupId sales = AddGroup(u"Sales"_s);
     AddUser(u"a"_s, sales);
-    AddUser(u"b"_s, 80);
+    AddUser(u"b"_s, kEverybodyGroup);
     AddUser(u"c"_s, sales);
-    AddUser(u"d"_s, 4711); // a group that is not there
+    AddUser(u"d"_s, GroupId {4711}); // a group that is not there
     StatementRecorder recorder;
     const UserList list = ReadUserList(0, true, true);
     EXPECT_EQ(
@@ -93,12 +94,12 @@ TEST_F(ListQueries, AGroupsNameIsLookedUpOnce)
 
 TEST_F(ListQueries, OnlyMonitoredUsersWithAGroupAreListed)
 {
-    AddUser(u"shown"_s, 80);
-    AddUser(u"without group"_s, 0);
-    AddUser(u"unmonitored"_s, 80, false);
+    AddUser(u"shown"_s, kEverybodyGroup);
+    AddUser(u"without group"_s, {});
+    AddUser(u"unmonitored"_s, kEverybodyGroup, false);
     const UserList list = ReadUserList(0, true, true);
     EXPECT_EQ(NamesOf(list), QStringList(u"shown"_s));
-    EXPECT_EQ(list.rowUserIds, QList<quint32>({1}));
+    EXPECT_EQ(list.rowUserIds, QList {UserId {1}});
     EXPECT_EQ(CountListedUsers(), 1U);
 }
 
@@ -181,38 +182,39 @@ TEST_F(ListQueries, StrangeTextsComeBackWhole)
 
 TEST_F(ListQueries, CommandsRunTheirStatementsInOrder)
 {
-    AddUser(u"a"_s, 80);
+    AddUser(u"a"_s, kEverybodyGroup);
     const struct
     {
         std::function<void()> run;
         QStringList statements;
     } commands[] = {
-        {[] { EXPECT_FALSE(UserHasAccount(1)); },
+        {[] { EXPECT_FALSE(UserHasAccount(UserId {1})); },
          {u"SELECT mode FROM users WHERE user_id = (?)"_s}},
-        {[] { EXPECT_FALSE(GroupHasAccount(80)); },
+        {[] { EXPECT_FALSE(GroupHasAccount(kEverybodyGroup)); },
          {u"SELECT mode FROM groups WHERE group_id = (?)"_s}},
-        {[] { MoveUserToGroup(1, 81); },
+        {[] { MoveUserToGroup(UserId {1}, GroupId {81}); },
          {u"UPDATE users SET group_id = (?)  WHERE user_id = (?)"_s}},
-        {[] { StopMonitoring(1); }, {u"UPDATE users SET monitored = false WHERE user_id = (?)"_s}},
-        {[] { DeleteUser(1); },
+        {[] { StopMonitoring(UserId {1}); },
+         {u"UPDATE users SET monitored = false WHERE user_id = (?)"_s}},
+        {[] { DeleteUser(UserId {1}); },
          {u"DELETE FROM users WHERE user_id = (?)"_s,
           u"DELETE FROM traffic_use WHERE user_id = (?)"_s,
           u"DELETE FROM time_use WHERE user_id = (?)"_s,
           u"DELETE FROM siteaccess WHERE user_id = (?)"_s,
           u"DELETE FROM billing WHERE object_id = (?)"_s,
           u"UPDATE logins SET userid=0 WHERE userid = (?)"_s}},
-        {[] { EXPECT_EQ(AddGroup(u"New"_s), 81U); },
+        {[] { EXPECT_EQ(AddGroup(u"New"_s), GroupId {81}); },
          {u"INSERT INTO groups (name) VALUES (?)"_s,
           u"SELECT group_id FROM groups WHERE name = (?)"_s}},
-        {[] { RenameGroup(81, u"Newer"_s); },
+        {[] { RenameGroup(GroupId {81}, u"Newer"_s); },
          {u"UPDATE groups SET name=(?) WHERE group_id = (?)"_s}},
-        {[] { DeleteGroupOfList(81); },
+        {[] { DeleteGroupOfList(GroupId {81}); },
          {u"DELETE FROM groups WHERE group_id = (?)"_s,
           u"UPDATE users SET group_id = 80 WHERE group_id = (?)"_s}},
-        {[] { DeleteGroupOfDialog(81); },
+        {[] { DeleteGroupOfDialog(GroupId {81}); },
          {u"UPDATE users SET group_id = 80  WHERE group_id = (?)"_s,
           u"DELETE FROM groups WHERE group_id = (?)"_s}},
-        {[] { EXPECT_EQ(ReadGroupList().rowGroupIds, QList<quint32>({80})); },
+        {[] { EXPECT_EQ(ReadGroupList().rowGroupIds, QList {kEverybodyGroup}); },
          {u"SELECT name, descrip, blocked, group_id FROM groups"_s}},
         {[] { EXPECT_EQ(ReadGroupNames().front().name, u"Everybody"_s); },
          {u"SELECT name, group_id FROM groups"_s}},
@@ -227,7 +229,7 @@ TEST_F(ListQueries, CommandsRunTheirStatementsInOrder)
 TEST_F(ListQueries, CommandsTouchTheirRowsOnly)
 {
     for (const auto *name : {"a", "b"}) {
-        AddUser(QString::fromLatin1(name), 80);
+        AddUser(QString::fromLatin1(name), kEverybodyGroup);
     }
     for (const quint32 user : {1U, 2U}) {
         Execute("INSERT INTO traffic_use (user_id, period) VALUES ((?), 0)", user);
@@ -236,7 +238,7 @@ TEST_F(ListQueries, CommandsTouchTheirRowsOnly)
         Execute("INSERT INTO billing (mode, object_id) VALUES (2, (?))", user);
         Execute("INSERT INTO Logins (login, userid) VALUES ((?), (?))", u"l%1"_s.arg(user), user);
     }
-    DeleteUser(1);
+    DeleteUser(UserId {1});
     for (const auto *query : {"SELECT user_id FROM users",
                               "SELECT user_id FROM traffic_use",
                               "SELECT user_id FROM time_use",
@@ -247,9 +249,9 @@ TEST_F(ListQueries, CommandsTouchTheirRowsOnly)
     EXPECT_EQ(RowsOf("SELECT login, userid FROM logins ORDER BY login"),
               QStringList({u"l1|0"_s, u"l2|2"_s}));
 
-    const quint32 group = AddGroup(QString(300, u'\u00e9')); // cut to 254 bytes, whole characters
+    const GroupId group = AddGroup(QString(300, u'\u00e9')); // cut to 254 bytes, whole characters
     EXPECT_EQ(ReadGroupNames().back().name, QString(127, u'\u00e9'));
-    MoveUserToGroup(2, group);
+    MoveUserToGroup(UserId {2}, group);
     DeleteGroupOfList(group);
     EXPECT_EQ(RowsOf("SELECT user_id, group_id FROM users"), QStringList(u"2|80"_s));
     EXPECT_EQ(CountGroups(), 1U);
@@ -257,12 +259,12 @@ TEST_F(ListQueries, CommandsTouchTheirRowsOnly)
 
 TEST_F(ListQueries, AreEmptyWithoutADatabase)
 {
-    AddUser(u"a"_s, 80);
+    AddUser(u"a"_s, kEverybodyGroup);
     DisconnectDatabase();
     EXPECT_EQ(ReadUserList(0, true, true).rows.size(), 0);
     EXPECT_EQ(ReadGroupList().rows.size(), 0);
-    EXPECT_FALSE(UserHasAccount(1));
-    DeleteUser(1);
+    EXPECT_FALSE(UserHasAccount(UserId {1}));
+    DeleteUser(UserId {1});
     ASSERT_EQ(ConnectDatabase(qPrintable(Dsn())), 1);
     EXPECT_EQ(CountListedUsers(), 1U);
 }

@@ -16,8 +16,8 @@ using testing::ElementsAre;
 
 namespace {
 
-constexpr Owner kUser = {Owner::Kind::User, 1};
-constexpr Owner kGroup = {Owner::Kind::Group, 81};
+constexpr UserId kUser {1};
+constexpr GroupId kGroup {81};
 
 class Rights : public DatabaseFixture
 {
@@ -45,20 +45,20 @@ void InsertMany(const char *sqlText, quint32 first, quint32 count)
 
 TEST(AccessMode, EveryChoiceHasItsCodeAndBack)
 {
-    const std::pair<AccessChoice, quint32> cases[] = {
-        {{AccessType::NoControl, false, false}, 0},
-        {{AccessType::Corporate, true, false}, 1},
-        {{AccessType::Provider, false, false}, 2},
-        {{AccessType::Corporate, false, true}, 4},
-        {{AccessType::Corporate, true, true}, 5},
+    const std::pair<AccessChoice, AccountingMode> cases[] = {
+        {{AccessType::NoControl, false, false}, AccountingMode::NoControl},
+        {{AccessType::Corporate, true, false}, AccountingMode::Traffic},
+        {{AccessType::Provider, false, false}, AccountingMode::Provider},
+        {{AccessType::Corporate, false, true}, AccountingMode::Time},
+        {{AccessType::Corporate, true, true}, AccountingMode::TrafficAndTime},
     };
-    for (const auto &[choice, code] : cases) {
-        EXPECT_EQ(ModeFor(choice), code);
-        EXPECT_EQ(ChoiceFor(code), choice) << code;
+    for (const auto &[choice, mode] : cases) {
+        EXPECT_EQ(ModeFor(choice), mode);
+        EXPECT_EQ(ChoiceFor(mode), choice) << static_cast<quint32>(mode);
     }
     EXPECT_EQ(ModeFor({AccessType::Corporate, false, false}), std::nullopt);
-    EXPECT_EQ(ModeFor({AccessType::Provider, true, true}), mode::kProvider);
-    EXPECT_EQ(ChoiceFor(3), AccessChoice {});
+    EXPECT_EQ(ModeFor({AccessType::Provider, true, true}), AccountingMode::Provider);
+    EXPECT_EQ(ChoiceFor(AccountingMode {3}), AccessChoice {});
 }
 
 TEST(BlockState, TheBoxOpensByWhoBlocked)
@@ -66,20 +66,20 @@ TEST(BlockState, TheBoxOpensByWhoBlocked)
     struct Case
     {
         bool blocked;
-        quint32 reason;
+        BlockReason reason;
         std::pair<bool, bool> user; // requested, editable
         std::pair<bool, bool> group;
     };
     const Case cases[] = {
-        {false, 0, {false, true}, {false, true}},
-        {false, 3, {false, true}, {false, true}},
-        {true, 1, {true, false}, {true, false}},
-        {true, 2, {true, false}, {true, false}},
-        {true, 3, {true, true}, {true, true}},
-        {true, 4, {false, true}, {true, false}},
+        {false, BlockReason::None, {false, true}, {false, true}},
+        {false, BlockReason::Administrator, {false, true}, {false, true}},
+        {true, BlockReason::TrafficUsedUp, {true, false}, {true, false}},
+        {true, BlockReason::TimeUsedUp, {true, false}, {true, false}},
+        {true, BlockReason::Administrator, {true, true}, {true, true}},
+        {true, BlockReason::ShownAsAllowed, {false, true}, {true, false}},
     };
     for (const auto &[blocked, reason, user, group] : cases) {
-        SCOPED_TRACE(reason);
+        SCOPED_TRACE(static_cast<quint32>(reason));
         const BlockState userState = UserBlockState(blocked, reason);
         EXPECT_EQ(std::pair(userState.requested, userState.editable), user);
         const BlockState groupState = GroupBlockState(blocked, reason);
@@ -89,15 +89,15 @@ TEST(BlockState, TheBoxOpensByWhoBlocked)
 
 TEST(Limits, EachModeOpensItsFields)
 {
-    const std::pair<quint32, LimitFields> cases[] = {
-        {0, {}},
-        {1, {.period = true, .traffic = true}},
-        {2, {.rates = true}},
-        {4, {.period = true, .time = true}},
-        {5, {.period = true, .traffic = true, .time = true}},
+    const std::pair<AccountingMode, LimitFields> cases[] = {
+        {AccountingMode::NoControl, {}},
+        {AccountingMode::Traffic, {.period = true, .traffic = true}},
+        {AccountingMode::Provider, {.rates = true}},
+        {AccountingMode::Time, {.period = true, .time = true}},
+        {AccountingMode::TrafficAndTime, {.period = true, .traffic = true, .time = true}},
     };
-    for (const auto &[code, fields] : cases) {
-        EXPECT_EQ(FieldsFor(code), fields) << code;
+    for (const auto &[mode, fields] : cases) {
+        EXPECT_EQ(FieldsFor(mode), fields) << static_cast<quint32>(mode);
     }
 }
 
@@ -113,14 +113,14 @@ TEST_F(Rights, ALimitIsRaisedOnlyAboveTheStoredOneAsItIsNow)
         {2147483647, 2147483647, true, true},
     };
     for (const auto &[traffic, time, trafficRaised, timeRaised] : cases) {
-        StageTrafficLimit(kUser, traffic, draft);
-        StageTimeLimit(kUser, time, draft);
+        StageTrafficLimit(kUser, WholeMegabytes {traffic}, draft);
+        StageTimeLimit(kUser, WholeHours {time}, draft);
         EXPECT_EQ(draft.trafficRaised, trafficRaised) << traffic;
         EXPECT_EQ(draft.timeRaised, timeRaised) << time;
-        EXPECT_EQ(draft.Staged().traffic, traffic);
-        EXPECT_EQ(draft.Staged().time, time);
+        EXPECT_EQ(draft.Staged().traffic.value, traffic);
+        EXPECT_EQ(draft.Staged().time.value, time);
     }
-    EXPECT_EQ(draft.Staged().period, period::kMonth);
+    EXPECT_EQ(draft.Staged().period, LimitPeriod::Month);
 }
 
 TEST_F(Rights, AddedRangesBeyondTheHundredthAreShownButNotKept)
@@ -166,7 +166,7 @@ TEST_F(Rights, DeletedRangesAreForgottenOrRemoved)
     ranges.Delete(2);
     ranges.Delete(0);
     EXPECT_THAT(ranges.Added(), ElementsAre(sunday));
-    EXPECT_THAT(ranges.Deleted(), ElementsAre(1, 4));
+    EXPECT_THAT(ranges.Deleted(), ElementsAre(RangeId {1}, RangeId {4}));
     ranges.Rebuild();
     EXPECT_EQ(ranges.Shown().size(), 2U);
     ranges.Save();
@@ -221,9 +221,9 @@ TEST_F(Rights, OnlyTheFirstHundredProtocolsAndPortsCount)
 TEST_F(Rights, OfTwoProtocolsOfOneNameTheFirstIsMarked)
 {
     ProtocolChoice choice;
-    choice.protocols = {{.name = u"X"_s, .id = 1, .selected = false, .ports = {}},
-                        {.name = u"X"_s, .id = 2, .selected = false, .ports = {}},
-                        {.name = u"x"_s, .id = 3, .selected = false, .ports = {}}};
+    choice.protocols = {{.name = u"X"_s, .id = ProtocolId {1}, .selected = false, .ports = {}},
+                        {.name = u"X"_s, .id = ProtocolId {2}, .selected = false, .ports = {}},
+                        {.name = u"x"_s, .id = ProtocolId {3}, .selected = false, .ports = {}}};
     choice.Select(u"X"_s, true);
     EXPECT_THAT(choice.Names(true), ElementsAre(u"X"_s));
     EXPECT_TRUE(choice.protocols.front().selected);
@@ -234,17 +234,18 @@ TEST_F(Rights, OfTwoProtocolsOfOneNameTheFirstIsMarked)
 TEST_F(Rights, MembersAreStagedAndAThousandIsTheMost)
 {
     MemberTable members;
-    members.Open(81);
-    EXPECT_THAT(members.Listed(), ElementsAre(Member {1, u"anna"_s}, Member {2, u"bert"_s}));
-    EXPECT_THAT(members.Candidates(), ElementsAre(Member {9, u"zoe"_s}));
+    members.Open(kGroup);
+    EXPECT_THAT(members.Listed(),
+                ElementsAre(Member {UserId {1}, u"anna"_s}, Member {UserId {2}, u"bert"_s}));
+    EXPECT_THAT(members.Candidates(), ElementsAre(Member {UserId {9}, u"zoe"_s}));
     members.Remove(0);
-    EXPECT_TRUE(members.Add({9, u"zoe"_s}));
-    EXPECT_THAT(members.Candidates(), ElementsAre(Member {1, u"anna"_s}));
+    EXPECT_TRUE(members.Add({UserId {9}, u"zoe"_s}));
+    EXPECT_THAT(members.Candidates(), ElementsAre(Member {UserId {1}, u"anna"_s}));
     const QStringList before = EveryRow();
     {
         MemberTable same = members;
         same.Remove(1);
-        EXPECT_TRUE(same.Add({1, u"anna"_s}));
+        EXPECT_TRUE(same.Add({UserId {1}, u"anna"_s}));
         same.Save();
         EXPECT_EQ(EveryRow(), before);
     }
@@ -254,29 +255,31 @@ TEST_F(Rights, MembersAreStagedAndAThousandIsTheMost)
 
     InsertMany("INSERT INTO users (username, group_id) VALUES ('u' || (?), 81)", 1, 999);
     Execute("UPDATE users SET monitored = 0 WHERE user_id = 9");
-    members.Open(81);
+    members.Open(kGroup);
     EXPECT_EQ(members.Listed().size(), MemberTable::kMost);
-    EXPECT_FALSE(members.Add({1, u"anna"_s}));
+    EXPECT_FALSE(members.Add({UserId {1}, u"anna"_s}));
     InsertMany("INSERT INTO users (username, group_id) VALUES ('v' || (?), 81)", 1, 1);
-    members.Open(81);
+    members.Open(kGroup);
     EXPECT_EQ(members.Listed().size(), MemberTable::kMost);
 }
 
 TEST_F(Rights, SeveralUsersGetOneModeAndOnePeriod)
 {
-    std::vector<quint32> ids = {9, 77, 1};
+    std::vector ids {UserId {9}, UserId {77}, UserId {1}};
     EXPECT_THAT(NamesOfUsers(ids), ElementsAre(u"zoe"_s, u"anna"_s));
-    EXPECT_THAT(ids, ElementsAre(9, 1));
-    const ModeAndLimits first = ReadModeAndLimits(1);
-    EXPECT_EQ(first.traffic, 100U);
-    EXPECT_EQ(first.period, period::kMonth);
+    EXPECT_THAT(ids, ElementsAre(UserId {9}, UserId {1}));
+    const ModeAndLimits first = ReadModeAndLimits(UserId {1});
+    EXPECT_EQ(first.traffic, WholeMegabytes {100});
+    EXPECT_EQ(first.period, LimitPeriod::Month);
 
     StatementRecorder recorder;
     std::vector<int> done;
-    SetModeAndLimits(
-        ids,
-        {.mode = mode::kTrafficAndTime, .traffic = 7, .time = 8, .period = period::kDay},
-        [&done](int count) { done.push_back(count); });
+    SetModeAndLimits(ids,
+                     {.mode = AccountingMode::TrafficAndTime,
+                      .traffic = WholeMegabytes {7},
+                      .time = WholeHours {8},
+                      .period = LimitPeriod::Day},
+                     [&done](int count) { done.push_back(count); });
     EXPECT_THAT(recorder.Take(),
                 testing::Each(u"UPDATE users SET mode = (?), traflim = (?), timelim=(?), "
                               "trafperiod = (?), timeperiod = (?) WHERE user_id = (?)"_s));

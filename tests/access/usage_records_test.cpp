@@ -11,6 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr UserId kUser {7};
+constexpr UserId kNobody {8};
+constexpr GroupId kGroup {90};
+
 struct UsageRecords : EngineFixture
 {
     void SetUp() override
@@ -45,47 +49,51 @@ TB_ON_EVERY_ENGINE(UsageRecords);
 
 TEST_P(UsageRecords, AreThoseOfTheDayOrTheOnlyOneOfTheMonth)
 {
-    const std::tuple<quint32, quint32, quint32> cases[] = {{0, 2, 1}, {1, 3, 2}, {2, 4, 3}};
+    const std::tuple<UsagePeriod, TrafficRecordId, TimeRecordId> cases[] = {
+        {UsagePeriod::Statistics, TrafficRecordId {2}, TimeRecordId {1}},
+        {UsagePeriod::Day, TrafficRecordId {3}, TimeRecordId {2}},
+        {UsagePeriod::Month, TrafficRecordId {4}, TimeRecordId {3}},
+    };
     for (const auto &[period, traffic, time] : cases) {
-        EXPECT_EQ(FindUserTrafficRecord(7, period), traffic);
-        EXPECT_EQ(FindUserTimeRecord(7, period), time);
-        EXPECT_EQ(FindUserTrafficRecord(8, period), 0U);
-        EXPECT_EQ(FindUserTimeRecord(8, period), 0U);
+        EXPECT_EQ(FindUserTrafficRecord(kUser, period), traffic);
+        EXPECT_EQ(FindUserTimeRecord(kUser, period), time);
+        EXPECT_FALSE(FindUserTrafficRecord(kNobody, period).IsSet());
+        EXPECT_FALSE(FindUserTimeRecord(kNobody, period).IsSet());
     }
 }
 
 TEST_P(UsageRecords, OfADayAreGoneOnTheNext)
 {
     const TodayOverride tomorrow(QDate(2026, 11, 22));
-    EXPECT_EQ(FindUserTrafficRecord(7, 0), 0U);
-    EXPECT_EQ(FindUserTrafficRecord(7, 1), 0U);
-    EXPECT_EQ(FindUserTimeRecord(7, 1), 0U);
-    EXPECT_EQ(FindUserTrafficRecord(7, 2), 4U);
-    EXPECT_EQ(FindGroupTrafficRecord(90), 0U);
+    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod::Statistics).IsSet());
+    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod::Day).IsSet());
+    EXPECT_FALSE(FindUserTimeRecord(kUser, UsagePeriod::Day).IsSet());
+    EXPECT_EQ(FindUserTrafficRecord(kUser, UsagePeriod::Month), TrafficRecordId {4});
+    EXPECT_FALSE(FindGroupTrafficRecord(kGroup).IsSet());
 }
 
 TEST_P(UsageRecords, OfAGroupFollowTheGroupsOwnPeriod)
 {
-    EXPECT_EQ(FindGroupTrafficRecord(90), 5U);
+    EXPECT_EQ(FindGroupTrafficRecord(kGroup), TrafficRecordId {5});
     for (const quint32 period : {2U, 0U, 9U}) {
-        Execute("UPDATE groups SET trafperiod = (?) WHERE group_id = (?)", period, 90U);
-        EXPECT_EQ(FindGroupTrafficRecord(90), 6U) << period;
+        Execute("UPDATE groups SET trafperiod = (?) WHERE group_id = (?)", period, kGroup);
+        EXPECT_EQ(FindGroupTrafficRecord(kGroup), TrafficRecordId {6}) << period;
     }
-    EXPECT_EQ(FindGroupTrafficRecord(91), 0U);
+    EXPECT_FALSE(FindGroupTrafficRecord(GroupId {91}).IsSet());
 }
 
 TEST_P(UsageRecords, OfAnUnknownPeriodAreNotLookedFor)
 {
     StatementRecorder recorder;
-    EXPECT_EQ(FindUserTrafficRecord(7, 3), 0U);
-    EXPECT_EQ(FindUserTimeRecord(7, 3), 0U);
+    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod {3}).IsSet());
+    EXPECT_FALSE(FindUserTimeRecord(kUser, UsagePeriod {3}).IsSet());
     EXPECT_EQ(recorder.Take(), QStringList());
 }
 
 TEST_P(UsageRecords, AreTheLastWhereThereAreSeveral)
 {
     Execute("INSERT INTO traffic_use (user_id, period, current_time) VALUES (7, 1, '2026-11-21')");
-    EXPECT_EQ(FindUserTrafficRecord(7, 1), 7U);
+    EXPECT_EQ(FindUserTrafficRecord(kUser, UsagePeriod::Day), TrafficRecordId {7});
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "access/owner.h"
 #include "accounts/currency_settings.h"
 #include "base/day.h"
+#include "db/value_codes.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/statement_recorder.h"
 
@@ -12,43 +13,44 @@ class AccountFixture : public EngineFixture, protected CurrencySettings
 {
 protected:
     // A user in the mode given whose limits count by the day.
-    Owner AddUser(quint32 ownerMode, quint32 blockReason = 0)
+    UserId AddUser(AccountingMode mode, BlockReason reason = BlockReason::None)
     {
-        const quint32 period = 1;
+        const auto period = LimitPeriod::Day;
         Execute("INSERT INTO users (user_id, username, mode, trafperiod, timeperiod, blocked, "
                 "blockreason) VALUES ((?), 'anna', (?), (?), (?), 1, (?))",
                 ++lastUser,
-                ownerMode,
+                mode,
                 period,
                 period,
-                blockReason);
-        return UserOwner(lastUser);
+                reason);
+        return UserId {lastUser};
     }
 
     // A group whose limit counts by the month.
-    Owner AddGroup(quint32 ownerMode, quint32 blockReason = 0)
+    GroupId AddGroup(AccountingMode mode, BlockReason reason = BlockReason::None)
     {
         Execute("INSERT INTO groups (group_id, name, mode, trafperiod, blocked, blockreason) "
                 "VALUES ((?), 'sales', (?), 2, 1, (?))",
                 ++lastGroup,
-                ownerMode,
-                blockReason);
-        return GroupOwner(lastGroup);
+                mode,
+                reason);
+        return GroupId {lastGroup};
     }
 
     // `columns` and `values` go into an INSERT as they stand; the new row's id.
-    static quint32 AddCredit(const char *columns, const char *values)
+    static BillId AddCredit(const char *columns, const char *values)
     {
         const std::string text =
             std::string("INSERT INTO billing (") + columns + ") VALUES (" + values + ")";
         RunQuery(text.c_str(), FetchMode::All);
-        return NewestId("SELECT bill_id FROM billing ORDER BY bill_id");
+        return NewestId<BillId>("SELECT bill_id FROM billing ORDER BY bill_id");
     }
 
-    static quint32 NewestId(const char *sqlText)
+    template <typename IdType>
+    static IdType NewestId(const char *sqlText)
     {
         RunQuery(sqlText, FetchMode::All);
-        return queryResult.Integer(1);
+        return queryResult.Id<IdType>(1);
     }
 
     TodayOverride today {QDate(2026, 11, 21)};

@@ -14,7 +14,7 @@ class CreditListing : public AccountFixture
 {
 protected:
     // The rows' cells, each joined with "|".
-    QStringList Listed(const Owner &owner, quint32 ownerMode)
+    QStringList Listed(const Owner &owner, AccountingMode ownerMode)
     {
         QStringList lines;
         for (const ListedCredit &row : ReadCredits(owner, ownerMode, settings).rows) {
@@ -28,26 +28,26 @@ TB_ON_EVERY_ENGINE(CreditListing);
 
 TEST_P(CreditListing, NamesItsColumnsByMode)
 {
-    EXPECT_EQ(CreditColumns(mode::kTrafficAndTime).join(u'|'),
+    EXPECT_EQ(CreditColumns(AccountingMode::TrafficAndTime).join(u'|'),
               u"N|Date/Time|Credit|Used|Status|Type"_s);
-    EXPECT_EQ(CreditColumns(mode::kProvider).join(u'|'),
+    EXPECT_EQ(CreditColumns(AccountingMode::Provider).join(u'|'),
               u"N|Date/Time|Credit|Type|Used Mb|Used cash|Exp.date|Status"_s);
-    EXPECT_EQ(CreditColumns(mode::kNoControl), CreditColumns(mode::kProvider))
+    EXPECT_EQ(CreditColumns(AccountingMode::NoControl), CreditColumns(AccountingMode::Provider))
         << "a credit staged there is a pre-paid one";
-    EXPECT_EQ(StatusCell(mode::kTraffic), 3);
-    EXPECT_EQ(StatusCell(mode::kProvider), 6);
+    EXPECT_EQ(StatusCell(AccountingMode::Traffic), 3);
+    EXPECT_EQ(StatusCell(AccountingMode::Provider), 6);
 }
 
 TEST_P(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
 {
-    const Owner user = AddUser(mode::kTrafficAndTime);
+    const UserId user = AddUser(AccountingMode::TrafficAndTime);
     AddCredit("mode, object_id, data, usage, date", "1, 1, 100, 2.5, '2026-11-01 08:00:00'");
     AddCredit("mode, object_id, data, closed, date", "1, 1, 50, 1, '2026-11-02 08:00:00'");
     AddCredit("mode, object_id, data, date", "4, 1, 8, '2026-11-03 08:00:00'");
     AddCredit("mode, object_id, data", "2, 1, 8");
-    ASSERT_EQ(user.id, 1U);
+    ASSERT_EQ(user, UserId {1});
     StatementRecorder recorder;
-    EXPECT_EQ(Listed(user, mode::kTrafficAndTime),
+    EXPECT_EQ(Listed(user, AccountingMode::TrafficAndTime),
               (QStringList {u"2026-11-02|50.00|0.00|Expired|Mbytes"_s,
                             u"2026-11-01|100.00|2.50|Active|Mbytes"_s,
                             u"2026-11-03|8.00|0.00|Active|hr"_s}));
@@ -57,21 +57,21 @@ TEST_P(CreditListing, OfLimitsShowsEachKindOnItsOwnStatement)
                       "= (?) and mode = 1 ORDER BY date DESC"_s,
                       u"SELECT date, data, closed, usage, bill_id FROM billing WHERE object_id "
                       "= (?) and mode = 4  ORDER BY date DESC"_s}));
-    EXPECT_EQ(Listed(user, mode::kTraffic).size(), 2);
-    EXPECT_EQ(Listed(user, mode::kTime).size(), 1);
-    EXPECT_EQ(Listed(user, mode::kNoControl).size(), 0);
-    EXPECT_EQ(Listed(GroupOwner(user.id), mode::kTrafficAndTime).size(), 0)
+    EXPECT_EQ(Listed(user, AccountingMode::Traffic).size(), 2);
+    EXPECT_EQ(Listed(user, AccountingMode::Time).size(), 1);
+    EXPECT_EQ(Listed(user, AccountingMode::NoControl).size(), 0);
+    EXPECT_EQ(Listed(GroupId {user.value}, AccountingMode::TrafficAndTime).size(), 0)
         << "a group has no time credits, least of all those of the user of its number";
 }
 
 TEST_P(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
 {
-    const Owner group = AddGroup(mode::kTraffic);
-    Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (7, (?), 2)", group.id);
+    const GroupId group = AddGroup(AccountingMode::Traffic);
+    Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (7, (?), 2)", group);
     AddCredit("mode, group_id, trafid, data", "1, 81, 7, 10");
     AddCredit("mode, group_id, trafid, data", "1, 81, 6, 20");
     StatementRecorder recorder;
-    const CreditList list = ReadCredits(group, mode::kTraffic, settings);
+    const CreditList list = ReadCredits(group, AccountingMode::Traffic, settings);
     ASSERT_EQ(list.rows.size(), 1U);
     EXPECT_EQ(list.rows[0].cells.at(1), u"10.00"_s);
     EXPECT_EQ(
@@ -82,7 +82,7 @@ TEST_P(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
 
 TEST_P(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
 {
-    const Owner user = AddUser(mode::kProvider);
+    const UserId user = AddUser(AccountingMode::Provider);
     UseCurrency(u"2.5"_s);
     const char *columns = "mode, object_id, date, data, usage, moneydata, moneyusage, unlimited, "
                           "expiredday, closed";
@@ -97,13 +97,13 @@ TEST_P(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
         AddCredit(columns, row);
     }
     const QStringList before = EveryRow();
-    EXPECT_EQ(Listed(user, mode::kProvider),
+    EXPECT_EQ(Listed(user, AccountingMode::Provider),
               (QStringList {u"2026-11-09|10|Euro|3.00|3.75|Unlimited|Active"_s,
                             u"2026-11-08|200.00|Mbytes|12.35|0|2026.11.21|Active"_s,
                             u"2026-11-07|100.00|Mbytes|0.00|0|2026.11.20|Expired"_s,
                             u"2026-11-06|Unlim|None|0.00|0|Unlimited|Active"_s,
                             u"2026-11-05|70.00|Mbytes|0.00|0|2027.01.01|Expired"_s}));
-    EXPECT_DOUBLE_EQ(ReadCredits(user, mode::kProvider, settings).balance,
+    EXPECT_DOUBLE_EQ(ReadCredits(user, AccountingMode::Provider, settings).balance.value,
                      -3 + (200 - 12.345) + 100)
         << "megabytes of every credit that is not closed";
     EXPECT_EQ(EveryRow(), before);
@@ -111,34 +111,35 @@ TEST_P(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
 
 TEST_P(CreditListing, StopsAtItsCapacity)
 {
-    const Owner user = AddUser(mode::kTraffic);
+    const UserId user = AddUser(AccountingMode::Traffic);
     for (int i = 0; i < 105; ++i) {
-        Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user.id);
+        Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user);
     }
-    EXPECT_EQ(ReadCredits(user, mode::kTraffic, settings).rows.size(), 100U);
-    EXPECT_EQ(ReadCredits(UserOwner(user.id + 1), mode::kTraffic, settings).rows.size(), 0U);
+    EXPECT_EQ(ReadCredits(user, AccountingMode::Traffic, settings).rows.size(), 100U);
+    EXPECT_EQ(ReadCredits(UserId {user.value + 1}, AccountingMode::Traffic, settings).rows.size(),
+              0U);
 }
 
 TEST_P(CreditListing, AStagedRowIsNewAndOfToday)
 {
     UseCurrency(u"2.5"_s);
-    const auto row = [&](const StagedCredit &credit, quint32 ownerMode) {
+    const auto row = [&](const StagedCredit &credit, AccountingMode ownerMode) {
         return StagedRow(credit, ownerMode, settings).cells.join(u'|');
     };
-    EXPECT_EQ(row({CreditKind::Traffic, 12345.67, true, {}}, mode::kTraffic),
+    EXPECT_EQ(row({Megabytes {12345.67}, true, {}}, AccountingMode::Traffic),
               u"2026-11-21|12346||New|Mbytes"_s);
-    EXPECT_EQ(row({CreditKind::Time, 1.5, true, {}}, mode::kTime), u"2026-11-21|1.5||New|hr"_s);
-    EXPECT_EQ(row({CreditKind::Money, 4, false, u"2027.01.01"_s}, mode::kProvider),
+    EXPECT_EQ(row({Hours {1.5}, true, {}}, AccountingMode::Time), u"2026-11-21|1.5||New|hr"_s);
+    EXPECT_EQ(row({BaseUnits {4}, false, u"2027.01.01"_s}, AccountingMode::Provider),
               u"2026-11-21|10|Euro|||2027.01.01|New"_s);
-    EXPECT_EQ(row({CreditKind::Traffic, 4, true, {}}, mode::kProvider),
+    EXPECT_EQ(row({Megabytes {4}, true, {}}, AccountingMode::Provider),
               u"2026-11-21|4.00|Mbytes|||Unlimited|New"_s);
-    EXPECT_EQ(row({CreditKind::Unlimited, 0, true, {}}, mode::kProvider),
+    EXPECT_EQ(row({Unbounded {}, true, {}}, AccountingMode::Provider),
               u"2026-11-21|Unlim|None|||Unlimited|New"_s);
 }
 
 TEST_P(CreditListing, MoneyIsListedAsItWasTyped)
 {
-    const Owner user = AddUser(mode::kProvider);
+    const UserId user = AddUser(AccountingMode::Provider);
     for (const auto *rate : {"2.5", "3", "0.07", "41.37", "1.1", "7777"}) {
         UseCurrency(QString::fromLatin1(rate));
         for (const double typed : {10.0, 0.8, 0.99, 33.33, 1.0 * 7 / 4, 199.9, 4567.0}) {
@@ -146,11 +147,11 @@ TEST_P(CreditListing, MoneyIsListedAsItWasTyped)
             ASSERT_FALSE(CheckAmount(CreditKind::Money, typed, current));
             Execute("DELETE FROM billing");
             WriteCredit(user,
-                        mode::kProvider,
+                        AccountingMode::Provider,
                         CreditFrom(CreditKind::Money, typed, current, {}),
                         current,
                         nullptr);
-            EXPECT_EQ(ReadCredits(user, mode::kProvider, settings).rows.at(0).cells.at(1),
+            EXPECT_EQ(ReadCredits(user, AccountingMode::Provider, settings).rows.at(0).cells.at(1),
                       QString::number(typed))
                 << rate;
         }

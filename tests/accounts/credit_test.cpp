@@ -12,8 +12,10 @@ class Credit : public AccountFixture
 {
 protected:
     // The statements that writing one credit sends.
-    static QStringList
-    Written(const Owner &owner, quint32 ownerMode, const StagedCredit &credit, double rate = 1.0)
+    static QStringList Written(const Owner &owner,
+                               AccountingMode ownerMode,
+                               const StagedCredit &credit,
+                               double rate = 1.0)
     {
         StatementRecorder recorder;
         WriteCredit(owner, ownerMode, credit, rate, nullptr);
@@ -25,7 +27,7 @@ protected:
         RunQuery(owner.IsUser() ? "SELECT blocked FROM users WHERE user_id = (?)"
                                 : "SELECT blocked FROM groups WHERE group_id = (?)",
                  FetchMode::One,
-                 owner.id);
+                 owner.Number());
         return queryResult.Flag(1);
     }
 
@@ -36,7 +38,7 @@ protected:
             "SELECT mode, object_id, group_id, trafid, time_id, unlimited, expiredday, closed, "
             "data, moneydata, currencydata FROM billing WHERE bill_id = (?)",
             FetchMode::One,
-            NewestId("SELECT bill_id FROM billing ORDER BY bill_id"));
+            NewestId<BillId>("SELECT bill_id FROM billing ORDER BY bill_id"));
         QStringList cells;
         for (int column = 1; column <= 8; ++column) {
             cells << queryResult.Text(column);
@@ -60,21 +62,21 @@ const QStringList kUnblockGroup {u"UPDATE groups SET blocked = false WHERE group
 
 TEST_P(Credit, OfALimitGoesToThePeriodsRecord)
 {
-    const Owner user = AddUser(mode::kTrafficAndTime);
-    const quint32 usage = usage_period::kDay;
+    const UserId user = AddUser(AccountingMode::TrafficAndTime);
+    const auto usage = UsagePeriod::Day;
     Execute("INSERT INTO traffic_use (traf_id, user_id, period, current_time) "
             "VALUES (71, (?), (?), (?))",
-            user.id,
+            user,
             usage,
             DayOf(Today()));
     Execute("INSERT INTO time_use (time_id, user_id, period, current_time) "
             "VALUES (72, (?), (?), (?))",
-            user.id,
+            user,
             usage,
             DayOf(Today()));
-    const QString id = QString::number(user.id);
+    const QString id = QString::number(user.value);
 
-    EXPECT_EQ(Written(user, mode::kTrafficAndTime, {CreditKind::Traffic, 12.5, true, {}}),
+    EXPECT_EQ(Written(user, AccountingMode::TrafficAndTime, {Megabytes {12.5}, true, {}}),
               (QStringList {kUserReason,
                             u"SELECT trafperiod FROM users WHERE user_id = (?)"_s,
                             u"SELECT traf_id FROM traffic_use WHERE current_time = (?) and user_id "
@@ -87,7 +89,7 @@ TEST_P(Credit, OfALimitGoesToThePeriodsRecord)
         (QStringList {
             u"1"_s, id, u""_s, u"71"_s, u""_s, u"0"_s, u""_s, u"0"_s, u"12.5"_s, u"-"_s, u"-"_s}));
 
-    EXPECT_EQ(Written(user, mode::kTrafficAndTime, {CreditKind::Time, 3, true, {}}),
+    EXPECT_EQ(Written(user, AccountingMode::TrafficAndTime, {Hours {3}, true, {}}),
               (QStringList {kUserReason,
                             u"SELECT timeperiod FROM users WHERE user_id = (?)"_s,
                             u"SELECT time_id FROM time_use WHERE current_time = (?) and user_id = "
@@ -103,10 +105,10 @@ TEST_P(Credit, OfALimitGoesToThePeriodsRecord)
 
 TEST_P(Credit, OfAGroupsLimitGoesToItsOwnRecord)
 {
-    const Owner group = AddGroup(mode::kTraffic);
-    Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (73, (?), 2)", group.id);
+    const GroupId group = AddGroup(AccountingMode::Traffic);
+    Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (73, (?), 2)", group);
     EXPECT_EQ(
-        Written(group, mode::kTraffic, {CreditKind::Traffic, 5, true, {}}),
+        Written(group, AccountingMode::Traffic, {Megabytes {5}, true, {}}),
         (QStringList {kGroupReason,
                       u"SELECT trafperiod FROM groups WHERE group_id = (?) "_s,
                       u"SELECT traf_id FROM traffic_use WHERE group_id = (?) and period = 2"_s,
@@ -116,7 +118,7 @@ TEST_P(Credit, OfAGroupsLimitGoesToItsOwnRecord)
     EXPECT_EQ(NewestCredit(),
               (QStringList {u"1"_s,
                             u""_s,
-                            QString::number(group.id),
+                            QString::number(group.value),
                             u"73"_s,
                             u""_s,
                             u"0"_s,
@@ -129,8 +131,8 @@ TEST_P(Credit, OfAGroupsLimitGoesToItsOwnRecord)
 
 TEST_P(Credit, WithoutARecordNamesNone)
 {
-    const Owner user = AddUser(mode::kTraffic);
-    WriteCredit(user, mode::kTraffic, {CreditKind::Traffic, 1, true, {}}, 1.0, nullptr);
+    const UserId user = AddUser(AccountingMode::Traffic);
+    WriteCredit(user, AccountingMode::Traffic, {Megabytes {1}, true, {}}, 1.0, nullptr);
     EXPECT_EQ(NewestCredit().at(3), u"0"_s);
 }
 
@@ -138,54 +140,54 @@ TEST_P(Credit, PrePaidIsWrittenByKindAndExpiry)
 {
     struct Case
     {
-        CreditKind kind;
+        CreditAmount amount;
         QString expiry;
         const char *text;
         QStringList amounts; // data, moneydata, currencydata
     };
     const Case cases[] = {
-        {CreditKind::Traffic,
+        {Megabytes {4},
          {},
          "INSERT INTO billing (mode, %1, data, currencydata, unlimited) VALUES (2, (?), (?), (?), 1)",
          {u"4"_s, u"-"_s, u"2.5"_s}},
-        {CreditKind::Traffic,
+        {Megabytes {4},
          u"2027.03.01"_s,
          "INSERT  INTO billing (mode, %1, data, currencydata, unlimited, expiredday) VALUES (2, (?), "
          "(?), (?), 0, (?))",
          {u"4"_s, u"-"_s, u"2.5"_s}},
-        {CreditKind::Money,
+        {BaseUnits {4},
          {},
          "INSERT  INTO billing (mode, %1, moneydata, currencydata, unlimited) VALUES (2, (?), (?), "
          "(?), 1)",
          {u"-"_s, u"4"_s, u"2.5"_s}},
-        {CreditKind::Money,
+        {BaseUnits {4},
          u"2027.03.01"_s,
          "INSERT  INTO billing (mode, %1, moneydata, currencydata, unlimited, expiredday) VALUES (2, "
          "(?), (?), (?), 0, (?))",
          {u"-"_s, u"4"_s, u"2.5"_s}},
-        {CreditKind::Unlimited,
+        {Unbounded {},
          {},
          "INSERT  INTO billing (mode, %1, unlimited) VALUES (2, (?), 1)",
          {u"-"_s, u"-"_s, u"-"_s}},
-        {CreditKind::Unlimited,
+        {Unbounded {},
          u"2027.03.01"_s,
          "INSERT  INTO billing (mode, %1, unlimited, expiredday) VALUES (2, (?), 0, (?))",
          {u"-"_s, u"-"_s, u"-"_s}},
     };
-    const Owner user = AddUser(mode::kProvider);
-    const Owner group = AddGroup(mode::kProvider);
-    for (const Owner &owner : {user, group}) {
-        for (const auto &[kind, expiry, text, amounts] : cases) {
-            const bool unlimited = kind == CreditKind::Unlimited;
-            const StagedCredit credit {kind, unlimited ? 0.0 : 4.0, expiry.isEmpty(), expiry};
+    const UserId user = AddUser(AccountingMode::Provider);
+    const GroupId group = AddGroup(AccountingMode::Provider);
+    for (const Owner &owner : {Owner(user), Owner(group)}) {
+        for (const auto &[amount, expiry, text, amounts] : cases) {
+            const bool unlimited = KindOf(amount) == CreditKind::Unlimited;
+            const StagedCredit credit {amount, expiry.isEmpty(), expiry};
             QStringList expected {
                 owner.IsUser() ? kUserReason : kGroupReason,
                 QString::fromLatin1(text).arg(owner.IsUser() ? u"object_id"_s : u"group_id"_s)};
             if (!unlimited) {
                 expected += owner.IsUser() ? QStringList {kUnblockUser} : kUnblockGroup;
             }
-            EXPECT_EQ(Written(owner, mode::kProvider, credit, 2.5), expected);
-            const QString id = QString::number(owner.id);
+            EXPECT_EQ(Written(owner, AccountingMode::Provider, credit, 2.5), expected);
+            const QString id = QString::number(owner.Number());
             EXPECT_EQ(NewestCredit(),
                       (QStringList {u"2"_s,
                                     owner.IsUser() ? id : u""_s,
@@ -204,45 +206,45 @@ TEST_P(Credit, LiftsABlockUnlessTheAdministratorsOrWithoutAmount)
 {
     struct Case
     {
-        quint32 ownerMode;
-        quint32 reason;
-        CreditKind kind;
+        AccountingMode ownerMode;
+        BlockReason reason;
+        CreditAmount amount;
         bool blockedAfter;
     };
     const Case cases[] = {
-        {mode::kTraffic, 1, CreditKind::Traffic, false},
-        {mode::kTraffic, 3, CreditKind::Traffic, true},
-        {mode::kTime, 2, CreditKind::Time, false},
-        {mode::kTime, 3, CreditKind::Time, true},
-        {mode::kProvider, 0, CreditKind::Money, false},
-        {mode::kProvider, 4, CreditKind::Traffic, false},
-        {mode::kProvider, 3, CreditKind::Money, true},
-        {mode::kProvider, 3, CreditKind::Traffic, true},
-        {mode::kProvider, 1, CreditKind::Unlimited, true},
-        {mode::kProvider, 3, CreditKind::Unlimited, true},
+        {AccountingMode::Traffic, BlockReason::TrafficUsedUp, Megabytes {5}, false},
+        {AccountingMode::Traffic, BlockReason::Administrator, Megabytes {5}, true},
+        {AccountingMode::Time, BlockReason::TimeUsedUp, Hours {5}, false},
+        {AccountingMode::Time, BlockReason::Administrator, Hours {5}, true},
+        {AccountingMode::Provider, BlockReason::None, BaseUnits {5}, false},
+        {AccountingMode::Provider, BlockReason::ShownAsAllowed, Megabytes {5}, false},
+        {AccountingMode::Provider, BlockReason::Administrator, BaseUnits {5}, true},
+        {AccountingMode::Provider, BlockReason::Administrator, Megabytes {5}, true},
+        {AccountingMode::Provider, BlockReason::TrafficUsedUp, Unbounded {}, true},
+        {AccountingMode::Provider, BlockReason::Administrator, Unbounded {}, true},
     };
-    for (const auto &[ownerMode, reason, kind, blockedAfter] : cases) {
-        const Owner user = AddUser(ownerMode, reason);
-        WriteCredit(user, ownerMode, {kind, 5, true, {}}, 1.0, nullptr);
-        EXPECT_EQ(IsBlocked(user), blockedAfter) << ownerMode << ' ' << reason;
-        if (kind != CreditKind::Time) {
-            const Owner group = AddGroup(ownerMode, reason);
-            WriteCredit(group, ownerMode, {kind, 5, true, {}}, 1.0, nullptr);
-            EXPECT_EQ(IsBlocked(group), blockedAfter) << ownerMode << ' ' << reason;
+    for (const auto &[ownerMode, reason, amount, blockedAfter] : cases) {
+        const UserId user = AddUser(ownerMode, reason);
+        WriteCredit(user, ownerMode, {amount, true, {}}, 1.0, nullptr);
+        EXPECT_EQ(IsBlocked(user), blockedAfter);
+        if (KindOf(amount) != CreditKind::Time) {
+            const GroupId group = AddGroup(ownerMode, reason);
+            WriteCredit(group, ownerMode, {amount, true, {}}, 1.0, nullptr);
+            EXPECT_EQ(IsBlocked(group), blockedAfter);
         }
     }
 }
 
 TEST_P(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
 {
-    const Owner user = AddUser(mode::kProvider, 3);
-    const quint32 first = AddCredit("mode, object_id, data", "2, 1, 5");
-    const quint32 second = AddCredit("mode, object_id, data", "2, 1, 6");
+    const UserId user = AddUser(AccountingMode::Provider, BlockReason::Administrator);
+    const BillId first = AddCredit("mode, object_id, data", "2, 1, 5");
+    const BillId second = AddCredit("mode, object_id, data", "2, 1, 6");
     StagedAccount staged;
-    staged.credits = {{CreditKind::Unlimited, 0, true, {}}, {CreditKind::Unlimited, 0, true, {}}};
+    staged.credits = {{Unbounded {}, true, {}}, {Unbounded {}, true, {}}};
     staged.closed = {second};
     StatementRecorder recorder;
-    EXPECT_TRUE(ApplyStagedAccount(user, mode::kProvider, staged, 1.0, nullptr));
+    EXPECT_TRUE(ApplyStagedAccount(user, AccountingMode::Provider, staged, 1.0, nullptr));
     const auto insert = u"INSERT  INTO billing (mode, object_id, unlimited) VALUES (2, (?), 1)"_s;
     EXPECT_EQ(recorder.Take(),
               (QStringList {u"SELECT mode FROM users WHERE user_id = (?)"_s,
@@ -252,7 +254,7 @@ TEST_P(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
                             insert,
                             u"UPDATE billing SET closed = 1 WHERE bill_id = (?)"_s}));
     EXPECT_EQ(RowsOf("SELECT bill_id FROM billing WHERE closed = 1"),
-              QStringList {QString::number(second)});
+              QStringList {QString::number(second.value)});
     EXPECT_EQ(RowsOf("SELECT count(*) FROM billing"), QStringList {u"4"_s});
     EXPECT_NE(first, second);
 }
@@ -261,16 +263,16 @@ TEST_P(Credit, NothingIsWrittenForAnOwnerThatIsGone)
 {
     StagedAccount staged;
     StatementRecorder recorder;
-    for (const Owner &gone : {UserOwner(4711), GroupOwner(4711)}) {
+    for (const Owner &gone : {Owner(UserId {4711}), Owner(GroupId {4711})}) {
         const QStringList before = EveryRow();
-        staged.credits = {{CreditKind::Traffic, 1, true, {}}};
+        staged.credits = {{Megabytes {1}, true, {}}};
         staged.closed = {AddCredit("mode, object_id, data", "2, 4711, 5")};
         const QStringList withCredit = EveryRow();
-        EXPECT_FALSE(ApplyStagedAccount(gone, mode::kProvider, staged, 1.0, nullptr));
+        EXPECT_FALSE(ApplyStagedAccount(gone, AccountingMode::Provider, staged, 1.0, nullptr));
         EXPECT_EQ(EveryRow(), withCredit);
         EXPECT_NE(withCredit, before);
         (void)recorder.Take();
-        EXPECT_TRUE(ApplyStagedAccount(gone, mode::kProvider, {}, 1.0, nullptr));
+        EXPECT_TRUE(ApplyStagedAccount(gone, AccountingMode::Provider, {}, 1.0, nullptr));
         EXPECT_EQ(recorder.Take(), QStringList());
     }
 }

@@ -105,13 +105,14 @@ TEST(CreditEntry, RefusesWhatWouldNotBeListedAsTyped)
 TEST(CreditEntry, StagesMoneyInBaseUnits)
 {
     const StagedCredit money = CreditFrom(CreditKind::Money, 10, 2.5, {2027, 1, 2});
-    EXPECT_DOUBLE_EQ(money.amount, 4.0);
+    EXPECT_EQ(money.amount, CreditAmount(BaseUnits {4.0}));
     EXPECT_FALSE(money.neverExpires);
     EXPECT_EQ(money.expiryDay, u"2027.01.02"_s);
     const StagedCredit traffic = CreditFrom(CreditKind::Traffic, 10, 2.5, {});
-    EXPECT_DOUBLE_EQ(traffic.amount, 10.0);
+    EXPECT_EQ(traffic.amount, CreditAmount(Megabytes {10.0}));
     EXPECT_TRUE(traffic.neverExpires);
-    EXPECT_DOUBLE_EQ(CreditFrom(CreditKind::Unlimited, 10, 2.5, {}).amount, 0.0);
+    EXPECT_EQ(CreditFrom(CreditKind::Time, 10, 2.5, {}).amount, CreditAmount(Hours {10.0}));
+    EXPECT_EQ(CreditFrom(CreditKind::Unlimited, 10, 2.5, {}).amount, CreditAmount(Unbounded {}));
 }
 
 } // namespace

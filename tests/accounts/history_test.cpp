@@ -32,23 +32,23 @@ TEST(HistoryFilters, AreBuiltFromOwnerModeSwitchAndPeriod)
 {
     struct Case
     {
-        quint32 ownerMode;
+        AccountingMode ownerMode;
         bool openOnly;
         HistoryPeriod period;
         const char *clauses;
     };
     const Case cases[] = {
-        {mode::kNoControl, false, HistoryPeriod::AllRecords, ""},
-        {mode::kTraffic, false, HistoryPeriod::AllRecords, " AND mode=1"},
-        {mode::kProvider, true, HistoryPeriod::AllRecords, " AND mode=2 AND closed=0"},
-        {mode::kTime, false, HistoryPeriod::Today, " AND mode=4 AND date >= (?)"},
-        {mode::kTrafficAndTime,
+        {AccountingMode::NoControl, false, HistoryPeriod::AllRecords, ""},
+        {AccountingMode::Traffic, false, HistoryPeriod::AllRecords, " AND mode=1"},
+        {AccountingMode::Provider, true, HistoryPeriod::AllRecords, " AND mode=2 AND closed=0"},
+        {AccountingMode::Time, false, HistoryPeriod::Today, " AND mode=4 AND date >= (?)"},
+        {AccountingMode::TrafficAndTime,
          true,
          HistoryPeriod::LastMonth,
          " AND (mode=1 OR mode=4) AND closed=0 AND date >= (?)"},
     };
     for (const auto &[ownerMode, openOnly, period, clauses] : cases) {
-        for (const Owner &owner : {UserOwner(1), GroupOwner(1)}) {
+        for (const Owner &owner : {Owner(UserId {1}), Owner(GroupId {1})}) {
             const QByteArray start = owner.IsUser()
                 ? "SELECT bill_id FROM billing WHERE object_id = (?)"
                 : "SELECT bill_id FROM billing WHERE group_id = (?)";
@@ -78,7 +78,7 @@ TEST(HistoryFilters, CountDaysTheSimpleWay)
     };
     for (const auto &[today, day, week, month] : cases) {
         const auto since = [today = today](HistoryPeriod period) {
-            return *BuildFilter({UserOwner(1), mode::kTraffic, false, period}, today).since;
+            return *BuildFilter({UserId {1}, AccountingMode::Traffic, false, period}, today).since;
         };
         EXPECT_EQ(since(HistoryPeriod::Today), day + u" 00:00:00"_s);
         EXPECT_EQ(since(HistoryPeriod::LastWeek), week + u" 00:00:00"_s);
@@ -95,7 +95,7 @@ TEST(HistoryFilters, PeriodsGoByTheirTexts)
 
 TEST_P(History, SelectsWhatTheFilterNames)
 {
-    const Owner user = AddUser(mode::kTrafficAndTime);
+    const UserId user = AddUser(AccountingMode::TrafficAndTime);
     AddCredit("mode, object_id, data, date, closed", "1, 1, 11, '2026-11-21 00:00:00', 0");
     AddCredit("mode, object_id, data, date, closed", "4, 1, 12, '2026-11-20 23:59:59', 0");
     AddCredit("mode, object_id, data, date, closed", "1, 1, 13, '2026-11-15 00:00:00', 1");
@@ -104,29 +104,30 @@ TEST_P(History, SelectsWhatTheFilterNames)
     AddCredit("mode, object_id, data, date, closed", "2, 1, 16, '2026-11-21 12:00:00', 0");
     struct Case
     {
-        quint32 ownerMode;
+        AccountingMode ownerMode;
         bool openOnly;
         HistoryPeriod period;
         QList<int> amounts;
     };
     const Case cases[] = {
-        {mode::kTrafficAndTime, false, HistoryPeriod::AllRecords, {11, 12, 13, 14, 15}},
-        {mode::kTrafficAndTime, true, HistoryPeriod::AllRecords, {11, 12, 14, 15}},
-        {mode::kTrafficAndTime, false, HistoryPeriod::Today, {11}},
-        {mode::kTrafficAndTime, false, HistoryPeriod::LastWeek, {11, 12, 13}},
-        {mode::kTrafficAndTime, true, HistoryPeriod::LastMonth, {11, 12, 14}},
-        {mode::kTraffic, false, HistoryPeriod::LastWeek, {11, 13}},
-        {mode::kTime, false, HistoryPeriod::AllRecords, {12}},
-        {mode::kProvider, false, HistoryPeriod::AllRecords, {16}},
+        {AccountingMode::TrafficAndTime, false, HistoryPeriod::AllRecords, {11, 12, 13, 14, 15}},
+        {AccountingMode::TrafficAndTime, true, HistoryPeriod::AllRecords, {11, 12, 14, 15}},
+        {AccountingMode::TrafficAndTime, false, HistoryPeriod::Today, {11}},
+        {AccountingMode::TrafficAndTime, false, HistoryPeriod::LastWeek, {11, 12, 13}},
+        {AccountingMode::TrafficAndTime, true, HistoryPeriod::LastMonth, {11, 12, 14}},
+        {AccountingMode::Traffic, false, HistoryPeriod::LastWeek, {11, 13}},
+        {AccountingMode::Time, false, HistoryPeriod::AllRecords, {12}},
+        {AccountingMode::Provider, false, HistoryPeriod::AllRecords, {16}},
     };
     for (const auto &[ownerMode, openOnly, period, amounts] : cases) {
         QList<int> read;
         for (const HistoryRow &row : ReadHistory({user, ownerMode, openOnly, period})) {
-            read << static_cast<int>(row.amount);
+            read << static_cast<int>(NumberOf(row.amount));
         }
-        EXPECT_EQ(read, amounts) << ownerMode << openOnly << static_cast<int>(period);
+        EXPECT_EQ(read, amounts) << static_cast<int>(ownerMode) << openOnly
+                                 << static_cast<int>(period);
     }
-    EXPECT_TRUE(ReadHistory({GroupOwner(1), mode::kTraffic, false, {}}).empty());
+    EXPECT_TRUE(ReadHistory({GroupId {1}, AccountingMode::Traffic, false, {}}).empty());
 }
 
 TEST_P(History, ReadsEachCreditAfterTheFilter)
@@ -134,16 +135,16 @@ TEST_P(History, ReadsEachCreditAfterTheFilter)
     AddCredit("mode, group_id, data, date", "1, 81, 5, '2026-11-01 00:00:00'");
     AddCredit("mode, group_id, moneydata", "2, 81, 5");
     StatementRecorder recorder;
-    (void)ReadHistory({GroupOwner(81), mode::kTraffic, false, HistoryPeriod::Today});
+    (void)ReadHistory({GroupId {81}, AccountingMode::Traffic, false, HistoryPeriod::Today});
     EXPECT_EQ(recorder.Take().join(u'\n'),
               u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=1 AND date >= (?)"_s);
-    (void)ReadHistory({GroupOwner(81), mode::kTraffic, true, {}});
+    (void)ReadHistory({GroupId {81}, AccountingMode::Traffic, true, {}});
     EXPECT_EQ(recorder.Take(),
               (QStringList {u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=1 AND "
                             "closed=0"_s,
                             u"SELECT date, data, closed, usage, mode FROM billing WHERE bill_id = "
                             "(?)"_s}));
-    (void)ReadHistory({GroupOwner(81), mode::kProvider, false, {}});
+    (void)ReadHistory({GroupId {81}, AccountingMode::Provider, false, {}});
     EXPECT_EQ(recorder.Take(),
               (QStringList {u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=2"_s,
                             u"SELECT date, closed, usage, unlimited, expiredday, moneydata, "
@@ -152,20 +153,20 @@ TEST_P(History, ReadsEachCreditAfterTheFilter)
 
 TEST_P(History, NamesItsColumnsByMode)
 {
-    EXPECT_EQ(HistoryColumns(mode::kTime).join(u'|'),
+    EXPECT_EQ(HistoryColumns(AccountingMode::Time).join(u'|'),
               u"N|Date|Time|Credit|Used|Balance|Type|Status"_s);
-    EXPECT_EQ(HistoryColumns(mode::kProvider).join(u'|'),
+    EXPECT_EQ(HistoryColumns(AccountingMode::Provider).join(u'|'),
               u"N|Date|Time|Credit|Used|Balance|Type|Used, Mb|Expiry date|Status"_s);
 }
 
 TEST_P(History, OfLimitsKeepsABalanceForEachUnit)
 {
-    const Owner user = AddUser(mode::kTrafficAndTime);
+    const UserId user = AddUser(AccountingMode::TrafficAndTime);
     AddCredit("mode, object_id, data, usage, date", "1, 1, 100, 30, '2026-11-01 08:05:09'");
     AddCredit("mode, object_id, data, usage, date", "4, 1, 8, 0.5, '2026-11-02 08:00:00'");
     AddCredit("mode, object_id, data, closed, date", "1, 1, 50, 1, '2026-11-03 08:00:00'");
     AddCredit("mode, object_id, data, date", "1, 1, 25.555, '2026-11-04 18:00:00'");
-    EXPECT_EQ(Listed({user, mode::kTrafficAndTime, false, {}}),
+    EXPECT_EQ(Listed({user, AccountingMode::TrafficAndTime, false, {}}),
               (QStringList {u"01.11.2026|08:05:09|100.00|30.00|70.00|Mbytes|Active"_s,
                             u"02.11.2026|08:00:00|8.00|0.50|7.50|hr|Active"_s,
                             u"03.11.2026|08:00:00|50.00|0.00|70.00|Mbytes|Closed"_s,
@@ -174,7 +175,7 @@ TEST_P(History, OfLimitsKeepsABalanceForEachUnit)
 
 TEST_P(History, OfPrePaidCreditIsInTheCurrencyShown)
 {
-    const Owner user = AddUser(mode::kProvider);
+    const UserId user = AddUser(AccountingMode::Provider);
     const char *columns =
         "mode, object_id, date, data, usage, moneydata, moneyusage, unlimited, expiredday, closed";
     const char *rows[] = {
@@ -189,7 +190,7 @@ TEST_P(History, OfPrePaidCreditIsInTheCurrencyShown)
         AddCredit(columns, row);
     }
     EXPECT_EQ(
-        Listed({user, mode::kProvider, false, {}}, 2.5),
+        Listed({user, AccountingMode::Provider, false, {}}, 2.5),
         (QStringList {u"05.11.2026|10:00:00|10.00|3.75|6.25|Money|3.00|Unlimited|Active"_s,
                       u"06.11.2026|10:00:00|200.00|12.50|187.50|Mbytes|12.50|2026.11.21|Active"_s,
                       u"07.11.2026|10:00:00|100.00|0.00|287.50|Mbytes|0.00|2026.11.20|Expired"_s,
@@ -200,18 +201,18 @@ TEST_P(History, OfPrePaidCreditIsInTheCurrencyShown)
 
 TEST_P(History, AStagedCreditIsNewAndCounts)
 {
-    std::vector<HistoryRow> rows {HistoryRowOf({CreditKind::Money, 4, false, u"2027.01.01"_s}),
-                                  HistoryRowOf({CreditKind::Unlimited, 0, true, {}})};
+    std::vector<HistoryRow> rows {HistoryRowOf({BaseUnits {4}, false, u"2027.01.01"_s}),
+                                  HistoryRowOf({Unbounded {}, true, {}})};
     AddUpBalances(rows);
-    const QStringList cells = HistoryCells(rows[0], mode::kProvider, 2.5);
+    const QStringList cells = HistoryCells(rows[0], AccountingMode::Provider, 2.5);
     EXPECT_EQ(cells.at(0), u"21.11.2026"_s);
     EXPECT_EQ(cells.mid(2).join(u'|'), u"10.00|0.00|10.00|Money|0.00|2027.01.01|New"_s);
-    EXPECT_EQ(HistoryCells(rows[1], mode::kProvider, 2.5).at(7), u"Unlimited"_s);
+    EXPECT_EQ(HistoryCells(rows[1], AccountingMode::Provider, 2.5).at(7), u"Unlimited"_s);
 }
 
 TEST_P(History, MoneyIsListedAsItWasTyped)
 {
-    const Owner user = AddUser(mode::kProvider);
+    const UserId user = AddUser(AccountingMode::Provider);
     int checked = 0;
     for (const auto *rate : {"1", "2.5", "3", "0.07", "41.37", "1.1", "7777", "0.333", "99999"}) {
         UseCurrency(QString::fromLatin1(rate));
@@ -224,11 +225,12 @@ TEST_P(History, MoneyIsListedAsItWasTyped)
             }
             Execute("DELETE FROM billing");
             WriteCredit(user,
-                        mode::kProvider,
+                        AccountingMode::Provider,
                         CreditFrom(CreditKind::Money, typed, current, {}),
                         current,
                         nullptr);
-            const QString line = Listed({user, mode::kProvider, false, {}}, current).value(0);
+            const QString line =
+                Listed({user, AccountingMode::Provider, false, {}}, current).value(0);
             const QString money = QString::number(typed, 'f', 2);
             EXPECT_EQ(line.section(u'|', 2, 5), money % u"|0.00|"_s % money % u"|Money"_s) << rate;
             ++checked;
@@ -239,11 +241,11 @@ TEST_P(History, MoneyIsListedAsItWasTyped)
 
 TEST_P(History, HoldsMoreThanAHundredCredits)
 {
-    const Owner user = AddUser(mode::kTraffic);
+    const UserId user = AddUser(AccountingMode::Traffic);
     for (int i = 0; i < 120; ++i) {
-        Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user.id);
+        Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user);
     }
-    const QStringList lines = Listed({user, mode::kTraffic, false, {}});
+    const QStringList lines = Listed({user, AccountingMode::Traffic, false, {}});
     ASSERT_EQ(lines.size(), 120);
     EXPECT_EQ(lines.last().section(u'|', 4, 4), u"120.00"_s);
 }

@@ -2,6 +2,7 @@
 
 #include "admin/password_digest.h"
 #include "admin/unmonitored.h"
+#include "db/value_codes.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/scripted_prompt.h"
 #include "support/core/statement_recorder.h"
@@ -59,8 +60,8 @@ protected:
 
     LoginTable table;
     ScriptedPrompt prompt;
-    quint32 ann = 0;
-    quint32 bob = 0;
+    UserId ann;
+    UserId bob;
 };
 
 TB_ON_EVERY_ENGINE(LoginTableTest);
@@ -70,10 +71,10 @@ TEST_P(LoginTableTest, LoadsEachLoginWithItsUserAndLimit)
     ASSERT_EQ(table.Logins().size(), 2U);
     const Login &first = table.Logins()[0];
     EXPECT_EQ(first.userName, u"ann"_s);
-    EXPECT_EQ(first.groupId, 80U);
+    EXPECT_EQ(first.groupId, kEverybodyGroup);
     EXPECT_EQ(first.limit, Login::Limit::IpAddress);
     EXPECT_EQ(first.limitIp, u"10.0.0.7"_s);
-    EXPECT_EQ(table.Logins()[1].userId, Login::kNobody); // 0 in the table
+    EXPECT_FALSE(table.Logins()[1].userId.IsSet());
     EXPECT_TRUE(table.Logins()[1].guest);
 }
 
@@ -147,8 +148,8 @@ TEST_P(LoginTableTest, SaveWritesOnlyWhatIsNewChangedOrRemoved)
                              .join(u'\n');
     EXPECT_EQ(rows,
               u"ann1|10.0.0.7||0|1|0|1|%1|digest of ann\n"
-              "bob1||0011AABBCCDD|1|1|0|1|%2|b 6d1c2fee12fde2cf6fd690a11b24c3"_s.arg(ann)
-                  .arg(bob));
+              "bob1||0011AABBCCDD|1|1|0|1|%2|b 6d1c2fee12fde2cf6fd690a11b24c3"_s.arg(ann.value)
+                  .arg(bob.value));
 }
 
 TEST_P(LoginTableTest, ARemovedNameCanBeUsedAgain)

@@ -137,7 +137,9 @@ TEST_P(OptionsSave, EverySpellingOfAStoreWrittenByHandIsRead)
     EXPECT_EQ(options.monitorMode, monitor_mode::kAllButSpecified);
     EXPECT_EQ(options.currency.symbol, u"USD"_s);
     EXPECT_EQ(options.currency.trafficPrice, 0.5);
-    EXPECT_EQ(options.profile, (DefaultProfile {5, 100, 8, 2, false, true}))
+    EXPECT_EQ(
+        options.profile,
+        (DefaultProfile {AccountingMode::TrafficAndTime, 100, 8, LimitPeriod::Month, false, true}))
         << "Blocked is on only for 1";
     EXPECT_EQ(options.ranges, (QList<AddressRange> {{0x0A000000U, 0xFFFFFF00U}, {0x0A000100U, 0}}));
     EXPECT_EQ(options.exclusions, (QList<Ipv4> {0x0A000001U, 0x0A000002U}))

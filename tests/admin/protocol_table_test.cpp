@@ -10,8 +10,9 @@ namespace {
 
 ProtocolTable HttpAndFtp()
 {
-    return ProtocolTable({{u"FTP"_s, {{20, 201}, {21, 202}}, 2, true, false},
-                          {u"HTTP"_s, {{80, 101}}, 1, true, false}});
+    return ProtocolTable(
+        {{u"FTP"_s, {{20, PortId {201}}, {21, PortId {202}}}, ProtocolId {2}, true, false},
+         {u"HTTP"_s, {{80, PortId {101}}}, ProtocolId {1}, true, false}});
 }
 
 QString Described(const ProtocolTable &table)
@@ -20,9 +21,9 @@ QString Described(const ProtocolTable &table)
     for (const Protocol &protocol : table.Protocols()) {
         QStringList ports;
         for (const ProtocolPort &port : protocol.ports) {
-            ports << u"%1#%2"_s.arg(port.number).arg(port.id);
+            ports << u"%1#%2"_s.arg(port.number).arg(port.id.value);
         }
-        lines << u"%1#%2 %3"_s.arg(protocol.name).arg(protocol.id).arg(ports.join(u','));
+        lines << u"%1#%2 %3"_s.arg(protocol.name).arg(protocol.id.value).arg(ports.join(u','));
     }
     return lines.join(u"; "_s);
 }
@@ -75,7 +76,7 @@ TEST(ProtocolTable, WhatIsRemovedAndAddedAgainKeepsItsRow)
 {
     ProtocolTable table = HttpAndFtp();
     table.RemovePort(0, 1);
-    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{2, {21, 202}}}));
+    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{ProtocolId {2}, {21, PortId {202}}}}));
     EXPECT_EQ(table.AddPort(0, 21), std::nullopt);
     EXPECT_TRUE(table.RemovedPorts().isEmpty());
     EXPECT_EQ(Described(table), u"FTP#2 20#201,21#202; HTTP#1 80#101"_s);
@@ -86,7 +87,9 @@ TEST(ProtocolTable, WhatIsRemovedAndAddedAgainKeepsItsRow)
     EXPECT_TRUE(table.RemovedProtocols().isEmpty());
     EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 "_s) << "it has no ports";
     EXPECT_FALSE(table.Protocols()[1].monitored);
-    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{2, {20, 201}}, {2, {21, 202}}}));
+    EXPECT_EQ(table.RemovedPorts(),
+              (QList<RemovedPort> {{ProtocolId {2}, {20, PortId {201}}},
+                                   {ProtocolId {2}, {21, PortId {202}}}}));
     EXPECT_EQ(table.AddPort(1, 21), std::nullopt);
     EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 21#202"_s);
 
@@ -94,14 +97,16 @@ TEST(ProtocolTable, WhatIsRemovedAndAddedAgainKeepsItsRow)
     EXPECT_EQ(table.AddPort(2, 7), std::nullopt);
     table.RemovePort(2, 0);
     table.Remove(2);
-    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{2, {20, 201}}}))
+    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{ProtocolId {2}, {20, PortId {201}}}}))
         << "what never was in the database leaves nothing to delete";
     EXPECT_TRUE(table.RemovedProtocols().isEmpty());
 }
 
 TEST(ProtocolTable, WhatTheWizardUnlistsComesBackWithItsPorts)
 {
-    ProtocolTable table(HttpAndFtp().Protocols(), {{u"Mail"_s, {{25, 301}}, 3, false, false}});
+    const QList<Protocol> unlisted {
+        {u"Mail"_s, {{25, PortId {301}}}, ProtocolId {3}, false, false}};
+    ProtocolTable table(HttpAndFtp().Protocols(), unlisted);
     table.Remove(0);
     for (const auto &name : {u"ftp"_s, u"mail"_s}) {
         EXPECT_EQ(table.Add(name), std::nullopt);

@@ -18,6 +18,12 @@ const QString kDatabaseError =
     u"Failed connecting to the database. Please check the database options"_s;
 const QString kNoInstance = u"Could not create instance"_s;
 
+// The application object of this process.
+CAdministratorApp &App()
+{
+    return *qobject_cast<CAdministratorApp *>(QCoreApplication::instance());
+}
+
 struct StartUpTest : DatabaseFixture
 {
     PrivateBus bus;
@@ -34,7 +40,7 @@ struct StartUpTest : DatabaseFixture
 
     void TearDown() override
     {
-        theApp->Shutdown();
+        CloseConnections(App().Services());
         DatabaseFixture::TearDown();
     }
 
@@ -48,12 +54,11 @@ struct StartUpTest : DatabaseFixture
 
     bool StartOn(const QDBusConnection &connection)
     {
-        theApp->Shutdown();
-        theApp->SetUp({Store().Folder(), connection}, prompt, [this] {
+        App().SetUp({.configFolder = Store().Folder(), .bus = connection}, prompt, [this] {
             ++frames;
             return frameWorks;
         });
-        return theApp->InitInstance();
+        return App().InitInstance();
     }
     bool Start() { return StartOn(bus.Connection()); }
 };
@@ -65,10 +70,10 @@ TEST_F(StartUpTest, WithoutAStoreTheConsoleSaysSoAndOpens)
     EXPECT_TRUE(Start());
     EXPECT_EQ(prompt.TakeSaid(), (QStringList {kRegistryError, kDatabaseError}));
     EXPECT_EQ(frames, 1);
-    EXPECT_EQ(theApp->Port(), 700);
+    EXPECT_EQ(App().Port(), 700);
     EXPECT_FALSE(IsDatabaseOpen());
-    EXPECT_FALSE(theApp->IsServiceRunning());
-    EXPECT_FALSE(theApp->IsConnected());
+    EXPECT_FALSE(App().IsServiceRunning());
+    EXPECT_FALSE(App().IsConnected());
 }
 
 TEST_F(StartUpTest, ADataSourceThatIsMissingOrUnknownIsTold)
@@ -96,13 +101,13 @@ TEST_F(StartUpTest, ThePortIsReadTheCWay)
 {
     Write(values::kBillDsn, Dsn());
     EXPECT_TRUE(Start());
-    EXPECT_EQ(theApp->Port(), 0); // the key is there and the value is not
+    EXPECT_EQ(App().Port(), 0); // the key is there and the value is not
     const std::pair<QString, int> ports[] = {
         {u"8080"_s, 8080}, {u"abc"_s, 0}, {u""_s, 0}, {u" 12x"_s, 12}, {u"-1"_s, -1}};
     for (const auto &[text, port] : ports) {
         Write(values::kPort, text);
         EXPECT_TRUE(Start());
-        EXPECT_EQ(theApp->Port(), port) << qPrintable(text);
+        EXPECT_EQ(App().Port(), port) << qPrintable(text);
     }
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
 }
@@ -114,9 +119,9 @@ TEST_F(StartUpTest, AServiceThatDoesNotRunIsLeftAlone)
     const auto expectNoService = [this](const QDBusConnection &connection) {
         EXPECT_TRUE(StartOn(connection));
         EXPECT_EQ(prompt.TakeSaid(), QStringList());
-        EXPECT_FALSE(theApp->IsServiceRunning());
-        EXPECT_FALSE(theApp->IsConnected());
-        EXPECT_EQ(theApp->Link(), nullptr);
+        EXPECT_FALSE(App().IsServiceRunning());
+        EXPECT_FALSE(App().IsConnected());
+        EXPECT_EQ(App().Services().connection.Link(), nullptr);
     };
     for (const auto &state : {u"inactive"_s, u"activating"_s, u"deactivating"_s, u"failed"_s}) {
         service.SetStates({state});
@@ -132,15 +137,15 @@ TEST_F(StartUpTest, ARunningServiceIsConnectedTo)
     service.OfferAccounting();
     EXPECT_TRUE(Start());
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
-    EXPECT_TRUE(theApp->IsServiceRunning());
-    EXPECT_TRUE(theApp->IsConnected());
-    ASSERT_NE(theApp->Link(), nullptr);
-    theApp->Link()->BlockUser(5);
+    EXPECT_TRUE(App().IsServiceRunning());
+    EXPECT_TRUE(App().IsConnected());
+    ASSERT_NE(App().Services().connection.Link(), nullptr);
+    App().Services().connection.Link()->BlockUser(UserId {5});
     EXPECT_EQ(service.TakeCalls(), QStringList {u"BlockUser 5, no reply"_s});
 
-    theApp->Shutdown();
+    CloseConnections(App().Services());
     EXPECT_FALSE(IsDatabaseOpen());
-    EXPECT_EQ(theApp->Link(), nullptr);
+    EXPECT_EQ(App().Services().connection.Link(), nullptr);
 }
 
 TEST_F(StartUpTest, ARunningServiceWithoutItsObjectCountsAsConnected)
@@ -149,14 +154,14 @@ TEST_F(StartUpTest, ARunningServiceWithoutItsObjectCountsAsConnected)
     service.SetStates({u"active"_s});
     EXPECT_TRUE(Start());
     EXPECT_EQ(prompt.TakeSaid(), QStringList {kNoInstance});
-    EXPECT_TRUE(theApp->IsServiceRunning());
-    EXPECT_TRUE(theApp->IsConnected());
-    EXPECT_EQ(theApp->Link(), nullptr);
+    EXPECT_TRUE(App().IsServiceRunning());
+    EXPECT_TRUE(App().IsConnected());
+    EXPECT_EQ(App().Services().connection.Link(), nullptr);
 
     service.OfferAccounting(); // a later attempt
-    EXPECT_EQ(theApp->ConnectService(), 0);
+    EXPECT_EQ(App().Services().connection.Connect(prompt), 0);
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
-    EXPECT_NE(theApp->Link(), nullptr);
+    EXPECT_NE(App().Services().connection.Link(), nullptr);
 }
 
 TEST_F(StartUpTest, MessagesComeInTheOrderOfTheSteps)

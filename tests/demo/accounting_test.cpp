@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 kAnna = 1;
+constexpr UserId kAnna {1};
 constexpr double kPrice = 0.5; // money for each megabyte
 
 // One user, user_id 1, in a group of its own.
@@ -20,9 +20,10 @@ struct AccountingTest : DatabaseFixture
     TodayOverride today {{2026, 11, 21}};
 
     void User(const char *insert) { Execute(insert); }
-    quint32 Count(double received, double sent = 0, double hours = 0)
+    BlockReason Count(double received, double sent = 0, double hours = 0)
     {
-        return CountActivity(kAnna, {received, sent, hours}, kPrice);
+        const Activity activity {Megabytes {received}, Megabytes {sent}, Hours {hours}};
+        return CountActivity(kAnna, activity, kPrice);
     }
 };
 
@@ -46,21 +47,21 @@ const char kBlocks[] = "SELECT blocked, blockreason FROM users";
 TEST_F(AccountingTest, WithoutControlOnlyTheDayIsCounted)
 {
     User(kFreeUser);
-    EXPECT_EQ(Count(10, 2, 0.5), 0U);
-    EXPECT_EQ(Count(5, 1, 0.25), 0U);
+    EXPECT_EQ(Count(10, 2, 0.5), BlockReason::None);
+    EXPECT_EQ(Count(5, 1, 0.25), BlockReason::None);
     EXPECT_EQ(RowsOf(kTraffic), QStringList {u"0|15.0|3.0|0"_s});
     EXPECT_EQ(RowsOf(kTime), QStringList {u"0|0.75|0"_s});
     const TodayOverride tomorrow({2026, 11, 22});
-    EXPECT_EQ(Count(4), 0U);
+    EXPECT_EQ(Count(4), BlockReason::None);
     EXPECT_EQ(RowsOf(kTraffic), (QStringList {u"0|15.0|3.0|0"_s, u"0|4.0|0.0|0"_s}));
 }
 
 TEST_F(AccountingTest, TheLimitBlocksWhenItIsReached)
 {
     User(kTrafficUser);
-    EXPECT_EQ(Count(99, 7), 0U);
+    EXPECT_EQ(Count(99, 7), BlockReason::None);
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"0|0"_s});
-    EXPECT_EQ(Count(1), 1U); // exactly the limit: nothing is left
+    EXPECT_EQ(Count(1), BlockReason::TrafficUsedUp); // exactly the limit: nothing is left
     EXPECT_EQ(RowsOf(kTraffic), (QStringList {u"0|100.0|7.0|0"_s, u"1|100.0|7.0|1"_s}));
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"1|1"_s});
 }
@@ -69,13 +70,14 @@ TEST_F(AccountingTest, CreditsPayForWhatIsBeyondTheLimitOldestFirst)
 {
     User(kTrafficUser);
     Count(95);
-    const quint32 record = FindUserTrafficRecord(kAnna, 1);
+    const auto record = FindUserTrafficRecord(kAnna, UsagePeriod::Day);
     Execute("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), 1, 3)", record);
     Execute("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), 1, 10)", record);
-    EXPECT_EQ(Count(10), 0U); // 5 for the limit, 3 for the first credit, 2 for the second
+    EXPECT_EQ(Count(10),
+              BlockReason::None); // 5 for the limit, 3 for the first credit, 2 for the second
     EXPECT_EQ(RowsOf(kCredits), (QStringList {u"3.0|0.0|1"_s, u"2.0|0.0|0"_s}));
     EXPECT_EQ(RowsOf(kTraffic).last(), u"1|100.0|0.0|0"_s);
-    EXPECT_EQ(Count(11), 1U); // 8 are paid for, 3 by nobody
+    EXPECT_EQ(Count(11), BlockReason::TrafficUsedUp); // 8 are paid for, 3 by nobody
     EXPECT_EQ(RowsOf(kCredits), (QStringList {u"3.0|0.0|1"_s, u"10.0|0.0|1"_s}));
     EXPECT_EQ(RowsOf(kTraffic).last(), u"1|103.0|0.0|1"_s);
 }
@@ -83,12 +85,12 @@ TEST_F(AccountingTest, CreditsPayForWhatIsBeyondTheLimitOldestFirst)
 TEST_F(AccountingTest, ANewDayStartsANewDailyRecordAndLiftsTheBlock)
 {
     User(kTrafficUser);
-    EXPECT_EQ(Count(100), 1U);
+    EXPECT_EQ(Count(100), BlockReason::TrafficUsedUp);
     EXPECT_EQ(BeginNewPeriods(), 0);
     const TodayOverride tomorrow({2026, 11, 22});
     EXPECT_EQ(BeginNewPeriods(), 1);
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"0|1"_s}); // the reason stays
-    EXPECT_EQ(Count(4), 0U);
+    EXPECT_EQ(Count(4), BlockReason::None);
     EXPECT_EQ(
         RowsOf(kTraffic),
         (QStringList {u"0|100.0|0.0|0"_s, u"1|100.0|0.0|1"_s, u"0|4.0|0.0|0"_s, u"1|4.0|0.0|0"_s}));
@@ -97,17 +99,17 @@ TEST_F(AccountingTest, ANewDayStartsANewDailyRecordAndLiftsTheBlock)
 TEST_F(AccountingTest, AMonthHasOneRecordThatBeginsAnew)
 {
     User(kMonthlyUser);
-    EXPECT_EQ(Count(60, 3), 0U);
-    const quint32 record = FindUserTrafficRecord(kAnna, 2);
+    EXPECT_EQ(Count(60, 3), BlockReason::None);
+    const auto record = FindUserTrafficRecord(kAnna, UsagePeriod::Month);
     Execute("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), 1, 1)", record);
     {
         const TodayOverride laterThatMonth({2026, 11, 30});
-        EXPECT_EQ(Count(30), 0U);
+        EXPECT_EQ(Count(30), BlockReason::None);
         EXPECT_EQ(BeginNewPeriods(), 0);
     }
     const TodayOverride nextMonth({2026, 12, 1});
-    EXPECT_EQ(Count(8, 1), 0U);
-    EXPECT_EQ(FindUserTrafficRecord(kAnna, 2), record);
+    EXPECT_EQ(Count(8, 1), BlockReason::None);
+    EXPECT_EQ(FindUserTrafficRecord(kAnna, UsagePeriod::Month), record);
     EXPECT_EQ(RowsOf("SELECT data, senddata, current_time FROM traffic_use WHERE period = 2"),
               QStringList {u"8.0|1.0|2026-12-01"_s});
     EXPECT_EQ(RowsOf(kCredits), QStringList {u"0.0|0.0|1"_s}); // it extended the month before
@@ -116,12 +118,13 @@ TEST_F(AccountingTest, AMonthHasOneRecordThatBeginsAnew)
 TEST_F(AccountingTest, TimeHasItsOwnLimitAndReason)
 {
     User(kTimeUser);
-    EXPECT_EQ(Count(500, 0, 1.5), 0U);
-    const quint32 record = FindUserTimeRecord(kAnna, 1);
+    EXPECT_EQ(Count(500, 0, 1.5), BlockReason::None);
+    const auto record = FindUserTimeRecord(kAnna, UsagePeriod::Day);
     Execute("INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, (?), 1, 0.5)", record);
-    EXPECT_EQ(Count(0, 0, 0.75), 0U); // half an hour for the limit, a quarter for the credit
+    EXPECT_EQ(Count(0, 0, 0.75),
+              BlockReason::None); // half an hour for the limit, a quarter for the credit
     EXPECT_EQ(RowsOf(kCredits), QStringList {u"0.25|0.0|0"_s});
-    EXPECT_EQ(Count(0, 0, 0.25), 2U);
+    EXPECT_EQ(Count(0, 0, 0.25), BlockReason::TimeUsedUp);
     EXPECT_EQ(RowsOf(kTime), (QStringList {u"0|2.5|0"_s, u"1|2.0|1"_s}));
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"1|2"_s});
     EXPECT_EQ(BeginNewPeriods(), 0);
@@ -137,10 +140,11 @@ TEST_F(AccountingTest, PrePaidUsersLiveOnTheirCredits)
     Execute("INSERT INTO billing (mode, object_id, data, unlimited, expiredday) "
             "VALUES (2, 1, 4, 0, '2026.11.21')"); // good today
     Execute("INSERT INTO billing (mode, object_id, moneydata, unlimited) VALUES (2, 1, 5, 1)");
-    EXPECT_EQ(Count(6), 0U); // 4 megabytes, then 2 for money
+    EXPECT_EQ(Count(6), BlockReason::None); // 4 megabytes, then 2 for money
     EXPECT_EQ(RowsOf(kCredits), (QStringList {u"0.0|0.0|1"_s, u"4.0|0.0|1"_s, u"2.0|1.0|0"_s}));
     Execute("UPDATE users SET own_price = true, trafprice = 2");
-    EXPECT_EQ(Count(2), 1U); // the rest of the money at the user's own price
+    EXPECT_EQ(Count(2),
+              BlockReason::TrafficUsedUp); // the rest of the money at the user's own price
     EXPECT_EQ(RowsOf(kCredits).last(), u"4.0|5.0|1"_s);
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"1|1"_s});
     const TodayOverride tomorrow({2026, 11, 22});
@@ -151,7 +155,7 @@ TEST_F(AccountingTest, AnUnboundedCreditNeverEnds)
 {
     User(kPrePaidUser);
     Execute("INSERT INTO billing (mode, object_id, unlimited) VALUES (2, 1, 1)");
-    EXPECT_EQ(Count(1e6), 0U);
+    EXPECT_EQ(Count(1e6), BlockReason::None);
     EXPECT_EQ(RowsOf(kCredits), QStringList {u"1000000.0|0.0|0"_s});
 }
 
@@ -182,14 +186,16 @@ TEST(MadeUpTraffic, IsTheSameForTheSameSeedAndPlausible)
     for (int i = 0; i < 1000; ++i) {
         const Activity activity = one.Next();
         EXPECT_EQ(activity.received, other.Next().received);
-        EXPECT_GT(activity.received, 0.4);
-        EXPECT_LT(activity.received, 10);
+        EXPECT_GT(activity.received, Megabytes {0.4});
+        EXPECT_LT(activity.received, Megabytes {10});
         EXPECT_LT(activity.sent, activity.received);
-        EXPECT_LE(activity.hours, 0.05);
+        EXPECT_LE(activity.hours, Hours {0.05});
     }
-    const auto chosen = one.Choose({5, 6, 7}, 2);
+    const auto chosen = one.Choose({UserId {5}, UserId {6}, UserId {7}}, 2);
     EXPECT_EQ(chosen.size(), 2U);
     EXPECT_NE(chosen[0], chosen[1]);
-    EXPECT_EQ(one.Choose({5}, 2), std::vector<quint32> {5});
-    EXPECT_EQ(one.Choose({5, 6, 47, 8}, 1), std::vector<quint32> {47}) << "who downloads all day";
+    EXPECT_EQ(one.Choose({UserId {5}}, 2), std::vector {UserId {5}});
+    EXPECT_EQ(one.Choose({UserId {5}, UserId {6}, UserId {47}, UserId {8}}, 1),
+              std::vector {UserId {47}})
+        << "who downloads all day";
 }

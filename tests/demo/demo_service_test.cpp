@@ -77,8 +77,8 @@ TEST_F(DemoServiceTest, IsStartedStoppedAndToldOfBlocks)
     EXPECT_EQ(control.Query(), State::Running);
     const auto link = ServiceLink::Create(bus.Connection());
     ASSERT_NE(link, nullptr);
-    link->BlockUser(12);
-    link->UnblockUser(13);
+    link->BlockUser(UserId {12});
+    link->UnblockUser(UserId {13});
     WaitFor(u"BlockUser 12"_s);
     WaitFor(u"UnblockUser 13"_s);
     EXPECT_TRUE(control.Stop());

@@ -273,5 +273,5 @@ TEST_P(MadeReport, FiltersOfferTheMonitoredUsersAndTheGroups)
     }
     const auto groups = OfferedGroups();
     ASSERT_EQ(groups.size(), 2U);
-    EXPECT_EQ(GroupName(81), u"Workshop"_s);
+    EXPECT_EQ(GroupName(GroupId {81}), u"Workshop"_s);
 }

@@ -13,6 +13,19 @@ void FillReportData();
 // The odd user names among them.
 [[nodiscard]] QStringList OddNames();
 
+// A filter in plain numbers, which a case can write for users and groups alike.
+struct FilterNumbers
+{
+    QList<quint32> taken;
+    QList<quint32> left;
+
+    template <typename IdType>
+    [[nodiscard]] ReportFilter<IdType> Filter() const
+    {
+        return {{taken.begin(), taken.end()}, {left.begin(), left.end()}};
+    }
+};
+
 // The request for a catalogue row, read from the layouts in the source tree.
 [[nodiscard]] ReportRequest RequestFor(const QString &dsn,
                                        int row,

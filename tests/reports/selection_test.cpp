@@ -3,6 +3,7 @@
 #include "reports/catalogue.h"
 #include "reports/connection_text.h"
 #include "reports/filter_choices.h"
+#include "reports/report_fixture.h"
 #include "reports/wording.h"
 
 #include <gtest/gtest.h>
@@ -205,7 +206,7 @@ TEST(Selection, TheShorterListIsWritten)
 {
     struct Case
     {
-        ReportFilter filter;
+        FilterNumbers filter;
         const char *users;
         const char *groups;
     };
@@ -223,8 +224,8 @@ TEST(Selection, TheShorterListIsWritten)
         {{{}, {1, 2}}, "", ""},
     };
     for (const auto &[filter, users, groups] : cases) {
-        EXPECT_EQ(UserFilterClause(filter), QLatin1StringView(users));
-        EXPECT_EQ(GroupFilterClause(filter), QLatin1StringView(groups));
+        EXPECT_EQ(UserFilterClause(filter.Filter<UserId>()), QLatin1StringView(users));
+        EXPECT_EQ(GroupFilterClause(filter.Filter<GroupId>()), QLatin1StringView(groups));
     }
     EXPECT_EQ(
         QueryText(2, kRange, u" AND (U)"_s, u" and (G)"_s),
@@ -274,12 +275,13 @@ TEST(Filters, NamesAreReadAndFound)
               QStringList({u"O'Hara, \"Frank\""_s, u"x"_s}));
     EXPECT_EQ(NamesFrom(u",,"_s), QStringList());
     QStringList unknown;
-    const ReportFilter filter =
-        FilterOf({{1, u"anna"_s}, {2, u"Bert"_s}, {3, u"anna"_s}, {4, u"eva"_s}},
-                 {u"ANNA"_s, u"zoe"_s},
-                 unknown);
-    EXPECT_EQ(filter.taken, QList<quint32>({1, 3}));
-    EXPECT_EQ(filter.left, QList<quint32>({2, 4}));
+    const std::vector<Named<UserId>> offered = {{UserId {1}, u"anna"_s},
+                                                {UserId {2}, u"Bert"_s},
+                                                {UserId {3}, u"anna"_s},
+                                                {UserId {4}, u"eva"_s}};
+    const auto filter = FilterOf(offered, {u"ANNA"_s, u"zoe"_s}, unknown);
+    EXPECT_EQ(filter.taken, (QList {UserId {1}, UserId {3}}));
+    EXPECT_EQ(filter.left, (QList {UserId {2}, UserId {4}}));
     EXPECT_EQ(unknown, QStringList(u"zoe"_s));
     EXPECT_EQ(PeriodInWords({}), u"all available"_s);
     EXPECT_EQ(PeriodInWords(kRange), u"2026-11-01 to 2026-11-21"_s);

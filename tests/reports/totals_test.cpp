@@ -144,8 +144,8 @@ TEST_P(Totals, EqualThemForEachKindOfFilter)
 {
     struct Case
     {
-        ReportFilter users;
-        ReportFilter groups;
+        FilterNumbers users;
+        FilterNumbers groups;
         const char16_t *condition;
     };
     const Case cases[] = {
@@ -160,8 +160,11 @@ TEST_P(Totals, EqualThemForEachKindOfFilter)
     const ReportPeriod period {PeriodChoice::Custom, {2026, 10, 1}, {2026, 11, 20}};
     for (int row = 0; row < kReportCount; ++row) {
         for (const auto &[users, groups, condition] : cases) {
-            const auto request =
-                RequestFor(Dsn(), row, period, UserFilterClause(users), GroupFilterClause(groups));
+            const auto request = RequestFor(Dsn(),
+                                            row,
+                                            period,
+                                            UserFilterClause(users.Filter<UserId>()),
+                                            GroupFilterClause(groups.Filter<GroupId>()));
             if (const auto table = ReportOf(request)) {
                 ExpectTotals(row, *table, period, QString::fromUtf16(condition));
             }

@@ -77,8 +77,8 @@ TEST_F(ServiceTest, NotificationsCarryTheUserAndAskForNoReply)
     service.OfferAccounting();
     const auto link = ServiceLink::Create(bus.Connection());
     ASSERT_NE(link, nullptr);
-    link->BlockUser(7);
-    link->UnblockUser(4294967295U);
+    link->BlockUser(UserId {7});
+    link->UnblockUser(UserId {4294967295U});
     EXPECT_EQ(service.TakeCalls(),
               (QStringList {u"BlockUser 7, no reply"_s, u"UnblockUser 4294967295, no reply"_s}));
 }

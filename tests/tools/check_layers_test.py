@@ -11,15 +11,16 @@ check_layers = importlib.util.module_from_spec(spec)
 spec.loader.exec_module(check_layers)
 
 SOUND = {
-    "CMakeLists.txt": "set(TB_FOLDERS base db service app\n    ui/common ui/main)\n",
+    "CMakeLists.txt": "set(TB_FOLDERS base db service startup app\n    ui/common ui/main)\n",
     "main.cpp": '#include "ui/main/frame.h"\n#include <QDBusConnection>\n#include <QMessageBox>\n',
     "base/text.h": "#include <QString>\n#include <QTextDocument>\n#include <QTextLayout>\n",
     "db/session.cpp": '#include "base/text.h"\n#include "db/session.h"\n#include <sqlext.h>\n'
                       'const char *kText = "SELECT name FROM users";\n',
     "db/session.h": "",
     "service/link.cpp": "#include <QDBusConnection>\n",
-    "app/application.h": "#include <QApplication>\n",
-    "ui/common/tell.h": '#include "app/application.h"\n#include <QMessageBox>\n',
+    "startup/services.h": '#include "db/session.h"\n',
+    "app/application.h": '#include "startup/services.h"\n#include <QApplication>\n',
+    "ui/common/tell.h": '#include "startup/services.h"\n#include <QMessageBox>\n',
     "ui/main/frame.h": '#include "ui/common/tell.h"\n#include <QMainWindow>\n',
     "ui/main/frame.cpp": '#include "frame.moc"\nauto kLabel = u"Select an item to delete"_s;\n'
                          'auto kPeriod = u"UPDATE period"_s;\n',
@@ -31,6 +32,9 @@ BROKEN = [
     ("ui/common/ask.cpp", '#include "ui/main/frame.h"', "ui/common/ may not include ui/main/"),
     ("ui/main/list.cpp", "#include <sql.h>", "ui/main/ includes <sql.h>, which belongs to db/"),
     ("service/rows.cpp", "#include <sqlext.h>", "which belongs to db/"),
+    ("startup/begin.cpp", '#include "app/application.h"', "startup/ may not include app/"),
+    ("startup/begin.cpp", "#include <QApplication>", "which belongs to ui/ and app/"),
+    ("ui/main/list.cpp", '#include "app/application.h"', "a window is handed what it uses"),
     ("app/bus.h", "#include <QDBusConnection>", "which belongs to service/"),
     ("db/box.cpp", "#include <QMessageBox>", "which belongs to ui/ and app/"),
     ("db/all.cpp", "#include <QtWidgets>", "which belongs to ui/ and app/"),

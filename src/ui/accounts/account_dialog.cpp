@@ -2,7 +2,6 @@
 
 #include "accounts/credit.h"
 #include "accounts/currency.h"
-#include "app/administrator_app.h"
 #include "ui/accounts/credit_dialogs.h"
 #include "ui/accounts/credit_table.h"
 #include "ui/accounts/owner_notice.h"
@@ -20,8 +19,12 @@
 
 using namespace Qt::StringLiterals;
 
-AccountDialog::AccountDialog(const Owner &owner, quint32 ownerMode, QWidget *parent)
+AccountDialog::AccountDialog(const AppServices &appServices,
+                             const Owner &owner,
+                             AccountingMode ownerMode,
+                             QWidget *parent)
     : QDialog(parent)
+    , services(appServices)
     , filter {owner, ownerMode, false, HistoryPeriod::AllRecords}
     , table(new CreditTable(HistoryColumns(ownerMode), u"No credits in this period"_s, this))
     , period(new QComboBox(this))
@@ -100,7 +103,7 @@ void AccountDialog::Refill()
 void AccountDialog::ShowRows()
 {
     AddUpBalances(rows);
-    const double rate = CurrentRate(theApp->Config());
+    const double rate = CurrentRate(services.settings);
     QList<QStringList> lines;
     for (const HistoryRow &row : rows) {
         lines << HistoryCells(row, filter.ownerMode, rate);
@@ -116,7 +119,7 @@ HistoryRow *AccountDialog::Selected()
 
 void AccountDialog::AddCredit()
 {
-    if (auto credit = AskForCredit(filter.owner, filter.ownerMode, this)) {
+    if (auto credit = AskForCredit(services, filter.owner, filter.ownerMode, this)) {
         rows.push_back(HistoryRowOf(*credit));
         staged.credits.push_back(*std::move(credit));
         ShowRows();
@@ -128,9 +131,9 @@ void AccountDialog::CloseSelected()
 {
     HistoryRow *row = Selected();
     if (row == nullptr) {
-        theApp->Messages().Tell(u"Please select credit to close"_s);
+        services.prompt.Tell(u"Please select credit to close"_s);
     } else if (row->status == HistoryStatus::New) {
-        theApp->Messages().Tell(u"Cannot close Expired or New account"_s);
+        services.prompt.Tell(u"Cannot close Expired or New account"_s);
     } else if (row->status != HistoryStatus::Closed) {
         row->status = HistoryStatus::Closed;
         staged.closed.push_back(row->billId);
@@ -144,9 +147,9 @@ void AccountDialog::DeleteSelected()
 {
     const HistoryRow *row = Selected();
     if (row == nullptr) {
-        theApp->Messages().Tell(u"Select the item to delete"_s);
+        services.prompt.Tell(u"Select the item to delete"_s);
     } else if (row->status != HistoryStatus::New) {
-        theApp->Messages().Tell(u"Cannot delete Expired or Active account"_s);
+        services.prompt.Tell(u"Cannot delete Expired or Active account"_s);
     } else {
         const auto stored = rows.size() - staged.credits.size();
         const int selected = table->SelectedRow();
@@ -159,9 +162,10 @@ void AccountDialog::DeleteSelected()
 
 void AccountDialog::accept()
 {
-    const double rate = CurrentRate(theApp->Config());
-    if (!ApplyStagedAccount(filter.owner, filter.ownerMode, staged, rate, theApp->Link())) {
-        TellOwnerIsGone(filter.owner);
+    const double rate = CurrentRate(services.settings);
+    if (!ApplyStagedAccount(
+            filter.owner, filter.ownerMode, staged, rate, services.connection.Link())) {
+        TellOwnerIsGone(services.prompt, filter.owner);
     }
     QDialog::accept();
 }

@@ -3,6 +3,7 @@
 
 #include "access/staged_account.h"
 #include "accounts/history.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -16,7 +17,10 @@ class AccountDialog : public QDialog
     Q_OBJECT
 
 public:
-    AccountDialog(const Owner &owner, quint32 ownerMode, QWidget *parent);
+    AccountDialog(const AppServices &services,
+                  const Owner &owner,
+                  AccountingMode ownerMode,
+                  QWidget *parent);
 
     void accept() override;
 
@@ -32,6 +36,7 @@ private:
     void DeleteSelected();
     [[nodiscard]] HistoryRow *Selected();
 
+    const AppServices &services;
     HistoryFilter filter;
     StagedAccount staged;
     std::vector<HistoryRow> rows; // as listed: the stored credits, then the staged ones

@@ -1,6 +1,5 @@
 #include "ui/accounts/account_page.h"
 
-#include "app/administrator_app.h"
 #include "base/amount_text.h"
 #include "db/value_codes.h"
 #include "ui/accounts/credit_dialogs.h"
@@ -17,8 +16,12 @@
 
 using namespace Qt::StringLiterals;
 
-AccountPage::AccountPage(const Owner &accountOwner, StagedAccount &record, QWidget *parent)
+AccountPage::AccountPage(const AppServices &appServices,
+                         const Owner &accountOwner,
+                         StagedAccount &record,
+                         QWidget *parent)
     : Page(parent)
+    , services(appServices)
     , owner(accountOwner)
     , staged(record)
 { }
@@ -30,7 +33,7 @@ QString AccountPage::Title() const
 
 void AccountPage::Load()
 {
-    ownerMode = ModeOf(owner).value_or(mode::kNoControl);
+    ownerMode = ModeOf(owner).value_or(AccountingMode::NoControl);
     table = new CreditTable(CreditColumns(ownerMode), u"No credits"_s, this);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(table, 1);
@@ -55,13 +58,13 @@ void AccountPage::BuildButtons(QVBoxLayout &layout)
     line->addWidget(label);
     line->addWidget(balance);
     layout.addLayout(line);
-    balance->setVisible(ownerMode == mode::kProvider);
-    label->setVisible(ownerMode == mode::kProvider);
+    balance->setVisible(ownerMode == AccountingMode::Provider);
+    label->setVisible(ownerMode == AccountingMode::Provider);
 }
 
 void AccountPage::Activate()
 {
-    credits = ReadCredits(owner, ownerMode, theApp->Config());
+    credits = ReadCredits(owner, ownerMode, services.settings);
     for (ListedCredit &row : credits.rows) {
         if (std::find(staged.closed.begin(), staged.closed.end(), row.billId)
             != staged.closed.end()) {
@@ -69,7 +72,7 @@ void AccountPage::Activate()
         }
     }
     for (const StagedCredit &credit : staged.credits) {
-        credits.rows.push_back(StagedRow(credit, ownerMode, theApp->Config()));
+        credits.rows.push_back(StagedRow(credit, ownerMode, services.settings));
     }
     ShowRows();
 }
@@ -82,7 +85,7 @@ void AccountPage::ShowRows()
     }
     table->SetRows(lines);
     add->setEnabled(staged.credits.empty());
-    balance->setText(AmountText(credits.balance));
+    balance->setText(AmountText(credits.balance.value));
 }
 
 ListedCredit *AccountPage::Selected()
@@ -99,8 +102,8 @@ void AccountPage::SetStatus(ListedCredit &row, CreditStatus status)
 
 void AccountPage::AddCredit()
 {
-    if (auto credit = AskForCredit(owner, ownerMode, this)) {
-        credits.rows.push_back(StagedRow(*credit, ownerMode, theApp->Config()));
+    if (auto credit = AskForCredit(services, owner, ownerMode, this)) {
+        credits.rows.push_back(StagedRow(*credit, ownerMode, services.settings));
         staged.credits = {*std::move(credit)};
         ShowRows();
         table->Select(static_cast<int>(credits.rows.size()) - 1);
@@ -111,9 +114,9 @@ void AccountPage::DeleteSelected()
 {
     const ListedCredit *row = Selected();
     if (row == nullptr) {
-        theApp->Messages().Tell(u"Select the item to delete"_s);
+        services.prompt.Tell(u"Select the item to delete"_s);
     } else if (row->status != CreditStatus::New) {
-        theApp->Messages().Tell(u"Cannot delete Expired or Active account"_s);
+        services.prompt.Tell(u"Cannot delete Expired or Active account"_s);
     } else {
         credits.rows.pop_back();
         staged.credits.clear();
@@ -125,10 +128,10 @@ void AccountPage::CloseSelected()
 {
     ListedCredit *row = Selected();
     if (row == nullptr) {
-        theApp->Messages().Tell(u"Select the item to close"_s);
+        services.prompt.Tell(u"Select the item to close"_s);
     } else if (row->status != CreditStatus::Active) {
-        theApp->Messages().Tell(u"Cannot close Expired or New account"_s);
-    } else if (theApp->Messages().Ask(u"You are about to close this credit. Continue?"_s)) {
+        services.prompt.Tell(u"Cannot close Expired or New account"_s);
+    } else if (services.prompt.Ask(u"You are about to close this credit. Continue?"_s)) {
         SetStatus(*row, CreditStatus::Expired);
         staged.closed.push_back(row->billId);
         const int selected = table->SelectedRow();
@@ -137,14 +140,16 @@ void AccountPage::CloseSelected()
     }
 }
 
-CAdministratorUserPAcc::CAdministratorUserPAcc(quint32 userId,
+CAdministratorUserPAcc::CAdministratorUserPAcc(const AppServices &appServices,
+                                               UserId userId,
                                                StagedAccount &record,
                                                QWidget *parent)
-    : AccountPage(UserOwner(userId), record, parent)
+    : AccountPage(appServices, userId, record, parent)
 { }
 
-CAdministratorGroupPAcc::CAdministratorGroupPAcc(quint32 groupId,
+CAdministratorGroupPAcc::CAdministratorGroupPAcc(const AppServices &appServices,
+                                                 GroupId groupId,
                                                  StagedAccount &record,
                                                  QWidget *parent)
-    : AccountPage(GroupOwner(groupId), record, parent)
+    : AccountPage(appServices, groupId, record, parent)
 { }

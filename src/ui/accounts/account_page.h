@@ -3,6 +3,7 @@
 
 #include "access/staged_account.h"
 #include "accounts/credit_list.h"
+#include "startup/app_services.h"
 #include "ui/common/page.h"
 
 class CreditTable;
@@ -17,14 +18,17 @@ class AccountPage : public Page
     Q_OBJECT
 
 public:
-    AccountPage(const Owner &owner, StagedAccount &staged, QWidget *parent);
+    AccountPage(const AppServices &services,
+                const Owner &owner,
+                StagedAccount &staged,
+                QWidget *parent);
 
     [[nodiscard]] QString Title() const override;
     void Load() override; // reads the owner's mode, on which the columns depend
     void Activate() override; // reads the credits
 
-    // The megabytes left of the open pre-paid credits as they were when the page became active.
-    [[nodiscard]] double Balance() const { return credits.balance; }
+    // What is left of the open pre-paid credits as they were when the page became active.
+    [[nodiscard]] Megabytes Balance() const { return credits.balance; }
 
 private:
     void BuildButtons(QVBoxLayout &layout);
@@ -35,9 +39,10 @@ private:
     [[nodiscard]] ListedCredit *Selected();
     void SetStatus(ListedCredit &row, CreditStatus status);
 
+    const AppServices &services;
     Owner owner;
     StagedAccount &staged;
-    quint32 ownerMode = 0;
+    AccountingMode ownerMode = AccountingMode::NoControl;
     CreditList credits; // the staged one last
     CreditTable *table = nullptr;
     QPushButton *add = nullptr;
@@ -49,7 +54,10 @@ class CAdministratorUserPAcc : public AccountPage
     Q_OBJECT
 
 public:
-    CAdministratorUserPAcc(quint32 userId, StagedAccount &staged, QWidget *parent = nullptr);
+    CAdministratorUserPAcc(const AppServices &services,
+                           UserId userId,
+                           StagedAccount &staged,
+                           QWidget *parent = nullptr);
 };
 
 class CAdministratorGroupPAcc : public AccountPage
@@ -57,5 +65,8 @@ class CAdministratorGroupPAcc : public AccountPage
     Q_OBJECT
 
 public:
-    CAdministratorGroupPAcc(quint32 groupId, StagedAccount &staged, QWidget *parent = nullptr);
+    CAdministratorGroupPAcc(const AppServices &services,
+                            GroupId groupId,
+                            StagedAccount &staged,
+                            QWidget *parent = nullptr);
 };

@@ -2,11 +2,10 @@
 // group that is gone by then is told instead.
 #pragma once
 
-#include <QtGlobal>
+#include "access/owner.h"
+#include "startup/app_services.h"
 
 class QWidget;
 
-void OpenUserAccount(quint32 userId, QWidget *parent);
-void OpenGroupAccount(quint32 groupId, QWidget *parent);
-void OpenUserStatistics(quint32 userId, QWidget *parent);
-void OpenGroupStatistics(quint32 groupId, QWidget *parent);
+void OpenAccount(const AppServices &services, const Owner &owner, QWidget *parent);
+void OpenStatistics(const AppServices &services, const Owner &owner, QWidget *parent);

@@ -3,7 +3,6 @@
 #include "access/access_mode.h"
 #include "accounts/credit_entry.h"
 #include "accounts/currency.h"
-#include "app/administrator_app.h"
 #include "base/day.h"
 #include "db/value_codes.h"
 #include "ui/common/accessible.h"
@@ -21,8 +20,9 @@
 
 using namespace Qt::StringLiterals;
 
-CreditDialog::CreditDialog(QWidget *parent)
+CreditDialog::CreditDialog(const AppServices &appServices, QWidget *parent)
     : QDialog(parent)
+    , services(appServices)
     , kinds(new QButtonGroup(this))
     , amount(new AmountField(this))
     , unit(new QLabel(this))
@@ -84,19 +84,19 @@ void CreditDialog::KindChanged()
 {
     const bool hasAmount = Kind() != CreditKind::Unlimited;
     amount->setEnabled(hasAmount);
-    unit->setText(hasAmount ? UnitName(theApp->Config(), Kind()) : QString());
+    unit->setText(hasAmount ? UnitName(services.settings, Kind()) : QString());
     amount->setAccessibleDescription(unit->text());
 }
 
 void CreditDialog::Refuse(const QString &problem, QWidget &field)
 {
-    Complain(problem);
+    Complain(services.prompt, problem);
     field.setFocus();
 }
 
 void CreditDialog::accept()
 {
-    const double rate = CurrentRate(theApp->Config());
+    const double rate = CurrentRate(services.settings);
     const QDate expiry = Expiry();
     if (const auto problem = CheckAmount(Kind(), amount->Amount(), rate)) {
         Refuse(*problem, *amount);
@@ -109,17 +109,20 @@ void CreditDialog::accept()
     }
 }
 
-LimitCreditDialog::LimitCreditDialog(quint32 ownerMode, QWidget *parent) : CreditDialog(parent)
+LimitCreditDialog::LimitCreditDialog(const AppServices &appServices,
+                                     AccountingMode ownerMode,
+                                     QWidget *parent)
+    : CreditDialog(appServices, parent)
 {
-    const bool traffic = ownerMode != mode::kTime;
+    const bool traffic = ownerMode != AccountingMode::Time;
     AddKind(CreditKind::Traffic, u"&Traffic"_s, "traffic", traffic);
-    AddKind(CreditKind::Time, u"T&ime"_s, "time", ownerMode != mode::kTraffic);
+    AddKind(CreditKind::Time, u"T&ime"_s, "time", ownerMode != AccountingMode::Traffic);
     Choose(traffic ? CreditKind::Traffic : CreditKind::Time);
     Finish(nullptr);
 }
 
-BillingCreditDialog::BillingCreditDialog(QWidget *parent)
-    : CreditDialog(parent)
+BillingCreditDialog::BillingCreditDialog(const AppServices &appServices, QWidget *parent)
+    : CreditDialog(appServices, parent)
     , noExpiry(new QCheckBox(u"&No expiry date"_s, this))
     , expiryDay(new QDateEdit(Today().addMonths(1), this))
 {
@@ -152,7 +155,7 @@ QDate BillingCreditDialog::Expiry() const
 namespace {
 
 template <typename Dialog, typename... Arguments>
-std::optional<StagedCredit> CreditOf(Arguments... arguments)
+std::optional<StagedCredit> CreditOf(const Arguments &...arguments)
 {
     Dialog dialog(arguments...);
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Credit()) : std::nullopt;
@@ -160,13 +163,16 @@ std::optional<StagedCredit> CreditOf(Arguments... arguments)
 
 } // namespace
 
-std::optional<StagedCredit> AskForCredit(const Owner &owner, quint32 ownerMode, QWidget *parent)
+std::optional<StagedCredit> AskForCredit(const AppServices &services,
+                                         const Owner &owner,
+                                         AccountingMode ownerMode,
+                                         QWidget *parent)
 {
-    if (owner.IsUser() ? IsLimitMode(ownerMode) : ownerMode == mode::kTraffic) {
-        return CreditOf<LimitCreditDialog>(ownerMode, parent);
+    if (owner.IsUser() ? IsLimitMode(ownerMode) : ownerMode == AccountingMode::Traffic) {
+        return CreditOf<LimitCreditDialog>(services, ownerMode, parent);
     }
-    if (owner.IsUser() || ownerMode == mode::kProvider) {
-        return CreditOf<BillingCreditDialog>(parent);
+    if (owner.IsUser() || ownerMode == AccountingMode::Provider) {
+        return CreditOf<BillingCreditDialog>(services, parent);
     }
     return std::nullopt;
 }

@@ -3,6 +3,7 @@
 
 #include "access/owner.h"
 #include "access/staged_account.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -25,7 +26,7 @@ public:
     void accept() override;
 
 protected:
-    explicit CreditDialog(QWidget *parent);
+    CreditDialog(const AppServices &services, QWidget *parent);
     void AddKind(CreditKind kind, const QString &text, const char *objectName, bool enabled = true);
     void Choose(CreditKind kind);
     [[nodiscard]] CreditKind Kind() const;
@@ -38,6 +39,7 @@ private:
     void KindChanged();
     void Refuse(const QString &problem, QWidget &field);
 
+    const AppServices &services;
     QButtonGroup *kinds;
     AmountField *amount;
     QLabel *unit;
@@ -50,7 +52,7 @@ class LimitCreditDialog : public CreditDialog
     Q_OBJECT
 
 public:
-    LimitCreditDialog(quint32 ownerMode, QWidget *parent);
+    LimitCreditDialog(const AppServices &services, AccountingMode ownerMode, QWidget *parent);
 };
 
 // A pre-paid credit: without bound, of traffic or of money, with an expiry day or none.
@@ -59,7 +61,7 @@ class BillingCreditDialog : public CreditDialog
     Q_OBJECT
 
 public:
-    explicit BillingCreditDialog(QWidget *parent);
+    BillingCreditDialog(const AppServices &services, QWidget *parent);
 
 private:
     [[nodiscard]] QDate Expiry() const override;
@@ -70,5 +72,7 @@ private:
 
 // Asks with the dialog that fits the owner's mode. Nothing when it was cancelled, or when the mode
 // has no credits: a group has some in modes 1 and 2 only.
-[[nodiscard]] std::optional<StagedCredit>
-AskForCredit(const Owner &owner, quint32 ownerMode, QWidget *parent);
+[[nodiscard]] std::optional<StagedCredit> AskForCredit(const AppServices &services,
+                                                       const Owner &owner,
+                                                       AccountingMode ownerMode,
+                                                       QWidget *parent);

@@ -1,6 +1,5 @@
 #include "ui/accounts/owner_notice.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/icons.h"
 
 #include <QHBoxLayout>
@@ -26,10 +25,9 @@ QWidget *OwnerHeading(const Owner &owner, QWidget *parent)
     return heading;
 }
 
-void TellOwnerIsGone(const Owner &owner)
+void TellOwnerIsGone(Prompt &prompt, const Owner &owner)
 {
-    theApp->Messages().Tell(owner.IsUser()
-                                ? u"This user is no longer in the database. Nothing was changed"_s
-                                : u"This group is no longer in the database. Nothing was changed"_s,
-                            Prompt::Icon::Warning);
+    prompt.Tell(owner.IsUser() ? u"This user is no longer in the database. Nothing was changed"_s
+                               : u"This group is no longer in the database. Nothing was changed"_s,
+                Prompt::Icon::Warning);
 }

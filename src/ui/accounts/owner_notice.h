@@ -2,10 +2,11 @@
 #pragma once
 
 #include "access/owner.h"
+#include "base/prompt.h"
 
 class QWidget;
 
 // A picture and "User: anna" or "Group: sales".
 [[nodiscard]] QWidget *OwnerHeading(const Owner &owner, QWidget *parent);
 
-void TellOwnerIsGone(const Owner &owner);
+void TellOwnerIsGone(Prompt &prompt, const Owner &owner);

@@ -53,11 +53,14 @@ QWidget *StatisticsDialog::PeriodBox(const Owner &owner, const PeriodUsage &peri
 {
     auto *box = new QGroupBox(u"Accounting period"_s, this);
     auto *form = new QFormLayout(box);
-    AddField(
-        *form, u"Data received, Mb"_s, "periodReceived", period.received, period.limitsTraffic);
+    AddField(*form,
+             u"Data received, Mb"_s,
+             "periodReceived",
+             period.received.value,
+             period.limitsTraffic);
     if (owner.IsUser()) {
-        AddField(*form, u"Data sent, Mb"_s, "periodSent", period.sent, period.limitsTraffic);
-        AddField(*form, u"Time On-Line, hr"_s, "periodTime", period.hours, period.limitsTime);
+        AddField(*form, u"Data sent, Mb"_s, "periodSent", period.sent.value, period.limitsTraffic);
+        AddField(*form, u"Time On-Line, hr"_s, "periodTime", period.hours.value, period.limitsTime);
     }
     return box;
 }
@@ -66,8 +69,8 @@ QWidget *StatisticsDialog::OverallBox(const UsageStatistics &statistics)
 {
     auto *box = new QGroupBox(u"Overall"_s, this);
     auto *form = new QFormLayout(box);
-    AddField(*form, u"Data received, Mb"_s, "overallReceived", statistics.received);
-    AddField(*form, u"Data sent, Mb"_s, "overallSent", statistics.sent);
+    AddField(*form, u"Data received, Mb"_s, "overallReceived", statistics.received.value);
+    AddField(*form, u"Data sent, Mb"_s, "overallSent", statistics.sent.value);
     return box;
 }
 

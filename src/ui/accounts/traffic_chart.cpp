@@ -17,22 +17,27 @@ namespace {
 constexpr double kBarShare = 0.7; // of a day's width
 constexpr int kDaysPerDate = 7;
 
-double Most(const std::vector<DailyTraffic> &days, double DailyTraffic::*amount)
+Megabytes Most(const std::vector<DailyTraffic> &days, Megabytes DailyTraffic::*amount)
 {
-    double most = 0.0;
+    Megabytes most;
     for (const DailyTraffic &day : days) {
         most = std::max(most, day.*amount);
     }
     return most;
 }
 
-double Sum(const std::vector<DailyTraffic> &days, double DailyTraffic::*amount)
+Megabytes Sum(const std::vector<DailyTraffic> &days, Megabytes DailyTraffic::*amount)
 {
-    double sum = 0.0;
+    Megabytes sum;
     for (const DailyTraffic &day : days) {
         sum += day.*amount;
     }
     return sum;
+}
+
+QString Text(Megabytes amount)
+{
+    return AmountText(amount.value);
 }
 
 // No more decimals than the step needs.
@@ -57,7 +62,8 @@ TrafficChart::TrafficChart(QWidget *parent) : QWidget(parent)
 void TrafficChart::SetDays(std::vector<DailyTraffic> newDays)
 {
     days = std::move(newDays);
-    scale = ScaleFor(Most(days, &DailyTraffic::received), Most(days, &DailyTraffic::sent));
+    scale =
+        ScaleFor(Most(days, &DailyTraffic::received).value, Most(days, &DailyTraffic::sent).value);
     chosen = -1;
     Describe();
     update();
@@ -65,7 +71,8 @@ void TrafficChart::SetDays(std::vector<DailyTraffic> newDays)
 
 bool TrafficChart::IsEmpty() const
 {
-    return Sum(days, &DailyTraffic::received) <= 0.0 && Sum(days, &DailyTraffic::sent) <= 0.0;
+    return Sum(days, &DailyTraffic::received) <= Megabytes()
+        && Sum(days, &DailyTraffic::sent) <= Megabytes();
 }
 
 QSize TrafficChart::sizeHint() const
@@ -108,8 +115,8 @@ QRectF TrafficChart::Bar(int day, double amount) const
 
 QString TrafficChart::Figures(const DailyTraffic &day) const
 {
-    return day.day.toString(u"dd.MM.yyyy"_s) % u": received "_s % AmountText(day.received)
-        % u" Mb, sent "_s % AmountText(day.sent) % u" Mb"_s;
+    return day.day.toString(u"dd.MM.yyyy"_s) % u": received "_s % Text(day.received)
+        % u" Mb, sent "_s % Text(day.sent) % u" Mb"_s;
 }
 
 void TrafficChart::paintEvent(QPaintEvent * /*event*/)
@@ -174,11 +181,11 @@ void TrafficChart::PaintBars(QPainter &painter, const ChartLook &look) const
     }
     for (int day = 0; day < static_cast<int>(days.size()); ++day) {
         const DailyTraffic &traffic = days[static_cast<std::size_t>(day)];
-        if (traffic.received > 0.0) {
-            PaintSolid(painter, Bar(day, traffic.received), look.received);
+        if (traffic.received > Megabytes()) {
+            PaintSolid(painter, Bar(day, traffic.received.value), look.received);
         }
-        if (traffic.sent > 0.0) {
-            PaintHatched(painter, Bar(day, -traffic.sent), look.sent);
+        if (traffic.sent > Megabytes()) {
+            PaintHatched(painter, Bar(day, -traffic.sent.value), look.sent);
         }
     }
 }
@@ -257,10 +264,10 @@ void TrafficChart::leaveEvent(QEvent * /*event*/)
 void TrafficChart::Describe()
 {
     QString text = IsEmpty() ? u"No traffic in the last 30 days."_s
-                             : u"Received "_s % AmountText(Sum(days, &DailyTraffic::received))
-            % u" Mb, sent "_s % AmountText(Sum(days, &DailyTraffic::sent))
-            % u" Mb. Most on one day: received "_s % AmountText(Most(days, &DailyTraffic::received))
-            % u" Mb, sent "_s % AmountText(Most(days, &DailyTraffic::sent)) % u" Mb."_s;
+                             : u"Received "_s % Text(Sum(days, &DailyTraffic::received))
+            % u" Mb, sent "_s % Text(Sum(days, &DailyTraffic::sent))
+            % u" Mb. Most on one day: received "_s % Text(Most(days, &DailyTraffic::received))
+            % u" Mb, sent "_s % Text(Most(days, &DailyTraffic::sent)) % u" Mb."_s;
     if (chosen >= 0) {
         text = Figures(days[static_cast<std::size_t>(chosen)]) % u". "_s % text;
     }

@@ -1,7 +1,5 @@
 #include "ui/common/controls.h"
 
-#include "app/administrator_app.h"
-
 #include <QDialog>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -39,7 +37,7 @@ void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButto
     }
 }
 
-void Complain(const QString &text)
+void Complain(Prompt &prompt, const QString &text)
 {
-    theApp->Messages().Tell(text, Prompt::Icon::Warning);
+    prompt.Tell(text, Prompt::Icon::Warning);
 }

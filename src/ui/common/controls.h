@@ -1,6 +1,8 @@
 // What pages and dialogs are put together from.
 #pragma once
 
+#include "base/prompt.h"
+
 #include <QDialogButtonBox>
 #include <QPushButton>
 
@@ -32,4 +34,4 @@ MakeButton(const QString &text, const char *objectName, const QString &says = {}
 void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButton *chosen);
 
 // Tells what is wrong with an entry.
-void Complain(const QString &text);
+void Complain(Prompt &prompt, const QString &text);

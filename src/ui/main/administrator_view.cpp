@@ -13,13 +13,11 @@
 
 using namespace Qt::StringLiterals;
 
-CAdministratorView::CAdministratorView(const ConfigStore &store,
-                                       Prompt &messages,
+CAdministratorView::CAdministratorView(const AppServices &appServices,
                                        const FrameDialogs &windows,
                                        QWidget *parent)
-    : ListPane(parent)
-    , config(store)
-    , prompt(messages)
+    : IdListPane(parent)
+    , services(appServices)
     , dialogs(windows)
     , users(new UserListModel(this))
 {
@@ -32,18 +30,18 @@ CAdministratorView::CAdministratorView(const ConfigStore &store,
 
 CAdministratorView::~CAdministratorView()
 {
-    columns.Save(config);
+    columns.Save(services.settings);
 }
 
 void CAdministratorView::LoadColumns()
 {
-    columns.Load(config);
+    columns.Load(services.settings);
     InsertColumns();
 }
 
 void CAdministratorView::FirstFill()
 {
-    FillList(config.ReadInteger(values::kRefresh), sortAscending);
+    FillList(services.settings.ReadInteger(values::kRefresh), sortAscending);
 }
 
 void CAdministratorView::FillList(int order, bool ascending)
@@ -112,7 +110,8 @@ bool CAdministratorView::FindUser(const QString &text)
     DeselectFirst();
     const int row = users->FindPrefix(text);
     if (row < 0) {
-        prompt.Tell(u"No user found"_s, Prompt::Icon::Information, u"Tollbrook Administrator"_s);
+        services.prompt.Tell(
+            u"No user found"_s, Prompt::Icon::Information, u"Tollbrook Administrator"_s);
         return false;
     }
     const QModelIndex index = users->index(row, 0);
@@ -123,12 +122,12 @@ bool CAdministratorView::FindUser(const QString &text)
     return true;
 }
 
-quint32 CAdministratorView::IdAt(int row) const
+UserId CAdministratorView::IdAt(int row) const
 {
     return users->UserAt(row);
 }
 
-int CAdministratorView::RowOf(quint32 id) const
+int CAdministratorView::RowOf(UserId id) const
 {
     return users->RowOf(id);
 }
@@ -145,23 +144,23 @@ void CAdministratorView::OpenAccount()
 
 bool CAdministratorView::HasAccount() const
 {
-    const QList<quint32> selected = SelectedUserIds();
+    const QList<UserId> selected = SelectedIds();
     return !selected.isEmpty() && UserHasAccount(selected.front());
 }
 
 void CAdministratorView::ChangeGroup()
 {
-    const QList<quint32> selected = SelectedUserIds();
+    const QList<UserId> selected = SelectedIds();
     if (!selected.isEmpty()) {
         MoveToChosenGroup({selected.front()}); // kept: only the pop-up menu moves several users
     }
 }
 
-void CAdministratorView::MoveToChosenGroup(const QList<quint32> &userIds)
+void CAdministratorView::MoveToChosenGroup(const QList<UserId> &userIds)
 {
-    ChangeGroupDialog dialog(prompt, window());
+    ChangeGroupDialog dialog(services, window());
     if (dialog.exec() == QDialog::Accepted) {
-        for (const quint32 userId : userIds) {
+        for (const UserId userId : userIds) {
             MoveUserToGroup(userId, dialog.ChosenGroup().groupId);
         }
     }
@@ -184,17 +183,17 @@ void CAdministratorView::StopMonitoringSelected()
 // Ids, not rows: the list may be filled anew while the question stands.
 void CAdministratorView::RemoveSelected(const QString &question,
                                         const QString &questionSeveral,
-                                        void (*act)(quint32))
+                                        void (*act)(UserId))
 {
-    const QList<quint32> selected = SelectedUserIds();
+    const QList<UserId> selected = SelectedIds();
     if (selected.isEmpty()) {
         return;
     }
     selectionModel()->clearSelection();
-    if (!prompt.Ask(selected.size() == 1 ? question : questionSeveral)) {
+    if (!services.prompt.Ask(selected.size() == 1 ? question : questionSeveral)) {
         return;
     }
-    for (const quint32 userId : selected) {
+    for (const UserId userId : selected) {
         users->RemoveUser(userId);
     }
     // Years of records, or a database that another program holds, may keep this waiting.
@@ -215,12 +214,12 @@ void CAdministratorView::FillPopUp(QMenu &menu)
 {
     const bool several = SelectedRows().size() >= 2;
     menu.setObjectName(several ? u"severalUsersPopUp"_s : u"userPopUp"_s);
-    const auto changeGroup = [this] { MoveToChosenGroup(SelectedUserIds()); };
+    const auto changeGroup = [this] { MoveToChosenGroup(SelectedIds()); };
     if (several) {
         AddEntry(menu, u"Change group..."_s, changeGroup);
         if (dialogs.userLimits) {
             AddEntry(menu, u"Set mode/limits..."_s, [this] {
-                dialogs.userLimits(SelectedUserIds(), window());
+                dialogs.userLimits(SelectedIds(), window());
             });
         }
     } else {

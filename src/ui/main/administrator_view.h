@@ -1,23 +1,19 @@
 // The users list: every monitored user that has a group, at most 1000.
 #pragma once
 
-#include "base/prompt.h"
-#include "config/config_store.h"
+#include "startup/app_services.h"
 #include "ui/main/frame_dialogs.h"
-#include "ui/main/list_pane.h"
+#include "ui/main/id_list_pane.h"
 #include "ui/main/user_columns.h"
 
 class UserListModel;
 
-class CAdministratorView : public ListPane
+class CAdministratorView : public IdListPane<UserId>
 {
     Q_OBJECT
 
 public:
-    CAdministratorView(const ConfigStore &config,
-                       Prompt &prompt,
-                       const FrameDialogs &dialogs,
-                       QWidget *parent);
+    CAdministratorView(const AppServices &services, const FrameDialogs &dialogs, QWidget *parent);
     ~CAdministratorView() override; // keeps the columns in the store
 
     // Puts the columns up as the store has them; the list stays empty.
@@ -38,8 +34,6 @@ public:
     // Selects the first row whose first column begins with `text`; says so when there is none.
     bool FindUser(const QString &text);
 
-    [[nodiscard]] QList<quint32> SelectedUserIds() const { return SelectedIds(); }
-
     void OpenProperties() override;
     void OpenAccount() override;
     void DeleteSelected() override;
@@ -48,21 +42,20 @@ public:
     void StopMonitoringSelected();
 
 protected:
-    [[nodiscard]] quint32 IdAt(int row) const override;
-    [[nodiscard]] int RowOf(quint32 id) const override;
+    [[nodiscard]] UserId IdAt(int row) const override;
+    [[nodiscard]] int RowOf(UserId id) const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
 
 private:
     void InsertColumns();
     void HeaderClicked(int section);
-    void MoveToChosenGroup(const QList<quint32> &userIds);
+    void MoveToChosenGroup(const QList<UserId> &userIds);
     void ShowSortIndicator();
     void
-    RemoveSelected(const QString &question, const QString &questionSeveral, void (*act)(quint32));
+    RemoveSelected(const QString &question, const QString &questionSeveral, void (*act)(UserId));
 
-    const ConfigStore &config;
-    Prompt &prompt;
+    const AppServices &services;
     const FrameDialogs &dialogs;
     UserListModel *users;
     UserColumns columns;

@@ -11,11 +11,11 @@
 
 using namespace Qt::StringLiterals;
 
-CAdministratorViewGrp::CAdministratorViewGrp(Prompt &messages,
+CAdministratorViewGrp::CAdministratorViewGrp(const AppServices &appServices,
                                              const FrameDialogs &windows,
                                              QWidget *parent)
-    : ListPane(parent)
-    , prompt(messages)
+    : IdListPane(parent)
+    , services(appServices)
     , dialogs(windows)
     , groups(new GroupListModel(this))
 {
@@ -34,12 +34,12 @@ void CAdministratorViewGrp::FillGroups()
     KeepingPlace([this] { groups->SetList(ReadGroupList()); });
 }
 
-quint32 CAdministratorViewGrp::IdAt(int row) const
+GroupId CAdministratorViewGrp::IdAt(int row) const
 {
     return groups->GroupAt(row);
 }
 
-int CAdministratorViewGrp::RowOf(quint32 id) const
+int CAdministratorViewGrp::RowOf(GroupId id) const
 {
     return groups->RowOf(id);
 }
@@ -72,13 +72,13 @@ void CAdministratorViewGrp::DeleteSelected()
     if (row < 0) {
         return;
     }
-    const quint32 groupId = groups->GroupAt(row);
+    const GroupId groupId = groups->GroupAt(row);
     const QString name = groups->NameAt(row); // kept: the name counts here, the id when renaming
-    if (!prompt.Ask(u"This will delete the selected group. Contunue?"_s)) {
+    if (!services.prompt.Ask(u"This will delete the selected group. Contunue?"_s)) {
         return;
     }
     if (name == u"Everybody"_s) {
-        prompt.Tell(u"You cannot delete Everybody group"_s);
+        services.prompt.Tell(u"You cannot delete Everybody group"_s);
         return;
     }
     groups->RemoveGroup(groupId);
@@ -91,9 +91,9 @@ void CAdministratorViewGrp::RenameSelected()
     if (row < 0) {
         return;
     }
-    const quint32 groupId = groups->GroupAt(row);
+    const GroupId groupId = groups->GroupAt(row);
     if (groupId == kEverybodyGroup) {
-        prompt.Tell(u"You can not rename Everybody group"_s);
+        services.prompt.Tell(u"You can not rename Everybody group"_s);
         return;
     }
     NameDialog dialog(u"Rename group"_s, u"Enter new name for the group:"_s, window());

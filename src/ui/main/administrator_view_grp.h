@@ -1,18 +1,20 @@
 // The groups list: every group in the database's order, at most 500.
 #pragma once
 
-#include "base/prompt.h"
+#include "startup/app_services.h"
 #include "ui/main/frame_dialogs.h"
-#include "ui/main/list_pane.h"
+#include "ui/main/id_list_pane.h"
 
 class GroupListModel;
 
-class CAdministratorViewGrp : public ListPane
+class CAdministratorViewGrp : public IdListPane<GroupId>
 {
     Q_OBJECT
 
 public:
-    CAdministratorViewGrp(Prompt &prompt, const FrameDialogs &dialogs, QWidget *parent);
+    CAdministratorViewGrp(const AppServices &services,
+                          const FrameDialogs &dialogs,
+                          QWidget *parent);
 
     // Reads the list anew.
     void FillGroups();
@@ -27,15 +29,15 @@ public:
     void RenameSelected();
 
 protected:
-    [[nodiscard]] quint32 IdAt(int row) const override;
-    [[nodiscard]] int RowOf(quint32 id) const override;
+    [[nodiscard]] GroupId IdAt(int row) const override;
+    [[nodiscard]] int RowOf(GroupId id) const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
 
 private:
     [[nodiscard]] int SelectedRow() const; // -1 for none
 
-    Prompt &prompt;
+    const AppServices &services;
     const FrameDialogs &dialogs;
     GroupListModel *groups;
 };

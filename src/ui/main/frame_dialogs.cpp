@@ -1,6 +1,5 @@
 #include "ui/main/frame_dialogs.h"
 
-#include "app/administrator_app.h"
 #include "ui/accounts/accounts.h"
 #include "ui/common/help_viewer.h"
 #include "ui/main/about_dialog.h"
@@ -19,17 +18,19 @@
 
 namespace {
 
-ControlOutcome RunServiceControl(const CAdministratorApp &app, QWidget *parent)
+ControlOutcome RunServiceControl(const AppServices &services, QWidget *parent)
 {
-    ServiceControlDialog dialog(app.Control(), parent);
+    ServiceControlDialog dialog(services.control, parent);
     dialog.exec();
     return {.serviceRunning = dialog.IsServiceRunning(), .stopped = dialog.WasStopped()};
 }
 
-ReconnectFlags RunReconnect(CAdministratorApp &app, QWidget *parent)
+ReconnectFlags RunReconnect(const AppServices &services, QWidget *parent)
 {
     ReconnectDialog dialog(
-        app.Control(), [&app] { return app.ConnectService(); }, parent);
+        services.control,
+        [&services] { return services.connection.Connect(services.prompt); },
+        parent);
     dialog.exec();
     return dialog.Flags();
 }
@@ -44,35 +45,47 @@ std::function<void()> RefreshOf(QWidget *frame)
     };
 }
 
+// `open` as the frame calls it: with the services in it.
+template <typename Result, typename... Arguments>
+std::function<Result(Arguments...)> WithServices(const AppServices &services,
+                                                 Result (*open)(const AppServices &, Arguments...))
+{
+    return [&services, open](Arguments... arguments) { return open(services, arguments...); };
+}
+
 } // namespace
 
-FrameDialogs StandardDialogs(CAdministratorApp &app)
+FrameDialogs StandardDialogs(const AppServices &services)
 {
     FrameDialogs dialogs;
-    dialogs.userAccount = OpenUserAccount;
-    dialogs.userStatistics = OpenUserStatistics;
-    dialogs.groupAccount = OpenGroupAccount;
-    dialogs.groupStatistics = OpenGroupStatistics;
-    dialogs.userProperties = [](quint32 userId, QWidget *parent) {
-        OpenUserSheet(userId, user_page::kGeneral, parent);
+    dialogs.userAccount = WithServices(services, OpenAccount);
+    dialogs.userStatistics = WithServices(services, OpenStatistics);
+    dialogs.groupAccount = WithServices(services, OpenAccount);
+    dialogs.groupStatistics = WithServices(services, OpenStatistics);
+    dialogs.userProperties = [&services](UserId userId, QWidget *parent) {
+        OpenUserSheet(services, userId, user_page::kGeneral, parent);
     };
-    dialogs.groupProperties = [](quint32 groupId, QWidget *parent) {
-        OpenGroupSheet(groupId, group_page::kGeneral, parent);
+    dialogs.groupProperties = [&services](GroupId groupId, QWidget *parent) {
+        OpenGroupSheet(services, groupId, group_page::kGeneral, parent);
     };
-    dialogs.userLimits = [](const QList<quint32> &ids, QWidget *parent) {
-        OpenAccessForUsers({ids.begin(), ids.end()}, parent);
+    dialogs.userLimits = [&services](const QList<UserId> &userIds, QWidget *parent) {
+        OpenAccessForUsers(services, {userIds.begin(), userIds.end()}, parent);
     };
-    dialogs.purge = OpenPurge;
-    dialogs.options = [](QWidget *parent) { OpenOptions(parent, RefreshOf(parent)); };
-    dialogs.globalOptions = [](QWidget *parent) { OpenGlobalOptions(parent, RefreshOf(parent)); };
-    dialogs.adapter = OpenAdapterBinding;
-    dialogs.setupWizard = RunSetupWizard;
+    dialogs.purge = WithServices(services, OpenPurge);
+    dialogs.options = [&services](QWidget *parent) {
+        OpenOptions(services, parent, RefreshOf(parent));
+    };
+    dialogs.globalOptions = [&services](QWidget *parent) {
+        OpenGlobalOptions(services, parent, RefreshOf(parent));
+    };
+    dialogs.adapter = WithServices(services, OpenAdapterBinding);
+    dialogs.setupWizard = WithServices(services, RunSetupWizard);
     dialogs.unmonitored = OpenUnmonitored;
-    dialogs.logins = OpenLoginManager;
-    dialogs.reports = OpenReports;
-    dialogs.helpTopics = [&app](QWidget *parent) { OpenHelpTopics(app.Messages(), parent); };
+    dialogs.logins = WithServices(services, OpenLoginManager);
+    dialogs.reports = WithServices(services, OpenReports);
+    dialogs.helpTopics = [&services](QWidget *parent) { OpenHelpTopics(services.prompt, parent); };
     dialogs.about = OpenAbout;
-    dialogs.serviceControl = [&app](QWidget *parent) { return RunServiceControl(app, parent); };
-    dialogs.reconnect = [&app](QWidget *parent) { return RunReconnect(app, parent); };
+    dialogs.serviceControl = WithServices(services, RunServiceControl);
+    dialogs.reconnect = WithServices(services, RunReconnect);
     return dialogs;
 }

@@ -1,7 +1,9 @@
 // The windows that the main window opens. One left empty is a command that is not shown.
 #pragma once
 
+#include "db/ids.h"
 #include "service/service_sequences.h"
+#include "startup/app_services.h"
 
 #include <QList>
 
@@ -19,16 +21,17 @@ struct ControlOutcome
 struct FrameDialogs
 {
     using ForNothing = std::function<void(QWidget *parent)>;
-    using ForOne = std::function<void(quint32 id, QWidget *parent)>;
-    using ForSeveral = std::function<void(const QList<quint32> &ids, QWidget *parent)>;
+    using ForUser = std::function<void(UserId userId, QWidget *parent)>;
+    using ForGroup = std::function<void(GroupId groupId, QWidget *parent)>;
+    using ForUsers = std::function<void(const QList<UserId> &userIds, QWidget *parent)>;
 
-    ForOne userProperties;
-    ForOne userAccount;
-    ForOne userStatistics;
-    ForSeveral userLimits; // "Access properties for multiple users"
-    ForOne groupProperties;
-    ForOne groupAccount;
-    ForOne groupStatistics;
+    ForUser userProperties;
+    ForUser userAccount;
+    ForUser userStatistics;
+    ForUsers userLimits; // "Access properties for multiple users"
+    ForGroup groupProperties;
+    ForGroup groupAccount;
+    ForGroup groupStatistics;
 
     ForNothing purge;
     ForNothing options;
@@ -45,7 +48,5 @@ struct FrameDialogs
     std::function<ReconnectFlags(QWidget *parent)> reconnect;
 };
 
-class CAdministratorApp;
-
-// The program's own windows.
-[[nodiscard]] FrameDialogs StandardDialogs(CAdministratorApp &app);
+// The program's own windows. `services` must outlive what is returned.
+[[nodiscard]] FrameDialogs StandardDialogs(const AppServices &services);

@@ -12,7 +12,7 @@ void GroupListModel::SetList(const GroupList &newList)
     endResetModel();
 }
 
-void GroupListModel::RemoveGroup(quint32 groupId)
+void GroupListModel::RemoveGroup(GroupId groupId)
 {
     const int row = RowOf(groupId);
     if (row >= 0) {
@@ -23,7 +23,7 @@ void GroupListModel::RemoveGroup(quint32 groupId)
     }
 }
 
-int GroupListModel::RowOf(quint32 groupId) const
+int GroupListModel::RowOf(GroupId groupId) const
 {
     return static_cast<int>(list.rowGroupIds.indexOf(groupId));
 }

@@ -16,13 +16,13 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void SetList(const GroupList &newList);
-    void RemoveGroup(quint32 groupId);
+    void RemoveGroup(GroupId groupId);
 
-    [[nodiscard]] quint32 GroupAt(int row) const { return list.rowGroupIds[row]; }
+    [[nodiscard]] GroupId GroupAt(int row) const { return list.rowGroupIds[row]; }
     [[nodiscard]] const QString &NameAt(int row) const { return list.rows[row].name; }
 
     // -1 when the group is not listed.
-    [[nodiscard]] int RowOf(quint32 groupId) const;
+    [[nodiscard]] int RowOf(GroupId groupId) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;

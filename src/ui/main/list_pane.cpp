@@ -34,15 +34,6 @@ QList<int> ListPane::SelectedRows() const
     return rows;
 }
 
-QList<quint32> ListPane::SelectedIds() const
-{
-    QList<quint32> ids;
-    for (const int row : SelectedRows()) {
-        ids.append(IdAt(row));
-    }
-    return ids;
-}
-
 int ListPane::RowCount() const
 {
     return model()->rowCount();
@@ -67,35 +58,21 @@ void ListPane::ShowModel(QAbstractItemModel *model)
     connect(model, &QAbstractItemModel::modelReset, this, &ListPane::SelectionChanged);
 }
 
-void ListPane::KeepingPlace(const std::function<void()> &fill)
+void ListPane::Refill(const std::function<void()> &fill, const std::function<QList<int>()> &chosen)
 {
-    const QList<quint32> selected = SelectedIds();
     const int scrolledTo = verticalScrollBar()->value();
     const qsizetype failures = FailureLog::Instance().Count();
     fill();
     wasRead = FailureLog::Instance().Count() == failures;
     QItemSelection selection;
-    for (const quint32 id : selected) {
-        if (const int row = RowOf(id); row >= 0) {
+    for (const int row : chosen()) {
+        if (row >= 0) {
             selection.append(QItemSelectionRange(model()->index(row, 0)));
         }
     }
     selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(scrolledTo);
-}
-
-void ListPane::OpenFor(const ForOne &dialog)
-{
-    const QList<quint32> selected = SelectedIds();
-    if (dialog && !selected.isEmpty()) {
-        dialog(selected.front(), window());
-    }
-}
-
-std::function<void()> ListPane::Opener(const ForOne &dialog)
-{
-    return dialog ? [this, &dialog] { OpenFor(dialog); } : std::function<void()>();
 }
 
 void ListPane::keyPressEvent(QKeyEvent *event)

@@ -16,9 +16,8 @@ public:
 
     [[nodiscard]] int RowCount() const;
 
-    // From the top down: row numbers, and the database ids behind them.
+    // From the top down.
     [[nodiscard]] QList<int> SelectedRows() const;
-    [[nodiscard]] QList<quint32> SelectedIds() const;
 
     // The commands that the menus and the toolbar share between the lists. Each works on the
     // selection and does nothing without one.
@@ -40,20 +39,6 @@ signals:
     void Focused();
 
 protected:
-    using ForOne = std::function<void(quint32 id, QWidget *parent)>;
-
-    [[nodiscard]] virtual quint32 IdAt(int row) const = 0;
-
-    // -1 when the id is not listed.
-    [[nodiscard]] virtual int RowOf(quint32 id) const = 0;
-
-    // Opens the dialog for the first selected row.
-    void OpenFor(const ForOne &dialog);
-
-    // As above, to be called later. Empty for a dialog that does not exist, so that its entry is not
-    // shown; `dialog` must outlive it.
-    [[nodiscard]] std::function<void()> Opener(const ForOne &dialog);
-
     // F5.
     virtual void RefreshKey() = 0;
 
@@ -65,9 +50,9 @@ protected:
     // Takes the model over and tells of its selection.
     void ShowModel(QAbstractItemModel *model);
 
-    // Runs `fill`, which reads the rows and resets the model, and then selects the same ids and scrolls
-    // to the same place.
-    void KeepingPlace(const std::function<void()> &fill);
+    // Runs `fill`, which reads the rows and resets the model, then selects the rows that `chosen` gives,
+    // of which -1 stands for none, and scrolls to the same place.
+    void Refill(const std::function<void()> &fill, const std::function<QList<int>()> &chosen);
 
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;

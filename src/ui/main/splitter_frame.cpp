@@ -28,15 +28,17 @@ constexpr int kPollPeriod = 60000;
 
 } // namespace
 
-CSplitterFrame::CSplitterFrame(CAdministratorApp &application, FrameDialogs windows)
-    : app(application)
+CSplitterFrame::CSplitterFrame(const AppServices &appServices,
+                               ServiceAtStart found,
+                               FrameDialogs windows)
+    : services(appServices)
     , dialogs(std::move(windows))
 {
     setObjectName(u"frame"_s);
     setWindowTitle(u"Tollbrook Administrator"_s);
     setWindowIcon(IconOf(Picture::Application));
     CreatePanes();
-    CreateBars();
+    CreateBars(found);
     ReadSettings();
     CreateTimers();
     resize(1000, 680);
@@ -45,7 +47,7 @@ CSplitterFrame::CSplitterFrame(CAdministratorApp &application, FrameDialogs wind
 
 CSplitterFrame::~CSplitterFrame()
 {
-    app.Shutdown();
+    CloseConnections(services);
     WriteSettings();
 }
 
@@ -54,8 +56,8 @@ void CSplitterFrame::CreatePanes()
     auto *splitter = new QSplitter(Qt::Vertical, this);
     splitter->setObjectName(u"splitter"_s);
     splitter->setChildrenCollapsible(false);
-    users = new CAdministratorView(app.Config(), app.Messages(), dialogs, splitter);
-    groups = new CAdministratorViewGrp(app.Messages(), dialogs, splitter);
+    users = new CAdministratorView(services, dialogs, splitter);
+    groups = new CAdministratorViewGrp(services, dialogs, splitter);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 1);
     setCentralWidget(splitter);
@@ -63,12 +65,12 @@ void CSplitterFrame::CreatePanes()
     users->LoadColumns();
 }
 
-void CSplitterFrame::CreateBars()
+void CSplitterFrame::CreateBars(ServiceAtStart found)
 {
     autoRefresh = new AutoRefresh(this);
     menus = new FrameMenus(*this);
     findBar = new FindBar(
-        app.Messages(), [this](const QString &text) { return users->FindUser(text); }, this);
+        services.prompt, [this](const QString &text) { return users->FindUser(text); }, this);
     addToolBar(findBar);
     connect(new QShortcut(QKeySequence::Find, this),
             &QShortcut::activated,
@@ -89,7 +91,7 @@ void CSplitterFrame::CreateBars()
             service->OpenReconnect(this);
         }
     });
-    service->Start(app.IsServiceRunning(), app.IsConnected());
+    service->Start(found.running, found.connected);
 }
 
 // The timers start after a moment in which the window is already up; the service poll first.
@@ -97,7 +99,7 @@ void CSplitterFrame::CreateTimers()
 {
     connect(autoRefresh, &AutoRefresh::Due, this, &CSplitterFrame::Refresh);
     pollTimer.setObjectName(u"pollTimer"_s);
-    connect(&pollTimer, &QTimer::timeout, this, [this] { service->Poll(app.Control()); });
+    connect(&pollTimer, &QTimer::timeout, this, [this] { service->Poll(services.control); });
     startDelay.setObjectName(u"startDelay"_s);
     startDelay.setSingleShot(true);
     connect(&startDelay, &QTimer::timeout, this, [this] {
@@ -123,13 +125,13 @@ void CSplitterFrame::FirstStart()
     users->FirstFill();
     groups->FillGroups();
     ShowCounts();
-    const bool firstTime = app.Config().ReadInteger(values::kFirstStart) == 1;
+    const bool firstTime = services.settings.ReadInteger(values::kFirstStart) == 1;
     if (firstTime) {
         RunSetupWizard();
     } else if (!service->IsConnected()) {
         service->OpenReconnect(this);
     }
-    app.Config().WriteInteger(values::kFirstStart, 0);
+    services.settings.WriteInteger(values::kFirstStart, 0);
 }
 
 void CSplitterFrame::Refresh()
@@ -214,12 +216,12 @@ void CSplitterFrame::keyPressEvent(QKeyEvent *event)
 
 void CSplitterFrame::ReadSettings()
 {
-    sortOrder = app.Config().ReadInteger(values::kSortBy);
-    autoRefresh->Load(app.Config());
+    sortOrder = services.settings.ReadInteger(values::kSortBy);
+    autoRefresh->Load(services.settings);
 }
 
 void CSplitterFrame::WriteSettings() const
 {
-    app.Config().WriteInteger(values::kSortBy, sortOrder);
-    autoRefresh->Save(app.Config());
+    services.settings.WriteInteger(values::kSortBy, sortOrder);
+    autoRefresh->Save(services.settings);
 }

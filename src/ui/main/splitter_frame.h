@@ -1,7 +1,7 @@
 // The main window: the users list above the groups list, menus, toolbar, find bar and status bar.
 #pragma once
 
-#include "app/administrator_app.h"
+#include "startup/app_services.h"
 #include "ui/main/frame_dialogs.h"
 
 #include <QMainWindow>
@@ -16,13 +16,20 @@ class FrameStatusBar;
 class ListPane;
 class ServiceWatch;
 
+// The accounting service as the start-up found it.
+struct ServiceAtStart
+{
+    bool running = false;
+    bool connected = false;
+};
+
 class CSplitterFrame : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    // The lists are still empty. `app` must outlive the frame.
-    CSplitterFrame(CAdministratorApp &app, FrameDialogs dialogs);
+    // The lists are still empty. `services` must outlive the frame.
+    CSplitterFrame(const AppServices &services, ServiceAtStart found, FrameDialogs dialogs);
 
     // Closes the database session and the connection, then keeps the sort order and the refresh
     // choice in the store.
@@ -57,7 +64,7 @@ protected:
 
 private:
     void CreatePanes();
-    void CreateBars();
+    void CreateBars(ServiceAtStart found);
     void CreateTimers();
     void Follow(ListPane &pane, ListPane &other);
     void ShowCounts();
@@ -65,7 +72,7 @@ private:
     void ReadSettings();
     void WriteSettings() const;
 
-    CAdministratorApp &app;
+    const AppServices &services;
     FrameDialogs dialogs;
     CAdministratorView *users = nullptr;
     CAdministratorViewGrp *groups = nullptr;

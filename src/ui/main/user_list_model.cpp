@@ -45,7 +45,7 @@ void UserListModel::SetList(const UserList &newList)
     endResetModel();
 }
 
-void UserListModel::RemoveUser(quint32 userId)
+void UserListModel::RemoveUser(UserId userId)
 {
     const int row = RowOf(userId);
     if (row >= 0) {
@@ -56,7 +56,7 @@ void UserListModel::RemoveUser(quint32 userId)
     }
 }
 
-int UserListModel::RowOf(quint32 userId) const
+int UserListModel::RowOf(UserId userId) const
 {
     return static_cast<int>(list.rowUserIds.indexOf(userId));
 }

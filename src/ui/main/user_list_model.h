@@ -16,13 +16,13 @@ public:
     // Drops all rows.
     void SetColumns(const QList<UserColumn> &shown);
     void SetList(const UserList &newList);
-    void RemoveUser(quint32 userId);
+    void RemoveUser(UserId userId);
 
     [[nodiscard]] UserColumn ColumnAt(int column) const { return columns[column]; }
-    [[nodiscard]] quint32 UserAt(int row) const { return list.rowUserIds[row]; }
+    [[nodiscard]] UserId UserAt(int row) const { return list.rowUserIds[row]; }
 
     // -1 when the user is not listed.
-    [[nodiscard]] int RowOf(quint32 userId) const;
+    [[nodiscard]] int RowOf(UserId userId) const;
 
     // The first row whose first column begins with `text`, in any letter case; -1 for none.
     [[nodiscard]] int FindPrefix(const QString &text) const;

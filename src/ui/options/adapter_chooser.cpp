@@ -1,6 +1,5 @@
 #include "ui/options/adapter_chooser.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 
@@ -11,8 +10,9 @@
 
 using namespace Qt::StringLiterals;
 
-AdapterChooser::AdapterChooser(const QList<Adapter> &listed, QWidget *parent)
+AdapterChooser::AdapterChooser(Prompt &messages, const QList<Adapter> &listed, QWidget *parent)
     : QWidget(parent)
+    , prompt(messages)
     , adapters(Selectable(listed))
     , current(ShownValue("currentAdapter"))
     , address(ShownValue("boundAddress"))
@@ -53,7 +53,7 @@ void AdapterChooser::Pick(int row)
     if (picked.description == current->text()) {
         return;
     }
-    if (!theApp->Messages().Ask(
+    if (!prompt.Ask(
             u"You are about to bind Tollbrook service to another network card. Continue?"_s)) {
         SetCurrent(current->text());
         return;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/adapters.h"
+#include "base/prompt.h"
 
 #include <QWidget>
 
@@ -13,7 +14,7 @@ class AdapterChooser : public QWidget
     Q_OBJECT
 
 public:
-    explicit AdapterChooser(const QList<Adapter> &adapters, QWidget *parent = nullptr);
+    AdapterChooser(Prompt &prompt, const QList<Adapter> &adapters, QWidget *parent = nullptr);
 
     // The description is shown as it stands; the address is the one of the listed adapter that has
     // exactly this description.
@@ -27,6 +28,7 @@ signals:
 private:
     void Pick(int row);
 
+    Prompt &prompt;
     QList<Adapter> adapters; // those that may be chosen
     QLineEdit *current;
     QLineEdit *address;

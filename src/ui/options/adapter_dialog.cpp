@@ -1,6 +1,5 @@
 #include "ui/options/adapter_dialog.h"
 
-#include "app/administrator_app.h"
 #include "service/service_guard.h"
 #include "ui/options/adapter_chooser.h"
 
@@ -10,16 +9,19 @@
 
 using namespace Qt::StringLiterals;
 
-AdapterDialog::AdapterDialog(const QList<Adapter> &adapters, bool mayChange, QWidget *parent)
+AdapterDialog::AdapterDialog(const AppServices &services,
+                             const QList<Adapter> &adapters,
+                             bool mayChange,
+                             QWidget *parent)
     : QDialog(parent)
 {
     setWindowTitle(u"Select network card Tollbrook will work with"_s);
-    auto *chooser = new AdapterChooser(adapters);
-    const QString bound = BoundAdapter(theApp->Config()).value_or(QString());
+    auto *chooser = new AdapterChooser(services.prompt, adapters);
+    const QString bound = BoundAdapter(services.settings).value_or(QString());
     chooser->SetCurrent(FindAdapter(adapters, bound) ? bound : QString());
     chooser->SetMayChange(mayChange);
-    connect(chooser, &AdapterChooser::Picked, this, [](const Adapter &adapter) {
-        BindAdapter(theApp->Config(), adapter);
+    connect(chooser, &AdapterChooser::Picked, this, [&services](const Adapter &adapter) {
+        BindAdapter(services.settings, adapter);
     });
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     buttons->button(QDialogButtonBox::Close)->setObjectName(u"close"_s);
@@ -30,10 +32,10 @@ AdapterDialog::AdapterDialog(const QList<Adapter> &adapters, bool mayChange, QWi
     setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) * 3 / 2);
 }
 
-void OpenAdapterBinding(QWidget *parent)
+void OpenAdapterBinding(const AppServices &services, QWidget *parent)
 {
-    const auto mayChange = AdapterMayChange(theApp->Control(), theApp->Messages());
+    const auto mayChange = AdapterMayChange(services.control, services.prompt);
     if (mayChange) {
-        AdapterDialog(SystemAdapters(), *mayChange, parent).exec();
+        AdapterDialog(services, SystemAdapters(), *mayChange, parent).exec();
     }
 }

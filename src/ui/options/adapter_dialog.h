@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/adapters.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -11,8 +12,11 @@ class AdapterDialog : public QDialog
 
 public:
     // Without `mayChange` it only shows. A choice is written at once.
-    AdapterDialog(const QList<Adapter> &adapters, bool mayChange, QWidget *parent);
+    AdapterDialog(const AppServices &services,
+                  const QList<Adapter> &adapters,
+                  bool mayChange,
+                  QWidget *parent);
 };
 
 // The command: the service must be there, and stopped for anything to be changed.
-void OpenAdapterBinding(QWidget *parent);
+void OpenAdapterBinding(const AppServices &services, QWidget *parent);

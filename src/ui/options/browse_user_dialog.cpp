@@ -1,6 +1,5 @@
 #include "ui/options/browse_user_dialog.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -19,10 +18,12 @@ constexpr int kGroupRole = Qt::UserRole + 1;
 
 } // namespace
 
-BrowseUserDialog::BrowseUserDialog(std::function<bool(quint32 userId)> userHasLogin,
+BrowseUserDialog::BrowseUserDialog(const AppServices &appServices,
+                                   std::function<bool(UserId userId)> userHasLogin,
                                    const QString &whenRefused,
                                    QWidget *parent)
     : QDialog(parent)
+    , services(appServices)
     , hasLogin(std::move(userHasLogin))
     , refusal(whenRefused)
     , tree(new QTreeWidget)
@@ -46,8 +47,8 @@ void BrowseUserDialog::Fill()
         for (const LoginUser &user : group.users) {
             auto *leaf = new QTreeWidgetItem(node, {user.name});
             leaf->setIcon(0, IconOf(Picture::User));
-            leaf->setData(0, kUserRole, user.userId);
-            leaf->setData(0, kGroupRole, group.groupId);
+            leaf->setData(0, kUserRole, user.userId.value);
+            leaf->setData(0, kGroupRole, group.groupId.value);
         }
     }
 }
@@ -56,16 +57,16 @@ void BrowseUserDialog::accept()
 {
     const QTreeWidgetItem *node = tree->currentItem();
     if (node == nullptr || node->parent() == nullptr) {
-        theApp->Messages().Tell(u"Please select username, not the groupname"_s,
-                                Prompt::Icon::Warning);
+        services.prompt.Tell(u"Please select username, not the groupname"_s, Prompt::Icon::Warning);
         return;
     }
     // Two users may have one name: the one that was pointed at counts.
     const bool known = FindUserByName(node->text(0)).has_value();
-    const FoundUser user {node->data(0, kUserRole).toUInt(), node->data(0, kGroupRole).toUInt()};
+    const FoundUser user {UserId {node->data(0, kUserRole).toUInt()},
+                          GroupId {node->data(0, kGroupRole).toUInt()}};
     if (!known || hasLogin(user.userId)) {
-        theApp->Messages().Tell(known ? refusal : u"This user is no longer in the database"_s,
-                                Prompt::Icon::Warning);
+        services.prompt.Tell(known ? refusal : u"This user is no longer in the database"_s,
+                             Prompt::Icon::Warning);
         return;
     }
     chosen = user;

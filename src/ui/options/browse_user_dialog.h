@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/login_table.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -15,7 +16,8 @@ class BrowseUserDialog : public QDialog
 
 public:
     // A user for whom `hasLogin` is true is refused with `refusal`.
-    BrowseUserDialog(std::function<bool(quint32 userId)> hasLogin,
+    BrowseUserDialog(const AppServices &services,
+                     std::function<bool(UserId userId)> hasLogin,
                      const QString &refusal,
                      QWidget *parent);
 
@@ -27,7 +29,8 @@ public:
 private:
     void Fill();
 
-    std::function<bool(quint32)> hasLogin;
+    const AppServices &services;
+    std::function<bool(UserId)> hasLogin;
     QString refusal;
     QTreeWidget *tree;
     FoundUser chosen;

@@ -29,10 +29,12 @@ QLineEdit *PasswordField(const char *objectName)
 
 } // namespace
 
-CreateLoginDialog::CreateLoginDialog(LoginTable &logins,
+CreateLoginDialog::CreateLoginDialog(const AppServices &appServices,
+                                     LoginTable &logins,
                                      std::optional<size_t> place,
                                      QWidget *parent)
     : QDialog(parent)
+    , services(appServices)
     , table(logins)
     , index(place)
 {
@@ -121,7 +123,7 @@ void CreateLoginDialog::Show(const Login &shown)
         password->setPlaceholderText(u"unchanged"_s);
         retyped->setPlaceholderText(u"unchanged"_s);
     }
-    bindToUser->setChecked(login.userId != Login::kNobody);
+    bindToUser->setChecked(login.userId.IsSet());
     user->setText(login.userName);
     noLimit->setChecked(login.limit == Login::Limit::None);
     byIp->setChecked(login.limit == Login::Limit::IpAddress);
@@ -145,10 +147,12 @@ void CreateLoginDialog::EnableControls()
 
 void CreateLoginDialog::Browse()
 {
-    BrowseUserDialog dialog([this](quint32 userId) { return table.HasLogin(userId, index); },
-                            index ? u"This user already has login"_s
-                                  : u"This user already has login. Please select another user"_s,
-                            this);
+    BrowseUserDialog dialog(
+        services,
+        [this](UserId userId) { return table.HasLogin(userId, index); },
+        index ? u"This user already has login"_s
+              : u"This user already has login. Please select another user"_s,
+        this);
     if (dialog.exec() == Accepted) {
         login.userId = dialog.Chosen().userId;
         login.groupId = dialog.Chosen().groupId;
@@ -185,7 +189,7 @@ void CreateLoginDialog::accept()
 {
     LoginEntry entry = Entry();
     if (const auto problem = table.Check(entry, index)) {
-        Complain(*problem);
+        Complain(services.prompt, *problem);
         return;
     }
     table.Put(entry, index);

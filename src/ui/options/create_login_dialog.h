@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/login_table.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -20,7 +21,10 @@ class CreateLoginDialog : public QDialog
 public:
     // `index` is the place of the login to edit; nothing makes a new one. The table takes the login
     // over on OK.
-    CreateLoginDialog(LoginTable &table, std::optional<size_t> index, QWidget *parent);
+    CreateLoginDialog(const AppServices &services,
+                      LoginTable &table,
+                      std::optional<size_t> index,
+                      QWidget *parent);
 
     void accept() override;
 
@@ -34,6 +38,7 @@ private:
     void Browse();
     [[nodiscard]] LoginEntry Entry() const;
 
+    const AppServices &services;
     LoginTable &table;
     std::optional<size_t> index;
     Login login; // the bound user is kept here

@@ -23,8 +23,9 @@ constexpr int kShownRows = 4;
 
 } // namespace
 
-CurrencyDialog::CurrencyDialog(const CurrencyEntry &shown, QWidget *parent)
+CurrencyDialog::CurrencyDialog(Prompt &messages, const CurrencyEntry &shown, QWidget *parent)
     : QDialog(parent)
+    , prompt(messages)
     , symbol(new TextField)
     , title(new TextField)
     , rate(new AmountField(nullptr, kRateDecimals))
@@ -51,14 +52,18 @@ CurrencyEntry CurrencyDialog::Entry() const
 void CurrencyDialog::accept()
 {
     if (const auto problem = CheckEntry(Entry())) {
-        Complain(TextOf(*problem));
+        Complain(prompt, TextOf(*problem));
         return;
     }
     QDialog::accept();
 }
 
-CurrencyEditor::CurrencyEditor(CurrencySettings &edited, const Texts &texts, QWidget *parent)
+CurrencyEditor::CurrencyEditor(Prompt &messages,
+                               CurrencySettings &edited,
+                               const Texts &texts,
+                               QWidget *parent)
     : QWidget(parent)
+    , prompt(messages)
     , settings(edited)
     , price(ShownValue("price"))
     , list(new QTreeWidget)
@@ -162,7 +167,7 @@ void CurrencyEditor::SetPrice()
     const QString shown = field->text();
     const auto take = [this, field, &shown] {
         if (!field->Amount()) {
-            Complain(u"Enter the rate please"_s);
+            Complain(prompt, u"Enter the rate please"_s);
             return false;
         }
         if (field->text() != shown) {
@@ -178,7 +183,7 @@ void CurrencyEditor::SetPrice()
 
 void CurrencyEditor::Add()
 {
-    CurrencyDialog dialog({}, this);
+    CurrencyDialog dialog(prompt, {}, this);
     if (dialog.exec() == QDialog::Accepted) {
         AddCurrency(settings, dialog.Entry());
         Show();
@@ -189,7 +194,7 @@ void CurrencyEditor::Add()
 void CurrencyEditor::Delete()
 {
     if (const auto problem = CheckDelete(Row())) {
-        Complain(TextOf(*problem));
+        Complain(prompt, TextOf(*problem));
         return;
     }
     DeleteCurrency(settings);
@@ -200,11 +205,11 @@ void CurrencyEditor::Delete()
 void CurrencyEditor::Configure()
 {
     if (const auto problem = CheckEdit(Row())) {
-        Complain(TextOf(*problem));
+        Complain(prompt, TextOf(*problem));
         return;
     }
     const CurrencyEntry shown = EntryOf(settings);
-    CurrencyDialog dialog(shown, this);
+    CurrencyDialog dialog(prompt, shown, this);
     if (dialog.exec() == QDialog::Accepted) {
         ChangeCurrency(settings, shown, dialog.Entry());
         Show();
@@ -216,7 +221,7 @@ void CurrencyEditor::Set()
 {
     const auto row = Row();
     if (const auto problem = SetCurrency(settings, row)) {
-        Complain(TextOf(*problem));
+        Complain(prompt, TextOf(*problem));
         return;
     }
     Show();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/currency_settings.h"
+#include "base/prompt.h"
 
 #include <QDialog>
 
@@ -19,7 +20,7 @@ class CurrencyDialog : public QDialog
     Q_OBJECT
 
 public:
-    CurrencyDialog(const CurrencyEntry &shown, QWidget *parent);
+    CurrencyDialog(Prompt &prompt, const CurrencyEntry &shown, QWidget *parent);
 
     [[nodiscard]] CurrencyEntry Entry() const;
 
@@ -27,6 +28,7 @@ public:
     void accept() override;
 
 private:
+    Prompt &prompt;
     TextField *symbol;
     TextField *title;
     AmountField *rate;
@@ -49,7 +51,10 @@ public:
     };
 
     // Edits `settings` in place.
-    CurrencyEditor(CurrencySettings &settings, const Texts &texts, QWidget *parent = nullptr);
+    CurrencyEditor(Prompt &prompt,
+                   CurrencySettings &settings,
+                   const Texts &texts,
+                   QWidget *parent = nullptr);
 
     void Show();
 
@@ -66,6 +71,7 @@ private:
     void Configure();
     void Set();
 
+    Prompt &prompt;
     CurrencySettings &settings;
     QLineEdit *price;
     QTreeWidget *list;

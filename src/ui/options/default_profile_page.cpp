@@ -17,6 +17,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// As an entry of the list keeps it.
+quint32 Code(LimitPeriod period)
+{
+    return static_cast<quint32>(period);
+}
+
 // Blank while the store has no such value.
 void Show(WholeNumberField &field, std::optional<qint32> limit)
 {
@@ -34,8 +40,9 @@ std::optional<qint32> LimitOf(const WholeNumberField &field)
 
 } // namespace
 
-DefaultProfilePage::DefaultProfilePage(Options &edited)
-    : options(edited)
+DefaultProfilePage::DefaultProfilePage(Prompt &messages, Options &edited)
+    : prompt(messages)
+    , options(edited)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , period(new QComboBox)
     , trafficLimit(new WholeNumberField)
@@ -44,8 +51,8 @@ DefaultProfilePage::DefaultProfilePage(Options &edited)
 {
     type->setTitle(u"Access control type"_s);
     period->setObjectName(u"period"_s);
-    period->addItem(u"Day"_s, period::kDay);
-    period->addItem(u"Month"_s, period::kMonth);
+    period->addItem(u"Day"_s, Code(LimitPeriod::Day));
+    period->addItem(u"Month"_s, Code(LimitPeriod::Month));
     trafficLimit->setObjectName(u"trafficLimit"_s);
     timeLimit->setObjectName(u"timeLimit"_s);
     auto *form = new QFormLayout;
@@ -67,8 +74,8 @@ QString DefaultProfilePage::Title() const
 void DefaultProfilePage::Load()
 {
     const DefaultProfile &profile = options.profile;
-    type->Show(ChoiceFor(static_cast<quint32>(profile.mode)));
-    period->setCurrentIndex(period->findData(static_cast<quint32>(profile.period)));
+    type->Show(ChoiceFor(profile.mode));
+    period->setCurrentIndex(period->findData(Code(profile.period)));
     Show(*trafficLimit, profile.trafficLimit);
     Show(*timeLimit, profile.timeLimit);
     blocked->setChecked(profile.blocked);
@@ -77,7 +84,7 @@ void DefaultProfilePage::Load()
 bool DefaultProfilePage::Leave()
 {
     if (!ModeFor(type->Choice())) {
-        Complain(u"Please select one of the corporate type access options"_s);
+        Complain(prompt, u"Please select one of the corporate type access options"_s);
         return false;
     }
     return true;
@@ -86,9 +93,9 @@ bool DefaultProfilePage::Leave()
 void DefaultProfilePage::Collect()
 {
     DefaultProfile &profile = options.profile;
-    profile.mode = static_cast<qint32>(ModeFor(type->Choice()).value_or(mode::kNoControl));
+    profile.mode = ModeFor(type->Choice()).value_or(AccountingMode::NoControl);
     if (period->currentIndex() >= 0) {
-        profile.period = period->currentData().toInt();
+        profile.period = static_cast<LimitPeriod>(period->currentData().toUInt());
     }
     profile.trafficLimit = LimitOf(*trafficLimit);
     profile.timeLimit = LimitOf(*timeLimit);

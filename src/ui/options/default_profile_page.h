@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/options.h"
+#include "base/prompt.h"
 #include "ui/common/page.h"
 
 class AccessTypeBox;
@@ -14,13 +15,14 @@ class DefaultProfilePage : public Page
     Q_OBJECT
 
 public:
-    explicit DefaultProfilePage(Options &options);
+    DefaultProfilePage(Prompt &prompt, Options &options);
     [[nodiscard]] QString Title() const override;
     void Load() override;
     [[nodiscard]] bool Leave() override;
     void Collect() override;
 
 private:
+    Prompt &prompt;
     Options &options;
     AccessTypeBox *type;
     QComboBox *period;

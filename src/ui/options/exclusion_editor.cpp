@@ -9,11 +9,10 @@
 
 using namespace Qt::StringLiterals;
 
-ExclusionEditor::ExclusionEditor(QList<Ipv4> &edited,
-                                 qsizetype most,
-                                 const Texts &texts,
-                                 QWidget *parent)
+ExclusionEditor::ExclusionEditor(
+    Prompt &messages, QList<Ipv4> &edited, qsizetype most, const Texts &texts, QWidget *parent)
     : QWidget(parent)
+    , prompt(messages)
     , exclusions(edited)
     , capacity(most)
     , address(new IpAddressField(PlainLabel(texts.entry)))
@@ -34,7 +33,7 @@ ExclusionEditor::ExclusionEditor(QList<Ipv4> &edited,
 void ExclusionEditor::Add()
 {
     if (const auto problem = CheckExclusion(exclusions, address->Address())) {
-        Complain(TextOf(*problem));
+        Complain(prompt, TextOf(*problem));
         return;
     }
     exclusions.append(*address->Address());
@@ -47,7 +46,7 @@ void ExclusionEditor::Remove()
 {
     const int row = list->Row();
     if (row < 0) {
-        Complain(u"Select an item to delete"_s);
+        Complain(prompt, u"Select an item to delete"_s);
         return;
     }
     exclusions.removeAt(row);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/exclusions.h"
+#include "base/prompt.h"
 
 #include <QWidget>
 
@@ -22,7 +23,8 @@ public:
     };
 
     // Edits `exclusions` in place; while it holds `capacity` of them nothing can be entered.
-    ExclusionEditor(QList<Ipv4> &exclusions,
+    ExclusionEditor(Prompt &prompt,
+                    QList<Ipv4> &exclusions,
                     qsizetype capacity,
                     const Texts &texts,
                     QWidget *parent = nullptr);
@@ -33,6 +35,7 @@ private:
     void Add();
     void Remove();
 
+    Prompt &prompt;
     QList<Ipv4> &exclusions;
     qsizetype capacity;
     IpAddressField *address;

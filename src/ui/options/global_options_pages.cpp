@@ -27,10 +27,11 @@ TextField *PasswordField(const char *objectName)
 
 } // namespace
 
-CAdministratorGenOpt1st::CAdministratorGenOpt1st(GlobalOptions &options)
+CAdministratorGenOpt1st::CAdministratorGenOpt1st(Prompt &prompt, GlobalOptions &options)
 {
     auto *column = new QVBoxLayout(this);
-    column->addWidget(new CurrencyEditor(options.currency,
+    column->addWidget(new CurrencyEditor(prompt,
+                                         options.currency,
                                          {u"Traffic rate"_s,
                                           u"Set new rate"_s,
                                           u"Add"_s,
@@ -50,8 +51,9 @@ CAdministratorGenOptBind::CAdministratorGenOptBind(GlobalOptions &options)
         options.identMode, options.controlMac, u"Enable IP-MAC addresses correspondence control"_s)
 { }
 
-CAdministratorGenOptMisc::CAdministratorGenOptMisc(GlobalOptions &edited)
-    : options(edited)
+CAdministratorGenOptMisc::CAdministratorGenOptMisc(Prompt &messages, GlobalOptions &edited)
+    : prompt(messages)
+    , options(edited)
     , updatePeriod(new WholeNumberField)
     , domainLogon(MakeButton<QCheckBox>(u"Require domain logon"_s, "domainLogon"))
 {
@@ -92,11 +94,11 @@ void CAdministratorGenOptMisc::Load()
 
 bool CAdministratorGenOptMisc::Leave()
 {
-    if (!HoldsInteger(*updatePeriod, kMinUpdatePeriod, kMaxUpdatePeriod)) {
+    if (!HoldsInteger(prompt, *updatePeriod, kMinUpdatePeriod, kMaxUpdatePeriod)) {
         return false;
     }
     if (password->text() != retyped->text()) {
-        Complain(u"You entered different passwords. Please re-enter"_s);
+        Complain(prompt, u"You entered different passwords. Please re-enter"_s);
         password->setFocus();
         return false;
     }
@@ -110,8 +112,9 @@ void CAdministratorGenOptMisc::Collect()
     options.deinstallPassword = password->text();
 }
 
-CAdministratorGenOptNetwork::CAdministratorGenOptNetwork(GlobalOptions &options)
-    : NetworkPage(options.ranges,
+CAdministratorGenOptNetwork::CAdministratorGenOptNetwork(Prompt &prompt, GlobalOptions &options)
+    : NetworkPage(prompt,
+                  options.ranges,
                   {u"Local IP addresses"_s, u"Add range"_s, u"Delete range"_s},
                   options.exclusions,
                   {u"Excluded IP addresses"_s,
@@ -120,6 +123,7 @@ CAdministratorGenOptNetwork::CAdministratorGenOptNetwork(GlobalOptions &options)
                    u"Delete address"_s})
 { }
 
-CAdministratorGenOptProtocols::CAdministratorGenOptProtocols(GlobalOptions &options)
-    : ProtocolsPage(options.protocols, options.monitorMode)
+CAdministratorGenOptProtocols::CAdministratorGenOptProtocols(Prompt &messages,
+                                                             GlobalOptions &options)
+    : ProtocolsPage(messages, options.protocols, options.monitorMode)
 { }

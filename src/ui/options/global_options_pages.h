@@ -15,7 +15,7 @@ class CAdministratorGenOpt1st : public Page
     Q_OBJECT
 
 public:
-    explicit CAdministratorGenOpt1st(GlobalOptions &options);
+    CAdministratorGenOpt1st(Prompt &prompt, GlobalOptions &options);
     [[nodiscard]] QString Title() const override;
 };
 
@@ -33,7 +33,7 @@ class CAdministratorGenOptMisc : public Page
     Q_OBJECT
 
 public:
-    explicit CAdministratorGenOptMisc(GlobalOptions &options);
+    CAdministratorGenOptMisc(Prompt &prompt, GlobalOptions &options);
     [[nodiscard]] QString Title() const override;
     void Load() override;
 
@@ -44,6 +44,7 @@ public:
 private:
     [[nodiscard]] QWidget *PasswordBox();
 
+    Prompt &prompt;
     GlobalOptions &options;
     WholeNumberField *updatePeriod;
     QCheckBox *domainLogon;
@@ -56,7 +57,7 @@ class CAdministratorGenOptNetwork : public NetworkPage
     Q_OBJECT
 
 public:
-    explicit CAdministratorGenOptNetwork(GlobalOptions &options);
+    CAdministratorGenOptNetwork(Prompt &prompt, GlobalOptions &options);
 };
 
 class CAdministratorGenOptProtocols : public ProtocolsPage
@@ -64,5 +65,5 @@ class CAdministratorGenOptProtocols : public ProtocolsPage
     Q_OBJECT
 
 public:
-    explicit CAdministratorGenOptProtocols(GlobalOptions &options);
+    CAdministratorGenOptProtocols(Prompt &prompt, GlobalOptions &options);
 };

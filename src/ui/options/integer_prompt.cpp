@@ -7,9 +7,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool Refuse(WholeNumberField &field, const QString &text)
+bool Refuse(Prompt &prompt, WholeNumberField &field, const QString &text)
 {
-    Complain(text);
+    Complain(prompt, text);
     field.setFocus();
     field.selectAll();
     return false;
@@ -17,14 +17,15 @@ bool Refuse(WholeNumberField &field, const QString &text)
 
 } // namespace
 
-bool HoldsInteger(WholeNumberField &field)
+bool HoldsInteger(Prompt &prompt, WholeNumberField &field)
 {
-    return field.Number().has_value() || Refuse(field, u"Please enter an integer."_s);
+    return field.Number().has_value() || Refuse(prompt, field, u"Please enter an integer."_s);
 }
 
-bool HoldsInteger(WholeNumberField &field, quint32 least, quint32 most)
+bool HoldsInteger(Prompt &prompt, WholeNumberField &field, quint32 least, quint32 most)
 {
     const auto number = field.Number();
     return (number && *number >= least && *number <= most)
-        || Refuse(field, u"Please enter an integer between %1 and %2."_s.arg(least).arg(most));
+        || Refuse(
+               prompt, field, u"Please enter an integer between %1 and %2."_s.arg(least).arg(most));
 }

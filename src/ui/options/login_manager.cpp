@@ -1,6 +1,5 @@
 #include "ui/options/login_manager.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -23,12 +22,12 @@ constexpr int kFilterRole = Qt::UserRole;
 constexpr int kGroupRole = Qt::UserRole + 1;
 constexpr int kIndexRole = Qt::UserRole;
 
-QTreeWidgetItem *Entry(const QString &text, Filter filter, Picture picture, quint32 groupId = 0)
+QTreeWidgetItem *Entry(const QString &text, Filter filter, Picture picture, GroupId groupId = {})
 {
     auto *entry = new QTreeWidgetItem({text});
     entry->setIcon(0, IconOf(picture));
     entry->setData(0, kFilterRole, static_cast<int>(filter));
-    entry->setData(0, kGroupRole, groupId);
+    entry->setData(0, kGroupRole, groupId.value);
     return entry;
 }
 
@@ -47,7 +46,9 @@ QString BindAddress(const Login &login)
 
 } // namespace
 
-LoginManager::LoginManager(QWidget *parent) : QDialog(parent)
+LoginManager::LoginManager(const AppServices &appServices, QWidget *parent)
+    : QDialog(parent)
+    , services(appServices)
 {
     setWindowTitle(u"Login manager"_s);
     table.Load();
@@ -137,12 +138,11 @@ bool LoginManager::IsShown(const Login &login) const
     }
     switch (static_cast<Filter>(entry->data(0, kFilterRole).toInt())) {
     case Filter::Group:
-        return login.userId != Login::kNobody
-            && login.groupId == entry->data(0, kGroupRole).toUInt();
+        return login.userId.IsSet() && login.groupId.value == entry->data(0, kGroupRole).toUInt();
     case Filter::Guest:
         return login.guest;
     case Filter::NoBind:
-        return login.userId == Login::kNobody;
+        return !login.userId.IsSet();
     case Filter::AllGroups:
         break;
     }
@@ -166,7 +166,7 @@ void LoginManager::EnableButtons()
 
 void LoginManager::Create()
 {
-    if (CreateLoginDialog(table, {}, this).exec() == Accepted) {
+    if (CreateLoginDialog(services, table, {}, this).exec() == Accepted) {
         FillList();
     }
 }
@@ -174,7 +174,7 @@ void LoginManager::Create()
 void LoginManager::Edit()
 {
     const auto index = Selected();
-    if (index && CreateLoginDialog(table, index, this).exec() == Accepted) {
+    if (index && CreateLoginDialog(services, table, index, this).exec() == Accepted) {
         FillList();
     }
 }
@@ -182,7 +182,7 @@ void LoginManager::Edit()
 void LoginManager::Remove()
 {
     const auto index = Selected();
-    if (index && theApp->Messages().Ask(u"Remove this login from the database?"_s)) {
+    if (index && services.prompt.Ask(u"Remove this login from the database?"_s)) {
         table.Remove(*index);
         FillList();
     }
@@ -190,12 +190,12 @@ void LoginManager::Remove()
 
 void LoginManager::accept()
 {
-    if (table.Save(theApp->Messages())) {
+    if (table.Save(services.prompt)) {
         QDialog::accept();
     }
 }
 
-void OpenLoginManager(QWidget *parent)
+void OpenLoginManager(const AppServices &services, QWidget *parent)
 {
-    LoginManager(parent).exec();
+    LoginManager(services, parent).exec();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/login_table.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -13,7 +14,7 @@ class LoginManager : public QDialog
     Q_OBJECT
 
 public:
-    explicit LoginManager(QWidget *parent);
+    LoginManager(const AppServices &services, QWidget *parent);
 
     void accept() override;
 
@@ -28,6 +29,7 @@ private:
     void Edit();
     void Remove();
 
+    const AppServices &services;
     LoginTable table;
     QTreeWidget *tree = nullptr;
     QTreeWidget *list = nullptr;
@@ -35,4 +37,4 @@ private:
     QPushButton *remove = nullptr;
 };
 
-void OpenLoginManager(QWidget *parent);
+void OpenLoginManager(const AppServices &services, QWidget *parent);

@@ -1,6 +1,5 @@
 #include "ui/options/monitored_dialog.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 
@@ -9,8 +8,12 @@
 
 using namespace Qt::StringLiterals;
 
-MonitoredDialog::MonitoredDialog(ProtocolTable &edited, int monitorMode, QWidget *parent)
+MonitoredDialog::MonitoredDialog(Prompt &messages,
+                                 ProtocolTable &edited,
+                                 int monitorMode,
+                                 QWidget *parent)
     : QDialog(parent)
+    , prompt(messages)
     , table(edited)
     , mode(monitorMode)
     , list(new QListWidget)
@@ -35,7 +38,7 @@ void MonitoredDialog::accept()
     for (int row = 0; row < list->count(); ++row) {
         any = any || isChecked(row);
     }
-    if (!AcceptsMonitoring(any, mode, theApp->Messages())) {
+    if (!AcceptsMonitoring(any, mode, prompt)) {
         return;
     }
     for (int row = 0; row < list->count(); ++row) {

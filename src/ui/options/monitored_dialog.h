@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/protocol_table.h"
+#include "base/prompt.h"
 
 #include <QDialog>
 
@@ -13,12 +14,13 @@ class MonitoredDialog : public QDialog
 
 public:
     // Writes into `table` on OK only. `mode` is the "monitorprotmode" of the page.
-    MonitoredDialog(ProtocolTable &table, int mode, QWidget *parent);
+    MonitoredDialog(Prompt &prompt, ProtocolTable &table, int mode, QWidget *parent);
 
     // Stays open when nothing is checked and the administrator then says No.
     void accept() override;
 
 private:
+    Prompt &prompt;
     ProtocolTable &table;
     int mode;
     QListWidget *list;

@@ -4,14 +4,15 @@
 
 using namespace Qt::StringLiterals;
 
-NetworkPage::NetworkPage(QList<AddressRange> &ranges,
+NetworkPage::NetworkPage(Prompt &prompt,
+                         QList<AddressRange> &ranges,
                          const RangeEditor::Texts &rangeTexts,
                          QList<Ipv4> &exclusions,
                          const ExclusionEditor::Texts &exclusionTexts)
 {
     auto *column = new QVBoxLayout(this);
-    column->addWidget(new RangeEditor(ranges, RangeEditor::Entry::Dialog, rangeTexts));
-    column->addWidget(new ExclusionEditor(exclusions, kMaxExclusions, exclusionTexts));
+    column->addWidget(new RangeEditor(prompt, ranges, RangeEditor::Entry::Dialog, rangeTexts));
+    column->addWidget(new ExclusionEditor(prompt, exclusions, kMaxExclusions, exclusionTexts));
 }
 
 QString NetworkPage::Title() const

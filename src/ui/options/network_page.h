@@ -1,6 +1,7 @@
 // The local address ranges and the addresses excluded from them.
 #pragma once
 
+#include "base/prompt.h"
 #include "ui/common/page.h"
 #include "ui/options/exclusion_editor.h"
 #include "ui/options/range_editor.h"
@@ -11,7 +12,8 @@ class NetworkPage : public Page
 
 public:
     // Edits both lists in place.
-    NetworkPage(QList<AddressRange> &ranges,
+    NetworkPage(Prompt &prompt,
+                QList<AddressRange> &ranges,
                 const RangeEditor::Texts &rangeTexts,
                 QList<Ipv4> &exclusions,
                 const ExclusionEditor::Texts &exclusionTexts);

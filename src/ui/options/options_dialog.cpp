@@ -1,7 +1,6 @@
 #include "ui/options/options_dialog.h"
 
 #include "admin/options.h"
-#include "app/administrator_app.h"
 #include "ui/options/bind_page.h"
 #include "ui/options/default_profile_page.h"
 #include "ui/options/network_page.h"
@@ -13,10 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void AddPages(PageListSheet &sheet, Options &options)
+void AddPages(PageListSheet &sheet, Prompt &prompt, Options &options)
 {
-    sheet.Add(new GeneralPage(options), Picture::Options);
-    sheet.Add(new NetworkPage(options.ranges,
+    sheet.Add(new GeneralPage(prompt, options), Picture::Options);
+    sheet.Add(new NetworkPage(prompt,
+                              options.ranges,
                               {u"Local IP addresses"_s, u"Add..."_s, u"Remove"_s},
                               options.exclusions,
                               {u"Excluded IP addresses"_s,
@@ -24,28 +24,31 @@ void AddPages(PageListSheet &sheet, Options &options)
                                u"Add..."_s,
                                u"Remove"_s}),
               Picture::Network);
-    sheet.Add(new AdapterPage(options, SystemAdapters()), Picture::Adapter);
-    sheet.Add(new TariffPage(options), Picture::Tariff);
-    sheet.Add(new ProtocolsPage(options.protocols, options.monitorMode), Picture::Protocols);
+    sheet.Add(new AdapterPage(prompt, options, SystemAdapters()), Picture::Adapter);
+    sheet.Add(new TariffPage(prompt, options), Picture::Tariff);
+    sheet.Add(new ProtocolsPage(prompt, options.protocols, options.monitorMode),
+              Picture::Protocols);
     sheet.Add(new BindPage(options.identMode,
                            options.controlMac,
                            u"Prevent users from changing IP address"_s),
               Picture::Binding);
-    sheet.Add(new AuthenticationPage(options), Picture::Logins);
-    sheet.Add(new DefaultProfilePage(options), Picture::User);
+    sheet.Add(new AuthenticationPage(prompt, options), Picture::Logins);
+    sheet.Add(new DefaultProfilePage(prompt, options), Picture::User);
 }
 
 } // namespace
 
-bool OpenOptions(QWidget *parent, const std::function<void()> &refreshPanes)
+bool OpenOptions(const AppServices &services,
+                 QWidget *parent,
+                 const std::function<void()> &refreshPanes)
 {
-    Options options = LoadOptions(theApp->Config());
-    PageListSheet sheet(u"Options"_s, parent);
-    AddPages(sheet, options);
+    Options options = LoadOptions(services.settings);
+    PageListSheet sheet(services.prompt, u"Options"_s, parent);
+    AddPages(sheet, services.prompt, options);
     if (!sheet.Run(0)) {
         return false;
     }
-    SaveOptions(options, theApp->Config(), theApp->Messages(), [&refreshPanes] {
+    SaveOptions(options, services.settings, services.prompt, [&refreshPanes] {
         if (refreshPanes) {
             refreshPanes();
         }

@@ -1,6 +1,8 @@
 // "Options": the settings that the accounting service reads.
 #pragma once
 
+#include "startup/app_services.h"
+
 #include <functional>
 
 class QWidget;
@@ -8,4 +10,6 @@ class QWidget;
 // Opens the dialog on what the store and the database hold; OK writes everything back. True after
 // OK: the panes then show something else. `refreshPanes` is called when a user is removed because
 // its address was excluded, and at the end.
-bool OpenOptions(QWidget *parent, const std::function<void()> &refreshPanes = {});
+bool OpenOptions(const AppServices &services,
+                 QWidget *parent,
+                 const std::function<void()> &refreshPanes = {});

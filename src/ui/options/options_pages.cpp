@@ -26,7 +26,10 @@ quint32 Shown(qint32 number)
 
 } // namespace
 
-GeneralPage::GeneralPage(Options &edited) : options(edited), updatePeriod(new WholeNumberField)
+GeneralPage::GeneralPage(Prompt &messages, Options &edited)
+    : prompt(messages)
+    , options(edited)
+    , updatePeriod(new WholeNumberField)
 {
     updatePeriod->setObjectName(u"updatePeriod"_s);
     auto *form = new QFormLayout(this);
@@ -45,7 +48,7 @@ void GeneralPage::Load()
 
 bool GeneralPage::Leave()
 {
-    return HoldsInteger(*updatePeriod);
+    return HoldsInteger(prompt, *updatePeriod);
 }
 
 void GeneralPage::Collect()
@@ -53,9 +56,9 @@ void GeneralPage::Collect()
     options.updatePeriod = static_cast<qint32>(updatePeriod->Number().value_or(0));
 }
 
-AdapterPage::AdapterPage(Options &options, const QList<Adapter> &adapters)
+AdapterPage::AdapterPage(Prompt &prompt, Options &options, const QList<Adapter> &adapters)
 {
-    auto *chooser = new AdapterChooser(adapters);
+    auto *chooser = new AdapterChooser(prompt, adapters);
     chooser->SetCurrent(options.adapter.value_or(u"Error!"_s));
     connect(chooser, &AdapterChooser::Picked, this, [&options](const Adapter &adapter) {
         options.adapter = adapter.description;
@@ -70,10 +73,11 @@ QString AdapterPage::Title() const
     return u"Adapter selection"_s;
 }
 
-TariffPage::TariffPage(Options &options)
+TariffPage::TariffPage(Prompt &prompt, Options &options)
 {
     auto *column = new QVBoxLayout(this);
-    column->addWidget(new CurrencyEditor(options.currency,
+    column->addWidget(new CurrencyEditor(prompt,
+                                         options.currency,
                                          {u"Current tariff"_s,
                                           u"Set"_s,
                                           u"Add..."_s,
@@ -88,8 +92,9 @@ QString TariffPage::Title() const
     return u"Tariff"_s;
 }
 
-AuthenticationPage::AuthenticationPage(Options &edited)
-    : options(edited)
+AuthenticationPage::AuthenticationPage(Prompt &messages, Options &edited)
+    : prompt(messages)
+    , options(edited)
     , port(new WholeNumberField)
     , requiredForNew(
           MakeButton<QCheckBox>(u"Require authentication from all new users"_s, "authReqNew"))
@@ -121,7 +126,7 @@ void AuthenticationPage::Load()
 
 bool AuthenticationPage::Leave()
 {
-    return HoldsInteger(*port, 0, kHighestAuthPort);
+    return HoldsInteger(prompt, *port, 0, kHighestAuthPort);
 }
 
 void AuthenticationPage::Collect()

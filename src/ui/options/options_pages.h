@@ -3,6 +3,7 @@
 
 #include "admin/adapters.h"
 #include "admin/options.h"
+#include "base/prompt.h"
 #include "ui/common/page.h"
 
 class QCheckBox;
@@ -13,13 +14,14 @@ class GeneralPage : public Page
     Q_OBJECT
 
 public:
-    explicit GeneralPage(Options &options);
+    GeneralPage(Prompt &prompt, Options &options);
     [[nodiscard]] QString Title() const override;
     void Load() override;
     [[nodiscard]] bool Leave() override;
     void Collect() override;
 
 private:
+    Prompt &prompt;
     Options &options;
     WholeNumberField *updatePeriod;
 };
@@ -29,7 +31,7 @@ class AdapterPage : public Page
     Q_OBJECT
 
 public:
-    AdapterPage(Options &options, const QList<Adapter> &adapters);
+    AdapterPage(Prompt &prompt, Options &options, const QList<Adapter> &adapters);
     [[nodiscard]] QString Title() const override;
 };
 
@@ -38,7 +40,7 @@ class TariffPage : public Page
     Q_OBJECT
 
 public:
-    explicit TariffPage(Options &options);
+    TariffPage(Prompt &prompt, Options &options);
     [[nodiscard]] QString Title() const override;
 };
 
@@ -47,13 +49,14 @@ class AuthenticationPage : public Page
     Q_OBJECT
 
 public:
-    explicit AuthenticationPage(Options &options);
+    AuthenticationPage(Prompt &prompt, Options &options);
     [[nodiscard]] QString Title() const override;
     void Load() override;
     [[nodiscard]] bool Leave() override;
     void Collect() override;
 
 private:
+    Prompt &prompt;
     Options &options;
     WholeNumberField *port;
     QCheckBox *requiredForNew;

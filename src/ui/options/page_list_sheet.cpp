@@ -1,6 +1,5 @@
 #include "ui/options/page_list_sheet.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/accessible.h"
 #include "ui/common/help_viewer.h"
 
@@ -43,7 +42,7 @@ QIcon Untinted(const QIcon &icon)
 
 } // namespace
 
-PageListSheet::PageListSheet(const QString &caption, QWidget *parent)
+PageListSheet::PageListSheet(Prompt &prompt, const QString &caption, QWidget *parent)
     : Sheet(caption, parent)
     , list(new QListWidget)
 {
@@ -56,8 +55,7 @@ PageListSheet::PageListSheet(const QString &caption, QWidget *parent)
     connect(this, &Sheet::Turned, this, &PageListSheet::Follow);
     auto *help = Buttons().addButton(QDialogButtonBox::Help);
     help->setObjectName(u"help"_s);
-    connect(
-        help, &QPushButton::clicked, this, [this] { OpenHelpTopics(theApp->Messages(), this); });
+    connect(help, &QPushButton::clicked, this, [this, &prompt] { OpenHelpTopics(prompt, this); });
 }
 
 void PageListSheet::Add(Page *page, Picture picture)

@@ -1,6 +1,7 @@
 // A sheet whose pages are chosen from a list with icons on its left.
 #pragma once
 
+#include "base/prompt.h"
 #include "ui/common/icons.h"
 #include "ui/common/sheet.h"
 
@@ -11,7 +12,8 @@ class PageListSheet : public Sheet
     Q_OBJECT
 
 public:
-    PageListSheet(const QString &caption, QWidget *parent);
+    // `prompt` must outlive the sheet.
+    PageListSheet(Prompt &prompt, const QString &caption, QWidget *parent);
 
     // Adds the page as the last entry of the list.
     void Add(Page *page, Picture picture);

@@ -21,21 +21,23 @@ Field *Named(const char *objectName)
     return field;
 }
 
-bool Accepted(std::optional<ProtocolProblem> problem)
+bool Accepted(Prompt &prompt, std::optional<ProtocolProblem> problem)
 {
     if (problem) {
-        Complain(TextOf(*problem));
+        Complain(prompt, TextOf(*problem));
     }
     return !problem;
 }
 
 } // namespace
 
-ProtocolList::ProtocolList(ProtocolTable &edited,
+ProtocolList::ProtocolList(Prompt &messages,
+                           ProtocolTable &edited,
                            ProtocolEntry entry,
                            const Texts &texts,
                            QWidget *parent)
     : QWidget(parent)
+    , prompt(messages)
     , table(edited)
 {
     if (entry == ProtocolEntry::Field) {
@@ -59,7 +61,7 @@ qsizetype ProtocolList::Selected() const
 
 bool ProtocolList::Add(const QString &newName)
 {
-    if (!Accepted(table.Add(newName))) {
+    if (!Accepted(prompt, table.Add(newName))) {
         return false;
     }
     Show();
@@ -90,7 +92,7 @@ void ProtocolList::Remove()
 {
     const qsizetype selected = Selected();
     if (selected < 0) {
-        Complain(u"Select an item to delete"_s);
+        Complain(prompt, u"Select an item to delete"_s);
         return;
     }
     table.Remove(selected);
@@ -108,8 +110,13 @@ void ProtocolList::Show()
     emit Changed();
 }
 
-PortList::PortList(ProtocolTable &edited, ProtocolEntry entry, const Texts &texts, QWidget *parent)
+PortList::PortList(Prompt &messages,
+                   ProtocolTable &edited,
+                   ProtocolEntry entry,
+                   const Texts &texts,
+                   QWidget *parent)
     : QWidget(parent)
+    , prompt(messages)
     , table(edited)
     , owner(new QLabel)
 {
@@ -138,7 +145,7 @@ bool PortList::Add(const QString &text)
 {
     bool isNumber = false;
     const int port = text.trimmed().toInt(&isNumber);
-    if (!Accepted(table.AddPort(protocol, isNumber ? std::optional(port) : std::nullopt))) {
+    if (!Accepted(prompt, table.AddPort(protocol, isNumber ? std::optional(port) : std::nullopt))) {
         return false;
     }
     Show(protocol);
@@ -168,7 +175,7 @@ void PortList::AddEntered()
 void PortList::Remove()
 {
     if (list->Row() < 0) {
-        Complain(u"Select an item to delete"_s);
+        Complain(prompt, u"Select an item to delete"_s);
         return;
     }
     table.RemovePort(protocol, list->Row());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/protocol_table.h"
+#include "base/prompt.h"
 
 #include <QWidget>
 
@@ -28,7 +29,8 @@ public:
     };
 
     // Edits `table` in place.
-    ProtocolList(ProtocolTable &table,
+    ProtocolList(Prompt &prompt,
+                 ProtocolTable &table,
                  ProtocolEntry entry,
                  const Texts &texts,
                  QWidget *parent = nullptr);
@@ -45,6 +47,7 @@ private:
     void AddEntered();
     void Remove();
 
+    Prompt &prompt;
     ProtocolTable &table;
     QLineEdit *name = nullptr;
     EditableList *list;
@@ -57,7 +60,8 @@ class PortList : public QWidget
 public:
     using Texts = ProtocolList::Texts;
 
-    PortList(ProtocolTable &table,
+    PortList(Prompt &prompt,
+             ProtocolTable &table,
              ProtocolEntry entry,
              const Texts &texts,
              QWidget *parent = nullptr);
@@ -70,6 +74,7 @@ private:
     void AddEntered();
     void Remove();
 
+    Prompt &prompt;
     ProtocolTable &table;
     qsizetype protocol = -1;
     QLineEdit *number = nullptr;

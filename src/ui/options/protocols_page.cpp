@@ -9,15 +9,19 @@
 
 using namespace Qt::StringLiterals;
 
-ProtocolsPage::ProtocolsPage(ProtocolTable &edited, qint32 &monitorMode)
-    : table(edited)
+ProtocolsPage::ProtocolsPage(Prompt &messages, ProtocolTable &edited, qint32 &monitorMode)
+    : prompt(messages)
+    , table(edited)
     , mode(monitorMode)
     , protocols(new ProtocolList(
+          prompt,
           table,
           ProtocolEntry::Dialog,
           {u"Available protocols"_s, {}, u"Add protocol..."_s, u"Remove protocol"_s}))
-    , ports(new PortList(
-          table, ProtocolEntry::Dialog, {u"Ports for"_s, {}, u"Add port..."_s, u"Remove port"_s}))
+    , ports(new PortList(prompt,
+                         table,
+                         ProtocolEntry::Dialog,
+                         {u"Ports for"_s, {}, u"Add port..."_s, u"Remove port"_s}))
     , setUp(MakeButton<QPushButton>(u"Setup monitored protocols"_s, "setUpMonitored"))
 {
     auto *modes = new MonitorModeBox(mode);
@@ -50,5 +54,5 @@ void ProtocolsPage::Follow()
 
 void ProtocolsPage::SetUpMonitored()
 {
-    MonitoredDialog(table, mode, this).exec();
+    MonitoredDialog(prompt, table, mode, this).exec();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/protocol_table.h"
+#include "base/prompt.h"
 #include "ui/common/page.h"
 
 class MonitorModeBox;
@@ -15,7 +16,7 @@ class ProtocolsPage : public Page
 
 public:
     // Edits both in place.
-    ProtocolsPage(ProtocolTable &table, qint32 &monitorMode);
+    ProtocolsPage(Prompt &prompt, ProtocolTable &table, qint32 &monitorMode);
 
     [[nodiscard]] QString Title() const override;
 
@@ -23,6 +24,7 @@ private:
     void Follow();
     void SetUpMonitored();
 
+    Prompt &prompt;
     ProtocolTable &table;
     qint32 &mode;
     ProtocolList *protocols;

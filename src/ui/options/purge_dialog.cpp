@@ -1,6 +1,5 @@
 #include "ui/options/purge_dialog.h"
 
-#include "app/administrator_app.h"
 #include "base/painted_work.h"
 #include "service/service_guard.h"
 #include "ui/common/accessible.h"
@@ -55,7 +54,9 @@ QString Number(qint64 number)
 
 } // namespace
 
-PurgeDialog::PurgeDialog(QWidget *parent) : QDialog(parent)
+PurgeDialog::PurgeDialog(const AppServices &appServices, QWidget *parent)
+    : QDialog(parent)
+    , services(appServices)
 {
     setWindowTitle(u"Purge database"_s);
     Build();
@@ -79,10 +80,10 @@ void PurgeDialog::Build()
     close->setDefault(true);
     connect(purge, &QPushButton::clicked, this, &PurgeDialog::Purge);
     connect(close, &QPushButton::clicked, this, &PurgeDialog::reject);
-    connect(help, &QPushButton::clicked, this, [] {
-        theApp->Messages().Tell(u"The records of the days that you keep stay in the database; all "
-                                "older and newer ones are removed for good. Visits to sites are "
-                                "removed only together with all other information."_s);
+    connect(help, &QPushButton::clicked, this, [this] {
+        services.prompt.Tell(u"The records of the days that you keep stay in the database; all "
+                             "older and newer ones are removed for good. Visits to sites are "
+                             "removed only together with all other information."_s);
     });
 
     auto *choices = new QHBoxLayout;
@@ -190,9 +191,8 @@ bool PurgeDialog::IsPeriodInOrder()
     if (!isCustom || since->date() <= until->date()) {
         return true;
     }
-    theApp->Messages().Tell(
-        u"You entered incorrect time period. Please re-enter one of the dates"_s,
-        Prompt::Icon::Warning);
+    services.prompt.Tell(u"You entered incorrect time period. Please re-enter one of the dates"_s,
+                         Prompt::Icon::Warning);
     until->setDate(since->date());
     until->setFocus();
     return false;
@@ -210,11 +210,11 @@ void PurgeDialog::Purge()
     RunPainted([&] { counts = CountPurge(steps); });
     ShowCounts(counts);
     doing->clear();
-    const bool yes = theApp->Messages().Ask(
+    const bool yes = services.prompt.Ask(
         u"This will erase the particular information from your database. Continue?"_s);
     if (yes) {
         RunSteps(steps);
-        theApp->Messages().Tell(u"Purge complete"_s);
+        services.prompt.Tell(u"Purge complete"_s);
     }
     SetBusy(false);
 }
@@ -273,9 +273,9 @@ void PurgeDialog::reject()
     }
 }
 
-void OpenPurge(QWidget *parent)
+void OpenPurge(const AppServices &services, QWidget *parent)
 {
-    if (PurgeMayOpen(theApp->Control(), theApp->Messages())) {
-        PurgeDialog(parent).exec();
+    if (PurgeMayOpen(services.control, services.prompt)) {
+        PurgeDialog(services, parent).exec();
     }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/purge.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -19,7 +20,7 @@ class PurgeDialog : public QDialog
     Q_OBJECT
 
 public:
-    explicit PurgeDialog(QWidget *parent);
+    PurgeDialog(const AppServices &services, QWidget *parent);
 
     void reject() override;
 
@@ -37,6 +38,7 @@ private:
     void ShowRemoved(const PurgeStep &step, std::optional<qint64> rows);
     void SetBusy(bool busy);
 
+    const AppServices &services;
     QRadioButton *all = nullptr;
     QRadioButton *byPeriod = nullptr;
     QCheckBox *deleteUsers = nullptr;
@@ -56,4 +58,4 @@ private:
 };
 
 // The "Purge database..." command: it runs only while the accounting service is stopped.
-void OpenPurge(QWidget *parent);
+void OpenPurge(const AppServices &services, QWidget *parent);

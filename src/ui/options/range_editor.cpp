@@ -11,8 +11,11 @@
 
 using namespace Qt::StringLiterals;
 
-AddRangeDialog::AddRangeDialog(const QList<AddressRange> &existing, QWidget *parent)
+AddRangeDialog::AddRangeDialog(Prompt &messages,
+                               const QList<AddressRange> &existing,
+                               QWidget *parent)
     : QDialog(parent)
+    , prompt(messages)
     , ranges(existing)
     , network(new IpAddressField(u"IP address"_s))
     , mask(new IpAddressField(u"Subnet mask"_s))
@@ -29,18 +32,17 @@ AddRangeDialog::AddRangeDialog(const QList<AddressRange> &existing, QWidget *par
 void AddRangeDialog::accept()
 {
     if (const auto problem = CheckRange(ranges, network->Address(), mask->Address())) {
-        Complain(TextOf(*problem));
+        Complain(prompt, TextOf(*problem));
         return;
     }
     range = {*network->Address(), *mask->Address()};
     QDialog::accept();
 }
 
-RangeEditor::RangeEditor(QList<AddressRange> &edited,
-                         Entry entry,
-                         const Texts &texts,
-                         QWidget *parent)
+RangeEditor::RangeEditor(
+    Prompt &messages, QList<AddressRange> &edited, Entry entry, const Texts &texts, QWidget *parent)
     : QWidget(parent)
+    , prompt(messages)
     , ranges(edited)
 {
     QWidget *fields = entry == Entry::Fields ? MakeFields() : nullptr;
@@ -74,18 +76,18 @@ QWidget *RangeEditor::MakeFields()
 void RangeEditor::AddEntered()
 {
     if (ranges.size() >= kMaxRanges) {
-        Complain(TextOf(RangeProblem::Full));
+        Complain(prompt, TextOf(RangeProblem::Full));
         return;
     }
     if (!network) {
-        AddRangeDialog dialog(ranges, this);
+        AddRangeDialog dialog(prompt, ranges, this);
         if (dialog.exec() == QDialog::Accepted) {
             Add(dialog.Range());
         }
         return;
     }
     if (const auto problem = CheckRange(ranges, network->Address(), mask->Address())) {
-        Complain(TextOf(*problem));
+        Complain(prompt, TextOf(*problem));
         return;
     }
     Add({*network->Address(), *mask->Address()});
@@ -106,7 +108,7 @@ void RangeEditor::Remove()
 {
     const int row = list->Row();
     if (row < 0) {
-        Complain(u"Select an item to delete"_s);
+        Complain(prompt, u"Select an item to delete"_s);
         return;
     }
     ranges.removeAt(row);

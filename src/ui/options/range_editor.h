@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/address_ranges.h"
+#include "base/prompt.h"
 
 #include <QDialog>
 
@@ -15,7 +16,7 @@ class AddRangeDialog : public QDialog
 
 public:
     // The new range must not overlap the existing ones.
-    AddRangeDialog(const QList<AddressRange> &existing, QWidget *parent);
+    AddRangeDialog(Prompt &prompt, const QList<AddressRange> &existing, QWidget *parent);
 
     [[nodiscard]] AddressRange Range() const { return range; }
 
@@ -23,6 +24,7 @@ public:
     void accept() override;
 
 private:
+    Prompt &prompt;
     const QList<AddressRange> &ranges;
     IpAddressField *network;
     IpAddressField *mask;
@@ -43,7 +45,8 @@ public:
     };
 
     // Edits `ranges` in place. With fields, "Net address" and "Subnet mask" stand above the list.
-    RangeEditor(QList<AddressRange> &ranges,
+    RangeEditor(Prompt &prompt,
+                QList<AddressRange> &ranges,
                 Entry entry,
                 const Texts &texts,
                 QWidget *parent = nullptr);
@@ -60,6 +63,7 @@ private:
     void AddEntered();
     void Remove();
 
+    Prompt &prompt;
     QList<AddressRange> &ranges;
     IpAddressField *network = nullptr;
     IpAddressField *mask = nullptr;

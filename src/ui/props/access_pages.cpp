@@ -1,6 +1,5 @@
 #include "ui/props/access_pages.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/controls.h"
 #include "ui/props/access_type_box.h"
 #include "ui/props/block_box.h"
@@ -10,8 +9,11 @@
 
 using namespace Qt::StringLiterals;
 
-CAdministratorUserPAccess::CAdministratorUserPAccess(UserRecord &user, QWidget *parent)
+CAdministratorUserPAccess::CAdministratorUserPAccess(Prompt &messages,
+                                                     UserRecord &user,
+                                                     QWidget *parent)
     : Page(parent)
+    , prompt(messages)
     , record(user)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , block(new BlockBox(u"Block user imminently"_s))
@@ -48,9 +50,9 @@ bool CAdministratorUserPAccess::Leave()
     if (ModeFor(type->Choice())) {
         return true;
     }
-    theApp->Messages().Tell(u"Please choose one or both corporate type options"_s,
-                            Prompt::Icon::Warning,
-                            u"Tollbrook"_s);
+    prompt.Tell(u"Please choose one or both corporate type options"_s,
+                Prompt::Icon::Warning,
+                u"Tollbrook"_s);
     return false;
 }
 

@@ -3,6 +3,7 @@
 
 #include "access/group_record.h"
 #include "access/user_record.h"
+#include "base/prompt.h"
 #include "ui/common/page.h"
 
 class AccessTypeBox;
@@ -15,7 +16,7 @@ class CAdministratorUserPAccess : public Page
     Q_OBJECT
 
 public:
-    explicit CAdministratorUserPAccess(UserRecord &record, QWidget *parent = nullptr);
+    CAdministratorUserPAccess(Prompt &prompt, UserRecord &record, QWidget *parent = nullptr);
 
     [[nodiscard]] QString Title() const override;
     void Load() override;
@@ -25,6 +26,7 @@ public:
 private:
     void StageMode();
 
+    Prompt &prompt;
     UserRecord &record;
     AccessTypeBox *type;
     BlockBox *block;

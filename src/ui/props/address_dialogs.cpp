@@ -16,8 +16,9 @@ constexpr qsizetype kMacCharacters = 12;
 
 }
 
-ChangeIpDialog::ChangeIpDialog(const QString &address, QWidget *parent)
+ChangeIpDialog::ChangeIpDialog(Prompt &messages, const QString &address, QWidget *parent)
     : QDialog(parent)
+    , prompt(messages)
     , field(new IpAddressField(u"IP address"_s))
 {
     setWindowTitle(u"Change IP Address"_s);
@@ -35,15 +36,16 @@ void ChangeIpDialog::accept()
 {
     const auto address = field->Address();
     if (!address) {
-        Complain(u"Please enter full IP address"_s);
+        Complain(prompt, u"Please enter full IP address"_s);
         return;
     }
     emit Entered(*address);
     QDialog::accept();
 }
 
-ChangeMacDialog::ChangeMacDialog(const QString &address, QWidget *parent)
+ChangeMacDialog::ChangeMacDialog(Prompt &messages, const QString &address, QWidget *parent)
     : QDialog(parent)
+    , prompt(messages)
     , field(new TextField)
 {
     setWindowTitle(u"Change MAC address"_s);
@@ -58,7 +60,7 @@ ChangeMacDialog::ChangeMacDialog(const QString &address, QWidget *parent)
 void ChangeMacDialog::accept()
 {
     if (field->text().toUcs4().size() != kMacCharacters) {
-        Complain(u"MAC address can contain only 12 symbols. Please re-enter the address"_s);
+        Complain(prompt, u"MAC address can contain only 12 symbols. Please re-enter the address"_s);
         return;
     }
     QDialog::accept();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/ipv4.h"
+#include "base/prompt.h"
 
 #include <QDialog>
 
@@ -14,7 +15,7 @@ class ChangeIpDialog : public QDialog
 
 public:
     // Starts with `address` when that is one.
-    explicit ChangeIpDialog(const QString &address, QWidget *parent = nullptr);
+    ChangeIpDialog(Prompt &prompt, const QString &address, QWidget *parent = nullptr);
 
     // Refuses an incomplete address.
     void accept() override;
@@ -24,6 +25,7 @@ signals:
     void Entered(Ipv4 address);
 
 private:
+    Prompt &prompt;
     IpAddressField *field;
 };
 
@@ -32,7 +34,7 @@ class ChangeMacDialog : public QDialog
     Q_OBJECT
 
 public:
-    explicit ChangeMacDialog(const QString &address, QWidget *parent = nullptr);
+    ChangeMacDialog(Prompt &prompt, const QString &address, QWidget *parent = nullptr);
 
     // Refuses any text that is not twelve characters long. Kept: it may be any twelve characters.
     void accept() override;
@@ -40,5 +42,6 @@ public:
     [[nodiscard]] QString Address() const;
 
 private:
+    Prompt &prompt;
     TextField *field;
 };

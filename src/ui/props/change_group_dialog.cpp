@@ -12,9 +12,9 @@
 
 using namespace Qt::StringLiterals;
 
-ChangeGroupDialog::ChangeGroupDialog(Prompt &messages, QWidget *parent)
+ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices, QWidget *parent)
     : QDialog(parent)
-    , prompt(messages)
+    , services(appServices)
     , list(new QListWidget(this))
     , add(new QPushButton(u"Add group..."_s, this))
     , remove(new QPushButton(u"Delete group"_s, this))
@@ -89,7 +89,7 @@ bool ChangeGroupDialog::IsNew(const QString &name)
 {
     for (int position = 0; position < list->count(); ++position) {
         if (list->item(position)->text().compare(name, Qt::CaseInsensitive) == 0) {
-            prompt.Tell(u"The group with this name already exists!"_s);
+            services.prompt.Tell(u"The group with this name already exists!"_s);
             return false;
         }
     }
@@ -113,10 +113,10 @@ void ChangeGroupDialog::AddNewGroup()
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
-    const quint32 groupId = AddGroup(dialog.Name());
-    if (groupId == 0) { // users moved there would be in no group, and gone from every list
-        prompt.Tell(u"The group could not be added; the failed statements tell why."_s,
-                    Prompt::Icon::Error);
+    const GroupId groupId = AddGroup(dialog.Name());
+    if (!groupId.IsSet()) { // users moved there would be in no group, and gone from every list
+        services.prompt.Tell(u"The group could not be added; the failed statements tell why."_s,
+                             Prompt::Icon::Error);
         return;
     }
     // Kept: the name takes its sorted place and its id the last one, so that names from there on
@@ -128,12 +128,12 @@ void ChangeGroupDialog::AddNewGroup()
 
 void ChangeGroupDialog::DeleteChosenGroup()
 {
-    if (!prompt.Ask(u"You are going to remove the group. Continue?"_s)) {
+    if (!services.prompt.Ask(u"You are going to remove the group. Continue?"_s)) {
         return;
     }
     const NamedGroup group = chosen;
     if (group.name == u"Everybody"_s) { // kept: the message does not stop the statements
-        prompt.Tell(u"You can not delete 'Everybody' group"_s);
+        services.prompt.Tell(u"You can not delete 'Everybody' group"_s);
     } else {
         const int position = ChosenRow();
         groupIds.removeAt(position);
@@ -146,7 +146,7 @@ void ChangeGroupDialog::DeleteChosenGroup()
 void ChangeGroupDialog::accept()
 {
     if (ChosenRow() < 0) {
-        prompt.Tell(u"Select group to change, please"_s);
+        services.prompt.Tell(u"Select group to change, please"_s);
         return;
     }
     QDialog::accept();

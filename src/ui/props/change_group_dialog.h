@@ -2,7 +2,7 @@
 #pragma once
 
 #include "access/group_list.h"
-#include "base/prompt.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -16,7 +16,7 @@ class ChangeGroupDialog : public QDialog
     Q_OBJECT
 
 public:
-    ChangeGroupDialog(Prompt &prompt, QWidget *parent);
+    ChangeGroupDialog(const AppServices &services, QWidget *parent);
 
     // The group that was chosen; meaningful after OK.
     [[nodiscard]] const NamedGroup &ChosenGroup() const { return chosen; }
@@ -33,11 +33,11 @@ private:
     [[nodiscard]] bool IsNew(const QString &name);
     [[nodiscard]] int SortedPlace(const QString &name) const;
 
-    Prompt &prompt;
+    const AppServices &services;
     QListWidget *list;
     QPushButton *add;
     QPushButton *remove;
     QPushButton *ok;
-    QList<quint32> groupIds; // by position
+    QList<GroupId> groupIds; // by position
     NamedGroup chosen;
 };

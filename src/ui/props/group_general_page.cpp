@@ -1,7 +1,6 @@
 #include "ui/props/group_general_page.h"
 
 #include "access/access_mode.h"
-#include "app/administrator_app.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -18,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ModeName(quint32 storedMode)
+QString ModeName(AccountingMode storedMode)
 {
     switch (ChoiceFor(storedMode).type) {
     case AccessType::Corporate:
@@ -33,8 +32,11 @@ QString ModeName(quint32 storedMode)
 
 } // namespace
 
-CAdministratorGroupPPage::CAdministratorGroupPPage(GroupRecord &group, QWidget *parent)
+CAdministratorGroupPPage::CAdministratorGroupPPage(const AppServices &appServices,
+                                                   GroupRecord &group,
+                                                   QWidget *parent)
     : Page(parent)
+    , services(appServices)
     , record(group)
     , name(new TextField)
     , description(new TextField)
@@ -114,8 +116,9 @@ void CAdministratorGroupPPage::AddMembers()
     }
     for (const Member &member : dialog.Chosen()) {
         if (!record.members.Add(member)) {
-            Complain(u"A group's page holds at most %1 users. The others were not added."_s.arg(
-                MemberTable::kMost));
+            Complain(services.prompt,
+                     u"A group's page holds at most %1 users. The others were not added."_s.arg(
+                         MemberTable::kMost));
             break;
         }
     }
@@ -125,7 +128,7 @@ void CAdministratorGroupPPage::AddMembers()
 void CAdministratorGroupPPage::RemoveMember()
 {
     const auto selected = members->selectedItems();
-    if (!selected.isEmpty() && theApp->Messages().Ask(u"Move user out of this group?"_s)) {
+    if (!selected.isEmpty() && services.prompt.Ask(u"Move user out of this group?"_s)) {
         record.members.Remove(static_cast<size_t>(members->row(selected.first())));
         ShowMembers();
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "access/group_record.h"
+#include "startup/app_services.h"
 #include "ui/common/page.h"
 
 class QLineEdit;
@@ -14,7 +15,9 @@ class CAdministratorGroupPPage : public Page
     Q_OBJECT
 
 public:
-    explicit CAdministratorGroupPPage(GroupRecord &record, QWidget *parent = nullptr);
+    CAdministratorGroupPPage(const AppServices &services,
+                             GroupRecord &record,
+                             QWidget *parent = nullptr);
 
     [[nodiscard]] QString Title() const override;
     void Load() override;
@@ -27,6 +30,7 @@ private:
     void AddMembers();
     void RemoveMember();
 
+    const AppServices &services;
     GroupRecord &record;
     TextField *name;
     TextField *description;

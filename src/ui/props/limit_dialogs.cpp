@@ -1,6 +1,5 @@
 #include "ui/props/limit_dialogs.h"
 
-#include "db/value_codes.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/number_field.h"
@@ -12,23 +11,26 @@
 
 using namespace Qt::StringLiterals;
 
-QString PeriodName(quint32 period)
+QString PeriodName(LimitPeriod period)
 {
     switch (period) {
-    case period::kDay:
+    case LimitPeriod::Day:
         return u"Day"_s;
-    case period::kMonth:
+    case LimitPeriod::Month:
         return u"Month"_s;
     default:
         return {};
     }
 }
 
-PeriodDialog::PeriodDialog(quint32 period, QWidget *parent) : QDialog(parent), list(new QListWidget)
+PeriodDialog::PeriodDialog(Prompt &messages, LimitPeriod period, QWidget *parent)
+    : QDialog(parent)
+    , prompt(messages)
+    , list(new QListWidget)
 {
     setWindowTitle(u"Accounting period"_s);
     list->setObjectName(u"periods"_s);
-    list->addItems({PeriodName(period::kDay), PeriodName(period::kMonth)});
+    list->addItems({PeriodName(LimitPeriod::Day), PeriodName(LimitPeriod::Month)});
     list->setCurrentRow(static_cast<int>(period) - 1);
     list->setMaximumHeight((list->count() + 1) * list->sizeHintForRow(0));
     auto *column = new QVBoxLayout(this);
@@ -40,20 +42,22 @@ PeriodDialog::PeriodDialog(quint32 period, QWidget *parent) : QDialog(parent), l
 
 void PeriodDialog::accept()
 {
-    if (Period() == 0) {
-        Complain(u"Please choose an accounting period"_s);
+    if (Period() == LimitPeriod::None) {
+        Complain(prompt, u"Please choose an accounting period"_s);
         return;
     }
     QDialog::accept();
 }
 
-quint32 PeriodDialog::Period() const
+LimitPeriod PeriodDialog::Period() const
 {
-    return list->selectedItems().isEmpty() ? 0 : static_cast<quint32>(list->currentRow()) + 1;
+    return list->selectedItems().isEmpty() ? LimitPeriod::None
+                                           : static_cast<LimitPeriod>(list->currentRow() + 1);
 }
 
-LimitDialog::LimitDialog(const QString &label, quint32 limit, QWidget *parent)
+LimitDialog::LimitDialog(Prompt &messages, const QString &label, quint32 limit, QWidget *parent)
     : QDialog(parent)
+    , prompt(messages)
     , field(new WholeNumberField)
 {
     setWindowTitle(u"Limit"_s);
@@ -68,7 +72,7 @@ LimitDialog::LimitDialog(const QString &label, quint32 limit, QWidget *parent)
 void LimitDialog::accept()
 {
     if (!field->Number()) {
-        Complain(u"Please enter the limit as a whole number"_s);
+        Complain(prompt, u"Please enter the limit as a whole number"_s);
         return;
     }
     QDialog::accept();
@@ -79,7 +83,10 @@ quint32 LimitDialog::Limit() const
     return field->Number().value_or(0);
 }
 
-RateDialog::RateDialog(double rate, QWidget *parent) : QDialog(parent), field(new AmountField)
+RateDialog::RateDialog(Prompt &messages, double rate, QWidget *parent)
+    : QDialog(parent)
+    , prompt(messages)
+    , field(new AmountField)
 {
     setWindowTitle(u"Rate"_s);
     field->setObjectName(u"rate"_s);
@@ -97,7 +104,7 @@ void RateDialog::accept()
 {
     const auto rate = field->Amount();
     if (!rate || *rate > kMost) {
-        Complain(u"Please enter the rate as a number from 0 to 1000000000"_s);
+        Complain(prompt, u"Please enter the rate as a number from 0 to 1000000000"_s);
         return;
     }
     QDialog::accept();

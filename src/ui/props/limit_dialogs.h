@@ -1,14 +1,17 @@
 // The small dialogs of the limits page: "Accounting period", "Limit" and "Rate".
 #pragma once
 
+#include "base/prompt.h"
+#include "db/value_codes.h"
+
 #include <QDialog>
 
 class AmountField;
 class QListWidget;
 class WholeNumberField;
 
-// "Day" or "Month" for a period (db/value_codes.h), an empty text for any other code.
-[[nodiscard]] QString PeriodName(quint32 period);
+// "Day" or "Month", an empty text for any other code.
+[[nodiscard]] QString PeriodName(LimitPeriod period);
 
 class PeriodDialog : public QDialog
 {
@@ -16,13 +19,14 @@ class PeriodDialog : public QDialog
 
 public:
     // Starts with `period` chosen; a code of no meaning chooses nothing.
-    explicit PeriodDialog(quint32 period, QWidget *parent = nullptr);
+    PeriodDialog(Prompt &prompt, LimitPeriod period, QWidget *parent = nullptr);
 
     void accept() override;
 
-    [[nodiscard]] quint32 Period() const; // 0 while nothing is chosen
+    [[nodiscard]] LimitPeriod Period() const; // None while nothing is chosen
 
 private:
+    Prompt &prompt;
     QListWidget *list;
 };
 
@@ -32,13 +36,14 @@ class LimitDialog : public QDialog
 
 public:
     // `label` names the limit and its unit.
-    LimitDialog(const QString &label, quint32 limit, QWidget *parent = nullptr);
+    LimitDialog(Prompt &prompt, const QString &label, quint32 limit, QWidget *parent = nullptr);
 
     void accept() override;
 
     [[nodiscard]] quint32 Limit() const; // 0 to 2147483647
 
 private:
+    Prompt &prompt;
     WholeNumberField *field;
 };
 
@@ -49,12 +54,13 @@ class RateDialog : public QDialog
 public:
     static constexpr double kMost = 1e9;
 
-    explicit RateDialog(double rate, QWidget *parent = nullptr);
+    RateDialog(Prompt &prompt, double rate, QWidget *parent = nullptr);
 
     void accept() override;
 
     [[nodiscard]] double Rate() const; // 0 to 1e9, two decimals
 
 private:
+    Prompt &prompt;
     AmountField *field;
 };

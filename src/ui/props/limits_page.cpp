@@ -25,11 +25,13 @@ void AddRow(QGridLayout &grid, const QString &label, QLineEdit *value, QPushButt
 
 } // namespace
 
-LimitsPage::LimitsPage(const Owner &whose,
-                       const quint32 &stagedMode,
+LimitsPage::LimitsPage(const AppServices &appServices,
+                       const Owner &whose,
+                       const AccountingMode &stagedMode,
                        LimitsDraft &staged,
                        QWidget *parent)
     : Page(parent)
+    , services(appServices)
     , owner(whose)
     , mode(stagedMode)
     , draft(staged)
@@ -38,7 +40,7 @@ LimitsPage::LimitsPage(const Owner &whose,
     , rate(MakeLine("price", "changeRate", u"Change rate"_s))
     , global(MakeButton<QCheckBox>(u"Use global settings"_s, "useGlobal"))
 {
-    if (owner.kind == Owner::Kind::User) {
+    if (owner.IsUser()) {
         time = MakeLine("timeLimit", "changeTime", u"Change time limit"_s);
         connect(time.change, &QPushButton::clicked, this, &LimitsPage::ChangeTime);
     }
@@ -111,9 +113,9 @@ void LimitsPage::ShowStaged()
         return shown ? QString::number(value) : QString();
     };
     period.value->setText(fields.period ? PeriodName(limits.period) : QString());
-    traffic.value->setText(number(fields.traffic, limits.traffic));
+    traffic.value->setText(number(fields.traffic, limits.traffic.value));
     if (time.value != nullptr) {
-        time.value->setText(number(fields.time, limits.time));
+        time.value->setText(number(fields.time, limits.time.value));
     }
     const QSignalBlocker silent(global);
     global->setChecked(fields.rates && !limits.ownPrice);
@@ -128,7 +130,7 @@ void LimitsPage::ShowPrice(bool ownPrice)
 
 void LimitsPage::ChangePeriod()
 {
-    PeriodDialog dialog(draft.Staged().period, this);
+    PeriodDialog dialog(services.prompt, draft.Staged().period, this);
     if (dialog.exec() == QDialog::Accepted) {
         draft.period = dialog.Period();
         ShowStaged();
@@ -137,25 +139,25 @@ void LimitsPage::ChangePeriod()
 
 void LimitsPage::ChangeTraffic()
 {
-    LimitDialog dialog(u"Traffic limit, Mb"_s, draft.Staged().traffic, this);
+    LimitDialog dialog(services.prompt, u"Traffic limit, Mb"_s, draft.Staged().traffic.value, this);
     if (dialog.exec() == QDialog::Accepted) {
-        StageTrafficLimit(owner, dialog.Limit(), draft);
+        StageTrafficLimit(owner, WholeMegabytes {dialog.Limit()}, draft);
         ShowStaged();
     }
 }
 
 void LimitsPage::ChangeTime()
 {
-    LimitDialog dialog(u"Time limit, Hr"_s, draft.Staged().time, this);
+    LimitDialog dialog(services.prompt, u"Time limit, Hr"_s, draft.Staged().time.value, this);
     if (dialog.exec() == QDialog::Accepted) {
-        StageTimeLimit(owner, dialog.Limit(), draft);
+        StageTimeLimit(owner.User(), WholeHours {dialog.Limit()}, draft);
         ShowStaged();
     }
 }
 
 void LimitsPage::ChangeRate()
 {
-    RateDialog dialog(draft.Staged().price, this);
+    RateDialog dialog(services.prompt, draft.Staged().price, this);
     if (dialog.exec() == QDialog::Accepted) {
         draft.price = dialog.Rate();
         ShowStaged();
@@ -168,10 +170,14 @@ void LimitsPage::UseGlobal(bool useGlobal)
     ShowPrice(!useGlobal);
 }
 
-CAdministratorUserPLimits::CAdministratorUserPLimits(UserRecord &record, QWidget *parent)
-    : LimitsPage(record.Self(), record.mode, record.limits, parent)
+CAdministratorUserPLimits::CAdministratorUserPLimits(const AppServices &appServices,
+                                                     UserRecord &record,
+                                                     QWidget *parent)
+    : LimitsPage(appServices, record.Self(), record.mode, record.limits, parent)
 { }
 
-CAdministratorGroupPLimits::CAdministratorGroupPLimits(GroupRecord &record, QWidget *parent)
-    : LimitsPage(record.Self(), record.mode, record.limits, parent)
+CAdministratorGroupPLimits::CAdministratorGroupPLimits(const AppServices &appServices,
+                                                       GroupRecord &record,
+                                                       QWidget *parent)
+    : LimitsPage(appServices, record.Self(), record.mode, record.limits, parent)
 { }

@@ -3,6 +3,7 @@
 
 #include "access/group_record.h"
 #include "access/user_record.h"
+#include "startup/app_services.h"
 #include "ui/common/page.h"
 
 class QCheckBox;
@@ -22,7 +23,11 @@ public:
 
 protected:
     // `mode` is the one that the access page stages.
-    LimitsPage(const Owner &owner, const quint32 &mode, LimitsDraft &draft, QWidget *parent);
+    LimitsPage(const AppServices &services,
+               const Owner &owner,
+               const AccountingMode &mode,
+               LimitsDraft &draft,
+               QWidget *parent);
 
 private:
     struct Line
@@ -45,8 +50,9 @@ private:
     void ChangeRate();
     void UseGlobal(bool global);
 
+    const AppServices &services;
     Owner owner;
-    const quint32 &mode;
+    const AccountingMode &mode;
     LimitsDraft &draft;
     Line period;
     Line traffic;
@@ -60,7 +66,9 @@ class CAdministratorUserPLimits : public LimitsPage
     Q_OBJECT
 
 public:
-    explicit CAdministratorUserPLimits(UserRecord &record, QWidget *parent = nullptr);
+    CAdministratorUserPLimits(const AppServices &services,
+                              UserRecord &record,
+                              QWidget *parent = nullptr);
 };
 
 class CAdministratorGroupPLimits : public LimitsPage
@@ -68,5 +76,7 @@ class CAdministratorGroupPLimits : public LimitsPage
     Q_OBJECT
 
 public:
-    explicit CAdministratorGroupPLimits(GroupRecord &record, QWidget *parent = nullptr);
+    CAdministratorGroupPLimits(const AppServices &services,
+                               GroupRecord &record,
+                               QWidget *parent = nullptr);
 };

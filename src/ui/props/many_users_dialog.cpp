@@ -1,7 +1,6 @@
 #include "ui/props/many_users_dialog.h"
 
 #include "access/limits.h"
-#include "db/value_codes.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -21,10 +20,12 @@
 
 using namespace Qt::StringLiterals;
 
-ManyUsersDialog::ManyUsersDialog(std::vector<quint32> users,
+ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
+                                 std::vector<UserId> users,
                                  const QStringList &names,
                                  QWidget *parent)
     : QDialog(parent)
+    , services(appServices)
     , userIds(std::move(users))
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , period(new QComboBox)
@@ -68,7 +69,7 @@ QWidget *ManyUsersDialog::MakeNames(const QStringList &names)
 QWidget *ManyUsersDialog::MakeLimits()
 {
     period->setObjectName(u"period"_s);
-    period->addItems({PeriodName(period::kDay), PeriodName(period::kMonth)});
+    period->addItems({PeriodName(LimitPeriod::Day), PeriodName(LimitPeriod::Month)});
     traffic->setObjectName(u"trafficLimit"_s);
     time->setObjectName(u"timeLimit"_s);
     auto *box = new QGroupBox(u"Fixed limits within accounting period"_s);
@@ -84,8 +85,8 @@ void ManyUsersDialog::ShowFirst()
     const ModeAndLimits first = ReadModeAndLimits(userIds.front());
     type->Show(ChoiceFor(first.mode));
     period->setCurrentIndex(period->findText(PeriodName(first.period)));
-    traffic->SetNumber(first.traffic);
-    time->SetNumber(first.time);
+    traffic->SetNumber(first.traffic.value);
+    time->SetNumber(first.time.value);
 }
 
 void ManyUsersDialog::EnableLimits()
@@ -101,28 +102,29 @@ std::optional<ModeAndLimits> ManyUsersDialog::Entered()
 {
     const auto mode = ModeFor(type->Choice());
     if (!mode) {
-        Complain(u"Please select one of the corporate type access options"_s);
+        Complain(services.prompt, u"Please select one of the corporate type access options"_s);
         return {};
     }
     if (period->isEnabled() && period->currentIndex() < 0) {
-        Complain(u"Please choose an accounting period"_s);
+        Complain(services.prompt, u"Please choose an accounting period"_s);
         return {};
     }
     if ((traffic->isEnabled() && !traffic->Number()) || (time->isEnabled() && !time->Number())) {
-        Complain(u"Please enter the limit as a whole number"_s);
+        Complain(services.prompt, u"Please enter the limit as a whole number"_s);
         return {};
     }
     return ModeAndLimits {.mode = *mode,
-                          .traffic = traffic->Number().value_or(0),
-                          .time = time->Number().value_or(0),
-                          .period = static_cast<quint32>(period->currentIndex() + 1)};
+                          .traffic = WholeMegabytes {traffic->Number().value_or(0)},
+                          .time = WholeHours {time->Number().value_or(0)},
+                          .period = static_cast<LimitPeriod>(period->currentIndex() + 1)};
 }
 
 void ManyUsersDialog::LeaveOutGone()
 {
     const QStringList there = NamesOfUsers(userIds);
     if (there.size() < progress->maximum()) {
-        Complain(u"Some of these users have been deleted meanwhile. %1 of %2 are changed."_s
+        Complain(services.prompt,
+                 u"Some of these users have been deleted meanwhile. %1 of %2 are changed."_s
                      .arg(there.size())
                      .arg(progress->maximum()));
     }

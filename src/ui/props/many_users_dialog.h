@@ -2,6 +2,7 @@
 #pragma once
 
 #include "access/many_users.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
@@ -17,7 +18,10 @@ class ManyUsersDialog : public QDialog
 
 public:
     // Names the users `userIds` and starts with the values of the first one.
-    ManyUsersDialog(std::vector<quint32> userIds, const QStringList &names, QWidget *parent);
+    ManyUsersDialog(const AppServices &services,
+                    std::vector<UserId> userIds,
+                    const QStringList &names,
+                    QWidget *parent);
 
     // Writes to each user and shows how far it got.
     void accept() override;
@@ -34,7 +38,8 @@ private:
     // Users deleted since the window opened are not written to, and that is told.
     void LeaveOutGone();
 
-    std::vector<quint32> userIds;
+    const AppServices &services;
+    std::vector<UserId> userIds;
     AccessTypeBox *type;
     QComboBox *period;
     WholeNumberField *traffic;

@@ -5,7 +5,6 @@
 #include "access/user_apply.h"
 #include "accounts/credit.h"
 #include "accounts/currency.h"
-#include "app/administrator_app.h"
 #include "ui/accounts/account_page.h"
 #include "ui/common/controls.h"
 #include "ui/common/sheet.h"
@@ -24,58 +23,62 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // No statement runs while nothing is staged.
-bool ApplyAccount(const Owner &owner, quint32 mode, const StagedAccount &staged)
+bool ApplyAccount(const AppServices &services,
+                  const Owner &owner,
+                  AccountingMode mode,
+                  const StagedAccount &staged)
 {
-    return ApplyStagedAccount(owner, mode, staged, CurrentRate(theApp->Config()), theApp->Link());
+    return ApplyStagedAccount(
+        owner, mode, staged, CurrentRate(services.settings), services.connection.Link());
 }
 
 } // namespace
 
-bool OpenUserSheet(quint32 userId, int page, QWidget *parent)
+bool OpenUserSheet(const AppServices &services, UserId userId, int page, QWidget *parent)
 {
     auto record = LoadUser(userId);
     if (!record) {
-        Complain(u"This user has been deleted meanwhile."_s);
+        Complain(services.prompt, u"This user has been deleted meanwhile."_s);
         return false;
     }
     // Kept: this page belongs to the sheet and is not added to it.
-    CAdministratorUserPAcc accountPage(userId, record->account);
+    CAdministratorUserPAcc accountPage(services, userId, record->account);
     Sheet sheet(u"User properties"_s, parent);
-    sheet.Add(new CAdministratorUserPPage(*record, &sheet));
-    sheet.Add(new CAdministratorUserPAccess(*record, &sheet));
-    sheet.Add(new CAdministratorUserPLimits(*record, &sheet));
-    sheet.Add(new CAdministratorUserPTime(*record, &sheet));
+    sheet.Add(new CAdministratorUserPPage(services, *record, &sheet));
+    sheet.Add(new CAdministratorUserPAccess(services.prompt, *record, &sheet));
+    sheet.Add(new CAdministratorUserPLimits(services, *record, &sheet));
+    sheet.Add(new CAdministratorUserPTime(services.prompt, *record, &sheet));
     sheet.Add(new CAdministratorUserPProtocol(*record, &sheet));
-    return sheet.Run(page) && ApplyUser(*record, theApp->Link(), theApp->Messages())
-        && ApplyAccount(record->Self(), record->mode, record->account);
+    return sheet.Run(page) && ApplyUser(*record, services.connection.Link(), services.prompt)
+        && ApplyAccount(services, record->Self(), record->mode, record->account);
 }
 
-bool OpenGroupSheet(quint32 groupId, int page, QWidget *parent)
+bool OpenGroupSheet(const AppServices &services, GroupId groupId, int page, QWidget *parent)
 {
     auto record = LoadGroup(groupId);
     if (!record) {
-        Complain(u"This group has been deleted meanwhile."_s);
+        Complain(services.prompt, u"This group has been deleted meanwhile."_s);
         return false;
     }
     // Kept: these pages belong to the sheet and are not added to it.
-    const CAdministratorGroupPTime timePage(*record);
+    const CAdministratorGroupPTime timePage(services.prompt, *record);
     const CAdministratorGroupPProtocols protocolPage(*record);
-    CAdministratorGroupPAcc accountPage(groupId, record->account);
+    CAdministratorGroupPAcc accountPage(services, groupId, record->account);
     Sheet sheet(u"Group's properties"_s, parent);
-    sheet.Add(new CAdministratorGroupPPage(*record, &sheet));
+    sheet.Add(new CAdministratorGroupPPage(services, *record, &sheet));
     sheet.Add(new CAdministratorGroupPAccess(*record, &sheet));
-    sheet.Add(new CAdministratorGroupPLimits(*record, &sheet));
-    return sheet.Run(page) && ApplyGroup(*record, theApp->Link(), theApp->Messages())
-        && ApplyAccount(record->Self(), record->mode, record->account);
+    sheet.Add(new CAdministratorGroupPLimits(services, *record, &sheet));
+    return sheet.Run(page) && ApplyGroup(*record, services.connection.Link(), services.prompt)
+        && ApplyAccount(services, record->Self(), record->mode, record->account);
 }
 
-bool OpenAccessForUsers(std::vector<quint32> userIds, QWidget *parent)
+bool OpenAccessForUsers(const AppServices &services, std::vector<UserId> userIds, QWidget *parent)
 {
     const QStringList names = NamesOfUsers(userIds);
     if (userIds.empty()) {
-        Complain(u"These users have been deleted meanwhile."_s);
+        Complain(services.prompt, u"These users have been deleted meanwhile."_s);
         return false;
     }
-    ManyUsersDialog dialog(std::move(userIds), names, parent);
+    ManyUsersDialog dialog(services, std::move(userIds), names, parent);
     return dialog.exec() == QDialog::Accepted;
 }

@@ -2,7 +2,8 @@
 // when something was stored; a user or group that is gone by then is told instead.
 #pragma once
 
-#include <QtGlobal>
+#include "db/ids.h"
+#include "startup/app_services.h"
 
 #include <vector>
 
@@ -24,10 +25,10 @@ constexpr int kLimits = 2;
 } // namespace group_page
 
 // "User properties", starting on the page with this number.
-bool OpenUserSheet(quint32 userId, int page, QWidget *parent);
+bool OpenUserSheet(const AppServices &services, UserId userId, int page, QWidget *parent);
 
 // "Group's properties".
-bool OpenGroupSheet(quint32 groupId, int page, QWidget *parent);
+bool OpenGroupSheet(const AppServices &services, GroupId groupId, int page, QWidget *parent);
 
 // "Access properties for multiple users".
-bool OpenAccessForUsers(std::vector<quint32> userIds, QWidget *parent);
+bool OpenAccessForUsers(const AppServices &services, std::vector<UserId> userIds, QWidget *parent);

@@ -34,8 +34,9 @@ QTreeWidget *MakeList()
 
 } // namespace
 
-TimePage::TimePage(TimeRanges &staged, const QString &format, QWidget *parent)
+TimePage::TimePage(Prompt &messages, TimeRanges &staged, const QString &format, QWidget *parent)
     : Page(parent)
+    , prompt(messages)
     , ranges(staged)
     , timeFormat(format)
     , grant(MakeButton<QRadioButton>(u"Grant access"_s, "grant"))
@@ -92,7 +93,7 @@ void TimePage::ShowRow(const TimeRange &range)
 
 void TimePage::AddRange()
 {
-    TimeRangeDialog dialog(this);
+    TimeRangeDialog dialog(prompt, this);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
@@ -107,7 +108,7 @@ void TimePage::DeleteRange()
 {
     const auto selected = list->selectedItems();
     if (selected.isEmpty()) {
-        Complain(u"Select the item to delete"_s);
+        Complain(prompt, u"Select the item to delete"_s);
         return;
     }
     const int row = list->indexOfTopLevelItem(selected.first());
@@ -115,10 +116,14 @@ void TimePage::DeleteRange()
     delete list->takeTopLevelItem(row);
 }
 
-CAdministratorUserPTime::CAdministratorUserPTime(UserRecord &record, QWidget *parent)
-    : TimePage(record.times, u"HH:mm:ss"_s, parent)
+CAdministratorUserPTime::CAdministratorUserPTime(Prompt &messages,
+                                                 UserRecord &record,
+                                                 QWidget *parent)
+    : TimePage(messages, record.times, u"HH:mm:ss"_s, parent)
 { }
 
-CAdministratorGroupPTime::CAdministratorGroupPTime(GroupRecord &record, QWidget *parent)
-    : TimePage(record.times, u"HH.mm"_s, parent)
+CAdministratorGroupPTime::CAdministratorGroupPTime(Prompt &messages,
+                                                   GroupRecord &record,
+                                                   QWidget *parent)
+    : TimePage(messages, record.times, u"HH.mm"_s, parent)
 { }

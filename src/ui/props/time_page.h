@@ -3,6 +3,7 @@
 
 #include "access/group_record.h"
 #include "access/user_record.h"
+#include "base/prompt.h"
 #include "ui/common/page.h"
 
 class QGroupBox;
@@ -21,7 +22,7 @@ public:
 
 protected:
     // `timeFormat` is Qt's, for the texts that are stored.
-    TimePage(TimeRanges &ranges, const QString &timeFormat, QWidget *parent);
+    TimePage(Prompt &prompt, TimeRanges &ranges, const QString &timeFormat, QWidget *parent);
 
 private:
     QGroupBox *MakeRanges();
@@ -29,6 +30,7 @@ private:
     void AddRange();
     void DeleteRange();
 
+    Prompt &prompt;
     TimeRanges &ranges;
     QString timeFormat;
     QRadioButton *grant;
@@ -41,7 +43,7 @@ class CAdministratorUserPTime : public TimePage
     Q_OBJECT
 
 public:
-    explicit CAdministratorUserPTime(UserRecord &record, QWidget *parent = nullptr);
+    CAdministratorUserPTime(Prompt &prompt, UserRecord &record, QWidget *parent = nullptr);
 };
 
 // Kept: made with the group's sheet and never shown there; nothing of it is stored.
@@ -50,5 +52,5 @@ class CAdministratorGroupPTime : public TimePage
     Q_OBJECT
 
 public:
-    explicit CAdministratorGroupPTime(GroupRecord &record, QWidget *parent = nullptr);
+    CAdministratorGroupPTime(Prompt &prompt, GroupRecord &record, QWidget *parent = nullptr);
 };

@@ -27,8 +27,9 @@ QTimeEdit *TimeField(const char *objectName, QTime time)
 
 } // namespace
 
-TimeRangeDialog::TimeRangeDialog(QWidget *parent)
+TimeRangeDialog::TimeRangeDialog(Prompt &messages, QWidget *parent)
     : QDialog(parent)
+    , prompt(messages)
     , day(new QComboBox)
     , since(TimeField("since", {8, 0}))
     , until(TimeField("until", {17, 0}))
@@ -54,9 +55,9 @@ TimeRangeDialog::TimeRangeDialog(QWidget *parent)
 void TimeRangeDialog::accept()
 {
     if (Since() >= Until()) {
-        Complain(u"Wrong time specification. Please re-enter"_s);
+        Complain(prompt, u"Wrong time specification. Please re-enter"_s);
     } else if (Day() == 0) {
-        Complain(u"Please select day"_s);
+        Complain(prompt, u"Please select day"_s);
     } else {
         QDialog::accept();
     }

@@ -1,6 +1,8 @@
 // "Add time range": a day of the week and two times of day.
 #pragma once
 
+#include "base/prompt.h"
+
 #include <QDialog>
 #include <QTime>
 
@@ -12,7 +14,7 @@ class TimeRangeDialog : public QDialog
     Q_OBJECT
 
 public:
-    explicit TimeRangeDialog(QWidget *parent = nullptr);
+    explicit TimeRangeDialog(Prompt &prompt, QWidget *parent = nullptr);
 
     // Refuses a range that ends before it began, so one across midnight too, and one without a day.
     void accept() override;
@@ -22,6 +24,7 @@ public:
     [[nodiscard]] QTime Until() const;
 
 private:
+    Prompt &prompt;
     QComboBox *day;
     QTimeEdit *since;
     QTimeEdit *until;

@@ -1,6 +1,5 @@
 #include "ui/props/user_general_page.h"
 
-#include "app/administrator_app.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/text_field.h"
@@ -37,8 +36,11 @@ QWidget *InOneRow(const QList<QWidget *> &widgets)
 
 } // namespace
 
-CAdministratorUserPPage::CAdministratorUserPPage(UserRecord &user, QWidget *parent)
+CAdministratorUserPPage::CAdministratorUserPPage(const AppServices &appServices,
+                                                 UserRecord &user,
+                                                 QWidget *parent)
     : Page(parent)
+    , services(appServices)
     , record(user)
     , fullName(new TextField)
     , description(new TextField)
@@ -119,7 +121,7 @@ void CAdministratorUserPPage::Collect()
 
 void CAdministratorUserPPage::ChangeIp()
 {
-    ChangeIpDialog dialog(record.draft.ipAddress, this);
+    ChangeIpDialog dialog(services.prompt, record.draft.ipAddress, this);
     connect(&dialog, &ChangeIpDialog::Entered, this, [this](Ipv4 address) {
         record.draft.ipAddress = DottedText(address);
         ShowDraft();
@@ -129,7 +131,7 @@ void CAdministratorUserPPage::ChangeIp()
 
 void CAdministratorUserPPage::ChangeMac()
 {
-    ChangeMacDialog dialog(record.draft.macAddress, this);
+    ChangeMacDialog dialog(services.prompt, record.draft.macAddress, this);
     if (dialog.exec() == QDialog::Accepted) {
         record.draft.macAddress = dialog.Address();
         ShowDraft();
@@ -138,7 +140,7 @@ void CAdministratorUserPPage::ChangeMac()
 
 void CAdministratorUserPPage::ChangeGroup()
 {
-    ChangeGroupDialog dialog(theApp->Messages(), this);
+    ChangeGroupDialog dialog(services, this);
     if (dialog.exec() == QDialog::Accepted) {
         record.draft.groupId = dialog.ChosenGroup().groupId;
         record.draft.groupName = dialog.ChosenGroup().name;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "access/user_record.h"
+#include "startup/app_services.h"
 #include "ui/common/page.h"
 
 class QFormLayout;
@@ -15,7 +16,9 @@ class CAdministratorUserPPage : public Page
     Q_OBJECT
 
 public:
-    explicit CAdministratorUserPPage(UserRecord &record, QWidget *parent = nullptr);
+    CAdministratorUserPPage(const AppServices &services,
+                            UserRecord &record,
+                            QWidget *parent = nullptr);
 
     [[nodiscard]] QString Title() const override;
     void Load() override;
@@ -33,6 +36,7 @@ private:
     void ChangeMac();
     void ChangeGroup();
 
+    const AppServices &services;
     UserRecord &record;
     TextField *fullName;
     TextField *description;

@@ -7,7 +7,8 @@
 using namespace Qt::StringLiterals;
 using namespace viewer_property;
 
-bool CCrystalCtrl::Create(const QString &title, const QRect &place, QWidget *parent, int id)
+bool CCrystalCtrl::Create(
+    Prompt &prompt, const QString &title, const QRect &place, QWidget *parent, int id)
 {
     setParent(parent);
     setWindowTitle(title);
@@ -15,7 +16,7 @@ bool CCrystalCtrl::Create(const QString &title, const QRect &place, QWidget *par
     setGeometry(place);
     auto *inside = new QVBoxLayout(this);
     inside->setContentsMargins(0, 0, 0, 0);
-    inside->addWidget(new ReportViewer);
+    inside->addWidget(new ReportViewer(prompt));
     return true;
 }
 

@@ -1,6 +1,8 @@
 // The thin wrapper through which the Reports dialog drives the report control.
 #pragma once
 
+#include "base/prompt.h"
+
 #include <QByteArray>
 #include <QPointer>
 #include <QWidget>
@@ -15,8 +17,9 @@ class CCrystalCtrl : public QWidget
 public:
     using QWidget::QWidget;
 
-    // Puts the control into `parent`: its title, place and child id. True when it stands.
-    bool Create(const QString &title, const QRect &place, QWidget *parent, int id);
+    // Puts the control into `parent`: its title, place and child id. True when it stands. What the
+    // control has to say goes to `prompt`.
+    bool Create(Prompt &prompt, const QString &title, const QRect &place, QWidget *parent, int id);
 
     void SetLayoutFile(const QByteArray &path); // 3
     void SetAction(qint16 action); // 17

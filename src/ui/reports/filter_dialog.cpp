@@ -6,40 +6,16 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QSet>
 #include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QList<quint32> IdsIn(const QListWidget &list)
-{
-    QList<quint32> ids;
-    for (int row = 0; row < list.count(); ++row) {
-        ids += list.item(row)->data(Qt::UserRole).toUInt();
-    }
-    return ids;
-}
-
-} // namespace
-
-ReportFilterDialog::ReportFilterDialog(const QString &what,
-                                       const std::vector<NamedId> &offered,
-                                       const ReportFilter &filter,
-                                       QWidget *parent)
-    : QDialog(parent)
+ReportFilterDialog::ReportFilterDialog(const QString &what, QWidget *parent) : QDialog(parent)
 {
     setWindowTitle(what.left(1).toUpper() + what.mid(1) + u" to report on");
     taken = MakeList("taken");
     left = MakeList("left");
-    const QSet<quint32> wanted(filter.taken.begin(), filter.taken.end());
-    for (const auto &[id, name] : offered) {
-        auto *item = new QListWidgetItem(name.isEmpty() ? u"(no name)"_s : name);
-        item->setData(Qt::UserRole, id);
-        (wanted.contains(id) ? taken : left)->addItem(item);
-    }
     auto *take = MakeButton<QPushButton>(u"< &Add"_s, "take");
     auto *takeAll = MakeButton<QPushButton>(u"<< Add a&ll"_s, "takeAll");
     auto *drop = MakeButton<QPushButton>(u"&Remove >"_s, "drop");
@@ -68,6 +44,21 @@ ReportFilterDialog::ReportFilterDialog(const QString &what,
     grid->addWidget(note, 2, 0, 1, 3);
     grid->addWidget(OkAndCancel(*this), 3, 0, 1, 3);
     resize(560, 420);
+}
+
+void ReportFilterDialog::Add(QListWidget &list, const QString &name, quint32 id)
+{
+    auto *item = new QListWidgetItem(name.isEmpty() ? u"(no name)"_s : name, &list);
+    item->setData(Qt::UserRole, id);
+}
+
+QList<quint32> ReportFilterDialog::NumbersIn(const QListWidget &list)
+{
+    QList<quint32> numbers;
+    for (int row = 0; row < list.count(); ++row) {
+        numbers += list.item(row)->data(Qt::UserRole).toUInt();
+    }
+    return numbers;
 }
 
 QListWidget *ReportFilterDialog::MakeList(const char *name)
@@ -104,9 +95,4 @@ void ReportFilterDialog::MoveAll(QListWidget &from, QListWidget &to)
         to.addItem(from.takeItem(from.count() - 1));
     }
     to.sortItems();
-}
-
-ReportFilter ReportFilterDialog::Filter() const
-{
-    return {IdsIn(*taken), IdsIn(*left)};
 }

@@ -4,6 +4,7 @@
 #include "reports/filter_choices.h"
 
 #include <QDialog>
+#include <QSet>
 
 class QListWidget;
 
@@ -12,17 +13,40 @@ class ReportFilterDialog : public QDialog
     Q_OBJECT
 
 public:
-    // `what` is "users" or "groups". Those of `offered` that `filter` takes stand among the taken;
-    // all others among those left.
-    ReportFilterDialog(const QString &what,
-                       const std::vector<NamedId> &offered,
-                       const ReportFilter &filter,
-                       QWidget *parent);
+    // `what` is "users" or "groups".
+    ReportFilterDialog(const QString &what, QWidget *parent);
 
-    // The two lists as they stand, in their order.
-    [[nodiscard]] ReportFilter Filter() const;
+    // Those of `offered` that `filter` takes stand among the taken; all others among those left.
+    template <typename IdType>
+    void Offer(const std::vector<Named<IdType>> &offered, const ReportFilter<IdType> &filter)
+    {
+        const QSet<IdType> wanted(filter.taken.begin(), filter.taken.end());
+        for (const auto &[id, name] : offered) {
+            Add(wanted.contains(id) ? *taken : *left, name, id.value);
+        }
+    }
+
+    // The two lists as they stand, in their order; with the kind of ids that were offered.
+    template <typename IdType>
+    [[nodiscard]] ReportFilter<IdType> Filter() const
+    {
+        return {IdsIn<IdType>(*taken), IdsIn<IdType>(*left)};
+    }
 
 private:
+    static void Add(QListWidget &list, const QString &name, quint32 id);
+    [[nodiscard]] static QList<quint32> NumbersIn(const QListWidget &list);
+
+    template <typename IdType>
+    [[nodiscard]] static QList<IdType> IdsIn(const QListWidget &list)
+    {
+        QList<IdType> ids;
+        for (const quint32 number : NumbersIn(list)) {
+            ids += IdType {number};
+        }
+        return ids;
+    }
+
     [[nodiscard]] QListWidget *MakeList(const char *name);
     void MoveWhenChosen(QListWidget &from, QListWidget &to);
     static void Move(QListWidget &from, QListWidget &to);

@@ -2,8 +2,8 @@
 
 #include "ui/reports/reports_dialog.h"
 
-void OpenReports(QWidget *parent)
+void OpenReports(const AppServices &services, QWidget *parent)
 {
-    ReportsDialog dialog(parent);
+    ReportsDialog dialog(services, parent);
     dialog.exec();
 }

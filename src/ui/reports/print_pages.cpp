@@ -1,7 +1,5 @@
 #include "ui/reports/print_pages.h"
 
-#include "app/administrator_app.h"
-
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -9,11 +7,11 @@
 
 using namespace Qt::StringLiterals;
 
-std::shared_ptr<QPrinter> ChoosePrinter(QWidget &parent, int copies, int pageCount)
+std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, int copies, int pageCount)
 {
     // Without a printer the toolkit would quietly write a file.
     if (QPrinterInfo::availablePrinters().isEmpty()) {
-        theApp->Messages().Tell(u"No printer is installed. The report can be saved as PDF."_s);
+        prompt.Tell(u"No printer is installed. The report can be saved as PDF."_s);
         return nullptr;
     }
     auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);

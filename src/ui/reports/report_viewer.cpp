@@ -1,6 +1,5 @@
 #include "ui/reports/report_viewer.h"
 
-#include "app/administrator_app.h"
 #include "reports/output.h"
 #include "reports/paper.h"
 #include "ui/common/accessible.h"
@@ -18,7 +17,10 @@
 
 using namespace Qt::StringLiterals;
 
-ReportViewer::ReportViewer(QWidget *parent) : QWidget(parent), job(this)
+ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
+    : QWidget(parent)
+    , prompt(messages)
+    , job(this)
 {
     view = new PageView;
     SetNames(*view, u"pages"_s, u"Pages of the report"_s);
@@ -201,7 +203,7 @@ void ReportViewer::Find(const QString &text)
 
 void ReportViewer::Print()
 {
-    auto printer = ChoosePrinter(*this, copies, pages ? pages->Count() : 0);
+    auto printer = ChoosePrinter(prompt, *this, copies, pages ? pages->Count() : 0);
     if (!printer || !pages) {
         return;
     }
@@ -256,7 +258,7 @@ void ReportViewer::SaveTo(const QString &fileName)
                 Say(u"The report was not saved."_s);
                 break;
             default:
-                theApp->Messages().Tell(problem->text, Prompt::Icon::Warning);
+                prompt.Tell(problem->text, Prompt::Icon::Warning);
             }
         });
 }

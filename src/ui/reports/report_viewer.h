@@ -1,6 +1,7 @@
 // The report control: takes a layout, a connection and a query, runs them and shows the pages.
 #pragma once
 
+#include "base/prompt.h"
 #include "reports/engine.h"
 #include "reports/report_pages.h"
 #include "ui/reports/report_job.h"
@@ -31,7 +32,7 @@ class ReportViewer : public QWidget
     Q_OBJECT
 
 public:
-    explicit ReportViewer(QWidget *parent = nullptr);
+    explicit ReportViewer(Prompt &prompt, QWidget *parent = nullptr);
     ~ReportViewer() override;
 
     void PutProperty(int number, const QVariant &value);
@@ -70,6 +71,7 @@ private:
     void SetBusy(bool busy);
     void Say(const QString &text);
 
+    Prompt &prompt;
     ReportRequest request;
     int copies = 0;
     ReportTablePtr table;

@@ -1,6 +1,5 @@
 #include "ui/reports/reports_dialog.h"
 
-#include "app/administrator_app.h"
 #include "db/failure_log.h"
 #include "reports/connection_text.h"
 #include "reports/wording.h"
@@ -37,12 +36,14 @@ QDateEdit *DayPicker(const char *objectName)
 
 } // namespace
 
-ReportsDialog::ReportsDialog(QWidget *parent) : QDialog(parent)
+ReportsDialog::ReportsDialog(const AppServices &appServices, QWidget *parent)
+    : QDialog(parent)
+    , services(appServices)
 {
     setWindowTitle(u"Reports"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     control = new CCrystalCtrl(this);
-    control->Create(u"Report"_s, {0, 0, 640, 480}, this, kControlId);
+    control->Create(services.prompt, u"Report"_s, {0, 0, 640, 480}, this, kControlId);
     auto *split = new QSplitter;
     split->setObjectName(u"split"_s);
     split->setChildrenCollapsible(false);
@@ -202,20 +203,24 @@ void ReportsDialog::ShowFilterNote()
 }
 
 // Without the names a filter would be lost, and the report be made on everybody.
-void ReportsDialog::Choose(const QString &what, const Offers &offers, ReportFilter &filter)
+template <typename IdType>
+void ReportsDialog::Choose(const QString &what,
+                           std::vector<Named<IdType>> (*offers)(),
+                           ReportFilter<IdType> &filter)
 {
     const FailureLog &log = FailureLog::Instance();
     const qsizetype failures = log.Count();
     const auto offered = offers();
     if (log.Count() != failures) {
-        theApp->Messages().Tell(
+        services.prompt.Tell(
             u"The %1 cannot be read: %2"_s.arg(what, log.Recent().constLast().text),
             Prompt::Icon::Warning);
         return;
     }
-    ReportFilterDialog dialog(what, offered, filter, this);
+    ReportFilterDialog dialog(what, this);
+    dialog.Offer(offered, filter);
     if (dialog.exec() == QDialog::Accepted) {
-        filter = dialog.Filter();
+        filter = dialog.Filter<IdType>();
         ShowFilterNote();
     }
 }
@@ -227,12 +232,12 @@ QString ReportsDialog::FilterWords() const
     QStringList userNames;
     QStringList groupNames;
     if (!userFilter.left.isEmpty()) {
-        for (const quint32 id : userFilter.taken) {
+        for (const UserId id : userFilter.taken) {
             userNames += userNames.size() < kMostLookedUp ? UserName(id) : QString();
         }
     }
     if (!groupFilter.left.isEmpty()) {
-        for (const quint32 id : groupFilter.taken) {
+        for (const GroupId id : groupFilter.taken) {
             groupNames += groupNames.size() < kMostLookedUp ? GroupName(id) : QString();
         }
     }
@@ -264,8 +269,7 @@ bool ReportsDialog::IsPeriodInOrder()
     if (!custom->isChecked() || since->date() <= until->date()) {
         return true;
     }
-    theApp->Messages().Tell(
-        u"You entered incorrect time period. Please re-enter one of the dates"_s);
+    services.prompt.Tell(u"You entered incorrect time period. Please re-enter one of the dates"_s);
     until->setDate(since->date());
     until->setFocus();
     return false;
@@ -302,7 +306,7 @@ void ReportsDialog::Drive(int row, const QString &query)
     control->SetConnection(ReportConnectionText().toUtf8());
     control->SetOutputMode(2);
     if (row >= 0) {
-        const QString folder = theApp->Config().ReadText(values::kPath).value_or(QString());
+        const QString folder = services.settings.ReadText(values::kPath).value_or(QString());
         control->SetLayoutFile(LayoutPath(folder, row).toUtf8());
     }
     control->SetOption24(0);
@@ -318,7 +322,7 @@ void ReportsDialog::Drive(int row, const QString &query)
 
 void ReportsDialog::ShowHelp()
 {
-    theApp->Messages().Tell(
+    services.prompt.Tell(
         u"Select a report, the period and, if you like, users or groups, and press \"Generate "
         "report\". Users and groups narrow a report only together with a period. The report "
         "can be printed or saved as PDF, CSV, HTML or XLSX."_s);

@@ -4,10 +4,10 @@
 #include "reports/catalogue.h"
 #include "reports/filter_choices.h"
 #include "reports/selection.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
 
-#include <functional>
 #include <vector>
 
 class CCrystalCtrl;
@@ -23,7 +23,7 @@ class ReportsDialog : public QDialog
     Q_OBJECT
 
 public:
-    explicit ReportsDialog(QWidget *parent = nullptr);
+    explicit ReportsDialog(const AppServices &services, QWidget *parent = nullptr);
 
     [[nodiscard]] ReportViewer &Viewer() const;
 
@@ -39,8 +39,10 @@ private:
     void ShowSelected(int row);
     void EnablePickers();
     void ShowFilterNote();
-    using Offers = std::function<std::vector<NamedId>()>;
-    void Choose(const QString &what, const Offers &offers, ReportFilter &filter);
+    template <typename IdType>
+    void Choose(const QString &what,
+                std::vector<Named<IdType>> (*offers)(),
+                ReportFilter<IdType> &filter);
     void ShowHelp();
     void KeepSelected();
     [[nodiscard]] int SelectedRow() const;
@@ -50,6 +52,7 @@ private:
     [[nodiscard]] QString FilterWords() const;
     void Drive(int row, const QString &query);
 
+    const AppServices &services;
     QListWidget *catalogue;
     QLabel *description;
     QRadioButton *allAvailable;
@@ -65,6 +68,6 @@ private:
     QPushButton *generate;
     CCrystalCtrl *control;
 
-    ReportFilter userFilter;
-    ReportFilter groupFilter;
+    ReportFilter<UserId> userFilter;
+    ReportFilter<GroupId> groupFilter;
 };

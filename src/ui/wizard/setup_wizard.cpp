@@ -1,13 +1,15 @@
 #include "ui/wizard/setup_wizard.h"
 
-#include "app/administrator_app.h"
 #include "ui/wizard/setup_wizard_pages.h"
 
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
-CSetupWizard::CSetupWizard(NetworkSetup &edited, const QList<Adapter> &adapters, QWidget *parent)
+CSetupWizard::CSetupWizard(Prompt &prompt,
+                           NetworkSetup &edited,
+                           const QList<Adapter> &adapters,
+                           QWidget *parent)
     : QWizard(parent)
     , setup(edited)
 {
@@ -15,10 +17,10 @@ CSetupWizard::CSetupWizard(NetworkSetup &edited, const QList<Adapter> &adapters,
     setWizardStyle(QWizard::ModernStyle);
     setOption(QWizard::NoBackButtonOnStartPage);
     const QList<QWizardPage *> pages {new CSetupWizardDlg1,
-                                      new CSetupWizardDlg2(setup, adapters),
-                                      new CSetupWizardDlg3(setup),
-                                      new CSetupWizardDlg4(setup),
-                                      new CSetupWizardDlg5(setup),
+                                      new CSetupWizardDlg2(prompt, setup, adapters),
+                                      new CSetupWizardDlg3(prompt, setup),
+                                      new CSetupWizardDlg4(prompt, setup),
+                                      new CSetupWizardDlg5(prompt, setup),
                                       new CSetupWizardDlg6(setup),
                                       new CSetupWizardDlg7};
     for (QWizardPage *page : pages) {
@@ -48,13 +50,13 @@ void CSetupWizard::Follow(int page)
     }
 }
 
-bool RunSetupWizard(QWidget *parent)
+bool RunSetupWizard(const AppServices &services, QWidget *parent)
 {
-    NetworkSetup setup = LoadSetup(theApp->Config());
-    CSetupWizard wizard(setup, SystemAdapters(), parent);
+    NetworkSetup setup = LoadSetup(services.settings);
+    CSetupWizard wizard(services.prompt, setup, SystemAdapters(), parent);
     if (wizard.exec() != QDialog::Accepted) {
         return false;
     }
-    SaveSetup(setup, theApp->Config());
+    SaveSetup(setup, services.settings);
     return true;
 }

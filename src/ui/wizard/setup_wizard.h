@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/setup.h"
+#include "startup/app_services.h"
 
 #include <QWizard>
 
@@ -11,7 +12,10 @@ class CSetupWizard : public QWizard
 
 public:
     // Edits `setup` in place. `adapters` are the machine's own, whose networks are suggested.
-    CSetupWizard(NetworkSetup &setup, const QList<Adapter> &adapters, QWidget *parent);
+    CSetupWizard(Prompt &prompt,
+                 NetworkSetup &setup,
+                 const QList<Adapter> &adapters,
+                 QWidget *parent);
 
 private:
     void Follow(int page);
@@ -22,4 +26,4 @@ private:
 
 // Runs the wizard on what the store and the database hold; Finish writes everything back, anything
 // else nothing. True after Finish.
-bool RunSetupWizard(QWidget *parent);
+bool RunSetupWizard(const AppServices &services, QWidget *parent);

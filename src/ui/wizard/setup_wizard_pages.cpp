@@ -39,10 +39,15 @@ CSetupWizardDlg1::CSetupWizardDlg1()
     column->addStretch();
 }
 
-CSetupWizardDlg2::CSetupWizardDlg2(NetworkSetup &edited, const QList<Adapter> &adapters)
-    : setup(edited)
-    , ranges(new RangeEditor(
-          setup.ranges, RangeEditor::Entry::Fields, {u"Local ranges"_s, u"Add"_s, u"Delete"_s}))
+CSetupWizardDlg2::CSetupWizardDlg2(Prompt &messages,
+                                   NetworkSetup &edited,
+                                   const QList<Adapter> &adapters)
+    : prompt(messages)
+    , setup(edited)
+    , ranges(new RangeEditor(prompt,
+                             setup.ranges,
+                             RangeEditor::Entry::Fields,
+                             {u"Local ranges"_s, u"Add"_s, u"Delete"_s}))
 {
     setTitle(u"Setup Wizard - Local IP Addresses"_s);
     auto *column = new QVBoxLayout(this);
@@ -64,7 +69,7 @@ QWidget *CSetupWizardDlg2::SuggestionBox(const QList<Adapter> &adapters)
         column->addWidget(add, 0, Qt::AlignLeft);
         connect(add, &QPushButton::clicked, this, [this, add, range] {
             if (const auto problem = CheckRange(setup.ranges, range.network, range.mask)) {
-                Complain(TextOf(*problem));
+                Complain(prompt, TextOf(*problem));
                 return;
             }
             ranges->Add(range);
@@ -75,11 +80,12 @@ QWidget *CSetupWizardDlg2::SuggestionBox(const QList<Adapter> &adapters)
     return box;
 }
 
-CSetupWizardDlg3::CSetupWizardDlg3(NetworkSetup &setup)
+CSetupWizardDlg3::CSetupWizardDlg3(Prompt &prompt, NetworkSetup &setup)
 {
     setTitle(u"Setup Wizard - Proxy and gateway"_s);
     auto *uses = MakeButton<QCheckBox>(u"I use proxy server or gateway"_s, "usesProxy");
     auto *proxies = new ExclusionEditor(
+        prompt,
         setup.proxies,
         kMaxWizardExclusions,
         {u"Proxy or gateway addresses"_s, u"Enter IP address"_s, u"Add"_s, u"Delete"_s});
@@ -94,9 +100,10 @@ CSetupWizardDlg3::CSetupWizardDlg3(NetworkSetup &setup)
     column->addWidget(proxies);
 }
 
-CSetupWizardDlg4::CSetupWizardDlg4(NetworkSetup &edited)
+CSetupWizardDlg4::CSetupWizardDlg4(Prompt &prompt, NetworkSetup &edited)
     : setup(edited)
     , protocols(new ProtocolList(
+          prompt,
           setup.protocols,
           ProtocolEntry::Field,
           {u"Protocol titles"_s, u"Enter protocol title, e.g. FTP"_s, u"Add"_s, u"Delete"_s}))
@@ -115,10 +122,11 @@ void CSetupWizardDlg4::Follow()
     protocols->setEnabled(monitor_mode::UsesList(setup.monitorMode));
 }
 
-CSetupWizardDlg5::CSetupWizardDlg5(NetworkSetup &edited)
+CSetupWizardDlg5::CSetupWizardDlg5(Prompt &prompt, NetworkSetup &edited)
     : setup(edited)
     , protocols(new QListWidget)
-    , ports(new PortList(setup.protocols,
+    , ports(new PortList(prompt,
+                         setup.protocols,
                          ProtocolEntry::Field,
                          {u"Ports for"_s, u"Enter TCP/IP port"_s, u"Add"_s, u"Delete"_s}))
 {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/setup.h"
+#include "base/prompt.h"
 
 #include <QWizardPage>
 
@@ -35,11 +36,12 @@ class CSetupWizardDlg2 : public QWizardPage
 
 public:
     // The networks of `adapters` are suggested while there are no ranges; one click adds one.
-    CSetupWizardDlg2(NetworkSetup &setup, const QList<Adapter> &adapters);
+    CSetupWizardDlg2(Prompt &prompt, NetworkSetup &setup, const QList<Adapter> &adapters);
 
 private:
     [[nodiscard]] QWidget *SuggestionBox(const QList<Adapter> &adapters);
 
+    Prompt &prompt;
     NetworkSetup &setup;
     RangeEditor *ranges;
 };
@@ -50,7 +52,7 @@ class CSetupWizardDlg3 : public QWizardPage
     Q_OBJECT
 
 public:
-    explicit CSetupWizardDlg3(NetworkSetup &setup);
+    CSetupWizardDlg3(Prompt &prompt, NetworkSetup &setup);
 };
 
 // "Setup Wizard - Monitored protocols"
@@ -59,7 +61,7 @@ class CSetupWizardDlg4 : public QWizardPage
     Q_OBJECT
 
 public:
-    explicit CSetupWizardDlg4(NetworkSetup &setup);
+    CSetupWizardDlg4(Prompt &prompt, NetworkSetup &setup);
 
 private:
     void Follow();
@@ -74,7 +76,7 @@ class CSetupWizardDlg5 : public QWizardPage
     Q_OBJECT
 
 public:
-    explicit CSetupWizardDlg5(NetworkSetup &setup);
+    CSetupWizardDlg5(Prompt &prompt, NetworkSetup &setup);
     void initializePage() override;
 
 private:

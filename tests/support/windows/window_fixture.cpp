@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 void WindowFixture::SetUp()
 {
     DatabaseFixture::SetUp();
-    UseBus(QDBusConnection(u"nobody"_s));
+    UseConfigFolder(ConfigFolder());
     for (const auto key : {ConfigKeyId::Base,
                            ConfigKeyId::LocalIp,
                            ConfigKeyId::Price,
@@ -13,11 +13,27 @@ void WindowFixture::SetUp()
                            ConfigKeyId::Ui,
                            ConfigKeyId::AdapterBind,
                            ConfigKeyId::CaptureDriver}) {
-        ASSERT_TRUE(theApp->Config().CreateKey(key));
+        ASSERT_TRUE(Settings().CreateKey(key));
     }
 }
 
 void WindowFixture::UseBus(const QDBusConnection &bus)
 {
-    theApp->SetUp({folder.filePath(u"config"_s), bus}, prompt, [] { return true; });
+    Start({.configFolder = ConfigFolder(), .opensDatabase = false, .bus = bus});
+}
+
+void WindowFixture::UseConfigFolder(const QString &configFolder)
+{
+    Start({.configFolder = configFolder, .opensDatabase = false});
+}
+
+void WindowFixture::Start(const StartUpOptions &options)
+{
+    program.emplace(StartProgram(options));
+    services.emplace(ServicesOf(*program, prompt));
+}
+
+QString WindowFixture::ConfigFolder() const
+{
+    return folder.filePath(u"config"_s);
 }

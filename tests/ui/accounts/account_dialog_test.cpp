@@ -4,6 +4,7 @@
 #include "ui/accounts/account_window_fixture.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -22,10 +23,10 @@ protected:
     }
 
     // Opens the user's account and acts in it.
-    static void InAccount(std::function<void(QDialog &)> act)
+    void InAccount(std::function<void(QDialog &)> act) const
     {
         const WhileModal account(std::move(act));
-        OpenUserAccount(1, nullptr);
+        OpenAccount(Services(), UserId {1}, nullptr);
     }
 
     // Presses "Add credit..." and acts in the dialog that it opens.
@@ -42,7 +43,7 @@ protected:
 
 TEST_F(AccountWindow, ListsTheHistoryThroughItsFilter)
 {
-    AddOwners(mode::kProvider);
+    AddOwners(AccountingMode::Provider);
     AddHistory();
     UseCurrency(u"2.5"_s);
     InAccount([](QDialog &dialog) {
@@ -82,7 +83,7 @@ TEST_F(AccountWindow, ListsTheHistoryThroughItsFilter)
 
 TEST_F(AccountWindow, AddsCreditsOnOkByKeyboard)
 {
-    AddOwners(mode::kProvider, 1);
+    AddOwners(AccountingMode::Provider, BlockReason::TrafficUsedUp);
     UseCurrency(u"2.5"_s);
     InAccount([](QDialog &dialog) {
         WhileAdding(dialog, [](QDialog &credit) {
@@ -118,7 +119,7 @@ TEST_F(AccountWindow, AddsCreditsOnOkByKeyboard)
 
 TEST_F(AccountWindow, CancelLeavesEveryTableAsItWas)
 {
-    AddOwners(mode::kProvider, 1);
+    AddOwners(AccountingMode::Provider, BlockReason::TrafficUsedUp);
     AddHistory();
     const QStringList before = EveryRow();
     InAccount([](QDialog &dialog) {
@@ -136,7 +137,7 @@ TEST_F(AccountWindow, CancelLeavesEveryTableAsItWas)
 
 TEST_F(AccountWindow, ClosesTheSelectedCreditOnOk)
 {
-    AddOwners(mode::kProvider, 1);
+    AddOwners(AccountingMode::Provider, BlockReason::TrafficUsedUp);
     AddHistory();
     InAccount([this](QDialog &dialog) {
         Find<QTreeWidget>(dialog, "credits").clearSelection();
@@ -163,7 +164,7 @@ TEST_F(AccountWindow, ClosesTheSelectedCreditOnOk)
 
 TEST_F(AccountWindow, OnlyNewCreditsCanBeDeleted)
 {
-    AddOwners(mode::kTraffic);
+    AddOwners(AccountingMode::Traffic);
     AddCredit("mode, object_id, data", "1, 1, 50");
     InAccount([this](QDialog &dialog) {
         Find<QTreeWidget>(dialog, "credits").clearSelection();
@@ -194,14 +195,14 @@ TEST_F(AccountWindow, LimitCreditsGoByTheMode)
 {
     struct Case
     {
-        quint32 ownerMode;
+        AccountingMode ownerMode;
         bool traffic;
         bool time;
     };
-    const Case cases[] = {{mode::kTraffic, true, false},
-                          {mode::kTime, false, true},
-                          {mode::kTrafficAndTime, true, true}};
-    AddOwners(mode::kTraffic);
+    const Case cases[] = {{AccountingMode::Traffic, true, false},
+                          {AccountingMode::Time, false, true},
+                          {AccountingMode::TrafficAndTime, true, true}};
+    AddOwners(AccountingMode::Traffic);
     for (const auto &[ownerMode, traffic, time] : cases) {
         Execute("UPDATE users SET mode = (?) WHERE user_id = 1", ownerMode);
         InAccount([traffic = traffic, time = time](QDialog &dialog) {
@@ -222,7 +223,7 @@ TEST_F(AccountWindow, LimitCreditsGoByTheMode)
 
 TEST_F(AccountWindow, RefusesAmountsAndDaysThatMakeNoCredit)
 {
-    AddOwners(mode::kProvider);
+    AddOwners(AccountingMode::Provider);
     const auto tooFew = u"Please enter an amount above 0 and up to 1000000000"_s;
     InAccount([&](QDialog &dialog) {
         WhileAdding(dialog, [&](QDialog &credit) {
@@ -261,15 +262,15 @@ TEST_F(AccountWindow, RefusesAmountsAndDaysThatMakeNoCredit)
 TEST_F(AccountWindow, AnOwnerThatIsGoneIsToldAndNothingWritten)
 {
     const auto gone = u"This user is no longer in the database. Nothing was changed"_s;
-    OpenUserAccount(1, nullptr);
-    OpenUserStatistics(1, nullptr);
+    OpenAccount(Services(), UserId {1}, nullptr);
+    OpenStatistics(Services(), UserId {1}, nullptr);
     EXPECT_EQ(prompt.TakeSaid(), (QStringList {gone, gone}));
-    OpenGroupAccount(81, nullptr);
-    OpenGroupStatistics(81, nullptr);
+    OpenAccount(Services(), GroupId {81}, nullptr);
+    OpenStatistics(Services(), GroupId {81}, nullptr);
     EXPECT_EQ(prompt.TakeSaid().last(),
               u"This group is no longer in the database. Nothing was changed"_s);
 
-    AddOwners(mode::kProvider);
+    AddOwners(AccountingMode::Provider);
     AddHistory();
     InAccount([](QDialog &dialog) {
         WhileAdding(dialog, [](QDialog &credit) {
@@ -288,7 +289,7 @@ TEST_F(AccountWindow, AnOwnerThatIsGoneIsToldAndNothingWritten)
 
 TEST_F(AccountWindow, OfAGroupWritesTheGroupsCredits)
 {
-    AddOwners(mode::kTraffic, 1);
+    AddOwners(AccountingMode::Traffic, BlockReason::TrafficUsedUp);
     AddCredit("mode, group_id, data, usage", "1, 81, 50, 10");
     const WhileModal account([](QDialog &dialog) {
         EXPECT_EQ(Find<QLabel>(dialog, "owner").text(), u"Group: sales"_s);
@@ -300,7 +301,7 @@ TEST_F(AccountWindow, OfAGroupWritesTheGroupsCredits)
         });
         Click(dialog, "ok");
     });
-    OpenGroupAccount(81, nullptr);
+    OpenAccount(Services(), GroupId {81}, nullptr);
     EXPECT_EQ(RowsOf("SELECT mode, group_id, object_id FROM billing WHERE bill_id = 2"),
               QStringList {u"1|81|"_s});
     EXPECT_EQ(RowsOf("SELECT blocked FROM users"), QStringList {u"0"_s}) << "members are unblocked";

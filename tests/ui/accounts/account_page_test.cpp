@@ -12,11 +12,11 @@ namespace {
 class HostedPage : public AccountWindowFixture
 {
 protected:
-    template <typename PageType>
-    QWidget &Host(quint32 id)
+    template <typename PageType, typename IdType>
+    QWidget &Host(IdType id)
     {
         sheet = std::make_unique<Sheet>(u"Properties"_s, nullptr);
-        auto *page = new PageType(id, staged);
+        auto *page = new PageType(Services(), id, staged);
         sheet->Add(page);
         sheet->Start(0);
         sheet->show();
@@ -39,12 +39,12 @@ protected:
 
 TEST_F(HostedPage, StagesOneCreditAndCloseMarks)
 {
-    AddOwners(mode::kProvider, 1);
+    AddOwners(AccountingMode::Provider, BlockReason::TrafficUsedUp);
     UseCurrency(u"2.5"_s);
     AddCredit("mode, object_id, date, moneydata, unlimited", "2, 1, '2026-11-05 10:00:00', 4, 1");
     AddCredit("mode, object_id, date, data, closed", "2, 1, '2026-11-04 10:00:00', 9, 1");
     const QStringList before = EveryRow();
-    QWidget &page = Host<CAdministratorUserPAcc>(1);
+    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1});
     const QString open = u"1|2026-11-05|10|Euro|0.00|0|Unlimited|Active"_s;
     EXPECT_EQ(Listed(page)[0], open);
     EXPECT_EQ(Find<QLineEdit>(page, "balance").text(), u"0.00"_s);
@@ -78,19 +78,19 @@ TEST_F(HostedPage, StagesOneCreditAndCloseMarks)
     Add(page, u"20"_s);
     EXPECT_EQ(EveryRow(), before) << "nothing is written by the page";
 
-    EXPECT_EQ(staged.closed, std::vector<quint32> {1});
-    EXPECT_TRUE(ApplyStagedAccount(UserOwner(1), mode::kProvider, staged, 2.5, nullptr));
+    EXPECT_EQ(staged.closed, std::vector {BillId {1}});
+    EXPECT_TRUE(ApplyStagedAccount(UserId {1}, AccountingMode::Provider, staged, 2.5, nullptr));
     EXPECT_EQ(RowsOf("SELECT bill_id, closed FROM billing ORDER BY bill_id"),
               (QStringList {u"1|1"_s, u"2|1"_s, u"3|0"_s}));
 }
 
 TEST_F(HostedPage, ShowsItsStagedValuesAgainWhenItReturns)
 {
-    AddOwners(mode::kTraffic);
+    AddOwners(AccountingMode::Traffic);
     AddCredit("mode, object_id, data", "1, 1, 50");
-    staged.credits = {{CreditKind::Traffic, 3, true, {}}};
-    staged.closed = {1};
-    QWidget &page = Host<CAdministratorUserPAcc>(1);
+    staged.credits = {{Megabytes {3}, true, {}}};
+    staged.closed = {BillId {1}};
+    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1});
     EXPECT_EQ(Listed(page).size(), 2);
     EXPECT_TRUE(Listed(page)[0].endsWith(u"|50.00|0.00|Expired|Mbytes"_s));
     EXPECT_TRUE(Listed(page)[1].endsWith(u"|3||New|Mbytes"_s));
@@ -103,28 +103,29 @@ TEST_F(HostedPage, ShowsItsStagedValuesAgainWhenItReturns)
 
 TEST_F(HostedPage, OfAGroupAddsByItsModeOnly)
 {
-    AddOwners(mode::kTraffic);
-    QWidget &page = Host<CAdministratorGroupPAcc>(81);
+    AddOwners(AccountingMode::Traffic);
+    QWidget &page = Host<CAdministratorGroupPAcc>(GroupId {81});
     Add(page, u"1"_s);
     EXPECT_TRUE(Listed(page).value(0).endsWith(u"|1||New|Mbytes"_s));
     staged.Clear();
-    for (const quint32 other : {mode::kNoControl, mode::kTime, mode::kTrafficAndTime}) {
+    for (const AccountingMode other :
+         {AccountingMode::NoControl, AccountingMode::Time, AccountingMode::TrafficAndTime}) {
         Execute("UPDATE groups SET mode = (?) WHERE group_id = 81", other);
-        QWidget &none = Host<CAdministratorGroupPAcc>(81);
+        QWidget &none = Host<CAdministratorGroupPAcc>(GroupId {81});
         Click(none, "add");
-        EXPECT_EQ(QApplication::activeModalWidget(), sheet.get()) << other;
+        EXPECT_EQ(QApplication::activeModalWidget(), sheet.get()) << static_cast<quint32>(other);
         EXPECT_TRUE(staged.IsEmpty());
     }
     Execute("UPDATE groups SET mode = 2 WHERE group_id = 81");
-    QWidget &prepaid = Host<CAdministratorGroupPAcc>(81);
+    QWidget &prepaid = Host<CAdministratorGroupPAcc>(GroupId {81});
     Add(prepaid, u"1"_s);
     EXPECT_TRUE(Listed(prepaid).value(0).endsWith(u"|1.00|Mbytes|||Unlimited|New"_s));
 }
 
 TEST_F(HostedPage, OfAUserWithoutControlStagesAPrePaidCredit)
 {
-    AddOwners(mode::kNoControl);
-    QWidget &page = Host<CAdministratorUserPAcc>(1);
+    AddOwners(AccountingMode::NoControl);
+    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1});
     Add(page, u"7"_s);
     EXPECT_EQ(Listed(page), QStringList {u"1|2026-11-21|7.00|Mbytes|||Unlimited|New"_s});
     Click(page, "delete");
@@ -133,11 +134,11 @@ TEST_F(HostedPage, OfAUserWithoutControlStagesAPrePaidCredit)
 
 TEST_F(HostedPage, KeepsAHundredCreditsAndOneMore)
 {
-    AddOwners(mode::kTraffic);
+    AddOwners(AccountingMode::Traffic);
     for (int i = 0; i < 130; ++i) {
         AddCredit("mode, object_id, data", "1, 1, 50");
     }
-    QWidget &page = Host<CAdministratorUserPAcc>(1);
+    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1});
     EXPECT_EQ(Listed(page).size(), 100);
     Add(page, u"1"_s);
     EXPECT_EQ(Listed(page).size(), 101);

@@ -19,7 +19,7 @@
 class AccountWindowFixture : public WindowFixture
 {
 protected:
-    static void AddOwners(quint32 ownerMode, quint32 blockReason = 0)
+    static void AddOwners(AccountingMode ownerMode, BlockReason blockReason = BlockReason::None)
     {
         Execute("INSERT INTO groups (group_id, name, mode, trafperiod, blocked, blockreason) "
                 "VALUES (81, 'sales', (?), 2, 1, (?))",
@@ -38,11 +38,11 @@ protected:
         RunQuery(text.c_str(), FetchMode::All);
     }
 
-    static void UseCurrency(const QString &rate)
+    void UseCurrency(const QString &rate)
     {
-        theApp->Config().WriteInteger(values::kCurUse, 2);
-        theApp->Config().WriteText(values::kCurrencyName, QStringLiteral("Euro"));
-        theApp->Config().WriteText(values::kCurrencyRate, rate);
+        Settings().WriteInteger(values::kCurUse, 2);
+        Settings().WriteText(values::kCurrencyName, QStringLiteral("Euro"));
+        Settings().WriteText(values::kCurrencyRate, rate);
     }
 
     static void PressKey(Qt::Key key, Qt::KeyboardModifiers held = {})

@@ -37,7 +37,7 @@ protected:
 
 TEST_F(StatisticsWindow, OfAUserShowsPeriodOverallAndTip)
 {
-    AddOwners(mode::kTrafficAndTime);
+    AddOwners(AccountingMode::TrafficAndTime);
     AddUsage();
     const QStringList before = EveryRow();
     const WhileModal opened([](QDialog &dialog) {
@@ -58,13 +58,13 @@ TEST_F(StatisticsWindow, OfAUserShowsPeriodOverallAndTip)
         }
         PressKey(Qt::Key_Return);
     });
-    OpenUserStatistics(1, nullptr);
+    OpenStatistics(Services(), UserId {1}, nullptr);
     EXPECT_EQ(EveryRow(), before);
 }
 
 TEST_F(StatisticsWindow, LeavesEmptyWhatTheModeDoesNotCount)
 {
-    AddOwners(mode::kProvider);
+    AddOwners(AccountingMode::Provider);
     const WhileModal opened([](QDialog &dialog) {
         EXPECT_EQ(Shown(dialog, "periodReceived"), u""_s);
         EXPECT_EQ(Shown(dialog, "periodTime"), u""_s);
@@ -72,12 +72,12 @@ TEST_F(StatisticsWindow, LeavesEmptyWhatTheModeDoesNotCount)
         Grab(dialog, u"statistics-empty"_s);
         Click(dialog, "ok");
     });
-    OpenUserStatistics(1, nullptr);
+    OpenStatistics(Services(), UserId {1}, nullptr);
 }
 
 TEST_F(StatisticsWindow, OfAGroupHasNoTime)
 {
-    AddOwners(mode::kTraffic);
+    AddOwners(AccountingMode::Traffic);
     AddUsage();
     const WhileModal opened([](QDialog &dialog) {
         EXPECT_EQ(dialog.windowTitle(), u"Group statistics"_s);
@@ -88,7 +88,7 @@ TEST_F(StatisticsWindow, OfAGroupHasNoTime)
         Grab(dialog, u"statistics-group"_s);
         PressKey(Qt::Key_Escape);
     });
-    OpenGroupStatistics(81, nullptr);
+    OpenStatistics(Services(), GroupId {81}, nullptr);
 }
 
 TEST(TrafficCharts, DaysAreChosenByKeyboardAndDescribed)
@@ -97,7 +97,7 @@ TEST(TrafficCharts, DaysAreChosenByKeyboardAndDescribed)
     EXPECT_EQ(chart.accessibleDescription(), u"No traffic in the last 30 days."_s);
     std::vector<DailyTraffic> days;
     for (int day = 1; day <= 30; ++day) {
-        days.push_back({QDate(2026, 9, day), day * 1.5, day * 0.5});
+        days.push_back({QDate(2026, 9, day), Megabytes {day * 1.5}, Megabytes {day * 0.5}});
     }
     chart.SetDays(days);
     const auto all =
@@ -160,7 +160,8 @@ TEST(TrafficCharts, DirectionsDifferInPlaceAndBrightnessOnLightAndDark)
         palette.setColor(QPalette::Base, dark ? QColor(0x202020) : QColor(Qt::white));
         palette.setColor(QPalette::Text, dark ? QColor(Qt::white) : QColor(Qt::black));
         chart.setPalette(palette);
-        chart.SetDays(std::vector<DailyTraffic>(30, {QDate(2026, 9, 1), 50, 50}));
+        chart.SetDays(
+            std::vector<DailyTraffic>(30, {QDate(2026, 9, 1), Megabytes {50}, Megabytes {50}}));
         chart.resize(600, 300);
         const QImage image = chart.grab().toImage();
         const int ground = qGray(image.pixel(1, 1));

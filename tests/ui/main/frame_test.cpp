@@ -7,9 +7,12 @@
 #include "ui/main/status_pane.h"
 
 #include <QClipboard>
+#include <QDialog>
+#include <QLabel>
 #include <QMenuBar>
 #include <QSemaphore>
 #include <QSpinBox>
+#include <QTextBlock>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -25,7 +28,7 @@ protected:
         FailureLog::Instance().Clear();
     }
 
-    [[nodiscard]] static ConfigStore &Config() { return theApp->Config(); }
+    [[nodiscard]] ConfigStore &Config() const { return Settings(); }
 
     [[nodiscard]] QTimer &Timer(const char *name) const { return Find<QTimer>(*frame, name); }
 
@@ -172,7 +175,7 @@ TEST_F(Frame, ACommandWithoutItsWindowIsNotShown)
 
 TEST_F(Frame, CommandsFollowTheSelectionOfTheListInUse)
 {
-    AddUser({.name = "anna", .mode = 2});
+    AddUser({.name = "anna", .mode = AccountingMode::Provider});
     AddUser({.name = "bert"});
     ShowFrame();
     const auto enabled = [this] {
@@ -337,7 +340,7 @@ TEST_F(Frame, ChoosingAPeriodReplacesTheTimer)
         EXPECT_TRUE(MenuTexts(Menu(u"View"_s)).contains(u'*' + entry));
     }
     {
-        const WhileModal period([this](QDialog &dialog) {
+        const WhileModal period([](QDialog &dialog) {
             EXPECT_EQ(dialog.windowTitle(), u"Refresh period"_s);
             auto &field = Find<QSpinBox>(dialog, "period");
             EXPECT_EQ(field.accessibleName(), u"Enter refresh period, min"_s);
@@ -432,8 +435,7 @@ TEST_F(Frame, WithoutAColumnOfTheUsersOwnTheListStaysEmpty)
 
 TEST_F(Frame, WithoutAStoreEverythingHasItsDefault)
 {
-    theApp->SetUp(
-        {folder.filePath(u"nowhere"_s), QDBusConnection(u"nobody"_s)}, prompt, [] { return true; });
+    UseConfigFolder(folder.filePath(u"nowhere"_s));
     AddUser({.name = "anna"});
     ShowFrame();
     EXPECT_EQ(Users().model()->columnCount(), 7);
@@ -588,7 +590,7 @@ TEST_F(Frame, TheGuideOpensInTheProgram)
 
 TEST_F(Frame, TheProgramsOwnWindowsAreConnected)
 {
-    const FrameDialogs own = StandardDialogs(*theApp);
+    const FrameDialogs own = StandardDialogs(Services());
     EXPECT_TRUE(own.serviceControl && own.reconnect && own.purge && own.unmonitored && own.logins
                 && own.helpTopics && own.about && own.userAccount && own.groupStatistics);
     dialogs = own;

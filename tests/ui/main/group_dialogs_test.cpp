@@ -16,7 +16,7 @@ class ChangeGroup : public ListFixture
 protected:
     ChangeGroupDialog &Open()
     {
-        dialog = std::make_unique<ChangeGroupDialog>(prompt, nullptr);
+        dialog = std::make_unique<ChangeGroupDialog>(Services(), nullptr);
         dialog->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
         return *dialog;
@@ -77,7 +77,7 @@ TEST_F(ChangeGroup, ChoosingEnablesItsButtons)
     Click(*dialog, "ok");
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
     EXPECT_EQ(dialog->ChosenGroup().name, u"Sales"_s);
-    EXPECT_EQ(dialog->ChosenGroup().groupId, 81U);
+    EXPECT_EQ(dialog->ChosenGroup().groupId, GroupId {81});
 }
 
 TEST_F(ChangeGroup, AnAddedNameStandsForAnotherIdUntilReopened)
@@ -95,11 +95,11 @@ TEST_F(ChangeGroup, AnAddedNameStandsForAnotherIdUntilReopened)
         {u"Alpha"_s, 81}, {u"Beta"_s, 80}, {u"Everybody"_s, 82}, {u"Zoo"_s, 83}};
     for (const auto &[name, id] : mismatched) {
         Pick(name);
-        EXPECT_EQ(dialog->ChosenGroup().groupId, id) << qPrintable(name);
+        EXPECT_EQ(dialog->ChosenGroup().groupId.value, id) << qPrintable(name);
     }
     Open();
     Pick(u"Beta"_s);
-    EXPECT_EQ(dialog->ChosenGroup().groupId, 83U);
+    EXPECT_EQ(dialog->ChosenGroup().groupId, GroupId {83});
 }
 
 TEST_F(ChangeGroup, ANameIsAddedOnce)
@@ -118,7 +118,7 @@ TEST_F(ChangeGroup, ANameIsAddedOnce)
 
 TEST_F(ChangeGroup, DeletingMovesTheMembersFirst)
 {
-    const quint32 sales = AddGroupNamed(u"Sales"_s);
+    const GroupId sales = AddGroupNamed(u"Sales"_s);
     AddGroupNamed(u"Zoo"_s);
     AddUser({.name = "anna", .group = sales});
     Open();
@@ -135,7 +135,7 @@ TEST_F(ChangeGroup, DeletingMovesTheMembersFirst)
     EXPECT_EQ(RowTexts(List()), QStringList({u"Everybody"_s, u"Zoo"_s}));
     EXPECT_FALSE(Find<QWidget>(*dialog, "ok").isEnabled());
     Pick(u"Zoo"_s); // still its own id
-    EXPECT_EQ(dialog->ChosenGroup().groupId, 82U);
+    EXPECT_EQ(dialog->ChosenGroup().groupId, GroupId {82});
     EXPECT_EQ(RowsOf("SELECT group_id FROM users"), QStringList(u"80"_s));
 }
 
@@ -172,7 +172,7 @@ TEST_F(ChangeGroup, NothingIsAddedBeyondItsCapacity)
 
 TEST_F(ChangeGroup, SelectedUsersMoveAndTheListWaitsForItsRefill)
 {
-    const quint32 sales = AddGroupNamed(u"Sales"_s);
+    const GroupId sales = AddGroupNamed(u"Sales"_s);
     for (const auto *name : {"anna", "bert", "carl"}) {
         AddUser({.name = name});
     }
@@ -204,7 +204,7 @@ TEST_F(ChangeGroup, SelectedUsersMoveAndTheListWaitsForItsRefill)
     OpenPopUp(Users(), 0, [](QMenu &menu) { Choose(menu, u"Change group..."_s); });
     EXPECT_EQ(recorder.Take().filter(u"UPDATE"_s), QStringList({move, move}));
     EXPECT_EQ(RowsOf("SELECT user_id, group_id FROM users ORDER BY user_id"),
-              QStringList({u"1|%1"_s.arg(sales), u"2|80"_s, u"3|%1"_s.arg(sales)}));
+              QStringList({u"1|%1"_s.arg(sales.value), u"2|80"_s, u"3|%1"_s.arg(sales.value)}));
     EXPECT_FALSE(RowTexts(Users()).join(u' ').contains(u"Sales"_s));
     QTest::keyClick(&Users(), Qt::Key_F5);
     EXPECT_TRUE(RowTexts(Users()).join(u' ').contains(u"Sales"_s));

@@ -13,7 +13,7 @@ void ListFixture::TearDown()
     WindowFixture::TearDown();
 }
 
-quint32 ListFixture::AddUser(const SampleUser &user)
+UserId ListFixture::AddUser(const SampleUser &user)
 {
     const auto text = [](const char *utf8) { return QString::fromUtf8(utf8); };
     const auto flag = [](bool on) { return quint32 {on}; };
@@ -34,12 +34,13 @@ quint32 ListFixture::AddUser(const SampleUser &user)
         flag(user.monitored),
         user.mode);
     RunQuery("SELECT MAX(user_id) FROM users", FetchMode::All);
-    return queryResult.Integer(1);
+    return queryResult.Id<UserId>(1);
 }
 
-quint32 ListFixture::AddGroupNamed(const QString &name, const QString &description, quint32 mode)
+GroupId
+ListFixture::AddGroupNamed(const QString &name, const QString &description, AccountingMode mode)
 {
-    const quint32 id = AddGroup(name);
+    const GroupId id = AddGroup(name);
     Execute(
         "UPDATE groups SET descrip = (?), mode = (?) WHERE group_id = (?)", description, mode, id);
     return id;
@@ -47,7 +48,7 @@ quint32 ListFixture::AddGroupNamed(const QString &name, const QString &descripti
 
 CSplitterFrame &ListFixture::ShowFrame()
 {
-    frame = std::make_unique<CSplitterFrame>(*theApp, dialogs);
+    frame = std::make_unique<CSplitterFrame>(Services(), ServiceAtStart(), dialogs);
     frame->show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
     frame->FirstStart();
@@ -93,11 +94,12 @@ void ListFixture::Settle()
     QCoreApplication::processEvents();
 }
 
-FrameDialogs::ForOne ListFixture::Noting(const char *what)
+template <typename IdType>
+std::function<void(IdType, QWidget *)> ListFixture::Noting(const char *what)
 {
-    return [this, what](quint32 id, QWidget *parent) {
+    return [this, what](IdType id, QWidget *parent) {
         EXPECT_EQ(parent, frame.get());
-        opened << u"%1 %2"_s.arg(QLatin1StringView(what)).arg(id);
+        opened << u"%1 %2"_s.arg(QLatin1StringView(what)).arg(id.value);
     };
 }
 
@@ -109,19 +111,19 @@ FrameDialogs::ForNothing ListFixture::NotingPlain(const char *what)
 FrameDialogs ListFixture::NotingDialogs()
 {
     FrameDialogs noting;
-    noting.userProperties = Noting("userProperties");
-    noting.userAccount = Noting("userAccount");
-    noting.userStatistics = Noting("userStatistics");
-    noting.userLimits = [this](const QList<quint32> &ids, QWidget * /*parent*/) {
+    noting.userProperties = Noting<UserId>("userProperties");
+    noting.userAccount = Noting<UserId>("userAccount");
+    noting.userStatistics = Noting<UserId>("userStatistics");
+    noting.userLimits = [this](const QList<UserId> &ids, QWidget * /*parent*/) {
         QStringList texts;
-        for (const quint32 id : ids) {
-            texts << QString::number(id);
+        for (const UserId id : ids) {
+            texts << QString::number(id.value);
         }
         opened << u"userLimits "_s + texts.join(u',');
     };
-    noting.groupProperties = Noting("groupProperties");
-    noting.groupAccount = Noting("groupAccount");
-    noting.groupStatistics = Noting("groupStatistics");
+    noting.groupProperties = Noting<GroupId>("groupProperties");
+    noting.groupAccount = Noting<GroupId>("groupAccount");
+    noting.groupStatistics = Noting<GroupId>("groupStatistics");
     noting.purge = NotingPlain("purge");
     noting.options = NotingPlain("options");
     noting.globalOptions = NotingPlain("globalOptions");

@@ -1,6 +1,7 @@
 // The main window on a fresh database with a few users and groups.
 #pragma once
 
+#include "db/value_codes.h"
 #include "support/core/statement_recorder.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
@@ -18,13 +19,13 @@ struct SampleUser
     const char *fullName = "";
     const char *ip = "";
     const char *mac = "";
-    quint32 group = 80;
+    GroupId group = kEverybodyGroup;
     bool blocked = false;
-    quint32 reason = 0;
+    BlockReason reason = BlockReason::None;
     bool timeAccess = false;
     bool timeBlocked = false;
     bool monitored = true;
-    quint32 mode = 0;
+    AccountingMode mode = AccountingMode::NoControl;
 };
 
 class ListFixture : public WindowFixture
@@ -33,8 +34,10 @@ protected:
     void TearDown() override;
 
     // The new row's id.
-    quint32 AddUser(const SampleUser &user);
-    quint32 AddGroupNamed(const QString &name, const QString &description = {}, quint32 mode = 0);
+    UserId AddUser(const SampleUser &user);
+    GroupId AddGroupNamed(const QString &name,
+                          const QString &description = {},
+                          AccountingMode mode = AccountingMode::NoControl);
 
     // Shows the main window; the dialogs that it opens are noted in `opened`, nothing else happens.
     CSplitterFrame &ShowFrame();
@@ -63,6 +66,7 @@ protected:
 
 private:
     FrameDialogs NotingDialogs();
-    FrameDialogs::ForOne Noting(const char *what);
+    template <typename IdType>
+    std::function<void(IdType, QWidget *)> Noting(const char *what);
     FrameDialogs::ForNothing NotingPlain(const char *what);
 };

@@ -6,9 +6,13 @@
 #include "support/windows/modal.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTimer>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -26,14 +30,14 @@ protected:
                         .fullName = "Anna Berg",
                         .ip = "10.0.0.3",
                         .mac = "0011AABBCCDD",
-                        .mode = 2});
+                        .mode = AccountingMode::Provider});
         bert = AddUser({.name = "bert",
                         .station = "pc-1",
                         .fullName = "Bert Cole",
                         .ip = "10.0.0.1",
                         .group = sales,
                         .blocked = true,
-                        .reason = 3});
+                        .reason = BlockReason::Administrator});
         carl =
             AddUser({.name = "carl", .station = "pc-2", .fullName = "Al Carl", .ip = "10.0.0.2"});
         ShowFrame();
@@ -54,10 +58,10 @@ protected:
         FAIL() << qPrintable(text);
     }
 
-    quint32 sales = 0;
-    quint32 anna = 0;
-    quint32 bert = 0;
-    quint32 carl = 0;
+    GroupId sales;
+    UserId anna;
+    UserId bert;
+    UserId carl;
 };
 
 } // namespace
@@ -117,19 +121,19 @@ TEST_F(Lists, PropertiesOpenForTheFirstSelectedRow)
 {
     ShowThree();
     DoubleClickCell(Users(), 1, 3);
-    EXPECT_EQ(opened, QStringList(u"userProperties %1"_s.arg(bert)));
+    EXPECT_EQ(opened, QStringList(u"userProperties %1"_s.arg(bert.value)));
     opened.clear();
     ClickCell(Users(), 2, 0);
     ClickCell(Users(), 0, 0, Qt::ControlModifier);
-    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({anna, carl}));
+    EXPECT_EQ(Users().SelectedIds(), QList<UserId>({anna, carl}));
     QTest::keyClick(&Users(), Qt::Key_Return);
-    EXPECT_EQ(opened, QStringList(u"userProperties %1"_s.arg(anna)));
+    EXPECT_EQ(opened, QStringList(u"userProperties %1"_s.arg(anna.value)));
     opened.clear();
     DoubleClickCell(Groups(), 1, 0);
     QTest::keyClick(&Groups(), Qt::Key_Enter);
-    EXPECT_EQ(
-        opened,
-        QStringList({u"groupProperties %1"_s.arg(sales), u"groupProperties %1"_s.arg(sales)}));
+    EXPECT_EQ(opened,
+              QStringList({u"groupProperties %1"_s.arg(sales.value),
+                           u"groupProperties %1"_s.arg(sales.value)}));
     opened.clear();
     Groups().clearSelection();
     QTest::keyClick(&Groups(), Qt::Key_Return);
@@ -142,7 +146,7 @@ TEST_F(Lists, TabDeselectsAndPassesTheFocus)
     ClickCell(Users(), 1, 0);
     QTest::keyClick(&Users(), Qt::Key_Tab);
     EXPECT_TRUE(Groups().hasFocus());
-    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>());
+    EXPECT_EQ(Users().SelectedIds(), QList<UserId>());
     ClickCell(Groups(), 1, 0);
     QTest::keyClick(&Groups(), Qt::Key_Tab);
     EXPECT_TRUE(Users().hasFocus());
@@ -151,7 +155,7 @@ TEST_F(Lists, TabDeselectsAndPassesTheFocus)
     ClickCell(Users(), 0, 0);
     ClickCell(Users(), 2, 0, Qt::ControlModifier);
     Find<QWidget>(*frame, "findUser").setFocus();
-    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({carl})); // only the first one goes
+    EXPECT_EQ(Users().SelectedIds(), QList<UserId>({carl})); // only the first one goes
 }
 
 TEST_F(Lists, PopUpOfOneUser)
@@ -174,9 +178,9 @@ TEST_F(Lists, PopUpOfOneUser)
         OpenPopUp(Users(), 0, [&](QMenu &menu) { Choose(menu, entry); });
     }
     EXPECT_EQ(opened,
-              QStringList({u"userAccount %1"_s.arg(anna),
-                           u"userStatistics %1"_s.arg(anna),
-                           u"userProperties %1"_s.arg(anna)}));
+              QStringList({u"userAccount %1"_s.arg(anna.value),
+                           u"userStatistics %1"_s.arg(anna.value),
+                           u"userProperties %1"_s.arg(anna.value)}));
     ClickCell(Users(), 1, 0); // without control there is no account
     OpenPopUp(Users(), 1, [](QMenu &menu) { EXPECT_EQ(MenuTexts(menu)[1], u"~Account..."_s); });
 }
@@ -195,12 +199,12 @@ TEST_F(Lists, PopUpOfSeveralUsers)
                                u"Delete"_s}));
         Choose(menu, u"Set mode/limits..."_s);
     });
-    EXPECT_EQ(opened, QStringList(u"userLimits %1,%2"_s.arg(anna).arg(carl)));
+    EXPECT_EQ(opened, QStringList(u"userLimits %1,%2"_s.arg(anna.value).arg(carl.value)));
 }
 
 TEST_F(Lists, PopUpOfAGroup)
 {
-    const quint32 provider = AddGroupNamed(u"Provider"_s, {}, 2);
+    const GroupId provider = AddGroupNamed(u"Provider"_s, {}, AccountingMode::Provider);
     ShowFrame();
     opened.clear();
     ClickCell(Groups(), 1, 0);
@@ -212,9 +216,9 @@ TEST_F(Lists, PopUpOfAGroup)
     });
     ClickCell(Groups(), 1, 0);
     OpenPopUp(Groups(), 1, [](QMenu &menu) { Choose(menu, u"Statistics"_s); });
-    EXPECT_EQ(
-        opened,
-        QStringList({u"groupAccount %1"_s.arg(provider), u"groupStatistics %1"_s.arg(provider)}));
+    EXPECT_EQ(opened,
+              QStringList({u"groupAccount %1"_s.arg(provider.value),
+                           u"groupStatistics %1"_s.arg(provider.value)}));
     ClickCell(Groups(), 0, 0);
     OpenPopUp(Groups(), 0, [](QMenu &menu) { EXPECT_EQ(MenuTexts(menu)[1], u"~Account..."_s); });
 }
@@ -250,7 +254,7 @@ TEST_F(Lists, DeleteAsksAndRemovesExactlyTheSelectedUsers)
               QStringList(
                   u"This will delete these users and all corresponding information. Continue?"_s));
     EXPECT_EQ(EveryRow(), before);
-    EXPECT_TRUE(Users().SelectedUserIds().isEmpty()); // deselected all the same
+    EXPECT_TRUE(Users().SelectedIds().isEmpty()); // deselected all the same
 
     ClickCell(Users(), 0, 0);
     ClickCell(Users(), 2, 0, Qt::ControlModifier);
@@ -294,7 +298,9 @@ TEST_F(Lists, ARefillDuringTheQuestionChangesNothing)
 
         std::function<void()> meanwhile;
     } refilling;
-    CAdministratorView view(theApp->Config(), refilling, dialogs, nullptr);
+    const AppServices withRefilling {
+        Services().settings, Services().control, Services().connection, refilling};
+    CAdministratorView view(withRefilling, dialogs, nullptr);
     view.LoadColumns();
     view.FirstFill();
     refilling.meanwhile = [&] {
@@ -347,7 +353,7 @@ TEST_F(Lists, DeletingAGroupTakesOnlyItsRowOut)
 
 TEST_F(Lists, EverybodyIsKeptByNameAndById)
 {
-    const quint32 twin = AddGroupNamed(u"Everybody"_s);
+    const GroupId twin = AddGroupNamed(u"Everybody"_s);
     ShowFrame();
     prompt.AnswerWith({true, true, true});
     ClickCell(Groups(), 1, 0); // the twin: its name alone protects it
@@ -363,7 +369,7 @@ TEST_F(Lists, EverybodyIsKeptByNameAndById)
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"You can not rename Everybody group"_s));
     ClickCell(Groups(), 0, 0);
     QTest::keyClick(&Groups(), Qt::Key_Delete); // under another name it can be deleted
-    EXPECT_EQ(RowsOf("SELECT group_id FROM groups"), QStringList(QString::number(twin)));
+    EXPECT_EQ(RowsOf("SELECT group_id FROM groups"), QStringList(QString::number(twin.value)));
 }
 
 TEST_F(Lists, RenamingAGroupRefillsTheGroups)
@@ -390,7 +396,7 @@ TEST_F(Lists, FindLooksForThePrefixOfTheFirstColumn)
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Enter search criteria please"_s));
     Type(field, u"BE"_s);
     QTest::keyClick(&field, Qt::Key_Return);
-    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({bert}));
+    EXPECT_EQ(Users().SelectedIds(), QList<UserId>({bert}));
     EXPECT_TRUE(Users().hasFocus());
     Type(field, u"Cole"_s); // stands in another column
     Click(*frame, "find");
@@ -404,7 +410,7 @@ TEST_F(Lists, FindLooksForThePrefixOfTheFirstColumn)
     Users().ToggleColumn(UserColumn::UserName);
     Type(field, u"pc-2"_s);
     QTest::keyClick(&field, Qt::Key_Return);
-    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({carl}));
+    EXPECT_EQ(Users().SelectedIds(), QList<UserId>({carl}));
     QTest::keyClick(frame.get(), Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(field.hasFocus());
 }
@@ -415,7 +421,7 @@ TEST_F(Lists, ARefillKeepsTheSelection)
     ClickCell(Users(), 2, 0);
     AddUser({.name = "aaron"});
     QTest::keyClick(&Users(), Qt::Key_F5);
-    EXPECT_EQ(Users().SelectedUserIds(), QList<quint32>({carl}));
+    EXPECT_EQ(Users().SelectedIds(), QList<UserId>({carl}));
     EXPECT_EQ(Users().SelectedRows(), QList<int>({3}));
 }
 

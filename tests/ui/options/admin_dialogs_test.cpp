@@ -12,6 +12,7 @@
 #include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -99,7 +100,7 @@ protected:
 
 TEST_F(PurgeWindow, ShowsWhatWouldGoAndLeavesItOnNo)
 {
-    PurgeDialog dialog(nullptr);
+    PurgeDialog dialog(Services(), nullptr);
     dialog.show();
     EXPECT_FALSE(Find<QDateEdit>(dialog, "since").isEnabled());
     EXPECT_FALSE(Find<QCheckBox>(dialog, "deleteUsers").isEnabled());
@@ -115,7 +116,7 @@ TEST_F(PurgeWindow, ShowsWhatWouldGoAndLeavesItOnNo)
 
 TEST_F(PurgeWindow, RemovesWhatIsOlderThanThePeriod)
 {
-    PurgeDialog dialog(nullptr);
+    PurgeDialog dialog(Services(), nullptr);
     dialog.show();
     Click(dialog, "lastWeek"); // from 3 March on
     prompt.AnswerWith({true});
@@ -129,7 +130,7 @@ TEST_F(PurgeWindow, RemovesWhatIsOlderThanThePeriod)
 
 TEST_F(PurgeWindow, RefusesAPeriodThatEndsBeforeItBegins)
 {
-    PurgeDialog dialog(nullptr);
+    PurgeDialog dialog(Services(), nullptr);
     dialog.show();
     Click(dialog, "custom");
     Find<QDateEdit>(dialog, "until").setDate({2026, 3, 1});
@@ -149,7 +150,7 @@ TEST_F(PurgeWindow, RefusesAPeriodThatEndsBeforeItBegins)
 TEST_F(PurgeWindow, AllInformationGoesAndUsersOnlyWhenAsked)
 {
     for (const bool users : {false, true}) {
-        PurgeDialog dialog(nullptr);
+        PurgeDialog dialog(Services(), nullptr);
         dialog.show();
         Click(dialog, "all");
         if (users) {
@@ -170,7 +171,7 @@ TEST_F(PurgeWindow, OpensOnlyWhileTheServiceIsStopped)
     for (const auto &state : {u"active"_s, u"activating"_s, u"deactivating"_s}) {
         service.SetStates({state});
         UseBus(bus.Connection());
-        OpenPurge(nullptr);
+        OpenPurge(Services(), nullptr);
         EXPECT_EQ(prompt.TakeSaid(),
                   QStringList(u"Please stop the Tollbrook Service before proceeding"_s));
     }
@@ -184,11 +185,11 @@ TEST_F(PurgeWindow, OpensOnlyWhileTheServiceIsStopped)
             ExpectKeyboardReachesAll(dialog);
             ::Press(Qt::Key_Escape);
         });
-        OpenPurge(nullptr);
+        OpenPurge(Services(), nullptr);
         EXPECT_TRUE(prompt.TakeSaid().isEmpty());
     }
     service.ForgetUnit();
-    OpenPurge(nullptr);
+    OpenPurge(Services(), nullptr);
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Can not find records about Tollbrook Service!"_s));
     UseBus(QDBusConnection(u"nobody"_s));
 }
@@ -217,7 +218,7 @@ protected:
 
 TEST_F(LoginWindow, TheTreeFiltersTheList)
 {
-    LoginManager manager(nullptr);
+    LoginManager manager(Services(), nullptr);
     manager.show();
     auto &tree = Find<QTreeWidget>(manager, "groups");
     auto &list = Find<QTreeWidget>(manager, "logins");
@@ -235,7 +236,7 @@ TEST_F(LoginWindow, TheTreeFiltersTheList)
 
 TEST_F(LoginWindow, ANewLoginIsBoundLimitedAndStoredOnOk)
 {
-    LoginManager manager(nullptr);
+    LoginManager manager(Services(), nullptr);
     manager.show();
     const WhileModal creating([&](QDialog &dialog) {
         Type(Find(dialog, "name"), u"bob1"_s);
@@ -278,7 +279,7 @@ TEST_F(LoginWindow, ANewLoginIsBoundLimitedAndStoredOnOk)
 TEST_F(LoginWindow, AnEditedLoginKeepsItsPasswordUnlessItIsTyped)
 {
     for (const bool typed : {false, true}) {
-        LoginManager manager(nullptr);
+        LoginManager manager(Services(), nullptr);
         manager.show();
         auto &list = Find<QTreeWidget>(manager, "logins");
         const WhileModal editing([&](QDialog &dialog) {
@@ -301,7 +302,7 @@ TEST_F(LoginWindow, AnEditedLoginKeepsItsPasswordUnlessItIsTyped)
 TEST_F(LoginWindow, RemoveAsksAndCancelKeepsEverything)
 {
     const QStringList before = EveryRow();
-    LoginManager manager(nullptr);
+    LoginManager manager(Services(), nullptr);
     manager.show();
     auto &list = Find<QTreeWidget>(manager, "logins");
     ClickCell(list, 0, 0);
@@ -320,7 +321,7 @@ TEST_F(LoginWindow, PasswordsOfUpTo256CharactersAreTaken)
 {
     const std::pair<qsizetype, bool> cases[] = {
         {0, true}, {1, true}, {255, true}, {256, true}, {300, false}};
-    LoginManager manager(nullptr);
+    LoginManager manager(Services(), nullptr);
     manager.show();
     for (const auto &[length, taken] : cases) {
         const WhileModal creating([length = length, taken = taken, this](QDialog &dialog) {
@@ -345,7 +346,7 @@ TEST_F(LoginWindow, The1001stLoginAndAWrongMacAreRefused)
     for (int number = 2; number < 1000; ++number) {
         Execute("INSERT INTO Logins (login, Pwd) VALUES ((?), 'x')", u"login%1"_s.arg(number));
     }
-    LoginManager manager(nullptr);
+    LoginManager manager(Services(), nullptr);
     manager.show();
     EXPECT_EQ(Find<QTreeWidget>(manager, "logins").topLevelItemCount(), 1000);
     const WhileModal creating([this](QDialog &dialog) {
@@ -398,7 +399,7 @@ TEST_F(LoginWindow, TheKeyboardAloneIsEnough)
         PressButton(manager, "create");
         PressButton(manager, "ok");
     });
-    OpenLoginManager(nullptr);
+    OpenLoginManager(Services(), nullptr);
     EXPECT_EQ(Rows("SELECT login, username, LimitIP FROM logins, users WHERE userid = user_id AND "
                    "login = 'bob1'"),
               QStringList(u"bob1|bob|10.0.0.7"_s));
@@ -406,7 +407,7 @@ TEST_F(LoginWindow, TheKeyboardAloneIsEnough)
 
 TEST_F(LoginWindow, AFailedSaveKeepsTheManagerOpen)
 {
-    LoginManager manager(nullptr);
+    LoginManager manager(Services(), nullptr);
     manager.show();
     const WhileModal creating([](QDialog &dialog) {
         Type(Find(dialog, "name"), u"new"_s);

@@ -53,10 +53,10 @@ QString ActivePage(const QDialog &sheet)
 }
 
 // Every file of the store with its bytes.
-QMap<QString, QByteArray> StoreBytes()
+QMap<QString, QByteArray> BytesOf(const ConfigStore &store)
 {
     QMap<QString, QByteArray> files;
-    QDirIterator each(theApp->Config().Folder(), QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator each(store.Folder(), QDir::Files, QDirIterator::Subdirectories);
     while (each.hasNext()) {
         QFile file(each.next());
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
@@ -70,18 +70,19 @@ QMap<QString, QByteArray> StoreBytes()
 class OptionsWindow : public WindowFixture
 {
 protected:
-    [[nodiscard]] static ConfigStore &Store() { return theApp->Config(); }
+    [[nodiscard]] ConfigStore &Store() const { return Settings(); }
+    [[nodiscard]] auto StoreBytes() const { return BytesOf(Settings()); }
 
     bool Run(const Answer &answer)
     {
         const WhileModal watch(answer);
-        return OpenOptions(nullptr, [this] { ++refreshes; });
+        return OpenOptions(Services(), nullptr, [this] { ++refreshes; });
     }
 
     bool RunGlobal(const Answer &answer)
     {
         const WhileModal watch(answer);
-        return OpenGlobalOptions(nullptr, [this] { ++refreshes; });
+        return OpenGlobalOptions(Services(), nullptr, [this] { ++refreshes; });
     }
 
     // Presses a button of the window and works on the dialog that it opens.
@@ -602,8 +603,8 @@ protected:
     void SetUp() override
     {
         WindowFixture::SetUp();
-        theApp->Config().WriteText(values::kBoundNic, u"Ethernet adapter eth0"_s);
-        theApp->Config().WriteText(values::kCaptureExport, u"\\Device\\Packet_eth0"_s);
+        Settings().WriteText(values::kBoundNic, u"Ethernet adapter eth0"_s);
+        Settings().WriteText(values::kCaptureExport, u"\\Device\\Packet_eth0"_s);
     }
 
     // Picks the entry as the keyboard does.
@@ -622,7 +623,7 @@ protected:
 
 TEST_F(AdapterWindow, BindsAnotherOnYesOnly)
 {
-    AdapterDialog dialog(adapters, true, nullptr);
+    AdapterDialog dialog(Services(), adapters, true, nullptr);
     dialog.show();
     EXPECT_EQ(dialog.windowTitle(), u"Select network card Tollbrook will work with"_s);
     EXPECT_EQ(TextIn(dialog, "currentAdapter"), u"Ethernet adapter eth0"_s);
@@ -634,12 +635,12 @@ TEST_F(AdapterWindow, BindsAnotherOnYesOnly)
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(u"You are about to bind Tollbrook service to another network card. "
                           "Continue?"_s));
-    EXPECT_EQ(theApp->Config().ReadText(values::kBoundNic), u"Ethernet adapter eth0"_s);
+    EXPECT_EQ(Settings().ReadText(values::kBoundNic), u"Ethernet adapter eth0"_s);
     EXPECT_EQ(box.currentIndex(), 0) << "No leaves everything as it was";
     prompt.AnswerWith({true});
     Pick(box, 1);
-    EXPECT_EQ(theApp->Config().ReadText(values::kBoundNic), u"Ethernet adapter eth1"_s);
-    EXPECT_EQ(theApp->Config().ReadText(values::kNic), std::nullopt);
+    EXPECT_EQ(Settings().ReadText(values::kBoundNic), u"Ethernet adapter eth1"_s);
+    EXPECT_EQ(Settings().ReadText(values::kNic), std::nullopt);
     EXPECT_EQ(TextIn(dialog, "boundAddress"), u""_s);
 }
 
@@ -659,12 +660,12 @@ TEST_F(AdapterWindow, MayChangeOnlyWhileTheServiceIsStopped)
             ExpectKeyboardReachesAll(dialog);
             Press(Qt::Key_Escape);
         });
-        OpenAdapterBinding(nullptr);
+        OpenAdapterBinding(Services(), nullptr);
         EXPECT_EQ(prompt.TakeSaid(), mayChange ? QStringList() : QStringList(refusal))
             << qPrintable(state);
     }
     service.ForgetUnit();
-    OpenAdapterBinding(nullptr);
+    OpenAdapterBinding(Services(), nullptr);
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(u"This command may be executed only on a server machine"_s));
     UseBus(QDBusConnection(u"nobody"_s));
@@ -672,8 +673,8 @@ TEST_F(AdapterWindow, MayChangeOnlyWhileTheServiceIsStopped)
 
 TEST_F(AdapterWindow, AnAdapterThatIsNotListedIsNotTheCurrentOne)
 {
-    theApp->Config().WriteText(values::kBoundNic, u"ethernet adapter ETH0"_s);
-    const AdapterDialog dialog(adapters, true, nullptr);
+    Settings().WriteText(values::kBoundNic, u"ethernet adapter ETH0"_s);
+    const AdapterDialog dialog(Services(), adapters, true, nullptr);
     EXPECT_EQ(TextIn(dialog, "currentAdapter"), u""_s);
     EXPECT_EQ(TextIn(dialog, "boundAddress"), u""_s);
     EXPECT_EQ(Find<QComboBox>(dialog, "newAdapter").currentIndex(), -1);
@@ -681,15 +682,15 @@ TEST_F(AdapterWindow, AnAdapterThatIsNotListedIsNotTheCurrentOne)
 
 TEST_F(AdapterWindow, WithoutACaptureDriverOrAStoppedServiceItOnlyShows)
 {
-    const AdapterDialog fixed(adapters, false, nullptr);
+    const AdapterDialog fixed(Services(), adapters, false, nullptr);
     EXPECT_FALSE(Find(fixed, "newAdapter").isEnabled());
-    theApp->Config().CreateKey(ConfigKeyId::CaptureDriver);
-    QFile::remove(theApp->Config().FileOf(ConfigKeyId::CaptureDriver));
-    const AdapterDialog unbound(adapters, true, nullptr);
+    Settings().CreateKey(ConfigKeyId::CaptureDriver);
+    QFile::remove(Settings().FileOf(ConfigKeyId::CaptureDriver));
+    const AdapterDialog unbound(Services(), adapters, true, nullptr);
     EXPECT_EQ(TextIn(unbound, "currentAdapter"), u""_s);
     EXPECT_EQ(Find<QComboBox>(unbound, "newAdapter").count(), 2);
 
-    OpenAdapterBinding(nullptr);
+    OpenAdapterBinding(Services(), nullptr);
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(u"This command may be executed only on a server machine"_s));
 }

@@ -211,14 +211,14 @@ TEST_F(GroupSheetTest, AGroupDeletedMeanwhileIsToldAndNothingIsWritten)
                 ElementsAre(u"Move user out of this group?"_s,
                             u"This group has been deleted meanwhile. Nothing was changed."_s));
     EXPECT_EQ(EveryRow(), before);
-    EXPECT_FALSE(OpenGroupSheet(81, group_page::kGeneral, nullptr));
+    EXPECT_FALSE(OpenGroupSheet(Services(), GroupId {81}, group_page::kGeneral, nullptr));
     EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"This group has been deleted meanwhile."_s));
 }
 
 TEST_F(GroupSheetTest, TheTimePageThatIsNotShownWritesItsTimesShorter)
 {
-    GroupRecord record = LoadGroup(81).value();
-    CAdministratorGroupPTime page(record);
+    GroupRecord record = LoadGroup(GroupId {81}).value();
+    CAdministratorGroupPTime page(prompt, record);
     page.Load();
     page.Activate();
     page.show();

@@ -12,10 +12,10 @@ namespace {
 class ManyUsersTest : public PropsFixture
 {
 protected:
-    [[nodiscard]] static bool Open(std::vector<quint32> ids, const Act &act)
+    [[nodiscard]] bool Open(std::initializer_list<quint32> numbers, const Act &act) const
     {
         const WhileModal dialog(act);
-        return OpenAccessForUsers(std::move(ids), nullptr);
+        return OpenAccessForUsers(Services(), {numbers.begin(), numbers.end()}, nullptr);
     }
 
     [[nodiscard]] static QStringList Stored()
@@ -95,7 +95,7 @@ TEST_F(ManyUsersTest, UsersThatAreGoneAreLeftOut)
         Click(dialog, "ok");
     }));
     EXPECT_THAT(Stored(), ElementsAre(u"1|0|0|0|2|2"_s, u"2|2|0|0|2|2"_s, u"9|0|0|0|2|2"_s));
-    EXPECT_FALSE(OpenAccessForUsers({77}, nullptr));
+    EXPECT_FALSE(OpenAccessForUsers(Services(), {UserId {77}}, nullptr));
     EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"These users have been deleted meanwhile."_s));
 }
 

@@ -47,16 +47,16 @@ protected:
     }
 
     // Whether the sheet stored something.
-    [[nodiscard]] static bool UserSheet(int page, const Act &act)
+    [[nodiscard]] bool UserSheet(int page, const Act &act) const
     {
         const WhileModal sheet(act);
-        return OpenUserSheet(1, page, nullptr);
+        return OpenUserSheet(Services(), UserId {1}, page, nullptr);
     }
 
-    [[nodiscard]] static bool GroupSheet(int page, const Act &act)
+    [[nodiscard]] bool GroupSheet(int page, const Act &act) const
     {
         const WhileModal sheet(act);
-        return OpenGroupSheet(81, page, nullptr);
+        return OpenGroupSheet(Services(), GroupId {81}, page, nullptr);
     }
 
     // Has the account page, which a sheet makes and does not show, stage a credit of 5 megabytes.

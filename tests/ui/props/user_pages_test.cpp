@@ -14,6 +14,7 @@
 #include "ui/props/user_general_page.h"
 
 #include <QComboBox>
+#include <QSignalSpy>
 #include <QTimeEdit>
 
 using namespace Qt::StringLiterals;
@@ -29,13 +30,26 @@ protected:
     template <typename PageType>
     PageType &Show()
     {
-        record = LoadUser(1).value();
+        record = LoadUser(UserId {1}).value();
         sheet = std::make_unique<Sheet>(u"User properties"_s, nullptr);
-        auto *page = new PageType(record);
+        auto *page = MakePage<PageType>();
         sheet->Add(page);
         sheet->Start(0);
         ShowActive(*sheet);
         return *page;
+    }
+
+    // With what the page is handed: all services, the prompt alone, or nothing.
+    template <typename PageType>
+    [[nodiscard]] PageType *MakePage()
+    {
+        if constexpr (std::is_constructible_v<PageType, const AppServices &, UserRecord &>) {
+            return new PageType(Services(), record);
+        } else if constexpr (std::is_constructible_v<PageType, Prompt &, UserRecord &>) {
+            return new PageType(prompt, record);
+        } else {
+            return new PageType(record);
+        }
     }
 
     // Presses a button that opens a dialog, and acts in that.
@@ -107,7 +121,7 @@ TEST_F(UserPages, GeneralShowsTheUserAndMarksChangedAddresses)
 
 TEST_F(UserPages, AddressDialogsRefuseWhatIsNotWhole)
 {
-    ChangeIpDialog ip(QString(), nullptr);
+    ChangeIpDialog ip(prompt, QString(), nullptr);
     ShowActive(ip);
     EXPECT_EQ(ip.windowTitle(), u"Change IP Address"_s);
     Type(Find(ip, "address"), u"10.0.0"_s);
@@ -122,7 +136,7 @@ TEST_F(UserPages, AddressDialogsRefuseWhatIsNotWhole)
     EXPECT_EQ(entered.first().first().toUInt(), 0x0A000005U);
 
     for (const auto *text : {"", "00000000000", "0000000000000", "00-11-AA-BB-CC-DD"}) {
-        ChangeMacDialog mac(QString(), nullptr);
+        ChangeMacDialog mac(prompt, QString(), nullptr);
         ShowActive(mac);
         EXPECT_EQ(mac.windowTitle(), u"Change MAC address"_s);
         Type(Find(mac, "address"), QString::fromLatin1(text));
@@ -208,7 +222,7 @@ TEST_F(UserPages, EveryClickOnTheAccessTypeStagesItsMode)
     };
     for (const auto &[control, staged] : clicks) {
         Click(*sheet, control);
-        EXPECT_EQ(record.mode, staged) << control;
+        EXPECT_EQ(static_cast<quint32>(record.mode), staged) << control;
     }
     EXPECT_TRUE(page.Leave());
     Click(*sheet, "trafficControl");
@@ -224,8 +238,8 @@ TEST_F(UserPages, EveryClickOnTheAccessTypeStagesItsMode)
 TEST_F(UserPages, AnotherAccessTypeDropsWhatWasStagedOfTheAccount)
 {
     const auto stage = [this] {
-        record.account.credits.push_back({CreditKind::Money, 5.0, false, u"2027.01.01"_s});
-        record.account.closed = {3, 4};
+        record.account.credits.push_back({BaseUnits {5.0}, false, u"2027.01.01"_s});
+        record.account.closed = {BillId {3}, BillId {4}};
     };
     for (const auto &[first, second] : {std::pair("provider", "corporate"),
                                         std::pair("corporate", "provider"),
@@ -274,7 +288,7 @@ TEST_F(UserPages, LimitsOpenByMode)
         EXPECT_EQ(Text("period"), QString::fromLatin1(texts[0]));
         EXPECT_EQ(Text("trafficLimit"), QString::fromLatin1(texts[1]));
         EXPECT_EQ(Text("timeLimit"), QString::fromLatin1(texts[2]));
-        EXPECT_EQ(Checked("useGlobal"), mode == mode::kProvider);
+        EXPECT_EQ(Checked("useGlobal"), mode == 2);
         EXPECT_FALSE(Enabled("price"));
         EXPECT_EQ(Text("price"), QString());
     }
@@ -301,7 +315,7 @@ TEST_F(UserPages, StagedLimitsSurviveTheNextActivationAndNothingElseDoes)
         Click(dialog, "ok");
     });
     EXPECT_EQ(Text("period"), u"Day"_s);
-    EXPECT_EQ(record.limits.Staged().period, period::kDay);
+    EXPECT_EQ(record.limits.Staged().period, LimitPeriod::Day);
 }
 
 TEST_F(UserPages, ThePriceFollowsUseGlobalSettings)
@@ -326,14 +340,14 @@ TEST_F(UserPages, ThePriceFollowsUseGlobalSettings)
 
 TEST_F(UserPages, LimitDialogsRefuseWhatIsNoValue)
 {
-    PeriodDialog period(0);
+    PeriodDialog period(prompt, LimitPeriod::None);
     ShowActive(period);
     EXPECT_EQ(RowTexts(Find<QListWidget>(period, "periods")), (QStringList {u"Day"_s, u"Month"_s}));
     Click(period, "ok");
     EXPECT_TRUE(period.isVisible());
     EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"Please choose an accounting period"_s));
 
-    LimitDialog limit(u"Traffic limit, Mb"_s, 5);
+    LimitDialog limit(prompt, u"Traffic limit, Mb"_s, 5);
     ShowActive(limit);
     const std::pair<const char *, const char *> limits[] = {
         {"", ""},
@@ -352,7 +366,7 @@ TEST_F(UserPages, LimitDialogsRefuseWhatIsNoValue)
     EXPECT_TRUE(limit.isVisible());
     EXPECT_EQ(prompt.TakeSaid().size(), 1);
 
-    RateDialog rate(1.5);
+    RateDialog rate(prompt, 1.5);
     ShowActive(rate);
     EXPECT_EQ(rate.windowTitle(), u"Rate"_s);
     EXPECT_EQ(TextOf(rate, "rate"), u"1.50"_s);
@@ -370,7 +384,7 @@ TEST_F(UserPages, LimitDialogsRefuseWhatIsNoValue)
 
 TEST_F(UserPages, ATimeRangeNeedsADayAndAnEndAfterItsStart)
 {
-    TimeRangeDialog dialog;
+    TimeRangeDialog dialog(prompt);
     ShowActive(dialog);
     EXPECT_EQ(dialog.windowTitle(), u"Add time range"_s);
     const auto &day = Find<QComboBox>(dialog, "day");
@@ -423,7 +437,7 @@ TEST_F(UserPages, TimeRangesAreListedAddedAndDeleted)
     page.Activate();
     EXPECT_THAT(RowTexts(list),
                 ElementsAre(u"Wednesday|09:00:00|10:00:00"_s, u"Tuesday|08:00:00|17:00:00"_s));
-    EXPECT_THAT(record.times.Deleted(), ElementsAre(2));
+    EXPECT_THAT(record.times.Deleted(), ElementsAre(RangeId {2}));
 }
 
 TEST_F(UserPages, ProtocolsMoveBetweenTheLists)

@@ -241,7 +241,7 @@ TEST_F(UserSheetTest, AUserDeletedMeanwhileIsToldAndNothingIsWritten)
                 ElementsAre(u"This user has been deleted meanwhile. Nothing was changed."_s));
     EXPECT_EQ(EveryRow(), before);
 
-    EXPECT_FALSE(OpenUserSheet(1, user_page::kGeneral, nullptr));
+    EXPECT_FALSE(OpenUserSheet(Services(), UserId {1}, user_page::kGeneral, nullptr));
     EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"This user has been deleted meanwhile."_s));
 }
 

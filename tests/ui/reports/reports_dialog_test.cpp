@@ -40,8 +40,8 @@ protected:
             u"Driver=SQLite3\nDatabase=%1\nStepAPI=1\nTimeout=5000"_s.arg(DatabaseFile()));
         QFile::link(QStringLiteral(TB_SOURCE_DIR "/src/reports/layouts"),
                     folder.filePath(u"reports"_s));
-        theApp->Config().WriteText(values::kPath, folder.path() + u'/');
-        dialog = std::make_unique<ReportsDialog>();
+        Settings().WriteText(values::kPath, folder.path() + u'/');
+        dialog = std::make_unique<ReportsDialog>(Services());
         dialog->show();
     }
 
@@ -391,7 +391,7 @@ TEST_F(Reports, AFailedReportCanBeMadeAgainByTheSameKey)
 {
     dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-    theApp->Config().WriteText(values::kPath, u"/nowhere/"_s);
+    Settings().WriteText(values::kPath, u"/nowhere/"_s);
     Select(0);
     Find<QWidget>(*dialog, "generate").setFocus();
     ClickGenerate();
@@ -401,11 +401,11 @@ TEST_F(Reports, AFailedReportCanBeMadeAgainByTheSameKey)
 
 TEST_F(Reports, FailuresAreToldInTheDialog)
 {
-    theApp->Config().WriteText(values::kPath, u"/nowhere/"_s);
+    Settings().WriteText(values::kPath, u"/nowhere/"_s);
     Select(0);
     ClickGenerate();
     EXPECT_EQ(Message(), u"/nowhere/reports/trafall.rpt: there is no such layout file"_s);
-    theApp->Config().WriteText(values::kPath, {});
+    Settings().WriteText(values::kPath, {});
     ClickGenerate();
     EXPECT_EQ(Message(), u"reports/trafall.rpt: there is no such layout file"_s);
 }
@@ -419,7 +419,7 @@ TEST_F(Reports, ARunCanBeStopped)
         "title = \"Slow\"\nrows = \"summed\"\nquery = \"SELECT a.sitename FROM Sites a, SiteAccess b, "
         "SiteAccess c, SiteAccess d, SiteAccess e\"\n[[column]]\nname = \"sitename\"\n");
     layout.close();
-    theApp->Config().WriteText(values::kPath, folder.path() + u"/slow/");
+    Settings().WriteText(values::kPath, folder.path() + u"/slow/");
     Select(0);
     QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
     Click(*dialog, "generate");

@@ -1,5 +1,5 @@
-#include "app/administrator_app.h"
 #include "base/wait.h"
+#include "service/service_connection.h"
 #include "support/core/fake_service.h"
 #include "support/core/private_bus.h"
 #include "support/core/scripted_prompt.h"
@@ -270,14 +270,14 @@ TEST_F(ServiceWindowTest, AReconnectWithoutTheServicesObjectCountsAsRestored)
 {
     service.SetStates({u"active"_s}); // and nobody owns the accounting service's name
     ScriptedPrompt prompt;
-    theApp->SetUp({QString(), bus.Connection()}, prompt, [] { return true; });
-    ReconnectDialog dialog(control, [] { return theApp->ConnectService(); });
+    ServiceConnection connection(bus.Connection());
+    ReconnectDialog dialog(control, [&] { return connection.Connect(prompt); });
     Open(dialog);
     Click(dialog, "reconnect");
     EXPECT_EQ(prompt.TakeSaid(), QStringList {u"Could not create instance"_s});
     EXPECT_EQ(dialog.windowTitle(), u"Connection restored"_s); // kept: it counts as connected
     EXPECT_TRUE(dialog.Flags().connected);
-    EXPECT_EQ(theApp->Link(), nullptr);
+    EXPECT_EQ(connection.Link(), nullptr);
 }
 
 TEST_F(ServiceWindowTest, EveryPictureIsDrawnAndSaysInWordsWhatItShows)

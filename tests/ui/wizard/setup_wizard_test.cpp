@@ -6,8 +6,10 @@
 #include "support/windows/window_fixture.h"
 #include "ui/common/ip_address_field.h"
 
+#include <QAbstractButton>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTreeWidget>
 #include <QWizardPage>
 
@@ -50,12 +52,12 @@ T &OnPage(const QDialog &wizard, const char *name)
 class SetupWizardWindow : public WindowFixture
 {
 protected:
-    [[nodiscard]] static ConfigStore &Store() { return theApp->Config(); }
+    [[nodiscard]] ConfigStore &Store() const { return Settings(); }
 
-    static bool Run(const std::function<void(QDialog &)> &answer)
+    bool Run(const std::function<void(QDialog &)> &answer)
     {
         const WhileModal watch(answer);
-        return RunSetupWizard(nullptr);
+        return RunSetupWizard(Services(), nullptr);
     }
 };
 
@@ -258,7 +260,7 @@ TEST_F(SetupWizardWindow, SuggestsTheMachinesNetworksWhileThereAreNone)
 {
     const QList<Adapter> adapters {{u"eth0"_s, u"Ethernet adapter eth0"_s, false, 0xC0A80107U, 24}};
     NetworkSetup setup;
-    CSetupWizard wizard(setup, adapters, nullptr);
+    CSetupWizard wizard(prompt, setup, adapters, nullptr);
     wizard.show();
     Click(wizard, "next");
     auto &suggestion = OnPage<QPushButton>(wizard, "suggestion");
@@ -269,6 +271,6 @@ TEST_F(SetupWizardWindow, SuggestsTheMachinesNetworksWhileThereAreNone)
     EXPECT_EQ(setup.ranges, (QList<AddressRange> {{0xC0A80100U, 0xFFFFFF00U}}));
     EXPECT_FALSE(suggestion.isEnabled());
 
-    CSetupWizard again(setup, adapters, nullptr);
+    CSetupWizard again(prompt, setup, adapters, nullptr);
     EXPECT_EQ(again.findChild<QPushButton *>(u"suggestion"_s), nullptr);
 }
