@@ -1,12 +1,11 @@
 // Statements on single users: through the session, and through the same calls of the bare interface.
 #include "db/dialect.h"
-#include "db/direct_connection.h"
 #include "db/session.h"
+#include "support/bare_session.h"
 #include "support/bench_database.h"
 #include "support/promise.h"
 
-#include <sql.h>
-#include <sqlext.h>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -15,68 +14,6 @@ namespace {
 constexpr int kUsers = 1000;
 constexpr char kUpdate[] = "UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)";
 constexpr char kSelect[] = "SELECT traflim, timelim FROM users WHERE user_id = (?) ";
-
-class BareSession
-{
-public:
-    explicit BareSession(const QString &dsn)
-    {
-        connection.Open(dsn) ? void() : std::abort();
-        update = Translate(connection.Engine(), kUpdate);
-        select = Translate(connection.Engine(), kSelect);
-    }
-
-    void Update(SQLINTEGER reason, SQLINTEGER user)
-    {
-        Bind(1, reason);
-        Bind(2, user);
-        Execute(update);
-        SQLFreeStmt(connection.Handle(), SQL_RESET_PARAMS);
-    }
-
-    // The two columns of the user's row.
-    int Select(SQLINTEGER user)
-    {
-        Bind(1, user);
-        Execute(select);
-        SQLLEN indicators[2] = {};
-        SQLBindCol(
-            connection.Handle(), 1, SQL_C_CHAR, columns[0], sizeof columns[0], &indicators[0]);
-        SQLBindCol(
-            connection.Handle(), 2, SQL_C_CHAR, columns[1], sizeof columns[1], &indicators[1]);
-        while (SQL_SUCCEEDED(SQLFetch(connection.Handle()))) { }
-        SQLCloseCursor(connection.Handle());
-        SQLFreeStmt(connection.Handle(), SQL_UNBIND);
-        SQLFreeStmt(connection.Handle(), SQL_RESET_PARAMS);
-        return std::atoi(columns[0]) + std::atoi(columns[1]);
-    }
-
-private:
-    void Bind(SQLUSMALLINT number, SQLINTEGER &value)
-    {
-        SQLBindParameter(connection.Handle(),
-                         number,
-                         SQL_PARAM_INPUT,
-                         SQL_C_SLONG,
-                         SQL_INTEGER,
-                         0,
-                         0,
-                         &value,
-                         0,
-                         &indicator);
-    }
-
-    void Execute(std::string &statement)
-    {
-        SQLExecDirect(connection.Handle(), reinterpret_cast<SQLCHAR *>(statement.data()), SQL_NTS);
-    }
-
-    DirectConnection connection;
-    std::string update;
-    std::string select;
-    char columns[2][255] = {};
-    SQLLEN indicator = SQL_NTS;
-};
 
 void UpdateThroughSession(benchmark::State &state, const QString &engine)
 {
@@ -92,9 +29,11 @@ void UpdateThroughSession(benchmark::State &state, const QString &engine)
 void UpdateBare(benchmark::State &state, const QString &engine)
 {
     BareSession session(BenchDatabase(engine, kUsers));
+    BareStatement update {Translate(session.Engine(), kUpdate), {BareInteger(3), BareInteger(0)}};
     for ([[maybe_unused]] auto _ : state) {
-        for (SQLINTEGER user = 1; user <= kUsers; ++user) {
-            session.Update(3, user);
+        for (int user = 1; user <= kUsers; ++user) {
+            update.values[1] = BareInteger(user);
+            session.Run(update);
         }
     }
 }
@@ -114,9 +53,12 @@ void SelectThroughSession(benchmark::State &state, const QString &engine)
 void SelectBare(benchmark::State &state, const QString &engine)
 {
     BareSession session(BenchDatabase(engine, kUsers));
+    BareStatement select {Translate(session.Engine(), kSelect), {BareInteger(0)}};
     for ([[maybe_unused]] auto _ : state) {
-        for (SQLINTEGER user = 1; user <= kUsers; ++user) {
-            benchmark::DoNotOptimize(session.Select(user));
+        for (int user = 1; user <= kUsers; ++user) {
+            select.values[0] = BareInteger(user);
+            session.Run(select);
+            benchmark::DoNotOptimize(std::atoi(session.Column(0)) + std::atoi(session.Column(1)));
         }
     }
 }

@@ -1,12 +1,10 @@
 #include "demo/accounting.h"
 
-#include "access/blocking.h"
 #include "access/usage_records.h"
-#include "db/session.h"
+#include "demo/books.h"
 #include "demo/charging.h"
 
 #include <algorithm>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +14,7 @@ namespace {
 template <typename OwnerId, typename RecordId>
 struct Meter
 {
-    RecordId (*find)(OwnerId owner, UsagePeriod period);
+    Result<RecordId> (*find)(OwnerId owner, UsagePeriod period);
     const char *insert; // owner, usage period, day
     const char *read; // day and amount of the record
     const char *add; // amount, record
@@ -80,169 +78,213 @@ struct User
     }
 };
 
-User ReadUser(UserId userId)
+User ReadUser(Books &books, UserId userId)
 {
-    RunQuery(
+    const auto user = ReadOne(
         "SELECT mode, traflim, timelim, trafperiod, timeperiod, group_id, own_price, trafprice "
         "FROM users WHERE user_id = (?)",
-        FetchMode::One,
+        [](const Row &row) {
+            return User {row.Code<AccountingMode>(1),
+                         WholeMegabytes {row.Integer(2)},
+                         WholeHours {row.Integer(3)},
+                         row.Code<LimitPeriod>(4),
+                         row.Code<LimitPeriod>(5),
+                         row.Id<GroupId>(6),
+                         row.Flag(7),
+                         row.Amount(8)};
+        },
         userId);
-    const QueryResult &row = queryResult;
-    return {row.Code<AccountingMode>(1),
-            WholeMegabytes {row.Integer(2)},
-            WholeHours {row.Integer(3)},
-            row.Code<LimitPeriod>(4),
-            row.Code<LimitPeriod>(5),
-            row.Id<GroupId>(6),
-            row.Flag(7),
-            row.Amount(8)};
+    return books.Take(user).value_or(User());
+}
+
+// What a usage record holds.
+struct Used
+{
+    QString day;
+    double amount = 0;
+};
+
+template <typename OwnerId, typename RecordId>
+Used ReadUsed(Books &books, const Meter<OwnerId, RecordId> &meter, RecordId record)
+{
+    return books
+        .Take(ReadOne(
+            meter.read,
+            [](const Row &row) {
+                return Used {row.Text(1), row.Amount(2)};
+            },
+            record))
+        .value_or(Used());
 }
 
 // A monthly record is kept for ever and begins anew with its owner's first use in a month.
 template <typename OwnerId, typename RecordId>
-bool IsOfAnEarlierMonth(const Meter<OwnerId, RecordId> &meter, RecordId record)
+bool IsOfAnEarlierMonth(Books &books, const Meter<OwnerId, RecordId> &meter, RecordId record)
 {
-    RunQuery(meter.read, FetchMode::One, record);
-    return queryResult.Text(1).left(7) < Today().toString(u"yyyy-MM"_s);
+    return ReadUsed(books, meter, record).day.left(7) < Today().toString(u"yyyy-MM"_s);
 }
 
 template <typename OwnerId, typename RecordId>
-RecordId RecordFor(const Meter<OwnerId, RecordId> &meter, OwnerId owner, UsagePeriod period)
+RecordId
+RecordFor(Books &books, const Meter<OwnerId, RecordId> &meter, OwnerId owner, UsagePeriod period)
 {
-    const RecordId record = meter.find(owner, period);
+    const RecordId record = books.Take(meter.find(owner, period));
     if (!record.IsSet()) {
-        Execute(meter.insert, owner, period, DayOf(Today()));
-        return meter.find(owner, period);
+        books.Write(meter.insert, owner, period, DayOf(Today()));
+        return books.Take(meter.find(owner, period));
     }
-    if (period == UsagePeriod::Month && IsOfAnEarlierMonth(meter, record)) {
-        Execute(meter.closeCredits, record);
-        Execute(meter.renew, DayOf(Today()), record);
+    if (period == UsagePeriod::Month && IsOfAnEarlierMonth(books, meter, record)) {
+        books.Write(meter.closeCredits, record);
+        books.Write(meter.renew, DayOf(Today()), record);
     }
     return record;
 }
 
-void AddSent(TrafficRecordId record, Megabytes sent)
+void AddSent(Books &books, TrafficRecordId record, Megabytes sent)
 {
-    Execute("UPDATE traffic_use SET senddata = senddata + (?) WHERE traf_id = (?)", sent, record);
+    books.Write(
+        "UPDATE traffic_use SET senddata = senddata + (?) WHERE traf_id = (?)", sent, record);
 }
 
 // False when neither the limit nor a credit has anything left.
 template <typename OwnerId, typename RecordId, typename Unit>
-bool CountTowards(const Meter<OwnerId, RecordId> &meter, RecordId record, Unit limit, Unit amount)
+bool CountTowards(
+    Books &books, const Meter<OwnerId, RecordId> &meter, RecordId record, Unit limit, Unit amount)
 {
-    RunQuery(meter.read, FetchMode::One, record);
-    const Unit room = std::max(limit - Unit {queryResult.Amount(2)}, Unit {});
+    const Unit used {ReadUsed(books, meter, record).amount};
+    const Unit room = std::max(limit - used, Unit {});
     const Unit covered = std::min(amount, room);
-    const Charged<Unit> charged = Charge(CreditsOfRecord(meter.credits, record), amount - covered);
-    Execute(meter.add, covered + charged.unpaid, record);
+    const auto credits = CreditsOfRecord(books, meter.credits, record);
+    const Charged<Unit> charged = Charge(books, credits, amount - covered);
+    books.Write(meter.add, covered + charged.unpaid, record);
     const bool somethingLeft = covered < room || charged.creditLeft;
     if (!somethingLeft) {
-        Execute(meter.markUsedUp, record);
+        books.Write(meter.markUsedUp, record);
     }
     return somethingLeft;
 }
 
-void CountDay(UserId userId, const Activity &activity)
+void CountDay(Books &books, UserId userId, const Activity &activity)
 {
-    const auto traffic = RecordFor(kTraffic, userId, UsagePeriod::Statistics);
-    Execute(kTraffic.add, activity.received, traffic);
-    AddSent(traffic, activity.sent);
-    Execute(kTime.add, activity.hours, RecordFor(kTime, userId, UsagePeriod::Statistics));
+    const auto traffic = RecordFor(books, kTraffic, userId, UsagePeriod::Statistics);
+    books.Write(kTraffic.add, activity.received, traffic);
+    AddSent(books, traffic, activity.sent);
+    const auto time = RecordFor(books, kTime, userId, UsagePeriod::Statistics);
+    books.Write(kTime.add, activity.hours, time);
 }
+
+struct GroupLimit
+{
+    AccountingMode mode;
+    WholeMegabytes limit;
+    LimitPeriod period;
+};
 
 // The group's own block is left to the administrator.
-void CountGroup(GroupId groupId, const Activity &activity)
+void CountGroup(Books &books, GroupId groupId, const Activity &activity)
 {
-    RunQuery("SELECT mode, traflim, trafperiod FROM groups WHERE group_id = (?)",
-             FetchMode::One,
-             groupId);
-    if (queryResult.Code<AccountingMode>(1) != AccountingMode::Traffic) {
+    const auto group = books.Take(ReadOne(
+        "SELECT mode, traflim, trafperiod FROM groups WHERE group_id = (?)",
+        [](const Row &row) {
+            return GroupLimit {row.Code<AccountingMode>(1),
+                               WholeMegabytes {row.Integer(2)},
+                               row.Code<LimitPeriod>(3)};
+        },
+        groupId));
+    if (!group || group->mode != AccountingMode::Traffic) {
         return;
     }
-    const WholeMegabytes limit {queryResult.Integer(2)};
-    const bool daily = queryResult.Code<LimitPeriod>(3) == LimitPeriod::Day;
-    const TrafficRecordId record =
-        RecordFor(kGroupTraffic, groupId, daily ? UsagePeriod::Day : UsagePeriod::Month);
-    AddSent(record, activity.sent);
-    static_cast<void>(CountTowards(kGroupTraffic, record, AmountOf(limit), activity.received));
+    const bool daily = group->period == LimitPeriod::Day;
+    const auto record =
+        RecordFor(books, kGroupTraffic, groupId, daily ? UsagePeriod::Day : UsagePeriod::Month);
+    AddSent(books, record, activity.sent);
+    static_cast<void>(
+        CountTowards(books, kGroupTraffic, record, AmountOf(group->limit), activity.received));
 }
 
-bool TrafficIsPaid(UserId userId, const User &user, const Activity &activity, double price)
+bool TrafficIsPaid(
+    Books &books, UserId userId, const User &user, const Activity &activity, double price)
 {
     if (user.mode == AccountingMode::Provider) {
-        const auto credits = PrePaidCredits(userId, user.ownPrice ? user.price : price);
-        return Charge(credits, activity.received).creditLeft;
+        const auto credits = PrePaidCredits(books, userId, user.ownPrice ? user.price : price);
+        return Charge(books, credits, activity.received).creditLeft;
     }
     if (!user.LimitsTraffic()) {
         return true;
     }
-    const auto record = RecordFor(kTraffic, userId, UsagePeriodOf(user.trafficPeriod));
-    AddSent(record, activity.sent);
-    return CountTowards(kTraffic, record, AmountOf(user.trafficLimit), activity.received);
+    const auto record = RecordFor(books, kTraffic, userId, UsagePeriodOf(user.trafficPeriod));
+    AddSent(books, record, activity.sent);
+    return CountTowards(books, kTraffic, record, AmountOf(user.trafficLimit), activity.received);
 }
 
-bool TimeIsPaid(UserId userId, const User &user, const Activity &activity)
+bool TimeIsPaid(Books &books, UserId userId, const User &user, const Activity &activity)
 {
-    return !user.LimitsTime()
-        || CountTowards(kTime,
-                        RecordFor(kTime, userId, UsagePeriodOf(user.timePeriod)),
-                        AmountOf(user.timeLimit),
-                        activity.hours);
+    if (!user.LimitsTime()) {
+        return true;
+    }
+    const auto record = RecordFor(books, kTime, userId, UsagePeriodOf(user.timePeriod));
+    return CountTowards(books, kTime, record, AmountOf(user.timeLimit), activity.hours);
 }
 
 template <typename RecordId>
-bool HasBegunAnew(const Meter<UserId, RecordId> &meter, UserId userId, LimitPeriod period)
+bool HasBegunAnew(Books &books,
+                  const Meter<UserId, RecordId> &meter,
+                  UserId userId,
+                  LimitPeriod period)
 {
-    const RecordId record = meter.find(userId, UsagePeriodOf(period));
-    return !record.IsSet() || (period == LimitPeriod::Month && IsOfAnEarlierMonth(meter, record));
+    const RecordId record = books.Take(meter.find(userId, UsagePeriodOf(period)));
+    return !record.IsSet()
+        || (period == LimitPeriod::Month && IsOfAnEarlierMonth(books, meter, record));
 }
 
-bool MayGoOn(UserId userId, BlockReason reason)
+struct Blocked
 {
-    const User user = ReadUser(userId);
-    return reason == BlockReason::TrafficUsedUp
-        ? user.LimitsTraffic() && HasBegunAnew(kTraffic, userId, user.trafficPeriod)
-        : user.LimitsTime() && HasBegunAnew(kTime, userId, user.timePeriod);
+    UserId userId;
+    BlockReason reason;
+};
+
+bool MayGoOn(Books &books, const Blocked &blocked)
+{
+    const User user = ReadUser(books, blocked.userId);
+    return blocked.reason == BlockReason::TrafficUsedUp
+        ? user.LimitsTraffic() && HasBegunAnew(books, kTraffic, blocked.userId, user.trafficPeriod)
+        : user.LimitsTime() && HasBegunAnew(books, kTime, blocked.userId, user.timePeriod);
 }
 
 } // namespace
 
-BlockReason CountActivity(UserId userId, const Activity &activity, double price)
+Result<BlockReason> CountActivity(UserId userId, const Activity &activity, double price)
 {
-    const User user = ReadUser(userId);
-    CountDay(userId, activity);
-    CountGroup(user.groupId, activity);
-    const bool trafficPaid = TrafficIsPaid(userId, user, activity, price);
-    const bool timePaid = TimeIsPaid(userId, user, activity);
+    Books books;
+    const User user = ReadUser(books, userId);
+    CountDay(books, userId, activity);
+    CountGroup(books, user.groupId, activity);
+    const bool trafficPaid = TrafficIsPaid(books, userId, user, activity, price);
+    const bool timePaid = TimeIsPaid(books, userId, user, activity);
     if (trafficPaid && timePaid) {
-        return BlockReason::None;
+        return books.Close(BlockReason::None);
     }
     const BlockReason reason = trafficPaid ? BlockReason::TimeUsedUp : BlockReason::TrafficUsedUp;
-    BlockUser(nullptr, userId, reason);
-    return reason;
+    books.Write(
+        "UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)", reason, userId);
+    return books.Close(reason);
 }
 
-int BeginNewPeriods()
+Result<int> BeginNewPeriods()
 {
-    struct Blocked
-    {
-        UserId userId;
-        BlockReason reason;
-    };
-    std::vector<Blocked> blocked;
-    {
-        RowCursor rows("SELECT user_id, blockreason FROM users WHERE blocked = true "
-                       "and (blockreason = 1 or blockreason = 2)");
-        while (rows.Next()) {
-            blocked.push_back({queryResult.Id<UserId>(1), queryResult.Code<BlockReason>(2)});
-        }
-    }
+    Books books;
+    const auto all =
+        books.Take(ReadAll("SELECT user_id, blockreason FROM users WHERE blocked = true "
+                           "and (blockreason = 1 or blockreason = 2)",
+                           [](const Row &row) {
+                               return Blocked {row.Id<UserId>(1), row.Code<BlockReason>(2)};
+                           }));
     int unblocked = 0;
-    for (const auto &[userId, reason] : blocked) {
-        if (MayGoOn(userId, reason)) {
-            UnblockUser(nullptr, userId);
+    for (const Blocked &blocked : all) {
+        if (MayGoOn(books, blocked)) {
+            books.Write("UPDATE users SET blocked = false WHERE user_id = (?)", blocked.userId);
             ++unblocked;
         }
     }
-    return unblocked;
+    return books.Close(unblocked);
 }

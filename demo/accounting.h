@@ -1,6 +1,7 @@
 // How the stand-in service counts: usage records, limits, credits and blocks.
 #pragma once
 
+#include "db/failure.h"
 #include "db/quantities.h"
 #include "db/value_codes.h"
 
@@ -17,9 +18,10 @@ struct Activity
 // for stays in the record. A pre-paid user's traffic goes to the credits alone, money at the user's
 // own price or at `price` for each megabyte. The group's record grows likewise.
 //
-// When nothing is left afterwards the user is blocked. Returns the reason, or None for a user who may
-// go on.
-BlockReason CountActivity(UserId userId, const Activity &activity, double price);
+// When nothing is left afterwards the user is blocked. Gives the reason, or None for a user who may go
+// on. A statement that fails ends the count: what was counted before it stays.
+[[nodiscard]] Result<BlockReason>
+CountActivity(UserId userId, const Activity &activity, double price);
 
-// Unblocks the users whom a used-up limit of a period now over had blocked; returns how many.
-int BeginNewPeriods();
+// Unblocks the users whom a used-up limit of a period now over had blocked; gives how many.
+[[nodiscard]] Result<int> BeginNewPeriods();

@@ -1,7 +1,6 @@
 #include "demo/charging.h"
 
 #include "base/day.h"
-#include "db/session.h"
 
 #include <algorithm>
 #include <limits>
@@ -14,56 +13,65 @@ constexpr Megabytes kUnbounded {std::numeric_limits<double>::infinity()};
 constexpr double kNothing = 1e-9; // what rounding leaves of an amount
 constexpr BaseUnits kLeastMoney {0.0001};
 
-void Close(BillId billId)
+void Close(Books &books, BillId billId)
 {
-    Execute("UPDATE billing SET closed = 1 WHERE bill_id = (?)", billId);
+    books.Write("UPDATE billing SET closed = 1 WHERE bill_id = (?)", billId);
 }
 
-// The pre-paid credit in the current row: bill_id, data, usage, moneydata, moneyusage.
-Credit<Megabytes> PrePaidCredit(double price)
+struct PrePaid
 {
-    const auto billId = queryResult.Id<BillId>(1);
-    const BaseUnits money {queryResult.Amount(4)};
+    Credit<Megabytes> credit;
+    bool expires = false;
+    QString lastDay;
+
+    [[nodiscard]] bool IsOver(const QString &today) const { return expires && lastDay < today; }
+};
+
+// A row of bill_id, data, usage, moneydata, moneyusage.
+Credit<Megabytes> CreditIn(const Row &row, double price)
+{
+    const auto billId = row.Id<BillId>(1);
+    const BaseUnits money {row.Amount(4)};
     if (money > kLeastMoney) {
-        const BaseUnits left = money - BaseUnits {queryResult.Amount(5)};
+        const BaseUnits left = money - BaseUnits {row.Amount(5)};
         return {billId, price > 0 ? Megabytes {left.value / price} : kUnbounded, price};
     }
-    if (queryResult.IsEmpty(2)) {
+    if (row.IsEmpty(2)) {
         return {billId, kUnbounded, 0};
     }
-    return {billId, Megabytes {queryResult.Amount(2)} - Megabytes {queryResult.Amount(3)}, 0};
+    return {billId, Megabytes {row.Amount(2)} - Megabytes {row.Amount(3)}, 0};
 }
 
 template <typename Unit, typename RecordId>
-std::vector<Credit<Unit>> ReadCredits(const char *sqlText, RecordId record)
+std::vector<Credit<Unit>> ReadCredits(Books &books, const char *sqlText, RecordId record)
 {
-    std::vector<Credit<Unit>> credits;
-    RowCursor rows(sqlText, record);
-    while (rows.Next()) {
-        const Unit left = Unit {queryResult.Amount(2)} - Unit {queryResult.Amount(3)};
-        credits.push_back({queryResult.Id<BillId>(1), left, 0});
-    }
-    return credits;
+    return books.Take(ReadAll(
+        sqlText,
+        [](const Row &row) {
+            const Unit left = Unit {row.Amount(2)} - Unit {row.Amount(3)};
+            return Credit<Unit> {row.Id<BillId>(1), left, 0};
+        },
+        record));
 }
 
 template <typename Unit>
-Charged<Unit> ChargeEach(const std::vector<Credit<Unit>> &credits, Unit amount)
+Charged<Unit> ChargeEach(Books &books, const std::vector<Credit<Unit>> &credits, Unit amount)
 {
     bool creditLeft = false;
     for (const Credit<Unit> &credit : credits) {
         const Unit paid = std::min(amount, std::max(credit.left, Unit {}));
         if (paid > Unit {}) {
-            Execute("UPDATE billing SET usage = usage + (?), moneyusage = moneyusage + (?) "
-                    "WHERE bill_id = (?)",
-                    paid,
-                    BaseUnits {paid.value * credit.price},
-                    credit.billId);
+            books.Write("UPDATE billing SET usage = usage + (?), moneyusage = moneyusage + (?) "
+                        "WHERE bill_id = (?)",
+                        paid,
+                        BaseUnits {paid.value * credit.price},
+                        credit.billId);
         }
         amount -= paid;
         if (credit.left - paid > Unit {kNothing}) {
             creditLeft = true;
         } else {
-            Close(credit.billId);
+            Close(books, credit.billId);
         }
     }
     return {amount, creditLeft};
@@ -71,46 +79,46 @@ Charged<Unit> ChargeEach(const std::vector<Credit<Unit>> &credits, Unit amount)
 
 } // namespace
 
-std::vector<Credit<Megabytes>> CreditsOfRecord(const char *sqlText, TrafficRecordId record)
+std::vector<Credit<Megabytes>>
+CreditsOfRecord(Books &books, const char *sqlText, TrafficRecordId record)
 {
-    return ReadCredits<Megabytes>(sqlText, record);
+    return ReadCredits<Megabytes>(books, sqlText, record);
 }
 
-std::vector<Credit<Hours>> CreditsOfRecord(const char *sqlText, TimeRecordId record)
+std::vector<Credit<Hours>> CreditsOfRecord(Books &books, const char *sqlText, TimeRecordId record)
 {
-    return ReadCredits<Hours>(sqlText, record);
+    return ReadCredits<Hours>(books, sqlText, record);
 }
 
-std::vector<Credit<Megabytes>> PrePaidCredits(UserId userId, double price)
+std::vector<Credit<Megabytes>> PrePaidCredits(Books &books, UserId userId, double price)
 {
+    const auto open = books.Take(ReadAll(
+        "SELECT bill_id, data, usage, moneydata, moneyusage, unlimited, expiredday "
+        "FROM billing WHERE object_id = (?) and mode = 2 and closed = 0 "
+        "ORDER BY date, bill_id",
+        [&](const Row &row) {
+            return PrePaid {CreditIn(row, price), !row.Flag(6) && !row.IsEmpty(7), row.Text(7)};
+        },
+        userId));
     const QString today = Today().toString(u"yyyy.MM.dd"_s);
     std::vector<Credit<Megabytes>> credits;
-    std::vector<BillId> expired;
-    {
-        RowCursor rows("SELECT bill_id, data, usage, moneydata, moneyusage, unlimited, expiredday "
-                       "FROM billing WHERE object_id = (?) and mode = 2 and closed = 0 "
-                       "ORDER BY date, bill_id",
-                       userId);
-        while (rows.Next()) {
-            const QString lastDay = queryResult.Text(7);
-            const bool expires = !queryResult.Flag(6) && !lastDay.isEmpty();
-            if (expires && lastDay < today) {
-                expired.push_back(queryResult.Id<BillId>(1));
-            } else {
-                credits.push_back(PrePaidCredit(price));
-            }
+    for (const PrePaid &each : open) {
+        if (each.IsOver(today)) {
+            Close(books, each.credit.billId);
+        } else {
+            credits.push_back(each.credit);
         }
     }
-    std::for_each(expired.begin(), expired.end(), Close);
     return credits;
 }
 
-Charged<Megabytes> Charge(const std::vector<Credit<Megabytes>> &credits, Megabytes amount)
+Charged<Megabytes>
+Charge(Books &books, const std::vector<Credit<Megabytes>> &credits, Megabytes amount)
 {
-    return ChargeEach(credits, amount);
+    return ChargeEach(books, credits, amount);
 }
 
-Charged<Hours> Charge(const std::vector<Credit<Hours>> &credits, Hours amount)
+Charged<Hours> Charge(Books &books, const std::vector<Credit<Hours>> &credits, Hours amount)
 {
-    return ChargeEach(credits, amount);
+    return ChargeEach(books, credits, amount);
 }

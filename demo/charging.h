@@ -3,6 +3,7 @@
 
 #include "db/ids.h"
 #include "db/quantities.h"
+#include "demo/books.h"
 
 #include <vector>
 
@@ -16,13 +17,15 @@ struct Credit
 };
 
 // The open credits of a limit's usage record, oldest first. The statement takes the record's id.
-[[nodiscard]] std::vector<Credit<Megabytes>> CreditsOfRecord(const char *sqlText,
-                                                             TrafficRecordId record);
-[[nodiscard]] std::vector<Credit<Hours>> CreditsOfRecord(const char *sqlText, TimeRecordId record);
+[[nodiscard]] std::vector<Credit<Megabytes>>
+CreditsOfRecord(Books &books, const char *sqlText, TrafficRecordId record);
+[[nodiscard]] std::vector<Credit<Hours>>
+CreditsOfRecord(Books &books, const char *sqlText, TimeRecordId record);
 
 // The open pre-paid credits of a user, oldest first; those whose last day has passed are closed on
 // the way. A credit of money lasts for its amount at `price` for each megabyte.
-[[nodiscard]] std::vector<Credit<Megabytes>> PrePaidCredits(UserId userId, double price);
+[[nodiscard]] std::vector<Credit<Megabytes>>
+PrePaidCredits(Books &books, UserId userId, double price);
 
 template <typename Unit>
 struct Charged
@@ -32,6 +35,7 @@ struct Charged
 };
 
 // Takes `amount` from the credits in their order. One that is used up is closed.
-[[nodiscard]] Charged<Megabytes> Charge(const std::vector<Credit<Megabytes>> &credits,
-                                        Megabytes amount);
-[[nodiscard]] Charged<Hours> Charge(const std::vector<Credit<Hours>> &credits, Hours amount);
+[[nodiscard]] Charged<Megabytes>
+Charge(Books &books, const std::vector<Credit<Megabytes>> &credits, Megabytes amount);
+[[nodiscard]] Charged<Hours>
+Charge(Books &books, const std::vector<Credit<Hours>> &credits, Hours amount);

@@ -2,6 +2,7 @@
 // message bus, and counts made-up traffic into the database while it is started.
 #include "config/config_store.h"
 #include "config/config_values.h"
+#include "db/query.h"
 #include "db/session.h"
 #include "demo/accounting.h"
 #include "demo/demo_objects.h"
@@ -14,6 +15,7 @@
 #include <QTimer>
 
 #include <clocale>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -25,14 +27,15 @@ void Say(const QString &text)
     out << QTime::currentTime().toString(u"HH:mm:ss "_s) << text << Qt::endl;
 }
 
-std::vector<UserId> UsersThatMayWork()
+Result<std::vector<UserId>> UsersThatMayWork()
 {
-    std::vector<UserId> users;
-    RowCursor rows("SELECT user_id FROM users WHERE monitored = true and blocked = false");
-    while (rows.Next()) {
-        users.push_back(queryResult.Id<UserId>(1));
-    }
-    return users;
+    return ReadAll("SELECT user_id FROM users WHERE monitored = true and blocked = false",
+                   [](const Row &row) { return row.Id<UserId>(1); });
+}
+
+void SayNotCounted(const Failure &failure)
+{
+    Say(u"not counted: %1"_s.arg(failure.text));
 }
 
 // Holds the database open and counts while the unit is active.
@@ -45,13 +48,14 @@ struct Counter
 
     void Follow(const DemoUnit &unit, int seconds)
     {
+        counts = unit.IsActive() && !dsn.isEmpty();
         if (!unit.IsActive()) {
             timer.stop();
             DisconnectDatabase();
             return;
         }
-        if (!dsn.isEmpty() && ConnectDatabase(dsn.toUtf8().constData()) == 0) {
-            Say(u"the database %1 cannot be opened; nothing is counted"_s.arg(dsn));
+        if (counts && ConnectDatabase(dsn.toUtf8().constData()) == 0) {
+            Say(u"the database %1 cannot be opened; nothing is counted until it can"_s.arg(dsn));
         }
         if (seconds > 0) {
             timer.start(seconds * 1000);
@@ -60,28 +64,44 @@ struct Counter
 
     void Count()
     {
-        if (!IsDatabaseOpen()) {
+        if (!counts) {
             return;
         }
-        const int unblocked = BeginNewPeriods();
-        if (unblocked > 0) {
-            Say(u"a new period: %1 users unblocked"_s.arg(unblocked));
+        const auto unblocked = BeginNewPeriods();
+        const auto mayWork = unblocked ? UsersThatMayWork() : tl::unexpected(unblocked.error());
+        if (!mayWork) {
+            SayNotCounted(mayWork.error());
+            return;
         }
+        if (*unblocked > 0) {
+            Say(u"a new period: %1 users unblocked"_s.arg(*unblocked));
+        }
+        CountEach(traffic.Choose(*mayWork, users));
+    }
+
+    QTimer timer;
+
+private:
+    void CountEach(const std::vector<UserId> &chosen)
+    {
         Megabytes received;
-        const auto chosen = traffic.Choose(UsersThatMayWork(), users);
         for (const UserId user : chosen) {
             const Activity activity = traffic.Next();
+            const auto reason = CountActivity(user, activity, price);
+            if (!reason) {
+                SayNotCounted(reason.error());
+                return;
+            }
             received += activity.received;
-            const BlockReason reason = CountActivity(user, activity, price);
-            if (reason != BlockReason::None) {
+            if (*reason != BlockReason::None) {
                 Say(u"user %1 blocked, reason %2"_s.arg(user.value)
-                        .arg(static_cast<quint32>(reason)));
+                        .arg(static_cast<quint32>(*reason)));
             }
         }
         Say(u"counted %1 Mb of %2 users"_s.arg(received.value, 0, 'f', 2).arg(chosen.size()));
     }
 
-    QTimer timer;
+    bool counts = false; // the unit is active and there is a database to count into
 };
 
 struct Options

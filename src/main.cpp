@@ -122,18 +122,23 @@ int main(int argc, char **argv)
     std::unique_ptr<CSplitterFrame> frame;
     const StartUpOptions startUp {.configFolder = parser.value(options.config),
                                   .bus = Bus(parser, options)};
-    app.SetUp(startUp, prompt, [&] {
-        const ServiceAtStart found {.running = app.IsServiceRunning(),
-                                    .connected = app.IsConnected()};
-        frame = std::make_unique<CSplitterFrame>(
-            app.Services(), found, StandardDialogs(app.Services()));
+    const auto show = [&] {
+        frame = std::make_unique<CSplitterFrame>(app.Services(), StandardDialogs(app.Services()));
         frame->show();
         WaitUntilSeen(*frame);
-        frame->FirstStart();
+        return true;
+    };
+    const auto begin = [&] {
+        frame->FirstStart({.running = app.IsServiceRunning(), .connected = app.IsConnected()});
         if (parser.isSet(options.globalOptions)) {
             frame->RunAndRefresh(frame->Dialogs().globalOptions);
         }
-        return true;
-    });
-    return app.InitInstance() ? QApplication::exec() : EXIT_FAILURE;
+    };
+    app.SetUp(startUp, prompt, {.show = show, .begin = begin});
+    const int status = app.InitInstance() ? QApplication::exec() : EXIT_FAILURE;
+    frame.reset();
+    if (SessionThread::AbandonedCalls() > 0) {
+        std::_Exit(status); // a server that does not answer must not keep the program
+    }
+    return status;
 }

@@ -1,5 +1,4 @@
 // Makes one report without a screen: for timers and scripts.
-#include "db/failure_log.h"
 #include "db/session.h"
 #include "reports/catalogue.h"
 #include "reports/engine.h"
@@ -106,6 +105,30 @@ struct Filters
     QString words;
 };
 
+// The clauses of the names that there are; puts the others into `unknown`.
+std::optional<Failure>
+LookUp(const QStringList &users, const QStringList &groups, Filters &filters, QStringList &unknown)
+{
+    QStringList notFound;
+    if (!users.isEmpty()) {
+        const auto offered = OfferedUsers();
+        if (!offered) {
+            return offered.error();
+        }
+        filters.userClause = UserFilterClause(FilterOf(*offered, users, notFound));
+        unknown += notFound;
+    }
+    if (!groups.isEmpty()) {
+        const auto offered = OfferedGroups();
+        if (!offered) {
+            return offered.error();
+        }
+        filters.groupClause = GroupFilterClause(FilterOf(*offered, groups, notFound));
+        unknown += notFound;
+    }
+    return std::nullopt;
+}
+
 // Looks the names up in the database. A status other than Done ends the program.
 int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters &filters)
 {
@@ -115,23 +138,14 @@ int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters
     if (!program.databaseOpen) {
         return Fail(Database, u"the data source \"%1\" cannot be opened"_s.arg(program.dataSource));
     }
-    QStringList unknownUsers;
-    QStringList unknownGroups;
-    if (!names.users.isEmpty()) {
-        filters.userClause = UserFilterClause(FilterOf(OfferedUsers(), names.users, unknownUsers));
-    }
-    if (!names.groups.isEmpty()) {
-        filters.groupClause =
-            GroupFilterClause(FilterOf(OfferedGroups(), names.groups, unknownGroups));
-    }
+    QStringList unknown;
+    const auto problem = LookUp(names.users, names.groups, filters, unknown);
     DisconnectDatabase();
-    if (const auto &failures = FailureLog::Instance().Recent(); !failures.isEmpty()) {
-        return Fail(Database, failures.constLast().text);
+    if (problem) {
+        return Fail(Database, problem->text);
     }
-    if (!unknownUsers.isEmpty() || !unknownGroups.isEmpty()) {
-        return Fail(
-            BadArguments,
-            u"nobody is named \"%1\""_s.arg((unknownUsers + unknownGroups).join(u"\", \""_s)));
+    if (!unknown.isEmpty()) {
+        return Fail(BadArguments, u"nobody is named \"%1\""_s.arg(unknown.join(u"\", \""_s)));
     }
     filters.words = FilterInWords(names.users, names.groups);
     return Done;
@@ -178,7 +192,7 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
         return Fail(BadArguments, u"--output must name a .pdf, .csv, .html or .xlsx file"_s);
     }
     const WantedNames names = NamesOf(parser, arguments);
-    const StartedProgram program = StartProgram({.configFolder = parser.value(arguments.config),
+    const StartedProgram program({.configFolder = parser.value(arguments.config),
                                                  .dataSource = parser.value(arguments.dsn),
                                                  .opensDatabase = !names.IsEmpty()});
     Filters filters;

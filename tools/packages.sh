@@ -2,7 +2,7 @@
 # shellcheck shell=bash disable=SC2034
 
 build_packages=(g++ cmake ninja-build pkg-config ccache mold
-    qt6-base-dev qt6-svg-dev unixodbc-dev libtomlplusplus-dev libxlsxwriter-dev)
+    qt6-base-dev qt6-svg-dev unixodbc-dev libtomlplusplus-dev libxlsxwriter-dev libexpected-dev)
 run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugins
     fonts-dejavu-core python3 python3-openpyxl poppler-utils clang-format)

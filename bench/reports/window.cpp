@@ -2,25 +2,25 @@
 #include "db/dialect.h"
 #include "reports/benchmarks.h"
 #include "reports/report_data.h"
-#include "startup/start_up.h"
 #include "support/bench_database.h"
 #include "support/must.h"
 #include "ui/reports/page_view.h"
 #include "ui/reports/report_viewer.h"
 #include "ui/reports/reports_dialog.h"
+#include "windows/bench_services.h"
+#include "windows/gap_watch.h"
 
 #include <QApplication>
-#include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTemporaryDir>
-#include <QTimerEvent>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const auto kEngine = u"sqlite"_s;
+constexpr int kBeat = 1; // millisecond
 constexpr int kLongUsers = 26; // 10 000 pages
 constexpr int kLongDays = 20'000;
 
@@ -28,31 +28,6 @@ double Milliseconds(const QElapsedTimer &watch)
 {
     return 1e-6 * static_cast<double>(watch.nsecsElapsed());
 }
-
-// The longest time that the event loop did not come round to a timer of a millisecond.
-class GapWatch : public QObject
-{
-public:
-    GapWatch()
-    {
-        timer.start(1, Qt::PreciseTimer, this);
-        sinceLast.start();
-    }
-
-    [[nodiscard]] double Longest() const { return longest; }
-
-protected:
-    void timerEvent(QTimerEvent * /*event*/) override
-    {
-        longest = std::max(longest, Milliseconds(sinceLast));
-        sinceLast.restart();
-    }
-
-private:
-    QBasicTimer timer;
-    QElapsedTimer sinceLast;
-    double longest = 0;
-};
 
 // Tells how long it takes from the end of a job until the page view has been painted.
 class FirstPageWatch : public QObject
@@ -86,19 +61,6 @@ private:
     double taken = 0;
 };
 
-class FailingPrompt : public Prompt
-{
-public:
-    void Tell(const QString &text, Icon /*icon*/, const QString & /*caption*/) override
-    {
-        Fail(text);
-    }
-    [[nodiscard]] bool Ask(const QString &text, const QString & /*caption*/) override
-    {
-        Fail(text);
-    }
-};
-
 class Preview
 {
 public:
@@ -121,6 +83,9 @@ public:
         QObject::connect(&Viewer(), &ReportViewer::Ready, &loop, &QEventLoop::quit);
         if (Viewer().IsBusy()) {
             loop.exec();
+        }
+        if (!bench.Told().isEmpty()) {
+            Fail(bench.Told().first());
         }
         QApplication::processEvents(); // what is to be painted
     }
@@ -151,10 +116,8 @@ public:
     }
 
 private:
-    FailingPrompt prompt;
-    StartedProgram program = StartProgram({.configFolder = u"nowhere"_s, .opensDatabase = false});
-    const AppServices services = ServicesOf(program, prompt);
-    ReportsDialog dialog {services};
+    const BenchServices bench;
+    ReportsDialog dialog {bench.Services()};
 };
 
 ReportRequest LongReport()
@@ -185,7 +148,7 @@ void GapOfRun(benchmark::State &state)
     const Preview preview;
     const auto request = LongReport();
     for ([[maybe_unused]] auto _ : state) {
-        const GapWatch watch;
+        const GapWatch watch(kBeat);
         preview.Start(request);
         preview.WaitUntilReady();
         state.counters["ms"] = watch.Longest();
@@ -199,7 +162,7 @@ void GapOfExport(benchmark::State &state)
     preview.Start(LongReport());
     preview.WaitUntilReady();
     for ([[maybe_unused]] auto _ : state) {
-        const GapWatch watch;
+        const GapWatch watch(kBeat);
         for (const QString &suffix : {u"pdf"_s, u"csv"_s, u"html"_s, u"xlsx"_s}) {
             preview.Viewer().SaveTo(folder.filePath(u"report."_s + suffix));
             preview.WaitUntilReady();

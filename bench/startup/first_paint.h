@@ -14,12 +14,34 @@ class QuitAfterPaint : public QObject
 public:
     explicit QuitAfterPaint(QWidget &window) { window.installEventFilter(this); }
 
+    // What belongs to the start besides: the program ends no sooner than LetGo() is called.
+    void Hold() { held = true; }
+    void LetGo()
+    {
+        held = false;
+        QuitWhenDone();
+    }
+
 protected:
     bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
         if (event->type() == QEvent::Paint) {
-            QTimer::singleShot(0, QCoreApplication::instance(), [] { std::_Exit(EXIT_SUCCESS); });
+            QTimer::singleShot(0, this, [this] {
+                painted = true;
+                QuitWhenDone();
+            });
         }
         return false;
     }
+
+private:
+    void QuitWhenDone() const
+    {
+        if (painted && !held) {
+            std::_Exit(EXIT_SUCCESS);
+        }
+    }
+
+    bool held = false;
+    bool painted = false;
 };

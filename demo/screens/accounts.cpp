@@ -1,4 +1,4 @@
-#include "db/session.h"
+#include "accounts/currency.h"
 #include "db/value_codes.h"
 #include "demo/screens/studio.h"
 #include "ui/accounts/credit_dialogs.h"
@@ -12,29 +12,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <typename IdType, typename Mode>
-IdType FirstId(const char *sqlText, Mode mode)
+UserId UserInMode(const Studio &studio, AccountingMode mode)
 {
-    RunQuery(sqlText, FetchMode::One, mode);
-    return queryResult.Id<IdType>(1);
-}
-
-UserId UserInMode(AccountingMode mode)
-{
-    return FirstId<UserId>("SELECT user_id FROM users WHERE mode = (?) ORDER BY user_id", mode);
+    return FirstId<UserId>(
+        studio, "SELECT user_id FROM users WHERE mode = (?) ORDER BY user_id", mode);
 }
 
 // The user with most credits of a kind.
-UserId UserWithCredits(BillingMode billingMode)
+UserId UserWithCredits(const Studio &studio, BillingMode billingMode)
 {
-    return FirstId<UserId>("SELECT object_id FROM billing WHERE mode = (?) and object_id > 0 "
+    return FirstId<UserId>(studio,
+                           "SELECT object_id FROM billing WHERE mode = (?) and object_id > 0 "
                            "GROUP BY object_id ORDER BY COUNT(*) DESC",
                            billingMode);
 }
 
-GroupId GroupInMode(AccountingMode mode)
+GroupId GroupInMode(const Studio &studio, AccountingMode mode)
 {
-    return FirstId<GroupId>("SELECT group_id FROM groups WHERE mode = (?) ORDER BY group_id", mode);
+    return FirstId<GroupId>(
+        studio, "SELECT group_id FROM groups WHERE mode = (?) ORDER BY group_id", mode);
 }
 
 template <typename IdType>
@@ -48,6 +44,8 @@ void DrawAccountOf(Studio &studio,
 
 void DrawCreditDialogs(Studio &studio)
 {
+    const AppServices &services = studio.Services();
+    const Currency currency = CurrentCurrency(services.settings);
     const auto enter = [](QDialog &dialog) {
         dialog.findChild<QLineEdit *>(u"amount"_s)->setText(u"250"_s);
         if (auto *money = dialog.findChild<QAbstractButton *>(u"money"_s)) {
@@ -57,12 +55,13 @@ void DrawCreditDialogs(Studio &studio)
     };
     studio.DrawDialog(
         u"account-credit"_s,
-        [&] { BillingCreditDialog(studio.Services(), &studio.Frame()).exec(); },
+        [&] { BillingCreditDialog(services.prompt, currency, &studio.Frame()).exec(); },
         enter);
     studio.DrawDialog(
         u"account-limit-credit"_s,
         [&] {
-            LimitCreditDialog(studio.Services(), AccountingMode::TrafficAndTime, &studio.Frame())
+            LimitCreditDialog(
+                services.prompt, currency, AccountingMode::TrafficAndTime, &studio.Frame())
                 .exec();
         },
         enter);
@@ -73,18 +72,23 @@ void DrawCreditDialogs(Studio &studio)
 void DrawAccounts(Studio &studio)
 {
     const FrameDialogs &dialogs = studio.Frame().Dialogs();
-    DrawAccountOf(studio, u"account"_s, dialogs.userAccount, UserWithCredits(BillingMode::Credit));
     DrawAccountOf(
-        studio, u"account-limits"_s, dialogs.userAccount, UserWithCredits(BillingMode::Traffic));
-    DrawAccountOf(
-        studio, u"account-group"_s, dialogs.groupAccount, GroupInMode(AccountingMode::Provider));
+        studio, u"account"_s, dialogs.userAccount, UserWithCredits(studio, BillingMode::Credit));
+    DrawAccountOf(studio,
+                  u"account-limits"_s,
+                  dialogs.userAccount,
+                  UserWithCredits(studio, BillingMode::Traffic));
+    DrawAccountOf(studio,
+                  u"account-group"_s,
+                  dialogs.groupAccount,
+                  GroupInMode(studio, AccountingMode::Provider));
     DrawCreditDialogs(studio);
     DrawAccountOf(studio,
                   u"statistics"_s,
                   dialogs.userStatistics,
-                  UserInMode(AccountingMode::TrafficAndTime));
+                  UserInMode(studio, AccountingMode::TrafficAndTime));
     DrawAccountOf(studio,
                   u"statistics-group"_s,
                   dialogs.groupStatistics,
-                  GroupInMode(AccountingMode::Traffic));
+                  GroupInMode(studio, AccountingMode::Traffic));
 }

@@ -90,16 +90,19 @@ int main(int argc, char **argv)
     std::unique_ptr<CSplitterFrame> frame;
     const StartUpOptions options {.configFolder = parser.value(u"config"_s),
                                   .bus = QDBusConnection::sessionBus()};
-    app.SetUp(options, prompt, [&] {
-        const ServiceAtStart found {.running = app.IsServiceRunning(),
-                                    .connected = app.IsConnected()};
-        frame = std::make_unique<CSplitterFrame>(
-            app.Services(), found, StandardDialogs(app.Services()));
+    const auto show = [&] {
+        frame = std::make_unique<CSplitterFrame>(app.Services(), StandardDialogs(app.Services()));
         frame->resize(kFrameSize);
         frame->show();
-        frame->FirstStart();
         return true;
-    });
+    };
+    const auto begin = [&] {
+        frame->FirstStart({.running = app.IsServiceRunning(), .connected = app.IsConnected()});
+        while (app.Services().database.IsBusy()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+    };
+    app.SetUp(options, prompt, {.show = show, .begin = begin});
     return app.InitInstance() && DrawAll(*frame, app.Services(), parser) == 0 ? EXIT_SUCCESS
                                                                               : EXIT_FAILURE;
 }

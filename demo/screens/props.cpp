@@ -1,4 +1,3 @@
-#include "db/session.h"
 #include "demo/screens/studio.h"
 #include "ui/main/splitter_frame.h"
 #include "ui/props/properties.h"
@@ -17,13 +16,6 @@ struct Opener
     const char *button;
     const char *picture;
 };
-
-template <typename IdType>
-IdType FirstId(const char *sqlText)
-{
-    RunQuery(sqlText, FetchMode::One);
-    return queryResult.Id<IdType>(1);
-}
 
 // The dialogs that the buttons of the sheet's page open.
 void DrawOpened(Studio &studio, QDialog &sheet, int page, std::initializer_list<Opener> openers)
@@ -65,7 +57,7 @@ void DrawGroup(Studio &studio)
         DrawOpened(studio, sheet, group_page::kLimits, {{"changeRate", "rate"}});
     };
     const auto group =
-        FirstId<GroupId>("SELECT group_id FROM groups WHERE mode = 2 AND own_price = true");
+        FirstId<GroupId>(studio, "SELECT group_id FROM groups WHERE mode = 2 AND own_price = true");
     studio.DrawDialog(
         u"group-properties"_s,
         [&] { OpenGroupSheet(studio.Services(), group, group_page::kGeneral, &studio.Frame()); },
@@ -76,7 +68,8 @@ void DrawGroup(Studio &studio)
 
 void DrawProperties(Studio &studio)
 {
-    const auto user = FirstId<UserId>("SELECT user_id FROM users WHERE mode = 1 AND user_id IN "
+    const auto user = FirstId<UserId>(studio,
+                                      "SELECT user_id FROM users WHERE mode = 1 AND user_id IN "
                                       "(SELECT user_id FROM time_blocked)");
     DrawUser(studio, user);
     DrawGroup(studio);

@@ -54,9 +54,12 @@ QString FileNameOf(const QString &label)
     return label.simplified().toLower().remove(u'&').replace(u' ', u'-').remove(u'.');
 }
 
+// A wait that takes long is not the window that it is about.
 QWidget *OpenDialog()
 {
-    return qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    QWidget *window = QApplication::activeModalWidget();
+    return qobject_cast<WaitDialog *>(window) == nullptr ? qobject_cast<QDialog *>(window)
+                                                         : nullptr;
 }
 
 QWidget *OpenMenu()

@@ -1,12 +1,15 @@
 // Draws the console's windows into PNG files as they stand on the demonstration network.
 #pragma once
 
+#include "app/waiting.h"
+#include "db/query.h"
 #include "startup/app_services.h"
 
 #include <QDir>
 #include <QStringList>
 
 #include <functional>
+#include <utility>
 
 class CSplitterFrame;
 class QDialog;
@@ -60,6 +63,19 @@ private:
     QStringList names;
     int failures = 0;
 };
+
+// The id in the first row of a query, read on the console's session; 0 when there is none.
+template <typename IdType, typename... Values>
+[[nodiscard]] IdType FirstId(const Studio &studio, const char *sqlText, Values... values)
+{
+    const auto read = [=] {
+        return ReadOne(
+            sqlText, [](const Row &row) { return row.Id<IdType>(1); }, values...);
+    };
+    const auto found =
+        Await(studio.Services(), nullptr, QStringLiteral("Looking for an example..."), read);
+    return found.value_or(IdType()).value_or(IdType());
+}
 
 // Presses the button of that object name.
 void Press(const QWidget &window, const QString &button);

@@ -1,5 +1,7 @@
 #include "access/access_mode.h"
 
+using namespace Qt::StringLiterals;
+
 std::optional<AccountingMode> ModeFor(const AccessChoice &choice)
 {
     switch (choice.type) {
@@ -38,4 +40,21 @@ AccessChoice ChoiceFor(AccountingMode storedMode)
 bool IsLimitMode(AccountingMode storedMode)
 {
     return ChoiceFor(storedMode).type == AccessType::Corporate;
+}
+
+QString AccessTypeText(AccountingMode storedMode)
+{
+    switch (storedMode) {
+    case AccountingMode::NoControl:
+        return u"No control"_s;
+    case AccountingMode::Traffic:
+        return u"Corporate, traffic control"_s;
+    case AccountingMode::Provider:
+        return u"Provider"_s;
+    case AccountingMode::Time:
+        return u"Corporate, time control"_s;
+    case AccountingMode::TrafficAndTime:
+        return u"Corporate, traffic and time control"_s;
+    }
+    return QString::number(static_cast<quint32>(storedMode));
 }

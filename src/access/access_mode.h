@@ -3,6 +3,8 @@
 
 #include "db/value_codes.h"
 
+#include <QString>
+
 #include <optional>
 
 enum class AccessType { NoControl, Corporate, Provider };
@@ -24,3 +26,6 @@ struct AccessChoice
 
 // True for the modes that limit traffic or time, or both, within an accounting period.
 [[nodiscard]] bool IsLimitMode(AccountingMode storedMode);
+
+// A stored mode for a person; a code of no meaning is its number.
+[[nodiscard]] QString AccessTypeText(AccountingMode storedMode);

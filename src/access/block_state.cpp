@@ -1,22 +1,23 @@
 #include "access/block_state.h"
 
-BlockState UserBlockState(bool blocked, BlockReason reason)
+BlockState UserBlockState(const StoredBlock &stored)
 {
-    return {.blocked = blocked,
-            .reason = reason,
-            .requested = blocked && reason != BlockReason::ShownAsAllowed,
-            .editable = !blocked || reason >= BlockReason::Administrator};
+    const bool shown = stored.blocked && stored.reason != BlockReason::ShownAsAllowed;
+    return {.stored = stored,
+            .opened = shown,
+            .requested = shown,
+            .editable = !stored.blocked || stored.reason >= BlockReason::Administrator};
 }
 
-BlockState GroupBlockState(bool blocked, BlockReason reason)
+BlockState GroupBlockState(const StoredBlock &stored)
 {
-    return {.blocked = blocked,
-            .reason = reason,
-            .requested = blocked,
-            .editable = !blocked || reason == BlockReason::Administrator};
+    return {.stored = stored,
+            .opened = stored.blocked,
+            .requested = stored.blocked,
+            .editable = !stored.blocked || stored.reason == BlockReason::Administrator};
 }
 
-bool MayBeLifted(const BlockState &block, BlockReason reasonNow)
+bool MayBeLifted(const StoredBlock &block)
 {
-    return block.blocked && reasonNow != BlockReason::Administrator;
+    return block.blocked && block.reason != BlockReason::Administrator;
 }

@@ -1,44 +1,47 @@
 #include "access/blocking.h"
 
 #include "access/group_members.h"
-#include "db/session.h"
 
-bool BlockUser(const ServiceLink *link, UserId userId, BlockReason reason)
+bool BlockUser(ActionRun &run, UserId userId, BlockReason reason)
 {
-    if (link != nullptr) {
-        link->BlockUser(userId);
-    }
-    Execute(
+    const bool told = run.TellBlocked(userId);
+    run.Write(
         "UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)", reason, userId);
-    return link != nullptr;
+    return told;
 }
 
-bool UnblockUser(const ServiceLink *link, UserId userId)
+bool UnblockUser(ActionRun &run, UserId userId)
 {
-    if (link != nullptr) {
-        link->UnblockUser(userId);
-    }
-    Execute("UPDATE users SET blocked = false WHERE user_id = (?)", userId);
-    return link != nullptr;
+    const bool told = run.TellUnblocked(userId);
+    run.Write("UPDATE users SET blocked = false WHERE user_id = (?)", userId);
+    return told;
 }
 
-void BlockGroup(const ServiceLink *link, GroupId groupId, BlockReason reason)
+void BlockGroup(ActionRun &run, GroupId groupId, BlockReason reason)
 {
-    Execute("UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)",
-            reason,
-            groupId);
-    Execute(
+    run.Write("UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)",
+              reason,
+              groupId);
+    run.Write(
         "UPDATE users SET blocked = true, blockreason = (?) WHERE group_id = (?)", reason, groupId);
-    for (const UserId member : MembersOf(groupId)) {
-        BlockUser(link, member, reason);
+    for (const UserId member : run.Take(MembersOf(groupId))) {
+        BlockUser(run, member, reason);
     }
 }
 
-void UnblockGroup(const ServiceLink *link, GroupId groupId)
+void UnblockGroup(ActionRun &run, GroupId groupId)
 {
-    Execute("UPDATE groups SET blocked = false WHERE group_id = (?)", groupId);
-    Execute("UPDATE users SET blocked = false WHERE group_id = (?)", groupId);
-    for (const UserId member : MembersOf(groupId)) {
-        UnblockUser(link, member);
+    run.Write("UPDATE groups SET blocked = false WHERE group_id = (?)", groupId);
+    run.Write("UPDATE users SET blocked = false WHERE group_id = (?)", groupId);
+    for (const UserId member : run.Take(MembersOf(groupId))) {
+        UnblockUser(run, member);
+    }
+}
+
+void LiftGroupBlock(ActionRun &run, GroupId groupId)
+{
+    run.Write("UPDATE groups SET blocked = false WHERE group_id = (?)", groupId);
+    for (const UserId member : run.Take(MembersNotBlockedByAdministrator(groupId))) {
+        UnblockUser(run, member);
     }
 }

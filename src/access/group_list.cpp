@@ -1,34 +1,43 @@
 #include "access/group_list.h"
 
-#include "db/session.h"
+#include "db/query.h"
 
-GroupList ReadGroupList()
+#include <utility>
+
+Result<GroupList> ReadGroupList()
 {
-    GroupList list;
-    LimitRows(kGroupListCapacity);
-    RowCursor rows("SELECT name, descrip, blocked, group_id FROM groups");
-    while (list.rows.size() < kGroupListCapacity && rows.Next()) {
-        list.rows.append({.name = queryResult.Text(1),
-                          .description = queryResult.Text(2),
-                          .blocked = queryResult.Flag(3)});
-        list.rowGroupIds.append(queryResult.Id<GroupId>(4));
-    }
-    return list;
+    return ReadUpTo(kGroupListCapacity,
+                    "SELECT name, descrip, blocked, group_id FROM groups",
+                    [](const Row &row) {
+                        return std::pair {GroupRow {.name = row.Text(1),
+                                                    .description = row.Text(2),
+                                                    .blocked = row.Flag(3)},
+                                          row.Id<GroupId>(4)};
+                    })
+        .map([](const auto &rows) {
+            GroupList list;
+            for (const auto &[row, groupId] : rows) {
+                list.rows.append(row);
+                list.rowGroupIds.append(groupId);
+            }
+            return list;
+        });
 }
 
-quint32 CountGroups()
+Result<quint32> CountGroups()
 {
-    RunQuery("SELECT COUNT(*) FROM groups", FetchMode::All);
-    return queryResult.Integer(1);
+    return ReadOne("SELECT COUNT(*) FROM groups", [](const Row &row) { return row.Integer(1); })
+        .map([](const std::optional<quint32> &count) { return count.value_or(0); });
 }
 
-QList<NamedGroup> ReadGroupNames()
+Result<QList<NamedGroup>> ReadGroupNames()
 {
-    QList<NamedGroup> groups;
-    LimitRows(kGroupListCapacity);
-    RowCursor rows("SELECT name, group_id FROM groups");
-    while (groups.size() < kGroupListCapacity && rows.Next()) {
-        groups.append({.name = queryResult.Text(1), .groupId = queryResult.Id<GroupId>(2)});
-    }
-    return groups;
+    return ReadUpTo(kGroupListCapacity,
+                    "SELECT name, group_id FROM groups",
+                    [](const Row &row) {
+                        return NamedGroup {.name = row.Text(1), .groupId = row.Id<GroupId>(2)};
+                    })
+        .map([](const std::vector<NamedGroup> &groups) {
+            return QList<NamedGroup>(groups.begin(), groups.end());
+        });
 }

@@ -1,6 +1,7 @@
 // The groups as the lists show them, read from the database.
 #pragma once
 
+#include "db/failure.h"
 #include "db/ids.h"
 
 #include <QList>
@@ -29,10 +30,10 @@ struct NamedGroup
 constexpr quint32 kGroupListCapacity = 500;
 
 // At most 500 groups, in the database's own order.
-[[nodiscard]] GroupList ReadGroupList();
+[[nodiscard]] Result<GroupList> ReadGroupList();
 
 // How many groups there are, whatever the list shows.
-[[nodiscard]] quint32 CountGroups();
+[[nodiscard]] Result<quint32> CountGroups();
 
 // At most 500 groups to choose from, in the database's own order.
-[[nodiscard]] QList<NamedGroup> ReadGroupNames();
+[[nodiscard]] Result<QList<NamedGroup>> ReadGroupNames();

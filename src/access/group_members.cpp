@@ -1,13 +1,19 @@
 #include "access/group_members.h"
 
-#include "db/session.h"
+#include "db/query.h"
 
-std::vector<UserId> MembersOf(GroupId groupId)
+Result<std::vector<UserId>> MembersOf(GroupId groupId)
 {
-    std::vector<UserId> members;
-    RowCursor rows("SELECT user_id FROM users WHERE group_id = (?)", groupId);
-    while (rows.Next()) {
-        members.push_back(queryResult.Id<UserId>(1));
-    }
-    return members;
+    return ReadAll(
+        "SELECT user_id FROM users WHERE group_id = (?)",
+        [](const Row &row) { return row.Id<UserId>(1); },
+        groupId);
+}
+
+Result<std::vector<UserId>> MembersNotBlockedByAdministrator(GroupId groupId)
+{
+    return ReadAll(
+        "SELECT user_id FROM users WHERE group_id = (?) AND (blocked = 0 OR blockreason <> 3)",
+        [](const Row &row) { return row.Id<UserId>(1); },
+        groupId);
 }

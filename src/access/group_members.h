@@ -1,10 +1,12 @@
 // The users that belong to a group.
 #pragma once
 
+#include "db/failure.h"
 #include "db/ids.h"
 
 #include <vector>
 
-// Their ids, read before anything is done with them: a statement run for each row would end the
-// open cursor.
-[[nodiscard]] std::vector<UserId> MembersOf(GroupId groupId);
+[[nodiscard]] Result<std::vector<UserId>> MembersOf(GroupId groupId);
+
+// Those whom a raised limit or a credit of the group may unblock.
+[[nodiscard]] Result<std::vector<UserId>> MembersNotBlockedByAdministrator(GroupId groupId);

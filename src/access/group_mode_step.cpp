@@ -3,110 +3,158 @@
 #include "access/blocking.h"
 #include "access/open_credit.h"
 #include "access/usage_records.h"
-#include "db/session.h"
+#include "db/query.h"
 
 namespace {
 
-void ApplyNoControl(const GroupRecord &record, const ServiceLink *link)
+WholeMegabytes ReadLimit(ActionRun &run, const char *sqlText, GroupId groupId)
 {
-    Execute("UPDATE groups SET mode = 0 WHERE group_id = (?)", record.groupId);
-    RunQuery("SELECT blockreason FROM groups WHERE group_id = (?)", FetchMode::All, record.groupId);
-    if (MayBeLifted(record.block, queryResult.Code<BlockReason>(1))) {
-        UnblockGroup(link, record.groupId);
+    return run
+        .Take(ReadOne(
+            sqlText, [](const Row &row) { return WholeMegabytes {row.Integer(1)}; }, groupId))
+        .value_or(WholeMegabytes {});
+}
+
+// The reason is in the column given; a block by this very sheet has its own.
+void ReadReason(
+    ActionRun &run, const char *sqlText, int column, const GroupPlan &plan, StoredBlock &block)
+{
+    const auto reason = run.Take(ReadOne(
+        sqlText, [column](const Row &row) { return row.Code<BlockReason>(column); }, plan.groupId));
+    if (plan.block != BlockStep::Block) {
+        block.reason = reason.value_or(block.reason);
     }
 }
 
-bool HasOpenCredit(GroupId groupId)
+void ReadUse(ActionRun &run, const GroupPlan &plan, GroupModeFacts &facts)
 {
-    bool open = false;
-    RowCursor rows("SELECT data, usage FROM billing WHERE group_id = (?) AND mode=1 AND closed=0",
-                   groupId);
-    while (rows.Next()) {
-        open = true;
-    }
-    return open;
+    facts.record = run.Take(FindGroupTrafficRecord(plan.groupId));
+    ReadReason(
+        run, "SELECT traflim, blockreason FROM groups WHERE group_id = (?)", 2, plan, facts.block);
+    const Megabytes used = run.Take(ReadOne(
+                                        "SELECT data FROM traffic_use WHERE traf_id = (?)",
+                                        [](const Row &row) { return Megabytes {row.Amount(1)}; },
+                                        facts.record))
+                               .value_or(Megabytes {});
+    const bool openCredit = run.Take(HasOpenTrafficCredit(plan.groupId));
+    facts.left = used < AmountOf(plan.limits.traffic) || openCredit;
 }
 
-void LiftByRaisedLimit(const GroupRecord &record,
-                       TrafficRecordId usageRecord,
-                       const ServiceLink *link)
+void ReadLimitFacts(ActionRun &run, const GroupPlan &plan, GroupModeFacts &facts)
 {
-    RunQuery("SELECT traflim, blockreason FROM groups WHERE group_id = (?)",
-             FetchMode::All,
-             record.groupId);
-    const WholeMegabytes limit {queryResult.Integer(1)};
-    const auto reason = queryResult.Code<BlockReason>(2);
-    RunQuery("SELECT data FROM traffic_use WHERE traf_id = (?)", FetchMode::All, usageRecord);
-    const Megabytes used {queryResult.Amount(1)};
-    const bool openCredit = HasOpenCredit(record.groupId);
-    if (MayBeLifted(record.block, reason) && (used < AmountOf(limit) || openCredit)) {
-        Execute("UPDATE groups SET blocked = 0 WHERE group_id = (?)", record.groupId);
-        UnblockGroup(link, record.groupId);
+    WholeMegabytes stored =
+        ReadLimit(run, "SELECT traflim FROM Groups WHERE Group_id = (?)", plan.groupId);
+    if (plan.limitTouched) {
+        stored = ReadLimit(run, "SELECT traflim FROM groups WHERE group_id = (?)", plan.groupId);
+        facts.raised = plan.limits.traffic > stored;
     }
-}
-
-void ApplyTrafficLimit(const GroupRecord &record, const ServiceLink *link)
-{
-    const Limits limits = record.limits.Staged();
-    Execute("UPDATE groups SET mode = 1 WHERE group_id = (?)", record.groupId);
-    RunQuery("SELECT traflim FROM Groups WHERE Group_id = (?)", FetchMode::All, record.groupId);
-    const bool raised =
-        record.limits.trafficRaised && limits.traffic > WholeMegabytes {queryResult.Integer(1)};
-    TrafficRecordId usageRecord;
-    if (raised) {
-        usageRecord = FindGroupTrafficRecord(record.groupId);
-        Execute("UPDATE traffic_use SET blocked=false WHERE traf_id=(?)", usageRecord);
-    }
-    Execute("UPDATE groups SET mode = 1, traflim = (?), trafperiod = (?) WHERE group_id = (?)",
-            limits.traffic,
-            limits.period,
-            record.groupId);
-    if (raised) {
-        LiftByRaisedLimit(record, usageRecord, link);
+    if (facts.raised) {
+        ReadUse(run, plan, facts);
     }
 }
 
-void ApplyCredit(const GroupRecord &record, const ServiceLink *link)
+void WriteNoControl(ActionRun &run, const GroupPlan &plan, const GroupModeFacts &facts)
 {
-    Execute("UPDATE Groups SET mode = 2 WHERE Group_id = (?)", record.groupId);
-    if (!record.account.credits.empty()) {
-        const StagedCredit &credit = record.account.credits.front();
-        Execute("UPDATE Groups SET credit = (?), creditvalue = (?) WHERE Group_id = (?)",
-                credit.Kind(),
-                NumberOf(credit.amount),
-                record.groupId);
-    }
-    if (HasCreditLeft(record.groupId) && MayBeLifted(record.block, record.block.reason)) {
-        UnblockGroup(link, record.groupId);
+    run.Write("UPDATE groups SET mode = 0 WHERE group_id = (?)", plan.groupId);
+    if (LiftsBlock(plan, facts)) {
+        UnblockGroup(run, plan.groupId);
     }
 }
 
-void ApplyPrice(const GroupRecord &record)
+void WriteTrafficLimit(ActionRun &run, const GroupPlan &plan, const GroupModeFacts &facts)
 {
-    const Limits limits = record.limits.Staged();
-    if (limits.ownPrice) {
-        Execute("UPDATE Groups SET own_price = true WHERE Group_id = (?)", record.groupId);
-        Execute(
-            "UPDATE Groups SET trafprice = (?) WHERE Group_id = (?)", limits.price, record.groupId);
+    run.Write("UPDATE groups SET mode = 1 WHERE group_id = (?)", plan.groupId);
+    if (facts.raised) {
+        run.Write("UPDATE traffic_use SET blocked=false WHERE traf_id=(?)", facts.record);
+    }
+    run.Write("UPDATE groups SET mode = 1, traflim = (?), trafperiod = (?) WHERE group_id = (?)",
+              plan.limits.traffic,
+              plan.limits.period,
+              plan.groupId);
+    if (LiftsBlock(plan, facts)) {
+        run.Write("UPDATE groups SET blocked = 0 WHERE group_id = (?)", plan.groupId);
+        LiftGroupBlock(run, plan.groupId);
+    }
+}
+
+void WriteCredit(ActionRun &run, const GroupPlan &plan, const GroupModeFacts &facts)
+{
+    run.Write("UPDATE Groups SET mode = 2 WHERE Group_id = (?)", plan.groupId);
+    if (plan.credit) {
+        run.Write("UPDATE Groups SET credit = (?), creditvalue = (?) WHERE Group_id = (?)",
+                  plan.credit->Kind(),
+                  NumberOf(plan.credit->amount),
+                  plan.groupId);
+    }
+    if (LiftsBlock(plan, facts)) {
+        LiftGroupBlock(run, plan.groupId);
+    }
+}
+
+void WritePrice(ActionRun &run, const GroupPlan &plan)
+{
+    if (plan.limits.ownPrice) {
+        run.Write("UPDATE Groups SET own_price = true WHERE Group_id = (?)", plan.groupId);
+        run.Write("UPDATE Groups SET trafprice = (?) WHERE Group_id = (?)",
+                  plan.limits.price,
+                  plan.groupId);
     } else {
-        Execute("UPDATE Groups SET own_price = false WHERE Group_id = (?)", record.groupId);
+        run.Write("UPDATE Groups SET own_price = false WHERE Group_id = (?)", plan.groupId);
     }
 }
 
 } // namespace
 
-void ApplyGroupMode(const GroupRecord &record, const ServiceLink *link)
+GroupModeFacts ReadGroupModeFacts(ActionRun &run, const GroupPlan &plan)
 {
-    switch (record.mode) {
+    GroupModeFacts facts;
+    facts.block = After(plan.block, plan.blockNow);
+    switch (plan.mode) {
     case AccountingMode::NoControl:
-        ApplyNoControl(record, link);
+        ReadReason(
+            run, "SELECT blockreason FROM groups WHERE group_id = (?)", 1, plan, facts.block);
         break;
     case AccountingMode::Traffic:
-        ApplyTrafficLimit(record, link);
+        ReadLimitFacts(run, plan, facts);
         break;
     case AccountingMode::Provider:
-        ApplyCredit(record, link);
-        ApplyPrice(record);
+        facts.creditLeft = run.Take(HasCreditLeft(plan.groupId));
+        break;
+    default:
+        break;
+    }
+    return facts;
+}
+
+bool LiftsBlock(const GroupPlan &plan, const GroupModeFacts &facts)
+{
+    if (!MayBeLifted(facts.block)) {
+        return false;
+    }
+    switch (plan.mode) {
+    case AccountingMode::NoControl:
+        return plan.modeChanged;
+    case AccountingMode::Traffic:
+        return facts.raised && facts.left;
+    case AccountingMode::Provider:
+        return (plan.modeChanged || plan.credit) && facts.creditLeft;
+    default:
+        return false;
+    }
+}
+
+void WriteGroupMode(ActionRun &run, const GroupPlan &plan, const GroupModeFacts &facts)
+{
+    switch (plan.mode) {
+    case AccountingMode::NoControl:
+        WriteNoControl(run, plan, facts);
+        break;
+    case AccountingMode::Traffic:
+        WriteTrafficLimit(run, plan, facts);
+        break;
+    case AccountingMode::Provider:
+        WriteCredit(run, plan, facts);
+        WritePrice(run, plan);
         break;
     default:
         break;

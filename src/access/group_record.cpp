@@ -1,25 +1,100 @@
 #include "access/group_record.h"
 
-#include "db/session.h"
+#include "access/load_steps.h"
+#include "access/stored_group.h"
+#include "access/stored_protocols.h"
+#include "db/query.h"
 
-std::optional<GroupRecord> LoadGroup(GroupId groupId)
+#include <utility>
+
+namespace {
+
+Result<bool> ReadGeneral(GroupRecord &record)
+{
+    return TakeFound(
+        ReadOne(
+            "SELECT name, descrip, mode FROM groups WHERE group_id = (?)",
+            [](const Row &row) {
+                return GroupFields {row.Text(1), row.Text(2), row.Code<AccountingMode>(3)};
+            },
+            record.groupId),
+        [&](GroupFields fields) { record.base = std::move(fields); });
+}
+
+Result<bool> IsStillThere(GroupRecord &record)
+{
+    return Exists("SELECT blocked FROM groups WHERE group_id =(?)", record.groupId);
+}
+
+Result<bool> ReadListedMembers(GroupRecord &record)
+{
+    return ReadMembers(record.groupId).map([&](std::vector<Member> members) {
+        record.members.Open(record.groupId, std::move(members));
+        return true;
+    });
+}
+
+Result<bool> ReadBlock(GroupRecord &record)
+{
+    return TakeFound(ReadOne(
+                         "SELECT blocked, blockreason FROM groups WHERE group_id = (?) ",
+                         [](const Row &row) {
+                             return StoredBlock {row.Integer(1) == 1, row.Code<BlockReason>(2)};
+                         },
+                         record.groupId),
+                     [&](const StoredBlock &stored) { record.block = GroupBlockState(stored); });
+}
+
+Result<bool> ReadStoredLimits(GroupRecord &record)
+{
+    return TakeFound(ReadLimits(record.Self()),
+                     [&](const Limits &limits) { record.limits.stored = limits; });
+}
+
+Result<bool> ReadTimes(GroupRecord &record)
+{
+    return TakeFound(ReadTimeAccess(record.Self()), [&](bool grant) { record.times.Open(grant); });
+}
+
+Result<bool> ReadProtocols(GroupRecord &record)
+{
+    return TakeFound(ReadProtocolChoice(record.Self()),
+                     [&](ProtocolChoice choice) { record.protocols = std::move(choice); });
+}
+
+Result<bool> ReadProtocolsNow(GroupRecord &record)
+{
+    return TakeFound(ReadProtocolsToStore(record.Self()),
+                     [&](ProtocolChoice choice) { record.protocols = std::move(choice); });
+}
+
+Result<std::optional<GroupRecord>> Load(GroupId groupId,
+                                        std::initializer_list<LoadStep<GroupRecord>> steps)
 {
     GroupRecord record;
     record.groupId = groupId;
-    if (RunQuery(
-            "SELECT name, descrip, mode FROM groups WHERE group_id = (?)", FetchMode::One, groupId)
-        == kQueryNoData) {
-        return std::nullopt;
+    auto loaded = LoadBySteps(std::move(record), steps);
+    if (loaded && *loaded) {
+        (*loaded)->draft = (*loaded)->base;
     }
-    record.name = queryResult.Text(1);
-    record.description = queryResult.Text(2);
-    record.mode = queryResult.Code<AccountingMode>(3);
-    record.members.Open(groupId);
-    RunQuery(
-        "SELECT blocked, blockreason FROM groups WHERE group_id = (?) ", FetchMode::All, groupId);
-    record.block = GroupBlockState(queryResult.Integer(1) == 1, queryResult.Code<BlockReason>(2));
-    record.limits.stored = ReadLimits(record.Self());
-    record.times.Open(record.Self());
-    record.protocols = ReadProtocolChoice(record.Self());
-    return record;
+    return loaded;
+}
+
+} // namespace
+
+Result<std::optional<GroupRecord>> LoadGroup(GroupId groupId)
+{
+    return Load(groupId,
+                {&ReadGeneral,
+                 &ReadListedMembers,
+                 &ReadBlock,
+                 &ReadStoredLimits,
+                 &ReadTimes,
+                 &ReadProtocols});
+}
+
+Result<std::optional<GroupRecord>> ReadGroupToStore(GroupId groupId)
+{
+    return Load(groupId,
+                {&IsStillThere, &ReadGeneral, &ReadBlock, &ReadStoredLimits, &ReadProtocolsNow});
 }

@@ -11,12 +11,21 @@
 
 #include <QString>
 
-struct GroupRecord
+struct GroupFields
 {
-    GroupId groupId;
     QString name;
     QString description;
     AccountingMode mode = AccountingMode::NoControl;
+
+    bool operator==(const GroupFields &) const = default;
+};
+
+// What is not among the fields keeps by itself what was read and what became of it.
+struct GroupRecord
+{
+    GroupId groupId;
+    GroupFields base; // as read
+    GroupFields draft; // as the administrator leaves it
     MemberTable members;
     BlockState block;
     LimitsDraft limits;
@@ -28,4 +37,4 @@ struct GroupRecord
 };
 
 // Nothing when there is no such group any more.
-[[nodiscard]] std::optional<GroupRecord> LoadGroup(GroupId groupId);
+[[nodiscard]] Result<std::optional<GroupRecord>> LoadGroup(GroupId groupId);

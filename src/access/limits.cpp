@@ -1,52 +1,114 @@
 #include "access/limits.h"
 
-#include "db/session.h"
+#include "access/load_steps.h"
+#include "db/query.h"
 
 namespace {
 
-void ReadStored(const Owner &owner)
+struct UserLimits
 {
-    static constexpr OwnerText kRead = {"SELECT traflim, timelim FROM users WHERE user_id = (?) ",
-                                        "SELECT traflim FROM groups WHERE group_id = (?)"};
-    RunQuery(kRead.For(owner), FetchMode::All, owner.Number());
-}
-
-Limits ReadUserLimits(UserId userId)
-{
-    RunQuery("SELECT trafperiod, traflim, timelim, own_price, trafprice FROM users "
-             "WHERE user_id = (?) ",
-             FetchMode::All,
-             userId);
-    return {.period = queryResult.Code<LimitPeriod>(1),
-            .traffic = WholeMegabytes {queryResult.Integer(2)},
-            .time = WholeHours {queryResult.Integer(3)},
-            .ownPrice = queryResult.Integer(4) != 0,
-            .price = queryResult.Amount(5)};
-}
-
-Limits ReadGroupLimits(GroupId groupId)
-{
+    UserId userId;
     Limits limits;
-    RunQuery(
-        "SELECT trafperiod, traflim FROM groups WHERE group_id = (?)", FetchMode::All, groupId);
-    limits.period = queryResult.Code<LimitPeriod>(1);
-    limits.traffic = WholeMegabytes {queryResult.Integer(2)};
-    RunQuery(
-        "SELECT own_price, trafprice FROM groups WHERE group_id = (?)", FetchMode::All, groupId);
-    limits.ownPrice = queryResult.Integer(1) != 0;
-    limits.price = queryResult.Amount(2);
-    return limits;
+};
+
+struct GroupLimits
+{
+    GroupId groupId;
+    Limits limits;
+};
+
+Result<bool> ReadUserRow(UserLimits &owner)
+{
+    return TakeFound(ReadOne(
+                         "SELECT trafperiod, traflim, timelim, own_price, trafprice FROM users "
+                         "WHERE user_id = (?) ",
+                         [](const Row &row) {
+                             return Limits {.period = row.Code<LimitPeriod>(1),
+                                            .timePeriod = LimitPeriod::None,
+                                            .traffic = WholeMegabytes {row.Integer(2)},
+                                            .time = WholeHours {row.Integer(3)},
+                                            .ownPrice = row.Integer(4) != 0,
+                                            .price = row.Amount(5)};
+                         },
+                         owner.userId),
+                     [&](const Limits &limits) { owner.limits = limits; });
+}
+
+Result<bool> ReadTimePeriod(UserLimits &owner)
+{
+    return TakeFound(ReadOne(
+                         "SELECT timeperiod FROM users WHERE user_id = (?)",
+                         [](const Row &row) { return row.Code<LimitPeriod>(1); },
+                         owner.userId),
+                     [&](LimitPeriod period) { owner.limits.timePeriod = period; });
+}
+
+Result<bool> ReadGroupLimit(GroupLimits &owner)
+{
+    return TakeFound(
+        ReadOne(
+            "SELECT trafperiod, traflim FROM groups WHERE group_id = (?)",
+            [](const Row &row) {
+                return std::pair {row.Code<LimitPeriod>(1), WholeMegabytes {row.Integer(2)}};
+            },
+            owner.groupId),
+        [&](const auto &limit) {
+            owner.limits.period = limit.first;
+            owner.limits.traffic = limit.second;
+        });
+}
+
+Result<bool> ReadGroupPrice(GroupLimits &owner)
+{
+    return TakeFound(ReadOne(
+                         "SELECT own_price, trafprice FROM groups WHERE group_id = (?)",
+                         [](const Row &row) {
+                             return std::pair {row.Integer(1) != 0, row.Amount(2)};
+                         },
+                         owner.groupId),
+                     [&](const auto &price) {
+                         owner.limits.ownPrice = price.first;
+                         owner.limits.price = price.second;
+                     });
+}
+
+template <typename OwnerLimits>
+Result<std::optional<Limits>> LimitsOf(const Result<std::optional<OwnerLimits>> &read)
+{
+    return read.map([](const std::optional<OwnerLimits> &owner) {
+        return owner ? std::optional(owner->limits) : std::nullopt;
+    });
 }
 
 } // namespace
 
+LimitPeriod PeriodIn(AccountingMode mode, const Limits &limits)
+{
+    return mode == AccountingMode::Time ? limits.timePeriod : limits.period;
+}
+
 Limits LimitsDraft::Staged() const
 {
     return {.period = period.value_or(stored.period),
+            .timePeriod = period.value_or(stored.timePeriod),
             .traffic = traffic.value_or(stored.traffic),
             .time = time.value_or(stored.time),
             .ownPrice = ownPrice.value_or(stored.ownPrice),
             .price = price.value_or(stored.price)};
+}
+
+void LimitsDraft::TakeStored(const Limits &now)
+{
+    const Limits before = stored;
+    stored = now;
+    if (period) {
+        stored.period = before.period;
+        stored.timePeriod = before.timePeriod;
+    }
+    stored.traffic = traffic ? before.traffic : now.traffic;
+    stored.time = time ? before.time : now.time;
+    stored.ownPrice = ownPrice ? before.ownPrice : now.ownPrice;
+    stored.price = price ? before.price : now.price;
 }
 
 LimitFields FieldsFor(AccountingMode mode)
@@ -65,21 +127,12 @@ LimitFields FieldsFor(AccountingMode mode)
     }
 }
 
-Limits ReadLimits(const Owner &owner)
+Result<std::optional<Limits>> ReadLimits(const Owner &owner)
 {
-    return owner.IsUser() ? ReadUserLimits(owner.User()) : ReadGroupLimits(owner.Group());
-}
-
-void StageTrafficLimit(const Owner &owner, WholeMegabytes limit, LimitsDraft &draft)
-{
-    ReadStored(owner);
-    draft.trafficRaised = limit > WholeMegabytes {queryResult.Integer(1)};
-    draft.traffic = limit;
-}
-
-void StageTimeLimit(UserId userId, WholeHours limit, LimitsDraft &draft)
-{
-    ReadStored(userId);
-    draft.timeRaised = limit > WholeHours {queryResult.Integer(2)};
-    draft.time = limit;
+    if (owner.IsUser()) {
+        return LimitsOf(
+            LoadBySteps(UserLimits {owner.User(), {}}, {&ReadUserRow, &ReadTimePeriod}));
+    }
+    return LimitsOf(
+        LoadBySteps(GroupLimits {owner.Group(), {}}, {&ReadGroupLimit, &ReadGroupPrice}));
 }

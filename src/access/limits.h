@@ -9,7 +9,8 @@
 
 struct Limits
 {
-    LimitPeriod period = LimitPeriod::None;
+    LimitPeriod period = LimitPeriod::None; // of the traffic limit
+    LimitPeriod timePeriod = LimitPeriod::None; // of the time limit; users only
     WholeMegabytes traffic;
     WholeHours time; // users only
     bool ownPrice = false; // false: the global price holds
@@ -18,19 +19,23 @@ struct Limits
     bool operator==(const Limits &) const = default;
 };
 
+// The period that is shown in a mode: that of the time limit where time alone is limited.
+[[nodiscard]] LimitPeriod PeriodIn(AccountingMode mode, const Limits &limits);
+
 // The stored limits with what the administrator changed laid over them.
 struct LimitsDraft
 {
-    Limits stored; // as last read
-    std::optional<LimitPeriod> period;
+    Limits stored; // as last read; of a value that was changed, as it was then
+    std::optional<LimitPeriod> period; // of whichever limits the mode has
     std::optional<WholeMegabytes> traffic;
     std::optional<WholeHours> time;
     std::optional<bool> ownPrice;
     std::optional<double> price;
-    bool trafficRaised = false; // above the stored limit at the time of the change
-    bool timeRaised = false;
 
     [[nodiscard]] Limits Staged() const;
+
+    // Shows what stands in the database now where nothing was changed.
+    void TakeStored(const Limits &now);
 };
 
 // What can be changed in an accounting mode.
@@ -46,9 +51,5 @@ struct LimitFields
 
 [[nodiscard]] LimitFields FieldsFor(AccountingMode mode);
 
-// Kept: the period is that of the traffic limit, for a time limit too.
-[[nodiscard]] Limits ReadLimits(const Owner &owner);
-
-// Stages a limit and notes whether it is above the stored one, which is read again for that.
-void StageTrafficLimit(const Owner &owner, WholeMegabytes limit, LimitsDraft &draft);
-void StageTimeLimit(UserId userId, WholeHours limit, LimitsDraft &draft);
+// Nothing when the owner's row is gone.
+[[nodiscard]] Result<std::optional<Limits>> ReadLimits(const Owner &owner);

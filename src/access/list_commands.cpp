@@ -1,33 +1,24 @@
 #include "access/list_commands.h"
 
+#include "access/group_gone.h"
+#include "access/group_members.h"
 #include "access/owner.h"
-#include "db/session.h"
+#include "access/present_users.h"
+#include "actions/action_run.h"
+#include "db/query.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-bool HasAccount(const Owner &owner)
+Result<bool> HasAccount(const Owner &owner)
 {
-    return ModeOf(owner).value_or(AccountingMode::NoControl) != AccountingMode::NoControl;
+    return ModeOf(owner).map([](const std::optional<AccountingMode> &mode) {
+        return mode.value_or(AccountingMode::NoControl) != AccountingMode::NoControl;
+    });
 }
 
-} // namespace
-
-bool UserHasAccount(UserId userId)
-{
-    return HasAccount(userId);
-}
-
-bool GroupHasAccount(GroupId groupId)
-{
-    return HasAccount(groupId);
-}
-
-void MoveUserToGroup(UserId userId, GroupId groupId)
-{
-    Execute("UPDATE users SET group_id = (?)  WHERE user_id = (?)", groupId, userId);
-}
-
-void DeleteUser(UserId userId)
+void DeleteUser(ActionRun &run, UserId userId)
 {
     for (const char *statement : {"DELETE FROM users WHERE user_id = (?)",
                                   "DELETE FROM traffic_use WHERE user_id = (?)",
@@ -35,35 +26,112 @@ void DeleteUser(UserId userId)
                                   "DELETE FROM siteaccess WHERE user_id = (?)",
                                   "DELETE FROM billing WHERE object_id = (?)",
                                   "UPDATE logins SET userid=0 WHERE userid = (?)"}) {
-        Execute(statement, userId);
+        run.Write(statement, userId);
     }
 }
 
-void StopMonitoring(UserId userId)
+// Everything that a deletion of the group touches, in the order in which everybody locks. Refused
+// where users would be moved into a group that is not there. Deleting "Everybody" itself is kept: its
+// users stay where they are.
+void PrepareDeletion(ActionRun &run, GroupId groupId)
 {
-    Execute("UPDATE users SET monitored = false WHERE user_id = (?)", userId);
+    LockGroups(run, {groupId, kEverybodyGroup});
+    const std::vector<UserId> members = run.Take(MembersOf(groupId));
+    LockUsers(run, members);
+    if (groupId != kEverybodyGroup && !members.empty()) {
+        RefuseIfGone(run, kEverybodyGroup);
+    }
 }
 
-void RenameGroup(GroupId groupId, const QString &name)
+} // namespace
+
+Result<bool> UserHasAccount(UserId userId)
 {
-    Execute("UPDATE groups SET name=(?) WHERE group_id = (?)", name, groupId);
+    return HasAccount(userId);
 }
 
-GroupId AddGroup(const QString &name)
+Result<bool> GroupHasAccount(GroupId groupId)
 {
-    Execute("INSERT INTO groups (name) VALUES (?)", name);
-    RunQuery("SELECT group_id FROM groups WHERE name = (?)", FetchMode::All, name);
-    return queryResult.Id<GroupId>(1);
+    return HasAccount(groupId);
 }
 
-void DeleteGroupOfList(GroupId groupId)
+Action MoveUsersAction(const std::vector<UserId> &userIds, GroupId groupId)
 {
-    Execute("DELETE FROM groups WHERE group_id = (?)", groupId);
-    Execute("UPDATE users SET group_id = 80 WHERE group_id = (?)", groupId);
+    return {ActionId::MoveUsers, [=](ActionRun &run) {
+                LockGroups(run, {groupId});
+                LockUsers(run, userIds);
+                RefuseIfGone(run, groupId);
+                for (const UserId userId : PresentUsers(run, userIds)) {
+                    run.Write(
+                        "UPDATE users SET group_id = (?)  WHERE user_id = (?)", groupId, userId);
+                }
+            }};
 }
 
-void DeleteGroupOfDialog(GroupId groupId)
+Action DeleteUsersAction(const std::vector<UserId> &userIds)
 {
-    Execute("UPDATE users SET group_id = 80  WHERE group_id = (?)", groupId);
-    Execute("DELETE FROM groups WHERE group_id = (?)", groupId);
+    return {ActionId::DeleteUsers, [=](ActionRun &run) {
+                LockUsers(run, userIds);
+                for (const UserId userId : userIds) {
+                    DeleteUser(run, userId);
+                }
+            }};
+}
+
+Action StopMonitoringAction(const std::vector<UserId> &userIds)
+{
+    return {ActionId::StopMonitoring, [=](ActionRun &run) {
+                LockUsers(run, userIds);
+                for (const UserId userId : PresentUsers(run, userIds)) {
+                    run.Write("UPDATE users SET monitored = false WHERE user_id = (?)", userId);
+                }
+            }};
+}
+
+Action RenameGroupAction(GroupId groupId, const QString &name)
+{
+    return {ActionId::RenameGroup, [=](ActionRun &run) {
+                LockGroups(run, {groupId});
+                if (!run.Take(NameOf(groupId))) {
+                    RefuseGoneGroup(run);
+                }
+                run.Write("UPDATE groups SET name=(?) WHERE group_id = (?)", name, groupId);
+            }};
+}
+
+Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added)
+{
+    return {ActionId::AddGroup, [=](ActionRun &run) {
+                run.Write("INSERT INTO groups (name) VALUES (?)", name);
+                const auto groupId = run.Take(ReadLast(
+                    "SELECT group_id FROM groups WHERE name = (?)",
+                    [](const Row &row) { return row.Id<GroupId>(1); },
+                    name));
+                if (!groupId) { // users moved there would be in no group, and gone from every list
+                    run.Refuse(
+                        u"The new group cannot be found by its name. Nothing was changed."_s);
+                    return;
+                }
+                *added = *groupId;
+                // Read once more after a commit that was not answered, the row tells that it is kept.
+                run.Watch({"groups", "group_id", groupId->value, "group_id"});
+            }};
+}
+
+Action DeleteGroupOfListAction(GroupId groupId)
+{
+    return {ActionId::DeleteGroupOfList, [=](ActionRun &run) {
+                PrepareDeletion(run, groupId);
+                run.Write("DELETE FROM groups WHERE group_id = (?)", groupId);
+                run.Write("UPDATE users SET group_id = 80 WHERE group_id = (?)", groupId);
+            }};
+}
+
+Action DeleteGroupOfDialogAction(GroupId groupId)
+{
+    return {ActionId::DeleteGroupOfDialog, [=](ActionRun &run) {
+                PrepareDeletion(run, groupId);
+                run.Write("UPDATE users SET group_id = 80  WHERE group_id = (?)", groupId);
+                run.Write("DELETE FROM groups WHERE group_id = (?)", groupId);
+            }};
 }

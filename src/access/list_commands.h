@@ -1,30 +1,36 @@
 // What the commands of the two lists do in the database. None of them refills a list.
 #pragma once
 
+#include "actions/action.h"
+#include "db/failure.h"
 #include "db/ids.h"
 
 #include <QString>
 
-// False for a user or group without control: it has no account to open.
-[[nodiscard]] bool UserHasAccount(UserId userId);
-[[nodiscard]] bool GroupHasAccount(GroupId groupId);
+#include <memory>
+#include <vector>
 
-void MoveUserToGroup(UserId userId, GroupId groupId);
+// False for a user or group without control, and for one that is gone: it has no account to open.
+[[nodiscard]] Result<bool> UserHasAccount(UserId userId);
+[[nodiscard]] Result<bool> GroupHasAccount(GroupId groupId);
 
-// The user and all that was counted for it; its login stays, bound to no user.
-void DeleteUser(UserId userId);
+// Users that are gone are left out; refused when none is left, and when the group is gone.
+[[nodiscard]] Action MoveUsersAction(const std::vector<UserId> &userIds, GroupId groupId);
 
-// The user keeps all its records and is offered among the unmonitored ones.
-void StopMonitoring(UserId userId);
+// The users and all that was counted for them; their logins stay, bound to no user.
+[[nodiscard]] Action DeleteUsersAction(const std::vector<UserId> &userIds);
 
-// The name is not checked for being empty or taken.
-void RenameGroup(GroupId groupId, const QString &name);
+// The users keep all their records and are offered among the unmonitored ones. Those that are gone are
+// left out; refused when none is left.
+[[nodiscard]] Action StopMonitoringAction(const std::vector<UserId> &userIds);
 
-// The new group's id, the last of that name when there are several; not set when the database
-// refused it.
-[[nodiscard]] GroupId AddGroup(const QString &name);
+// The name is not checked for being empty or taken. Refused for a group that is gone.
+[[nodiscard]] Action RenameGroupAction(GroupId groupId, const QString &name);
+
+// `added` receives the new group's id, the last of that name when there are several.
+[[nodiscard]] Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added);
 
 // The members move to "Everybody". The groups list deletes the group first, the dialog that chooses
-// a group moves the members first.
-void DeleteGroupOfList(GroupId groupId);
-void DeleteGroupOfDialog(GroupId groupId);
+// a group moves the members first. Refused where there are members to move and "Everybody" is gone.
+[[nodiscard]] Action DeleteGroupOfListAction(GroupId groupId);
+[[nodiscard]] Action DeleteGroupOfDialogAction(GroupId groupId);

@@ -1,29 +1,43 @@
 // Mode and limits for several users at once.
 #pragma once
 
-#include "db/quantities.h"
-#include "db/value_codes.h"
+#include "access/limits.h"
+#include "actions/action.h"
 
-#include <QStringList>
+#include <QString>
 
-#include <functional>
+#include <memory>
 #include <vector>
 
+// What is not set stays as each user has it, and so does what the mode does not use.
 struct ModeAndLimits
 {
     AccountingMode mode = AccountingMode::NoControl;
-    WholeMegabytes traffic;
-    WholeHours time;
-    LimitPeriod period = LimitPeriod::None; // of both limits
+    std::optional<WholeMegabytes> traffic = {};
+    std::optional<WholeHours> time = {};
+    std::optional<LimitPeriod> period = {}; // of both limits
 };
 
-// As the user has them; the period is that of the traffic limit.
-[[nodiscard]] ModeAndLimits ReadModeAndLimits(UserId userId);
+struct NamedUser
+{
+    UserId userId;
+    QString name;
 
-// The users' names, in the order given. A user that is gone is left out of `userIds` too.
-[[nodiscard]] QStringList NamesOfUsers(std::vector<UserId> &userIds);
+    bool operator==(const NamedUser &) const = default;
+};
 
-// One statement a user; `progress` hears how many are done.
-void SetModeAndLimits(const std::vector<UserId> &userIds,
-                      const ModeAndLimits &values,
-                      const std::function<void(int done)> &progress);
+// As the user has them, everything set; nothing when the user is gone.
+[[nodiscard]] Result<std::optional<ModeAndLimits>> ReadModeAndLimits(UserId userId);
+
+// The users' names, in the order given, without those that are gone.
+[[nodiscard]] Result<std::vector<NamedUser>> NamesOfUsers(const std::vector<UserId> &userIds);
+
+// What a user's row is to hold in place of `own`. In the modes that have a limit the chosen period is
+// that of both limits.
+[[nodiscard]] Limits LimitsFor(const ModeAndLimits &values, const Limits &own);
+
+// One statement a user. Users that are gone are left out; refused when none is left. `written`
+// receives how many there were, unless it is null.
+[[nodiscard]] Action SetModeAndLimitsAction(const std::vector<UserId> &userIds,
+                                            const ModeAndLimits &values,
+                                            const std::shared_ptr<size_t> &written = {});

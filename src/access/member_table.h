@@ -1,6 +1,7 @@
 // The members of a group while its sheet is open.
 #pragma once
 
+#include "db/failure.h"
 #include "db/ids.h"
 
 #include <QString>
@@ -11,6 +12,7 @@ struct Member
 {
     UserId userId;
     QString name;
+    GroupId groupId; // as it was read
 
     bool operator==(const Member &) const = default;
 };
@@ -21,26 +23,32 @@ public:
     // Of the members listed, of the users offered, and of those added or removed on the page.
     static constexpr size_t kMost = 1000;
 
-    // Reads the group's monitored users, the first 1000; nothing is added or removed yet.
-    void Open(GroupId newGroupId);
+    // With the members as they were read; nobody is added or removed yet.
+    void Open(GroupId ofGroup, std::vector<Member> members);
+
+    [[nodiscard]] GroupId Group() const { return groupId; }
 
     // The members as they will be.
     [[nodiscard]] const std::vector<Member> &Listed() const { return listed; }
 
-    // Monitored users of other groups, and those removed here: the first 1000.
-    [[nodiscard]] std::vector<Member> Candidates() const;
+    [[nodiscard]] const std::vector<Member> &Added() const { return added; }
+    [[nodiscard]] const std::vector<Member> &Removed() const { return removed; }
 
     // False when the group lists 1000 members already.
     [[nodiscard]] bool Add(const Member &member);
 
     void Remove(size_t row);
 
-    // Moves the removed users to "Everybody" and the added ones into the group.
-    void Save() const;
-
 private:
     GroupId groupId;
     std::vector<Member> listed;
     std::vector<Member> removed;
-    std::vector<UserId> added;
+    std::vector<Member> added;
 };
+
+// The group's monitored users, the first 1000.
+[[nodiscard]] Result<std::vector<Member>> ReadMembers(GroupId groupId);
+
+// Those whom the table offers to add: the users removed from it, then monitored users of other groups
+// that were not added yet; the first 1000 of them all.
+[[nodiscard]] Result<std::vector<Member>> ReadCandidates(const MemberTable &members);

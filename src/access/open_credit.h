@@ -1,7 +1,16 @@
-// Whether a pre-paid account has anything left to use.
+// Whether an owner's credits have anything left to use.
 #pragma once
 
 #include "access/owner.h"
 
-// True when one of the owner's open pre-paid credits is not used up or has no bound.
-[[nodiscard]] bool HasCreditLeft(const Owner &owner);
+// True when one of the owner's open pre-paid credits has not expired and is not used up, or has no
+// bound.
+[[nodiscard]] Result<bool> HasCreditLeft(const Owner &owner);
+
+// Whether an open credit that has not expired extends the limits of this kind; of a group only traffic
+// can be extended.
+[[nodiscard]] Result<bool> HasOpenTrafficCredit(const Owner &owner);
+[[nodiscard]] Result<bool> HasOpenTimeCredit(UserId userId);
+
+// True when a credit has an expiry day and that is over. Its text is "%Y.%m.%d"; another never passes.
+[[nodiscard]] bool HasExpired(bool unlimited, const QString &expiryDay);

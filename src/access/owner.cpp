@@ -1,6 +1,6 @@
 #include "access/owner.h"
 
-#include "db/session.h"
+#include "db/query.h"
 
 namespace {
 
@@ -9,19 +9,18 @@ constexpr OwnerText kMode {"SELECT mode FROM users WHERE user_id = (?)",
 constexpr OwnerText kName {"SELECT username FROM users WHERE user_id = (?)",
                            "SELECT name FROM groups WHERE group_id = (?)"};
 
-bool IsRead(const OwnerText &text, const Owner &owner)
-{
-    return RunQuery(text.For(owner), FetchMode::One, owner.Number()) != kQueryNoData;
-}
-
 } // namespace
 
-std::optional<AccountingMode> ModeOf(const Owner &owner)
+Result<std::optional<AccountingMode>> ModeOf(const Owner &owner)
 {
-    return IsRead(kMode, owner) ? std::optional(queryResult.Code<AccountingMode>(1)) : std::nullopt;
+    return ReadOne(
+        kMode.For(owner),
+        [](const Row &row) { return row.Code<AccountingMode>(1); },
+        owner.Number());
 }
 
-std::optional<QString> NameOf(const Owner &owner)
+Result<std::optional<QString>> NameOf(const Owner &owner)
 {
-    return IsRead(kName, owner) ? std::optional(queryResult.Text(1)) : std::nullopt;
+    return ReadOne(
+        kName.For(owner), [](const Row &row) { return row.Text(1); }, owner.Number());
 }

@@ -1,6 +1,7 @@
 // A user or a group, where a rule holds for both.
 #pragma once
 
+#include "db/failure.h"
 #include "db/ids.h"
 #include "db/value_codes.h"
 
@@ -49,5 +50,5 @@ struct OwnerText
 };
 
 // The owner's accounting mode, its name; nothing when there is no such row.
-[[nodiscard]] std::optional<AccountingMode> ModeOf(const Owner &owner);
-[[nodiscard]] std::optional<QString> NameOf(const Owner &owner);
+[[nodiscard]] Result<std::optional<AccountingMode>> ModeOf(const Owner &owner);
+[[nodiscard]] Result<std::optional<QString>> NameOf(const Owner &owner);

@@ -8,12 +8,21 @@
 
 #include <vector>
 
+struct ChosenPort
+{
+    PortId id;
+    bool restricted = false; // as stored
+};
+
 struct ChosenProtocol
 {
     QString name;
     ProtocolId id;
     bool selected = false;
-    std::vector<PortId> ports;
+    std::vector<ChosenPort> ports;
+
+    // As stored: a protocol counts as selected when any of its ports is restricted.
+    [[nodiscard]] bool IsRestricted() const;
 };
 
 struct ProtocolChoice
@@ -21,17 +30,18 @@ struct ProtocolChoice
     static constexpr size_t kMostProtocols = 100;
     static constexpr size_t kMostPorts = 100; // of each protocol
 
+    bool storedAllow = false;
     bool allow = false; // "Allow protocols"
     std::vector<ChosenProtocol> protocols; // by name
 
     [[nodiscard]] QStringList Names(bool selected) const;
 
+    // Whether storing it adds or removes a port's row.
+    [[nodiscard]] bool ChangesPorts() const;
+
     // Marks the first protocol of exactly this name.
     void Select(const QString &name, bool selected);
 };
 
-// A protocol counts as selected when any of its ports is restricted.
-[[nodiscard]] ProtocolChoice ReadProtocolChoice(const Owner &owner);
-
-// Writes the flag and every port of every protocol, changed or not: saving twice changes nothing.
-void SaveProtocolChoice(const Owner &owner, const ProtocolChoice &choice);
+// As stored; nothing when the owner's row is gone.
+[[nodiscard]] Result<std::optional<ProtocolChoice>> ReadProtocolChoice(const Owner &owner);

@@ -1,5 +1,6 @@
 #include "access/staged_account.h"
 
+#include <algorithm>
 #include <type_traits>
 
 CreditKind KindOf(const CreditAmount &amount)
@@ -24,4 +25,11 @@ double NumberOf(const CreditAmount &amount)
             }
         },
         amount);
+}
+
+bool StagedAccount::MayUnblock() const
+{
+    return std::any_of(credits.begin(), credits.end(), [](const StagedCredit &credit) {
+        return credit.MayUnblock();
+    });
 }

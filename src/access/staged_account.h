@@ -40,6 +40,7 @@ struct StagedCredit
     QString expiryDay; // "%Y.%m.%d"
 
     [[nodiscard]] CreditKind Kind() const { return KindOf(amount); }
+    [[nodiscard]] bool MayUnblock() const { return Kind() != CreditKind::Unlimited; }
     bool operator==(const StagedCredit &) const = default;
 };
 
@@ -50,5 +51,6 @@ struct StagedAccount
 
     bool operator==(const StagedAccount &) const = default;
     [[nodiscard]] bool IsEmpty() const { return credits.empty() && closed.empty(); }
+    [[nodiscard]] bool MayUnblock() const; // whether one of the credits may lift the owner's block
     void Clear() { *this = {}; }
 };

@@ -1,6 +1,6 @@
 #include "access/time_ranges.h"
 
-#include "db/session.h"
+#include "db/query.h"
 
 #include <QStringList>
 
@@ -20,32 +20,43 @@ QString DayName(quint32 day)
     return kNames.value(static_cast<qsizetype>(day) - 1);
 }
 
-void TimeRanges::Open(const Owner &newOwner)
+Result<std::optional<bool>> ReadTimeAccess(const Owner &owner)
 {
     static constexpr OwnerText kFlag = {"SELECT TimeAccess FROM users WHERE user_id = (?) ",
                                         "SELECT TimeAccess FROM groups WHERE group_id = (?)"};
-    *this = {};
-    owner = newOwner;
-    RunQuery(kFlag.For(owner), FetchMode::All, owner.Number());
-    grant = queryResult.Flag(1);
+    return ReadOne(
+        kFlag.For(owner), [](const Row &row) { return row.Flag(1); }, owner.Number());
 }
 
-void TimeRanges::Rebuild()
+Result<std::vector<StoredRange>> ReadTimeRanges(const Owner &owner)
 {
     static constexpr OwnerText kList = {
         "SELECT dayofweek, timestart, timestop, tb_id FROM Time_blocked WHERE user_id = (?) "
         "ORDER BY dayofweek ASC, timestart ASC",
         "SELECT dayofweek, timestart, timestop, tb_id FROM Time_blocked WHERE group_id = (?) "
         "ORDER BY dayofweek ASC, timestart ASC"};
+    return ReadUpTo(
+        TimeRanges::kMostLoaded,
+        kList.For(owner),
+        [](const Row &row) {
+            return StoredRange {row.Id<RangeId>(4), {row.Integer(1), row.Text(2), row.Text(3)}};
+        },
+        owner.Number());
+}
+
+void TimeRanges::Open(bool storedGrant)
+{
+    *this = {};
+    opened = storedGrant;
+    grant = storedGrant;
+}
+
+void TimeRanges::Rebuild(const std::vector<StoredRange> &stored)
+{
     rows.clear();
-    LimitRows(kMostLoaded);
-    RowCursor loaded(kList.For(owner), owner.Number());
-    for (size_t count = 0; count < kMostLoaded && loaded.Next(); ++count) {
-        const auto id = queryResult.Id<RangeId>(4);
-        if (std::ranges::find(deleted, id) == deleted.end()) {
-            rows.push_back({Source::Loaded,
-                            id,
-                            {queryResult.Integer(1), queryResult.Text(2), queryResult.Text(3)}});
+    for (const StoredRange &each : stored) {
+        if (std::ranges::find(deleted, each.id) == deleted.end()) {
+            rows.push_back({Source::Loaded, each.id, each.range});
         }
     }
     for (const TimeRange &range : added) {
@@ -80,22 +91,4 @@ void TimeRanges::Delete(size_t row)
                     + std::ranges::count(rows.begin(), gone, Source::Added, &Row::source));
     }
     rows.erase(gone);
-}
-
-void TimeRanges::Save() const
-{
-    for (const TimeRange &range : added) {
-        Execute("INSERT INTO Time_blocked (dayofweek, timestart, timestop, user_id) "
-                "VALUES ((?),(?),(?),(?))",
-                range.day,
-                range.start,
-                range.stop,
-                owner.Number());
-    }
-    for (const RangeId id : deleted) {
-        Execute("DELETE FROM Time_blocked WHERE tb_id = (?)", id);
-    }
-    Execute(grant ? "UPDATE users SET TimeAccess = true WHERE user_id = (?)"
-                  : "UPDATE users SET TimeAccess = false WHERE user_id = (?)",
-            owner.Number());
 }

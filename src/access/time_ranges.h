@@ -17,6 +17,14 @@ struct TimeRange
     bool operator==(const TimeRange &) const = default;
 };
 
+struct StoredRange
+{
+    RangeId id;
+    TimeRange range;
+
+    bool operator==(const StoredRange &) const = default;
+};
+
 // "Monday" to "Sunday" for 1 to 7, an empty text for any other number.
 [[nodiscard]] QString DayName(quint32 day);
 
@@ -26,11 +34,11 @@ public:
     static constexpr size_t kMostLoaded = 1000;
     static constexpr size_t kMostAdded = 100;
 
-    // Reads the access flag; nothing is added or deleted yet.
-    void Open(const Owner &newOwner);
+    // With the stored access flag; nothing is added or deleted yet.
+    void Open(bool storedGrant);
 
     // Lists the stored ranges that were not deleted here, then the added ones.
-    void Rebuild();
+    void Rebuild(const std::vector<StoredRange> &stored);
 
     // What the list shows, in its order.
     [[nodiscard]] std::vector<TimeRange> Shown() const;
@@ -42,11 +50,9 @@ public:
     // Deletes the range shown in that row.
     void Delete(size_t row);
 
-    // Stores the added ranges, the deletions and the flag of a user.
-    void Save() const;
-
     [[nodiscard]] const std::vector<TimeRange> &Added() const { return added; }
     [[nodiscard]] const std::vector<RangeId> &Deleted() const { return deleted; }
+    [[nodiscard]] bool StoredGrant() const { return opened; }
 
     bool grant = false; // true: access is granted in these times; false: denied
 
@@ -59,8 +65,14 @@ private:
         TimeRange range;
     };
 
-    Owner owner;
+    bool opened = false; // the flag as it was read
     std::vector<Row> rows;
     std::vector<TimeRange> added;
     std::vector<RangeId> deleted;
 };
+
+// Whether the owner's ranges grant access; nothing when its row is gone.
+[[nodiscard]] Result<std::optional<bool>> ReadTimeAccess(const Owner &owner);
+
+// The stored ranges, by day and start, at most 1000.
+[[nodiscard]] Result<std::vector<StoredRange>> ReadTimeRanges(const Owner &owner);

@@ -1,19 +1,21 @@
 #include "access/usage_records.h"
 
-#include "db/session.h"
+#include "db/query.h"
 
 namespace {
 
+// The last of several; not set when there is none.
 template <typename IdType, typename... Values>
-IdType LastId(const char *sqlText, const Values &...values)
+Result<IdType> LastId(const char *sqlText, const Values &...values)
 {
-    RunQuery(sqlText, FetchMode::All, values...);
-    return queryResult.Id<IdType>(1);
+    return ReadLast(
+               sqlText, [](const Row &row) { return row.Id<IdType>(1); }, values...)
+        .map([](const std::optional<IdType> &id) { return id.value_or(IdType {}); });
 }
 
 } // namespace
 
-TrafficRecordId FindUserTrafficRecord(UserId userId, UsagePeriod period)
+Result<TrafficRecordId> FindUserTrafficRecord(UserId userId, UsagePeriod period)
 {
     const Day today = DayOf(Today());
     switch (period) {
@@ -33,11 +35,11 @@ TrafficRecordId FindUserTrafficRecord(UserId userId, UsagePeriod period)
         return LastId<TrafficRecordId>(
             "SELECT traf_id FROM traffic_use WHERE user_id = (?) and period = 2", userId);
     default:
-        return {};
+        return {}; // no record is of such a period
     }
 }
 
-TimeRecordId FindUserTimeRecord(UserId userId, UsagePeriod period)
+Result<TimeRecordId> FindUserTimeRecord(UserId userId, UsagePeriod period)
 {
     const Day today = DayOf(Today());
     switch (period) {
@@ -57,14 +59,20 @@ TimeRecordId FindUserTimeRecord(UserId userId, UsagePeriod period)
         return LastId<TimeRecordId>(
             "SELECT time_id FROM time_use WHERE user_id = (?) and period = 2", userId);
     default:
-        return {};
+        return {}; // no record is of such a period
     }
 }
 
-TrafficRecordId FindGroupTrafficRecord(GroupId groupId)
+Result<TrafficRecordId> FindGroupTrafficRecord(GroupId groupId)
 {
-    RunQuery("SELECT trafperiod FROM groups WHERE group_id = (?) ", FetchMode::All, groupId);
-    if (queryResult.Code<LimitPeriod>(1) == LimitPeriod::Day) {
+    const auto period = ReadLast(
+        "SELECT trafperiod FROM groups WHERE group_id = (?) ",
+        [](const Row &row) { return row.Code<LimitPeriod>(1); },
+        groupId);
+    if (!period) {
+        return tl::unexpected(period.error());
+    }
+    if (*period == LimitPeriod::Day) {
         return LastId<TrafficRecordId>(
             "SELECT traf_id FROM traffic_use WHERE current_time = (?) and group_id = (?) "
             "and period = 1",

@@ -1,112 +1,137 @@
 #include "access/user_apply.h"
 
+#include "access/address_holder.h"
 #include "access/blocking.h"
+#include "access/group_gone.h"
+#include "access/present_users.h"
+#include "access/stored_protocols.h"
 #include "access/user_mode_step.h"
-#include "db/session.h"
+#include "access/user_plan.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-bool IsThere(UserId userId)
+void LockUser(ActionRun &run, const UserRecord &record)
 {
-    return RunQuery("SELECT blocked FROM users WHERE user_id = (?)", FetchMode::One, userId)
-        != kQueryNoData;
+    if (record.draft.groupId != record.base.groupId) {
+        LockGroups(run, {record.draft.groupId});
+    }
+    LockUsers(run, {record.userId});
 }
 
-void ApplyGeneral(const UserRecord &record)
+// Where nothing of the user's own row changes, these rows tell whether a lost commit was kept.
+void WatchOtherRows(ActionRun &run, const UserPlan &plan)
 {
-    Execute("UPDATE users SET fullname = (?), descrip = (?) WHERE user_id = (?)",
-            record.draft.fullName,
-            record.draft.description,
-            record.userId);
-    if (record.draft.groupId != record.saved.groupId) {
-        Execute("UPDATE users SET group_id = (?)  WHERE user_id = (?)",
-                record.draft.groupId,
-                record.userId);
+    const quint32 userId = plan.userId.value;
+    if (!plan.addedTimes.empty() || !plan.deletedTimes.empty()) {
+        run.Watch({"time_blocked", "user_id", userId, "tb_id"});
+    }
+    if (plan.protocols.ChangesPorts()) {
+        run.Watch({"port_blocked", "user_id", userId, "pb_id"});
     }
 }
 
-// True when the address is free, or was freed by removing the user that held it.
-bool TakeOver(const QString &address, UserId userId, const QString &question, Prompt &prompt)
+void WriteGeneral(ActionRun &run, const UserPlan &plan)
 {
-    if (RunQuery("SELECT username, user_id FROM users WHERE ip_addr =(?) and user_id <>(?)",
-                 FetchMode::One,
-                 address,
-                 userId)
-        == kQueryNoData) {
-        return true;
-    }
-    const auto holder = queryResult.Id<UserId>(2);
-    if (!prompt.Ask(question)) {
-        return false;
-    }
-    Execute("DELETE from users WHERE user_id=(?)", holder);
-    return true;
-}
-
-void ApplyIpAddress(const UserRecord &record, Prompt &prompt)
-{
-    const QString question =
-        u"This IP address is bind to another user. This user will be removed. Proceed?"_s;
-    if (record.draft.ipAddress != record.saved.ipAddress
-        && TakeOver(record.draft.ipAddress, record.userId, question, prompt)) {
-        Execute("UPDATE users SET ip_addr = (?)  WHERE user_id = (?)",
-                record.draft.ipAddress,
-                record.userId);
+    run.Write("UPDATE users SET fullname = (?), descrip = (?) WHERE user_id = (?)",
+              plan.fullName,
+              plan.description,
+              plan.userId);
+    if (plan.group) {
+        run.Write("UPDATE users SET group_id = (?)  WHERE user_id = (?)", *plan.group, plan.userId);
     }
 }
 
-// Kept: the MAC text is looked for among the IP addresses, so that a conflict is never found.
-void ApplyMacAddress(const UserRecord &record, Prompt &prompt)
+void WriteAddress(ActionRun &run,
+                  const char *sqlText,
+                  const std::optional<QString> &address,
+                  std::optional<UserId> holder,
+                  UserId userId)
 {
-    const QString question =
-        u"This MAC address is bind to another user. This user will be removed. Proceed?"_s;
-    if (record.draft.macAddress != record.saved.macAddress
-        && TakeOver(record.draft.macAddress, record.userId, question, prompt)) {
-        Execute("UPDATE users SET mac_addr = (?)  WHERE user_id = (?)",
-                record.draft.macAddress,
-                record.userId);
+    if (address) {
+        if (holder) {
+            run.Write("DELETE from users WHERE user_id=(?)", *holder);
+        }
+        run.Write(sqlText, *address, userId);
     }
 }
 
-void ApplyAuthentication(const UserRecord &record)
+void WriteTimes(ActionRun &run, const UserPlan &plan)
 {
-    Execute(record.authRequired ? "UPDATE users SET authreq = 1 WHERE user_id = (?)"
-                                : "UPDATE users SET authreq = 0 WHERE user_id = (?)",
-            record.userId);
+    for (const TimeRange &range : plan.addedTimes) {
+        run.Write("INSERT INTO Time_blocked (dayofweek, timestart, timestop, user_id) "
+                  "VALUES ((?),(?),(?),(?))",
+                  range.day,
+                  range.start,
+                  range.stop,
+                  plan.userId);
+    }
+    for (const RangeId id : plan.deletedTimes) {
+        run.Write("DELETE FROM Time_blocked WHERE tb_id = (?)", id);
+    }
+    run.Write(plan.grantTimes ? "UPDATE users SET TimeAccess = true WHERE user_id = (?)"
+                              : "UPDATE users SET TimeAccess = false WHERE user_id = (?)",
+              plan.userId);
 }
 
 // A block by the service that the page could only show asks for nothing: it would otherwise become
 // the administrator's, and no limit could lift it.
-void ApplyBlock(const UserRecord &record, const ServiceLink *link)
+void WriteBlock(ActionRun &run, const UserPlan &plan)
 {
-    if (!record.block.editable) {
-        return;
+    if (plan.block == BlockStep::Block) {
+        BlockUser(run, plan.userId, BlockReason::Administrator);
+    } else if (plan.block == BlockStep::Unblock) {
+        UnblockUser(run, plan.userId);
     }
-    if (record.block.requested) {
-        BlockUser(link, record.userId, BlockReason::Administrator);
-    } else {
-        UnblockUser(link, record.userId);
-    }
+}
+
+void WriteUser(ActionRun &run,
+               const UserPlan &plan,
+               const AddressHolders &holders,
+               const UserModeFacts &facts)
+{
+    WatchOtherRows(run, plan);
+    WriteGeneral(run, plan);
+    WriteAddress(run,
+                 "UPDATE users SET ip_addr = (?)  WHERE user_id = (?)",
+                 plan.ipAddress,
+                 holders.ofIpAddress,
+                 plan.userId);
+    WriteAddress(run,
+                 "UPDATE users SET mac_addr = (?)  WHERE user_id = (?)",
+                 plan.macAddress,
+                 holders.ofMacAddress,
+                 plan.userId);
+    WriteTimes(run, plan);
+    WriteProtocols(run, plan.userId, plan.protocols);
+    run.Write(plan.authRequired ? "UPDATE users SET authreq = 1 WHERE user_id = (?)"
+                                : "UPDATE users SET authreq = 0 WHERE user_id = (?)",
+              plan.userId);
+    WriteUserMode(run, plan, facts);
+    WriteBlock(run, plan);
 }
 
 } // namespace
 
-bool ApplyUser(const UserRecord &record, const ServiceLink *link, Prompt &prompt)
+AccountingMode ApplyUser(ActionRun &run, const UserRecord &record)
 {
-    if (!IsThere(record.userId)) {
-        prompt.Tell(u"This user has been deleted meanwhile. Nothing was changed."_s,
-                    Prompt::Icon::Warning);
-        return false;
+    LockUser(run, record);
+    const auto now = run.Take(LoadUser(record.userId));
+    if (!now) {
+        RefuseGoneUsers(run, 1);
+        return record.draft.mode;
     }
-    ApplyGeneral(record);
-    ApplyIpAddress(record, prompt);
-    ApplyMacAddress(record, prompt);
-    record.times.Save();
-    SaveProtocolChoice(record.Self(), record.protocols);
-    ApplyAuthentication(record);
-    ApplyUserMode(record, link);
-    ApplyBlock(record, link);
-    return true;
+    const Settler settle(record.Self(),
+                         [&run](const Question &question) { return run.Ask(question); });
+    UserPlan plan = PlanUser(record, *now, settle);
+    if (plan.group) {
+        RefuseIfGone(run, *plan.group);
+    }
+    const AddressHolders holders = FindHolders(run, plan);
+    const UserModeFacts facts = ReadUserModeFacts(run, plan);
+    if (!run.IsStopped()) {
+        WriteUser(run, plan, holders, facts);
+    }
+    return plan.mode;
 }

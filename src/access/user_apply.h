@@ -2,10 +2,11 @@
 #pragma once
 
 #include "access/user_record.h"
-#include "base/prompt.h"
-#include "service/service_link.h"
+#include "actions/action_run.h"
 
-// Asks before the user that holds a newly entered IP address is removed; after a No the address
-// stays as it was and the rest is stored. False when the user has been deleted meanwhile: nothing
-// is written then, and the administrator is told. `link` is null while not connected.
-[[nodiscard]] bool ApplyUser(const UserRecord &record, const ServiceLink *link, Prompt &prompt);
+// The user's part of the action ApplyUser; the staged credits are written behind it. Everything is
+// read again first: what was not touched in the sheet stays as it is in the database, and what somebody
+// else has changed too is asked. Asked is also before the user that holds a newly entered IP address is
+// removed; after a No the address stays as it was and the rest is stored. Refused for a user that has
+// been deleted meanwhile, and where the chosen group has been. Gives the mode that the user then has.
+AccountingMode ApplyUser(ActionRun &run, const UserRecord &record);

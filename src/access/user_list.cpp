@@ -1,10 +1,14 @@
 #include "access/user_list.h"
 
 #include "access/owner.h"
-#include "db/session.h"
+#include "db/query.h"
 #include "db/value_codes.h"
 
 #include <QHash>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -24,69 +28,83 @@ QByteArray Statement(int order, bool ascending)
     return text;
 }
 
-// Of the current row of the list's statement.
-AccessState CurrentAccess()
+struct ReadUser
 {
-    if (queryResult.Flag(10) != queryResult.Flag(11)) {
+    UserRow row;
+    UserId userId;
+    GroupId groupId;
+};
+
+AccessState AccessOf(const Row &row)
+{
+    if (row.Flag(10) != row.Flag(11)) {
         return AccessState::OutsideAllowedTime;
     }
-    const bool allowed =
-        !queryResult.Flag(5) || queryResult.Code<BlockReason>(7) == BlockReason::ShownAsAllowed;
+    const bool allowed = !row.Flag(5) || row.Code<BlockReason>(7) == BlockReason::ShownAsAllowed;
     return allowed ? AccessState::Allowed : AccessState::Blocked;
 }
 
-UserRow CurrentRow()
+ReadUser UserOf(const Row &row)
 {
-    return {.userName = queryResult.Text(1),
-            .stationName = queryResult.Text(2),
-            .fullName = queryResult.Text(3),
-            .ipAddress = queryResult.Text(4),
-            .macAddress = MacAddressText(queryResult.Text(8)),
-            .groupName = {},
-            .access = CurrentAccess()};
+    return {.row = {.userName = row.Text(1),
+                    .stationName = row.Text(2),
+                    .fullName = row.Text(3),
+                    .ipAddress = row.Text(4),
+                    .macAddress = MacAddressText(row.Text(8)),
+                    .groupName = {},
+                    .access = AccessOf(row)},
+            .userId = row.Id<UserId>(6),
+            .groupId = row.Id<GroupId>(9)};
 }
 
-void FillGroupNames(UserList &list, const QList<GroupId> &groupIds)
+using GroupNames = QHash<GroupId, QString>;
+
+// The name of a group that is gone is empty.
+Result<GroupNames> ReadNames(const std::vector<ReadUser> &users)
 {
-    QHash<GroupId, QString> names;
-    for (qsizetype row = 0; row < list.rows.size(); ++row) {
-        const GroupId groupId = groupIds[row];
-        auto name = names.constFind(groupId);
-        if (name == names.constEnd()) {
-            name = names.insert(groupId, NameOf(groupId).value_or(QString()));
+    GroupNames names;
+    for (const ReadUser &user : users) {
+        if (!names.contains(user.groupId)) {
+            const auto name = NameOf(user.groupId);
+            if (!name) {
+                return tl::unexpected(name.error());
+            }
+            names.insert(user.groupId, name->value_or(QString()));
         }
-        list.rows[row].groupName = *name;
     }
+    return names;
 }
 
-} // namespace
-
-UserList ReadUserList(int order, bool ascending, bool withGroupNames)
+UserList ListOf(const std::vector<ReadUser> &users, const GroupNames &names)
 {
     UserList list;
-    QList<GroupId> groupIds;
     list.rows.reserve(kUserListCapacity);
     list.rowUserIds.reserve(kUserListCapacity);
-    groupIds.reserve(kUserListCapacity);
-    {
-        LimitRows(kUserListCapacity);
-        RowCursor rows(Statement(order, ascending).constData());
-        while (list.rows.size() < kUserListCapacity && rows.Next()) {
-            list.rows.append(CurrentRow());
-            list.rowUserIds.append(queryResult.Id<UserId>(6));
-            groupIds.append(queryResult.Id<GroupId>(9));
-        }
-    }
-    if (withGroupNames) {
-        FillGroupNames(list, groupIds);
+    for (const ReadUser &user : users) {
+        list.rows.append(user.row);
+        list.rows.back().groupName = names.value(user.groupId);
+        list.rowUserIds.append(user.userId);
     }
     return list;
 }
 
-quint32 CountListedUsers()
+} // namespace
+
+Result<UserList> ReadUserList(int order, bool ascending, bool withGroupNames)
 {
-    RunQuery("SELECT COUNT(*) FROM users WHERE monitored = true AND group_id<>0", FetchMode::All);
-    return queryResult.Integer(1);
+    const auto users = ReadUpTo(kUserListCapacity, Statement(order, ascending).constData(), UserOf);
+    if (!users) {
+        return tl::unexpected(users.error());
+    }
+    return (withGroupNames ? ReadNames(*users) : Result<GroupNames>())
+        .map([&users](const GroupNames &names) { return ListOf(*users, names); });
+}
+
+Result<quint32> CountListedUsers()
+{
+    return ReadOne("SELECT COUNT(*) FROM users WHERE monitored = true AND group_id<>0",
+                   [](const Row &row) { return row.Integer(1); })
+        .map([](const std::optional<quint32> &count) { return count.value_or(0); });
 }
 
 QString MacAddressText(const QString &stored)

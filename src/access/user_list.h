@@ -1,6 +1,7 @@
 // The rows of the users list, read from the database.
 #pragma once
 
+#include "db/failure.h"
 #include "db/ids.h"
 
 #include <QList>
@@ -41,11 +42,11 @@ constexpr int kBlocked = 5;
 } // namespace user_order
 
 // The monitored users that have a group, at most 1000. Group names are looked up once for each group,
-// and only when asked for.
-[[nodiscard]] UserList ReadUserList(int order, bool ascending, bool withGroupNames);
+// and only when asked for; that of a group that is gone is empty.
+[[nodiscard]] Result<UserList> ReadUserList(int order, bool ascending, bool withGroupNames);
 
 // How many such users there are, whatever the list shows.
-[[nodiscard]] quint32 CountListedUsers();
+[[nodiscard]] Result<quint32> CountListedUsers();
 
 // Twelve characters as six pairs joined with "-"; a shorter text as the pairs it has.
 [[nodiscard]] QString MacAddressText(const QString &stored);

@@ -3,141 +3,218 @@
 #include "access/blocking.h"
 #include "access/open_credit.h"
 #include "access/usage_records.h"
-#include "db/session.h"
+#include "db/query.h"
+
+#include <utility>
 
 namespace {
 
-// The traffic part and the time part: the same steps with texts of their own.
-struct LimitPart
+struct StoredLimits
 {
-    const char *clearRecord;
-    const char *readStored; // the block reason in column 3
-    const char *readUsed;
-    const char *readCredits;
-    const char *write;
+    WholeMegabytes traffic;
+    WholeHours time;
 };
 
-constexpr LimitPart kTrafficPart = {
-    .clearRecord = "UPDATE traffic_use SET blocked=false WHERE traf_id=(?)",
-    .readStored = "SELECT traflim, trafperiod, blockreason FROM users WHERE user_id = (?)",
-    .readUsed = "SELECT data FROM traffic_use WHERE traf_id = (?)",
-    .readCredits = "SELECT closed FROM billing WHERE object_id = (?) AND mode=1",
-    .write = "UPDATE users SET traflim = (?), trafperiod = (?) WHERE user_id = (?)",
-};
+StoredLimits ReadStored(ActionRun &run, UserId userId)
+{
+    return run
+        .Take(ReadOne(
+            "SELECT traflim, timelim FROM users WHERE user_id = (?) ",
+            [](const Row &row) {
+                return StoredLimits {WholeMegabytes {row.Integer(1)}, WholeHours {row.Integer(2)}};
+            },
+            userId))
+        .value_or(StoredLimits {});
+}
+
+// A record that is not there has counted nothing.
+template <typename Amount, typename RecordId>
+Amount ReadUsed(ActionRun &run, const char *sqlText, RecordId record)
+{
+    return run
+        .Take(ReadOne(
+            sqlText, [](const Row &row) { return Amount {row.Amount(1)}; }, record))
+        .value_or(Amount {});
+}
+
+// The reason is in column 3.
+void ReadReason(ActionRun &run, const char *sqlText, UserId userId, BlockReason &reason)
+{
+    reason = run.Take(ReadOne(
+                          sqlText, [](const Row &row) { return row.Code<BlockReason>(3); }, userId))
+                 .value_or(reason);
+}
+
+void ReadTrafficUse(ActionRun &run, const UserPlan &plan, UserModeFacts &facts)
+{
+    auto &use = facts.traffic;
+    ReadReason(run,
+               "SELECT traflim, trafperiod, blockreason FROM users WHERE user_id = (?)",
+               plan.userId,
+               facts.reason);
+    use.record = run.Take(FindUserTrafficRecord(plan.userId, UsagePeriodOf(plan.limits.period)));
+    const auto used =
+        ReadUsed<Megabytes>(run, "SELECT data FROM traffic_use WHERE traf_id = (?)", use.record);
+    const bool openCredit = run.Take(HasOpenTrafficCredit(plan.userId));
+    use.left = used < AmountOf(plan.limits.traffic) || openCredit;
+}
 
 // Kept: the traffic period is read here too.
-constexpr LimitPart kTimePart = {
-    .clearRecord = "UPDATE time_use SET blocked=false WHERE time_id=(?)",
-    .readStored = "SELECT timelim, trafperiod, blockreason FROM users WHERE user_id = (?)",
-    .readUsed = "SELECT data FROM time_use WHERE time_id = (?)",
-    .readCredits = "SELECT closed FROM billing WHERE object_id = (?) AND mode=4",
-    .write = "UPDATE users SET timelim = (?), timeperiod = (?) WHERE user_id = (?)",
-};
-
-bool HasOpenCredit(const char *sqlText, UserId userId)
+void ReadTimeUse(ActionRun &run, const UserPlan &plan, UserModeFacts &facts)
 {
-    bool open = false;
-    RowCursor rows(sqlText, userId);
-    while (rows.Next()) {
-        open = open || !queryResult.Flag(1);
+    auto &use = facts.time;
+    ReadReason(run,
+               "SELECT timelim, trafperiod, blockreason FROM users WHERE user_id = (?)",
+               plan.userId,
+               facts.reason);
+    use.record = run.Take(FindUserTimeRecord(plan.userId, UsagePeriodOf(plan.limits.timePeriod)));
+    const auto used =
+        ReadUsed<Hours>(run, "SELECT data FROM time_use WHERE time_id = (?)", use.record);
+    const bool openCredit = run.Take(HasOpenTimeCredit(plan.userId));
+    use.left = used < AmountOf(plan.limits.time) || openCredit;
+}
+
+// Where both are limited, either is read when the other one is raised.
+void ReadLimitFacts(ActionRun &run, const UserPlan &plan, UserModeFacts &facts)
+{
+    const LimitFields fields = FieldsFor(plan.mode);
+    const bool trafficTouched = fields.traffic && plan.trafficTouched;
+    const bool timeTouched = fields.time && plan.timeTouched;
+    if (!trafficTouched && !timeTouched) {
+        return;
     }
-    return open;
-}
-
-void LiftBlock(const UserRecord &record, const ServiceLink *link)
-{
-    Execute("UPDATE users SET blocked = 0 WHERE user_id = (?)", record.userId);
-    UnblockUser(link, record.userId);
-}
-
-template <typename RecordId, typename Limit>
-void ApplyRaisedLimit(const LimitPart &part,
-                      const UserRecord &record,
-                      RecordId usageRecord,
-                      Limit limit,
-                      const ServiceLink *link)
-{
-    Execute(part.clearRecord, usageRecord);
-    RunQuery(part.readStored, FetchMode::All, record.userId);
-    const auto reason = queryResult.Code<BlockReason>(3);
-    RunQuery(part.readUsed, FetchMode::All, usageRecord);
-    const decltype(AmountOf(limit)) used {queryResult.Amount(1)};
-    const bool openCredit = HasOpenCredit(part.readCredits, record.userId);
-    if (MayBeLifted(record.block, reason) && (used < AmountOf(limit) || openCredit)) {
-        LiftBlock(record, link);
+    const StoredLimits stored = ReadStored(run, plan.userId);
+    facts.traffic.raised = trafficTouched && plan.limits.traffic > stored.traffic;
+    facts.time.raised = timeTouched && plan.limits.time > stored.time;
+    if (facts.traffic.raised || facts.time.raised) {
+        if (fields.traffic) {
+            ReadTrafficUse(run, plan, facts);
+        }
+        if (fields.time) {
+            ReadTimeUse(run, plan, facts);
+        }
     }
 }
 
-void ApplyTrafficLimit(const UserRecord &record, const ServiceLink *link)
+void LiftBlock(ActionRun &run, UserId userId)
 {
-    const Limits limits = record.limits.Staged();
-    if (record.limits.trafficRaised) {
-        const auto usageRecord = FindUserTrafficRecord(record.userId, UsagePeriodOf(limits.period));
-        ApplyRaisedLimit(kTrafficPart, record, usageRecord, limits.traffic, link);
-    }
-    Execute(kTrafficPart.write, limits.traffic, limits.period, record.userId);
+    run.Write("UPDATE users SET blocked = 0 WHERE user_id = (?)", userId);
+    UnblockUser(run, userId);
 }
 
-void ApplyTimeLimit(const UserRecord &record, const ServiceLink *link)
+void WriteTrafficLimit(ActionRun &run, const UserPlan &plan, const UserModeFacts &facts)
 {
-    const Limits limits = record.limits.Staged();
-    if (record.limits.timeRaised) {
-        const auto usageRecord = FindUserTimeRecord(record.userId, UsagePeriodOf(limits.period));
-        ApplyRaisedLimit(kTimePart, record, usageRecord, limits.time, link);
+    if (facts.traffic.raised) {
+        run.Write("UPDATE traffic_use SET blocked=false WHERE traf_id=(?)", facts.traffic.record);
+        if (LiftsBlock(plan, facts)) {
+            LiftBlock(run, plan.userId);
+        }
     }
-    Execute(kTimePart.write, limits.time, limits.period, record.userId);
+    run.Write("UPDATE users SET traflim = (?), trafperiod = (?) WHERE user_id = (?)",
+              plan.limits.traffic,
+              plan.limits.period,
+              plan.userId);
 }
 
-void ApplyNoControl(const UserRecord &record, const ServiceLink *link)
+void WriteTimeLimit(ActionRun &run, const UserPlan &plan, const UserModeFacts &facts)
 {
-    Execute("UPDATE users SET mode = 0 WHERE user_id = (?)", record.userId);
-    RunQuery("SELECT blockreason FROM users WHERE user_id = (?)", FetchMode::All, record.userId);
-    if (MayBeLifted(record.block, queryResult.Code<BlockReason>(1))) {
-        UnblockUser(link, record.userId);
+    if (facts.time.raised) {
+        run.Write("UPDATE time_use SET blocked=false WHERE time_id=(?)", facts.time.record);
+        if (LiftsBlock(plan, facts)) {
+            LiftBlock(run, plan.userId);
+        }
+    }
+    run.Write("UPDATE users SET timelim = (?), timeperiod = (?) WHERE user_id = (?)",
+              plan.limits.time,
+              plan.limits.timePeriod,
+              plan.userId);
+}
+
+void WriteNoControl(ActionRun &run, const UserPlan &plan, const UserModeFacts &facts)
+{
+    run.Write("UPDATE users SET mode = 0 WHERE user_id = (?)", plan.userId);
+    if (LiftsBlock(plan, facts)) {
+        UnblockUser(run, plan.userId);
     }
 }
 
-void ApplyCreditAccount(const UserRecord &record, const ServiceLink *link)
+void WriteCreditAccount(ActionRun &run, const UserPlan &plan, const UserModeFacts &facts)
 {
-    Execute("UPDATE users SET mode = 2 WHERE user_id = (?)", record.userId);
-    if (HasCreditLeft(record.userId) && MayBeLifted(record.block, record.block.reason)) {
-        UnblockUser(link, record.userId);
+    run.Write("UPDATE users SET mode = 2 WHERE user_id = (?)", plan.userId);
+    if (LiftsBlock(plan, facts)) {
+        UnblockUser(run, plan.userId);
     }
-    const Limits limits = record.limits.Staged();
-    if (limits.ownPrice) {
-        Execute("UPDATE users SET own_price = true WHERE user_id = (?)", record.userId);
-        Execute(
-            "UPDATE users SET trafprice = (?) WHERE user_id = (?)", limits.price, record.userId);
+    if (plan.limits.ownPrice) {
+        run.Write("UPDATE users SET own_price = true WHERE user_id = (?)", plan.userId);
+        run.Write(
+            "UPDATE users SET trafprice = (?) WHERE user_id = (?)", plan.limits.price, plan.userId);
     } else {
-        Execute("UPDATE users SET own_price = false WHERE user_id = (?)", record.userId);
+        run.Write("UPDATE users SET own_price = false WHERE user_id = (?)", plan.userId);
     }
 }
 
 } // namespace
 
-void ApplyUserMode(const UserRecord &record, const ServiceLink *link)
+UserModeFacts ReadUserModeFacts(ActionRun &run, const UserPlan &plan)
 {
-    switch (record.mode) {
+    UserModeFacts facts;
+    facts.reason = plan.blockNow.reason;
+    if (plan.mode == AccountingMode::NoControl) {
+        facts.reason = run.Take(ReadOne(
+                                    "SELECT blockreason FROM users WHERE user_id = (?)",
+                                    [](const Row &row) { return row.Code<BlockReason>(1); },
+                                    plan.userId))
+                           .value_or(facts.reason);
+    } else if (plan.mode == AccountingMode::Provider) {
+        facts.creditLeft = run.Take(HasCreditLeft(plan.userId));
+    } else {
+        ReadLimitFacts(run, plan, facts);
+    }
+    return facts;
+}
+
+bool LiftsBlock(const UserPlan &plan, const UserModeFacts &facts)
+{
+    if (!MayBeLifted({plan.blockNow.blocked, facts.reason})) {
+        return false;
+    }
+    const bool raised = facts.traffic.raised || facts.time.raised;
+    switch (plan.mode) {
     case AccountingMode::NoControl:
-        ApplyNoControl(record, link);
+        return plan.modeChanged;
+    case AccountingMode::Provider:
+        return (plan.modeChanged || plan.creditStaged) && facts.creditLeft;
+    case AccountingMode::Traffic:
+        return raised && facts.traffic.left;
+    case AccountingMode::Time:
+        return raised && facts.time.left;
+    case AccountingMode::TrafficAndTime:
+        return raised && facts.traffic.left && facts.time.left;
+    }
+    return false;
+}
+
+void WriteUserMode(ActionRun &run, const UserPlan &plan, const UserModeFacts &facts)
+{
+    switch (plan.mode) {
+    case AccountingMode::NoControl:
+        WriteNoControl(run, plan, facts);
         break;
     case AccountingMode::Traffic:
-        Execute("UPDATE users SET mode = 1 WHERE user_id = (?)", record.userId);
-        ApplyTrafficLimit(record, link);
+        run.Write("UPDATE users SET mode = 1 WHERE user_id = (?)", plan.userId);
+        WriteTrafficLimit(run, plan, facts);
         break;
     case AccountingMode::TrafficAndTime:
-        Execute("UPDATE users SET mode = 5 WHERE user_id = (?)", record.userId);
-        ApplyTrafficLimit(record, link);
-        ApplyTimeLimit(record, link);
+        run.Write("UPDATE users SET mode = 5 WHERE user_id = (?)", plan.userId);
+        WriteTrafficLimit(run, plan, facts);
+        WriteTimeLimit(run, plan, facts);
         break;
     case AccountingMode::Provider:
-        ApplyCreditAccount(record, link);
+        WriteCreditAccount(run, plan, facts);
         break;
     case AccountingMode::Time:
-        Execute("UPDATE users SET mode = 4 WHERE user_id = (?)", record.userId);
-        ApplyTimeLimit(record, link);
-        break;
-    default:
+        run.Write("UPDATE users SET mode = 4 WHERE user_id = (?)", plan.userId);
+        WriteTimeLimit(run, plan, facts);
         break;
     }
 }

@@ -1,73 +1,123 @@
 #include "access/user_record.h"
 
-#include "db/session.h"
+#include "access/load_steps.h"
+#include "db/query.h"
+
+#include <utility>
 
 namespace {
 
-UserGeneral GeneralInBuffer()
+UserFields FieldsOf(const Row &row)
 {
-    return {.fullName = queryResult.Text(1),
-            .description = queryResult.Text(2),
-            .userName = queryResult.Text(3),
-            .ipAddress = queryResult.Text(4),
-            .macAddress = queryResult.Text(5),
-            .workstation = queryResult.Text(6),
+    return {.fullName = row.Text(1),
+            .description = row.Text(2),
+            .userName = row.Text(3),
+            .ipAddress = row.Text(4),
+            .macAddress = row.Text(5),
+            .workstation = row.Text(6),
             .login = {},
-            .groupId = queryResult.Id<GroupId>(8),
-            .groupName = queryResult.Text(9),
-            .guest = queryResult.Integer(10) == 1};
+            .groupId = row.Id<GroupId>(8),
+            .groupName = row.Text(9),
+            .guest = row.Integer(10) == 1,
+            .mode = row.Code<AccountingMode>(7),
+            .authRequired = false};
 }
 
-// False when the user is gone. A user whose group is gone is still shown, without a group's name:
-// its texts would otherwise be lost on OK.
-bool ReadGeneral(UserRecord &record)
+// A user whose group is gone is still shown: its texts would otherwise be lost on OK.
+Result<std::optional<UserFields>> ReadFields(UserId userId)
 {
-    if (RunQuery("SELECT users.fullname, users.descrip, users.username, users.ip_addr, "
-                 "users.mac_addr, users.stationname, users.mode, users.group_id, groups.name, "
-                 "users.virtual FROM users, groups WHERE user_id = (?) and "
-                 "users.group_id = groups.group_id",
-                 FetchMode::One,
-                 record.userId)
-            == kQueryNoData
-        && RunQuery("SELECT fullname, descrip, username, ip_addr, mac_addr, stationname, mode, "
-                    "group_id, '', users.virtual FROM users WHERE user_id = (?)",
-                    FetchMode::One,
-                    record.userId)
-            == kQueryNoData) {
-        return false;
+    auto fields = ReadOne("SELECT users.fullname, users.descrip, users.username, users.ip_addr, "
+                          "users.mac_addr, users.stationname, users.mode, users.group_id, "
+                          "groups.name, users.virtual FROM users, groups WHERE user_id = (?) and "
+                          "users.group_id = groups.group_id",
+                          FieldsOf,
+                          userId);
+    if (!fields || *fields) {
+        return fields;
     }
-    record.saved = GeneralInBuffer();
-    record.mode = queryResult.Code<AccountingMode>(7);
-    RunQuery("SELECT login FROM logins WHERE userid = (?)", FetchMode::All, record.userId);
-    record.saved.login = queryResult.Text(1);
-    record.draft = record.saved;
-    return true;
+    return ReadOne("SELECT fullname, descrip, username, ip_addr, mac_addr, stationname, mode, "
+                   "group_id, '', users.virtual FROM users WHERE user_id = (?)",
+                   FieldsOf,
+                   userId);
 }
 
-void ReadAccess(UserRecord &record)
+Result<bool> ReadGeneral(UserRecord &record)
 {
-    RunQuery("SELECT blocked FROM users WHERE user_id = (?)", FetchMode::All, record.userId);
-    const bool blocked = queryResult.Integer(1) == 1;
-    RunQuery("SELECT blocked, trafperiod, timeperiod, blockreason, authreq FROM users "
-             "WHERE user_id = (?) ",
-             FetchMode::All,
-             record.userId);
-    record.block = UserBlockState(blocked, queryResult.Code<BlockReason>(4));
-    record.authRequired = queryResult.Integer(5) != 0;
+    return TakeFound(ReadFields(record.userId),
+                     [&](UserFields fields) { record.base = std::move(fields); });
+}
+
+// Of several logins the last one counts; a user need not have any.
+Result<bool> ReadLogin(UserRecord &record)
+{
+    return ReadLast(
+               "SELECT login FROM logins WHERE userid = (?)",
+               [](const Row &row) { return row.Text(1); },
+               record.userId)
+        .map([&](const std::optional<QString> &login) {
+            record.base.login = login.value_or(QString());
+            return true;
+        });
+}
+
+Result<bool> ReadBlocked(UserRecord &record)
+{
+    StoredBlock &stored = record.block.stored;
+    return TakeFound(ReadOne(
+                         "SELECT blocked FROM users WHERE user_id = (?)",
+                         [](const Row &row) { return row.Integer(1) == 1; },
+                         record.userId),
+                     [&](bool blocked) { stored.blocked = blocked; });
+}
+
+Result<bool> ReadAccess(UserRecord &record)
+{
+    return TakeFound(ReadOne(
+                         "SELECT blocked, trafperiod, timeperiod, blockreason, authreq FROM users "
+                         "WHERE user_id = (?) ",
+                         [](const Row &row) {
+                             return std::pair {row.Code<BlockReason>(4), row.Integer(5) != 0};
+                         },
+                         record.userId),
+                     [&](const auto &access) {
+                         record.block = UserBlockState({record.block.stored.blocked, access.first});
+                         record.base.authRequired = access.second;
+                     });
+}
+
+Result<bool> ReadStoredLimits(UserRecord &record)
+{
+    return TakeFound(ReadLimits(record.Self()),
+                     [&](const Limits &limits) { record.limits.stored = limits; });
+}
+
+Result<bool> ReadTimes(UserRecord &record)
+{
+    return TakeFound(ReadTimeAccess(record.Self()), [&](bool grant) { record.times.Open(grant); });
+}
+
+Result<bool> ReadProtocols(UserRecord &record)
+{
+    return TakeFound(ReadProtocolChoice(record.Self()),
+                     [&](ProtocolChoice choice) { record.protocols = std::move(choice); });
 }
 
 } // namespace
 
-std::optional<UserRecord> LoadUser(UserId userId)
+Result<std::optional<UserRecord>> LoadUser(UserId userId)
 {
     UserRecord record;
     record.userId = userId;
-    if (!ReadGeneral(record)) {
-        return std::nullopt;
+    auto loaded = LoadBySteps(std::move(record),
+                              {&ReadGeneral,
+                               &ReadLogin,
+                               &ReadBlocked,
+                               &ReadAccess,
+                               &ReadStoredLimits,
+                               &ReadTimes,
+                               &ReadProtocols});
+    if (loaded && *loaded) {
+        (*loaded)->draft = (*loaded)->base;
     }
-    ReadAccess(record);
-    record.limits.stored = ReadLimits(record.Self());
-    record.times.Open(record.Self());
-    record.protocols = ReadProtocolChoice(record.Self());
-    return record;
+    return loaded;
 }

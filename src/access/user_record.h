@@ -10,7 +10,7 @@
 
 #include <QString>
 
-struct UserGeneral
+struct UserFields
 {
     QString fullName;
     QString description;
@@ -22,18 +22,19 @@ struct UserGeneral
     GroupId groupId;
     QString groupName; // empty when there is no such group any more
     bool guest = false;
+    AccountingMode mode = AccountingMode::NoControl;
+    bool authRequired = false;
 
-    bool operator==(const UserGeneral &) const = default;
+    bool operator==(const UserFields &) const = default;
 };
 
+// What is not among the fields keeps by itself what was read and what became of it.
 struct UserRecord
 {
     UserId userId;
-    UserGeneral saved;
-    UserGeneral draft;
-    AccountingMode mode = AccountingMode::NoControl;
+    UserFields base; // as read
+    UserFields draft; // as the administrator leaves it
     BlockState block;
-    bool authRequired = false;
     LimitsDraft limits;
     StagedAccount account; // dropped whenever the access type is changed
     TimeRanges times;
@@ -42,5 +43,6 @@ struct UserRecord
     [[nodiscard]] Owner Self() const { return userId; }
 };
 
-// Nothing when there is no such user any more.
-[[nodiscard]] std::optional<UserRecord> LoadUser(UserId userId);
+// Nothing when there is no such user any more. A user whose group is gone is there, without a group's
+// name.
+[[nodiscard]] Result<std::optional<UserRecord>> LoadUser(UserId userId);

@@ -3,7 +3,13 @@
 #include "access/access_mode.h"
 #include "access/blocking.h"
 #include "access/usage_records.h"
-#include "db/session.h"
+#include "actions/action_run.h"
+#include "db/query.h"
+
+#include <algorithm>
+#include <optional>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -53,111 +59,201 @@ constexpr CreditStatements kGroupStatements {
      "INSERT  INTO billing (mode, group_id, unlimited, expiredday) VALUES (2, (?), 0, (?))"},
 };
 
-// The traffic record that the owner's current accounting period counts into.
-TrafficRecordId CurrentTrafficRecord(const Owner &owner)
+const CreditStatements &TextsOf(const Owner &owner)
+{
+    return owner.IsUser() ? kUserStatements : kGroupStatements;
+}
+
+// What the credits need to know of their owner, read before the first of them is written.
+struct OwnerNow
+{
+    BlockReason reason = BlockReason::None;
+    TrafficRecordId traffic; // of the current accounting period
+    TimeRecordId time;
+};
+
+// A stored code; the empty one for an owner that is gone.
+template <typename CodeType>
+Result<CodeType> ReadCode(const char *sqlText, quint32 owner)
+{
+    return ReadOne(
+               sqlText, [](const Row &row) { return row.Code<CodeType>(1); }, owner)
+        .map([](const std::optional<CodeType> &code) { return code.value_or(CodeType {}); });
+}
+
+Result<TrafficRecordId> CurrentTrafficRecord(const Owner &owner)
 {
     if (!owner.IsUser()) {
         return FindGroupTrafficRecord(owner.Group());
     }
-    RunQuery("SELECT trafperiod FROM users WHERE user_id = (?)", FetchMode::One, owner.User());
-    return FindUserTrafficRecord(owner.User(), UsagePeriodOf(queryResult.Code<LimitPeriod>(1)));
+    return ReadCode<LimitPeriod>("SELECT trafperiod FROM users WHERE user_id = (?)", owner.Number())
+        .and_then([&](LimitPeriod period) {
+            return FindUserTrafficRecord(owner.User(), UsagePeriodOf(period));
+        });
 }
 
-TimeRecordId CurrentTimeRecord(UserId userId)
+Result<TimeRecordId> CurrentTimeRecord(UserId userId)
 {
-    RunQuery("SELECT timeperiod FROM users WHERE user_id = (?)", FetchMode::One, userId);
-    return FindUserTimeRecord(userId, UsagePeriodOf(queryResult.Code<LimitPeriod>(1)));
+    return ReadCode<LimitPeriod>("SELECT timeperiod FROM users WHERE user_id = (?)", userId.value)
+        .and_then(
+            [&](LimitPeriod period) { return FindUserTimeRecord(userId, UsagePeriodOf(period)); });
 }
 
-void WriteLimitCredit(const Owner &owner, const StagedCredit &credit, const CreditStatements &texts)
+bool IsOfTime(const StagedCredit &credit)
 {
-    if (credit.Kind() == CreditKind::Time) {
-        const TimeRecordId record = CurrentTimeRecord(owner.User());
-        Execute("INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, (?), (?), (?))",
-                record,
-                owner.User(),
-                NumberOf(credit.amount));
-        return;
+    return credit.Kind() == CreditKind::Time;
+}
+
+OwnerNow ReadOwner(ActionRun &run,
+                   const Owner &owner,
+                   AccountingMode ownerMode,
+                   const std::vector<StagedCredit> &credits)
+{
+    OwnerNow now;
+    now.reason = run.Take(ReadCode<BlockReason>(TextsOf(owner).blockReason, owner.Number()));
+    const bool extends = IsLimitMode(ownerMode);
+    if (extends && !std::all_of(credits.begin(), credits.end(), IsOfTime)) {
+        now.traffic = run.Take(CurrentTrafficRecord(owner));
     }
-    const TrafficRecordId record = CurrentTrafficRecord(owner);
-    Execute(texts.limitTraffic, record, owner.Number(), NumberOf(credit.amount));
+    if (extends && std::any_of(credits.begin(), credits.end(), IsOfTime)) {
+        now.time = run.Take(CurrentTimeRecord(owner.User()));
+    }
+    return now;
+}
+
+void WriteLimitCredit(ActionRun &run,
+                      const Owner &owner,
+                      const OwnerNow &now,
+                      const StagedCredit &credit)
+{
+    if (IsOfTime(credit)) {
+        run.Write("INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, (?), (?), (?))",
+                  now.time,
+                  owner.User(),
+                  NumberOf(credit.amount));
+    } else {
+        run.Write(
+            TextsOf(owner).limitTraffic, now.traffic, owner.Number(), NumberOf(credit.amount));
+    }
 }
 
 template <typename... Values>
-void WriteWithExpiry(const ExpiryPair &texts, const StagedCredit &credit, const Values &...values)
+void WriteWithExpiry(ActionRun &run,
+                     const ExpiryPair &texts,
+                     const StagedCredit &credit,
+                     const Values &...values)
 {
     if (credit.neverExpires) {
-        Execute(texts.never, values...);
+        run.Write(texts.never, values...);
     } else {
-        Execute(texts.onDay, values..., credit.expiryDay);
+        run.Write(texts.onDay, values..., credit.expiryDay);
     }
 }
 
-void WritePrepaidCredit(const Owner &owner,
-                        const StagedCredit &credit,
-                        double rate,
-                        const CreditStatements &texts)
+void WritePrepaidCredit(ActionRun &run, const Owner &owner, const StagedCredit &credit, double rate)
 {
+    const CreditStatements &texts = TextsOf(owner);
     if (credit.Kind() == CreditKind::Unlimited) {
-        WriteWithExpiry(texts.unlimited, credit, owner.Number());
+        WriteWithExpiry(run, texts.unlimited, credit, owner.Number());
         return;
     }
     const auto &pair = credit.Kind() == CreditKind::Money ? texts.money : texts.traffic;
-    WriteWithExpiry(pair, credit, owner.Number(), NumberOf(credit.amount), rate);
+    WriteWithExpiry(run, pair, credit, owner.Number(), NumberOf(credit.amount), rate);
 }
 
-void Unblock(const Owner &owner, const ServiceLink *link)
+void LiftBlock(ActionRun &run, const Owner &owner)
 {
     if (owner.IsUser()) {
-        UnblockUser(link, owner.User());
+        UnblockUser(run, owner.User());
     } else {
-        UnblockGroup(link, owner.Group());
+        LiftGroupBlock(run, owner.Group());
     }
+}
+
+void WriteCredits(ActionRun &run,
+                  const Owner &owner,
+                  AccountingMode ownerMode,
+                  const std::vector<StagedCredit> &credits,
+                  double rate)
+{
+    if (credits.empty() || run.IsStopped()) {
+        return;
+    }
+    const OwnerNow now = ReadOwner(run, owner, ownerMode, credits);
+    for (const StagedCredit &credit : credits) {
+        if (run.IsStopped()) {
+            return;
+        }
+        if (IsLimitMode(ownerMode)) {
+            WriteLimitCredit(run, owner, now, credit);
+        } else {
+            WritePrepaidCredit(run, owner, credit, rate);
+        }
+        const bool lifts = credit.MayUnblock() && now.reason != BlockReason::Administrator;
+        if (lifts && !run.IsStopped()) {
+            LiftBlock(run, owner);
+        }
+    }
+}
+
+// With those whom a credit may unblock.
+void LockOwner(ActionRun &run, const Owner &owner, const StagedAccount &staged)
+{
+    if (owner.IsUser()) {
+        run.Lock({"users", "user_id", owner.Number(), "user_id"});
+        return;
+    }
+    run.Lock({"groups", "group_id", owner.Number(), "group_id"});
+    if (staged.MayUnblock()) {
+        run.Lock({"users", "group_id", owner.Number(), "user_id"});
+    }
+}
+
+QString OtherModeText(const Owner &owner, AccountingMode modeNow)
+{
+    return u"The access type of this "_s % (owner.IsUser() ? u"user"_s : u"group"_s)
+        % u" has been changed to \""_s % AccessTypeText(modeNow)
+        % u"\" meanwhile. Nothing was changed. Please open the window again to go on"_s;
 }
 
 } // namespace
 
-void WriteCredit(const Owner &owner,
-                 AccountingMode ownerMode,
-                 const StagedCredit &credit,
-                 double rate,
-                 const ServiceLink *link)
+QString OwnerIsGoneText(const Owner &owner)
 {
-    const auto &texts = owner.IsUser() ? kUserStatements : kGroupStatements;
-    RunQuery(texts.blockReason, FetchMode::One, owner.Number());
-    const auto reason = queryResult.Code<BlockReason>(1);
-    if (IsLimitMode(ownerMode)) {
-        WriteLimitCredit(owner, credit, texts);
-    } else {
-        WritePrepaidCredit(owner, credit, rate, texts);
-    }
-    if (credit.Kind() != CreditKind::Unlimited && reason != BlockReason::Administrator) {
-        Unblock(owner, link);
-    }
+    return owner.IsUser() ? u"This user is no longer in the database. Nothing was changed"_s
+                          : u"This group is no longer in the database. Nothing was changed"_s;
 }
 
-void CloseCredit(BillId billId)
-{
-    Execute("UPDATE billing SET closed = 1 WHERE bill_id = (?)", billId);
-}
-
-bool ApplyStagedAccount(const Owner &owner,
-                        AccountingMode ownerMode,
+void WriteStagedAccount(ActionRun &run,
+                        const Owner &owner,
+                        const OwnerModes &modes,
                         const StagedAccount &staged,
-                        double rate,
-                        const ServiceLink *link)
+                        double rate)
 {
-    if (staged.IsEmpty()) {
-        return true;
+    if (staged.IsEmpty() || run.IsStopped()) {
+        return;
     }
-    if (!ModeOf(owner)) {
-        return false;
+    if (modes.now != modes.chosenFor) {
+        run.Refuse(OtherModeText(owner, modes.now));
     }
-    for (const StagedCredit &credit : staged.credits) {
-        WriteCredit(owner, ownerMode, credit, rate, link);
-    }
+    run.Watch({"billing", owner.IsUser() ? "object_id" : "group_id", owner.Number(), "bill_id"});
+    WriteCredits(run, owner, modes.now, staged.credits, rate);
     for (const BillId billId : staged.closed) {
-        CloseCredit(billId);
+        run.Write("UPDATE billing SET closed = 1 WHERE bill_id = (?)", billId);
     }
-    return true;
+}
+
+Action WriteAccountAction(const Owner &owner,
+                          AccountingMode openedWith,
+                          const StagedAccount &staged,
+                          double rate)
+{
+    return {ActionId::WriteAccount, [=](ActionRun &run) {
+                LockOwner(run, owner, staged);
+                if (const auto modeNow = run.Take(ModeOf(owner))) {
+                    WriteStagedAccount(run, owner, {openedWith, *modeNow}, staged, rate);
+                } else {
+                    run.Refuse(OwnerIsGoneText(owner));
+                }
+            }};
 }

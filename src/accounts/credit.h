@@ -3,24 +3,36 @@
 
 #include "access/owner.h"
 #include "access/staged_account.h"
-#include "service/service_link.h"
+#include "actions/action.h"
 
-// Writes the credit for an owner in the mode given: one that extends the limit of the current
-// accounting period in the limit modes, a pre-paid one otherwise. `rate` is the currency rate in
-// force, which a pre-paid credit of traffic or money keeps. The owner is then unblocked, with word
-// to the service, unless the administrator blocked it or the credit is unlimited.
-void WriteCredit(const Owner &owner,
-                 AccountingMode ownerMode,
-                 const StagedCredit &credit,
-                 double rate,
-                 const ServiceLink *link);
+#include <QString>
 
-void CloseCredit(BillId billId);
+class ActionRun;
 
-// Writes what is staged: first the credits, then the close marks. False, and nothing written, when
-// the owner's row is gone. Runs no statement when nothing is staged.
-[[nodiscard]] bool ApplyStagedAccount(const Owner &owner,
-                                      AccountingMode ownerMode,
-                                      const StagedAccount &staged,
-                                      double rate,
-                                      const ServiceLink *link);
+// What is told when the owner's row is gone.
+[[nodiscard]] QString OwnerIsGoneText(const Owner &owner);
+
+// Writes what is staged of an account whose window opened while the owner's mode was `openedWith`. It
+// is refused when the owner is gone, or has another mode by now. `rate` is the currency rate in force,
+// which a pre-paid credit of traffic or money keeps.
+[[nodiscard]] Action WriteAccountAction(const Owner &owner,
+                                        AccountingMode openedWith,
+                                        const StagedAccount &staged,
+                                        double rate);
+
+struct OwnerModes
+{
+    AccountingMode chosenFor; // the one that the owner had when its credits were chosen
+    AccountingMode now;
+};
+
+// The same as a step of an action that has locked the owner's rows. First the credits: one that
+// extends the limit of the current accounting period in the limit modes, a pre-paid one otherwise.
+// Each unblocks the owner, with word to the service, unless the administrator blocked it or the credit
+// is unlimited; a group's members whom the administrator blocked stay so. Then the close marks: a
+// credit that is closed already, or gone, is none to close. Runs no statement when nothing is staged.
+void WriteStagedAccount(ActionRun &run,
+                        const Owner &owner,
+                        const OwnerModes &modes,
+                        const StagedAccount &staged,
+                        double rate);

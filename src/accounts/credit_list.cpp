@@ -1,11 +1,15 @@
 #include "accounts/credit_list.h"
 
 #include "access/access_mode.h"
+#include "access/open_credit.h"
 #include "access/usage_records.h"
 #include "accounts/credit_entry.h"
-#include "accounts/currency.h"
 #include "base/amount_text.h"
-#include "db/session.h"
+#include "db/query.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,29 +31,17 @@ QStringList LimitCells(const QString &date,
     return {date, amount, used, StatusText(status), unit};
 }
 
-// The row in the buffer: date, data, closed, usage, bill_id.
-ListedCredit LimitRow(const QString &unit)
+// A row of date, data, closed, usage, bill_id.
+ListedCredit LimitCredit(const Row &row, const QString &unit)
 {
-    const auto status = queryResult.Flag(3) ? CreditStatus::Expired : CreditStatus::Active;
-    return {queryResult.Id<BillId>(5),
+    const auto status = row.Flag(3) ? CreditStatus::Expired : CreditStatus::Active;
+    return {row.Id<BillId>(5),
             status,
-            LimitCells(DateCell(queryResult.Text(1)),
-                       AmountText(queryResult.Amount(2)),
-                       AmountText(queryResult.Amount(4)),
+            LimitCells(DateCell(row.Text(1)),
+                       AmountText(row.Amount(2)),
+                       AmountText(row.Amount(4)),
                        status,
                        unit)};
-}
-
-// How money is shown; read from the configuration once for a list.
-struct ShownMoney
-{
-    double rate;
-    QString unit;
-};
-
-ShownMoney MoneyOf(const ConfigStore &config)
-{
-    return {CurrentRate(config), UnitName(config, CreditKind::Money)};
 }
 
 // What a pre-paid credit's row says of its amount.
@@ -60,96 +52,148 @@ struct PrepaidAmount
     QString usedMoney;
 };
 
-// The row in the buffer: date, data, closed, usage, bill_id, unlimited, expiredday, currencydata,
-// moneydata, moneyusage.
-PrepaidAmount AmountInBuffer(const ShownMoney &shown)
+// A row of date, data, closed, usage, bill_id, unlimited, expiredday, currencydata, moneydata,
+// moneyusage.
+PrepaidAmount AmountIn(const Row &row, const Currency &currency)
 {
-    const BaseUnits money {queryResult.Amount(9)};
-    const QString usedMoney = SignificantText(queryResult.Amount(10) * shown.rate, 4);
+    const BaseUnits money {row.Amount(9)};
+    const QString usedMoney = SignificantText(row.Amount(10) * currency.rate, 4);
     if (money > kLeastMoney) {
-        return {SignificantText(money.value * shown.rate, 4), shown.unit, usedMoney};
+        return {SignificantText(money.value * currency.rate, 4),
+                UnitName(currency, CreditKind::Money),
+                usedMoney};
     }
-    if (queryResult.IsEmpty(2)) {
+    if (row.IsEmpty(2)) {
         return {u"Unlim"_s, u"None"_s, usedMoney};
     }
-    return {AmountText(queryResult.Amount(2)), u"Mbytes"_s, usedMoney};
+    return {AmountText(row.Amount(2)), u"Mbytes"_s, usedMoney};
 }
 
-ListedCredit PrepaidRow(const ShownMoney &shown)
+struct PrepaidCredit
 {
-    const bool closed = queryResult.Flag(3);
-    const bool unlimited = queryResult.Integer(6) != 0;
-    const QString day = queryResult.Text(7);
+    ListedCredit listed;
+    Megabytes left; // 0 when it is closed
+};
+
+PrepaidCredit PrepaidCreditIn(const Row &row, const Currency &currency)
+{
+    const bool closed = row.Flag(3);
+    const bool unlimited = row.Integer(6) != 0;
+    const QString day = row.Text(7);
     const auto status =
         closed || HasExpired(unlimited, day) ? CreditStatus::Expired : CreditStatus::Active;
-    const auto [credit, type, usedMoney] = AmountInBuffer(shown);
-    return {queryResult.Id<BillId>(5),
-            status,
-            {DateCell(queryResult.Text(1)),
-             credit,
-             type,
-             AmountText(queryResult.Amount(4)),
-             usedMoney,
-             unlimited ? u"Unlimited"_s : day,
-             StatusText(status)}};
+    const auto [credit, type, usedMoney] = AmountIn(row, currency);
+    // kept: a money credit counts with its megabytes, which are used but never given
+    const Megabytes left =
+        closed ? Megabytes {} : Megabytes {row.Amount(2)} - Megabytes {row.Amount(4)};
+    return {{row.Id<BillId>(5),
+             status,
+             {DateCell(row.Text(1)),
+              credit,
+              type,
+              AmountText(row.Amount(4)),
+              usedMoney,
+              unlimited ? u"Unlimited"_s : day,
+              StatusText(status)}},
+            left};
 }
 
-void AddLimitRows(CreditList &list, RowCursor &cursor, const QString &unit)
+using Credits = std::vector<ListedCredit>;
+
+// At most `most`, which may be none at all.
+template <typename... Values>
+Result<Credits>
+ReadLimitCredits(size_t most, const QString &unit, const char *sqlText, const Values &...values)
 {
-    while (list.rows.size() < kMostListedCredits && cursor.Next()) {
-        list.rows.push_back(LimitRow(unit));
+    if (most == 0) {
+        return Credits();
     }
+    return ReadUpTo(
+        static_cast<quint32>(most),
+        sqlText,
+        [&](const Row &row) { return LimitCredit(row, unit); },
+        values...);
 }
 
-void AddTrafficLimits(CreditList &list, const Owner &owner, const QString &unit)
+Result<Credits> ReadTrafficCredits(const Owner &owner, const Currency &currency)
 {
+    const QString unit = UnitName(currency, CreditKind::Traffic);
     if (owner.IsUser()) {
-        RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
-                         "WHERE object_id = (?) and mode = 1 ORDER BY date DESC",
-                         owner.User());
-        AddLimitRows(list, cursor, unit);
-        return;
+        return ReadLimitCredits(kMostListedCredits,
+                                unit,
+                                "SELECT date, data, closed, usage, bill_id FROM billing "
+                                "WHERE object_id = (?) and mode = 1 ORDER BY date DESC",
+                                owner.User());
     }
-    const TrafficRecordId record = FindGroupTrafficRecord(owner.Group());
-    RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
-                     "WHERE group_id = (?) and mode = 1 and trafid = (?) ORDER BY date DESC",
-                     owner.Group(),
-                     record);
-    AddLimitRows(list, cursor, unit);
+    return FindGroupTrafficRecord(owner.Group()).and_then([&](TrafficRecordId record) {
+        return ReadLimitCredits(
+            kMostListedCredits,
+            unit,
+            "SELECT date, data, closed, usage, bill_id FROM billing "
+            "WHERE group_id = (?) and mode = 1 and trafid = (?) ORDER BY date DESC",
+            owner.Group(),
+            record);
+    });
 }
 
-void AddTimeLimits(CreditList &list, UserId userId, const QString &unit)
+Result<Credits> ReadTimeCredits(size_t most, UserId userId, const Currency &currency)
 {
-    RowCursor cursor("SELECT date, data, closed, usage, bill_id FROM billing "
-                     "WHERE object_id = (?) and mode = 4  ORDER BY date DESC",
-                     userId);
-    AddLimitRows(list, cursor, unit);
+    return ReadLimitCredits(most,
+                            UnitName(currency, CreditKind::Time),
+                            "SELECT date, data, closed, usage, bill_id FROM billing "
+                            "WHERE object_id = (?) and mode = 4  ORDER BY date DESC",
+                            userId);
 }
 
-void AddPrepaid(CreditList &list, const Owner &owner, const ShownMoney &shown)
+// Those of the limits that the mode has: traffic first.
+Result<CreditList>
+ReadLimitList(const Owner &owner, AccountingMode ownerMode, const Currency &currency)
 {
-    RowCursor cursor(owner.IsUser()
-                         ? "SELECT date, data, closed, usage, bill_id, unlimited, expiredday, "
-                           "currencydata, moneydata, moneyusage FROM billing "
-                           "WHERE object_id = (?) and mode = 2  ORDER BY date DESC"
-                         : "SELECT date, data, closed, usage, bill_id, unlimited, expiredday, "
-                           "currencydata, moneydata, moneyusage FROM billing "
-                           "WHERE group_id = (?) and mode = 2  ORDER BY date DESC",
-                     owner.Number());
-    while (list.rows.size() < kMostListedCredits && cursor.Next()) {
-        if (!queryResult.Flag(3)) {
-            // kept: a money credit counts with its megabytes, which are used but never given
-            list.balance += Megabytes {queryResult.Amount(2)} - Megabytes {queryResult.Amount(4)};
+    CreditList list;
+    if (ownerMode != AccountingMode::Time) {
+        auto traffic = ReadTrafficCredits(owner, currency);
+        if (!traffic) {
+            return tl::unexpected(std::move(traffic.error()));
         }
-        list.rows.push_back(PrepaidRow(shown));
+        list.rows = *std::move(traffic);
     }
+    if (owner.IsUser() && ownerMode != AccountingMode::Traffic) {
+        auto time = ReadTimeCredits(kMostListedCredits - list.rows.size(), owner.User(), currency);
+        if (!time) {
+            return tl::unexpected(std::move(time.error()));
+        }
+        std::move(time->begin(), time->end(), std::back_inserter(list.rows));
+    }
+    return list;
 }
 
-QString StagedAmount(const StagedCredit &credit, const ConfigStore &config)
+Result<CreditList> ReadPrepaidList(const Owner &owner, const Currency &currency)
+{
+    static constexpr OwnerText kCredits {
+        "SELECT date, data, closed, usage, bill_id, unlimited, expiredday, currencydata, moneydata, "
+        "moneyusage FROM billing WHERE object_id = (?) and mode = 2  ORDER BY date DESC",
+        "SELECT date, data, closed, usage, bill_id, unlimited, expiredday, currencydata, moneydata, "
+        "moneyusage FROM billing WHERE group_id = (?) and mode = 2  ORDER BY date DESC"};
+    return ReadUpTo(
+               kMostListedCredits,
+               kCredits.For(owner),
+               [&](const Row &row) { return PrepaidCreditIn(row, currency); },
+               owner.Number())
+        .map([](std::vector<PrepaidCredit> credits) {
+            CreditList list;
+            for (PrepaidCredit &credit : credits) {
+                list.balance += credit.left;
+                list.rows.push_back(std::move(credit.listed));
+            }
+            return list;
+        });
+}
+
+QString StagedAmount(const StagedCredit &credit, const Currency &currency)
 {
     switch (credit.Kind()) {
     case CreditKind::Money:
-        return SignificantText(NumberOf(credit.amount) * CurrentRate(config), 4);
+        return SignificantText(NumberOf(credit.amount) * currency.rate, 4);
     case CreditKind::Unlimited:
         return u"Unlim"_s;
     default:
@@ -192,27 +236,20 @@ QString StatusText(CreditStatus status)
     return {};
 }
 
-CreditList ReadCredits(const Owner &owner, AccountingMode ownerMode, const ConfigStore &config)
+Result<CreditList>
+ReadCredits(const Owner &owner, AccountingMode ownerMode, const Currency &currency)
 {
-    CreditList list;
-    if (ownerMode == AccountingMode::Traffic || ownerMode == AccountingMode::TrafficAndTime) {
-        AddTrafficLimits(list, owner, UnitName(config, CreditKind::Traffic));
+    if (IsLimitMode(ownerMode)) {
+        return ReadLimitList(owner, ownerMode, currency);
     }
-    if (owner.IsUser()
-        && (ownerMode == AccountingMode::Time || ownerMode == AccountingMode::TrafficAndTime)) {
-        AddTimeLimits(list, owner.User(), UnitName(config, CreditKind::Time));
-    }
-    if (ownerMode == AccountingMode::Provider) {
-        AddPrepaid(list, owner, MoneyOf(config));
-    }
-    return list;
+    return ownerMode == AccountingMode::Provider ? ReadPrepaidList(owner, currency) : CreditList();
 }
 
 ListedCredit
-StagedRow(const StagedCredit &credit, AccountingMode ownerMode, const ConfigStore &config)
+StagedRow(const StagedCredit &credit, AccountingMode ownerMode, const Currency &currency)
 {
     const QString date = Today().toString(u"yyyy-MM-dd"_s);
-    const QString unit = UnitName(config, credit.Kind());
+    const QString unit = UnitName(currency, credit.Kind());
     if (IsLimitMode(ownerMode)) {
         return {
             {},
@@ -223,16 +260,10 @@ StagedRow(const StagedCredit &credit, AccountingMode ownerMode, const ConfigStor
     return {{},
             CreditStatus::New,
             {date,
-             StagedAmount(credit, config),
+             StagedAmount(credit, currency),
              credit.Kind() == CreditKind::Unlimited ? u"None"_s : unit,
              {},
              {},
              credit.neverExpires ? u"Unlimited"_s : credit.expiryDay,
              StatusText(CreditStatus::New)}};
-}
-
-bool HasExpired(bool unlimited, const QString &expiryDay)
-{
-    const QDate day = QDate::fromString(expiryDay, u"yyyy.MM.dd"_s);
-    return !unlimited && day.isValid() && day < Today();
 }

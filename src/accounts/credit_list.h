@@ -3,14 +3,15 @@
 
 #include "access/owner.h"
 #include "access/staged_account.h"
-#include "config/config_store.h"
+#include "accounts/currency.h"
+#include "db/failure.h"
 
 #include <QStringList>
 
 #include <vector>
 
 // The page keeps this many stored credits and stops reading there.
-constexpr std::size_t kMostListedCredits = 100;
+constexpr quint32 kMostListedCredits = 100;
 
 enum class CreditStatus {
     New, // added in the window and not yet stored
@@ -41,13 +42,9 @@ struct CreditList
 
 // Reads the stored credits of an owner in the mode given. A group in a limit mode shows only those
 // of its current traffic record.
-[[nodiscard]] CreditList
-ReadCredits(const Owner &owner, AccountingMode ownerMode, const ConfigStore &config);
+[[nodiscard]] Result<CreditList>
+ReadCredits(const Owner &owner, AccountingMode ownerMode, const Currency &currency);
 
 // The row of a credit that has just been staged: today's date, "New".
 [[nodiscard]] ListedCredit
-StagedRow(const StagedCredit &credit, AccountingMode ownerMode, const ConfigStore &config);
-
-// True when the credit has an expiry day and that is over. Its text is "%Y.%m.%d"; another never
-// passes.
-[[nodiscard]] bool HasExpired(bool unlimited, const QString &expiryDay);
+StagedRow(const StagedCredit &credit, AccountingMode ownerMode, const Currency &currency);

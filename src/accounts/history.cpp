@@ -1,14 +1,15 @@
 #include "accounts/history.h"
 
 #include "access/access_mode.h"
+#include "access/open_credit.h"
 #include "accounts/credit_entry.h"
-#include "accounts/credit_list.h"
 #include "base/amount_text.h"
 #include "base/day.h"
-#include "db/session.h"
+#include "db/query.h"
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -52,87 +53,79 @@ std::optional<QString> SinceOf(HistoryPeriod period, QDate today)
 }
 
 // Oldest first: the engines hand the rows of the one statement over in orders of their own.
-std::vector<BillId> SelectedCredits(const HistoryFilter &filter)
+Result<std::vector<BillId>> SelectedCredits(const HistoryFilter &filter)
 {
     const auto [text, since] = BuildFilter(filter, Today());
-    BindValue(1, filter.owner.Number());
-    if (since) {
-        BindValue(2, *since);
+    const auto billId = [](const Row &row) { return row.Id<BillId>(1); };
+    auto ids = since ? ReadAll(text.constData(), billId, filter.owner.Number(), *since)
+                     : ReadAll(text.constData(), billId, filter.owner.Number());
+    if (ids) {
+        std::sort(ids->begin(), ids->end());
     }
-    std::vector<BillId> ids;
-    RowCursor rows(text.constData());
-    while (rows.Next()) {
-        ids.push_back(queryResult.Id<BillId>(1));
-    }
-    std::sort(ids.begin(), ids.end());
     return ids;
 }
 
 // A date and time as the engines write it; fractions of a second are left out.
-QDateTime MadeInBuffer()
+QDateTime MomentFrom(const QString &text)
 {
-    const QString text = queryResult.Text(1);
     return {QDate::fromString(text.left(10), Qt::ISODate),
             QTime::fromString(text.mid(11, 8), u"HH:mm:ss"_s)};
 }
 
-bool IsRead(int result)
+// A row of date, data, closed, usage, mode.
+HistoryRow LimitCredit(const Row &row)
 {
-    return result == kQuerySuccess || result == kQuerySuccessWithInfo;
-}
-
-std::optional<HistoryRow> ReadLimitRow(BillId billId)
-{
-    if (!IsRead(RunQuery("SELECT date, data, closed, usage, mode FROM billing WHERE bill_id = (?)",
-                         FetchMode::One,
-                         billId))) {
-        return std::nullopt;
-    }
-    HistoryRow row;
-    row.billId = billId;
-    row.made = MadeInBuffer();
-    if (queryResult.Code<BillingMode>(5) == BillingMode::Time) {
-        row.amount = Hours {queryResult.Amount(2)};
-        row.used = Hours {queryResult.Amount(4)};
+    HistoryRow credit;
+    credit.made = MomentFrom(row.Text(1));
+    if (row.Code<BillingMode>(5) == BillingMode::Time) {
+        credit.amount = Hours {row.Amount(2)};
+        credit.used = Hours {row.Amount(4)};
     } else {
-        row.amount = Megabytes {queryResult.Amount(2)};
-        row.used = Megabytes {queryResult.Amount(4)};
+        credit.amount = Megabytes {row.Amount(2)};
+        credit.used = Megabytes {row.Amount(4)};
     }
-    row.status = queryResult.Flag(3) ? HistoryStatus::Closed : HistoryStatus::Active;
-    return row;
+    credit.status = row.Flag(3) ? HistoryStatus::Closed : HistoryStatus::Active;
+    return credit;
 }
 
-std::optional<HistoryRow> ReadPrepaidRow(BillId billId)
+// A row of date, closed, usage, unlimited, expiredday, moneydata, moneyusage, data.
+HistoryRow PrepaidCredit(const Row &row)
 {
-    if (!IsRead(
-            RunQuery("SELECT date, closed, usage, unlimited, expiredday, moneydata, moneyusage, "
-                     "data FROM billing WHERE bill_id = (?)",
-                     FetchMode::One,
-                     billId))) {
-        return std::nullopt;
-    }
-    HistoryRow row;
-    row.billId = billId;
-    row.made = MadeInBuffer();
-    const bool unlimited = queryResult.Integer(4) != 0;
-    const BaseUnits money {queryResult.Amount(6)};
-    row.usedMegabytes = Megabytes {queryResult.Amount(3)};
-    row.used = row.usedMegabytes;
-    row.expiryDay = unlimited ? u"Unlimited"_s : queryResult.Text(5);
+    HistoryRow credit;
+    credit.made = MomentFrom(row.Text(1));
+    const bool unlimited = row.Integer(4) != 0;
+    const BaseUnits money {row.Amount(6)};
+    credit.usedMegabytes = Megabytes {row.Amount(3)};
+    credit.used = credit.usedMegabytes;
+    credit.expiryDay = unlimited ? u"Unlimited"_s : row.Text(5);
     if (money > kLeastMoney) {
-        row.amount = money;
-        row.used = BaseUnits {queryResult.Amount(7)};
-    } else if (queryResult.IsEmpty(8)) {
-        row.amount = Unbounded {};
+        credit.amount = money;
+        credit.used = BaseUnits {row.Amount(7)};
+    } else if (row.IsEmpty(8)) {
+        credit.amount = Unbounded {};
     } else {
-        row.amount = Megabytes {queryResult.Amount(8)};
+        credit.amount = Megabytes {row.Amount(8)};
     }
-    if (queryResult.Flag(2)) {
-        row.status = HistoryStatus::Closed;
-    } else if (HasExpired(unlimited, row.expiryDay)) {
-        row.status = HistoryStatus::Expired;
+    if (row.Flag(2)) {
+        credit.status = HistoryStatus::Closed;
+    } else if (HasExpired(unlimited, credit.expiryDay)) {
+        credit.status = HistoryStatus::Expired;
     }
-    return row;
+    return credit;
+}
+
+// Nothing when the credit is gone by now.
+Result<std::optional<HistoryRow>> ReadCredit(BillId billId, AccountingMode ownerMode)
+{
+    if (IsLimitMode(ownerMode)) {
+        return ReadOne("SELECT date, data, closed, usage, mode FROM billing WHERE bill_id = (?)",
+                       LimitCredit,
+                       billId);
+    }
+    return ReadOne("SELECT date, closed, usage, unlimited, expiredday, moneydata, moneyusage, "
+                   "data FROM billing WHERE bill_id = (?)",
+                   PrepaidCredit,
+                   billId);
 }
 
 QString StatusCellText(HistoryStatus status)
@@ -249,14 +242,21 @@ FilterStatement BuildFilter(const HistoryFilter &filter, QDate today)
     return built;
 }
 
-std::vector<HistoryRow> ReadHistory(const HistoryFilter &filter)
+Result<std::vector<HistoryRow>> ReadHistory(const HistoryFilter &filter)
 {
+    const auto selected = SelectedCredits(filter);
+    if (!selected) {
+        return tl::unexpected(selected.error());
+    }
     std::vector<HistoryRow> rows;
-    for (const BillId billId : SelectedCredits(filter)) {
-        // One that is gone by now is left out.
-        if (auto row =
-                IsLimitMode(filter.ownerMode) ? ReadLimitRow(billId) : ReadPrepaidRow(billId)) {
-            rows.push_back(*std::move(row));
+    for (const BillId billId : *selected) {
+        auto credit = ReadCredit(billId, filter.ownerMode);
+        if (!credit) {
+            return tl::unexpected(std::move(credit.error()));
+        }
+        if (*credit) {
+            rows.push_back(**std::move(credit));
+            rows.back().billId = billId;
         }
     }
     return rows;

@@ -3,11 +3,13 @@
 
 #include "access/owner.h"
 #include "access/staged_account.h"
+#include "db/failure.h"
 
 #include <QByteArray>
 #include <QDateTime>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 enum class HistoryPeriod { AllRecords = 0, Today = 1, LastWeek = 2, LastMonth = 3 };
@@ -50,8 +52,9 @@ struct HistoryRow
     CreditAmount balance; // up to this row, in the same unit as what was used
 };
 
-// The credits that the filter selects, oldest first, without their balances.
-[[nodiscard]] std::vector<HistoryRow> ReadHistory(const HistoryFilter &filter);
+// The credits that the filter selects, oldest first, without their balances. One that is gone by the
+// time that it is read is left out.
+[[nodiscard]] Result<std::vector<HistoryRow>> ReadHistory(const HistoryFilter &filter);
 
 // The row of a staged credit, made today.
 [[nodiscard]] HistoryRow HistoryRowOf(const StagedCredit &credit);

@@ -2,10 +2,13 @@
 #pragma once
 
 #include "access/owner.h"
+#include "db/failure.h"
 #include "db/quantities.h"
 
 #include <QDate>
+#include <QString>
 
+#include <optional>
 #include <vector>
 
 // The current accounting period; what the owner's mode does not limit stays at zero.
@@ -27,13 +30,9 @@ struct UsageStatistics
     Megabytes sent;
 };
 
-// Overall: all day records of the user.
-[[nodiscard]] UsageStatistics ReadUserStatistics(UserId userId);
-
-// Overall: every traffic record of every member.
-[[nodiscard]] UsageStatistics ReadGroupStatistics(GroupId groupId);
-
-[[nodiscard]] UsageStatistics ReadStatistics(const Owner &owner);
+// Nothing when there is no such user or group any more. Overall: the day records of the user, or of
+// all members of the group.
+[[nodiscard]] Result<std::optional<UsageStatistics>> ReadStatistics(const Owner &owner);
 
 // One sentence on how much of the period's usage was taken from credits.
 [[nodiscard]] QString StatisticsTip(const Owner &owner, const PeriodUsage &period);
@@ -49,4 +48,4 @@ constexpr int kChartDays = 30;
 
 // The last 30 days, today last, from the day records of the user or of all the group's members. A
 // day without a record counts as zero.
-[[nodiscard]] std::vector<DailyTraffic> ReadDailyTraffic(const Owner &owner);
+[[nodiscard]] Result<std::vector<DailyTraffic>> ReadDailyTraffic(const Owner &owner);

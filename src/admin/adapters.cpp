@@ -71,18 +71,26 @@ const Adapter *FindAdapter(const QList<Adapter> &adapters, const QString &descri
     return found == adapters.cend() ? nullptr : &*found;
 }
 
-std::optional<QString> CaptureBinding(const ConfigStore &store)
+tl::expected<std::optional<QString>, SettingsFailure> CaptureBinding(const ConfigStore &store)
 {
-    const auto text = store.ReadText(values::kCaptureExport);
-    return text ? std::optional(text->mid(kDevicePathLength)) : std::nullopt;
+    return store.ReadKey(ConfigKeyId::CaptureDriver).map([](const KeyReader &driver) {
+        const auto text = driver.ReadText(values::kCaptureExport);
+        return text ? std::optional(text->mid(kDevicePathLength)) : std::nullopt;
+    });
 }
 
-std::optional<QString> BoundAdapter(const ConfigStore &store)
+tl::expected<std::optional<QString>, SettingsFailure> BoundAdapter(const ConfigStore &store)
 {
-    return CaptureBinding(store) ? store.ReadText(values::kBoundNic) : std::nullopt;
+    const auto binding = CaptureBinding(store);
+    if (!binding || !*binding) {
+        return binding;
+    }
+    return store.ReadKey(ConfigKeyId::AdapterBind).map([](const KeyReader &bound) {
+        return bound.ReadText(values::kBoundNic);
+    });
 }
 
-void BindAdapter(const ConfigStore &store, const Adapter &adapter)
+SettingsResult BindAdapter(const ConfigStore &store, const Adapter &adapter)
 {
-    store.WriteText(values::kBoundNic, adapter.description);
+    return store.WriteText(values::kBoundNic, adapter.description);
 }

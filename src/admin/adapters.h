@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/ipv4.h"
+#include "config/settings_failure.h"
 
 #include <QList>
 #include <QString>
@@ -32,9 +33,11 @@ struct Adapter
                                          const QString &description);
 
 // What the capture driver is bound to: "Export" less its device path. Nothing without a driver.
-[[nodiscard]] std::optional<QString> CaptureBinding(const ConfigStore &store);
+[[nodiscard]] tl::expected<std::optional<QString>, SettingsFailure>
+CaptureBinding(const ConfigStore &store);
 
 // The adapter that the service is bound to: the "NIC" of the binding's own key, which is not the
 // "NIC" of the Options dialog. Nothing while the capture driver has no binding.
-[[nodiscard]] std::optional<QString> BoundAdapter(const ConfigStore &store);
-void BindAdapter(const ConfigStore &store, const Adapter &adapter);
+[[nodiscard]] tl::expected<std::optional<QString>, SettingsFailure>
+BoundAdapter(const ConfigStore &store);
+[[nodiscard]] SettingsResult BindAdapter(const ConfigStore &store, const Adapter &adapter);

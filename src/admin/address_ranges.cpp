@@ -1,6 +1,6 @@
 #include "admin/address_ranges.h"
 
-#include "config/config_store.h"
+#include "config/key_values.h"
 
 #include <algorithm>
 
@@ -99,28 +99,33 @@ std::optional<RangeProblem> CheckRange(const QList<AddressRange> &existing,
     return std::nullopt;
 }
 
-QList<AddressRange> LoadRanges(const ConfigStore &store)
+QList<AddressRange> LoadRanges(const KeyReader &localIp)
 {
-    const int count = std::clamp(store.ReadInteger(values::kRangeNum), 0, int {kMaxRanges});
+    const int count = std::clamp(localIp.ReadInteger(values::kRangeNum), 0, int {kMaxRanges});
     QList<AddressRange> ranges;
     for (int i = 0; i < count; ++i) {
-        ranges.append({store.ReadNumber(values::kNet, i).value_or(0),
-                       store.ReadNumber(values::kMask, i).value_or(0)});
+        ranges.append({localIp.ReadNumber(values::kNet, i).value_or(0),
+                       localIp.ReadNumber(values::kMask, i).value_or(0)});
     }
     return ranges;
 }
 
-void SaveRanges(KeyEditor &localIp, const QList<AddressRange> &ranges)
+void SaveRanges(KeyEditor &localIp,
+                const QList<AddressRange> &base,
+                const QList<AddressRange> &draft)
 {
+    if (draft == base && localIp.Has(values::kRangeNum)) {
+        return;
+    }
     for (int i = 0; i < kMaxRanges; ++i) {
         if (!localIp.DeleteNumber(values::kMask, i) || !localIp.DeleteNumber(values::kNet, i)) {
             break;
         }
     }
-    const auto count = static_cast<int>(std::min(ranges.size(), kMaxRanges));
+    const auto count = static_cast<int>(std::min(draft.size(), kMaxRanges));
     for (int i = 0; i < count; ++i) {
-        localIp.WriteNumber(values::kNet, i, ranges[i].network);
-        localIp.WriteNumber(values::kMask, i, ranges[i].mask);
+        localIp.WriteNumber(values::kNet, i, draft[i].network);
+        localIp.WriteNumber(values::kMask, i, draft[i].mask);
     }
     localIp.WriteInteger(values::kRangeNum, count);
 }

@@ -8,8 +8,8 @@
 
 #include <optional>
 
-class ConfigStore;
 class KeyEditor;
+class KeyReader;
 
 struct AddressRange
 {
@@ -43,7 +43,10 @@ enum class RangeProblem { Incorrect, AlreadyDefined, Full };
                                                      std::optional<Ipv4> mask);
 
 // At most 50; a number that is missing below rangenum reads as 0.0.0.0.
-[[nodiscard]] QList<AddressRange> LoadRanges(const ConfigStore &store);
+[[nodiscard]] QList<AddressRange> LoadRanges(const KeyReader &localIp);
 
-// Deletes the old ranges and writes these with their number.
-void SaveRanges(KeyEditor &localIp, const QList<AddressRange> &ranges);
+// Deletes the old ranges and writes `draft` with its number. Ranges that were not touched stay as they
+// stand now, when there are any.
+void SaveRanges(KeyEditor &localIp,
+                const QList<AddressRange> &base,
+                const QList<AddressRange> &draft);

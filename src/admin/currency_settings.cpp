@@ -2,7 +2,6 @@
 
 #include "base/amount_text.h"
 #include "base/text.h"
-#include "config/config_store.h"
 
 #include <QLocale>
 
@@ -19,6 +18,12 @@ constexpr qsizetype kUsedSymbol = 10;
 QString StoredAmount(double amount)
 {
     return QString::number(amount, 'f', QLocale::FloatingPointShortest);
+}
+
+bool IsSameCurrency(CurrencySettings one, const CurrencySettings &other)
+{
+    one.trafficPrice = other.trafficPrice;
+    return one == other;
 }
 
 } // namespace
@@ -136,28 +141,46 @@ std::optional<CurrencyProblem> SetCurrency(CurrencySettings &settings, std::opti
     return std::nullopt;
 }
 
-CurrencySettings LoadCurrency(const ConfigStore &store, qsizetype bufferBytes)
+void ReadCurrency(CurrencySettings &settings, const KeyReader &base, qsizetype bufferBytes)
 {
-    CurrencySettings settings;
-    settings.trafficPrice = store.ReadAmount(values::kTrafPrice, bufferBytes);
-    const qint32 use = store.ReadInteger(values::kCurUse, bufferBytes);
+    const qint32 use = base.ReadInteger(values::kCurUse, bufferBytes);
     if (use != CurrencySettings::Defined && use != CurrencySettings::InUse) {
-        return settings;
+        return;
     }
     settings.use = use;
-    settings.name = store.ReadText(values::kCurrencyName, bufferBytes).value_or(QString());
-    settings.symbol = store.ReadText(values::kCurrencySymbol, bufferBytes).value_or(QString());
-    settings.rate = store.ReadAmount(values::kCurrencyRate, bufferBytes);
-    return settings;
+    settings.name = base.ReadText(values::kCurrencyName, bufferBytes).value_or(QString());
+    settings.symbol = base.ReadText(values::kCurrencySymbol, bufferBytes).value_or(QString());
+    settings.rate = base.ReadAmount(values::kCurrencyRate, bufferBytes);
 }
 
-void SaveCurrency(const ConfigStore &store, const CurrencySettings &settings)
+void ReadPrice(CurrencySettings &settings, const KeyReader &price, qsizetype bufferBytes)
 {
-    store.WriteText(values::kTrafPrice, StoredAmount(settings.trafficPrice));
-    store.Edit(ConfigKeyId::Base, [&settings](KeyEditor &key) {
-        key.WriteInteger(values::kCurUse, settings.use);
-        key.WriteText(values::kCurrencyName, settings.name);
-        key.WriteText(values::kCurrencySymbol, settings.symbol);
-        key.WriteText(values::kCurrencyRate, StoredAmount(settings.rate));
+    settings.trafficPrice = price.ReadAmount(values::kTrafPrice, bufferBytes);
+}
+
+SettingsResult SavePrice(const ConfigStore &store, const Edited<CurrencySettings> &edited)
+{
+    return store.Edit(ConfigKeyId::Price, [&edited](KeyEditor &key) {
+        WriteText(key,
+                  values::kTrafPrice,
+                  StoredAmount(edited.base.trafficPrice),
+                  StoredAmount(edited.draft.trafficPrice));
+    });
+}
+
+SettingsResult SaveCurrency(const ConfigStore &store, const Edited<CurrencySettings> &edited)
+{
+    const auto &draft = edited.draft;
+    const bool touched = !IsSameCurrency(edited.base, draft);
+    return store.Edit(ConfigKeyId::Base, [&draft, touched](KeyEditor &key) {
+        const auto write = [&key, touched](const TextValue &value, const QString &text) {
+            if (touched || !key.Has(value)) {
+                key.WriteText(value, text);
+            }
+        };
+        write(values::kCurUse, QString::number(draft.use));
+        write(values::kCurrencyName, draft.name);
+        write(values::kCurrencySymbol, draft.symbol);
+        write(values::kCurrencyRate, StoredAmount(draft.rate));
     });
 }

@@ -1,12 +1,12 @@
 // The traffic price and the one further currency that an operator may define beside the base unit.
 #pragma once
 
+#include "admin/edited_settings.h"
+
 #include <QList>
 #include <QString>
 
 #include <optional>
-
-class ConfigStore;
 
 struct CurrencySettings
 {
@@ -79,5 +79,12 @@ void DeleteCurrency(CurrencySettings &settings);
 [[nodiscard]] std::optional<CurrencyProblem> SetCurrency(CurrencySettings &settings,
                                                          std::optional<int> row);
 
-[[nodiscard]] CurrencySettings LoadCurrency(const ConfigStore &store, qsizetype bufferBytes);
-void SaveCurrency(const ConfigStore &store, const CurrencySettings &settings);
+// The currency of the base key and the price of its own; both readers' buffers hold `bufferBytes`.
+void ReadCurrency(CurrencySettings &settings, const KeyReader &base, qsizetype bufferBytes);
+void ReadPrice(CurrencySettings &settings, const KeyReader &price, qsizetype bufferBytes);
+
+// The price, and the currency: its four values are one, since they mean nothing apart.
+[[nodiscard]] SettingsResult SavePrice(const ConfigStore &store,
+                                       const Edited<CurrencySettings> &edited);
+[[nodiscard]] SettingsResult SaveCurrency(const ConfigStore &store,
+                                          const Edited<CurrencySettings> &edited);

@@ -1,39 +1,44 @@
 #include "admin/default_profile.h"
 
 #include "base/text.h"
-#include "config/config_store.h"
 
 namespace {
 
 std::optional<qint32>
-ReadLimit(const ConfigStore &store, const TextValue &value, qsizetype bufferBytes)
+ReadLimit(const KeyReader &profile, const TextValue &value, qsizetype bufferBytes)
 {
-    const auto text = store.ReadText(value, bufferBytes);
+    const auto text = profile.ReadText(value, bufferBytes);
     return text ? std::optional(IntegerFrom(*text)) : std::nullopt;
 }
 
 } // namespace
 
-DefaultProfile LoadDefaultProfile(const ConfigStore &store, qsizetype bufferBytes)
+DefaultProfile LoadDefaultProfile(const KeyReader &key, qsizetype bufferBytes)
 {
     DefaultProfile profile;
-    profile.mode = static_cast<AccountingMode>(store.ReadInteger(values::kDefMode, bufferBytes));
-    profile.trafficLimit = ReadLimit(store, values::kDefTrafficLimit, bufferBytes);
-    profile.timeLimit = ReadLimit(store, values::kDefTimeLimit, bufferBytes);
-    profile.period =
-        static_cast<LimitPeriod>(store.ReadInteger(values::kDefAccPeriod, bufferBytes));
-    profile.authRequired = store.ReadInteger(values::kDefAuthReq, bufferBytes) == 1;
-    profile.blocked = store.ReadInteger(values::kDefBlocked, bufferBytes) == 1;
+    profile.mode = static_cast<AccountingMode>(key.ReadInteger(values::kDefMode, bufferBytes));
+    profile.trafficLimit = ReadLimit(key, values::kDefTrafficLimit, bufferBytes);
+    profile.timeLimit = ReadLimit(key, values::kDefTimeLimit, bufferBytes);
+    profile.period = static_cast<LimitPeriod>(key.ReadInteger(values::kDefAccPeriod, bufferBytes));
+    profile.authRequired = key.ReadInteger(values::kDefAuthReq, bufferBytes) == 1;
+    profile.blocked = key.ReadInteger(values::kDefBlocked, bufferBytes) == 1;
     return profile;
 }
 
-void SaveDefaultProfile(const ConfigStore &store, const DefaultProfile &profile)
+SettingsResult SaveDefaultProfile(const ConfigStore &store, const Edited<DefaultProfile> &edited)
 {
-    store.Edit(ConfigKeyId::DefProfile, [&profile](KeyEditor &key) {
-        key.WriteInteger(values::kDefMode, static_cast<qint32>(profile.mode));
-        key.WriteInteger(values::kDefTrafficLimit, profile.trafficLimit.value_or(0));
-        key.WriteInteger(values::kDefTimeLimit, profile.timeLimit.value_or(0));
-        key.WriteFlag(values::kDefBlocked, profile.blocked);
-        key.WriteInteger(values::kDefAccPeriod, static_cast<qint32>(profile.period));
+    return store.Edit(ConfigKeyId::DefProfile, [&edited](KeyEditor &key) {
+        const DefaultProfile &base = edited.base;
+        const DefaultProfile &draft = edited.draft;
+        const auto number = [](auto code) { return static_cast<qint32>(code); };
+        WriteInteger(key, values::kDefMode, number(base.mode), number(draft.mode));
+        WriteInteger(key,
+                     values::kDefTrafficLimit,
+                     base.trafficLimit.value_or(0),
+                     draft.trafficLimit.value_or(0));
+        WriteInteger(
+            key, values::kDefTimeLimit, base.timeLimit.value_or(0), draft.timeLimit.value_or(0));
+        WriteFlag(key, values::kDefBlocked, base.blocked, draft.blocked);
+        WriteInteger(key, values::kDefAccPeriod, number(base.period), number(draft.period));
     });
 }

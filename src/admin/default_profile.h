@@ -1,11 +1,10 @@
 // The profile that the accounting service gives to a newly seen user: the store's key DefProfile.
 #pragma once
 
+#include "admin/edited_settings.h"
 #include "db/value_codes.h"
 
 #include <optional>
-
-class ConfigStore;
 
 struct DefaultProfile
 {
@@ -19,5 +18,6 @@ struct DefaultProfile
     bool operator==(const DefaultProfile &) const = default;
 };
 
-[[nodiscard]] DefaultProfile LoadDefaultProfile(const ConfigStore &store, qsizetype bufferBytes);
-void SaveDefaultProfile(const ConfigStore &store, const DefaultProfile &profile);
+[[nodiscard]] DefaultProfile LoadDefaultProfile(const KeyReader &key, qsizetype bufferBytes);
+[[nodiscard]] SettingsResult SaveDefaultProfile(const ConfigStore &store,
+                                                const Edited<DefaultProfile> &edited);

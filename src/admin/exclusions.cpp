@@ -1,8 +1,10 @@
 #include "admin/exclusions.h"
 
-#include "base/prompt.h"
-#include "config/config_store.h"
-#include "db/session.h"
+#include "actions/action_run.h"
+#include "config/key_values.h"
+#include "db/query.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -10,17 +12,19 @@ namespace {
 
 constexpr int kMaxOldExclusions = 100;
 
-bool IsUsersAddress(const QString &dotted)
-{
-    RunQuery("SELECT user_id FROM users WHERE ip_addr = (?)", FetchMode::All, dotted);
-    return static_cast<qint32>(queryResult.Integer(1)) > 0;
-}
-
 QString RemovalQuestion(const QString &dotted)
 {
     return u"IP-Address %1 is already in the active database. You can not exclude IP-addresses that "
            u"are in the database. Unless you remove this user Tollbrook will not be able to process "
            u"excluded address. Remove it now?"_s.arg(dotted);
+}
+
+void RemoveUsersOf(ActionRun &run, Ipv4 address)
+{
+    const auto areGone = [address] {
+        return UsersOf(address).map([](const std::vector<UserId> &users) { return users.empty(); });
+    };
+    run.WriteOrLook(areGone, "DELETE FROM users WHERE ip_addr = (?)", DottedText(address));
 }
 
 } // namespace
@@ -43,11 +47,11 @@ std::optional<ExclusionProblem> CheckExclusion(const QList<Ipv4> &existing,
     return std::nullopt;
 }
 
-QList<Ipv4> LoadExclusions(const ConfigStore &store, qsizetype slotCount)
+QList<Ipv4> LoadExclusions(const KeyReader &localIp, qsizetype slotCount)
 {
     QList<Ipv4> exclusions;
     for (int i = 0; i < slotCount; ++i) {
-        const auto address = store.ReadNumber(values::kExclude, i);
+        const auto address = localIp.ReadNumber(values::kExclude, i);
         if (!address) {
             break;
         }
@@ -58,31 +62,57 @@ QList<Ipv4> LoadExclusions(const ConfigStore &store, qsizetype slotCount)
     return exclusions;
 }
 
-void SaveExclusions(const ConfigStore &store,
-                    const QList<Ipv4> &exclusions,
-                    Prompt &prompt,
-                    const std::function<void()> &usersChanged)
+Result<std::vector<UserId>> UsersOf(Ipv4 address)
 {
+    return ReadAll(
+        "SELECT user_id FROM users WHERE ip_addr = (?)",
+        [](const Row &row) { return row.Id<UserId>(1); },
+        DottedText(address));
+}
+
+Question QuestionOnUsersOf(Ipv4 address, const std::vector<UserId> &users)
+{
+    const QString dotted = DottedText(address);
+    QString key = u"exclude "_s + dotted;
+    for (const UserId user : users) {
+        key += u' ' + QString::number(user.value);
+    }
+    return {key, RemovalQuestion(dotted)};
+}
+
+Action ExcludeAddressAction(const QList<Ipv4> &addresses)
+{
+    return {ActionId::ExcludeAddress, [addresses](ActionRun &run) {
+                for (const Ipv4 address : addresses) {
+                    RemoveUsersOf(run, address);
+                }
+            }};
+}
+
+void SaveExclusions(KeyEditor &localIp, const QList<Ipv4> &base, const QList<Ipv4> &draft)
+{
+    bool stands = draft == base;
     for (int i = 0; i < kMaxExclusions; ++i) {
-        const Ipv4 address = exclusions.value(i);
-        const QString dotted = DottedText(address);
-        if (address != 0 && IsUsersAddress(dotted) && prompt.Ask(RemovalQuestion(dotted))) {
-            Execute("DELETE FROM users WHERE ip_addr = (?)", dotted);
-            usersChanged();
+        // The list ends at its first missing number: what lies behind it was none of the list.
+        stands = stands && localIp.Has(values::kExclude, i);
+        if (!stands) {
+            localIp.WriteNumber(values::kExclude, i, draft == base ? 0 : draft.value(i));
         }
-        store.WriteNumber(values::kExclude, i, address);
     }
 }
 
-void ReplaceExclusions(KeyEditor &localIp, const QList<Ipv4> &exclusions)
+void ReplaceExclusions(KeyEditor &localIp, const QList<Ipv4> &base, const QList<Ipv4> &draft)
 {
+    if (draft == base) {
+        return;
+    }
     for (int i = 0; i < kMaxOldExclusions; ++i) {
         if (!localIp.DeleteNumber(values::kExclude, i)) {
             break;
         }
     }
-    const auto count = static_cast<int>(std::min(exclusions.size(), kMaxWizardExclusions));
+    const auto count = static_cast<int>(std::min(draft.size(), kMaxWizardExclusions));
     for (int i = 0; i < count; ++i) {
-        localIp.WriteNumber(values::kExcludeWizard, i, exclusions[i]);
+        localIp.WriteNumber(values::kExcludeWizard, i, draft[i]);
     }
 }

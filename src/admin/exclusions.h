@@ -2,16 +2,17 @@
 // gateways. Kept as exclude<i> under the store's key localip; the list ends at the first missing one.
 #pragma once
 
+#include "actions/action.h"
 #include "base/ipv4.h"
+#include "db/ids.h"
 
 #include <QList>
 
-#include <functional>
 #include <optional>
+#include <vector>
 
-class ConfigStore;
 class KeyEditor;
-class Prompt;
+class KeyReader;
 
 constexpr qsizetype kMaxExclusions = 10; // of the option dialogs
 constexpr qsizetype kMaxWizardExclusions = 50; // of the setup wizard
@@ -26,16 +27,22 @@ enum class ExclusionProblem { Blank, AlreadyExcluded };
                                                              std::optional<Ipv4> address);
 
 // The filled ones of the first `slotCount` slots.
-[[nodiscard]] QList<Ipv4> LoadExclusions(const ConfigStore &store, qsizetype slotCount);
+[[nodiscard]] QList<Ipv4> LoadExclusions(const KeyReader &localIp, qsizetype slotCount);
 
-// Writes all ten slots, an empty one as 0. Before each address is written, a user who has it is
-// offered for removal; whatever the answer, the address is then excluded. `usersChanged` is called
-// after each removal.
-void SaveExclusions(const ConfigStore &store,
-                    const QList<Ipv4> &exclusions,
-                    Prompt &prompt,
-                    const std::function<void()> &usersChanged);
+// The users who have the address.
+[[nodiscard]] Result<std::vector<UserId>> UsersOf(Ipv4 address);
+
+// Whether these users of an address that is to be excluded are removed. Whatever the answer, the
+// address is then excluded.
+[[nodiscard]] Question QuestionOnUsersOf(Ipv4 address, const std::vector<UserId> &users);
+
+// Removes the users of these addresses.
+[[nodiscard]] Action ExcludeAddressAction(const QList<Ipv4> &addresses);
+
+// Writes all ten slots, an empty one as 0. Exclusions that were not touched stay as they stand now;
+// what is missing of their ten slots becomes 0.
+void SaveExclusions(KeyEditor &localIp, const QList<Ipv4> &base, const QList<Ipv4> &draft);
 
 // As the setup wizard saves: the old ones are deleted, only filled slots are written, and the users
-// table is not looked at.
-void ReplaceExclusions(KeyEditor &localIp, const QList<Ipv4> &exclusions);
+// table is not looked at. Exclusions that were not touched stay as they stand now.
+void ReplaceExclusions(KeyEditor &localIp, const QList<Ipv4> &base, const QList<Ipv4> &draft);

@@ -1,43 +1,69 @@
 #include "admin/global_options.h"
 
-#include "admin/protocol_storage.h"
-#include "config/config_store.h"
+#include "admin/save_steps.h"
 
-GlobalOptions LoadGlobalOptions(const ConfigStore &store)
+namespace {
+
+void ReadBase(GlobalOptions &options, const KeyReader &base)
 {
-    GlobalOptions options;
-    options.currency = LoadCurrency(store, ConfigStore::kBufferBytes);
-    options.ranges = LoadRanges(store);
-    options.exclusions = LoadExclusions(store, kMaxExclusions);
-    options.controlMac = store.ReadInteger(values::kControlMacGlobal) != 0;
-    options.updatePeriod = store.ReadInteger(values::kTimer);
-    options.domainLogon = store.ReadInteger(values::kUserviewEnabled) != 0;
-    options.deinstallPassword = store.ReadText(values::kClientPwd).value_or(QString());
-    options.monitorMode = store.ReadInteger(values::kMonitorProtMode);
-    options.protocols = LoadProtocols();
-    options.identMode = store.ReadInteger(values::kIdentModeGlobal);
-    return options;
+    ReadCurrency(options.currency, base, ConfigStore::kBufferBytes);
+    options.controlMac = base.ReadInteger(values::kControlMacGlobal) != 0;
+    options.updatePeriod = base.ReadInteger(values::kTimer);
+    options.domainLogon = base.ReadInteger(values::kUserviewEnabled) != 0;
+    options.deinstallPassword = base.ReadText(values::kClientPwd).value_or(QString());
+    options.monitorMode = base.ReadInteger(values::kMonitorProtMode);
+    options.identMode = base.ReadInteger(values::kIdentModeGlobal);
 }
 
-void SaveGlobalOptions(const GlobalOptions &options,
-                       const ConfigStore &store,
-                       Prompt &prompt,
-                       const std::function<void()> &refreshPanes)
+void Write(SaveSteps &steps,
+           const ConfigStore &store,
+           const GlobalOptions &base,
+           const GlobalOptions &draft)
 {
-    SaveCurrency(store, options.currency);
-    store.Edit(ConfigKeyId::LocalIp,
-               [&options](KeyEditor &key) { SaveRanges(key, options.ranges); });
-    SaveExclusions(store, options.exclusions, prompt, refreshPanes);
-    store.Edit(ConfigKeyId::Base, [&options](KeyEditor &key) {
-        key.WriteFlag(values::kControlMacGlobal, options.controlMac);
-        key.WriteInteger(values::kTimer, options.updatePeriod);
-        key.WriteFlag(values::kUserviewEnabled, options.domainLogon);
-        key.WriteText(values::kClientPwd, options.deinstallPassword);
+    steps.Add(SavePrice(store, {base.currency, draft.currency}));
+    steps.Add(SaveCurrency(store, {base.currency, draft.currency}));
+    steps.SaveNetwork({base.ranges, draft.ranges}, {base.exclusions, draft.exclusions});
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+        WriteFlag(key, values::kControlMacGlobal, base.controlMac, draft.controlMac);
+        WriteInteger(key, values::kTimer, base.updatePeriod, draft.updatePeriod);
+        WriteFlag(key, values::kUserviewEnabled, base.domainLogon, draft.domainLogon);
+        WriteText(key, values::kClientPwd, base.deinstallPassword, draft.deinstallPassword);
     });
-    SaveProtocols(options.protocols);
-    store.Edit(ConfigKeyId::Base, [&options](KeyEditor &key) {
-        key.WriteInteger(values::kMonitorProtMode, options.monitorMode);
-        key.WriteInteger(values::kIdentModeGlobal, options.identMode);
+    steps.SaveProtocols(draft.protocols);
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+        WriteInteger(key, values::kMonitorProtMode, base.monitorMode, draft.monitorMode);
+        WriteInteger(key, values::kIdentModeGlobal, base.identMode, draft.identMode);
     });
-    refreshPanes();
+}
+
+} // namespace
+
+Loaded<GlobalOptions> LoadGlobalOptions(const ConfigStore &store)
+{
+    Loaded<GlobalOptions> loaded;
+    GlobalOptions &options = loaded.settings;
+    ReadGroup(store, ConfigKeyId::Base, loaded.failures, [&options](const KeyReader &base) {
+        ReadBase(options, base);
+    });
+    ReadGroup(store, ConfigKeyId::Price, loaded.failures, [&options](const KeyReader &price) {
+        ReadPrice(options.currency, price, ConfigStore::kBufferBytes);
+    });
+    ReadGroup(store, ConfigKeyId::LocalIp, loaded.failures, [&options](const KeyReader &localIp) {
+        options.ranges = LoadRanges(localIp);
+        options.exclusions = LoadExclusions(localIp, kMaxExclusions);
+    });
+    return loaded;
+}
+
+SaveReport SaveGlobalOptions(const Edited<GlobalOptions> &edited,
+                             const ConfigStore &store,
+                             const Answers &answers)
+{
+    SaveSteps steps(store, answers);
+    steps.AskOnExclusions(edited.base.exclusions, edited.draft.exclusions);
+    steps.AskOnDenials(edited.draft.protocols);
+    if (steps.MayWrite()) {
+        Write(steps, store, edited.base, edited.draft);
+    }
+    return steps.Report();
 }

@@ -16,14 +16,13 @@ struct GlobalOptions
     bool domainLogon = false; // "UserviewEnabled"
     QString deinstallPassword; // "clientpwd", up to 254 bytes of plain text
     qint32 monitorMode = monitor_mode::kAll;
-    ProtocolTable protocols;
+    std::optional<ProtocolTable> protocols; // as in Options
     qint32 identMode = ident_mode::kIpAddress;
 };
 
-[[nodiscard]] GlobalOptions LoadGlobalOptions(const ConfigStore &store);
+[[nodiscard]] Loaded<GlobalOptions> LoadGlobalOptions(const ConfigStore &store);
 
 // As SaveOptions, in this sheet's own order.
-void SaveGlobalOptions(const GlobalOptions &options,
-                       const ConfigStore &store,
-                       Prompt &prompt,
-                       const std::function<void()> &refreshPanes);
+[[nodiscard]] SaveReport SaveGlobalOptions(const Edited<GlobalOptions> &edited,
+                                           const ConfigStore &store,
+                                           const Answers &answers);

@@ -1,47 +1,15 @@
 #include "admin/login_table.h"
 
 #include "admin/password_digest.h"
-#include "db/failure_log.h"
-#include "db/session.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qsizetype kMacCharacters = 12;
-
-Login::Limit LimitFrom(bool on, quint32 limitMode)
-{
-    if (!on) {
-        return Login::Limit::None;
-    }
-    return limitMode == 1 ? Login::Limit::MacAddress : Login::Limit::IpAddress;
-}
-
-quint32 LimitOn(const Login &login)
-{
-    return login.limit == Login::Limit::None ? 0 : 1;
-}
-
-quint32 LimitMode(const Login &login)
-{
-    return login.limit == Login::Limit::MacAddress ? 1 : 0;
-}
-
-Login LoginFromRow()
-{
-    Login login;
-    login.name = queryResult.Text(1);
-    login.userId = queryResult.Id<UserId>(2);
-    login.guest = queryResult.Integer(3) != 0;
-    login.limit = LimitFrom(queryResult.Integer(4) != 0, queryResult.Integer(5));
-    login.limitIp = queryResult.Text(6);
-    login.limitMac = queryResult.Text(7);
-    login.allowStats = queryResult.Integer(8) != 0;
-    return login;
-}
 
 void Wipe(QString &secret)
 {
@@ -75,43 +43,13 @@ std::optional<QString> CheckLimitAndUser(const LoginEntry &entry)
     return std::nullopt;
 }
 
-// True when the statement did not fail.
-template <typename Statement>
-bool Write(Prompt &prompt, const Statement &statement)
-{
-    const qsizetype before = FailureLog::Instance().Count();
-    statement();
-    const bool done = FailureLog::Instance().Count() == before;
-    if (!done) {
-        prompt.Tell(u"Error writing information to the database"_s, Prompt::Icon::Error);
-    }
-    return done;
-}
-
 } // namespace
 
-void LoginTable::Load()
-{
-    logins.clear();
-    removed.clear();
-    {
-        RowCursor rows("SELECT login, userid, virtual, limitpc, limitpcmode, limitip, limitmac, "
-                       "allowstats FROM logins");
-        while (logins.size() < kCapacity && rows.Next()) {
-            logins.push_back(LoginFromRow());
-        }
-    }
-    states.assign(logins.size(), State::Stored);
-    for (Login &login : logins) {
-        if (login.userId.IsSet()) {
-            RunQuery("SELECT group_id, username FROM users WHERE user_id=(?)",
-                     FetchMode::All,
-                     login.userId);
-            login.groupId = queryResult.Id<GroupId>(1);
-            login.userName = queryResult.Text(2);
-        }
-    }
-}
+LoginTable::LoginTable(std::vector<Login> stored)
+    : logins(std::move(stored))
+    , bases(logins)
+    , states(logins.size(), State::Stored)
+{ }
 
 std::optional<QString> LoginTable::Check(const LoginEntry &entry, std::optional<size_t> index) const
 {
@@ -148,6 +86,7 @@ void LoginTable::Put(LoginEntry &entry, std::optional<size_t> index)
     Wipe(entry.retyped);
     if (!index) {
         logins.push_back(login);
+        bases.push_back(login);
         states.push_back(State::New);
     } else if (logins[*index] != login) {
         logins[*index] = login;
@@ -162,20 +101,22 @@ void LoginTable::Remove(size_t index)
     }
     const auto offset = static_cast<std::ptrdiff_t>(index);
     logins.erase(logins.begin() + offset);
+    bases.erase(bases.begin() + offset);
     states.erase(states.begin() + offset);
 }
 
-bool LoginTable::HasLogin(UserId userId, std::optional<size_t> index) const
+bool LoginTable::HasLogin(UserId userId,
+                          std::optional<size_t> index,
+                          const QStringList &stored) const
 {
     for (size_t other = 0; other < logins.size(); ++other) {
         if (other != index && logins[other].userId == userId) {
             return true;
         }
     }
-    // What another administrator made meanwhile; a login of this table counts as it stands here.
-    RunQuery("SELECT login FROM logins WHERE userid=(?)", FetchMode::All, userId);
-    const QString stored = queryResult.Text(1);
-    return !stored.isEmpty() && !IndexOf(stored) && !removed.contains(stored);
+    return std::any_of(stored.begin(), stored.end(), [this](const QString &name) {
+        return !name.isEmpty() && !IndexOf(name) && !removed.contains(name);
+    });
 }
 
 std::optional<size_t> LoginTable::IndexOf(const QString &name) const
@@ -189,100 +130,28 @@ std::optional<size_t> LoginTable::IndexOf(const QString &name) const
     return static_cast<size_t>(found - logins.begin());
 }
 
-bool LoginTable::Save(Prompt &prompt)
+LoginChanges LoginTable::Changes() const
 {
-    // A removed name that is in use again makes room before the new row comes.
-    DeleteRemoved(true, prompt);
-    bool done = true;
+    LoginChanges changes;
+    for (const QString &name : removed) {
+        (IndexOf(name) ? changes.removedFirst : changes.removedLast) << name;
+    }
     for (size_t index = 0; index < logins.size(); ++index) {
-        const State state = states[index];
-        if (state == State::Stored) {
-            continue;
-        }
-        const bool written = Write(
-            prompt, [&] { state == State::New ? Insert(logins[index]) : Update(logins[index]); });
-        states[index] = written ? State::Stored : state;
-        done = done && written;
-    }
-    DeleteRemoved(false, prompt);
-    return done && removed.isEmpty();
-}
-
-void LoginTable::DeleteRemoved(bool nameInUseAgain, Prompt &prompt)
-{
-    removed.removeIf([&](const QString &name) {
-        return IndexOf(name).has_value() == nameInUseAgain
-            && Write(prompt, [&] { Execute("DELETE FROM logins WHERE login=(?)", name); });
-    });
-}
-
-void LoginTable::Insert(const Login &login) const
-{
-    Execute("INSERT INTO Logins (login, LimitIP, LimitMAC, LimitPCMode, LimitPC, Virtual, "
-            "AllowStats, userid, Pwd) VALUES ((?), (?), (?), (?), (?), (?), (?), (?), (?))",
-            login.name,
-            login.limitIp,
-            login.limitMac,
-            LimitMode(login),
-            LimitOn(login),
-            login.guest ? 1U : 0U,
-            login.allowStats ? 1U : 0U,
-            login.userId,
-            login.digest);
-}
-
-void LoginTable::Update(const Login &login) const
-{
-    QString digest = login.digest;
-    if (digest.isEmpty()) {
-        RunQuery("SELECT Pwd FROM logins WHERE login=(?)", FetchMode::All, login.name);
-        digest = queryResult.Text(1);
-    }
-    Execute("UPDATE Logins SET LimitIP=(?), LimitMAC=(?), LimitPCMode=(?), LimitPC=(?), "
-            "AllowStats=(?), userid=(?), Pwd=(?) WHERE login=(?)",
-            login.limitIp,
-            login.limitMac,
-            LimitMode(login),
-            LimitOn(login),
-            login.allowStats ? 1U : 0U,
-            login.userId,
-            digest,
-            login.name);
-}
-
-std::vector<LoginGroup> LoadLoginGroups()
-{
-    std::vector<LoginGroup> groups;
-    RowCursor rows("SELECT group_id, name FROM groups");
-    while (rows.Next()) {
-        groups.push_back({queryResult.Id<GroupId>(1), queryResult.Text(2), {}});
-    }
-    return groups;
-}
-
-std::vector<LoginGroup> LoadLoginUsers()
-{
-    std::vector<LoginGroup> groups;
-    {
-        RowCursor rows("SELECT name, group_id FROM groups ORDER BY name ASC");
-        while (rows.Next()) {
-            groups.push_back({queryResult.Id<GroupId>(2), queryResult.Text(1), {}});
+        if (states[index] != State::Stored) {
+            changes.changed.push_back({bases[index], logins[index], states[index] == State::New});
         }
     }
-    for (LoginGroup &group : groups) {
-        RowCursor rows(
-            "SELECT username, user_id FROM users WHERE group_id = (?) ORDER BY username ASC",
-            group.groupId);
-        while (rows.Next()) {
-            group.users.push_back({queryResult.Id<UserId>(2), queryResult.Text(1)});
-        }
-    }
-    return groups;
+    return changes;
 }
 
-std::optional<FoundUser> FindUserByName(const QString &name)
+void LoginTable::MarkSaved(const SavedLogins &saved)
 {
-    RunQuery("SELECT user_id, group_id FROM users WHERE username=(?)", FetchMode::All, name);
-    const FoundUser found {queryResult.Id<UserId>(1), queryResult.Id<GroupId>(2)};
-    return found.userId.IsSet() ? std::optional(found) : std::nullopt;
+    for (const Login &login : saved.written) {
+        if (const auto index = IndexOf(login.name)) {
+            logins[*index] = login;
+            bases[*index] = login;
+            states[*index] = State::Stored;
+        }
+    }
+    removed.removeIf([&saved](const QString &name) { return saved.removed.contains(name); });
 }

@@ -1,8 +1,7 @@
-// The logins with which users prove who they are: an in-memory table, read when the login manager
-// opens and written back on its OK.
+// The logins with which users prove who they are: an in-memory table and its rules, read when the
+// login manager opens and written back on its OK, see login_storage.h.
 #pragma once
 
-#include "base/prompt.h"
 #include "db/ids.h"
 
 #include <QString>
@@ -41,13 +40,41 @@ struct LoginEntry
     bool passwordTouched = false; // for a stored login: false keeps its password
 };
 
+// A login that is to be written.
+struct LoginChange
+{
+    Login base; // as it was read; its name alone counts of a new one
+    Login draft;
+    bool isNew = false;
+};
+
+// What the database must be told so that it holds the table.
+struct LoginChanges
+{
+    QStringList removedFirst; // names that are in use again: they make room for the new login
+    std::vector<LoginChange> changed;
+    QStringList removedLast;
+
+    [[nodiscard]] bool IsEmpty() const
+    {
+        return removedFirst.isEmpty() && changed.empty() && removedLast.isEmpty();
+    }
+};
+
+// What it was told: the logins as they stand now, and the names that are gone.
+struct SavedLogins
+{
+    std::vector<Login> written;
+    QStringList removed;
+};
+
 class LoginTable
 {
 public:
     static constexpr size_t kCapacity = 1000;
 
-    // Every login with its user, in the database's order.
-    void Load();
+    LoginTable() = default;
+    explicit LoginTable(std::vector<Login> stored);
 
     [[nodiscard]] const std::vector<Login> &Logins() const { return logins; }
 
@@ -62,51 +89,25 @@ public:
 
     void Remove(size_t index);
 
-    // True when `userId` is bound to a login other than the one at `index`, here or in the database.
-    [[nodiscard]] bool HasLogin(UserId userId, std::optional<size_t> index) const;
+    // True when `userId` is bound to a login other than the one at `index`: here, or in the database,
+    // where `stored` are the names of the user's logins (LoginsOf). A login of this table counts as it
+    // stands here.
+    [[nodiscard]] bool
+    HasLogin(UserId userId, std::optional<size_t> index, const QStringList &stored) const;
 
-    // Writes new, changed and removed logins. Says "Error writing information to the database" for
-    // each statement that failed and goes on with the next. False when one failed: what it should
-    // have written is still to be saved.
-    [[nodiscard]] bool Save(Prompt &prompt);
+    // New, changed and removed logins that are still to be written.
+    [[nodiscard]] LoginChanges Changes() const;
+
+    // What was not written is still to be.
+    void MarkSaved(const SavedLogins &saved);
 
 private:
     enum class State { Stored, Changed, New };
 
     [[nodiscard]] std::optional<size_t> IndexOf(const QString &name) const;
-    void DeleteRemoved(bool nameInUseAgain, Prompt &prompt);
-    void Insert(const Login &login) const;
-    void Update(const Login &login) const;
 
     std::vector<Login> logins;
+    std::vector<Login> bases; // parallel to logins: as they are in the database
     std::vector<State> states; // parallel to logins
     QStringList removed; // names of stored logins
 };
-
-// A user that a login can be bound to.
-struct LoginUser
-{
-    UserId userId;
-    QString name;
-};
-
-struct LoginGroup
-{
-    GroupId groupId;
-    QString name;
-    std::vector<LoginUser> users; // in name order
-};
-
-// The groups of the login manager's tree, in the database's order, without users.
-[[nodiscard]] std::vector<LoginGroup> LoadLoginGroups();
-
-// The groups in name order with their users, for "Browse for user".
-[[nodiscard]] std::vector<LoginGroup> LoadLoginUsers();
-
-// The user of that name and its group's id; nothing when there is none.
-struct FoundUser
-{
-    UserId userId;
-    GroupId groupId;
-};
-[[nodiscard]] std::optional<FoundUser> FindUserByName(const QString &name);

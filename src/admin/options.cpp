@@ -1,72 +1,105 @@
 #include "admin/options.h"
 
-#include "admin/protocol_storage.h"
-#include "config/config_store.h"
+#include "admin/save_steps.h"
 
 namespace {
 
 constexpr qsizetype kBufferBytes = 1024;
 
 // Nothing when it is too long to be shown; empty when it is missing.
-std::optional<QString> ReadAdapter(const ConfigStore &store)
+std::optional<QString> ReadAdapter(const KeyReader &base)
 {
     constexpr qsizetype kNoBound = qsizetype(1024) * 1024;
-    const QString text = store.ReadText(values::kNic, kNoBound).value_or(QString());
+    const QString text = base.ReadText(values::kNic, kNoBound).value_or(QString());
     return text.toUtf8().size() < kBufferBytes ? std::optional(text) : std::nullopt;
 }
 
-bool ReadFlag(const ConfigStore &store, const TextValue &value)
+void ReadBase(Options &options, const KeyReader &base)
 {
-    return store.ReadInteger(value, kBufferBytes) != 0;
+    const auto flag = [&base](const TextValue &value) {
+        return base.ReadInteger(value, kBufferBytes) != 0;
+    };
+    options.updatePeriod = base.ReadInteger(values::kTimer, kBufferBytes);
+    options.adapter = ReadAdapter(base);
+    options.identMode = base.ReadInteger(values::kIdentMode, kBufferBytes);
+    options.controlMac = flag(values::kControlMac);
+    options.authPort = base.ReadInteger(values::kAuthPort, kBufferBytes);
+    options.authRequiredForNew = flag(values::kAuthReqNew);
+    options.allowNotLogged = flag(values::kAllowNotLogged);
+    options.allowNonHost = flag(values::kAllowNonHost);
+    options.monitorMode = base.ReadInteger(values::kMonitorProtMode);
+    ReadCurrency(options.currency, base, kBufferBytes);
+}
+
+// An adapter that is too long to be shown and was not replaced stays.
+void SaveAdapter(KeyEditor &key, const Options &base, const Options &draft)
+{
+    if (draft.adapter) {
+        WriteText(key, values::kNic, base.adapter.value_or(QString()), *draft.adapter);
+    }
+}
+
+void SaveAuthentication(KeyEditor &key, const Options &base, const Options &draft)
+{
+    WriteInteger(key, values::kAuthPort, base.authPort, draft.authPort);
+    WriteFlag(key, values::kAllowNotLogged, base.allowNotLogged, draft.allowNotLogged);
+    WriteFlag(key, values::kAllowNonHost, base.allowNonHost, draft.allowNonHost);
+    WriteFlag(key, values::kAuthReqNew, base.authRequiredForNew, draft.authRequiredForNew);
+}
+
+void Write(SaveSteps &steps, const ConfigStore &store, const Options &base, const Options &draft)
+{
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+        WriteInteger(key, values::kTimer, base.updatePeriod, draft.updatePeriod);
+    });
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) { SaveAdapter(key, base, draft); });
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+        WriteInteger(key, values::kIdentMode, base.identMode, draft.identMode);
+        WriteFlag(key, values::kControlMac, base.controlMac, draft.controlMac);
+    });
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) { SaveAuthentication(key, base, draft); });
+    steps.Add(SaveDefaultProfile(store, {base.profile, draft.profile}));
+    steps.SaveNetwork({base.ranges, draft.ranges}, {base.exclusions, draft.exclusions});
+    steps.SaveProtocols(draft.protocols);
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+        WriteInteger(key, values::kMonitorProtMode, base.monitorMode, draft.monitorMode);
+    });
+    steps.Add(SavePrice(store, {base.currency, draft.currency}));
+    steps.Add(SaveCurrency(store, {base.currency, draft.currency}));
 }
 
 } // namespace
 
-Options LoadOptions(const ConfigStore &store)
+Loaded<Options> LoadOptions(const ConfigStore &store)
 {
-    Options options;
-    options.updatePeriod = store.ReadInteger(values::kTimer, kBufferBytes);
-    options.adapter = ReadAdapter(store);
-    options.identMode = store.ReadInteger(values::kIdentMode, kBufferBytes);
-    options.controlMac = ReadFlag(store, values::kControlMac);
-    options.authPort = store.ReadInteger(values::kAuthPort, kBufferBytes);
-    options.authRequiredForNew = ReadFlag(store, values::kAuthReqNew);
-    options.allowNotLogged = ReadFlag(store, values::kAllowNotLogged);
-    options.allowNonHost = ReadFlag(store, values::kAllowNonHost);
-    options.profile = LoadDefaultProfile(store, kBufferBytes);
-    options.ranges = LoadRanges(store);
-    options.exclusions = LoadExclusions(store, kMaxExclusions);
-    options.protocols = LoadProtocols();
-    options.monitorMode = store.ReadInteger(values::kMonitorProtMode);
-    options.currency = LoadCurrency(store, kBufferBytes);
-    return options;
+    Loaded<Options> loaded;
+    Options &options = loaded.settings;
+    options.adapter = QString();
+    ReadGroup(store, ConfigKeyId::Base, loaded.failures, [&options](const KeyReader &base) {
+        ReadBase(options, base);
+    });
+    ReadGroup(
+        store, ConfigKeyId::DefProfile, loaded.failures, [&options](const KeyReader &profile) {
+            options.profile = LoadDefaultProfile(profile, kBufferBytes);
+        });
+    ReadGroup(store, ConfigKeyId::LocalIp, loaded.failures, [&options](const KeyReader &localIp) {
+        options.ranges = LoadRanges(localIp);
+        options.exclusions = LoadExclusions(localIp, kMaxExclusions);
+    });
+    ReadGroup(store, ConfigKeyId::Price, loaded.failures, [&options](const KeyReader &price) {
+        ReadPrice(options.currency, price, kBufferBytes);
+    });
+    return loaded;
 }
 
-void SaveOptions(const Options &options,
-                 const ConfigStore &store,
-                 Prompt &prompt,
-                 const std::function<void()> &refreshPanes)
+SaveReport
+SaveOptions(const Edited<Options> &edited, const ConfigStore &store, const Answers &answers)
 {
-    store.WriteInteger(values::kTimer, options.updatePeriod);
-    if (options.adapter) {
-        store.WriteText(values::kNic, *options.adapter);
+    SaveSteps steps(store, answers);
+    steps.AskOnExclusions(edited.base.exclusions, edited.draft.exclusions);
+    steps.AskOnDenials(edited.draft.protocols);
+    if (steps.MayWrite()) {
+        Write(steps, store, edited.base, edited.draft);
     }
-    store.Edit(ConfigKeyId::Base, [&options](KeyEditor &key) {
-        key.WriteInteger(values::kIdentMode, options.identMode);
-        key.WriteFlag(values::kControlMac, options.controlMac);
-    });
-    store.Edit(ConfigKeyId::Base, [&options](KeyEditor &key) {
-        key.WriteInteger(values::kAuthPort, options.authPort);
-        key.WriteFlag(values::kAllowNotLogged, options.allowNotLogged);
-        key.WriteFlag(values::kAllowNonHost, options.allowNonHost);
-        key.WriteFlag(values::kAuthReqNew, options.authRequiredForNew);
-    });
-    SaveDefaultProfile(store, options.profile);
-    store.Edit(ConfigKeyId::LocalIp,
-               [&options](KeyEditor &key) { SaveRanges(key, options.ranges); });
-    SaveExclusions(store, options.exclusions, prompt, refreshPanes);
-    SaveProtocols(options.protocols);
-    store.WriteInteger(values::kMonitorProtMode, options.monitorMode);
-    SaveCurrency(store, options.currency);
-    refreshPanes();
+    return steps.Report();
 }

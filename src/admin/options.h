@@ -4,10 +4,12 @@
 #include "admin/address_ranges.h"
 #include "admin/currency_settings.h"
 #include "admin/default_profile.h"
+#include "admin/edited_settings.h"
 #include "admin/exclusions.h"
 #include "admin/protocol_table.h"
+#include "admin/save_report.h"
 
-#include <functional>
+#include <optional>
 
 // "IdentMode": how the service tells users apart.
 namespace ident_mode {
@@ -29,16 +31,16 @@ struct Options
     DefaultProfile profile;
     QList<AddressRange> ranges;
     QList<Ipv4> exclusions;
-    ProtocolTable protocols;
+    // Of the database: LoadOptions leaves them out, see LoadProtocols. Nothing while they could not be
+    // read; they are then not saved.
+    std::optional<ProtocolTable> protocols;
     qint32 monitorMode = monitor_mode::kAll;
     CurrencySettings currency;
 };
 
-[[nodiscard]] Options LoadOptions(const ConfigStore &store);
+[[nodiscard]] Loaded<Options> LoadOptions(const ConfigStore &store);
 
-// Writes everything in its fixed order; what fails stops nothing. `refreshPanes` is called for each
-// user that is removed on the way, and at the end.
-void SaveOptions(const Options &options,
-                 const ConfigStore &store,
-                 Prompt &prompt,
-                 const std::function<void()> &refreshPanes);
+// Writes everything in its fixed order, on the session of this thread; what fails stops nothing. All
+// questions come first: with unanswered ones nothing is written, and they are in the report.
+[[nodiscard]] SaveReport
+SaveOptions(const Edited<Options> &edited, const ConfigStore &store, const Answers &answers);

@@ -1,7 +1,5 @@
 #include "admin/protocol_table.h"
 
-#include "base/prompt.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -33,6 +31,17 @@ ProtocolTable::ProtocolTable(QList<Protocol> listed, QList<Protocol> unlisted)
     , removedProtocols(std::move(unlisted))
     , unlists(true)
 { }
+
+QList<ProtocolPort> ProtocolTable::RemovedPortsOf(ProtocolId protocolId) const
+{
+    QList<ProtocolPort> ports;
+    for (const RemovedPort &removed : removedPorts) {
+        if (removed.protocolId == protocolId) {
+            ports << removed.port;
+        }
+    }
+    return ports;
+}
 
 qsizetype ProtocolTable::IndexOf(const QString &name) const
 {
@@ -85,7 +94,8 @@ std::optional<ProtocolProblem> ProtocolTable::AddPort(qsizetype protocol,
         return ProtocolProblem::PortOutOfRange;
     }
     Protocol &owner = protocols[protocol];
-    if (std::ranges::find(owner.ports, *number, &ProtocolPort::number) != owner.ports.cend()) {
+    const auto hasNumber = [&number](const ProtocolPort &port) { return port.number == *number; };
+    if (std::ranges::any_of(std::as_const(owner.ports), hasNumber)) {
         return ProtocolProblem::PortListed;
     }
     if (owner.ports.size() >= kMaxPorts) {
@@ -130,10 +140,11 @@ bool ProtocolTable::AnyMonitored() const
     return std::ranges::any_of(protocols, &Protocol::monitored);
 }
 
-bool AcceptsMonitoring(bool anyMonitored, int mode, Prompt &prompt)
+std::optional<QString> QuestionOnMonitoring(bool anyMonitored, int mode)
 {
-    return anyMonitored || mode != monitor_mode::kSpecifiedOnly
-        || prompt.Ask(
-            u"You have not selected any protocol. Tollbrook will not track any traffic with "
-            u"this setup. Would you like to continue?"_s);
+    if (anyMonitored || mode != monitor_mode::kSpecifiedOnly) {
+        return std::nullopt;
+    }
+    return u"You have not selected any protocol. Tollbrook will not track any traffic with "
+           u"this setup. Would you like to continue?"_s;
 }

@@ -9,8 +9,6 @@
 
 #include <optional>
 
-class Prompt;
-
 // "monitorprotmode"
 namespace monitor_mode {
 constexpr int kAll = 0;
@@ -40,6 +38,7 @@ struct Protocol
     ProtocolId id; // not set: not yet in the database
     bool monitored = false;
     bool isNew = false;
+    bool wasMonitored = false; // as the database had it
 
     bool operator==(const Protocol &) const = default;
 };
@@ -84,6 +83,9 @@ public:
     [[nodiscard]] const QList<Protocol> &RemovedProtocols() const { return removedProtocols; }
     [[nodiscard]] const QList<RemovedPort> &RemovedPorts() const { return removedPorts; }
 
+    // The removed ports of this protocol.
+    [[nodiscard]] QList<ProtocolPort> RemovedPortsOf(ProtocolId protocolId) const;
+
     // Counted from 0; -1 when there is none. The name must be exact.
     [[nodiscard]] qsizetype IndexOf(const QString &name) const;
 
@@ -97,6 +99,9 @@ public:
     void SetMonitored(qsizetype protocol, bool monitored);
     [[nodiscard]] bool AnyMonitored() const;
 
+    // True for the setup wizard's: a removed protocol stays in the database with its ports.
+    [[nodiscard]] bool OnlyUnlists() const { return unlists; }
+
     bool operator==(const ProtocolTable &) const = default;
 
 private:
@@ -108,6 +113,6 @@ private:
     bool unlists = false; // a removed protocol stays in the database with its ports
 };
 
-// True when nobody needs to be asked, or says Yes: with "specified only" and no protocol monitored
-// nothing would be counted. Kept: "all but specified" never asks.
-[[nodiscard]] bool AcceptsMonitoring(bool anyMonitored, int mode, Prompt &prompt);
+// What a person is asked before this choice is taken over: with "specified only" and no protocol
+// monitored nothing would be counted. Kept: "all but specified" never asks.
+[[nodiscard]] std::optional<QString> QuestionOnMonitoring(bool anyMonitored, int mode);

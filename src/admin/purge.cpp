@@ -1,34 +1,38 @@
 #include "admin/purge.h"
 
-#include "db/failure_log.h"
-#include "db/session.h"
+#include "actions/action_run.h"
+#include "db/query.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-const PurgeStep kUsers {"DELETE FROM users", "SELECT COUNT(*) FROM users", "users", {}};
+const PurgeStep kUsers {"DELETE FROM users", "SELECT COUNT(*) FROM users", "users", {}, {}};
 
 const PurgeStep kAll[] = {
-    {"DELETE FROM traffic_use", "SELECT COUNT(*) FROM traffic_use", "traffic_use", {}},
-    {"DELETE FROM time_use", "SELECT COUNT(*) FROM time_use", "time_use", {}},
-    {"DELETE FROM billing", "SELECT COUNT(*) FROM billing", "billing", {}},
-    {"DELETE FROM sites", "SELECT COUNT(*) FROM sites", "sites", {}},
-    {"DELETE FROM siteaccess", "SELECT COUNT(*) FROM siteaccess", "siteaccess", {}},
+    {"DELETE FROM traffic_use", "SELECT COUNT(*) FROM traffic_use", "traffic_use", {}, {}},
+    {"DELETE FROM time_use", "SELECT COUNT(*) FROM time_use", "time_use", {}, {}},
+    {"DELETE FROM billing", "SELECT COUNT(*) FROM billing", "billing", {}, {}},
+    {"DELETE FROM sites", "SELECT COUNT(*) FROM sites", "sites", {}, {}},
+    {"DELETE FROM siteaccess", "SELECT COUNT(*) FROM siteaccess", "siteaccess", {}, {}},
 };
 
 const PurgeStep kBefore[] = {
     {"DELETE FROM traffic_use WHERE current_time < (?)",
      "SELECT COUNT(*) FROM traffic_use WHERE current_time < (?)",
      "traffic_use",
+     {},
      {}},
     {"DELETE FROM time_use WHERE current_time < (?)",
      "SELECT COUNT(*) FROM time_use WHERE current_time < (?)",
      "time_use",
+     {},
      {}},
     {"DELETE FROM billing WHERE date < (?)",
      "SELECT COUNT(*) FROM billing WHERE date < (?)",
      "billing",
+     {},
      {}},
 };
 
@@ -36,14 +40,17 @@ const PurgeStep kAfter[] = {
     {"DELETE FROM traffic_use WHERE current_time > (?)",
      "SELECT COUNT(*) FROM traffic_use WHERE current_time > (?)",
      "traffic_use",
+     {},
      {}},
     {"DELETE FROM time_use WHERE current_time > (?)",
      "SELECT COUNT(*) FROM time_use WHERE current_time > (?)",
      "time_use",
+     {},
      {}},
     {"DELETE FROM billing WHERE date > (?)",
      "SELECT COUNT(*) FROM billing WHERE date > (?)",
      "billing",
+     {},
      {}},
 };
 
@@ -70,10 +77,26 @@ Day FirstDayKept(const PurgeChoice &choice, QDate today)
     }
 }
 
-int Run(const PurgeStep &step, const char *statement)
+Result<qint64> RowsOf(const PurgeStep &step)
 {
-    return step.day ? RunQuery(statement, FetchMode::All, *step.day)
-                    : RunQuery(statement, FetchMode::All);
+    const auto rows = [](const Row &row) { return row.Text(1).toLongLong(); };
+    return (step.day ? ReadOne(step.count, rows, *step.day) : ReadOne(step.count, rows))
+        .map([](std::optional<qint64> count) { return count.value_or(0); });
+}
+
+// Whether a step whose end was not heard of was done: all its rows went or none. The service may have
+// added some since.
+Result<bool> IsDone(const PurgeStep &step)
+{
+    return RowsOf(step).and_then([&](qint64 left) -> Result<bool> {
+        if (left == 0) {
+            return true;
+        }
+        if (!step.rows) {
+            return tl::unexpected(Failure()); // it cannot be told
+        }
+        return left < *step.rows;
+    });
 }
 
 } // namespace
@@ -95,31 +118,52 @@ std::vector<PurgeStep> PurgeSteps(const PurgeChoice &choice, QDate today)
     return steps;
 }
 
-std::vector<PurgeCount> CountPurge(const std::vector<PurgeStep> &steps)
+Result<std::vector<PurgeStep>> CountPurge(std::vector<PurgeStep> steps)
+{
+    for (PurgeStep &step : steps) {
+        const auto rows = RowsOf(step);
+        if (!rows) {
+            return tl::unexpected(rows.error());
+        }
+        step.rows = *rows;
+    }
+    return steps;
+}
+
+std::vector<PurgeCount> RowsByTable(const std::vector<PurgeStep> &steps)
 {
     std::vector<PurgeCount> counts;
     for (const PurgeStep &step : steps) {
-        Run(step, step.count);
-        const qint64 rows = queryResult.Text(1).toLongLong();
         const QString table = QString::fromLatin1(step.table);
-        const auto known = std::find_if(counts.begin(), counts.end(), [&](const PurgeCount &count) {
-            return count.table == table;
-        });
+        const auto known = std::ranges::find(counts, table, &PurgeCount::table);
         if (known == counts.end()) {
-            counts.push_back({table, rows});
+            counts.push_back({table, step.rows.value_or(0)});
         } else {
-            known->rows += rows;
+            known->rows += step.rows.value_or(0);
         }
     }
     return counts;
 }
 
-std::optional<qint64> RunPurgeStep(const PurgeStep &step)
+Action PurgeAction(const PurgeStep &step, const std::shared_ptr<qint64> &removed)
 {
-    const qsizetype failures = FailureLog::Instance().Count();
-    Run(step, step.statement);
-    if (FailureLog::Instance().Count() != failures) {
-        return std::nullopt;
-    }
-    return AffectedRows();
+    return {ActionId::Purge, [step, removed](ActionRun &run) {
+                bool looked = false;
+                const auto isDone = [&step, &looked] {
+                    looked = true;
+                    return IsDone(step);
+                };
+                const bool done = step.day ? run.WriteOrLook(isDone, step.statement, *step.day)
+                                           : run.WriteOrLook(isDone, step.statement);
+                if (done) {
+                    *removed = looked ? step.rows.value_or(0) : run.ChangedRows();
+                }
+            }};
+}
+
+PurgeOutcome RunPurgeStep(const PurgeStep &step)
+{
+    const auto removed = std::make_shared<qint64>(0);
+    Outcome outcome = RunAction(PurgeAction(step, removed), {}, nullptr);
+    return {std::move(outcome), *removed};
 }

@@ -1,35 +1,59 @@
 #include "admin/setup.h"
 
-#include "admin/protocol_storage.h"
-#include "config/config_store.h"
+#include "admin/save_steps.h"
 
 namespace {
 
 constexpr quint32 kLongestNetworkPrefix = 30;
 
+// Without a proxy none is excluded, whatever the list shows.
+QList<Ipv4> ExclusionsOf(const NetworkSetup &setup)
+{
+    return setup.usesProxy ? setup.proxies : QList<Ipv4>();
 }
 
-NetworkSetup LoadSetup(const ConfigStore &store)
+void Write(SaveSteps &steps, const NetworkSetup &base, const NetworkSetup &draft)
 {
-    NetworkSetup setup;
-    setup.ranges = LoadRanges(store);
-    setup.proxies = LoadExclusions(store, kMaxWizardExclusions);
-    setup.usesProxy = !setup.proxies.isEmpty();
-    setup.monitorMode = store.ReadInteger(values::kMonitorProtMode);
-    setup.protocols = LoadWizardProtocols();
-    setup.identMode = store.ReadInteger(values::kIdentModeGlobal);
-    return setup;
-}
-
-void SaveSetup(const NetworkSetup &setup, const ConfigStore &store)
-{
-    store.Edit(ConfigKeyId::LocalIp, [&setup](KeyEditor &key) {
-        SaveRanges(key, setup.ranges);
-        ReplaceExclusions(key, setup.usesProxy ? setup.proxies : QList<Ipv4>());
+    steps.Edit(ConfigKeyId::LocalIp, [&](KeyEditor &key) {
+        SaveRanges(key, base.ranges, draft.ranges);
+        ReplaceExclusions(key, ExclusionsOf(base), ExclusionsOf(draft));
     });
-    store.WriteInteger(values::kMonitorProtMode, setup.monitorMode);
-    SaveWizardProtocols(setup.protocols);
-    store.WriteInteger(values::kIdentModeGlobal, setup.identMode);
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+        WriteInteger(key, values::kMonitorProtMode, base.monitorMode, draft.monitorMode);
+    });
+    steps.SaveWizardProtocols(draft.protocols);
+    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+        WriteInteger(key, values::kIdentModeGlobal, base.identMode, draft.identMode);
+    });
+}
+
+} // namespace
+
+Loaded<NetworkSetup> LoadSetup(const ConfigStore &store)
+{
+    Loaded<NetworkSetup> loaded;
+    NetworkSetup &setup = loaded.settings;
+    ReadGroup(store, ConfigKeyId::LocalIp, loaded.failures, [&setup](const KeyReader &localIp) {
+        setup.ranges = LoadRanges(localIp);
+        setup.proxies = LoadExclusions(localIp, kMaxWizardExclusions);
+        setup.usesProxy = !setup.proxies.isEmpty();
+    });
+    ReadGroup(store, ConfigKeyId::Base, loaded.failures, [&setup](const KeyReader &base) {
+        setup.monitorMode = base.ReadInteger(values::kMonitorProtMode);
+        setup.identMode = base.ReadInteger(values::kIdentModeGlobal);
+    });
+    return loaded;
+}
+
+SaveReport
+SaveSetup(const Edited<NetworkSetup> &edited, const ConfigStore &store, const Answers &answers)
+{
+    SaveSteps steps(store, answers);
+    steps.AskOnDenials(edited.draft.protocols);
+    if (steps.MayWrite()) {
+        Write(steps, edited.base, edited.draft);
+    }
+    return steps.Report();
 }
 
 QList<AddressRange> SuggestedRanges(const QList<Adapter> &adapters)

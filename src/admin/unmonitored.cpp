@@ -1,19 +1,30 @@
 #include "admin/unmonitored.h"
 
-#include "db/session.h"
+#include "actions/action_run.h"
+#include "db/query.h"
 
-std::vector<UnmonitoredUser> LoadUnmonitored()
+#include <algorithm>
+
+Result<std::vector<UnmonitoredUser>> LoadUnmonitored()
 {
-    std::vector<UnmonitoredUser> users;
-    RowCursor rows("SELECT username, user_id, ip_addr FROM users WHERE monitored = false");
-    while (users.size() < kMaxUnmonitored && rows.Next()) {
-        const QString text = queryResult.Text(1) + u'(' + queryResult.Text(3) + u')';
-        users.push_back({queryResult.Id<UserId>(2), text});
-    }
-    return users;
+    return ReadUpTo(
+        kMaxUnmonitored,
+        "SELECT username, user_id, ip_addr FROM users WHERE monitored = false",
+        [](const Row &row) {
+            return UnmonitoredUser {row.Id<UserId>(2), row.Text(1) + u'(' + row.Text(3) + u')'};
+        });
 }
 
-void MonitorUser(UserId userId)
+Action MonitorUsersAction(const std::vector<UserId> &users)
 {
-    Execute("UPDATE users SET monitored=true WHERE user_id = (?) ", userId);
+    return {ActionId::MonitorUsers, [users](ActionRun &run) {
+                std::vector<UserId> byId = users;
+                std::ranges::sort(byId);
+                for (const UserId user : byId) {
+                    run.Lock({"users", "user_id", user.value, "user_id"});
+                }
+                for (const UserId user : users) {
+                    run.Write("UPDATE users SET monitored=true WHERE user_id = (?) ", user);
+                }
+            }};
 }

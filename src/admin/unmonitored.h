@@ -1,6 +1,7 @@
 // Users that are known but not monitored, and how they come back.
 #pragma once
 
+#include "actions/action.h"
 #include "db/ids.h"
 
 #include <QString>
@@ -17,7 +18,7 @@ struct UnmonitoredUser
 constexpr size_t kMaxUnmonitored = 1000;
 
 // In the database's order.
-[[nodiscard]] std::vector<UnmonitoredUser> LoadUnmonitored();
+[[nodiscard]] Result<std::vector<UnmonitoredUser>> LoadUnmonitored();
 
-// The user is counted and shown again, with all its old records.
-void MonitorUser(UserId userId);
+// The users are counted and shown again, with all their old records: all of them or none.
+[[nodiscard]] Action MonitorUsersAction(const std::vector<UserId> &users);

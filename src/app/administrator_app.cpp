@@ -1,5 +1,8 @@
 #include "app/administrator_app.h"
 
+#include "app/waiting.h"
+#include "db/query.h"
+
 #include <QFontDatabase>
 #include <QThreadPool>
 
@@ -38,30 +41,45 @@ bool CAdministratorApp::InitInstance()
 {
     // The toolkit's first look for fonts takes as long as opening the database: both at a time.
     QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
-    Configure();
-    return frameTemplate();
+    MakeServices();
+    database.Open(program->dataSource);
+    if (!frameTemplate.show()) {
+        return false;
+    }
+    OpenDatabase();
+    ReachService();
+    frameTemplate.begin();
+    return true;
 }
 
-void CAdministratorApp::Configure()
+void CAdministratorApp::MakeServices()
 {
-    program.emplace(
-        StartProgram(options, [this](StartUpProblem problem) { TellProblem(problem); }));
-    services.emplace(ServicesOf(*program, *prompt));
+    StartUpOptions withoutDatabase = options;
+    withoutDatabase.opensDatabase = false;
+    program.emplace(withoutDatabase);
+    program->connection.OnNotHeard([this] { emit news.NotHeard(); });
+    services.emplace(AppServices {
+        program->settings, database, program->control, program->connection, news, *prompt});
+}
+
+// The session opens beside the window; here is waited for it.
+void CAdministratorApp::OpenDatabase()
+{
+    if (program->dataSource.isEmpty()) {
+        prompt->Tell(u"Registry error detected. Please reinstall the software"_s);
+    }
+    const auto isOpen = Await(
+        *services, activeWindow(), tr("Opening the database..."), [] { return IsSessionOpen(); });
+    if (!isOpen) {
+        prompt->Tell(u"Failed connecting to the database. Please check the database options"_s);
+    }
+}
+
+void CAdministratorApp::ReachService()
+{
     serviceRunning = program->control.IsRunning();
     // Kept: Connect never reports a failure, so a running service counts as connected.
     connected = serviceRunning && program->connection.Connect(*prompt) == 0;
-}
-
-void CAdministratorApp::TellProblem(StartUpProblem problem)
-{
-    switch (problem) {
-    case StartUpProblem::NoDataSource:
-        prompt->Tell(u"Registry error detected. Please reinstall the software"_s);
-        break;
-    case StartUpProblem::DatabaseNotOpen:
-        prompt->Tell(u"Failed connecting to the database. Please check the database options"_s);
-        break;
-    }
 }
 
 int CAdministratorApp::Port() const

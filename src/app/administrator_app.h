@@ -1,6 +1,7 @@
 // The application object of the console: its start-up, and the state that it found.
 #pragma once
 
+#include "startup/app_services.h"
 #include "startup/start_up.h"
 
 #include <QApplication>
@@ -8,9 +9,12 @@
 #include <functional>
 #include <optional>
 
-// Puts the document's frame on the screen: creates it, shows it and hands it its first-start work.
-// False when it cannot be created.
-using FrameTemplate = std::function<bool()>;
+// How the document's frame comes to the screen.
+struct FrameTemplate
+{
+    std::function<bool()> show; // false when it cannot be created
+    std::function<void()> begin; // its first-start work, once all is there that can be reached
+};
 
 class CAdministratorApp : public QApplication
 {
@@ -24,8 +28,9 @@ public:
     // outlive the application's windows.
     void SetUp(const StartUpOptions &options, Prompt &prompt, FrameTemplate frameTemplate);
 
-    // Reads the start-up settings, opens the database, looks for the service and puts the frame on
-    // the screen. True when the main window is up; no other failure stops the program.
+    // Reads the start-up settings, puts the frame on the screen, opens the database and looks for the
+    // service. True when the main window is up; no other failure stops the program: its message stands
+    // over the window.
     bool InitInstance();
 
     // What the windows are handed; there from the moment at which the frame is made.
@@ -36,15 +41,18 @@ public:
     [[nodiscard]] int Port() const;
 
 private:
-    void Configure();
-    void TellProblem(StartUpProblem problem);
+    void MakeServices();
+    void OpenDatabase();
+    void ReachService();
     void Close();
 
     StartUpOptions options;
     Prompt *prompt = nullptr;
     FrameTemplate frameTemplate;
     std::optional<StartedProgram> program;
-    std::optional<AppServices> services; // of `program`
+    SessionThread database;
+    ChangeNews news;
+    std::optional<AppServices> services; // of what stands above
     bool serviceRunning = false;
     bool connected = false;
 };

@@ -1,12 +1,14 @@
 #include "config/config_store.h"
 
-#include "base/text.h"
 #include "config/key_document.h"
 #include "config/key_file.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QMutexLocker>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -35,28 +37,27 @@ QString RelativePath(ConfigKeyId key)
     Q_UNREACHABLE();
 }
 
-QString NameOf(const TextValue &value)
-{
-    return QString::fromLatin1(value.name);
-}
-
-QString NameOf(const NumberFamily &family, int index)
-{
-    return QString::fromLatin1(family.prefix) + QString::number(index);
-}
-
-// Log lines never carry a value: one of them is a password.
-void LogUnwritten(const QString &path, const QString &problem)
-{
-    qCWarning(logConfig).noquote() << path << "was not changed:" << problem;
-}
-
 constexpr auto kFilePermissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup; // 0640
 constexpr auto kFolderPermissions = kFilePermissions | QFile::ExeOwner | QFile::ExeGroup; // 0750
 
+// The document of the file's bytes; a failure when they are damaged.
+tl::expected<std::optional<KeyDocument>, SettingsFailure> Parsed(const QString &path,
+                                                                 const QByteArray &bytes)
+{
+    auto document = KeyDocument::From(bytes);
+    if (!document) {
+        const auto &[line, problem] = document.error();
+        return tl::unexpected(key_file::Damaged(path, line, problem));
+    }
+    return *std::move(document);
+}
+
 } // namespace
 
-ConfigStore::ConfigStore(QString newFolder) : folder(std::move(newFolder)) { }
+ConfigStore::ConfigStore(QString newFolder, int newLockWait)
+    : folder(std::move(newFolder))
+    , lockWait(newLockWait)
+{ }
 
 QString ConfigStore::Folder() const
 {
@@ -70,39 +71,48 @@ QString ConfigStore::FileOf(ConfigKeyId key) const
 
 bool ConfigStore::HasKey(ConfigKeyId key) const
 {
-    return Load(key).state == KeyState::Whole;
+    const LoadedKey loaded = Load(key);
+    return loaded && *loaded;
+}
+
+tl::expected<KeyReader, SettingsFailure> ConfigStore::ReadKey(ConfigKeyId key) const
+{
+    return Load(key).map([key](std::optional<KeyDocument> document) {
+        return KeyReader(key, std::move(document).value_or(KeyDocument()));
+    });
+}
+
+std::optional<SettingsFailure> ConfigStore::Problem(ConfigKeyId key) const
+{
+    const LoadedKey loaded = Load(key);
+    return loaded ? std::nullopt : std::optional(loaded.error());
 }
 
 ConfigStore::LoadedKey ConfigStore::Load(ConfigKeyId key) const
 {
     const QString path = FileOf(key);
-    const key_file::Content content = key_file::Read(path);
-    if (content.reading == key_file::Reading::Missing) {
+    const auto bytes = key_file::Read(path);
+    if (bytes && !*bytes) {
         if (key == ConfigKeyId::Base) {
-            WarnOnce(path, u"is missing"_s); // the other keys may well be
+            WarnOnce(path + u" is missing"_s); // the other keys may well be
         }
-        return {KeyState::Missing, {}};
+        return std::nullopt;
     }
     WarnWhenOpenToEverybody(path);
-    if (content.reading == key_file::Reading::Unreadable) {
-        WarnOnce(path, u"cannot be read: "_s + content.problem);
-        return {KeyState::Unreadable, {}};
+    LoadedKey loaded = bytes ? Parsed(path, **bytes) : tl::unexpected(bytes.error());
+    if (!loaded) {
+        WarnOnce(TextOf(loaded.error()) + u" Its values count as missing."_s);
     }
-    QString problem = content.problem;
-    if (content.reading == key_file::Reading::Whole) {
-        if (auto document = KeyDocument::From(content.bytes, problem)) {
-            return {KeyState::Whole, *std::move(document)};
-        }
-    }
-    WarnOnce(path, u"is damaged and counts as missing: "_s + problem);
-    return {KeyState::Damaged, {}};
+    return loaded;
 }
 
-void ConfigStore::WarnOnce(const QString &path, const QString &what) const
+void ConfigStore::WarnOnce(const QString &line) const
 {
-    const QString line = path + u' ' + what;
-    if (!warned.contains(line)) {
-        warned.insert(line);
+    QMutexLocker locked(&warnedLock);
+    const bool isNew = !warned.contains(line);
+    warned.insert(line);
+    locked.unlock();
+    if (isNew) {
         qCWarning(logConfig).noquote() << line;
     }
 }
@@ -111,94 +121,92 @@ void ConfigStore::WarnWhenOpenToEverybody(const QString &path) const
 {
     for (const QString &each : {folder, path}) {
         if (key_file::IsOpenToEverybody(each)) {
-            WarnOnce(each, u"is open to everybody on this machine"_s);
+            WarnOnce(each + u" is open to everybody on this machine"_s);
         }
     }
 }
 
+KeyReader ConfigStore::ReaderOf(ConfigKeyId key) const
+{
+    return ReadKey(key).value_or(KeyReader(key, {}));
+}
+
 std::optional<QString> ConfigStore::ReadText(const TextValue &value, qsizetype bufferBytes) const
 {
-    auto text = Load(value.key).document.Text(NameOf(value));
-    const bool fits = text && text->toUtf8().size() < bufferBytes;
-    return fits ? text : std::nullopt;
+    return ReaderOf(value.key).ReadText(value, bufferBytes);
 }
 
 qint32 ConfigStore::ReadInteger(const TextValue &value, qsizetype bufferBytes) const
 {
-    return IntegerFrom(ReadText(value, bufferBytes).value_or(QString()));
+    return ReaderOf(value.key).ReadInteger(value, bufferBytes);
 }
 
 double ConfigStore::ReadAmount(const TextValue &value, qsizetype bufferBytes) const
 {
-    return AmountFrom(ReadText(value, bufferBytes).value_or(QString()));
+    return ReaderOf(value.key).ReadAmount(value, bufferBytes);
 }
 
 std::optional<quint32> ConfigStore::ReadNumber(const NumberFamily &family, int index) const
 {
-    return Load(family.key).document.Number(NameOf(family, index));
+    return ReaderOf(family.key).ReadNumber(family, index);
 }
 
-bool ConfigStore::Edit(ConfigKeyId key, const std::function<void(KeyEditor &)> &edit) const
+SettingsResult ConfigStore::Edit(ConfigKeyId key,
+                                 const std::function<void(KeyEditor &)> &edit) const
+{
+    SettingsResult result = Change(key, edit);
+    if (!result) {
+        qCWarning(logConfig).noquote() << TextOf(result.error()) << "Nothing was written.";
+    }
+    return result;
+}
+
+SettingsResult ConfigStore::Change(ConfigKeyId key,
+                                   const std::function<void(KeyEditor &)> &edit) const
 {
     const QString path = FileOf(key);
-    if (!QFileInfo::exists(path)) {
-        return false;
+    if (key_file::IsMissing(path)) {
+        return {};
     }
-    const key_file::WriterLock lock(QFileInfo(path).path());
+    const key_file::WriterLock lock(QFileInfo(path).path(), lockWait);
     if (!lock.IsHeld()) {
-        LogUnwritten(path, u"another program holds its folder"_s);
-        return false;
+        return tl::unexpected(SettingsFailure {path, 0, lock.Problem()});
     }
     LoadedKey loaded = Load(key);
-    if (loaded.state == KeyState::Missing || loaded.state == KeyState::Unreadable) {
-        return false;
+    if (!loaded) {
+        return tl::unexpected(loaded.error());
     }
-    const QByteArray before = loaded.document.Bytes();
-    KeyEditor editor(loaded.document);
+    if (!*loaded) {
+        return {};
+    }
+    KeyDocument &document = **loaded;
+    const QByteArray before = document.Bytes();
+    KeyEditor editor(key, document);
     edit(editor);
-    return loaded.document.Bytes() == before || Replace(path, loaded);
+    if (!editor.refusedName.isEmpty()) {
+        const QString reason = u"cannot be written: it does not take the value \"%1\""_s;
+        return tl::unexpected(SettingsFailure {path, 0, reason.arg(editor.refusedName)});
+    }
+    return document.Bytes() == before ? SettingsResult()
+                                      : key_file::Replace(path, document.Bytes());
 }
 
-bool ConfigStore::Replace(const QString &path, const LoadedKey &loaded) const
-{
-    if (loaded.state == KeyState::Damaged && !KeepDamaged(path)) {
-        return false;
-    }
-    QString problem;
-    if (!key_file::Replace(path, loaded.document.Bytes(), problem)) {
-        LogUnwritten(path, problem);
-        return false;
-    }
-    return true;
-}
-
-bool ConfigStore::KeepDamaged(const QString &path) const
-{
-    const QString aside = key_file::KeepAside(path);
-    if (aside.isEmpty()) {
-        LogUnwritten(path, u"the damaged file cannot be kept under another name"_s);
-        return false;
-    }
-    qCWarning(logConfig).noquote() << path << "was damaged and is kept as" << aside;
-    return true;
-}
-
-bool ConfigStore::WriteText(const TextValue &value, const QString &text) const
+SettingsResult ConfigStore::WriteText(const TextValue &value, const QString &text) const
 {
     return Edit(value.key, [&](KeyEditor &key) { key.WriteText(value, text); });
 }
 
-bool ConfigStore::WriteInteger(const TextValue &value, qint32 number) const
+SettingsResult ConfigStore::WriteInteger(const TextValue &value, qint32 number) const
 {
     return Edit(value.key, [&](KeyEditor &key) { key.WriteInteger(value, number); });
 }
 
-bool ConfigStore::WriteFlag(const TextValue &value, bool on) const
+SettingsResult ConfigStore::WriteFlag(const TextValue &value, bool on) const
 {
     return Edit(value.key, [&](KeyEditor &key) { key.WriteFlag(value, on); });
 }
 
-bool ConfigStore::WriteNumber(const NumberFamily &family, int index, quint32 number) const
+SettingsResult ConfigStore::WriteNumber(const NumberFamily &family, int index, quint32 number) const
 {
     return Edit(family.key, [&](KeyEditor &key) { key.WriteNumber(family, index, number); });
 }
@@ -218,29 +226,4 @@ bool ConfigStore::CreateKey(ConfigKeyId key) const
     }
     QFile file(path);
     return file.open(QIODevice::WriteOnly | QIODevice::NewOnly, kFilePermissions);
-}
-
-void KeyEditor::WriteText(const TextValue &value, const QString &text)
-{
-    document.SetText(NameOf(value), text);
-}
-
-void KeyEditor::WriteInteger(const TextValue &value, qint32 number)
-{
-    WriteText(value, QString::number(number));
-}
-
-void KeyEditor::WriteFlag(const TextValue &value, bool on)
-{
-    WriteText(value, on ? u"1"_s : u"0"_s);
-}
-
-void KeyEditor::WriteNumber(const NumberFamily &family, int index, quint32 number)
-{
-    document.SetNumber(NameOf(family, index), number);
-}
-
-bool KeyEditor::DeleteNumber(const NumberFamily &family, int index)
-{
-    return document.Remove(NameOf(family, index));
 }

@@ -2,15 +2,15 @@
 #pragma once
 
 #include "config/config_values.h"
-#include "config/key_document.h"
+#include "config/key_values.h"
+#include "config/settings_failure.h"
 
+#include <QMutex>
 #include <QSet>
 #include <QString>
 
 #include <functional>
 #include <optional>
-
-class KeyEditor;
 
 // Reads and writes go to the file each time: nothing is cached, so a value changed by one window is
 // seen by the next that opens. A string in the file is a text value, an integer a 32-bit number, and
@@ -20,48 +20,57 @@ class KeyEditor;
 // Software/Tollbrook/Network.toml, its subkey localip is Software/Tollbrook/Network/localip.toml.
 //
 // A key exists when its file does. The store never makes a key: without one a read finds nothing and
-// a write is skipped. A damaged file reads as missing and is logged under `tollbrook.config`; the
-// first write after that keeps it aside as <file>.damaged. A folder or file that is open to everybody
-// is logged once. Comments and the order of a file written by hand survive every write.
+// a write is skipped. A file that is damaged or cannot be read is never replaced: its values read as
+// missing, which is logged once under `tollbrook.config`, and writes fail until it is mended.
+// Comments and the order of a file written by hand survive every write. A folder or file that is
+// open to everybody is logged once.
+//
+// Any thread may read and write at any time.
 class ConfigStore
 {
 public:
-    // What a reader's buffer holds unless it says otherwise, its terminator included.
-    static constexpr qsizetype kBufferBytes = 255;
+    static constexpr qsizetype kBufferBytes = KeyReader::kBufferBytes;
+    static constexpr int kLockWait = 1000; // milliseconds
 
-    // `folder` holds the keys' folders, such as Software/Tollbrook/Network.
-    explicit ConfigStore(QString folder);
+    // `folder` holds the keys' folders, such as Software/Tollbrook/Network. A write waits for other
+    // writers for at most `lockWait` milliseconds.
+    explicit ConfigStore(QString folder, int lockWait = kLockWait);
 
     [[nodiscard]] QString Folder() const;
 
     // True when the key can be opened for reading.
     [[nodiscard]] bool HasKey(ConfigKeyId key) const;
 
-    // Nothing when the value is missing, is a number, or needs more than `bufferBytes` of UTF-8 with
-    // its terminator.
+    // The values of the key for whoever will write some of them back: a key that does not exist has
+    // none, and one that could not be read is a failure, not a key without values.
+    [[nodiscard]] tl::expected<KeyReader, SettingsFailure> ReadKey(ConfigKeyId key) const;
+
+    // Why the key's values cannot be read now, and so could not be written either. Nothing for a key
+    // that is whole or does not exist.
+    [[nodiscard]] std::optional<SettingsFailure> Problem(ConfigKeyId key) const;
+
+    // Single values as KeyReader gives them, for whoever only looks: a key that could not be read has
+    // none.
     [[nodiscard]] std::optional<QString> ReadText(const TextValue &value,
                                                   qsizetype bufferBytes = kBufferBytes) const;
-
-    // The text read the C way; 0 when it is missing.
     [[nodiscard]] qint32 ReadInteger(const TextValue &value,
                                      qsizetype bufferBytes = kBufferBytes) const;
     [[nodiscard]] double ReadAmount(const TextValue &value,
                                     qsizetype bufferBytes = kBufferBytes) const;
-
-    // Nothing when the value is missing or is a text.
     [[nodiscard]] std::optional<quint32> ReadNumber(const NumberFamily &family, int index) const;
 
     // A write replaces the whole file through a temporary file and a rename, under a lock that other
-    // writers honour. False when the key does not exist, or when the file cannot be written, which is
-    // logged; the old file then still stands.
-    bool WriteText(const TextValue &value, const QString &text) const;
-    bool WriteInteger(const TextValue &value, qint32 number) const; // as decimal text
-    bool WriteFlag(const TextValue &value, bool on) const; // "1" or "0"
-    bool WriteNumber(const NumberFamily &family, int index, quint32 number) const;
+    // writers honour. A key that does not exist is a success that wrote nothing. After a failure the
+    // old file still stands as it was; the failure is logged besides.
+    SettingsResult WriteText(const TextValue &value, const QString &text) const;
+    SettingsResult WriteInteger(const TextValue &value, qint32 number) const; // as decimal text
+    SettingsResult WriteFlag(const TextValue &value, bool on) const; // "1" or "0"
+    SettingsResult WriteNumber(const NumberFamily &family, int index, quint32 number) const;
 
     // Opens the key for writing once, lets `edit` write and delete what it likes, and replaces the file
-    // once: a group of values costs one file. `edit` is not called when the key cannot be opened.
-    bool Edit(ConfigKeyId key, const std::function<void(KeyEditor &)> &edit) const;
+    // once: a group of values costs one file and is written as a whole or not at all. `edit` is not
+    // called when the key does not exist or cannot be opened.
+    SettingsResult Edit(ConfigKeyId key, const std::function<void(KeyEditor &)> &edit) const;
 
     // Makes an empty key where there is none, its folders mode 0750 and its file 0640; the work of an
     // installer, never of the console. True when the key is there.
@@ -70,38 +79,18 @@ public:
     [[nodiscard]] QString FileOf(ConfigKeyId key) const;
 
 private:
-    enum class KeyState { Missing, Unreadable, Damaged, Whole };
-    struct LoadedKey
-    {
-        KeyState state = KeyState::Missing;
-        KeyDocument document; // empty unless whole
-    };
+    // Nothing for a key that does not exist.
+    using LoadedKey = tl::expected<std::optional<KeyDocument>, SettingsFailure>;
 
     [[nodiscard]] LoadedKey Load(ConfigKeyId key) const;
-    bool Replace(const QString &path, const LoadedKey &loaded) const;
-    [[nodiscard]] bool KeepDamaged(const QString &path) const;
-    void WarnOnce(const QString &path, const QString &what) const;
+    [[nodiscard]] KeyReader ReaderOf(ConfigKeyId key) const;
+    [[nodiscard]] SettingsResult Change(ConfigKeyId key,
+                                        const std::function<void(KeyEditor &)> &edit) const;
+    void WarnOnce(const QString &line) const;
     void WarnWhenOpenToEverybody(const QString &path) const;
 
-    QString folder;
+    const QString folder;
+    const int lockWait; // milliseconds
+    mutable QMutex warnedLock;
     mutable QSet<QString> warned; // a reader comes by many times a minute; its log line once
-};
-
-// A key that is open for writing, see ConfigStore::Edit.
-class KeyEditor
-{
-public:
-    void WriteText(const TextValue &value, const QString &text);
-    void WriteInteger(const TextValue &value, qint32 number); // as decimal text
-    void WriteFlag(const TextValue &value, bool on); // "1" or "0"
-    void WriteNumber(const NumberFamily &family, int index, quint32 number);
-
-    // False when there is no such value.
-    bool DeleteNumber(const NumberFamily &family, int index);
-
-private:
-    friend class ConfigStore;
-    explicit KeyEditor(KeyDocument &opened) : document(opened) { }
-
-    KeyDocument &document;
 };

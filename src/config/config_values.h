@@ -39,6 +39,11 @@ inline constexpr TextValue kPath {K::Base, "path"}; // installation folder, ends
 inline constexpr TextValue kFirstStart {K::Base,
                                         "FirstStart"}; // "1": the wizard runs at next start
 
+// How long the database may keep the console waiting, seconds; 0 or missing: as usual.
+inline constexpr TextValue kDbConnectTimeout {K::Base, "DbConnectTimeout"}; // 10
+inline constexpr TextValue kDbAnswerTimeout {K::Base, "DbAnswerTimeout"}; // 30
+inline constexpr TextValue kDbLockTimeout {K::Base, "DbLockTimeout"}; // 5
+
 // Main window and lists.
 inline constexpr TextValue kSortBy {K::Base, "SortBy"}; // 0 names, 1 workstations, 2 full names
 inline constexpr TextValue kRefresh {K::Base,
@@ -107,6 +112,9 @@ inline constexpr std::array kAllTexts {kBillDsn,
                                        kPort,
                                        kPath,
                                        kFirstStart,
+                                       kDbConnectTimeout,
+                                       kDbAnswerTimeout,
+                                       kDbLockTimeout,
                                        kSortBy,
                                        kRefresh,
                                        kPaneAutoRefreshMode,

@@ -1,8 +1,12 @@
 #include "config/key_document.h"
 
+#include <QRegularExpression>
+
+#include <algorithm>
 #include <limits>
 #include <string_view>
 #include <toml++/toml.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -71,9 +75,17 @@ bool IsBareName(const QString &name)
     });
 }
 
+// The parser quotes what it read, and that may be a part of a password.
+QString WithoutValues(QString problem)
+{
+    static const QRegularExpression quoted(u", saw .*|'[^']*' (?=is not representable)"_s,
+                                           QRegularExpression::DotMatchesEverythingOption);
+    return problem.remove(quoted);
+}
+
 } // namespace
 
-std::optional<KeyDocument> KeyDocument::From(const QByteArray &text, QString &problem)
+tl::expected<KeyDocument, KeyDocument::Damage> KeyDocument::From(const QByteArray &text)
 {
     KeyDocument document;
     document.bytes = text.startsWith(kByteOrderMark) ? text.mid(3) : text;
@@ -91,8 +103,8 @@ std::optional<KeyDocument> KeyDocument::From(const QByteArray &text, QString &pr
                                      ValueOf(node)});
         }
     } catch (const toml::parse_error &error) {
-        problem = u"line %1: %2"_s.arg(error.source().begin.line).arg(TextOf(error.description()));
-        return std::nullopt;
+        return tl::unexpected(Damage {static_cast<int>(error.source().begin.line),
+                                      WithoutValues(TextOf(error.description()))});
     }
     return document;
 }
@@ -121,7 +133,12 @@ std::optional<quint32> KeyDocument::Number(const QString &name) const
 
 bool KeyDocument::SetText(const QString &name, const QString &text)
 {
-    return Set(name, Quoted(text));
+    KeyDocument before = *this;
+    const bool taken = Set(name, Quoted(text)) && Text(name) == text;
+    if (!taken) {
+        *this = std::move(before);
+    }
+    return taken;
 }
 
 bool KeyDocument::SetNumber(const QString &name, quint32 number)
@@ -164,8 +181,7 @@ bool KeyDocument::Remove(const QString &name)
 
 bool KeyDocument::Replace(const QByteArray &changed)
 {
-    QString problem;
-    auto document = From(changed, problem);
+    auto document = From(changed);
     if (!document) {
         return false;
     }

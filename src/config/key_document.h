@@ -6,20 +6,31 @@
 #include <QString>
 
 #include <optional>
+#include <tl/expected.hpp>
 #include <variant>
 
 class KeyDocument
 {
 public:
-    // The document of a TOML text; nothing when it is damaged, with the reason in `problem`.
-    [[nodiscard]] static std::optional<KeyDocument> From(const QByteArray &text, QString &problem);
+    // Where and why a text is no TOML, without the values that stand there.
+    struct Damage
+    {
+        int line; // from 1
+        QString problem;
+    };
+
+    // The document of a TOML text.
+    [[nodiscard]] static tl::expected<KeyDocument, Damage> From(const QByteArray &text);
 
     // Nothing when there is no such name, whatever its letter case, or its value is of another kind.
     [[nodiscard]] std::optional<QString> Text(const QString &name) const;
     [[nodiscard]] std::optional<quint32> Number(const QString &name) const;
 
+    // True when there is such a name with a value of any kind.
+    [[nodiscard]] bool Holds(const QString &name) const { return Find(name) != nullptr; }
+
     // A name that is there keeps its spelling and its place. False when the document cannot take the
-    // value; it is then unchanged.
+    // value, so that it would not read back as it is; the document is then unchanged.
     bool SetText(const QString &name, const QString &text);
     bool SetNumber(const QString &name, quint32 number); // written in hexadecimal
 

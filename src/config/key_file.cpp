@@ -6,6 +6,7 @@
 #include <QSaveFile>
 #include <QThread>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -18,69 +19,93 @@ namespace key_file {
 namespace {
 
 constexpr unsigned long kLockPauseMilliseconds = 5;
-constexpr int kMaxAsideNames = 1000;
+const QString kIsUnwritten = u"cannot be written: "_s;
 
 QByteArray Native(const QString &path)
 {
     return QFile::encodeName(path);
 }
 
+bool IsAbsence(int error)
+{
+    return error == ENOENT || error == ENOTDIR;
+}
+
+tl::unexpected<SettingsFailure> Unreadable(const QString &path, const QString &why)
+{
+    return tl::unexpected(SettingsFailure {path, 0, u"cannot be read: "_s + why});
+}
+
+tl::unexpected<SettingsFailure> Unwritten(const QString &path, const QString &why)
+{
+    return tl::unexpected(SettingsFailure {path, 0, kIsUnwritten + why});
+}
+
 } // namespace
 
-Content Read(const QString &path)
+SettingsFailure Damaged(const QString &path, int line, const QString &why)
+{
+    return {path, line, u"is damaged and must be mended: "_s + why};
+}
+
+bool IsMissing(const QString &path)
+{
+    struct stat status = {};
+    return ::stat(Native(path).constData(), &status) != 0 && IsAbsence(errno);
+}
+
+tl::expected<std::optional<QByteArray>, SettingsFailure> Read(const QString &path)
 {
     struct stat status = {};
     if (::stat(Native(path).constData(), &status) != 0) {
-        const bool isMissing = errno == ENOENT || errno == ENOTDIR;
-        return isMissing ? Content() : Content {Reading::Unreadable, {}, qt_error_string(errno)};
+        const int error = errno;
+        if (IsAbsence(error)) {
+            return std::nullopt;
+        }
+        return Unreadable(path, qt_error_string(error));
     }
     if (!S_ISREG(status.st_mode)) {
-        return {Reading::Unreadable, {}, u"not a file"_s};
+        return Unreadable(path, u"it is not a file"_s);
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return {Reading::Unreadable, {}, file.errorString()};
+        return Unreadable(path, file.errorString());
     }
-    const QByteArray bytes = file.read(kMaxBytes + 1);
+    QByteArray bytes = file.read(kMaxBytes + 1);
     if (file.error() != QFileDevice::NoError) {
-        return {Reading::Unreadable, {}, file.errorString()};
+        return Unreadable(path, file.errorString());
     }
     if (bytes.size() > kMaxBytes) {
-        return {Reading::TooLarge, {}, u"larger than %1 bytes"_s.arg(kMaxBytes)};
+        return tl::unexpected(Damaged(path, 0, u"it is larger than %1 bytes"_s.arg(kMaxBytes)));
     }
-    return {Reading::Whole, bytes, {}};
+    return bytes;
 }
 
-bool Replace(const QString &path, const QByteArray &bytes, QString &problem)
+SettingsResult Replace(const QString &path, const QByteArray &bytes)
 {
     struct stat old = {};
     const bool replaces = ::stat(Native(path).constData(), &old) == 0;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        problem = file.errorString();
-        return false;
+        return Unwritten(path, file.errorString());
     }
     // Another owner can be given only by root; the permissions come over with QSaveFile.
     if (replaces && ::fchown(file.handle(), old.st_uid, old.st_gid) == 0) {
         ::fchmod(file.handle(), old.st_mode & 07777U);
     }
-    if (file.write(bytes) != bytes.size() || !file.commit()) {
-        problem = file.errorString();
-        return false;
-    }
-    return true;
-}
-
-QString KeepAside(const QString &path)
-{
-    for (int number = 1; number <= kMaxAsideNames; ++number) {
-        const QString suffix = number == 1 ? QString() : u"-%1"_s.arg(number);
-        const QString aside = path + u".damaged"_s + suffix;
-        if (!QFile::exists(aside)) {
-            return QFile::copy(path, aside) ? aside : QString();
+    // A disk that fills up takes a part first, and says why only when asked to take the rest.
+    for (qsizetype written = 0; written < bytes.size();) {
+        const qint64 more = file.write(bytes.constData() + written, bytes.size() - written);
+        if (more <= 0) {
+            return Unwritten(path, file.errorString());
         }
+        written += more;
     }
-    return {};
+    // QSaveFile flushes too, but does not look at the outcome. A file system may know no flushing.
+    if (::fsync(file.handle()) != 0 && errno != EINVAL) {
+        return Unwritten(path, qt_error_string(errno));
+    }
+    return file.commit() ? SettingsResult() : Unwritten(path, file.errorString());
 }
 
 bool IsOpenToEverybody(const QString &path)
@@ -94,14 +119,21 @@ WriterLock::WriterLock(const QString &folder, int waitMilliseconds)
     : descriptor(::open(Native(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
     if (descriptor < 0) {
+        problem = kIsUnwritten + u"its folder: "_s + qt_error_string(errno);
         return;
     }
     QElapsedTimer waited;
     waited.start();
-    held = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
-    while (!held && waited.elapsed() < waitMilliseconds) {
+    while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK) {
+            problem = kIsUnwritten + u"its folder: "_s + qt_error_string(errno);
+            return;
+        }
+        if (waited.elapsed() >= waitMilliseconds) {
+            problem = kIsUnwritten + u"another program is at work in its folder"_s;
+            return;
+        }
         QThread::msleep(kLockPauseMilliseconds);
-        held = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
     }
 }
 

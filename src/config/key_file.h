@@ -1,52 +1,53 @@
 // One key's file as bytes: read with a bound, replaced whole, changed by one writer at a time.
 #pragma once
 
+#include "config/settings_failure.h"
+
 #include <QByteArray>
 #include <QString>
 
-namespace key_file {
+#include <optional>
 
-enum class Reading { Missing, Unreadable, TooLarge, Whole };
+namespace key_file {
 
 // A key is a few kilobytes; a file beyond this is no key of ours.
 constexpr qint64 kMaxBytes = qint64(1024) * 1024;
 
-struct Content
-{
-    Reading reading = Reading::Missing;
-    QByteArray bytes;
-    QString problem; // why it is unreadable
-};
+// The failure of a file that is itself at fault, in `line` where that is known, else 0.
+[[nodiscard]] SettingsFailure Damaged(const QString &path, int line, const QString &why);
 
-[[nodiscard]] Content Read(const QString &path);
+// True when there is no such file, which is not the same as one that cannot be reached.
+[[nodiscard]] bool IsMissing(const QString &path);
+
+// Nothing when there is no such file.
+[[nodiscard]] tl::expected<std::optional<QByteArray>, SettingsFailure> Read(const QString &path);
 
 // Puts `bytes` in the file's place through a temporary file beside it, flushed to the disk before it
-// is renamed, with the old file's permissions and owner. False, and the old file stands, when that
-// fails; the reason is in `problem`.
-[[nodiscard]] bool Replace(const QString &path, const QByteArray &bytes, QString &problem);
-
-// Copies the file to the first free name of path.damaged, path.damaged-2, ... Empty when it fails.
-[[nodiscard]] QString KeepAside(const QString &path);
+// is renamed, with the old file's permissions and owner. The old file stands when that fails.
+[[nodiscard]] SettingsResult Replace(const QString &path, const QByteArray &bytes);
 
 // True when users beyond the owner and the group may read or change what is at `path`.
 [[nodiscard]] bool IsOpenToEverybody(const QString &path);
 
 // Held by whoever changes a file of the folder. It lies on the folder itself, so no lock file is left
-// behind, and ends with the process that holds it. Waits for others at most as
-// long as it is told.
+// behind, and ends with the process that holds it. Threads of one process exclude each other too.
 class WriterLock
 {
 public:
-    explicit WriterLock(const QString &folder, int waitMilliseconds = 2000);
+    // Waits for others for at most `waitMilliseconds`.
+    WriterLock(const QString &folder, int waitMilliseconds);
     ~WriterLock();
     WriterLock(const WriterLock &) = delete;
     WriterLock &operator=(const WriterLock &) = delete;
 
-    [[nodiscard]] bool IsHeld() const { return held; }
+    [[nodiscard]] bool IsHeld() const { return problem.isEmpty(); }
+
+    // Why it is not held, said of the file that was to be changed; empty when it is held.
+    [[nodiscard]] const QString &Problem() const { return problem; }
 
 private:
     int descriptor = -1;
-    bool held = false;
+    QString problem;
 };
 
 } // namespace key_file

@@ -6,12 +6,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A finding's sentence begins with a count, for which the query stands: it gives the rows that are
-// wrong, or, where it groups them, one row for each value that is there too often.
+// What the console leaves behind by design: no statement cascades, so a deleted user or group, a user
+// who made room for another's address, and a purge leave rows that name what is gone. Each such row is
+// a note; everything else that does not fit together is wrong.
+enum class Kind { Wrong, Left };
+
+// The sentence follows a count, for which the query stands: it gives the rows that are meant, or,
+// where it groups them, one row for each value that is there too often.
 struct Check
 {
     const char *sentence;
     const char *query;
+    Kind kind = Kind::Wrong;
 };
 
 constexpr Check kChecks[] = {
@@ -58,15 +64,19 @@ constexpr Check kChecks[] = {
     // Usage records
     {"traffic records belong to neither a user nor a group",
      "SELECT 1 FROM traffic_use WHERE user_id = 0 AND (group_id IS NULL OR group_id = 0)"},
-    {"traffic records belong to a user that does not exist",
+    {"traffic records belong to a user who no longer exists",
      "SELECT 1 FROM traffic_use t WHERE t.user_id <> 0 "
-     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id)"},
-    {"traffic records belong to a group that does not exist",
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id)",
+     Kind::Left},
+    {"traffic records belong to a group that no longer exists",
      "SELECT 1 FROM traffic_use t WHERE t.group_id <> 0 "
-     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = t.group_id)"},
-    {"time records belong to a user that does not exist",
-     "SELECT 1 FROM time_use t "
-     "WHERE NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id)"},
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = t.group_id)",
+     Kind::Left},
+    {"time records belong to no user", "SELECT 1 FROM time_use WHERE user_id = 0"},
+    {"time records belong to a user who no longer exists",
+     "SELECT 1 FROM time_use t WHERE t.user_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id)",
+     Kind::Left},
     {"usage records have a period other than 0, 1 and 2",
      "SELECT 1 FROM traffic_use WHERE period NOT IN (0, 1, 2) "
      "UNION ALL SELECT 1 FROM time_use WHERE period NOT IN (0, 1, 2)"},
@@ -91,18 +101,32 @@ constexpr Check kChecks[] = {
     {"billing records have no owner",
      "SELECT 1 FROM billing WHERE (object_id IS NULL OR object_id = 0) "
      "AND (group_id IS NULL OR group_id = 0)"},
-    {"billing records belong to a user that does not exist",
+    {"billing records belong to a user who no longer exists",
      "SELECT 1 FROM billing b WHERE b.object_id <> 0 "
-     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = b.object_id)"},
-    {"billing records belong to a group that does not exist",
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = b.object_id)",
+     Kind::Left},
+    {"billing records belong to a group that no longer exists",
      "SELECT 1 FROM billing b WHERE b.group_id <> 0 "
-     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = b.group_id)"},
-    {"traffic credits name no traffic record that exists",
-     "SELECT 1 FROM billing b WHERE b.mode = 1 "
-     "AND NOT EXISTS (SELECT 1 FROM traffic_use t WHERE t.traf_id = b.trafid)"},
-    {"time credits name no time record that exists",
-     "SELECT 1 FROM billing b WHERE b.mode = 4 "
-     "AND NOT EXISTS (SELECT 1 FROM time_use t WHERE t.time_id = b.time_id)"},
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = b.group_id)",
+     Kind::Left},
+    {"traffic credits name no traffic record",
+     "SELECT 1 FROM billing WHERE mode = 1 AND trafid IS NULL"},
+    {"traffic credits were given before there was a traffic record for them (0)",
+     "SELECT 1 FROM billing WHERE mode = 1 AND trafid = 0",
+     Kind::Left},
+    {"traffic credits name a traffic record that no longer exists",
+     "SELECT 1 FROM billing b WHERE b.mode = 1 AND b.trafid <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM traffic_use t WHERE t.traf_id = b.trafid)",
+     Kind::Left},
+    {"time credits name no time record",
+     "SELECT 1 FROM billing WHERE mode = 4 AND time_id IS NULL"},
+    {"time credits were given before there was a time record for them (0)",
+     "SELECT 1 FROM billing WHERE mode = 4 AND time_id = 0",
+     Kind::Left},
+    {"time credits name a time record that no longer exists",
+     "SELECT 1 FROM billing b WHERE b.mode = 4 AND b.time_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM time_use t WHERE t.time_id = b.time_id)",
+     Kind::Left},
     {"open credits are of a kind that their user's mode does not use",
      "SELECT 1 FROM billing b INNER JOIN users u ON u.user_id = b.object_id WHERE b.closed = 0 "
      "AND NOT (b.mode = u.mode OR (u.mode = 5 AND b.mode IN (1, 4)))"},
@@ -111,16 +135,24 @@ constexpr Check kChecks[] = {
      "AND expiredday NOT LIKE '____.__.__'"},
 
     // Restrictions, protocols, logins and sites
-    {"denied times belong to neither an existing user nor an existing group",
-     "SELECT 1 FROM Time_blocked t "
-     "WHERE NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id) "
-     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = t.group_id)"},
+    {"denied times belong to neither a user nor a group",
+     "SELECT 1 FROM Time_blocked WHERE (user_id IS NULL OR user_id = 0) "
+     "AND (group_id IS NULL OR group_id = 0)"},
+    {"denied times belong to a user or a group that no longer exists",
+     "SELECT 1 FROM Time_blocked t WHERE (t.user_id <> 0 OR t.group_id <> 0) "
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = t.user_id) "
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = t.group_id)",
+     Kind::Left},
     {"denied times have no day of the week or end before they begin",
      "SELECT 1 FROM Time_blocked WHERE dayofweek NOT BETWEEN 1 AND 7 OR timestop <= timestart"},
-    {"denied ports belong to neither an existing user nor an existing group",
-     "SELECT 1 FROM Port_blocked p "
-     "WHERE NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = p.user_id) "
-     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = p.group_id)"},
+    {"denied ports belong to neither a user nor a group",
+     "SELECT 1 FROM Port_blocked WHERE (user_id IS NULL OR user_id = 0) "
+     "AND (group_id IS NULL OR group_id = 0)"},
+    {"denied ports belong to a user or a group that no longer exists",
+     "SELECT 1 FROM Port_blocked p WHERE (p.user_id <> 0 OR p.group_id <> 0) "
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = p.user_id) "
+     "AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = p.group_id)",
+     Kind::Left},
     {"denied ports name a port that does not exist",
      "SELECT 1 FROM Port_blocked b "
      "WHERE NOT EXISTS (SELECT 1 FROM Ports p WHERE p.port_id = b.port_id)"},
@@ -131,14 +163,17 @@ constexpr Check kChecks[] = {
      "SELECT 1 FROM Ports p WHERE NOT EXISTS (SELECT 1 FROM Protocols r WHERE r.id = p.proto_id)"},
     {"names are held by more than one protocol",
      "SELECT proto_name FROM Protocols GROUP BY proto_name HAVING COUNT(*) > 1"},
-    {"logins are bound to a user that does not exist",
+    {"logins are bound to a user who no longer exists",
      "SELECT 1 FROM Logins l WHERE l.userid NOT IN (0, -1) "
-     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = l.userid)"},
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = l.userid)",
+     Kind::Left},
     {"users have more than one login",
      "SELECT userid FROM Logins WHERE userid NOT IN (0, -1) GROUP BY userid HAVING COUNT(*) > 1"},
-    {"site visits belong to a user that does not exist",
-     "SELECT 1 FROM SiteAccess a "
-     "WHERE NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = a.user_id)"},
+    {"site visits belong to no user", "SELECT 1 FROM SiteAccess WHERE user_id = 0"},
+    {"site visits belong to a user who no longer exists",
+     "SELECT 1 FROM SiteAccess a WHERE a.user_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = a.user_id)",
+     Kind::Left},
     {"site visits name a site that does not exist",
      "SELECT 1 FROM SiteAccess a "
      "WHERE NOT EXISTS (SELECT 1 FROM Sites s WHERE s.site_id = a.site_id)"},
@@ -164,7 +199,8 @@ CheckResult CheckDatabase(const QString &dsn)
             return result;
         }
         if (const QString found = count->first().first(); found != u"0"_s) {
-            result.findings << found + u' ' + QString::fromUtf8(check.sentence) + u'.';
+            QStringList &sentences = check.kind == Kind::Wrong ? result.findings : result.notes;
+            sentences << found + u' ' + QString::fromUtf8(check.sentence) + u'.';
         }
     }
     return result;

@@ -1,4 +1,4 @@
-// What is inconsistent in a database: rows that point nowhere, and rows that contradict each other.
+// What does not fit together in a database: rows that point nowhere or contradict each other.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,10 @@
 
 struct CheckResult
 {
-    QStringList findings; // plain sentences, each with a count; empty when all is well
+    // Plain sentences, each with a count.
+    QStringList findings; // what is wrong; empty when all is well
+    QStringList
+        notes; // what the console leaves behind by design, such as records of a deleted user
     std::optional<QString> failure; // why the check could not be completed
 };
 

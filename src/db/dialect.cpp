@@ -9,9 +9,91 @@
 #include <algorithm>
 #include <cstdio>
 
-const Dialect kSqlite {"SQLite", '"', SQL_REAL};
-const Dialect kPostgresql {"PostgreSQL", '"', SQL_DOUBLE};
-const Dialect kMariadb {"MariaDB", '`', SQL_REAL};
+namespace {
+
+using Kind = Failure::Kind;
+
+constexpr FailureCode kSqliteFailures[] = {
+    {"", 5, Kind::Locked}, // SQLITE_BUSY
+    {"", 6, Kind::Locked}, // SQLITE_LOCKED
+    {"", 9, Kind::Cancelled}, // SQLITE_INTERRUPT
+};
+
+constexpr FailureCode kPostgresqlFailures[] = {
+    {"40001", 0, Kind::Conflict},
+    {"40P01", 0, Kind::Conflict},
+    {"55P03", 0, Kind::Locked},
+    {"57014", 0, Kind::Cancelled},
+    {"57P01", 0, Kind::ConnectionLost},
+    {"57P02", 0, Kind::ConnectionLost},
+    {"57P03", 0, Kind::ConnectionLost},
+    {"08S01", 0, Kind::ConnectionLost},
+    {"08001", 0, Kind::ConnectionLost},
+    {"08003", 0, Kind::ConnectionLost},
+    {"08006", 0, Kind::ConnectionLost},
+    {"08007", 0, Kind::ConnectionLost},
+    {"", 35, Kind::ConnectionLost}, // the driver's own numbers: it found the connection dead,
+    {"HY000", 8, Kind::ConnectionLost}, // or could not set the savepoint before a statement
+};
+
+constexpr FailureCode kMariadbFailures[] = {
+    {"", 1213, Kind::Conflict}, // deadlock, or refused by a cluster's certification
+    {"", 1205, Kind::Locked},
+    {"", 1317, Kind::Cancelled},
+    {"", 1053, Kind::ConnectionLost}, // the server is shutting down
+    {"", 1927, Kind::ConnectionLost}, // killed
+    {"", 2002, Kind::ConnectionLost},
+    {"", 2003, Kind::ConnectionLost},
+    {"", 2006, Kind::ConnectionLost}, // has gone away
+    {"", 2013, Kind::ConnectionLost}, // during the query
+    {"", 2055, Kind::ConnectionLost},
+    {"", 5014, Kind::ConnectionLost}, // could not be written to
+    {"40001", 0, Kind::Conflict},
+    {"08S01", 0, Kind::ConnectionLost},
+    {"08001", 0, Kind::ConnectionLost},
+    {"08003", 0, Kind::ConnectionLost},
+};
+
+// A server that logs statements, and not rows, refuses changes at the isolation that is wanted.
+constexpr char kMariadbSettings[] =
+    "SET SESSION innodb_lock_wait_timeout = %2, lock_wait_timeout = %2, "
+    "tx_isolation = IF(@@GLOBAL.log_bin AND @@binlog_format = 'STATEMENT', @@tx_isolation, "
+    "'READ-COMMITTED')";
+
+} // namespace
+
+const Dialect kSqlite {.engine = "SQLite",
+                       .identifierQuote = '"',
+                       .amountType = SQL_REAL,
+                       .begin = "BEGIN IMMEDIATE",
+                       .lockRows = "",
+                       .settings = nullptr,
+                       .triesLocksAgain = true,
+                       .cancelsConnection = true,
+                       .writable = nullptr,
+                       .failures = kSqliteFailures};
+
+const Dialect kPostgresql {.engine = "PostgreSQL",
+                           .identifierQuote = '"',
+                           .amountType = SQL_DOUBLE,
+                           .begin = "BEGIN",
+                           .lockRows = " FOR UPDATE",
+                           .settings = "SET lock_timeout = %1",
+                           .triesLocksAgain = false,
+                           .cancelsConnection = false,
+                           .writable = "SELECT CASE WHEN pg_is_in_recovery() THEN 0 ELSE 1 END",
+                           .failures = kPostgresqlFailures};
+
+const Dialect kMariadb {.engine = "MariaDB",
+                        .identifierQuote = '`',
+                        .amountType = SQL_REAL,
+                        .begin = "START TRANSACTION",
+                        .lockRows = " FOR UPDATE",
+                        .settings = kMariadbSettings,
+                        .triesLocksAgain = false,
+                        .cancelsConnection = true,
+                        .writable = "SELECT 1 - @@GLOBAL.read_only",
+                        .failures = kMariadbFailures};
 
 namespace {
 
@@ -260,14 +342,25 @@ private:
 
 } // namespace
 
-const Dialect &DialectFor(std::string_view serverName)
+const Dialect *DialectFor(std::string_view serverName)
 {
-    if (serverName.find(kPostgresql.engine) != std::string_view::npos) {
-        return kPostgresql;
+    for (const Dialect *dialect : {&kSqlite, &kPostgresql, &kMariadb}) {
+        if (serverName.find(dialect->engine) != std::string_view::npos) {
+            return dialect;
+        }
     }
-    const bool mariadb = serverName.find(kMariadb.engine) != std::string_view::npos
-        || serverName.find("MySQL") != std::string_view::npos;
-    return mariadb ? kMariadb : kSqlite;
+    // So the driver calls a cluster's proxy.
+    return serverName.find("MySQL") != std::string_view::npos ? &kMariadb : nullptr;
+}
+
+Failure::Kind KindOf(const Dialect &dialect, std::string_view sqlState, int native)
+{
+    const auto found =
+        std::find_if(dialect.failures.begin(), dialect.failures.end(), [&](const auto &code) {
+            return (*code.sqlState == '\0' || sqlState == code.sqlState)
+                && (code.native == 0 || code.native == native);
+        });
+    return found == dialect.failures.end() ? Failure::Kind::Refused : found->kind;
 }
 
 void Translate(const Dialect &dialect,

@@ -2,25 +2,51 @@
 // writes the engine's spelling.
 #pragma once
 
-#include <QtGlobal>
+#include "db/failure.h"
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
+
+// A driver's code of a failure that is more than a refusal.
+struct FailureCode
+{
+    const char *sqlState; // empty for any
+    int native; // 0 for any
+    Failure::Kind kind;
+};
 
 struct Dialect
 {
     const char *engine; // as the driver names its server, in part
     char identifierQuote; // around names that the engine reserves
     qint16 amountType; // SQL type that amounts are bound with: some lose digits as REAL
+    const char *begin; // begins a transaction that is going to write
+    const char *lockRows; // behind a SELECT of rows that the transaction is going to write
+    // Makes a new connection wait for locks as long as it should, %1 milliseconds or %2 seconds, and
+    // each query of a transaction see what others have committed by then: what is read behind a lock
+    // must not be older than the lock. Null where that is so anyway.
+    const char *settings;
+    // True where a wait for a lock cannot be cancelled: the driver then waits shortly, and the session
+    // tries again itself.
+    bool triesLocksAgain;
+    // True where a cancel stops all that the connection does, and spoils the statement that it is asked
+    // of: another one must stand in.
+    bool cancelsConnection;
+    const char *writable; // a query whose one value is 0 where nothing can be written; null: always
+    std::span<const FailureCode> failures; // the first that fits counts
 };
 
 extern const Dialect kSqlite;
 extern const Dialect kPostgresql;
 extern const Dialect kMariadb;
 
-// The dialect for the server name that a driver reports; SQLite's for one it does not know.
-[[nodiscard]] const Dialect &DialectFor(std::string_view serverName);
+// The dialect for the server name that a driver reports; null for an engine that is not supported.
+[[nodiscard]] const Dialect *DialectFor(std::string_view serverName);
+
+// What a failure of this code is.
+[[nodiscard]] Failure::Kind KindOf(const Dialect &dialect, std::string_view sqlState, int native);
 
 // The most parameters that one statement has.
 constexpr int kMaxParameters = 15;

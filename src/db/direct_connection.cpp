@@ -1,36 +1,15 @@
 #include "db/direct_connection.h"
 
 #include "base/text.h"
-
-#include <sql.h>
-#include <sqlext.h>
+#include "db/odbc.h"
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-bool Succeeded(SQLRETURN code)
-{
-    return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
-}
-
 SQLLEN endsWithNul = SQL_NTS;
-
-// ODBC's functions take texts that they only read without const.
-SQLCHAR *OdbcText(const char *text)
-{
-    return reinterpret_cast<SQLCHAR *>(const_cast<char *>(text)); // NOLINT
-}
-
-QString FirstDiagnostic(SQLSMALLINT handleType, SQLHANDLE handle)
-{
-    SQLCHAR state[SQL_SQLSTATE_SIZE + 1] = {};
-    SQLCHAR text[SQL_MAX_MESSAGE_LENGTH] = {};
-    SQLINTEGER native = 0;
-    SQLSMALLINT length = 0;
-    SQLGetDiagRec(handleType, handle, 1, state, &native, text, sizeof text, &length);
-    return TextFromUtf8(reinterpret_cast<const char *>(text));
-}
 
 } // namespace
 
@@ -42,15 +21,15 @@ DirectConnection::~DirectConnection()
 bool DirectConnection::Open(const QString &dsn)
 {
     Close();
-    auto *const version = reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3); // NOLINT
+    auto *const version = odbc::Value(SQL_OV_ODBC3);
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment);
     SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, version, 0);
     SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
     char user[] = "system";
     const SQLRETURN code = SQLConnect(connection,
-                                      OdbcText(dsn.toUtf8().constData()),
+                                      odbc::Text(dsn.toUtf8().constData()),
                                       SQL_NTS,
-                                      OdbcText(user),
+                                      odbc::Text(user),
                                       SQL_NTS,
                                       nullptr,
                                       SQL_NTS);
@@ -62,7 +41,13 @@ bool DirectConnection::Open(const QString &dsn)
     char name[64] = "";
     SQLSMALLINT length = 0;
     SQLGetInfo(connection, SQL_DBMS_NAME, name, sizeof name, &length);
-    dialect = &DialectFor(name);
+    const Dialect *const found = DialectFor(name);
+    if (found == nullptr) {
+        error = u"The database engine \"%1\" is not supported."_s.arg(TextFromUtf8(name));
+        Close();
+        return false;
+    }
+    dialect = found;
     SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement);
     return statement != nullptr;
 }
@@ -86,7 +71,7 @@ bool DirectConnection::Run(const QString &sqlText, const SqlValues &values)
 {
     const QByteArray text = sqlText.toUtf8();
     Bind(values);
-    const SQLRETURN code = SQLExecDirect(statement, OdbcText(text.constData()), SQL_NTS);
+    const SQLRETURN code = SQLExecDirect(statement, odbc::Text(text.constData()), SQL_NTS);
     const bool done = Note(code, SQL_HANDLE_STMT, statement);
     SQLFreeStmt(statement, SQL_CLOSE);
     SQLFreeStmt(statement, SQL_RESET_PARAMS);
@@ -96,7 +81,7 @@ bool DirectConnection::Run(const QString &sqlText, const SqlValues &values)
 std::optional<QList<QStringList>> DirectConnection::Rows(const QString &sqlText)
 {
     const QByteArray text = sqlText.toUtf8();
-    if (!Note(SQLExecDirect(statement, OdbcText(text.constData()), SQL_NTS),
+    if (!Note(SQLExecDirect(statement, odbc::Text(text.constData()), SQL_NTS),
               SQL_HANDLE_STMT,
               statement)) {
         return std::nullopt;
@@ -105,7 +90,7 @@ std::optional<QList<QStringList>> DirectConnection::Rows(const QString &sqlText)
     SQLNumResultCols(statement, &columns);
     QList<QStringList> rows;
     SQLRETURN code = columns == 0 ? SQL_NO_DATA : SQLFetch(statement);
-    for (; Succeeded(code); code = SQLFetch(statement)) {
+    for (; odbc::Succeeded(code); code = SQLFetch(statement)) {
         rows << CurrentRow(columns);
     }
     const bool complete = Note(code, SQL_HANDLE_STMT, statement);
@@ -115,7 +100,7 @@ std::optional<QList<QStringList>> DirectConnection::Rows(const QString &sqlText)
 
 bool DirectConnection::Begin()
 {
-    auto *const off = reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_OFF); // NOLINT
+    auto *const off = odbc::Value(SQL_AUTOCOMMIT_OFF);
     return Note(
         SQLSetConnectAttr(connection, SQL_ATTR_AUTOCOMMIT, off, 0), SQL_HANDLE_DBC, connection);
 }
@@ -124,7 +109,7 @@ bool DirectConnection::Commit()
 {
     const bool kept =
         Note(SQLEndTran(SQL_HANDLE_DBC, connection, SQL_COMMIT), SQL_HANDLE_DBC, connection);
-    auto *const on = reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_ON); // NOLINT
+    auto *const on = odbc::Value(SQL_AUTOCOMMIT_ON);
     SQLSetConnectAttr(connection, SQL_ATTR_AUTOCOMMIT, on, 0);
     return kept;
 }
@@ -134,7 +119,7 @@ bool DirectConnection::Prepare(const QString &sqlText)
     const QByteArray text = sqlText.toUtf8();
     SQLFreeStmt(statement, SQL_RESET_PARAMS);
     return Note(
-        SQLPrepare(statement, OdbcText(text.constData()), SQL_NTS), SQL_HANDLE_STMT, statement);
+        SQLPrepare(statement, odbc::Text(text.constData()), SQL_NTS), SQL_HANDLE_STMT, statement);
 }
 
 bool DirectConnection::RunPrepared(const SqlValues &values)
@@ -176,10 +161,10 @@ void DirectConnection::Bind(const SqlValues &values)
 // True for a success; else keeps the driver's words.
 bool DirectConnection::Note(short code, short handleType, void *handle)
 {
-    if (Succeeded(code) || code == SQL_NO_DATA) {
+    if (odbc::Succeeded(code) || code == SQL_NO_DATA) {
         return true;
     }
-    error = FirstDiagnostic(handleType, handle);
+    error = odbc::FirstDiagnostic(handleType, handle).text;
     return false;
 }
 

@@ -11,7 +11,19 @@ FailureLog &FailureLog::Instance()
     return log;
 }
 
-void FailureLog::Add(const StatementFailure &failure)
+qsizetype FailureLog::Count() const
+{
+    const QMutexLocker lock(&mutex);
+    return count;
+}
+
+QList<StatementFailure> FailureLog::Recent() const
+{
+    const QMutexLocker lock(&mutex);
+    return recent;
+}
+
+void FailureLog::Add(const Failure &failure)
 {
     QStringList line {failure.sqlState, failure.text};
     if (!failure.statement.isEmpty()) {
@@ -19,17 +31,23 @@ void FailureLog::Add(const StatementFailure &failure)
     }
     line.removeAll(QString());
     qCWarning(logDb).noquote() << line.join(u' ');
-    recent.append(failure);
-    if (recent.size() > kKept) {
-        recent.removeFirst();
+    {
+        const QMutexLocker lock(&mutex);
+        recent.append({failure, QDateTime::currentDateTime()});
+        if (recent.size() > kKept) {
+            recent.removeFirst();
+        }
+        ++count;
     }
-    ++count;
     emit Changed();
 }
 
 void FailureLog::Clear()
 {
-    recent.clear();
-    count = 0;
+    {
+        const QMutexLocker lock(&mutex);
+        recent.clear();
+        count = 0;
+    }
     emit Changed();
 }

@@ -3,11 +3,9 @@
 #include "base/text.h"
 #include "db/dialect.h"
 #include "db/failure_log.h"
+#include "db/odbc.h"
 
 #include <QByteArray>
-
-#include <sql.h>
-#include <sqlext.h>
 
 #include <algorithm>
 #include <array>
@@ -18,21 +16,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool Succeeded(SQLRETURN code)
-{
-    return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
-}
-
-SQLCHAR *OdbcText(const char *text)
-{
-    return reinterpret_cast<SQLCHAR *>(const_cast<char *>(text)); // NOLINT: only read
-}
-
-SQLPOINTER OdbcValue(SQLULEN value)
-{
-    return reinterpret_cast<SQLPOINTER>(value); // NOLINT: an attribute's value travels so
-}
 
 // SQL_ATTR_ACCESS_MODE is accepted and ignored by all three drivers; these are not.
 const char *ReadOnlyStatement(const Dialect &dialect)
@@ -52,18 +35,6 @@ SQLSMALLINT HostType(ReadAs as, const Dialect &dialect)
     return as == ReadAs::Integer ? SQL_C_SBIGINT : SQL_C_DOUBLE;
 }
 
-// The standard's class for it, an engine that is shut down, and the numbers by which MariaDB's driver
-// tells that its server went away, was lost, or ended the connection.
-bool MeansLostConnection(std::string_view state, SQLINTEGER native)
-{
-    constexpr std::string_view kConnectionClass = "08";
-    constexpr std::string_view kShutDown = "57P0";
-    constexpr SQLINTEGER kMariadbNumbers[] = {2006, 2013, 1927};
-    return state.starts_with(kConnectionClass) || state.starts_with(kShutDown)
-        || std::find(std::begin(kMariadbNumbers), std::end(kMariadbNumbers), native)
-        != std::end(kMariadbNumbers);
-}
-
 } // namespace
 
 struct ReportConnection::Handles
@@ -71,12 +42,14 @@ struct ReportConnection::Handles
     SQLHANDLE environment = SQL_NULL_HANDLE;
     SQLHANDLE connection = SQL_NULL_HANDLE;
     SQLHANDLE statement = SQL_NULL_HANDLE;
+    SQLHANDLE canceller = SQL_NULL_HANDLE; // where the statement's own cancel would spoil it
     bool connected = false;
     const Dialect *dialect = &kSqlite;
     SQLULEN fetched = 0;
 
     ~Handles()
     {
+        SQLFreeHandle(SQL_HANDLE_STMT, canceller);
         SQLFreeHandle(SQL_HANDLE_STMT, statement);
         if (connected) {
             SQLEndTran(SQL_HANDLE_DBC, connection, SQL_ROLLBACK);
@@ -128,7 +101,7 @@ std::unique_ptr<ReportConnection> ReportConnection::Open(const QString &dsn,
 bool ReportConnection::Connect(const QString &dsn, const QString &user, const QString &password)
 {
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handles->environment);
-    SQLSetEnvAttr(handles->environment, SQL_ATTR_ODBC_VERSION, OdbcValue(SQL_OV_ODBC3), 0);
+    SQLSetEnvAttr(handles->environment, SQL_ATTR_ODBC_VERSION, odbc::Value(SQL_OV_ODBC3), 0);
     SQLAllocHandle(SQL_HANDLE_DBC, handles->environment, &handles->connection);
     const QByteArray dsnBytes = dsn.toUtf8();
     const QByteArray userBytes = user.toUtf8();
@@ -136,21 +109,29 @@ bool ReportConnection::Connect(const QString &dsn, const QString &user, const QS
     // A null password lets every driver take the data source's own.
     const SQLRETURN code =
         SQLConnect(handles->connection,
-                   OdbcText(dsnBytes.constData()),
+                   odbc::Text(dsnBytes.constData()),
                    SQL_NTS,
-                   OdbcText(userBytes.constData()),
+                   odbc::Text(userBytes.constData()),
                    SQL_NTS,
-                   password.isEmpty() ? nullptr : OdbcText(passwordBytes.constData()),
+                   password.isEmpty() ? nullptr : odbc::Text(passwordBytes.constData()),
                    SQL_NTS);
-    if (!Succeeded(code)) {
+    if (!odbc::Succeeded(code)) {
         return Fail(SQL_HANDLE_DBC, handles->connection);
     }
     handles->connected = true;
     std::array<char, 64> name {};
     SQLSMALLINT length = 0;
     SQLGetInfo(handles->connection, SQL_DBMS_NAME, name.data(), name.size(), &length);
-    handles->dialect = &DialectFor(name.data());
+    const Dialect *const found = DialectFor(name.data());
+    if (found == nullptr) {
+        problem = u"The database engine \"%1\" is not supported."_s.arg(TextFromUtf8(name.data()));
+        return false;
+    }
+    handles->dialect = found;
     SQLAllocHandle(SQL_HANDLE_STMT, handles->connection, &handles->statement);
+    if (found->cancelsConnection) {
+        SQLAllocHandle(SQL_HANDLE_STMT, handles->connection, &handles->canceller);
+    }
     return true;
 }
 
@@ -162,7 +143,7 @@ bool ReportConnection::ForbidWriting()
     if (handles->dialect != &kSqlite) {
         SQLSetConnectAttr(handles->connection,
                           SQL_ATTR_TXN_ISOLATION,
-                          OdbcValue(SQL_TXN_REPEATABLE_READ),
+                          odbc::Value(SQL_TXN_REPEATABLE_READ),
                           SQL_IS_UINTEGER);
     }
     if (!BeginReading()) {
@@ -170,7 +151,7 @@ bool ReportConnection::ForbidWriting()
     }
     gathers = handles->dialect == &kMariadb;
     SQLSetStmtAttr(
-        handles->statement, SQL_ATTR_ROW_ARRAY_SIZE, OdbcValue(kBlockRows), SQL_IS_UINTEGER);
+        handles->statement, SQL_ATTR_ROW_ARRAY_SIZE, odbc::Value(kBlockRows), SQL_IS_UINTEGER);
     SQLSetStmtAttr(
         handles->statement, SQL_ATTR_ROWS_FETCHED_PTR, &handles->fetched, SQL_IS_POINTER);
     return true;
@@ -184,7 +165,7 @@ bool ReportConnection::BeginReading()
         return Execute("BEGIN");
     }
     SQLSetConnectAttr(
-        handles->connection, SQL_ATTR_AUTOCOMMIT, OdbcValue(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
+        handles->connection, SQL_ATTR_AUTOCOMMIT, odbc::Value(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
     return true;
 }
 
@@ -227,13 +208,15 @@ bool ReportConnection::Execute(const std::string &statement)
         return false;
     }
     SQLFreeStmt(handles->statement, SQL_CLOSE);
-    const SQLRETURN code = SQLExecDirect(handles->statement, OdbcText(statement.c_str()), SQL_NTS);
-    return Succeeded(code) || code == SQL_NO_DATA || Fail(SQL_HANDLE_STMT, handles->statement);
+    const SQLRETURN code =
+        SQLExecDirect(handles->statement, odbc::Text(statement.c_str()), SQL_NTS);
+    return odbc::Succeeded(code) || code == SQL_NO_DATA
+        || Fail(SQL_HANDLE_STMT, handles->statement);
 }
 
 bool ReportConnection::Gather(const std::string &query, RowOrder order)
 {
-    if (!Succeeded(SQLPrepare(handles->statement, OdbcText(query.c_str()), SQL_NTS))) {
+    if (!odbc::Succeeded(SQLPrepare(handles->statement, odbc::Text(query.c_str()), SQL_NTS))) {
         return Fail(SQL_HANDLE_STMT, handles->statement);
     }
     const std::vector<ColumnDescription> columns = Columns();
@@ -345,7 +328,7 @@ int ReportConnection::FetchBlock()
         CloseCursor();
         return 0;
     }
-    if (!Succeeded(code)) {
+    if (!odbc::Succeeded(code)) {
         std::ignore = Fail(SQL_HANDLE_STMT, handles->statement);
         return -1;
     }
@@ -389,21 +372,15 @@ std::string_view ReportConnection::Text(int row, int column) const
 void ReportConnection::Cancel()
 {
     cancelled = true;
-    SQLCancel(handles->statement);
+    SQLCancel(handles->canceller != SQL_NULL_HANDLE ? handles->canceller : handles->statement);
 }
 
 bool ReportConnection::Fail(qint16 handleType, void *handle)
 {
-    std::array<SQLCHAR, SQL_SQLSTATE_SIZE + 1> state {};
-    std::array<SQLCHAR, SQL_MAX_MESSAGE_LENGTH> text {};
-    SQLINTEGER native = 0;
-    SQLSMALLINT length = 0;
-    SQLGetDiagRec(handleType, handle, 1, state.data(), &native, text.data(), text.size(), &length);
-    problem = TextFromUtf8(reinterpret_cast<const char *>(text.data()));
-    if (problem.isEmpty()) {
-        problem = u"the database gave no reason"_s;
-    }
-    lost = lost || MeansLostConnection(reinterpret_cast<const char *>(state.data()), native);
+    const auto [state, native, text] = odbc::FirstDiagnostic(handleType, handle);
+    problem = text.isEmpty() ? u"the database gave no reason"_s : text;
+    lost = lost
+        || KindOf(*handles->dialect, state.toStdString(), native) == Failure::Kind::ConnectionLost;
     return false;
 }
 

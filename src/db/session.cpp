@@ -1,180 +1,143 @@
 #include "db/session.h"
 
 #include "base/text.h"
-#include "db/dialect.h"
+#include "db/bound_parameters.h"
 #include "db/failure_log.h"
-
-#include <sql.h>
-#include <sqlext.h>
+#include "db/session_limits.h"
+#include "db/session_state.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
-#include <string>
+#include <thread>
+#include <utility>
 
-DbSession dbSession;
-QueryResult queryResult;
+using namespace Qt::StringLiterals;
+using namespace session;
+using Kind = Failure::Kind;
 
 namespace {
 
 static_assert(kQueryNoData == SQL_NO_DATA && kQuerySuccess == SQL_SUCCESS
               && kQuerySuccessWithInfo == SQL_SUCCESS_WITH_INFO);
 
-struct Parameter
-{
-    union {
-        SQLINTEGER integer; // the 32 bits of an unsigned number
-        double amount;
-        SQL_DATE_STRUCT day;
-        char text[kMaxTextBytes + 1];
-    };
-    SQLLEN indicator;
-};
+constexpr auto kBetweenTries = std::chrono::milliseconds(10); // of a database that another holds
 
-// The statement in the engine's spelling, and the values bound to its markers. All of it stands
-// still: a statement allocates nothing here.
-const Dialect *dialect = &kSqlite;
-std::string translated;
-Parameter parameters[kMaxParameters];
-ParameterKinds parameterKinds;
-int parameterCount = 0;
-SQLULEN rowLimit = 0;
-SQLULEN fetchedRows = 0;
-SQLLEN affectedRows = 0;
-
-// ODBC's functions take texts that they only read without const.
-SQLCHAR *OdbcText(const char *text)
+// A failed statement spoils the transaction that it belongs to.
+void BreakTransaction()
 {
-    return reinterpret_cast<SQLCHAR *>(const_cast<char *>(text)); // NOLINT
-}
-
-bool Succeeded(SQLRETURN code)
-{
-    return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
-}
-
-void RecordFailure(SQLSMALLINT handleType, SQLHANDLE handle, const char *statement)
-{
-    SQLCHAR state[SQL_SQLSTATE_SIZE + 1] = {};
-    SQLCHAR text[SQL_MAX_MESSAGE_LENGTH] = "The database session is not open.";
-    SQLINTEGER native = 0;
-    SQLSMALLINT length = 0;
-    SQLGetDiagRec(handleType, handle, 1, state, &native, text, sizeof text, &length);
-    FailureLog::Instance().Add({QDateTime::currentDateTime(),
-                                TextFromUtf8(statement),
-                                TextFromUtf8(reinterpret_cast<const char *>(state)),
-                                TextFromUtf8(reinterpret_cast<const char *>(text))});
-}
-
-Parameter &NextParameter(int number, ParameterKind kind)
-{
-    const auto index = static_cast<size_t>(number - 1);
-    Q_ASSERT(number >= 1 && number <= kMaxParameters);
-    parameterKinds[index] = kind;
-    parameterCount = std::max(parameterCount, number);
-    parameters[index].indicator = SQL_NTS;
-    return parameters[index];
-}
-
-SQL_DATE_STRUCT OdbcDay(QDate date)
-{
-    return {static_cast<SQLSMALLINT>(date.year()),
-            static_cast<SQLUSMALLINT>(date.month()),
-            static_cast<SQLUSMALLINT>(date.day())};
-}
-
-void ToNextDay(SQL_DATE_STRUCT &day)
-{
-    day = OdbcDay(QDate(day.year, day.month, day.day).addDays(1));
-}
-
-// "30.02.2026 00:00:00" becomes "2026-03-01 00:00:00".
-void DayTextToStamp(char *text)
-{
-    int day = 0;
-    int month = 0;
-    int year = 0;
-    char clock[16] = "";
-    if (std::sscanf(text, "%2d.%2d.%4d %15[0-9:]", &day, &month, &year, clock) < 3) {
-        return;
-    }
-    const QDate date = ExistingDate({year, month, day});
-    std::snprintf(
-        text, kMaxTextBytes + 1, "%04d-%02d-%02d %s", date.year(), date.month(), date.day(), clock);
-}
-
-void BindInOdbc(SQLUSMALLINT number, ParameterKind kind, Parameter &parameter)
-{
-    const auto bind = [&](SQLSMALLINT hostType, SQLSMALLINT sqlType, SQLULEN size, void *value) {
-        SQLBindParameter(dbSession.statement,
-                         number,
-                         SQL_PARAM_INPUT,
-                         hostType,
-                         sqlType,
-                         size,
-                         0,
-                         value,
-                         0,
-                         &parameter.indicator);
-    };
-    switch (kind) {
-    case ParameterKind::Integer:
-        // As a signed number: the servers refuse what is beyond their columns, SQLite wraps it.
-        bind(SQL_C_SLONG, SQL_INTEGER, 0, &parameter.integer);
-        break;
-    case ParameterKind::Amount:
-        bind(SQL_C_DOUBLE, dialect->amountType, 0, &parameter.amount);
-        break;
-    case ParameterKind::Text:
-        bind(SQL_C_CHAR, SQL_CHAR, 255, parameter.text);
-        break;
-    case ParameterKind::Day:
-        bind(SQL_C_TYPE_DATE, SQL_TYPE_DATE, 255, &parameter.day);
-        break;
+    State &state = Current();
+    if (state.transaction == Transaction::Open) {
+        state.transaction = Transaction::Broken;
+        state.brokenBy = state.failure;
     }
 }
 
-void BindParameters(const ParameterChanges &changes)
+// Whether the driver may be called, by work that was neither cancelled nor given up; else that is the
+// failure.
+bool IsWanted(std::string_view sqlText)
 {
-    for (int index = 0; index < parameterCount; ++index) {
-        const auto place = static_cast<size_t>(index);
-        Parameter &parameter = parameters[index];
-        if (changes[place] == ParameterChange::NextDay) {
-            ToNextDay(parameter.day);
-        } else if (changes[place] == ParameterChange::DayToStamp) {
-            DayTextToStamp(parameter.text);
-        }
-        BindInOdbc(static_cast<SQLUSMALLINT>(index + 1), parameterKinds[place], parameter);
+    if (IsAbandoned() || IsCancelled()) {
+        Fail(Told(IsAbandoned() ? Kind::NotAnswered : Kind::Cancelled, sqlText, {}));
+        return false;
     }
+    return true;
+}
+
+// Whether a statement can be sent; else why not is the failure.
+bool IsReady(const char *sqlText, bool isKept)
+{
+    State &state = Current();
+    if (state.transaction == Transaction::Broken) {
+        state.failure = state.brokenBy;
+    } else if (!IsWanted(sqlText)) {
+        return false;
+    } else if (!IsDatabaseOpen()
+               && (state.dsn.isEmpty() || Clock::now() < state.nextTry || !ReopenDatabase())) {
+        Fail(Told(Kind::ConnectionLost,
+                  sqlText,
+                  state.whyClosed.isEmpty() ? u"The database session is not open."_s
+                                            : state.whyClosed));
+    } else if (isKept && state.watch && !state.watch->BeginKeeping()) {
+        Fail(Told(Kind::NotAnswered, sqlText, {}));
+    } else {
+        return true;
+    }
+    return false;
 }
 
 void SetRowLimit(SQLULEN rows)
 {
-    SQLSetStmtAttr(dbSession.statement,
-                   SQL_ATTR_MAX_ROWS,
-                   reinterpret_cast<SQLPOINTER>(rows), // NOLINT: the attribute's value travels so
-                   SQL_IS_UINTEGER);
+    SQLSetStmtAttr(dbSession.statement, SQL_ATTR_MAX_ROWS, odbc::Value(rows), SQL_IS_UINTEGER);
 }
 
-// Runs the statement and drops its bindings: a driver refuses one with fewer markers than are bound.
-void ExecuteStatement(const char *sqlText)
+bool IsRead(std::string_view sqlText)
 {
-    static ParameterChanges changes;
-    qCDebug(logStatement).noquote() << sqlText;
-    Translate(*dialect, sqlText, parameterKinds, translated, changes);
-    BindParameters(changes);
-    if (rowLimit != 0) {
-        SetRowLimit(rowLimit);
+    constexpr std::string_view kSelect = "SELECT";
+    return sqlText.size() >= kSelect.size()
+        && qstrnicmp(sqlText.data(), kSelect.data(), kSelect.size()) == 0;
+}
+
+// Sends the translated statement; where the driver does not wait for a lock, until it got it.
+SQLRETURN Send(bool mayTryAgain, Failure &failure)
+{
+    const State &state = Current();
+    const auto end = Clock::now() + Limits().lock;
+    while (true) {
+        const SQLRETURN code = WatchedStatement([&state] {
+            return SQLExecDirect(
+                dbSession.statement, odbc::Text(state.translated.c_str()), SQL_NTS);
+        });
+        if (odbc::Succeeded(code) || code == SQL_NO_DATA) {
+            return code;
+        }
+        failure = Diagnosed(SQL_HANDLE_STMT, dbSession.statement, state.written);
+        if (failure.kind != Kind::Locked || !state.dialect->triesLocksAgain || !mayTryAgain
+            || IsCancelled() || Clock::now() >= end) {
+            return code;
+        }
+        std::this_thread::sleep_for(kBetweenTries);
     }
-    const SQLRETURN code =
-        SQLExecDirect(dbSession.statement, OdbcText(translated.c_str()), SQL_NTS);
-    if (!Succeeded(code) && code != SQL_NO_DATA) {
-        RecordFailure(SQL_HANDLE_STMT, dbSession.statement, sqlText);
+}
+
+// Keeps why a statement failed, and makes a lost session ready for the next one. `isKept`: what it did
+// was kept at once, if it was done.
+void TakeFailure(Failure failure, bool isKept)
+{
+    State &state = Current();
+    const bool lost = failure.kind == Kind::ConnectionLost;
+    if (lost && isKept) {
+        failure.kind = Kind::OutcomeUnknown;
+    } else if (!lost && IsCancelled()) {
+        failure.kind = Kind::Cancelled;
+    } else if (failure.kind == Kind::Cancelled) {
+        failure.kind = Kind::Refused; // by a limit of the server's own
     }
-    affectedRows = 0;
-    SQLRowCount(dbSession.statement, &affectedRows);
+    Fail(failure);
+    BreakTransaction();
+    if (lost) {
+        Lose();
+        state.failure = std::move(failure);
+    }
+}
+
+// Sends the statement and drops its bindings: a driver refuses one with fewer markers than are bound.
+bool SendBound(bool mayTryAgain, Failure &failure)
+{
+    static thread_local ParameterChanges changes;
+    State &state = Current();
+    Translate(*state.dialect, state.written, bound_parameters::Kinds(), state.translated, changes);
+    bound_parameters::Change(changes);
+    bound_parameters::HandOver(dbSession.statement, *state.dialect);
+    if (state.rowLimit != 0) {
+        SetRowLimit(state.rowLimit);
+    }
+    const SQLRETURN code = Send(mayTryAgain, failure);
+    const bool done = odbc::Succeeded(code) || code == SQL_NO_DATA;
+    if (done) {
+        SQLRowCount(dbSession.statement, &state.affectedRows);
+    }
     SQLFreeStmt(dbSession.statement, SQL_RESET_PARAMS);
-    parameterCount = 0;
+    return done;
 }
 
 void BindColumns(SQLSMALLINT count)
@@ -191,13 +154,22 @@ void BindColumns(SQLSMALLINT count)
 
 SQLRETURN Fetch()
 {
+    State &state = Current();
     // One of the drivers goes on to the last row whatever SQL_ATTR_MAX_ROWS says.
-    if (rowLimit != 0 && fetchedRows++ == rowLimit) {
+    if (!IsDatabaseOpen() || (state.rowLimit != 0 && state.fetchedRows++ == state.rowLimit)) {
         return SQL_NO_DATA;
     }
-    const SQLRETURN code = SQLFetch(dbSession.statement);
-    if (!Succeeded(code) && code != SQL_NO_DATA) {
-        RecordFailure(SQL_HANDLE_STMT, dbSession.statement, translated.c_str());
+    SQLRETURN code = SQL_ERROR;
+    if (IsWanted(state.written)) {
+        code = WatchedStatement([] { return SQLFetch(dbSession.statement); });
+        if (!odbc::Succeeded(code) && code != SQL_NO_DATA) {
+            TakeFailure(Diagnosed(SQL_HANDLE_STMT, dbSession.statement, state.written), false);
+        } else if (code == SQL_NO_DATA) {
+            (void)IsWanted(state.written); // what was cancelled may end as if all were read
+        }
+    }
+    if (state.failure) {
+        BreakTransaction();
     }
     // Another writes no NUL behind a text that it cut.
     for (auto &column : queryResult.columns) {
@@ -206,41 +178,100 @@ SQLRETURN Fetch()
     return code;
 }
 
-void CloseCursor()
+} // namespace
+
+State &session::Current()
 {
-    SQLCloseCursor(dbSession.statement);
-    SQLFreeStmt(dbSession.statement, SQL_UNBIND);
-    if (rowLimit != 0) {
-        LimitRows(0);
-        SetRowLimit(0);
-    }
+    static thread_local State state;
+    return state;
 }
 
-// Opens the connection; on failure it is freed again.
-bool Connect(const char *dsn)
+bool session::IsCancelled()
 {
-    char user[] = "system";
-    // A null password lets every driver take the data source's own.
-    const SQLRETURN code = SQLConnect(
-        dbSession.connection, OdbcText(dsn), SQL_NTS, OdbcText(user), SQL_NTS, nullptr, SQL_NTS);
-    if (Succeeded(code)) {
+    const auto &watch = Current().watch;
+    return watch && watch->IsCancelled();
+}
+
+bool session::IsAbandoned()
+{
+    const auto &watch = Current().watch;
+    return watch && watch->IsAbandoned();
+}
+
+void session::Fail(Failure failure)
+{
+    FailureLog::Instance().Add(failure);
+    Current().failure = std::move(failure);
+}
+
+Failure session::Told(Kind kind, std::string_view statement, const QString &text)
+{
+    return {.kind = kind,
+            .statement = TextFromUtf8(statement),
+            .sqlState = {},
+            .native = 0,
+            .text = text};
+}
+
+Failure session::Diagnosed(SQLSMALLINT handleType, SQLHANDLE handle, std::string_view statement)
+{
+    const auto [sqlState, native, text] = odbc::FirstDiagnostic(handleType, handle);
+    return {.kind = KindOf(*Current().dialect, sqlState.toStdString(), native),
+            .statement = TextFromUtf8(statement),
+            .sqlState = sqlState,
+            .native = native,
+            .text = text};
+}
+
+bool session::RunOwn(const char *text)
+{
+    const SQLRETURN code = Watched(
+        nullptr, [text] { return SQLExecDirect(dbSession.statement, odbc::Text(text), SQL_NTS); });
+    if (odbc::Succeeded(code) || code == SQL_NO_DATA) {
         return true;
     }
-    RecordFailure(SQL_HANDLE_DBC, dbSession.connection, "");
-    SQLFreeHandle(SQL_HANDLE_DBC, dbSession.connection);
-    dbSession.connection = nullptr;
+    Fail(Diagnosed(SQL_HANDLE_STMT, dbSession.statement, text));
     return false;
 }
 
-void ChooseDialect()
+bool session::Execute(const char *sqlText, Step step)
 {
-    char name[64] = "";
-    SQLSMALLINT length = 0;
-    SQLGetInfo(dbSession.connection, SQL_DBMS_NAME, name, sizeof name, &length);
-    dialect = &DialectFor(name);
+    qCDebug(logStatement).noquote() << sqlText;
+    State &state = Current();
+    const bool isAlone = state.transaction == Transaction::None;
+    const bool isKept =
+        step == Step::Commit || (step == Step::Statement && isAlone && !IsRead(sqlText));
+    state.affectedRows = 0;
+    state.failure.reset();
+    if (!IsReady(sqlText, isKept)) {
+        BreakTransaction();
+        bound_parameters::Forget();
+        return false;
+    }
+    state.failure.reset(); // of a first try to open the session again
+    state.written = sqlText;
+    Failure failure;
+    const bool done = SendBound(isAlone || step != Step::Statement, failure);
+    bound_parameters::Forget();
+    if (!done) {
+        TakeFailure(std::move(failure), isKept);
+    }
+    return done;
 }
 
-} // namespace
+void session::CloseCursor()
+{
+    if (IsDatabaseOpen()) {
+        SQLCloseCursor(dbSession.statement);
+        SQLFreeStmt(dbSession.statement, SQL_UNBIND);
+    }
+    if (Current().rowLimit != 0) {
+        LimitRows(0);
+        if (IsDatabaseOpen()) {
+            SetRowLimit(0);
+        }
+    }
+}
 
 QString QueryResult::Text(int column) const
 {
@@ -270,76 +301,14 @@ void QueryResult::Clear()
     }
 }
 
-int ConnectDatabase(const char *dsn)
-{
-    if (!Succeeded(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &dbSession.environment))) {
-        return 0;
-    }
-    auto *const version = reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3); // NOLINT
-    if (!Succeeded(SQLSetEnvAttr(dbSession.environment, SQL_ATTR_ODBC_VERSION, version, 0))) {
-        return 0;
-    }
-    if (!Succeeded(SQLAllocHandle(SQL_HANDLE_DBC, dbSession.environment, &dbSession.connection))) {
-        return 0;
-    }
-    if (!Connect(dsn)) {
-        return 0;
-    }
-    ChooseDialect();
-    translated.reserve(4096);
-    // Exactly SQL_SUCCESS: unlike the steps before it, this one does not accept information.
-    return SQLAllocHandle(SQL_HANDLE_STMT, dbSession.connection, &dbSession.statement)
-            == SQL_SUCCESS
-        ? 1
-        : 0;
-}
-
-void DisconnectDatabase()
-{
-    if (dbSession.statement == nullptr) {
-        return;
-    }
-    SQLFreeHandle(SQL_HANDLE_STMT, dbSession.statement);
-    SQLDisconnect(dbSession.connection);
-    SQLFreeHandle(SQL_HANDLE_DBC, dbSession.connection);
-    SQLFreeHandle(SQL_HANDLE_ENV, dbSession.environment);
-    dbSession = {};
-}
-
-bool IsDatabaseOpen()
-{
-    return dbSession.statement != nullptr;
-}
-
-void BindValue(int number, quint32 value)
-{
-    NextParameter(number, ParameterKind::Integer).integer = static_cast<SQLINTEGER>(value);
-}
-
-void BindValue(int number, double amount)
-{
-    NextParameter(number, ParameterKind::Amount).amount = amount;
-}
-
-void BindValue(int number, const QString &text)
-{
-    const QByteArray bytes = Utf8Cut(text, kMaxTextBytes);
-    std::memcpy(NextParameter(number, ParameterKind::Text).text,
-                bytes.constData(),
-                static_cast<size_t>(bytes.size()) + 1);
-}
-
-void BindValue(int number, Day day)
-{
-    NextParameter(number, ParameterKind::Day).day = OdbcDay(ExistingDate(day));
-}
-
 int RunQuery(const char *sqlText, FetchMode mode)
 {
     queryResult.Clear();
-    ExecuteStatement(sqlText);
     SQLSMALLINT count = 0;
-    SQLRETURN result = SQLNumResultCols(dbSession.statement, &count);
+    SQLRETURN result = SQL_NO_DATA;
+    if (Execute(sqlText, Step::Statement)) {
+        result = SQLNumResultCols(dbSession.statement, &count);
+    }
     if (count == 0) {
         CloseCursor();
         return kQueryNoData;
@@ -351,7 +320,7 @@ int RunQuery(const char *sqlText, FetchMode mode)
     if (mode == FetchMode::All) {
         do {
             result = Fetch();
-        } while (Succeeded(result));
+        } while (odbc::Succeeded(result));
     } else if (mode == FetchMode::One) {
         result = Fetch();
     }
@@ -359,15 +328,21 @@ int RunQuery(const char *sqlText, FetchMode mode)
     return result;
 }
 
+const std::optional<Failure> &LastFailure()
+{
+    return Current().failure;
+}
+
 qint64 AffectedRows()
 {
-    return std::max<qint64>(affectedRows, 0);
+    return std::max<qint64>(Current().affectedRows, 0);
 }
 
 void LimitRows(quint32 rows)
 {
-    rowLimit = rows;
-    fetchedRows = 0;
+    State &state = Current();
+    state.rowLimit = rows;
+    state.fetchedRows = 0;
 }
 
 RowCursor::~RowCursor()
@@ -379,5 +354,6 @@ bool RowCursor::Next()
 {
     queryResult.Clear();
     dbSession.lastFetchStatus = open ? Fetch() : static_cast<qint16>(kQueryNoData);
-    return Succeeded(dbSession.lastFetchStatus);
+    open = odbc::Succeeded(dbSession.lastFetchStatus);
+    return open;
 }

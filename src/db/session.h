@@ -1,17 +1,23 @@
-// The one database session and the one function through which every statement runs.
+// The database session and the one function through which every statement runs; for db/ alone, see
+// query.h for those above.
 //
 // A statement is a fixed text whose parameters are marked "(?)". The caller binds its values, the
-// first marker first, runs it, and reads the row that stands in `queryResult` before the next one
-// overwrites it. Everything happens on the user-interface thread.
+// first marker first (parameters.h), runs it, and reads the row that stands in `queryResult` before
+// the next one overwrites it.
+//
+// A session belongs to the thread that opened it, with all that is named here: an abandoned call
+// (call_watch.h) keeps its thread, and so its handles and its row, to itself.
 #pragma once
 
-#include "base/day.h"
-#include "db/ids.h"
-#include "db/quantities.h"
+#include "db/failure.h"
+#include "db/parameters.h"
 
-#include <QString>
+#include <chrono>
+#include <memory>
+#include <optional>
 
-#include <type_traits>
+class CallWatch;
+struct Dialect;
 
 // What RunQuery and a fetch return, with ODBC's values.
 constexpr int kQuerySuccess = 0;
@@ -66,48 +72,45 @@ struct QueryResult
     void Clear();
 };
 
-extern DbSession dbSession;
-extern QueryResult queryResult;
+extern constinit thread_local DbSession dbSession;
+extern constinit thread_local QueryResult queryResult;
 
 // Opens the session on the ODBC data source `dsn` (UTF-8, at most 254 bytes) as user "system" with
-// the data source's own password, if it names one. Returns 1, or 0 when it cannot be opened; the
-// reason is then in the failure log.
+// the data source's own password, if it names one. Returns 1, or 0 when it cannot be opened, when its
+// engine is not supported or nothing can be written there; the reason is then LastFailure(). A
+// session that could not be opened, or was lost, opens itself again when a statement needs it, after
+// pauses that grow.
 int ConnectDatabase(const char *dsn);
+
+// Aims the session at a data source without opening it: that waits for a statement that needs it after
+// `pause` at the earliest.
+void AimDatabase(const char *dsn, std::chrono::milliseconds pause);
 
 // Closes the session and frees its handles; nothing happens when it is not open.
 void DisconnectDatabase();
 
 [[nodiscard]] bool IsDatabaseOpen();
 
-// Binds parameter `number`, counted from 1, for the next statement only. The value is copied.
-void BindValue(int number, quint32 value);
-void BindValue(int number, double amount); // amounts of money, megabytes and hours
-void BindValue(int number, const QString &text); // cut at 254 bytes of UTF-8
-void BindValue(int number, Day day); // an impossible day becomes the next that exists
+// Tries to open a lost session now, whatever the pause. True when it is open.
+bool ReopenDatabase();
 
-template <typename Tag>
-void BindValue(int number, Id<Tag> id)
-{
-    BindValue(number, id.value);
-}
+// How the session's engine spells things.
+[[nodiscard]] const Dialect &SessionDialect();
 
-template <typename Tag, typename Number>
-void BindValue(int number, Quantity<Tag, Number> quantity)
-{
-    BindValue(number, quantity.value);
-}
+// What other threads may see and stop of this thread's session from now on.
+void WatchCalls(std::shared_ptr<CallWatch> watch);
 
-// Codes as those of db/value_codes.h.
-template <typename Enum>
-void BindValue(int number,
-               Enum code) requires(std::is_same_v<std::underlying_type_t<Enum>, quint32>)
-{
-    BindValue(number, static_cast<quint32>(code));
-}
+// Before a new piece of work: a cancel that the piece before it was sent does not reach it.
+void BeginWork();
+
+// What cancelled work still has to do is done in spite of the cancel.
+void AcceptCancel();
+
+// Whether the session was given up: nobody hears any more of what its thread does.
+[[nodiscard]] bool IsSessionGivenUp();
 
 // Runs one statement with the values just bound. A statement without result columns returns 100
-// whatever happened; its failure is in the failure log (db/failure_log.h). All and One return the
-// last fetch's code: 100 for no row.
+// whatever happened; LastFailure() tells. All and One return the last fetch's code: 100 for no row.
 int RunQuery(const char *sqlText, FetchMode mode);
 
 // Binds `values` in order and runs the statement.
@@ -116,10 +119,12 @@ int RunQuery(const char *sqlText,
              FetchMode mode,
              const Values &...values) requires(sizeof...(Values) > 0)
 {
-    int number = 0;
-    (BindValue(++number, values), ...);
+    BindValues(values...);
     return RunQuery(sqlText, mode);
 }
+
+// Why the last statement, or a fetch of its rows, failed; nothing when it did not.
+[[nodiscard]] const std::optional<Failure> &LastFailure();
 
 // The rows that the last statement changed; 0 when it failed or the driver does not tell.
 [[nodiscard]] qint64 AffectedRows();
@@ -130,6 +135,14 @@ void Execute(const char *sqlText, const Values &...values)
 {
     RunQuery(sqlText, FetchMode::All, values...);
 }
+
+// From BeginTransaction on nothing is kept before CommitTransaction. Each is false when it failed. After
+// a failed statement, or a connection lost inside, every further one fails for the same reason until
+// RollbackTransaction, although some engines would go on and keep what is left.
+[[nodiscard]] bool BeginTransaction();
+[[nodiscard]] bool CommitTransaction();
+void RollbackTransaction(); // also of cancelled work
+[[nodiscard]] bool IsInTransaction();
 
 // The most rows that the next statement may return; 0 for no bound. A list that stops at its
 // capacity says so, since one of the drivers otherwise fetches all there are.

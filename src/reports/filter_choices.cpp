@@ -1,49 +1,31 @@
 #include "reports/filter_choices.h"
 
-#include "db/session.h"
+#include "db/query.h"
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 template <typename IdType>
-std::vector<Named<IdType>> Offered(const char *sqlText)
+Result<std::vector<Named<IdType>>> Offered(const char *sqlText)
 {
-    std::vector<Named<IdType>> offered;
-    RowCursor rows(sqlText);
-    while (rows.Next()) {
-        offered.push_back({queryResult.Id<IdType>(2), queryResult.Text(1)});
-    }
-    return offered;
-}
-
-template <typename IdType>
-QString NameOf(const char *sqlText, IdType id)
-{
-    RunQuery(sqlText, FetchMode::One, id);
-    return queryResult.Text(1);
+    return ReadAll(sqlText, [](const Row &row) {
+        return Named<IdType> {row.Id<IdType>(2), row.Text(1)};
+    });
 }
 
 } // namespace
 
-std::vector<Named<UserId>> OfferedUsers()
+Result<std::vector<Named<UserId>>> OfferedUsers()
 {
     return Offered<UserId>("SELECT username, user_id FROM users WHERE monitored = true");
 }
 
-std::vector<Named<GroupId>> OfferedGroups()
+Result<std::vector<Named<GroupId>>> OfferedGroups()
 {
     return Offered<GroupId>("SELECT name, group_id FROM groups");
-}
-
-QString UserName(UserId userId)
-{
-    return NameOf("SELECT username FROM users WHERE user_id = (?)", userId);
-}
-
-QString GroupName(GroupId groupId)
-{
-    return NameOf("SELECT name FROM groups WHERE group_id = (?)", groupId);
 }
 
 template <typename IdType>

@@ -1,6 +1,7 @@
 // The users and groups that a report can be narrowed to, as the database holds them.
 #pragma once
 
+#include "db/failure.h"
 #include "reports/selection.h"
 
 #include <QStringList>
@@ -14,13 +15,9 @@ struct Named
     QString name;
 };
 
-// Read through the session, in its order.
-[[nodiscard]] std::vector<Named<UserId>> OfferedUsers(); // those that are monitored
-[[nodiscard]] std::vector<Named<GroupId>> OfferedGroups();
-
-// Empty when there is none.
-[[nodiscard]] QString UserName(UserId userId);
-[[nodiscard]] QString GroupName(GroupId groupId);
+// In the database's own order.
+[[nodiscard]] Result<std::vector<Named<UserId>>> OfferedUsers(); // those that are monitored
+[[nodiscard]] Result<std::vector<Named<GroupId>>> OfferedGroups();
 
 // The filter that takes the named ones out of `offered` and leaves the others; a name takes all
 // that bear it. Names that nobody bears are put into `unknown`.

@@ -1,13 +1,37 @@
 #include "service/service_connection.h"
 
+#include <QThread>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Work on another thread may be the last to let go of the link, which belongs to its own.
+void LetGo(ServiceLink *link)
+{
+    if (QThread::currentThread() == link->thread()) {
+        delete link;
+    } else {
+        link->deleteLater();
+    }
+}
+
+} // namespace
 
 ServiceConnection::ServiceConnection(const QDBusConnection &serviceBus) : bus(serviceBus) { }
 
 int ServiceConnection::Connect(Prompt &prompt)
 {
-    link = ServiceLink::Create(bus);
-    if (!link) {
+    link.reset();
+    if (auto created = ServiceLink::Create(bus)) {
+        if (notHeard) {
+            QObject::connect(
+                created.get(), &ServiceLink::NotHeard, created.get(), [this] { notHeard(); });
+        }
+        link = std::shared_ptr<const ServiceLink>(created.release(), [](const ServiceLink *last) {
+            LetGo(const_cast<ServiceLink *>(last)); // NOLINT: it was made as one that may change
+        });
+    } else {
         prompt.Tell(u"Could not create instance"_s);
     }
     return 0;

@@ -13,15 +13,19 @@ const QString kInterface = u"org.tollbrook.Accounting1"_s;
 
 } // namespace
 
-std::unique_ptr<ServiceLink> ServiceLink::Create(const QDBusConnection &bus)
+std::unique_ptr<ServiceLink> ServiceLink::Create(const QDBusConnection &bus, int replyTimeout)
 {
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(kName)) {
         return nullptr;
     }
-    return std::unique_ptr<ServiceLink>(new ServiceLink(bus));
+    return std::unique_ptr<ServiceLink>(new ServiceLink(bus, replyTimeout));
 }
 
-ServiceLink::ServiceLink(const QDBusConnection &serviceBus) : bus(serviceBus) { }
+ServiceLink::ServiceLink(const QDBusConnection &bus, int replyTimeout)
+    : notices(std::make_unique<NoticeQueue>(bus, replyTimeout))
+{
+    connect(notices.get(), &NoticeQueue::NotHeard, this, &ServiceLink::NotHeard);
+}
 
 void ServiceLink::BlockUser(UserId userId) const
 {
@@ -38,5 +42,5 @@ void ServiceLink::Send(const QString &operation, UserId userId) const
     QDBusMessage call = QDBusMessage::createMethodCall(kName, kPath, kInterface, operation);
     call.setAutoStartService(false);
     call << userId.value;
-    bus.send(call);
+    notices->Send(call, userId);
 }

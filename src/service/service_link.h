@@ -2,25 +2,40 @@
 #pragma once
 
 #include "db/ids.h"
+#include "service/notice_queue.h"
 
 #include <QDBusConnection>
+#include <QObject>
+#include <QString>
 
 #include <memory>
 
-// Calls are sent and not waited for; whether they arrive shows nowhere. They never start the
-// service. The interface and its slots stand in org.tollbrook.Accounting1.xml.
-class ServiceLink
+// Notices are sent and not waited for, and never start the service. What becomes of them is told
+// afterwards. The interface and its slots stand in org.tollbrook.Accounting1.xml.
+class ServiceLink : public QObject
 {
-public:
-    // The service's object on `bus`; null when the bus or the service is not there.
-    [[nodiscard]] static std::unique_ptr<ServiceLink> Create(const QDBusConnection &bus);
+    Q_OBJECT
 
+public:
+    static constexpr int kReplyTimeout = 5000; // milliseconds
+
+    // The service's object on `bus`; null when the bus or the service is not there. A notice counts as
+    // not heard when it is not answered within `replyTimeout` milliseconds.
+    [[nodiscard]] static std::unique_ptr<ServiceLink> Create(const QDBusConnection &bus,
+                                                             int replyTimeout = kReplyTimeout);
+
+    // From any thread while the link lives. Notices reach the bus in the order of the calls.
     void BlockUser(UserId userId) const; // slot 7
     void UnblockUser(UserId userId) const; // slot 8
 
+signals:
+    // The service refused the notice of this user, or was not there, or did not answer in time; or the
+    // bus was lost. Comes on the thread that made the link, out of its event loop, once for a notice.
+    void NotHeard(UserId userId, const QString &reason);
+
 private:
-    explicit ServiceLink(const QDBusConnection &bus);
+    ServiceLink(const QDBusConnection &bus, int replyTimeout);
     void Send(const QString &operation, UserId userId) const;
 
-    QDBusConnection bus;
+    std::unique_ptr<NoticeQueue> notices;
 };

@@ -1,9 +1,7 @@
 #include "startup/app_services.h"
 
-#include "db/session.h"
-
 void CloseConnections(const AppServices &services)
 {
-    DisconnectDatabase();
+    services.database.Close();
     services.connection.Disconnect();
 }

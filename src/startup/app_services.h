@@ -3,16 +3,20 @@
 
 #include "base/prompt.h"
 #include "config/config_store.h"
+#include "db/session_thread.h"
 #include "service/service_connection.h"
 #include "service/service_control.h"
+#include "startup/change_news.h"
 
 // Handed down from the start of the program to every window that needs something of it; there is no
 // global way to these. A window may keep the reference: all of them outlive it.
 struct AppServices
 {
     ConfigStore &settings;
+    SessionThread &database;
     const ServiceControl &control;
     ServiceConnection &connection;
+    ChangeNews &news;
     Prompt &prompt;
 };
 

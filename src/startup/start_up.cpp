@@ -1,6 +1,7 @@
 #include "startup/start_up.h"
 
 #include "db/session.h"
+#include "db/session_limits.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,21 @@ void ReadStartUpSettings(const std::optional<QString> &givenDataSource, StartedP
     }
 }
 
+// A number that is 0, or none, leaves the usual limit.
+void SetSessionLimits(const ConfigStore &settings)
+{
+    SessionLimits limits;
+    const auto take = [&settings](const TextValue &value, SessionLimits::Milliseconds &limit) {
+        if (const qint32 seconds = settings.ReadInteger(value); seconds > 0) {
+            limit = std::chrono::seconds(seconds);
+        }
+    };
+    take(values::kDbConnectTimeout, limits.connect);
+    take(values::kDbAnswerTimeout, limits.answer);
+    take(values::kDbLockTimeout, limits.lock);
+    SetLimits(limits);
+}
+
 void OpenDatabase(StartedProgram &program, const std::function<void(StartUpProblem)> &tell)
 {
     const auto report = [&tell](StartUpProblem problem) {
@@ -43,22 +59,17 @@ void OpenDatabase(StartedProgram &program, const std::function<void(StartUpProbl
 
 } // namespace
 
-StartedProgram StartProgram(const StartUpOptions &options,
-                            const std::function<void(StartUpProblem)> &tell)
+StartedProgram::StartedProgram(const StartUpOptions &options,
+                               const std::function<void(StartUpProblem)> &tell)
+    : settings(FolderOf(options))
+    , control(options.bus)
+    , connection(options.bus)
 {
-    StartedProgram program {ConfigStore(FolderOf(options)),
-                            ServiceControl(options.bus),
-                            ServiceConnection(options.bus)};
-    ReadStartUpSettings(options.dataSource, program);
+    ReadStartUpSettings(options.dataSource, *this);
+    SetSessionLimits(settings);
     if (options.opensDatabase) {
-        OpenDatabase(program, tell);
+        OpenDatabase(*this, tell);
     }
-    return program;
-}
-
-AppServices ServicesOf(StartedProgram &program, Prompt &prompt)
-{
-    return {program.settings, program.control, program.connection, prompt};
 }
 
 std::optional<QDBusConnection> BusNamed(const QString &name)

@@ -2,7 +2,9 @@
 // application object, so that a program without windows starts the same way as the console.
 #pragma once
 
-#include "startup/app_services.h"
+#include "config/config_store.h"
+#include "service/service_connection.h"
+#include "service/service_control.h"
 
 #include <functional>
 #include <optional>
@@ -12,7 +14,7 @@ struct StartUpOptions
 {
     QString configFolder {}; // empty: $TOLLBROOK_CONFIG names it, or it is /etc/tollbrook
     std::optional<QString> dataSource {}; // nothing: the settings name it, as "bill dsn"
-    bool opensDatabase = true;
+    bool opensDatabase = true; // on the thread of the start
     // Carries both the service manager and the accounting service; unless given, nobody answers on it.
     QDBusConnection bus {QString()};
 };
@@ -27,6 +29,12 @@ struct StartedProgram
 {
     static constexpr int kDefaultPort = 700;
 
+    // Reads the start-up settings and, unless the options say otherwise, opens the database session on
+    // this thread. A problem is handed to `tell`, if there is such a function, before the next step is
+    // taken, and stops nothing.
+    explicit StartedProgram(const StartUpOptions &options,
+                            const std::function<void(StartUpProblem)> &tell = {});
+
     ConfigStore settings;
     ServiceControl control;
     ServiceConnection connection; // not connected yet
@@ -34,14 +42,6 @@ struct StartedProgram
     int port = kDefaultPort; // the settings' "port"; 0 when there are settings without it
     bool databaseOpen = false;
 };
-
-// Reads the start-up settings and opens the database session. A problem is handed to `tell`, if there
-// is such a function, before the next step is taken, and stops nothing.
-[[nodiscard]] StartedProgram StartProgram(const StartUpOptions &options,
-                                          const std::function<void(StartUpProblem)> &tell = {});
-
-// What the windows of `program` are handed. It refers to `program` and `prompt`, which must outlive it.
-[[nodiscard]] AppServices ServicesOf(StartedProgram &program, Prompt &prompt);
 
 // The message bus called "system" or "session"; nothing for any other name.
 [[nodiscard]] std::optional<QDBusConnection> BusNamed(const QString &name);

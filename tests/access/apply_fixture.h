@@ -1,12 +1,11 @@
-// A user and a group, with service and prompt, for what the sheets store.
+// A user and a group, with service, for what the sheets store.
 #pragma once
 
-#include "access/group_apply.h"
-#include "access/user_apply.h"
 #include "db/value_codes.h"
+#include "running.h"
+#include "service/service_link.h"
 #include "support/core/database_fixture.h"
 #include "support/core/fake_service.h"
-#include "support/core/scripted_prompt.h"
 #include "support/core/statement_recorder.h"
 
 #include <gmock/gmock.h>
@@ -46,12 +45,20 @@ protected:
 
     // The statements that `act` ran.
     template <typename Act>
-    [[nodiscard]] QStringList StatementsOf(Act act)
+    [[nodiscard]] static QStringList StatementsOf(Act act)
     {
         StatementRecorder recorder;
         act();
         return recorder.Take();
     }
 
-    ScriptedPrompt prompt;
+    // Those that change rows.
+    [[nodiscard]] QStringList ChangesOf(const Action &action, bool yes = false)
+    {
+        StatementRecorder recorder;
+        ran = RunAnswering(action, yes);
+        return recorder.TakeChanging();
+    }
+
+    Ran ran; // the last one
 };

@@ -1,12 +1,14 @@
 // Blocks as both sides see them: the order in which word goes to the service and statements run.
 #include "access/blocking.h"
 
+#include "service/service_link.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/fake_service.h"
 #include "support/core/private_bus.h"
 
 #include <QLoggingCategory>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <type_traits>
 
@@ -14,18 +16,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Link = const ServiceLink *;
-
 // A reason, a user and a group cannot stand in each other's place, nor can a number in any of theirs.
-static_assert(std::is_invocable_v<decltype(BlockUser), Link, UserId, BlockReason>);
-static_assert(!std::is_invocable_v<decltype(BlockUser), Link, BlockReason, UserId>);
-static_assert(!std::is_invocable_v<decltype(BlockUser), Link, GroupId, BlockReason>);
-static_assert(!std::is_invocable_v<decltype(BlockUser), Link, quint32, BlockReason>);
-static_assert(!std::is_invocable_v<decltype(BlockUser), Link, UserId, quint32>);
-static_assert(!std::is_invocable_v<decltype(BlockUser), Link, UserId, AccountingMode>);
-static_assert(!std::is_invocable_v<decltype(BlockGroup), Link, UserId, BlockReason>);
-static_assert(!std::is_invocable_v<decltype(BlockGroup), Link, BlockReason, GroupId>);
-static_assert(!std::is_invocable_v<decltype(&ServiceLink::BlockUser), Link, quint32>);
+static_assert(std::is_invocable_v<decltype(BlockUser), ActionRun &, UserId, BlockReason>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), ActionRun &, BlockReason, UserId>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), ActionRun &, GroupId, BlockReason>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), ActionRun &, quint32, BlockReason>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), ActionRun &, UserId, quint32>);
+static_assert(!std::is_invocable_v<decltype(BlockUser), ActionRun &, UserId, AccountingMode>);
+static_assert(!std::is_invocable_v<decltype(BlockGroup), ActionRun &, UserId, BlockReason>);
+static_assert(!std::is_invocable_v<decltype(BlockGroup), ActionRun &, BlockReason, GroupId>);
+static_assert(
+    !std::is_invocable_v<decltype(&ServiceLink::BlockUser), const ServiceLink *, quint32>);
 
 FakeService *witness = nullptr;
 
@@ -65,75 +66,102 @@ struct BlockingTest : EngineFixture
         EngineFixture::TearDown();
     }
 
+    // What reached the service and the driver in order, without the transaction's begin and end.
+    QStringList CallsOf(const std::function<void(ActionRun &)> &body, const ServiceLink *told)
+    {
+        static_cast<void>(service.TakeCalls());
+        EXPECT_TRUE(RunAction({ActionId::ApplyUser, body}, {}, told).IsDone());
+        const QStringList calls = service.TakeCalls();
+        return calls.mid(1, calls.size() - 2);
+    }
+
+    QStringList CallsOf(const std::function<void(ActionRun &)> &body)
+    {
+        return CallsOf(body, link.get());
+    }
+
     QtMessageHandler previous = nullptr;
 };
 TB_ON_EVERY_ENGINE(BlockingTest);
 
 const char kUsers[] = "SELECT user_id, blocked, blockreason FROM users ORDER BY user_id";
 const char kGroups[] = "SELECT group_id, blocked, blockreason FROM groups ORDER BY group_id";
+const QString kMembers = u"SELECT user_id FROM users WHERE group_id = (?)"_s;
+const QString kBlock = u"UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)"_s;
+const QString kUnblock = u"UPDATE users SET blocked = false WHERE user_id = (?)"_s;
 
 } // namespace
 
 TEST_P(BlockingTest, TheServiceIsToldBeforeTheRowChanges)
 {
-    EXPECT_TRUE(BlockUser(link.get(), UserId {2}, BlockReason::Administrator));
-    EXPECT_EQ(service.TakeCalls(),
-              (QStringList {
-                  u"BlockUser 2, no reply"_s,
-                  u"UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)"_s}));
+    const QStringList block = CallsOf([](ActionRun &run) {
+        EXPECT_TRUE(BlockUser(run, UserId {2}, BlockReason::Administrator));
+    });
+    EXPECT_EQ(block, (QStringList {u"BlockUser 2"_s, kBlock}));
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|1|3"_s, u"3|0|0"_s}));
-    static_cast<void>(service.TakeCalls());
-    EXPECT_TRUE(UnblockUser(link.get(), UserId {2}));
-    EXPECT_EQ(service.TakeCalls(),
-              (QStringList {u"UnblockUser 2, no reply"_s,
-                            u"UPDATE users SET blocked = false WHERE user_id = (?)"_s}));
+    const QStringList unblock =
+        CallsOf([](ActionRun &run) { EXPECT_TRUE(UnblockUser(run, UserId {2})); });
+    EXPECT_EQ(unblock, (QStringList {u"UnblockUser 2"_s, kUnblock}));
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|0|3"_s, u"3|0|0"_s}));
 }
 
 TEST_P(BlockingTest, WithoutAConnectionOnlyTheDatabaseChanges)
 {
-    EXPECT_FALSE(BlockUser(nullptr, UserId {1}, BlockReason::Administrator));
-    EXPECT_FALSE(UnblockUser(nullptr, UserId {2}));
-    EXPECT_EQ(service.TakeCalls().filter(u"no reply"_s), QStringList());
+    const auto calls = CallsOf(
+        [](ActionRun &run) {
+            EXPECT_FALSE(BlockUser(run, UserId {1}, BlockReason::Administrator));
+            EXPECT_FALSE(UnblockUser(run, UserId {2}));
+        },
+        nullptr);
+    EXPECT_EQ(calls, (QStringList {kBlock, kUnblock}));
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|1|3"_s, u"2|0|0"_s, u"3|0|0"_s}));
 }
 
 TEST_P(BlockingTest, EveryMemberOfAGroupIsTold)
 {
-    const QString members = u"SELECT user_id FROM users WHERE group_id = (?)"_s;
-    const QString block =
-        u"UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)"_s;
-    BlockGroup(link.get(), GroupId {90}, BlockReason::Administrator);
     EXPECT_EQ(
-        service.TakeCalls(),
+        CallsOf([](ActionRun &run) { BlockGroup(run, GroupId {90}, BlockReason::Administrator); }),
         (QStringList {u"UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)"_s,
                       u"UPDATE users SET blocked = true, blockreason = (?) WHERE group_id = (?)"_s,
-                      members,
-                      u"BlockUser 1, no reply"_s,
-                      block,
-                      u"BlockUser 2, no reply"_s,
-                      block}));
+                      kMembers,
+                      u"BlockUser 1"_s,
+                      kBlock,
+                      u"BlockUser 2"_s,
+                      kBlock}));
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|1|3"_s, u"2|1|3"_s, u"3|0|0"_s}));
     EXPECT_EQ(RowsOf(kGroups), (QStringList {u"80|0|0"_s, u"90|1|3"_s, u"91|0|0"_s}));
 
-    static_cast<void>(service.TakeCalls());
-    const QString unblock = u"UPDATE users SET blocked = false WHERE user_id = (?)"_s;
-    UnblockGroup(link.get(), GroupId {90});
-    EXPECT_EQ(service.TakeCalls(),
+    EXPECT_EQ(CallsOf([](ActionRun &run) { UnblockGroup(run, GroupId {90}); }),
               (QStringList {u"UPDATE groups SET blocked = false WHERE group_id = (?)"_s,
                             u"UPDATE users SET blocked = false WHERE group_id = (?)"_s,
-                            members,
-                            u"UnblockUser 1, no reply"_s,
-                            unblock,
-                            u"UnblockUser 2, no reply"_s,
-                            unblock}));
+                            kMembers,
+                            u"UnblockUser 1"_s,
+                            kUnblock,
+                            u"UnblockUser 2"_s,
+                            kUnblock}));
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|3"_s, u"2|0|3"_s, u"3|0|0"_s}));
+}
+
+TEST_P(BlockingTest, AMemberBlockedByTheAdministratorOutlivesALiftedBlock)
+{
+    Execute("UPDATE groups SET blocked = 1, blockreason = 1 WHERE group_id = 90");
+    Execute("UPDATE users SET blocked = 1, blockreason = 1 WHERE user_id = 1");
+    Execute("UPDATE users SET blocked = 1, blockreason = 3 WHERE user_id = 2");
+    EXPECT_EQ(CallsOf([](ActionRun &run) { LiftGroupBlock(run, GroupId {90}); }),
+              (QStringList {u"UPDATE groups SET blocked = false WHERE group_id = (?)"_s,
+                            u"SELECT user_id FROM users WHERE group_id = (?) AND (blocked = 0 OR "
+                            "blockreason <> 3)"_s,
+                            u"UnblockUser 1"_s,
+                            kUnblock}));
+    EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|1"_s, u"2|1|3"_s, u"3|0|0"_s}));
+    EXPECT_EQ(RowsOf(kGroups), (QStringList {u"80|0|0"_s, u"90|0|1"_s, u"91|0|0"_s}));
 }
 
 TEST_P(BlockingTest, AGroupWithoutMembersIsBlockedAlone)
 {
-    BlockGroup(link.get(), GroupId {91}, BlockReason::Administrator);
-    EXPECT_EQ(service.TakeCalls().filter(u"no reply"_s), QStringList());
+    const auto calls =
+        CallsOf([](ActionRun &run) { BlockGroup(run, GroupId {91}, BlockReason::Administrator); });
+    EXPECT_EQ(calls.filter(u"BlockUser"_s), QStringList());
     EXPECT_EQ(RowsOf(kUsers), (QStringList {u"1|0|0"_s, u"2|0|0"_s, u"3|0|0"_s}));
     EXPECT_EQ(RowsOf(kGroups), (QStringList {u"80|0|0"_s, u"90|0|0"_s, u"91|1|3"_s}));
 }

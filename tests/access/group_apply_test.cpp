@@ -4,10 +4,10 @@ using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 
 namespace {
 
-const char *const kCheck = "SELECT blocked FROM groups WHERE group_id =(?)";
 const char *const kGeneral = "UPDATE groups SET name = (?), descrip = (?) WHERE group_id = (?)";
 const char *const kPortDelete = "DELETE FROM Port_blocked WHERE Group_id=(?) AND port_id=(?)";
 const char *const kMode1 = "UPDATE groups SET mode = 1 WHERE group_id = (?)";
@@ -20,21 +20,20 @@ const char *const kCredits = "SELECT moneydata, moneyusage, data, usage FROM bil
 class GroupApply : public ApplyFixture
 {
 protected:
-    [[nodiscard]] static GroupRecord Record() { return LoadGroup(GroupId {81}).value(); }
+    [[nodiscard]] static GroupRecord Record() { return LoadGroup(GroupId {81}).value().value(); }
 
+    // The changing statements.
     [[nodiscard]] QStringList Apply(const GroupRecord &record)
     {
-        return StatementsOf([&] { applied = ApplyGroup(record, nullptr, prompt); });
+        return ChangesOf(GroupAction(record));
     }
 
-    // The statements of mode, limit, credit and price alone: they come last.
+    // The changing statements of mode, limit, credit and price alone: they come last.
     [[nodiscard]] QStringList ModeStep(const GroupRecord &record)
     {
         const QStringList all = Apply(record);
         return all.mid(all.lastIndexOf(QString::fromLatin1(kPortDelete)) + 1);
     }
-
-    bool applied = false;
 };
 
 } // namespace
@@ -43,39 +42,37 @@ TEST_F(GroupApply, EverythingChangedIsStoredInTheFixedOrder)
 {
     GroupRecord record = Record();
     record.members.Remove(0);
-    ASSERT_TRUE(record.members.Add({UserId {9}, u"zoe"_s}));
-    record.name = u"Front office"_s;
-    record.description = u"ground floor"_s;
+    ASSERT_TRUE(record.members.Add({UserId {9}, u"zoe"_s, kEverybodyGroup}));
+    record.draft.name = u"Front office"_s;
+    record.draft.description = u"ground floor"_s;
     record.block.requested = true;
     record.protocols.allow = true;
     record.protocols.Select(u"HTTP"_s, true);
     record.times.Add({1, u"08.00"_s, u"09.00"_s});
     record.times.grant = true;
-    record.mode = AccountingMode::Traffic;
+    record.draft.mode = AccountingMode::Traffic;
     record.limits.period = LimitPeriod::Day;
     record.limits.traffic = WholeMegabytes {700};
 
     const Texts expected = {
-        kCheck,
         "UPDATE users SET group_id = 80  WHERE user_id = (?)",
         "UPDATE users SET group_id = (?)  WHERE user_id = (?)",
         kGeneral,
         "UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)",
         "UPDATE users SET blocked = true, blockreason = (?) WHERE group_id = (?)",
-        "SELECT user_id FROM users WHERE group_id = (?)",
         "UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)",
         "UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)",
         "UPDATE Groups SET PortAccess = true WHERE Group_id = (?)",
         kPortDelete,
         kPortDelete,
-        "SELECT user_id FROM Port_blocked WHERE Group_id = (?) AND port_id = (?)",
         "INSERT INTO Port_blocked (Group_id, port_id) VALUES ((?), (?))",
         kMode1,
-        kReadLimit,
+        "UPDATE traffic_use SET blocked=false WHERE traf_id=(?)",
         kWriteLimit,
     };
     EXPECT_THAT(Apply(record), ElementsAreArray(Strings(expected)));
-    EXPECT_TRUE(applied);
+    EXPECT_TRUE(ran.IsDone());
+    EXPECT_THAT(ran.asked, IsEmpty());
     EXPECT_THAT(RowsOf("SELECT name, descrip, mode, traflim, trafperiod, blocked, blockreason, "
                        "portaccess, timeaccess FROM groups WHERE group_id = 81"),
                 ElementsAre(u"Front office|ground floor|1|700|1|1|3|1|0"_s));
@@ -89,16 +86,11 @@ TEST_F(GroupApply, AnUntouchedSheetStoresWhatItReadAndTheHiddenPagesState)
 {
     Execute("INSERT INTO port_blocked (group_id, port_id) VALUES (81, 20)");
     const Texts expected = {
-        kCheck,
         kGeneral,
-        kCheck,
         "UPDATE Groups SET PortAccess = false WHERE Group_id = (?)",
-        "SELECT user_id FROM Port_blocked WHERE Group_id = (?) AND port_id = (?)",
-        "SELECT user_id FROM Port_blocked WHERE Group_id = (?) AND port_id = (?)",
         "INSERT INTO Port_blocked (Group_id, port_id) VALUES ((?), (?))",
         kPortDelete,
         "UPDATE groups SET mode = 0 WHERE group_id = (?)",
-        "SELECT blockreason FROM groups WHERE group_id = (?)",
     };
     EXPECT_THAT(Apply(Record()), ElementsAreArray(Strings(expected)));
     EXPECT_THAT(RowsOf("SELECT port_id FROM port_blocked ORDER BY port_id"),
@@ -111,106 +103,67 @@ TEST_F(GroupApply, EachModeRunsItsOwnStatements)
     {
         const char *name;
         void (*change)(GroupRecord &);
+        Texts reads;
         Texts statements;
     };
     const Case cases[] = {
         {"no control",
-         [](GroupRecord &record) { record.mode = AccountingMode::NoControl; },
-         {"UPDATE groups SET mode = 0 WHERE group_id = (?)",
-          "SELECT blockreason FROM groups WHERE group_id = (?)"}},
+         [](GroupRecord &record) { record.draft.mode = AccountingMode::NoControl; },
+         {"SELECT blockreason FROM groups WHERE group_id = (?)"},
+         {"UPDATE groups SET mode = 0 WHERE group_id = (?)"}},
         {"limit",
-         [](GroupRecord &record) { record.mode = AccountingMode::Traffic; },
-         {kMode1, kReadLimit, kWriteLimit}},
+         [](GroupRecord &record) { record.draft.mode = AccountingMode::Traffic; },
+         {kReadLimit},
+         {kMode1, kWriteLimit}},
         {"raised limit",
          [](GroupRecord &record) {
-             record.mode = AccountingMode::Traffic;
+             record.draft.mode = AccountingMode::Traffic;
              record.limits.traffic = WholeMegabytes {10};
-             record.limits.trafficRaised = true;
          },
-         {kMode1,
-          kReadLimit,
+         {kReadLimit,
+          "SELECT traflim FROM groups WHERE group_id = (?)",
           "SELECT trafperiod FROM groups WHERE group_id = (?) ",
           "SELECT traf_id FROM traffic_use WHERE group_id = (?) and period = 2",
-          "UPDATE traffic_use SET blocked=false WHERE traf_id=(?)",
-          kWriteLimit,
           "SELECT traflim, blockreason FROM groups WHERE group_id = (?)",
           "SELECT data FROM traffic_use WHERE traf_id = (?)",
-          "SELECT data, usage FROM billing WHERE group_id = (?) AND mode=1 AND closed=0"}},
+          "SELECT data, usage FROM billing WHERE group_id = (?) AND mode=1 AND closed=0"},
+         {kMode1, "UPDATE traffic_use SET blocked=false WHERE traf_id=(?)", kWriteLimit}},
         {"credit, global price",
-         [](GroupRecord &record) { record.mode = AccountingMode::Provider; },
+         [](GroupRecord &record) { record.draft.mode = AccountingMode::Provider; },
+         {kCredits},
          {"UPDATE Groups SET mode = 2 WHERE Group_id = (?)",
-          kCredits,
           "UPDATE Groups SET own_price = false WHERE Group_id = (?)"}},
         {"staged credit, own price",
          [](GroupRecord &record) {
-             record.mode = AccountingMode::Provider;
+             record.draft.mode = AccountingMode::Provider;
              record.account.credits.push_back({BaseUnits {12.5}, true, {}});
              record.limits.ownPrice = true;
              record.limits.price = 0.25;
          },
+         {kCredits},
          {"UPDATE Groups SET mode = 2 WHERE Group_id = (?)",
           "UPDATE Groups SET credit = (?), creditvalue = (?) WHERE Group_id = (?)",
-          kCredits,
           "UPDATE Groups SET own_price = true WHERE Group_id = (?)",
           "UPDATE Groups SET trafprice = (?) WHERE Group_id = (?)"}},
     };
+    const Texts always = {
+        "SELECT blocked FROM groups WHERE group_id =(?)",
+        "SELECT user_id FROM Port_blocked WHERE Group_id = (?) AND port_id = (?)"};
     for (const Case &each : cases) {
         SCOPED_TRACE(each.name);
+        Execute("UPDATE groups SET traflim = 0 WHERE group_id = 81");
         GroupRecord record = Record();
         each.change(record);
+        const QStringList all =
+            StatementsOf([&] { ran = RunAnswering(GroupAction(record), false); });
+        EXPECT_THAT(all, IsSupersetOf(Strings(always)));
+        EXPECT_THAT(all, IsSupersetOf(Strings(each.reads)));
+        Execute("UPDATE groups SET traflim = 0 WHERE group_id = 81");
         EXPECT_THAT(ModeStep(record), ElementsAreArray(Strings(each.statements)));
     }
-    EXPECT_THAT(
-        RowsOf("SELECT mode, credit, creditvalue, own_price, trafprice, traflim FROM groups "
-               "WHERE group_id = 81"),
-        ElementsAre(u"2|2.0|12.5|1|0.25|10"_s));
-}
-
-TEST_F(GroupApply, BlocksFollowTheBoxAndTheLimitsRules)
-{
-    struct Case
-    {
-        const char *name;
-        bool blocked;
-        quint32 reason;
-        std::optional<bool> click;
-        quint32 newLimit; // 0: not raised
-        const char *group;
-        const char *member;
-    };
-    const Case cases[] = {
-        {"blocked by the box", false, 0, true, 0, "1|3", "1"},
-        {"released by the box", true, 3, false, 0, "0|3", "0"},
-        {"the service's block stays", true, 1, {}, 0, "1|1", "1"},
-        {"reason 4 is no box either", true, 4, {}, 0, "1|4", "1"},
-        {"lifted by a raised limit", true, 1, {}, 200, "0|1", "0"},
-        {"still used up", true, 1, {}, 150, "1|1", "1"},
-        {"not above the stored limit", true, 1, {}, 90, "1|1", "1"},
-        {"the administrator's block is never lifted", true, 3, {}, 200, "1|3", "1"},
-    };
-    for (const Case &each : cases) {
-        SCOPED_TRACE(each.name);
-        Execute("DELETE FROM traffic_use");
-        Execute("UPDATE groups SET mode = 1, traflim = 100, blocked = (?), blockreason = (?) "
-                "WHERE group_id = 81",
-                quint32 {each.blocked},
-                each.reason);
-        Execute("UPDATE users SET blocked = (?) WHERE group_id = 81", quint32 {each.blocked});
-        Execute("INSERT INTO traffic_use (group_id, period, data, blocked) VALUES (81, 2, 150, 1)");
-        GroupRecord record = Record();
-        record.block.requested = each.click.value_or(record.block.requested);
-        if (each.newLimit != 0) {
-            record.limits.traffic = WholeMegabytes {each.newLimit};
-            record.limits.trafficRaised = true;
-        }
-        (void)Apply(record);
-        EXPECT_THAT(RowsOf("SELECT blocked, blockreason FROM groups WHERE group_id = 81"),
-                    ElementsAre(QString::fromLatin1(each.group)));
-        EXPECT_THAT(RowsOf("SELECT blocked FROM users WHERE user_id = 1"),
-                    ElementsAre(QString::fromLatin1(each.member)));
-        EXPECT_THAT(RowsOf("SELECT blocked FROM traffic_use"),
-                    ElementsAre(each.newLimit > 100 ? u"0"_s : u"1"_s));
-    }
+    EXPECT_THAT(RowsOf("SELECT mode, credit, creditvalue, own_price, trafprice FROM groups "
+                       "WHERE group_id = 81"),
+                ElementsAre(u"2|2.0|12.5|1|0.25"_s));
 }
 
 TEST_F(GroupApply, NothingIsWrittenForAGroupThatIsGone)
@@ -221,11 +174,43 @@ TEST_F(GroupApply, NothingIsWrittenForAGroupThatIsGone)
     record.block.requested = true;
     Execute("DELETE FROM groups WHERE group_id = 81");
     const QStringList before = EveryRow();
-    EXPECT_THAT(Apply(record), ElementsAre(QString::fromLatin1(kCheck)));
-    EXPECT_FALSE(applied);
-    EXPECT_EQ(prompt.TakeSaid().size(), 1);
+    EXPECT_THAT(Apply(record), IsEmpty());
+    EXPECT_EQ(ran.outcome.state, Outcome::State::Refused);
+    EXPECT_EQ(ran.outcome.refusal,
+              u"This group has been deleted meanwhile. Nothing was changed."_s);
     EXPECT_EQ(EveryRow(), before);
-    EXPECT_FALSE(LoadGroup(GroupId {81}));
+    EXPECT_EQ(LoadGroup(GroupId {81}).value(), std::nullopt);
+}
+
+TEST_F(GroupApply, NobodyIsMovedToEverybodyWhenThatIsGone)
+{
+    Execute("DELETE FROM groups WHERE group_id = 80");
+    GroupRecord record = Record();
+    EXPECT_FALSE(Apply(record).isEmpty());
+    record.members.Remove(0);
+    EXPECT_THAT(Apply(record), IsEmpty());
+    EXPECT_EQ(ran.outcome.state, Outcome::State::Refused);
+    EXPECT_THAT(RowsOf("SELECT group_id FROM users WHERE user_id = 1"), ElementsAre(u"81"_s));
+}
+
+TEST_F(GroupApply, TheOutcomeTellsTheRowsThatChanged)
+{
+    GroupRecord record = Record();
+    record.members.Remove(0);
+    ASSERT_TRUE(record.members.Add({UserId {9}, u"zoe"_s, kEverybodyGroup}));
+    record.protocols.Select(u"HTTP"_s, true);
+    (void)Apply(record);
+    ASSERT_EQ(ran.outcome.changes.size(), 3);
+    EXPECT_EQ(ran.outcome.changes[0],
+              (Change {u"users"_s, u"1"_s, {u"group_id=81"_s}, {u"group_id=80"_s}}));
+    EXPECT_EQ(ran.outcome.changes[1],
+              (Change {u"users"_s, u"9"_s, {u"group_id=80"_s}, {u"group_id=81"_s}}));
+    EXPECT_EQ(ran.outcome.changes[2].table, u"port_blocked"_s);
+
+    record = Record();
+    record.block.requested = true;
+    (void)Apply(record);
+    EXPECT_EQ(ran.outcome.changes.size(), 3) << "the group and its two members";
 }
 
 TEST_F(GroupApply, LoadingRunsItsStatementsInOrder)
@@ -239,7 +224,9 @@ TEST_F(GroupApply, LoadingRunsItsStatementsInOrder)
         "SELECT TimeAccess FROM groups WHERE group_id = (?)",
         "SELECT PortAccess FROM groups WHERE group_id = (?)",
         "SELECT id, Proto_name FROM Protocols ORDER BY Proto_name ASC",
+        "SELECT Port_id FROM Ports WHERE Proto_id = (?)",
+        "SELECT user_id FROM Port_blocked WHERE group_id = (?) AND port_id = (?)",
     };
-    EXPECT_THAT(StatementsOf([] { (void)LoadGroup(GroupId {81}); }).mid(0, 8),
+    EXPECT_THAT(StatementsOf([] { (void)LoadGroup(GroupId {81}); }).mid(0, 10),
                 ElementsAreArray(Strings(expected)));
 }

@@ -1,20 +1,20 @@
-// The program is killed before each of its statements in turn; what is left must be accepted by the
-// database's check or named by it.
+// The program is killed before each of its statements in turn: what is left is the state before the
+// action or the state after it, and never anything between.
 #include "access/list_commands.h"
+#include "access/many_users.h"
 #include "apply_fixture.h"
 #include "db/check.h"
 #include "support/core/test_data_source.h"
 
 #include <QLoggingCategory>
-#include <QSet>
 
 #include <csignal>
 #include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 namespace {
 
@@ -31,38 +31,36 @@ void KillBeforeStatement(QtMsgType, const QMessageLogContext &context, const QSt
 class Interrupted : public ApplyFixture
 {
 protected:
-    struct Findings
-    {
-        QSet<QString> onTheWay; // after any of the kills
-        QStringList atTheEnd;
-        int kills = 0;
-    };
-
     // Runs `act` in a process of its own, killed before its first, second, ... statement, each time
-    // on the same rows, until it comes to its end.
-    template <typename Act>
-    Findings KillEverywhere(void (*prepare)(), Act act)
+    // on the same rows, until it comes to its end; how often it was killed. The rows of the last run
+    // are left.
+    int KillEverywhere(void (*prepare)(), void (*act)())
     {
-        Findings findings;
+        QList<QStringList> others; // states that are not the one before
+        int kills = 0;
         for (bool finished = false; !finished;) {
             TearDown();
             SetUp();
             prepare();
-            EXPECT_THAT(Check(), IsEmpty()) << "before";
+            const QStringList before = EveryRow();
             TearDown();
-            finished = RunUntil(findings.kills, act);
+            finished = RunUntil(kills, act);
             test_data_source::OpenSession(Dsn());
-            const QStringList found = Check();
+            const QStringList left = EveryRow();
             if (finished) {
-                findings.atTheEnd = found;
+                EXPECT_NE(left, before) << "the action has changed nothing";
+                EXPECT_THAT(others, testing::Each(left));
             } else {
-                findings.onTheWay += QSet<QString>(found.begin(), found.end());
-                ++findings.kills;
+                ++kills;
+                if (left != before) {
+                    others << left;
+                }
             }
         }
-        return findings;
+        return kills;
     }
 
+    // What the database's check names.
     [[nodiscard]] static QStringList Check()
     {
         const CheckResult result = CheckDatabase(Dsn());
@@ -72,8 +70,7 @@ protected:
 
 private:
     // The session is closed here: the other process opens its own.
-    template <typename Act>
-    static bool RunUntil(int statement, Act act)
+    static bool RunUntil(int statement, void (*act)())
     {
         const pid_t child = fork();
         if (child == 0) {
@@ -90,136 +87,134 @@ private:
     }
 };
 
-// Says Yes to everything.
-class Yes : public Prompt
+UserRecord User()
 {
-public:
-    void Tell(const QString &, Icon, const QString &) override { }
-    [[nodiscard]] bool Ask(const QString &, const QString &) override { return true; }
-};
+    return LoadUser(UserId {1}).value().value();
+}
+
+// Says Yes to everything.
+void Do(const Action &action)
+{
+    (void)RunAnswering(action, true);
+}
+
+void NothingMore() { }
 
 } // namespace
 
-TEST_F(Interrupted, AUsersRaisedLimitsLeaveNothingToName)
+TEST_F(Interrupted, AUsersSheetIsStoredAsAWhole)
 {
     const auto prepare = [] {
         Execute("UPDATE users SET mode = 1, traflim = 100, blocked = 1, blockreason = 1 "
                 "WHERE user_id = 1");
         Execute("INSERT INTO traffic_use (user_id, period, data, blocked) VALUES (1, 2, 150, 1)");
     };
-    const Findings findings = KillEverywhere(prepare, [] {
-        UserRecord record = LoadUser(UserId {1}).value();
-        record.draft.ipAddress = u"10.0.0.77"_s;
+    const int kills = KillEverywhere(prepare, [] {
+        UserRecord record = User();
+        record.draft.ipAddress = u"10.0.0.2"_s;
         record.draft.groupId = kEverybodyGroup;
         record.times.Add({1, u"08:00:00"_s, u"09:00:00"_s});
         record.protocols.Select(u"FTP"_s, true);
-        record.mode = AccountingMode::TrafficAndTime;
+        record.draft.mode = AccountingMode::TrafficAndTime;
         record.limits.traffic = WholeMegabytes {200};
-        record.limits.trafficRaised = true;
         record.limits.time = WholeHours {8};
-        record.limits.timeRaised = true;
-        Yes yes;
-        (void)ApplyUser(record, nullptr, yes);
+        Do(UserAction(record));
     });
-    EXPECT_GT(findings.kills, 30);
-    EXPECT_THAT(findings.onTheWay, IsEmpty());
-    EXPECT_THAT(findings.atTheEnd, IsEmpty());
-    EXPECT_THAT(RowsOf("SELECT mode, traflim, timelim, blocked FROM users WHERE user_id = 1"),
-                testing::ElementsAre(u"5|200|8|0"_s));
+    EXPECT_GT(kills, 60);
+    EXPECT_THAT(Check(), IsEmpty());
+    EXPECT_THAT(RowsOf("SELECT mode, traflim, timelim, blocked, ip_addr FROM users "
+                       "WHERE user_id < 9"),
+                ElementsAre(u"5|200|8|0|10.0.0.2"_s));
 }
 
-TEST_F(Interrupted, AUserWithoutControlIsNamedWhileItsBlockStands)
+TEST_F(Interrupted, ABlockIsLiftedWithItsLimit)
 {
     const auto prepare = [] {
         Execute("UPDATE users SET mode = 1, blocked = 1, blockreason = 1 WHERE user_id = 1");
     };
-    const Findings findings = KillEverywhere(prepare, [] {
-        UserRecord record = LoadUser(UserId {1}).value();
-        record.mode = AccountingMode::NoControl;
-        Yes yes;
-        (void)ApplyUser(record, nullptr, yes);
+    (void)KillEverywhere(prepare, [] {
+        UserRecord record = User();
+        record.draft.mode = AccountingMode::NoControl;
+        Do(UserAction(record));
     });
-    EXPECT_THAT(findings.onTheWay,
-                UnorderedElementsAre(
-                    u"1 users are blocked for a used-up limit although they have none."_s));
-    EXPECT_THAT(findings.atTheEnd, IsEmpty());
+    EXPECT_THAT(Check(), IsEmpty());
 }
 
-TEST_F(Interrupted, AnOwnPriceIsNamedUntilItIsThere)
+TEST_F(Interrupted, AnOwnPriceComesWithItsFlag)
 {
-    const Findings findings = KillEverywhere([] {},
-                                             [] {
-                                                 UserRecord record = LoadUser(UserId {1}).value();
-                                                 record.mode = AccountingMode::Provider;
-                                                 record.limits.ownPrice = true;
-                                                 record.limits.price = 2.5;
-                                                 Yes yes;
-                                                 (void)ApplyUser(record, nullptr, yes);
-                                             });
-    EXPECT_THAT(findings.onTheWay,
-                UnorderedElementsAre(u"1 users have a price of their own that is 0 or less."_s));
-    EXPECT_THAT(findings.atTheEnd, IsEmpty());
+    (void)KillEverywhere(NothingMore, [] {
+        UserRecord record = User();
+        record.draft.mode = AccountingMode::Provider;
+        record.limits.ownPrice = true;
+        record.limits.price = 2.5;
+        Do(UserAction(record));
+    });
+    EXPECT_THAT(Check(), IsEmpty());
 }
 
-// Only the other user's row is removed; what was counted for it is left, and named for good.
-TEST_F(Interrupted, WhatAUserThatLostItsAddressLeavesIsNamed)
+TEST_F(Interrupted, AGroupsSheetIsStoredAsAWhole)
+{
+    const int kills = KillEverywhere(NothingMore, [] {
+        GroupRecord record = LoadGroup(GroupId {81}).value().value();
+        record.members.Remove(0);
+        (void)record.members.Add({UserId {9}, u"zoe"_s, kEverybodyGroup});
+        record.block.requested = true;
+        record.protocols.Select(u"FTP"_s, true);
+        record.draft.mode = AccountingMode::Traffic;
+        record.limits.traffic = WholeMegabytes {5};
+        Do(GroupAction(record));
+    });
+    EXPECT_GT(kills, 50);
+    EXPECT_THAT(Check(), IsEmpty());
+    EXPECT_THAT(RowsOf("SELECT user_id, group_id, blocked FROM users ORDER BY user_id"),
+                ElementsAre(u"1|80|0"_s, u"2|81|1"_s, u"9|81|1"_s));
+}
+
+TEST_F(Interrupted, UsersAreDeletedWithAllThatWasCounted)
 {
     const auto prepare = [] {
-        Execute("INSERT INTO traffic_use (user_id, period) VALUES (2, 2)");
-        Execute("INSERT INTO logins (login, userid) VALUES ('bert', 2)");
-    };
-    const Findings findings = KillEverywhere(prepare, [] {
-        UserRecord record = LoadUser(UserId {1}).value();
-        record.draft.ipAddress = u"10.0.0.2"_s;
-        Yes yes;
-        (void)ApplyUser(record, nullptr, yes);
-    });
-    const auto left =
-        UnorderedElementsAre(u"1 traffic records belong to a user that does not exist."_s,
-                             u"1 logins are bound to a user that does not exist."_s);
-    EXPECT_THAT(findings.onTheWay, left);
-    EXPECT_THAT(findings.atTheEnd, left);
-}
-
-TEST_F(Interrupted, MembersAreNamedUntilTheirGroupsBlockHasReachedThem)
-{
-    const Findings findings = KillEverywhere([] {},
-                                             [] {
-                                                 GroupRecord record =
-                                                     LoadGroup(GroupId {81}).value();
-                                                 record.members.Remove(0);
-                                                 (void)record.members.Add({UserId {9}, u"zoe"_s});
-                                                 record.block.requested = true;
-                                                 record.mode = AccountingMode::Traffic;
-                                                 record.limits.traffic = WholeMegabytes {5};
-                                                 Yes yes;
-                                                 (void)ApplyGroup(record, nullptr, yes);
-                                             });
-    EXPECT_THAT(findings.onTheWay,
-                UnorderedElementsAre(u"2 users are open although their group is blocked."_s));
-    EXPECT_THAT(findings.atTheEnd, IsEmpty());
-}
-
-TEST_F(Interrupted, ADeletionIsNamedUntilItIsDone)
-{
-    const auto prepare = [] {
-        Execute("INSERT INTO traffic_use (traf_id, user_id, period) VALUES (1, 1, 2)");
-        Execute("INSERT INTO time_use (user_id, period) VALUES (1, 2)");
+        for (const quint32 user : {1U, 2U}) {
+            Execute("INSERT INTO traffic_use (user_id, period) VALUES ((?), 2)", user);
+            Execute("INSERT INTO time_use (user_id, period) VALUES ((?), 2)", user);
+            Execute("INSERT INTO siteaccess (user_id, site_id) VALUES ((?), 1)", user);
+            Execute("INSERT INTO billing (mode, object_id, data) VALUES (2, (?), 5)", user);
+            Execute("INSERT INTO logins (login, userid) VALUES ((?), (?))",
+                    QString::number(user),
+                    user);
+        }
         Execute("INSERT INTO sites (site_id, sitename) VALUES (1, 'example.org')");
-        Execute("INSERT INTO siteaccess (user_id, site_id) VALUES (1, 1)");
-        Execute("INSERT INTO billing (mode, object_id, data, closed) VALUES (2, 1, 5, 1)");
-        Execute("UPDATE billing SET unlimited = 1");
-        Execute("INSERT INTO logins (login, userid) VALUES ('anna', 1)");
     };
-    const Findings user = KillEverywhere(prepare, [] { DeleteUser(UserId {1}); });
-    EXPECT_EQ(user.onTheWay.size(), 5);
-    EXPECT_THAT(user.atTheEnd, IsEmpty());
+    const int kills = KillEverywhere(prepare, [] {
+        Do(DeleteUsersAction({UserId {1}, UserId {2}}));
+    });
+    EXPECT_GT(kills, 14);
+    EXPECT_THAT(Check(), IsEmpty());
+    EXPECT_THAT(RowsOf("SELECT user_id FROM users"), ElementsAre(u"9"_s));
+}
 
-    const Findings group = KillEverywhere([] {}, [] { DeleteGroupOfList(GroupId {81}); });
-    EXPECT_THAT(group.onTheWay,
-                UnorderedElementsAre(u"2 users belong to a group that does not exist."_s));
-    EXPECT_THAT(group.atTheEnd, IsEmpty());
-    const Findings safer = KillEverywhere([] {}, [] { DeleteGroupOfDialog(GroupId {81}); });
-    EXPECT_THAT(safer.onTheWay, IsEmpty());
-    EXPECT_THAT(safer.atTheEnd, IsEmpty());
+TEST_F(Interrupted, TheOtherCommandsAreAllOrNothingToo)
+{
+    void (*const commands[])() = {
+        [] { Do(DeleteGroupOfListAction(GroupId {81})); },
+        [] { Do(DeleteGroupOfDialogAction(GroupId {81})); },
+        [] {
+            Do(MoveUsersAction({UserId {1}, UserId {2}}, kEverybodyGroup));
+        },
+        [] {
+            Do(StopMonitoringAction({UserId {1}, UserId {2}}));
+        },
+        [] { Do(RenameGroupAction(GroupId {81}, u"Sales"_s)); },
+        [] { Do(AddGroupAction(u"Sales"_s, std::make_shared<GroupId>())); },
+        [] {
+            Do(SetModeAndLimitsAction({UserId {1}, UserId {2}},
+                                      {.mode = AccountingMode::Traffic,
+                                       .traffic = WholeMegabytes {7},
+                                       .time = {},
+                                       .period = LimitPeriod::Day}));
+        },
+    };
+    for (const auto command : commands) {
+        EXPECT_GT(KillEverywhere(NothingMore, command), 2);
+        EXPECT_THAT(Check(), IsEmpty());
+    }
 }

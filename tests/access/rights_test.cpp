@@ -3,8 +3,9 @@
 #include "access/limits.h"
 #include "access/many_users.h"
 #include "access/member_table.h"
-#include "access/protocol_choice.h"
+#include "access/stored_protocols.h"
 #include "access/time_ranges.h"
+#include "actions/action_run.h"
 #include "db/value_codes.h"
 #include "support/core/database_fixture.h"
 #include "support/core/statement_recorder.h"
@@ -13,6 +14,7 @@
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 namespace {
 
@@ -80,9 +82,9 @@ TEST(BlockState, TheBoxOpensByWhoBlocked)
     };
     for (const auto &[blocked, reason, user, group] : cases) {
         SCOPED_TRACE(static_cast<quint32>(reason));
-        const BlockState userState = UserBlockState(blocked, reason);
+        const BlockState userState = UserBlockState({blocked, reason});
         EXPECT_EQ(std::pair(userState.requested, userState.editable), user);
-        const BlockState groupState = GroupBlockState(blocked, reason);
+        const BlockState groupState = GroupBlockState({blocked, reason});
         EXPECT_EQ(std::pair(groupState.requested, groupState.editable), group);
     }
 }
@@ -101,34 +103,48 @@ TEST(Limits, EachModeOpensItsFields)
     }
 }
 
-TEST_F(Rights, ALimitIsRaisedOnlyAboveTheStoredOneAsItIsNow)
+TEST_F(Rights, LimitsAreShownAsTheyAreNowWhereNothingWasChanged)
 {
     LimitsDraft draft;
-    draft.stored = ReadLimits(kUser);
-    Execute("UPDATE users SET traflim = 300 WHERE user_id = 1");
-    const std::tuple<quint32, quint32, bool, bool> cases[] = {
-        {300, 10, false, false},
-        {301, 11, true, true},
-        {200, 9, false, false},
-        {2147483647, 2147483647, true, true},
-    };
-    for (const auto &[traffic, time, trafficRaised, timeRaised] : cases) {
-        StageTrafficLimit(kUser, WholeMegabytes {traffic}, draft);
-        StageTimeLimit(kUser, WholeHours {time}, draft);
-        EXPECT_EQ(draft.trafficRaised, trafficRaised) << traffic;
-        EXPECT_EQ(draft.timeRaised, timeRaised) << time;
-        EXPECT_EQ(draft.Staged().traffic.value, traffic);
-        EXPECT_EQ(draft.Staged().time.value, time);
+    draft.stored = ReadLimits(kUser).value().value();
+    EXPECT_EQ(draft.stored,
+              (Limits {.period = LimitPeriod::Month,
+                       .timePeriod = LimitPeriod::Month,
+                       .traffic = WholeMegabytes {100},
+                       .time = WholeHours {10},
+                       .ownPrice = false,
+                       .price = 0}));
+    draft.traffic = WholeMegabytes {150};
+    draft.period = LimitPeriod::Day;
+    Execute("UPDATE users SET traflim = 300, timelim = 30, trafperiod = 0, timeperiod = 0, "
+            "own_price = 1, trafprice = 2.5 WHERE user_id = 1");
+    draft.TakeStored(ReadLimits(kUser).value().value());
+    EXPECT_EQ(draft.Staged(),
+              (Limits {.period = LimitPeriod::Day,
+                       .timePeriod = LimitPeriod::Day,
+                       .traffic = WholeMegabytes {150},
+                       .time = WholeHours {30},
+                       .ownPrice = true,
+                       .price = 2.5}));
+    EXPECT_EQ(draft.stored.traffic, WholeMegabytes {100}) << "what it was changed from";
+    EXPECT_EQ(draft.stored.period, LimitPeriod::Month);
+    EXPECT_EQ(draft.stored.timePeriod, LimitPeriod::Month);
+}
+
+TEST_F(Rights, OfAnOwnerThatIsGoneNothingIsRead)
+{
+    for (const Owner &owner : {Owner {UserId {77}}, Owner {GroupId {77}}}) {
+        EXPECT_EQ(ReadLimits(owner).value(), std::nullopt);
+        EXPECT_EQ(ReadTimeAccess(owner).value(), std::nullopt);
+        EXPECT_FALSE(ReadProtocolChoice(owner).value());
     }
-    EXPECT_EQ(draft.Staged().period, LimitPeriod::Month);
 }
 
 TEST_F(Rights, AddedRangesBeyondTheHundredthAreShownButNotKept)
 {
     TimeRanges ranges;
-    ranges.Open(kUser);
-    EXPECT_FALSE(ranges.grant);
-    ranges.Rebuild();
+    ranges.Open(false);
+    ranges.Rebuild({});
     for (quint32 i = 0; i < 101; ++i) {
         ranges.Add({1 + i % 7, u"08:00:00"_s, u"09:00:%1"_s.arg(i, 2, 10, QChar(u'0'))});
     }
@@ -136,11 +152,9 @@ TEST_F(Rights, AddedRangesBeyondTheHundredthAreShownButNotKept)
     EXPECT_EQ(ranges.Added().size(), 100U);
     ranges.Delete(100);
     ranges.Add({1, u"10:00:00"_s, u"11:00:00"_s});
-    ranges.Rebuild();
+    ranges.Rebuild({});
     EXPECT_EQ(ranges.Shown().size(), 100U);
-    ranges.Save();
-    EXPECT_THAT(RowsOf("SELECT count(*) FROM time_blocked WHERE user_id = 1"),
-                ElementsAre(u"100"_s));
+    EXPECT_EQ(ranges.Added().size(), 100U);
 }
 
 TEST_F(Rights, DeletedRangesAreForgottenOrRemoved)
@@ -149,9 +163,11 @@ TEST_F(Rights, DeletedRangesAreForgottenOrRemoved)
         "INSERT INTO time_blocked (tb_id, user_id, group_id, dayofweek, timestart, timestop) VALUES "
         "(1, 1, NULL, 2, '09:00:00', '10:00:00'), (2, 1, NULL, 1, '09:00:00', '10:00:00'), "
         "(3, NULL, 81, 1, '09.00', '10.00'), (4, 1, NULL, 1, '07:00:00', '08:00:00')");
+    const auto stored = ReadTimeRanges(kUser).value();
     TimeRanges ranges;
-    ranges.Open(kUser);
-    ranges.Rebuild();
+    ranges.Open(ReadTimeAccess(kUser).value().value());
+    EXPECT_FALSE(ranges.grant);
+    ranges.Rebuild(stored);
     const TimeRange monday {1, u"12:00:00"_s, u"13:00:00"_s};
     const TimeRange sunday {7, u"12:00:00"_s, u"13:00:00"_s};
     ranges.Add(monday);
@@ -167,16 +183,22 @@ TEST_F(Rights, DeletedRangesAreForgottenOrRemoved)
     ranges.Delete(0);
     EXPECT_THAT(ranges.Added(), ElementsAre(sunday));
     EXPECT_THAT(ranges.Deleted(), ElementsAre(RangeId {1}, RangeId {4}));
-    ranges.Rebuild();
+    ranges.Rebuild(stored);
     EXPECT_EQ(ranges.Shown().size(), 2U);
-    ranges.Save();
-    EXPECT_THAT(RowsOf("SELECT tb_id, dayofweek FROM time_blocked ORDER BY tb_id"),
-                ElementsAre(u"2|1"_s, u"3|1"_s, u"5|7"_s));
 
-    ranges.Open(kGroup);
-    ranges.Rebuild();
+    ranges.Open(ReadTimeAccess(kGroup).value().value());
     EXPECT_TRUE(ranges.grant);
-    EXPECT_THAT(ranges.Shown(), ElementsAre(TimeRange {1, u"09.00"_s, u"10.00"_s}));
+    EXPECT_TRUE(ranges.StoredGrant());
+    EXPECT_THAT(ranges.Deleted(), IsEmpty());
+    EXPECT_THAT(ReadTimeRanges(kGroup).value(),
+                ElementsAre(StoredRange {RangeId {3}, {1, u"09.00"_s, u"10.00"_s}}));
+}
+
+TEST_F(Rights, AThousandRangesAreTheMostThatAreLoaded)
+{
+    InsertMany(
+        "INSERT INTO time_blocked (user_id, dayofweek, timestart) VALUES (1, 1, (?))", 1000, 1001);
+    EXPECT_EQ(ReadTimeRanges(kUser).value().size(), TimeRanges::kMostLoaded);
 }
 
 TEST(TimeRanges, DaysAreCountedFromMonday)
@@ -200,21 +222,31 @@ TEST_F(Rights, OnlyTheFirstHundredProtocolsAndPortsCount)
     Execute("INSERT INTO port_blocked (user_id, port_id) SELECT 1, port_id FROM ports "
             "WHERE port_number = 50");
 
-    ProtocolChoice choice = ReadProtocolChoice(kUser);
+    ProtocolChoice choice = ReadProtocolChoice(kUser).value().value();
     ASSERT_EQ(choice.protocols.size(), 100U);
     EXPECT_EQ(choice.protocols.back().name, u"p1098"_s);
     EXPECT_EQ(choice.protocols.front().ports.size(), 100U);
     EXPECT_THAT(choice.Names(true), ElementsAre(u"first"_s));
-    SaveProtocolChoice(kUser, choice);
+    const auto store = [&] {
+        const ProtocolChoice now = ReadProtocolsToStore(kUser).value().value();
+        const ProtocolChoice settled = SettleProtocols(choice, now);
+        EXPECT_TRUE(RunAction({ActionId::ApplyUser,
+                               [&](ActionRun &run) { WriteProtocols(run, kUser, settled); }},
+                              {},
+                              nullptr)
+                        .IsDone());
+        return settled.ChangesPorts();
+    };
+    EXPECT_TRUE(store());
     EXPECT_THAT(RowsOf("SELECT count(*) FROM port_blocked WHERE user_id = 1"),
                 ElementsAre(u"101"_s));
     const QStringList stored = EveryRow();
-    SaveProtocolChoice(kUser, choice);
+    EXPECT_FALSE(store());
     EXPECT_EQ(EveryRow(), stored);
 
     choice.Select(u"first"_s, false);
     choice.Select(u"no such"_s, true);
-    SaveProtocolChoice(kUser, choice);
+    EXPECT_TRUE(store());
     EXPECT_THAT(RowsOf("SELECT port_id FROM port_blocked"), ElementsAre(u"5000"_s));
 }
 
@@ -231,60 +263,101 @@ TEST_F(Rights, OfTwoProtocolsOfOneNameTheFirstIsMarked)
     EXPECT_TRUE(choice.protocols.back().selected);
 }
 
-TEST_F(Rights, MembersAreStagedAndAThousandIsTheMost)
+TEST_F(Rights, MembersAreStaged)
 {
+    const Member anna {UserId {1}, u"anna"_s, GroupId {81}};
+    const Member bert {UserId {2}, u"bert"_s, GroupId {81}};
+    const Member zoe {UserId {9}, u"zoe"_s, kEverybodyGroup};
     MemberTable members;
-    members.Open(kGroup);
-    EXPECT_THAT(members.Listed(),
-                ElementsAre(Member {UserId {1}, u"anna"_s}, Member {UserId {2}, u"bert"_s}));
-    EXPECT_THAT(members.Candidates(), ElementsAre(Member {UserId {9}, u"zoe"_s}));
+    members.Open(GroupId {81}, ReadMembers(GroupId {81}).value());
+    EXPECT_THAT(members.Listed(), ElementsAre(anna, bert));
+    EXPECT_THAT(ReadCandidates(members).value(), ElementsAre(zoe));
     members.Remove(0);
-    EXPECT_TRUE(members.Add({UserId {9}, u"zoe"_s}));
-    EXPECT_THAT(members.Candidates(), ElementsAre(Member {UserId {1}, u"anna"_s}));
-    const QStringList before = EveryRow();
-    {
-        MemberTable same = members;
-        same.Remove(1);
-        EXPECT_TRUE(same.Add({UserId {1}, u"anna"_s}));
-        same.Save();
-        EXPECT_EQ(EveryRow(), before);
-    }
-    members.Save();
-    EXPECT_THAT(RowsOf("SELECT user_id, group_id FROM users ORDER BY user_id"),
-                ElementsAre(u"1|80"_s, u"2|81"_s, u"9|81"_s));
+    EXPECT_TRUE(members.Add(zoe));
+    EXPECT_THAT(ReadCandidates(members).value(), ElementsAre(anna));
+    EXPECT_THAT(members.Removed(), ElementsAre(anna));
+    EXPECT_THAT(members.Added(), ElementsAre(zoe));
 
-    InsertMany("INSERT INTO users (username, group_id) VALUES ('u' || (?), 81)", 1, 999);
-    Execute("UPDATE users SET monitored = 0 WHERE user_id = 9");
-    members.Open(kGroup);
-    EXPECT_EQ(members.Listed().size(), MemberTable::kMost);
-    EXPECT_FALSE(members.Add({UserId {1}, u"anna"_s}));
-    InsertMany("INSERT INTO users (username, group_id) VALUES ('v' || (?), 81)", 1, 1);
-    members.Open(kGroup);
-    EXPECT_EQ(members.Listed().size(), MemberTable::kMost);
+    members.Remove(1);
+    EXPECT_TRUE(members.Add(anna));
+    EXPECT_THAT(members.Listed(), ElementsAre(bert, anna));
+    EXPECT_THAT(members.Removed(), IsEmpty()) << "back where it was";
+    EXPECT_THAT(members.Added(), IsEmpty());
 }
 
-TEST_F(Rights, SeveralUsersGetOneModeAndOnePeriod)
+TEST_F(Rights, AUserThatWasRemovedIsOfferedOnce)
 {
-    std::vector ids {UserId {9}, UserId {77}, UserId {1}};
-    EXPECT_THAT(NamesOfUsers(ids), ElementsAre(u"zoe"_s, u"anna"_s));
-    EXPECT_THAT(ids, ElementsAre(UserId {9}, UserId {1}));
-    const ModeAndLimits first = ReadModeAndLimits(UserId {1});
-    EXPECT_EQ(first.traffic, WholeMegabytes {100});
-    EXPECT_EQ(first.period, LimitPeriod::Month);
+    MemberTable members;
+    members.Open(GroupId {81}, ReadMembers(GroupId {81}).value());
+    members.Remove(0);
+    Execute("UPDATE users SET group_id = 80 WHERE user_id = 1"); // by another console
+    EXPECT_EQ(ReadCandidates(members).value().size(), 2U);
+}
 
+TEST_F(Rights, AThousandMembersAreTheMost)
+{
+    InsertMany("INSERT INTO users (username, group_id) VALUES ('u' || (?), 81)", 1, 998);
+    MemberTable members;
+    members.Open(GroupId {81}, ReadMembers(GroupId {81}).value());
+    EXPECT_EQ(members.Listed().size(), MemberTable::kMost);
+    EXPECT_FALSE(members.Add({UserId {9}, u"zoe"_s, kEverybodyGroup}));
+    InsertMany("INSERT INTO users (username, group_id) VALUES ('v' || (?), 81)", 1, 1);
+    EXPECT_EQ(ReadMembers(GroupId {81}).value().size(), MemberTable::kMost);
+}
+
+TEST_F(Rights, AThousandCandidatesAreTheMost)
+{
+    MemberTable members;
+    members.Open(GroupId {81}, ReadMembers(GroupId {81}).value());
+    InsertMany("INSERT INTO users (username, group_id) VALUES ('u' || (?), 80)", 1, 999);
+    EXPECT_EQ(ReadCandidates(members).value().size(), 1000U) << "exactly as many as there are";
+    InsertMany("INSERT INTO users (username, group_id) VALUES ('v' || (?), 80)", 1, 2);
+    EXPECT_EQ(ReadCandidates(members).value().size(), 1000U);
+
+    members.Remove(0);
+    const auto withRemoved = ReadCandidates(members).value();
+    EXPECT_EQ(withRemoved.size(), 1000U);
+    EXPECT_EQ(withRemoved.front().name, u"anna"_s);
+
+    ASSERT_TRUE(members.Add(withRemoved[1]));
+    ASSERT_TRUE(members.Add(withRemoved[2]));
+    EXPECT_EQ(ReadCandidates(members).value().size(), 1000U)
+        << "those that were added make room for others";
+}
+
+TEST_F(Rights, SeveralUsersAreNamedAndTheFirstIsShown)
+{
+    EXPECT_THAT(NamesOfUsers({UserId {9}, UserId {77}, UserId {1}}).value(),
+                ElementsAre(NamedUser {UserId {9}, u"zoe"_s}, NamedUser {UserId {1}, u"anna"_s}));
+    Execute("UPDATE users SET mode = 4, trafperiod = 1, timeperiod = 2 WHERE user_id = 1");
+    const ModeAndLimits first = ReadModeAndLimits(UserId {1}).value().value();
+    EXPECT_EQ(first.mode, AccountingMode::Time);
+    EXPECT_EQ(first.traffic, WholeMegabytes {100});
+    EXPECT_EQ(first.time, WholeHours {10});
+    EXPECT_EQ(first.period, LimitPeriod::Month);
+    EXPECT_FALSE(ReadModeAndLimits(UserId {77}).value());
+}
+
+TEST_F(Rights, SeveralUsersGetOneMode)
+{
+    const ModeAndLimits values {.mode = AccountingMode::TrafficAndTime,
+                                .traffic = WholeMegabytes {7},
+                                .time = WholeHours {8},
+                                .period = LimitPeriod::Day};
     StatementRecorder recorder;
-    std::vector<int> done;
-    SetModeAndLimits(ids,
-                     {.mode = AccountingMode::TrafficAndTime,
-                      .traffic = WholeMegabytes {7},
-                      .time = WholeHours {8},
-                      .period = LimitPeriod::Day},
-                     [&done](int count) { done.push_back(count); });
-    EXPECT_THAT(recorder.Take(),
-                testing::Each(u"UPDATE users SET mode = (?), traflim = (?), timelim=(?), "
-                              "trafperiod = (?), timeperiod = (?) WHERE user_id = (?)"_s));
-    EXPECT_THAT(done, ElementsAre(1, 2));
+    EXPECT_TRUE(RunAction(SetModeAndLimitsAction({UserId {9}, UserId {77}, UserId {1}}, values),
+                          {},
+                          nullptr)
+                    .IsDone());
+    const QString write = u"UPDATE users SET mode = (?), traflim = (?), timelim=(?), "
+                          "trafperiod = (?), timeperiod = (?) WHERE user_id = (?)"_s;
+    EXPECT_THAT(recorder.TakeChanging(), ElementsAre(write, write));
     EXPECT_THAT(RowsOf("SELECT user_id, mode, traflim, timelim, trafperiod, timeperiod FROM users "
                        "WHERE mode <> 0 ORDER BY user_id"),
                 ElementsAre(u"1|5|7|8|1|1"_s, u"9|5|7|8|1|1"_s));
+
+    const Outcome gone =
+        RunAction(SetModeAndLimitsAction({UserId {77}, UserId {78}}, values), {}, nullptr);
+    EXPECT_EQ(gone.state, Outcome::State::Refused);
+    EXPECT_EQ(gone.refusal, u"These users have been deleted meanwhile. Nothing was changed."_s);
 }

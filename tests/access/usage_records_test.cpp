@@ -57,19 +57,19 @@ TEST_P(UsageRecords, AreThoseOfTheDayOrTheOnlyOneOfTheMonth)
     for (const auto &[period, traffic, time] : cases) {
         EXPECT_EQ(FindUserTrafficRecord(kUser, period), traffic);
         EXPECT_EQ(FindUserTimeRecord(kUser, period), time);
-        EXPECT_FALSE(FindUserTrafficRecord(kNobody, period).IsSet());
-        EXPECT_FALSE(FindUserTimeRecord(kNobody, period).IsSet());
+        EXPECT_FALSE(FindUserTrafficRecord(kNobody, period)->IsSet());
+        EXPECT_FALSE(FindUserTimeRecord(kNobody, period)->IsSet());
     }
 }
 
 TEST_P(UsageRecords, OfADayAreGoneOnTheNext)
 {
     const TodayOverride tomorrow(QDate(2026, 11, 22));
-    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod::Statistics).IsSet());
-    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod::Day).IsSet());
-    EXPECT_FALSE(FindUserTimeRecord(kUser, UsagePeriod::Day).IsSet());
+    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod::Statistics)->IsSet());
+    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod::Day)->IsSet());
+    EXPECT_FALSE(FindUserTimeRecord(kUser, UsagePeriod::Day)->IsSet());
     EXPECT_EQ(FindUserTrafficRecord(kUser, UsagePeriod::Month), TrafficRecordId {4});
-    EXPECT_FALSE(FindGroupTrafficRecord(kGroup).IsSet());
+    EXPECT_FALSE(FindGroupTrafficRecord(kGroup)->IsSet());
 }
 
 TEST_P(UsageRecords, OfAGroupFollowTheGroupsOwnPeriod)
@@ -79,14 +79,14 @@ TEST_P(UsageRecords, OfAGroupFollowTheGroupsOwnPeriod)
         Execute("UPDATE groups SET trafperiod = (?) WHERE group_id = (?)", period, kGroup);
         EXPECT_EQ(FindGroupTrafficRecord(kGroup), TrafficRecordId {6}) << period;
     }
-    EXPECT_FALSE(FindGroupTrafficRecord(GroupId {91}).IsSet());
+    EXPECT_FALSE(FindGroupTrafficRecord(GroupId {91})->IsSet());
 }
 
 TEST_P(UsageRecords, OfAnUnknownPeriodAreNotLookedFor)
 {
     StatementRecorder recorder;
-    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod {3}).IsSet());
-    EXPECT_FALSE(FindUserTimeRecord(kUser, UsagePeriod {3}).IsSet());
+    EXPECT_FALSE(FindUserTrafficRecord(kUser, UsagePeriod {3})->IsSet());
+    EXPECT_FALSE(FindUserTimeRecord(kUser, UsagePeriod {3})->IsSet());
     EXPECT_EQ(recorder.Take(), QStringList());
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "access/owner.h"
+#include "accounts/credit.h"
 #include "accounts/currency_settings.h"
 #include "base/day.h"
 #include "db/value_codes.h"
@@ -44,6 +45,31 @@ protected:
             std::string("INSERT INTO billing (") + columns + ") VALUES (" + values + ")";
         RunQuery(text.c_str(), FetchMode::All);
         return NewestId<BillId>("SELECT bill_id FROM billing ORDER BY bill_id");
+    }
+
+    // Writes one credit, which nothing stands against.
+    static void GiveCredit(const Owner &owner,
+                           AccountingMode ownerMode,
+                           const StagedCredit &credit,
+                           double rate = 1.0)
+    {
+        const Outcome outcome =
+            RunAction(WriteAccountAction(owner, ownerMode, {{credit}, {}}, rate), {}, nullptr);
+        ASSERT_TRUE(outcome.IsDone()) << qPrintable(InWords(ActionId::WriteAccount, outcome));
+    }
+
+    static Outcome Write(const Owner &owner, AccountingMode openedWith, const StagedAccount &staged)
+    {
+        return RunAction(WriteAccountAction(owner, openedWith, staged, 1.0), {}, nullptr);
+    }
+
+    static bool IsBlocked(const Owner &owner)
+    {
+        RunQuery(owner.IsUser() ? "SELECT blocked FROM users WHERE user_id = (?)"
+                                : "SELECT blocked FROM groups WHERE group_id = (?)",
+                 FetchMode::One,
+                 owner.Number());
+        return queryResult.Flag(1);
     }
 
     template <typename IdType>

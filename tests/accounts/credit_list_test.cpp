@@ -1,10 +1,10 @@
 #include "accounts/credit_list.h"
 
 #include "accounts/account_fixture.h"
-#include "accounts/credit.h"
 #include "accounts/credit_entry.h"
 #include "accounts/currency.h"
 #include "db/value_codes.h"
+#include "support/core/statement_hook.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,10 +17,17 @@ protected:
     QStringList Listed(const Owner &owner, AccountingMode ownerMode)
     {
         QStringList lines;
-        for (const ListedCredit &row : ReadCredits(owner, ownerMode, settings).rows) {
+        for (const ListedCredit &row : List(owner, ownerMode).rows) {
             lines << row.cells.join(u'|');
         }
         return lines;
+    }
+
+    CreditList List(const Owner &owner, AccountingMode ownerMode)
+    {
+        const auto list = ReadCredits(owner, ownerMode, CurrentCurrency(settings));
+        EXPECT_TRUE(list);
+        return list.value_or(CreditList());
     }
 };
 
@@ -71,7 +78,7 @@ TEST_P(CreditListing, OfAGroupsLimitIsThatOfItsCurrentRecord)
     AddCredit("mode, group_id, trafid, data", "1, 81, 7, 10");
     AddCredit("mode, group_id, trafid, data", "1, 81, 6, 20");
     StatementRecorder recorder;
-    const CreditList list = ReadCredits(group, AccountingMode::Traffic, settings);
+    const CreditList list = List(group, AccountingMode::Traffic);
     ASSERT_EQ(list.rows.size(), 1U);
     EXPECT_EQ(list.rows[0].cells.at(1), u"10.00"_s);
     EXPECT_EQ(
@@ -103,8 +110,7 @@ TEST_P(CreditListing, OfPrePaidCreditTellsKindExpiryAndStatus)
                             u"2026-11-07|100.00|Mbytes|0.00|0|2026.11.20|Expired"_s,
                             u"2026-11-06|Unlim|None|0.00|0|Unlimited|Active"_s,
                             u"2026-11-05|70.00|Mbytes|0.00|0|2027.01.01|Expired"_s}));
-    EXPECT_DOUBLE_EQ(ReadCredits(user, AccountingMode::Provider, settings).balance.value,
-                     -3 + (200 - 12.345) + 100)
+    EXPECT_DOUBLE_EQ(List(user, AccountingMode::Provider).balance.value, -3 + (200 - 12.345) + 100)
         << "megabytes of every credit that is not closed";
     EXPECT_EQ(EveryRow(), before);
 }
@@ -115,16 +121,52 @@ TEST_P(CreditListing, StopsAtItsCapacity)
     for (int i = 0; i < 105; ++i) {
         Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user);
     }
-    EXPECT_EQ(ReadCredits(user, AccountingMode::Traffic, settings).rows.size(), 100U);
-    EXPECT_EQ(ReadCredits(UserId {user.value + 1}, AccountingMode::Traffic, settings).rows.size(),
-              0U);
+    EXPECT_EQ(List(user, AccountingMode::Traffic).rows.size(), 100U);
+    EXPECT_EQ(List(UserId {user.value + 1}, AccountingMode::Traffic).rows.size(), 0U);
+}
+
+TEST_P(CreditListing, StopsAtItsCapacityOfBothKinds)
+{
+    const UserId user = AddUser(AccountingMode::TrafficAndTime);
+    for (int i = 0; i < 99; ++i) {
+        Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user);
+    }
+    const auto timeCredits = [&] {
+        return Listed(user, AccountingMode::TrafficAndTime).filter(u"|hr"_s).size();
+    };
+    for (int i = 0; i < 2; ++i) {
+        Execute("INSERT INTO billing (mode, object_id, data) VALUES (4, (?), 1)", user);
+    }
+    EXPECT_EQ(timeCredits(), 1);
+    Execute("INSERT INTO billing (mode, object_id, data) VALUES (1, (?), 1)", user);
+    EXPECT_EQ(timeCredits(), 0);
+    EXPECT_EQ(Listed(user, AccountingMode::TrafficAndTime).size(), 100);
+}
+
+TEST_P(CreditListing, ThatCannotBeReadIsNotEmpty)
+{
+    const UserId user = AddUser(AccountingMode::TrafficAndTime);
+    const GroupId group = AddGroup(AccountingMode::Traffic);
+    const std::pair<Owner, AccountingMode> cases[] = {
+        {user, AccountingMode::TrafficAndTime},
+        {user, AccountingMode::Provider},
+        {group, AccountingMode::Traffic},
+        {group, AccountingMode::Provider},
+    };
+    for (const auto &[owner, mode] : cases) {
+        EXPECT_EQ(UntoldFailures(Dsn(),
+                                 [&, owner = owner, mode = mode] {
+                                     return ReadCredits(owner, mode, {}).has_value();
+                                 }),
+                  QStringList());
+    }
 }
 
 TEST_P(CreditListing, AStagedRowIsNewAndOfToday)
 {
     UseCurrency(u"2.5"_s);
     const auto row = [&](const StagedCredit &credit, AccountingMode ownerMode) {
-        return StagedRow(credit, ownerMode, settings).cells.join(u'|');
+        return StagedRow(credit, ownerMode, CurrentCurrency(settings)).cells.join(u'|');
     };
     EXPECT_EQ(row({Megabytes {12345.67}, true, {}}, AccountingMode::Traffic),
               u"2026-11-21|12346||New|Mbytes"_s);
@@ -146,12 +188,11 @@ TEST_P(CreditListing, MoneyIsListedAsItWasTyped)
             const double current = CurrentRate(settings);
             ASSERT_FALSE(CheckAmount(CreditKind::Money, typed, current));
             Execute("DELETE FROM billing");
-            WriteCredit(user,
-                        AccountingMode::Provider,
-                        CreditFrom(CreditKind::Money, typed, current, {}),
-                        current,
-                        nullptr);
-            EXPECT_EQ(ReadCredits(user, AccountingMode::Provider, settings).rows.at(0).cells.at(1),
+            GiveCredit(user,
+                       AccountingMode::Provider,
+                       CreditFrom(CreditKind::Money, typed, current, {}),
+                       current);
+            EXPECT_EQ(List(user, AccountingMode::Provider).rows.at(0).cells.at(1),
                       QString::number(typed))
                 << rate;
         }

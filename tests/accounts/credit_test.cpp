@@ -1,35 +1,44 @@
 #include "accounts/credit.h"
 
 #include "accounts/account_fixture.h"
-#include "accounts/credit_entry.h"
 #include "db/value_codes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+// What one run sent, without the boundaries of its transaction.
+struct Sent
+{
+    QStringList changing;
+    QStringList reads;
+};
+
 class Credit : public AccountFixture
 {
 protected:
-    // The statements that writing one credit sends.
-    static QStringList Written(const Owner &owner,
-                               AccountingMode ownerMode,
-                               const StagedCredit &credit,
-                               double rate = 1.0)
+    // What writing one credit sends.
+    static Sent Written(const Owner &owner,
+                        AccountingMode ownerMode,
+                        const StagedCredit &credit,
+                        double rate = 1.0)
     {
         StatementRecorder recorder;
-        WriteCredit(owner, ownerMode, credit, rate, nullptr);
-        return recorder.Take();
+        GiveCredit(owner, ownerMode, credit, rate);
+        const QStringList all = recorder.Take();
+        Sent sent;
+        for (const QString &statement : all) {
+            if (statement.startsWith(u"SELECT"_s)) {
+                sent.reads << statement;
+            } else if (!kBoundaries.contains(statement)) {
+                sent.changing << statement;
+            }
+        }
+        return sent;
     }
 
-    static bool IsBlocked(const Owner &owner)
-    {
-        RunQuery(owner.IsUser() ? "SELECT blocked FROM users WHERE user_id = (?)"
-                                : "SELECT blocked FROM groups WHERE group_id = (?)",
-                 FetchMode::One,
-                 owner.Number());
-        return queryResult.Flag(1);
-    }
+    inline static const QStringList kBoundaries {
+        u"BEGIN"_s, u"BEGIN IMMEDIATE"_s, u"START TRANSACTION"_s, u"COMMIT"_s};
 
     // The newest billing row: mode, owner columns, record columns, texts and amounts.
     static QStringList NewestCredit()
@@ -53,12 +62,11 @@ protected:
 
 TB_ON_EVERY_ENGINE(Credit);
 
+const auto kUserMode = u"SELECT mode FROM users WHERE user_id = (?)"_s;
 const auto kUserReason = u"SELECT blockreason FROM users WHERE user_id = (?) "_s;
 const auto kGroupReason = u"SELECT blockreason FROM groups WHERE group_id = (?) "_s;
 const auto kUnblockUser = u"UPDATE users SET blocked = false WHERE user_id = (?)"_s;
-const QStringList kUnblockGroup {u"UPDATE groups SET blocked = false WHERE group_id = (?)"_s,
-                                 u"UPDATE users SET blocked = false WHERE group_id = (?)"_s,
-                                 u"SELECT user_id FROM users WHERE group_id = (?)"_s};
+const auto kUnblockGroup = u"UPDATE groups SET blocked = false WHERE group_id = (?)"_s;
 
 TEST_P(Credit, OfALimitGoesToThePeriodsRecord)
 {
@@ -76,27 +84,37 @@ TEST_P(Credit, OfALimitGoesToThePeriodsRecord)
             DayOf(Today()));
     const QString id = QString::number(user.value);
 
-    EXPECT_EQ(Written(user, AccountingMode::TrafficAndTime, {Megabytes {12.5}, true, {}}),
-              (QStringList {kUserReason,
-                            u"SELECT trafperiod FROM users WHERE user_id = (?)"_s,
-                            u"SELECT traf_id FROM traffic_use WHERE current_time = (?) and user_id "
-                            "= (?) and period = 1"_s,
-                            u"INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), "
+    const Sent traffic =
+        Written(user, AccountingMode::TrafficAndTime, {Megabytes {12.5}, true, {}});
+    EXPECT_EQ(traffic.changing,
+              (QStringList {u"INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), "
                             "(?), (?))"_s,
                             kUnblockUser}));
+    for (const QString &read :
+         {kUserMode,
+          kUserReason,
+          u"SELECT trafperiod FROM users WHERE user_id = (?)"_s,
+          u"SELECT traf_id FROM traffic_use WHERE current_time = (?) and user_id = (?) and period "
+          "= 1"_s}) {
+        EXPECT_TRUE(traffic.reads.contains(read)) << qPrintable(read);
+    }
     EXPECT_EQ(
         NewestCredit(),
         (QStringList {
             u"1"_s, id, u""_s, u"71"_s, u""_s, u"0"_s, u""_s, u"0"_s, u"12.5"_s, u"-"_s, u"-"_s}));
 
-    EXPECT_EQ(Written(user, AccountingMode::TrafficAndTime, {Hours {3}, true, {}}),
-              (QStringList {kUserReason,
-                            u"SELECT timeperiod FROM users WHERE user_id = (?)"_s,
-                            u"SELECT time_id FROM time_use WHERE current_time = (?) and user_id = "
-                            "(?) and period = 1"_s,
-                            u"INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, (?), "
+    const Sent time = Written(user, AccountingMode::TrafficAndTime, {Hours {3}, true, {}});
+    EXPECT_EQ(time.changing,
+              (QStringList {u"INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, (?), "
                             "(?), (?))"_s,
                             kUnblockUser}));
+    for (const QString &read :
+         {kUserReason,
+          u"SELECT timeperiod FROM users WHERE user_id = (?)"_s,
+          u"SELECT time_id FROM time_use WHERE current_time = (?) and user_id "
+          "= (?) and period = 1"_s}) {
+        EXPECT_TRUE(time.reads.contains(read)) << qPrintable(read);
+    }
     EXPECT_EQ(
         NewestCredit(),
         (QStringList {
@@ -107,14 +125,18 @@ TEST_P(Credit, OfAGroupsLimitGoesToItsOwnRecord)
 {
     const GroupId group = AddGroup(AccountingMode::Traffic);
     Execute("INSERT INTO traffic_use (traf_id, group_id, period) VALUES (73, (?), 2)", group);
-    EXPECT_EQ(
-        Written(group, AccountingMode::Traffic, {Megabytes {5}, true, {}}),
-        (QStringList {kGroupReason,
-                      u"SELECT trafperiod FROM groups WHERE group_id = (?) "_s,
-                      u"SELECT traf_id FROM traffic_use WHERE group_id = (?) and period = 2"_s,
-                      u"INSERT INTO billing (mode, trafid, group_id, data) VALUES (1, (?), "
-                      "(?), (?))"_s}
-         + kUnblockGroup));
+    const Sent sent = Written(group, AccountingMode::Traffic, {Megabytes {5}, true, {}});
+    EXPECT_EQ(sent.changing,
+              (QStringList {u"INSERT INTO billing (mode, trafid, group_id, data) VALUES (1, (?), "
+                            "(?), (?))"_s,
+                            kUnblockGroup}));
+    for (const QString &read :
+         {u"SELECT mode FROM groups WHERE group_id = (?)"_s,
+          kGroupReason,
+          u"SELECT trafperiod FROM groups WHERE group_id = (?) "_s,
+          u"SELECT traf_id FROM traffic_use WHERE group_id = (?) and period = 2"_s}) {
+        EXPECT_TRUE(sent.reads.contains(read)) << qPrintable(read);
+    }
     EXPECT_EQ(NewestCredit(),
               (QStringList {u"1"_s,
                             u""_s,
@@ -132,7 +154,7 @@ TEST_P(Credit, OfAGroupsLimitGoesToItsOwnRecord)
 TEST_P(Credit, WithoutARecordNamesNone)
 {
     const UserId user = AddUser(AccountingMode::Traffic);
-    WriteCredit(user, AccountingMode::Traffic, {Megabytes {1}, true, {}}, 1.0, nullptr);
+    GiveCredit(user, AccountingMode::Traffic, {Megabytes {1}, true, {}});
     EXPECT_EQ(NewestCredit().at(3), u"0"_s);
 }
 
@@ -181,12 +203,11 @@ TEST_P(Credit, PrePaidIsWrittenByKindAndExpiry)
             const bool unlimited = KindOf(amount) == CreditKind::Unlimited;
             const StagedCredit credit {amount, expiry.isEmpty(), expiry};
             QStringList expected {
-                owner.IsUser() ? kUserReason : kGroupReason,
                 QString::fromLatin1(text).arg(owner.IsUser() ? u"object_id"_s : u"group_id"_s)};
             if (!unlimited) {
-                expected += owner.IsUser() ? QStringList {kUnblockUser} : kUnblockGroup;
+                expected << (owner.IsUser() ? kUnblockUser : kUnblockGroup);
             }
-            EXPECT_EQ(Written(owner, AccountingMode::Provider, credit, 2.5), expected);
+            EXPECT_EQ(Written(owner, AccountingMode::Provider, credit, 2.5).changing, expected);
             const QString id = QString::number(owner.Number());
             EXPECT_EQ(NewestCredit(),
                       (QStringList {u"2"_s,
@@ -225,55 +246,91 @@ TEST_P(Credit, LiftsABlockUnlessTheAdministratorsOrWithoutAmount)
     };
     for (const auto &[ownerMode, reason, amount, blockedAfter] : cases) {
         const UserId user = AddUser(ownerMode, reason);
-        WriteCredit(user, ownerMode, {amount, true, {}}, 1.0, nullptr);
+        GiveCredit(user, ownerMode, {amount, true, {}});
         EXPECT_EQ(IsBlocked(user), blockedAfter);
         if (KindOf(amount) != CreditKind::Time) {
             const GroupId group = AddGroup(ownerMode, reason);
-            WriteCredit(group, ownerMode, {amount, true, {}}, 1.0, nullptr);
+            GiveCredit(group, ownerMode, {amount, true, {}});
             EXPECT_EQ(IsBlocked(group), blockedAfter);
         }
     }
 }
 
-TEST_P(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
+TEST_P(Credit, OfAGroupLeavesMembersThatTheAdministratorBlocked)
 {
-    const UserId user = AddUser(AccountingMode::Provider, BlockReason::Administrator);
-    const BillId first = AddCredit("mode, object_id, data", "2, 1, 5");
-    const BillId second = AddCredit("mode, object_id, data", "2, 1, 6");
-    StagedAccount staged;
-    staged.credits = {{Unbounded {}, true, {}}, {Unbounded {}, true, {}}};
-    staged.closed = {second};
-    StatementRecorder recorder;
-    EXPECT_TRUE(ApplyStagedAccount(user, AccountingMode::Provider, staged, 1.0, nullptr));
-    const auto insert = u"INSERT  INTO billing (mode, object_id, unlimited) VALUES (2, (?), 1)"_s;
-    EXPECT_EQ(recorder.Take(),
-              (QStringList {u"SELECT mode FROM users WHERE user_id = (?)"_s,
-                            kUserReason,
-                            insert,
-                            kUserReason,
-                            insert,
-                            u"UPDATE billing SET closed = 1 WHERE bill_id = (?)"_s}));
-    EXPECT_EQ(RowsOf("SELECT bill_id FROM billing WHERE closed = 1"),
-              QStringList {QString::number(second.value)});
-    EXPECT_EQ(RowsOf("SELECT count(*) FROM billing"), QStringList {u"4"_s});
-    EXPECT_NE(first, second);
+    const GroupId group = AddGroup(AccountingMode::Provider, BlockReason::TrafficUsedUp);
+    const UserId usedUp = AddUser(AccountingMode::NoControl, BlockReason::TrafficUsedUp);
+    const UserId administrators = AddUser(AccountingMode::NoControl, BlockReason::Administrator);
+    const UserId other = AddUser(AccountingMode::NoControl, BlockReason::TrafficUsedUp);
+    Execute("UPDATE users SET group_id = (?) WHERE user_id <> (?)", group, other);
+    EXPECT_EQ(Written(group, AccountingMode::Provider, {Megabytes {1}, true, {}}).changing.mid(1),
+              (QStringList {kUnblockGroup, kUnblockUser}));
+    EXPECT_FALSE(IsBlocked(group));
+    EXPECT_FALSE(IsBlocked(usedUp));
+    EXPECT_TRUE(IsBlocked(administrators));
+    EXPECT_TRUE(IsBlocked(other));
 }
 
-TEST_P(Credit, NothingIsWrittenForAnOwnerThatIsGone)
+TEST_P(Credit, StagedOnesAreWrittenThenMarkedOnesClosed)
 {
+    const UserId user = AddUser(AccountingMode::Provider, BlockReason::TrafficUsedUp);
+    AddCredit("mode, object_id, data", "2, 1, 5");
+    const BillId second = AddCredit("mode, object_id, data", "2, 1, 6");
     StagedAccount staged;
+    staged.credits = {
+        {Unbounded {}, true, {}}, {Megabytes {1}, true, {}}, {Megabytes {2}, true, {}}};
+    staged.closed = {second};
     StatementRecorder recorder;
-    for (const Owner &gone : {Owner(UserId {4711}), Owner(GroupId {4711})}) {
-        const QStringList before = EveryRow();
-        staged.credits = {{Megabytes {1}, true, {}}};
-        staged.closed = {AddCredit("mode, object_id, data", "2, 4711, 5")};
-        const QStringList withCredit = EveryRow();
-        EXPECT_FALSE(ApplyStagedAccount(gone, AccountingMode::Provider, staged, 1.0, nullptr));
-        EXPECT_EQ(EveryRow(), withCredit);
-        EXPECT_NE(withCredit, before);
-        (void)recorder.Take();
-        EXPECT_TRUE(ApplyStagedAccount(gone, AccountingMode::Provider, {}, 1.0, nullptr));
-        EXPECT_EQ(recorder.Take(), QStringList());
+    const Outcome outcome = Write(user, AccountingMode::Provider, staged);
+    EXPECT_TRUE(outcome.IsDone());
+    const auto insert = u"INSERT INTO billing (mode, object_id, data, currencydata, unlimited) "
+                        "VALUES (2, (?), (?), (?), 1)"_s;
+    EXPECT_EQ(
+        recorder.TakeChanging(),
+        (QStringList {u"INSERT  INTO billing (mode, object_id, unlimited) VALUES (2, (?), 1)"_s,
+                      insert,
+                      kUnblockUser,
+                      insert,
+                      kUnblockUser,
+                      u"UPDATE billing SET closed = 1 WHERE bill_id = (?)"_s}));
+    EXPECT_EQ(RowsOf("SELECT bill_id FROM billing WHERE closed = 1"),
+              QStringList {QString::number(second.value)});
+    EXPECT_EQ(RowsOf("SELECT count(*) FROM billing"), QStringList {u"5"_s});
+}
+
+// That an outcome tells them shows that they were locked or watched.
+TEST_P(Credit, TellsTheRowsThatChanged)
+{
+    const auto changed = [](const Outcome &outcome) {
+        QStringList rows;
+        for (const Change &change : outcome.changes) {
+            rows << change.table + u' ' + (change.before.isEmpty() ? u"new"_s : change.key);
+        }
+        return rows;
+    };
+    const UserId user = AddUser(AccountingMode::Provider, BlockReason::TrafficUsedUp);
+    const BillId credit = AddCredit("mode, object_id, data", "2, 1, 5");
+    const StagedAccount ofUser {{{Megabytes {1}, true, {}}}, {credit}};
+    EXPECT_EQ(changed(Write(user, AccountingMode::Provider, ofUser)),
+              (QStringList {u"users 1"_s, u"billing %1"_s.arg(credit.value), u"billing new"_s}));
+
+    const GroupId group = AddGroup(AccountingMode::Provider, BlockReason::TrafficUsedUp);
+    Execute("UPDATE users SET group_id = (?), blocked = true", group);
+    const StagedAccount ofGroup {{{Megabytes {1}, true, {}}}, {}};
+    EXPECT_EQ(changed(Write(group, AccountingMode::Provider, ofGroup)),
+              (QStringList {u"groups 81"_s, u"users 1"_s, u"billing new"_s}));
+}
+
+TEST_P(Credit, NothingIsReadOrWrittenWhereNothingIsStaged)
+{
+    StatementRecorder recorder;
+    const Action action {ActionId::WriteAccount, [](ActionRun &run) {
+                             const auto mode = AccountingMode::Time;
+                             WriteStagedAccount(run, UserId {4711}, {mode, mode}, {}, 1.0);
+                         }};
+    EXPECT_TRUE(RunAction(action, {}, nullptr).IsDone());
+    for (const QString &statement : recorder.Take()) {
+        EXPECT_TRUE(kBoundaries.contains(statement)) << qPrintable(statement);
     }
 }
 

@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Currency : public testing::Test, protected CurrencySettings
+class CurrencyInUse : public testing::Test, protected CurrencySettings
 { };
 
-TEST_F(Currency, RateAndUnitFollowTheCurrencyInUse)
+TEST_F(CurrencyInUse, GivesRateAndUnit)
 {
     struct Case
     {
@@ -36,14 +36,16 @@ TEST_F(Currency, RateAndUnitFollowTheCurrencyInUse)
         UseCurrency(rate);
         settings.WriteText(values::kCurUse, use);
         EXPECT_DOUBLE_EQ(CurrentRate(settings), currentRate) << qPrintable(use);
-        EXPECT_EQ(UnitName(settings, CreditKind::Money), unit) << qPrintable(use);
-        EXPECT_EQ(UnitName(settings, CreditKind::Unlimited), unit) << qPrintable(use);
-        EXPECT_EQ(UnitName(settings, CreditKind::Traffic), u"Mbytes"_s);
-        EXPECT_EQ(UnitName(settings, CreditKind::Time), u"hr"_s);
+        EXPECT_DOUBLE_EQ(CurrentCurrency(settings).rate, currentRate) << qPrintable(use);
+        EXPECT_EQ(UnitName(CurrentCurrency(settings), CreditKind::Money), unit) << qPrintable(use);
+        EXPECT_EQ(UnitName(CurrentCurrency(settings), CreditKind::Unlimited), unit)
+            << qPrintable(use);
+        EXPECT_EQ(UnitName(CurrentCurrency(settings), CreditKind::Traffic), u"Mbytes"_s);
+        EXPECT_EQ(UnitName(CurrentCurrency(settings), CreditKind::Time), u"hr"_s);
     }
     EXPECT_DOUBLE_EQ(CurrentRate(ConfigStore(u"/nowhere"_s)), 1.0);
     UseCurrency(u"2"_s, u""_s);
-    EXPECT_EQ(UnitName(settings, CreditKind::Money), u""_s);
+    EXPECT_EQ(UnitName(CurrentCurrency(settings), CreditKind::Money), u""_s);
 }
 
 TEST(AmountTexts, AreFixedOrSignificant)

@@ -1,10 +1,13 @@
 #include "accounts/history.h"
 
 #include "accounts/account_fixture.h"
-#include "accounts/credit.h"
 #include "accounts/credit_entry.h"
 #include "accounts/currency.h"
+#include "db/direct_connection.h"
 #include "db/value_codes.h"
+#include "support/core/statement_hook.h"
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -16,13 +19,20 @@ protected:
     // The rows as the window lists them, balances included, each row's cells joined with "|".
     static QStringList Listed(const HistoryFilter &filter, double rate = 1.0)
     {
-        auto rows = ReadHistory(filter);
+        auto rows = Read(filter);
         AddUpBalances(rows);
         QStringList lines;
         for (const HistoryRow &row : rows) {
             lines << HistoryCells(row, filter.ownerMode, rate).join(u'|');
         }
         return lines;
+    }
+
+    static std::vector<HistoryRow> Read(const HistoryFilter &filter)
+    {
+        const auto rows = ReadHistory(filter);
+        EXPECT_TRUE(rows);
+        return rows.value_or(std::vector<HistoryRow>());
     }
 };
 
@@ -121,13 +131,13 @@ TEST_P(History, SelectsWhatTheFilterNames)
     };
     for (const auto &[ownerMode, openOnly, period, amounts] : cases) {
         QList<int> read;
-        for (const HistoryRow &row : ReadHistory({user, ownerMode, openOnly, period})) {
+        for (const HistoryRow &row : Read({user, ownerMode, openOnly, period})) {
             read << static_cast<int>(NumberOf(row.amount));
         }
         EXPECT_EQ(read, amounts) << static_cast<int>(ownerMode) << openOnly
                                  << static_cast<int>(period);
     }
-    EXPECT_TRUE(ReadHistory({GroupId {1}, AccountingMode::Traffic, false, {}}).empty());
+    EXPECT_TRUE(Read({GroupId {1}, AccountingMode::Traffic, false, {}}).empty());
 }
 
 TEST_P(History, ReadsEachCreditAfterTheFilter)
@@ -135,16 +145,16 @@ TEST_P(History, ReadsEachCreditAfterTheFilter)
     AddCredit("mode, group_id, data, date", "1, 81, 5, '2026-11-01 00:00:00'");
     AddCredit("mode, group_id, moneydata", "2, 81, 5");
     StatementRecorder recorder;
-    (void)ReadHistory({GroupId {81}, AccountingMode::Traffic, false, HistoryPeriod::Today});
+    (void)Read({GroupId {81}, AccountingMode::Traffic, false, HistoryPeriod::Today});
     EXPECT_EQ(recorder.Take().join(u'\n'),
               u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=1 AND date >= (?)"_s);
-    (void)ReadHistory({GroupId {81}, AccountingMode::Traffic, true, {}});
+    (void)Read({GroupId {81}, AccountingMode::Traffic, true, {}});
     EXPECT_EQ(recorder.Take(),
               (QStringList {u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=1 AND "
                             "closed=0"_s,
                             u"SELECT date, data, closed, usage, mode FROM billing WHERE bill_id = "
                             "(?)"_s}));
-    (void)ReadHistory({GroupId {81}, AccountingMode::Provider, false, {}});
+    (void)Read({GroupId {81}, AccountingMode::Provider, false, {}});
     EXPECT_EQ(recorder.Take(),
               (QStringList {u"SELECT bill_id FROM billing WHERE group_id = (?) AND mode=2"_s,
                             u"SELECT date, closed, usage, unlimited, expiredday, moneydata, "
@@ -224,11 +234,10 @@ TEST_P(History, MoneyIsListedAsItWasTyped)
                 continue;
             }
             Execute("DELETE FROM billing");
-            WriteCredit(user,
-                        AccountingMode::Provider,
-                        CreditFrom(CreditKind::Money, typed, current, {}),
-                        current,
-                        nullptr);
+            GiveCredit(user,
+                       AccountingMode::Provider,
+                       CreditFrom(CreditKind::Money, typed, current, {}),
+                       current);
             const QString line =
                 Listed({user, AccountingMode::Provider, false, {}}, current).value(0);
             const QString money = QString::number(typed, 'f', 2);
@@ -237,6 +246,43 @@ TEST_P(History, MoneyIsListedAsItWasTyped)
         }
     }
     EXPECT_EQ(checked, 76) << "five would be stored as no money at all and are refused";
+}
+
+TEST_P(History, ThatCannotBeReadIsNeitherEmptyNorShorter)
+{
+    const UserId user = AddUser(AccountingMode::Traffic);
+    AddCredit("mode, object_id, data", "1, 1, 5");
+    AddCredit("mode, object_id, data", "1, 1, 6");
+    AddCredit("mode, object_id, data", "2, 1, 7");
+    for (const auto mode : {AccountingMode::Traffic, AccountingMode::Provider}) {
+        for (const auto period : {HistoryPeriod::AllRecords, HistoryPeriod::LastMonth}) {
+            EXPECT_EQ(
+                UntoldFailures(Dsn(),
+                               [&] {
+                                   return ReadHistory({user, mode, false, period}).has_value();
+                               }),
+                QStringList());
+        }
+    }
+}
+
+TEST_P(History, LeavesOutACreditThatIsGoneByNow)
+{
+    const UserId user = AddUser(AccountingMode::Traffic);
+    const BillId gone = AddCredit("mode, object_id, data", "1, 1, 5");
+    const BillId stays = AddCredit("mode, object_id, data", "1, 1, 6");
+    DirectConnection other;
+    ASSERT_TRUE(other.Open(Dsn()));
+    bool removed = false;
+    const StatementHook hook([&](const QString &statement) {
+        if (statement.startsWith(u"SELECT date"_s) && !std::exchange(removed, true)) {
+            EXPECT_TRUE(other.Run(u"DELETE FROM billing WHERE bill_id = %1"_s.arg(gone.value)));
+        }
+    });
+    const auto rows = Read({user, AccountingMode::Traffic, false, HistoryPeriod::AllRecords});
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].billId, stays);
+    EXPECT_TRUE(removed);
 }
 
 TEST_P(History, HoldsMoreThanAHundredCredits)

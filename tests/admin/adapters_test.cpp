@@ -3,6 +3,7 @@
 #include "admin/setup.h"
 #include "config/config_store.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -45,18 +46,41 @@ TEST(Adapters, TheBindingHasAKeyOfItsOwn)
 {
     const QTemporaryDir folder;
     const ConfigStore store(folder.path());
-    EXPECT_EQ(CaptureBinding(store), std::nullopt);
+    EXPECT_EQ(CaptureBinding(store).value(), std::nullopt);
+    EXPECT_TRUE(BindAdapter(store, kAdapters[1])) << "without its key it is skipped";
     for (const ConfigKeyId key :
          {ConfigKeyId::Base, ConfigKeyId::AdapterBind, ConfigKeyId::CaptureDriver}) {
         ASSERT_TRUE(store.CreateKey(key));
     }
-    BindAdapter(store, kAdapters[1]);
+    EXPECT_TRUE(BindAdapter(store, kAdapters[1]));
     EXPECT_EQ(store.ReadText(values::kBoundNic), u"Ethernet adapter eth0"_s);
     EXPECT_EQ(store.ReadText(values::kNic), std::nullopt) << "the Options dialog's is another";
-    EXPECT_EQ(BoundAdapter(store), std::nullopt) << "no capture driver";
-    store.WriteText(values::kCaptureExport, u"\\Device\\Packet_eth0"_s);
-    EXPECT_EQ(CaptureBinding(store), u"eth0"_s);
-    EXPECT_EQ(BoundAdapter(store), u"Ethernet adapter eth0"_s);
+    EXPECT_EQ(BoundAdapter(store).value(), std::nullopt) << "no capture driver";
+    EXPECT_TRUE(store.WriteText(values::kCaptureExport, u"\\Device\\Packet_eth0"_s));
+    EXPECT_EQ(CaptureBinding(store).value(), u"eth0"_s);
+    EXPECT_EQ(BoundAdapter(store).value(), u"Ethernet adapter eth0"_s);
+}
+
+TEST(Adapters, ADamagedBindingIsNeitherReadNorReplaced)
+{
+    const QTemporaryDir folder;
+    const ConfigStore store(folder.path());
+    for (const ConfigKeyId key : {ConfigKeyId::CaptureDriver, ConfigKeyId::AdapterBind}) {
+        ASSERT_TRUE(store.CreateKey(key));
+    }
+    ASSERT_TRUE(store.WriteText(values::kCaptureExport, u"\\Device\\Packet_eth0"_s));
+    const QByteArray damaged = "NIC = eth0\n";
+    QFile file(store.FileOf(ConfigKeyId::AdapterBind));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(damaged) == damaged.size());
+    file.close();
+    const auto bound = BoundAdapter(store);
+    ASSERT_FALSE(bound);
+    EXPECT_EQ(bound.error().line, 1);
+    const auto written = BindAdapter(store, kAdapters[1]);
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error().file, file.fileName());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), damaged);
 }
 
 TEST(Adapters, TheMachinesOwnNetworksAreSuggestedOnceEach)

@@ -88,25 +88,80 @@ TEST(CurrencySettings, WhatWasCutToBeShownStaysWholeUnlessTouched)
     EXPECT_EQ(Described(changed), u"units/UN/1 Euro/EUR/0.50 -> EUR"_s);
 }
 
-TEST(CurrencySettings, ComeBackFromTheStore)
+class StoredCurrency : public testing::Test
 {
-    const QTemporaryDir folder;
-    const ConfigStore store(folder.path());
-    EXPECT_EQ(LoadCurrency(store, 1024), CurrencySettings());
-    for (const ConfigKeyId key : {ConfigKeyId::Base, ConfigKeyId::Price}) {
-        ASSERT_TRUE(store.CreateKey(key));
+protected:
+    void SetUp() override
+    {
+        for (const ConfigKeyId key : {ConfigKeyId::Base, ConfigKeyId::Price}) {
+            ASSERT_TRUE(store.CreateKey(key));
+        }
     }
+
+    [[nodiscard]] CurrencySettings Load() const
+    {
+        CurrencySettings settings;
+        ReadPrice(settings, store.ReadKey(ConfigKeyId::Price).value(), 1024);
+        ReadCurrency(settings, store.ReadKey(ConfigKeyId::Base).value(), 1024);
+        return settings;
+    }
+
+    void Save(const CurrencySettings &base, const CurrencySettings &draft) const
+    {
+        EXPECT_TRUE(SavePrice(store, {base, draft}));
+        EXPECT_TRUE(SaveCurrency(store, {base, draft}));
+    }
+
+    const QTemporaryDir folder;
+    const ConfigStore store {folder.path()};
+};
+
+TEST_F(StoredCurrency, ComesBack)
+{
+    EXPECT_EQ(Load(), CurrencySettings());
     CurrencySettings settings;
     settings.trafficPrice = 0.123456789;
     AddCurrency(settings, {u"usd"_s, u"Dollar"_s, u"0.034"_s});
     for (const int use : {1, 2}) {
         settings.use = use;
-        SaveCurrency(store, settings);
-        EXPECT_EQ(LoadCurrency(store, 1024), settings) << use;
+        Save(Load(), settings);
+        EXPECT_EQ(Load(), settings) << use;
     }
     EXPECT_EQ(store.ReadText(values::kTrafPrice), u"0.123456789"_s);
     EXPECT_EQ(store.ReadText(values::kCurrencyRate), u"0.034"_s);
 
-    store.WriteText(values::kCurUse, u"3"_s);
-    EXPECT_EQ(LoadCurrency(store, 1024).use, CurrencySettings::None) << "a code of no meaning";
+    EXPECT_TRUE(store.WriteText(values::kCurUse, u"3"_s));
+    EXPECT_EQ(Load().use, CurrencySettings::None) << "a code of no meaning";
+}
+
+TEST_F(StoredCurrency, IsWrittenAsAWholeOrNotAtAll)
+{
+    CurrencySettings dollar;
+    AddCurrency(dollar, {u"usd"_s, u"Dollar"_s, u"1.00"_s});
+    Save(Load(), dollar);
+    CurrencySettings used = dollar;
+    EXPECT_EQ(SetCurrency(used, 1), std::nullopt);
+
+    // Another console takes the currency away while this one has it set.
+    CurrencySettings none = dollar;
+    DeleteCurrency(none);
+    Save(dollar, none);
+    Save(dollar, dollar);
+    EXPECT_EQ(Load(), none) << "nobody touched it here";
+    EXPECT_EQ(store.ReadText(values::kCurrencyName), u""_s);
+    Save(dollar, used);
+    EXPECT_EQ(Load(), used) << "a currency in use without a name would be none";
+}
+
+TEST_F(StoredCurrency, APriceThatWasNotTouchedStaysAsAnotherConsoleLeftIt)
+{
+    const CurrencySettings shown = Load();
+    CurrencySettings dearer = shown;
+    dearer.trafficPrice = 0.5;
+    Save(shown, dearer);
+    CurrencySettings draft = shown;
+    AddCurrency(draft, {u"usd"_s, u"Dollar"_s, u"0.034"_s});
+    Save(shown, draft);
+    EXPECT_EQ(Load().trafficPrice, 0.5);
+    EXPECT_EQ(Load().symbol, u"USD"_s);
 }

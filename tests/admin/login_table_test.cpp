@@ -1,11 +1,14 @@
-#include "admin/login_table.h"
-
+#include "admin/login_storage.h"
 #include "admin/password_digest.h"
 #include "admin/unmonitored.h"
+#include "db/direct_connection.h"
 #include "db/value_codes.h"
 #include "support/core/engine_fixture.h"
-#include "support/core/scripted_prompt.h"
+#include "support/core/statement_hook.h"
 #include "support/core/statement_recorder.h"
+
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -34,14 +37,16 @@ protected:
         EngineFixture::SetUp();
         Execute("INSERT INTO users (username, group_id, monitored) VALUES ('ann', 80, true)");
         Execute("INSERT INTO users (username, group_id, monitored) VALUES ('bob', 80, true)");
-        ann = FindUserByName(u"ann"_s)->userId;
-        bob = FindUserByName(u"bob"_s)->userId;
+        ann = UserOf(u"ann"_s);
+        bob = UserOf(u"bob"_s);
         Execute("INSERT INTO Logins (login, Pwd, userid, LimitPC, LimitPCMode, LimitIP) VALUES "
                 "('ann1', 'digest of ann', (?), 1, 0, '10.0.0.7')",
                 ann);
         Execute("INSERT INTO Logins (login, Pwd, userid, Virtual) VALUES ('guest', 'g', 0, 1)");
-        table.Load();
+        table = LoadLogins().value();
     }
+
+    static UserId UserOf(const QString &name) { return FindUserByName(name).value()->userId; }
 
     static LoginEntry Entry(const QString &name, const QString &password = u"pw"_s)
     {
@@ -58,8 +63,28 @@ protected:
         table.Put(entry, {});
     }
 
+    // The first login as it is changed by `change`, its password kept.
+    void ChangeAnn(const std::function<void(LoginEntry &)> &change)
+    {
+        LoginEntry entry {table.Logins()[0], table.Logins()[0].userId.IsSet(), {}, {}, false};
+        change(entry);
+        ASSERT_EQ(table.Check(entry, 0), std::nullopt);
+        table.Put(entry, 0);
+    }
+
+    void AllowAnnStatistics()
+    {
+        ChangeAnn([](LoginEntry &entry) { entry.login.allowStats = true; });
+    }
+
+    LoginSaveReport Save(const Answers &answers = {})
+    {
+        LoginSaveReport report = SaveLogins(table.Changes(), answers);
+        table.MarkSaved(report.saved);
+        return report;
+    }
+
     LoginTable table;
-    ScriptedPrompt prompt;
     UserId ann;
     UserId bob;
 };
@@ -117,6 +142,27 @@ TEST_P(LoginTableTest, OneThousandLoginsFit)
     EXPECT_EQ(table.Check(Entry(u"ann1"_s), 0), std::nullopt); // an existing one may be edited
 }
 
+TEST_P(LoginTableTest, ALoginOfNobodyMayBeStoredAsMinusOne)
+{
+    Execute("INSERT INTO Logins (login, Pwd, userid) VALUES ('none', 'n', -1)");
+    const LoginTable loaded = LoadLogins().value();
+    ASSERT_EQ(loaded.Logins().size(), 3U);
+    for (const Login &login : loaded.Logins()) {
+        EXPECT_EQ(login.userId.IsSet(), login.name == u"ann1"_s) << qPrintable(login.name);
+    }
+}
+
+TEST_P(LoginTableTest, WhatCouldNotBeReadIsNoTable)
+{
+    EXPECT_EQ(UntoldFailures(Dsn(), [] { return LoadLogins().has_value(); }), QStringList());
+    EXPECT_EQ(UntoldFailures(Dsn(), [] { return LoadLoginGroups().has_value(); }), QStringList());
+    EXPECT_EQ(UntoldFailures(Dsn(), [] { return LoadLoginUsers().has_value(); }), QStringList());
+    EXPECT_EQ(UntoldFailures(Dsn(), [this] { return LoginsOf(ann).has_value(); }), QStringList());
+    EXPECT_EQ(UntoldFailures(Dsn(), [] { return FindUserByName(u"ann"_s).has_value(); }),
+              QStringList());
+    EXPECT_EQ(UntoldFailures(Dsn(), [] { return LoadUnmonitored().has_value(); }), QStringList());
+}
+
 TEST_P(LoginTableTest, SaveWritesOnlyWhatIsNewChangedOrRemoved)
 {
     LoginEntry made = Entry(u"bob1"_s, u"secret"_s);
@@ -126,23 +172,21 @@ TEST_P(LoginTableTest, SaveWritesOnlyWhatIsNewChangedOrRemoved)
     made.login.limitMac = u"0011AABBCCDD"_s;
     made.login.allowStats = true;
     Add(made);
-    LoginEntry changed {table.Logins()[0], true, {}, {}, false};
-    changed.login.allowStats = true;
-    table.Put(changed, 0);
+    AllowAnnStatistics();
     table.Remove(1);
 
     StatementRecorder recorder;
-    EXPECT_TRUE(table.Save(prompt));
+    const LoginSaveReport report = Save();
+    EXPECT_TRUE(report.IsDone());
+    EXPECT_EQ(report.InWords(), QString());
     const QStringList expected {
-        u"SELECT Pwd FROM logins WHERE login=(?)"_s,
         u"UPDATE Logins SET LimitIP=(?), LimitMAC=(?), LimitPCMode=(?), LimitPC=(?), "
         "AllowStats=(?), userid=(?), Pwd=(?) WHERE login=(?)"_s,
         u"INSERT INTO Logins (login, LimitIP, LimitMAC, LimitPCMode, LimitPC, Virtual, "
         "AllowStats, userid, Pwd) VALUES ((?), (?), (?), (?), (?), (?), (?), (?), (?))"_s,
         u"DELETE FROM logins WHERE login=(?)"_s,
     };
-    EXPECT_EQ(recorder.Take(), expected);
-    EXPECT_TRUE(prompt.TakeSaid().isEmpty());
+    EXPECT_EQ(recorder.TakeChanging(), expected);
     const QString rows = RowsOf("SELECT login, LimitIP, LimitMAC, LimitPCMode, LimitPC, Virtual, "
                                 "AllowStats, userid, Pwd FROM logins ORDER BY login")
                              .join(u'\n');
@@ -150,84 +194,210 @@ TEST_P(LoginTableTest, SaveWritesOnlyWhatIsNewChangedOrRemoved)
               u"ann1|10.0.0.7||0|1|0|1|%1|digest of ann\n"
               "bob1||0011AABBCCDD|1|1|0|1|%2|b 6d1c2fee12fde2cf6fd690a11b24c3"_s.arg(ann.value)
                   .arg(bob.value));
+    EXPECT_TRUE(table.Changes().IsEmpty());
 }
 
 TEST_P(LoginTableTest, ARemovedNameCanBeUsedAgain)
 {
     table.Remove(1);
     Add(Entry(u"guest"_s, u""_s));
-    EXPECT_TRUE(table.Save(prompt));
+    StatementRecorder recorder;
+    EXPECT_TRUE(Save().IsDone());
+    EXPECT_EQ(recorder.TakeChanging().first(), u"DELETE FROM logins WHERE login=(?)"_s);
     EXPECT_EQ(RowsOf("SELECT login, Pwd, Virtual FROM logins WHERE login = 'guest'"),
               QStringList {u"guest|5b85554da1606b2582ebe938a45dd3bd|0"_s});
 }
 
-TEST_P(LoginTableTest, WhatFailedIsToldAndSavedTheNextTime)
+TEST_P(LoginTableTest, ANameThatSomebodyElseTookMeanwhileIsToldAndSavedTheNextTime)
 {
     Add(Entry(u"clash"_s, u"secret"_s));
     Add(Entry(u"fine"_s));
     table.Remove(0);
     Execute("INSERT INTO Logins (login, Pwd) VALUES ('clash', 'by another administrator')");
-    EXPECT_FALSE(table.Save(prompt));
-    EXPECT_EQ(prompt.TakeSaid(), QStringList {u"Error writing information to the database"_s});
+    const LoginSaveReport report = Save();
+    EXPECT_FALSE(report.IsDone());
+    EXPECT_EQ(report.InWords(),
+              u"The login clash was not saved: somebody else has made it meanwhile.\n"
+              "The other changes were saved."_s);
     EXPECT_EQ(RowsOf("SELECT login FROM logins ORDER BY login"),
               (QStringList {u"clash"_s, u"fine"_s, u"guest"_s}));
+    EXPECT_EQ(RowsOf("SELECT Pwd FROM logins WHERE login = 'clash'"),
+              QStringList {u"by another administrator"_s});
 
     Execute("DELETE FROM Logins WHERE login = 'clash'");
     StatementRecorder recorder;
-    EXPECT_TRUE(table.Save(prompt));
-    EXPECT_EQ(recorder.Take().size(), 1) << "only what is left";
+    EXPECT_TRUE(Save().IsDone());
+    EXPECT_EQ(recorder.TakeChanging().size(), 1) << "only what is left";
     EXPECT_EQ(RowsOf("SELECT Pwd FROM logins WHERE login = 'clash'"),
               QStringList {u"b 6d1c2fee12fde2cf6fd690a11b24c3"_s});
+}
+
+TEST_P(LoginTableTest, ALoginThatSomebodyElseRemovedIsTold)
+{
+    AllowAnnStatistics();
+    table.Remove(1);
+    Execute("DELETE FROM Logins");
+    const LoginSaveReport report = Save();
+    EXPECT_EQ(report.InWords(),
+              u"The login ann1 was not saved: somebody else has removed it meanwhile.\n"
+              "The other changes were saved."_s)
+        << "a removed one that is gone already is what was wanted";
+    EXPECT_TRUE(RowsOf("SELECT login FROM logins").isEmpty());
+    EXPECT_EQ(table.Changes().changed.size(), 1U);
+    EXPECT_TRUE(table.Changes().removedLast.isEmpty());
 }
 
 TEST_P(LoginTableTest, ATableThatIsAwayLosesNoLogin)
 {
     Add(Entry(u"new"_s));
-    LoginEntry changed {table.Logins()[0], true, {}, {}, false};
-    changed.login.allowStats = true;
-    table.Put(changed, 0);
+    AllowAnnStatistics();
     table.Remove(1);
+    const QStringList before = EveryRow();
     Execute("ALTER TABLE Logins RENAME TO logins_away");
-    EXPECT_FALSE(table.Save(prompt));
-    EXPECT_EQ(prompt.TakeSaid().size(), 3) << "the change, the new one and the removed one";
+    const LoginSaveReport report = Save();
     Execute("ALTER TABLE logins_away RENAME TO Logins");
-    EXPECT_TRUE(table.Save(prompt));
+    EXPECT_EQ(report.outcome.state, Outcome::State::NotDone);
+    EXPECT_EQ(report.notSaved,
+              (QStringList {u"The login ann1 was not saved."_s,
+                            u"The login new was not saved."_s,
+                            u"The login guest was not removed."_s}));
+    EXPECT_TRUE(report.InWords().startsWith(u"Error writing information to the database\n"_s));
+    EXPECT_TRUE(report.InWords().contains(u"Nothing was saved."_s));
+    EXPECT_EQ(EveryRow(), before);
+    EXPECT_TRUE(Save().IsDone());
     EXPECT_EQ(RowsOf("SELECT login, AllowStats, Pwd FROM logins ORDER BY login").join(u'\n'),
               u"ann1|1|digest of ann\nnew|0|"_s + *PasswordDigest(u"pw"_s));
 }
 
+TEST_P(LoginTableTest, APasswordThatCouldNotBeReadIsNotWrittenAsNone)
+{
+    AllowAnnStatistics();
+    Add(Entry(u"new"_s));
+    LoginSaveReport report;
+    {
+        DirectConnection other;
+        ASSERT_TRUE(other.Open(Dsn()));
+        bool isAway = false;
+        const auto move = [&](bool away) {
+            EXPECT_TRUE(other.Run(away ? u"ALTER TABLE logins RENAME TO logins_away"_s
+                                       : u"ALTER TABLE logins_away RENAME TO logins"_s));
+            isAway = away;
+        };
+        bool first = true;
+        const StatementHook fail([&](const QString &statement) {
+            if (isAway) {
+                move(false);
+            } else if (statement.startsWith(u"SELECT Pwd"_s) && std::exchange(first, false)) {
+                move(true);
+            }
+        });
+        report = Save();
+    }
+    EXPECT_EQ(report.notSaved, QStringList {u"The login ann1 was not saved."_s});
+    EXPECT_EQ(report.outcome.state, Outcome::State::Partly);
+    EXPECT_EQ(RowsOf("SELECT login, Pwd, AllowStats FROM logins ORDER BY login"),
+              (QStringList {u"ann1|digest of ann|0"_s,
+                            u"guest|g|0"_s,
+                            u"new|%1|0"_s.arg(*PasswordDigest(u"pw"_s))}));
+    EXPECT_TRUE(Save().IsDone());
+    EXPECT_EQ(RowsOf("SELECT Pwd, AllowStats FROM logins WHERE login = 'ann1'"),
+              QStringList {u"digest of ann|1"_s});
+}
+
+TEST_P(LoginTableTest, WhatWasNotTouchedStaysAsSomebodyElseLeftIt)
+{
+    AllowAnnStatistics();
+    Execute("UPDATE Logins SET LimitPCMode = 1, LimitMAC = '0011AABBCCDD', userid = (?), "
+            "Pwd = 'another' WHERE login = 'ann1'",
+            bob);
+    EXPECT_TRUE(Save().IsDone());
+    EXPECT_EQ(RowsOf("SELECT LimitIP, LimitMAC, LimitPCMode, LimitPC, AllowStats, userid, Pwd FROM "
+                     "logins WHERE login = 'ann1'"),
+              QStringList {u"10.0.0.7|0011AABBCCDD|1|1|1|%1|another"_s.arg(bob.value)});
+    EXPECT_EQ(table.Logins()[0].userName, u"bob"_s) << "the list shows what was stored";
+}
+
+TEST_P(LoginTableTest, WhatBothTouchedIsAsked)
+{
+    Execute("INSERT INTO users (username, group_id, monitored) VALUES ('cleo', 80, true)");
+    ChangeAnn([this](LoginEntry &entry) { entry.login.userId = bob; });
+    Execute("UPDATE Logins SET userid = (?) WHERE login = 'ann1'", UserOf(u"cleo"_s));
+    const QStringList before = EveryRow();
+    LoginSaveReport report = Save();
+    EXPECT_EQ(report.outcome.state, Outcome::State::NeedsAnswers);
+    ASSERT_EQ(report.outcome.questions.size(), 1);
+    EXPECT_EQ(report.outcome.questions[0].text,
+              u"Login ann1: the bound user was changed meanwhile to cleo \u2013 overwrite?"_s);
+    EXPECT_EQ(report.InWords(), QString());
+    EXPECT_EQ(EveryRow(), before);
+
+    const auto bound = [] {
+        return RowsOf("SELECT username FROM logins, users WHERE userid = user_id");
+    };
+    LoginTable copy = table;
+    EXPECT_TRUE(Save({{report.outcome.questions[0].key, false}}).IsDone());
+    EXPECT_EQ(bound(), QStringList {u"cleo"_s});
+    table = copy;
+    EXPECT_TRUE(Save({{report.outcome.questions[0].key, true}}).IsDone());
+    EXPECT_EQ(bound(), QStringList {u"bob"_s});
+}
+
+TEST_P(LoginTableTest, ASavedPasswordIsNotWrittenAgain)
+{
+    ChangeAnn([](LoginEntry &entry) {
+        entry.password = entry.retyped = u"secret"_s;
+        entry.passwordTouched = true;
+    });
+    EXPECT_TRUE(Save().IsDone());
+    EXPECT_EQ(RowsOf("SELECT Pwd FROM logins WHERE login = 'ann1'"),
+              QStringList {u"b 6d1c2fee12fde2cf6fd690a11b24c3"_s});
+    Execute("UPDATE Logins SET Pwd = 'another' WHERE login = 'ann1'");
+    AllowAnnStatistics();
+    EXPECT_TRUE(Save().IsDone());
+    EXPECT_EQ(RowsOf("SELECT Pwd FROM logins WHERE login = 'ann1'"), QStringList {u"another"_s});
+}
+
 TEST_P(LoginTableTest, AUserHasOneLoginAtMost)
 {
-    EXPECT_TRUE(table.HasLogin(ann, {}));
-    EXPECT_FALSE(table.HasLogin(ann, 0)); // its own
-    EXPECT_FALSE(table.HasLogin(bob, {}));
+    const auto hasLogin = [this](UserId user, std::optional<size_t> index) {
+        return table.HasLogin(user, index, LoginsOf(user).value());
+    };
+    EXPECT_TRUE(hasLogin(ann, {}));
+    EXPECT_FALSE(hasLogin(ann, 0)); // its own
+    EXPECT_FALSE(hasLogin(bob, {}));
     LoginEntry made = Entry(u"bob1"_s);
     made.bindToUser = true;
     made.login.userId = bob;
     Add(made);
-    EXPECT_TRUE(table.HasLogin(bob, {})); // not stored yet
+    EXPECT_TRUE(hasLogin(bob, {})); // not stored yet
     table.Remove(0);
-    EXPECT_FALSE(table.HasLogin(ann, {})); // still stored, but going
+    EXPECT_FALSE(hasLogin(ann, {})); // still stored, but going
     Execute("INSERT INTO Logins (login, Pwd, userid) VALUES ('elsewhere', 'x', (?))", ann);
-    EXPECT_TRUE(table.HasLogin(ann, {}));
+    EXPECT_TRUE(hasLogin(ann, {}));
 }
 
 TEST_P(LoginTableTest, UsersAreOfferedByGroupAndName)
 {
-    const auto groups = LoadLoginUsers();
+    const auto groups = LoadLoginUsers().value();
     ASSERT_EQ(groups.size(), 1U);
     EXPECT_EQ(groups[0].name, u"Everybody"_s);
     ASSERT_EQ(groups[0].users.size(), 2U);
     EXPECT_EQ(groups[0].users[1].name, u"bob"_s);
-    EXPECT_FALSE(FindUserByName(u"nobody"_s));
+    EXPECT_FALSE(FindUserByName(u"nobody"_s).value());
 }
 
 TEST_P(LoginTableTest, UnmonitoredUsersComeBack)
 {
-    Execute("UPDATE users SET monitored = false, ip_addr = '10.0.0.9' WHERE username = 'bob'");
-    const auto users = LoadUnmonitored();
-    ASSERT_EQ(users.size(), 1U);
-    EXPECT_EQ(users[0].text, u"bob(10.0.0.9)"_s);
-    MonitorUser(users[0].userId);
-    EXPECT_TRUE(LoadUnmonitored().empty());
+    Execute("UPDATE users SET monitored = false, ip_addr = '10.0.0.9'");
+    const auto users = LoadUnmonitored().value();
+    ASSERT_EQ(users.size(), 2U);
+    EXPECT_EQ(users[1].text, u"bob(10.0.0.9)"_s);
+    StatementRecorder recorder;
+    const Outcome outcome =
+        RunAction(MonitorUsersAction({users[1].userId, users[0].userId}), {}, nullptr);
+    EXPECT_EQ(recorder.TakeChanging(),
+              QStringList(2, u"UPDATE users SET monitored=true WHERE user_id = (?) "_s));
+    EXPECT_TRUE(outcome.IsDone());
+    ASSERT_EQ(outcome.changes.size(), 2);
+    EXPECT_TRUE(LoadUnmonitored().value().empty());
 }

@@ -1,18 +1,31 @@
 #include "admin/protocol_table.h"
 
-#include "support/core/scripted_prompt.h"
-
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+// A monitored protocol of the database; each port is its number and its id.
+Protocol Stored(const QString &name, quint32 id, const QList<std::pair<qint32, quint32>> &ports)
+{
+    Protocol protocol {
+        .name = name, .ports = {}, .id = ProtocolId {id}, .monitored = true, .wasMonitored = true};
+    for (const auto &[number, portId] : ports) {
+        protocol.ports << ProtocolPort {number, PortId {portId}};
+    }
+    return protocol;
+}
+
+RemovedPort Removed(quint32 protocolId, qint32 number, quint32 portId)
+{
+    return {ProtocolId {protocolId}, {number, PortId {portId}}};
+}
+
 ProtocolTable HttpAndFtp()
 {
     return ProtocolTable(
-        {{u"FTP"_s, {{20, PortId {201}}, {21, PortId {202}}}, ProtocolId {2}, true, false},
-         {u"HTTP"_s, {{80, PortId {101}}}, ProtocolId {1}, true, false}});
+        {Stored(u"FTP"_s, 2, {{20, 201}, {21, 202}}), Stored(u"HTTP"_s, 1, {{80, 101}})});
 }
 
 QString Described(const ProtocolTable &table)
@@ -58,6 +71,16 @@ TEST(ProtocolTable, PortsLieBetween1And65535AndAreListedOnce)
     EXPECT_EQ(Described(table), u"FTP#2 20#201,21#202; HTTP#1 80#101,1#0,65535#0,20#0"_s);
 }
 
+TEST(ProtocolTable, ADraftIsChangedBesideItsBase)
+{
+    const ProtocolTable base = HttpAndFtp();
+    ProtocolTable draft = base;
+    EXPECT_EQ(draft.AddPort(1, 8080), std::nullopt);
+    EXPECT_EQ(draft.AddPort(1, 8080), ProtocolProblem::PortListed);
+    EXPECT_EQ(Described(base), u"FTP#2 20#201,21#202; HTTP#1 80#101"_s);
+    EXPECT_EQ(Described(draft), u"FTP#2 20#201,21#202; HTTP#1 80#101,8080#0"_s);
+}
+
 TEST(ProtocolTable, HoldsAHundredOfEach)
 {
     ProtocolTable table;
@@ -76,7 +99,7 @@ TEST(ProtocolTable, WhatIsRemovedAndAddedAgainKeepsItsRow)
 {
     ProtocolTable table = HttpAndFtp();
     table.RemovePort(0, 1);
-    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{ProtocolId {2}, {21, PortId {202}}}}));
+    EXPECT_EQ(table.RemovedPorts(), QList<RemovedPort> {Removed(2, 21, 202)});
     EXPECT_EQ(table.AddPort(0, 21), std::nullopt);
     EXPECT_TRUE(table.RemovedPorts().isEmpty());
     EXPECT_EQ(Described(table), u"FTP#2 20#201,21#202; HTTP#1 80#101"_s);
@@ -88,8 +111,7 @@ TEST(ProtocolTable, WhatIsRemovedAndAddedAgainKeepsItsRow)
     EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 "_s) << "it has no ports";
     EXPECT_FALSE(table.Protocols()[1].monitored);
     EXPECT_EQ(table.RemovedPorts(),
-              (QList<RemovedPort> {{ProtocolId {2}, {20, PortId {201}}},
-                                   {ProtocolId {2}, {21, PortId {202}}}}));
+              (QList<RemovedPort> {Removed(2, 20, 201), Removed(2, 21, 202)}));
     EXPECT_EQ(table.AddPort(1, 21), std::nullopt);
     EXPECT_EQ(Described(table), u"HTTP#1 80#101; FTP#2 21#202"_s);
 
@@ -97,16 +119,29 @@ TEST(ProtocolTable, WhatIsRemovedAndAddedAgainKeepsItsRow)
     EXPECT_EQ(table.AddPort(2, 7), std::nullopt);
     table.RemovePort(2, 0);
     table.Remove(2);
-    EXPECT_EQ(table.RemovedPorts(), (QList<RemovedPort> {{ProtocolId {2}, {20, PortId {201}}}}))
+    EXPECT_EQ(table.RemovedPorts(), QList<RemovedPort> {Removed(2, 20, 201)})
         << "what never was in the database leaves nothing to delete";
     EXPECT_TRUE(table.RemovedProtocols().isEmpty());
 }
 
+TEST(ProtocolTable, APortComesBackToItsOwnProtocolAlone)
+{
+    ProtocolTable table = HttpAndFtp();
+    table.RemovePort(1, 0);
+    EXPECT_EQ(table.AddPort(0, 80), std::nullopt);
+    EXPECT_EQ(Described(table), u"FTP#2 20#201,21#202,80#0; HTTP#1 "_s) << "HTTP's row is HTTP's";
+    EXPECT_EQ(table.RemovedPorts(), QList<RemovedPort> {Removed(1, 80, 101)});
+    EXPECT_EQ(table.RemovedPortsOf(ProtocolId {1}).size(), 1);
+    EXPECT_TRUE(table.RemovedPortsOf(ProtocolId {2}).isEmpty());
+    EXPECT_EQ(table.AddPort(1, 80), std::nullopt);
+    EXPECT_EQ(Described(table), u"FTP#2 20#201,21#202,80#0; HTTP#1 80#101"_s);
+    EXPECT_TRUE(table.RemovedPorts().isEmpty());
+}
+
 TEST(ProtocolTable, WhatTheWizardUnlistsComesBackWithItsPorts)
 {
-    const QList<Protocol> unlisted {
-        {u"Mail"_s, {{25, PortId {301}}}, ProtocolId {3}, false, false}};
-    ProtocolTable table(HttpAndFtp().Protocols(), unlisted);
+    const QList<Protocol> unlisted {Stored(u"Mail"_s, 3, {{25, 301}})};
+    ProtocolTable table(HttpAndFtp().Protocols(), {Stored(u"Mail"_s, 3, {{25, 301}})});
     table.Remove(0);
     for (const auto &name : {u"ftp"_s, u"mail"_s}) {
         EXPECT_EQ(table.Add(name), std::nullopt);
@@ -117,18 +152,13 @@ TEST(ProtocolTable, WhatTheWizardUnlistsComesBackWithItsPorts)
 
 TEST(ProtocolTable, OnlySpecifiedOnlyAsksAboutNone)
 {
-    ScriptedPrompt prompt;
     for (const int mode : {0, 1, 3}) {
-        EXPECT_TRUE(AcceptsMonitoring(false, mode, prompt)) << mode;
+        EXPECT_EQ(QuestionOnMonitoring(false, mode), std::nullopt) << mode;
     }
-    EXPECT_TRUE(AcceptsMonitoring(true, 2, prompt));
-    EXPECT_TRUE(prompt.TakeSaid().isEmpty());
-    prompt.AnswerWith({false, true});
-    EXPECT_FALSE(AcceptsMonitoring(false, 2, prompt));
-    EXPECT_TRUE(AcceptsMonitoring(false, 2, prompt));
-    EXPECT_TRUE(prompt.TakeSaid().last().contains(
-        u"You have not selected any protocol. Tollbrook will not track any traffic with this setup. "
-        "Would you like to continue?"_s));
+    EXPECT_EQ(QuestionOnMonitoring(true, 2), std::nullopt);
+    EXPECT_EQ(QuestionOnMonitoring(false, 2),
+              u"You have not selected any protocol. Tollbrook will not track any traffic with this "
+              "setup. Would you like to continue?"_s);
 
     ProtocolTable table = HttpAndFtp();
     EXPECT_TRUE(table.AnyMonitored());

@@ -1,10 +1,15 @@
 #include "admin/purge.h"
 
-#include "base/painted_work.h"
+#include "db/direct_connection.h"
 #include "support/core/engine_fixture.h"
+#include "support/core/statement_hook.h"
 #include "support/core/statement_recorder.h"
 
-#include <QThread>
+#include <QDeadlineTimer>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -89,7 +94,7 @@ protected:
     static void Purge(const PurgeChoice &choice, QDate today)
     {
         for (const PurgeStep &step : PurgeSteps(choice, today)) {
-            EXPECT_TRUE(RunPurgeStep(step)) << step.statement;
+            EXPECT_TRUE(RunPurgeStep(step).outcome.IsDone()) << step.statement;
         }
     }
 };
@@ -150,32 +155,87 @@ TEST_P(PurgeTest, WhatWouldGoIsWhatGoes)
 {
     Fill({{2026, 1, 1}, {2026, 3, 2}, {2026, 3, 3}, {2026, 3, 4}});
     const auto steps = PurgeSteps({Keep::Custom, false, {2026, 3, 2}, {2026, 3, 3}}, {2026, 3, 9});
-    const auto counts = CountPurge(steps);
+    const auto counted = CountPurge(steps);
+    ASSERT_TRUE(counted);
+    const auto counts = RowsByTable(*counted);
     ASSERT_EQ(counts.size(), 3U);
     for (const PurgeCount &count : counts) {
         EXPECT_EQ(count.rows, 2) << qPrintable(count.table);
     }
-    qint64 removed = 0;
-    for (const PurgeStep &step : steps) {
-        removed += RunPurgeStep(step).value_or(-100);
+    for (const PurgeStep &step : *counted) {
+        const PurgeOutcome outcome = RunPurgeStep(step);
+        EXPECT_TRUE(outcome.outcome.IsDone());
+        EXPECT_EQ(outcome.removed, step.rows) << step.statement;
     }
-    EXPECT_EQ(removed, 6);
 }
 
-TEST_P(PurgeTest, AFailedStepIsSeenAndTheWorkCanRunBesideTheWindow)
+TEST_P(PurgeTest, ACountThatFailedIsNotNone)
+{
+    const auto steps = PurgeSteps({Keep::Today, false, {}, {}}, {2026, 3, 9});
+    EXPECT_EQ(UntoldFailures(Dsn(), [&steps] { return CountPurge(steps).has_value(); }),
+              QStringList());
+}
+
+TEST_P(PurgeTest, AFailedStepIsToldAndStopsNone)
 {
     Fill({{2026, 1, 1}});
-    Execute("DROP TABLE time_use");
-    QStringList outcome;
-    QThread *worker = nullptr;
-    RunPainted([&] {
-        worker = QThread::currentThread();
-        for (const PurgeStep &step : PurgeSteps({Keep::Today, false, {}, {}}, {2026, 3, 9})) {
-            outcome << QString::number(RunPurgeStep(step).value_or(-1));
+    Execute("ALTER TABLE time_use RENAME TO time_use_away");
+    QStringList outcomes;
+    for (const PurgeStep &step : PurgeSteps({Keep::Today, false, {}, {}}, {2026, 3, 9})) {
+        const auto [outcome, removed] = RunPurgeStep(step);
+        outcomes << (outcome.IsDone() ? QString::number(removed) : outcome.failures[0].statement);
+    }
+    Execute("ALTER TABLE time_use_away RENAME TO time_use");
+    EXPECT_EQ(outcomes,
+              (QStringList {u"1"_s, u"DELETE FROM time_use WHERE current_time < (?)"_s, u"1"_s}));
+    EXPECT_EQ(RowsOf("SELECT current_time FROM time_use").size(), 1);
+}
+
+class PurgeLostTest : public PurgeTest
+{ };
+TB_ON_EVERY_SERVER(PurgeLostTest);
+
+// The step waits for another program's lock when the server ends its connection; whether it was done
+// is what that program then leaves.
+TEST_P(PurgeLostTest, AStepWhoseEndWasNotHeardOfIsCountedAgain)
+{
+    for (const bool isDone : {false, true}) {
+        Fill({{2026, 1, 1}, {2026, 1, 2}});
+        const auto counted = CountPurge(PurgeSteps({Keep::Nothing, false, {}, {}}, {2026, 3, 9}));
+        ASSERT_TRUE(counted);
+        DirectConnection other;
+        ASSERT_TRUE(other.Open(Dsn()) && other.Run(u"BEGIN"_s)
+                    && other.Run(u"UPDATE traffic_use SET data = 2"_s));
+        PurgeOutcome outcome;
+        {
+            const StatementHook beforeLook([&](const QString &statement) {
+                if (statement.startsWith(u"SELECT COUNT"_s)) {
+                    EXPECT_TRUE(!isDone || other.Run(u"DELETE FROM traffic_use"_s));
+                    EXPECT_TRUE(other.Run(u"COMMIT"_s));
+                }
+            });
+            std::atomic<bool> ended = false;
+            std::thread console([&] {
+                EXPECT_EQ(ConnectDatabase(Dsn().toUtf8().constData()), 1);
+                outcome = RunPurgeStep(counted->front());
+                DisconnectDatabase();
+                ended = true;
+            });
+            const QDeadlineTimer deadline(20'000);
+            while (!ended && !deadline.hasExpired()
+                   && EndOtherConnections(u"delete from traffic"_s) == 0) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            }
+            console.join();
         }
-        EXPECT_TRUE(IsWorkRunning());
-    });
-    EXPECT_NE(worker, QThread::currentThread());
-    EXPECT_FALSE(IsWorkRunning());
-    EXPECT_EQ(outcome, (QStringList {u"1"_s, u"-1"_s, u"1"_s}));
+        EXPECT_EQ(outcome.outcome.IsDone(), isDone);
+        EXPECT_EQ(outcome.removed, isDone ? 2 : 0);
+        EXPECT_EQ(RowsOf("SELECT user_id FROM traffic_use").size(), isDone ? 0 : 2);
+        if (!isDone) {
+            EXPECT_EQ(outcome.outcome.state, Outcome::State::NotDone);
+            ASSERT_EQ(outcome.outcome.failures.size(), 1);
+            EXPECT_EQ(outcome.outcome.failures[0].kind, Failure::Kind::ConnectionLost);
+        }
+        EXPECT_TRUE(RunPurgeStep(counted->front()).outcome.IsDone());
+    }
 }

@@ -1,5 +1,6 @@
 #include "app/administrator_app.h"
 
+#include "db/query.h"
 #include "db/session.h"
 #include "support/core/database_fixture.h"
 #include "support/core/fake_service.h"
@@ -30,6 +31,7 @@ struct StartUpTest : DatabaseFixture
     FakeService service {bus};
     ScriptedPrompt prompt;
     int frames = 0;
+    int begun = 0;
     bool frameWorks = true;
 
     void SetUp() override
@@ -46,6 +48,18 @@ struct StartUpTest : DatabaseFixture
 
     [[nodiscard]] ConfigStore Store() const { return ConfigStore(folder.filePath(u"config"_s)); }
 
+    // Whether the application's own session is open.
+    static bool IsOpen()
+    {
+        std::optional<bool> open;
+        App().Services().database.Start(
+            &App(), [] { return IsSessionOpen(); }, [&open](const Result<bool> &answer) {
+                open = answer.has_value();
+            });
+        EXPECT_TRUE(QTest::qWaitFor([&open] { return open.has_value(); }));
+        return open.value_or(false);
+    }
+
     void Write(const TextValue &value, const QString &text)
     {
         static_cast<void>(Store().CreateKey(value.key));
@@ -54,10 +68,15 @@ struct StartUpTest : DatabaseFixture
 
     bool StartOn(const QDBusConnection &connection)
     {
-        App().SetUp({.configFolder = Store().Folder(), .bus = connection}, prompt, [this] {
+        const auto show = [this] {
+            EXPECT_EQ(prompt.TakeSaid(), QStringList()) << "the window stands first";
             ++frames;
             return frameWorks;
-        });
+        };
+        const auto begin = [this] { ++begun; };
+        App().SetUp({.configFolder = Store().Folder(), .bus = connection},
+                    prompt,
+                    {.show = show, .begin = begin});
         return App().InitInstance();
     }
     bool Start() { return StartOn(bus.Connection()); }
@@ -70,8 +89,9 @@ TEST_F(StartUpTest, WithoutAStoreTheConsoleSaysSoAndOpens)
     EXPECT_TRUE(Start());
     EXPECT_EQ(prompt.TakeSaid(), (QStringList {kRegistryError, kDatabaseError}));
     EXPECT_EQ(frames, 1);
+    EXPECT_EQ(begun, 1);
     EXPECT_EQ(App().Port(), 700);
-    EXPECT_FALSE(IsDatabaseOpen());
+    EXPECT_FALSE(IsOpen());
     EXPECT_FALSE(App().IsServiceRunning());
     EXPECT_FALSE(App().IsConnected());
 }
@@ -93,7 +113,7 @@ TEST_F(StartUpTest, ADataSourceThatIsMissingOrUnknownIsTold)
     Write(values::kBillDsn, Dsn());
     EXPECT_TRUE(Start());
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
-    EXPECT_TRUE(IsDatabaseOpen());
+    EXPECT_TRUE(IsOpen());
     EXPECT_EQ(frames, 4);
 }
 
@@ -141,10 +161,10 @@ TEST_F(StartUpTest, ARunningServiceIsConnectedTo)
     EXPECT_TRUE(App().IsConnected());
     ASSERT_NE(App().Services().connection.Link(), nullptr);
     App().Services().connection.Link()->BlockUser(UserId {5});
-    EXPECT_EQ(service.TakeCalls(), QStringList {u"BlockUser 5, no reply"_s});
+    EXPECT_EQ(service.TakeCalls(), QStringList {u"BlockUser 5"_s});
 
     CloseConnections(App().Services());
-    EXPECT_FALSE(IsDatabaseOpen());
+    EXPECT_FALSE(IsOpen());
     EXPECT_EQ(App().Services().connection.Link(), nullptr);
 }
 
@@ -178,6 +198,7 @@ TEST_F(StartUpTest, WithoutAFrameTheProcessEnds)
     frameWorks = false;
     EXPECT_FALSE(Start());
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    EXPECT_EQ(begun, 0);
 }
 
 // In a locale with a decimal comma a driver writes one, and what stands behind it would be lost.

@@ -11,7 +11,13 @@
 using namespace Qt::StringLiterals;
 
 class ConfigStoreTest : public StoreFixture
-{ };
+{
+protected:
+    [[nodiscard]] QStringList FilesBesidePath() const
+    {
+        return QDir(QFileInfo(path).path()).entryList(QDir::Files | QDir::Hidden);
+    }
+};
 
 TEST_F(ConfigStoreTest, AMissingKeyReadsAsNothingAndIsNeverMade)
 {
@@ -19,14 +25,19 @@ TEST_F(ConfigStoreTest, AMissingKeyReadsAsNothingAndIsNeverMade)
     EXPECT_EQ(store.ReadText(values::kBillDsn), std::nullopt);
     EXPECT_EQ(store.ReadInteger(values::kTimer), 0);
     EXPECT_EQ(store.ReadNumber(values::kNet, 0), std::nullopt);
-    EXPECT_FALSE(store.WriteText(values::kNic, u"eth0"_s));
-    EXPECT_FALSE(store.WriteNumber(values::kNet, 0, 1));
-    EXPECT_FALSE(store.Edit(ConfigKeyId::Base, [](KeyEditor &) { ADD_FAILURE(); }));
+    EXPECT_EQ(store.Problem(ConfigKeyId::Base), std::nullopt) << "missing is no failure";
+    const auto opened = store.ReadKey(ConfigKeyId::Base);
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->ReadText(values::kBillDsn), std::nullopt);
+    EXPECT_EQ(opened->ReadInteger(values::kTimer), 0);
+    EXPECT_TRUE(store.WriteText(values::kNic, u"eth0"_s)) << "a success that writes nothing";
+    EXPECT_TRUE(store.WriteNumber(values::kNet, 0, 1));
+    EXPECT_TRUE(store.Edit(ConfigKeyId::Base, [](KeyEditor &) { ADD_FAILURE(); }));
     EXPECT_FALSE(QDir(store.Folder()).exists());
 
     MakeBaseKey();
     EXPECT_TRUE(store.HasKey(ConfigKeyId::Base));
-    EXPECT_FALSE(store.WriteNumber(values::kNet, 0, 1)) << "a subkey is a key of its own";
+    EXPECT_TRUE(store.WriteNumber(values::kNet, 0, 1)) << "a subkey is a key of its own";
     EXPECT_FALSE(store.HasKey(ConfigKeyId::LocalIp));
 }
 
@@ -124,35 +135,83 @@ TEST_F(ConfigStoreTest, AValueThatDoesNotFitItsBufferIsMissing)
     expectFits({}, 1, true);
 }
 
-TEST_F(ConfigStoreTest, ADamagedFileReadsAsMissingAndIsKeptAside)
+TEST_F(ConfigStoreTest, AKeyIsReadAtOneMoment)
 {
-    const QByteArray damaged[] = {"timer = \"6",
-                                  "timer 60\n",
-                                  "a = 1\na = 2\n",
-                                  "\xff\xfe = 1",
-                                  QByteArray(2 * 1024 * 1024, '\n')};
-    int number = 0;
-    for (const QByteArray &bytes : damaged) {
+    WriteByHand("timer = \"60\"\ncurrencyrate = \"1.5\"\nNIC = \"eth0\"\n");
+    const auto opened = store.ReadKey(ConfigKeyId::Base);
+    ASSERT_TRUE(store.WriteText(values::kNic, u"eth1"_s));
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->ReadInteger(values::kTimer), 60);
+    EXPECT_EQ(opened->ReadAmount(values::kCurrencyRate), 1.5);
+    EXPECT_EQ(opened->ReadText(values::kNic), u"eth0"_s);
+    EXPECT_EQ(opened->ReadText(values::kNic, 4), std::nullopt) << "does not fit its buffer";
+}
+
+struct DamagedFile
+{
+    QByteArray bytes;
+    int line;
+    QString reason; // after "is damaged and must be mended: "
+};
+
+const DamagedFile kDamagedFiles[] = {
+    {"port = \"700\"\ntimer = 5 sec\n",
+     2,
+     u"Error while parsing key-value pair: expected a comment or whitespace"_s},
+    {"timer = \"6", 1, u"Error while parsing string: encountered end-of-file"_s},
+    {"\xEF\xBB\xBFport = \"7\"\r\n\r\ntimer 60\r\n",
+     3,
+     u"Error while parsing key-value pair: expected '='"_s},
+    {"a = 1\na = 2\n",
+     2,
+     u"Error while parsing key-value pair: cannot redefine existing integer 'a'"_s},
+    {"\xff\xfe = 1", 1, u"Encountered invalid utf-8 sequence"_s},
+    {"clientpwd = topsecret\n", 1, u"Error while parsing boolean: expected 'true'"_s},
+    {"clientpwd = 74108520963074108520\n",
+     1,
+     u"Error while parsing decimal integer: is not representable in 64 bits"_s},
+    {QByteArray(qsizetype(2) * 1024 * 1024, '\n'), 0, u"it is larger than 1048576 bytes"_s},
+};
+
+TEST_F(ConfigStoreTest, ADamagedFileReadsAsMissingAndIsNeverWritten)
+{
+    for (const auto &[bytes, line, reason] : kDamagedFiles) {
         WriteByHand(bytes);
+        const SettingsFailure failure {path, line, u"is damaged and must be mended: "_s + reason};
         const WarningCollector warnings;
         EXPECT_FALSE(store.HasKey(ConfigKeyId::Base));
         EXPECT_EQ(store.ReadText(values::kTimer), std::nullopt);
-        EXPECT_TRUE(store.Edit(ConfigKeyId::Base, [](KeyEditor &key) {
-            EXPECT_FALSE(key.DeleteNumber(values::kNet, 0));
-        }));
-        EXPECT_EQ(BytesOf(path), bytes) << "reading and deleting change nothing";
-        ASSERT_EQ(WarningCollector::Lines().size(), 1) << "one line, however often it is read";
-        EXPECT_TRUE(WarningCollector::Lines()[0].contains(
-            u"tollbrook.config: "_s + path + u" is damaged and counts as missing"_s));
+        EXPECT_EQ(store.ReadInteger(values::kPort), 0);
+        EXPECT_EQ(store.Problem(ConfigKeyId::Base), failure);
+        const auto opened = store.ReadKey(ConfigKeyId::Base);
+        ASSERT_FALSE(opened) << qPrintable(reason);
+        EXPECT_EQ(opened.error(), failure);
+        EXPECT_EQ(WarningCollector::Lines(),
+                  QStringList(u"tollbrook.config: "_s + TextOf(failure)
+                              + u" Its values count as missing."_s))
+            << "one line, however often it is read";
 
-        EXPECT_TRUE(store.WriteText(values::kTimer, u"60"_s));
-        EXPECT_EQ(BytesOf(path), "timer = \"60\"\n");
-        ++number;
-        const QString aside =
-            path + u".damaged"_s + (number == 1 ? QString() : u"-%1"_s.arg(number));
-        EXPECT_EQ(BytesOf(aside), bytes);
-        EXPECT_TRUE(WarningCollector::Lines().last().endsWith(u"is kept as "_s + aside));
+        const auto edited = store.Edit(ConfigKeyId::Base, [](KeyEditor &) { ADD_FAILURE(); });
+        ASSERT_FALSE(edited);
+        EXPECT_EQ(edited.error(), failure);
+        EXPECT_FALSE(store.WriteText(values::kTimer, u"60"_s));
+        EXPECT_EQ(BytesOf(path), bytes);
+        EXPECT_EQ(FilesBesidePath(), QStringList(u"Network.toml"_s)) << "nor any copy of it";
+        EXPECT_EQ(WarningCollector::Lines().last(),
+                  u"tollbrook.config: "_s + TextOf(failure) + u" Nothing was written."_s);
     }
+    WriteByHand("port = \"700\"\ntimer = \"5\" # sec\n");
+    EXPECT_EQ(store.Problem(ConfigKeyId::Base), std::nullopt);
+    EXPECT_TRUE(store.WriteText(values::kTimer, u"60"_s));
+    EXPECT_EQ(BytesOf(path), "port = \"700\"\ntimer = \"60\" # sec\n");
+}
+
+TEST_F(ConfigStoreTest, AFailureIsToldInOneSentence)
+{
+    EXPECT_EQ(TextOf({u"/etc/x.toml"_s, 3, u"is damaged"_s}),
+              u"Line 3 of the settings file \"/etc/x.toml\" is damaged."_s);
+    EXPECT_EQ(TextOf({u"/etc/%1.toml"_s, 0, u"cannot be written: %2"_s}),
+              u"The settings file \"/etc/%1.toml\" cannot be written: %2."_s);
 }
 
 TEST_F(ConfigStoreTest, AFileThatCannotBeReadIsLeftAlone)
@@ -161,10 +220,38 @@ TEST_F(ConfigStoreTest, AFileThatCannotBeReadIsLeftAlone)
     ASSERT_TRUE(QFile::remove(path));
     ASSERT_TRUE(QDir().mkdir(path));
     const WarningCollector warnings;
+    const SettingsFailure failure {path, 0, u"cannot be read: it is not a file"_s};
     EXPECT_FALSE(store.HasKey(ConfigKeyId::Base));
-    EXPECT_FALSE(store.WriteText(values::kTimer, u"60"_s));
+    EXPECT_EQ(store.Problem(ConfigKeyId::Base), failure);
+    const auto written = store.WriteText(values::kTimer, u"60"_s);
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error(), failure);
     EXPECT_TRUE(QFileInfo(path).isDir());
-    EXPECT_EQ(WarningCollector::Lines().filter(u"cannot be read: not a file"_s).size(), 1);
+    EXPECT_EQ(WarningCollector::Lines().filter(u"Its values count as missing."_s).size(), 1);
+}
+
+TEST_F(ConfigStoreTest, AValueThatTheFileCannotTakeIsNotLostSilently)
+{
+    const auto expectRefused = [this](const QByteArray &bytes,
+                                      const TextValue &value,
+                                      const QString &text) {
+        WriteByHand(bytes);
+        const auto edited = store.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+            key.WriteText(values::kPort, u"700"_s);
+            key.WriteText(value, text);
+            key.WriteText(values::kPath, u"/srv/"_s);
+        });
+        ASSERT_FALSE(edited);
+        EXPECT_EQ(edited.error(),
+                  (SettingsFailure {path,
+                                    0,
+                                    u"cannot be written: it does not take the value \"%1\""_s.arg(
+                                        QLatin1StringView(value.name))}));
+        EXPECT_EQ(BytesOf(path), bytes) << "nor is anything else written";
+    };
+    expectRefused("[timer]\nsec = 5\n", values::kTimer, u"60"_s);
+    expectRefused("timer = { sec = 5 }\n", values::kTimer, u"60"_s);
+    expectRefused("NIC = \"eth0\"\n", values::kNic, QString(QChar(0xD800))); // half a character
 }
 
 TEST_F(ConfigStoreTest, AFileThatCannotBeReachedIsNotJustMissing)
@@ -178,6 +265,8 @@ TEST_F(ConfigStoreTest, AFileThatCannotBeReachedIsNotJustMissing)
     ASSERT_TRUE(QFile::link(path, path));
     EXPECT_FALSE(store.HasKey(ConfigKeyId::Base));
     EXPECT_EQ(WarningCollector::Lines().filter(u"cannot be read: "_s).size(), 1);
+    EXPECT_TRUE(store.Problem(ConfigKeyId::Base));
+    EXPECT_FALSE(store.WriteText(values::kTimer, u"60"_s));
 }
 
 TEST_F(ConfigStoreTest, AGroupIsWrittenAndDeletedAtOnce)
@@ -221,46 +310,75 @@ private:
 TEST_F(ConfigStoreTest, WithoutPermissionReadsFindNothingAndWritesSayWhy)
 {
     WriteByHand("timer = \"60\"\n");
-    QFile::setPermissions(path, QFile::Permissions());
-    const WarningCollector warnings;
-    {
-        const AsNobody nobody;
-        EXPECT_FALSE(store.HasKey(ConfigKeyId::Base));
-        EXPECT_FALSE(store.WriteText(values::kTimer, u"5"_s));
-    }
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-    EXPECT_EQ(BytesOf(path), "timer = \"60\"\n");
-
+    constexpr QFile::Permissions kNone;
+    constexpr QFile::Permissions kMayEnter(0x5555);
     const QString parent = QFileInfo(path).path();
-    QFile::setPermissions(parent, QFile::ReadOwner | QFile::ExeOwner);
-    QFile::setPermissions(folder.path(), QFile::Permissions(0x7555));
-    {
+    const auto expectRefused = [this](const QString &reason, bool isProblem) {
         const AsNobody nobody;
-        EXPECT_FALSE(store.WriteText(values::kTimer, u"5"_s));
+        const auto written = store.WriteText(values::kTimer, u"5"_s);
+        ASSERT_FALSE(written) << qPrintable(reason);
+        EXPECT_EQ(written.error(), (SettingsFailure {path, 0, reason}))
+            << qPrintable(TextOf(written.error()));
+        EXPECT_EQ(store.Problem(ConfigKeyId::Base).has_value(), isProblem) << qPrintable(reason);
+    };
+    const WarningCollector warnings;
+    QFile::setPermissions(folder.path(), kMayEnter);
+    QFile::setPermissions(parent, kNone); // so that it cannot be known whether there is a file
+    expectRefused(u"cannot be written: its folder: Permission denied"_s, true);
+    QFile::setPermissions(parent, kMayEnter);
+    for (const auto &above : {u"etc"_s, u"etc/Software"_s, u"etc/Software/Tollbrook"_s}) {
+        QFile::setPermissions(folder.filePath(above), kMayEnter);
     }
-    QFile::setPermissions(parent, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(path, kNone);
+    expectRefused(u"cannot be read: Permission denied"_s, true);
+    QFile::setPermissions(path, QFile::Permissions(0x6666));
+    expectRefused(u"cannot be written: Permission denied"_s, false);
     EXPECT_EQ(BytesOf(path), "timer = \"60\"\n");
+    EXPECT_EQ(FilesBesidePath(), QStringList(u"Network.toml"_s));
+    QFile::setPermissions(parent, QFile::Permissions(0x7755)); // so that it can be removed
 }
+
+// Lets this program's files grow to so many bytes only, which writing tells of as a full disk does.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes) : previous(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        EXPECT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+        const rlimit tiny {bytes, old.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &tiny), 0);
+    }
+    ~FileSizeLimit()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &old);
+        std::signal(SIGXFSZ, previous);
+    }
+    FileSizeLimit(const FileSizeLimit &) = delete;
+    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
+
+private:
+    void (*previous)(int);
+    rlimit old {};
+};
 
 TEST_F(ConfigStoreTest, AFullDiskLeavesTheOldFile)
 {
     MakeBaseKey();
     ASSERT_TRUE(store.WriteText(values::kTimer, u"60"_s));
     const QByteArray before = BytesOf(path);
-    const auto previous = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit old {};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
-    const rlimit tiny {100, old.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &tiny), 0);
     const WarningCollector warnings;
-    EXPECT_FALSE(store.WriteText(values::kNic, QString(500, u'x')));
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &old), 0);
-    std::signal(SIGXFSZ, previous);
+    {
+        const FileSizeLimit tiny(100);
+        const auto written = store.WriteText(values::kNic, QString(500, u'x'));
+        ASSERT_FALSE(written);
+        EXPECT_EQ(written.error(),
+                  (SettingsFailure {path, 0, u"cannot be written: File too large"_s}))
+            << qPrintable(TextOf(written.error()));
+    }
     EXPECT_EQ(BytesOf(path), before);
-    EXPECT_EQ(QDir(QFileInfo(path).path()).entryList(QDir::Files | QDir::Hidden).size(), 1)
-        << "no temporary file is left";
+    EXPECT_EQ(FilesBesidePath(), QStringList(u"Network.toml"_s)) << "no temporary file is left";
     ASSERT_EQ(WarningCollector::Lines().size(), 1);
-    EXPECT_TRUE(WarningCollector::Lines()[0].contains(u"was not changed"_s));
+    EXPECT_TRUE(WarningCollector::Lines()[0].endsWith(u"Nothing was written."_s));
     EXPECT_FALSE(WarningCollector::Lines()[0].contains(u"xxx"_s)) << "never a value";
 }
 

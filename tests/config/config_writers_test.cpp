@@ -3,6 +3,10 @@
 #include "config/key_file.h"
 #include "config/store_fixture.h"
 
+#include <QElapsedTimer>
+#include <QFileInfo>
+
+#include <atomic>
 #include <csignal>
 #include <sys/wait.h>
 #include <thread>
@@ -29,6 +33,17 @@ protected:
             written = own.WriteNumber(family, i, static_cast<quint32>(i)) && written;
         }
         return written;
+    }
+
+    // Says a byte after each write, until it is killed or nobody listens.
+    [[noreturn]] void WriteForEver(int listener) const
+    {
+        quint32 i = 0;
+        do {
+            store.WriteNumber(values::kMask, static_cast<int>(i % 50), i);
+            ++i;
+        } while (::write(listener, "x", 1) == 1);
+        ::_exit(1);
     }
 
     void ExpectMany(const NumberFamily &family, int count)
@@ -79,12 +94,7 @@ TEST_F(ConfigWritersTest, AWriterThatIsKilledLeavesAWholeFile)
         const pid_t child = ::fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
-            for (quint32 i = 0;; ++i) {
-                store.WriteNumber(values::kMask, static_cast<int>(i % 50), i);
-                if (::write(pipe[1], "x", 1) != 1) {
-                    ::_exit(1);
-                }
-            }
+            WriteForEver(pipe[1]);
         }
         char seen = 0;
         for (int i = 0; i <= round; ++i) { // another moment of its work in every round
@@ -102,10 +112,73 @@ TEST_F(ConfigWritersTest, AWriterThatIsKilledLeavesAWholeFile)
 
 TEST_F(ConfigWritersTest, AWriterThatNeverEndsIsNotWaitedForForEver)
 {
-    const QString parent = QFileInfo(store.FileOf(ConfigKeyId::LocalIp)).path();
-    const key_file::WriterLock first(parent);
-    EXPECT_TRUE(first.IsHeld());
-    EXPECT_FALSE(key_file::WriterLock(parent, 20).IsHeld());
-    EXPECT_TRUE(store.HasKey(ConfigKeyId::LocalIp)) << "reading needs no lock";
-    EXPECT_FALSE(key_file::WriterLock(folder.filePath(u"none"_s)).IsHeld());
+    const QString localIp = store.FileOf(ConfigKeyId::LocalIp);
+    ASSERT_TRUE(store.WriteNumber(values::kNet, 0, 1));
+    const QByteArray before = BytesOf(localIp);
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        const key_file::WriterLock lock(QFileInfo(localIp).path(), 0);
+        if (lock.IsHeld() && ::write(ready[1], "x", 1) == 1) {
+            ::pause();
+        }
+        ::_exit(1);
+    }
+    char seen = 0;
+    ASSERT_EQ(::read(ready[0], &seen, 1), 1);
+
+    const ConfigStore hasty(store.Folder(), 20);
+    const WarningCollector warnings;
+    QElapsedTimer waited;
+    waited.start();
+    const auto written = hasty.WriteNumber(values::kNet, 0, 2);
+    EXPECT_GE(waited.elapsed(), 20);
+    EXPECT_LT(waited.elapsed(), ConfigStore::kLockWait);
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error(),
+              (SettingsFailure {
+                  localIp, 0, u"cannot be written: another program is at work in its folder"_s}));
+    EXPECT_EQ(hasty.ReadNumber(values::kNet, 0), 1U) << "reading needs no lock";
+    EXPECT_EQ(BytesOf(localIp), before);
+
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    ::close(ready[0]);
+    ::close(ready[1]);
+    EXPECT_TRUE(hasty.WriteNumber(values::kNet, 0, 2));
+}
+
+TEST_F(ConfigWritersTest, OneStoreIsReadAndWrittenByManyThreads)
+{
+    constexpr int kCount = 60;
+    WriteByHand("timer = 5 sec\n");
+    const WarningCollector warnings;
+    std::atomic<int> found = 0;
+    std::atomic<int> failed = 0;
+    const auto read = [&] {
+        for (int i = 0; i < 10 * kCount; ++i) {
+            found += store.HasKey(ConfigKeyId::LocalIp) ? 1 : 0;
+            failed += store.Problem(ConfigKeyId::Base) ? 1 : 0;
+        }
+    };
+    const auto write = [&](const NumberFamily &family) {
+        for (int i = 0; i < kCount; ++i) {
+            failed += store.WriteNumber(family, i, static_cast<quint32>(i)) ? 0 : 1;
+        }
+    };
+    std::vector<std::thread> threads;
+    threads.emplace_back(read);
+    threads.emplace_back(read);
+    threads.emplace_back(write, values::kNet);
+    threads.emplace_back(write, values::kMask);
+    for (std::thread &each : threads) {
+        each.join();
+    }
+    EXPECT_EQ(found, 2 * 10 * kCount);
+    EXPECT_EQ(failed, 2 * 10 * kCount) << "the damaged key at every look, and no write";
+    ExpectMany(values::kNet, kCount);
+    ExpectMany(values::kMask, kCount);
+    EXPECT_EQ(WarningCollector::Lines().size(), 1);
 }

@@ -100,13 +100,72 @@ TEST(Dialects, CompareABoundDayWithTheWholeDay)
     }
 }
 
+struct CodeCase
+{
+    const Dialect &dialect;
+    const char *sqlState;
+    int native;
+    Failure::Kind kind;
+};
+
+// Codes as the drivers give them.
+TEST(Dialects, KnowWhatAFailureMeans)
+{
+    using Kind = Failure::Kind;
+    const CodeCase cases[] = {
+        {kSqlite, "HY000", 1, Kind::Refused}, // an error of the statement
+        {kSqlite, "HY000", 19, Kind::Refused}, // a constraint
+        {kSqlite, "HY000", 10, Kind::Refused}, // the disk
+        {kSqlite, "HY000", 5, Kind::Locked},
+        {kSqlite, "HY000", 6, Kind::Locked},
+        {kSqlite, "HY000", 9, Kind::Cancelled},
+        {kSqlite, "00000", 0, Kind::Refused}, // nothing was told
+        {kPostgresql, "23505", 1, Kind::Refused},
+        {kPostgresql, "42703", 1, Kind::Refused},
+        {kPostgresql, "25P02", 1, Kind::Refused}, // what follows a failure in a transaction
+        {kPostgresql, "53300", 101, Kind::Refused},
+        {kPostgresql, "40001", 1, Kind::Conflict},
+        {kPostgresql, "40P01", 1, Kind::Conflict},
+        {kPostgresql, "55P03", 1, Kind::Locked},
+        {kPostgresql, "57014", 1, Kind::Cancelled},
+        {kPostgresql, "57P01", 35, Kind::ConnectionLost},
+        {kPostgresql, "57P02", 1, Kind::ConnectionLost},
+        {kPostgresql, "57P02", 8, Kind::ConnectionLost},
+        {kPostgresql, "57P03", 1, Kind::ConnectionLost},
+        {kPostgresql, "08S01", 35, Kind::ConnectionLost},
+        {kPostgresql, "08001", 101, Kind::ConnectionLost},
+        {kPostgresql, "25P03", 35, Kind::ConnectionLost}, // idle for too long in a transaction
+        {kPostgresql, "HY000", 8, Kind::ConnectionLost}, // "internal SAVEPOINT failed"
+        {kPostgresql, "HY000", 1, Kind::Refused},
+        {kMariadb, "23000", 1062, Kind::Refused},
+        {kMariadb, "42S22", 1054, Kind::Refused},
+        {kMariadb, "HY018", 1969, Kind::Refused}, // a limit of the server's own
+        {kMariadb, "40001", 1213, Kind::Conflict},
+        {kMariadb, "HY000", 1213, Kind::Conflict},
+        {kMariadb, "HY000", 1205, Kind::Locked},
+        {kMariadb, "HY018", 1317, Kind::Cancelled},
+        {kMariadb, "08S01", 2006, Kind::ConnectionLost},
+        {kMariadb, "HY000", 2006, Kind::ConnectionLost},
+        {kMariadb, "HY018", 1927, Kind::ConnectionLost},
+        {kMariadb, "08S01", 2013, Kind::ConnectionLost},
+        {kMariadb, "HY000", 2002, Kind::ConnectionLost},
+        {kMariadb, "HY000", 5014, Kind::ConnectionLost},
+        {kMariadb, "08S01", 1053, Kind::ConnectionLost},
+        {kMariadb, "08S01", 1047, Kind::ConnectionLost}, // a cluster's node on its own
+    };
+    for (const auto &[dialect, sqlState, native, kind] : cases) {
+        EXPECT_EQ(KindOf(dialect, sqlState, native), kind)
+            << dialect.engine << ' ' << sqlState << ' ' << native;
+    }
+}
+
 TEST(Dialects, AreChosenByTheServersName)
 {
-    EXPECT_EQ(&DialectFor("SQLite"), &kSqlite);
-    EXPECT_EQ(&DialectFor("PostgreSQL"), &kPostgresql);
-    EXPECT_EQ(&DialectFor("MariaDB"), &kMariadb);
-    EXPECT_EQ(&DialectFor("MySQL"), &kMariadb);
-    EXPECT_EQ(&DialectFor("Something new"), &kSqlite);
+    EXPECT_EQ(DialectFor("SQLite"), &kSqlite);
+    EXPECT_EQ(DialectFor("PostgreSQL"), &kPostgresql);
+    EXPECT_EQ(DialectFor("MariaDB"), &kMariadb);
+    EXPECT_EQ(DialectFor("MySQL"), &kMariadb);
+    EXPECT_EQ(DialectFor("Something new"), nullptr);
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "db/session.h"
 
 #include "base/text.h"
-#include "db/direct_connection.h"
 #include "db/failure_log.h"
 #include "support/core/engine_fixture.h"
 
@@ -14,15 +13,6 @@ namespace {
 class Session : public EngineFixture
 {
 protected:
-    // A statement beside the session, in the spelling of the code.
-    static void RunBeside(const char *sqlText, const SqlValues &values = {})
-    {
-        DirectConnection database;
-        ASSERT_TRUE(database.Open(Dsn()));
-        const auto text = QString::fromStdString(Translate(database.Engine(), sqlText));
-        ASSERT_TRUE(database.Run(text, values)) << qPrintable(database.Error());
-    }
-
     static qsizetype Failures() { return FailureLog::Instance().Count(); }
 
     static void AddUsers(std::initializer_list<QString> names)
@@ -211,45 +201,6 @@ TEST_P(Session, FindsAndOrdersNamesWithoutRegardToCase)
               (QStringList {u"anna"_s, u"Ben"_s, u"Zoe"_s}));
     RunQuery("SELECT username FROM users WHERE username=(?)", FetchMode::One, u"ANNA"_s);
     EXPECT_EQ(queryResult.Text(1), u"anna"_s);
-}
-
-// The server cuts the connection; an embedded database loses its tables.
-void CutConnection(const QString &dsn)
-{
-    DirectConnection server;
-    ASSERT_TRUE(server.Open(dsn));
-    if (dsn == u"sqlite"_s) {
-        ASSERT_TRUE(server.Run(u"DROP TABLE users"_s));
-        return;
-    }
-    if (dsn == u"postgresql"_s) {
-        ASSERT_TRUE(server.Run(u"SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
-                               "WHERE datname = current_database() AND pid <> pg_backend_pid()"_s));
-        return;
-    }
-    const auto others = server.Rows(u"SELECT id FROM information_schema.processlist "
-                                    "WHERE db = DATABASE() AND id <> CONNECTION_ID()"_s);
-    for (const QStringList &other : others.value_or(QList<QStringList>())) {
-        ASSERT_TRUE(server.Run(u"KILL "_s + other.first()));
-    }
-}
-
-TEST_P(Session, OutlivesTheLossOfItsDatabase)
-{
-    AddUsers({u"anna"_s, u"ben"_s});
-    {
-        RowCursor rows("SELECT username FROM users");
-        EXPECT_TRUE(rows.Next());
-        CutConnection(Dsn());
-        while (rows.Next()) { }
-    }
-    const qsizetype before = Failures();
-    Execute("UPDATE users SET blocked = true WHERE user_id = (?)", 1U);
-    EXPECT_EQ(RunQuery("SELECT username FROM users", FetchMode::All), kQueryNoData);
-    EXPECT_TRUE(queryResult.IsEmpty(1));
-    RowCursor none("SELECT username FROM users");
-    EXPECT_FALSE(none.Next());
-    EXPECT_GE(Failures() - before, 3);
 }
 
 class NoSession : public testing::Test

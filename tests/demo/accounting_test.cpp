@@ -23,7 +23,15 @@ struct AccountingTest : DatabaseFixture
     BlockReason Count(double received, double sent = 0, double hours = 0)
     {
         const Activity activity {Megabytes {received}, Megabytes {sent}, Hours {hours}};
-        return CountActivity(kAnna, activity, kPrice);
+        return Known(CountActivity(kAnna, activity, kPrice));
+    }
+    int Begun() { return Known(BeginNewPeriods()); }
+
+    template <typename Value>
+    static Value Known(const Result<Value> &result)
+    {
+        EXPECT_TRUE(result);
+        return result.value_or(Value {});
     }
 };
 
@@ -70,7 +78,7 @@ TEST_F(AccountingTest, CreditsPayForWhatIsBeyondTheLimitOldestFirst)
 {
     User(kTrafficUser);
     Count(95);
-    const auto record = FindUserTrafficRecord(kAnna, UsagePeriod::Day);
+    const auto record = Known(FindUserTrafficRecord(kAnna, UsagePeriod::Day));
     Execute("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), 1, 3)", record);
     Execute("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), 1, 10)", record);
     EXPECT_EQ(Count(10),
@@ -86,9 +94,9 @@ TEST_F(AccountingTest, ANewDayStartsANewDailyRecordAndLiftsTheBlock)
 {
     User(kTrafficUser);
     EXPECT_EQ(Count(100), BlockReason::TrafficUsedUp);
-    EXPECT_EQ(BeginNewPeriods(), 0);
+    EXPECT_EQ(Begun(), 0);
     const TodayOverride tomorrow({2026, 11, 22});
-    EXPECT_EQ(BeginNewPeriods(), 1);
+    EXPECT_EQ(Begun(), 1);
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"0|1"_s}); // the reason stays
     EXPECT_EQ(Count(4), BlockReason::None);
     EXPECT_EQ(
@@ -100,16 +108,16 @@ TEST_F(AccountingTest, AMonthHasOneRecordThatBeginsAnew)
 {
     User(kMonthlyUser);
     EXPECT_EQ(Count(60, 3), BlockReason::None);
-    const auto record = FindUserTrafficRecord(kAnna, UsagePeriod::Month);
+    const auto record = Known(FindUserTrafficRecord(kAnna, UsagePeriod::Month));
     Execute("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, (?), 1, 1)", record);
     {
         const TodayOverride laterThatMonth({2026, 11, 30});
         EXPECT_EQ(Count(30), BlockReason::None);
-        EXPECT_EQ(BeginNewPeriods(), 0);
+        EXPECT_EQ(Begun(), 0);
     }
     const TodayOverride nextMonth({2026, 12, 1});
     EXPECT_EQ(Count(8, 1), BlockReason::None);
-    EXPECT_EQ(FindUserTrafficRecord(kAnna, UsagePeriod::Month), record);
+    EXPECT_EQ(Known(FindUserTrafficRecord(kAnna, UsagePeriod::Month)), record);
     EXPECT_EQ(RowsOf("SELECT data, senddata, current_time FROM traffic_use WHERE period = 2"),
               QStringList {u"8.0|1.0|2026-12-01"_s});
     EXPECT_EQ(RowsOf(kCredits), QStringList {u"0.0|0.0|1"_s}); // it extended the month before
@@ -119,7 +127,7 @@ TEST_F(AccountingTest, TimeHasItsOwnLimitAndReason)
 {
     User(kTimeUser);
     EXPECT_EQ(Count(500, 0, 1.5), BlockReason::None);
-    const auto record = FindUserTimeRecord(kAnna, UsagePeriod::Day);
+    const auto record = Known(FindUserTimeRecord(kAnna, UsagePeriod::Day));
     Execute("INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, (?), 1, 0.5)", record);
     EXPECT_EQ(Count(0, 0, 0.75),
               BlockReason::None); // half an hour for the limit, a quarter for the credit
@@ -127,9 +135,9 @@ TEST_F(AccountingTest, TimeHasItsOwnLimitAndReason)
     EXPECT_EQ(Count(0, 0, 0.25), BlockReason::TimeUsedUp);
     EXPECT_EQ(RowsOf(kTime), (QStringList {u"0|2.5|0"_s, u"1|2.0|1"_s}));
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"1|2"_s});
-    EXPECT_EQ(BeginNewPeriods(), 0);
+    EXPECT_EQ(Begun(), 0);
     const TodayOverride tomorrow({2026, 11, 22});
-    EXPECT_EQ(BeginNewPeriods(), 1);
+    EXPECT_EQ(Begun(), 1);
 }
 
 TEST_F(AccountingTest, PrePaidUsersLiveOnTheirCredits)
@@ -148,7 +156,7 @@ TEST_F(AccountingTest, PrePaidUsersLiveOnTheirCredits)
     EXPECT_EQ(RowsOf(kCredits).last(), u"4.0|5.0|1"_s);
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"1|1"_s});
     const TodayOverride tomorrow({2026, 11, 22});
-    EXPECT_EQ(BeginNewPeriods(), 0); // time alone brings no credit
+    EXPECT_EQ(Begun(), 0); // time alone brings no credit
 }
 
 TEST_F(AccountingTest, AnUnboundedCreditNeverEnds)
@@ -175,8 +183,38 @@ TEST_F(AccountingTest, ABlockByTheAdministratorOutlastsThePeriod)
 {
     User(kTrafficUser);
     Execute("UPDATE users SET blocked = true, blockreason = 3");
-    EXPECT_EQ(BeginNewPeriods(), 0);
+    EXPECT_EQ(Begun(), 0);
     EXPECT_EQ(RowsOf(kBlocks), QStringList {u"1|3"_s});
+}
+
+TEST_F(AccountingTest, ALimitThatCannotBeReadBlocksNobody)
+{
+    User(kTrafficUser);
+    Count(10);
+    Execute("ALTER TABLE users RENAME COLUMN traflim TO away");
+    EXPECT_FALSE(CountActivity(kAnna, {Megabytes {1}, {}, {}}, kPrice));
+    EXPECT_EQ(RowsOf(kBlocks), QStringList {u"0|0"_s});
+    EXPECT_EQ(RowsOf(kTraffic), (QStringList {u"0|10.0|0.0|0"_s, u"1|10.0|0.0|0"_s}));
+}
+
+TEST_F(AccountingTest, CreditsThatCannotBeReadAreNotUsedUp)
+{
+    User(kTrafficUser);
+    Count(95);
+    Execute("ALTER TABLE billing RENAME COLUMN trafid TO away");
+    EXPECT_FALSE(CountActivity(kAnna, {Megabytes {20}, {}, {}}, kPrice));
+    EXPECT_EQ(RowsOf(kBlocks), QStringList {u"0|0"_s});
+    EXPECT_EQ(RowsOf(kTraffic).last(), u"1|95.0|0.0|0"_s);
+}
+
+TEST_F(AccountingTest, ARecordThatCannotBeReadIsNoNewPeriod)
+{
+    User(kTrafficUser);
+    Count(100);
+    const TodayOverride tomorrow({2026, 11, 22});
+    Execute("ALTER TABLE traffic_use RENAME COLUMN period TO away");
+    EXPECT_FALSE(BeginNewPeriods());
+    EXPECT_EQ(RowsOf(kBlocks), QStringList {u"1|1"_s});
 }
 
 TEST(MadeUpTraffic, IsTheSameForTheSameSeedAndPlausible)

@@ -7,6 +7,7 @@
 #include <QDBusMessage>
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -77,12 +78,17 @@ TEST_F(DemoServiceTest, IsStartedStoppedAndToldOfBlocks)
     EXPECT_EQ(control.Query(), State::Running);
     const auto link = ServiceLink::Create(bus.Connection());
     ASSERT_NE(link, nullptr);
+    QList<quint32> notHeard;
+    QObject::connect(link.get(), &ServiceLink::NotHeard, [&](UserId user) { notHeard << user.value; });
     link->BlockUser(UserId {12});
     link->UnblockUser(UserId {13});
     WaitFor(u"BlockUser 12"_s);
     WaitFor(u"UnblockUser 13"_s);
     EXPECT_TRUE(control.Stop());
     WaitFor(u"service inactive"_s);
+    link->BlockUser(UserId {14});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !notHeard.isEmpty(); }));
+    EXPECT_EQ(notHeard, QList<quint32> {14}) << "the others were answered";
     EXPECT_EQ(control.Query(), State::Stopped);
     EXPECT_EQ(ServiceLink::Create(bus.Connection()), nullptr);
 }

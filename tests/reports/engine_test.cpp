@@ -1,3 +1,4 @@
+#include "access/owner.h"
 #include "db/failure_log.h"
 #include "db/report_connection.h"
 #include "db/session.h"
@@ -6,6 +7,7 @@
 #include "reports/report_fixture.h"
 #include "reports/table_builder.h"
 #include "support/core/engine_fixture.h"
+#include "support/core/statement_hook.h"
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
@@ -267,11 +269,20 @@ TEST_P(MadeReport, FiltersOfferTheMonitoredUsersAndTheGroups)
 {
     Execute("UPDATE users SET monitored = false WHERE username = 'anna'");
     const auto users = OfferedUsers();
-    EXPECT_EQ(static_cast<qsizetype>(users.size()), OddNames().size() - 1);
-    for (const auto &[id, name] : users) {
-        EXPECT_EQ(UserName(id), name);
+    ASSERT_TRUE(users);
+    EXPECT_EQ(static_cast<qsizetype>(users->size()), OddNames().size() - 1);
+    for (const auto &[id, name] : *users) {
+        EXPECT_EQ(NameOf(id).value_or(std::nullopt), std::optional(name));
     }
     const auto groups = OfferedGroups();
-    ASSERT_EQ(groups.size(), 2U);
-    EXPECT_EQ(GroupName(GroupId {81}), u"Workshop"_s);
+    ASSERT_TRUE(groups);
+    ASSERT_EQ(groups->size(), 2U);
+    EXPECT_EQ(groups->back().name, u"Workshop"_s);
+    EXPECT_EQ(groups->back().id, GroupId {81});
+}
+
+TEST_P(MadeReport, FiltersThatCannotBeReadOfferNotNobody)
+{
+    EXPECT_EQ(UntoldFailures(Dsn(), [] { return OfferedUsers().has_value(); }), QStringList());
+    EXPECT_EQ(UntoldFailures(Dsn(), [] { return OfferedGroups().has_value(); }), QStringList());
 }

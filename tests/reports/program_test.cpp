@@ -110,6 +110,9 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
     Execute("DROP TABLE users");
     EXPECT_EQ(Run(with({u"--users"_s, u"anna"_s, u"--period"_s, u"month"_s})), 3);
     EXPECT_TRUE(said.contains(u"tollbrook-report: [SQLite]no such table")) << said.toStdString();
+    Execute("DROP TABLE groups");
+    EXPECT_EQ(Run(with({u"--groups"_s, u"Workshop"_s, u"--period"_s, u"month"_s})), 3);
+    EXPECT_TRUE(said.contains(u"tollbrook-report: [SQLite]no such table")) << said.toStdString();
 }
 
 TEST_F(Program, NeedsNoScreenWhateverTheEnvironmentNames)

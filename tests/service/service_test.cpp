@@ -5,10 +5,14 @@
 #include "support/core/private_bus.h"
 #include "support/core/scripted_prompt.h"
 
+#include <QElapsedTimer>
 #include <QFile>
+#include <QTest>
+#include <QThread>
 #include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -71,16 +75,216 @@ TEST_F(ServiceTest, NobodyThereIsNoStateAndNoConnection)
     expectNothing(QDBusConnection(u"never made"_s));
 }
 
-TEST_F(ServiceTest, NotificationsCarryTheUserAndAskForNoReply)
+// A link to a service that is there, and what is told of notices that were not heard.
+struct NoticeTest : ServiceTest
 {
-    EXPECT_EQ(ServiceLink::Create(bus.Connection()), nullptr);
-    service.OfferAccounting();
-    const auto link = ServiceLink::Create(bus.Connection());
-    ASSERT_NE(link, nullptr);
+    std::unique_ptr<ServiceLink> link;
+    QStringList told; // as in "7: why"
+
+    void SetUp() override
+    {
+        EXPECT_EQ(ServiceLink::Create(bus.Connection()), nullptr);
+        service.OfferAccounting();
+        Connect(ServiceLink::kReplyTimeout);
+    }
+
+    void Connect(int replyTimeout)
+    {
+        link = ServiceLink::Create(bus.Connection(), replyTimeout);
+        ASSERT_NE(link, nullptr);
+        QObject::connect(
+            link.get(), &ServiceLink::NotHeard, [this](UserId userId, const QString &reason) {
+                EXPECT_EQ(QThread::currentThread(), link->thread());
+                told << u"%1: %2"_s.arg(userId.value).arg(reason);
+            });
+    }
+
+    // Answers may be told of in another order than they came.
+    void ExpectTold(QStringList expected)
+    {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() >= expected.size(); }, kPatience));
+        told.sort();
+        expected.sort();
+        EXPECT_EQ(told, expected) << qPrintable(told.join(u'\n'));
+        told.clear();
+    }
+
+    // More than the bus lets a connection have unanswered.
+    static constexpr quint32 kMany = 200;
+
+    void SendMany()
+    {
+        for (quint32 user = 1; user <= kMany; ++user) {
+            user % 2 == 1 ? link->BlockUser(UserId {user}) : link->UnblockUser(UserId {user});
+        }
+    }
+    static QStringList ManyCalls()
+    {
+        QStringList calls;
+        for (quint32 user = 1; user <= kMany; ++user) {
+            calls << (user % 2 == 1 ? u"BlockUser %1"_s : u"UnblockUser %1"_s).arg(user);
+        }
+        return calls;
+    }
+    static QStringList ManyTold(const QString &reason)
+    {
+        QStringList lines;
+        for (quint32 user = 1; user <= kMany; ++user) {
+            lines << u"%1: %2"_s.arg(user).arg(reason);
+        }
+        return lines;
+    }
+
+    static constexpr int kPatience =
+        ServiceLink::kReplyTimeout / 2; // sooner than an unanswered one
+};
+
+TEST_F(NoticeTest, CarryTheUserAndAskForAReply)
+{
     link->BlockUser(UserId {7});
     link->UnblockUser(UserId {4294967295U});
-    EXPECT_EQ(service.TakeCalls(),
-              (QStringList {u"BlockUser 7, no reply"_s, u"UnblockUser 4294967295, no reply"_s}));
+    EXPECT_EQ(service.TakeCalls(), (QStringList {u"BlockUser 7"_s, u"UnblockUser 4294967295"_s}));
+    QTest::qWait(50);
+    EXPECT_EQ(told, QStringList()) << "both were answered";
+}
+
+TEST_F(NoticeTest, AnErrorOfTheServiceIsTold)
+{
+    service.RefuseNotices(u"The table of the kernel is gone"_s);
+    link->BlockUser(UserId {7});
+    link->UnblockUser(UserId {8});
+    EXPECT_EQ(told, QStringList()) << "never within the call";
+    ExpectTold({u"7: The table of the kernel is gone"_s, u"8: The table of the kernel is gone"_s});
+    service.RefuseNotices({});
+    link->BlockUser(UserId {9});
+    static_cast<void>(service.TakeCalls());
+    QTest::qWait(50);
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(NoticeTest, AServiceThatHasGoneIsToldAndNotStarted)
+{
+    service.LeaveAccounting();
+    link->BlockUser(UserId {7});
+    ExpectTold({u"7: Name \"org.tollbrook.Accounting\" does not exist"_s});
+    EXPECT_EQ(service.TakeCalls(), QStringList());
+    service.OfferAccounting();
+    link->UnblockUser(UserId {7});
+    EXPECT_EQ(service.TakeCalls(), QStringList {u"UnblockUser 7"_s}) << "the same link goes on";
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(NoticeTest, ALostBusIsTold)
+{
+    service.LeaveNoticesUnanswered();
+    link->BlockUser(UserId {7});
+    EXPECT_EQ(service.TakeCalls(), QStringList {u"BlockUser 7"_s});
+    bus.Stop();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !told.isEmpty(); }, kPatience));
+    EXPECT_TRUE(told.join(u' ').startsWith(u"7: "_s)) << qPrintable(told.join(u' '));
+    told.clear();
+    link->UnblockUser(UserId {8});
+    ExpectTold({u"8: Not connected to D-Bus server"_s});
+}
+
+TEST_F(NoticeTest, OneWithoutAnAnswerIsToldInTime)
+{
+    Connect(300);
+    service.LeaveNoticesUnanswered();
+    QElapsedTimer sent;
+    sent.start();
+    link->BlockUser(UserId {7});
+    EXPECT_LT(sent.elapsed(), 300) << "the caller does not wait";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !told.isEmpty(); }, kPatience));
+    EXPECT_GE(sent.elapsed(), 300);
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told[0], u"7: No answer within 0.3 seconds"_s);
+    service.AnswerNotices();
+    QTest::qWait(50);
+    bus.Stop();
+    QTest::qWait(50);
+    EXPECT_EQ(told.size(), 1) << "once, whatever comes later";
+}
+
+TEST_F(NoticeTest, ComeFromAnyThreadInTheirOrder)
+{
+    service.RefuseNotices(u"no"_s);
+    std::thread first([this] { SendMany(); });
+    first.join();
+    link->BlockUser(UserId {kMany + 1}); // after all of the other thread's
+    ExpectTold(ManyTold(u"no"_s) << u"201: no"_s);
+    EXPECT_EQ(service.TakeCalls(), ManyCalls() << u"BlockUser 201"_s);
+}
+
+TEST_F(NoticeTest, AServiceThatIsSlowHearsThemAllInTheirOrder)
+{
+    service.LeaveNoticesUnanswered();
+    SendMany();
+    const QStringList before = service.TakeCalls();
+    EXPECT_EQ(before, ManyCalls().first(NoticeQueue::kMostUnanswered));
+    service.AnswerNotices();
+    QStringList all = before;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return (all += service.TakeCalls()).size() >= qsizetype(kMany); }, kPatience));
+    EXPECT_EQ(all, ManyCalls());
+    QTest::qWait(50);
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(NoticeTest, AServiceThatHangsDoesNotUseUpTheBus)
+{
+    Connect(200);
+    service.LeaveNoticesUnanswered();
+    SendMany();
+    ExpectTold(ManyTold(u"No answer within 0.2 seconds"_s));
+    EXPECT_NE(control.Query(), std::nullopt) << "other questions are answered";
+    QStringList heard = ManyCalls();
+    for (qsizetype i = NoticeQueue::kMostUnanswered; i < heard.size(); ++i) {
+        heard[i] += u", no reply"_s;
+    }
+    EXPECT_EQ(service.TakeCalls(), heard) << "late";
+
+    service.AnswerNotices();
+    link->BlockUser(UserId {7});
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return service.TakeCalls() == QStringList(u"BlockUser 7"_s); }, kPatience));
+    QTest::qWait(250);
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(NoticeTest, WhatStillWaitsIsSentWhenTheLinkGoes)
+{
+    service.LeaveNoticesUnanswered();
+    SendMany();
+    link.reset();
+    EXPECT_EQ(service.TakeCalls().size(), kMany);
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(NoticeTest, WhoeverIsToldMayEndTheLink)
+{
+    service.RefuseNotices(u"no"_s);
+    bool ended = false;
+    QObject::connect(link.get(), &ServiceLink::NotHeard, [&] {
+        link.reset();
+        ended = true;
+    });
+    link->BlockUser(UserId {7});
+    link->BlockUser(UserId {8});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ended; }, kPatience));
+    EXPECT_EQ(told, QStringList(u"7: no"_s));
+}
+
+TEST_F(NoticeTest, ALinkMayGoBeforeItsAnswers)
+{
+    service.RefuseNotices(u"no"_s);
+    for (quint32 user = 1; user <= 50; ++user) {
+        link->BlockUser(UserId {user});
+    }
+    link.reset();
+    EXPECT_EQ(service.TakeCalls().size(), 50);
+    QTest::qWait(50);
+    EXPECT_EQ(told, QStringList());
 }
 
 TEST(Interface, OperationsKeepTheirSlots)

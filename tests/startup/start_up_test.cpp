@@ -1,3 +1,4 @@
+#include "startup/app_services.h"
 #include "startup/start_up.h"
 
 #include "db/failure_log.h"
@@ -45,7 +46,7 @@ protected:
 TEST_F(StartUp, TheFolderIsTheGivenOneOrTheOneOfTheEnvironmentOrTheUsualOne)
 {
     const auto folderOf = [](const QString &given) {
-        return StartProgram({.configFolder = given, .opensDatabase = false}).settings.Folder();
+        return StartedProgram({.configFolder = given, .opensDatabase = false}).settings.Folder();
     };
     EXPECT_EQ(folderOf(u"/somewhere"_s), u"/somewhere"_s);
     EXPECT_EQ(folderOf({}), folder.filePath(u"named"_s));
@@ -55,29 +56,26 @@ TEST_F(StartUp, TheFolderIsTheGivenOneOrTheOneOfTheEnvironmentOrTheUsualOne)
 
 TEST_F(StartUp, TheSettingsNameTheDataSourceUnlessItIsGiven)
 {
-    const StartedProgram found = StartProgram({.configFolder = FolderNaming(Dsn())});
+    const StartedProgram found({.configFolder = FolderNaming(Dsn())});
     EXPECT_EQ(found.dataSource, Dsn());
     EXPECT_TRUE(found.databaseOpen);
     EXPECT_TRUE(IsDatabaseOpen());
     DisconnectDatabase();
 
     const QString folderNamingAnother = FolderNaming(u"no such source"_s);
-    const StartedProgram given =
-        StartProgram({.configFolder = folderNamingAnother, .dataSource = Dsn()});
+    const StartedProgram given({.configFolder = folderNamingAnother, .dataSource = Dsn()});
     EXPECT_EQ(given.dataSource, Dsn());
     EXPECT_TRUE(given.databaseOpen);
     DisconnectDatabase();
 
-    const StartedProgram empty =
-        StartProgram({.configFolder = FolderNaming(Dsn()), .dataSource = QString()});
+    const StartedProgram empty({.configFolder = FolderNaming(Dsn()), .dataSource = QString()});
     EXPECT_EQ(empty.dataSource, QString());
     EXPECT_FALSE(empty.databaseOpen);
 }
 
 TEST_F(StartUp, TheDatabaseStaysClosedUnlessItIsWanted)
 {
-    const StartedProgram program =
-        StartProgram({.configFolder = FolderNaming(Dsn()), .opensDatabase = false},
+    const StartedProgram program({.configFolder = FolderNaming(Dsn()), .opensDatabase = false},
                      [](StartUpProblem) { FAIL(); });
     EXPECT_EQ(program.dataSource, Dsn());
     EXPECT_FALSE(program.databaseOpen);
@@ -89,7 +87,7 @@ TEST_F(StartUp, EachProblemIsToldBeforeTheNextStep)
     using Told =
         std::pair<StartUpProblem, bool>; // with whether the database had been tried by then
     QList<Told> told;
-    const StartedProgram program = StartProgram({}, [&told](StartUpProblem problem) {
+    const StartedProgram program({}, [&told](StartUpProblem problem) {
         told.append({problem, FailureLog::Instance().Count() > 0});
     });
     EXPECT_EQ(told,
@@ -105,9 +103,11 @@ TEST_F(StartUp, TheServicesAreThoseOfTheProgramAndTheConnectionIsMadeAnewOnDeman
     FakeService service(bus);
     service.SetStates({u"active"_s});
     ScriptedPrompt prompt;
-    StartedProgram program =
-        StartProgram({.configFolder = FolderNaming(Dsn()), .bus = bus.Connection()});
-    const AppServices services = ServicesOf(program, prompt);
+    StartedProgram program({.configFolder = FolderNaming(Dsn()), .bus = bus.Connection()});
+    SessionThread database;
+    ChangeNews news;
+    const AppServices services {
+        program.settings, database, program.control, program.connection, news, prompt};
     EXPECT_EQ(services.settings.ReadText(values::kBillDsn), Dsn());
     EXPECT_TRUE(services.control.IsRunning());
     EXPECT_EQ(services.connection.Link(), nullptr);
@@ -123,13 +123,12 @@ TEST_F(StartUp, TheServicesAreThoseOfTheProgramAndTheConnectionIsMadeAnewOnDeman
 
     CloseConnections(services);
     EXPECT_EQ(services.connection.Link(), nullptr);
-    EXPECT_FALSE(IsDatabaseOpen());
 }
 
 TEST_F(StartUp, NobodyAnswersWithoutABus)
 {
     ScriptedPrompt prompt;
-    StartedProgram program = StartProgram({.opensDatabase = false});
+    StartedProgram program({.opensDatabase = false});
     EXPECT_EQ(program.control.Query(), std::nullopt);
     program.connection.Connect(prompt);
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Could not create instance"_s));

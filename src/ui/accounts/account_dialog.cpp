@@ -1,9 +1,11 @@
 #include "ui/accounts/account_dialog.h"
 
 #include "accounts/credit.h"
-#include "accounts/currency.h"
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/accounts/credit_dialogs.h"
 #include "ui/accounts/credit_table.h"
+#include "ui/accounts/currency_now.h"
 #include "ui/accounts/owner_notice.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
@@ -16,33 +18,60 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
+Result<std::optional<OpenedAccount>> ReadAccount(const Owner &owner)
+{
+    const auto ownerMode = ModeOf(owner);
+    if (!ownerMode) {
+        return tl::unexpected(ownerMode.error());
+    }
+    auto name = NameOf(owner);
+    if (!name) {
+        return tl::unexpected(std::move(name.error()));
+    }
+    if (!*ownerMode || !*name) {
+        return std::nullopt;
+    }
+    auto history = ReadHistory({owner, **ownerMode, false, HistoryPeriod::AllRecords});
+    if (!history) {
+        return tl::unexpected(std::move(history.error()));
+    }
+    return OpenedAccount {**std::move(name), **ownerMode, *std::move(history)};
+}
+
 AccountDialog::AccountDialog(const AppServices &appServices,
-                             const Owner &owner,
-                             AccountingMode ownerMode,
+                             const Owner &whose,
+                             OpenedAccount account,
+                             const Currency &shown,
                              QWidget *parent)
     : QDialog(parent)
     , services(appServices)
-    , filter {owner, ownerMode, false, HistoryPeriod::AllRecords}
+    , owner(whose)
+    , ownerMode(account.ownerMode)
+    , currency(shown)
+    , stored(std::move(account.history))
     , table(new CreditTable(HistoryColumns(ownerMode), u"No credits in this period"_s, this))
+    , unread(UnreadNote())
     , period(new QComboBox(this))
     , openOnly(new QCheckBox(u"&Open credits only"_s, this))
 {
     setWindowTitle(u"Account"_s);
-    BuildControls();
-    Refill();
+    BuildControls(account.ownerName);
+    ListRows();
     resize(sizeHint().boundedTo(screen()->availableSize()));
     table->setFocus();
 }
 
-void AccountDialog::BuildControls()
+void AccountDialog::BuildControls(const QString &ownerName)
 {
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(OwnerHeading(filter.owner, this));
+    layout->addWidget(OwnerHeading(owner, ownerName, this));
     layout->addWidget(FilterLine());
     layout->addWidget(table, 1);
+    layout->addWidget(unread);
     layout->addWidget(ButtonLine());
     layout->addWidget(OkAndCancel(*this));
 }
@@ -85,9 +114,22 @@ QWidget *AccountDialog::ButtonLine()
 
 void AccountDialog::Refill()
 {
-    filter.openOnly = openOnly->isChecked();
-    filter.period = HistoryPeriodFrom(period->currentText());
-    rows = ReadHistory(filter);
+    const HistoryFilter filter {
+        owner, ownerMode, openOnly->isChecked(), HistoryPeriodFrom(period->currentText())};
+    auto read = Await(
+        services, this, tr("Reading the account..."), [filter] { return ReadHistory(filter); });
+    unread->setHidden(read.has_value());
+    if (read) {
+        stored = *std::move(read);
+        ListRows();
+    } else {
+        TellUnread(services, tr("The credits could not be read."), read.error());
+    }
+}
+
+void AccountDialog::ListRows()
+{
+    rows = stored;
     for (HistoryRow &row : rows) {
         if (std::find(staged.closed.begin(), staged.closed.end(), row.billId)
             != staged.closed.end()) {
@@ -103,10 +145,9 @@ void AccountDialog::Refill()
 void AccountDialog::ShowRows()
 {
     AddUpBalances(rows);
-    const double rate = CurrentRate(services.settings);
     QList<QStringList> lines;
     for (const HistoryRow &row : rows) {
-        lines << HistoryCells(row, filter.ownerMode, rate);
+        lines << HistoryCells(row, ownerMode, currency.rate);
     }
     table->SetRows(lines);
 }
@@ -119,7 +160,7 @@ HistoryRow *AccountDialog::Selected()
 
 void AccountDialog::AddCredit()
 {
-    if (auto credit = AskForCredit(services, filter.owner, filter.ownerMode, this)) {
+    if (auto credit = AskForCredit(services.prompt, currency, owner, ownerMode, this)) {
         rows.push_back(HistoryRowOf(*credit));
         staged.credits.push_back(*std::move(credit));
         ShowRows();
@@ -151,9 +192,8 @@ void AccountDialog::DeleteSelected()
     } else if (row->status != HistoryStatus::New) {
         services.prompt.Tell(u"Cannot delete Expired or Active account"_s);
     } else {
-        const auto stored = rows.size() - staged.credits.size();
         const int selected = table->SelectedRow();
-        staged.credits.erase(staged.credits.begin() + (selected - static_cast<int>(stored)));
+        staged.credits.erase(staged.credits.begin() + (selected - static_cast<int>(stored.size())));
         rows.erase(rows.begin() + selected);
         ShowRows();
         table->Select(qMin(selected, static_cast<int>(rows.size()) - 1));
@@ -162,10 +202,17 @@ void AccountDialog::DeleteSelected()
 
 void AccountDialog::accept()
 {
-    const double rate = CurrentRate(services.settings);
-    if (!ApplyStagedAccount(
-            filter.owner, filter.ownerMode, staged, rate, services.connection.Link())) {
-        TellOwnerIsGone(services.prompt, filter.owner);
+    if (staged.IsEmpty() || Write()) {
+        QDialog::accept();
     }
-    QDialog::accept();
+}
+
+bool AccountDialog::Write()
+{
+    const auto now = CurrencyNow(services);
+    return now
+        && Perform(services,
+                   this,
+                   tr("Changing the account..."),
+                   WriteAccountAction(owner, ownerMode, staged, now->rate));
 }

@@ -1,9 +1,11 @@
 #include "ui/accounts/account_page.h"
 
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "base/amount_text.h"
-#include "db/value_codes.h"
 #include "ui/accounts/credit_dialogs.h"
 #include "ui/accounts/credit_table.h"
+#include "ui/accounts/currency_now.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 
@@ -13,17 +15,20 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 AccountPage::AccountPage(const AppServices &appServices,
                          const Owner &accountOwner,
+                         AccountingMode openedWith,
                          StagedAccount &record,
                          QWidget *parent)
     : Page(parent)
     , services(appServices)
     , owner(accountOwner)
     , staged(record)
+    , ownerMode(openedWith)
 { }
 
 QString AccountPage::Title() const
@@ -33,10 +38,11 @@ QString AccountPage::Title() const
 
 void AccountPage::Load()
 {
-    ownerMode = ModeOf(owner).value_or(AccountingMode::NoControl);
     table = new CreditTable(CreditColumns(ownerMode), u"No credits"_s, this);
+    unread = UnreadNote();
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(table, 1);
+    layout->addWidget(unread);
     BuildButtons(*layout);
 }
 
@@ -64,34 +70,61 @@ void AccountPage::BuildButtons(QVBoxLayout &layout)
 
 void AccountPage::Activate()
 {
-    credits = ReadCredits(owner, ownerMode, services.settings);
-    for (ListedCredit &row : credits.rows) {
+    unread->setHidden(Read());
+    ListRows();
+    ShowRows();
+}
+
+bool AccountPage::Read()
+{
+    const auto now = CurrencyNow(services);
+    if (!now) {
+        return false;
+    }
+    auto read = Await(services,
+                      this,
+                      tr("Reading the account..."),
+                      [whose = owner, mode = ownerMode, shown = *now] {
+                          return ReadCredits(whose, mode, shown);
+                      });
+    if (!read) {
+        TellUnread(services, tr("The credits could not be read."), read.error());
+        return false;
+    }
+    currency = *now;
+    stored = *std::move(read);
+    return true;
+}
+
+void AccountPage::ListRows()
+{
+    rows = stored.rows;
+    for (ListedCredit &row : rows) {
         if (std::find(staged.closed.begin(), staged.closed.end(), row.billId)
             != staged.closed.end()) {
             SetStatus(row, CreditStatus::Expired);
         }
     }
     for (const StagedCredit &credit : staged.credits) {
-        credits.rows.push_back(StagedRow(credit, ownerMode, services.settings));
+        rows.push_back(StagedRow(credit, ownerMode, currency));
     }
-    ShowRows();
 }
 
 void AccountPage::ShowRows()
 {
     QList<QStringList> lines;
-    for (const ListedCredit &row : credits.rows) {
+    for (const ListedCredit &row : rows) {
         lines << row.cells;
     }
     table->SetRows(lines);
     add->setEnabled(staged.credits.empty());
-    balance->setText(AmountText(credits.balance.value));
+    balance->setText(AmountText(stored.balance.value));
 }
 
 ListedCredit *AccountPage::Selected()
 {
     const int row = table->SelectedRow();
-    return row < 0 ? nullptr : &credits.rows[static_cast<std::size_t>(row)];
+    return row < 0 ? nullptr : &rows[static_cast<std::size_t>(row)];
 }
 
 void AccountPage::SetStatus(ListedCredit &row, CreditStatus status)
@@ -102,11 +135,15 @@ void AccountPage::SetStatus(ListedCredit &row, CreditStatus status)
 
 void AccountPage::AddCredit()
 {
-    if (auto credit = AskForCredit(services, owner, ownerMode, this)) {
-        credits.rows.push_back(StagedRow(*credit, ownerMode, services.settings));
+    const auto now = CurrencyNow(services);
+    if (!now) {
+        return;
+    }
+    if (auto credit = AskForCredit(services.prompt, *now, owner, ownerMode, this)) {
+        rows.push_back(StagedRow(*credit, ownerMode, *now));
         staged.credits = {*std::move(credit)};
         ShowRows();
-        table->Select(static_cast<int>(credits.rows.size()) - 1);
+        table->Select(static_cast<int>(rows.size()) - 1);
     }
 }
 
@@ -118,7 +155,7 @@ void AccountPage::DeleteSelected()
     } else if (row->status != CreditStatus::New) {
         services.prompt.Tell(u"Cannot delete Expired or Active account"_s);
     } else {
-        credits.rows.pop_back();
+        rows.pop_back();
         staged.credits.clear();
         ShowRows();
     }
@@ -142,14 +179,16 @@ void AccountPage::CloseSelected()
 
 CAdministratorUserPAcc::CAdministratorUserPAcc(const AppServices &appServices,
                                                UserId userId,
+                                               AccountingMode openedWith,
                                                StagedAccount &record,
                                                QWidget *parent)
-    : AccountPage(appServices, userId, record, parent)
+    : AccountPage(appServices, userId, openedWith, record, parent)
 { }
 
 CAdministratorGroupPAcc::CAdministratorGroupPAcc(const AppServices &appServices,
                                                  GroupId groupId,
+                                                 AccountingMode openedWith,
                                                  StagedAccount &record,
                                                  QWidget *parent)
-    : AccountPage(appServices, groupId, record, parent)
+    : AccountPage(appServices, groupId, openedWith, record, parent)
 { }

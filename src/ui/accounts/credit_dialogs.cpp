@@ -2,7 +2,6 @@
 
 #include "access/access_mode.h"
 #include "accounts/credit_entry.h"
-#include "accounts/currency.h"
 #include "base/day.h"
 #include "db/value_codes.h"
 #include "ui/common/accessible.h"
@@ -18,11 +17,14 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
-CreditDialog::CreditDialog(const AppServices &appServices, QWidget *parent)
+CreditDialog::CreditDialog(Prompt &messages, Currency shown, QWidget *parent)
     : QDialog(parent)
-    , services(appServices)
+    , prompt(messages)
+    , currency(std::move(shown))
     , kinds(new QButtonGroup(this))
     , amount(new AmountField(this))
     , unit(new QLabel(this))
@@ -84,35 +86,35 @@ void CreditDialog::KindChanged()
 {
     const bool hasAmount = Kind() != CreditKind::Unlimited;
     amount->setEnabled(hasAmount);
-    unit->setText(hasAmount ? UnitName(services.settings, Kind()) : QString());
+    unit->setText(hasAmount ? UnitName(currency, Kind()) : QString());
     amount->setAccessibleDescription(unit->text());
 }
 
 void CreditDialog::Refuse(const QString &problem, QWidget &field)
 {
-    Complain(services.prompt, problem);
+    Complain(prompt, problem);
     field.setFocus();
 }
 
 void CreditDialog::accept()
 {
-    const double rate = CurrentRate(services.settings);
     const QDate expiry = Expiry();
-    if (const auto problem = CheckAmount(Kind(), amount->Amount(), rate)) {
+    if (const auto problem = CheckAmount(Kind(), amount->Amount(), currency.rate)) {
         Refuse(*problem, *amount);
         amount->selectAll();
     } else if (const auto passed = expiry.isValid() ? CheckExpiry(expiry) : std::nullopt) {
         Refuse(*passed, *findChild<QDateEdit *>());
     } else {
-        credit = CreditFrom(Kind(), amount->Amount().value_or(0.0), rate, expiry);
+        credit = CreditFrom(Kind(), amount->Amount().value_or(0.0), currency.rate, expiry);
         QDialog::accept();
     }
 }
 
-LimitCreditDialog::LimitCreditDialog(const AppServices &appServices,
+LimitCreditDialog::LimitCreditDialog(Prompt &messages,
+                                     const Currency &shown,
                                      AccountingMode ownerMode,
                                      QWidget *parent)
-    : CreditDialog(appServices, parent)
+    : CreditDialog(messages, shown, parent)
 {
     const bool traffic = ownerMode != AccountingMode::Time;
     AddKind(CreditKind::Traffic, u"&Traffic"_s, "traffic", traffic);
@@ -121,8 +123,8 @@ LimitCreditDialog::LimitCreditDialog(const AppServices &appServices,
     Finish(nullptr);
 }
 
-BillingCreditDialog::BillingCreditDialog(const AppServices &appServices, QWidget *parent)
-    : CreditDialog(appServices, parent)
+BillingCreditDialog::BillingCreditDialog(Prompt &messages, const Currency &shown, QWidget *parent)
+    : CreditDialog(messages, shown, parent)
     , noExpiry(new QCheckBox(u"&No expiry date"_s, this))
     , expiryDay(new QDateEdit(Today().addMonths(1), this))
 {
@@ -154,25 +156,24 @@ QDate BillingCreditDialog::Expiry() const
 
 namespace {
 
-template <typename Dialog, typename... Arguments>
-std::optional<StagedCredit> CreditOf(const Arguments &...arguments)
+std::optional<StagedCredit> CreditOf(CreditDialog &&dialog)
 {
-    Dialog dialog(arguments...);
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Credit()) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<StagedCredit> AskForCredit(const AppServices &services,
+std::optional<StagedCredit> AskForCredit(Prompt &prompt,
+                                         const Currency &currency,
                                          const Owner &owner,
                                          AccountingMode ownerMode,
                                          QWidget *parent)
 {
     if (owner.IsUser() ? IsLimitMode(ownerMode) : ownerMode == AccountingMode::Traffic) {
-        return CreditOf<LimitCreditDialog>(services, ownerMode, parent);
+        return CreditOf(LimitCreditDialog(prompt, currency, ownerMode, parent));
     }
     if (owner.IsUser() || ownerMode == AccountingMode::Provider) {
-        return CreditOf<BillingCreditDialog>(services, parent);
+        return CreditOf(BillingCreditDialog(prompt, currency, parent));
     }
     return std::nullopt;
 }

@@ -3,7 +3,8 @@
 
 #include "access/owner.h"
 #include "access/staged_account.h"
-#include "startup/app_services.h"
+#include "accounts/currency.h"
+#include "base/prompt.h"
 
 #include <QDialog>
 
@@ -26,7 +27,8 @@ public:
     void accept() override;
 
 protected:
-    CreditDialog(const AppServices &services, QWidget *parent);
+    // Money is typed in `currency`.
+    CreditDialog(Prompt &prompt, Currency currency, QWidget *parent);
     void AddKind(CreditKind kind, const QString &text, const char *objectName, bool enabled = true);
     void Choose(CreditKind kind);
     [[nodiscard]] CreditKind Kind() const;
@@ -39,7 +41,8 @@ private:
     void KindChanged();
     void Refuse(const QString &problem, QWidget &field);
 
-    const AppServices &services;
+    Prompt &prompt;
+    const Currency currency;
     QButtonGroup *kinds;
     AmountField *amount;
     QLabel *unit;
@@ -52,7 +55,10 @@ class LimitCreditDialog : public CreditDialog
     Q_OBJECT
 
 public:
-    LimitCreditDialog(const AppServices &services, AccountingMode ownerMode, QWidget *parent);
+    LimitCreditDialog(Prompt &prompt,
+                      const Currency &currency,
+                      AccountingMode ownerMode,
+                      QWidget *parent);
 };
 
 // A pre-paid credit: without bound, of traffic or of money, with an expiry day or none.
@@ -61,7 +67,7 @@ class BillingCreditDialog : public CreditDialog
     Q_OBJECT
 
 public:
-    BillingCreditDialog(const AppServices &services, QWidget *parent);
+    BillingCreditDialog(Prompt &prompt, const Currency &currency, QWidget *parent);
 
 private:
     [[nodiscard]] QDate Expiry() const override;
@@ -72,7 +78,8 @@ private:
 
 // Asks with the dialog that fits the owner's mode. Nothing when it was cancelled, or when the mode
 // has no credits: a group has some in modes 1 and 2 only.
-[[nodiscard]] std::optional<StagedCredit> AskForCredit(const AppServices &services,
+[[nodiscard]] std::optional<StagedCredit> AskForCredit(Prompt &prompt,
+                                                       const Currency &currency,
                                                        const Owner &owner,
                                                        AccountingMode ownerMode,
                                                        QWidget *parent);

@@ -1,5 +1,6 @@
 #include "ui/accounts/owner_notice.h"
 
+#include "accounts/credit.h"
 #include "ui/common/icons.h"
 
 #include <QHBoxLayout>
@@ -8,14 +9,13 @@
 
 using namespace Qt::StringLiterals;
 
-QWidget *OwnerHeading(const Owner &owner, QWidget *parent)
+QWidget *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent)
 {
     auto *heading = new QWidget(parent);
     auto *picture = new QLabel(heading);
     const int size = heading->style()->pixelMetric(QStyle::PM_SmallIconSize);
     picture->setPixmap(IconOf(owner.IsUser() ? Picture::User : Picture::Group).pixmap(size));
-    auto *text = new QLabel(
-        (owner.IsUser() ? u"User: "_s : u"Group: "_s) + NameOf(owner).value_or(QString()), heading);
+    auto *text = new QLabel((owner.IsUser() ? u"User: "_s : u"Group: "_s) + name, heading);
     text->setTextFormat(Qt::PlainText);
     text->setObjectName(u"owner"_s);
     auto *layout = new QHBoxLayout(heading);
@@ -27,7 +27,5 @@ QWidget *OwnerHeading(const Owner &owner, QWidget *parent)
 
 void TellOwnerIsGone(Prompt &prompt, const Owner &owner)
 {
-    prompt.Tell(owner.IsUser() ? u"This user is no longer in the database. Nothing was changed"_s
-                               : u"This group is no longer in the database. Nothing was changed"_s,
-                Prompt::Icon::Warning);
+    prompt.Tell(OwnerIsGoneText(owner), Prompt::Icon::Warning);
 }

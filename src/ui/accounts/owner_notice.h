@@ -7,6 +7,6 @@
 class QWidget;
 
 // A picture and "User: anna" or "Group: sales".
-[[nodiscard]] QWidget *OwnerHeading(const Owner &owner, QWidget *parent);
+[[nodiscard]] QWidget *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent);
 
 void TellOwnerIsGone(Prompt &prompt, const Owner &owner);

@@ -12,6 +12,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,19 +33,40 @@ void AddField(QFormLayout &form,
 
 } // namespace
 
-StatisticsDialog::StatisticsDialog(const Owner &owner, QWidget *parent) : QDialog(parent)
+Result<std::optional<OwnerUsage>> ReadOwnerUsage(const Owner &owner)
+{
+    auto statistics = ReadStatistics(owner);
+    if (!statistics) {
+        return tl::unexpected(std::move(statistics.error()));
+    }
+    auto name = NameOf(owner);
+    if (!name) {
+        return tl::unexpected(std::move(name.error()));
+    }
+    auto days = ReadDailyTraffic(owner);
+    if (!days) {
+        return tl::unexpected(std::move(days.error()));
+    }
+    if (!*statistics || !*name) {
+        return std::nullopt;
+    }
+    return OwnerUsage {**std::move(name), **std::move(statistics), *std::move(days)};
+}
+
+StatisticsDialog::StatisticsDialog(const Owner &owner, OwnerUsage usage, QWidget *parent)
+    : QDialog(parent)
 {
     setWindowTitle(owner.IsUser() ? u"User statistics"_s : u"Group statistics"_s);
-    const UsageStatistics statistics = ReadStatistics(owner);
+    const UsageStatistics &statistics = usage.statistics;
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
     connect(buttons, &QDialogButtonBox::accepted, this, &StatisticsDialog::accept);
     auto *layout = new QGridLayout(this);
-    layout->addWidget(OwnerHeading(owner, this), 0, 0, 1, 2);
+    layout->addWidget(OwnerHeading(owner, usage.ownerName, this), 0, 0, 1, 2);
     layout->addWidget(PeriodBox(owner, statistics.period), 1, 0);
     layout->addWidget(OverallBox(statistics), 1, 1);
     layout->addWidget(TipBox(StatisticsTip(owner, statistics.period)), 2, 0, 1, 2);
-    layout->addWidget(ChartBox(owner), 3, 0, 1, 2);
+    layout->addWidget(ChartBox(std::move(usage.days)), 3, 0, 1, 2);
     layout->addWidget(buttons, 4, 0, 1, 2);
     layout->setRowStretch(3, 1);
     buttons->button(QDialogButtonBox::Ok)->setFocus();
@@ -85,12 +108,12 @@ QWidget *StatisticsDialog::TipBox(const QString &tip)
     return box;
 }
 
-QWidget *StatisticsDialog::ChartBox(const Owner &owner)
+QWidget *StatisticsDialog::ChartBox(std::vector<DailyTraffic> days)
 {
     auto *box = new QGroupBox(u"Last 30 days"_s, this);
     auto *chart = new TrafficChart(box);
     chart->setObjectName(u"chart"_s);
-    chart->SetDays(ReadDailyTraffic(owner));
+    chart->SetDays(std::move(days));
     auto *layout = new QGridLayout(box);
     layout->addWidget(chart);
     return box;

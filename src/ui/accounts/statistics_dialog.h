@@ -6,18 +6,30 @@
 
 #include <QDialog>
 
-class QFormLayout;
+#include <optional>
+#include <vector>
+
+// All that the dialog shows.
+struct OwnerUsage
+{
+    QString ownerName;
+    UsageStatistics statistics;
+    std::vector<DailyTraffic> days;
+};
+
+// Nothing when there is no such user or group any more.
+[[nodiscard]] Result<std::optional<OwnerUsage>> ReadOwnerUsage(const Owner &owner);
 
 class StatisticsDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    StatisticsDialog(const Owner &owner, QWidget *parent);
+    StatisticsDialog(const Owner &owner, OwnerUsage usage, QWidget *parent);
 
 private:
     [[nodiscard]] QWidget *PeriodBox(const Owner &owner, const PeriodUsage &period);
     [[nodiscard]] QWidget *OverallBox(const UsageStatistics &statistics);
     [[nodiscard]] QWidget *TipBox(const QString &tip);
-    [[nodiscard]] QWidget *ChartBox(const Owner &owner);
+    [[nodiscard]] QWidget *ChartBox(std::vector<DailyTraffic> days);
 };

@@ -1,6 +1,7 @@
 #include "ui/common/controls.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 
@@ -35,6 +36,16 @@ void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButto
         button->setChecked(button == chosen);
         button->setFocusPolicy(button == chosen ? Qt::StrongFocus : Qt::ClickFocus);
     }
+}
+
+QLabel *UnreadNote()
+{
+    auto *note =
+        new QLabel(u"This could not be read. What is shown may be incomplete or out of date."_s);
+    note->setObjectName(u"unread"_s);
+    note->setWordWrap(true);
+    note->hide();
+    return note;
 }
 
 void Complain(Prompt &prompt, const QString &text)

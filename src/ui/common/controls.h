@@ -9,6 +9,7 @@
 #include <initializer_list>
 
 class QDialog;
+class QLabel;
 class QLineEdit;
 class QRadioButton;
 
@@ -32,6 +33,9 @@ MakeButton(const QString &text, const char *objectName, const QString &says = {}
 
 // Checks one of the buttons that exclude each other, so that Tab goes to that one from the start.
 void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButton *chosen);
+
+// Says, below a list, that it could not be read; hidden until then.
+[[nodiscard]] QLabel *UnreadNote();
 
 // Tells what is wrong with an entry.
 void Complain(Prompt &prompt, const QString &text);

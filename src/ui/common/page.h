@@ -24,6 +24,7 @@ public:
     [[nodiscard]] virtual bool Leave() { return true; }
 
     // Leaves the page's results with the one that opened the sheet. Called for every page on OK,
-    // in page order, once all of them agreed to be left.
+    // in page order, once all of them agreed to be left; again on the next OK when the results could
+    // not be stored.
     virtual void Collect() { }
 };

@@ -8,6 +8,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 Sheet::Sheet(const QString &caption, QWidget *parent)
@@ -52,6 +54,11 @@ void Sheet::Add(Page *page)
     const QSignalBlocker blocked(tabs);
     tabs->addTab(page, page->Title());
     pages.push_back(page);
+}
+
+void Sheet::SetApply(std::function<bool()> newApply)
+{
+    apply = std::move(newApply);
 }
 
 void Sheet::Start(int page)
@@ -130,5 +137,7 @@ void Sheet::accept()
     for (Page *page : pages) {
         page->Collect();
     }
-    QDialog::accept();
+    if (!apply || apply()) {
+        QDialog::accept();
+    }
 }

@@ -6,6 +6,7 @@
 
 #include <QDialog>
 
+#include <functional>
 #include <vector>
 
 class QDialogButtonBox;
@@ -21,12 +22,16 @@ public:
     // Adds the page as the last tab; the sheet owns it from now on.
     void Add(Page *page);
 
+    // Stores what was collected, on OK. When it was not stored, which `apply` tells itself, the sheet
+    // stays open with everything that was typed. Without it an OK only collects.
+    void SetApply(std::function<bool()> newApply);
+
     // Loads every page and makes `page` the active one; a number that names no page stands for the
     // first. Run does this itself.
     void Start(int page);
 
-    // Shows the sheet until it is closed. True for an OK that every page agreed to; anything else
-    // has collected nothing.
+    // Shows the sheet until it is closed. True for an OK that every page agreed to and that was
+    // stored.
     [[nodiscard]] bool Run(int page);
 
     [[nodiscard]] int Active() const { return active; }
@@ -34,7 +39,8 @@ public:
     // Turns to a page as a click on its tab does: the active page is asked first.
     void TurnTo(int page);
 
-    // OK. When a page refuses to be left, that page becomes active and the sheet stays open.
+    // OK. When a page refuses to be left, that page becomes active and the sheet stays open. It may
+    // collect several times before it closes.
     void accept() override;
 
 signals:
@@ -55,5 +61,6 @@ private:
     QTabWidget *tabs;
     QDialogButtonBox *buttons;
     std::vector<Page *> pages;
+    std::function<bool()> apply;
     int active = -1;
 };

@@ -1,7 +1,7 @@
 #include "ui/main/administrator_view.h"
 
 #include "access/list_commands.h"
-#include "base/painted_work.h"
+#include "app/perform.h"
 #include "ui/common/accessible.h"
 #include "ui/main/user_list_model.h"
 #include "ui/props/change_group_dialog.h"
@@ -30,7 +30,9 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
 
 CAdministratorView::~CAdministratorView()
 {
-    columns.Save(services.settings);
+    if (const SettingsResult saved = columns.Save(services.settings); !saved) {
+        services.prompt.Tell(TextOf(saved.error()), Prompt::Icon::Warning);
+    }
 }
 
 void CAdministratorView::LoadColumns()
@@ -49,11 +51,19 @@ void CAdministratorView::FillList(int order, bool ascending)
     if (order >= user_order::kUserName && order <= user_order::kFullName) {
         sortColumn = order;
     }
-    KeepingPlace([&] {
-        users->SetList(columns.ShowUsers()
-                           ? ReadUserList(order, ascending, columns.IsVisible(UserColumn::Group))
-                           : UserList());
-    });
+    const bool shows = columns.ShowUsers();
+    const bool withGroups = columns.IsVisible(UserColumn::Group);
+    StartReading(
+        services.database,
+        [order, ascending, withGroups, shows]() -> Result<UserList> {
+            return shows ? ReadUserList(order, ascending, withGroups) : UserList();
+        },
+        [this, order, ascending](const UserList &list) { TakeList(list, order, ascending); });
+}
+
+void CAdministratorView::TakeList(const UserList &list, int order, bool ascending)
+{
+    KeepingPlace([&] { users->SetList(list); });
     shownOrder = order;
     shownAscending = ascending;
     ShowSortIndicator();
@@ -90,7 +100,6 @@ void CAdministratorView::HeaderClicked(int section)
     if (order >= 0) {
         FillList(order, !sortAscending);
         sortAscending = !sortAscending;
-        emit Filled();
     }
     ShowSortIndicator(); // the click itself moved it, whether or not the column sorts
 }
@@ -142,10 +151,9 @@ void CAdministratorView::OpenAccount()
     OpenFor(dialogs.userAccount);
 }
 
-bool CAdministratorView::HasAccount() const
+void CAdministratorView::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
 {
-    const QList<UserId> selected = SelectedIds();
-    return !selected.isEmpty() && UserHasAccount(selected.front());
+    AskForAccountBy(services.database, UserHasAccount, context, answer);
 }
 
 void CAdministratorView::ChangeGroup()
@@ -158,11 +166,12 @@ void CAdministratorView::ChangeGroup()
 
 void CAdministratorView::MoveToChosenGroup(const QList<UserId> &userIds)
 {
-    ChangeGroupDialog dialog(services, window());
-    if (dialog.exec() == QDialog::Accepted) {
-        for (const UserId userId : userIds) {
-            MoveUserToGroup(userId, dialog.ChosenGroup().groupId);
-        }
+    const auto group = ChooseGroup(services, window());
+    if (group) {
+        (void)Perform(services,
+                      window(),
+                      tr("Changing the group..."),
+                      MoveUsersAction({userIds.begin(), userIds.end()}, group->groupId));
     }
 }
 
@@ -170,20 +179,24 @@ void CAdministratorView::DeleteSelected()
 {
     RemoveSelected(u"This will delete this user and all corresponding information. Continue?"_s,
                    u"This will delete these users and all corresponding information. Continue?"_s,
-                   DeleteUser);
+                   tr("Deleting users..."),
+                   DeleteUsersAction);
 }
 
 void CAdministratorView::StopMonitoringSelected()
 {
     RemoveSelected(u"This will move this user to the unmonitored list. Continue?"_s,
                    u"This will move these users to the unmonitored list. Continue?"_s,
-                   StopMonitoring);
+                   tr("Moving users to the unmonitored list..."),
+                   StopMonitoringAction);
 }
 
-// Ids, not rows: the list may be filled anew while the question stands.
+// Ids, not rows: the list may be filled anew while the question stands. Years of records, or a database
+// that another program holds, may keep this waiting.
 void CAdministratorView::RemoveSelected(const QString &question,
                                         const QString &questionSeveral,
-                                        void (*act)(UserId))
+                                        const QString &what,
+                                        Action (*actionOn)(const std::vector<UserId> &))
 {
     const QList<UserId> selected = SelectedIds();
     if (selected.isEmpty()) {
@@ -193,21 +206,23 @@ void CAdministratorView::RemoveSelected(const QString &question,
     if (!services.prompt.Ask(selected.size() == 1 ? question : questionSeveral)) {
         return;
     }
-    for (const UserId userId : selected) {
-        users->RemoveUser(userId);
+    const bool done = Perform(services,
+                              window(),
+                              what,
+                              actionOn({selected.begin(), selected.end()}),
+                              SessionThread::Patience::Endless);
+    if (done) {
+        for (const UserId userId : selected) {
+            users->RemoveUser(userId);
+        }
     }
-    // Years of records, or a database that another program holds, may keep this waiting.
-    setCursor(Qt::WaitCursor);
-    RunPainted([&] { std::ranges::for_each(selected, act); });
-    unsetCursor();
     FillList(sortColumn, true);
-    emit Filled();
 }
 
 void CAdministratorView::RefreshKey()
 {
+    services.database.Reopen();
     FillList(sortColumn, true);
-    emit Filled();
 }
 
 void CAdministratorView::FillPopUp(QMenu &menu)
@@ -224,7 +239,7 @@ void CAdministratorView::FillPopUp(QMenu &menu)
         }
     } else {
         AddEntry(menu, u"Properties..."_s, Opener(dialogs.userProperties));
-        AddEntry(menu, u"Account..."_s, Opener(dialogs.userAccount), HasAccount());
+        AddAccountEntry(menu, dialogs.userAccount);
         AddEntry(menu, u"Statistics"_s, Opener(dialogs.userStatistics));
         AddEntry(menu, u"Change group..."_s, changeGroup);
     }

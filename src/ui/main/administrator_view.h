@@ -1,6 +1,8 @@
 // The users list: every monitored user that has a group, at most 1000.
 #pragma once
 
+#include "access/user_list.h"
+#include "actions/action.h"
 #include "startup/app_services.h"
 #include "ui/main/frame_dialogs.h"
 #include "ui/main/id_list_pane.h"
@@ -22,7 +24,8 @@ public:
     // In the order that the store names for the start.
     void FirstFill();
 
-    // Reads the list anew. Only the codes 0, 1 and 2 become the order of later refills.
+    // Has the list read anew beside the window; Filled tells when it was. Only the codes 0, 1 and 2
+    // become the order of later refills.
     void FillList(int order, bool ascending);
 
     // Puts the visible columns up with their widths and fills the list.
@@ -37,7 +40,7 @@ public:
     void OpenProperties() override;
     void OpenAccount() override;
     void DeleteSelected() override;
-    [[nodiscard]] bool HasAccount() const override;
+    void AskForAccount(QObject *context, const std::function<void(bool)> &answer) override;
     void ChangeGroup(); // of the first selected user; no refill follows
     void StopMonitoringSelected();
 
@@ -52,8 +55,11 @@ private:
     void HeaderClicked(int section);
     void MoveToChosenGroup(const QList<UserId> &userIds);
     void ShowSortIndicator();
-    void
-    RemoveSelected(const QString &question, const QString &questionSeveral, void (*act)(UserId));
+    void TakeList(const UserList &list, int order, bool ascending);
+    void RemoveSelected(const QString &question,
+                        const QString &questionSeveral,
+                        const QString &what,
+                        Action (*actionOn)(const std::vector<UserId> &));
 
     const AppServices &services;
     const FrameDialogs &dialogs;

@@ -1,6 +1,7 @@
 #include "ui/main/administrator_view_grp.h"
 
 #include "access/list_commands.h"
+#include "app/perform.h"
 #include "db/value_codes.h"
 #include "ui/common/accessible.h"
 #include "ui/main/group_list_model.h"
@@ -31,7 +32,9 @@ CAdministratorViewGrp::CAdministratorViewGrp(const AppServices &appServices,
 
 void CAdministratorViewGrp::FillGroups()
 {
-    KeepingPlace([this] { groups->SetList(ReadGroupList()); });
+    StartReading(services.database, ReadGroupList, [this](const GroupList &list) {
+        KeepingPlace([&] { groups->SetList(list); });
+    });
 }
 
 GroupId CAdministratorViewGrp::IdAt(int row) const
@@ -60,10 +63,9 @@ void CAdministratorViewGrp::OpenAccount()
     OpenFor(dialogs.groupAccount);
 }
 
-bool CAdministratorViewGrp::HasAccount() const
+void CAdministratorViewGrp::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
 {
-    const int row = SelectedRow();
-    return row >= 0 && GroupHasAccount(groups->GroupAt(row));
+    AskForAccountBy(services.database, GroupHasAccount, context, answer);
 }
 
 void CAdministratorViewGrp::DeleteSelected()
@@ -81,8 +83,13 @@ void CAdministratorViewGrp::DeleteSelected()
         services.prompt.Tell(u"You cannot delete Everybody group"_s);
         return;
     }
-    groups->RemoveGroup(groupId);
-    DeleteGroupOfList(groupId);
+    if (Perform(services,
+                window(),
+                tr("Deleting the group..."),
+                DeleteGroupOfListAction(groupId),
+                SessionThread::Patience::Endless)) {
+        groups->RemoveGroup(groupId);
+    }
 }
 
 void CAdministratorViewGrp::RenameSelected()
@@ -98,23 +105,25 @@ void CAdministratorViewGrp::RenameSelected()
     }
     NameDialog dialog(u"Rename group"_s, u"Enter new name for the group:"_s, window());
     dialog.SetName(groups->NameAt(row));
+    dialog.SetCheck([&](const QString &name) {
+        return Perform(services, &dialog, tr("Renaming..."), RenameGroupAction(groupId, name));
+    });
     if (dialog.exec() == QDialog::Accepted) {
-        RenameGroup(groupId, dialog.Name());
-        RefreshKey();
+        FillGroups();
     }
 }
 
 void CAdministratorViewGrp::RefreshKey()
 {
+    services.database.Reopen();
     FillGroups();
-    emit Filled();
 }
 
 void CAdministratorViewGrp::FillPopUp(QMenu &menu)
 {
     menu.setObjectName(u"groupPopUp"_s);
     AddEntry(menu, u"Properties..."_s, Opener(dialogs.groupProperties));
-    AddEntry(menu, u"Account..."_s, Opener(dialogs.groupAccount), HasAccount());
+    AddAccountEntry(menu, dialogs.groupAccount);
     AddEntry(menu, u"Statistics"_s, Opener(dialogs.groupStatistics));
     menu.addSeparator();
     AddEntry(menu, u"Rename..."_s, [this] { RenameSelected(); });

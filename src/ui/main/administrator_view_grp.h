@@ -16,12 +16,12 @@ public:
                           const FrameDialogs &dialogs,
                           QWidget *parent);
 
-    // Reads the list anew.
+    // Has the list read anew beside the window; Filled tells when it was.
     void FillGroups();
 
     void OpenProperties() override;
     void OpenAccount() override;
-    [[nodiscard]] bool HasAccount() const override;
+    void AskForAccount(QObject *context, const std::function<void(bool)> &answer) override;
 
     // Only takes the row out: neither list is filled anew.
     void DeleteSelected() override;

@@ -27,10 +27,12 @@ void AutoRefresh::Load(const ConfigStore &config)
     period = config.ReadInteger(values::kPaneAutoRefreshPeriod);
 }
 
-void AutoRefresh::Save(const ConfigStore &config) const
+SettingsResult AutoRefresh::Save(const ConfigStore &config) const
 {
-    config.WriteInteger(values::kPaneAutoRefreshMode, mode);
-    config.WriteInteger(values::kPaneAutoRefreshPeriod, period);
+    return config.Edit(ConfigKeyId::Base, [this](KeyEditor &key) {
+        key.WriteInteger(values::kPaneAutoRefreshMode, mode);
+        key.WriteInteger(values::kPaneAutoRefreshPeriod, period);
+    });
 }
 
 void AutoRefresh::Start()

@@ -17,7 +17,7 @@ public:
 
     // The choice of the last run. Missing values read as 0: no refresh.
     void Load(const ConfigStore &config);
-    void Save(const ConfigStore &config) const;
+    [[nodiscard]] SettingsResult Save(const ConfigStore &config) const;
 
     // Runs the timer by the choice that was loaded, unless another was made since.
     void Start();

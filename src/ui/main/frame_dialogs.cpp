@@ -80,7 +80,7 @@ FrameDialogs StandardDialogs(const AppServices &services)
     };
     dialogs.adapter = WithServices(services, OpenAdapterBinding);
     dialogs.setupWizard = WithServices(services, RunSetupWizard);
-    dialogs.unmonitored = OpenUnmonitored;
+    dialogs.unmonitored = WithServices(services, OpenUnmonitored);
     dialogs.logins = WithServices(services, OpenLoginManager);
     dialogs.reports = WithServices(services, OpenReports);
     dialogs.helpTopics = [&services](QWidget *parent) { OpenHelpTopics(services.prompt, parent); };

@@ -9,6 +9,8 @@
 #include <QMenuBar>
 #include <QToolBar>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -249,10 +251,27 @@ void FrameMenus::UpdateSelectionCommands()
     const bool isUsers = &pane == &frame.Users();
     properties->setEnabled(selected > 0);
     toolbarProperties->setEnabled(selected == 1);
-    account->setEnabled(pane.HasAccount());
+    UpdateAccount();
     changeGroup->setEnabled(isUsers && selected > 0);
     doNotMonitor->setEnabled(isUsers && selected > 0);
     remove->setEnabled(selected > 0);
+}
+
+// One question at a time: a selection that moves on asks once more when the answer is there.
+void FrameMenus::UpdateAccount()
+{
+    if (asksForAccount) {
+        asksAgain = true;
+        return;
+    }
+    asksForAccount = true;
+    frame.ActivePane().AskForAccount(this, [this](bool has) {
+        asksForAccount = false;
+        account->setEnabled(has && !asksAgain);
+        if (std::exchange(asksAgain, false)) {
+            UpdateAccount();
+        }
+    });
 }
 
 void FrameMenus::UpdateChecks()

@@ -41,6 +41,7 @@ private:
     void MakeHelpMenu();
     void MakeToolbar();
     void UpdateSelectionCommands();
+    void UpdateAccount();
     void UpdateChecks();
 
     CSplitterFrame &frame;
@@ -54,6 +55,8 @@ private:
     QAction *changeGroup = nullptr;
     QAction *doNotMonitor = nullptr;
     QAction *remove = nullptr;
+    bool asksForAccount = false; // the database, about the selection
+    bool asksAgain = false; // it has changed since
 
     QAction *refresh = nullptr;
     QAction *options = nullptr;

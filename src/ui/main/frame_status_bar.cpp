@@ -16,6 +16,7 @@ FrameStatusBar::FrameStatusBar(QWidget *parent)
     , service(new StatusPane(u"servicePane"_s, u"A double click controls the service"_s, this))
     , connection(new StatusPane(
           u"connectionPane"_s, u"Without a connection, a double click reconnects"_s, this))
+    , cancel(new QToolButton(this))
     , failures(new QToolButton(this))
 {
     setObjectName(u"statusBar"_s);
@@ -24,6 +25,11 @@ FrameStatusBar::FrameStatusBar(QWidget *parent)
     userCount->setObjectName(u"usersPane"_s);
     userCount->setMargin(2);
     addWidget(notice, 1);
+    cancel->setObjectName(u"cancelPane"_s);
+    cancel->setText(tr("Cancel"));
+    cancel->hide();
+    addPermanentWidget(cancel);
+    connect(cancel, &QToolButton::clicked, this, &FrameStatusBar::Cancelled);
     AddFailuresPane();
     addPermanentWidget(userCount);
     addPermanentWidget(service);
@@ -49,6 +55,11 @@ void FrameStatusBar::AddFailuresPane()
 void FrameStatusBar::ShowNotice(const QString &text)
 {
     notice->setText(text.isEmpty() ? u"Ready"_s : text);
+}
+
+void FrameStatusBar::OfferCancel(bool offered)
+{
+    cancel->setVisible(offered);
 }
 
 void FrameStatusBar::ShowUserCount(int users)

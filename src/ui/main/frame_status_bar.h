@@ -17,6 +17,7 @@ public:
 
     // What stands in the message pane while no menu prompt covers it; empty for "Ready".
     void ShowNotice(const QString &text);
+    void OfferCancel(bool offered); // of what is waited for
     void ShowUserCount(int users);
     void ShowService(bool running);
     void ShowConnection(bool connected);
@@ -24,6 +25,7 @@ public:
 signals:
     void ServiceOpened();
     void ConnectionOpened();
+    void Cancelled();
 
 private:
     void AddFailuresPane();
@@ -33,5 +35,6 @@ private:
     QLabel *userCount;
     StatusPane *service;
     StatusPane *connection;
+    QToolButton *cancel;
     QToolButton *failures;
 };

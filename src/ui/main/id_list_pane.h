@@ -1,7 +1,11 @@
 // A list whose rows stand for rows of a table: users by their ids, or groups by theirs.
 #pragma once
 
+#include "db/failure.h"
 #include "ui/main/list_pane.h"
+
+#include <QAction>
+#include <QMenu>
 
 template <typename IdType>
 class IdListPane : public ListPane
@@ -43,8 +47,33 @@ protected:
         return dialog ? [this, &dialog] { OpenFor(dialog); } : std::function<void()>();
     }
 
-    // Runs `fill`, which reads the rows and resets the model, and then selects the same ids and scrolls
-    // to the same place.
+    // Asks by `hasAccount` (access/list_commands.h), see AskForAccount.
+    void AskForAccountBy(SessionThread &database,
+                         Result<bool> (*hasAccount)(IdType),
+                         QObject *context,
+                         const std::function<void(bool)> &answer)
+    {
+        const QList<IdType> selected = SelectedIds();
+        if (selected.isEmpty()) {
+            answer(false);
+            return;
+        }
+        database.Start(
+            context,
+            [hasAccount, id = selected.front()] { return hasAccount(id); },
+            [answer](const Result<bool> &has) { answer(has.value_or(true)); });
+    }
+
+    // Adds the entry "Account...", enabled once it is known that there is one.
+    void AddAccountEntry(QMenu &menu, const ForOne &dialog)
+    {
+        if (QAction *account =
+                AddEntry(menu, QStringLiteral("Account..."), Opener(dialog), false)) {
+            AskForAccount(account, [account](bool has) { account->setEnabled(has); });
+        }
+    }
+
+    // Runs `fill`, which resets the model, and then selects the same ids and scrolls to the same place.
     void KeepingPlace(const std::function<void()> &fill)
     {
         Refill(fill, [this, selected = SelectedIds()] {

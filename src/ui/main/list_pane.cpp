@@ -1,7 +1,5 @@
 #include "ui/main/list_pane.h"
 
-#include "db/failure_log.h"
-
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -61,9 +59,7 @@ void ListPane::ShowModel(QAbstractItemModel *model)
 void ListPane::Refill(const std::function<void()> &fill, const std::function<QList<int>()> &chosen)
 {
     const int scrolledTo = verticalScrollBar()->value();
-    const qsizetype failures = FailureLog::Instance().Count();
     fill();
-    wasRead = FailureLog::Instance().Count() == failures;
     QItemSelection selection;
     for (const int row : chosen()) {
         if (row >= 0) {
@@ -73,6 +69,17 @@ void ListPane::Refill(const std::function<void()> &fill, const std::function<QLi
     selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(scrolledTo);
+}
+
+void ListPane::SetReading(bool nowReading)
+{
+    reading = nowReading;
+    if (reading) {
+        viewport()->setCursor(Qt::BusyCursor);
+    } else {
+        viewport()->unsetCursor();
+    }
+    emit ReadingChanged(reading);
 }
 
 void ListPane::keyPressEvent(QKeyEvent *event)
@@ -148,11 +155,13 @@ bool ListPane::focusNextPrevChild(bool next)
     return true;
 }
 
-void AddEntry(QMenu &menu, const QString &text, const std::function<void()> &run, bool enabled)
+QAction *AddEntry(QMenu &menu, const QString &text, const std::function<void()> &run, bool enabled)
 {
-    if (run) {
-        QAction *action = menu.addAction(text);
-        action->setEnabled(enabled);
-        QObject::connect(action, &QAction::triggered, &menu, run);
+    if (!run) {
+        return nullptr;
     }
+    QAction *action = menu.addAction(text);
+    action->setEnabled(enabled);
+    QObject::connect(action, &QAction::triggered, &menu, run);
+    return action;
 }

@@ -1,9 +1,12 @@
 // What both lists of the main window do alike: rows, selection, mouse and keys.
 #pragma once
 
+#include "db/session_thread.h"
+
 #include <QTreeView>
 
 #include <functional>
+#include <utility>
 
 class QMenu;
 
@@ -25,15 +28,21 @@ public:
     virtual void OpenAccount() = 0;
     virtual void DeleteSelected() = 0;
 
-    // Whether the first selected row has an account to open; asks the database.
-    [[nodiscard]] virtual bool HasAccount() const = 0;
+    // Asks the database whether the first selected row has an account to open; `answer` hears it,
+    // unless `context` is gone by then. Without a selection there is none. Where it could not be read
+    // the answer is Yes: the account's own window tells why.
+    virtual void AskForAccount(QObject *context, const std::function<void(bool)> &answer) = 0;
 
-    // False when the rows could not be read the last time; the failure log tells why.
+    // False when the rows could not be read the last time: the list shows what it did before.
     [[nodiscard]] bool WasRead() const { return wasRead; }
 
+    // While the rows that it will show are being read.
+    [[nodiscard]] bool IsReading() const { return reading; }
+
 signals:
-    // The list was filled by a key or a command of its own.
+    // The rows were read, or could not be.
     void Filled();
+    void ReadingChanged(bool reading);
     void SelectionChanged();
     void LeftByTab();
     void Focused();
@@ -50,8 +59,31 @@ protected:
     // Takes the model over and tells of its selection.
     void ShowModel(QAbstractItemModel *model);
 
-    // Runs `fill`, which reads the rows and resets the model, then selects the rows that `chosen` gives,
-    // of which -1 stands for none, and scrolls to the same place.
+    // Runs `read`, which gives the rows or a failure, beside the window and hands the rows to `take`.
+    // A list that is being read already is read once more when it was.
+    template <typename Read, typename Take>
+    void StartReading(SessionThread &database, Read read, Take take)
+    {
+        if (reading) {
+            again = [this, &database, read, take] { StartReading(database, read, take); };
+            return;
+        }
+        SetReading(true);
+        database.Start(this, std::move(read), [this, take = std::move(take)](auto rows) {
+            SetReading(false);
+            wasRead = rows.has_value();
+            if (rows) {
+                take(*std::move(rows));
+            }
+            emit Filled();
+            if (const auto next = std::exchange(again, nullptr)) {
+                next();
+            }
+        });
+    }
+
+    // Runs `fill`, which resets the model, then selects the rows that `chosen` gives, of which -1
+    // stands for none, and scrolls to the same place.
     void Refill(const std::function<void()> &fill, const std::function<QList<int>()> &chosen);
 
     void keyPressEvent(QKeyEvent *event) override;
@@ -63,12 +95,13 @@ protected:
 
 private:
     [[nodiscard]] QPoint PlaceOfMenu(const QContextMenuEvent &event) const;
+    void SetReading(bool nowReading);
 
     bool wasRead = true;
+    bool reading = false;
+    std::function<void()> again; // reads once more; empty for no need
 };
 
-// Adds an entry called by its text; an entry without a function is not shown.
-void AddEntry(QMenu &menu,
-              const QString &text,
-              const std::function<void()> &run,
-              bool enabled = true);
+// Adds an entry called by its text; an entry without a function is not shown, and null.
+QAction *
+AddEntry(QMenu &menu, const QString &text, const std::function<void()> &run, bool enabled = true);

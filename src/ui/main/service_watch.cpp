@@ -5,17 +5,16 @@ ServiceWatch::ServiceWatch(const FrameDialogs &windows, QObject *parent)
     , dialogs(windows)
 { }
 
-void ServiceWatch::Start(bool running, bool isConnected)
+void ServiceWatch::Start(bool isRunning, bool isConnected)
 {
-    ShowService(running);
+    ShowService(isRunning);
     SetConnected(isConnected);
 }
 
 void ServiceWatch::Poll(const ServiceControl &control)
 {
     const auto state = control.Query();
-    const bool running = state.has_value() && state != ServiceControl::State::Stopped;
-    ShowService(running);
+    ShowService(state.has_value() && state != ServiceControl::State::Stopped);
     if (!running) {
         emit ConnectionShown(false); // kept: the connected flag itself stays as it was
     }
@@ -43,8 +42,9 @@ void ServiceWatch::OpenReconnect(QWidget *window)
     ShowService(outcome.serviceRunning);
 }
 
-void ServiceWatch::ShowService(bool running)
+void ServiceWatch::ShowService(bool nowRunning)
 {
+    running = nowRunning;
     emit ServiceShown(running);
 }
 

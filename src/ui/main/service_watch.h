@@ -25,15 +25,17 @@ public:
     void OpenReconnect(QWidget *window);
 
     [[nodiscard]] bool IsConnected() const { return connected; }
+    [[nodiscard]] bool IsRunning() const { return running; } // as last seen
 
 signals:
     void ServiceShown(bool running);
     void ConnectionShown(bool connected);
 
 private:
-    void ShowService(bool running);
+    void ShowService(bool nowRunning);
     void SetConnected(bool newConnected);
 
     const FrameDialogs &dialogs;
     bool connected = false;
+    bool running = false;
 };

@@ -2,7 +2,6 @@
 
 #include "access/group_list.h"
 #include "access/user_list.h"
-#include "base/painted_work.h"
 #include "ui/common/icons.h"
 #include "ui/main/administrator_view.h"
 #include "ui/main/administrator_view_grp.h"
@@ -10,6 +9,7 @@
 #include "ui/main/find_bar.h"
 #include "ui/main/frame_menus.h"
 #include "ui/main/frame_status_bar.h"
+#include "ui/main/message_pane.h"
 #include "ui/main/refresh_period_dialog.h"
 #include "ui/main/service_watch.h"
 
@@ -28,9 +28,7 @@ constexpr int kPollPeriod = 60000;
 
 } // namespace
 
-CSplitterFrame::CSplitterFrame(const AppServices &appServices,
-                               ServiceAtStart found,
-                               FrameDialogs windows)
+CSplitterFrame::CSplitterFrame(const AppServices &appServices, FrameDialogs windows)
     : services(appServices)
     , dialogs(std::move(windows))
 {
@@ -38,7 +36,7 @@ CSplitterFrame::CSplitterFrame(const AppServices &appServices,
     setWindowTitle(u"Tollbrook Administrator"_s);
     setWindowIcon(IconOf(Picture::Application));
     CreatePanes();
-    CreateBars(found);
+    CreateBars();
     ReadSettings();
     CreateTimers();
     resize(1000, 680);
@@ -65,7 +63,7 @@ void CSplitterFrame::CreatePanes()
     users->LoadColumns();
 }
 
-void CSplitterFrame::CreateBars(ServiceAtStart found)
+void CSplitterFrame::CreateBars()
 {
     autoRefresh = new AutoRefresh(this);
     menus = new FrameMenus(*this);
@@ -79,9 +77,15 @@ void CSplitterFrame::CreateBars(ServiceAtStart found)
     status = new FrameStatusBar(this);
     setStatusBar(status);
     setContextMenuPolicy(Qt::NoContextMenu); // both bars stay
+    messages = new MessagePane(*status, this);
     Follow(*users, *groups);
     Follow(*groups, *users);
+    FollowService();
+    FollowChanges();
+}
 
+void CSplitterFrame::FollowService()
+{
     service = new ServiceWatch(dialogs, this);
     connect(service, &ServiceWatch::ServiceShown, status, &FrameStatusBar::ShowService);
     connect(service, &ServiceWatch::ConnectionShown, status, &FrameStatusBar::ShowConnection);
@@ -91,13 +95,31 @@ void CSplitterFrame::CreateBars(ServiceAtStart found)
             service->OpenReconnect(this);
         }
     });
-    service->Start(found.running, found.connected);
+}
+
+void CSplitterFrame::FollowChanges()
+{
+    connect(&services.database,
+            &SessionThread::ConnectionChanged,
+            messages,
+            &MessagePane::ShowDatabase);
+    connect(status, &FrameStatusBar::Cancelled, this, [this] { services.database.Cancel(); });
+    connect(&services.news, &ChangeNews::NotHeard, messages, &MessagePane::ShowNotHeard);
+    connect(&services.news,
+            &ChangeNews::SettingsStored,
+            messages,
+            &MessagePane::ShowSettingsStored);
+    connect(&services.news, &ChangeNews::Stored, this, [this](bool serviceTold) {
+        constexpr int kUsualPeriod = 60; // seconds; what the service takes for none
+        const int period = services.settings.ReadInteger(values::kTimer);
+        messages->ShowStored(serviceTold, service->IsRunning(), period > 0 ? period : kUsualPeriod);
+    });
 }
 
 // The timers start after a moment in which the window is already up; the service poll first.
 void CSplitterFrame::CreateTimers()
 {
-    connect(autoRefresh, &AutoRefresh::Due, this, &CSplitterFrame::Refresh);
+    connect(autoRefresh, &AutoRefresh::Due, this, &CSplitterFrame::RefreshByTimer);
     pollTimer.setObjectName(u"pollTimer"_s);
     connect(&pollTimer, &QTimer::timeout, this, [this] { service->Poll(services.control); });
     startDelay.setObjectName(u"startDelay"_s);
@@ -112,6 +134,9 @@ void CSplitterFrame::CreateTimers()
 void CSplitterFrame::Follow(ListPane &pane, ListPane &other)
 {
     connect(&pane, &ListPane::Filled, this, &CSplitterFrame::ShowCounts);
+    connect(&pane, &ListPane::ReadingChanged, this, [this] {
+        messages->ShowReading(users->IsReading() || groups->IsReading());
+    });
     connect(&pane, &ListPane::SelectionChanged, menus, &FrameMenus::UpdateSoon);
     connect(&pane, &ListPane::LeftByTab, &other, [&other] { other.setFocus(Qt::TabFocusReason); });
     connect(&pane, &ListPane::Focused, this, [this, &pane] {
@@ -120,68 +145,85 @@ void CSplitterFrame::Follow(ListPane &pane, ListPane &other)
     });
 }
 
-void CSplitterFrame::FirstStart()
+void CSplitterFrame::FirstStart(ServiceAtStart found)
 {
+    service->Start(found.running, found.connected);
     users->FirstFill();
     groups->FillGroups();
-    ShowCounts();
     const bool firstTime = services.settings.ReadInteger(values::kFirstStart) == 1;
     if (firstTime) {
         RunSetupWizard();
     } else if (!service->IsConnected()) {
         service->OpenReconnect(this);
     }
-    services.settings.WriteInteger(values::kFirstStart, 0);
+    TellUnkept(services.settings.WriteInteger(values::kFirstStart, 0));
+}
+
+void CSplitterFrame::TellUnkept(const SettingsResult &result) const
+{
+    if (!result) {
+        services.prompt.Tell(TextOf(result.error()), Prompt::Icon::Warning);
+    }
 }
 
 void CSplitterFrame::Refresh()
 {
-    if (IsWorkRunning()) {
-        return; // the timer's next turn will do
-    }
     groups->FillGroups();
     users->FillList(sortOrder, true);
-    ShowCounts();
+}
+
+// What is at work now would only keep it waiting; the timer's next turn will do.
+void CSplitterFrame::RefreshByTimer()
+{
+    if (!services.database.IsBusy()) {
+        Refresh();
+    }
 }
 
 void CSplitterFrame::SortBy(int order)
 {
     sortOrder = order;
     users->FillList(sortOrder, true);
-    ShowCounts();
 }
 
 void CSplitterFrame::ShowCounts()
 {
     status->ShowUserCount(users->RowCount());
-    status->ShowNotice(users->WasRead() && groups->WasRead()
-                           ? QString()
-                           : u"The lists could not be read; the failed statements tell why."_s);
-    // Counting a large table takes longer than reading its first rows: the rows are painted first.
+    messages->ShowLists(users->WasRead() && groups->WasRead()
+                            ? QString()
+                            : tr("The lists could not be read; the failed statements tell why."));
     if (users->RowCount() == kUserListCapacity || groups->RowCount() == kGroupListCapacity) {
-        QTimer::singleShot(0, this, &CSplitterFrame::CountBeyondLists);
+        CountBeyondLists();
     }
 }
 
+// Counting a large table takes longer than reading its first rows: the rows are painted first.
 void CSplitterFrame::CountBeyondLists()
 {
-    if (IsWorkRunning()) {
-        return;
-    }
-    QStringList notices;
-    const auto compare =
-        [&](quint32 capacity, int listed, quint32 (*count)(), const QString &what) {
-            const quint32 all = static_cast<quint32>(listed) == capacity ? count() : 0;
+    const bool usersFull = users->RowCount() == kUserListCapacity;
+    const bool groupsFull = groups->RowCount() == kGroupListCapacity;
+    const auto count = [usersFull, groupsFull]() -> Result<std::pair<quint32, quint32>> {
+        const Result<quint32> userCount = usersFull ? CountListedUsers() : 0;
+        const Result<quint32> groupCount = groupsFull ? CountGroups() : 0;
+        if (!userCount || !groupCount) {
+            return tl::unexpected(userCount ? groupCount.error() : userCount.error());
+        }
+        return std::pair {*userCount, *groupCount};
+    };
+    services.database.Start(this, count, [this](const Result<std::pair<quint32, quint32>> &counts) {
+        QStringList notices;
+        const auto compare = [&](quint32 capacity, quint32 all, const QString &what) {
             if (all > capacity) {
-                notices << u"The first %1 of %2 %3 are listed."_s.arg(
-                    QLocale().toString(capacity), QLocale().toString(all), what);
+                notices << tr("The first %1 of %2 %3 are listed.")
+                               .arg(QLocale().toString(capacity), QLocale().toString(all), what);
             }
         };
-    compare(kUserListCapacity, users->RowCount(), CountListedUsers, u"users"_s);
-    compare(kGroupListCapacity, groups->RowCount(), CountGroups, u"groups"_s);
-    if (!notices.isEmpty()) {
-        status->ShowNotice(notices.join(u' '));
-    }
+        if (counts) {
+            compare(kUserListCapacity, counts->first, tr("users"));
+            compare(kGroupListCapacity, counts->second, tr("groups"));
+            messages->ShowLists(notices.join(u' '));
+        }
+    });
 }
 
 void CSplitterFrame::RunSetupWizard()
@@ -208,6 +250,7 @@ void CSplitterFrame::ChooseCustomPeriod()
 void CSplitterFrame::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_F5) {
+        services.database.Reopen();
         Refresh();
         return;
     }
@@ -222,6 +265,7 @@ void CSplitterFrame::ReadSettings()
 
 void CSplitterFrame::WriteSettings() const
 {
-    services.settings.WriteInteger(values::kSortBy, sortOrder);
-    autoRefresh->Save(services.settings);
+    const SettingsResult sorted = services.settings.WriteInteger(values::kSortBy, sortOrder);
+    const SettingsResult refreshed = autoRefresh->Save(services.settings);
+    TellUnkept(sorted ? refreshed : sorted);
 }

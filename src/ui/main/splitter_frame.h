@@ -14,6 +14,7 @@ class FindBar;
 class FrameMenus;
 class FrameStatusBar;
 class ListPane;
+class MessagePane;
 class ServiceWatch;
 
 // The accounting service as the start-up found it.
@@ -29,17 +30,17 @@ class CSplitterFrame : public QMainWindow
 
 public:
     // The lists are still empty. `services` must outlive the frame.
-    CSplitterFrame(const AppServices &services, ServiceAtStart found, FrameDialogs dialogs);
+    CSplitterFrame(const AppServices &services, FrameDialogs dialogs);
 
     // Closes the database session and the connection, then keeps the sort order and the refresh
-    // choice in the store.
+    // choice in the store, and tells when they could not be kept.
     ~CSplitterFrame() override;
 
-    // What is left to do once the window is shown: the lists are filled and counted, then the setup
-    // wizard or the offer to reconnect opens.
-    void FirstStart();
+    // What is left to do once the window is shown and all is there that can be reached: the lists are
+    // filled and counted, then the setup wizard or the offer to reconnect opens.
+    void FirstStart(ServiceAtStart found);
 
-    // Both lists, the users in the current order.
+    // Has both lists read anew, the users in the current order.
     void Refresh();
 
     // 0 user names, 1 workstations, 2 full names.
@@ -64,11 +65,15 @@ protected:
 
 private:
     void CreatePanes();
-    void CreateBars(ServiceAtStart found);
+    void CreateBars();
+    void FollowService();
+    void FollowChanges();
     void CreateTimers();
     void Follow(ListPane &pane, ListPane &other);
     void ShowCounts();
     void CountBeyondLists();
+    void RefreshByTimer();
+    void TellUnkept(const SettingsResult &result) const;
     void ReadSettings();
     void WriteSettings() const;
 
@@ -78,6 +83,7 @@ private:
     CAdministratorViewGrp *groups = nullptr;
     ListPane *activePane = nullptr;
     FrameStatusBar *status = nullptr;
+    MessagePane *messages = nullptr;
     FindBar *findBar = nullptr;
     FrameMenus *menus = nullptr;
     ServiceWatch *service = nullptr;

@@ -67,12 +67,14 @@ void UserColumns::Load(const ConfigStore &config)
     }
 }
 
-void UserColumns::Save(const ConfigStore &config) const
+SettingsResult UserColumns::Save(const ConfigStore &config) const
 {
-    for (const UserColumn column : kUserColumnOrder) {
-        config.WriteFlag(TraitsOf(column).visible, IsVisible(column));
-        config.WriteInteger(TraitsOf(column).width, Width(column));
-    }
+    return config.Edit(ConfigKeyId::Ui, [this](KeyEditor &key) {
+        for (const UserColumn column : kUserColumnOrder) {
+            key.WriteFlag(TraitsOf(column).visible, IsVisible(column));
+            key.WriteInteger(TraitsOf(column).width, Width(column));
+        }
+    });
 }
 
 bool UserColumns::IsVisible(UserColumn column) const

@@ -45,7 +45,7 @@ struct UserColumns
 
     // Kept in the store's key for the lists; a key that cannot be opened leaves everything as it is.
     void Load(const ConfigStore &config);
-    void Save(const ConfigStore &config) const;
+    [[nodiscard]] SettingsResult Save(const ConfigStore &config) const;
 
     [[nodiscard]] bool IsVisible(UserColumn column) const;
     [[nodiscard]] int Width(UserColumn column) const;

@@ -2,6 +2,7 @@
 
 #include "service/service_guard.h"
 #include "ui/options/adapter_chooser.h"
+#include "ui/options/settings_window.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
@@ -9,20 +10,18 @@
 
 using namespace Qt::StringLiterals;
 
-AdapterDialog::AdapterDialog(const AppServices &services,
+AdapterDialog::AdapterDialog(const AppServices &appServices,
                              const QList<Adapter> &adapters,
                              bool mayChange,
                              QWidget *parent)
     : QDialog(parent)
+    , services(appServices)
+    , chooser(new AdapterChooser(services.prompt, adapters))
 {
     setWindowTitle(u"Select network card Tollbrook will work with"_s);
-    auto *chooser = new AdapterChooser(services.prompt, adapters);
-    const QString bound = BoundAdapter(services.settings).value_or(QString());
-    chooser->SetCurrent(FindAdapter(adapters, bound) ? bound : QString());
+    ShowBound(adapters);
     chooser->SetMayChange(mayChange);
-    connect(chooser, &AdapterChooser::Picked, this, [&services](const Adapter &adapter) {
-        BindAdapter(services.settings, adapter);
-    });
+    connect(chooser, &AdapterChooser::Picked, this, &AdapterDialog::Bind);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     buttons->button(QDialogButtonBox::Close)->setObjectName(u"close"_s);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -30,6 +29,31 @@ AdapterDialog::AdapterDialog(const AppServices &services,
     column->addWidget(chooser);
     column->addWidget(buttons);
     setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) * 3 / 2);
+}
+
+void AdapterDialog::ShowBound(const QList<Adapter> &adapters)
+{
+    const auto stored = BoundAdapter(services.settings);
+    if (!stored) {
+        TellUnreadSettings(services, {stored.error()});
+        return;
+    }
+    const QString description = stored->value_or(QString());
+    bound = FindAdapter(adapters, description) ? description : QString();
+    chooser->SetCurrent(bound);
+}
+
+void AdapterDialog::Bind(const Adapter &adapter)
+{
+    const auto bind = [adapter, &store = services.settings](const Answers &) {
+        SaveReport report;
+        report.Add(BindAdapter(store, adapter));
+        return report;
+    };
+    if (PerformSave(services, this, bind)) {
+        bound = adapter.description;
+    }
+    chooser->SetCurrent(bound);
 }
 
 void OpenAdapterBinding(const AppServices &services, QWidget *parent)

@@ -1,5 +1,7 @@
 #include "ui/options/browse_user_dialog.h"
 
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -16,12 +18,27 @@ namespace {
 constexpr int kUserRole = Qt::UserRole;
 constexpr int kGroupRole = Qt::UserRole + 1;
 
+// The names of the user's logins; nothing when nobody has that name any more.
+Result<std::optional<QStringList>> LoginsIfThere(const QString &name, UserId userId)
+{
+    const auto found = FindUserByName(name);
+    if (!found) {
+        return tl::unexpected(found.error());
+    }
+    if (!*found) {
+        return std::nullopt;
+    }
+    return LoginsOf(userId).map([](QStringList names) { return std::optional(std::move(names)); });
+}
+
 } // namespace
 
-BrowseUserDialog::BrowseUserDialog(const AppServices &appServices,
-                                   std::function<bool(UserId userId)> userHasLogin,
-                                   const QString &whenRefused,
-                                   QWidget *parent)
+BrowseUserDialog::BrowseUserDialog(
+    const AppServices &appServices,
+    const std::vector<LoginGroup> &groups,
+    std::function<bool(UserId userId, const QStringList &stored)> userHasLogin,
+    const QString &whenRefused,
+    QWidget *parent)
     : QDialog(parent)
     , services(appServices)
     , hasLogin(std::move(userHasLogin))
@@ -35,12 +52,12 @@ BrowseUserDialog::BrowseUserDialog(const AppServices &appServices,
     column->addWidget(tree);
     column->addWidget(OkAndCancel(*this));
     resize(340, 420);
-    Fill();
+    Fill(groups);
 }
 
-void BrowseUserDialog::Fill()
+void BrowseUserDialog::Fill(const std::vector<LoginGroup> &groups)
 {
-    for (const LoginGroup &group : LoadLoginUsers()) {
+    for (const LoginGroup &group : groups) {
         auto *node = new QTreeWidgetItem({group.name});
         node->setIcon(0, IconOf(Picture::Group));
         tree->addTopLevelItem(node);
@@ -61,15 +78,28 @@ void BrowseUserDialog::accept()
         return;
     }
     // Two users may have one name: the one that was pointed at counts.
-    const bool known = FindUserByName(node->text(0)).has_value();
     const FoundUser user {UserId {node->data(0, kUserRole).toUInt()},
                           GroupId {node->data(0, kGroupRole).toUInt()}};
-    if (!known || hasLogin(user.userId)) {
-        services.prompt.Tell(known ? refusal : u"This user is no longer in the database"_s,
-                             Prompt::Icon::Warning);
-        return;
+    if (MayChoose(node->text(0), user.userId)) {
+        chosen = user;
+        chosenName = node->text(0);
+        QDialog::accept();
     }
-    chosen = user;
-    chosenName = node->text(0);
-    QDialog::accept();
+}
+
+bool BrowseUserDialog::MayChoose(const QString &name, UserId userId)
+{
+    const auto logins = Await(services, this, u"Reading the user's logins..."_s, [name, userId] {
+        return LoginsIfThere(name, userId);
+    });
+    if (!logins) {
+        TellUnread(services, u"Whether this user has a login could not be read."_s, logins.error());
+        return false;
+    }
+    const bool mayChoose = *logins && !hasLogin(userId, **logins);
+    if (!mayChoose) {
+        services.prompt.Tell(*logins ? refusal : u"This user is no longer in the database"_s,
+                             Prompt::Icon::Warning);
+    }
+    return mayChoose;
 }

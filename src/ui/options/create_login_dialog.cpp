@@ -1,5 +1,7 @@
 #include "ui/options/create_login_dialog.h"
 
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/ip_address_field.h"
@@ -147,9 +149,17 @@ void CreateLoginDialog::EnableControls()
 
 void CreateLoginDialog::Browse()
 {
+    const auto groups = Await(services, this, u"Reading the users..."_s, LoadLoginUsers);
+    if (!groups) {
+        TellUnread(services, u"The users could not be read."_s, groups.error());
+        return;
+    }
     BrowseUserDialog dialog(
         services,
-        [this](UserId userId) { return table.HasLogin(userId, index); },
+        *groups,
+        [this](UserId userId, const QStringList &stored) {
+            return table.HasLogin(userId, index, stored);
+        },
         index ? u"This user already has login"_s
               : u"This user already has login. Please select another user"_s,
         this);

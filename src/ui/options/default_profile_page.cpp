@@ -23,19 +23,27 @@ quint32 Code(LimitPeriod period)
     return static_cast<quint32>(period);
 }
 
-// Blank while the store has no such value.
+// What the field shows: blank while the store has no such value, or one below 0.
+std::optional<quint32> Shown(std::optional<qint32> limit)
+{
+    return limit && *limit >= 0 ? std::optional(static_cast<quint32>(*limit)) : std::nullopt;
+}
+
 void Show(WholeNumberField &field, std::optional<qint32> limit)
 {
     field.clear();
-    if (limit && *limit >= 0) {
-        field.SetNumber(static_cast<quint32>(*limit));
+    if (const auto number = Shown(limit)) {
+        field.SetNumber(*number);
     }
 }
 
-std::optional<qint32> LimitOf(const WholeNumberField &field)
+// A limit that is shown as it was stays what it is.
+void Take(std::optional<qint32> &limit, const WholeNumberField &field)
 {
-    const auto number = field.Number();
-    return number ? std::optional(static_cast<qint32>(*number)) : std::nullopt;
+    const auto typed = field.Number();
+    if (typed != Shown(limit)) {
+        limit = typed ? std::optional(static_cast<qint32>(*typed)) : std::nullopt;
+    }
 }
 
 } // namespace
@@ -93,11 +101,13 @@ bool DefaultProfilePage::Leave()
 void DefaultProfilePage::Collect()
 {
     DefaultProfile &profile = options.profile;
-    profile.mode = ModeFor(type->Choice()).value_or(AccountingMode::NoControl);
+    if (type->Choice() != ChoiceFor(profile.mode)) { // a code of no meaning stays while untouched
+        profile.mode = ModeFor(type->Choice()).value_or(AccountingMode::NoControl);
+    }
     if (period->currentIndex() >= 0) {
         profile.period = static_cast<LimitPeriod>(period->currentData().toUInt());
     }
-    profile.trafficLimit = LimitOf(*trafficLimit);
-    profile.timeLimit = LimitOf(*timeLimit);
+    Take(profile.trafficLimit, *trafficLimit);
+    Take(profile.timeLimit, *timeLimit);
     profile.blocked = blocked->isChecked();
 }

@@ -1,7 +1,9 @@
 #include "ui/options/global_options_sheet.h"
 
+#include "admin/protocol_storage.h"
 #include "ui/common/sheet.h"
 #include "ui/options/global_options_pages.h"
+#include "ui/options/settings_window.h"
 
 using namespace Qt::StringLiterals;
 
@@ -9,20 +11,22 @@ bool OpenGlobalOptions(const AppServices &services,
                        QWidget *parent,
                        const std::function<void()> &refreshPanes)
 {
-    GlobalOptions options = LoadGlobalOptions(services.settings);
+    Edited<GlobalOptions> edited;
+    edited.base = Told(services, LoadGlobalOptions(services.settings));
+    edited.base.protocols = AwaitProtocols(services, parent, LoadProtocols);
+    edited.draft = edited.base;
+    GlobalOptions &draft = edited.draft;
     Sheet sheet(u"Options"_s, parent);
-    sheet.Add(new CAdministratorGenOpt1st(services.prompt, options));
-    sheet.Add(new CAdministratorGenOptBind(options));
-    sheet.Add(new CAdministratorGenOptMisc(services.prompt, options));
-    sheet.Add(new CAdministratorGenOptNetwork(services.prompt, options));
-    sheet.Add(new CAdministratorGenOptProtocols(services.prompt, options));
-    if (!sheet.Run(0)) {
-        return false;
-    }
-    SaveGlobalOptions(options, services.settings, services.prompt, [&refreshPanes] {
-        if (refreshPanes) {
-            refreshPanes();
-        }
-    });
-    return true;
+    sheet.Add(new CAdministratorGenOpt1st(services.prompt, draft));
+    sheet.Add(new CAdministratorGenOptBind(draft));
+    sheet.Add(new CAdministratorGenOptMisc(services.prompt, draft));
+    sheet.Add(new CAdministratorGenOptNetwork(services.prompt, draft));
+    sheet.Add(new CAdministratorGenOptProtocols(services.prompt, draft));
+    const auto save = [&] {
+        return PerformSave(
+            services, &sheet, [edited, &store = services.settings](const Answers &answers) {
+                return SaveGlobalOptions(edited, store, answers);
+            });
+    };
+    return RunSettingsSheet(sheet, save, refreshPanes);
 }

@@ -1,5 +1,7 @@
 #include "ui/options/login_manager.h"
 
+#include "app/answering.h"
+#include "app/perform.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -10,6 +12,8 @@
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -46,14 +50,23 @@ QString BindAddress(const Login &login)
 
 } // namespace
 
-LoginManager::LoginManager(const AppServices &appServices, QWidget *parent)
+Result<LoginManager::Content> LoginManager::Read()
+{
+    return LoadLogins().and_then([](LoginTable logins) {
+        return LoadLoginGroups().map([&logins](std::vector<LoginGroup> groups) {
+            return Content {std::move(logins), std::move(groups)};
+        });
+    });
+}
+
+LoginManager::LoginManager(const AppServices &appServices, Content content, QWidget *parent)
     : QDialog(parent)
     , services(appServices)
+    , table(std::move(content.table))
 {
     setWindowTitle(u"Login manager"_s);
-    table.Load();
     Build();
-    FillTree();
+    FillTree(content.groups);
     FillList();
 }
 
@@ -101,11 +114,11 @@ void LoginManager::Build()
     connect(list, &QTreeWidget::itemDoubleClicked, this, &LoginManager::Edit);
 }
 
-void LoginManager::FillTree()
+void LoginManager::FillTree(const std::vector<LoginGroup> &groups)
 {
     auto *every = Entry(u"All groups"_s, Filter::AllGroups, Picture::Group);
     tree->addTopLevelItem(every);
-    for (const LoginGroup &group : LoadLoginGroups()) {
+    for (const LoginGroup &group : groups) {
         every->addChild(Entry(group.name, Filter::Group, Picture::Group, group.groupId));
     }
     tree->addTopLevelItem(Entry(u"Guest"_s, Filter::Guest, Picture::User));
@@ -190,12 +203,40 @@ void LoginManager::Remove()
 
 void LoginManager::accept()
 {
-    if (table.Save(services.prompt)) {
+    const LoginChanges changes = table.Changes();
+    if (changes.IsEmpty()) {
         QDialog::accept();
+        return;
     }
+    const LoginSaveReport report = Save(changes);
+    table.MarkSaved(report.saved);
+    if (report.IsDone()) {
+        emit services.news.Stored(report.outcome.serviceTold);
+        QDialog::accept();
+        return;
+    }
+    FillList(); // what was saved may show what somebody else changed of it
+    services.prompt.Tell(report.InWords(), Prompt::Icon::Error);
+}
+
+LoginSaveReport LoginManager::Save(const LoginChanges &changes)
+{
+    return AwaitAnswered(
+        services,
+        this,
+        u"Storing the logins..."_s,
+        [&changes](const Answers &answers) {
+            return [changes, answers] { return SaveLogins(changes, answers); };
+        },
+        [](const LoginSaveReport &report) { return OpenQuestions(report.outcome); });
 }
 
 void OpenLoginManager(const AppServices &services, QWidget *parent)
 {
-    LoginManager(services, parent).exec();
+    auto content = Await(services, parent, u"Reading the logins..."_s, LoginManager::Read);
+    if (!content) {
+        TellUnread(services, u"The logins could not be read."_s, content.error());
+        return;
+    }
+    LoginManager(services, *std::move(content), parent).exec();
 }

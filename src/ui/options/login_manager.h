@@ -1,10 +1,12 @@
 // "Login manager": the logins with which users authenticate, made, edited and removed.
 #pragma once
 
-#include "admin/login_table.h"
+#include "admin/login_storage.h"
 #include "startup/app_services.h"
 
 #include <QDialog>
+
+#include <vector>
 
 class QPushButton;
 class QTreeWidget;
@@ -14,14 +16,25 @@ class LoginManager : public QDialog
     Q_OBJECT
 
 public:
-    LoginManager(const AppServices &services, QWidget *parent);
+    struct Content
+    {
+        LoginTable table;
+        std::vector<LoginGroup> groups; // of the tree
+    };
 
+    // All that the window shows, on the session of this thread.
+    [[nodiscard]] static Result<Content> Read();
+
+    LoginManager(const AppServices &services, Content content, QWidget *parent);
+
+    // Saves; what was not saved, which is told, stays in the list for another OK.
     void accept() override;
 
 private:
     void Build();
-    void FillTree();
+    void FillTree(const std::vector<LoginGroup> &groups);
     void FillList();
+    [[nodiscard]] LoginSaveReport Save(const LoginChanges &changes);
     [[nodiscard]] bool IsShown(const Login &login) const;
     [[nodiscard]] std::optional<size_t> Selected() const;
     void EnableButtons();
@@ -37,4 +50,5 @@ private:
     QPushButton *remove = nullptr;
 };
 
+// Nothing opens when the logins could not be read, which is told.
 void OpenLoginManager(const AppServices &services, QWidget *parent);

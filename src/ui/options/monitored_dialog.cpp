@@ -38,7 +38,8 @@ void MonitoredDialog::accept()
     for (int row = 0; row < list->count(); ++row) {
         any = any || isChecked(row);
     }
-    if (!AcceptsMonitoring(any, mode, prompt)) {
+    const auto question = QuestionOnMonitoring(any, mode);
+    if (question && !prompt.Ask(*question)) {
         return;
     }
     for (int row = 0; row < list->count(); ++row) {

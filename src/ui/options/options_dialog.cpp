@@ -1,12 +1,14 @@
 #include "ui/options/options_dialog.h"
 
 #include "admin/options.h"
+#include "admin/protocol_storage.h"
 #include "ui/options/bind_page.h"
 #include "ui/options/default_profile_page.h"
 #include "ui/options/network_page.h"
 #include "ui/options/options_pages.h"
 #include "ui/options/page_list_sheet.h"
 #include "ui/options/protocols_page.h"
+#include "ui/options/settings_window.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,16 +44,17 @@ bool OpenOptions(const AppServices &services,
                  QWidget *parent,
                  const std::function<void()> &refreshPanes)
 {
-    Options options = LoadOptions(services.settings);
+    Edited<Options> edited;
+    edited.base = Told(services, LoadOptions(services.settings));
+    edited.base.protocols = AwaitProtocols(services, parent, LoadProtocols);
+    edited.draft = edited.base;
     PageListSheet sheet(services.prompt, u"Options"_s, parent);
-    AddPages(sheet, services.prompt, options);
-    if (!sheet.Run(0)) {
-        return false;
-    }
-    SaveOptions(options, services.settings, services.prompt, [&refreshPanes] {
-        if (refreshPanes) {
-            refreshPanes();
-        }
-    });
-    return true;
+    AddPages(sheet, services.prompt, edited.draft);
+    const auto save = [&] {
+        return PerformSave(
+            services, &sheet, [edited, &store = services.settings](const Answers &answers) {
+                return SaveOptions(edited, store, answers);
+            });
+    };
+    return RunSettingsSheet(sheet, save, refreshPanes);
 }

@@ -24,6 +24,15 @@ quint32 Shown(qint32 number)
     return number < 0 ? 0U : static_cast<quint32>(number);
 }
 
+// A number that is shown as it was stays what it is, although the field cannot hold it.
+void Take(qint32 &number, const WholeNumberField &field)
+{
+    const quint32 typed = field.Number().value_or(0);
+    if (typed != Shown(number)) {
+        number = static_cast<qint32>(typed);
+    }
+}
+
 } // namespace
 
 GeneralPage::GeneralPage(Prompt &messages, Options &edited)
@@ -53,7 +62,7 @@ bool GeneralPage::Leave()
 
 void GeneralPage::Collect()
 {
-    options.updatePeriod = static_cast<qint32>(updatePeriod->Number().value_or(0));
+    Take(options.updatePeriod, *updatePeriod);
 }
 
 AdapterPage::AdapterPage(Prompt &prompt, Options &options, const QList<Adapter> &adapters)
@@ -131,7 +140,7 @@ bool AuthenticationPage::Leave()
 
 void AuthenticationPage::Collect()
 {
-    options.authPort = static_cast<qint32>(port->Number().value_or(0));
+    Take(options.authPort, *port);
     options.authRequiredForNew = requiredForNew->isChecked();
     options.allowNotLogged = notLogged->isChecked();
     options.allowNonHost = nonHost->isChecked();

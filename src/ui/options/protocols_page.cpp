@@ -4,14 +4,18 @@
 #include "ui/options/monitor_mode_box.h"
 #include "ui/options/monitored_dialog.h"
 #include "ui/options/protocol_editor.h"
+#include "ui/options/settings_window.h"
 
 #include <QGridLayout>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-ProtocolsPage::ProtocolsPage(Prompt &messages, ProtocolTable &edited, qint32 &monitorMode)
+ProtocolsPage::ProtocolsPage(Prompt &messages,
+                             std::optional<ProtocolTable> &edited,
+                             qint32 &monitorMode)
     : prompt(messages)
-    , table(edited)
+    , table(edited ? *edited : unread)
     , mode(monitorMode)
     , protocols(new ProtocolList(
           prompt,
@@ -25,12 +29,20 @@ ProtocolsPage::ProtocolsPage(Prompt &messages, ProtocolTable &edited, qint32 &mo
     , setUp(MakeButton<QPushButton>(u"Setup monitored protocols"_s, "setUpMonitored"))
 {
     auto *modes = new MonitorModeBox(mode);
-    auto *grid = new QGridLayout(this);
+    auto *controls = new QWidget;
+    auto *grid = new QGridLayout(controls);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(modes, 0, 0, 1, 2);
     grid->addWidget(protocols, 1, 0);
     grid->addWidget(ports, 1, 1);
     grid->addWidget(setUp, 2, 0, Qt::AlignLeft);
     grid->setRowStretch(1, 1);
+    auto *column = new QVBoxLayout(this);
+    if (!edited) {
+        column->addWidget(UnreadProtocolsNote());
+        controls->setEnabled(false);
+    }
+    column->addWidget(controls, 1);
     setUp->setAutoDefault(false);
     connect(modes, &MonitorModeBox::Changed, this, &ProtocolsPage::Follow);
     connect(protocols, &ProtocolList::Changed, this, &ProtocolsPage::Follow);

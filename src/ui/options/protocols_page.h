@@ -5,6 +5,8 @@
 #include "base/prompt.h"
 #include "ui/common/page.h"
 
+#include <optional>
+
 class MonitorModeBox;
 class PortList;
 class ProtocolList;
@@ -15,8 +17,9 @@ class ProtocolsPage : public Page
     Q_OBJECT
 
 public:
-    // Edits both in place.
-    ProtocolsPage(Prompt &prompt, ProtocolTable &table, qint32 &monitorMode);
+    // Edits both in place. Without a table, which could not be read, nothing can be edited and the page
+    // says so.
+    ProtocolsPage(Prompt &prompt, std::optional<ProtocolTable> &table, qint32 &monitorMode);
 
     [[nodiscard]] QString Title() const override;
 
@@ -25,6 +28,7 @@ private:
     void SetUpMonitored();
 
     Prompt &prompt;
+    ProtocolTable unread; // in place of one that could not be read
     ProtocolTable &table;
     qint32 &mode;
     ProtocolList *protocols;

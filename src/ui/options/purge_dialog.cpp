@@ -1,6 +1,7 @@
 #include "ui/options/purge_dialog.h"
 
-#include "base/painted_work.h"
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "service/service_guard.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
@@ -19,11 +20,16 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 enum OutcomeColumn { Table, WouldGo, Removed };
+
+constexpr int kTroubleRole = Qt::UserRole + 1; // what went wrong with a table, in a word
 
 QDateEdit *DayPicker(const char *objectName)
 {
@@ -50,6 +56,11 @@ QString TableTitle(const QString &table)
 QString Number(qint64 number)
 {
     return QLocale().toString(number);
+}
+
+bool IsUnknown(const PurgeOutcome &done)
+{
+    return done.outcome.state == Outcome::State::Unknown;
 }
 
 } // namespace
@@ -204,26 +215,48 @@ void PurgeDialog::Purge()
         return;
     }
     SetBusy(true);
-    const auto steps = PurgeSteps(Choice(), Today());
-    std::vector<PurgeCount> counts;
-    doing->setText(u"Counting the rows to remove..."_s);
-    RunPainted([&] { counts = CountPurge(steps); });
-    ShowCounts(counts);
-    doing->clear();
-    const bool yes = services.prompt.Ask(
-        u"This will erase the particular information from your database. Continue?"_s);
-    if (yes) {
+    auto steps = PurgeSteps(Choice(), Today());
+    if (Count(steps)
+        && services.prompt.Ask(
+            u"This will erase the particular information from your database. Continue?"_s)) {
         RunSteps(steps);
-        services.prompt.Tell(u"Purge complete"_s);
     }
     SetBusy(false);
 }
 
-void PurgeDialog::ShowCounts(const std::vector<PurgeCount> &counts)
+// False when a person cancelled it. A count that failed is told and keeps nobody from purging: its rows
+// are then not known.
+bool PurgeDialog::Count(std::vector<PurgeStep> &steps)
+{
+    const QString what = u"Counting the rows to remove..."_s;
+    doing->setText(what);
+    const auto counted = Await(
+        services,
+        this,
+        what,
+        [steps] { return CountPurge(steps); },
+        SessionThread::Patience::Endless);
+    doing->clear();
+    if (counted) {
+        steps = *counted;
+    }
+    ShowCounts(steps);
+    if (!counted) {
+        TellUnread(services,
+                   u"The rows to remove could not be counted. Nothing was removed so far."_s,
+                   counted.error());
+    }
+    return counted || counted.error().kind != Failure::Kind::Cancelled;
+}
+
+void PurgeDialog::ShowCounts(const std::vector<PurgeStep> &steps)
 {
     outcome->clear();
-    for (const PurgeCount &count : counts) {
-        auto *row = new QTreeWidgetItem({TableTitle(count.table), Number(count.rows), {}});
+    const bool known =
+        std::ranges::all_of(steps, [](const PurgeStep &step) { return step.rows.has_value(); });
+    for (const PurgeCount &count : RowsByTable(steps)) {
+        auto *row = new QTreeWidgetItem(
+            {TableTitle(count.table), known ? Number(count.rows) : u"not known"_s, {}});
         row->setData(Table, Qt::UserRole, count.table);
         for (const auto column : {WouldGo, Removed}) {
             row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
@@ -234,29 +267,84 @@ void PurgeDialog::ShowCounts(const std::vector<PurgeCount> &counts)
 
 void PurgeDialog::RunSteps(const std::vector<PurgeStep> &steps)
 {
+    Trouble trouble;
+    bool cancelled = false;
     progress->setRange(0, static_cast<int>(steps.size()));
     for (size_t step = 0; step < steps.size(); ++step) {
-        doing->setText(u"Removing from: %1"_s.arg(TableTitle(QLatin1String(steps[step].table))));
+        const QString title = TableTitle(QLatin1String(steps[step].table));
+        if (cancelled) {
+            trouble.notTried << title;
+            continue;
+        }
+        const QString what = u"Removing from: %1"_s.arg(title);
+        doing->setText(what);
         progress->setValue(static_cast<int>(step));
-        std::optional<qint64> rows;
-        RunPainted([&] { rows = RunPurgeStep(steps[step]); });
-        ShowRemoved(steps[step], rows);
+        const PurgeOutcome done = Await(
+            services,
+            this,
+            what,
+            [each = steps[step]] { return RunPurgeStep(each); },
+            SessionThread::Patience::Endless);
+        ShowRemoved(steps[step], done);
+        if (!done.outcome.IsDone()) {
+            (IsUnknown(done) ? trouble.unknown : trouble.failed) << title;
+        }
+        for (const Failure &failure : done.outcome.failures) {
+            cancelled = cancelled || failure.kind == Failure::Kind::Cancelled;
+            trouble.reasons << failure.InWords();
+        }
     }
     progress->setValue(static_cast<int>(steps.size()));
     doing->clear();
+    TellEnd(trouble);
 }
 
-void PurgeDialog::ShowRemoved(const PurgeStep &step, std::optional<qint64> rows)
+// A table with two steps shows what both removed, and that one of them failed.
+void PurgeDialog::ShowRemoved(const PurgeStep &step, const PurgeOutcome &done)
 {
     for (int index = 0; index < outcome->topLevelItemCount(); ++index) {
         QTreeWidgetItem *row = outcome->topLevelItem(index);
         if (row->data(Table, Qt::UserRole).toString() != QLatin1String(step.table)) {
             continue;
         }
-        const qint64 before = row->data(Removed, Qt::UserRole).toLongLong();
-        row->setData(Removed, Qt::UserRole, before + rows.value_or(0));
-        row->setText(Removed, rows ? Number(before + *rows) : u"failed"_s);
+        const qint64 removed = row->data(Removed, Qt::UserRole).toLongLong() + done.removed;
+        row->setData(Removed, Qt::UserRole, removed);
+        if (!done.outcome.IsDone()) {
+            row->setData(Removed, kTroubleRole, IsUnknown(done) ? u"not known"_s : u"failed"_s);
+        }
+        const QString trouble = row->data(Removed, kTroubleRole).toString();
+        if (trouble.isEmpty()) {
+            row->setText(Removed, Number(removed));
+        } else {
+            row->setText(Removed,
+                         removed > 0 ? u"%1, %2"_s.arg(Number(removed), trouble) : trouble);
+        }
     }
+}
+
+void PurgeDialog::TellEnd(const Trouble &trouble)
+{
+    const std::pair<QString, QStringList> kinds[] = {
+        {u"Not removed: %1"_s, trouble.failed},
+        {u"It is not known whether this was removed: %1"_s, trouble.unknown},
+        {u"Not tried after you cancelled: %1"_s, trouble.notTried},
+    };
+    QStringList lines;
+    for (auto [text, titles] : kinds) {
+        titles.removeDuplicates();
+        if (!titles.isEmpty()) {
+            lines << text.arg(titles.join(u", "_s));
+        }
+    }
+    if (lines.isEmpty()) {
+        services.prompt.Tell(u"Purge complete"_s);
+        return;
+    }
+    lines.prepend(u"The purge is not complete. What is not named here was removed."_s);
+    QStringList reasons = trouble.reasons;
+    reasons.removeDuplicates();
+    services.prompt.Tell((QStringList(lines.join(u'\n')) + reasons).join(u"\n\n"_s),
+                         Prompt::Icon::Error);
 }
 
 void PurgeDialog::SetBusy(bool nowBusy)

@@ -25,6 +25,15 @@ public:
     void reject() override;
 
 private:
+    // What a purge did not do, in words for the message at its end.
+    struct Trouble
+    {
+        QStringList failed; // titles of tables
+        QStringList unknown;
+        QStringList notTried;
+        QStringList reasons;
+    };
+
     void Build();
     QWidget *ModeBox();
     QWidget *PeriodBox();
@@ -33,9 +42,11 @@ private:
     [[nodiscard]] PurgeChoice Choice() const;
     [[nodiscard]] bool IsPeriodInOrder();
     void Purge();
-    void ShowCounts(const std::vector<PurgeCount> &counts);
+    [[nodiscard]] bool Count(std::vector<PurgeStep> &steps);
+    void ShowCounts(const std::vector<PurgeStep> &steps);
     void RunSteps(const std::vector<PurgeStep> &steps);
-    void ShowRemoved(const PurgeStep &step, std::optional<qint64> rows);
+    void ShowRemoved(const PurgeStep &step, const PurgeOutcome &done);
+    void TellEnd(const Trouble &trouble);
     void SetBusy(bool busy);
 
     const AppServices &services;

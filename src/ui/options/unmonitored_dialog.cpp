@@ -1,5 +1,7 @@
 #include "ui/options/unmonitored_dialog.h"
 
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/common/accessible.h"
 #include "ui/common/icons.h"
 
@@ -9,13 +11,18 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
-UnmonitoredDialog::UnmonitoredDialog(QWidget *parent)
+UnmonitoredDialog::UnmonitoredDialog(const AppServices &appServices,
+                                     std::vector<UnmonitoredUser> unmonitored,
+                                     QWidget *parent)
     : QDialog(parent)
+    , services(appServices)
     , list(new QListWidget)
     , monitor(new QPushButton(u"Monitor user"_s))
-    , users(LoadUnmonitored())
+    , users(std::move(unmonitored))
 {
     setWindowTitle(u"Unmonitored users"_s);
     SetNames(*list, u"users"_s, u"Unmonitored users"_s);
@@ -45,22 +52,38 @@ UnmonitoredDialog::UnmonitoredDialog(QWidget *parent)
     });
 }
 
+// All of them or, when that fails, none: they then stay in the list as they were selected.
 void UnmonitoredDialog::MonitorSelected()
 {
-    for (int row = 0; row < list->count();) {
-        if (!list->item(row)->isSelected()) {
-            ++row;
-            continue;
+    std::vector<UserId> chosen;
+    for (int row = 0; row < list->count(); ++row) {
+        if (list->item(row)->isSelected()) {
+            chosen.push_back(users[static_cast<size_t>(row)].userId);
         }
-        MonitorUser(users[static_cast<size_t>(row)].userId);
-        users.erase(users.begin() + row);
-        delete list->takeItem(row);
+    }
+    if (!Perform(services,
+                 this,
+                 u"Bringing the users back under monitoring..."_s,
+                 MonitorUsersAction(chosen))) {
+        return;
+    }
+    for (int row = list->count() - 1; row >= 0; --row) {
+        if (list->item(row)->isSelected()) {
+            users.erase(users.begin() + row);
+            delete list->takeItem(row);
+        }
     }
     list->clearSelection();
     monitor->setEnabled(false);
 }
 
-void OpenUnmonitored(QWidget *parent)
+void OpenUnmonitored(const AppServices &services, QWidget *parent)
 {
-    UnmonitoredDialog(parent).exec();
+    const auto users =
+        Await(services, parent, u"Reading the unmonitored users..."_s, LoadUnmonitored);
+    if (!users) {
+        TellUnread(services, u"The unmonitored users could not be read."_s, users.error());
+        return;
+    }
+    UnmonitoredDialog(services, *users, parent).exec();
 }

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "admin/unmonitored.h"
+#include "startup/app_services.h"
 
 #include <QDialog>
+
+#include <vector>
 
 class QListWidget;
 class QPushButton;
@@ -13,15 +16,20 @@ class UnmonitoredDialog : public QDialog
     Q_OBJECT
 
 public:
-    explicit UnmonitoredDialog(QWidget *parent);
+    // Lists `unmonitored`, users as they were read.
+    UnmonitoredDialog(const AppServices &services,
+                      std::vector<UnmonitoredUser> unmonitored,
+                      QWidget *parent);
 
 private:
     void MonitorSelected();
 
+    const AppServices &services;
     QListWidget *list;
     QPushButton *monitor;
     std::vector<UnmonitoredUser> users; // row for row
 };
 
-// The users list is to be refilled afterwards.
-void OpenUnmonitored(QWidget *parent);
+// Nothing opens when the users could not be read, which is told. The users list is to be refilled
+// afterwards.
+void OpenUnmonitored(const AppServices &services, QWidget *parent);

@@ -35,14 +35,14 @@ QString CAdministratorUserPAccess::Title() const
 
 void CAdministratorUserPAccess::Load()
 {
-    type->Show(ChoiceFor(record.mode));
+    type->Show(ChoiceFor(record.draft.mode));
     block->Show(record.block);
-    authentication->setChecked(record.authRequired);
+    authentication->setChecked(record.draft.authRequired);
 }
 
 void CAdministratorUserPAccess::StageMode()
 {
-    record.mode = ModeFor(type->Choice()).value_or(record.mode);
+    record.draft.mode = ModeFor(type->Choice()).value_or(record.draft.mode);
 }
 
 bool CAdministratorUserPAccess::Leave()
@@ -59,7 +59,7 @@ bool CAdministratorUserPAccess::Leave()
 void CAdministratorUserPAccess::Collect()
 {
     block->Collect(record.block);
-    record.authRequired = authentication->isChecked();
+    record.draft.authRequired = authentication->isChecked();
 }
 
 CAdministratorGroupPAccess::CAdministratorGroupPAccess(GroupRecord &group, QWidget *parent)
@@ -82,14 +82,14 @@ QString CAdministratorGroupPAccess::Title() const
 
 void CAdministratorGroupPAccess::Load()
 {
-    type->Show(ChoiceFor(record.mode));
+    type->Show(ChoiceFor(record.draft.mode));
     block->Show(record.block);
 }
 
 void CAdministratorGroupPAccess::StageMode()
 {
     record.account.Clear();
-    record.mode = ModeFor(type->Choice()).value_or(record.mode);
+    record.draft.mode = ModeFor(type->Choice()).value_or(record.draft.mode);
 }
 
 void CAdministratorGroupPAccess::Collect()

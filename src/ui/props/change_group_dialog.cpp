@@ -1,6 +1,8 @@
 #include "ui/props/change_group_dialog.h"
 
 #include "access/list_commands.h"
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/common/accessible.h"
 #include "ui/props/name_dialog.h"
 
@@ -10,9 +12,13 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
-ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices, QWidget *parent)
+ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices,
+                                     const QList<NamedGroup> &groups,
+                                     QWidget *parent)
     : QDialog(parent)
     , services(appServices)
     , list(new QListWidget(this))
@@ -30,7 +36,7 @@ ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices, QWidget *pa
     connect(list, &QListWidget::itemDoubleClicked, this, &ChangeGroupDialog::accept);
     connect(add, &QPushButton::clicked, this, &ChangeGroupDialog::AddNewGroup);
     connect(remove, &QPushButton::clicked, this, &ChangeGroupDialog::DeleteChosenGroup);
-    Fill();
+    Fill(groups);
 }
 
 void ChangeGroupDialog::Lay()
@@ -58,9 +64,9 @@ void ChangeGroupDialog::Lay()
     setTabOrder(remove, ok);
 }
 
-void ChangeGroupDialog::Fill()
+void ChangeGroupDialog::Fill(const QList<NamedGroup> &groups)
 {
-    for (const NamedGroup &group : ReadGroupNames()) {
+    for (const NamedGroup &group : groups) {
         groupIds.append(group.groupId);
         list->addItem(group.name);
     }
@@ -85,7 +91,7 @@ void ChangeGroupDialog::Choose()
     add->setEnabled(groupIds.size() < kGroupListCapacity);
 }
 
-bool ChangeGroupDialog::IsNew(const QString &name)
+bool ChangeGroupDialog::IsNew(const QString &name) const
 {
     for (int position = 0; position < list->count(); ++position) {
         if (list->item(position)->text().compare(name, Qt::CaseInsensitive) == 0) {
@@ -109,19 +115,21 @@ int ChangeGroupDialog::SortedPlace(const QString &name) const
 void ChangeGroupDialog::AddNewGroup()
 {
     NameDialog dialog(u"Add group"_s, u"Enter the name of the group:"_s, this);
-    dialog.SetCheck([this](const QString &name) { return IsNew(name); });
-    if (dialog.exec() != QDialog::Accepted) {
-        return;
+    const auto added = std::make_shared<GroupId>();
+    dialog.SetCheck([&](const QString &name) {
+        return IsNew(name)
+            && Perform(services, &dialog, tr("Adding the group..."), AddGroupAction(name, added));
+    });
+    if (dialog.exec() == QDialog::Accepted) {
+        List(dialog.Name(), *added);
     }
-    const GroupId groupId = AddGroup(dialog.Name());
-    if (!groupId.IsSet()) { // users moved there would be in no group, and gone from every list
-        services.prompt.Tell(u"The group could not be added; the failed statements tell why."_s,
-                             Prompt::Icon::Error);
-        return;
-    }
-    // Kept: the name takes its sorted place and its id the last one, so that names from there on
-    // stand for the wrong ids until the dialog is opened again.
-    list->insertItem(SortedPlace(dialog.Name()), dialog.Name());
+}
+
+// Kept: the name takes its sorted place and its id the last one, so that names from there on stand for
+// the wrong ids until the dialog is opened again.
+void ChangeGroupDialog::List(const QString &name, GroupId groupId)
+{
+    list->insertItem(SortedPlace(name), name);
     groupIds.append(groupId);
     add->setEnabled(groupIds.size() < kGroupListCapacity);
 }
@@ -131,16 +139,20 @@ void ChangeGroupDialog::DeleteChosenGroup()
     if (!services.prompt.Ask(u"You are going to remove the group. Continue?"_s)) {
         return;
     }
-    const NamedGroup group = chosen;
-    if (group.name == u"Everybody"_s) { // kept: the message does not stop the statements
+    if (chosen.name == u"Everybody"_s) { // kept: the message does not stop the statements
         services.prompt.Tell(u"You can not delete 'Everybody' group"_s);
-    } else {
+        (void)Delete(chosen.groupId);
+    } else if (Delete(chosen.groupId)) {
         const int position = ChosenRow();
         groupIds.removeAt(position);
         delete list->takeItem(position);
         list->clearSelection();
     }
-    DeleteGroupOfDialog(group.groupId);
+}
+
+bool ChangeGroupDialog::Delete(GroupId groupId)
+{
+    return Perform(services, this, tr("Deleting the group..."), DeleteGroupOfDialogAction(groupId));
 }
 
 void ChangeGroupDialog::accept()
@@ -150,4 +162,15 @@ void ChangeGroupDialog::accept()
         return;
     }
     QDialog::accept();
+}
+
+std::optional<NamedGroup> ChooseGroup(const AppServices &services, QWidget *parent)
+{
+    const auto groups = Await(services, parent, u"Reading the groups..."_s, ReadGroupNames);
+    if (!groups) {
+        TellUnread(services, u"The groups could not be read."_s, groups.error());
+        return std::nullopt;
+    }
+    ChangeGroupDialog dialog(services, *groups, parent);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.ChosenGroup()) : std::nullopt;
 }

@@ -1,6 +1,8 @@
 #include "ui/props/group_general_page.h"
 
 #include "access/access_mode.h"
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -12,6 +14,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -83,20 +87,20 @@ QString CAdministratorGroupPPage::Title() const
 
 void CAdministratorGroupPPage::Load()
 {
-    name->setText(record.name);
-    description->setText(record.description);
+    name->setText(record.draft.name);
+    description->setText(record.draft.description);
     ShowMembers();
 }
 
 void CAdministratorGroupPPage::Activate()
 {
-    mode->setText(ModeName(record.mode));
+    mode->setText(ModeName(record.draft.mode));
 }
 
 void CAdministratorGroupPPage::Collect()
 {
-    record.name = name->text();
-    record.description = description->text();
+    record.draft.name = name->text();
+    record.draft.description = description->text();
 }
 
 void CAdministratorGroupPPage::ShowMembers()
@@ -110,11 +114,24 @@ void CAdministratorGroupPPage::ShowMembers()
 
 void CAdministratorGroupPPage::AddMembers()
 {
-    AddMemberDialog dialog(record.members.Candidates(), this);
-    if (dialog.exec() != QDialog::Accepted) {
+    auto candidates = Await(services,
+                            this,
+                            tr("Reading the users of other groups..."),
+                            [members = record.members] { return ReadCandidates(members); });
+    if (!candidates) {
+        TellUnread(
+            services, tr("The users of other groups could not be read."), candidates.error());
         return;
     }
-    for (const Member &member : dialog.Chosen()) {
+    AddMemberDialog dialog(*std::move(candidates), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        Add(dialog.Chosen());
+    }
+}
+
+void CAdministratorGroupPPage::Add(const std::vector<Member> &chosen)
+{
+    for (const Member &member : chosen) {
         if (!record.members.Add(member)) {
             Complain(services.prompt,
                      u"A group's page holds at most %1 users. The others were not added."_s.arg(

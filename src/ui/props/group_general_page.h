@@ -5,6 +5,8 @@
 #include "startup/app_services.h"
 #include "ui/common/page.h"
 
+#include <vector>
+
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -28,6 +30,7 @@ private:
     QWidget *MakeMembers();
     void ShowMembers();
     void AddMembers();
+    void Add(const std::vector<Member> &chosen);
     void RemoveMember();
 
     const AppServices &services;

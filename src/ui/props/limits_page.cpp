@@ -1,5 +1,7 @@
 #include "ui/props/limits_page.h"
 
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/props/limit_dialogs.h"
@@ -101,8 +103,23 @@ void LimitsPage::Activate()
     traffic.Enable(fields.traffic);
     time.Enable(fields.time);
     global->setEnabled(fields.rates);
-    draft.stored = ReadLimits(owner);
+    ReadStored();
     ShowStaged();
+}
+
+void LimitsPage::ReadStored()
+{
+    const auto now = Await(
+        services, this, tr("Reading the limits..."), [whose = owner] { return ReadLimits(whose); });
+    if (!now) {
+        TellUnread(services, tr("The limits could not be read."), now.error());
+    } else if (!*now) {
+        Complain(services.prompt,
+                 owner.IsUser() ? u"This user has been deleted meanwhile."_s
+                                : u"This group has been deleted meanwhile."_s);
+    } else {
+        draft.TakeStored(**now);
+    }
 }
 
 void LimitsPage::ShowStaged()
@@ -112,7 +129,7 @@ void LimitsPage::ShowStaged()
     const auto number = [](bool shown, quint32 value) {
         return shown ? QString::number(value) : QString();
     };
-    period.value->setText(fields.period ? PeriodName(limits.period) : QString());
+    period.value->setText(fields.period ? PeriodName(PeriodIn(mode, limits)) : QString());
     traffic.value->setText(number(fields.traffic, limits.traffic.value));
     if (time.value != nullptr) {
         time.value->setText(number(fields.time, limits.time.value));
@@ -130,7 +147,7 @@ void LimitsPage::ShowPrice(bool ownPrice)
 
 void LimitsPage::ChangePeriod()
 {
-    PeriodDialog dialog(services.prompt, draft.Staged().period, this);
+    PeriodDialog dialog(services.prompt, PeriodIn(mode, draft.Staged()), this);
     if (dialog.exec() == QDialog::Accepted) {
         draft.period = dialog.Period();
         ShowStaged();
@@ -141,7 +158,7 @@ void LimitsPage::ChangeTraffic()
 {
     LimitDialog dialog(services.prompt, u"Traffic limit, Mb"_s, draft.Staged().traffic.value, this);
     if (dialog.exec() == QDialog::Accepted) {
-        StageTrafficLimit(owner, WholeMegabytes {dialog.Limit()}, draft);
+        draft.traffic = WholeMegabytes {dialog.Limit()};
         ShowStaged();
     }
 }
@@ -150,7 +167,7 @@ void LimitsPage::ChangeTime()
 {
     LimitDialog dialog(services.prompt, u"Time limit, Hr"_s, draft.Staged().time.value, this);
     if (dialog.exec() == QDialog::Accepted) {
-        StageTimeLimit(owner.User(), WholeHours {dialog.Limit()}, draft);
+        draft.time = WholeHours {dialog.Limit()};
         ShowStaged();
     }
 }
@@ -173,11 +190,11 @@ void LimitsPage::UseGlobal(bool useGlobal)
 CAdministratorUserPLimits::CAdministratorUserPLimits(const AppServices &appServices,
                                                      UserRecord &record,
                                                      QWidget *parent)
-    : LimitsPage(appServices, record.Self(), record.mode, record.limits, parent)
+    : LimitsPage(appServices, record.Self(), record.draft.mode, record.limits, parent)
 { }
 
 CAdministratorGroupPLimits::CAdministratorGroupPLimits(const AppServices &appServices,
                                                        GroupRecord &record,
                                                        QWidget *parent)
-    : LimitsPage(appServices, record.Self(), record.mode, record.limits, parent)
+    : LimitsPage(appServices, record.Self(), record.draft.mode, record.limits, parent)
 { }

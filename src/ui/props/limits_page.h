@@ -12,7 +12,7 @@ class QLineEdit;
 class QPushButton;
 
 // What both pages have in common. What the administrator changed stays as it is when the page
-// becomes active again; all else is read anew.
+// becomes active again; all else is read anew, and stays too when it cannot be read.
 class LimitsPage : public Page
 {
     Q_OBJECT
@@ -42,6 +42,7 @@ private:
     MakeLine(const char *valueName, const char *buttonName, const QString &says);
     QGroupBox *MakeLimits();
     QGroupBox *MakeRates();
+    void ReadStored();
     void ShowStaged();
     void ShowPrice(bool ownPrice);
     void ChangePeriod();

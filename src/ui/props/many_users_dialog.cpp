@@ -1,6 +1,7 @@
 #include "ui/props/many_users_dialog.h"
 
 #include "access/limits.h"
+#include "app/perform.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -16,52 +17,72 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 
+#include <memory>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
+Result<std::optional<UsersAndAccess>> ReadUsersAndAccess(const std::vector<UserId> &userIds)
+{
+    auto users = NamesOfUsers(userIds);
+    if (!users) {
+        return tl::unexpected(std::move(users.error()));
+    }
+    for (const NamedUser &user : *users) {
+        const auto access = ReadModeAndLimits(user.userId);
+        if (!access) {
+            return tl::unexpected(access.error());
+        }
+        if (*access) {
+            return UsersAndAccess {*std::move(users), **access};
+        }
+    }
+    return std::nullopt;
+}
+
 ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
-                                 std::vector<UserId> users,
-                                 const QStringList &names,
+                                 const UsersAndAccess &opened,
                                  QWidget *parent)
     : QDialog(parent)
     , services(appServices)
-    , userIds(std::move(users))
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , period(new QComboBox)
     , traffic(new WholeNumberField)
     , time(new WholeNumberField)
     , progress(new QProgressBar)
 {
+    for (const NamedUser &user : opened.users) {
+        userIds.push_back(user.userId);
+    }
     setWindowTitle(u"Access properties for multiple users"_s);
     SetNames(*progress, u"progress"_s, u"Users changed"_s);
     progress->setRange(0, static_cast<int>(userIds.size()));
     progress->setValue(0);
     progress->setFormat(u"%v of %m"_s);
     auto *column = new QVBoxLayout(this);
-    column->addWidget(MakeNames(names));
+    column->addWidget(MakeNames(opened.users));
     column->addWidget(type);
     column->addWidget(MakeLimits());
     column->addWidget(progress);
     column->addWidget(OkAndCancel(*this));
     connect(type, &AccessTypeBox::Changed, this, &ManyUsersDialog::EnableLimits);
-    ShowFirst();
+    ShowAccess(opened.access);
     EnableLimits();
 }
 
-QWidget *ManyUsersDialog::MakeNames(const QStringList &names)
+QWidget *ManyUsersDialog::MakeNames(const std::vector<NamedUser> &users)
 {
     auto *list = new QListWidget;
     list->setObjectName(u"users"_s);
     list->setUniformItemSizes(true);
     list->setSelectionMode(QAbstractItemView::NoSelection);
-    for (const QString &name : names) {
-        new QListWidgetItem(IconOf(Picture::User), name, list);
+    for (const NamedUser &user : users) {
+        new QListWidgetItem(IconOf(Picture::User), user.name, list);
     }
     auto *box = new QWidget;
     auto *column = new QVBoxLayout(box);
     column->setContentsMargins({});
-    column->addWidget(LabelFor(u"These %1 users will be changed:"_s.arg(names.size()), *list));
+    column->addWidget(LabelFor(u"These %1 users will be changed:"_s.arg(users.size()), *list));
     column->addWidget(list);
     return box;
 }
@@ -80,13 +101,13 @@ QWidget *ManyUsersDialog::MakeLimits()
     return box;
 }
 
-void ManyUsersDialog::ShowFirst()
+void ManyUsersDialog::ShowAccess(const ModeAndLimits &access)
 {
-    const ModeAndLimits first = ReadModeAndLimits(userIds.front());
-    type->Show(ChoiceFor(first.mode));
-    period->setCurrentIndex(period->findText(PeriodName(first.period)));
-    traffic->SetNumber(first.traffic.value);
-    time->SetNumber(first.time.value);
+    type->Show(ChoiceFor(access.mode));
+    period->setCurrentIndex(
+        period->findText(PeriodName(access.period.value_or(LimitPeriod::None))));
+    traffic->SetNumber(access.traffic.value_or(WholeMegabytes()).value);
+    time->SetNumber(access.time.value_or(WholeHours()).value);
 }
 
 void ManyUsersDialog::EnableLimits()
@@ -113,33 +134,45 @@ std::optional<ModeAndLimits> ManyUsersDialog::Entered()
         Complain(services.prompt, u"Please enter the limit as a whole number"_s);
         return {};
     }
-    return ModeAndLimits {.mode = *mode,
-                          .traffic = WholeMegabytes {traffic->Number().value_or(0)},
-                          .time = WholeHours {time->Number().value_or(0)},
-                          .period = static_cast<LimitPeriod>(period->currentIndex() + 1)};
+    ModeAndLimits entered;
+    entered.mode = *mode;
+    if (traffic->isEnabled()) {
+        entered.traffic = WholeMegabytes {*traffic->Number()};
+    }
+    if (time->isEnabled()) {
+        entered.time = WholeHours {*time->Number()};
+    }
+    if (period->isEnabled()) {
+        entered.period = static_cast<LimitPeriod>(period->currentIndex() + 1);
+    }
+    return entered;
 }
 
-void ManyUsersDialog::LeaveOutGone()
+std::optional<size_t> ManyUsersDialog::Write(const ModeAndLimits &entered)
 {
-    const QStringList there = NamesOfUsers(userIds);
-    if (there.size() < progress->maximum()) {
-        Complain(services.prompt,
-                 u"Some of these users have been deleted meanwhile. %1 of %2 are changed."_s
-                     .arg(there.size())
-                     .arg(progress->maximum()));
-    }
+    const auto changed = std::make_shared<size_t>(0);
+    progress->setRange(0, 0); // all at once: there is no part of it to show
+    const bool isDone = Perform(services,
+                                this,
+                                tr("Changing the users..."),
+                                SetModeAndLimitsAction(userIds, entered, changed));
+    progress->setRange(0, static_cast<int>(userIds.size()));
+    progress->setValue(isDone ? static_cast<int>(*changed) : 0);
+    return isDone ? std::optional(*changed) : std::nullopt;
 }
 
 void ManyUsersDialog::accept()
 {
     const auto entered = Entered();
-    if (!entered) {
+    const auto changed = entered ? Write(*entered) : std::nullopt;
+    if (!changed) {
         return;
     }
-    LeaveOutGone();
-    SetModeAndLimits(userIds, *entered, [this](int done) {
-        progress->setValue(done);
-        progress->repaint();
-    });
+    if (*changed < userIds.size()) {
+        Complain(services.prompt,
+                 u"Some of these users have been deleted meanwhile. %1 of %2 are changed."_s
+                     .arg(*changed)
+                     .arg(userIds.size()));
+    }
     QDialog::accept();
 }

@@ -6,37 +6,48 @@
 
 #include <QDialog>
 
+#include <optional>
+#include <vector>
+
 class AccessTypeBox;
 class QComboBox;
 class QFormLayout;
 class QProgressBar;
 class WholeNumberField;
 
+// What is read before the dialog opens: the users that are there, and how the first of them stands.
+struct UsersAndAccess
+{
+    std::vector<NamedUser> users;
+    ModeAndLimits access;
+};
+
+// Nothing when none of the users is there any more.
+[[nodiscard]] Result<std::optional<UsersAndAccess>>
+ReadUsersAndAccess(const std::vector<UserId> &userIds);
+
 class ManyUsersDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    // Names the users `userIds` and starts with the values of the first one.
-    ManyUsersDialog(const AppServices &services,
-                    std::vector<UserId> userIds,
-                    const QStringList &names,
-                    QWidget *parent);
+    // Names the users and starts with the values of the first one.
+    ManyUsersDialog(const AppServices &services, const UsersAndAccess &opened, QWidget *parent);
 
-    // Writes to each user and shows how far it got.
+    // Writes to all users, or to none: then the dialog stays open.
     void accept() override;
 
 private:
-    QWidget *MakeNames(const QStringList &names);
+    QWidget *MakeNames(const std::vector<NamedUser> &users);
     QWidget *MakeLimits();
-    void ShowFirst();
+    void ShowAccess(const ModeAndLimits &access);
     void EnableLimits();
 
     // What was entered; nothing, once that was told, when something is missing.
     [[nodiscard]] std::optional<ModeAndLimits> Entered();
 
-    // Users deleted since the window opened are not written to, and that is told.
-    void LeaveOutGone();
+    // How many of the users were written to; nothing when none was.
+    [[nodiscard]] std::optional<size_t> Write(const ModeAndLimits &entered);
 
     const AppServices &services;
     std::vector<UserId> userIds;

@@ -1,11 +1,10 @@
 #include "ui/props/properties.h"
 
-#include "access/group_apply.h"
-#include "access/many_users.h"
-#include "access/user_apply.h"
-#include "accounts/credit.h"
-#include "accounts/currency.h"
+#include "accounts/sheet_actions.h"
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/accounts/account_page.h"
+#include "ui/accounts/currency_now.h"
 #include "ui/common/controls.h"
 #include "ui/common/sheet.h"
 #include "ui/props/access_pages.h"
@@ -16,69 +15,124 @@
 #include "ui/props/time_page.h"
 #include "ui/props/user_general_page.h"
 
+#include <functional>
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// No statement runs while nothing is staged.
-bool ApplyAccount(const AppServices &services,
-                  const Owner &owner,
-                  AccountingMode mode,
-                  const StagedAccount &staged)
+// What a staged credit keeps as its rate. Nothing, once that was told, when the settings cannot be
+// read; without a credit nobody needs them.
+std::optional<double> RateFor(const AppServices &services, const StagedAccount &staged)
 {
-    return ApplyStagedAccount(
-        owner, mode, staged, CurrentRate(services.settings), services.connection.Link());
+    if (staged.credits.empty()) {
+        return 1.0;
+    }
+    const auto currency = CurrencyNow(services);
+    return currency ? std::optional(currency->rate) : std::nullopt;
+}
+
+// Stores what the sheet collected, as the one action that `actionOf` makes of it.
+template <typename Record>
+std::function<bool()> Apply(const AppServices &services,
+                            QWidget &sheet,
+                            const QString &what,
+                            const Record &record,
+                            Action (*actionOf)(const Record &, double rate))
+{
+    return [&services, &sheet, what, &record, actionOf] {
+        const auto rate = RateFor(services, record.account);
+        return rate && Perform(services, &sheet, what, actionOf(record, *rate));
+    };
+}
+
+// What the sheet edits; nothing, once that was told, when it could not be read or is not there.
+template <typename Record>
+std::optional<Record> Opened(const AppServices &services,
+                             Result<std::optional<Record>> record,
+                             const QString &unread,
+                             const QString &gone)
+{
+    if (!record) {
+        TellUnread(services, unread, record.error());
+        return std::nullopt;
+    }
+    if (!*record) {
+        Complain(services.prompt, gone);
+    }
+    return *std::move(record);
+}
+
+std::optional<UserRecord> ReadUser(const AppServices &services, UserId userId, QWidget *parent)
+{
+    return Opened(
+        services,
+        Await(services, parent, u"Reading the user..."_s, [userId] { return LoadUser(userId); }),
+        u"The user could not be read."_s,
+        u"This user has been deleted meanwhile."_s);
+}
+
+std::optional<GroupRecord> ReadGroup(const AppServices &services, GroupId groupId, QWidget *parent)
+{
+    return Opened(
+        services,
+        Await(
+            services, parent, u"Reading the group..."_s, [groupId] { return LoadGroup(groupId); }),
+        u"The group could not be read."_s,
+        u"This group has been deleted meanwhile."_s);
 }
 
 } // namespace
 
 bool OpenUserSheet(const AppServices &services, UserId userId, int page, QWidget *parent)
 {
-    auto record = LoadUser(userId);
+    auto record = ReadUser(services, userId, parent);
     if (!record) {
-        Complain(services.prompt, u"This user has been deleted meanwhile."_s);
         return false;
     }
     // Kept: this page belongs to the sheet and is not added to it.
-    CAdministratorUserPAcc accountPage(services, userId, record->account);
+    const CAdministratorUserPAcc accountPage(services, userId, record->base.mode, record->account);
     Sheet sheet(u"User properties"_s, parent);
     sheet.Add(new CAdministratorUserPPage(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPAccess(services.prompt, *record, &sheet));
     sheet.Add(new CAdministratorUserPLimits(services, *record, &sheet));
-    sheet.Add(new CAdministratorUserPTime(services.prompt, *record, &sheet));
+    sheet.Add(new CAdministratorUserPTime(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPProtocol(*record, &sheet));
-    return sheet.Run(page) && ApplyUser(*record, services.connection.Link(), services.prompt)
-        && ApplyAccount(services, record->Self(), record->mode, record->account);
+    sheet.SetApply(Apply(services, sheet, u"Storing the user..."_s, *record, ApplyUserAction));
+    return sheet.Run(page);
 }
 
 bool OpenGroupSheet(const AppServices &services, GroupId groupId, int page, QWidget *parent)
 {
-    auto record = LoadGroup(groupId);
+    auto record = ReadGroup(services, groupId, parent);
     if (!record) {
-        Complain(services.prompt, u"This group has been deleted meanwhile."_s);
         return false;
     }
     // Kept: these pages belong to the sheet and are not added to it.
-    const CAdministratorGroupPTime timePage(services.prompt, *record);
+    const CAdministratorGroupPTime timePage(services, *record);
     const CAdministratorGroupPProtocols protocolPage(*record);
-    CAdministratorGroupPAcc accountPage(services, groupId, record->account);
+    const CAdministratorGroupPAcc accountPage(
+        services, groupId, record->base.mode, record->account);
     Sheet sheet(u"Group's properties"_s, parent);
     sheet.Add(new CAdministratorGroupPPage(services, *record, &sheet));
     sheet.Add(new CAdministratorGroupPAccess(*record, &sheet));
     sheet.Add(new CAdministratorGroupPLimits(services, *record, &sheet));
-    return sheet.Run(page) && ApplyGroup(*record, services.connection.Link(), services.prompt)
-        && ApplyAccount(services, record->Self(), record->mode, record->account);
+    sheet.SetApply(Apply(services, sheet, u"Storing the group..."_s, *record, ApplyGroupAction));
+    return sheet.Run(page);
 }
 
-bool OpenAccessForUsers(const AppServices &services, std::vector<UserId> userIds, QWidget *parent)
+bool OpenAccessForUsers(const AppServices &services,
+                        const std::vector<UserId> &userIds,
+                        QWidget *parent)
 {
-    const QStringList names = NamesOfUsers(userIds);
-    if (userIds.empty()) {
-        Complain(services.prompt, u"These users have been deleted meanwhile."_s);
-        return false;
-    }
-    ManyUsersDialog dialog(services, std::move(userIds), names, parent);
-    return dialog.exec() == QDialog::Accepted;
+    const auto opened = Opened(services,
+                               Await(services,
+                                     parent,
+                                     u"Reading the users..."_s,
+                                     [userIds] { return ReadUsersAndAccess(userIds); }),
+                               u"The users could not be read."_s,
+                               u"These users have been deleted meanwhile."_s);
+    return opened && ManyUsersDialog(services, *opened, parent).exec() == QDialog::Accepted;
 }

@@ -1,5 +1,6 @@
 // The property windows of users and groups, as the lists' commands open them. Each is modal and true
-// when something was stored; a user or group that is gone by then is told instead.
+// when something was stored. A user or group that cannot be read, or is gone by then, is told instead,
+// and a window whose OK could not be stored stays open with everything that was typed.
 #pragma once
 
 #include "db/ids.h"
@@ -31,4 +32,6 @@ bool OpenUserSheet(const AppServices &services, UserId userId, int page, QWidget
 bool OpenGroupSheet(const AppServices &services, GroupId groupId, int page, QWidget *parent);
 
 // "Access properties for multiple users".
-bool OpenAccessForUsers(const AppServices &services, std::vector<UserId> userIds, QWidget *parent);
+bool OpenAccessForUsers(const AppServices &services,
+                        const std::vector<UserId> &userIds,
+                        QWidget *parent);

@@ -1,11 +1,14 @@
 #include "ui/props/time_page.h"
 
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "ui/common/controls.h"
 #include "ui/props/time_range_dialog.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QRadioButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -34,14 +37,20 @@ QTreeWidget *MakeList()
 
 } // namespace
 
-TimePage::TimePage(Prompt &messages, TimeRanges &staged, const QString &format, QWidget *parent)
+TimePage::TimePage(const AppServices &appServices,
+                   const Owner &whose,
+                   TimeRanges &staged,
+                   const QString &format,
+                   QWidget *parent)
     : Page(parent)
-    , prompt(messages)
+    , services(appServices)
+    , owner(whose)
     , ranges(staged)
     , timeFormat(format)
     , grant(MakeButton<QRadioButton>(u"Grant access"_s, "grant"))
     , deny(MakeButton<QRadioButton>(u"Deny access"_s, "deny"))
     , list(MakeList())
+    , unread(UnreadNote())
 {
     auto *column = new QVBoxLayout(this);
     column->addWidget(grant);
@@ -61,6 +70,7 @@ QGroupBox *TimePage::MakeRanges()
     buttons->addStretch();
     auto *column = new QVBoxLayout(box);
     column->addWidget(list);
+    column->addWidget(unread);
     column->addLayout(buttons);
     connect(add, &QPushButton::clicked, this, &TimePage::AddRange);
     connect(remove, &QPushButton::clicked, this, &TimePage::DeleteRange);
@@ -79,7 +89,15 @@ void TimePage::Load()
 
 void TimePage::Activate()
 {
-    ranges.Rebuild();
+    const auto stored = Await(services, this, tr("Reading the times..."), [whose = owner] {
+        return ReadTimeRanges(whose);
+    });
+    unread->setHidden(stored.has_value());
+    if (!stored) {
+        TellUnread(services, tr("The time ranges could not be read."), stored.error());
+        return;
+    }
+    ranges.Rebuild(*stored);
     list->clear();
     for (const TimeRange &range : ranges.Shown()) {
         ShowRow(range);
@@ -93,7 +111,7 @@ void TimePage::ShowRow(const TimeRange &range)
 
 void TimePage::AddRange()
 {
-    TimeRangeDialog dialog(prompt, this);
+    TimeRangeDialog dialog(services.prompt, this);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
@@ -108,7 +126,7 @@ void TimePage::DeleteRange()
 {
     const auto selected = list->selectedItems();
     if (selected.isEmpty()) {
-        Complain(prompt, u"Select the item to delete"_s);
+        Complain(services.prompt, u"Select the item to delete"_s);
         return;
     }
     const int row = list->indexOfTopLevelItem(selected.first());
@@ -116,14 +134,14 @@ void TimePage::DeleteRange()
     delete list->takeTopLevelItem(row);
 }
 
-CAdministratorUserPTime::CAdministratorUserPTime(Prompt &messages,
+CAdministratorUserPTime::CAdministratorUserPTime(const AppServices &appServices,
                                                  UserRecord &record,
                                                  QWidget *parent)
-    : TimePage(messages, record.times, u"HH:mm:ss"_s, parent)
+    : TimePage(appServices, record.Self(), record.times, u"HH:mm:ss"_s, parent)
 { }
 
-CAdministratorGroupPTime::CAdministratorGroupPTime(Prompt &messages,
+CAdministratorGroupPTime::CAdministratorGroupPTime(const AppServices &appServices,
                                                    GroupRecord &record,
                                                    QWidget *parent)
-    : TimePage(messages, record.times, u"HH.mm"_s, parent)
+    : TimePage(appServices, record.Self(), record.times, u"HH.mm"_s, parent)
 { }

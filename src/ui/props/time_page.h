@@ -3,14 +3,16 @@
 
 #include "access/group_record.h"
 #include "access/user_record.h"
-#include "base/prompt.h"
+#include "startup/app_services.h"
 #include "ui/common/page.h"
 
 class QGroupBox;
+class QLabel;
 class QRadioButton;
 class QTreeWidget;
 
-// What both pages have in common; they differ in how a time is written.
+// What both pages have in common; they differ in how a time is written. The list is read each time the
+// page becomes active; when it cannot be read it keeps the ranges that it shows, and says so.
 class TimePage : public Page
 {
     Q_OBJECT
@@ -22,7 +24,11 @@ public:
 
 protected:
     // `timeFormat` is Qt's, for the texts that are stored.
-    TimePage(Prompt &prompt, TimeRanges &ranges, const QString &timeFormat, QWidget *parent);
+    TimePage(const AppServices &services,
+             const Owner &owner,
+             TimeRanges &ranges,
+             const QString &timeFormat,
+             QWidget *parent);
 
 private:
     QGroupBox *MakeRanges();
@@ -30,12 +36,14 @@ private:
     void AddRange();
     void DeleteRange();
 
-    Prompt &prompt;
+    const AppServices &services;
+    const Owner owner;
     TimeRanges &ranges;
     QString timeFormat;
     QRadioButton *grant;
     QRadioButton *deny;
     QTreeWidget *list;
+    QLabel *unread;
 };
 
 class CAdministratorUserPTime : public TimePage
@@ -43,7 +51,9 @@ class CAdministratorUserPTime : public TimePage
     Q_OBJECT
 
 public:
-    CAdministratorUserPTime(Prompt &prompt, UserRecord &record, QWidget *parent = nullptr);
+    CAdministratorUserPTime(const AppServices &services,
+                            UserRecord &record,
+                            QWidget *parent = nullptr);
 };
 
 // Kept: made with the group's sheet and never shown there; nothing of it is stored.
@@ -52,5 +62,7 @@ class CAdministratorGroupPTime : public TimePage
     Q_OBJECT
 
 public:
-    CAdministratorGroupPTime(Prompt &prompt, GroupRecord &record, QWidget *parent = nullptr);
+    CAdministratorGroupPTime(const AppServices &services,
+                             GroupRecord &record,
+                             QWidget *parent = nullptr);
 };

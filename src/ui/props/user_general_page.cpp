@@ -107,8 +107,8 @@ void CAdministratorUserPPage::ShowDraft()
     macAddress->setText(record.draft.macAddress);
     group->setText(record.draft.groupName);
     const auto mark = [](bool changed) { return changed ? u"(Changed)"_s : QString(); };
-    ipChanged->setText(mark(record.draft.ipAddress != record.saved.ipAddress));
-    macChanged->setText(mark(record.draft.macAddress != record.saved.macAddress));
+    ipChanged->setText(mark(record.draft.ipAddress != record.base.ipAddress));
+    macChanged->setText(mark(record.draft.macAddress != record.base.macAddress));
     ipAddress->setAccessibleDescription(ipChanged->text());
     macAddress->setAccessibleDescription(macChanged->text());
 }
@@ -140,10 +140,9 @@ void CAdministratorUserPPage::ChangeMac()
 
 void CAdministratorUserPPage::ChangeGroup()
 {
-    ChangeGroupDialog dialog(services, this);
-    if (dialog.exec() == QDialog::Accepted) {
-        record.draft.groupId = dialog.ChosenGroup().groupId;
-        record.draft.groupName = dialog.ChosenGroup().name;
+    if (const auto chosen = ChooseGroup(services, this)) {
+        record.draft.groupId = chosen->groupId;
+        record.draft.groupName = chosen->name;
         ShowDraft();
     }
 }

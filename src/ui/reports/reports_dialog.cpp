@@ -1,6 +1,7 @@
 #include "ui/reports/reports_dialog.h"
 
-#include "db/failure_log.h"
+#include "app/perform.h"
+#include "app/waiting.h"
 #include "reports/connection_text.h"
 #include "reports/wording.h"
 #include "ui/common/accessible.h"
@@ -13,6 +14,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
@@ -32,6 +34,21 @@ QDateEdit *DayPicker(const char *objectName)
     picker->setCalendarPopup(true);
     picker->setDisplayFormat(u"yyyy-MM-dd"_s);
     return picker;
+}
+
+// In the order of the ids.
+template <typename IdType>
+QStringList NamesOf(const QList<IdType> &ids, const std::vector<Named<IdType>> &offered)
+{
+    QHash<IdType, QString> names;
+    for (const auto &[id, name] : offered) {
+        names.insert(id, name);
+    }
+    QStringList named;
+    for (const IdType id : ids) {
+        named << names.value(id);
+    }
+    return named;
 }
 
 } // namespace
@@ -205,22 +222,19 @@ void ReportsDialog::ShowFilterNote()
 // Without the names a filter would be lost, and the report be made on everybody.
 template <typename IdType>
 void ReportsDialog::Choose(const QString &what,
-                           std::vector<Named<IdType>> (*offers)(),
-                           ReportFilter<IdType> &filter)
+                           Result<std::vector<Named<IdType>>> (*offers)(),
+                           ChosenFilter<IdType> &chosen)
 {
-    const FailureLog &log = FailureLog::Instance();
-    const qsizetype failures = log.Count();
-    const auto offered = offers();
-    if (log.Count() != failures) {
-        services.prompt.Tell(
-            u"The %1 cannot be read: %2"_s.arg(what, log.Recent().constLast().text),
-            Prompt::Icon::Warning);
+    const auto offered = Await(services, this, u"Reading the %1..."_s.arg(what), offers);
+    if (!offered) {
+        TellUnread(services, u"The %1 cannot be read."_s.arg(what), offered.error());
         return;
     }
     ReportFilterDialog dialog(what, this);
-    dialog.Offer(offered, filter);
+    dialog.Offer(*offered, chosen.filter);
     if (dialog.exec() == QDialog::Accepted) {
-        filter = dialog.Filter<IdType>();
+        chosen.filter = dialog.Filter<IdType>();
+        chosen.names = NamesOf(chosen.filter.taken, *offered);
         ShowFilterNote();
     }
 }
@@ -228,19 +242,8 @@ void ReportsDialog::Choose(const QString &what,
 // Empty without a filter.
 QString ReportsDialog::FilterWords() const
 {
-    constexpr qsizetype kMostLookedUp = 13; // one more than are named
-    QStringList userNames;
-    QStringList groupNames;
-    if (!userFilter.left.isEmpty()) {
-        for (const UserId id : userFilter.taken) {
-            userNames += userNames.size() < kMostLookedUp ? UserName(id) : QString();
-        }
-    }
-    if (!groupFilter.left.isEmpty()) {
-        for (const GroupId id : groupFilter.taken) {
-            groupNames += groupNames.size() < kMostLookedUp ? GroupName(id) : QString();
-        }
-    }
+    const QStringList userNames = userFilter.Narrowing();
+    const QStringList groupNames = groupFilter.Narrowing();
     const bool none = userNames.isEmpty() && groupNames.isEmpty();
     return none ? QString() : FilterInWords(userNames, groupNames);
 }
@@ -275,6 +278,16 @@ bool ReportsDialog::IsPeriodInOrder()
     return false;
 }
 
+// The layouts are found by the settings: without them a report would seem to have none.
+bool ReportsDialog::AreSettingsReadable()
+{
+    const auto problem = services.settings.Problem(values::kPath.key);
+    if (problem) {
+        services.prompt.Tell(TextOf(*problem), Prompt::Icon::Error);
+    }
+    return !problem;
+}
+
 // The list makes its first row the current one when it gets the focus, yet selects none.
 int ReportsDialog::SelectedRow() const
 {
@@ -283,14 +296,16 @@ int ReportsDialog::SelectedRow() const
 
 void ReportsDialog::Generate()
 {
-    if (!IsPeriodInOrder() || Viewer().IsBusy()) {
+    if (!IsPeriodInOrder() || Viewer().IsBusy() || !AreSettingsReadable()) {
         return;
     }
     const int row = SelectedRow();
     const ReportPeriod period = Period();
-    const QString query = row < 0
-        ? QString()
-        : QueryText(row, period, UserFilterClause(userFilter), GroupFilterClause(groupFilter));
+    const QString query = row < 0 ? QString()
+                                  : QueryText(row,
+                                              period,
+                                              UserFilterClause(userFilter.filter),
+                                              GroupFilterClause(groupFilter.filter));
     Viewer().SetHeading(PeriodInWords(period),
                         period.choice == PeriodChoice::All ? QString() : FilterWords());
     Drive(row, query);

@@ -7,6 +7,7 @@
 #include "startup/app_services.h"
 
 #include <QDialog>
+#include <QStringList>
 
 #include <vector>
 
@@ -31,6 +32,20 @@ public:
     void Generate();
 
 private:
+    // A filter with the names of those that it takes, as they were offered.
+    template <typename IdType>
+    struct ChosenFilter
+    {
+        ReportFilter<IdType> filter;
+        QStringList names;
+
+        // Empty when it leaves nobody: the report is then made on everybody.
+        [[nodiscard]] QStringList Narrowing() const
+        {
+            return filter.left.isEmpty() ? QStringList() : names;
+        }
+    };
+
     [[nodiscard]] QWidget *BuildChoices();
     [[nodiscard]] QWidget *BuildPeriod();
     [[nodiscard]] QWidget *BuildFilters();
@@ -41,14 +56,15 @@ private:
     void ShowFilterNote();
     template <typename IdType>
     void Choose(const QString &what,
-                std::vector<Named<IdType>> (*offers)(),
-                ReportFilter<IdType> &filter);
+                Result<std::vector<Named<IdType>>> (*offers)(),
+                ChosenFilter<IdType> &chosen);
     void ShowHelp();
     void KeepSelected();
     [[nodiscard]] int SelectedRow() const;
     [[nodiscard]] PeriodChoice Choice() const;
     [[nodiscard]] ReportPeriod Period() const;
     [[nodiscard]] bool IsPeriodInOrder();
+    [[nodiscard]] bool AreSettingsReadable();
     [[nodiscard]] QString FilterWords() const;
     void Drive(int row, const QString &query);
 
@@ -68,6 +84,6 @@ private:
     QPushButton *generate;
     CCrystalCtrl *control;
 
-    ReportFilter<UserId> userFilter;
-    ReportFilter<GroupId> groupFilter;
+    ChosenFilter<UserId> userFilter;
+    ChosenFilter<GroupId> groupFilter;
 };

@@ -100,11 +100,11 @@ CSetupWizardDlg3::CSetupWizardDlg3(Prompt &prompt, NetworkSetup &setup)
     column->addWidget(proxies);
 }
 
-CSetupWizardDlg4::CSetupWizardDlg4(Prompt &prompt, NetworkSetup &edited)
+CSetupWizardDlg4::CSetupWizardDlg4(Prompt &prompt, NetworkSetup &edited, ProtocolTable &table)
     : setup(edited)
     , protocols(new ProtocolList(
           prompt,
-          setup.protocols,
+          table,
           ProtocolEntry::Field,
           {u"Protocol titles"_s, u"Enter protocol title, e.g. FTP"_s, u"Add"_s, u"Delete"_s}))
 {
@@ -122,11 +122,11 @@ void CSetupWizardDlg4::Follow()
     protocols->setEnabled(monitor_mode::UsesList(setup.monitorMode));
 }
 
-CSetupWizardDlg5::CSetupWizardDlg5(Prompt &prompt, NetworkSetup &edited)
-    : setup(edited)
+CSetupWizardDlg5::CSetupWizardDlg5(Prompt &prompt, ProtocolTable &edited)
+    : table(edited)
     , protocols(new QListWidget)
     , ports(new PortList(prompt,
-                         setup.protocols,
+                         table,
                          ProtocolEntry::Field,
                          {u"Ports for"_s, u"Enter TCP/IP port"_s, u"Add"_s, u"Delete"_s}))
 {
@@ -135,16 +135,17 @@ CSetupWizardDlg5::CSetupWizardDlg5(Prompt &prompt, NetworkSetup &edited)
     auto *left = new QVBoxLayout;
     left->addWidget(LabelFor(u"Protocol titles"_s, *protocols));
     left->addWidget(protocols);
-    auto *row = new QHBoxLayout(this);
+    auto *row = new QHBoxLayout;
     row->addLayout(left);
     row->addWidget(ports);
+    (new QVBoxLayout(this))->addLayout(row);
     connect(protocols, &QListWidget::currentRowChanged, this, &CSetupWizardDlg5::Follow);
 }
 
 void CSetupWizardDlg5::initializePage()
 {
     protocols->clear();
-    for (const Protocol &protocol : setup.protocols.Protocols()) {
+    for (const Protocol &protocol : table.Protocols()) {
         protocols->addItem(protocol.name);
     }
     protocols->setCurrentRow(0);

@@ -16,6 +16,7 @@ class RangeEditor;
 
 // The pages' places, counted from 0.
 namespace wizard_page {
+constexpr int kProtocols = 3;
 constexpr int kPorts = 4;
 constexpr int kUserBinds = 5;
 } // namespace wizard_page
@@ -61,7 +62,8 @@ class CSetupWizardDlg4 : public QWizardPage
     Q_OBJECT
 
 public:
-    CSetupWizardDlg4(Prompt &prompt, NetworkSetup &setup);
+    // Edits the mode of `setup` and the protocols, which stand in it unless they could not be read.
+    CSetupWizardDlg4(Prompt &prompt, NetworkSetup &setup, ProtocolTable &table);
 
 private:
     void Follow();
@@ -76,13 +78,13 @@ class CSetupWizardDlg5 : public QWizardPage
     Q_OBJECT
 
 public:
-    CSetupWizardDlg5(Prompt &prompt, NetworkSetup &setup);
+    CSetupWizardDlg5(Prompt &prompt, ProtocolTable &table);
     void initializePage() override;
 
 private:
     void Follow();
 
-    NetworkSetup &setup;
+    ProtocolTable &table;
     QListWidget *protocols;
     PortList *ports;
 };

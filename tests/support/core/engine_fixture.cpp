@@ -1,11 +1,11 @@
 #include "support/core/engine_fixture.h"
 
-#include "db/direct_connection.h"
 #include "db/schema.h"
 #include "support/core/test_data_source.h"
 #include "support/servers/server_section.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -134,6 +134,28 @@ QString EngineFixture::Engine()
 QString EngineFixture::Dsn()
 {
     return Engine();
+}
+
+void EngineFixture::RunBeside(const char *sqlText, const SqlValues &values)
+{
+    DirectConnection database;
+    ASSERT_TRUE(database.Open(Dsn())) << qPrintable(database.Error());
+    const auto text = QString::fromStdString(Translate(database.Engine(), sqlText));
+    ASSERT_TRUE(database.Run(text, values)) << qPrintable(database.Error());
+}
+
+void EngineFixture::AwaitLockWait()
+{
+    const char *const waits = Engine() == u"postgresql"_s
+        ? "SELECT pid FROM pg_stat_activity WHERE datname = current_database() "
+          "AND wait_event_type = 'Lock'"
+        : "SELECT trx_id FROM information_schema.innodb_trx WHERE trx_state = 'LOCK WAIT' AND "
+          "trx_mysql_thread_id IN (SELECT id FROM information_schema.processlist "
+          "WHERE db = DATABASE())";
+    const QDeadlineTimer patience(10000);
+    while (RowsOf(waits).isEmpty()) {
+        ASSERT_FALSE(patience.hasExpired()) << "nobody waits";
+    }
 }
 
 int EngineFixture::EndOtherConnections(const QString &words)

@@ -13,6 +13,7 @@
 // Without the servers the cases fail.
 #pragma once
 
+#include "db/direct_connection.h"
 #include "support/core/database_fixture.h"
 
 class EngineFixture : public testing::TestWithParam<const char *>
@@ -26,6 +27,12 @@ protected:
 
     // The data source's name, for a second connection.
     [[nodiscard]] static QString Dsn();
+
+    // Runs a statement beside the session, in the spelling of the code.
+    static void RunBeside(const char *sqlText, const SqlValues &values = {});
+
+    // Servers: returns once a connection to the database waits for a lock that another one holds.
+    static void AwaitLockWait();
 
     // Has the server end the other connections to the database, or those whose running statement
     // holds `words`; how many those were.

@@ -56,8 +56,12 @@ public:
     int queries = 0;
     bool refuses = false;
     bool knowsUnit = true;
+    bool answersNotices = true;
+    QString noticeError; // none when it is empty
+    QList<QDBusMessage> unanswered;
 
 private:
+    void TakeNotice(const QDBusMessage &message, const QDBusConnection &from);
     QDBusMessage Answer(const QDBusMessage &message);
     QDBusMessage Command(const QDBusMessage &message, const QStringList &next);
     QString Property(const QString &name);
@@ -67,7 +71,7 @@ bool FakeService::Object::handleMessage(const QDBusMessage &message, const QDBus
 {
     const QMutexLocker locked(&lock);
     if (message.interface() == u"org.tollbrook.Accounting1") {
-        calls << Described(message);
+        TakeNotice(message, from);
     } else if (message.interface() == kTestInterface) {
         if (message.member() == u"Mark") {
             calls << message.arguments().constFirst().toString();
@@ -77,6 +81,20 @@ bool FakeService::Object::handleMessage(const QDBusMessage &message, const QDBus
         from.send(Answer(message));
     }
     return true;
+}
+
+void FakeService::Object::TakeNotice(const QDBusMessage &message, const QDBusConnection &from)
+{
+    calls << Described(message);
+    if (!message.isReplyRequired()) {
+        return;
+    }
+    if (!answersNotices) {
+        unanswered << message;
+        return;
+    }
+    from.send(noticeError.isEmpty() ? message.createReply()
+                                    : message.createErrorReply(QDBusError::Failed, noticeError));
 }
 
 QDBusMessage FakeService::Object::Answer(const QDBusMessage &message)
@@ -175,6 +193,32 @@ void FakeService::LeaveManager()
 void FakeService::OfferAccounting()
 {
     EXPECT_TRUE(connection.registerService(kAccounting));
+}
+
+void FakeService::LeaveAccounting()
+{
+    EXPECT_TRUE(connection.unregisterService(kAccounting));
+}
+
+void FakeService::RefuseNotices(const QString &text)
+{
+    const QMutexLocker locked(&object->lock);
+    object->noticeError = text;
+}
+
+void FakeService::LeaveNoticesUnanswered()
+{
+    const QMutexLocker locked(&object->lock);
+    object->answersNotices = false;
+}
+
+void FakeService::AnswerNotices()
+{
+    const QMutexLocker locked(&object->lock);
+    object->answersNotices = true;
+    for (const QDBusMessage &each : std::exchange(object->unanswered, {})) {
+        connection.send(each.createReply());
+    }
 }
 
 QStringList FakeService::TakeCalls()

@@ -28,10 +28,14 @@ public:
     void ForgetUnit(); // the manager answers that there is no such unit
     void LeaveManager(); // nobody answers
     void OfferAccounting();
+    void LeaveAccounting();
+    void RefuseNotices(const QString &text); // each is answered by an error with this text
+    void LeaveNoticesUnanswered(); // as a service that hangs; AnswerNotices answers them all
+    void AnswerNotices();
 
     // The commands and notifications since the last call, in order, once all that the tested code
     // has sent so far is here. As in "StartUnit tollbrooksvc.service replace, interactive" and
-    // "BlockUser 7, no reply".
+    // "BlockUser 7"; ", no reply" follows where the message asks for none.
     [[nodiscard]] QStringList TakeCalls();
 
     // How often the unit's state was asked for since the last call.

@@ -1,6 +1,8 @@
 #include "support/core/statement_recorder.h"
 
 #include <QLoggingCategory>
+#include <QMutex>
+#include <QRegularExpression>
 
 #include <utility>
 
@@ -8,12 +10,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QMutex mutex; // the windows' session has a thread of its own
 QStringList recorded;
 QtMessageHandler previousHandler = nullptr;
 
 void Record(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (qstrcmp(context.category, "tollbrook.db.statement") == 0) {
+        const QMutexLocker lock(&mutex);
         recorded << text;
     } else if (previousHandler != nullptr) {
         previousHandler(type, context, text);
@@ -37,5 +41,13 @@ StatementRecorder::~StatementRecorder()
 
 QStringList StatementRecorder::Take()
 {
+    const QMutexLocker lock(&mutex);
     return std::exchange(recorded, {});
+}
+
+QStringList StatementRecorder::TakeChanging()
+{
+    static const QRegularExpression changing(u"^(INSERT|UPDATE|DELETE)\\b"_s,
+                                             QRegularExpression::CaseInsensitiveOption);
+    return Take().filter(changing);
 }

@@ -13,4 +13,7 @@ public:
 
     // Those since the last call.
     [[nodiscard]] QStringList Take();
+
+    // Of those, the ones that change rows.
+    [[nodiscard]] QStringList TakeChanging();
 };

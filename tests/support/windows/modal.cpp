@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr const char *kWaitClass = "WaitDialog";
 constexpr int kButtonAnimation = 500; // milliseconds, twice what it takes and more
 
 QList<WindowWatch *> &Waiting()
@@ -39,6 +40,9 @@ bool WindowWatch::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::Show || !watched->inherits(windowClass) || met
         || Waiting().last() != this) {
+        return false;
+    }
+    if (watched->inherits(kWaitClass) && qstrcmp(windowClass, kWaitClass) != 0) {
         return false;
     }
     auto *window = static_cast<QWidget *>(watched);
@@ -85,8 +89,35 @@ WhileModal::WhileModal(std::function<void(QDialog &)> answer)
     })
 { }
 
+WhileWaiting::WhileWaiting(std::function<void(QDialog &)> answer)
+    : WindowWatch(kWaitClass, [chosen = std::move(answer)](QWidget &window) {
+        chosen(static_cast<QDialog &>(window));
+    })
+{ }
+
 WhileMenu::WhileMenu(std::function<void(QMenu &)> answer)
     : WindowWatch("QMenu", [chosen = std::move(answer)](QWidget &window) {
         chosen(static_cast<QMenu &>(window));
     })
 { }
+
+ClosedDialogs::ClosedDialogs()
+{
+    qApp->installEventFilter(this);
+}
+
+int ClosedDialogs::Take()
+{
+    return std::exchange(count, 0);
+}
+
+bool ClosedDialogs::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *dialog = qobject_cast<QDialog *>(watched);
+    if (event->type() == QEvent::Show && dialog != nullptr && dialog->isModal()
+        && !dialog->inherits(kWaitClass)) {
+        ++count;
+        QTimer::singleShot(0, dialog, &QDialog::reject);
+    }
+    return false;
+}

@@ -40,7 +40,31 @@ public:
     explicit WhileModal(std::function<void(QDialog &)> answer);
 };
 
-// As above for the next pop-up menu; it is closed after `answer`.
+// Closes every modal dialog that opens while this lives, and counts them.
+class ClosedDialogs : public QObject
+{
+public:
+    ClosedDialogs();
+
+    // Since the last call.
+    [[nodiscard]] int Take();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    int count = 0;
+};
+
+// As WhileModal for the window of a wait, which the others leave alone: a wait that takes long on a busy
+// machine is none of theirs.
+class WhileWaiting : public WindowWatch
+{
+public:
+    explicit WhileWaiting(std::function<void(QDialog &)> answer);
+};
+
+// As WhileModal for the next pop-up menu; it is closed after `answer`.
 class WhileMenu : public WindowWatch
 {
 public:

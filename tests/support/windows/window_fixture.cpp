@@ -1,5 +1,7 @@
 #include "support/windows/window_fixture.h"
 
+#include <QtTest>
+
 using namespace Qt::StringLiterals;
 
 void WindowFixture::SetUp()
@@ -17,6 +19,17 @@ void WindowFixture::SetUp()
     }
 }
 
+void WindowFixture::TearDown()
+{
+    database.reset();
+    DatabaseFixture::TearDown();
+}
+
+void WindowFixture::LetSessionFinish() const
+{
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !database->IsBusy(); }, 10000));
+}
+
 void WindowFixture::UseBus(const QDBusConnection &bus)
 {
     Start({.configFolder = ConfigFolder(), .opensDatabase = false, .bus = bus});
@@ -29,8 +42,15 @@ void WindowFixture::UseConfigFolder(const QString &configFolder)
 
 void WindowFixture::Start(const StartUpOptions &options)
 {
-    program.emplace(StartProgram(options));
-    services.emplace(ServicesOf(*program, prompt));
+    program.emplace(options);
+    database = std::make_unique<SessionThread>();
+    database->Open(Dsn());
+    services.emplace(AppServices {program->settings,
+                                  *database,
+                                  program->control,
+                                  program->connection,
+                                  news,
+                                  prompt});
 }
 
 QString WindowFixture::ConfigFolder() const

@@ -13,10 +13,10 @@ class HostedPage : public AccountWindowFixture
 {
 protected:
     template <typename PageType, typename IdType>
-    QWidget &Host(IdType id)
+    QWidget &Host(IdType id, AccountingMode ownerMode)
     {
         sheet = std::make_unique<Sheet>(u"Properties"_s, nullptr);
-        auto *page = new PageType(Services(), id, staged);
+        auto *page = new PageType(Services(), id, ownerMode, staged);
         sheet->Add(page);
         sheet->Start(0);
         sheet->show();
@@ -44,7 +44,7 @@ TEST_F(HostedPage, StagesOneCreditAndCloseMarks)
     AddCredit("mode, object_id, date, moneydata, unlimited", "2, 1, '2026-11-05 10:00:00', 4, 1");
     AddCredit("mode, object_id, date, data, closed", "2, 1, '2026-11-04 10:00:00', 9, 1");
     const QStringList before = EveryRow();
-    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1});
+    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1}, AccountingMode::Provider);
     const QString open = u"1|2026-11-05|10|Euro|0.00|0|Unlimited|Active"_s;
     EXPECT_EQ(Listed(page)[0], open);
     EXPECT_EQ(Find<QLineEdit>(page, "balance").text(), u"0.00"_s);
@@ -79,7 +79,8 @@ TEST_F(HostedPage, StagesOneCreditAndCloseMarks)
     EXPECT_EQ(EveryRow(), before) << "nothing is written by the page";
 
     EXPECT_EQ(staged.closed, std::vector {BillId {1}});
-    EXPECT_TRUE(ApplyStagedAccount(UserId {1}, AccountingMode::Provider, staged, 2.5, nullptr));
+    const Action write = WriteAccountAction(UserId {1}, AccountingMode::Provider, staged, 2.5);
+    EXPECT_TRUE(RunAction(write, {}, nullptr).IsDone());
     EXPECT_EQ(RowsOf("SELECT bill_id, closed FROM billing ORDER BY bill_id"),
               (QStringList {u"1|1"_s, u"2|1"_s, u"3|0"_s}));
 }
@@ -90,7 +91,7 @@ TEST_F(HostedPage, ShowsItsStagedValuesAgainWhenItReturns)
     AddCredit("mode, object_id, data", "1, 1, 50");
     staged.credits = {{Megabytes {3}, true, {}}};
     staged.closed = {BillId {1}};
-    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1});
+    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1}, AccountingMode::Traffic);
     EXPECT_EQ(Listed(page).size(), 2);
     EXPECT_TRUE(Listed(page)[0].endsWith(u"|50.00|0.00|Expired|Mbytes"_s));
     EXPECT_TRUE(Listed(page)[1].endsWith(u"|3||New|Mbytes"_s));
@@ -104,20 +105,20 @@ TEST_F(HostedPage, ShowsItsStagedValuesAgainWhenItReturns)
 TEST_F(HostedPage, OfAGroupAddsByItsModeOnly)
 {
     AddOwners(AccountingMode::Traffic);
-    QWidget &page = Host<CAdministratorGroupPAcc>(GroupId {81});
+    QWidget &page = Host<CAdministratorGroupPAcc>(GroupId {81}, AccountingMode::Traffic);
     Add(page, u"1"_s);
     EXPECT_TRUE(Listed(page).value(0).endsWith(u"|1||New|Mbytes"_s));
     staged.Clear();
     for (const AccountingMode other :
          {AccountingMode::NoControl, AccountingMode::Time, AccountingMode::TrafficAndTime}) {
         Execute("UPDATE groups SET mode = (?) WHERE group_id = 81", other);
-        QWidget &none = Host<CAdministratorGroupPAcc>(GroupId {81});
+        QWidget &none = Host<CAdministratorGroupPAcc>(GroupId {81}, other);
         Click(none, "add");
         EXPECT_EQ(QApplication::activeModalWidget(), sheet.get()) << static_cast<quint32>(other);
         EXPECT_TRUE(staged.IsEmpty());
     }
     Execute("UPDATE groups SET mode = 2 WHERE group_id = 81");
-    QWidget &prepaid = Host<CAdministratorGroupPAcc>(GroupId {81});
+    QWidget &prepaid = Host<CAdministratorGroupPAcc>(GroupId {81}, AccountingMode::Provider);
     Add(prepaid, u"1"_s);
     EXPECT_TRUE(Listed(prepaid).value(0).endsWith(u"|1.00|Mbytes|||Unlimited|New"_s));
 }
@@ -125,7 +126,7 @@ TEST_F(HostedPage, OfAGroupAddsByItsModeOnly)
 TEST_F(HostedPage, OfAUserWithoutControlStagesAPrePaidCredit)
 {
     AddOwners(AccountingMode::NoControl);
-    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1});
+    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1}, AccountingMode::NoControl);
     Add(page, u"7"_s);
     EXPECT_EQ(Listed(page), QStringList {u"1|2026-11-21|7.00|Mbytes|||Unlimited|New"_s});
     Click(page, "delete");
@@ -138,7 +139,7 @@ TEST_F(HostedPage, KeepsAHundredCreditsAndOneMore)
     for (int i = 0; i < 130; ++i) {
         AddCredit("mode, object_id, data", "1, 1, 50");
     }
-    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1});
+    QWidget &page = Host<CAdministratorUserPAcc>(UserId {1}, AccountingMode::Traffic);
     EXPECT_EQ(Listed(page).size(), 100);
     Add(page, u"1"_s);
     EXPECT_EQ(Listed(page).size(), 101);

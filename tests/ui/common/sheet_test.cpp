@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -150,6 +151,33 @@ TEST_F(SheetTest, OkAsksEveryPageBeforeAnyIsCollected)
     EXPECT_EQ(sheet.result(), QDialog::Accepted);
     EXPECT_THAT(
         calls, ElementsAre("a leave", "b leave", "c leave", "a collect", "b collect", "c collect"));
+}
+
+TEST_F(SheetTest, AnOkThatIsNotStoredKeepsItOpen)
+{
+    bool stores = false;
+    sheet.SetApply([&] {
+        calls.emplace_back("apply");
+        return stores;
+    });
+    Open(0);
+    auto *ok = sheet.findChild<QPushButton *>(u"ok"_s);
+    QTest::mouseClick(ok, Qt::LeftButton);
+    EXPECT_TRUE(sheet.isVisible());
+    EXPECT_THAT(
+        calls,
+        ElementsAre(
+            "a leave", "b leave", "c leave", "a collect", "b collect", "c collect", "apply"));
+
+    b->mayLeave = false;
+    QTest::mouseClick(ok, Qt::LeftButton);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "apply"), 1) << "a page refused before";
+
+    b->mayLeave = true;
+    stores = true;
+    QTest::mouseClick(ok, Qt::LeftButton);
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_EQ(sheet.result(), QDialog::Accepted);
 }
 
 TEST_F(SheetTest, EscapeAndCancelCollectNothing)

@@ -1,6 +1,5 @@
 #include "list_fixture.h"
 
-#include "access/list_commands.h"
 #include "support/windows/modal.h"
 
 #include <QContextMenuEvent>
@@ -40,7 +39,9 @@ UserId ListFixture::AddUser(const SampleUser &user)
 GroupId
 ListFixture::AddGroupNamed(const QString &name, const QString &description, AccountingMode mode)
 {
-    const GroupId id = AddGroup(name);
+    Execute("INSERT INTO groups (name) VALUES (?)", name);
+    RunQuery("SELECT MAX(group_id) FROM groups", FetchMode::All);
+    const GroupId id = queryResult.Id<GroupId>(1);
     Execute(
         "UPDATE groups SET descrip = (?), mode = (?) WHERE group_id = (?)", description, mode, id);
     return id;
@@ -48,20 +49,24 @@ ListFixture::AddGroupNamed(const QString &name, const QString &description, Acco
 
 CSplitterFrame &ListFixture::ShowFrame()
 {
-    frame = std::make_unique<CSplitterFrame>(Services(), ServiceAtStart(), dialogs);
+    Services().database.Open(Dsn()); // a frame that goes closes it
+    frame = std::make_unique<CSplitterFrame>(Services(), dialogs);
     frame->show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
-    frame->FirstStart();
+    frame->FirstStart({});
+    Settle();
     return *frame;
 }
 
 CAdministratorView &ListFixture::Users() const
 {
+    LetSessionFinish();
     return Find<CAdministratorView>(*frame, "usersList");
 }
 
 CAdministratorViewGrp &ListFixture::Groups() const
 {
+    LetSessionFinish();
     return Find<CAdministratorViewGrp>(*frame, "groupsList");
 }
 
@@ -80,18 +85,23 @@ QAction &ListFixture::Command(const char *name) const
     return Find<QAction>(*frame, name);
 }
 
-void ListFixture::OpenPopUp(ListPane &pane, int row, std::function<void(QMenu &)> act)
+void ListFixture::OpenPopUp(ListPane &pane, int row, const std::function<void(QMenu &)> &act) const
 {
-    const WhileMenu menu(std::move(act));
+    const WhileMenu menu([&](QMenu &shown) {
+        LetSessionFinish(); // an entry may wait for what the database says
+        act(shown);
+    });
     const QPoint place = pane.visualRect(pane.model()->index(row, 0)).center();
     QContextMenuEvent event(QContextMenuEvent::Mouse, place, pane.viewport()->mapToGlobal(place));
     QApplication::sendEvent(pane.viewport(), &event);
 }
 
-void ListFixture::Settle()
+void ListFixture::Settle() const
 {
-    QCoreApplication::processEvents();
-    QCoreApplication::processEvents();
+    for (int turn = 0; turn < 2; ++turn) {
+        QCoreApplication::processEvents();
+        LetSessionFinish();
+    }
 }
 
 template <typename IdType>

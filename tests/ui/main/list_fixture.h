@@ -43,6 +43,7 @@ protected:
     CSplitterFrame &ShowFrame();
     void CloseFrame() { frame.reset(); }
 
+    // Each once it shows what was read last.
     [[nodiscard]] CAdministratorView &Users() const;
     [[nodiscard]] CAdministratorViewGrp &Groups() const;
 
@@ -53,10 +54,10 @@ protected:
     [[nodiscard]] QAction &Command(const char *name) const;
 
     // Opens the pop-up menu of the selection by the right mouse button on this row.
-    static void OpenPopUp(ListPane &pane, int row, std::function<void(QMenu &)> act);
+    void OpenPopUp(ListPane &pane, int row, const std::function<void(QMenu &)> &act) const;
 
-    // Lets the commands on the selection come up to date.
-    static void Settle();
+    // Lets the lists and the commands on the selection come up to date.
+    void Settle() const;
 
     FrameDialogs dialogs = NotingDialogs();
     QStringList opened; // such as "userProperties 1"

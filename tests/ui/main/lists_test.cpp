@@ -1,6 +1,5 @@
 // The users list and the groups list, worked with by mouse and keys.
 #include "access/list_commands.h"
-#include "base/painted_work.h"
 #include "db/value_codes.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
@@ -260,20 +259,13 @@ TEST_F(Lists, DeleteAsksAndRemovesExactlyTheSelectedUsers)
     ClickCell(Users(), 2, 0, Qt::ControlModifier);
     prompt.AnswerWith({true});
     StatementRecorder recorder;
-    QStringList meanwhile; // the window goes on being painted, without those that are deleted
-    QTimer::singleShot(0, &Users(), [&] {
-        if (IsWorkRunning()) {
-            meanwhile = Names();
-        }
-    });
     QTest::keyClick(&Users(), Qt::Key_Delete);
-    EXPECT_EQ(meanwhile, QStringList(u"bert"_s));
-    const QStringList statements = recorder.Take();
-    ASSERT_EQ(statements.size(), 14); // six for each user, the refill, one group's name
+    LetSessionFinish();
+    const QStringList statements = recorder.TakeChanging();
+    ASSERT_EQ(statements.size(), 12); // six for each user
     EXPECT_EQ(statements[0], u"DELETE FROM users WHERE user_id = (?)"_s);
     EXPECT_EQ(statements[5], u"UPDATE logins SET userid=0 WHERE userid = (?)"_s);
     EXPECT_EQ(statements[6], statements[0]);
-    EXPECT_TRUE(statements[12].endsWith(u" ORDER BY username ASC"_s));
     EXPECT_EQ(Names(), QStringList(u"bert"_s));
     EXPECT_EQ(RowsOf("SELECT username FROM users"), QStringList(u"bert"_s));
     EXPECT_EQ(Find<QLabel>(*frame, "usersPane").text(), u"Active users: 1 "_s);
@@ -298,18 +290,25 @@ TEST_F(Lists, ARefillDuringTheQuestionChangesNothing)
 
         std::function<void()> meanwhile;
     } refilling;
-    const AppServices withRefilling {
-        Services().settings, Services().control, Services().connection, refilling};
+    const AppServices withRefilling {Services().settings,
+                                     Services().database,
+                                     Services().control,
+                                     Services().connection,
+                                     Services().news,
+                                     refilling};
     CAdministratorView view(withRefilling, dialogs, nullptr);
     view.LoadColumns();
     view.FirstFill();
+    LetSessionFinish();
     refilling.meanwhile = [&] {
         AddUser({.name = "aaron"}); // comes to stand first
         view.FillList(0, true);
+        LetSessionFinish();
     };
     view.selectionModel()->select(view.model()->index(1, 0),
                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
     view.DeleteSelected();
+    LetSessionFinish();
     EXPECT_EQ(RowsOf("SELECT username FROM users ORDER BY username"),
               QStringList({u"aaron"_s, u"anna"_s, u"carl"_s}));
 }
@@ -328,6 +327,7 @@ TEST_F(Lists, DoNotMonitorMovesUsersOut)
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(u"This will move these users to the unmonitored list. Continue?"_s));
     EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM users WHERE monitored = 0"), QStringList(u"3"_s));
+    LetSessionFinish();
     EXPECT_EQ(Find<QLabel>(*frame, "usersPane").text(), u"Active users: 0 "_s);
 }
 
@@ -342,7 +342,7 @@ TEST_F(Lists, DeletingAGroupTakesOnlyItsRowOut)
     StatementRecorder recorder;
     QTest::keyClick(&Groups(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid().back(), u"This will delete the selected group. Contunue?"_s);
-    EXPECT_EQ(recorder.Take(),
+    EXPECT_EQ(recorder.TakeChanging(),
               QStringList({u"DELETE FROM groups WHERE group_id = (?)"_s,
                            u"UPDATE users SET group_id = 80 WHERE group_id = (?)"_s}));
     EXPECT_EQ(Groups().RowCount(), 1);
@@ -362,7 +362,7 @@ TEST_F(Lists, EverybodyIsKeptByNameAndById)
     EXPECT_EQ(prompt.TakeSaid().back(), u"You cannot delete Everybody group"_s);
     EXPECT_EQ(EveryRow(), before);
 
-    RenameGroup(kEverybodyGroup, u"All"_s);
+    Execute("UPDATE groups SET name = 'All' WHERE group_id = 80");
     QTest::keyClick(&Groups(), Qt::Key_F5);
     ClickCell(Groups(), 0, 0);
     OpenPopUp(Groups(), 0, [](QMenu &menu) { Choose(menu, u"Rename..."_s); });
@@ -408,6 +408,7 @@ TEST_F(Lists, FindLooksForThePrefixOfTheFirstColumn)
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Enter search criteria please"_s));
 
     Users().ToggleColumn(UserColumn::UserName);
+    LetSessionFinish();
     Type(field, u"pc-2"_s);
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(Users().SelectedIds(), QList<UserId>({carl}));
@@ -425,25 +426,80 @@ TEST_F(Lists, ARefillKeepsTheSelection)
     EXPECT_EQ(Users().SelectedRows(), QList<int>({3}));
 }
 
-TEST_F(Lists, ADatabaseThatDisappearsLeavesEmptyLists)
+TEST_F(Lists, WhatCannotBeReadStaysAsItWasShown)
 {
     ShowThree();
-    DisconnectDatabase();
-    QTest::keyClick(&Find<QWidget>(*frame, "findUser"), Qt::Key_F5);
-    EXPECT_EQ(Users().RowCount(), 0);
-    EXPECT_EQ(Groups().RowCount(), 0);
-    EXPECT_TRUE(IsShown(*frame, "failuresPane"));
     QLabel &notice = Find<QLabel>(*frame, "messagePane");
     const QString unread = u"The lists could not be read; the failed statements tell why."_s;
+    Execute("ALTER TABLE users RENAME TO users_away");
+    Execute("ALTER TABLE groups RENAME TO groups_away");
+    QTest::keyClick(&Find<QWidget>(*frame, "findUser"), Qt::Key_F5);
+    EXPECT_EQ(Names(), QStringList({u"anna"_s, u"bert"_s, u"carl"_s}));
+    EXPECT_EQ(Groups().RowCount(), 2);
+    EXPECT_TRUE(IsShown(*frame, "failuresPane"));
     EXPECT_EQ(notice.text(), unread);
-    for (QWidget *list : {static_cast<QWidget *>(&Users()), static_cast<QWidget *>(&Groups())}) {
+    for (ListPane *list : {static_cast<ListPane *>(&Users()), static_cast<ListPane *>(&Groups())}) {
         notice.clear();
         QTest::keyClick(list, Qt::Key_F5);
+        LetSessionFinish();
         EXPECT_EQ(notice.text(), unread);
     }
     notice.clear();
     ClickHeader(u"Username"_s);
+    LetSessionFinish();
     EXPECT_EQ(notice.text(), unread);
+    EXPECT_EQ(Users().header()->sortIndicatorOrder(), Qt::AscendingOrder) << "as it is shown";
+
+    Execute("ALTER TABLE users_away RENAME TO users");
+    Execute("ALTER TABLE groups_away RENAME TO groups");
+    QTest::keyClick(&Find<QWidget>(*frame, "findUser"), Qt::Key_F5);
+    LetSessionFinish();
+    EXPECT_EQ(notice.text(), u"Ready"_s);
+}
+
+TEST_F(Lists, ACommandThatFailedTakesNothingOutOfItsList)
+{
+    ShowThree();
+    Execute("ALTER TABLE billing RENAME TO billing_away");
+    const QStringList before = RowsOf("SELECT * FROM users");
+    prompt.AnswerWith({true, true});
+    ClickCell(Users(), 0, 0);
     QTest::keyClick(&Users(), Qt::Key_Delete);
-    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    LetSessionFinish();
+    QStringList said = prompt.TakeSaid();
+    ASSERT_EQ(said.size(), 2);
+    EXPECT_TRUE(said[1].startsWith(u"The users were not deleted. Nothing was changed"_s))
+        << qPrintable(said[1]);
+    EXPECT_EQ(Names(), QStringList({u"anna"_s, u"bert"_s, u"carl"_s}));
+    EXPECT_EQ(RowsOf("SELECT * FROM users"), before);
+    Execute("ALTER TABLE billing_away RENAME TO billing");
+
+    Execute("CREATE TRIGGER refuse BEFORE UPDATE OF group_id ON users "
+            "BEGIN SELECT RAISE(ABORT, 'not now'); END");
+    ClickCell(Groups(), 1, 0);
+    QTest::keyClick(&Groups(), Qt::Key_Delete);
+    said = prompt.TakeSaid();
+    ASSERT_EQ(said.size(), 2);
+    EXPECT_TRUE(said[1].contains(u"not now"_s)) << qPrintable(said[1]);
+    EXPECT_EQ(Groups().RowCount(), 2);
+    EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM groups"), QStringList(u"2"_s));
+}
+
+TEST_F(Lists, TheMessagePaneTellsOfTheConnectionToTheDatabase)
+{
+    ShowThree();
+    QLabel &notice = Find<QLabel>(*frame, "messagePane");
+    emit Services().database.ConnectionChanged(false);
+    EXPECT_EQ(notice.text(), u"No connection to the database"_s);
+    emit Services().news.Stored(true);
+    EXPECT_EQ(notice.text(), u"No connection to the database"_s) << "as long as it lasts";
+    emit Services().database.ConnectionChanged(true);
+    EXPECT_EQ(notice.text(), u"The change is in force."_s);
+    emit Services().news.Stored(false);
+    EXPECT_EQ(notice.text(), u"The change will be in force when the service starts."_s);
+    emit Services().news.SettingsStored();
+    EXPECT_EQ(notice.text(), u"The settings will be in force when the service is restarted."_s);
+    emit Services().news.NotHeard();
+    EXPECT_EQ(notice.text(),
+              u"The service was not told and will find the change in the database."_s);
 }

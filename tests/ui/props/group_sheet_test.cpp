@@ -206,6 +206,9 @@ TEST_F(GroupSheetTest, AGroupDeletedMeanwhileIsToldAndNothingIsWritten)
         Execute("DELETE FROM groups WHERE group_id = 81");
         before = EveryRow();
         PressButton(sheet, "ok");
+        EXPECT_TRUE(sheet.isVisible());
+        EXPECT_EQ(TextOf(sheet, "name"), u"Front office"_s);
+        sheet.reject();
     }));
     EXPECT_THAT(prompt.TakeSaid(),
                 ElementsAre(u"Move user out of this group?"_s,
@@ -217,8 +220,8 @@ TEST_F(GroupSheetTest, AGroupDeletedMeanwhileIsToldAndNothingIsWritten)
 
 TEST_F(GroupSheetTest, TheTimePageThatIsNotShownWritesItsTimesShorter)
 {
-    GroupRecord record = LoadGroup(GroupId {81}).value();
-    CAdministratorGroupPTime page(prompt, record);
+    GroupRecord record = LoadGroup(GroupId {81}).value().value();
+    CAdministratorGroupPTime page(Services(), record);
     page.Load();
     page.Activate();
     page.show();

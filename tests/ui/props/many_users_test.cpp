@@ -87,6 +87,24 @@ TEST_F(ManyUsersTest, RefusesWhatIsNotWholeAndWritesNothing)
     EXPECT_EQ(EveryRow(), before);
 }
 
+TEST_F(ManyUsersTest, ValuesThatCannotBeEnteredStayEachUsersOwn)
+{
+    Execute("UPDATE users SET traflim = user_id * 10, timelim = user_id, trafperiod = 1, "
+            "timeperiod = 2");
+    EXPECT_TRUE(Open({1, 2}, [](QDialog &dialog) {
+        Click(dialog, "corporate");
+        Click(dialog, "timeControl");
+        Choose(Find<QComboBox>(dialog, "period"), u"Month"_s);
+        Type(Find(dialog, "timeLimit"), u"6"_s);
+        Click(dialog, "ok");
+    }));
+    EXPECT_TRUE(Open({2, 9}, [](QDialog &dialog) {
+        Click(dialog, "provider");
+        Click(dialog, "ok");
+    }));
+    EXPECT_THAT(Stored(), ElementsAre(u"1|4|10|6|2|2"_s, u"2|2|20|6|2|2"_s, u"9|2|90|9|1|2"_s));
+}
+
 TEST_F(ManyUsersTest, UsersThatAreGoneAreLeftOut)
 {
     EXPECT_TRUE(Open({77, 2}, [](QDialog &dialog) {

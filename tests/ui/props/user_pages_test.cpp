@@ -30,7 +30,7 @@ protected:
     template <typename PageType>
     PageType &Show()
     {
-        record = LoadUser(UserId {1}).value();
+        record = LoadUser(UserId {1}).value().value();
         sheet = std::make_unique<Sheet>(u"User properties"_s, nullptr);
         auto *page = MakePage<PageType>();
         sheet->Add(page);
@@ -222,7 +222,7 @@ TEST_F(UserPages, EveryClickOnTheAccessTypeStagesItsMode)
     };
     for (const auto &[control, staged] : clicks) {
         Click(*sheet, control);
-        EXPECT_EQ(static_cast<quint32>(record.mode), staged) << control;
+        EXPECT_EQ(static_cast<quint32>(record.draft.mode), staged) << control;
     }
     EXPECT_TRUE(page.Leave());
     Click(*sheet, "trafficControl");
@@ -261,8 +261,8 @@ TEST_F(UserPages, AnotherAccessTypeDropsWhatWasStagedOfTheAccount)
 
 TEST_F(UserPages, LimitsOpenByMode)
 {
-    Execute("UPDATE users SET trafperiod = 1, traflim = 500, timelim = 8, trafprice = 2.5 "
-            "WHERE user_id = 1");
+    Execute("UPDATE users SET trafperiod = 1, timeperiod = 2, traflim = 500, timelim = 8, "
+            "trafprice = 2.5 WHERE user_id = 1");
     struct Case
     {
         quint32 mode;
@@ -273,7 +273,7 @@ TEST_F(UserPages, LimitsOpenByMode)
         {0, {false, false, false, false}, {"", "", ""}},
         {1, {true, true, false, false}, {"Day", "500", ""}},
         {2, {false, false, false, true}, {"", "", ""}},
-        {4, {true, false, true, false}, {"Day", "", "8"}},
+        {4, {true, false, true, false}, {"Month", "", "8"}},
         {5, {true, true, true, false}, {"Day", "500", "8"}},
     };
     for (const auto &[mode, open, texts] : cases) {
@@ -308,8 +308,9 @@ TEST_F(UserPages, StagedLimitsSurviveTheNextActivationAndNothingElseDoes)
     page.Activate();
     EXPECT_EQ(Text("trafficLimit"), u"600"_s);
     EXPECT_EQ(Text("timeLimit"), u"9"_s);
-    EXPECT_TRUE(record.limits.trafficRaised);
-    EXPECT_FALSE(record.limits.timeRaised);
+    EXPECT_EQ(record.limits.stored.traffic, WholeMegabytes {500})
+        << "as it was when it was changed";
+    EXPECT_EQ(record.limits.stored.time, WholeHours {9});
     InDialog("changePeriod", [](QDialog &dialog) {
         ClickCell(Find<QListWidget>(dialog, "periods"), 0, 0);
         Click(dialog, "ok");

@@ -130,6 +130,38 @@ TEST_F(UserSheetTest, EveryPageIsWorkedByKeyboardAndStoredOnOk)
     EXPECT_THAT(RowsOf("SELECT user_id, port_id FROM port_blocked"), ElementsAre(u"1|80"_s));
 }
 
+TEST_F(UserSheetTest, TheTimeLimitHasAPeriodOfItsOwn)
+{
+    Execute("UPDATE users SET mode = 4, trafperiod = 1, timeperiod = 2, timelim = 8 "
+            "WHERE user_id = 1");
+    const auto periods = [] {
+        return RowsOf("SELECT trafperiod, timeperiod, timelim FROM users WHERE user_id = 1");
+    };
+    const auto changeLimit = [](QDialog &sheet) {
+        EXPECT_EQ(TextOf(sheet, "period"), u"Month"_s);
+        const WhileModal dialog([](QDialog &limit) {
+            TypeInto(limit, "limit", u"9"_s);
+            Press(Qt::Key_Return);
+        });
+        PressButton(sheet, "changeTime");
+        PressButton(sheet, "ok");
+    };
+    EXPECT_TRUE(UserSheet(user_page::kLimits, changeLimit));
+    EXPECT_THAT(periods(), ElementsAre(u"1|2|9"_s));
+    const auto changePeriod = [](QDialog &sheet) {
+        const WhileModal dialog([](QDialog &period) {
+            TabTo(period, "periods");
+            Press(Qt::Key_Up);
+            Press(Qt::Key_Return);
+        });
+        PressButton(sheet, "changePeriod");
+        EXPECT_EQ(TextOf(sheet, "period"), u"Day"_s);
+        PressButton(sheet, "ok");
+    };
+    EXPECT_TRUE(UserSheet(user_page::kLimits, changePeriod));
+    EXPECT_THAT(periods(), ElementsAre(u"1|1|9"_s));
+}
+
 TEST_F(UserSheetTest, CancelLeavesEveryTableUntouched)
 {
     const QStringList before = EveryRow();
@@ -236,6 +268,9 @@ TEST_F(UserSheetTest, AUserDeletedMeanwhileIsToldAndNothingIsWritten)
         Execute("DELETE FROM users WHERE user_id = 1");
         before = EveryRow();
         PressButton(sheet, "ok");
+        EXPECT_TRUE(sheet.isVisible());
+        EXPECT_EQ(TextOf(sheet, "fullName"), u"Anna Holm"_s);
+        sheet.reject();
     }));
     EXPECT_THAT(prompt.TakeSaid(),
                 ElementsAre(u"This user has been deleted meanwhile. Nothing was changed."_s));

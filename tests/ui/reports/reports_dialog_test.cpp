@@ -314,8 +314,10 @@ TEST_F(Reports, AFilterIsKeptWhenItsNamesCannotBeRead)
     Execute("DROP TABLE groups");
     for (const char *name : {"users", "groups"}) {
         Click(*dialog, name);
-        const QString words = u"The %1 cannot be read: "_s.arg(QLatin1StringView(name));
-        EXPECT_TRUE(prompt.TakeSaid().value(0).startsWith(words));
+        const QString told = prompt.TakeSaid().value(0);
+        EXPECT_TRUE(told.startsWith(u"The %1 cannot be read.\n"_s.arg(QLatin1StringView(name))));
+        EXPECT_TRUE(told.contains(u"no such table: "_s + QLatin1StringView(name)))
+            << told.toStdString();
     }
     EXPECT_TRUE(note.contains(u"users ") && note.contains(u"groups ")) << note.toStdString();
     EXPECT_EQ(Find<QLabel>(*dialog, "filterNote").text(), note);
@@ -408,6 +410,19 @@ TEST_F(Reports, FailuresAreToldInTheDialog)
     Settings().WriteText(values::kPath, {});
     ClickGenerate();
     EXPECT_EQ(Message(), u"reports/trafall.rpt: there is no such layout file"_s);
+}
+
+TEST_F(Reports, SettingsThatCannotBeReadAreToldInPlaceOfAMissingLayout)
+{
+    Select(0);
+    QFile file(Settings().FileOf(ConfigKeyId::Base));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("= broken");
+    file.close();
+    const QSignalSpy puts(&dialog->Viewer(), &ReportViewer::PropertyPut);
+    ClickGenerate();
+    EXPECT_TRUE(prompt.TakeSaid().value(0).contains(file.fileName()));
+    EXPECT_TRUE(puts.isEmpty());
 }
 
 TEST_F(Reports, ARunCanBeStopped)

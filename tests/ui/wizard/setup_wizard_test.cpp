@@ -6,10 +6,9 @@
 #include "support/windows/window_fixture.h"
 #include "ui/common/ip_address_field.h"
 
-#include <QAbstractButton>
+#include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QTreeWidget>
 #include <QWizardPage>
 
@@ -17,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr auto kEveryProtocol = "SELECT id, proto_name, mon FROM Protocols ORDER BY id";
+constexpr auto kEveryPort = "SELECT port_id, proto_id, port_number FROM Ports ORDER BY port_id";
 constexpr auto kPortRows =
     "SELECT proto_name, port_number FROM protocols, ports WHERE proto_id = id "
     "AND proto_name = 'Gopher' ORDER BY port_number";
@@ -58,6 +59,21 @@ protected:
     {
         const WhileModal watch(answer);
         return RunSetupWizard(Services(), nullptr);
+    }
+
+    // The one message since the last call.
+    QString Message()
+    {
+        const QStringList said = prompt.TakeSaid();
+        EXPECT_EQ(said.size(), 1) << said.join(u" | "_s).toStdString();
+        return said.value(0);
+    }
+
+    void WriteBaseFile(const QByteArray &text)
+    {
+        QFile file(Store().FileOf(ConfigKeyId::Base));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
     }
 };
 
@@ -260,6 +276,7 @@ TEST_F(SetupWizardWindow, SuggestsTheMachinesNetworksWhileThereAreNone)
 {
     const QList<Adapter> adapters {{u"eth0"_s, u"Ethernet adapter eth0"_s, false, 0xC0A80107U, 24}};
     NetworkSetup setup;
+    setup.protocols.emplace();
     CSetupWizard wizard(prompt, setup, adapters, nullptr);
     wizard.show();
     Click(wizard, "next");
@@ -273,4 +290,95 @@ TEST_F(SetupWizardWindow, SuggestsTheMachinesNetworksWhileThereAreNone)
 
     CSetupWizard again(prompt, setup, adapters, nullptr);
     EXPECT_EQ(again.findChild<QPushButton *>(u"suggestion"_s), nullptr);
+}
+
+TEST_F(SetupWizardWindow, FinishWithPortsThatCouldNotBeReadLeavesThemAll)
+{
+    const QStringList protocols = RowsOf(kEveryProtocol);
+    const QStringList ports = RowsOf(kEveryPort);
+    ASSERT_EQ(ports.size(), 18);
+    for (const bool portsAway : {true, false}) {
+        Execute(portsAway ? "ALTER TABLE Ports RENAME TO away"
+                          : "ALTER TABLE Protocols RENAME TO away");
+        EXPECT_TRUE(Run([&](QDialog &wizard) {
+            const QString told = Message();
+            EXPECT_TRUE(told.startsWith(u"The protocols could not be read."_s));
+            EXPECT_TRUE(told.contains(u"no such table"_s)) << told.toStdString();
+            Execute(portsAway ? "ALTER TABLE away RENAME TO Ports"
+                              : "ALTER TABLE away RENAME TO Protocols");
+            for (const auto &title :
+                 {u"Setup Wizard - Monitored protocols"_s, u"Setup Wizard - TCP/IP ports"_s}) {
+                GoTo(wizard, title);
+                EXPECT_TRUE(OnPage(wizard, "unreadProtocols").isVisible());
+            }
+            EXPECT_FALSE(OnPage(wizard, "portsAdd").isEnabled());
+            Click(wizard, "back");
+            EXPECT_FALSE(OnPage(wizard, "monitorSpecified").isEnabled());
+            EXPECT_FALSE(OnPage(wizard, "protocolsAdd").isEnabled());
+            GoTo(wizard, u"Setup Wizard - User binds"_s);
+            Click(OnPage<QAbstractButton>(wizard, "byMacAddress"));
+            Click(wizard, "next");
+            Click(wizard, "finish");
+            EXPECT_EQ(prompt.TakeSaid(), QStringList());
+        }));
+        EXPECT_EQ(RowsOf(kEveryProtocol), protocols);
+        EXPECT_EQ(RowsOf(kEveryPort), ports);
+        EXPECT_EQ(Store().ReadText(values::kIdentMode), u"1"_s);
+    }
+}
+
+TEST_F(SetupWizardWindow, AFailedFinishKeepsTheWizardAndTheNextOneWritesTheRest)
+{
+    const QStringList before = RowsOf("SELECT proto_id, port_number FROM Ports ORDER BY 1, 2");
+    EXPECT_TRUE(Run([this](QDialog &wizard) {
+        GoTo(wizard, u"Setup Wizard - Monitored protocols"_s);
+        Click(OnPage<QAbstractButton>(wizard, "monitorSpecified"));
+        Type(OnPage(wizard, "protocol"), u"Gopher"_s);
+        Click(OnPage<QPushButton>(wizard, "protocolsAdd"));
+        Click(wizard, "next");
+        auto &protocols = OnPage<QListWidget>(wizard, "portProtocols");
+        protocols.setCurrentRow(protocols.count() - 1);
+        Type(OnPage(wizard, "port"), u"70"_s);
+        Click(OnPage<QPushButton>(wizard, "portsAdd"));
+        GoTo(wizard, u"Setup Wizard - Finish"_s);
+        Execute("CREATE TRIGGER refuse BEFORE INSERT ON Ports WHEN NEW.port_number IN (70, 80) "
+                "BEGIN SELECT RAISE(ABORT, 'no port today'); END");
+        Click(wizard, "finish");
+        const QString told = Message();
+        EXPECT_TRUE(told.startsWith(u"Not all protocols and ports were stored."_s));
+        EXPECT_TRUE(told.contains(u"no port today"_s)) << told.toStdString();
+        EXPECT_TRUE(wizard.isVisible());
+        EXPECT_EQ(Title(wizard), u"Setup Wizard - Finish"_s);
+        EXPECT_EQ(RowsOf("SELECT port_id FROM Ports").size(), 18) << "HTTP kept its own";
+        Execute("DROP TRIGGER refuse");
+        Click(wizard, "finish");
+        EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    }));
+    EXPECT_EQ(RowsOf(kPortRows), QStringList(u"Gopher|70"_s));
+    EXPECT_EQ(RowsOf("SELECT proto_id, port_number FROM Ports, Protocols WHERE proto_id = id AND "
+                     "proto_name <> 'Gopher' ORDER BY 1, 2"),
+              before);
+}
+
+TEST_F(SetupWizardWindow, ADamagedFileIsToldAndKeepsTheWizardOpen)
+{
+    const QByteArray damaged = "timer = 5 sec\n";
+    WriteBaseFile(damaged);
+    EXPECT_TRUE(Run([&](QDialog &wizard) {
+        EXPECT_TRUE(Message().contains(u"Line 1 of the settings file"_s));
+        GoTo(wizard, u"Setup Wizard - User binds"_s);
+        Click(OnPage<QAbstractButton>(wizard, "byUserName"));
+        Click(wizard, "next");
+        Click(wizard, "finish");
+        EXPECT_TRUE(Message().contains(Store().FileOf(ConfigKeyId::Base)));
+        EXPECT_TRUE(wizard.isVisible());
+        QFile file(Store().FileOf(ConfigKeyId::Base));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), damaged);
+        WriteBaseFile("timer = \"5\"\n");
+        Click(wizard, "finish");
+    }));
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    EXPECT_EQ(Store().ReadText(values::kIdentMode), u"2"_s);
+    EXPECT_EQ(Store().ReadText(values::kTimer), u"5"_s);
 }

@@ -1,0 +1,73 @@
+#include "access/address_holder.h"
+
+#include "access/present_users.h"
+#include "db/query.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The first other holder; not the one that is removed anyway.
+std::optional<UserId>
+FindHolder(ActionRun &run, const QString &address, UserId userId, std::optional<UserId> removed)
+{
+    const auto holders = run.Take(ReadAll(
+        "SELECT username, user_id FROM users WHERE ip_addr =(?) and user_id <>(?)",
+        [](const Row &row) { return row.Id<UserId>(2); },
+        address,
+        userId));
+    const auto found =
+        std::ranges::find_if(holders, [&](UserId holder) { return holder != removed; });
+    return found == holders.end() ? std::nullopt : std::optional(*found);
+}
+
+struct TakeOver
+{
+    std::optional<QString> &address; // becomes empty when it must stay as it is
+    std::optional<UserId> removed; // by a take-over before this one
+    QString question;
+};
+
+std::optional<UserId> AskFor(ActionRun &run, UserId userId, const TakeOver &takeOver)
+{
+    if (!takeOver.address) {
+        return std::nullopt;
+    }
+    const auto holder = FindHolder(run, *takeOver.address, userId, takeOver.removed);
+    if (!holder) {
+        return std::nullopt;
+    }
+    const QString key =
+        u"address %1 of user %2"_s.arg(*takeOver.address, QString::number(holder->value));
+    if (!run.Ask({key, takeOver.question})) {
+        takeOver.address.reset();
+        return std::nullopt;
+    }
+    LockUsers(run, {*holder});
+    return holder;
+}
+
+} // namespace
+
+AddressHolders FindHolders(ActionRun &run, UserPlan &plan)
+{
+    AddressHolders holders;
+    holders.ofIpAddress =
+        AskFor(run,
+               plan.userId,
+               {plan.ipAddress,
+                std::nullopt,
+                u"This IP address is bind to another user. This user will be removed. Proceed?"_s});
+    if (run.IsStopped()) { // the same user may hold both, and is asked about once
+        return holders;
+    }
+    holders.ofMacAddress = AskFor(
+        run,
+        plan.userId,
+        {plan.macAddress,
+         holders.ofIpAddress,
+         u"This MAC address is bind to another user. This user will be removed. Proceed?"_s});
+    return holders;
+}

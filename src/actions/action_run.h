@@ -1,0 +1,106 @@
+// One run of an action: what its body reads, asks, writes and tells goes through here, and a failure
+// of any of it sees to it that nothing untrue is written or told.
+#pragma once
+
+#include "actions/action.h"
+#include "actions/notices.h"
+#include "db/row_image.h"
+#include "db/write.h"
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+// In an action of one transaction the first failure, an unanswered question or a refusal stops the
+// run: from then on nothing is written and no notice goes out, whatever the body still does, and the
+// transaction is rolled back. In an action whose statements stand for themselves a failure is noted,
+// and the body goes on.
+class ActionRun
+{
+public:
+    ActionRun(const ActionKind &kind, const Answers &answers, Notices &notices);
+    ActionRun(const ActionRun &) = delete;
+    ActionRun &operator=(const ActionRun &) = delete;
+    ~ActionRun() = default;
+
+    // The value; a failure is noted, and an empty value given in its place.
+    template <typename Value>
+    [[nodiscard]] Value Take(Result<Value> result)
+    {
+        if (!result) {
+            Note(std::move(result.error()));
+            return Value {};
+        }
+        return *std::move(result);
+    }
+
+    // Whether the run is to come to its end: bodies need not ask, but where they would work in vain.
+    [[nodiscard]] bool IsStopped() const;
+
+    // Runs a changing statement. True when it was done.
+    template <typename... Values>
+    bool Write(const char *sqlText, const Values &...values)
+    {
+        return !IsStopped() && Wrote(WriteRows(sqlText, values...), {});
+    }
+
+    // The same for a statement outside a transaction: when the connection is lost on the way, `isDone`
+    // reads whether it was kept.
+    template <typename... Values>
+    bool WriteOrLook(const std::function<Result<bool>()> &isDone,
+                     const char *sqlText,
+                     const Values &...values)
+    {
+        return !IsStopped() && Wrote(WriteRows(sqlText, values...), isDone);
+    }
+
+    // What the statements that follow are about, as a person knows it: a failure names it. For actions
+    // whose statements stand for themselves, so that a person reads what was not written.
+    void About(const QString &what) { about = what; }
+
+    // The rows that the last statement changed.
+    [[nodiscard]] qint64 ChangedRows() const { return changedRows; }
+
+    // Reads the rows so that nobody else changes them before the transaction ends; their difference
+    // at its end is part of the outcome, and settles whether a commit that was not answered was kept.
+    void Lock(const RowSet &rows) { Keep(rows, true); }
+
+    // The same for rows that others may change meanwhile.
+    void Watch(const RowSet &rows) { Keep(rows, false); }
+
+    // The answer; an unanswered question stops the run, which further questions may follow.
+    bool Ask(const Question &question);
+
+    // Ends the run: nothing is changed, for a reason that a person is told.
+    void Refuse(const QString &reason);
+
+    // Tells the service, when the run is not stopped. True when it was told.
+    bool TellBlocked(UserId userId);
+    bool TellUnblocked(UserId userId);
+
+private:
+    friend class ActionRunner;
+
+    struct Kept
+    {
+        RowSet rows;
+        bool locked;
+        std::vector<RowImage> before;
+        std::vector<RowImage> after;
+    };
+
+    void Note(Failure failure);
+    void Keep(const RowSet &rows, bool lock);
+    bool Wrote(Result<qint64> result, const std::function<Result<bool>()> &isDone);
+
+    const ActionKind &kind;
+    const Answers &answers;
+    Notices &notices;
+    std::vector<Kept> kept;
+    QList<Question> questions;
+    QString refusal;
+    QString about;
+    QList<Failure> failures;
+    qint64 changedRows = 0;
+    int written = 0; // statements
+};

@@ -1,0 +1,265 @@
+// The login manager's save: login by login, each of which may fail without stopping the others.
+#include "actions/action_run.h"
+#include "admin/login_rows.h"
+#include "admin/login_storage.h"
+
+#include <QCoreApplication>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Words(const char *text)
+{
+    return QCoreApplication::translate("LoginSave", text);
+}
+
+bool HasSameLimit(const Login &one, const Login &other)
+{
+    return one.limit == other.limit && one.limitIp == other.limitIp
+        && one.limitMac == other.limitMac;
+}
+
+QString LimitText(const Login &login)
+{
+    switch (login.limit) {
+    case Login::Limit::IpAddress:
+        return login.limitIp;
+    case Login::Limit::MacAddress:
+        return login.limitMac;
+    case Login::Limit::None:
+        break;
+    }
+    return Words(QT_TRANSLATE_NOOP("LoginSave", "no limit"));
+}
+
+class LoginsSave
+{
+public:
+    LoginsSave(ActionRun &actionRun, const LoginChanges &wanted, LoginSaveReport &saveReport)
+        : run(actionRun)
+        , changes(wanted)
+        , report(saveReport)
+    { }
+
+    void Run()
+    {
+        for (const LoginChange &change : changes.changed) {
+            change.isNew ? PrepareNew(change.draft) : PrepareChanged(change);
+        }
+        if (run.IsStopped()) {
+            return;
+        }
+        Delete(changes.removedFirst);
+        for (const Login &login : prepared) {
+            Write(login);
+        }
+        Delete(changes.removedLast);
+    }
+
+private:
+    [[nodiscard]] bool IsNew(const Login &login) const { return newNames.contains(login.name); }
+
+    // A name that is only used again belongs to a row that goes first.
+    void PrepareNew(const Login &login)
+    {
+        const bool makesRoom = changes.removedFirst.contains(login.name, Qt::CaseInsensitive);
+        const auto stored = ReadDigest(login.name);
+        if (!stored) {
+            Fail(stored.error(), login.name);
+        } else if (*stored && !makesRoom) {
+            Leave(Words(QT_TRANSLATE_NOOP(
+                      "LoginSave",
+                      "The login %1 was not saved: somebody else has made it meanwhile.")),
+                  login.name);
+        } else {
+            newNames << login.name;
+            prepared.push_back(login);
+        }
+    }
+
+    void PrepareChanged(const LoginChange &change)
+    {
+        const QString &name = change.draft.name;
+        const auto stored = ReadStoredLogin(name);
+        const auto digest = ReadDigest(name);
+        if (!stored || !digest) {
+            Fail(stored ? digest.error() : stored.error(), name);
+            return;
+        }
+        if (!*stored || !*digest) {
+            Leave(Words(QT_TRANSLATE_NOOP(
+                      "LoginSave",
+                      "The login %1 was not saved: somebody else has removed it meanwhile.")),
+                  name);
+            return;
+        }
+        const auto present = WithUser(**stored);
+        if (!present) {
+            Fail(present.error(), name);
+            return;
+        }
+        Login login = Merged(change, *present);
+        if (login.digest.isEmpty()) {
+            login.digest = **digest;
+        }
+        prepared.push_back(login);
+    }
+
+    // What was not touched stays as it stands now; what somebody else changed as well is asked.
+    Login Merged(const LoginChange &change, const Login &present)
+    {
+        const auto &[base, draft, isNew] = change;
+        Login login = draft;
+        if (!Takes(draft.name,
+                   Words(QT_TRANSLATE_NOOP("LoginSave", "the limit of the workstation")),
+                   !HasSameLimit(draft, base),
+                   HasSameLimit(present, base) || HasSameLimit(present, draft),
+                   LimitText(present))) {
+            login.limit = present.limit;
+            login.limitIp = present.limitIp;
+            login.limitMac = present.limitMac;
+        }
+        if (!Takes(draft.name,
+                   Words(QT_TRANSLATE_NOOP("LoginSave", "the access to personal statistics")),
+                   draft.allowStats != base.allowStats,
+                   true, // of two values it is either the old one or the same
+                   {})) {
+            login.allowStats = present.allowStats;
+        }
+        if (!Takes(draft.name,
+                   Words(QT_TRANSLATE_NOOP("LoginSave", "the bound user")),
+                   draft.userId != base.userId,
+                   present.userId == base.userId || present.userId == draft.userId,
+                   present.userId.IsSet() ? present.userName
+                                          : Words(QT_TRANSLATE_NOOP("LoginSave", "none")))) {
+            login.userId = present.userId;
+            login.userName = present.userName;
+            login.groupId = present.groupId;
+        }
+        return login;
+    }
+
+    // Whether the table's value counts, not the one that stands there now.
+    bool Takes(const QString &login,
+               const QString &what,
+               bool isTouched,
+               bool isUndisputed,
+               const QString &present)
+    {
+        if (!isTouched || isUndisputed) {
+            return isTouched;
+        }
+        return run.Ask(
+            {u"login "_s + login + u' ' + what + u' ' + present,
+             Words(QT_TRANSLATE_NOOP("LoginSave",
+                                     "Login %1: %2 was changed meanwhile to %3 \u2013 overwrite?"))
+                 .arg(login, what, present)});
+    }
+
+    void Delete(const QStringList &names)
+    {
+        for (const QString &name : names) {
+            const auto isGone = [&name] {
+                return ReadDigest(name).map(
+                    [](const std::optional<QString> &found) { return !found; });
+            };
+            if (run.WriteOrLook(isGone, "DELETE FROM logins WHERE login=(?)", name)) {
+                report.saved.removed << name;
+            } else {
+                Leave(Words(QT_TRANSLATE_NOOP("LoginSave", "The login %1 was not removed.")), name);
+            }
+        }
+    }
+
+    void Write(const Login &login)
+    {
+        const bool needsRoom = changes.removedFirst.contains(login.name, Qt::CaseInsensitive);
+        const bool hasRoom = report.saved.removed.contains(login.name, Qt::CaseInsensitive);
+        if ((needsRoom && !hasRoom) || !(IsNew(login) ? Insert(login) : Update(login))) {
+            Leave(Words(QT_TRANSLATE_NOOP("LoginSave", "The login %1 was not saved.")), login.name);
+            return;
+        }
+        Login written = login;
+        written.digest.clear();
+        report.saved.written.push_back(written);
+    }
+
+    bool Insert(const Login &login)
+    {
+        const auto isMade = [&login] {
+            return ReadDigest(login.name).map([](const std::optional<QString> &found) {
+                return found.has_value();
+            });
+        };
+        return run.WriteOrLook(
+            isMade,
+            "INSERT INTO Logins (login, LimitIP, LimitMAC, LimitPCMode, LimitPC, Virtual, "
+            "AllowStats, userid, Pwd) VALUES ((?), (?), (?), (?), (?), (?), (?), (?), (?))",
+            login.name,
+            login.limitIp,
+            login.limitMac,
+            LimitMode(login),
+            LimitOn(login),
+            quint32 {login.guest},
+            quint32 {login.allowStats},
+            login.userId,
+            login.digest);
+    }
+
+    bool Update(const Login &login)
+    {
+        return run.WriteOrLook(
+            [&login] { return Stands(login); },
+            "UPDATE Logins SET LimitIP=(?), LimitMAC=(?), LimitPCMode=(?), LimitPC=(?), "
+            "AllowStats=(?), userid=(?), Pwd=(?) WHERE login=(?)",
+            login.limitIp,
+            login.limitMac,
+            LimitMode(login),
+            LimitOn(login),
+            quint32 {login.allowStats},
+            login.userId,
+            login.digest,
+            login.name);
+    }
+
+    static Result<bool> Stands(const Login &login)
+    {
+        const auto stored = ReadStoredLogin(login.name);
+        const auto digest = ReadDigest(login.name);
+        if (!stored || !digest) {
+            return tl::unexpected(stored ? digest.error() : stored.error());
+        }
+        return *stored && HasSameLimit(**stored, login) && (*stored)->allowStats == login.allowStats
+            && (*stored)->userId == login.userId && *digest == login.digest;
+    }
+
+    void Leave(const QString &sentence, const QString &name)
+    {
+        report.notSaved << sentence.arg(name);
+    }
+
+    void Fail(const Failure &failure, const QString &name)
+    {
+        (void)run.Take(Result<bool>(tl::unexpected(failure)));
+        Leave(Words(QT_TRANSLATE_NOOP("LoginSave", "The login %1 was not saved.")), name);
+    }
+
+    ActionRun &run;
+    const LoginChanges &changes;
+    LoginSaveReport &report;
+    std::vector<Login> prepared; // complete, in their order
+    QStringList newNames;
+};
+
+} // namespace
+
+Action SaveLoginsAction(const LoginChanges &changes, const std::shared_ptr<LoginSaveReport> &report)
+{
+    return {ActionId::SaveLogins, [changes, report](ActionRun &run) {
+                *report = {};
+                LoginsSave(run, changes, *report).Run();
+            }};
+}

@@ -1,0 +1,67 @@
+#include "admin/save_report.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Words(const char *text)
+{
+    return QCoreApplication::translate("SaveReport", text);
+}
+
+} // namespace
+
+bool SaveReport::IsDone() const
+{
+    return questions.isEmpty() && !isDeclined && !isUnknown && settings.isEmpty()
+        && notDone.isEmpty() && leftOut.isEmpty() && statements.isEmpty();
+}
+
+QString SaveReport::InWords() const
+{
+    if (IsDone() || isDeclined || !questions.isEmpty()) {
+        return {};
+    }
+    QStringList lines = notDone + leftOut;
+    if (!settings.isEmpty()) {
+        lines << Words(QT_TRANSLATE_NOOP("SaveReport", "Not all settings were written."));
+    }
+    lines << (isUnknown
+                  ? Words(QT_TRANSLATE_NOOP(
+                      "SaveReport",
+                      "It is not known whether everything was written. Please look at it again."))
+                  : Words(QT_TRANSLATE_NOOP(
+                      "SaveReport", "What is not named here was written as it was entered.")));
+    QStringList reasons;
+    for (const SettingsFailure &failure : settings) {
+        reasons << TextOf(failure);
+    }
+    for (const Failure &failure : statements) {
+        reasons << failure.InWords();
+    }
+    reasons.removeDuplicates();
+    return (QStringList(lines.join(u'\n')) + reasons).join(u"\n\n"_s);
+}
+
+void SaveReport::Add(const SettingsResult &result)
+{
+    if (!result && !settings.contains(result.error())) {
+        settings.append(result.error());
+    }
+}
+
+void SaveReport::Add(ActionId action, const Outcome &outcome)
+{
+    questions += outcome.questions;
+    statements += outcome.failures;
+    isUnknown = isUnknown || outcome.state == Outcome::State::Unknown;
+    const QString what = QCoreApplication::translate("Action", KindOf(action).notDone);
+    if (!outcome.failures.isEmpty() && !notDone.contains(what)) {
+        notDone << what;
+    }
+    if (!outcome.refusal.isEmpty()) {
+        leftOut << outcome.refusal;
+    }
+}

@@ -1,0 +1,137 @@
+#include "admin/save_steps.h"
+
+#include "admin/protocol_storage.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Words(const char *text)
+{
+    return QCoreApplication::translate("SaveSteps", text);
+}
+
+} // namespace
+
+SaveSteps::SaveSteps(const ConfigStore &configStore, const Answers &givenAnswers)
+    : store(configStore)
+    , answers(givenAnswers)
+{ }
+
+void SaveSteps::AskOnExclusions(const QList<Ipv4> &base, const QList<Ipv4> &draft)
+{
+    for (const Ipv4 address : ExclusionsToWrite(base, draft)) {
+        const auto users = UsersOf(address);
+        if (!users) {
+            lookups.statements << users.error();
+            lookups.leftOut << Words(
+                                   QT_TRANSLATE_NOOP(
+                                       "SaveSteps",
+                                       "Whether a user has the excluded address %1 is not known."))
+                                   .arg(DottedText(address));
+        } else if (!users->empty()) {
+            const Question question = QuestionOnUsersOf(address, *users);
+            if (!answers.contains(question.key)) {
+                report.questions << question;
+            } else if (answers.value(question.key)) {
+                withUsersToRemove << address;
+            }
+        }
+    }
+}
+
+// Exclusions that were not touched stay as they stand now.
+QList<Ipv4> SaveSteps::ExclusionsToWrite(const QList<Ipv4> &base, const QList<Ipv4> &draft) const
+{
+    const auto localIp = store.ReadKey(ConfigKeyId::LocalIp);
+    return draft == base && localIp ? LoadExclusions(*localIp, kMaxExclusions)
+                                    : draft.first(std::min(draft.size(), kMaxExclusions));
+}
+
+void SaveSteps::AskOnDenials(const std::optional<ProtocolTable> &protocols)
+{
+    if (!protocols) {
+        return;
+    }
+    // What cannot be read here is read again by the save itself, which tells the failure.
+    for (const Question &question : QuestionsOnDenials(*protocols).value_or(QList<Question>())) {
+        if (!answers.contains(question.key)) {
+            report.questions << question;
+        } else if (!answers.value(question.key)) {
+            report.isDeclined = true;
+        }
+    }
+}
+
+bool SaveSteps::MayWrite() const
+{
+    return report.questions.isEmpty() && !report.isDeclined;
+}
+
+void SaveSteps::Edit(ConfigKeyId key, const std::function<void(KeyEditor &)> &edit)
+{
+    report.Add(store.Edit(key, edit));
+}
+
+void SaveSteps::SaveNetwork(const Edited<QList<AddressRange>> &ranges,
+                            const Edited<QList<Ipv4>> &exclusions)
+{
+    const auto written = store.Edit(ConfigKeyId::LocalIp, [&ranges](KeyEditor &key) {
+        SaveRanges(key, ranges.base, ranges.draft);
+    });
+    report.Add(written);
+    if (written) {
+        report.Add(ActionId::ExcludeAddress,
+                   RunAction(ExcludeAddressAction(withUsersToRemove), answers, nullptr));
+    } else if (!withUsersToRemove.isEmpty()) {
+        report.leftOut << Words(QT_TRANSLATE_NOOP(
+            "SaveSteps",
+            "The users of excluded addresses were not removed, since the addresses cannot be "
+            "written either."));
+    }
+    Edit(ConfigKeyId::LocalIp,
+         [&exclusions](KeyEditor &key) { SaveExclusions(key, exclusions.base, exclusions.draft); });
+}
+
+void SaveSteps::SaveProtocols(const std::optional<ProtocolTable> &protocols)
+{
+    if (!protocols) {
+        return;
+    }
+    const auto leftOut = std::make_shared<QStringList>();
+    report.Add(ActionId::SaveProtocols,
+               RunAction(SaveProtocolsAction(*protocols, leftOut), answers, nullptr));
+    report.leftOut += *leftOut;
+}
+
+void SaveSteps::SaveWizardProtocols(const std::optional<ProtocolTable> &protocols)
+{
+    if (!protocols) {
+        return;
+    }
+    for (const auto &[name, action] : SaveWizardProtocolActions(*protocols)) {
+        const Outcome outcome = RunAction(action, answers, nullptr);
+        report.Add(ActionId::SaveSetupProtocols, outcome);
+        if (outcome.state == Outcome::State::NotDone) {
+            report.leftOut << Words(QT_TRANSLATE_NOOP(
+                                        "SaveSteps",
+                                        "The protocol %1 and its ports stay as they were."))
+                                  .arg(name);
+        }
+    }
+}
+
+SaveReport SaveSteps::Report() const
+{
+    SaveReport all = report;
+    if (MayWrite()) {
+        all.leftOut = lookups.leftOut + all.leftOut;
+        all.statements = lookups.statements + all.statements;
+    }
+    return all;
+}

@@ -1,0 +1,46 @@
+#include "app/perform.h"
+
+#include "app/answering.h"
+
+Outcome PerformQuietly(const AppServices &services,
+                       QWidget *parent,
+                       const QString &what,
+                       const Action &action,
+                       SessionThread::Patience patience)
+{
+    return AwaitAnswered(
+        services,
+        parent,
+        what,
+        [&](const Answers &answers) {
+            return [action, answers, link = services.connection.Link()] {
+                return RunAction(action, answers, link.get());
+            };
+        },
+        OpenQuestions,
+        patience);
+}
+
+bool Perform(const AppServices &services,
+             QWidget *parent,
+             const QString &what,
+             const Action &action,
+             SessionThread::Patience patience)
+{
+    const Outcome outcome = PerformQuietly(services, parent, what, action, patience);
+    if (outcome.IsDone()) {
+        if (KindOf(action.id).isEnforced) {
+            emit services.news.Stored(outcome.serviceTold);
+        }
+        return true;
+    }
+    services.prompt.Tell(InWords(action.id, outcome),
+                         outcome.state == Outcome::State::Refused ? Prompt::Icon::Warning
+                                                                  : Prompt::Icon::Error);
+    return false;
+}
+
+void TellUnread(const AppServices &services, const QString &what, const Failure &failure)
+{
+    services.prompt.Tell(what + u"\n\n" + failure.InWords(), Prompt::Icon::Error);
+}

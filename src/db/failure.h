@@ -1,0 +1,36 @@
+// Why a statement did not do what it was sent for, and the one way in which everything that may fail
+// tells it: a Result holds either the value or the failure.
+#pragma once
+
+#include <QString>
+
+#include <tl/expected.hpp>
+
+struct Failure
+{
+    enum class Kind {
+        Refused, // by the engine, for what the statement says or its account may do
+        Locked, // another program held the rows or the database for too long
+        Conflict, // the transaction lost against another one; it may be run again as a whole
+        ConnectionLost, // nothing was kept of what had not been committed
+        NotAnswered, // the call was given up, its connection with it
+        Cancelled, // by a person
+        OutcomeUnknown, // the connection was lost on the way of a write: it may stand or not
+    };
+
+    Kind kind = Kind::Refused;
+    // As it is written in the code; empty for a failed connection.
+    QString statement;
+    QString sqlState;
+    int native = 0; // the engine's own number
+    QString text; // the driver's own words
+    QString about {}; // what of the whole it concerns, as a person knows it; empty for all of it
+
+    // What happened in a sentence for a person, the driver's words last.
+    [[nodiscard]] QString InWords() const;
+
+    bool operator==(const Failure &) const = default;
+};
+
+template <typename Value>
+using Result = tl::expected<Value, Failure>;

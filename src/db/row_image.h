@@ -1,0 +1,32 @@
+// Whole rows as they stand, whatever their columns: to tell what a transaction changed, and whether
+// one whose end was not heard of was kept.
+#pragma once
+
+#include "db/failure.h"
+
+#include <QStringList>
+
+#include <vector>
+
+// The rows of a table that belong to an owner.
+struct RowSet
+{
+    const char *table;
+    const char *ownerColumn; // the column that names the owner
+    quint32 owner;
+    const char *keyColumn; // the column that tells the rows apart
+
+    bool operator==(const RowSet &) const = default;
+};
+
+struct RowImage
+{
+    QString key; // value of the key column
+    QStringList columns;
+    QStringList values; // parallel to the columns; at most 254 bytes of each
+
+    bool operator==(const RowImage &) const = default;
+};
+
+// In the order of the keys. With `lock` nobody else changes the rows before the transaction ends.
+[[nodiscard]] Result<std::vector<RowImage>> ReadImages(const RowSet &rows, bool lock);

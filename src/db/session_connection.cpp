@@ -1,0 +1,290 @@
+// The session's connection: how it is opened, given back, lost and opened again.
+#include "base/text.h"
+#include "db/failure_log.h"
+#include "db/session_limits.h"
+#include "db/session_state.h"
+
+#include <algorithm>
+#include <array>
+#include <thread>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using namespace session;
+using Kind = Failure::Kind;
+
+constinit thread_local DbSession dbSession {};
+constinit thread_local QueryResult queryResult {};
+
+namespace {
+
+// Milliseconds that the embedded engine's driver waits for a lock within one call, where no cancel
+// reaches it. It tries twice, so that a call takes a little more than double.
+constexpr int kWaitWithinCall = 40;
+
+struct Handles
+{
+    SQLHANDLE environment;
+    SQLHANDLE connection;
+    SQLHANDLE statement;
+    SQLHANDLE canceller;
+};
+
+SQLRETURN Free(const Handles &handles)
+{
+    SQLFreeHandle(SQL_HANDLE_STMT, handles.canceller);
+    SQLFreeHandle(SQL_HANDLE_STMT, handles.statement);
+    SQLDisconnect(handles.connection);
+    SQLFreeHandle(SQL_HANDLE_DBC, handles.connection);
+    return SQLFreeHandle(SQL_HANDLE_ENV, handles.environment);
+}
+
+// Where a cancel that hangs still works on the handles, they are freed when it has come to its end: an
+// open connection would go on holding the locks of its transaction.
+void FreeHandles()
+{
+    State &state = Current();
+    const Handles handles {dbSession.environment,
+                           dbSession.connection,
+                           dbSession.statement,
+                           std::exchange(state.canceller, nullptr)};
+    dbSession = {};
+    state.rollsBack = false;
+    if (!state.watch || state.watch->IsAbandoned()) {
+        const auto noCancel =
+            state.watch ? state.watch->HandlesAtLast() : std::unique_lock<std::timed_mutex>();
+        Free(handles);
+    } else if (const auto noCancel = state.watch->Handles()) {
+        Watched(nullptr, [&] { return Free(handles); });
+    } else {
+        std::thread([handles, watch = state.watch] {
+            const auto atLast = watch->HandlesAtLast();
+            Free(handles);
+        }).detach();
+    }
+}
+
+// ODBC allows none of these in the name of a data source.
+bool IsDataSourceName(const QByteArray &dsn)
+{
+    return !dsn.isEmpty() && dsn.size() <= kMaxTextBytes
+        && std::none_of(dsn.begin(), dsn.end(), [](char c) {
+               return QByteArrayView("[]{}(),;?*=!@\\").contains(c);
+           });
+}
+
+// The time limits stand in the connection's text: one driver takes its limit nowhere else, another has
+// a handler of its own in place of what the engine offers. Each leaves aside what it does not know.
+QByteArray ConnectionText(const QByteArray &dsn)
+{
+    const auto seconds = std::chrono::ceil<std::chrono::seconds>(Limits().connect).count();
+    return "DSN=" + dsn + ";UID=system;CONN_TIMEOUT=" + QByteArray::number(qint64 {seconds})
+        + ";Timeout=" + QByteArray::number(kWaitWithinCall);
+}
+
+// Without a password in the text every driver takes the data source's own.
+bool Connect(const QByteArray &dsn)
+{
+    const QByteArray text = ConnectionText(dsn);
+    const auto seconds = std::chrono::ceil<std::chrono::seconds>(Limits().connect).count();
+    SQLSetConnectAttr(
+        dbSession.connection, SQL_ATTR_LOGIN_TIMEOUT, odbc::Value(seconds), SQL_IS_UINTEGER);
+    const SQLRETURN code = Watched(nullptr, [&] {
+        return SQLDriverConnect(dbSession.connection,
+                                nullptr,
+                                odbc::Text(text.constData()),
+                                SQL_NTS,
+                                nullptr,
+                                0,
+                                nullptr,
+                                SQL_DRIVER_NOPROMPT);
+    });
+    if (!odbc::Succeeded(code)) {
+        Failure failure = Diagnosed(SQL_HANDLE_DBC, dbSession.connection, {});
+        failure.kind = Kind::ConnectionLost;
+        Fail(std::move(failure));
+    }
+    return odbc::Succeeded(code);
+}
+
+// False for an engine that is not supported.
+bool ChooseDialect()
+{
+    std::array<char, 64> name {};
+    SQLSMALLINT length = 0;
+    SQLGetInfo(dbSession.connection, SQL_DBMS_NAME, name.data(), name.size(), &length);
+    const Dialect *const found = DialectFor(name.data());
+    if (found == nullptr) {
+        Fail(
+            Told(Kind::Refused,
+                 {},
+                 u"The database engine \"%1\" is not supported."_s.arg(TextFromUtf8(name.data()))));
+        return false;
+    }
+    Current().dialect = found;
+    return true;
+}
+
+// Two drivers' cancel throws away what the statement holds while another thread works with it: there a
+// statement that nobody uses stands in, since it stops all that its connection does.
+bool AddCanceller()
+{
+    State &state = Current();
+    return !state.dialect->cancelsConnection
+        || odbc::Succeeded(SQLAllocHandle(SQL_HANDLE_STMT, dbSession.connection, &state.canceller));
+}
+
+bool TakesSettings()
+{
+    const char *const settings = Current().dialect->settings;
+    if (settings == nullptr) {
+        return true;
+    }
+    const auto seconds = std::chrono::ceil<std::chrono::seconds>(Limits().lock).count();
+    const QByteArray text = QString::fromLatin1(settings)
+                                .replace(u"%1"_s, QString::number(Limits().lock.count()))
+                                .replace(u"%2"_s, QString::number(seconds))
+                                .toLatin1();
+    return RunOwn(text.constData());
+}
+
+// False for a standby, which would refuse every change with words of its own.
+bool IsWritable()
+{
+    const char *const query = Current().dialect->writable;
+    if (query == nullptr) {
+        return true;
+    }
+    SQLINTEGER writable = 0;
+    SQLLEN indicator = 0;
+    const bool isRead = RunOwn(query)
+        && odbc::Succeeded(Watched(nullptr, [] { return SQLFetch(dbSession.statement); }))
+        && odbc::Succeeded(SQLGetData(
+            dbSession.statement, 1, SQL_C_SLONG, &writable, sizeof writable, &indicator));
+    SQLFreeStmt(dbSession.statement, SQL_CLOSE);
+    if (isRead && writable == 0) {
+        Fail(Told(Kind::ConnectionLost,
+                  {},
+                  u"The database server takes no changes: it is a read-only standby."_s));
+    }
+    return isRead && writable != 0;
+}
+
+bool Allocate()
+{
+    return odbc::Succeeded(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &dbSession.environment))
+        && odbc::Succeeded(SQLSetEnvAttr(
+            dbSession.environment, SQL_ATTR_ODBC_VERSION, odbc::Value(SQL_OV_ODBC3), 0))
+        && odbc::Succeeded(
+               SQLAllocHandle(SQL_HANDLE_DBC, dbSession.environment, &dbSession.connection));
+}
+
+bool Open(const QByteArray &dsn)
+{
+    if (!IsDataSourceName(dsn)) {
+        Fail(Told(Kind::ConnectionLost, {}, u"There is no data source of this name."_s));
+        return false;
+    }
+    // Exactly SQL_SUCCESS for the statement: unlike the steps before it, this one does not accept
+    // information.
+    const bool opened = Allocate() && Connect(dsn)
+        && SQLAllocHandle(SQL_HANDLE_STMT, dbSession.connection, &dbSession.statement)
+            == SQL_SUCCESS
+        && ChooseDialect() && AddCanceller() && IsWritable() && TakesSettings();
+    if (!opened) {
+        FreeHandles();
+    }
+    return opened;
+}
+
+} // namespace
+
+void session::Lose()
+{
+    FreeHandles();
+    if (!IsCancelled() && !IsAbandoned()) {
+        ReopenDatabase();
+    }
+}
+
+int ConnectDatabase(const char *dsn)
+{
+    AimDatabase(dsn, {});
+    return ReopenDatabase() ? 1 : 0;
+}
+
+void AimDatabase(const char *dsn, std::chrono::milliseconds pause)
+{
+    State &state = Current();
+    state.dsn = dsn;
+    state.written.reserve(4096);
+    state.translated.reserve(4096);
+    state.pause = std::max(pause, Limits().firstPause);
+    state.nextTry = Clock::now() + pause;
+}
+
+void DisconnectDatabase()
+{
+    State &state = Current();
+    state.dsn.clear();
+    state.transaction = Transaction::None;
+    if (dbSession.statement != nullptr) {
+        FreeHandles();
+    }
+}
+
+bool IsDatabaseOpen()
+{
+    return dbSession.statement != nullptr;
+}
+
+bool ReopenDatabase()
+{
+    if (IsDatabaseOpen()) {
+        return true;
+    }
+    State &state = Current();
+    state.failure.reset();
+    if (Open(state.dsn)) {
+        state.pause = Limits().firstPause;
+        return true;
+    }
+    state.whyClosed = state.failure ? state.failure->text : QString();
+    state.nextTry = Clock::now() + state.pause;
+    state.pause = std::min(2 * state.pause, Limits().longestPause);
+    return false;
+}
+
+const Dialect &SessionDialect()
+{
+    return *Current().dialect;
+}
+
+void WatchCalls(std::shared_ptr<CallWatch> watch)
+{
+    Current().watch = std::move(watch);
+}
+
+// A connection on which a call was asked to stop is not used again: a server may hear of it late, and one
+// driver is left within a transaction of its own.
+void BeginWork()
+{
+    const auto &watch = Current().watch;
+    if (watch && !watch->AreHandlesFresh() && IsDatabaseOpen()) {
+        Lose();
+    }
+}
+
+void AcceptCancel()
+{
+    if (const auto &watch = Current().watch) {
+        watch->Accept();
+        BeginWork();
+    }
+}
+
+bool IsSessionGivenUp()
+{
+    return IsAbandoned();
+}
+

@@ -1,0 +1,47 @@
+// What the main window says in its status bar: what is wrong comes before what was done, and that
+// before what the lists say of themselves.
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+class FrameStatusBar;
+
+class MessagePane : public QObject
+{
+    Q_OBJECT
+
+public:
+    MessagePane(FrameStatusBar &bar, QObject *parent);
+
+    // "No connection to the database", for as long as it lasts.
+    void ShowDatabase(bool connected);
+
+    // The lists are being read: shown once that takes longer than a second, with "Cancel".
+    void ShowReading(bool reading);
+
+    // Something was stored. When it is in force: at once where the service was told, when the service
+    // reads the database next, every `period` seconds, while it runs, else when it starts.
+    void ShowStored(bool serviceTold, bool serviceRuns, int period);
+
+    // Settings were stored: the service takes them up when it starts.
+    void ShowSettingsStored();
+
+    // The service did not hear of a block or unblock.
+    void ShowNotHeard();
+
+    // What the lists say of themselves; empty for nothing.
+    void ShowLists(const QString &text);
+
+private:
+    void ShowNews(const QString &text);
+    void Show();
+
+    FrameStatusBar &bar;
+    QTimer readingDelay {this};
+    QTimer newsTime {this}; // for how long a person reads what was done
+    bool connected = true;
+    bool readsLong = false;
+    QString news;
+    QString lists;
+};
