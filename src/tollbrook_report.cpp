@@ -193,8 +193,8 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
     }
     const WantedNames names = NamesOf(parser, arguments);
     const StartedProgram program({.configFolder = parser.value(arguments.config),
-                                                 .dataSource = parser.value(arguments.dsn),
-                                                 .opensDatabase = !names.IsEmpty()});
+                                  .dataSource = parser.value(arguments.dsn),
+                                  .opensDatabase = !names.IsEmpty()});
     Filters filters;
     if (const int status = ReadFilters(names, program, filters); status != Done) {
         return status;

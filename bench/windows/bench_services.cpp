@@ -4,10 +4,11 @@
 
 using namespace Qt::StringLiterals;
 
-BenchServices::BenchServices(const QString &dsn)
-    : program({.configFolder = folder.path(), .opensDatabase = false})
-    , services {program.settings, database, program.control, program.connection, news, prompt}
+namespace {
+
+QString WithKeys(const QString &folder)
 {
+    const ConfigStore settings(folder);
     for (const auto key : {ConfigKeyId::Base,
                            ConfigKeyId::LocalIp,
                            ConfigKeyId::Price,
@@ -15,10 +16,19 @@ BenchServices::BenchServices(const QString &dsn)
                            ConfigKeyId::Ui,
                            ConfigKeyId::AdapterBind,
                            ConfigKeyId::CaptureDriver}) {
-        if (!program.settings.CreateKey(key)) {
+        if (!settings.CreateKey(key)) {
             Fail(u"The settings cannot be made."_s);
         }
     }
+    return folder;
+}
+
+} // namespace
+
+BenchServices::BenchServices(const QString &dsn)
+    : program({.configFolder = WithKeys(folder.path()), .opensDatabase = false})
+    , services {program.settings, database, program.control, program.connection, news, prompt}
+{
     if (!dsn.isEmpty()) {
         database.Open(dsn);
     }

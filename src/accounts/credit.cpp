@@ -213,7 +213,7 @@ QString OtherModeText(const Owner &owner, AccountingMode modeNow)
 {
     return u"The access type of this "_s % (owner.IsUser() ? u"user"_s : u"group"_s)
         % u" has been changed to \""_s % AccessTypeText(modeNow)
-        % u"\" meanwhile. Nothing was changed. Please open the window again to go on"_s;
+        % u"\" meanwhile. Nothing was changed. Please open the window again to go on."_s;
 }
 
 } // namespace

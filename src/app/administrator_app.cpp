@@ -67,6 +67,9 @@ void CAdministratorApp::OpenDatabase()
 {
     if (program->dataSource.isEmpty()) {
         prompt->Tell(u"Registry error detected. Please reinstall the software"_s);
+        if (const auto problem = program->settings.Problem(ConfigKeyId::Base)) {
+            prompt->Tell(TextOf(*problem), Prompt::Icon::Warning);
+        }
     }
     const auto isOpen = Await(
         *services, activeWindow(), tr("Opening the database..."), [] { return IsSessionOpen(); });

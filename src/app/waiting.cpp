@@ -17,14 +17,14 @@ std::chrono::milliseconds hiddenFor {1000};
 
 }
 
-WaitDialog::WaitDialog(SessionThread &session, const QString &what, QWidget *parent)
+WaitDialog::WaitDialog(const QString &what, QWidget *parent)
     : QDialog(parent)
-    , database(session)
     , text(new QLabel(what, this))
 {
     setObjectName(u"waitDialog"_s);
     setWindowTitle(tr("Please wait"));
     setModal(true);
+    setCursor(Qt::ArrowCursor); // it shows that something can be done here
     text->setObjectName(u"what"_s);
     text->setTextFormat(Qt::PlainText);
     auto *progress = new QProgressBar(this);
@@ -40,17 +40,31 @@ WaitDialog::WaitDialog(SessionThread &session, const QString &what, QWidget *par
     column->addWidget(progress);
     column->addWidget(buttons);
     setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+}
+
+void WaitDialog::reject()
+{
+    text->setText(tr("Cancelling..."));
+    findChild<QPushButton *>(u"cancel"_s)->setEnabled(false);
+    emit Cancelled();
+}
+
+SessionWait::SessionWait(SessionThread &session, QString whatFor, QWidget *window)
+    : database(session)
+    , what(std::move(whatFor))
+    , parent(window)
+{
     delay.setSingleShot(true);
-    connect(&delay, &QTimer::timeout, this, &WaitDialog::ShowItself);
+    connect(&delay, &QTimer::timeout, this, &SessionWait::ShowDialog);
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
-WaitDialog::~WaitDialog()
+SessionWait::~SessionWait()
 {
     QGuiApplication::restoreOverrideCursor();
 }
 
-void WaitDialog::Wait()
+void SessionWait::Run()
 {
     delay.start(hiddenFor);
     if (!finished) {
@@ -61,28 +75,23 @@ void WaitDialog::Wait()
     }
 }
 
-// The pointer shows at "Cancel" that something can be done here.
-void WaitDialog::ShowItself()
+void SessionWait::ShowDialog()
 {
-    setCursor(Qt::ArrowCursor);
-    show();
+    dialog = std::make_unique<WaitDialog>(what, parent);
+    connect(dialog.get(), &WaitDialog::Cancelled, this, [this] { database.Cancel(); });
+    dialog->show();
     hidden.quit();
 }
 
-void WaitDialog::Finish()
+void SessionWait::Finish()
 {
     finished = true;
     delay.stop();
-    hide();
+    if (dialog) {
+        dialog->hide();
+    }
     hidden.quit();
     shown.quit();
-}
-
-void WaitDialog::reject()
-{
-    text->setText(tr("Cancelling..."));
-    findChild<QPushButton *>(u"cancel"_s)->setEnabled(false);
-    database.Cancel();
 }
 
 WaitDelayOverride::WaitDelayOverride(std::chrono::milliseconds delay)

@@ -6,40 +6,54 @@
 
 #include <QDialog>
 #include <QEventLoop>
-#include <QPointer>
 #include <QTimer>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <type_traits>
 #include <utility>
 
 class QLabel;
 
-// Modal from its first moment, with a wait cursor. After a second it shows itself, with what is waited
-// for and "Cancel", which ends the work of the session.
+// Says what is waited for, as in "Reading the user...", with "Cancel".
 class WaitDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    // `what` says what is done, as in "Reading the user...".
-    WaitDialog(SessionThread &database, const QString &what, QWidget *parent);
-    ~WaitDialog() override;
+    WaitDialog(const QString &what, QWidget *parent);
 
-    // Returns once Finish() was called.
-    void Wait();
-    void Finish();
-
-    // Cancel, the key Escape and the window's own button.
+    // Cancel, the key Escape and the window's own button: the wait goes on until the work has ended.
     void reject() override;
 
+signals:
+    void Cancelled();
+
 private:
-    void ShowItself();
+    QLabel *text;
+};
+
+// One wait, with a wait cursor from its first moment. Most are over before anybody sees more: the
+// dialog is made, and shown, after a second; its "Cancel" ends the work of the session.
+class SessionWait : public QObject
+{
+public:
+    SessionWait(SessionThread &database, QString what, QWidget *parent);
+    ~SessionWait() override;
+
+    // Returns once Finish() was called.
+    void Run();
+    void Finish();
+
+private:
+    void ShowDialog();
 
     SessionThread &database;
-    QLabel *text;
-    QTimer delay {this};
+    const QString what;
+    QWidget *const parent;
+    std::unique_ptr<WaitDialog> dialog; // once it shows
+    QTimer delay;
     QEventLoop hidden; // nothing is typed into a window that waits
     QEventLoop shown;
     bool finished = false;
@@ -70,15 +84,15 @@ Await(const AppServices &services,
 {
     using Value = std::invoke_result_t<Work>;
     std::optional<Value> value;
-    WaitDialog dialog(services.database, what, parent);
+    SessionWait wait(services.database, what, parent);
     services.database.Start(
-        &dialog,
+        &wait,
         std::move(work),
         [&](Value given) {
             value.emplace(std::move(given));
-            dialog.Finish();
+            wait.Finish();
         },
         patience);
-    dialog.Wait();
+    wait.Run();
     return *std::move(value);
 }

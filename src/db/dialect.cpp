@@ -24,6 +24,7 @@ constexpr FailureCode kPostgresqlFailures[] = {
     {"40P01", 0, Kind::Conflict},
     {"55P03", 0, Kind::Locked},
     {"57014", 0, Kind::Cancelled},
+    {"25006", 0, Kind::NotWritable}, // a standby, or made read-only meanwhile
     {"57P01", 0, Kind::ConnectionLost},
     {"57P02", 0, Kind::ConnectionLost},
     {"57P03", 0, Kind::ConnectionLost},
@@ -40,6 +41,10 @@ constexpr FailureCode kMariadbFailures[] = {
     {"", 1213, Kind::Conflict}, // deadlock, or refused by a cluster's certification
     {"", 1205, Kind::Locked},
     {"", 1317, Kind::Cancelled},
+    {"", 1047, Kind::NotWritable}, // a cluster's node without the others
+    {"", 1290, Kind::NotWritable}, // read-only
+    // A cluster lost its other nodes on the way of what is kept, which they may have got.
+    {"", 1180, Kind::ConnectionLost},
     {"", 1053, Kind::ConnectionLost}, // the server is shutting down
     {"", 1927, Kind::ConnectionLost}, // killed
     {"", 2002, Kind::ConnectionLost},
@@ -60,6 +65,15 @@ constexpr char kMariadbSettings[] =
     "tx_isolation = IF(@@GLOBAL.log_bin AND @@binlog_format = 'STATEMENT', @@tx_isolation, "
     "'READ-COMMITTED')";
 
+// A cluster's node that lost the others is "not ready", and answers this all the same. A server may have
+// been built without what is asked of here.
+constexpr char kMariadbWritable[] =
+    "SELECT CASE WHEN @@GLOBAL.read_only THEN 0 "
+    "WHEN NOT EXISTS (SELECT 1 FROM information_schema.global_variables "
+    "WHERE variable_name = 'WSREP_ON' AND variable_value = 'ON') THEN 1 "
+    "WHEN EXISTS (SELECT 1 FROM information_schema.global_status "
+    "WHERE variable_name = 'WSREP_READY' AND variable_value = 'ON') THEN 2 ELSE 0 END";
+
 } // namespace
 
 const Dialect kSqlite {.engine = "SQLite",
@@ -71,6 +85,8 @@ const Dialect kSqlite {.engine = "SQLite",
                        .triesLocksAgain = true,
                        .cancelsConnection = true,
                        .writable = nullptr,
+                       .clusterSettings = nullptr,
+                       .serversKey = nullptr,
                        .failures = kSqliteFailures};
 
 const Dialect kPostgresql {.engine = "PostgreSQL",
@@ -82,6 +98,8 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .triesLocksAgain = false,
                            .cancelsConnection = false,
                            .writable = "SELECT CASE WHEN pg_is_in_recovery() THEN 0 ELSE 1 END",
+                           .clusterSettings = nullptr,
+                           .serversKey = nullptr,
                            .failures = kPostgresqlFailures};
 
 const Dialect kMariadb {.engine = "MariaDB",
@@ -92,7 +110,9 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .settings = kMariadbSettings,
                         .triesLocksAgain = false,
                         .cancelsConnection = true,
-                        .writable = "SELECT 1 - @@GLOBAL.read_only",
+                        .writable = kMariadbWritable,
+                        .clusterSettings = "SET SESSION wsrep_sync_wait = 1",
+                        .serversKey = "Server",
                         .failures = kMariadbFailures};
 
 namespace {

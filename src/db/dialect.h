@@ -34,7 +34,13 @@ struct Dialect
     // True where a cancel stops all that the connection does, and spoils the statement that it is asked
     // of: another one must stand in.
     bool cancelsConnection;
-    const char *writable; // a query whose one value is 0 where nothing can be written; null: always
+    // A query with one value: 0 where nothing can be written, 2 at a node of a cluster, else 1. Null: 1.
+    const char *writable;
+    // Makes a connection to a node of a cluster read what was committed at any other one by then.
+    const char *clusterSettings;
+    // The data source's key for its servers, parted by commas, whose first one that accepts the
+    // connection is taken whether it can be written to or not. Null where the driver chooses better.
+    const char *serversKey;
     std::span<const FailureCode> failures; // the first that fits counts
 };
 

@@ -21,6 +21,8 @@ QString Reason(Failure::Kind kind)
             QT_TRANSLATE_NOOP("Failure", "Somebody else changed the same at that moment."));
     case Failure::Kind::ConnectionLost:
         return words(QT_TRANSLATE_NOOP("Failure", "There is no connection to the database."));
+    case Failure::Kind::NotWritable:
+        return words(QT_TRANSLATE_NOOP("Failure", "The database takes no changes now."));
     case Failure::Kind::NotAnswered:
         return words(QT_TRANSLATE_NOOP("Failure", "The database does not answer."));
     case Failure::Kind::Cancelled:

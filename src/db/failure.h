@@ -13,6 +13,7 @@ struct Failure
         Locked, // another program held the rows or the database for too long
         Conflict, // the transaction lost against another one; it may be run again as a whole
         ConnectionLost, // nothing was kept of what had not been committed
+        NotWritable, // the server takes no changes at present: it did not do what it was sent
         NotAnswered, // the call was given up, its connection with it
         Cancelled, // by a person
         OutcomeUnknown, // the connection was lost on the way of a write: it may stand or not
@@ -25,6 +26,12 @@ struct Failure
     int native = 0; // the engine's own number
     QString text; // the driver's own words
     QString about {}; // what of the whole it concerns, as a person knows it; empty for all of it
+
+    // Whether the session's connection ended with it, of which nothing is kept but what was committed.
+    [[nodiscard]] bool EndsConnection() const
+    {
+        return kind == Kind::ConnectionLost || kind == Kind::NotWritable;
+    }
 
     // What happened in a sentence for a person, the driver's words last.
     [[nodiscard]] QString InWords() const;

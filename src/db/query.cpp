@@ -37,8 +37,7 @@ bool WaitsForLock(const Failure &failure, Clock::time_point end)
 
 bool MayAskOnceMore(const Failure &failure)
 {
-    return (failure.kind == Failure::Kind::ConnectionLost
-            || failure.kind == Failure::Kind::Conflict)
+    return (failure.EndsConnection() || failure.kind == Failure::Kind::Conflict)
         && IsDatabaseOpen();
 }
 

@@ -53,10 +53,7 @@ bool IsReady(const char *sqlText, bool isKept)
         return false;
     } else if (!IsDatabaseOpen()
                && (state.dsn.isEmpty() || Clock::now() < state.nextTry || !ReopenDatabase())) {
-        Fail(Told(Kind::ConnectionLost,
-                  sqlText,
-                  state.whyClosed.isEmpty() ? u"The database session is not open."_s
-                                            : state.whyClosed));
+        Fail(Told(state.whyClosed.kind, sqlText, state.whyClosed.text));
     } else if (isKept && state.watch && !state.watch->BeginKeeping()) {
         Fail(Told(Kind::NotAnswered, sqlText, {}));
     } else {
@@ -104,8 +101,8 @@ SQLRETURN Send(bool mayTryAgain, Failure &failure)
 void TakeFailure(Failure failure, bool isKept)
 {
     State &state = Current();
-    const bool lost = failure.kind == Kind::ConnectionLost;
-    if (lost && isKept) {
+    const bool lost = failure.EndsConnection();
+    if (failure.kind == Kind::ConnectionLost && isKept) {
         failure.kind = Kind::OutcomeUnknown;
     } else if (!lost && IsCancelled()) {
         failure.kind = Kind::Cancelled;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <odbcinst.h>
 #include <thread>
 #include <utility>
 
@@ -21,6 +22,9 @@ namespace {
 // Milliseconds that the embedded engine's driver waits for a lock within one call, where no cancel
 // reaches it. It tries twice, so that a call takes a little more than double.
 constexpr int kWaitWithinCall = 40;
+
+// What a server says of itself; the numbers are those of the dialect's query.
+enum class Server { NotWritable = 0, Alone = 1, InCluster = 2 };
 
 struct Handles
 {
@@ -75,17 +79,20 @@ bool IsDataSourceName(const QByteArray &dsn)
 
 // The time limits stand in the connection's text: one driver takes its limit nowhere else, another has
 // a handler of its own in place of what the engine offers. Each leaves aside what it does not know.
-QByteArray ConnectionText(const QByteArray &dsn)
+QByteArray ConnectionText(const QByteArray &dsn, const QByteArray &servers)
 {
+    const QByteArray only = servers.isEmpty()
+        ? servers
+        : QByteArray(Current().dialect->serversKey) + '=' + servers + ';';
     const auto seconds = std::chrono::ceil<std::chrono::seconds>(Limits().connect).count();
-    return "DSN=" + dsn + ";UID=system;CONN_TIMEOUT=" + QByteArray::number(qint64 {seconds})
-        + ";Timeout=" + QByteArray::number(kWaitWithinCall);
+    return "DSN=" + dsn + ';' + only + "UID=system;CONN_TIMEOUT="
+        + QByteArray::number(qint64 {seconds}) + ";Timeout=" + QByteArray::number(kWaitWithinCall);
 }
 
 // Without a password in the text every driver takes the data source's own.
-bool Connect(const QByteArray &dsn)
+bool Connect(const QByteArray &dsn, const QByteArray &servers)
 {
-    const QByteArray text = ConnectionText(dsn);
+    const QByteArray text = ConnectionText(dsn, servers);
     const auto seconds = std::chrono::ceil<std::chrono::seconds>(Limits().connect).count();
     SQLSetConnectAttr(
         dbSession.connection, SQL_ATTR_LOGIN_TIMEOUT, odbc::Value(seconds), SQL_IS_UINTEGER);
@@ -134,9 +141,13 @@ bool AddCanceller()
         || odbc::Succeeded(SQLAllocHandle(SQL_HANDLE_STMT, dbSession.connection, &state.canceller));
 }
 
-bool TakesSettings()
+bool TakesSettings(Server server)
 {
-    const char *const settings = Current().dialect->settings;
+    const Dialect &dialect = *Current().dialect;
+    if (server == Server::InCluster && !RunOwn(dialect.clusterSettings)) {
+        return false;
+    }
+    const char *const settings = dialect.settings;
     if (settings == nullptr) {
         return true;
     }
@@ -148,26 +159,33 @@ bool TakesSettings()
     return RunOwn(text.constData());
 }
 
-// False for a standby, which would refuse every change with words of its own.
-bool IsWritable()
+// A server that takes no changes would refuse each of them with words of its own.
+Server AskServer()
 {
     const char *const query = Current().dialect->writable;
     if (query == nullptr) {
-        return true;
+        return Server::Alone;
     }
-    SQLINTEGER writable = 0;
+    SQLINTEGER answer = 0;
     SQLLEN indicator = 0;
     const bool isRead = RunOwn(query)
         && odbc::Succeeded(Watched(nullptr, [] { return SQLFetch(dbSession.statement); }))
         && odbc::Succeeded(SQLGetData(
-            dbSession.statement, 1, SQL_C_SLONG, &writable, sizeof writable, &indicator));
+            dbSession.statement, 1, SQL_C_SLONG, &answer, sizeof answer, &indicator));
     SQLFreeStmt(dbSession.statement, SQL_CLOSE);
-    if (isRead && writable == 0) {
-        Fail(Told(Kind::ConnectionLost,
+    if (isRead && answer == 0) {
+        Fail(Told(Kind::NotWritable,
                   {},
-                  u"The database server takes no changes: it is a read-only standby."_s));
+                  u"The database server is a read-only standby, or cut off from its cluster."_s));
     }
-    return isRead && writable != 0;
+    return isRead ? static_cast<Server>(answer) : Server::NotWritable;
+}
+
+// Settles with the server that accepted the connection how the session works with it.
+bool SuitsServer()
+{
+    const Server server = AskServer();
+    return server != Server::NotWritable && TakesSettings(server);
 }
 
 bool Allocate()
@@ -179,22 +197,52 @@ bool Allocate()
                SQLAllocHandle(SQL_HANDLE_DBC, dbSession.environment, &dbSession.connection));
 }
 
+// `servers` replaces those of the data source, unless it is empty.
+bool OpenAt(const QByteArray &dsn, const QByteArray &servers)
+{
+    // Exactly SQL_SUCCESS for the statement: unlike the steps before it, this one does not accept
+    // information.
+    const bool opened = Allocate() && Connect(dsn, servers)
+        && SQLAllocHandle(SQL_HANDLE_STMT, dbSession.connection, &dbSession.statement)
+            == SQL_SUCCESS
+        && ChooseDialect() && AddCanceller() && SuitsServer();
+    if (!opened) {
+        FreeHandles();
+    }
+    return opened;
+}
+
+// The data source's servers from the one numbered `first` on, and then those before it: of a single one
+// the driver does not see the port. Empty when there is none of that number.
+QByteArray ServersFrom(const QByteArray &dsn, qsizetype first)
+{
+    const char *const key = Current().dialect->serversKey;
+    std::array<char, 1024> text {};
+    if (key != nullptr) {
+        SQLGetPrivateProfileString(
+            dsn.constData(), key, "", text.data(), static_cast<int>(text.size()), "odbc.ini");
+    }
+    const QByteArrayList servers = QByteArray(text.data()).split(',');
+    return first < servers.size() ? (servers.mid(first) + servers.first(first)).join(',')
+                                  : QByteArray();
+}
+
 bool Open(const QByteArray &dsn)
 {
     if (!IsDataSourceName(dsn)) {
         Fail(Told(Kind::ConnectionLost, {}, u"There is no data source of this name."_s));
         return false;
     }
-    // Exactly SQL_SUCCESS for the statement: unlike the steps before it, this one does not accept
-    // information.
-    const bool opened = Allocate() && Connect(dsn)
-        && SQLAllocHandle(SQL_HANDLE_STMT, dbSession.connection, &dbSession.statement)
-            == SQL_SUCCESS
-        && ChooseDialect() && AddCanceller() && IsWritable() && TakesSettings();
-    if (!opened) {
-        FreeHandles();
-    }
-    return opened;
+    QByteArray servers;
+    qsizetype first = 0;
+    do {
+        if (OpenAt(dsn, servers)) {
+            return true;
+        }
+        servers = ServersFrom(dsn, ++first);
+    } while (!servers.isEmpty() && Current().failure && Current().failure->kind == Kind::NotWritable
+             && !IsAbandoned());
+    return false;
 }
 
 } // namespace
@@ -249,7 +297,10 @@ bool ReopenDatabase()
         state.pause = Limits().firstPause;
         return true;
     }
-    state.whyClosed = state.failure ? state.failure->text : QString();
+    state.whyClosed = state.failure.value_or(kNeverOpened);
+    if (state.whyClosed.kind != Kind::NotWritable) {
+        state.whyClosed.kind = Kind::ConnectionLost;
+    }
     state.nextTry = Clock::now() + state.pause;
     state.pause = std::min(2 * state.pause, Limits().longestPause);
     return false;
@@ -287,4 +338,3 @@ bool IsSessionGivenUp()
 {
     return IsAbandoned();
 }
-

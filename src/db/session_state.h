@@ -1,4 +1,4 @@
-// What the sources of the session share and nobody else sees.
+// What the sources of the session share and nobody else sees but the log of the tests.
 #pragma once
 
 #include "db/call_watch.h"
@@ -23,6 +23,12 @@ enum class Transaction {
     Broken, // by a failure: nothing but its rollback may follow, although some engines would go on
 };
 
+// Of a session that nobody has tried to open.
+inline const Failure kNeverOpened {.kind = Failure::Kind::ConnectionLost,
+                                   .statement = {},
+                                   .sqlState = {},
+                                   .text = QStringLiteral("The database session is not open.")};
+
 // What the thread's session is besides its handles.
 struct State
 {
@@ -40,7 +46,7 @@ struct State
     Transaction transaction = Transaction::None;
     bool rollsBack = false; // a transaction is open on the connection
     std::optional<Failure> brokenBy; // of a broken transaction
-    QString whyClosed; // the driver's words, while the session is not open
+    Failure whyClosed = kNeverOpened; // while the session is not open
     Clock::time_point nextTry; // to open a lost session
     std::chrono::milliseconds pause; // before the try after that
 };

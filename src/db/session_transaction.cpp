@@ -26,8 +26,7 @@ bool BeginTransaction()
     }
     bool begun = Run(state.dialect->begin, Step::Begin);
     // Nothing has been done yet that could be done twice.
-    if (!begun && IsDatabaseOpen() && state.failure
-        && state.failure->kind == Failure::Kind::ConnectionLost) {
+    if (!begun && IsDatabaseOpen() && state.failure && state.failure->EndsConnection()) {
         begun = Run(state.dialect->begin, Step::Begin);
     }
     state.transaction = begun ? Transaction::Open : Transaction::None;

@@ -75,11 +75,12 @@ PageMap::Place PageMap::FillPage(Place place, int capacity, std::vector<PageItem
     return filling.at;
 }
 
-// A heading stands with two of its rows at least.
+// A heading stands with two of its rows at least; an only row with its sum.
 bool PageMap::PlaceHeading(Filling &filling) const
 {
     const auto &group = outline.groups[filling.at.group];
-    const int rows = LinesOf(group.first) + (group.count > 1 ? LinesOf(group.first + 1) : 0);
+    const int rows =
+        LinesOf(group.first) + (group.count > 1 ? LinesOf(group.first + 1) : group.sumLines);
     if (!filling.fresh && filling.left < group.headingLines + rows) {
         return false;
     }

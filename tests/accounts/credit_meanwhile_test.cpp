@@ -81,7 +81,7 @@ TEST_P(CreditMeanwhile, NothingIsWrittenForAnOwnerWithAnotherModeByNow)
                 EXPECT_EQ(outcome.state, Outcome::State::Refused);
                 EXPECT_EQ(InWords(ActionId::WriteAccount, outcome),
                           u"The access type of this %1 has been changed to \"%2\" meanwhile. "
-                          "Nothing was changed. Please open the window again to go on"_s.arg(
+                          "Nothing was changed. Please open the window again to go on."_s.arg(
                               owner.IsUser() ? u"user"_s : u"group"_s, QLatin1StringView(name)));
                 EXPECT_EQ(EveryRow(), before);
             }

@@ -161,6 +161,22 @@ TEST_P(History, ReadsEachCreditAfterTheFilter)
                             "moneyusage, data FROM billing WHERE bill_id = (?)"_s}));
 }
 
+TEST_P(History, EveryFilterIsAnswered)
+{
+    for (const Owner &owner : {Owner(UserId {1}), Owner(GroupId {81})}) {
+        for (const auto mode : {AccountingMode::NoControl,
+                                AccountingMode::Traffic,
+                                AccountingMode::Provider,
+                                AccountingMode::Time,
+                                AccountingMode::TrafficAndTime}) {
+            for (const bool openOnly : {false, true}) {
+                EXPECT_TRUE(Read({owner, mode, openOnly, HistoryPeriod::AllRecords}).empty());
+                EXPECT_TRUE(Read({owner, mode, openOnly, HistoryPeriod::LastMonth}).empty());
+            }
+        }
+    }
+}
+
 TEST_P(History, NamesItsColumnsByMode)
 {
     EXPECT_EQ(HistoryColumns(AccountingMode::Time).join(u'|'),

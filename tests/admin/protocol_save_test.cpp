@@ -1,8 +1,11 @@
 // What the options windows do to the tables Protocols, Ports and Port_blocked.
 #include "db/direct_connection.h"
 #include "options_fixture.h"
+#include "support/core/faulty_driver.h"
 #include "support/core/statement_hook.h"
 #include "support/core/statement_recorder.h"
+
+#include <QRegularExpression>
 
 #include <memory>
 #include <utility>
@@ -39,6 +42,10 @@ protected:
     LeftOut leftOut = std::make_shared<QStringList>();
 };
 TB_ON_EVERY_ENGINE(ProtocolSave);
+
+class ProtocolSaveOnServer : public ProtocolSave
+{ };
+TB_ON_EVERY_SERVER(ProtocolSaveOnServer);
 
 TEST_P(ProtocolSave, GoesInFiveSteps)
 {
@@ -255,4 +262,33 @@ TEST_P(ProtocolSave, APortWhoseDenialsAreNotKnownStays)
     EXPECT_EQ(leftOut->size(), 2);
     EXPECT_EQ(RowsOf(kProtocolRows), (QStringList {u"HTTP|1"_s, u"FTP|1"_s, u"New|0"_s}));
     EXPECT_EQ(RowsOf(kPortRows), (QStringList {u"FTP|80"_s, u"HTTP|80"_s}));
+}
+
+TEST_P(ProtocolSaveOnServer, WhatWasDoneBehindALostAnswerIsFound)
+{
+    DenyUser(7, PortOf(u"HTTP"_s, 80));
+    table = LoadProtocols().value();
+    table.RemovePort(1, 0);
+    table.SetMonitored(1, false);
+    table.Remove(0); // FTP
+    const Answers yes = Yes();
+    QStringList lost {u"DELETE FROM Protocols WHERE id = (?)"_s,
+                      u"DELETE FROM Port_blocked WHERE port_id = (?)"_s,
+                      u"UPDATE Protocols SET mon=(?) WHERE proto_name=(?)"_s};
+    Outcome outcome;
+    {
+        FaultyDriver driver(Dsn());
+        const StatementHook lose([&](const QString &statement) {
+            if (lost.removeOne(statement)) {
+                driver.LoseAfter(1);
+            }
+        });
+        outcome = Save(yes);
+    }
+    EXPECT_EQ(lost, QStringList());
+    EXPECT_TRUE(outcome.IsDone());
+    EXPECT_EQ(*leftOut, QStringList());
+    EXPECT_EQ(RowsOf(kProtocolRows), QStringList {u"HTTP|0"_s});
+    EXPECT_EQ(RowsOf("SELECT port_id FROM ports"), QStringList());
+    EXPECT_EQ(RowsOf("SELECT pb_id FROM port_blocked"), QStringList());
 }

@@ -7,6 +7,8 @@
 #include "support/core/private_bus.h"
 #include "support/core/scripted_prompt.h"
 
+#include <QFile>
+
 #include <clocale>
 #include <gtest/gtest.h>
 
@@ -53,9 +55,9 @@ struct StartUpTest : DatabaseFixture
     {
         std::optional<bool> open;
         App().Services().database.Start(
-            &App(), [] { return IsSessionOpen(); }, [&open](const Result<bool> &answer) {
-                open = answer.has_value();
-            });
+            &App(),
+            [] { return IsSessionOpen(); },
+            [&open](const Result<bool> &answer) { open = answer.has_value(); });
         EXPECT_TRUE(QTest::qWaitFor([&open] { return open.has_value(); }));
         return open.value_or(false);
     }
@@ -115,6 +117,22 @@ TEST_F(StartUpTest, ADataSourceThatIsMissingOrUnknownIsTold)
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(frames, 4);
+}
+
+TEST_F(StartUpTest, ADamagedStoreIsNamedWithItsLine)
+{
+    Write(values::kBillDsn, Dsn());
+    QFile file(Store().FileOf(ConfigKeyId::Base));
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write("timer = 5 sec\n");
+    file.close();
+    EXPECT_TRUE(Start());
+    const QStringList said = prompt.TakeSaid();
+    ASSERT_EQ(said.size(), 3);
+    EXPECT_EQ(said[0], kRegistryError);
+    EXPECT_TRUE(said[1].contains(file.fileName()) && said[1].contains(u"Line 2"_s))
+        << qPrintable(said[1]);
+    EXPECT_EQ(said[2], kDatabaseError);
 }
 
 TEST_F(StartUpTest, ThePortIsReadTheCWay)

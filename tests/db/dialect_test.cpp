@@ -122,6 +122,7 @@ TEST(Dialects, KnowWhatAFailureMeans)
         {kSqlite, "00000", 0, Kind::Refused}, // nothing was told
         {kPostgresql, "23505", 1, Kind::Refused},
         {kPostgresql, "42703", 1, Kind::Refused},
+        {kPostgresql, "25006", 1, Kind::NotWritable}, // a standby
         {kPostgresql, "25P02", 1, Kind::Refused}, // what follows a failure in a transaction
         {kPostgresql, "53300", 101, Kind::Refused},
         {kPostgresql, "40001", 1, Kind::Conflict},
@@ -151,7 +152,9 @@ TEST(Dialects, KnowWhatAFailureMeans)
         {kMariadb, "HY000", 2002, Kind::ConnectionLost},
         {kMariadb, "HY000", 5014, Kind::ConnectionLost},
         {kMariadb, "08S01", 1053, Kind::ConnectionLost},
-        {kMariadb, "08S01", 1047, Kind::ConnectionLost}, // a cluster's node on its own
+        {kMariadb, "08S01", 1047, Kind::NotWritable}, // a cluster's node on its own
+        {kMariadb, "HY000", 1180, Kind::ConnectionLost}, // while it lost the others
+        {kMariadb, "HY000", 1290, Kind::NotWritable}, // read-only
     };
     for (const auto &[dialect, sqlState, native, kind] : cases) {
         EXPECT_EQ(KindOf(dialect, sqlState, native), kind)

@@ -32,6 +32,7 @@ TEST(Failures, AreToldInASentenceWithTheDriversWordsLast)
         {Kind::Conflict, "Somebody else changed the same at that moment."},
         {Kind::ConnectionLost, "There is no connection to the database."},
         {Kind::NotAnswered, "The database does not answer."},
+        {Kind::NotWritable, "The database takes no changes now."},
         {Kind::OutcomeUnknown,
          "The connection to the database was lost while it was being written."},
     };

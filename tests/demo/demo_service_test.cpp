@@ -79,7 +79,8 @@ TEST_F(DemoServiceTest, IsStartedStoppedAndToldOfBlocks)
     const auto link = ServiceLink::Create(bus.Connection());
     ASSERT_NE(link, nullptr);
     QList<quint32> notHeard;
-    QObject::connect(link.get(), &ServiceLink::NotHeard, [&](UserId user) { notHeard << user.value; });
+    QObject::connect(
+        link.get(), &ServiceLink::NotHeard, [&](UserId user) { notHeard << user.value; });
     link->BlockUser(UserId {12});
     link->UnblockUser(UserId {13});
     WaitFor(u"BlockUser 12"_s);

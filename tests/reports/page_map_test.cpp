@@ -37,6 +37,10 @@ void ExpectWhole(const PageOutline &outline, int onFirst, int onOthers)
                 EXPECT_EQ(items[place + 1].kind, Kind::Row);
             }
             EXPECT_TRUE(item.kind != Kind::Continued || place == 0);
+            if (item.kind == Kind::Sum) {
+                ASSERT_GT(place, 0U) << page;
+                EXPECT_EQ(items[place - 1].kind, Kind::Row) << page;
+            }
             closings += item.kind == Kind::Closing ? 1 : 0;
         }
     }
@@ -82,6 +86,31 @@ TEST(PageMap, AGroupThatGoesOnRepeatsItsHeading)
     EXPECT_EQ(map.Page(0).back(), (PageItem {Kind::Row, 18, 1}));
     EXPECT_EQ(map.Page(1).front(), (PageItem {Kind::Continued, 0, 1}));
     EXPECT_EQ(map.Page(1).back(), (PageItem {Kind::Sum, 0, 2}));
+}
+
+TEST(PageMap, ASumTakesARowAlongToTheNextPage)
+{
+    PageOutline outline;
+    outline.groups = {{0, 18, 1, 2}}; // all rows would fit, and one line be left for a sum of two
+    const PageMap map(outline, 20, 20);
+    ASSERT_EQ(map.Count(), 2);
+    EXPECT_EQ(map.Page(0).back(), (PageItem {Kind::Row, 16, 1}));
+    const std::vector<PageItem> expected {
+        {Kind::Continued, 0, 1}, {Kind::Row, 17, 1}, {Kind::Sum, 0, 2}};
+    EXPECT_EQ(map.Page(1), expected);
+    EXPECT_EQ(map.PageOfRow(17), 1);
+}
+
+TEST(PageMap, AGroupOfOneRowStandsOnOnePageWithItsSum)
+{
+    PageOutline outline;
+    outline.groups = {{0, 15, 1, 1}, {15, 1, 1, 2}}; // three lines are left: for all but the sum
+    const PageMap map(outline, 20, 20);
+    ASSERT_EQ(map.Count(), 2);
+    EXPECT_EQ(map.Page(0).back(), (PageItem {Kind::Sum, 0, 1}));
+    const std::vector<PageItem> expected {
+        {Kind::Heading, 1, 1}, {Kind::Row, 15, 1}, {Kind::Sum, 1, 2}};
+    EXPECT_EQ(map.Page(1), expected);
 }
 
 TEST(PageMap, AnEmptyReportHasOnePage)

@@ -1,8 +1,8 @@
-#include "startup/app_services.h"
 #include "startup/start_up.h"
 
 #include "db/failure_log.h"
 #include "db/session.h"
+#include "startup/app_services.h"
 #include "support/core/database_fixture.h"
 #include "support/core/fake_service.h"
 #include "support/core/private_bus.h"
@@ -76,7 +76,7 @@ TEST_F(StartUp, TheSettingsNameTheDataSourceUnlessItIsGiven)
 TEST_F(StartUp, TheDatabaseStaysClosedUnlessItIsWanted)
 {
     const StartedProgram program({.configFolder = FolderNaming(Dsn()), .opensDatabase = false},
-                     [](StartUpProblem) { FAIL(); });
+                                 [](StartUpProblem) { FAIL(); });
     EXPECT_EQ(program.dataSource, Dsn());
     EXPECT_FALSE(program.databaseOpen);
     EXPECT_FALSE(IsDatabaseOpen());

@@ -67,6 +67,11 @@ void FrameStatusBar::ShowUserCount(int users)
     userCount->setText(u"Active users: %1 "_s.arg(users));
 }
 
+void FrameStatusBar::ShowUserCountUnread()
+{
+    userCount->setText(u"Active users: ? "_s);
+}
+
 void FrameStatusBar::ShowService(bool running)
 {
     if (running) {

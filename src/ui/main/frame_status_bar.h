@@ -19,6 +19,7 @@ public:
     void ShowNotice(const QString &text);
     void OfferCancel(bool offered); // of what is waited for
     void ShowUserCount(int users);
+    void ShowUserCountUnread(); // nobody knows how many there are
     void ShowService(bool running);
     void ShowConnection(bool connected);
 

@@ -105,10 +105,8 @@ void CSplitterFrame::FollowChanges()
             &MessagePane::ShowDatabase);
     connect(status, &FrameStatusBar::Cancelled, this, [this] { services.database.Cancel(); });
     connect(&services.news, &ChangeNews::NotHeard, messages, &MessagePane::ShowNotHeard);
-    connect(&services.news,
-            &ChangeNews::SettingsStored,
-            messages,
-            &MessagePane::ShowSettingsStored);
+    connect(
+        &services.news, &ChangeNews::SettingsStored, messages, &MessagePane::ShowSettingsStored);
     connect(&services.news, &ChangeNews::Stored, this, [this](bool serviceTold) {
         constexpr int kUsualPeriod = 60; // seconds; what the service takes for none
         const int period = services.settings.ReadInteger(values::kTimer);
@@ -156,7 +154,26 @@ void CSplitterFrame::FirstStart(ServiceAtStart found)
     } else if (!service->IsConnected()) {
         service->OpenReconnect(this);
     }
-    TellUnkept(services.settings.WriteInteger(values::kFirstStart, 0));
+    KeepThatItStarted();
+}
+
+// Another program may hold the settings for a moment: the window goes on meanwhile.
+void CSplitterFrame::KeepThatItStarted()
+{
+    services.database.Start(
+        this,
+        [&settings = services.settings] {
+            return Result<SettingsResult>(settings.WriteInteger(values::kFirstStart, 0));
+        },
+        [this](const Result<SettingsResult> &written) {
+            if (written) {
+                TellUnkept(*written);
+            } else {
+                services.prompt.Tell(tr("It was not kept that the console has been started.")
+                                         + u"\n\n"_s + written.error().InWords(),
+                                     Prompt::Icon::Warning);
+            }
+        });
 }
 
 void CSplitterFrame::TellUnkept(const SettingsResult &result) const
@@ -188,7 +205,11 @@ void CSplitterFrame::SortBy(int order)
 
 void CSplitterFrame::ShowCounts()
 {
-    status->ShowUserCount(users->RowCount());
+    if (users->WasRead() || users->RowCount() > 0) {
+        status->ShowUserCount(users->RowCount());
+    } else {
+        status->ShowUserCountUnread();
+    }
     messages->ShowLists(users->WasRead() && groups->WasRead()
                             ? QString()
                             : tr("The lists could not be read; the failed statements tell why."));

@@ -73,6 +73,7 @@ private:
     void ShowCounts();
     void CountBeyondLists();
     void RefreshByTimer();
+    void KeepThatItStarted();
     void TellUnkept(const SettingsResult &result) const;
     void ReadSettings();
     void WriteSettings() const;

@@ -2,6 +2,7 @@
 
 #include "db/direct_connection.h"
 #include "db/session.h"
+#include "support/core/statement_log.h"
 
 #include <sql.h>
 #include <sqlext.h>
@@ -183,7 +184,11 @@ SQLRETURN SQLExecDirect(SQLHSTMT statement, SQLCHAR *text, SQLINTEGER length)
     if (statement != dbSession.statement) {
         return Execute(statement, text, length);
     }
-    return ExecuteFaulty(NextFault(text), statement, text, length);
+    const Fault fault = NextFault(text);
+    if (fault == Fault::None) {
+        statement_log::Add(reinterpret_cast<const char *>(text));
+    }
+    return ExecuteFaulty(fault, statement, text, length);
 }
 
 SQLRETURN SQLDriverConnect(SQLHDBC connection,

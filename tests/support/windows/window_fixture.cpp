@@ -45,12 +45,8 @@ void WindowFixture::Start(const StartUpOptions &options)
     program.emplace(options);
     database = std::make_unique<SessionThread>();
     database->Open(Dsn());
-    services.emplace(AppServices {program->settings,
-                                  *database,
-                                  program->control,
-                                  program->connection,
-                                  news,
-                                  prompt});
+    services.emplace(AppServices {
+        program->settings, *database, program->control, program->connection, news, prompt});
 }
 
 QString WindowFixture::ConfigFolder() const

@@ -457,6 +457,18 @@ TEST_F(Lists, WhatCannotBeReadStaysAsItWasShown)
     EXPECT_EQ(notice.text(), u"Ready"_s);
 }
 
+TEST_F(Lists, NobodyKnowsHowManyUsersThereAreBeforeTheyWereRead)
+{
+    AddUser({.name = "anna"});
+    Execute("ALTER TABLE users RENAME TO users_away");
+    ShowFrame();
+    EXPECT_EQ(Find<QLabel>(*frame, "usersPane").text(), u"Active users: ? "_s);
+    Execute("ALTER TABLE users_away RENAME TO users");
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(Names(), QStringList(u"anna"_s));
+    EXPECT_EQ(Find<QLabel>(*frame, "usersPane").text(), u"Active users: 1 "_s);
+}
+
 TEST_F(Lists, ACommandThatFailedTakesNothingOutOfItsList)
 {
     ShowThree();
@@ -468,7 +480,7 @@ TEST_F(Lists, ACommandThatFailedTakesNothingOutOfItsList)
     LetSessionFinish();
     QStringList said = prompt.TakeSaid();
     ASSERT_EQ(said.size(), 2);
-    EXPECT_TRUE(said[1].startsWith(u"The users were not deleted. Nothing was changed"_s))
+    EXPECT_TRUE(said[1].startsWith(u"No user was deleted. Nothing was changed"_s))
         << qPrintable(said[1]);
     EXPECT_EQ(Names(), QStringList({u"anna"_s, u"bert"_s, u"carl"_s}));
     EXPECT_EQ(RowsOf("SELECT * FROM users"), before);

@@ -66,7 +66,7 @@ TEST_F(UnmonitoredFailures, UsersLeaveTheListOnlyWhenTheyAreBack)
             "SELECT RAISE(ABORT, 'not bob'); END");
     Click(dialog, "monitor");
     const QString told = Message();
-    EXPECT_TRUE(told.startsWith(u"The users were not brought back under monitoring."_s));
+    EXPECT_TRUE(told.startsWith(u"No user was brought back under monitoring."_s));
     EXPECT_TRUE(told.contains(u"not bob"_s)) << told.toStdString();
     EXPECT_EQ(list.selectedItems().size(), 2);
     EXPECT_TRUE(RowsOf("SELECT username FROM users WHERE monitored = true").isEmpty());

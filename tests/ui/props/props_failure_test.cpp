@@ -155,7 +155,7 @@ TEST_F(PropsFailures, AccessForSeveralUsersChangesAllOrStaysOpen)
         ExpectStoresOrKeeps(Dsn(),
                             prompt,
                             access,
-                            u"The users' access properties were not changed. Nothing was changed"_s,
+                            u"No user's access properties were changed. Nothing was changed"_s,
                             [&] {
                                 EXPECT_EQ(TextOf(access, "trafficLimit"), u"250"_s);
                                 EXPECT_EQ(Find<QProgressBar>(access, "progress").value(), 0);
