@@ -114,7 +114,7 @@ Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added
                 }
                 *added = *groupId;
                 // Read once more after a commit that was not answered, the row tells that it is kept.
-                run.Watch({"groups", "group_id", groupId->value, "group_id"});
+                run.WatchAdded({"groups", "group_id", groupId->value, "group_id"});
             }};
 }
 

@@ -79,7 +79,7 @@ bool ActionRun::Ask(const Question &question)
 
 void ActionRun::Refuse(const QString &reason)
 {
-    if (refusal.isEmpty()) {
+    if (!IsStopped()) {
         refusal = reason;
     }
 }

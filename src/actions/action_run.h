@@ -68,10 +68,13 @@ public:
     // The same for rows that others may change meanwhile.
     void Watch(const RowSet &rows) { Keep(rows, false); }
 
+    // The same for rows that this run has just added, and whose key it did not know before.
+    void WatchAdded(const RowSet &rows) { kept.push_back({rows, false, {}, {}}); }
+
     // The answer; an unanswered question stops the run, which further questions may follow.
     bool Ask(const Question &question);
 
-    // Ends the run: nothing is changed, for a reason that a person is told.
+    // Ends the run, unless it is stopped already: nothing is changed, for a reason that a person is told.
     void Refuse(const QString &reason);
 
     // Tells the service, when the run is not stopped. True when it was told.

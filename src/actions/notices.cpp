@@ -6,12 +6,12 @@
 
 void Notices::BeginRun()
 {
-    if (!repeats) {
+    if (deviates || now.size() > sent.size()) {
         sent = now;
     }
     now.clear();
-    repeats = true;
-    ++runs;
+    deviates = false;
+    heardBefore = heard;
 }
 
 bool Notices::Tell(const Notice &notice)
@@ -20,14 +20,21 @@ bool Notices::Tell(const Notice &notice)
         return false;
     }
     now.push_back(notice);
-    repeats = repeats && now.size() <= sent.size() && sent[now.size() - 1] == notice;
-    const auto last = heard.constFind(notice.userId);
-    const bool isKnown = runs > 1 && last != heard.constEnd() && *last == notice.blocked;
-    if (!repeats && !isKnown) {
+    const bool isBeyond = now.size() > sent.size();
+    deviates = deviates || (!isBeyond && sent[now.size() - 1] != notice);
+    if (deviates ? !WasHeardBefore(notice) : isBeyond) {
         Send(notice);
         heard[notice.userId] = notice.blocked;
     }
     return true;
+}
+
+// In an earlier run, and nothing else since.
+bool Notices::WasHeardBefore(const Notice &notice) const
+{
+    const auto before = heardBefore.constFind(notice.userId);
+    return before != heardBefore.constEnd() && *before == notice.blocked
+        && heard.value(notice.userId) == notice.blocked;
 }
 
 void Notices::Send(const Notice &notice) const

@@ -41,12 +41,13 @@ private:
     };
 
     bool Tell(const Notice &notice);
+    [[nodiscard]] bool WasHeardBefore(const Notice &notice) const;
     void Send(const Notice &notice) const;
 
     const ServiceLink *link;
-    int runs = 0;
     std::vector<Notice> sent; // of the earlier run that told most
     std::vector<Notice> now; // of this run
+    bool deviates = false; // this run told something else than the earlier one
     QMap<UserId, bool> heard; // what each user's last notice said
-    bool repeats = true; // this run told so far what the run before did
+    QMap<UserId, bool> heardBefore; // this run
 };

@@ -118,15 +118,19 @@ TEST_P(LostAction, IsUnknownWhenItMayStillCome)
     EXPECT_EQ(Run(watches).state, State::Done);
 
     const Body adds = [](ActionRun &run) {
-        run.Lock({"users", "user_id", 7, "user_id"});
         run.Write("INSERT INTO users (user_id, username) VALUES (7, 'gina')");
+        run.WatchAdded({"users", "user_id", 7, "user_id"});
     };
     const int commit = CommitOf(adds);
     Execute("DELETE FROM users WHERE user_id = 7");
     driver->LoseBefore(commit);
     ExpectUnknown(Run(adds));
     driver->LoseAfter(commit);
-    EXPECT_EQ(Run(adds).state, State::Done);
+    const Outcome kept = Run(adds);
+    EXPECT_EQ(kept.state, State::Done);
+    ASSERT_THAT(kept.changes, SizeIs(1));
+    EXPECT_THAT(kept.changes[0].before, IsEmpty());
+    EXPECT_EQ(kept.changes[0].key, u"7"_s);
 }
 
 TEST_P(LostAction, IsUnknownWhenSomebodyElseWasThereMeanwhile)

@@ -130,6 +130,13 @@ TEST_P(OneTransaction, AsksBeforeItIsDone)
     EXPECT_THAT(Modes(), ElementsAre(u"1|0"_s, u"2|0"_s));
     EXPECT_FALSE(IsInTransaction());
 
+    const Outcome refuses = Run([&](ActionRun &run) {
+        if (!run.Ask(first)) {
+            run.Refuse(u"As you wish."_s); // which nobody knows yet
+        }
+    });
+    EXPECT_EQ(refuses.state, State::NeedsAnswers);
+
     outcome = Run(body, {{first.key, true}});
     EXPECT_EQ(outcome.questions, QList<Question> {second});
     EXPECT_EQ(Run(body, {{first.key, true}, {second.key, false}}).state, State::Done);

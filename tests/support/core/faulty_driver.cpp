@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Fault { None, Refuse, Conflict, Lock, LoseBefore, LoseAfter, Hold };
+enum class Fault { None, Refuse, Skip, Conflict, Lock, LoseBefore, LoseAfter, Hold };
 
 struct Plan
 {
@@ -28,7 +28,8 @@ struct Plan
     QString dsn;
     QStringList statements;
     int counted = 0;
-    int faultyNumber = 0;
+    int firstFaulty = 0;
+    int lastFaulty = 0;
     Fault fault = Fault::None;
     bool holdsConnects = false;
     bool holdsCancels = false;
@@ -135,6 +136,8 @@ SQLRETURN ExecuteFaulty(Fault fault, SQLHSTMT statement, SQLCHAR *text, SQLINTEG
     switch (fault) {
     case Fault::Refuse:
         return ExecuteInstead(statement, "refused");
+    case Fault::Skip:
+        return ExecuteInstead(statement, "UPDATE users SET mode = mode WHERE user_id < 0");
     case Fault::Conflict:
         return ExecuteInstead(statement, Signal("40001", 1213));
     case Fault::Lock:
@@ -159,21 +162,23 @@ Fault NextFault(const SQLCHAR *text)
         return Fault::None;
     }
     plan.statements << QString::fromUtf8(reinterpret_cast<const char *>(text));
-    if (++plan.counted != plan.faultyNumber) {
+    ++plan.counted;
+    if (plan.counted < plan.firstFaulty || plan.counted > plan.lastFaulty) {
         return Fault::None;
     }
-    const Fault fault = std::exchange(plan.fault, Fault::None);
+    const Fault fault = plan.fault;
     if (fault == Fault::Hold) {
         HoldUntilReleased(lock);
     }
     return fault;
 }
 
-void Let(int number, Fault fault)
+void Let(int number, Fault fault, int count = 1)
 {
     Plan &plan = ThePlan();
     const std::lock_guard lock(plan.mutex);
-    plan.faultyNumber = plan.counted + number;
+    plan.firstFaulty = plan.counted + number;
+    plan.lastFaulty = plan.firstFaulty + count - 1;
     plan.fault = fault;
 }
 
@@ -238,7 +243,7 @@ FaultyDriver::FaultyDriver(const QString &dsn)
     plan.active = true;
     plan.dsn = dsn;
     plan.statements.clear();
-    plan.counted = plan.faultyNumber = plan.connects = plan.cancels = 0;
+    plan.counted = plan.firstFaulty = plan.lastFaulty = plan.connects = plan.cancels = 0;
     plan.fault = Fault::None;
     plan.refusesConnects = false;
 }
@@ -259,6 +264,11 @@ QStringList FaultyDriver::Take()
 void FaultyDriver::Refuse(int number)
 {
     Let(number, Fault::Refuse);
+}
+
+void FaultyDriver::Skip(int number, int count)
+{
+    Let(number, Fault::Skip, count);
 }
 
 void FaultyDriver::Conflict(int number)

@@ -30,6 +30,8 @@ public:
 
     // What is to become of the statement of this number, 1 being the next one. It happens once.
     void Refuse(int number); // the engine refuses it
+    // It is not done, nor the `count` - 1 that follow it, although the driver says so.
+    void Skip(int number, int count);
     void Conflict(int number); // servers: its transaction lost against another one
     void Lock(int number); // servers: somebody else held its rows for too long
     void LoseBefore(int number); // servers: the connection is gone before it is sent
