@@ -64,6 +64,7 @@ SQLRETURN Execute(SQLHSTMT statement, SQLCHAR *text, SQLINTEGER length)
 SQLRETURN ExecuteInstead(SQLHSTMT statement, std::string text)
 {
     SQLFreeStmt(statement, SQL_RESET_PARAMS);
+    SQLSetStmtAttr(statement, SQL_ATTR_MAX_ROWS, nullptr, 0); // one driver adds it to every text
     return Execute(statement, reinterpret_cast<SQLCHAR *>(text.data()), SQL_NTS);
 }
 
@@ -101,12 +102,11 @@ void EndConnection(const QString &dsn)
     const bool onPostgresql = &server.Engine() == &kPostgresql;
     ASSERT_TRUE(onPostgresql || &server.Engine() == &kMariadb) << "there is no connection to lose";
     const QString number = QString::fromStdString(ServersNumber(onPostgresql));
-    if (onPostgresql) {
-        EXPECT_TRUE(server.Run(u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(number)));
-        return;
-    }
-    EXPECT_TRUE(server.Run(u"KILL "_s + number));
-    const QString look = u"SELECT id FROM information_schema.processlist WHERE id = "_s + number;
+    const QString end = onPostgresql ? u"SELECT pg_terminate_backend(%1)"_s : u"KILL %1"_s;
+    EXPECT_TRUE(server.Run(end.arg(number)));
+    const QString look = onPostgresql
+        ? u"SELECT pid FROM pg_stat_activity WHERE pid = "_s + number
+        : u"SELECT id FROM information_schema.processlist WHERE id = "_s + number;
     while (!server.Rows(look).value_or(QList<QStringList>()).isEmpty()) { }
 }
 
