@@ -57,7 +57,7 @@ void CAdministratorApp::MakeServices()
     StartUpOptions withoutDatabase = options;
     withoutDatabase.opensDatabase = false;
     program.emplace(withoutDatabase);
-    program->connection.OnNotHeard([this] { emit news.NotHeard(); });
+    program->connection.OnSettled([this](bool allHeard) { emit news.ServiceSettled(allHeard); });
     services.emplace(AppServices {
         program->settings, database, program->control, program->connection, news, *prompt});
 }

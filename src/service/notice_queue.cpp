@@ -3,10 +3,12 @@
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QMutexLocker>
+#include <QPointer>
 #include <QTimer>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -76,7 +78,7 @@ void NoticeQueue::Settle(quint64 number, const QDBusPendingCall &call)
         SendWaiting();
     }
     if (!call.isError()) {
-        openNotices.remove(number);
+        Close(number);
         return;
     }
     const QDBusError error = call.error();
@@ -101,9 +103,20 @@ void NoticeQueue::Expire(quint64 number)
 void NoticeQueue::Tell(quint64 number, const QString &reason)
 {
     const auto found = openNotices.constFind(number);
-    if (found != openNotices.constEnd()) {
-        const UserId userId = *found;
-        openNotices.erase(found);
-        emit NotHeard(userId, reason);
+    if (found == openNotices.constEnd()) {
+        return;
+    }
+    const QPointer<NoticeQueue> self(this); // whoever is told may end the queue
+    allHeard = false;
+    emit NotHeard(*found, reason);
+    if (self) {
+        Close(number);
+    }
+}
+
+void NoticeQueue::Close(quint64 number)
+{
+    if (openNotices.remove(number) && openNotices.isEmpty()) {
+        emit Settled(std::exchange(allHeard, true));
     }
 }

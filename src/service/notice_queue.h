@@ -35,9 +35,15 @@ public:
     // are on their way there when this returns.
     void Send(const QDBusMessage &notice, UserId userId);
 
+    // On the queue's own thread: whether it is not yet known of some notice if it was heard.
+    [[nodiscard]] bool IsTelling() const { return !openNotices.isEmpty(); }
+
 signals:
     // On the queue's own thread, once for a notice.
     void NotHeard(UserId userId, const QString &reason);
+    // On the queue's own thread, when it is known of every notice; `allHeard` speaks of those since the
+    // last time.
+    void Settled(bool allHeard);
 
 private:
     struct Waiting
@@ -52,9 +58,11 @@ private:
     void Settle(quint64 number, const QDBusPendingCall &call);
     void Expire(quint64 number);
     void Tell(quint64 number, const QString &reason);
+    void Close(quint64 number);
 
     // On the queue's own thread only.
     QHash<quint64, UserId> openNotices; // the user of each that is neither answered nor told of
+    bool allHeard = true; // since none was open
 
     // Of all threads, under the lock.
     QMutex lock;

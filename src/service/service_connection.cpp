@@ -22,12 +22,12 @@ ServiceConnection::ServiceConnection(const QDBusConnection &serviceBus) : bus(se
 
 int ServiceConnection::Connect(Prompt &prompt)
 {
-    link.reset();
+    Disconnect();
     if (auto created = ServiceLink::Create(bus)) {
-        if (notHeard) {
-            QObject::connect(
-                created.get(), &ServiceLink::NotHeard, created.get(), [this] { notHeard(); });
-        }
+        QObject::connect(created.get(),
+                         &ServiceLink::Settled,
+                         created.get(),
+                         [this](bool allHeard) { settled(allHeard); });
         link = std::shared_ptr<const ServiceLink>(created.release(), [](const ServiceLink *last) {
             LetGo(const_cast<ServiceLink *>(last)); // NOLINT: it was made as one that may change
         });
@@ -35,4 +35,14 @@ int ServiceConnection::Connect(Prompt &prompt)
         prompt.Tell(u"Could not create instance"_s);
     }
     return 0;
+}
+
+// What was on its way to a service that has gone is answered by nobody.
+void ServiceConnection::Disconnect()
+{
+    const bool isTelling = link && link->IsTelling();
+    link.reset();
+    if (isTelling) {
+        settled(false);
+    }
 }

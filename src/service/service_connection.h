@@ -15,20 +15,21 @@ public:
     // Not connected yet. `bus` is the one that the service answers on.
     explicit ServiceConnection(const QDBusConnection &bus);
 
-    // Called when the service did not hear of a notice, in the thread that connected.
-    void OnNotHeard(const std::function<void()> &tell) { notHeard = tell; }
+    // Called when it is known of all notices under way whether the service heard them, in the thread
+    // that connected.
+    void OnSettled(const std::function<void(bool allHeard)> &tell) { settled = tell; }
 
     // Drops the present link and connects anew; on failure says "Could not create instance". Always 0,
     // which callers take as success: kept, the status bar then shows the service as connected.
     int Connect(Prompt &prompt);
 
-    void Disconnect() { link.reset(); }
+    void Disconnect();
 
     // Null while not connected. Work on another thread keeps the link for as long as it needs it.
     [[nodiscard]] std::shared_ptr<const ServiceLink> Link() const { return link; }
 
 private:
     QDBusConnection bus;
-    std::function<void()> notHeard;
+    std::function<void(bool allHeard)> settled = [](bool) {};
     std::shared_ptr<const ServiceLink> link;
 };

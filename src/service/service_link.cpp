@@ -25,6 +25,7 @@ ServiceLink::ServiceLink(const QDBusConnection &bus, int replyTimeout)
     : notices(std::make_unique<NoticeQueue>(bus, replyTimeout))
 {
     connect(notices.get(), &NoticeQueue::NotHeard, this, &ServiceLink::NotHeard);
+    connect(notices.get(), &NoticeQueue::Settled, this, &ServiceLink::Settled);
 }
 
 void ServiceLink::BlockUser(UserId userId) const

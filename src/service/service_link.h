@@ -28,10 +28,15 @@ public:
     void BlockUser(UserId userId) const; // slot 7
     void UnblockUser(UserId userId) const; // slot 8
 
+    // On the link's own thread: whether it is not yet known of some notice if it was heard.
+    [[nodiscard]] bool IsTelling() const { return notices->IsTelling(); }
+
 signals:
     // The service refused the notice of this user, or was not there, or did not answer in time; or the
     // bus was lost. Comes on the thread that made the link, out of its event loop, once for a notice.
     void NotHeard(UserId userId, const QString &reason);
+    // When that is known of every notice: whether all since the last time were heard. In the same way.
+    void Settled(bool allHeard);
 
 private:
     ServiceLink(const QDBusConnection &bus, int replyTimeout);

@@ -11,14 +11,14 @@ public:
     using QObject::QObject;
 
 signals:
-    // Something that the accounting service enforces was stored. `serviceTold`: it heard of it, so that
-    // it is in force; else it will find it in the database.
+    // Something that the accounting service enforces was stored. `serviceTold`: it was sent word of it;
+    // else it will find it in the database.
     void Stored(bool serviceTold);
 
     // Settings were stored, which the service takes up when it starts.
     void SettingsStored();
 
-    // The service did not hear of a block or unblock that it was told of: it will find it in the
-    // database.
-    void NotHeard();
+    // It is known of all that the service was sent word of whether it heard it. What it heard is in
+    // force; else it will find it in the database.
+    void ServiceSettled(bool allHeard);
 };

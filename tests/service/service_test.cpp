@@ -162,6 +162,32 @@ TEST_F(NoticeTest, AnErrorOfTheServiceIsTold)
     EXPECT_EQ(told, QStringList());
 }
 
+TEST_F(NoticeTest, ItIsToldWhenAllAreKnown)
+{
+    QList<bool> settled;
+    QObject::connect(link.get(), &ServiceLink::Settled, [&](bool allHeard) { settled << allHeard; });
+    const auto isSettled = [&] { return !settled.isEmpty(); };
+    service.LeaveNoticesUnanswered();
+    SendMany();
+    static_cast<void>(service.TakeCalls());
+    QTest::qWait(50);
+    EXPECT_TRUE(link->IsTelling());
+    EXPECT_EQ(settled, QList<bool>());
+    service.AnswerNotices();
+    EXPECT_TRUE(QTest::qWaitFor(isSettled, kPatience));
+    EXPECT_FALSE(link->IsTelling());
+    EXPECT_EQ(std::exchange(settled, {}), QList<bool> {true}) << "once for all";
+
+    service.RefuseNotices(u"no"_s);
+    link->BlockUser(UserId {7});
+    EXPECT_TRUE(QTest::qWaitFor(isSettled, kPatience));
+    EXPECT_EQ(std::exchange(settled, {}), QList<bool> {false});
+    service.RefuseNotices({});
+    link->BlockUser(UserId {8});
+    EXPECT_TRUE(QTest::qWaitFor(isSettled, kPatience));
+    EXPECT_EQ(settled, QList<bool> {true}) << "what was not heard before does not count again";
+}
+
 TEST_F(NoticeTest, AServiceThatHasGoneIsToldAndNotStarted)
 {
     service.LeaveAccounting();

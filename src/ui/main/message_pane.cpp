@@ -41,11 +41,33 @@ void MessagePane::ShowReading(bool reading)
     }
 }
 
-void MessagePane::ShowStored(bool serviceTold, bool serviceRuns, int period)
+void MessagePane::ShowTold(bool isTelling)
 {
-    if (serviceTold) {
-        ShowNews(tr("The change is in force."));
-    } else if (serviceRuns) {
+    if (isTelling) {
+        ShowNews(tr("The service is being told of the change..."));
+        awaitsService = true;
+    } else {
+        ShowHeard();
+    }
+}
+
+void MessagePane::ShowSettled(bool newAllHeard)
+{
+    allHeard = newAllHeard;
+    if (awaitsService || !allHeard) {
+        ShowHeard();
+    }
+}
+
+void MessagePane::ShowHeard()
+{
+    ShowNews(allHeard ? tr("The change is in force.")
+                      : tr("The service was not told and will find the change in the database."));
+}
+
+void MessagePane::ShowStored(bool serviceRuns, int period)
+{
+    if (serviceRuns) {
         ShowNews(tr("The change will be in force when the service reads the database next, within "
                     "%1 seconds.")
                      .arg(period));
@@ -59,11 +81,6 @@ void MessagePane::ShowSettingsStored()
     ShowNews(tr("The settings will be in force when the service is restarted."));
 }
 
-void MessagePane::ShowNotHeard()
-{
-    ShowNews(tr("The service was not told and will find the change in the database."));
-}
-
 void MessagePane::ShowLists(const QString &text)
 {
     lists = text;
@@ -73,6 +90,7 @@ void MessagePane::ShowLists(const QString &text)
 void MessagePane::ShowNews(const QString &text)
 {
     news = text;
+    awaitsService = false;
     if (news.isEmpty()) {
         newsTime.stop();
     } else {

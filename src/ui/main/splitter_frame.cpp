@@ -104,13 +104,18 @@ void CSplitterFrame::FollowChanges()
             messages,
             &MessagePane::ShowDatabase);
     connect(status, &FrameStatusBar::Cancelled, this, [this] { services.database.Cancel(); });
-    connect(&services.news, &ChangeNews::NotHeard, messages, &MessagePane::ShowNotHeard);
+    connect(&services.news, &ChangeNews::ServiceSettled, messages, &MessagePane::ShowSettled);
     connect(
         &services.news, &ChangeNews::SettingsStored, messages, &MessagePane::ShowSettingsStored);
     connect(&services.news, &ChangeNews::Stored, this, [this](bool serviceTold) {
+        const auto link = services.connection.Link();
+        if (serviceTold) {
+            messages->ShowTold(link && link->IsTelling());
+            return;
+        }
         constexpr int kUsualPeriod = 60; // seconds; what the service takes for none
         const int period = services.settings.ReadInteger(values::kTimer);
-        messages->ShowStored(serviceTold, service->IsRunning(), period > 0 ? period : kUsualPeriod);
+        messages->ShowStored(service->IsRunning(), period > 0 ? period : kUsualPeriod);
     });
 }
 

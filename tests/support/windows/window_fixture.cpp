@@ -43,6 +43,7 @@ void WindowFixture::UseConfigFolder(const QString &configFolder)
 void WindowFixture::Start(const StartUpOptions &options)
 {
     program.emplace(options);
+    program->connection.OnSettled([this](bool allHeard) { emit news.ServiceSettled(allHeard); });
     database = std::make_unique<SessionThread>();
     database->Open(Dsn());
     services.emplace(AppServices {

@@ -1,7 +1,10 @@
 // The users list and the groups list, worked with by mouse and keys.
 #include "access/list_commands.h"
+#include "accounts/sheet_actions.h"
+#include "app/perform.h"
 #include "db/value_codes.h"
 #include "list_fixture.h"
+#include "support/core/fake_service.h"
 #include "support/windows/modal.h"
 
 #include <QAction>
@@ -497,6 +500,35 @@ TEST_F(Lists, ACommandThatFailedTakesNothingOutOfItsList)
     EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM groups"), QStringList(u"2"_s));
 }
 
+TEST_F(Lists, AChangeIsInForceWhenTheServiceHasHeardOfIt)
+{
+    PrivateBus bus;
+    FakeService service(bus);
+    service.OfferAccounting();
+    UseBus(bus.Connection());
+    ASSERT_EQ(Services().connection.Connect(prompt), 0);
+    ShowThree();
+    QLabel &notice = Find<QLabel>(*frame, "messagePane");
+    const auto block = [&](UserId user) {
+        UserRecord record = LoadUser(user).value().value();
+        record.block.requested = true;
+        return Perform(Services(), frame.get(), u"Storing..."_s, ApplyUserAction(record, 1));
+    };
+    service.LeaveNoticesUnanswered();
+    EXPECT_TRUE(block(anna));
+    EXPECT_EQ(notice.text(), u"The service is being told of the change..."_s);
+    service.AnswerNotices();
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return notice.text() == u"The change is in force."_s; }, 5000))
+        << qPrintable(notice.text());
+
+    service.LeaveNoticesUnanswered();
+    EXPECT_TRUE(block(carl));
+    Services().connection.Disconnect();
+    EXPECT_EQ(notice.text(),
+              u"The service was not told and will find the change in the database."_s);
+}
+
 TEST_F(Lists, TheMessagePaneTellsOfTheConnectionToTheDatabase)
 {
     ShowThree();
@@ -511,7 +543,10 @@ TEST_F(Lists, TheMessagePaneTellsOfTheConnectionToTheDatabase)
     EXPECT_EQ(notice.text(), u"The change will be in force when the service starts."_s);
     emit Services().news.SettingsStored();
     EXPECT_EQ(notice.text(), u"The settings will be in force when the service is restarted."_s);
-    emit Services().news.NotHeard();
+    emit Services().news.ServiceSettled(true);
+    EXPECT_EQ(notice.text(), u"The settings will be in force when the service is restarted."_s)
+        << "what was heard of before is no news";
+    emit Services().news.ServiceSettled(false);
     EXPECT_EQ(notice.text(),
               u"The service was not told and will find the change in the database."_s);
 }
