@@ -22,7 +22,6 @@ bool ActionRun::IsStopped() const
 void ActionRun::Note(Failure failure)
 {
     if (!kind.oneTransaction || failures.isEmpty()) {
-        failure.about = about;
         failures.append(std::move(failure));
     }
 }

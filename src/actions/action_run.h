@@ -54,10 +54,6 @@ public:
         return !IsStopped() && Wrote(WriteRows(sqlText, values...), isDone);
     }
 
-    // What the statements that follow are about, as a person knows it: a failure names it. For actions
-    // whose statements stand for themselves, so that a person reads what was not written.
-    void About(const QString &what) { about = what; }
-
     // The rows that the last statement changed.
     [[nodiscard]] qint64 ChangedRows() const { return changedRows; }
 
@@ -102,7 +98,6 @@ private:
     std::vector<Kept> kept;
     QList<Question> questions;
     QString refusal;
-    QString about;
     QList<Failure> failures;
     qint64 changedRows = 0;
     int written = 0; // statements

@@ -20,20 +20,21 @@ void Write(SaveSteps &steps,
            const GlobalOptions &base,
            const GlobalOptions &draft)
 {
-    steps.Add(SavePrice(store, {base.currency, draft.currency}));
-    steps.Add(SaveCurrency(store, {base.currency, draft.currency}));
+    steps.Add(settings_names::kPrice, SavePrice(store, {base.currency, draft.currency}));
+    steps.Add(settings_names::kCurrency, SaveCurrency(store, {base.currency, draft.currency}));
     steps.SaveNetwork({base.ranges, draft.ranges}, {base.exclusions, draft.exclusions});
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+    steps.Edit(settings_names::kWorkstations, ConfigKeyId::Base, [&](KeyEditor &key) {
         WriteFlag(key, values::kControlMacGlobal, base.controlMac, draft.controlMac);
         WriteInteger(key, values::kTimer, base.updatePeriod, draft.updatePeriod);
         WriteFlag(key, values::kUserviewEnabled, base.domainLogon, draft.domainLogon);
         WriteText(key, values::kClientPwd, base.deinstallPassword, draft.deinstallPassword);
     });
     steps.SaveProtocols(draft.protocols);
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
-        WriteInteger(key, values::kMonitorProtMode, base.monitorMode, draft.monitorMode);
-        WriteInteger(key, values::kIdentModeGlobal, base.identMode, draft.identMode);
-    });
+    steps.Edit(
+        settings_names::kMonitorModeAndIdentification, ConfigKeyId::Base, [&](KeyEditor &key) {
+            WriteInteger(key, values::kMonitorProtMode, base.monitorMode, draft.monitorMode);
+            WriteInteger(key, values::kIdentModeGlobal, base.identMode, draft.identMode);
+        });
 }
 
 } // namespace

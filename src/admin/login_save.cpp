@@ -90,10 +90,13 @@ private:
             return;
         }
         if (!*stored || !*digest) {
-            Leave(Words(QT_TRANSLATE_NOOP(
-                      "LoginSave",
-                      "The login %1 was not saved: somebody else has removed it meanwhile.")),
-                  name);
+            report.saved.gone << name;
+            Leave(
+                Words(QT_TRANSLATE_NOOP(
+                    "LoginSave",
+                    "The login %1 was not saved: somebody else has removed it meanwhile. It is no "
+                    "longer listed.")),
+                name);
             return;
         }
         const auto present = WithUser(**stored);

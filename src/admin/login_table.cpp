@@ -99,6 +99,11 @@ void LoginTable::Remove(size_t index)
     if (states[index] != State::New) {
         removed << logins[index].name;
     }
+    Drop(index);
+}
+
+void LoginTable::Drop(size_t index)
+{
     const auto offset = static_cast<std::ptrdiff_t>(index);
     logins.erase(logins.begin() + offset);
     bases.erase(bases.begin() + offset);
@@ -154,4 +159,9 @@ void LoginTable::MarkSaved(const SavedLogins &saved)
         }
     }
     removed.removeIf([&saved](const QString &name) { return saved.removed.contains(name); });
+    for (const QString &name : saved.gone) {
+        if (const auto index = IndexOf(name)) {
+            Drop(*index);
+        }
+    }
 }

@@ -61,11 +61,12 @@ struct LoginChanges
     }
 };
 
-// What it was told: the logins as they stand now, and the names that are gone.
+// What it was told: the logins as they stand now, and the names that are removed.
 struct SavedLogins
 {
     std::vector<Login> written;
     QStringList removed;
+    QStringList gone; // names of changed logins that somebody else has removed meanwhile
 };
 
 class LoginTable
@@ -98,13 +99,14 @@ public:
     // New, changed and removed logins that are still to be written.
     [[nodiscard]] LoginChanges Changes() const;
 
-    // What was not written is still to be.
+    // What was not written is still to be, but for what is gone: it leaves the table.
     void MarkSaved(const SavedLogins &saved);
 
 private:
     enum class State { Stored, Changed, New };
 
     [[nodiscard]] std::optional<size_t> IndexOf(const QString &name) const;
+    void Drop(size_t index);
 
     std::vector<Login> logins;
     std::vector<Login> bases; // parallel to logins: as they are in the database

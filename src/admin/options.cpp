@@ -49,23 +49,28 @@ void SaveAuthentication(KeyEditor &key, const Options &base, const Options &draf
 
 void Write(SaveSteps &steps, const ConfigStore &store, const Options &base, const Options &draft)
 {
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+    steps.Edit(settings_names::kUpdatePeriod, ConfigKeyId::Base, [&](KeyEditor &key) {
         WriteInteger(key, values::kTimer, base.updatePeriod, draft.updatePeriod);
     });
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) { SaveAdapter(key, base, draft); });
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+    steps.Edit(settings_names::kAdapter, ConfigKeyId::Base, [&](KeyEditor &key) {
+        SaveAdapter(key, base, draft);
+    });
+    steps.Edit(settings_names::kIdentification, ConfigKeyId::Base, [&](KeyEditor &key) {
         WriteInteger(key, values::kIdentMode, base.identMode, draft.identMode);
         WriteFlag(key, values::kControlMac, base.controlMac, draft.controlMac);
     });
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) { SaveAuthentication(key, base, draft); });
-    steps.Add(SaveDefaultProfile(store, {base.profile, draft.profile}));
+    steps.Edit(settings_names::kAuthentication, ConfigKeyId::Base, [&](KeyEditor &key) {
+        SaveAuthentication(key, base, draft);
+    });
+    steps.Add(settings_names::kDefaultProfile,
+              SaveDefaultProfile(store, {base.profile, draft.profile}));
     steps.SaveNetwork({base.ranges, draft.ranges}, {base.exclusions, draft.exclusions});
     steps.SaveProtocols(draft.protocols);
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+    steps.Edit(settings_names::kMonitorMode, ConfigKeyId::Base, [&](KeyEditor &key) {
         WriteInteger(key, values::kMonitorProtMode, base.monitorMode, draft.monitorMode);
     });
-    steps.Add(SavePrice(store, {base.currency, draft.currency}));
-    steps.Add(SaveCurrency(store, {base.currency, draft.currency}));
+    steps.Add(settings_names::kPrice, SavePrice(store, {base.currency, draft.currency}));
+    steps.Add(settings_names::kCurrency, SaveCurrency(store, {base.currency, draft.currency}));
 }
 
 } // namespace

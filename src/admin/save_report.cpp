@@ -1,7 +1,5 @@
 #include "admin/save_report.h"
 
-#include <QCoreApplication>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,7 +24,9 @@ QString SaveReport::InWords() const
     }
     QStringList lines = notDone + leftOut;
     if (!settings.isEmpty()) {
-        lines << Words(QT_TRANSLATE_NOOP("SaveReport", "Not all settings were written."));
+        lines << Words(QT_TRANSLATE_NOOP("SaveReport", "Not all settings were written.")) + u' '
+                + Words(QT_TRANSLATE_NOOP("SaveReport", "Left as they were: %1."))
+                      .arg(unwritten.join(u", "_s));
     }
     lines << (isUnknown
                   ? Words(QT_TRANSLATE_NOOP(
@@ -45,9 +45,13 @@ QString SaveReport::InWords() const
     return (QStringList(lines.join(u'\n')) + reasons).join(u"\n\n"_s);
 }
 
-void SaveReport::Add(const SettingsResult &result)
+void SaveReport::Add(const char *what, const SettingsResult &result)
 {
-    if (!result && !settings.contains(result.error())) {
+    if (result) {
+        return;
+    }
+    unwritten << QCoreApplication::translate("SettingsNames", what);
+    if (!settings.contains(result.error())) {
         settings.append(result.error());
     }
 }

@@ -5,8 +5,31 @@
 #include "actions/action.h"
 #include "config/settings_failure.h"
 
+#include <QCoreApplication>
 #include <QList>
 #include <QStringList>
+
+// What a message calls the settings that are written together.
+namespace settings_names {
+constexpr const char *kAdapter = QT_TRANSLATE_NOOP("SettingsNames", "the network adapter");
+constexpr const char *kAddresses =
+    QT_TRANSLATE_NOOP("SettingsNames", "the address ranges and excluded addresses");
+constexpr const char *kAuthentication = QT_TRANSLATE_NOOP("SettingsNames", "the authorization");
+constexpr const char *kCurrency = QT_TRANSLATE_NOOP("SettingsNames", "the currency");
+constexpr const char *kDefaultProfile =
+    QT_TRANSLATE_NOOP("SettingsNames", "the properties of new users");
+constexpr const char *kExclusions = QT_TRANSLATE_NOOP("SettingsNames", "the excluded addresses");
+constexpr const char *kIdentification =
+    QT_TRANSLATE_NOOP("SettingsNames", "the identification of users");
+constexpr const char *kMonitorMode = QT_TRANSLATE_NOOP("SettingsNames", "the monitored protocols");
+constexpr const char *kMonitorModeAndIdentification =
+    QT_TRANSLATE_NOOP("SettingsNames", "the monitored protocols and identification of users");
+constexpr const char *kPrice = QT_TRANSLATE_NOOP("SettingsNames", "the price");
+constexpr const char *kRanges = QT_TRANSLATE_NOOP("SettingsNames", "the address ranges");
+constexpr const char *kUpdatePeriod = QT_TRANSLATE_NOOP("SettingsNames", "the update period");
+constexpr const char *kWorkstations = QT_TRANSLATE_NOOP(
+    "SettingsNames", "the update period, control of MAC addresses and client program");
+} // namespace settings_names
 
 struct SaveReport
 {
@@ -17,6 +40,7 @@ struct SaveReport
     bool isUnknown = false; // the save was given up on its way: some of it may have been written
 
     QList<SettingsFailure> settings; // files that could not be read or written
+    QStringList unwritten; // names of the settings that stay as they were
     QStringList notDone; // sentences on what failed in the database
     QStringList leftOut; // sentences on what was not tried, and why
     QList<Failure> statements; // those that failed, in their order
@@ -28,7 +52,7 @@ struct SaveReport
     // why. Empty when everything was written, and while there are questions.
     [[nodiscard]] QString InWords() const;
 
-    void Add(const SettingsResult &result);
+    void Add(const char *what, const SettingsResult &result);
     void Add(ActionId action, const Outcome &outcome);
 };
 

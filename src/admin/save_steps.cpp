@@ -73,9 +73,11 @@ bool SaveSteps::MayWrite() const
     return report.questions.isEmpty() && !report.isDeclined;
 }
 
-void SaveSteps::Edit(ConfigKeyId key, const std::function<void(KeyEditor &)> &edit)
+void SaveSteps::Edit(const char *what,
+                     ConfigKeyId key,
+                     const std::function<void(KeyEditor &)> &edit)
 {
-    report.Add(store.Edit(key, edit));
+    report.Add(what, store.Edit(key, edit));
 }
 
 void SaveSteps::SaveNetwork(const Edited<QList<AddressRange>> &ranges,
@@ -84,7 +86,7 @@ void SaveSteps::SaveNetwork(const Edited<QList<AddressRange>> &ranges,
     const auto written = store.Edit(ConfigKeyId::LocalIp, [&ranges](KeyEditor &key) {
         SaveRanges(key, ranges.base, ranges.draft);
     });
-    report.Add(written);
+    report.Add(settings_names::kRanges, written);
     if (written) {
         report.Add(ActionId::ExcludeAddress,
                    RunAction(ExcludeAddressAction(withUsersToRemove), answers, nullptr));
@@ -94,8 +96,9 @@ void SaveSteps::SaveNetwork(const Edited<QList<AddressRange>> &ranges,
             "The users of excluded addresses were not removed, since the addresses cannot be "
             "written either."));
     }
-    Edit(ConfigKeyId::LocalIp,
-         [&exclusions](KeyEditor &key) { SaveExclusions(key, exclusions.base, exclusions.draft); });
+    Edit(settings_names::kExclusions, ConfigKeyId::LocalIp, [&exclusions](KeyEditor &key) {
+        SaveExclusions(key, exclusions.base, exclusions.draft);
+    });
 }
 
 void SaveSteps::SaveProtocols(const std::optional<ProtocolTable> &protocols)

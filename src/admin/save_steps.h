@@ -28,8 +28,9 @@ public:
 
     [[nodiscard]] bool MayWrite() const;
 
-    void Edit(ConfigKeyId key, const std::function<void(KeyEditor &)> &edit);
-    void Add(const SettingsResult &result) { report.Add(result); }
+    // `what` names the settings, as one of settings_names.
+    void Edit(const char *what, ConfigKeyId key, const std::function<void(KeyEditor &)> &edit);
+    void Add(const char *what, const SettingsResult &result) { report.Add(what, result); }
 
     // The ranges; then the users who are to be removed, and the exclusions.
     void SaveNetwork(const Edited<QList<AddressRange>> &ranges,

@@ -14,15 +14,15 @@ QList<Ipv4> ExclusionsOf(const NetworkSetup &setup)
 
 void Write(SaveSteps &steps, const NetworkSetup &base, const NetworkSetup &draft)
 {
-    steps.Edit(ConfigKeyId::LocalIp, [&](KeyEditor &key) {
+    steps.Edit(settings_names::kAddresses, ConfigKeyId::LocalIp, [&](KeyEditor &key) {
         SaveRanges(key, base.ranges, draft.ranges);
         ReplaceExclusions(key, ExclusionsOf(base), ExclusionsOf(draft));
     });
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+    steps.Edit(settings_names::kMonitorMode, ConfigKeyId::Base, [&](KeyEditor &key) {
         WriteInteger(key, values::kMonitorProtMode, base.monitorMode, draft.monitorMode);
     });
     steps.SaveWizardProtocols(draft.protocols);
-    steps.Edit(ConfigKeyId::Base, [&](KeyEditor &key) {
+    steps.Edit(settings_names::kIdentification, ConfigKeyId::Base, [&](KeyEditor &key) {
         WriteInteger(key, values::kIdentModeGlobal, base.identMode, draft.identMode);
     });
 }

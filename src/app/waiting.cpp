@@ -24,7 +24,6 @@ WaitDialog::WaitDialog(const QString &what, QWidget *parent)
     setObjectName(u"waitDialog"_s);
     setWindowTitle(tr("Please wait"));
     setModal(true);
-    setCursor(Qt::ArrowCursor); // it shows that something can be done here
     text->setObjectName(u"what"_s);
     text->setTextFormat(Qt::PlainText);
     auto *progress = new QProgressBar(this);
@@ -80,6 +79,7 @@ void SessionWait::ShowDialog()
     dialog = std::make_unique<WaitDialog>(what, parent);
     connect(dialog.get(), &WaitDialog::Cancelled, this, [this] { database.Cancel(); });
     dialog->show();
+    QGuiApplication::changeOverrideCursor(Qt::BusyCursor); // an arrow: something can be done here
     hidden.quit();
 }
 

@@ -38,6 +38,5 @@ QString Reason(Failure::Kind kind)
 
 QString Failure::InWords() const
 {
-    const QString reason = about.isEmpty() ? Reason(kind) : about + u": "_s + Reason(kind);
-    return kind == Kind::Cancelled || text.isEmpty() ? reason : reason + u'\n' + text;
+    return kind == Kind::Cancelled || text.isEmpty() ? Reason(kind) : Reason(kind) + u'\n' + text;
 }

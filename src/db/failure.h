@@ -25,7 +25,6 @@ struct Failure
     QString sqlState;
     int native = 0; // the engine's own number
     QString text; // the driver's own words
-    QString about {}; // what of the whole it concerns, as a person knows it; empty for all of it
 
     // Whether the session's connection ended with it, of which nothing is kept but what was committed.
     [[nodiscard]] bool EndsConnection() const

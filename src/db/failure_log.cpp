@@ -33,6 +33,11 @@ void FailureLog::Add(const Failure &failure)
     qCWarning(logDb).noquote() << line.join(u' ');
     {
         const QMutexLocker lock(&mutex);
+        // A connection that still cannot be opened would soon fill the log.
+        const bool isConnection = failure.statement.isEmpty();
+        if (isConnection && !recent.isEmpty() && Failure(recent.constLast()) == failure) {
+            return;
+        }
         recent.append({failure, QDateTime::currentDateTime()});
         if (recent.size() > kKept) {
             recent.removeFirst();

@@ -36,6 +36,7 @@ public:
     // The last 200, oldest first.
     [[nodiscard]] QList<StatementFailure> Recent() const;
 
+    // A connection that fails as the last failure did counts once with it.
     void Add(const Failure &failure);
     void Clear();
 

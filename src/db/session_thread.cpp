@@ -245,6 +245,8 @@ void SessionThread::Cancel()
     if (running && !running->opensSession) {
         cancelledAt = Clock::now();
         worker->Watch().Cancel();
+    } else if (running) {
+        ShowConnected(false); // nobody waits for it any longer
     }
 }
 
@@ -287,6 +289,11 @@ void SessionThread::SetConnected(bool isOpen)
         reopenTimer.start(pause);
         pause = std::min(2 * pause, Limits().longestPause);
     }
+    ShowConnected(isOpen);
+}
+
+void SessionThread::ShowConnected(bool isOpen)
+{
     if (connected != isOpen) {
         connected = isOpen;
         emit ConnectionChanged(connected);

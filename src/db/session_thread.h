@@ -161,6 +161,7 @@ private:
     void LookAfterCall();
     void Abandon(Failure::Kind kind);
     void SetConnected(bool isOpen);
+    void ShowConnected(bool isOpen);
 
     QString dsn;
     std::shared_ptr<Worker> worker;

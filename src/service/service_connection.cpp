@@ -24,9 +24,10 @@ int ServiceConnection::Connect(Prompt &prompt)
 {
     Disconnect();
     if (auto created = ServiceLink::Create(bus)) {
+        listener = std::make_unique<QObject>();
         QObject::connect(created.get(),
                          &ServiceLink::Settled,
-                         created.get(),
+                         listener.get(),
                          [this](bool allHeard) { settled(allHeard); });
         link = std::shared_ptr<const ServiceLink>(created.release(), [](const ServiceLink *last) {
             LetGo(const_cast<ServiceLink *>(last)); // NOLINT: it was made as one that may change
@@ -41,6 +42,7 @@ int ServiceConnection::Connect(Prompt &prompt)
 void ServiceConnection::Disconnect()
 {
     const bool isTelling = link && link->IsTelling();
+    listener.reset();
     link.reset();
     if (isTelling) {
         settled(false);

@@ -32,4 +32,6 @@ private:
     QDBusConnection bus;
     std::function<void(bool allHeard)> settled = [](bool) {};
     std::shared_ptr<const ServiceLink> link;
+    std::unique_ptr<QObject>
+        listener; // to the present link: one that others keep is not heard any more
 };

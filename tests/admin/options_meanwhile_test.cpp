@@ -136,7 +136,9 @@ TEST_P(OptionsMeanwhile, ADamagedFileIsToldAndNotReplaced)
     EXPECT_EQ(store.ReadText(values::kDefBlocked), u"1"_s) << "the other keys are written";
     EXPECT_EQ(RowsOf("SELECT proto_name FROM protocols WHERE mon = 0").size(), 1);
     EXPECT_EQ(report.InWords(),
-              u"Not all settings were written.\nWhat is not named here was written as it was "
+              u"Not all settings were written. Left as they were: the update period, the network "
+              "adapter, the identification of users, the authorization, the monitored protocols, "
+              "the currency.\nWhat is not named here was written as it was "
               "entered.\n\n"_s
                   + TextOf(loaded.failures[0]));
 }

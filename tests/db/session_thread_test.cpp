@@ -304,7 +304,8 @@ TEST_P(OwnThread, EndsAStatementThatIsCancelled)
         EXPECT_EQ(value->error().kind, Kind::Cancelled);
         EXPECT_EQ(Await(CountUsers).value(), 2U);
     }
-    EXPECT_GE(FaultyDriver::Connects(), 3) << "what was asked to stop leaves its connection";
+    // What was asked to stop leaves its connection; the first may have been cancelled before it began.
+    EXPECT_GE(FaultyDriver::Connects(), 2);
 }
 
 TEST_P(OwnThread, EndsAWaitForALockThatIsCancelled)

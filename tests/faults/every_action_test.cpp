@@ -170,9 +170,8 @@ protected:
     }
 
     // The rows, new ids aside, that are there without being expected ("+"), or the other way round ("-").
-    [[nodiscard]] static QStringList Differences(const QStringList &rows,
-                                                 const QStringList &expected,
-                                                 const QStringList &before)
+    [[nodiscard]] static QStringList
+    Differences(const QStringList &rows, const QStringList &expected, const QStringList &before)
     {
         QStringList found = WithoutNewIds(rows, before);
         QStringList missing;

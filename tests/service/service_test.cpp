@@ -165,7 +165,8 @@ TEST_F(NoticeTest, AnErrorOfTheServiceIsTold)
 TEST_F(NoticeTest, ItIsToldWhenAllAreKnown)
 {
     QList<bool> settled;
-    QObject::connect(link.get(), &ServiceLink::Settled, [&](bool allHeard) { settled << allHeard; });
+    QObject::connect(
+        link.get(), &ServiceLink::Settled, [&](bool allHeard) { settled << allHeard; });
     const auto isSettled = [&] { return !settled.isEmpty(); };
     service.LeaveNoticesUnanswered();
     SendMany();

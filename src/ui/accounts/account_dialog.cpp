@@ -61,7 +61,6 @@ AccountDialog::AccountDialog(const AppServices &appServices,
     setWindowTitle(u"Account"_s);
     BuildControls(account.ownerName);
     ListRows();
-    resize(sizeHint().boundedTo(screen()->availableSize()));
     table->setFocus();
 }
 
@@ -150,6 +149,9 @@ void AccountDialog::ShowRows()
         lines << HistoryCells(row, ownerMode, currency.rate);
     }
     table->SetRows(lines);
+    // A new row may be wider than those that the dialog was made for.
+    layout()->activate();
+    resize(size().expandedTo(sizeHint()).boundedTo(screen()->availableSize()));
 }
 
 HistoryRow *AccountDialog::Selected()

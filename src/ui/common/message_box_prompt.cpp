@@ -1,11 +1,37 @@
 #include "ui/common/message_box_prompt.h"
 
 #include <QApplication>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScrollArea>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kMostLines = 16; // that a small screen has room for
+
+// A message that names many things stays smaller than the screen: its text scrolls.
+void LetScroll(QMessageBox &box)
+{
+    auto *label = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
+    auto *grid = qobject_cast<QGridLayout *>(box.layout());
+    if (label == nullptr || grid == nullptr) {
+        return;
+    }
+    auto *area = new QScrollArea;
+    area->setObjectName(u"messageText"_s);
+    area->setFrameShape(QFrame::NoFrame);
+    delete grid->replaceWidget(label, area);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop);
+    area->setWidget(label);
+    area->setWidgetResizable(true);
+    area->setMinimumSize(label->sizeHint().width() + area->verticalScrollBar()->sizeHint().width(),
+                         kMostLines * label->fontMetrics().lineSpacing());
+}
 
 QMessageBox::StandardButton Show(QMessageBox::Icon icon,
                                  const QString &text,
@@ -19,6 +45,9 @@ QMessageBox::StandardButton Show(QMessageBox::Icon icon,
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.setAccessibleName(title);
     box.setAccessibleDescription(text);
+    if (text.count(u'\n') >= kMostLines) {
+        LetScroll(box);
+    }
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

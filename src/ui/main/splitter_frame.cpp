@@ -39,7 +39,7 @@ CSplitterFrame::CSplitterFrame(const AppServices &appServices, FrameDialogs wind
     CreateBars();
     ReadSettings();
     CreateTimers();
-    resize(1000, 680);
+    resize(QSize(1000, 680).boundedTo(screen()->availableSize()));
     users->setFocus();
 }
 

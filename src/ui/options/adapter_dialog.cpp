@@ -47,7 +47,7 @@ void AdapterDialog::Bind(const Adapter &adapter)
 {
     const auto bind = [adapter, &store = services.settings](const Answers &) {
         SaveReport report;
-        report.Add(BindAdapter(store, adapter));
+        report.Add(settings_names::kAdapter, BindAdapter(store, adapter));
         return report;
     };
     if (PerformSave(services, this, bind)) {

@@ -66,6 +66,7 @@ ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
     column->addWidget(progress);
     column->addWidget(OkAndCancel(*this));
     connect(type, &AccessTypeBox::Changed, this, &ManyUsersDialog::EnableLimits);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 60); // the title bar's buttons aside
     ShowAccess(opened.access);
     EnableLimits();
 }
@@ -151,12 +152,10 @@ std::optional<ModeAndLimits> ManyUsersDialog::Entered()
 std::optional<size_t> ManyUsersDialog::Write(const ModeAndLimits &entered)
 {
     const auto changed = std::make_shared<size_t>(0);
-    progress->setRange(0, 0); // all at once: there is no part of it to show
     const bool isDone = Perform(services,
                                 this,
                                 tr("Changing the users..."),
                                 SetModeAndLimitsAction(userIds, entered, changed));
-    progress->setRange(0, static_cast<int>(userIds.size()));
     progress->setValue(isDone ? static_cast<int>(*changed) : 0);
     return isDone ? std::optional(*changed) : std::nullopt;
 }

@@ -72,7 +72,7 @@ ReportsDialog::ReportsDialog(const AppServices &appServices, QWidget *parent)
     allAvailable->setChecked(true);
     EnablePickers();
     SelectFirst();
-    resize(1120, 760);
+    resize(QSize(1120, 760).boundedTo(screen()->availableSize()));
 }
 
 ReportViewer &ReportsDialog::Viewer() const

@@ -181,6 +181,26 @@ TEST(MessageBoxPrompt, TellsAndAsks)
     }
 }
 
+TEST(MessageBoxPrompt, ALongMessageScrolls)
+{
+    QWidget window;
+    ShowActive(window);
+    QStringList lines;
+    for (int number = 1; number <= 85; ++number) {
+        lines << u"The protocol number %1 was not stored because its ports could not be read."_s
+                     .arg(number);
+    }
+    const WhileModal answer([&](QDialog &dialog) {
+        EXPECT_EQ(static_cast<const QMessageBox &>(dialog).text(), lines.join(u'\n'));
+        EXPECT_LE(dialog.height(), 500);
+        auto &area = Find<QScrollArea>(dialog, "messageText");
+        EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
+        EXPECT_EQ(area.horizontalScrollBar()->maximum(), 0);
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+    MessageBoxPrompt().Tell(lines.join(u'\n'), Prompt::Icon::Error, {});
+}
+
 TEST(Icons, EachPictureIsDrawn)
 {
     constexpr int kCount = static_cast<int>(Picture::Binding) + 1;
