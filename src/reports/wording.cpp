@@ -1,5 +1,7 @@
 #include "reports/wording.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -13,10 +15,17 @@ QString InWords(Day day)
         .arg(day.day, 2, 10, QChar(u'0'));
 }
 
-QString NamesInWords(const QString &kind, const QStringList &names)
+struct Words
 {
-    const QString all = kind + u' ' + names.mid(0, kMostNames).join(u", "_s);
-    return names.size() > kMostNames ? all + u" and %1 more"_s.arg(names.size() - kMostNames) : all;
+    Q_DECLARE_TR_FUNCTIONS(ReportHeading)
+};
+
+QString Listed(const QStringList &names)
+{
+    const QString first = names.mid(0, kMostNames).join(u", "_s);
+    return names.size() > kMostNames
+        ? Words::tr("%1 and %2 more").arg(first, QString::number(names.size() - kMostNames))
+        : first;
 }
 
 } // namespace
@@ -24,20 +33,20 @@ QString NamesInWords(const QString &kind, const QStringList &names)
 QString PeriodInWords(const ReportPeriod &period)
 {
     if (period.choice == PeriodChoice::All) {
-        return u"all available"_s;
+        return Words::tr("all available");
     }
     const QString last = InWords(period.to);
-    return period.from == period.to ? last : InWords(period.from) + u" to " + last;
+    return period.from == period.to ? last : Words::tr("%1 to %2").arg(InWords(period.from), last);
 }
 
 QString FilterInWords(const QStringList &users, const QStringList &groups)
 {
     QStringList parts;
     if (!users.isEmpty()) {
-        parts += NamesInWords(u"users"_s, users);
+        parts += Words::tr("users %1").arg(Listed(users));
     }
     if (!groups.isEmpty()) {
-        parts += NamesInWords(u"groups"_s, groups);
+        parts += Words::tr("groups %1").arg(Listed(groups));
     }
-    return parts.isEmpty() ? u"all users and groups"_s : parts.join(u"; "_s);
+    return parts.isEmpty() ? Words::tr("all users and groups") : parts.join(u"; "_s);
 }

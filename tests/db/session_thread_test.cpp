@@ -550,6 +550,7 @@ TEST_P(OwnThread, TriesAtOneConnectionAtATime)
         session->Reopen();
     }
     session->Cancel();
+    EXPECT_FALSE(session->IsConnected()) << "nobody waits for it any longer";
     QTest::qWait(600); // three hosts get their time; then a pause
     EXPECT_FALSE(session->IsConnected());
     EXPECT_LE(FaultyDriver::Connects() - before, 3);

@@ -9,17 +9,16 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-using namespace Qt::StringLiterals;
-
-ReportFilterDialog::ReportFilterDialog(const QString &what, QWidget *parent) : QDialog(parent)
+ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent) : QDialog(parent)
 {
-    setWindowTitle(what.left(1).toUpper() + what.mid(1) + u" to report on");
+    const bool ofUsers = what == Of::Users;
+    setWindowTitle(ofUsers ? tr("Users to report on") : tr("Groups to report on"));
     taken = MakeList("taken");
     left = MakeList("left");
-    auto *take = MakeButton<QPushButton>(u"< &Add"_s, "take");
-    auto *takeAll = MakeButton<QPushButton>(u"<< Add a&ll"_s, "takeAll");
-    auto *drop = MakeButton<QPushButton>(u"&Remove >"_s, "drop");
-    auto *dropAll = MakeButton<QPushButton>(u"R&emove all >>"_s, "dropAll");
+    auto *take = MakeButton<QPushButton>(tr("< &Add"), "take");
+    auto *takeAll = MakeButton<QPushButton>(tr("<< Add a&ll"), "takeAll");
+    auto *drop = MakeButton<QPushButton>(tr("&Remove >"), "drop");
+    auto *dropAll = MakeButton<QPushButton>(tr("R&emove all >>"), "dropAll");
     connect(take, &QPushButton::clicked, this, [this] { Move(*left, *taken); });
     connect(takeAll, &QPushButton::clicked, this, [this] { MoveAll(*left, *taken); });
     connect(drop, &QPushButton::clicked, this, [this] { Move(*taken, *left); });
@@ -34,12 +33,14 @@ ReportFilterDialog::ReportFilterDialog(const QString &what, QWidget *parent) : Q
     }
     buttons->addStretch();
     auto *grid = new QGridLayout(this);
-    grid->addWidget(LabelFor(u"Report on &these %1:"_s.arg(what), *taken), 0, 0);
-    grid->addWidget(LabelFor(u"&Other %1:"_s.arg(what), *left), 0, 2);
+    const QString these = ofUsers ? tr("Report on &these users:") : tr("Report on &these groups:");
+    const QString others = ofUsers ? tr("&Other users:") : tr("&Other groups:");
+    grid->addWidget(LabelFor(these, *taken), 0, 0);
+    grid->addWidget(LabelFor(others, *left), 0, 2);
     grid->addWidget(taken, 1, 0);
     grid->addLayout(buttons, 1, 1);
     grid->addWidget(left, 1, 2);
-    auto *note = new QLabel(u"With none or all of them chosen the report is made on everybody."_s);
+    auto *note = new QLabel(tr("With none or all of them chosen the report is made on everybody."));
     note->setWordWrap(true);
     grid->addWidget(note, 2, 0, 1, 3);
     grid->addWidget(OkAndCancel(*this), 3, 0, 1, 3);
@@ -48,7 +49,7 @@ ReportFilterDialog::ReportFilterDialog(const QString &what, QWidget *parent) : Q
 
 void ReportFilterDialog::Add(QListWidget &list, const QString &name, quint32 id)
 {
-    auto *item = new QListWidgetItem(name.isEmpty() ? u"(no name)"_s : name, &list);
+    auto *item = new QListWidgetItem(name.isEmpty() ? tr("(no name)") : name, &list);
     item->setData(Qt::UserRole, id);
 }
 

@@ -13,8 +13,9 @@ class ReportFilterDialog : public QDialog
     Q_OBJECT
 
 public:
-    // `what` is "users" or "groups".
-    ReportFilterDialog(const QString &what, QWidget *parent);
+    enum class Of { Users, Groups };
+
+    ReportFilterDialog(Of what, QWidget *parent);
 
     // Those of `offered` that `filter` takes stand among the taken; all others among those left.
     template <typename IdType>

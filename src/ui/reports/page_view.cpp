@@ -105,20 +105,19 @@ void PageView::ArrangeBars()
     horizontalScrollBar()->setRange(0, std::max(0, wide - viewport()->width()));
 }
 
-const QPixmap &PageView::Picture(int page)
+QPixmap PageView::Picture(int page)
 {
     if (const QPixmap *known = pictures.object(page)) {
         return *known;
     }
-    auto picture = std::make_unique<QPixmap>((PageSize() * devicePixelRatioF()).toSize());
-    picture->setDevicePixelRatio(devicePixelRatioF());
-    picture->fill(Qt::white); // paper is white on a dark desktop too
-    QPainter painter(picture.get());
+    QPixmap picture((PageSize() * devicePixelRatioF()).toSize());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::white); // paper is white on a dark desktop too
+    QPainter painter(&picture);
     pages->Paint(painter, page, zoom * logicalDpiX() / 72.0);
     painter.end();
-    QPixmap *const kept = picture.release();
-    pictures.insert(page, kept);
-    return *kept;
+    pictures.insert(page, new QPixmap(picture));
+    return picture;
 }
 
 void PageView::paintEvent(QPaintEvent *event)

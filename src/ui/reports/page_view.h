@@ -38,7 +38,7 @@ private:
     void Rezoom(double factor);
     [[nodiscard]] QSizeF PageSize() const; // pixels
     [[nodiscard]] double Step() const; // from one page's top to the next
-    [[nodiscard]] const QPixmap &Picture(int page);
+    [[nodiscard]] QPixmap Picture(int page);
 
     std::shared_ptr<const ReportPages> pages;
     QCache<int, QPixmap> pictures;

@@ -1,17 +1,17 @@
 #include "ui/reports/print_pages.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 
-using namespace Qt::StringLiterals;
-
 std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, int copies, int pageCount)
 {
     // Without a printer the toolkit would quietly write a file.
     if (QPrinterInfo::availablePrinters().isEmpty()) {
-        prompt.Tell(u"No printer is installed. The report can be saved as PDF."_s);
+        prompt.Tell(QCoreApplication::translate(
+            "PrintPages", "No printer is installed. The report can be saved as PDF."));
         return nullptr;
     }
     auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);

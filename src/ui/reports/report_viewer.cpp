@@ -57,7 +57,7 @@ void ReportViewer::MakeProgressRow()
     progressRow = new QWidget;
     progress = new QProgressBar;
     SetNames(*progress, u"progress"_s, u"Progress of the report"_s);
-    auto *stop = new QPushButton(u"Stop"_s);
+    auto *stop = new QPushButton(tr("Stop"));
     stop->setObjectName(u"stop"_s);
     stop->setAutoDefault(false);
     connect(stop, &QPushButton::clicked, this, &ReportViewer::Cancel);
@@ -113,7 +113,7 @@ void ReportViewer::Run()
         return;
     }
     if (request.layoutPath.isEmpty()) {
-        Say(u"Please select a report"_s);
+        Say(tr("Please select a report"));
         return;
     }
     const auto outcome = std::make_shared<Outcome>();
@@ -145,12 +145,12 @@ void ReportViewer::Show(const Outcome &outcome)
     table = outcome.table;
     pages = outcome.pages;
     if (!table) {
-        Say(outcome.problem.kind == ReportProblem::Kind::Cancelled ? u"The report was stopped."_s
+        Say(outcome.problem.kind == ReportProblem::Kind::Cancelled ? tr("The report was stopped.")
                                                                    : outcome.problem.text);
         return;
     }
     if (!pages) {
-        Say(u"No font is installed; install fonts-dejavu-core"_s);
+        Say(tr("No font is installed; install fonts-dejavu-core"));
         return;
     }
     Say({}); // no more of the progress
@@ -162,8 +162,8 @@ void ReportViewer::ShowProgress(qint64 done, qint64 whole)
 {
     progress->setRange(0, whole > 0 ? 1000 : 0);
     progress->setValue(whole > 0 ? static_cast<int>(1000 * done / whole) : 0);
-    Say(whole > 0 ? u"%1 of %2"_s.arg(QLocale::c().toString(done), QLocale::c().toString(whole))
-                  : u"%1 rows read"_s.arg(QLocale::c().toString(done)));
+    Say(whole > 0 ? tr("%1 of %2").arg(QLocale::c().toString(done), QLocale::c().toString(whole))
+                  : tr("%1 rows read").arg(QLocale::c().toString(done)));
 }
 
 void ReportViewer::SetBusy(bool busy)
@@ -211,10 +211,10 @@ void ReportViewer::Print()
     job.Start(
         [printed = pages, printer, outcome](RunControl &control) {
             const int sent = PrintPages(*printed, *printer, control);
-            *outcome = sent == 0 ? u"The report was not printed."_s
+            *outcome = sent == 0 ? tr("The report was not printed.")
                 : control.IsCancelled()
-                ? u"Printing was stopped; pages sent before: %1."_s.arg(sent)
-                : u"The report was sent to the printer."_s;
+                ? tr("Printing was stopped; pages sent before: %1.").arg(sent)
+                : tr("The report was sent to the printer.");
         },
         [this, outcome] { Say(*outcome); });
 }
@@ -222,11 +222,11 @@ void ReportViewer::Print()
 void ReportViewer::SaveAs()
 {
     const QStringList endings {u"pdf"_s, u"xlsx"_s, u"csv"_s, u"html"_s};
-    const QStringList kinds {u"PDF (*.pdf)"_s,
-                             u"Spreadsheet (*.xlsx)"_s,
-                             u"Text with commas (*.csv)"_s,
-                             u"Web page (*.html)"_s};
-    QFileDialog dialog(this, u"Save report"_s);
+    const QStringList kinds {tr("PDF (*.pdf)"),
+                             tr("Spreadsheet (*.xlsx)"),
+                             tr("Text with commas (*.csv)"),
+                             tr("Web page (*.html)")};
+    QFileDialog dialog(this, tr("Save report"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(kinds);
     const auto takeEnding = [&](const QString &kind) {
@@ -252,10 +252,10 @@ void ReportViewer::SaveTo(const QString &fileName)
         [this, fileName, problem] {
             switch (problem->kind) {
             case ReportProblem::Kind::None:
-                Say(u"Saved as %1"_s.arg(fileName));
+                Say(tr("Saved as %1").arg(fileName));
                 break;
             case ReportProblem::Kind::Cancelled:
-                Say(u"The report was not saved."_s);
+                Say(tr("The report was not saved."));
                 break;
             default:
                 prompt.Tell(problem->text, Prompt::Icon::Warning);

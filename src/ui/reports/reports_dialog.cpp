@@ -7,7 +7,6 @@
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/reports/crystal_ctrl.h"
-#include "ui/reports/filter_dialog.h"
 #include "ui/reports/report_viewer.h"
 
 #include <QDateEdit>
@@ -57,10 +56,10 @@ ReportsDialog::ReportsDialog(const AppServices &appServices, QWidget *parent)
     : QDialog(parent)
     , services(appServices)
 {
-    setWindowTitle(u"Reports"_s);
+    setWindowTitle(tr("Reports"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     control = new CCrystalCtrl(this);
-    control->Create(services.prompt, u"Report"_s, {0, 0, 640, 480}, this, kControlId);
+    control->Create(services.prompt, tr("Report"), {0, 0, 640, 480}, this, kControlId);
     auto *split = new QSplitter;
     split->setObjectName(u"split"_s);
     split->setChildrenCollapsible(false);
@@ -83,7 +82,7 @@ ReportViewer &ReportsDialog::Viewer() const
 QWidget *ReportsDialog::BuildChoices()
 {
     catalogue = new QListWidget;
-    SetNames(*catalogue, u"catalogue"_s, u"Reports"_s);
+    SetNames(*catalogue, u"catalogue"_s, tr("Reports"));
     for (const ReportEntry &entry : ReportCatalogue()) {
         catalogue->addItem(entry.title.toString());
     }
@@ -109,12 +108,12 @@ QWidget *ReportsDialog::BuildChoices()
 
 QWidget *ReportsDialog::BuildPeriod()
 {
-    auto *box = new QGroupBox(u"Use data to report on:"_s);
-    allAvailable = MakeButton<QRadioButton>(u"All available"_s, "allAvailable");
-    today = MakeButton<QRadioButton>(u"Today"_s, "today");
-    lastWeek = MakeButton<QRadioButton>(u"Last week"_s, "lastWeek");
-    lastMonth = MakeButton<QRadioButton>(u"Last month"_s, "lastMonth");
-    custom = MakeButton<QRadioButton>(u"Custom "_s, "custom");
+    auto *box = new QGroupBox(tr("Use data to report on:"));
+    allAvailable = MakeButton<QRadioButton>(tr("All available"), "allAvailable");
+    today = MakeButton<QRadioButton>(tr("Today"), "today");
+    lastWeek = MakeButton<QRadioButton>(tr("Last week"), "lastWeek");
+    lastMonth = MakeButton<QRadioButton>(tr("Last month"), "lastMonth");
+    custom = MakeButton<QRadioButton>(tr("Custom "), "custom");
     since = DayPicker("since");
     until = DayPicker("until");
     auto *column = new QVBoxLayout(box);
@@ -122,23 +121,23 @@ QWidget *ReportsDialog::BuildPeriod()
         column->addWidget(choice);
         connect(choice, &QRadioButton::toggled, this, &ReportsDialog::EnablePickers);
     }
-    auto *customBox = new QGroupBox(u"Custom period"_s);
+    auto *customBox = new QGroupBox(tr("Custom period"));
     auto *days = new QFormLayout(customBox);
-    days->addRow(LabelFor(u"Since"_s, *since), since);
-    days->addRow(LabelFor(u"Until"_s, *until), until);
+    days->addRow(LabelFor(tr("Since"), *since), since);
+    days->addRow(LabelFor(tr("Until"), *until), until);
     column->addWidget(customBox);
     return box;
 }
 
 QWidget *ReportsDialog::BuildFilters()
 {
-    users = MakeButton<QPushButton>(u"Users to report on..."_s, "users");
-    groups = MakeButton<QPushButton>(u"Groups to report on..."_s, "groups");
+    users = MakeButton<QPushButton>(tr("Users to report on..."), "users");
+    groups = MakeButton<QPushButton>(tr("Groups to report on..."), "groups");
     connect(users, &QPushButton::clicked, this, [this] {
-        Choose(u"users"_s, OfferedUsers, userFilter);
+        Choose(ReportFilterDialog::Of::Users, OfferedUsers, userFilter);
     });
     connect(groups, &QPushButton::clicked, this, [this] {
-        Choose(u"groups"_s, OfferedGroups, groupFilter);
+        Choose(ReportFilterDialog::Of::Groups, OfferedGroups, groupFilter);
     });
     filterNote = new QLabel;
     filterNote->setObjectName(u"filterNote"_s);
@@ -157,9 +156,9 @@ QWidget *ReportsDialog::BuildFilters()
 
 QWidget *ReportsDialog::BuildButtons()
 {
-    generate = MakeButton<QPushButton>(u"Generate report"_s, "generate");
-    auto *help = MakeButton<QPushButton>(u"Help"_s, "help");
-    auto *cancel = MakeButton<QPushButton>(u"Cancel"_s, "cancel");
+    generate = MakeButton<QPushButton>(tr("Generate report"), "generate");
+    auto *help = MakeButton<QPushButton>(tr("Help"), "help");
+    auto *cancel = MakeButton<QPushButton>(tr("Cancel"), "cancel");
     for (auto *button : {users, groups, help, cancel}) {
         button->setAutoDefault(false);
     }
@@ -221,13 +220,17 @@ void ReportsDialog::ShowFilterNote()
 
 // Without the names a filter would be lost, and the report be made on everybody.
 template <typename IdType>
-void ReportsDialog::Choose(const QString &what,
+void ReportsDialog::Choose(ReportFilterDialog::Of what,
                            Result<std::vector<Named<IdType>>> (*offers)(),
                            ChosenFilter<IdType> &chosen)
 {
-    const auto offered = Await(services, this, u"Reading the %1..."_s.arg(what), offers);
+    const bool ofUsers = what == ReportFilterDialog::Of::Users;
+    const QString reading = ofUsers ? tr("Reading the users...") : tr("Reading the groups...");
+    const auto offered = Await(services, this, reading, offers);
     if (!offered) {
-        TellUnread(services, u"The %1 cannot be read."_s.arg(what), offered.error());
+        TellUnread(services,
+                   ofUsers ? tr("The users cannot be read.") : tr("The groups cannot be read."),
+                   offered.error());
         return;
     }
     ReportFilterDialog dialog(what, this);
@@ -272,7 +275,7 @@ bool ReportsDialog::IsPeriodInOrder()
     if (!custom->isChecked() || since->date() <= until->date()) {
         return true;
     }
-    services.prompt.Tell(u"You entered incorrect time period. Please re-enter one of the dates"_s);
+    services.prompt.Tell(tr("You entered incorrect time period. Please re-enter one of the dates"));
     until->setDate(since->date());
     until->setFocus();
     return false;

@@ -5,6 +5,7 @@
 #include "reports/filter_choices.h"
 #include "reports/selection.h"
 #include "startup/app_services.h"
+#include "ui/reports/filter_dialog.h"
 
 #include <QDialog>
 #include <QStringList>
@@ -55,7 +56,7 @@ private:
     void EnablePickers();
     void ShowFilterNote();
     template <typename IdType>
-    void Choose(const QString &what,
+    void Choose(ReportFilterDialog::Of what,
                 Result<std::vector<Named<IdType>>> (*offers)(),
                 ChosenFilter<IdType> &chosen);
     void ShowHelp();

@@ -35,9 +35,9 @@ ViewerBar::ViewerBar(PageView &pages, QWidget *parent) : QToolBar(parent), view(
     addSeparator();
     AddFind();
     addSeparator();
-    print = Command("print", u"Print..."_s, QKeySequence::Print, &ViewerBar::PrintAsked);
+    print = Command("print", tr("Print..."), QKeySequence::Print, &ViewerBar::PrintAsked);
     print->setIcon(IconOf(Picture::Print));
-    save = Command("save", u"Save as..."_s, QKeySequence::Save, &ViewerBar::SaveAsked);
+    save = Command("save", tr("Save as..."), QKeySequence::Save, &ViewerBar::SaveAsked);
     save->setIcon(IconOf(Picture::Save));
     connect(&view, &PageView::CurrentPageChanged, this, &ViewerBar::ShowPage);
 }
@@ -93,12 +93,13 @@ void ViewerBar::AddPageButtons()
     pageNumber->setKeyboardTracking(false);
     pageCount = new QLabel;
     pageCount->setObjectName(u"pageCount"_s);
-    AddPageButton("firstPage", u"|<"_s, u"First page"_s, QKeySequence(u"Ctrl+Home"_s), &Bar::First);
     AddPageButton(
-        "previousPage", u"<"_s, u"Previous page"_s, QKeySequence(u"Ctrl+PgUp"_s), &Bar::Previous);
+        "firstPage", u"|<"_s, tr("First page"), QKeySequence(u"Ctrl+Home"_s), &Bar::First);
+    AddPageButton(
+        "previousPage", u"<"_s, tr("Previous page"), QKeySequence(u"Ctrl+PgUp"_s), &Bar::Previous);
     pageButtons << addWidget(pageNumber) << addWidget(pageCount);
-    AddPageButton("nextPage", u">"_s, u"Next page"_s, QKeySequence(u"Ctrl+PgDown"_s), &Bar::Next);
-    AddPageButton("lastPage", u">|"_s, u"Last page"_s, QKeySequence(u"Ctrl+End"_s), &Bar::Last);
+    AddPageButton("nextPage", u">"_s, tr("Next page"), QKeySequence(u"Ctrl+PgDown"_s), &Bar::Next);
+    AddPageButton("lastPage", u">|"_s, tr("Last page"), QKeySequence(u"Ctrl+End"_s), &Bar::Last);
     TakeReturn(*pageNumber, [this] { pageNumber->interpretText(); });
     connect(pageNumber, &QSpinBox::valueChanged, this, [this](int number) {
         if (number - 1 != view.CurrentPage()) {
@@ -111,7 +112,7 @@ void ViewerBar::AddZoom()
 {
     zoom = new QComboBox;
     SetNames(*zoom, u"zoom"_s, u"Zoom"_s);
-    zoom->addItem(u"Fit width"_s);
+    zoom->addItem(tr("Fit width"));
     for (const int percent : {50, 75, 100, 125, 150, 200, 300}) {
         zoom->addItem(u"%1 %"_s.arg(percent), percent);
     }
@@ -123,7 +124,7 @@ void ViewerBar::AddZoom()
             view.SetZoom(percent / 100.0);
         }
     });
-    auto *label = new QLabel(u" &Zoom: "_s);
+    auto *label = new QLabel(tr(" &Zoom: "));
     label->setBuddy(zoom);
     addWidget(label);
     addWidget(zoom);
@@ -132,12 +133,12 @@ void ViewerBar::AddZoom()
 void ViewerBar::AddFind()
 {
     find = new QLineEdit;
-    SetNames(*find, u"find"_s, u"Find text"_s);
-    find->setPlaceholderText(u"Find text"_s);
+    SetNames(*find, u"find"_s, tr("Find text"));
+    find->setPlaceholderText(tr("Find text"));
     find->setMaximumWidth(180);
     TakeReturn(*find, [this] { AskFind(); });
     addWidget(find);
-    Command("findNext", u"Find next"_s, QKeySequence::FindNext, &ViewerBar::AskFind)
+    Command("findNext", tr("Find next"), QKeySequence::FindNext, &ViewerBar::AskFind)
         ->setIcon(IconOf(Picture::Find));
     connect(new QShortcut(QKeySequence::Find, this),
             &QShortcut::activated,
@@ -189,5 +190,5 @@ void ViewerBar::ShowPage(int page)
     const int count = PageCount();
     pageNumber->setRange(count > 0 ? 1 : 0, count);
     pageNumber->setValue(count > 0 ? page + 1 : 0);
-    pageCount->setText(u" of %1 "_s.arg(count));
+    pageCount->setText(tr(" of %1 ").arg(count));
 }

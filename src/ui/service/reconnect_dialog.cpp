@@ -15,16 +15,6 @@ namespace {
 
 constexpr int kTextWidthInCharacters = 60;
 
-const QString kQuestion = u"Try to reconnect?"_s;
-const QString kUnavailable =
-    u"The Tollbrook service is currently unavailable. This may be caused by the service being "
-    "stopped or by communication problems. You still can administer users and set options, but "
-    "they will not be enforced until you restart the service. "_s;
-const QString kRestored = u"Connection restored"_s;
-const QString kConnected =
-    u"Tollbrook Administrator successfully connected to the service. Since now all changes in "
-    "user set up will be enforced immediately"_s;
-
 } // namespace
 
 ReconnectDialog::ReconnectDialog(const ServiceControl &serviceControl,
@@ -33,14 +23,18 @@ ReconnectDialog::ReconnectDialog(const ServiceControl &serviceControl,
     : PacedDialog(parent)
     , control(serviceControl)
     , connectService(std::move(connectFunction))
-    , text(new QLabel(kUnavailable, this))
-    , message(new QLabel(kQuestion, this))
-    , lostPicture(PictureLabel(u"connection-lost"_s, u"Not connected"_s, this))
-    , restoredPicture(PictureLabel(u"connection-restored"_s, u"Connected"_s, this))
-    , reconnect(new QPushButton(u"Reconnect"_s, this))
-    , close(new QPushButton(u"Close"_s, this))
+    , text(new QLabel(
+          tr("The Tollbrook service is currently unavailable. This may be caused by the service "
+             "being stopped or by communication problems. You still can administer users and set "
+             "options, but they will not be enforced until you restart the service. "),
+          this))
+    , message(new QLabel(tr("Try to reconnect?"), this))
+    , lostPicture(PictureLabel(u"connection-lost"_s, tr("Not connected"), this))
+    , restoredPicture(PictureLabel(u"connection-restored"_s, tr("Connected"), this))
+    , reconnect(new QPushButton(tr("Reconnect"), this))
+    , close(new QPushButton(tr("Close"), this))
 {
-    setWindowTitle(kQuestion);
+    setWindowTitle(message->text());
     setObjectName(u"reconnectDialog"_s);
     LayOut();
     restoredPicture->hide();
@@ -54,8 +48,8 @@ void ReconnectDialog::LayOut()
 {
     text->setObjectName(u"text"_s);
     message->setObjectName(u"message"_s);
-    SetNames(*reconnect, u"reconnect"_s, u"Reconnect"_s);
-    SetNames(*close, u"close"_s, u"Close"_s);
+    SetNames(*reconnect, u"reconnect"_s, tr("Reconnect"));
+    SetNames(*close, u"close"_s, tr("Close"));
     text->setWordWrap(true);
     text->setMinimumWidth(fontMetrics().averageCharWidth() * kTextWidthInCharacters);
     text->setIndent(fontMetrics().averageCharWidth());
@@ -93,9 +87,10 @@ void ReconnectDialog::TryAgain()
 
 void ReconnectDialog::ShowRestored()
 {
-    setWindowTitle(kRestored);
-    message->setText(kRestored);
-    text->setText(kConnected);
+    setWindowTitle(tr("Connection restored"));
+    message->setText(windowTitle());
+    text->setText(tr("Tollbrook Administrator successfully connected to the service. Since now all "
+                     "changes in user set up will be enforced immediately"));
     lostPicture->hide();
     restoredPicture->show();
     close->setFocus();

@@ -9,24 +9,17 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString kStarted = u"Service is started"_s;
-const QString kStopped = u"Service is stopped"_s;
-
-} // namespace
-
 ServiceControlDialog::ServiceControlDialog(const ServiceControl &serviceControl, QWidget *parent)
     : PacedDialog(parent)
     , control(serviceControl)
     , status(new QLabel(this))
-    , startedPicture(PictureLabel(u"service-started"_s, kStarted, this))
-    , stoppedPicture(PictureLabel(u"service-stopped"_s, kStopped, this))
-    , start(new QPushButton(u"Start"_s, this))
-    , stop(new QPushButton(u"Stop"_s, this))
-    , close(new QPushButton(u"Close"_s, this))
+    , startedPicture(PictureLabel(u"service-started"_s, tr("Service is started"), this))
+    , stoppedPicture(PictureLabel(u"service-stopped"_s, tr("Service is stopped"), this))
+    , start(new QPushButton(tr("Start"), this))
+    , stop(new QPushButton(tr("Stop"), this))
+    , close(new QPushButton(tr("Close"), this))
 {
-    setWindowTitle(u"Service control"_s);
+    setWindowTitle(tr("Service control"));
     setObjectName(u"serviceControl"_s);
     LayOut();
     connect(start, &QPushButton::clicked, this, [this] { Carry(StartService); });
@@ -39,13 +32,14 @@ ServiceControlDialog::ServiceControlDialog(const ServiceControl &serviceControl,
 void ServiceControlDialog::LayOut()
 {
     status->setObjectName(u"status"_s);
-    SetNames(*start, u"start"_s, u"Start"_s);
-    SetNames(*stop, u"stop"_s, u"Stop"_s);
-    SetNames(*close, u"close"_s, u"Close"_s);
+    SetNames(*start, u"start"_s, tr("Start"));
+    SetNames(*stop, u"stop"_s, tr("Stop"));
+    SetNames(*close, u"close"_s, tr("Close"));
     QFont larger = status->font();
     larger.setPointSizeF(larger.pointSizeF() * 1.25);
     status->setFont(larger);
-    status->setMinimumWidth(status->fontMetrics().horizontalAdvance(kStarted + u"    "_s));
+    status->setMinimumWidth(
+        status->fontMetrics().horizontalAdvance(tr("Service is started") + u"    "_s));
 
     auto *commands = new QHBoxLayout;
     commands->addWidget(start);
@@ -66,7 +60,7 @@ void ServiceControlDialog::LayOut()
 void ServiceControlDialog::ShowState(bool isRunning)
 {
     running = isRunning;
-    status->setText(running ? kStarted : kStopped);
+    status->setText(running ? tr("Service is started") : tr("Service is stopped"));
     startedPicture->setVisible(running);
     stoppedPicture->setVisible(!running);
     start->setEnabled(!running);
