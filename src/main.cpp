@@ -1,6 +1,7 @@
 // tollbrook-admin, the administration console.
 #include "app/administrator_app.h"
 #include "base/wait.h"
+#include "startup/language.h"
 #include "ui/common/message_box_prompt.h"
 #include "ui/main/splitter_frame.h"
 
@@ -109,6 +110,7 @@ int main(int argc, char **argv)
 
     const QtMessageHandler usual = qInstallMessageHandler(TellNoDisplay);
     CAdministratorApp app(argc, argv);
+    SpeakTheSystemsLanguage();
     qInstallMessageHandler(usual);
     app.setApplicationVersion(QStringLiteral(TB_VERSION));
     if (!parser.parse(app.arguments())) {

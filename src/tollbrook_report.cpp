@@ -6,6 +6,7 @@
 #include "reports/output.h"
 #include "reports/selection.h"
 #include "reports/wording.h"
+#include "startup/language.h"
 #include "startup/start_up.h"
 
 #include <QCommandLineParser>
@@ -219,6 +220,7 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // there need not be a screen, whatever is set
     const QGuiApplication application(argc, argv);
+    SpeakTheSystemsLanguage();
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     QGuiApplication::setApplicationName(u"tollbrook-report"_s);
     QCommandLineParser parser;

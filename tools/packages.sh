@@ -2,8 +2,9 @@
 # shellcheck shell=bash disable=SC2034
 
 build_packages=(g++ cmake ninja-build pkg-config ccache mold
-    qt6-base-dev qt6-svg-dev unixodbc-dev libtomlplusplus-dev libxlsxwriter-dev libexpected-dev)
-run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins fonts-dejavu-core)
+    qt6-base-dev qt6-svg-dev qt6-l10n-tools unixodbc-dev libtomlplusplus-dev libxlsxwriter-dev
+    libexpected-dev)
+run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugins
     fonts-dejavu-core python3 python3-openpyxl poppler-utils clang-format)
 server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)

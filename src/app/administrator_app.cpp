@@ -66,7 +66,7 @@ void CAdministratorApp::MakeServices()
 void CAdministratorApp::OpenDatabase()
 {
     if (program->dataSource.isEmpty()) {
-        prompt->Tell(u"Registry error detected. Please reinstall the software"_s);
+        prompt->Tell(tr("Registry error detected. Please reinstall the software"));
         if (const auto problem = program->settings.Problem(ConfigKeyId::Base)) {
             prompt->Tell(TextOf(*problem), Prompt::Icon::Warning);
         }
@@ -74,7 +74,7 @@ void CAdministratorApp::OpenDatabase()
     const auto isOpen = Await(
         *services, activeWindow(), tr("Opening the database..."), [] { return IsSessionOpen(); });
     if (!isOpen) {
-        prompt->Tell(u"Failed connecting to the database. Please check the database options"_s);
+        prompt->Tell(tr("Failed connecting to the database. Please check the database options"));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "config/key_file.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -18,8 +19,12 @@ namespace key_file {
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(KeyFile)
+};
+
 constexpr unsigned long kLockPauseMilliseconds = 5;
-const QString kIsUnwritten = u"cannot be written: "_s;
 
 QByteArray Native(const QString &path)
 {
@@ -33,19 +38,19 @@ bool IsAbsence(int error)
 
 tl::unexpected<SettingsFailure> Unreadable(const QString &path, const QString &why)
 {
-    return tl::unexpected(SettingsFailure {path, 0, u"cannot be read: "_s + why});
+    return tl::unexpected(SettingsFailure {path, 0, Words::tr("cannot be read: %1").arg(why)});
 }
 
 tl::unexpected<SettingsFailure> Unwritten(const QString &path, const QString &why)
 {
-    return tl::unexpected(SettingsFailure {path, 0, kIsUnwritten + why});
+    return tl::unexpected(SettingsFailure {path, 0, Words::tr("cannot be written: %1").arg(why)});
 }
 
 } // namespace
 
 SettingsFailure Damaged(const QString &path, int line, const QString &why)
 {
-    return {path, line, u"is damaged and must be mended: "_s + why};
+    return {path, line, Words::tr("is damaged and must be mended: %1").arg(why)};
 }
 
 bool IsMissing(const QString &path)
@@ -65,7 +70,7 @@ tl::expected<std::optional<QByteArray>, SettingsFailure> Read(const QString &pat
         return Unreadable(path, qt_error_string(error));
     }
     if (!S_ISREG(status.st_mode)) {
-        return Unreadable(path, u"it is not a file"_s);
+        return Unreadable(path, Words::tr("it is not a file"));
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -76,7 +81,8 @@ tl::expected<std::optional<QByteArray>, SettingsFailure> Read(const QString &pat
         return Unreadable(path, file.errorString());
     }
     if (bytes.size() > kMaxBytes) {
-        return tl::unexpected(Damaged(path, 0, u"it is larger than %1 bytes"_s.arg(kMaxBytes)));
+        return tl::unexpected(
+            Damaged(path, 0, Words::tr("it is larger than %1 bytes").arg(kMaxBytes)));
     }
     return bytes;
 }
@@ -119,18 +125,18 @@ WriterLock::WriterLock(const QString &folder, int waitMilliseconds)
     : descriptor(::open(Native(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
     if (descriptor < 0) {
-        problem = kIsUnwritten + u"its folder: "_s + qt_error_string(errno);
+        problem = Words::tr("cannot be written: its folder: %1").arg(qt_error_string(errno));
         return;
     }
     QElapsedTimer waited;
     waited.start();
     while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK) {
-            problem = kIsUnwritten + u"its folder: "_s + qt_error_string(errno);
+            problem = Words::tr("cannot be written: its folder: %1").arg(qt_error_string(errno));
             return;
         }
         if (waited.elapsed() >= waitMilliseconds) {
-            problem = kIsUnwritten + u"another program is at work in its folder"_s;
+            problem = Words::tr("cannot be written: another program is at work in its folder");
             return;
         }
         QThread::msleep(kLockPauseMilliseconds);

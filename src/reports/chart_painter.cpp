@@ -2,6 +2,7 @@
 
 #include "reports/paper.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -33,6 +34,11 @@ std::vector<double> AxisTicks(double most, int ticks)
 }
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportChart)
+};
 
 constexpr double kTitleHeight = 200;
 constexpr double kAxisHeight = 150;
@@ -210,7 +216,7 @@ private:
             peak = StackAt(panel, day) > StackAt(panel, peak) ? day : peak;
         }
         const QString day = chart.firstDay.addDays(static_cast<qint64>(peak)).toString(Qt::ISODate);
-        return u"peak %1 on %2"_s.arg(Number(chart, StackAt(panel, peak)), day);
+        return Words::tr("peak %1 on %2").arg(Number(chart, StackAt(panel, peak)), day);
     }
 
     void PaintArea(const QRectF &place, const ChartPanel &panel, const std::vector<double> &ticks)
@@ -227,7 +233,7 @@ private:
         painter.setBrush(Qt::NoBrush);
         if (HighestOf(panel) <= 0) {
             painter.setPen(paper::kFaint);
-            Write(plot, u"All values are zero"_s, Style::Small, Qt::AlignHCenter);
+            Write(plot, Words::tr("All values are zero"), Style::Small, Qt::AlignHCenter);
         }
         PaintDayAxis(plot, static_cast<qint64>(days), step);
     }

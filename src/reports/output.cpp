@@ -2,12 +2,18 @@
 
 #include "reports/paper.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportOutput)
+};
 
 using Kind = ReportProblem::Kind;
 
@@ -56,13 +62,14 @@ bool WriteReport(const ReportTablePtr &table,
     if (!format) {
         return Fail(problem,
                     control,
-                    u"%1: the name must end in .pdf, .csv, .html or .xlsx"_s.arg(fileName));
+                    Words::tr("%1: the name must end in .pdf, .csv, .html or .xlsx").arg(fileName));
     }
     if (!folder.isDir()) {
-        return Fail(problem, control, u"the folder %1 does not exist"_s.arg(folder.filePath()));
+        return Fail(
+            problem, control, Words::tr("the folder %1 does not exist").arg(folder.filePath()));
     }
     if (*format == OutputFormat::Pdf && paper::HasNoFonts()) {
-        return Fail(problem, control, u"no font is installed; install fonts-dejavu-core"_s);
+        return Fail(problem, control, Words::tr("no font is installed; install fonts-dejavu-core"));
     }
     QString words;
     QSaveFile file(fileName);
@@ -77,5 +84,5 @@ bool WriteReport(const ReportTablePtr &table,
         return true;
     }
     words = words.isEmpty() ? file.errorString() : words;
-    return Fail(problem, control, u"%1 cannot be written: %2"_s.arg(fileName, words));
+    return Fail(problem, control, Words::tr("%1 cannot be written: %2").arg(fileName, words));
 }

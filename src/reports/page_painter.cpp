@@ -2,8 +2,19 @@
 
 #include "reports/chart_painter.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 using paper::Style;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportPage)
+};
+
+} // namespace
 
 PagePainter::PagePainter(const ReportPages &ofPages, QPainter &onPainter, int pageNumber)
     : pages(ofPages)
@@ -79,15 +90,16 @@ void PagePainter::PaintFirstHeading()
     painter.setPen(paper::kFaint);
     const QString made = table.made.toString(u"yyyy-MM-dd HH:mm:ss"_s);
     Write(QRectF(whole.left(), top + 270, whole.width(), 140),
-          u"Made "_s + made,
+          Words::tr("Made %1").arg(made),
           Style::Period,
           true);
     painter.setPen(paper::kInk);
     const QRectF left(whole.left(), top + 270, whole.width() * 0.7, 140);
-    Write(left, u"Period: "_s + table.period, Style::Period);
-    const QString filter = table.filter.isEmpty() ? u"all users and groups"_s : table.filter;
-    const auto lines =
-        paper::Wrapped(u"Filter: "_s + OneLine(filter), Style::Period, whole.width(), 2);
+    Write(left, Words::tr("Period: %1").arg(table.period), Style::Period);
+    const QString filter =
+        table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter;
+    const auto lines = paper::Wrapped(
+        Words::tr("Filter: %1").arg(OneLine(filter)), Style::Period, whole.width(), 2);
     for (qsizetype line = 0; line < lines.size(); ++line) {
         Write(QRectF(whole.left(), top + 420 + 130 * static_cast<double>(line), whole.width(), 130),
               lines.at(line),
@@ -128,12 +140,13 @@ void PagePainter::PaintEmpty()
     painter.drawRoundedRect(box, 60, 60);
     painter.setPen(paper::kInk);
     painter.setFont(paper::Font(Style::Title));
-    painter.drawText(box.adjusted(0, 150, 0, -450), Qt::AlignCenter, u"Nothing to report"_s);
+    painter.drawText(
+        box.adjusted(0, 150, 0, -450), Qt::AlignCenter, Words::tr("Nothing to report"));
     painter.setPen(paper::kFaint);
     painter.setFont(paper::Font(Style::Period));
     painter.drawText(box.adjusted(0, 450, 0, -200),
                      Qt::AlignCenter,
-                     u"The database holds no data for this period and filter."_s);
+                     Words::tr("The database holds no data for this period and filter."));
 }
 
 QRectF PagePainter::CellPlace(const ReportPages::PrintedColumn &column, double cellHeight) const
@@ -248,16 +261,16 @@ void PagePainter::PaintClosing()
 {
     top += paper::kLine / 2;
     const bool cut = table.IsCut();
-    QString label = u"Total, "_s + Counted(table.rows.Count());
+    QString label = Words::tr("Total, %1").arg(Counted(table.rows.Count()));
     if (!table.groups.empty()) {
-        label = u"Grand total, "_s + Counted(table.rows.Count());
+        label = Words::tr("Grand total, %1").arg(Counted(table.rows.Count()));
     } else if (cut) {
-        label = u"Total of these %1"_s.arg(table.rows.Count());
+        label = Words::tr("Total of these %1").arg(table.rows.Count());
     }
     PaintSums(label, table.totals, 12);
     if (cut) {
         top += paper::kLine;
-        PaintSums(u"Total of all "_s + Counted(table.allCount), table.allTotals, 3);
+        PaintSums(Words::tr("Total of all %1").arg(Counted(table.allCount)), table.allTotals, 3);
     }
 }
 
@@ -279,5 +292,5 @@ void PagePainter::PaintFooter()
     const QRectF line(paper::kMargin, top + 30, width - 2 * paper::kMargin, 120);
     painter.setPen(paper::kFaint);
     Write(line, u"Tollbrook Administrator"_s, Style::Small);
-    Write(line, u"Page %1 of %2"_s.arg(page + 1).arg(pages.Count()), Style::Small, true);
+    Write(line, Words::tr("Page %1 of %2").arg(page + 1).arg(pages.Count()), Style::Small, true);
 }

@@ -1,8 +1,15 @@
 #include "reports/report_table.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportTable)
+};
 
 QString Line(const Layout &layout, const CellRow &row)
 {
@@ -64,7 +71,7 @@ QString GroupTitle(const ReportTable &table, const ReportGroup &group)
             texts += text;
         }
     }
-    return texts.isEmpty() ? u"(no name)"_s : texts.join(u", "_s);
+    return texts.isEmpty() ? Words::tr("(no name)") : texts.join(u", "_s);
 }
 
 QString AsText(const ReportTable &table)
