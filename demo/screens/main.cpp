@@ -6,8 +6,10 @@
 #include "ui/main/splitter_frame.h"
 
 #include <QCommandLineParser>
+#include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QStyleFactory>
+#include <QTranslator>
 
 #include <cstdio>
 
@@ -16,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize kFrameSize(1100, 700);
+constexpr QSize kSmallScreen(1024, 600 - 30); // its title bar aside
 
 // The scale has to be known before the toolkit starts.
 void TakeScale(int argc, char **argv)
@@ -47,14 +50,44 @@ void ReadCommandLine(QCommandLineParser &parser)
         {u"out"_s, u"The folder that the files go to."_s, u"DIR"_s, u"."_s},
         {u"dark"_s, u"In a dark palette."_s},
         {u"scale"_s, u"Pixels of the picture for each pixel of a window."_s, u"factor"_s, u"1"_s},
+        {u"small"_s, u"On a screen of 1024 by 600."_s},
+        {u"language"_s, u"In this language, as in de; pseudo looks at the texts."_s, u"name"_s},
         {u"only"_s, u"Draws this window only; may be repeated."_s, u"name"_s},
     });
     parser.process(*QCoreApplication::instance());
 }
 
+// The texts that no language changes.
+QSet<QString> NamesInDatabase(const AppServices &services)
+{
+    const auto read = [] {
+        return ReadAll("SELECT username FROM users", [](const Row &row) { return row.Text(1); });
+    };
+    const auto names = Await(services, nullptr, u"Reading the names..."_s, read);
+    return names ? QSet<QString>(names->begin(), names->end()) : QSet<QString>();
+}
+
+void Speak(const QString &language)
+{
+    QLocale::setDefault(QLocale(language));
+    const QDir programs(QCoreApplication::applicationDirPath());
+    const std::pair<QString, QString> sources[] = {
+        {u"qtbase_"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)},
+        {u"tollbrook_"_s, programs.filePath(u"../share/tollbrook/translations"_s)}};
+    for (const auto &[name, folder] : sources) {
+        auto *translator = new QTranslator(QCoreApplication::instance());
+        if (translator->load(name + language, folder)) {
+            QCoreApplication::installTranslator(translator);
+        }
+    }
+}
+
 int DrawAll(CSplitterFrame &frame, const AppServices &services, const QCommandLineParser &parser)
 {
     Studio studio(frame, services, QDir(parser.value(u"out"_s)), parser.values(u"only"_s));
+    if (parser.value(u"language"_s) == u"pseudo"_s) {
+        studio.CheckTexts(NamesInDatabase(services));
+    }
     for (const auto draw : {DrawMainWindow,
                             DrawProperties,
                             DrawAccounts,
@@ -86,13 +119,17 @@ int main(int argc, char **argv)
         QApplication::setPalette(DarkPalette());
     }
 
+    if (parser.isSet(u"language"_s)) {
+        Speak(parser.value(u"language"_s));
+    }
+
     MessageBoxPrompt prompt;
     std::unique_ptr<CSplitterFrame> frame;
     const StartUpOptions options {.configFolder = parser.value(u"config"_s),
                                   .bus = QDBusConnection::sessionBus()};
     const auto show = [&] {
         frame = std::make_unique<CSplitterFrame>(app.Services(), StandardDialogs(app.Services()));
-        frame->resize(kFrameSize);
+        frame->resize(parser.isSet(u"small"_s) ? kSmallScreen : kFrameSize);
         frame->show();
         return true;
     };

@@ -1,5 +1,6 @@
 #include "demo/screens/studio.h"
 
+#include "demo/screens/text_check.h"
 #include "ui/main/splitter_frame.h"
 
 #include <QAbstractButton>
@@ -104,9 +105,19 @@ void Studio::Save(const QString &name, const QPixmap &picture)
     }
 }
 
+void Studio::Check(const QString &name, QWidget &window)
+{
+    if (knownTexts) {
+        for (const QString &problem : TextProblems(window, *knownTexts)) {
+            Fail(name + u": "_s + problem);
+        }
+    }
+}
+
 void Studio::Draw(const QString &name, QWidget &window)
 {
     Save(name, PictureOf(window));
+    Check(name, window);
 }
 
 void Studio::DrawPages(const QString &name, QWidget &window)
@@ -160,7 +171,7 @@ void Studio::DrawDialog(const QString &name,
         if (prepare) {
             prepare(dialog);
         }
-        Save(name, PictureOf(dialog));
+        Draw(name, dialog);
         dialog.reject();
     };
     WhenOpen(name, OpenDialog, act, open);

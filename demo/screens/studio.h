@@ -6,9 +6,11 @@
 #include "startup/app_services.h"
 
 #include <QDir>
+#include <QSet>
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 class CSplitterFrame;
@@ -46,11 +48,16 @@ public:
     // Whether a window of this name, or one that begins with it and a dash, is asked for.
     [[nodiscard]] bool Wants(const QString &name) const;
 
-    // How many windows did not open in time or could not be saved.
+    // From now on the texts of what is drawn are looked at; those in `data` come from the database.
+    void CheckTexts(const QSet<QString> &data) { knownTexts = data; }
+
+    // How many windows did not open in time or could not be saved, and
+    // how many of their texts are not translated or cut.
     [[nodiscard]] int Failures() const { return failures; }
 
 private:
     void Save(const QString &name, const QPixmap &picture);
+    void Check(const QString &name, QWidget &window);
     void Fail(const QString &what);
     void WhenOpen(const QString &name,
                   QWidget *(*find)(),
@@ -61,6 +68,7 @@ private:
     const AppServices &services;
     QDir folder;
     QStringList names;
+    std::optional<QSet<QString>> knownTexts;
     int failures = 0;
 };
 
