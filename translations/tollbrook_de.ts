@@ -5,932 +5,1085 @@
     <name>AccountDialog</name>
     <message>
         <source>Reading the account...</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Konto wird gelesen …</translation>
     </message>
     <message>
         <source>The credits could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Guthaben konnten nicht gelesen werden.</translation>
     </message>
     <message>
         <source>Changing the account...</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Konto wird geändert …</translation>
     </message>
 </context>
 <context>
     <name>AccountPage</name>
     <message>
         <source>Reading the account...</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Konto wird gelesen …</translation>
     </message>
     <message>
         <source>The credits could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Guthaben konnten nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
     <name>Action</name>
     <message>
         <source>What is not named here was written as it was entered.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was hier nicht genannt ist, wurde so geschrieben, wie es eingegeben wurde.</translation>
     </message>
     <message>
         <source>Please look at it again before you repeat it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte sehen Sie noch einmal nach, bevor Sie es wiederholen.</translation>
     </message>
     <message>
         <source>Nothing was changed in the database.</source>
-        <translation type="unfinished"></translation>
+        <translation>In der Datenbank wurde nichts geändert.</translation>
     </message>
     <message>
         <source>The user&apos;s properties were not stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Eigenschaften des Benutzers wurden nicht gespeichert.</translation>
     </message>
     <message>
         <source>It is not known whether the user&apos;s properties were stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Eigenschaften des Benutzers gespeichert wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The group&apos;s properties were not stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Eigenschaften der Gruppe wurden nicht gespeichert.</translation>
     </message>
     <message>
         <source>It is not known whether the group&apos;s properties were stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Eigenschaften der Gruppe gespeichert wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The account was not changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Konto wurde nicht geändert.</translation>
     </message>
     <message>
         <source>It is not known whether the account was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob das Konto geändert wurde, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>No user&apos;s access properties were changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bei keinem Benutzer wurden die Zugangseigenschaften geändert.</translation>
     </message>
     <message>
         <source>It is not known whether the users&apos; access properties were changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Zugangseigenschaften der Benutzer geändert wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The group was not changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wurde nicht geändert.</translation>
     </message>
     <message>
         <source>It is not known whether the group was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Gruppe geändert wurde, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>No user was deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Benutzer wurde gelöscht.</translation>
     </message>
     <message>
         <source>It is not known whether the users were deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Benutzer gelöscht wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>No user was moved to the unmonitored list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Benutzer wurde in die Liste der nicht überwachten verschoben.</translation>
     </message>
     <message>
         <source>It is not known whether the users were moved to the unmonitored list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Benutzer in die Liste der nicht überwachten verschoben wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>No user was brought back under monitoring.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Benutzer wird wieder überwacht.</translation>
     </message>
     <message>
         <source>It is not known whether the users were brought back under monitoring.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Benutzer wieder überwacht werden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The group was not added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wurde nicht hinzugefügt.</translation>
     </message>
     <message>
         <source>It is not known whether the group was added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Gruppe hinzugefügt wurde, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The group was not renamed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wurde nicht umbenannt.</translation>
     </message>
     <message>
         <source>It is not known whether the group was renamed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Gruppe umbenannt wurde, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The group was not deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wurde nicht gelöscht.</translation>
     </message>
     <message>
         <source>It is not known whether the group was deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Gruppe gelöscht wurde, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The user of an excluded address was not removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer einer ausgeschlossenen Adresse wurde nicht entfernt.</translation>
     </message>
     <message>
         <source>It is not known whether the user of an excluded address was removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob der Benutzer einer ausgeschlossenen Adresse entfernt wurde, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>Not all protocols and ports were stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht alle Protokolle und Ports wurden gespeichert.</translation>
     </message>
     <message>
         <source>It is not known whether the protocols and ports were stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Protokolle und Ports gespeichert wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>Not all logins were stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht alle Anmeldungen wurden gespeichert.</translation>
     </message>
     <message>
         <source>It is not known whether the logins were stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Anmeldungen gespeichert wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>Not all records were removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht alle Datensätze wurden entfernt.</translation>
     </message>
     <message>
         <source>It is not known whether the records were removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Datensätze entfernt wurden, ist nicht bekannt.</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorApp</name>
     <message>
         <source>Opening the database...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank wird geöffnet …</translation>
+    </message>
+    <message>
+        <source>Registry error detected. Please reinstall the software</source>
+        <translation>In den Einstellungen wurde ein Fehler gefunden. Bitte installieren Sie die Software neu</translation>
+    </message>
+    <message>
+        <source>Failed connecting to the database. Please check the database options</source>
+        <translation>Die Verbindung zur Datenbank ist fehlgeschlagen. Bitte prüfen Sie die Einstellungen der Datenbank</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorGroupPPage</name>
     <message>
         <source>Reading the users of other groups...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer anderer Gruppen werden gelesen …</translation>
     </message>
     <message>
         <source>The users of other groups could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer anderer Gruppen konnten nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorView</name>
     <message>
         <source>Changing the group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wird geändert …</translation>
     </message>
     <message>
         <source>Deleting users...</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer werden gelöscht …</translation>
     </message>
     <message>
         <source>Moving users to the unmonitored list...</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer werden in die Liste der nicht überwachten verschoben …</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorViewGrp</name>
     <message>
         <source>Deleting the group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wird gelöscht …</translation>
     </message>
     <message>
         <source>Renaming...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird umbenannt …</translation>
     </message>
 </context>
 <context>
     <name>CSplitterFrame</name>
     <message>
         <source>It was not kept that the console has been started.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dass die Konsole gestartet wurde, konnte nicht festgehalten werden.</translation>
     </message>
     <message>
         <source>The lists could not be read; the failed statements tell why.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Listen konnten nicht gelesen werden; die fehlgeschlagenen Anweisungen sagen, warum.</translation>
     </message>
     <message>
         <source>The first %1 of %2 %3 are listed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgeführt sind die ersten %1 von %2 %3.</translation>
     </message>
     <message>
         <source>users</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzern</translation>
     </message>
     <message>
         <source>groups</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppen</translation>
     </message>
 </context>
 <context>
     <name>ChangeGroupDialog</name>
     <message>
         <source>Adding the group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wird hinzugefügt …</translation>
     </message>
     <message>
         <source>Deleting the group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wird gelöscht …</translation>
     </message>
 </context>
 <context>
     <name>Failure</name>
     <message>
         <source>The database refused it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank hat es abgelehnt.</translation>
     </message>
     <message>
         <source>Another program holds the database.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm hält die Datenbank fest.</translation>
     </message>
     <message>
         <source>Somebody else changed the same at that moment.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jemand anders hat im selben Augenblick dasselbe geändert.</translation>
     </message>
     <message>
         <source>There is no connection to the database.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es besteht keine Verbindung zur Datenbank.</translation>
     </message>
     <message>
         <source>The database takes no changes now.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank nimmt zurzeit keine Änderungen an.</translation>
     </message>
     <message>
         <source>The database does not answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank antwortet nicht.</translation>
     </message>
     <message>
         <source>It was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde abgebrochen.</translation>
     </message>
     <message>
         <source>The connection to the database was lost while it was being written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Verbindung zur Datenbank ging beim Schreiben verloren.</translation>
     </message>
 </context>
 <context>
     <name>FrameStatusBar</name>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>KeyFile</name>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be written: %1</source>
+        <translation>kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>is damaged and must be mended: %1</source>
+        <translation>ist beschädigt und muss in Ordnung gebracht werden: %1</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>es ist keine Datei</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 bytes</source>
+        <translation>sie ist größer als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>cannot be written: its folder: %1</source>
+        <translation>kann nicht geschrieben werden: ihr Ordner: %1</translation>
+    </message>
+    <message>
+        <source>cannot be written: another program is at work in its folder</source>
+        <translation>kann nicht geschrieben werden: ein anderes Programm arbeitet in ihrem Ordner</translation>
     </message>
 </context>
 <context>
     <name>LimitsPage</name>
     <message>
         <source>Reading the limits...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Limits werden gelesen …</translation>
     </message>
     <message>
         <source>The limits could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Limits konnten nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
     <name>LoginSave</name>
     <message>
         <source>no limit</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Einschränkung</translation>
     </message>
     <message>
         <source>The login %1 was not saved: somebody else has made it meanwhile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung %1 wurde nicht gespeichert: jemand anders hat sie inzwischen angelegt.</translation>
     </message>
     <message>
         <source>The login %1 was not saved: somebody else has removed it meanwhile. It is no longer listed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung %1 wurde nicht gespeichert: jemand anders hat sie inzwischen entfernt. Sie wird nicht mehr aufgeführt.</translation>
     </message>
     <message>
         <source>the limit of the workstation</source>
-        <translation type="unfinished"></translation>
+        <translation>die Einschränkung auf einen Arbeitsplatz</translation>
     </message>
     <message>
         <source>the access to personal statistics</source>
-        <translation type="unfinished"></translation>
+        <translation>der Zugang zur eigenen Statistik</translation>
     </message>
     <message>
         <source>the bound user</source>
-        <translation type="unfinished"></translation>
+        <translation>der zugeordnete Benutzer</translation>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished"></translation>
+        <translation>keiner</translation>
     </message>
     <message>
         <source>Login %1: %2 was changed meanwhile to %3 – overwrite?</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung %1: %2 wurde inzwischen zu %3 geändert – überschreiben?</translation>
     </message>
     <message>
         <source>The login %1 was not removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung %1 wurde nicht entfernt.</translation>
     </message>
     <message>
         <source>The login %1 was not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung %1 wurde nicht gespeichert.</translation>
     </message>
 </context>
 <context>
     <name>LoginStorage</name>
     <message>
         <source>It is not known what was saved. Please look at the logins again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was gespeichert wurde, ist nicht bekannt. Bitte sehen Sie sich die Anmeldungen noch einmal an.</translation>
     </message>
     <message>
         <source>The other changes were saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die anderen Änderungen wurden gespeichert.</translation>
     </message>
     <message>
         <source>Nothing was saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts wurde gespeichert.</translation>
     </message>
 </context>
 <context>
     <name>ManyUsersDialog</name>
     <message>
         <source>Changing the users...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer werden geändert …</translation>
     </message>
 </context>
 <context>
     <name>MessagePane</name>
     <message>
         <source>The service is being told of the change...</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst wird von der Änderung benachrichtigt …</translation>
     </message>
     <message>
         <source>The change is in force.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Änderung ist in Kraft.</translation>
     </message>
     <message>
         <source>The service was not told and will find the change in the database.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst wurde nicht benachrichtigt und wird die Änderung in der Datenbank vorfinden.</translation>
     </message>
     <message>
         <source>The change will be in force when the service reads the database next, within %1 seconds.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Änderung tritt in Kraft, wenn der Dienst die Datenbank das nächste Mal liest, innerhalb von %1 Sekunden.</translation>
     </message>
     <message>
         <source>The change will be in force when the service starts.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Änderung tritt in Kraft, wenn der Dienst startet.</translation>
     </message>
     <message>
         <source>The settings will be in force when the service is restarted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Einstellungen treten in Kraft, wenn der Dienst neu gestartet wird.</translation>
     </message>
     <message>
         <source>Reading the lists...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Listen werden gelesen …</translation>
     </message>
     <message>
         <source>No connection to the database</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Verbindung zur Datenbank</translation>
     </message>
 </context>
 <context>
     <name>PortDenials</name>
     <message>
         <source>1 denied port of users and groups names %1 and goes with it. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>1 verbotener Port von Benutzern und Gruppen bezieht sich auf %1 und entfällt mit ihm. Fortfahren?</translation>
     </message>
     <message>
         <source>%2 denied ports of users and groups name %1 and go with it. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>%2 verbotene Ports von Benutzern und Gruppen beziehen sich auf %1 und entfallen mit ihm. Fortfahren?</translation>
     </message>
 </context>
 <context>
     <name>PrintPages</name>
     <message>
         <source>No printer is installed. The report can be saved as PDF.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist kein Drucker eingerichtet. Der Bericht kann als PDF gespeichert werden.</translation>
     </message>
 </context>
 <context>
     <name>ProtocolSave</name>
     <message>
         <source>No protocol and no port was stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Protokoll und kein Port wurde gespeichert.</translation>
     </message>
     <message>
         <source>No protocol and no port was stored: what stands in the database could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Protokoll und kein Port wurde gespeichert: was in der Datenbank steht, konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>What was removed of %1 stays: whom its ports are denied to could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was von %1 entfernt wurde, bleibt: wem die Ports verboten sind, konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>What was removed of %1 stays.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was von %1 entfernt wurde, bleibt.</translation>
     </message>
     <message>
         <source>%1 was not added, nor its ports.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde nicht hinzugefügt, die Ports auch nicht.</translation>
     </message>
     <message>
         <source>%1 was added without its ports.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde ohne die Ports hinzugefügt.</translation>
     </message>
     <message>
         <source>%1 was removed by somebody else meanwhile and does not come back.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde inzwischen von jemand anderem entfernt und kommt nicht zurück.</translation>
     </message>
     <message>
         <source>Whether the port %1 still stands is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob der Port %1 noch besteht, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The port %1 was not added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Port %1 wurde nicht hinzugefügt.</translation>
     </message>
     <message>
         <source>The ports of the removed protocol %1 are still stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Ports des entfernten Protokolls %1 sind noch gespeichert.</translation>
     </message>
     <message>
         <source>%1 was not removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde nicht entfernt.</translation>
     </message>
     <message>
         <source>The port %1 was not removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Port %1 wurde nicht entfernt.</translation>
     </message>
     <message>
         <source>Users and groups are still denied the removed port %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der entfernte Port %1 ist Benutzern und Gruppen weiterhin verboten.</translation>
     </message>
     <message>
         <source>Whether %1 is monitored was not stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob %1 überwacht wird, wurde nicht gespeichert.</translation>
     </message>
 </context>
 <context>
     <name>ReconnectDialog</name>
     <message>
         <source>The Tollbrook service is currently unavailable. This may be caused by the service being stopped or by communication problems. You still can administer users and set options, but they will not be enforced until you restart the service. </source>
-        <translation type="unfinished"></translation>
+        <translation>Der Tollbrook-Dienst ist zurzeit nicht erreichbar. Vielleicht ist er angehalten, oder die Verbindung ist gestört. Sie können weiterhin Benutzer verwalten und Optionen setzen, doch sie werden erst wirksam, wenn Sie den Dienst neu starten. </translation>
     </message>
     <message>
         <source>Try to reconnect?</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu verbinden?</translation>
     </message>
     <message>
         <source>Not connected</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht verbunden</translation>
     </message>
     <message>
         <source>Connected</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbunden</translation>
     </message>
     <message>
         <source>Reconnect</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu verbinden</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Connection restored</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbindung wiederhergestellt</translation>
     </message>
     <message>
         <source>Tollbrook Administrator successfully connected to the service. Since now all changes in user set up will be enforced immediately</source>
-        <translation type="unfinished"></translation>
+        <translation>Tollbrook Administrator hat sich mit dem Dienst verbunden. Von jetzt an werden alle Änderungen an Benutzern sofort wirksam</translation>
+    </message>
+</context>
+<context>
+    <name>ReportChart</name>
+    <message>
+        <source>peak %1 on %2</source>
+        <translation>Spitze %1 am %2</translation>
+    </message>
+    <message>
+        <source>All values are zero</source>
+        <translation>Alle Werte sind null</translation>
     </message>
 </context>
 <context>
     <name>ReportFilterDialog</name>
     <message>
         <source>Users to report on</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer des Berichts</translation>
     </message>
     <message>
         <source>Groups to report on</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppen des Berichts</translation>
     </message>
     <message>
         <source>&lt; &amp;Add</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt; &amp;Hinzufügen</translation>
     </message>
     <message>
         <source>&lt;&lt; Add a&amp;ll</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;&lt; &amp;Alle hinzufügen</translation>
     </message>
     <message>
         <source>&amp;Remove &gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Entfernen &gt;</translation>
     </message>
     <message>
         <source>R&amp;emove all &gt;&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;lle entfernen &gt;&gt;</translation>
     </message>
     <message>
         <source>Report on &amp;these users:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht über &amp;diese Benutzer:</translation>
     </message>
     <message>
         <source>Report on &amp;these groups:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht über &amp;diese Gruppen:</translation>
     </message>
     <message>
         <source>&amp;Other users:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Andere Benutzer:</translation>
     </message>
     <message>
         <source>&amp;Other groups:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Andere Gruppen:</translation>
     </message>
     <message>
         <source>With none or all of them chosen the report is made on everybody.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ist keiner oder sind alle ausgewählt, so entsteht der Bericht über alle.</translation>
     </message>
     <message>
         <source>(no name)</source>
-        <translation type="unfinished"></translation>
+        <translation>(ohne Namen)</translation>
     </message>
 </context>
 <context>
     <name>ReportHeading</name>
     <message>
         <source>%1 and %2 more</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 und %2 weitere</translation>
     </message>
     <message>
         <source>all available</source>
-        <translation type="unfinished"></translation>
+        <translation>alle vorhandenen</translation>
     </message>
     <message>
         <source>%1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2</translation>
     </message>
     <message>
         <source>users %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer %1</translation>
     </message>
     <message>
         <source>groups %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppen %1</translation>
     </message>
     <message>
         <source>all users and groups</source>
-        <translation type="unfinished"></translation>
+        <translation>alle Benutzer und Gruppen</translation>
+    </message>
+</context>
+<context>
+    <name>ReportOutput</name>
+    <message>
+        <source>%1: the name must end in .pdf, .csv, .html or .xlsx</source>
+        <translation>%1: der Name muss auf .pdf, .csv, .html oder .xlsx enden</translation>
+    </message>
+    <message>
+        <source>the folder %1 does not exist</source>
+        <translation>der Ordner %1 besteht nicht</translation>
+    </message>
+    <message>
+        <source>no font is installed; install fonts-dejavu-core</source>
+        <translation>es ist keine Schrift installiert; installieren Sie fonts-dejavu-core</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ReportPage</name>
+    <message>
+        <source>Made %1</source>
+        <translation>Erstellt %1</translation>
+    </message>
+    <message>
+        <source>Period: %1</source>
+        <translation>Zeitraum: %1</translation>
+    </message>
+    <message>
+        <source>all users and groups</source>
+        <translation>alle Benutzer und Gruppen</translation>
+    </message>
+    <message>
+        <source>Filter: %1</source>
+        <translation>Filter: %1</translation>
+    </message>
+    <message>
+        <source>Nothing to report</source>
+        <translation>Nichts zu berichten</translation>
+    </message>
+    <message>
+        <source>The database holds no data for this period and filter.</source>
+        <translation>Für diesen Zeitraum und Filter enthält die Datenbank keine Daten.</translation>
+    </message>
+    <message>
+        <source>Total, %1</source>
+        <translation>Summe, %1</translation>
+    </message>
+    <message>
+        <source>Grand total, %1</source>
+        <translation>Gesamtsumme, %1</translation>
+    </message>
+    <message>
+        <source>Total of these %1</source>
+        <translation>Summe dieser %1</translation>
+    </message>
+    <message>
+        <source>Total of all %1</source>
+        <translation>Summe aller %1</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>ReportTable</name>
+    <message>
+        <source>(no name)</source>
+        <translation>(ohne Namen)</translation>
     </message>
 </context>
 <context>
     <name>ReportViewer</name>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Please select a report</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie einen Bericht</translation>
     </message>
     <message>
         <source>The report was stopped.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht wurde abgebrochen.</translation>
     </message>
     <message>
         <source>No font is installed; install fonts-dejavu-core</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist keine Schrift installiert; installieren Sie fonts-dejavu-core</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>%1 rows read</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Zeilen gelesen</translation>
     </message>
     <message>
         <source>The report was not printed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht wurde nicht gedruckt.</translation>
     </message>
     <message>
         <source>Printing was stopped; pages sent before: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Druck wurde abgebrochen; vorher gesendete Seiten: %1.</translation>
     </message>
     <message>
         <source>The report was sent to the printer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht wurde an den Drucker gesendet.</translation>
     </message>
     <message>
         <source>PDF (*.pdf)</source>
-        <translation type="unfinished"></translation>
+        <translation>PDF (*.pdf)</translation>
     </message>
     <message>
         <source>Spreadsheet (*.xlsx)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tabelle (*.xlsx)</translation>
     </message>
     <message>
         <source>Text with commas (*.csv)</source>
-        <translation type="unfinished"></translation>
+        <translation>Text mit Kommas (*.csv)</translation>
     </message>
     <message>
         <source>Web page (*.html)</source>
-        <translation type="unfinished"></translation>
+        <translation>Webseite (*.html)</translation>
     </message>
     <message>
         <source>Save report</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht speichern</translation>
     </message>
     <message>
         <source>Saved as %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeichert als %1</translation>
     </message>
     <message>
         <source>The report was not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht wurde nicht gespeichert.</translation>
     </message>
 </context>
 <context>
     <name>ReportsDialog</name>
     <message>
         <source>Reports</source>
-        <translation type="unfinished"></translation>
+        <translation>Berichte</translation>
     </message>
     <message>
         <source>Report</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht</translation>
     </message>
     <message>
         <source>Use data to report on:</source>
-        <translation type="unfinished"></translation>
+        <translation>Daten für den Bericht:</translation>
     </message>
     <message>
         <source>All available</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle vorhandenen</translation>
     </message>
     <message>
         <source>Today</source>
-        <translation type="unfinished"></translation>
+        <translation>Heute</translation>
     </message>
     <message>
         <source>Last week</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte Woche</translation>
     </message>
     <message>
         <source>Last month</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzter Monat</translation>
     </message>
     <message>
         <source>Custom </source>
-        <translation type="unfinished"></translation>
+        <translation>Eigener </translation>
     </message>
     <message>
         <source>Custom period</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigener Zeitraum</translation>
     </message>
     <message>
         <source>Since</source>
-        <translation type="unfinished"></translation>
+        <translation>Von</translation>
     </message>
     <message>
         <source>Until</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis</translation>
     </message>
     <message>
         <source>Users to report on...</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer des Berichts …</translation>
     </message>
     <message>
         <source>Groups to report on...</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppen des Berichts …</translation>
     </message>
     <message>
         <source>Generate report</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht erstellen</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfe</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Reading the users...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer werden gelesen …</translation>
     </message>
     <message>
         <source>Reading the groups...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppen werden gelesen …</translation>
     </message>
     <message>
         <source>The users cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer können nicht gelesen werden.</translation>
     </message>
     <message>
         <source>The groups cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppen können nicht gelesen werden.</translation>
     </message>
     <message>
         <source>You entered incorrect time period. Please re-enter one of the dates</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben einen falschen Zeitraum eingegeben. Bitte geben Sie eines der Daten neu ein</translation>
     </message>
 </context>
 <context>
     <name>SaveReport</name>
     <message>
         <source>Not all settings were written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht alle Einstellungen wurden geschrieben.</translation>
     </message>
     <message>
         <source>Left as they were: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Unverändert blieben: %1.</translation>
     </message>
     <message>
         <source>It is not known whether everything was written. Please look at it again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob alles geschrieben wurde, ist nicht bekannt. Bitte sehen Sie noch einmal nach.</translation>
     </message>
     <message>
         <source>What is not named here was written as it was entered.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was hier nicht genannt ist, wurde so geschrieben, wie es eingegeben wurde.</translation>
     </message>
 </context>
 <context>
     <name>SaveSteps</name>
     <message>
         <source>Whether a user has the excluded address %1 is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob ein Benutzer die ausgeschlossene Adresse %1 hat, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>The users of excluded addresses were not removed, since the addresses cannot be written either.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer ausgeschlossener Adressen wurden nicht entfernt, weil auch die Adressen nicht geschrieben werden können.</translation>
     </message>
     <message>
         <source>The protocol %1 and its ports stay as they were.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Protokoll %1 und seine Ports bleiben, wie sie waren.</translation>
     </message>
 </context>
 <context>
     <name>ServiceControlDialog</name>
     <message>
         <source>Service is started</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst läuft</translation>
     </message>
     <message>
         <source>Service is stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst ist angehalten</translation>
     </message>
     <message>
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>Starten</translation>
     </message>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Anhalten</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Service control</source>
-        <translation type="unfinished"></translation>
+        <translation>Dienststeuerung</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceGuard</name>
+    <message>
+        <source>Can not find records about Tollbrook Service!</source>
+        <translation>Über den Tollbrook-Dienst ist nichts eingetragen!</translation>
+    </message>
+    <message>
+        <source>Please stop the Tollbrook Service before proceeding</source>
+        <translation>Bitte halten Sie den Tollbrook-Dienst an, bevor Sie fortfahren</translation>
+    </message>
+    <message>
+        <source>This command may be executed only on a server machine</source>
+        <translation>Dieser Befehl kann nur auf dem Server ausgeführt werden</translation>
+    </message>
+    <message>
+        <source>To make any changes in NIC options you have to stop the service before</source>
+        <translation>Um die Netzwerkkarte zu ändern, müssen Sie vorher den Dienst anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFailure</name>
+    <message>
+        <source>The settings file &quot;%1&quot; %2.</source>
+        <translation>Die Einstellungsdatei „%1“ %2.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the settings file &quot;%2&quot; %3.</source>
+        <translation>Zeile %1 der Einstellungsdatei „%2“ %3.</translation>
     </message>
 </context>
 <context>
     <name>SettingsNames</name>
     <message>
         <source>the network adapter</source>
-        <translation type="unfinished"></translation>
+        <translation>die Netzwerkkarte</translation>
     </message>
     <message>
         <source>the address ranges and excluded addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>die Adressbereiche und ausgeschlossenen Adressen</translation>
     </message>
     <message>
         <source>the authorization</source>
-        <translation type="unfinished"></translation>
+        <translation>die Anmeldung</translation>
     </message>
     <message>
         <source>the currency</source>
-        <translation type="unfinished"></translation>
+        <translation>die Währung</translation>
     </message>
     <message>
         <source>the properties of new users</source>
-        <translation type="unfinished"></translation>
+        <translation>die Eigenschaften neuer Benutzer</translation>
     </message>
     <message>
         <source>the excluded addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>die ausgeschlossenen Adressen</translation>
     </message>
     <message>
         <source>the identification of users</source>
-        <translation type="unfinished"></translation>
+        <translation>die Erkennung der Benutzer</translation>
     </message>
     <message>
         <source>the monitored protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>die überwachten Protokolle</translation>
     </message>
     <message>
         <source>the monitored protocols and identification of users</source>
-        <translation type="unfinished"></translation>
+        <translation>die überwachten Protokolle und die Erkennung der Benutzer</translation>
     </message>
     <message>
         <source>the price</source>
-        <translation type="unfinished"></translation>
+        <translation>der Preis</translation>
     </message>
     <message>
         <source>the address ranges</source>
-        <translation type="unfinished"></translation>
+        <translation>die Adressbereiche</translation>
     </message>
     <message>
         <source>the update period</source>
-        <translation type="unfinished"></translation>
+        <translation>der Aktualisierungszeitraum</translation>
     </message>
     <message>
         <source>the update period, control of MAC addresses and client program</source>
-        <translation type="unfinished"></translation>
+        <translation>der Aktualisierungszeitraum, die Kontrolle der MAC-Adressen und das Clientprogramm</translation>
     </message>
 </context>
 <context>
     <name>TimePage</name>
     <message>
         <source>Reading the times...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zeiten werden gelesen …</translation>
     </message>
     <message>
         <source>The time ranges could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zeitbereiche konnten nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
     <name>ViewerBar</name>
     <message>
         <source>Print...</source>
-        <translation type="unfinished"></translation>
+        <translation>Drucken …</translation>
     </message>
     <message>
         <source>Save as...</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter …</translation>
     </message>
     <message>
         <source>First page</source>
-        <translation type="unfinished"></translation>
+        <translation>Erste Seite</translation>
     </message>
     <message>
         <source>Previous page</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorige Seite</translation>
     </message>
     <message>
         <source>Next page</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächste Seite</translation>
     </message>
     <message>
         <source>Last page</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte Seite</translation>
     </message>
     <message>
         <source>Fit width</source>
-        <translation type="unfinished"></translation>
+        <translation>Seitenbreite</translation>
     </message>
     <message>
         <source> &amp;Zoom: </source>
-        <translation type="unfinished"></translation>
+        <translation> &amp;Zoom: </translation>
     </message>
     <message>
         <source>Find text</source>
-        <translation type="unfinished"></translation>
+        <translation>Text suchen</translation>
     </message>
     <message>
         <source>Find next</source>
-        <translation type="unfinished"></translation>
+        <translation>Weitersuchen</translation>
     </message>
     <message>
         <source> of %1 </source>
-        <translation type="unfinished"></translation>
+        <translation> von %1 </translation>
     </message>
 </context>
 <context>
     <name>WaitDialog</name>
     <message>
         <source>Please wait</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte warten</translation>
     </message>
     <message>
         <source>Cancelling...</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird abgebrochen …</translation>
     </message>
 </context>
 <context>
     <name>WizardProtocols</name>
     <message>
         <source>What was removed of %1 stays.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was von %1 entfernt wurde, bleibt.</translation>
     </message>
     <message>
         <source>%1 was removed by somebody else meanwhile and does not come back.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde inzwischen von jemand anderem entfernt und kommt nicht zurück.</translation>
     </message>
 </context>
 </TS>
