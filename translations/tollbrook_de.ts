@@ -291,6 +291,40 @@
     </message>
 </context>
 <context>
+    <name>HelpViewer</name>
+    <message>
+        <source>User guide</source>
+        <translation>Benutzerhandbuch</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindow</name>
+    <message>
+        <source>User guide</source>
+        <translation>Benutzerhandbuch</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>&amp;Vorwärts</translation>
+    </message>
+    <message>
+        <source>&amp;Search:</source>
+        <translation>&amp;Suchen:</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>The user guide is not installed</source>
+        <translation>Das Benutzerhandbuch ist nicht installiert</translation>
+    </message>
+</context>
+<context>
     <name>KeyFile</name>
     <message>
         <source>cannot be read: %1</source>
@@ -858,6 +892,10 @@
     <message>
         <source>You entered incorrect time period. Please re-enter one of the dates</source>
         <translation>Sie haben einen falschen Zeitraum eingegeben. Bitte geben Sie eines der Daten neu ein</translation>
+    </message>
+    <message>
+        <source>Select a report, the period and, if you like, users or groups, and press &quot;Generate report&quot;. Users and groups narrow a report only together with a period. The report can be printed or saved as PDF, CSV, HTML or XLSX.</source>
+        <translation>Wählen Sie einen Bericht, den Zeitraum und, wenn Sie mögen, Benutzer oder Gruppen, und drücken Sie „Bericht erstellen“. Benutzer und Gruppen engen einen Bericht nur zusammen mit einem Zeitraum ein. Der Bericht kann gedruckt oder als PDF, CSV, HTML oder XLSX gespeichert werden.</translation>
     </message>
 </context>
 <context>

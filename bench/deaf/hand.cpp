@@ -84,7 +84,8 @@ void Hand::PressOk(QDialog &dialog, int time)
     const QPointer<QDialog> open(&dialog);
     ok->click();
     if (open && open->isVisible()) {
+        // With the dialog the timer goes, so that the reference holds.
         QTimer::singleShot(
-            kBeforeNextOk, &dialog, [this, open, time] { PressOk(*open, time + 1); });
+            kBeforeNextOk, &dialog, [this, &dialog, time] { PressOk(dialog, time + 1); });
     }
 }

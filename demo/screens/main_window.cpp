@@ -1,6 +1,7 @@
 #include "db/failure_log.h"
 #include "db/session.h"
 #include "demo/screens/studio.h"
+#include "ui/common/help_window.h"
 #include "ui/main/splitter_frame.h"
 
 #include <QAbstractItemView>
@@ -8,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -52,6 +54,22 @@ void DrawFailures(Studio &studio)
     FailureLog::Instance().Clear();
 }
 
+void DrawHelp(Studio &studio)
+{
+    if (studio.Wants(u"help"_s)) {
+        HelpWindow window(HelpWindow::GuideFile(), nullptr);
+        window.setAttribute(Qt::WA_DeleteOnClose, false);
+        window.show();
+        QTimer fitted; // the pictures, once the window has its size
+        fitted.setSingleShot(true);
+        fitted.start(200);
+        while (fitted.isActive()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        studio.Draw(u"help"_s, window);
+    }
+}
+
 void Trigger(Studio &studio, const QString &action)
 {
     QCoreApplication::processEvents(); // commands follow the selection with the next event
@@ -79,5 +97,6 @@ void DrawMainWindow(Studio &studio)
 
     studio.DrawDialog(u"refresh-period"_s, [&] { studio.Frame().ChooseCustomPeriod(); });
     studio.DrawDialog(u"about"_s, [&] { Trigger(studio, u"about"_s); });
+    DrawHelp(studio);
     DrawFailures(studio);
 }

@@ -35,7 +35,7 @@ void FailureLog::Add(const Failure &failure)
         const QMutexLocker lock(&mutex);
         // A connection that still cannot be opened would soon fill the log.
         const bool isConnection = failure.statement.isEmpty();
-        if (isConnection && !recent.isEmpty() && Failure(recent.constLast()) == failure) {
+        if (isConnection && !recent.isEmpty() && failure == recent.constLast()) {
             return;
         }
         recent.append({failure, QDateTime::currentDateTime()});

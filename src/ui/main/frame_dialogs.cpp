@@ -1,7 +1,7 @@
 #include "ui/main/frame_dialogs.h"
 
 #include "ui/accounts/accounts.h"
-#include "ui/common/help_viewer.h"
+#include "ui/common/help_window.h"
 #include "ui/main/about_dialog.h"
 #include "ui/main/splitter_frame.h"
 #include "ui/options/adapter_dialog.h"

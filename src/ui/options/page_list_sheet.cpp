@@ -1,7 +1,7 @@
 #include "ui/options/page_list_sheet.h"
 
 #include "ui/common/accessible.h"
-#include "ui/common/help_viewer.h"
+#include "ui/common/help_window.h"
 
 #include <QDialogButtonBox>
 #include <QListWidget>

@@ -341,7 +341,7 @@ void ReportsDialog::Drive(int row, const QString &query)
 void ReportsDialog::ShowHelp()
 {
     services.prompt.Tell(
-        u"Select a report, the period and, if you like, users or groups, and press \"Generate "
-        "report\". Users and groups narrow a report only together with a period. The report "
-        "can be printed or saved as PDF, CSV, HTML or XLSX."_s);
+        tr("Select a report, the period and, if you like, users or groups, and press \"Generate "
+           "report\". Users and groups narrow a report only together with a period. The report "
+           "can be printed or saved as PDF, CSV, HTML or XLSX."));
 }

@@ -2,7 +2,6 @@
 #include "db/failure_log.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
-#include "ui/common/help_viewer.h"
 #include "ui/main/status_pane.h"
 
 #include <QClipboard>
@@ -564,23 +563,6 @@ TEST_F(Frame, FailedStatementsAreCountedAndListed)
         Click(dialog, "close");
     });
     Click(*frame, "failuresPane");
-}
-
-TEST_F(Frame, TheGuideOpensInTheProgram)
-{
-    QFile guide(folder.filePath(u"guide.md"_s));
-    ASSERT_TRUE(guide.open(QIODevice::WriteOnly));
-    guide.write("# Guide\n\n[Find a user](#find-a-user)\n\n" + QByteArray("text\n\n").repeated(200)
-                + "## Find a user\n\nType its name. ![](../icons/user.svg)\n\n"
-                + QByteArray("text\n\n").repeated(200));
-    guide.close();
-    HelpViewer viewer(guide.fileName(), nullptr);
-    viewer.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&viewer));
-    EXPECT_TRUE(viewer.toPlainText().startsWith(u"Guide"_s));
-    emit viewer.anchorClicked(QUrl(u"#find-a-user"_s));
-    EXPECT_EQ(viewer.textCursor().block().text(), u"Find a user"_s);
-    EXPECT_TRUE(viewer.rect().contains(viewer.cursorRect()));
 }
 
 TEST_F(Frame, TheProgramsOwnWindowsAreConnected)
