@@ -51,7 +51,10 @@ void Tell(benchmark::State &state, const QString &problem)
     state.counters["ms"] = std::numeric_limits<double>::infinity();
 }
 
-void Measure(benchmark::State &state, const QString &engine, const Act &act, MakeInTheWay make)
+void Measure(benchmark::State &state,
+             const QString &engine,
+             const Act &act,
+             const MakeInTheWay &make)
 {
     Console console(DeafData(engine));
     if (act.prepare != nullptr) {

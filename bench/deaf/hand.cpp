@@ -49,9 +49,9 @@ Hand::Hand(std::function<void()> newBeforeOk) : beforeOk(std::move(newBeforeOk))
     qApp->installEventFilter(this);
 }
 
-void Hand::Enter(const char *className, Entry entry)
+void Hand::Enter(const char *className, const Entry &entry)
 {
-    entries.insert(className, std::move(entry));
+    entries.insert(className, entry);
 }
 
 bool Hand::eventFilter(QObject *watched, QEvent *event)

@@ -23,7 +23,7 @@ public:
     explicit Hand(std::function<void()> beforeOk);
 
     // What to enter in dialogs of that class before OK.
-    void Enter(const char *className, Entry entry);
+    void Enter(const char *className, const Entry &entry);
 
     // How often OK was pressed.
     [[nodiscard]] int Presses() const { return presses; }

@@ -31,10 +31,12 @@ LoadBySteps(Record record, std::initializer_list<LoadStep<Record>> steps)
 template <typename Value, typename Take>
 [[nodiscard]] Result<bool> TakeFound(Result<std::optional<Value>> read, const Take &take)
 {
-    return std::move(read).map([&take](std::optional<Value> value) {
-        if (value) {
-            take(*std::move(value));
-        }
-        return value.has_value();
-    });
+    if (!read) {
+        return tl::unexpected(read.error());
+    }
+    const bool found = read->has_value();
+    if (found) {
+        take(**std::move(read));
+    }
+    return found;
 }

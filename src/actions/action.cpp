@@ -32,7 +32,7 @@ QString WhatStands(const ActionKind &kind, Outcome::State state)
 
 } // namespace
 
-const QList<ActionKind> &AllActions()
+const QList<ActionKind> &AllActions() // NOLINT(readability-function-size): it is a table
 {
     constexpr bool kOne = true; // all of it or nothing
     constexpr bool kEach = false;

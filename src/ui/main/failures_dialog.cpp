@@ -12,8 +12,6 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include <ranges>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -63,12 +61,13 @@ FailuresDialog::FailuresDialog(QWidget *parent)
 void FailuresDialog::Fill()
 {
     const FailureLog &log = FailureLog::Instance();
+    const QList<StatementFailure> recent = log.Recent();
     summary->setText(
         u"Failed since the program started: %1. Listed, newest first: %2."_s.arg(log.Count())
-            .arg(log.Recent().size()));
+            .arg(recent.size()));
     list->clear();
-    for (const StatementFailure &failure : log.Recent() | std::views::reverse) {
-        auto *item = new QTreeWidgetItem(list, Cells(failure));
+    for (auto failure = recent.crbegin(); failure != recent.crend(); ++failure) {
+        auto *item = new QTreeWidgetItem(list, Cells(*failure));
         for (int column = 0; column < item->columnCount(); ++column) {
             item->setToolTip(column, item->text(column));
         }
