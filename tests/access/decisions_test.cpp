@@ -12,7 +12,6 @@
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

@@ -139,8 +139,8 @@ protected:
     // An action that loses against another one as long as there are further steps.
     [[nodiscard]] Body Losing(const QList<Steps> &runs)
     {
-        return [this, runs, run_ = std::make_shared<int>(0)](ActionRun &run) {
-            const int now = (*run_)++;
+        return [this, runs, count = std::make_shared<int>(0)](ActionRun &run) {
+            const int now = (*count)++;
             for (const int step : runs.at(now)) {
                 const UserId user(static_cast<quint32>(std::abs(step)));
                 EXPECT_TRUE(step > 0 ? run.TellBlocked(user) : run.TellUnblocked(user));

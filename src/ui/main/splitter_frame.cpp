@@ -14,6 +14,7 @@
 #include "ui/main/service_watch.h"
 
 #include <QKeyEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 

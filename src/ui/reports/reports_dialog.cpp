@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
