@@ -3,6 +3,7 @@
 #include "support/core/statement_recorder.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 

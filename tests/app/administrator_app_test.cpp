@@ -8,6 +8,7 @@
 #include "support/core/scripted_prompt.h"
 
 #include <QFile>
+#include <QTest>
 
 #include <clocale>
 #include <gtest/gtest.h>

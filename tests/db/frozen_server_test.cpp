@@ -7,6 +7,7 @@
 #include "support/core/limits_scope.h"
 #include "support/core/test_data_source.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
@@ -77,6 +78,18 @@ QList<pid_t> ProcessesOf(const QString &engine)
 }
 
 // Processes that stand still while this lives.
+// Whether each of its threads has stopped: the signal may take a moment on a busy machine.
+bool IsStopped(pid_t process)
+{
+    const QDir threads(u"/proc/%1/task"_s.arg(process));
+    const auto names = threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::all_of(names.begin(), names.end(), [&threads](const QString &name) {
+        QFile file(threads.filePath(name + u"/stat"_s));
+        const QByteArray state = file.open(QIODevice::ReadOnly) ? file.readAll() : "gone) T";
+        return state.sliced(state.lastIndexOf(')') + 1).trimmed().startsWith('T');
+    });
+}
+
 class Frozen
 {
 public:
@@ -84,6 +97,9 @@ public:
     {
         for (const pid_t process : processes) {
             EXPECT_EQ(kill(process, SIGSTOP), 0) << process;
+        }
+        for (const pid_t process : processes) {
+            EXPECT_TRUE(QTest::qWaitFor([process] { return IsStopped(process); }, kPatience));
         }
     }
     ~Frozen()

@@ -8,7 +8,6 @@
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 

@@ -68,7 +68,7 @@ TEST_P(Session, ReturnsTheCodeOfTheLastStep)
 TEST_P(Session, KeepsAFailedStatementInTheLogAndGoesOn)
 {
     Execute("UPDATE nowhere SET pwd = (?) WHERE userid = (?)", u"hush"_s, quint32 {7});
-    RowCursor("SELECT username, FROM users");
+    const RowCursor failing("SELECT username, FROM users");
     RunQuery("SELECT username FROM users WHERE", FetchMode::All);
     ASSERT_EQ(Failures(), 3);
     const StatementFailure first = FailureLog::Instance().Recent().constFirst();

@@ -203,7 +203,7 @@ Action SetBothUsers()
 
 } // namespace
 
-const std::vector<ActionCase> &ActionCases()
+const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size): it is a table
 {
     static const std::vector<ActionCase> cases {
         {"a user's sheet", ActionId::ApplyUser, BlockForTraffic, StoreAnna},

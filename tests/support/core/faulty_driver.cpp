@@ -196,6 +196,7 @@ SQLRETURN SQLExecDirect(SQLHSTMT statement, SQLCHAR *text, SQLINTEGER length)
     return ExecuteFaulty(fault, statement, text, length);
 }
 
+// NOLINTNEXTLINE(readability-function-size): they are the interface's parameters
 SQLRETURN SQLDriverConnect(SQLHDBC connection,
                            SQLHWND window,
                            SQLCHAR *text,

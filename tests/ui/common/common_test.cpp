@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
+#include <QScrollBar>
+#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
