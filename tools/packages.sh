@@ -1,7 +1,7 @@
 # The Debian 12 packages by name, and what installs those that are missing. Read in by run and test.
 # shellcheck shell=bash disable=SC2034
 
-build_packages=(g++ cmake ninja-build pkg-config ccache mold
+build_packages=(g++ cmake ninja-build pkg-config ccache mold python3
     qt6-base-dev qt6-svg-dev qt6-l10n-tools unixodbc-dev libtomlplusplus-dev libxlsxwriter-dev
     libexpected-dev)
 run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core)
