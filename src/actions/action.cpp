@@ -8,25 +8,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("Action", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(Action)
+};
 
 // What was not done, and what stands in the database now.
 QString WhatStands(const ActionKind &kind, Outcome::State state)
 {
     switch (state) {
     case Outcome::State::Partly:
-        return Words(kind.notDone) + u' '
-            + Words(QT_TRANSLATE_NOOP("Action",
-                                      "What is not named here was written as it was entered."));
+        return Words::tr(kind.notDone) + u' '
+            + Words::tr("What is not named here was written as it was entered.");
     case Outcome::State::Unknown:
-        return Words(kind.unknown) + u' '
-            + Words(QT_TRANSLATE_NOOP("Action", "Please look at it again before you repeat it."));
+        return Words::tr(kind.unknown) + u' '
+            + Words::tr("Please look at it again before you repeat it.");
     default:
-        return Words(kind.notDone) + u' '
-            + Words(QT_TRANSLATE_NOOP("Action", "Nothing was changed in the database."));
+        return Words::tr(kind.notDone) + u' ' + Words::tr("Nothing was changed in the database.");
     }
 }
 
@@ -164,13 +162,9 @@ QString InWords(ActionId id, const Outcome &outcome)
     if (outcome.state == Outcome::State::Refused) {
         return outcome.refusal;
     }
-    QStringList reasons;
+    QStringList reasons = ReasonsOf(outcome.failures);
     if (!outcome.refusal.isEmpty()) {
-        reasons << outcome.refusal;
+        reasons.prepend(outcome.refusal);
     }
-    for (const Failure &failure : outcome.failures) {
-        reasons << failure.InWords();
-    }
-    reasons.removeDuplicates();
     return WhatStands(KindOf(id), outcome.state) + u"\n\n"_s + reasons.join(u"\n\n"_s);
 }

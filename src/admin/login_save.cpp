@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("LoginSave", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(LoginSave)
+};
 
 bool HasSameLimit(const Login &one, const Login &other)
 {
@@ -24,15 +24,7 @@ bool HasSameLimit(const Login &one, const Login &other)
 
 QString LimitText(const Login &login)
 {
-    switch (login.limit) {
-    case Login::Limit::IpAddress:
-        return login.limitIp;
-    case Login::Limit::MacAddress:
-        return login.limitMac;
-    case Login::Limit::None:
-        break;
-    }
-    return Words(QT_TRANSLATE_NOOP("LoginSave", "no limit"));
+    return login.limit == Login::Limit::None ? Words::tr("no limit") : login.LimitAddress();
 }
 
 class LoginsSave
@@ -70,9 +62,7 @@ private:
         if (!stored) {
             Fail(stored.error(), login.name);
         } else if (*stored && !makesRoom) {
-            Leave(Words(QT_TRANSLATE_NOOP(
-                      "LoginSave",
-                      "The login %1 was not saved: somebody else has made it meanwhile.")),
+            Leave(Words::tr("The login %1 was not saved: somebody else has made it meanwhile."),
                   login.name);
         } else {
             newNames << login.name;
@@ -92,10 +82,9 @@ private:
         if (!*stored || !*digest) {
             report.saved.gone << name;
             Leave(
-                Words(QT_TRANSLATE_NOOP(
-                    "LoginSave",
+                Words::tr(
                     "The login %1 was not saved: somebody else has removed it meanwhile. It is no "
-                    "longer listed.")),
+                    "longer listed."),
                 name);
             return;
         }
@@ -117,7 +106,7 @@ private:
         const auto &[base, draft, isNew] = change;
         Login login = draft;
         if (!Takes(draft.name,
-                   Words(QT_TRANSLATE_NOOP("LoginSave", "the limit of the workstation")),
+                   Words::tr("the limit of the workstation"),
                    !HasSameLimit(draft, base),
                    HasSameLimit(present, base) || HasSameLimit(present, draft),
                    LimitText(present))) {
@@ -126,18 +115,17 @@ private:
             login.limitMac = present.limitMac;
         }
         if (!Takes(draft.name,
-                   Words(QT_TRANSLATE_NOOP("LoginSave", "the access to personal statistics")),
+                   Words::tr("the access to personal statistics"),
                    draft.allowStats != base.allowStats,
                    true, // of two values it is either the old one or the same
                    {})) {
             login.allowStats = present.allowStats;
         }
         if (!Takes(draft.name,
-                   Words(QT_TRANSLATE_NOOP("LoginSave", "the bound user")),
+                   Words::tr("the bound user"),
                    draft.userId != base.userId,
                    present.userId == base.userId || present.userId == draft.userId,
-                   present.userId.IsSet() ? present.userName
-                                          : Words(QT_TRANSLATE_NOOP("LoginSave", "none")))) {
+                   present.userId.IsSet() ? present.userName : Words::tr("none"))) {
             login.userId = present.userId;
             login.userName = present.userName;
             login.groupId = present.groupId;
@@ -155,11 +143,9 @@ private:
         if (!isTouched || isUndisputed) {
             return isTouched;
         }
-        return run.Ask(
-            {u"login "_s + login + u' ' + what + u' ' + present,
-             Words(QT_TRANSLATE_NOOP("LoginSave",
-                                     "Login %1: %2 was changed meanwhile to %3 \u2013 overwrite?"))
-                 .arg(login, what, present)});
+        return run.Ask({u"login "_s + login + u' ' + what + u' ' + present,
+                        Words::tr("Login %1: %2 was changed meanwhile to %3 \u2013 overwrite?")
+                            .arg(login, what, present)});
     }
 
     void Delete(const QStringList &names)
@@ -172,7 +158,7 @@ private:
             if (run.WriteOrLook(isGone, "DELETE FROM logins WHERE login=(?)", name)) {
                 report.saved.removed << name;
             } else {
-                Leave(Words(QT_TRANSLATE_NOOP("LoginSave", "The login %1 was not removed.")), name);
+                Leave(Words::tr("The login %1 was not removed."), name);
             }
         }
     }
@@ -182,7 +168,7 @@ private:
         const bool needsRoom = changes.removedFirst.contains(login.name, Qt::CaseInsensitive);
         const bool hasRoom = report.saved.removed.contains(login.name, Qt::CaseInsensitive);
         if ((needsRoom && !hasRoom) || !(IsNew(login) ? Insert(login) : Update(login))) {
-            Leave(Words(QT_TRANSLATE_NOOP("LoginSave", "The login %1 was not saved.")), login.name);
+            Leave(Words::tr("The login %1 was not saved."), login.name);
             return;
         }
         Login written = login;
@@ -247,7 +233,7 @@ private:
     void Fail(const Failure &failure, const QString &name)
     {
         (void)run.Take(Result<bool>(tl::unexpected(failure)));
-        Leave(Words(QT_TRANSLATE_NOOP("LoginSave", "The login %1 was not saved.")), name);
+        Leave(Words::tr("The login %1 was not saved."), name);
     }
 
     ActionRun &run;

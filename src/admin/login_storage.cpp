@@ -11,20 +11,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("LoginStorage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(LoginStorage)
+};
 
 QString WhatStands(const LoginSaveReport &report)
 {
     if (report.outcome.state == Outcome::State::Unknown) {
-        return Words(QT_TRANSLATE_NOOP(
-            "LoginStorage", "It is not known what was saved. Please look at the logins again."));
+        return Words::tr("It is not known what was saved. Please look at the logins again.");
     }
     const bool any = !report.saved.written.empty() || !report.saved.removed.isEmpty();
-    return any ? Words(QT_TRANSLATE_NOOP("LoginStorage", "The other changes were saved."))
-               : Words(QT_TRANSLATE_NOOP("LoginStorage", "Nothing was saved."));
+    return any ? Words::tr("The other changes were saved.") : Words::tr("Nothing was saved.");
 }
 
 } // namespace
@@ -67,12 +65,7 @@ QString LoginSaveReport::InWords() const
     }
     lines += notSaved;
     lines << WhatStands(*this);
-    QStringList reasons;
-    for (const Failure &failure : outcome.failures) {
-        reasons << failure.InWords();
-    }
-    reasons.removeDuplicates();
-    return (QStringList(lines.join(u'\n')) + reasons).join(u"\n\n"_s);
+    return (QStringList(lines.join(u'\n')) + ReasonsOf(outcome.failures)).join(u"\n\n"_s);
 }
 
 LoginSaveReport SaveLogins(const LoginChanges &changes, const Answers &answers)

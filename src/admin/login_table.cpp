@@ -45,6 +45,19 @@ std::optional<QString> CheckLimitAndUser(const LoginEntry &entry)
 
 } // namespace
 
+QString Login::LimitAddress() const
+{
+    switch (limit) {
+    case Limit::IpAddress:
+        return limitIp;
+    case Limit::MacAddress:
+        return limitMac;
+    case Limit::None:
+        break;
+    }
+    return {};
+}
+
 LoginTable::LoginTable(std::vector<Login> stored)
     : logins(std::move(stored))
     , bases(logins)

@@ -27,6 +27,9 @@ struct Login
     QString userName;
     GroupId groupId;
 
+    // The workstation's address that the login is limited to; empty for none.
+    [[nodiscard]] QString LimitAddress() const;
+
     bool operator==(const Login &) const = default;
 };
 

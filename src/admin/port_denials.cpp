@@ -11,19 +11,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(PortDenials)
+};
+
 QString TextOn(const QString &what, int count)
 {
-    const auto words = [](const char *text) {
-        return QCoreApplication::translate("PortDenials", text);
-    };
     return count == 1
-        ? words(QT_TRANSLATE_NOOP(
-                    "PortDenials",
-                    "1 denied port of users and groups names %1 and goes with it. Continue?"))
+        ? Words::tr("1 denied port of users and groups names %1 and goes with it. Continue?")
               .arg(what)
-        : words(QT_TRANSLATE_NOOP(
-                    "PortDenials",
-                    "%2 denied ports of users and groups name %1 and go with it. Continue?"))
+        : Words::tr("%2 denied ports of users and groups name %1 and go with it. Continue?")
               .arg(what, QString::number(count));
 }
 

@@ -16,10 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("ProtocolSave", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ProtocolSave)
+};
 
 QString PortName(const QString &protocol, qint32 number)
 {
@@ -54,7 +54,7 @@ public:
         }
         ReadRemovals();
         if (run.IsStopped()) {
-            Leave(Words(QT_TRANSLATE_NOOP("ProtocolSave", "No protocol and no port was stored.")));
+            Leave(Words::tr("No protocol and no port was stored."));
             return;
         }
         AddNewProtocols();
@@ -83,9 +83,8 @@ private:
         const auto all = ReadStoredProtocols(0);
         if (!all) {
             Fail(all.error(),
-                 Words(QT_TRANSLATE_NOOP("ProtocolSave",
-                                         "No protocol and no port was stored: what stands in the "
-                                         "database could not be read.")));
+                 Words::tr("No protocol and no port was stored: what stands in the "
+                           "database could not be read."));
             return false;
         }
         stored = *all;
@@ -116,17 +115,14 @@ private:
     {
         if (!removal) {
             Fail(removal.error(),
-                 Words(
-                     QT_TRANSLATE_NOOP("ProtocolSave",
-                                       "What was removed of %1 stays: whom its ports are denied to "
-                                       "could not be read."))
+                 Words::tr("What was removed of %1 stays: whom its ports are denied to "
+                           "could not be read.")
                      .arg(protocol.name));
             return false;
         }
         const bool mayGo = !removal->question || run.Ask(*removal->question);
         if (!mayGo) {
-            Leave(Words(QT_TRANSLATE_NOOP("ProtocolSave", "What was removed of %1 stays."))
-                      .arg(protocol.name));
+            Leave(Words::tr("What was removed of %1 stays.").arg(protocol.name));
         }
         return mayGo;
     }
@@ -162,8 +158,7 @@ private:
                             quint32 {protocol.monitored});
         if (!done) {
             notAdded.insert(protocol.name);
-            Leave(Words(QT_TRANSLATE_NOOP("ProtocolSave", "%1 was not added, nor its ports."))
-                      .arg(protocol.name));
+            Leave(Words::tr("%1 was not added, nor its ports.").arg(protocol.name));
         }
         return done;
     }
@@ -172,8 +167,7 @@ private:
     {
         const auto ids = ReadIdsOf(protocol.name);
         const QString withoutPorts =
-            Words(QT_TRANSLATE_NOOP("ProtocolSave", "%1 was added without its ports."))
-                .arg(protocol.name);
+            Words::tr("%1 was added without its ports.").arg(protocol.name);
         if (!ids) {
             Fail(ids.error(), withoutPorts);
         } else if (ids->empty()) {
@@ -194,11 +188,8 @@ private:
                     AddPortIfMissing(protocol, row->id, port);
                 }
             } else if (!protocol.isNew && IsTouched(protocol)) {
-                Leave(
-                    Words(QT_TRANSLATE_NOOP(
-                              "ProtocolSave",
-                              "%1 was removed by somebody else meanwhile and does not come back."))
-                        .arg(protocol.name));
+                Leave(Words::tr("%1 was removed by somebody else meanwhile and does not come back.")
+                          .arg(protocol.name));
             }
         }
     }
@@ -209,11 +200,9 @@ private:
         const auto found = ReadPortIds(id, port.number);
         if (!found) {
             Fail(found.error(),
-                 port.id.IsSet()
-                     ? Words(QT_TRANSLATE_NOOP("ProtocolSave",
-                                               "Whether the port %1 still stands is not known."))
-                           .arg(PortName(protocol.name, port.number))
-                     : NotAdded(protocol, port.number));
+                 port.id.IsSet() ? Words::tr("Whether the port %1 still stands is not known.")
+                                       .arg(PortName(protocol.name, port.number))
+                                 : NotAdded(protocol, port.number));
         } else if (found->empty() && !port.id.IsSet()) {
             InsertPort(protocol, id, port.number);
         }
@@ -233,8 +222,7 @@ private:
 
     static QString NotAdded(const Protocol &protocol, qint32 number)
     {
-        return Words(QT_TRANSLATE_NOOP("ProtocolSave", "The port %1 was not added."))
-            .arg(PortName(protocol.name, number));
+        return Words::tr("The port %1 was not added.").arg(PortName(protocol.name, number));
     }
 
     void RemoveProtocols()
@@ -250,11 +238,9 @@ private:
                 RemoveDenials(removal.ports, removal.denials);
             }
             if (!rowGone || !portsGone) {
-                Leave(
-                    (rowGone ? Words(QT_TRANSLATE_NOOP(
-                         "ProtocolSave", "The ports of the removed protocol %1 are still stored."))
-                             : Words(QT_TRANSLATE_NOOP("ProtocolSave", "%1 was not removed.")))
-                        .arg(protocol.name));
+                Leave((rowGone ? Words::tr("The ports of the removed protocol %1 are still stored.")
+                               : Words::tr("%1 was not removed."))
+                          .arg(protocol.name));
             }
         }
     }
@@ -287,7 +273,7 @@ private:
         if (run.WriteOrLook(isGone, "DELETE FROM Ports WHERE port_id = (?)", port.id)) {
             RemoveDenials({port}, going.denials);
         } else {
-            Leave(Words(QT_TRANSLATE_NOOP("ProtocolSave", "The port %1 was not removed."))
+            Leave(Words::tr("The port %1 was not removed.")
                       .arg(PortName(going.protocol.name, port.number)));
         }
     }
@@ -304,9 +290,7 @@ private:
             if (isNew
                 && !run.WriteOrLook(
                     areGone, "DELETE FROM Port_blocked WHERE port_id = (?)", port.id)) {
-                Leave(Words(QT_TRANSLATE_NOOP(
-                                "ProtocolSave",
-                                "Users and groups are still denied the removed port %1."))
+                Leave(Words::tr("Users and groups are still denied the removed port %1.")
                           .arg(port.number));
             }
         }
@@ -339,9 +323,7 @@ private:
                              "UPDATE Protocols SET mon=(?) WHERE proto_name=(?)",
                              quint32 {monitored},
                              name)) {
-            Leave(
-                Words(QT_TRANSLATE_NOOP("ProtocolSave", "Whether %1 is monitored was not stored."))
-                    .arg(name));
+            Leave(Words::tr("Whether %1 is monitored was not stored.").arg(name));
         }
     }
 

@@ -4,10 +4,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("SaveReport", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SaveReport)
+};
 
 } // namespace
 
@@ -24,25 +24,17 @@ QString SaveReport::InWords() const
     }
     QStringList lines = notDone + leftOut;
     if (!settings.isEmpty()) {
-        lines << Words(QT_TRANSLATE_NOOP("SaveReport", "Not all settings were written.")) + u' '
-                + Words(QT_TRANSLATE_NOOP("SaveReport", "Left as they were: %1."))
-                      .arg(unwritten.join(u", "_s));
+        lines << Words::tr("Not all settings were written.") + u' '
+                + Words::tr("Left as they were: %1.").arg(unwritten.join(u", "_s));
     }
-    lines << (isUnknown
-                  ? Words(QT_TRANSLATE_NOOP(
-                      "SaveReport",
-                      "It is not known whether everything was written. Please look at it again."))
-                  : Words(QT_TRANSLATE_NOOP(
-                      "SaveReport", "What is not named here was written as it was entered.")));
+    lines << (isUnknown ? Words::tr(
+                  "It is not known whether everything was written. Please look at it again.")
+                        : Words::tr("What is not named here was written as it was entered."));
     QStringList reasons;
     for (const SettingsFailure &failure : settings) {
         reasons << TextOf(failure);
     }
-    for (const Failure &failure : statements) {
-        reasons << failure.InWords();
-    }
-    reasons.removeDuplicates();
-    return (QStringList(lines.join(u'\n')) + reasons).join(u"\n\n"_s);
+    return (QStringList(lines.join(u'\n')) + reasons + ReasonsOf(statements)).join(u"\n\n"_s);
 }
 
 void SaveReport::Add(const char *what, const SettingsResult &result)

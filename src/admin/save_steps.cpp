@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("SaveSteps", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SaveSteps)
+};
 
 } // namespace
 
@@ -29,10 +29,7 @@ void SaveSteps::AskOnExclusions(const QList<Ipv4> &base, const QList<Ipv4> &draf
         const auto users = UsersOf(address);
         if (!users) {
             lookups.statements << users.error();
-            lookups.leftOut << Words(
-                                   QT_TRANSLATE_NOOP(
-                                       "SaveSteps",
-                                       "Whether a user has the excluded address %1 is not known."))
+            lookups.leftOut << Words::tr("Whether a user has the excluded address %1 is not known.")
                                    .arg(DottedText(address));
         } else if (!users->empty()) {
             const Question question = QuestionOnUsersOf(address, *users);
@@ -91,10 +88,9 @@ void SaveSteps::SaveNetwork(const Edited<QList<AddressRange>> &ranges,
         report.Add(ActionId::ExcludeAddress,
                    RunAction(ExcludeAddressAction(withUsersToRemove), answers, nullptr));
     } else if (!withUsersToRemove.isEmpty()) {
-        report.leftOut << Words(QT_TRANSLATE_NOOP(
-            "SaveSteps",
+        report.leftOut << Words::tr(
             "The users of excluded addresses were not removed, since the addresses cannot be "
-            "written either."));
+            "written either.");
     }
     Edit(settings_names::kExclusions, ConfigKeyId::LocalIp, [&exclusions](KeyEditor &key) {
         SaveExclusions(key, exclusions.base, exclusions.draft);
@@ -121,10 +117,8 @@ void SaveSteps::SaveWizardProtocols(const std::optional<ProtocolTable> &protocol
         const Outcome outcome = RunAction(action, answers, nullptr);
         report.Add(ActionId::SaveSetupProtocols, outcome);
         if (outcome.state == Outcome::State::NotDone) {
-            report.leftOut << Words(QT_TRANSLATE_NOOP(
-                                        "SaveSteps",
-                                        "The protocol %1 and its ports stay as they were."))
-                                  .arg(name);
+            report.leftOut
+                << Words::tr("The protocol %1 and its ports stay as they were.").arg(name);
         }
     }
 }

@@ -21,10 +21,10 @@ struct WizardProtocol
     bool listed = false;
 };
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("WizardProtocols", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(WizardProtocols)
+};
 
 // Its row, which another console may have given another id; not set for none.
 ProtocolId RowOf(ActionRun &run, const Protocol &protocol)
@@ -101,8 +101,7 @@ void Replace(ActionRun &run, const WizardProtocol &saved, ProtocolId id)
     const bool stored = StoredMonitored(run, id);
     const bool listed = saved.listed == saved.protocol.wasMonitored ? stored : saved.listed;
     if (replacement.removal.question && !run.Ask(*replacement.removal.question)) {
-        run.Refuse(Words(QT_TRANSLATE_NOOP("WizardProtocols", "What was removed of %1 stays."))
-                       .arg(saved.protocol.name));
+        run.Refuse(Words::tr("What was removed of %1 stays.").arg(saved.protocol.name));
     }
     if (run.IsStopped()) {
         return;
@@ -129,9 +128,7 @@ void Save(ActionRun &run, const WizardProtocol &saved)
     } else if (protocol.isNew) {
         Add(run, protocol);
     } else if (saved.listed) {
-        run.Refuse(Words(QT_TRANSLATE_NOOP(
-                             "WizardProtocols",
-                             "%1 was removed by somebody else meanwhile and does not come back."))
+        run.Refuse(Words::tr("%1 was removed by somebody else meanwhile and does not come back.")
                        .arg(protocol.name));
     }
 }

@@ -6,30 +6,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Failure)
+};
+
 QString Reason(Failure::Kind kind)
 {
-    const auto words = [](const char *text) {
-        return QCoreApplication::translate("Failure", text);
-    };
     switch (kind) {
     case Failure::Kind::Refused:
-        return words(QT_TRANSLATE_NOOP("Failure", "The database refused it."));
+        return Words::tr("The database refused it.");
     case Failure::Kind::Locked:
-        return words(QT_TRANSLATE_NOOP("Failure", "Another program holds the database."));
+        return Words::tr("Another program holds the database.");
     case Failure::Kind::Conflict:
-        return words(
-            QT_TRANSLATE_NOOP("Failure", "Somebody else changed the same at that moment."));
+        return Words::tr("Somebody else changed the same at that moment.");
     case Failure::Kind::ConnectionLost:
-        return words(QT_TRANSLATE_NOOP("Failure", "There is no connection to the database."));
+        return Words::tr("There is no connection to the database.");
     case Failure::Kind::NotWritable:
-        return words(QT_TRANSLATE_NOOP("Failure", "The database takes no changes now."));
+        return Words::tr("The database takes no changes now.");
     case Failure::Kind::NotAnswered:
-        return words(QT_TRANSLATE_NOOP("Failure", "The database does not answer."));
+        return Words::tr("The database does not answer.");
     case Failure::Kind::Cancelled:
-        return words(QT_TRANSLATE_NOOP("Failure", "It was cancelled."));
+        return Words::tr("It was cancelled.");
     case Failure::Kind::OutcomeUnknown:
-        return words(QT_TRANSLATE_NOOP(
-            "Failure", "The connection to the database was lost while it was being written."));
+        return Words::tr("The connection to the database was lost while it was being written.");
     }
     Q_UNREACHABLE();
 }
@@ -39,4 +39,14 @@ QString Reason(Failure::Kind kind)
 QString Failure::InWords() const
 {
     return kind == Kind::Cancelled || text.isEmpty() ? Reason(kind) : Reason(kind) + u'\n' + text;
+}
+
+QStringList ReasonsOf(const QList<Failure> &failures)
+{
+    QStringList words;
+    for (const Failure &failure : failures) {
+        words << failure.InWords();
+    }
+    words.removeDuplicates();
+    return words;
 }

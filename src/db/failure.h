@@ -2,7 +2,9 @@
 // tells it: a Result holds either the value or the failure.
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <tl/expected.hpp>
 
@@ -37,6 +39,9 @@ struct Failure
 
     bool operator==(const Failure &) const = default;
 };
+
+// What happened in sentences for a person, each once.
+[[nodiscard]] QStringList ReasonsOf(const QList<Failure> &failures);
 
 template <typename Value>
 using Result = tl::expected<Value, Failure>;

@@ -30,6 +30,27 @@ enum class Then { GoOn, Stop };
 template <typename Reader>
 using ReadBy = std::remove_cvref_t<std::invoke_result_t<Reader, const Row &>>;
 
+// The first row where `then` is Stop, else the last one.
+template <typename Reader, typename... Values>
+[[nodiscard]] Result<std::optional<ReadBy<Reader>>>
+ReadSingle(Then then, const char *sqlText, const Reader &reader, const Values &...values)
+{
+    std::optional<ReadBy<Reader>> value;
+    auto failure = Read(
+        sqlText,
+        0,
+        [&] { BindValues(values...); },
+        [&] { value.reset(); },
+        [&](const Row &row) {
+            value.emplace(reader(row));
+            return then;
+        });
+    if (failure) {
+        return tl::unexpected(*std::move(failure));
+    }
+    return value;
+}
+
 } // namespace query
 
 // True when the session is open; else why it is not.
@@ -40,20 +61,7 @@ template <typename Reader, typename... Values>
 [[nodiscard]] Result<std::optional<query::ReadBy<Reader>>>
 ReadOne(const char *sqlText, const Reader &reader, const Values &...values)
 {
-    std::optional<query::ReadBy<Reader>> value;
-    auto failure = query::Read(
-        sqlText,
-        0,
-        [&] { BindValues(values...); },
-        [&] { value.reset(); },
-        [&](const Row &row) {
-            value.emplace(reader(row));
-            return query::Then::Stop;
-        });
-    if (failure) {
-        return tl::unexpected(*std::move(failure));
-    }
-    return value;
+    return query::ReadSingle(query::Then::Stop, sqlText, reader, values...);
 }
 
 // What `reader` makes of the last row, of which there may be several; nothing when there is none.
@@ -61,20 +69,7 @@ template <typename Reader, typename... Values>
 [[nodiscard]] Result<std::optional<query::ReadBy<Reader>>>
 ReadLast(const char *sqlText, const Reader &reader, const Values &...values)
 {
-    std::optional<query::ReadBy<Reader>> value;
-    auto failure = query::Read(
-        sqlText,
-        0,
-        [&] { BindValues(values...); },
-        [&] { value.reset(); },
-        [&](const Row &row) {
-            value.emplace(reader(row));
-            return query::Then::GoOn;
-        });
-    if (failure) {
-        return tl::unexpected(*std::move(failure));
-    }
-    return value;
+    return query::ReadSingle(query::Then::GoOn, sqlText, reader, values...);
 }
 
 // What `reader` makes of each of the first `most` rows, in their order.

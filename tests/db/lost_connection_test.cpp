@@ -3,6 +3,7 @@
 #include "db/failure_log.h"
 #include "db/query.h"
 #include "db/session.h"
+#include "db/user_names.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/faulty_driver.h"
 #include "support/core/limits_scope.h"
@@ -18,15 +19,8 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr char kNames[] = "SELECT username FROM users ORDER BY username";
-constexpr char kNameOf[] = "SELECT username FROM users WHERE user_id = (?)";
 constexpr char kBlock[] = "UPDATE users SET blocked = true WHERE user_id = (?)";
 constexpr char kBlocked[] = "SELECT user_id FROM users WHERE blocked = 1";
-
-QString Name(const Row &row)
-{
-    return row.Text(1);
-}
 
 class LostConnection : public EngineFixture
 {
@@ -34,8 +28,7 @@ protected:
     void SetUp() override
     {
         EngineFixture::SetUp();
-        Execute("INSERT INTO users (user_id, username) VALUES (1, 'anna')");
-        Execute("INSERT INTO users (user_id, username) VALUES (2, 'ben')");
+        AddAnnaAndBen();
         driver.emplace(Dsn());
     }
 

@@ -3,6 +3,7 @@
 
 #include "db/failure_log.h"
 #include "db/session.h"
+#include "db/user_names.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/faulty_driver.h"
 
@@ -14,14 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-constexpr char kNames[] = "SELECT username FROM users ORDER BY username";
-constexpr char kNameOf[] = "SELECT username FROM users WHERE user_id = (?)";
-
-QString Name(const Row &row)
-{
-    return row.Text(1);
-}
 
 class Queries : public EngineFixture
 {

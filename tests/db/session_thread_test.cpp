@@ -4,6 +4,7 @@
 
 #include "db/query.h"
 #include "db/session.h"
+#include "db/user_names.h"
 #include "db/write.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/faulty_driver.h"
@@ -70,8 +71,7 @@ protected:
     void SetUp() override
     {
         EngineFixture::SetUp();
-        Execute("INSERT INTO users (user_id, username) VALUES (1, 'anna')");
-        Execute("INSERT INTO users (user_id, username) VALUES (2, 'ben')");
+        AddAnnaAndBen();
         driver.emplace(Dsn());
         session.emplace();
         session->Open(Dsn());

@@ -35,19 +35,6 @@ QTreeWidgetItem *Entry(const QString &text, Filter filter, Picture picture, Grou
     return entry;
 }
 
-QString BindAddress(const Login &login)
-{
-    switch (login.limit) {
-    case Login::Limit::IpAddress:
-        return login.limitIp;
-    case Login::Limit::MacAddress:
-        return login.limitMac;
-    case Login::Limit::None:
-        break;
-    }
-    return {};
-}
-
 } // namespace
 
 Result<LoginManager::Content> LoginManager::Read()
@@ -135,7 +122,7 @@ void LoginManager::FillList()
         if (!IsShown(login)) {
             continue;
         }
-        auto *row = new QTreeWidgetItem({login.name, login.userName, BindAddress(login)});
+        auto *row = new QTreeWidgetItem({login.name, login.userName, login.LimitAddress()});
         row->setIcon(0, IconOf(Picture::Logins));
         row->setData(0, kIndexRole, static_cast<qulonglong>(index));
         list->addTopLevelItem(row);
