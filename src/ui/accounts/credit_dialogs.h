@@ -8,7 +8,7 @@
 
 #include <QDialog>
 
-class AmountField;
+class NumberField;
 class QButtonGroup;
 class QCheckBox;
 class QDateEdit;
@@ -44,7 +44,7 @@ private:
     Prompt &prompt;
     const Currency currency;
     QButtonGroup *kinds;
-    AmountField *amount;
+    NumberField *amount;
     QLabel *unit;
     StagedCredit credit;
 };

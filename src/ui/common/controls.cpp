@@ -1,5 +1,7 @@
 #include "ui/common/controls.h"
 
+#include "ui/common/number_field.h"
+
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -51,4 +53,26 @@ QLabel *UnreadNote()
 void Complain(Prompt &prompt, const QString &text)
 {
     prompt.Tell(text, Prompt::Icon::Warning);
+}
+
+void Refuse(Prompt &prompt, QLineEdit &field, const QString &text)
+{
+    Complain(prompt, text);
+    field.setFocus();
+    field.selectAll();
+}
+
+bool HoldsNumber(Prompt &prompt, NumberField &field, const QString &missing)
+{
+    const auto entered = field.Entered();
+    if (!entered) {
+        const bool isOutside = entered.error() == NumberFault::OutOfRange;
+        Refuse(prompt, field, isOutside || missing.isEmpty() ? field.Request() : missing);
+    }
+    return entered.has_value();
+}
+
+bool HoldsNumberIfAny(Prompt &prompt, NumberField &field)
+{
+    return !field.isEnabled() || field.IsBlank() || HoldsNumber(prompt, field);
 }

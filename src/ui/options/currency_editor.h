@@ -8,7 +8,7 @@
 
 #include <optional>
 
-class AmountField;
+class NumberField;
 class QLineEdit;
 class QPushButton;
 class QTreeWidget;
@@ -31,7 +31,7 @@ private:
     Prompt &prompt;
     TextField *symbol;
     TextField *title;
-    AmountField *rate;
+    NumberField *rate;
 };
 
 class CurrencyEditor : public QWidget

@@ -1,6 +1,7 @@
 #include "ui/options/protocol_editor.h"
 
 #include "ui/common/controls.h"
+#include "ui/common/number_field.h"
 #include "ui/common/text_field.h"
 #include "ui/options/editable_list.h"
 #include "ui/options/entry_dialog.h"
@@ -13,11 +14,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <typename Field>
-Field *Named(const char *objectName)
+TextField *NameField()
 {
-    auto *field = new Field;
-    field->setObjectName(QLatin1String(objectName));
+    auto *field = new TextField;
+    field->setObjectName(u"protocol"_s);
+    return field;
+}
+
+NumberField *PortField()
+{
+    auto *field = new NumberField({.least = 1, .most = kHighestPort});
+    field->setObjectName(u"port"_s);
     return field;
 }
 
@@ -41,7 +48,7 @@ ProtocolList::ProtocolList(Prompt &messages,
     , table(edited)
 {
     if (entry == ProtocolEntry::Field) {
-        name = Named<TextField>("protocol");
+        name = NameField();
     }
     list = new EditableList(
         u"protocols"_s, {texts.list, texts.entry, texts.add, texts.remove}, {u"Protocol"_s}, name);
@@ -78,7 +85,7 @@ void ProtocolList::AddEntered()
         name->setFocus();
         return;
     }
-    auto *field = Named<TextField>("protocol");
+    auto *field = NameField();
     EntryDialog dialog(
         u"Add protocol"_s,
         u"Protocol title:"_s,
@@ -121,7 +128,7 @@ PortList::PortList(Prompt &messages,
     , owner(new QLabel)
 {
     if (entry == ProtocolEntry::Field) {
-        number = Named<QLineEdit>("port");
+        number = PortField();
     }
     list = new EditableList(
         u"ports"_s, {{}, texts.entry, texts.add, texts.remove}, {u"Port"_s}, number);
@@ -141,11 +148,11 @@ PortList::PortList(Prompt &messages,
     Show(-1);
 }
 
-bool PortList::Add(const QString &text)
+bool PortList::Add(const NumberField &entered)
 {
-    bool isNumber = false;
-    const int port = text.trimmed().toInt(&isNumber);
-    if (!Accepted(prompt, table.AddPort(protocol, isNumber ? std::optional(port) : std::nullopt))) {
+    const auto port = entered.Number();
+    const auto number = port ? std::optional(static_cast<qint32>(*port)) : std::nullopt;
+    if (!Accepted(prompt, table.AddPort(protocol, number))) {
         return false;
     }
     Show(protocol);
@@ -156,18 +163,18 @@ bool PortList::Add(const QString &text)
 void PortList::AddEntered()
 {
     if (number) {
-        if (Add(number->text())) {
+        if (Add(*number)) {
             number->clear();
         }
         number->setFocus();
         return;
     }
-    auto *field = Named<QLineEdit>("port");
+    auto *field = PortField();
     EntryDialog dialog(
         u"Add port"_s,
         u"Port number:"_s,
         field,
-        [this, field] { return Add(field->text()); },
+        [this, field] { return Add(*field); },
         this);
     dialog.exec();
 }

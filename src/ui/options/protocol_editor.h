@@ -9,6 +9,7 @@
 #include <optional>
 
 class EditableList;
+class NumberField;
 class QLabel;
 class QLineEdit;
 
@@ -70,14 +71,14 @@ public:
     void Show(qsizetype protocol);
 
 private:
-    [[nodiscard]] bool Add(const QString &number);
+    [[nodiscard]] bool Add(const NumberField &entered);
     void AddEntered();
     void Remove();
 
     Prompt &prompt;
     ProtocolTable &table;
     qsizetype protocol = -1;
-    QLineEdit *number = nullptr;
+    NumberField *number = nullptr;
     QLabel *owner;
     EditableList *list;
 };

@@ -6,9 +6,8 @@
 
 #include <QDialog>
 
-class AmountField;
+class NumberField;
 class QListWidget;
-class WholeNumberField;
 
 // "Day" or "Month", an empty text for any other code.
 [[nodiscard]] QString PeriodName(LimitPeriod period);
@@ -44,7 +43,7 @@ public:
 
 private:
     Prompt &prompt;
-    WholeNumberField *field;
+    NumberField *field;
 };
 
 class RateDialog : public QDialog
@@ -52,8 +51,6 @@ class RateDialog : public QDialog
     Q_OBJECT
 
 public:
-    static constexpr double kMost = 1e9;
-
     RateDialog(Prompt &prompt, double rate, QWidget *parent = nullptr);
 
     void accept() override;
@@ -62,5 +59,5 @@ public:
 
 private:
     Prompt &prompt;
-    AmountField *field;
+    NumberField *field;
 };

@@ -47,8 +47,8 @@ ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
     , services(appServices)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , period(new QComboBox)
-    , traffic(new WholeNumberField)
-    , time(new WholeNumberField)
+    , traffic(new NumberField)
+    , time(new NumberField)
     , progress(new QProgressBar)
 {
     for (const NamedUser &user : opened.users) {
@@ -131,9 +131,12 @@ std::optional<ModeAndLimits> ManyUsersDialog::Entered()
         Complain(services.prompt, u"Please choose an accounting period"_s);
         return {};
     }
-    if ((traffic->isEnabled() && !traffic->Number()) || (time->isEnabled() && !time->Number())) {
-        Complain(services.prompt, u"Please enter the limit as a whole number"_s);
-        return {};
+    for (NumberField *limit : {traffic, time}) {
+        if (limit->isEnabled()
+            && !HoldsNumber(
+                services.prompt, *limit, u"Please enter the limit as a whole number"_s)) {
+            return {};
+        }
     }
     ModeAndLimits entered;
     entered.mode = *mode;

@@ -13,7 +13,7 @@ class AccessTypeBox;
 class QComboBox;
 class QFormLayout;
 class QProgressBar;
-class WholeNumberField;
+class NumberField;
 
 // What is read before the dialog opens: the users that are there, and how the first of them stands.
 struct UsersAndAccess
@@ -53,7 +53,7 @@ private:
     std::vector<UserId> userIds;
     AccessTypeBox *type;
     QComboBox *period;
-    WholeNumberField *traffic;
-    WholeNumberField *time;
+    NumberField *traffic;
+    NumberField *time;
     QProgressBar *progress;
 };
