@@ -22,7 +22,7 @@
 using namespace Qt::StringLiterals;
 
 CreditDialog::CreditDialog(Prompt &messages, Currency shown, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , currency(std::move(shown))
     , kinds(new QButtonGroup(this))

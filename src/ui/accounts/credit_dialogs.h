@@ -5,8 +5,7 @@
 #include "access/staged_account.h"
 #include "accounts/currency.h"
 #include "base/prompt.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class NumberField;
 class QButtonGroup;
@@ -15,7 +14,7 @@ class QDateEdit;
 class QLabel;
 
 // What both have in common: a choice of kinds, an amount with its unit, OK and Cancel.
-class CreditDialog : public QDialog
+class CreditDialog : public Dialog
 {
     Q_OBJECT
 

@@ -24,7 +24,7 @@ constexpr int kShownRows = 4;
 } // namespace
 
 CurrencyDialog::CurrencyDialog(Prompt &messages, const CurrencyEntry &shown, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , symbol(new TextField)
     , title(new TextField)
@@ -53,7 +53,8 @@ void CurrencyDialog::accept()
 {
     if (const auto problem = CheckEntry(Entry())) {
         Refuse(prompt,
-               problem == CurrencyProblem::SymbolMissing ? *symbol : static_cast<QLineEdit &>(*rate),
+               problem == CurrencyProblem::SymbolMissing ? *symbol
+                                                         : static_cast<QLineEdit &>(*rate),
                TextOf(*problem));
         return;
     }
@@ -171,7 +172,8 @@ void CurrencyEditor::SetPrice()
         if (field->text() == shown) {
             return true;
         }
-        if (!HoldsNumber(prompt, *field, field->IsBlank() ? u"Enter the rate please"_s : QString())) {
+        if (!HoldsNumber(
+                prompt, *field, field->IsBlank() ? u"Enter the rate please"_s : QString())) {
             return false;
         }
         settings.trafficPrice = *field->Amount();

@@ -3,8 +3,7 @@
 
 #include "admin/currency_settings.h"
 #include "base/prompt.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <optional>
 
@@ -15,7 +14,7 @@ class QTreeWidget;
 class TextField;
 
 // "Add currency", also for the properties of the defined one.
-class CurrencyDialog : public QDialog
+class CurrencyDialog : public Dialog
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #include "ui/options/protocol_editor.h"
 
 #include "ui/common/controls.h"
+#include "ui/common/elided_label.h"
 #include "ui/common/number_field.h"
 #include "ui/common/text_field.h"
 #include "ui/options/editable_list.h"
@@ -125,7 +126,7 @@ PortList::PortList(Prompt &messages,
     : QWidget(parent)
     , prompt(messages)
     , table(edited)
-    , owner(new QLabel)
+    , owner(new ElidedLabel)
 {
     if (entry == ProtocolEntry::Field) {
         number = PortField();
@@ -135,7 +136,6 @@ PortList::PortList(Prompt &messages,
     auto *heading = new QLabel(texts.list);
     heading->setBuddy(list->findChild<QWidget *>(u"ports"_s));
     owner->setObjectName(u"portsOwner"_s);
-    owner->setTextFormat(Qt::PlainText);
     auto *row = new QHBoxLayout;
     row->addWidget(heading);
     row->addWidget(owner, 1);
@@ -151,8 +151,8 @@ PortList::PortList(Prompt &messages,
 bool PortList::Add(const NumberField &entered)
 {
     const auto port = entered.Number();
-    const auto number = port ? std::optional(static_cast<qint32>(*port)) : std::nullopt;
-    if (!Accepted(prompt, table.AddPort(protocol, number))) {
+    const auto typed = port ? std::optional(static_cast<qint32>(*port)) : std::nullopt;
+    if (!Accepted(prompt, table.AddPort(protocol, typed))) {
         return false;
     }
     Show(protocol);
@@ -171,11 +171,7 @@ void PortList::AddEntered()
     }
     auto *field = PortField();
     EntryDialog dialog(
-        u"Add port"_s,
-        u"Port number:"_s,
-        field,
-        [this, field] { return Add(*field); },
-        this);
+        u"Add port"_s, u"Port number:"_s, field, [this, field] { return Add(*field); }, this);
     dialog.exec();
 }
 

@@ -9,8 +9,8 @@
 #include <optional>
 
 class EditableList;
+class ElidedLabel;
 class NumberField;
-class QLabel;
 class QLineEdit;
 
 // How something new is entered: in a small dialog or in a field above the list.
@@ -79,6 +79,6 @@ private:
     ProtocolTable &table;
     qsizetype protocol = -1;
     NumberField *number = nullptr;
-    QLabel *owner;
+    ElidedLabel *owner;
     EditableList *list;
 };

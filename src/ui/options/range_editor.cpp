@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 AddRangeDialog::AddRangeDialog(Prompt &messages,
                                const QList<AddressRange> &existing,
                                QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , ranges(existing)
     , network(new IpAddressField(u"IP address"_s))

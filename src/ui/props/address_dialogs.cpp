@@ -17,7 +17,7 @@ constexpr qsizetype kMacCharacters = 12;
 }
 
 ChangeIpDialog::ChangeIpDialog(Prompt &messages, const QString &address, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , field(new IpAddressField(u"IP address"_s))
 {
@@ -44,7 +44,7 @@ void ChangeIpDialog::accept()
 }
 
 ChangeMacDialog::ChangeMacDialog(Prompt &messages, const QString &address, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , field(new TextField)
 {

@@ -25,7 +25,7 @@ QString PeriodName(LimitPeriod period)
 }
 
 PeriodDialog::PeriodDialog(Prompt &messages, LimitPeriod period, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , list(new QListWidget)
 {
@@ -57,7 +57,7 @@ LimitPeriod PeriodDialog::Period() const
 }
 
 LimitDialog::LimitDialog(Prompt &messages, const QString &label, quint32 limit, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , field(new NumberField)
 {
@@ -83,7 +83,7 @@ quint32 LimitDialog::Limit() const
 }
 
 RateDialog::RateDialog(Prompt &messages, double rate, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , field(new NumberField(kPriceBounds))
 {

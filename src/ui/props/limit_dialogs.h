@@ -3,8 +3,7 @@
 
 #include "base/prompt.h"
 #include "db/value_codes.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class NumberField;
 class QListWidget;
@@ -12,7 +11,7 @@ class QListWidget;
 // "Day" or "Month", an empty text for any other code.
 [[nodiscard]] QString PeriodName(LimitPeriod period);
 
-class PeriodDialog : public QDialog
+class PeriodDialog : public Dialog
 {
     Q_OBJECT
 
@@ -29,7 +28,7 @@ private:
     QListWidget *list;
 };
 
-class LimitDialog : public QDialog
+class LimitDialog : public Dialog
 {
     Q_OBJECT
 
@@ -46,7 +45,7 @@ private:
     NumberField *field;
 };
 
-class RateDialog : public QDialog
+class RateDialog : public Dialog
 {
     Q_OBJECT
 

@@ -43,7 +43,7 @@ Result<std::optional<UsersAndAccess>> ReadUsersAndAccess(const std::vector<UserI
 ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
                                  const UsersAndAccess &opened,
                                  QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , period(new QComboBox)

@@ -3,8 +3,7 @@
 
 #include "access/many_users.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <optional>
 #include <vector>
@@ -26,7 +25,7 @@ struct UsersAndAccess
 [[nodiscard]] Result<std::optional<UsersAndAccess>>
 ReadUsersAndAccess(const std::vector<UserId> &userIds);
 
-class ManyUsersDialog : public QDialog
+class ManyUsersDialog : public Dialog
 {
     Q_OBJECT
 
