@@ -164,22 +164,25 @@ qsizetype MarkIn(const QString &text)
     return -1;
 }
 
-bool IsFree(QChar letter, const QSet<QChar> &taken)
-{
-    return letter.isLetterOrNumber() && !taken.contains(letter.toUpper());
-}
-
-// Where the mark goes: at the beginning of a word, else anywhere; -1 when each letter is taken.
+// Where the mark goes: at the beginning of a word, else at any letter, else at a digit; -1 when each is
+// taken.
 qsizetype PlaceForMark(const QString &text, const QSet<QChar> &taken)
 {
+    qsizetype letter = -1;
+    qsizetype digit = -1;
     for (qsizetype place = 0; place < text.size(); ++place) {
+        const QChar c = text[place];
+        if (!c.isLetterOrNumber() || taken.contains(c.toUpper())) {
+            continue;
+        }
         const bool beginsWord = place == 0 || !text[place - 1].isLetterOrNumber();
-        if (beginsWord && IsFree(text[place], taken)) {
+        if (c.isLetter() && beginsWord) {
             return place;
         }
+        qsizetype &first = c.isLetter() ? letter : digit;
+        first = first < 0 ? place : first;
     }
-    const auto *free = std::ranges::find_if(text, [&taken](QChar c) { return IsFree(c, taken); });
-    return free == text.cend() ? -1 : free - text.cbegin();
+    return letter >= 0 ? letter : digit;
 }
 
 // What carries a mnemonic: a label that stands for a field, or a button. OK and Cancel have Enter and

@@ -198,10 +198,10 @@ TEST_F(UserSheetTest, CarriesTheQuotedTexts)
     (void)UserSheet(user_page::kGeneral, [](QDialog &sheet) {
         QStringList texts;
         for (const auto *button : sheet.findChildren<QAbstractButton *>()) {
-            texts << button->text();
+            texts << WithoutMark(button->text());
         }
         for (const auto *label : sheet.findChildren<QLabel *>()) {
-            texts << label->text();
+            texts << WithoutMark(label->text());
         }
         for (const auto *box : sheet.findChildren<QGroupBox *>()) {
             texts << box->title();
