@@ -75,8 +75,8 @@ IpAddressField::IpAddressField(const QString &name, QWidget *parent) : QWidget(p
 
 bool IpAddressField::IsComplete() const
 {
-    return std::ranges::all_of(
-        octets, [](const QLineEdit *octet) { return NumberIn(*octet).has_value(); });
+    return std::ranges::all_of(octets,
+                               [](const QLineEdit *octet) { return NumberIn(*octet).has_value(); });
 }
 
 bool IpAddressField::IsBlank() const
@@ -111,6 +111,13 @@ void IpAddressField::Clear()
     }
 }
 
+void IpAddressField::FocusWhatIsMissing()
+{
+    const auto missing = std::ranges::find_if(
+        octets, [](const QLineEdit *octet) { return !NumberIn(*octet).has_value(); });
+    GoTo(missing == octets.end() ? 0 : static_cast<int>(missing - octets.begin()));
+}
+
 bool IpAddressField::eventFilter(QObject *watched, QEvent *event)
 {
     const auto place = std::ranges::find(octets, watched);
@@ -135,8 +142,7 @@ bool IpAddressField::Watch(QLineEdit &octet, QEvent &event)
     switch (event.type()) {
     case QEvent::FocusIn:
         // A click places the cursor after it gave the focus.
-        chooseOnRelease =
-            static_cast<const QFocusEvent &>(event).reason() == Qt::MouseFocusReason;
+        chooseOnRelease = static_cast<const QFocusEvent &>(event).reason() == Qt::MouseFocusReason;
         if (static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason) {
             octet.selectAll();
         }
@@ -165,8 +171,8 @@ bool IpAddressField::Watch(QLineEdit &octet, QEvent &event)
 // The description is what a screen reader says of the frame.
 void IpAddressField::Judge(QLineEdit &octet)
 {
-    octet.setAccessibleDescription(
-        IsWrong(octet) ? tr("Please enter an integer between 0 and 255.") : QString());
+    octet.setAccessibleDescription(IsWrong(octet) ? tr("Please enter an integer between 0 and 255.")
+                                                  : QString());
     update();
     emit Changed();
 }

@@ -28,6 +28,9 @@ public:
     void SetAddress(Ipv4 address);
     void Clear();
 
+    // The focus goes to the first octet that is no number up to 255, else to the first one.
+    void FocusWhatIsMissing();
+
 signals:
     // A person or a setter changed the text of an octet.
     void Changed();

@@ -428,6 +428,25 @@ TEST_F(OptionsWindow, EveryControlIsReachedByTheKeyboardAndNamed)
 class GlobalOptionsWindow : public OptionsWindow
 { };
 
+TEST_F(OptionsWindow, EachWayOfTellingUsersApartSaysWhatItNeeds)
+{
+    (void)Run([](QDialog &sheet) {
+        TurnToPage(sheet, u"Bind"_s);
+        Grab(sheet, u"options-bind"_s);
+        int lowest = 0;
+        for (const char *way : {"byIpAddress", "byMacAddress", "byUserName"}) {
+            const auto &button = Find<QRadioButton>(sheet, way);
+            const auto &needs = Find<QLabel>(sheet, qPrintable(QLatin1String(way) + u"Needs"_s));
+            EXPECT_TRUE(needs.isVisible());
+            EXPECT_EQ(button.accessibleDescription(), needs.text());
+            EXPECT_GT(needs.mapTo(&sheet, QPoint()).y(), button.mapTo(&sheet, QPoint()).y());
+            EXPECT_GT(button.mapTo(&sheet, QPoint()).y(), lowest) << "below the one before";
+            lowest = needs.mapTo(&sheet, QPoint()).y();
+        }
+        Click(sheet, "cancel");
+    });
+}
+
 TEST_F(GlobalOptionsWindow, HasItsFivePagesAndLabels)
 {
     Store().WriteText(values::kTimer, u"60"_s);
