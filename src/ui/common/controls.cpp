@@ -14,6 +14,9 @@ QLineEdit *ShownValue(const char *objectName)
     auto *field = new QLineEdit;
     field->setObjectName(QLatin1String(objectName));
     field->setReadOnly(true);
+    // Of a long value the beginning is seen.
+    QObject::connect(
+        field, &QLineEdit::textChanged, field, [field] { field->setCursorPosition(0); });
     // On the window's own ground, so that it does not look like a field to be filled in.
     QPalette palette = field->palette();
     palette.setColor(QPalette::Base, palette.color(QPalette::Window));

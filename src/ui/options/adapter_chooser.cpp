@@ -61,7 +61,6 @@ void AdapterChooser::SetCurrent(const QString &description)
 {
     const Adapter *adapter = FindAdapter(adapters, description);
     current->setText(description);
-    current->setCursorPosition(0);
     address->setText(adapter && adapter->address ? DottedText(*adapter->address) : QString());
     choice->setCurrentIndex(adapter ? static_cast<int>(adapter - adapters.constData()) : -1);
 }

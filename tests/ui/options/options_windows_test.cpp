@@ -155,6 +155,11 @@ TEST_F(OptionsWindow, APageThatRefusesStaysAndStaysChosen)
             EXPECT_EQ(TextIn(sheet, "updatePeriod"), typed) << "all stays as it was typed";
             EXPECT_TRUE(Find(sheet, "updatePeriod").hasFocus());
         }
+        Grab(sheet, u"options-refused"_s);
+        {
+            const DarkPalette dark;
+            Grab(sheet, u"options-refused-dark"_s);
+        }
         Type(Find(sheet, "updatePeriod"), u"12"_s);
 
         TurnToPage(sheet, u"Authentication"_s);

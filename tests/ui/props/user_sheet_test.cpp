@@ -337,6 +337,7 @@ TEST_F(UserSheetTest, AnAddressIsTypedOverTheOldOneByPlainKeys)
             }
             Press(Qt::Key_Return);
             EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Please enter full IP address"_s));
+            Grab(ip, u"change-ip-refused"_s);
             EXPECT_TRUE(Find(ip, "octet1").hasFocus()) << "where it is wrong";
             for (const QChar key : u"16."_s) {
                 QTest::keyClicks(QApplication::focusWidget(), QString(key));
@@ -395,6 +396,7 @@ TEST_F(UserSheetTest, ALongNameWidensNoWindow)
     Execute("UPDATE groups SET name = (?), mode = 2 WHERE group_id = 81", name);
     const std::function<void()> windows[] = {
         [&] { (void)OpenUserSheet(Services(), UserId {1}, 0, nullptr); },
+        [&] { (void)OpenUserSheet(Services(), UserId {1}, user_page::kProtocols, nullptr); },
         [&] { (void)OpenGroupSheet(Services(), GroupId {81}, 0, nullptr); },
         [&] { OpenAccount(Services(), Owner(UserId {1}), nullptr); },
         [&] { OpenAccount(Services(), Owner(GroupId {81}), nullptr); },
