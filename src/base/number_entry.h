@@ -4,9 +4,8 @@
 #include <QLocale>
 #include <QString>
 
-#include <tl/expected.hpp>
-
 #include <limits>
+#include <tl/expected.hpp>
 
 // What a field takes: from `least` to `most`, with at most so many digits after the decimal mark.
 struct NumberBounds

@@ -19,7 +19,9 @@ const tl::unexpected<NumberFault> kUnreadable(NumberFault::Unreadable);
 const tl::unexpected<NumberFault> kOutside(NumberFault::OutOfRange);
 const tl::unexpected<NumberFault> kBlank(NumberFault::Blank);
 
-void Expect(const char *locale, const std::vector<Case> &cases, const NumberBounds &bounds = kAmount)
+void Expect(const char *locale,
+            const std::vector<Case> &cases,
+            const NumberBounds &bounds = kAmount)
 {
     for (const Case &each : cases) {
         const auto read = NumberFrom(each.typed, bounds, QLocale(QString::fromLatin1(locale)));

@@ -23,7 +23,6 @@ void PaintWrongMark(QWidget &field)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(WrongColor(field.palette()), kWidth));
     const qreal inside = kWidth / 2;
-    painter.drawRoundedRect(QRectF(field.rect()).adjusted(inside, inside, -inside, -inside),
-                            kRadius,
-                            kRadius);
+    painter.drawRoundedRect(
+        QRectF(field.rect()).adjusted(inside, inside, -inside, -inside), kRadius, kRadius);
 }
