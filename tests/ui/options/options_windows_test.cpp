@@ -156,10 +156,6 @@ TEST_F(OptionsWindow, APageThatRefusesStaysAndStaysChosen)
             EXPECT_TRUE(Find(sheet, "updatePeriod").hasFocus());
         }
         Grab(sheet, u"options-refused"_s);
-        {
-            const DarkPalette dark;
-            Grab(sheet, u"options-refused-dark"_s);
-        }
         Type(Find(sheet, "updatePeriod"), u"12"_s);
 
         TurnToPage(sheet, u"Authentication"_s);
