@@ -166,7 +166,7 @@ void CAdministratorView::ChangeGroup()
 
 void CAdministratorView::MoveToChosenGroup(const QList<UserId> &userIds)
 {
-    const auto group = ChooseGroup(services, window());
+    const auto group = ChooseGroupFor(services, userIds, window());
     if (group) {
         (void)Perform(services,
                       window(),

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 UnmonitoredDialog::UnmonitoredDialog(const AppServices &appServices,
                                      std::vector<UnmonitoredUser> unmonitored,
                                      QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , list(new QListWidget)
     , monitor(new QPushButton(u"Monitor user"_s))

@@ -13,13 +13,15 @@
 #include <QVBoxLayout>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices,
                                      const QList<NamedGroup> &groups,
+                                     Place place,
                                      QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , list(new QListWidget(this))
     , add(new QPushButton(u"Add group..."_s, this))
@@ -36,7 +38,19 @@ ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices,
     connect(list, &QListWidget::itemDoubleClicked, this, &ChangeGroupDialog::accept);
     connect(add, &QPushButton::clicked, this, &ChangeGroupDialog::AddNewGroup);
     connect(remove, &QPushButton::clicked, this, &ChangeGroupDialog::DeleteChosenGroup);
+    for (QPushButton *command : {add, remove}) {
+        command->setVisible(place == Place::Command);
+    }
     Fill(groups);
+}
+
+void ChangeGroupDialog::StartAt(GroupId groupId)
+{
+    const auto position = static_cast<int>(groupIds.indexOf(groupId));
+    list->setCurrentRow(position, QItemSelectionModel::NoUpdate);
+    if (position >= 0) {
+        list->scrollToItem(list->item(position), QAbstractItemView::PositionAtCenter);
+    }
 }
 
 void ChangeGroupDialog::Lay()
@@ -59,9 +73,6 @@ void ChangeGroupDialog::Lay()
     layout->addWidget(LabelFor(u"Select one of the groups:"_s, *list));
     layout->addLayout(middle, 1);
     layout->addWidget(buttons);
-    setTabOrder(list, add);
-    setTabOrder(add, remove);
-    setTabOrder(remove, ok);
 }
 
 void ChangeGroupDialog::Fill(const QList<NamedGroup> &groups)
@@ -164,13 +175,68 @@ void ChangeGroupDialog::accept()
     QDialog::accept();
 }
 
-std::optional<NamedGroup> ChooseGroup(const AppServices &services, QWidget *parent)
+namespace {
+
+using Place = ChangeGroupDialog::Place;
+
+struct Choices
 {
-    const auto groups = Await(services, parent, u"Reading the groups..."_s, ReadGroupNames);
-    if (!groups) {
-        TellUnread(services, u"The groups could not be read."_s, groups.error());
+    QList<NamedGroup> groups;
+    std::optional<GroupId> current;
+};
+
+std::optional<NamedGroup>
+Choose(const AppServices &services, Place place, Result<Choices> choices, QWidget *parent)
+{
+    if (!choices) {
+        TellUnread(services, u"The groups could not be read."_s, choices.error());
         return std::nullopt;
     }
-    ChangeGroupDialog dialog(services, *groups, parent);
+    ChangeGroupDialog dialog(services, choices->groups, place, parent);
+    if (choices->current) {
+        dialog.StartAt(*choices->current);
+    }
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.ChosenGroup()) : std::nullopt;
+}
+
+Result<Choices> ReadChoicesFor(const QList<UserId> &userIds)
+{
+    auto groups = ReadGroupNames();
+    if (!groups) {
+        return tl::unexpected(std::move(groups.error()));
+    }
+    if (userIds.isEmpty()) {
+        return Choices {*std::move(groups), {}};
+    }
+    const auto current = ReadGroupOfUser(userIds.front());
+    if (!current) {
+        return tl::unexpected(current.error());
+    }
+    return Choices {*std::move(groups), *current};
+}
+
+} // namespace
+
+std::optional<NamedGroup>
+ChooseGroupFor(const AppServices &services, const QList<UserId> &userIds, QWidget *parent)
+{
+    return Choose(services,
+                  Place::Command,
+                  Await(services,
+                        parent,
+                        u"Reading the groups..."_s,
+                        [userIds] { return ReadChoicesFor(userIds); }),
+                  parent);
+}
+
+std::optional<NamedGroup>
+ChooseGroupInSheet(const AppServices &services, GroupId current, QWidget *parent)
+{
+    auto groups = Await(services, parent, u"Reading the groups..."_s, ReadGroupNames);
+    return Choose(services,
+                  Place::Sheet,
+                  std::move(groups).map([current](QList<NamedGroup> names) {
+                      return Choices {std::move(names), current};
+                  }),
+                  parent);
 }

@@ -16,8 +16,10 @@ class ChangeGroup : public ListFixture
 protected:
     ChangeGroupDialog &Open()
     {
-        dialog = std::make_unique<ChangeGroupDialog>(
-            Services(), ReadGroupNames().value_or(QList<NamedGroup>()), nullptr);
+        dialog = std::make_unique<ChangeGroupDialog>(Services(),
+                                                     ReadGroupNames().value_or(QList<NamedGroup>()),
+                                                     ChangeGroupDialog::Place::Command,
+                                                     nullptr);
         dialog->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
         return *dialog;

@@ -95,7 +95,7 @@ TEST_F(PropsFailures, AWindowThatCannotBeReadDoesNotOpen)
     ExpectOpensOrTells(
         Dsn(),
         prompt,
-        [this] { EXPECT_FALSE(ChooseGroup(Services(), nullptr)); },
+        [this] { EXPECT_FALSE(ChooseGroupFor(Services(), {UserId {1}}, nullptr)); },
         u"The groups could not be read.\n\nThe database refused it.\n"_s);
 }
 
@@ -203,7 +203,7 @@ TEST_F(PropsFailures, AGroupThatWasNotAddedOrDeletedIsListedAsBefore)
         EXPECT_EQ(EveryRow(), rows);
         groups.reject();
     });
-    EXPECT_FALSE(ChooseGroup(Services(), nullptr));
+    EXPECT_FALSE(ChooseGroupFor(Services(), {UserId {1}}, nullptr));
 }
 
 TEST_F(PropsFailures, LimitsThatCannotBeReadStayAsTheyWereShown)
