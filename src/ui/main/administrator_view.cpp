@@ -9,7 +9,7 @@
 #include <QHeaderView>
 #include <QMenu>
 
-#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +64,10 @@ void CAdministratorView::FillList(int order, bool ascending)
 void CAdministratorView::TakeList(const UserList &list, int order, bool ascending)
 {
     KeepingPlace([&] { users->SetList(list); });
+    if (const auto chosen = std::exchange(chosenBefore, std::nullopt)) {
+        ChooseAgain(*chosen);
+        scrollTo(currentIndex());
+    }
     shownOrder = order;
     shownAscending = ascending;
     ShowSortIndicator();
@@ -71,6 +75,9 @@ void CAdministratorView::TakeList(const UserList &list, int order, bool ascendin
 
 void CAdministratorView::RebuildColumns()
 {
+    if (!chosenBefore) {
+        chosenBefore = WhatIsChosen();
+    }
     InsertColumns();
     FillList(sortColumn, sortAscending);
 }
@@ -123,17 +130,15 @@ bool CAdministratorView::FindUser(const QString &text)
             u"No user found"_s, Prompt::Icon::Information, u"Tollbrook Administrator"_s);
         return false;
     }
-    const QModelIndex index = users->index(row, 0);
     setFocus(Qt::OtherFocusReason);
-    selectionModel()->setCurrentIndex(index,
-                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    scrollTo(index);
+    GoTo(row, SelectedRows() << row);
+    scrollTo(users->index(row, 0));
     return true;
 }
 
 UserId CAdministratorView::IdAt(int row) const
 {
-    return users->UserAt(row);
+    return users->IdAt(row);
 }
 
 int CAdministratorView::RowOf(UserId id) const
@@ -213,7 +218,7 @@ void CAdministratorView::RemoveSelected(const QString &question,
                               SessionThread::Patience::Endless);
     if (done) {
         for (const UserId userId : selected) {
-            users->RemoveUser(userId);
+            users->RemoveRowOf(userId);
         }
     }
     FillList(sortColumn, true);

@@ -65,6 +65,7 @@ private:
     const FrameDialogs &dialogs;
     UserListModel *users;
     UserColumns columns;
+    std::optional<Chosen> chosenBefore; // the columns were put up anew
     int sortColumn = 5;
     bool sortAscending = true; // of header clicks: one direction for all columns
     int shownOrder = -1; // of the rows as they stand

@@ -39,7 +39,7 @@ void CAdministratorViewGrp::FillGroups()
 
 GroupId CAdministratorViewGrp::IdAt(int row) const
 {
-    return groups->GroupAt(row);
+    return groups->IdAt(row);
 }
 
 int CAdministratorViewGrp::RowOf(GroupId id) const
@@ -74,7 +74,7 @@ void CAdministratorViewGrp::DeleteSelected()
     if (row < 0) {
         return;
     }
-    const GroupId groupId = groups->GroupAt(row);
+    const GroupId groupId = groups->IdAt(row);
     const QString name = groups->NameAt(row); // kept: the name counts here, the id when renaming
     if (!services.prompt.Ask(u"This will delete the selected group. Contunue?"_s)) {
         return;
@@ -88,7 +88,7 @@ void CAdministratorViewGrp::DeleteSelected()
                 tr("Deleting the group..."),
                 DeleteGroupOfListAction(groupId),
                 SessionThread::Patience::Endless)) {
-        groups->RemoveGroup(groupId);
+        groups->RemoveRowOf(groupId);
     }
 }
 
@@ -98,7 +98,7 @@ void CAdministratorViewGrp::RenameSelected()
     if (row < 0) {
         return;
     }
-    const GroupId groupId = groups->GroupAt(row);
+    const GroupId groupId = groups->IdAt(row);
     if (groupId == kEverybodyGroup) {
         services.prompt.Tell(u"You can not rename Everybody group"_s);
         return;
