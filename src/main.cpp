@@ -2,6 +2,7 @@
 #include "app/administrator_app.h"
 #include "base/wait.h"
 #include "ui/common/message_box_prompt.h"
+#include "ui/common/window_memory.h"
 #include "ui/main/splitter_frame.h"
 
 #include <QCommandLineParser>
@@ -111,6 +112,7 @@ int main(int argc, char **argv)
     CAdministratorApp app(argc, argv);
     qInstallMessageHandler(usual);
     app.setApplicationVersion(QStringLiteral(TB_VERSION));
+    KeepWindowsFor(u"Tollbrook"_s, u"Administrator"_s);
     if (!parser.parse(app.arguments())) {
         Refuse(parser.errorText());
     }

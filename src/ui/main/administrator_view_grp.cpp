@@ -2,8 +2,10 @@
 
 #include "access/list_commands.h"
 #include "app/perform.h"
+#include "base/names_line.h"
 #include "db/value_codes.h"
 #include "ui/common/accessible.h"
+#include "ui/common/window_memory.h"
 #include "ui/main/group_list_model.h"
 #include "ui/props/name_dialog.h"
 
@@ -25,9 +27,13 @@ CAdministratorViewGrp::CAdministratorViewGrp(const AppServices &appServices,
     ShowModel(groups);
     header()->setSectionsClickable(false);
     constexpr int kWidths[GroupListModel::kColumns] = {150, 400, 150};
-    for (int section = 0; section < GroupListModel::kColumns; ++section) {
-        header()->resizeSection(section, kWidths[section]);
-    }
+    auto *columns = new ColumnMemory(
+        *header(), u"groups"_s, [](int section) { return QString::number(section); });
+    columns->PutUp([&] {
+        for (int section = 0; section < GroupListModel::kColumns; ++section) {
+            header()->resizeSection(section, kWidths[section]);
+        }
+    });
 }
 
 void CAdministratorViewGrp::FillGroups()
@@ -63,6 +69,11 @@ void CAdministratorViewGrp::OpenAccount()
     OpenFor(dialogs.groupAccount);
 }
 
+QString CAdministratorViewGrp::AccountPrompt() const
+{
+    return u"Refill current group account"_s;
+}
+
 void CAdministratorViewGrp::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
 {
     AskForAccountBy(services.database, GroupHasAccount, context, answer);
@@ -76,10 +87,12 @@ void CAdministratorViewGrp::DeleteSelected()
     }
     const GroupId groupId = groups->IdAt(row);
     const QString name = groups->NameAt(row); // kept: the name counts here, the id when renaming
-    if (!services.prompt.Ask(u"This will delete the selected group. Contunue?"_s)) {
+    const bool isKept = name == u"Everybody"_s;
+    if (!services.prompt.AskToDestroy(u"This will delete the selected group. Contunue?"_s,
+                                      isKept ? QString() : NamesLine({name}))) {
         return;
     }
-    if (name == u"Everybody"_s) {
+    if (isKept) {
         services.prompt.Tell(u"You cannot delete Everybody group"_s);
         return;
     }
@@ -89,6 +102,8 @@ void CAdministratorViewGrp::DeleteSelected()
                 DeleteGroupOfListAction(groupId),
                 SessionThread::Patience::Endless)) {
         groups->RemoveRowOf(groupId);
+    } else {
+        FillGroups(); // the row stays, as the group now is
     }
 }
 

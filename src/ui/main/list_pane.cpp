@@ -19,7 +19,6 @@ ListPane::ListPane(QWidget *parent) : QTreeView(parent)
     setVerticalScrollMode(ScrollPerItem);
     setIconSize(QSize(16, 16));
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
 }
 

@@ -28,6 +28,9 @@ public:
     virtual void OpenAccount() = 0;
     virtual void DeleteSelected() = 0;
 
+    // What the status bar says of the command "Account...".
+    [[nodiscard]] virtual QString AccountPrompt() const = 0;
+
     // Asks the database whether the first selected row has an account to open; `answer` hears it,
     // unless `context` is gone by then. Without a selection there is none. Where it could not be read
     // the answer is Yes: the account's own window tells why.

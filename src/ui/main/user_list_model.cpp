@@ -38,6 +38,21 @@ void UserListModel::SetColumns(const QList<UserColumn> &shown)
     endResetModel();
 }
 
+bool UserListModel::HasMacAddresses() const
+{
+    return std::ranges::any_of(Rows().rows,
+                               [](const UserRow &row) { return !row.macAddress.isEmpty(); });
+}
+
+QString UserListModel::NameAt(int row) const
+{
+    const UserRow &user = Rows().rows[row];
+    const QString texts[] = {user.userName, user.fullName, user.stationName, user.ipAddress};
+    const auto found =
+        std::ranges::find_if(texts, [](const QString &text) { return !text.trimmed().isEmpty(); });
+    return found == std::end(texts) ? QString() : *found;
+}
+
 int UserListModel::FindPrefix(const QString &text) const
 {
     const auto found = std::ranges::find_if(Rows().rows, [&](const UserRow &row) {

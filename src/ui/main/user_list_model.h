@@ -17,6 +17,17 @@ public:
 
     [[nodiscard]] UserColumn ColumnAt(int column) const { return columns[column]; }
 
+    // -1 for a column that is not shown.
+    [[nodiscard]] int SectionOf(UserColumn column) const
+    {
+        return static_cast<int>(columns.indexOf(column));
+    }
+
+    [[nodiscard]] bool HasMacAddresses() const;
+
+    // The user's name, whatever columns are shown; where it is blank, what else tells who it is.
+    [[nodiscard]] QString NameAt(int row) const;
+
     // The first row whose first column begins with `text`, in any letter case; -1 for none.
     [[nodiscard]] int FindPrefix(const QString &text) const;
 

@@ -259,6 +259,7 @@ TEST_F(Lists, DeleteAsksAndRemovesExactlyTheSelectedUsers)
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(
                   u"This will delete these users and all corresponding information. Continue?"_s));
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(u"anna, carl"_s));
     EXPECT_EQ(EveryRow(), before);
     EXPECT_TRUE(Users().SelectedIds().isEmpty()); // deselected all the same
 
@@ -281,6 +282,21 @@ TEST_F(Lists, DeleteAsksAndRemovesExactlyTheSelectedUsers)
     QTest::keyClick(&Users(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid().back(),
               u"This will delete this user and all corresponding information. Continue?"_s);
+    EXPECT_EQ(prompt.TakeGoing().back(), u"bert"_s);
+}
+
+TEST_F(Lists, TheQuestionNamesWhoGoesWhateverColumnsThereAre)
+{
+    AddUser({.name = " ", .fullName = "No Login"});
+    ShowThree();
+    Users().ToggleColumn(UserColumn::UserName);
+    LetSessionFinish();
+    Users().selectAll();
+    QTest::keyClick(&Users(), Qt::Key_Delete);
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(u"No Login, anna, bert, carl"_s));
+    Users().selectAll();
+    OpenPopUp(Users(), 0, [](QMenu &menu) { Choose(menu, u"Do not monitor"_s); });
+    EXPECT_TRUE(prompt.TakeGoing().isEmpty()) << "who is not monitored comes back";
 }
 
 TEST_F(Lists, ARefillDuringTheQuestionChangesNothing)
@@ -289,7 +305,7 @@ TEST_F(Lists, ARefillDuringTheQuestionChangesNothing)
     class RefillingPrompt : public ScriptedPrompt
     {
     public:
-        [[nodiscard]] bool Ask(const QString & /*text*/, const QString & /*caption*/) override
+        [[nodiscard]] bool AskToDestroy(const QString & /*text*/, const QString & /*goes*/) override
         {
             meanwhile();
             return true;
@@ -349,6 +365,7 @@ TEST_F(Lists, DeletingAGroupTakesOnlyItsRowOut)
     StatementRecorder recorder;
     QTest::keyClick(&Groups(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid().back(), u"This will delete the selected group. Contunue?"_s);
+    EXPECT_EQ(prompt.TakeGoing(), QStringList({u"Sales"_s, u"Sales"_s}));
     EXPECT_EQ(recorder.TakeChanging(),
               QStringList({u"DELETE FROM groups WHERE group_id = (?)"_s,
                            u"UPDATE users SET group_id = 80 WHERE group_id = (?)"_s}));
@@ -367,6 +384,7 @@ TEST_F(Lists, EverybodyIsKeptByNameAndById)
     const QStringList before = EveryRow();
     QTest::keyClick(&Groups(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid().back(), u"You cannot delete Everybody group"_s);
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(QString())) << "nothing goes";
     EXPECT_EQ(EveryRow(), before);
 
     Execute("UPDATE groups SET name = 'All' WHERE group_id = 80");
@@ -382,7 +400,7 @@ TEST_F(Lists, EverybodyIsKeptByNameAndById)
 TEST_F(Lists, RenamingAGroupRefillsTheGroups)
 {
     ShowThree();
-    for (const QString &name : {u"O'Hara & \u00e9\u00e9"_s, u"Everybody"_s, QString()}) {
+    for (const QString &name : {u"O'Hara & \u00e9\u00e9"_s, u"SALES"_s}) {
         ClickCell(Groups(), 1, 0);
         const WhileModal rename([&](QDialog &dialog) {
             EXPECT_EQ(dialog.windowTitle(), u"Rename group"_s);
@@ -392,7 +410,41 @@ TEST_F(Lists, RenamingAGroupRefillsTheGroups)
         OpenPopUp(Groups(), 1, [](QMenu &menu) { Choose(menu, u"Rename..."_s); });
         EXPECT_EQ(RowTexts(Groups())[1].section(u'|', 0, 0), name);
     }
-    EXPECT_EQ(prompt.TakeSaid(), QStringList()); // neither an empty nor a taken name is refused
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+}
+
+TEST_F(Lists, TheAccountCommandSaysWhoseAccountItOpens)
+{
+    ShowThree();
+    const std::pair<ListPane *, QString> prompts[] = {
+        {&Users(), u"Refill current user account"_s},
+        {&Groups(), u"Refill current group account"_s},
+        {&Users(), u"Refill current user account"_s},
+    };
+    for (const auto &[list, said] : prompts) {
+        ClickCell(*list, 0, 0);
+        EXPECT_EQ(Command("account").statusTip(), said);
+        EXPECT_EQ(Command("account").toolTip(), said);
+    }
+}
+
+TEST_F(Lists, AGroupIsNotGivenAnEmptyOrATakenName)
+{
+    ShowThree();
+    ClickCell(Groups(), 1, 0);
+    const WhileModal rename([&](QDialog &dialog) {
+        for (const QString &name : {u" "_s, u" everyBODY"_s}) {
+            Type(Find<QWidget>(dialog, "name"), name);
+            Click(dialog, "ok");
+            EXPECT_TRUE(dialog.isVisible());
+        }
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList({u"Please enter the name of the group"_s,
+                               u"The group with this name already exists!"_s}));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    OpenPopUp(Groups(), 1, [](QMenu &menu) { Choose(menu, u"Rename..."_s); });
+    EXPECT_EQ(RowTexts(Groups())[1].section(u'|', 0, 0), u"Sales"_s);
 }
 
 TEST_F(Lists, FindLooksForThePrefixOfTheFirstColumn)
@@ -703,6 +755,7 @@ TEST_F(Lists, ACommandThatFailedTakesNothingOutOfItsList)
     ASSERT_EQ(said.size(), 2);
     EXPECT_TRUE(said[1].contains(u"not now"_s)) << qPrintable(said[1]);
     EXPECT_EQ(Groups().RowCount(), 2);
+    EXPECT_EQ(RowTexts(Groups())[1].section(u'|', 0, 0), u"Sales"_s);
     EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM groups"), QStringList(u"2"_s));
 }
 
