@@ -2,6 +2,7 @@
 
 #include "access/group_gone.h"
 #include "access/group_list.h"
+#include "base/text.h"
 #include "db/query.h"
 #include "db/value_codes.h"
 
@@ -42,7 +43,7 @@ void LockToNameGroup(ActionRun &run, std::vector<GroupId> groupIds)
 
 void RefuseBadGroupName(ActionRun &run, const QString &name, std::optional<GroupId> own)
 {
-    const QString key = GroupNameKey(name);
+    const QString key = GroupNameKey(TextFromUtf8(Utf8Cut(name, kMaxTextBytes).toStdString()));
     if (key.isEmpty()) {
         run.Refuse(NoGroupNameText());
         return;

@@ -22,6 +22,6 @@
 // sees the first one's name. Without any group in the database there is nothing to lock.
 void LockToNameGroup(ActionRun &run, std::vector<GroupId> groupIds);
 
-// Refuses the run when `name` cannot be given to the group `own`, or to a new one. To be called behind
-// LockToNameGroup.
+// Refuses the run when `name`, as far as a column takes it, cannot be given to the group `own`, or to a
+// new one. To be called behind LockToNameGroup.
 void RefuseBadGroupName(ActionRun &run, const QString &name, std::optional<GroupId> own);

@@ -101,6 +101,13 @@ TEST_P(GroupNames, MayBeTheirOwnInAnotherSpelling)
     EXPECT_THAT(RowsOf("SELECT name FROM groups WHERE group_id = 81"), ElementsAre(u"office "_s));
 }
 
+TEST_P(GroupNames, CountAsFarAsAColumnTakesThem)
+{
+    EXPECT_TRUE(Add(QString(300, u'x')).IsDone());
+    EXPECT_EQ(Add(QString(254, u'X')).refusal, GroupNameTakenText());
+    EXPECT_EQ(Add(QString(299, u'x')).refusal, GroupNameTakenText());
+}
+
 // What was so before the rule stays usable.
 TEST_P(GroupNames, ThatWereTwinsBeforeStayUntilTheyAreChanged)
 {

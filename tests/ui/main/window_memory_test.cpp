@@ -130,7 +130,12 @@ TEST_F(WindowMemory, AMacAddressIsNotCutUnlessSomebodyWantsIt)
     constexpr int kMac = 4;
     ShowFrame();
     const auto width = [this] { return Header().sectionSize(kMac); };
-    EXPECT_GE(width(), Users().sizeHintForColumn(kMac));
+    QStyleOptionViewItem cell;
+    cell.initFrom(&Users());
+    cell.font = Users().font();
+    const QModelIndex address = Users().model()->index(0, kMac);
+    EXPECT_GE(width(), Users().itemDelegate()->sizeHint(cell, address).width());
+    Grab(*frame, u"mac-addresses"_s);
     EXPECT_GT(width(), 100);
     const int whole = width();
     ShowAgain(); // the first window has stored its usual width of 100
@@ -166,7 +171,7 @@ TEST_F(WindowMemory, NothingIsKeptWithoutAPerson)
 
 TEST_F(WindowMemory, DialogsAreAsTheyWereLeft)
 {
-    const std::function<std::unique_ptr<QDialog>()> dialogs[] = {
+    const std::function<std::unique_ptr<QDialog>()> makers[] = {
         [this] {
             return std::make_unique<LoginManager>(
                 Services(), LoginManager::Read().value(), nullptr);
@@ -174,15 +179,16 @@ TEST_F(WindowMemory, DialogsAreAsTheyWereLeft)
         [this] { return std::make_unique<PurgeDialog>(Services(), nullptr); },
         [this] { return std::make_unique<ReportsDialog>(Services(), nullptr); },
     };
-    for (const auto &make : dialogs) {
+    for (const auto &make : makers) {
         const auto first = make();
         first->show();
-        first->resize(first->size() + QSize(-11, 13));
+        first->resize(first->size() - QSize(11, 13));
         const QSize size = first->size();
         first->close();
         const auto second = make();
         second->show();
         EXPECT_EQ(second->size(), size) << qPrintable(second->windowTitle());
+        Grab(*second, u"remembered-"_s + second->windowTitle());
     }
 }
 
