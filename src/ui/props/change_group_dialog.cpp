@@ -1,8 +1,11 @@
 #include "ui/props/change_group_dialog.h"
 
+#include "access/group_name.h"
 #include "access/list_commands.h"
+#include "access/owner.h"
 #include "app/perform.h"
 #include "app/waiting.h"
+#include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/props/name_dialog.h"
 
@@ -105,8 +108,8 @@ void ChangeGroupDialog::Choose()
 bool ChangeGroupDialog::IsNew(const QString &name) const
 {
     for (int position = 0; position < list->count(); ++position) {
-        if (list->item(position)->text().compare(name, Qt::CaseInsensitive) == 0) {
-            services.prompt.Tell(u"The group with this name already exists!"_s);
+        if (GroupNameKey(list->item(position)->text()) == GroupNameKey(name)) {
+            services.prompt.Tell(GroupNameTakenText());
             return false;
         }
     }
@@ -147,7 +150,16 @@ void ChangeGroupDialog::List(const QString &name, GroupId groupId)
 
 void ChangeGroupDialog::DeleteChosenGroup()
 {
-    if (!services.prompt.Ask(u"You are going to remove the group. Continue?"_s)) {
+    // By its id: beside a name that was added, another group's id may stand.
+    const auto name = Await(services, this, tr("Reading the group's name..."), [this] {
+        return NameOf(chosen.groupId);
+    });
+    if (!name) {
+        TellUnread(services, tr("The group's name could not be read."), name.error());
+        return;
+    }
+    if (!services.prompt.AskToDestroy(u"You are going to remove the group. Continue?"_s,
+                                      *name ? NamesLine({**name}) : QString())) {
         return;
     }
     if (chosen.name == u"Everybody"_s) { // kept: the message does not stop the statements

@@ -289,6 +289,30 @@ TEST(MessageBoxPrompt, TellsAndAsks)
     }
 }
 
+TEST(MessageBoxPrompt, AQuestionOnARemovalHasNoByReturn)
+{
+    MessageBoxPrompt prompt;
+    QWidget window;
+    ShowActive(window);
+    const QString question = u"Delete them?"_s;
+    for (const QString &goes : {u"<b>anna"_s, QString()}) {
+        const std::pair<Qt::Key, bool> answers[] = {
+            {Qt::Key_Return, false}, {Qt::Key_Escape, false}, {Qt::Key_Y, true}};
+        for (const auto &[key, yes] : answers) {
+            const WhileModal answer([&, key = key](QDialog &dialog) {
+                const auto &box = static_cast<const QMessageBox &>(dialog);
+                EXPECT_EQ(box.text(), goes.isEmpty() ? question : question + u"\n\n<b>anna"_s);
+                EXPECT_EQ(box.textFormat(), Qt::PlainText);
+                EXPECT_EQ(QApplication::focusWidget(), box.button(QMessageBox::No));
+                QTest::keyClick(QApplication::focusWidget(),
+                                key,
+                                key == Qt::Key_Y ? Qt::AltModifier : Qt::NoModifier);
+            });
+            EXPECT_EQ(prompt.AskToDestroy(question, goes), yes) << key;
+        }
+    }
+}
+
 TEST(MessageBoxPrompt, ALongMessageScrolls)
 {
     QWidget window;
