@@ -3,6 +3,7 @@
 #include "base/wait.h"
 #include "startup/language.h"
 #include "ui/common/message_box_prompt.h"
+#include "ui/common/window_memory.h"
 #include "ui/main/splitter_frame.h"
 
 #include <QCommandLineParser>
@@ -113,6 +114,7 @@ int main(int argc, char **argv)
     SpeakTheSystemsLanguage();
     qInstallMessageHandler(usual);
     app.setApplicationVersion(QStringLiteral(TB_VERSION));
+    KeepWindowsFor(u"Tollbrook"_s, u"Administrator"_s);
     if (!parser.parse(app.arguments())) {
         Refuse(parser.errorText());
     }

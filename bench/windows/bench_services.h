@@ -19,6 +19,10 @@ public:
     {
         return true;
     }
+    [[nodiscard]] bool AskToDestroy(const QString & /*text*/, const QString & /*goes*/) override
+    {
+        return true;
+    }
 
     QStringList told;
 };

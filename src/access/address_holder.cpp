@@ -1,6 +1,7 @@
 #include "access/address_holder.h"
 
 #include "access/present_users.h"
+#include "base/names_line.h"
 #include "db/query.h"
 
 #include <algorithm>
@@ -9,17 +10,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Holder
+{
+    UserId userId;
+    QString name;
+};
+
 // The first other holder; not the one that is removed anyway.
-std::optional<UserId>
+std::optional<Holder>
 FindHolder(ActionRun &run, const QString &address, UserId userId, std::optional<UserId> removed)
 {
     const auto holders = run.Take(ReadAll(
         "SELECT username, user_id FROM users WHERE ip_addr =(?) and user_id <>(?)",
-        [](const Row &row) { return row.Id<UserId>(2); },
+        [](const Row &row) {
+            return Holder {row.Id<UserId>(2), row.Text(1)};
+        },
         address,
         userId));
     const auto found =
-        std::ranges::find_if(holders, [&](UserId holder) { return holder != removed; });
+        std::ranges::find_if(holders, [&](const Holder &each) { return each.userId != removed; });
     return found == holders.end() ? std::nullopt : std::optional(*found);
 }
 
@@ -40,13 +49,13 @@ std::optional<UserId> AskFor(ActionRun &run, UserId userId, const TakeOver &take
         return std::nullopt;
     }
     const QString key =
-        u"address %1 of user %2"_s.arg(*takeOver.address, QString::number(holder->value));
-    if (!run.Ask({key, takeOver.question})) {
+        u"address %1 of user %2"_s.arg(*takeOver.address, QString::number(holder->userId.value));
+    if (!run.Ask({key, takeOver.question, true, NamesLine({holder->name})})) {
         takeOver.address.reset();
         return std::nullopt;
     }
-    LockUsers(run, {*holder});
-    return holder;
+    LockUsers(run, {holder->userId});
+    return holder->userId;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "access/group_gone.h"
 #include "access/group_members.h"
 #include "access/group_mode_step.h"
+#include "access/group_name.h"
 #include "access/group_plan.h"
 #include "access/present_users.h"
 #include "access/stored_group.h"
@@ -28,7 +29,11 @@ void LockRows(ActionRun &run, const GroupRecord &record)
     if (!record.members.Removed().empty()) {
         groups.push_back(kEverybodyGroup);
     }
-    LockGroups(run, groups);
+    if (record.draft.name == record.base.name) {
+        LockGroups(run, groups);
+    } else {
+        LockToNameGroup(run, groups);
+    }
     std::vector<UserId> users = IdsOf(record.members.Removed());
     for (const UserId userId : IdsOf(record.members.Added())) {
         users.push_back(userId);
@@ -131,6 +136,9 @@ AccountingMode ApplyGroup(ActionRun &run, const GroupRecord &record)
     const Settler settle(record.Self(),
                          [&run](const Question &question) { return run.Ask(question); });
     GroupPlan plan = PlanGroup(record, *now, settle);
+    if (plan.name != now->base.name) {
+        RefuseBadGroupName(run, plan.name, plan.groupId);
+    }
     PlanMembers(run, plan, record.members, settle);
     const GroupModeFacts facts = ReadGroupModeFacts(run, plan);
     if (!run.IsStopped()) {

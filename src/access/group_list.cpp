@@ -41,3 +41,11 @@ Result<QList<NamedGroup>> ReadGroupNames()
             return QList<NamedGroup>(groups.begin(), groups.end());
         });
 }
+
+Result<std::optional<GroupId>> ReadGroupOfUser(UserId userId)
+{
+    return ReadOne(
+        "SELECT group_id FROM users WHERE user_id = (?)",
+        [](const Row &row) { return row.Id<GroupId>(1); },
+        userId);
+}

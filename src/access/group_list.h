@@ -35,5 +35,8 @@ constexpr quint32 kGroupListCapacity = 500;
 // How many groups there are, whatever the list shows.
 [[nodiscard]] Result<quint32> CountGroups();
 
+// The user's group; nothing when there is no such user.
+[[nodiscard]] Result<std::optional<GroupId>> ReadGroupOfUser(UserId userId);
+
 // At most 500 groups to choose from, in the database's own order.
 [[nodiscard]] Result<QList<NamedGroup>> ReadGroupNames();

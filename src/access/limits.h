@@ -2,10 +2,14 @@
 #pragma once
 
 #include "access/owner.h"
+#include "base/number_entry.h"
 #include "db/quantities.h"
 #include "db/value_codes.h"
 
 #include <optional>
+
+// What is taken as a price, in units of the currency per megabyte.
+inline constexpr NumberBounds kPriceBounds {.least = 0.0, .most = 1e9, .decimals = 2};
 
 struct Limits
 {

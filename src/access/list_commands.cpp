@@ -2,6 +2,7 @@
 
 #include "access/group_gone.h"
 #include "access/group_members.h"
+#include "access/group_name.h"
 #include "access/owner.h"
 #include "access/present_users.h"
 #include "actions/action_run.h"
@@ -91,9 +92,12 @@ Action StopMonitoringAction(const std::vector<UserId> &userIds)
 Action RenameGroupAction(GroupId groupId, const QString &name)
 {
     return {ActionId::RenameGroup, [=](ActionRun &run) {
-                LockGroups(run, {groupId});
-                if (!run.Take(NameOf(groupId))) {
+                LockToNameGroup(run, {groupId});
+                const auto present = run.Take(NameOf(groupId));
+                if (!present) {
                     RefuseGoneGroup(run);
+                } else if (*present != name) {
+                    RefuseBadGroupName(run, name, groupId);
                 }
                 run.Write("UPDATE groups SET name=(?) WHERE group_id = (?)", name, groupId);
             }};
@@ -102,7 +106,12 @@ Action RenameGroupAction(GroupId groupId, const QString &name)
 Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added)
 {
     return {ActionId::AddGroup, [=](ActionRun &run) {
+                LockToNameGroup(run, {});
+                RefuseBadGroupName(run, name, {});
                 run.Write("INSERT INTO groups (name) VALUES (?)", name);
+                if (run.IsStopped()) {
+                    return;
+                }
                 const auto groupId = run.Take(ReadLast(
                     "SELECT group_id FROM groups WHERE name = (?)",
                     [](const Row &row) { return row.Id<GroupId>(1); },

@@ -24,10 +24,11 @@
 // left out; refused when none is left.
 [[nodiscard]] Action StopMonitoringAction(const std::vector<UserId> &userIds);
 
-// The name is not checked for being empty or taken. Refused for a group that is gone.
+// Refused for a group that is gone, and for a name that another one has or that is empty; the group's
+// own name is none of these.
 [[nodiscard]] Action RenameGroupAction(GroupId groupId, const QString &name);
 
-// `added` receives the new group's id, the last of that name when there are several.
+// `added` receives the new group's id. Refused for a name that is empty or that a group has.
 [[nodiscard]] Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added);
 
 // The members move to "Everybody". The groups list deletes the group first, the dialog that chooses

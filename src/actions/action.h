@@ -63,6 +63,8 @@ struct Question
 {
     QString key; // the same only for the same question about the same rows
     QString text;
+    bool destroys = false; // a Yes removes what is not to be had back
+    QString goes = {}; // then names that, see NamesLine
 
     bool operator==(const Question &) const = default;
 };

@@ -50,6 +50,9 @@ QString TextOf(CurrencyProblem problem)
         return u"Enter the currency symbol please"_s;
     case CurrencyProblem::RateMissing:
         return u"Enter the currency rate please"_s;
+    case CurrencyProblem::RateWrong:
+        return u"Enter the currency rate as a number above 0 with at most %1 decimals please"_s.arg(
+            kRateBounds.decimals);
     case CurrencyProblem::DeletesBase:
         return u"You can not delete base currency"_s;
     case CurrencyProblem::EditsBase:
@@ -76,10 +79,12 @@ std::optional<CurrencyProblem> CheckEntry(const CurrencyEntry &entry)
     if (entry.symbol.isEmpty()) {
         return CurrencyProblem::SymbolMissing;
     }
-    if (AmountFrom(entry.rate) <= 0.0) {
-        return CurrencyProblem::RateMissing;
+    const auto rate = NumberFrom(entry.rate, kRateBounds);
+    if (!rate) {
+        const bool isBlank = rate.error() == NumberFault::Blank;
+        return isBlank ? CurrencyProblem::RateMissing : CurrencyProblem::RateWrong;
     }
-    return std::nullopt;
+    return *rate > 0.0 ? std::nullopt : std::optional(CurrencyProblem::RateMissing);
 }
 
 void AddCurrency(CurrencySettings &settings, const CurrencyEntry &entry)
@@ -87,7 +92,7 @@ void AddCurrency(CurrencySettings &settings, const CurrencyEntry &entry)
     settings.use = CurrencySettings::Defined;
     settings.name = entry.title;
     settings.symbol = entry.symbol.toUpper();
-    settings.rate = AmountFrom(entry.rate);
+    settings.rate = NumberFrom(entry.rate, kRateBounds).value_or(settings.rate);
 }
 
 void ChangeCurrency(CurrencySettings &settings,
@@ -101,7 +106,7 @@ void ChangeCurrency(CurrencySettings &settings,
         settings.symbol = entry.symbol.toUpper();
     }
     if (entry.rate != shown.rate) {
-        settings.rate = AmountFrom(entry.rate);
+        settings.rate = NumberFrom(entry.rate, kRateBounds).value_or(settings.rate);
     }
 }
 

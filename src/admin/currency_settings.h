@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/edited_settings.h"
+#include "base/number_entry.h"
 
 #include <QList>
 #include <QString>
@@ -39,6 +40,7 @@ constexpr int kBaseCurrencyRow = 0;
 enum class CurrencyProblem {
     SymbolMissing,
     RateMissing,
+    RateWrong,
     DeletesBase,
     EditsBase,
     NothingToDelete,
@@ -49,7 +51,10 @@ enum class CurrencyProblem {
 // What a person is told about it.
 [[nodiscard]] QString TextOf(CurrencyProblem problem);
 
-// What the "Add currency" dialog holds.
+// What is taken as a rate; it must be above 0 besides.
+inline constexpr NumberBounds kRateBounds {.least = 0.0, .most = 1e9, .decimals = 6};
+
+// What the "Add currency" dialog holds, as it was typed.
 struct CurrencyEntry
 {
     QString symbol;

@@ -77,7 +77,25 @@ Question QuestionOnUsersOf(Ipv4 address, const std::vector<UserId> &users)
     for (const UserId user : users) {
         key += u' ' + QString::number(user.value);
     }
-    return {key, RemovalQuestion(dotted)};
+    return {key, RemovalQuestion(dotted), true};
+}
+
+Result<QStringList> NamesOf(const std::vector<UserId> &users)
+{
+    QStringList names;
+    for (const UserId user : users) {
+        const auto name = ReadOne(
+            "SELECT username FROM users WHERE user_id = (?)",
+            [](const Row &row) { return row.Text(1); },
+            user);
+        if (!name) {
+            return tl::unexpected(name.error());
+        }
+        if (*name) {
+            names << **name;
+        }
+    }
+    return names;
 }
 
 Action ExcludeAddressAction(const QList<Ipv4> &addresses)

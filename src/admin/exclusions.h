@@ -33,8 +33,11 @@ enum class ExclusionProblem { Blank, AlreadyExcluded };
 [[nodiscard]] Result<std::vector<UserId>> UsersOf(Ipv4 address);
 
 // Whether these users of an address that is to be excluded are removed. Whatever the answer, the
-// address is then excluded.
+// address is then excluded. The question still lacks their names.
 [[nodiscard]] Question QuestionOnUsersOf(Ipv4 address, const std::vector<UserId> &users);
+
+// The names of those users that are there, for the question.
+[[nodiscard]] Result<QStringList> NamesOf(const std::vector<UserId> &users);
 
 // Removes the users of these addresses.
 [[nodiscard]] Action ExcludeAddressAction(const QList<Ipv4> &addresses);

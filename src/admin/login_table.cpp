@@ -22,10 +22,7 @@ std::optional<QString> CheckPasswords(const LoginEntry &entry)
     if (entry.password != entry.retyped) {
         return u"Passwords are not identical. Please re-enter passwords"_s;
     }
-    if (entry.password.toUtf8().size() > kMaxPasswordBytes) {
-        return u"The password is too long. It can hold at most 256 characters"_s;
-    }
-    return std::nullopt;
+    return CheckPasswordLength(entry.password);
 }
 
 std::optional<QString> CheckLimitAndUser(const LoginEntry &entry)
@@ -58,11 +55,29 @@ QString Login::LimitAddress() const
     return {};
 }
 
+QStringList LoginChanges::Names() const
+{
+    QStringList names = removedFirst;
+    for (const LoginChange &change : changed) {
+        names << change.draft.name;
+    }
+    names += removedLast;
+    names.removeDuplicates();
+    return names;
+}
+
 LoginTable::LoginTable(std::vector<Login> stored)
     : logins(std::move(stored))
     , bases(logins)
     , states(logins.size(), State::Stored)
 { }
+
+std::optional<QString> CheckPasswordLength(const QString &password)
+{
+    return password.toUtf8().size() > kMaxPasswordBytes
+        ? std::optional(u"The password is too long. It can hold at most 256 characters"_s)
+        : std::nullopt;
+}
 
 std::optional<QString> LoginTable::Check(const LoginEntry &entry, std::optional<size_t> index) const
 {

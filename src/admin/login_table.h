@@ -62,6 +62,9 @@ struct LoginChanges
     {
         return removedFirst.isEmpty() && changed.empty() && removedLast.isEmpty();
     }
+
+    // Of all logins that are new, changed or removed, each once.
+    [[nodiscard]] QStringList Names() const;
 };
 
 // What it was told: the logins as they stand now, and the names that are removed.
@@ -71,6 +74,9 @@ struct SavedLogins
     QStringList removed;
     QStringList gone; // names of changed logins that somebody else has removed meanwhile
 };
+
+// What is wrong with a password that is longer than kMaxPasswordBytes.
+[[nodiscard]] std::optional<QString> CheckPasswordLength(const QString &password);
 
 class LoginTable
 {

@@ -38,7 +38,7 @@ QuestionOn(const QString &what, ProtocolId protocolId, QList<PortId> going, cons
             count += rows;
         }
     }
-    return count == 0 ? std::nullopt : std::optional(Question {key, TextOn(what, count)});
+    return count == 0 ? std::nullopt : std::optional(Question {key, TextOn(what, count), true, {}});
 }
 
 } // namespace

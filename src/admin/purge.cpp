@@ -63,20 +63,6 @@ void Append(std::vector<PurgeStep> &steps, const PurgeStep (&more)[count], std::
     }
 }
 
-Day FirstDayKept(const PurgeChoice &choice, QDate today)
-{
-    switch (choice.keep) {
-    case PurgeChoice::Keep::LastWeek:
-        return FirstDayOfLastWeek(today);
-    case PurgeChoice::Keep::LastMonth:
-        return FirstDayOfLastMonth(today);
-    case PurgeChoice::Keep::Custom:
-        return DayOf(choice.since);
-    default:
-        return DayOf(today);
-    }
-}
-
 Result<qint64> RowsOf(const PurgeStep &step)
 {
     const auto rows = [](const Row &row) { return row.Text(1).toLongLong(); };
@@ -100,6 +86,20 @@ Result<bool> IsDone(const PurgeStep &step)
 }
 
 } // namespace
+
+Day FirstDayKept(const PurgeChoice &choice, QDate today)
+{
+    switch (choice.keep) {
+    case PurgeChoice::Keep::LastWeek:
+        return FirstDayOfLastWeek(today);
+    case PurgeChoice::Keep::LastMonth:
+        return FirstDayOfLastMonth(today);
+    case PurgeChoice::Keep::Custom:
+        return DayOf(choice.since);
+    default:
+        return DayOf(today);
+    }
+}
 
 std::vector<PurgeStep> PurgeSteps(const PurgeChoice &choice, QDate today)
 {

@@ -20,6 +20,10 @@ struct PurgeChoice
     QDate until; // the last day kept
 };
 
+// The day before which everything goes: kept simple, see base/day.h, so that it may not exist, or lie
+// after today. Of no use with Keep::Nothing.
+[[nodiscard]] Day FirstDayKept(const PurgeChoice &choice, QDate today);
+
 // One statement of a purge, with the day it is bound to, if any.
 struct PurgeStep
 {

@@ -1,6 +1,7 @@
 #include "admin/save_steps.h"
 
 #include "admin/protocol_storage.h"
+#include "base/names_line.h"
 
 #include <QCoreApplication>
 
@@ -28,18 +29,36 @@ void SaveSteps::AskOnExclusions(const QList<Ipv4> &base, const QList<Ipv4> &draf
     for (const Ipv4 address : ExclusionsToWrite(base, draft)) {
         const auto users = UsersOf(address);
         if (!users) {
-            lookups.statements << users.error();
-            lookups.leftOut << Words::tr("Whether a user has the excluded address %1 is not known.")
-                                   .arg(DottedText(address));
+            NoteUnread(address, users.error());
         } else if (!users->empty()) {
-            const Question question = QuestionOnUsersOf(address, *users);
-            if (!answers.contains(question.key)) {
-                report.questions << question;
-            } else if (answers.value(question.key)) {
-                withUsersToRemove << address;
-            }
+            AskOnUsers(address, *users);
         }
     }
+}
+
+void SaveSteps::AskOnUsers(Ipv4 address, const std::vector<UserId> &users)
+{
+    Question question = QuestionOnUsersOf(address, users);
+    if (answers.contains(question.key)) {
+        if (answers.value(question.key)) {
+            withUsersToRemove << address;
+        }
+        return;
+    }
+    const auto names = NamesOf(users);
+    if (!names) {
+        NoteUnread(address, names.error());
+        return;
+    }
+    question.goes = NamesLine(*names);
+    report.questions << question;
+}
+
+void SaveSteps::NoteUnread(Ipv4 address, const Failure &failure)
+{
+    lookups.statements << failure;
+    lookups.leftOut << Words::tr("Whether a user has the excluded address %1 is not known.")
+                           .arg(DottedText(address));
 }
 
 // Exclusions that were not touched stay as they stand now.

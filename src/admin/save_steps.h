@@ -41,6 +41,8 @@ public:
     [[nodiscard]] SaveReport Report() const;
 
 private:
+    void AskOnUsers(Ipv4 address, const std::vector<UserId> &users);
+    void NoteUnread(Ipv4 address, const Failure &failure);
     [[nodiscard]] QList<Ipv4> ExclusionsToWrite(const QList<Ipv4> &base,
                                                 const QList<Ipv4> &draft) const;
 

@@ -32,7 +32,10 @@ AwaitAnswered(const AppServices &services,
             return value;
         }
         for (const Question &question : questions) {
-            answers.insert(question.key, services.prompt.Ask(question.text));
+            answers.insert(question.key,
+                           question.destroys
+                               ? services.prompt.AskToDestroy(question.text, question.goes)
+                               : services.prompt.Ask(question.text));
         }
     }
 }

@@ -55,6 +55,9 @@ TEST_F(Addresses, AnAnswerHoldsForTheUserThatItWasGivenFor)
     const Outcome first = RunAction(UserAction(record), {}, nullptr);
     EXPECT_EQ(first.state, Outcome::State::NeedsAnswers);
     ASSERT_EQ(first.questions.size(), 1);
+    EXPECT_TRUE(first.questions.front().destroys);
+    EXPECT_EQ(first.questions.front().goes,
+              RowsOf("SELECT username FROM users WHERE user_id = 2")[0]);
     EXPECT_EQ(EveryRow(), before);
 
     Execute("UPDATE users SET ip_addr = '10.0.0.3' WHERE user_id = 2");

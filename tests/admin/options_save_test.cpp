@@ -258,6 +258,8 @@ TEST_P(OptionsSave, AnExcludedUserMayBeRemoved)
         u"IP-Address 10.0.0.1 is already in the active database. You can not exclude "
         "IP-addresses that are in the database. Unless you remove this user Tollbrook will not "
         "be able to process excluded address. Remove it now?"_s);
+    EXPECT_TRUE(report.questions[0].destroys);
+    EXPECT_EQ(report.questions[0].goes, u"anna"_s);
     EXPECT_EQ(report.InWords(), QString());
     EXPECT_EQ(EveryRow(), rows);
     EXPECT_TRUE(NamesOf(ConfigKeyId::Base).isEmpty()) << "nothing is written before the answers";

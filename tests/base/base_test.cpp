@@ -1,5 +1,6 @@
 #include "base/day.h"
 #include "base/ipv4.h"
+#include "base/names_line.h"
 #include "base/text.h"
 #include "base/wait.h"
 
@@ -95,5 +96,28 @@ TEST(Ipv4, OnlyWholeDottedTextsAreAddresses)
     for (const auto *text :
          {"", "1.2.3", "1.2.3.256", "1.2.3.4.5", "1.2..4", "a.b.c.d", " 1.2.3.4"}) {
         EXPECT_FALSE(Ipv4From(QString::fromLatin1(text))) << text;
+    }
+}
+
+TEST(NamesLine, NamesFiveAndCountsTheRest)
+{
+    QStringList many;
+    for (int number = 1; number <= 17; ++number) {
+        many << u"u%1"_s.arg(number);
+    }
+    const std::pair<QStringList, QString> cases[] = {
+        {{}, {}},
+        {{u"anna"_s}, u"anna"_s},
+        {many.first(5), u"u1, u2, u3, u4, u5"_s},
+        {many.first(6), u"u1, u2, u3, u4, u5 and 1 more"_s},
+        {many, u"u1, u2, u3, u4, u5 and 12 more"_s},
+        {{u"%1"_s, u"%2"_s, u"c"_s, u"d"_s, u"e"_s, u"f"_s}, u"%1, %2, c, d, e and 1 more"_s},
+        {{QString(), u" \t"_s}, u"(no name), (no name)"_s},
+        {{u"a\nb"_s}, u"a b"_s},
+        {{QString(40, u'x')}, QString(40, u'x')},
+        {{QString(41, u'x')}, QString(39, u'x') + u'\u2026'},
+    };
+    for (const auto &[names, line] : cases) {
+        EXPECT_EQ(NamesLine(names), line);
     }
 }

@@ -47,7 +47,7 @@ AccountDialog::AccountDialog(const AppServices &appServices,
                              OpenedAccount account,
                              const Currency &shown,
                              QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , owner(whose)
     , ownerMode(account.ownerMode)

@@ -5,8 +5,7 @@
 #include "accounts/currency.h"
 #include "accounts/history.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <optional>
 #include <vector>
@@ -29,7 +28,7 @@ struct OpenedAccount
 
 // What is added and closed here is written on OK and not before; Cancel drops it. The dialog stays open
 // with all of it when it could not be written.
-class AccountDialog : public QDialog
+class AccountDialog : public Dialog
 {
     Q_OBJECT
 

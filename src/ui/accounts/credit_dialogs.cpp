@@ -22,11 +22,11 @@
 using namespace Qt::StringLiterals;
 
 CreditDialog::CreditDialog(Prompt &messages, Currency shown, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , currency(std::move(shown))
     , kinds(new QButtonGroup(this))
-    , amount(new AmountField(this))
+    , amount(new NumberField({.most = kMostCredit, .decimals = 2}, this))
     , unit(new QLabel(this))
 {
     setWindowTitle(u"Add credit"_s);
@@ -87,7 +87,7 @@ void CreditDialog::KindChanged()
     const bool hasAmount = Kind() != CreditKind::Unlimited;
     amount->setEnabled(hasAmount);
     unit->setText(hasAmount ? UnitName(currency, Kind()) : QString());
-    amount->setAccessibleDescription(unit->text());
+    amount->SetUnit(unit->text());
 }
 
 void CreditDialog::Refuse(const QString &problem, QWidget &field)

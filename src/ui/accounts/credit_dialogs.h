@@ -5,17 +5,16 @@
 #include "access/staged_account.h"
 #include "accounts/currency.h"
 #include "base/prompt.h"
+#include "ui/common/dialog.h"
 
-#include <QDialog>
-
-class AmountField;
+class NumberField;
 class QButtonGroup;
 class QCheckBox;
 class QDateEdit;
 class QLabel;
 
 // What both have in common: a choice of kinds, an amount with its unit, OK and Cancel.
-class CreditDialog : public QDialog
+class CreditDialog : public Dialog
 {
     Q_OBJECT
 
@@ -44,7 +43,7 @@ private:
     Prompt &prompt;
     const Currency currency;
     QButtonGroup *kinds;
-    AmountField *amount;
+    NumberField *amount;
     QLabel *unit;
     StagedCredit credit;
 };

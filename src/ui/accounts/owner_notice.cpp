@@ -1,6 +1,7 @@
 #include "ui/accounts/owner_notice.h"
 
 #include "accounts/credit.h"
+#include "ui/common/elided_label.h"
 #include "ui/common/icons.h"
 
 #include <QHBoxLayout>
@@ -15,8 +16,7 @@ QWidget *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent)
     auto *picture = new QLabel(heading);
     const int size = heading->style()->pixelMetric(QStyle::PM_SmallIconSize);
     picture->setPixmap(IconOf(owner.IsUser() ? Picture::User : Picture::Group).pixmap(size));
-    auto *text = new QLabel((owner.IsUser() ? u"User: "_s : u"Group: "_s) + name, heading);
-    text->setTextFormat(Qt::PlainText);
+    auto *text = new ElidedLabel((owner.IsUser() ? u"User: "_s : u"Group: "_s) + name, heading);
     text->setObjectName(u"owner"_s);
     auto *layout = new QHBoxLayout(heading);
     layout->setContentsMargins({});

@@ -6,7 +6,7 @@
 
 class QWidget;
 
-// A picture and "User: anna" or "Group: sales".
+// A picture and "User: anna" or "Group: sales"; a long name is cut to the room that there is.
 [[nodiscard]] QWidget *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent);
 
 void TellOwnerIsGone(Prompt &prompt, const Owner &owner);

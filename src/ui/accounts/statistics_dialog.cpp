@@ -54,7 +54,7 @@ Result<std::optional<OwnerUsage>> ReadOwnerUsage(const Owner &owner)
 }
 
 StatisticsDialog::StatisticsDialog(const Owner &owner, OwnerUsage usage, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
 {
     setWindowTitle(owner.IsUser() ? u"User statistics"_s : u"Group statistics"_s);
     const UsageStatistics &statistics = usage.statistics;

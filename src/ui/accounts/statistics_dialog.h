@@ -3,8 +3,7 @@
 #pragma once
 
 #include "accounts/statistics.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <optional>
 #include <vector>
@@ -20,7 +19,7 @@ struct OwnerUsage
 // Nothing when there is no such user or group any more.
 [[nodiscard]] Result<std::optional<OwnerUsage>> ReadOwnerUsage(const Owner &owner);
 
-class StatisticsDialog : public QDialog
+class StatisticsDialog : public Dialog
 {
     Q_OBJECT
 

@@ -1,5 +1,7 @@
 #include "ui/common/controls.h"
 
+#include "ui/common/number_field.h"
+
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,6 +14,9 @@ QLineEdit *ShownValue(const char *objectName)
     auto *field = new QLineEdit;
     field->setObjectName(QLatin1String(objectName));
     field->setReadOnly(true);
+    // Of a long value the beginning is seen.
+    QObject::connect(
+        field, &QLineEdit::textChanged, field, [field] { field->setCursorPosition(0); });
     // On the window's own ground, so that it does not look like a field to be filled in.
     QPalette palette = field->palette();
     palette.setColor(QPalette::Base, palette.color(QPalette::Window));
@@ -51,4 +56,26 @@ QLabel *UnreadNote()
 void Complain(Prompt &prompt, const QString &text)
 {
     prompt.Tell(text, Prompt::Icon::Warning);
+}
+
+void Refuse(Prompt &prompt, QLineEdit &field, const QString &text)
+{
+    Complain(prompt, text);
+    field.setFocus();
+    field.selectAll();
+}
+
+bool HoldsNumber(Prompt &prompt, NumberField &field, const QString &missing)
+{
+    const auto entered = field.Entered();
+    if (!entered) {
+        const bool isOutside = entered.error() == NumberFault::OutOfRange;
+        Refuse(prompt, field, isOutside || missing.isEmpty() ? field.Request() : missing);
+    }
+    return entered.has_value();
+}
+
+bool HoldsNumberIfAny(Prompt &prompt, NumberField &field)
+{
+    return !field.isEnabled() || field.IsBlank() || HoldsNumber(prompt, field);
 }

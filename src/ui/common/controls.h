@@ -8,6 +8,7 @@
 
 #include <initializer_list>
 
+class NumberField;
 class QDialog;
 class QLabel;
 class QLineEdit;
@@ -39,3 +40,13 @@ void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButto
 
 // Tells what is wrong with an entry.
 void Complain(Prompt &prompt, const QString &text);
+
+// As above, with the focus on the field afterwards; what was typed stays, chosen to be typed over.
+void Refuse(Prompt &prompt, QLineEdit &field, const QString &text);
+
+// Whether the field holds a number that it takes. Tells so when it does not: in the words of `missing`,
+// or of the field's own request when there are none or the number is out of its bounds.
+[[nodiscard]] bool HoldsNumber(Prompt &prompt, NumberField &field, const QString &missing = {});
+
+// As above for a field that may stay blank, or that is disabled.
+[[nodiscard]] bool HoldsNumberIfAny(Prompt &prompt, NumberField &field);

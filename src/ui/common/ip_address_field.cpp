@@ -1,5 +1,8 @@
 #include "ui/common/ip_address_field.h"
 
+#include "base/number_entry.h"
+#include "ui/common/wrong_mark.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -9,10 +12,10 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
-#include <QRegularExpressionValidator>
 #include <QStyleOptionFrame>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -20,13 +23,18 @@ namespace {
 
 constexpr int kDigits = 3;
 
+std::optional<Ipv4> NumberIn(const QLineEdit &octet)
+{
+    const auto number = NumberFrom(octet.text(), {.least = 0, .most = 255});
+    return number ? std::optional(static_cast<Ipv4>(*number)) : std::nullopt;
+}
+
 QLineEdit *MakeOctet(int index, const QString &name, QWidget *parent)
 {
-    static const QRegularExpression upTo255(u"[01]?[0-9]{0,2}|2[0-4][0-9]|25[0-5]"_s);
     auto *octet = new QLineEdit(parent);
     octet->setObjectName(u"octet%1"_s.arg(index));
     octet->setAccessibleName(u"%1, part %2 of 4"_s.arg(name).arg(index + 1));
-    octet->setValidator(new QRegularExpressionValidator(upTo255, octet));
+    octet->setMaxLength(kDigits);
     octet->setFrame(false);
     octet->setAlignment(Qt::AlignCenter);
     octet->setAcceptDrops(false);
@@ -35,6 +43,11 @@ QLineEdit *MakeOctet(int index, const QString &name, QWidget *parent)
     clear.setBrush(QPalette::Base, Qt::transparent); // the whole field paints its frame and ground
     octet->setPalette(clear);
     return octet;
+}
+
+bool IsWrong(const QLineEdit &octet)
+{
+    return !octet.text().isEmpty() && !NumberIn(octet);
 }
 
 } // namespace
@@ -52,12 +65,8 @@ IpAddressField::IpAddressField(const QString &name, QWidget *parent) : QWidget(p
         }
         auto *octet = MakeOctet(index, name, this);
         octet->installEventFilter(this);
-        connect(octet, &QLineEdit::textChanged, this, &IpAddressField::Changed);
-        connect(octet, &QLineEdit::textEdited, this, [this, index](const QString &text) {
-            if (text.size() == kDigits) {
-                GoTo(index + 1);
-            }
-        });
+        connect(octet, &QLineEdit::textChanged, this, [this, octet] { Judge(*octet); });
+        connect(octet, &QLineEdit::textEdited, this, [this, index] { Typed(index); });
         octets[static_cast<size_t>(index)] = octet;
         row->addWidget(octet);
     }
@@ -66,8 +75,8 @@ IpAddressField::IpAddressField(const QString &name, QWidget *parent) : QWidget(p
 
 bool IpAddressField::IsComplete() const
 {
-    return std::ranges::none_of(octets,
-                                [](const QLineEdit *octet) { return octet->text().isEmpty(); });
+    return std::ranges::all_of(octets,
+                               [](const QLineEdit *octet) { return NumberIn(*octet).has_value(); });
 }
 
 bool IpAddressField::IsBlank() const
@@ -83,7 +92,7 @@ std::optional<Ipv4> IpAddressField::Address() const
     }
     Ipv4 address = 0;
     for (const QLineEdit *octet : octets) {
-        address = address << 8 | octet->text().toUInt();
+        address = address << 8 | NumberIn(*octet).value_or(0);
     }
     return address;
 }
@@ -102,6 +111,13 @@ void IpAddressField::Clear()
     }
 }
 
+void IpAddressField::FocusWhatIsMissing()
+{
+    const auto missing = std::ranges::find_if(
+        octets, [](const QLineEdit *octet) { return !NumberIn(*octet).has_value(); });
+    GoTo(missing == octets.end() ? 0 : static_cast<int>(missing - octets.begin()));
+}
+
 bool IpAddressField::eventFilter(QObject *watched, QEvent *event)
 {
     const auto place = std::ranges::find(octets, watched);
@@ -110,21 +126,65 @@ bool IpAddressField::eventFilter(QObject *watched, QEvent *event)
     }
     if (event->type() == QEvent::KeyPress) {
         const auto *press = static_cast<const QKeyEvent *>(event);
-        if (press->matches(QKeySequence::Paste) && PasteWhole()) {
-            return true;
+        if (press->matches(QKeySequence::Paste)) {
+            return Paste(QApplication::clipboard()->text());
         }
         const int index = static_cast<int>(place - octets.begin());
-        return press->modifiers() == Qt::NoModifier
+        return !(press->modifiers() & ~Qt::KeypadModifier)
             && HandleKey(index, press->key(), press->text());
     }
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+    return Watch(**place, *event);
+}
+
+// Everything but the keys. True when the event is used up.
+bool IpAddressField::Watch(QLineEdit &octet, QEvent &event)
+{
+    switch (event.type()) {
+    case QEvent::FocusIn:
+        // A click places the cursor after it gave the focus.
+        chooseOnRelease = static_cast<const QFocusEvent &>(event).reason() == Qt::MouseFocusReason;
+        if (static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason) {
+            octet.selectAll();
+        }
         update();
-    }
-    if (event->type() == QEvent::ContextMenu) {
-        ShowMenu(**place, static_cast<const QContextMenuEvent *>(event)->globalPos());
+        return false;
+    case QEvent::FocusOut:
+        steppedOn = false;
+        update();
+        return false;
+    case QEvent::MouseButtonRelease:
+        if (static_cast<const QMouseEvent &>(event).button() == Qt::MiddleButton) {
+            return Paste(QApplication::clipboard()->text(QClipboard::Selection));
+        }
+        if (std::exchange(chooseOnRelease, false) && !octet.hasSelectedText()) {
+            octet.selectAll();
+        }
+        return false;
+    case QEvent::ContextMenu:
+        ShowMenu(octet, static_cast<const QContextMenuEvent &>(event).globalPos());
         return true;
+    default:
+        return false;
     }
-    return false;
+}
+
+// The description is what a screen reader says of the frame.
+void IpAddressField::Judge(QLineEdit &octet)
+{
+    octet.setAccessibleDescription(IsWrong(octet) ? tr("Please enter an integer between 0 and 255.")
+                                                  : QString());
+    update();
+    emit Changed();
+}
+
+// A third digit ends an octet; one that cannot stand is left to be mended.
+void IpAddressField::Typed(int index)
+{
+    const QLineEdit &octet = *octets[static_cast<size_t>(index)];
+    if (octet.text().size() == kDigits && NumberIn(octet) && index + 1 < 4) {
+        GoTo(index + 1);
+        steppedOn = true;
+    }
 }
 
 // One box, as a line edit's.
@@ -137,6 +197,10 @@ void IpAddressField::paintEvent(QPaintEvent * /*event*/)
     box.state.setFlag(QStyle::State_HasFocus, isAncestorOf(QApplication::focusWidget()));
     QPainter painter(this);
     style()->drawPrimitive(QStyle::PE_PanelLineEdit, &box, &painter, this);
+    painter.end();
+    if (std::ranges::any_of(octets, [](const QLineEdit *octet) { return IsWrong(*octet); })) {
+        PaintWrongMark(*this);
+    }
 }
 
 // True when the key is used up.
@@ -145,12 +209,11 @@ bool IpAddressField::HandleKey(int index, int key, const QString &text)
     const QLineEdit &octet = *octets[static_cast<size_t>(index)];
     const bool atStart = octet.cursorPosition() == 0 && !octet.hasSelectedText();
     const bool atEnd = octet.cursorPosition() == octet.text().size();
-    if (text == u"."_s) {
-        if (!octet.text().isEmpty() && !octet.hasSelectedText()) {
-            GoTo(index + 1);
-        }
+    if (text == u"."_s || text == u","_s) { // a keypad may write either
+        TypePoint(index);
         return true;
     }
+    steppedOn = false;
     if (key == Qt::Key_Right && atEnd) {
         GoTo(index + 1);
         return true;
@@ -167,14 +230,25 @@ bool IpAddressField::HandleKey(int index, int key, const QString &text)
     return false;
 }
 
-bool IpAddressField::PasteWhole()
+void IpAddressField::TypePoint(int index)
 {
-    const auto address = Ipv4From(QApplication::clipboard()->text().trimmed());
-    if (address) {
+    const bool isObeyed = std::exchange(steppedOn, false);
+    if (!isObeyed && !octets[static_cast<size_t>(index)]->text().isEmpty()) {
+        GoTo(index + 1);
+    }
+}
+
+// False for what fits into one octet, which is left to the octet itself. Anything else that is no
+// address changes nothing: a part of it would look like what was meant.
+bool IpAddressField::Paste(const QString &text)
+{
+    const QString pasted = text.trimmed();
+    if (const auto address = Ipv4From(pasted)) {
         SetAddress(*address);
         GoTo(3);
+        return true;
     }
-    return address.has_value();
+    return pasted.size() > kDigits;
 }
 
 void IpAddressField::ShowMenu(QLineEdit &octet, const QPoint &position)
@@ -184,7 +258,7 @@ void IpAddressField::ShowMenu(QLineEdit &octet, const QPoint &position)
     if (auto *paste = menu->findChild<QAction *>(u"edit-paste"_s)) {
         paste->disconnect(&octet);
         connect(paste, &QAction::triggered, &octet, [this, &octet] {
-            if (!PasteWhole()) {
+            if (!Paste(QApplication::clipboard()->text())) {
                 octet.paste();
             }
         });

@@ -36,11 +36,13 @@ void LetScroll(QMessageBox &box)
 QMessageBox::StandardButton Show(QMessageBox::Icon icon,
                                  const QString &text,
                                  const QString &caption,
-                                 QMessageBox::StandardButtons buttons)
+                                 QMessageBox::StandardButtons buttons,
+                                 QMessageBox::StandardButton byReturn = QMessageBox::NoButton)
 {
     const QString title = caption.isEmpty() ? u"Tollbrook Administrator"_s : caption;
     QMessageBox box(icon, title, text, buttons, QApplication::activeWindow());
     box.setObjectName(u"messageBox"_s);
+    box.setDefaultButton(byReturn);
     box.setTextFormat(Qt::PlainText); // names typed by a person are no markup
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.setAccessibleName(title);
@@ -74,5 +76,15 @@ void MessageBoxPrompt::Tell(const QString &text, Icon icon, const QString &capti
 bool MessageBoxPrompt::Ask(const QString &text, const QString &caption)
 {
     return Show(QMessageBox::Question, text, caption, QMessageBox::Yes | QMessageBox::No)
+        == QMessageBox::Yes;
+}
+
+bool MessageBoxPrompt::AskToDestroy(const QString &text, const QString &goes)
+{
+    return Show(QMessageBox::Warning,
+                goes.isEmpty() ? text : text + u"\n\n"_s + goes,
+                {},
+                QMessageBox::Yes | QMessageBox::No,
+                QMessageBox::No)
         == QMessageBox::Yes;
 }

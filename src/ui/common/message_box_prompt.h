@@ -8,4 +8,5 @@ class MessageBoxPrompt : public Prompt
 public:
     void Tell(const QString &text, Icon icon, const QString &caption) override;
     [[nodiscard]] bool Ask(const QString &text, const QString &caption) override;
+    [[nodiscard]] bool AskToDestroy(const QString &text, const QString &goes) override;
 };

@@ -1,92 +1,91 @@
 #include "ui/common/number_field.h"
 
-#include "base/text.h"
-
-#include <QLocale>
-#include <QRegularExpression>
-#include <QValidator>
-
-#include <utility>
+#include "ui/common/wrong_mark.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-class UpTo : public QValidator
+NumberField::NumberField(const NumberBounds &taken, QWidget *parent)
+    : QLineEdit(parent)
+    , bounds(taken)
 {
-public:
-    UpTo(quint32 bound, QObject *parent) : QValidator(parent), maximum(bound) { }
-
-    State validate(QString &input, int & /*cursor*/) const override
-    {
-        for (const QChar c : std::as_const(input)) {
-            if (c < u'0' || c > u'9') {
-                return Invalid;
-            }
-        }
-        bool fits = true;
-        const bool small = input.isEmpty() || (input.toUInt(&fits) <= maximum && fits);
-        return small && input.size() <= kLongest ? Acceptable : Invalid;
-    }
-
-private:
-    static constexpr qsizetype kLongest = 10;
-    quint32 maximum;
-};
-
-// Both spellings of the separator become a point as they are typed.
-class UpToDecimals : public QValidator
-{
-public:
-    UpToDecimals(int count, QObject *parent)
-        : QValidator(parent)
-        , pattern(uR"(^\d{0,12}(\.\d{0,%1})?$)"_s.arg(count))
-    { }
-
-    State validate(QString &input, int & /*cursor*/) const override
-    {
-        input.replace(QLocale().decimalPoint(), u"."_s);
-        return pattern.match(input).hasMatch() ? Acceptable : Invalid;
-    }
-
-private:
-    QRegularExpression pattern;
-};
-
-} // namespace
-
-WholeNumberField::WholeNumberField(QWidget *parent, quint32 maximum) : QLineEdit(parent)
-{
-    setInputMethodHints(Qt::ImhDigitsOnly);
-    setValidator(new UpTo(maximum, this));
+    setInputMethodHints(bounds.decimals > 0 ? Qt::ImhFormattedNumbersOnly : Qt::ImhDigitsOnly);
+    connect(this, &QLineEdit::textChanged, this, &NumberField::Judge);
 }
 
-std::optional<quint32> WholeNumberField::Number() const
+void NumberField::SetUnit(const QString &newUnit)
 {
-    bool isNumber = false;
-    const quint32 number = text().toUInt(&isNumber);
-    return isNumber ? std::optional(number) : std::nullopt;
+    unit = newUnit;
+    Judge();
 }
 
-void WholeNumberField::SetNumber(quint32 number)
+tl::expected<double, NumberFault> NumberField::Entered() const
+{
+    return NumberFrom(text(), bounds);
+}
+
+std::optional<double> NumberField::Amount() const
+{
+    const auto entered = Entered();
+    return entered ? std::optional(*entered) : std::nullopt;
+}
+
+std::optional<quint32> NumberField::Number() const
+{
+    const auto entered = Entered();
+    return entered ? std::optional(static_cast<quint32>(*entered)) : std::nullopt;
+}
+
+bool NumberField::IsBlank() const
+{
+    const auto entered = Entered();
+    return !entered && entered.error() == NumberFault::Blank;
+}
+
+bool NumberField::IsWrong() const
+{
+    return !Entered() && !IsBlank();
+}
+
+void NumberField::SetNumber(quint32 number)
 {
     setText(QString::number(number));
 }
 
-AmountField::AmountField(QWidget *parent, int maxDecimals) : QLineEdit(parent)
-{
-    setInputMethodHints(Qt::ImhFormattedNumbersOnly);
-    setValidator(new UpToDecimals(maxDecimals, this));
-}
-
-std::optional<double> AmountField::Amount() const
-{
-    bool isNumber = false;
-    const double amount = text().toDouble(&isNumber);
-    return isNumber ? std::optional(amount) : std::nullopt;
-}
-
-void AmountField::SetAmount(double amount)
+void NumberField::SetAmount(double amount)
 {
     setText(QString::number(amount, 'f', 2));
+}
+
+QString NumberField::Request() const
+{
+    const auto inWords = [](double bound) {
+        return QString::number(bound, 'f', QLocale::FloatingPointShortest);
+    };
+    if (bounds.decimals == 0) {
+        return tr("Please enter an integer between %1 and %2.")
+            .arg(inWords(bounds.least), inWords(bounds.most));
+    }
+    return tr("Please enter a number between %1 and %2, with at most %n decimals.",
+              nullptr,
+              bounds.decimals)
+        .arg(inWords(bounds.least), inWords(bounds.most));
+}
+
+// The description is what a screen reader says of the mark.
+void NumberField::Judge()
+{
+    const bool isWrong = IsWrong();
+    const QStringList said = isWrong && !unit.isEmpty() ? QStringList {unit, Request()}
+                                                        : QStringList {isWrong ? Request() : unit};
+    setAccessibleDescription(said.join(u". "_s));
+    setToolTip(isWrong ? Request() : QString());
+    update();
+}
+
+void NumberField::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    if (IsWrong()) {
+        PaintWrongMark(*this);
+    }
 }

@@ -1,33 +1,42 @@
-// Fields for whole numbers and for amounts; both may be left blank.
+// A field for a number.
 #pragma once
+
+#include "base/number_entry.h"
 
 #include <QLineEdit>
 
-#include <limits>
 #include <optional>
 
-// Digits only, from 0 to 2147483647 or a given maximum; nothing beyond can be typed or pasted.
-class WholeNumberField : public QLineEdit
+// Holds whatever is typed, and never changes it. What is not a number within the bounds is framed and
+// described as such as long as it stands there; a blank field is not.
+class NumberField : public QLineEdit
 {
     Q_OBJECT
 
 public:
-    explicit WholeNumberField(QWidget *parent = nullptr,
-                              quint32 maximum = std::numeric_limits<qint32>::max());
+    explicit NumberField(const NumberBounds &bounds = {}, QWidget *parent = nullptr);
 
-    [[nodiscard]] std::optional<quint32> Number() const; // nothing while blank
+    // What the number counts, as "Mb"; read out as the field's description.
+    void SetUnit(const QString &unit);
+
+    [[nodiscard]] tl::expected<double, NumberFault> Entered() const;
+    [[nodiscard]] std::optional<double> Amount() const; // nothing for any fault
+    [[nodiscard]] std::optional<quint32> Number() const; // of a field without decimals
+    [[nodiscard]] bool IsBlank() const;
+    [[nodiscard]] bool IsWrong() const; // neither blank nor a number within the bounds
+
     void SetNumber(quint32 number);
-};
+    void SetAmount(double amount); // with two decimals after a point
 
-// An amount from 0 up with at most two decimals, or as many as it is told. The decimal separator may be typed as a point or as
-// the locale writes it; the point is what the field itself shows.
-class AmountField : public QLineEdit
-{
-    Q_OBJECT
+    // What the field takes, as a request.
+    [[nodiscard]] QString Request() const;
 
-public:
-    explicit AmountField(QWidget *parent = nullptr, int maxDecimals = 2);
+protected:
+    void paintEvent(QPaintEvent *event) override;
 
-    [[nodiscard]] std::optional<double> Amount() const; // nothing while blank or only a separator
-    void SetAmount(double amount); // with two decimals
+private:
+    void Judge();
+
+    const NumberBounds bounds;
+    QString unit;
 };

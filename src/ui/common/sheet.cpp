@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 Sheet::Sheet(const QString &caption, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , tabs(new QTabWidget(this))
     , buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
@@ -21,6 +21,10 @@ Sheet::Sheet(const QString &caption, QWidget *parent)
     setModal(true);
     tabs->setObjectName(u"pages"_s);
     tabs->tabBar()->setAccessibleName(caption);
+    // Its tabs take the focus themselves. Handed on by the widget around them, it would come to them a second
+    // time on its way round, or stay where it is when they are hidden.
+    tabs->setFocusProxy(nullptr);
+    tabs->setFocusPolicy(Qt::NoFocus);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"cancel"_s);
@@ -54,6 +58,11 @@ void Sheet::Add(Page *page)
     const QSignalBlocker blocked(tabs);
     tabs->addTab(page, page->Title());
     pages.push_back(page);
+}
+
+void Sheet::SetHeading(QWidget *heading)
+{
+    static_cast<QBoxLayout *>(layout())->insertWidget(0, heading);
 }
 
 void Sheet::SetApply(std::function<bool()> newApply)

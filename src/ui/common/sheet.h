@@ -2,9 +2,8 @@
 // and remembers nothing from one run to the next.
 #pragma once
 
+#include "ui/common/dialog.h"
 #include "ui/common/page.h"
-
-#include <QDialog>
 
 #include <functional>
 #include <vector>
@@ -12,7 +11,7 @@
 class QDialogButtonBox;
 class QTabWidget;
 
-class Sheet : public QDialog
+class Sheet : public Dialog
 {
     Q_OBJECT
 
@@ -21,6 +20,9 @@ public:
 
     // Adds the page as the last tab; the sheet owns it from now on.
     void Add(Page *page);
+
+    // Puts this above the pages, as the name of what they belong to; the sheet owns it from now on.
+    void SetHeading(QWidget *heading);
 
     // Stores what was collected, on OK. When it was not stored, which `apply` tells itself, the sheet
     // stays open with everything that was typed. Without it an OK only collects.

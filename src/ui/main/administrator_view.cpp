@@ -2,16 +2,35 @@
 
 #include "access/list_commands.h"
 #include "app/perform.h"
+#include "base/names_line.h"
 #include "ui/common/accessible.h"
+#include "ui/common/window_memory.h"
 #include "ui/main/user_list_model.h"
 #include "ui/props/change_group_dialog.h"
 
 #include <QHeaderView>
 #include <QMenu>
+#include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Of twelve of the widest digits and their dashes, in a cell of the list.
+int WidthOfMacAddress(const QWidget &list)
+{
+    int digit = 0;
+    for (const QChar each : u"0123456789ABCDEFabcdef"_s) {
+        digit = std::max(digit, list.fontMetrics().horizontalAdvance(each));
+    }
+    const int margin = list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
+    return 12 * digit + 5 * list.fontMetrics().horizontalAdvance(u'-') + 4 * margin;
+}
+
+} // namespace
 
 CAdministratorView::CAdministratorView(const AppServices &appServices,
                                        const FrameDialogs &windows,
@@ -24,6 +43,9 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     SetNames(*this, u"usersList"_s, u"Users"_s);
     setSelectionMode(ExtendedSelection);
     ShowModel(users);
+    columnMemory = new ColumnMemory(*header(), u"users"_s, [this](int section) {
+        return QString::number(static_cast<int>(users->ColumnAt(section)));
+    });
     header()->setSectionsClickable(true);
     connect(header(), &QHeaderView::sectionClicked, this, &CAdministratorView::HeaderClicked);
 }
@@ -64,6 +86,11 @@ void CAdministratorView::FillList(int order, bool ascending)
 void CAdministratorView::TakeList(const UserList &list, int order, bool ascending)
 {
     KeepingPlace([&] { users->SetList(list); });
+    FitMacAddresses();
+    if (const auto chosen = std::exchange(chosenBefore, std::nullopt)) {
+        ChooseAgain(*chosen);
+        scrollTo(currentIndex());
+    }
     shownOrder = order;
     shownAscending = ascending;
     ShowSortIndicator();
@@ -71,15 +98,34 @@ void CAdministratorView::TakeList(const UserList &list, int order, bool ascendin
 
 void CAdministratorView::RebuildColumns()
 {
+    if (!chosenBefore) {
+        chosenBefore = WhatIsChosen();
+    }
     InsertColumns();
     FillList(sortColumn, sortAscending);
 }
 
 void CAdministratorView::InsertColumns()
 {
-    users->SetColumns(columns.Shown());
-    for (int section = 0; section < users->columnCount(); ++section) {
-        header()->resizeSection(section, columns.Width(users->ColumnAt(section)));
+    columnMemory->PutUp([this] {
+        users->SetColumns(columns.Shown());
+        for (int section = 0; section < users->columnCount(); ++section) {
+            header()->resizeSection(section, columns.Width(users->ColumnAt(section)));
+        }
+    });
+}
+
+// An address is not cut unless somebody wants the column so: a width that is stored is one that somebody
+// wrote there, but for the usual one, which the console itself stores.
+void CAdministratorView::FitMacAddresses()
+{
+    const int section = users->SectionOf(UserColumn::MacAddress);
+    if (section >= 0 && users->HasMacAddresses() && !columnMemory->IsDragged(section)
+        && columns.HasUsualWidth(UserColumn::MacAddress)) {
+        columnMemory->PutUp([this, section] {
+            header()->resizeSection(
+                section, std::max(columns.Width(UserColumn::MacAddress), WidthOfMacAddress(*this)));
+        });
     }
 }
 
@@ -123,17 +169,15 @@ bool CAdministratorView::FindUser(const QString &text)
             u"No user found"_s, Prompt::Icon::Information, u"Tollbrook Administrator"_s);
         return false;
     }
-    const QModelIndex index = users->index(row, 0);
     setFocus(Qt::OtherFocusReason);
-    selectionModel()->setCurrentIndex(index,
-                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    scrollTo(index);
+    GoTo(row, SelectedRows() << row);
+    scrollTo(users->index(row, 0));
     return true;
 }
 
 UserId CAdministratorView::IdAt(int row) const
 {
-    return users->UserAt(row);
+    return users->IdAt(row);
 }
 
 int CAdministratorView::RowOf(UserId id) const
@@ -151,6 +195,11 @@ void CAdministratorView::OpenAccount()
     OpenFor(dialogs.userAccount);
 }
 
+QString CAdministratorView::AccountPrompt() const
+{
+    return u"Refill current user account"_s;
+}
+
 void CAdministratorView::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
 {
     AskForAccountBy(services.database, UserHasAccount, context, answer);
@@ -166,7 +215,7 @@ void CAdministratorView::ChangeGroup()
 
 void CAdministratorView::MoveToChosenGroup(const QList<UserId> &userIds)
 {
-    const auto group = ChooseGroup(services, window());
+    const auto group = ChooseGroupFor(services, userIds, window());
     if (group) {
         (void)Perform(services,
                       window(),
@@ -177,24 +226,29 @@ void CAdministratorView::MoveToChosenGroup(const QList<UserId> &userIds)
 
 void CAdministratorView::DeleteSelected()
 {
-    RemoveSelected(u"This will delete this user and all corresponding information. Continue?"_s,
-                   u"This will delete these users and all corresponding information. Continue?"_s,
-                   tr("Deleting users..."),
-                   DeleteUsersAction);
+    const auto ask = [this](const QStringList &names) {
+        return services.prompt.AskToDestroy(
+            names.size() == 1
+                ? u"This will delete this user and all corresponding information. Continue?"_s
+                : u"This will delete these users and all corresponding information. Continue?"_s,
+            NamesLine(names));
+    };
+    RemoveSelected(ask, tr("Deleting users..."), DeleteUsersAction);
 }
 
 void CAdministratorView::StopMonitoringSelected()
 {
-    RemoveSelected(u"This will move this user to the unmonitored list. Continue?"_s,
-                   u"This will move these users to the unmonitored list. Continue?"_s,
-                   tr("Moving users to the unmonitored list..."),
-                   StopMonitoringAction);
+    const auto ask = [this](const QStringList &names) {
+        return services.prompt.Ask(
+            names.size() == 1 ? u"This will move this user to the unmonitored list. Continue?"_s
+                              : u"This will move these users to the unmonitored list. Continue?"_s);
+    };
+    RemoveSelected(ask, tr("Moving users to the unmonitored list..."), StopMonitoringAction);
 }
 
 // Ids, not rows: the list may be filled anew while the question stands. Years of records, or a database
 // that another program holds, may keep this waiting.
-void CAdministratorView::RemoveSelected(const QString &question,
-                                        const QString &questionSeveral,
+void CAdministratorView::RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
                                         const QString &what,
                                         Action (*actionOn)(const std::vector<UserId> &))
 {
@@ -202,8 +256,12 @@ void CAdministratorView::RemoveSelected(const QString &question,
     if (selected.isEmpty()) {
         return;
     }
+    QStringList names;
+    for (const UserId userId : selected) {
+        names << users->NameAt(users->RowOf(userId));
+    }
     selectionModel()->clearSelection();
-    if (!services.prompt.Ask(selected.size() == 1 ? question : questionSeveral)) {
+    if (!ask(names)) {
         return;
     }
     const bool done = Perform(services,
@@ -213,7 +271,7 @@ void CAdministratorView::RemoveSelected(const QString &question,
                               SessionThread::Patience::Endless);
     if (done) {
         for (const UserId userId : selected) {
-            users->RemoveUser(userId);
+            users->RemoveRowOf(userId);
         }
     }
     FillList(sortColumn, true);

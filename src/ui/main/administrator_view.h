@@ -8,6 +8,7 @@
 #include "ui/main/id_list_pane.h"
 #include "ui/main/user_columns.h"
 
+class ColumnMemory;
 class UserListModel;
 
 class CAdministratorView : public IdListPane<UserId>
@@ -40,6 +41,7 @@ public:
     void OpenProperties() override;
     void OpenAccount() override;
     void DeleteSelected() override;
+    [[nodiscard]] QString AccountPrompt() const override;
     void AskForAccount(QObject *context, const std::function<void(bool)> &answer) override;
     void ChangeGroup(); // of the first selected user; no refill follows
     void StopMonitoringSelected();
@@ -52,12 +54,12 @@ protected:
 
 private:
     void InsertColumns();
+    void FitMacAddresses();
     void HeaderClicked(int section);
     void MoveToChosenGroup(const QList<UserId> &userIds);
     void ShowSortIndicator();
     void TakeList(const UserList &list, int order, bool ascending);
-    void RemoveSelected(const QString &question,
-                        const QString &questionSeveral,
+    void RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
                         const QString &what,
                         Action (*actionOn)(const std::vector<UserId> &));
 
@@ -65,6 +67,8 @@ private:
     const FrameDialogs &dialogs;
     UserListModel *users;
     UserColumns columns;
+    ColumnMemory *columnMemory = nullptr;
+    std::optional<Chosen> chosenBefore; // the columns were put up anew
     int sortColumn = 5;
     bool sortAscending = true; // of header clicks: one direction for all columns
     int shownOrder = -1; // of the rows as they stand

@@ -2,8 +2,10 @@
 
 #include "access/list_commands.h"
 #include "app/perform.h"
+#include "base/names_line.h"
 #include "db/value_codes.h"
 #include "ui/common/accessible.h"
+#include "ui/common/window_memory.h"
 #include "ui/main/group_list_model.h"
 #include "ui/props/name_dialog.h"
 
@@ -25,9 +27,13 @@ CAdministratorViewGrp::CAdministratorViewGrp(const AppServices &appServices,
     ShowModel(groups);
     header()->setSectionsClickable(false);
     constexpr int kWidths[GroupListModel::kColumns] = {150, 400, 150};
-    for (int section = 0; section < GroupListModel::kColumns; ++section) {
-        header()->resizeSection(section, kWidths[section]);
-    }
+    auto *columns = new ColumnMemory(
+        *header(), u"groups"_s, [](int section) { return QString::number(section); });
+    columns->PutUp([&] {
+        for (int section = 0; section < GroupListModel::kColumns; ++section) {
+            header()->resizeSection(section, kWidths[section]);
+        }
+    });
 }
 
 void CAdministratorViewGrp::FillGroups()
@@ -39,7 +45,7 @@ void CAdministratorViewGrp::FillGroups()
 
 GroupId CAdministratorViewGrp::IdAt(int row) const
 {
-    return groups->GroupAt(row);
+    return groups->IdAt(row);
 }
 
 int CAdministratorViewGrp::RowOf(GroupId id) const
@@ -63,6 +69,11 @@ void CAdministratorViewGrp::OpenAccount()
     OpenFor(dialogs.groupAccount);
 }
 
+QString CAdministratorViewGrp::AccountPrompt() const
+{
+    return u"Refill current group account"_s;
+}
+
 void CAdministratorViewGrp::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
 {
     AskForAccountBy(services.database, GroupHasAccount, context, answer);
@@ -74,12 +85,14 @@ void CAdministratorViewGrp::DeleteSelected()
     if (row < 0) {
         return;
     }
-    const GroupId groupId = groups->GroupAt(row);
+    const GroupId groupId = groups->IdAt(row);
     const QString name = groups->NameAt(row); // kept: the name counts here, the id when renaming
-    if (!services.prompt.Ask(u"This will delete the selected group. Contunue?"_s)) {
+    const bool isKept = name == u"Everybody"_s;
+    if (!services.prompt.AskToDestroy(u"This will delete the selected group. Contunue?"_s,
+                                      isKept ? QString() : NamesLine({name}))) {
         return;
     }
-    if (name == u"Everybody"_s) {
+    if (isKept) {
         services.prompt.Tell(u"You cannot delete Everybody group"_s);
         return;
     }
@@ -88,7 +101,9 @@ void CAdministratorViewGrp::DeleteSelected()
                 tr("Deleting the group..."),
                 DeleteGroupOfListAction(groupId),
                 SessionThread::Patience::Endless)) {
-        groups->RemoveGroup(groupId);
+        groups->RemoveRowOf(groupId);
+    } else {
+        FillGroups(); // the row stays, as the group now is
     }
 }
 
@@ -98,7 +113,7 @@ void CAdministratorViewGrp::RenameSelected()
     if (row < 0) {
         return;
     }
-    const GroupId groupId = groups->GroupAt(row);
+    const GroupId groupId = groups->IdAt(row);
     if (groupId == kEverybodyGroup) {
         services.prompt.Tell(u"You can not rename Everybody group"_s);
         return;

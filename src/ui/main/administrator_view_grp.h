@@ -21,6 +21,7 @@ public:
 
     void OpenProperties() override;
     void OpenAccount() override;
+    [[nodiscard]] QString AccountPrompt() const override;
     void AskForAccount(QObject *context, const std::function<void(bool)> &answer) override;
 
     // Only takes the row out: neither list is filled anew.

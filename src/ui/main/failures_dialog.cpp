@@ -2,6 +2,7 @@
 
 #include "db/failure_log.h"
 #include "ui/common/accessible.h"
+#include "ui/common/window_memory.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -55,7 +56,9 @@ FailuresDialog::FailuresDialog(QWidget *parent)
         list->resizeColumnToContents(column);
     }
     list->header()->resizeSection(1, fontMetrics().averageCharWidth() * 50);
-    resize(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 22);
+    RememberSize(*this,
+                 u"failures"_s,
+                 {fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 22});
 }
 
 void FailuresDialog::Fill()

@@ -75,10 +75,9 @@ void FrameMenus::MakeUserMenu()
         MakeCommand({"toolbarProperties", u"Properties...", kPropertiesPrompt, Picture::Properties},
                     openProperties,
                     &frame);
-    account =
-        Add(menu,
-            {"account", u"&Account...", u"Refill current user or group account", Picture::Account},
-            [this] { frame.ActivePane().OpenAccount(); });
+    account = Add(menu, {"account", u"&Account...", u"", Picture::Account}, [this] {
+        frame.ActivePane().OpenAccount();
+    });
     changeGroup = Add(menu, {"changeGroup", u"Change &group...", u"", Picture::Group}, [this] {
         frame.Users().ChangeGroup();
     });
@@ -251,6 +250,8 @@ void FrameMenus::UpdateSelectionCommands()
     const bool isUsers = &pane == &frame.Users();
     properties->setEnabled(selected > 0);
     toolbarProperties->setEnabled(selected == 1);
+    account->setStatusTip(pane.AccountPrompt());
+    account->setToolTip(pane.AccountPrompt());
     UpdateAccount();
     changeGroup->setEnabled(isUsers && selected > 0);
     doNotMonitor->setEnabled(isUsers && selected > 0);

@@ -5,34 +5,6 @@
 
 using namespace Qt::StringLiterals;
 
-void GroupListModel::SetList(const GroupList &newList)
-{
-    beginResetModel();
-    list = newList;
-    endResetModel();
-}
-
-void GroupListModel::RemoveGroup(GroupId groupId)
-{
-    const int row = RowOf(groupId);
-    if (row >= 0) {
-        beginRemoveRows({}, row, row);
-        list.rows.removeAt(row);
-        list.rowGroupIds.removeAt(row);
-        endRemoveRows();
-    }
-}
-
-int GroupListModel::RowOf(GroupId groupId) const
-{
-    return static_cast<int>(list.rowGroupIds.indexOf(groupId));
-}
-
-int GroupListModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(list.rows.size());
-}
-
 int GroupListModel::columnCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : kColumns;
@@ -40,7 +12,7 @@ int GroupListModel::columnCount(const QModelIndex &parent) const
 
 QVariant GroupListModel::data(const QModelIndex &index, int role) const
 {
-    const GroupRow &row = list.rows[index.row()];
+    const GroupRow &row = Rows().rows[index.row()];
     if (index.column() == Access) {
         return AccessCellData(row.blocked ? AccessState::Blocked : AccessState::Allowed, role);
     }

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "access/group_list.h"
+#include "ui/main/id_table_model.h"
 
-#include <QAbstractTableModel>
-
-class GroupListModel : public QAbstractTableModel
+class GroupListModel : public IdTableModel<GroupList, GroupId, &GroupList::rowGroupIds>
 {
     Q_OBJECT
 
@@ -13,23 +12,12 @@ public:
     enum Column { Name, Description, Access };
     static constexpr int kColumns = Access + 1;
 
-    using QAbstractTableModel::QAbstractTableModel;
+    using IdTableModel::IdTableModel;
 
-    void SetList(const GroupList &newList);
-    void RemoveGroup(GroupId groupId);
+    [[nodiscard]] const QString &NameAt(int row) const { return Rows().rows[row].name; }
 
-    [[nodiscard]] GroupId GroupAt(int row) const { return list.rowGroupIds[row]; }
-    [[nodiscard]] const QString &NameAt(int row) const { return list.rows[row].name; }
-
-    // -1 when the group is not listed.
-    [[nodiscard]] int RowOf(GroupId groupId) const;
-
-    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QVariant
     headerData(int section, Qt::Orientation orientation, int role) const override;
-
-private:
-    GroupList list;
 };

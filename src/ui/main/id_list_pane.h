@@ -7,6 +7,8 @@
 #include <QAction>
 #include <QMenu>
 
+#include <optional>
+
 template <typename IdType>
 class IdListPane : public ListPane
 {
@@ -73,15 +75,25 @@ protected:
         }
     }
 
-    // Runs `fill`, which resets the model, and then selects the same ids and scrolls to the same place.
-    void KeepingPlace(const std::function<void()> &fill)
+    // What a person has chosen, by ids: for rows that go and come back.
+    struct Chosen
     {
-        Refill(fill, [this, selected = SelectedIds()] {
-            QList<int> rows;
-            for (const IdType id : selected) {
-                rows.append(RowOf(id));
-            }
-            return rows;
-        });
+        QList<IdType> selected;
+        std::optional<IdType> current;
+    };
+
+    [[nodiscard]] Chosen WhatIsChosen() const
+    {
+        const int row = currentIndex().row();
+        return {SelectedIds(), row < 0 ? std::nullopt : std::optional(IdAt(row))};
+    }
+
+    void ChooseAgain(const Chosen &chosen)
+    {
+        QList<int> rows;
+        for (const IdType id : chosen.selected) {
+            rows.append(RowOf(id));
+        }
+        GoTo(chosen.current ? RowOf(*chosen.current) : -1, rows);
     }
 };

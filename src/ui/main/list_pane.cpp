@@ -16,9 +16,9 @@ ListPane::ListPane(QWidget *parent) : QTreeView(parent)
     setAllColumnsShowFocus(true);
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
+    setVerticalScrollMode(ScrollPerItem);
     setIconSize(QSize(16, 16));
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
 }
 
@@ -56,19 +56,65 @@ void ListPane::ShowModel(QAbstractItemModel *model)
     connect(model, &QAbstractItemModel::modelReset, this, &ListPane::SelectionChanged);
 }
 
-void ListPane::Refill(const std::function<void()> &fill, const std::function<QList<int>()> &chosen)
+bool ListPane::IsInView(const QModelIndex &index) const
 {
-    const int scrolledTo = verticalScrollBar()->value();
+    return index.isValid() && viewport()->rect().intersects(visualRect(index));
+}
+
+QList<QPersistentModelIndex> ListPane::RowsInView() const
+{
+    QList<QPersistentModelIndex> rows;
+    for (QModelIndex row = indexAt(QPoint(0, 0)); IsInView(row); row = indexBelow(row)) {
+        rows << QPersistentModelIndex(row);
+    }
+    return rows;
+}
+
+// A list that shows its beginning goes on showing it, with what is new there.
+void ListPane::KeepingPlace(const std::function<void()> &fill)
+{
+    const bool atTop = verticalScrollBar()->value() == 0;
+    const int across = horizontalScrollBar()->value();
+    const bool showsCurrent = IsInView(currentIndex());
+    const QList<QPersistentModelIndex> shown = RowsInView();
     fill();
+    executeDelayedItemsLayout();
+    const auto top = std::ranges::find_if(shown, &QPersistentModelIndex::isValid);
+    if (!atTop && top != shown.end()) {
+        verticalScrollBar()->setValue(top->row());
+    }
+    if (showsCurrent) {
+        scrollTo(currentIndex());
+    }
+    horizontalScrollBar()->setValue(across);
+    emit SelectionChanged(); // another one may be the first selected row
+}
+
+void ListPane::GoTo(int currentRow, const QList<int> &rows)
+{
+    if (currentRow >= 0) {
+        setCurrentIndex(model()->index(currentRow, 0));
+    }
     QItemSelection selection;
-    for (const int row : chosen()) {
+    for (const int row : rows) {
         if (row >= 0) {
             selection.append(QItemSelectionRange(model()->index(row, 0)));
         }
     }
-    selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    executeDelayedItemsLayout();
-    verticalScrollBar()->setValue(scrolledTo);
+    selectionModel()->select(selection,
+                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+// The row below becomes the current one, which a view would not do; and nobody has chosen it, though a
+// list of one selection would select it.
+void ListPane::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
+{
+    const int current = currentIndex().row();
+    if (current >= start && current <= end) {
+        const int next = end + 1 < RowCount() ? end + 1 : start - 1;
+        selectionModel()->setCurrentIndex(model()->index(next, 0), QItemSelectionModel::NoUpdate);
+    }
+    QTreeView::rowsAboutToBeRemoved(parent, start, end);
 }
 
 void ListPane::SetReading(bool nowReading)
@@ -84,6 +130,12 @@ void ListPane::SetReading(bool nowReading)
 
 void ListPane::keyPressEvent(QKeyEvent *event)
 {
+    const bool isMenuKey = event->key() == Qt::Key_Menu
+        || (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+    if (isMenuKey) {
+        OpenPopUp(PlaceByKeyboard());
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_F5:
         RefreshKey();
@@ -100,6 +152,16 @@ void ListPane::keyPressEvent(QKeyEvent *event)
     }
 }
 
+// Shift selects from the current row on. Without one it would be from the top.
+void ListPane::mousePressEvent(QMouseEvent *event)
+{
+    const QModelIndex clicked = indexAt(event->position().toPoint());
+    if (!currentIndex().isValid() && clicked.isValid()) {
+        selectionModel()->setCurrentIndex(clicked, QItemSelectionModel::NoUpdate);
+    }
+    QTreeView::mousePressEvent(event);
+}
+
 void ListPane::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QTreeView::mouseDoubleClickEvent(event);
@@ -110,21 +172,26 @@ void ListPane::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ListPane::contextMenuEvent(QContextMenuEvent *event)
 {
+    OpenPopUp(event->reason() == QContextMenuEvent::Mouse ? event->globalPos() : PlaceByKeyboard());
+}
+
+void ListPane::OpenPopUp(const QPoint &place)
+{
     if (SelectedRows().isEmpty()) {
         return;
     }
     QMenu menu(this);
     FillPopUp(menu);
-    menu.exec(PlaceOfMenu(*event));
+    menu.exec(place);
 }
 
-// At the mouse; asked for by the keyboard, below the first selected row.
-QPoint ListPane::PlaceOfMenu(const QContextMenuEvent &event) const
+// Below the current row; where that is not one of the selected ones, below the first of them.
+QPoint ListPane::PlaceByKeyboard() const
 {
-    if (event.reason() == QContextMenuEvent::Mouse) {
-        return event.globalPos();
-    }
-    const QRect row = visualRect(model()->index(SelectedRows().front(), 0));
+    const QList<int> rows = SelectedRows();
+    const int current = currentIndex().row();
+    const int at = rows.isEmpty() || rows.contains(current) ? current : rows.front();
+    const QRect row = visualRect(model()->index(at, 0));
     const QRect shown = viewport()->rect();
     const int y = std::clamp(row.bottom(), shown.top(), shown.bottom());
     return viewport()->mapToGlobal(QPoint(row.left() + iconSize().width(), y));

@@ -28,6 +28,9 @@ public:
     virtual void OpenAccount() = 0;
     virtual void DeleteSelected() = 0;
 
+    // What the status bar says of the command "Account...".
+    [[nodiscard]] virtual QString AccountPrompt() const = 0;
+
     // Asks the database whether the first selected row has an account to open; `answer` hears it,
     // unless `context` is gone by then. Without a selection there is none. Where it could not be read
     // the answer is Yes: the account's own window tells why.
@@ -82,19 +85,27 @@ protected:
         });
     }
 
-    // Runs `fill`, which resets the model, then selects the rows that `chosen` gives, of which -1
-    // stands for none, and scrolls to the same place.
-    void Refill(const std::function<void()> &fill, const std::function<QList<int>()> &chosen);
+    // Runs `fill`, which changes the model row by row, and sees to it that the same rows stay in view.
+    void KeepingPlace(const std::function<void()> &fill);
+
+    // The row becomes the current one and the one from which Shift selects; -1 leaves both as they are.
+    // Selected are `rows` alone, of which -1 stands for none.
+    void GoTo(int currentRow, const QList<int> &rows);
 
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     bool focusNextPrevChild(bool next) override;
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
 
 private:
-    [[nodiscard]] QPoint PlaceOfMenu(const QContextMenuEvent &event) const;
+    [[nodiscard]] bool IsInView(const QModelIndex &index) const;
+    [[nodiscard]] QList<QPersistentModelIndex> RowsInView() const;
+    [[nodiscard]] QPoint PlaceByKeyboard() const; // of the pop-up menu, on the screen
+    void OpenPopUp(const QPoint &place);
     void SetReading(bool nowReading);
 
     bool wasRead = true;

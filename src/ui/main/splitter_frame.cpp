@@ -3,6 +3,7 @@
 #include "access/group_list.h"
 #include "access/user_list.h"
 #include "ui/common/icons.h"
+#include "ui/common/window_memory.h"
 #include "ui/main/administrator_view.h"
 #include "ui/main/administrator_view_grp.h"
 #include "ui/main/auto_refresh.h"
@@ -40,7 +41,7 @@ CSplitterFrame::CSplitterFrame(const AppServices &appServices, FrameDialogs wind
     CreateBars();
     ReadSettings();
     CreateTimers();
-    resize(QSize(1000, 680).boundedTo(screen()->availableSize()));
+    RememberSize(*this, u"main"_s, {1000, 680});
     users->setFocus();
 }
 
@@ -60,6 +61,7 @@ void CSplitterFrame::CreatePanes()
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 1);
     setCentralWidget(splitter);
+    RememberParts(*splitter, u"main"_s);
     activePane = users;
     users->LoadColumns();
 }

@@ -87,6 +87,11 @@ int UserColumns::Width(UserColumn column) const
     return columnWidth[Slot(column)];
 }
 
+bool UserColumns::HasUsualWidth(UserColumn column) const
+{
+    return Width(column) == UserColumns().Width(column);
+}
+
 void UserColumns::Toggle(UserColumn column)
 {
     columnVisible[Slot(column)] = !columnVisible[Slot(column)];

@@ -49,6 +49,7 @@ struct UserColumns
 
     [[nodiscard]] bool IsVisible(UserColumn column) const;
     [[nodiscard]] int Width(UserColumn column) const;
+    [[nodiscard]] bool HasUsualWidth(UserColumn column) const; // no other one is stored
     void Toggle(UserColumn column);
 
     // The visible columns from left to right.

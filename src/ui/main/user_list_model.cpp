@@ -34,44 +34,31 @@ void UserListModel::SetColumns(const QList<UserColumn> &shown)
 {
     beginResetModel();
     columns = shown;
-    list = {};
+    Clear();
     endResetModel();
 }
 
-void UserListModel::SetList(const UserList &newList)
+bool UserListModel::HasMacAddresses() const
 {
-    beginResetModel();
-    list = newList;
-    endResetModel();
+    return std::ranges::any_of(Rows().rows,
+                               [](const UserRow &row) { return !row.macAddress.isEmpty(); });
 }
 
-void UserListModel::RemoveUser(UserId userId)
+QString UserListModel::NameAt(int row) const
 {
-    const int row = RowOf(userId);
-    if (row >= 0) {
-        beginRemoveRows({}, row, row);
-        list.rows.removeAt(row);
-        list.rowUserIds.removeAt(row);
-        endRemoveRows();
-    }
-}
-
-int UserListModel::RowOf(UserId userId) const
-{
-    return static_cast<int>(list.rowUserIds.indexOf(userId));
+    const UserRow &user = Rows().rows[row];
+    const QString texts[] = {user.userName, user.fullName, user.stationName, user.ipAddress};
+    const auto found =
+        std::ranges::find_if(texts, [](const QString &text) { return !text.trimmed().isEmpty(); });
+    return found == std::end(texts) ? QString() : *found;
 }
 
 int UserListModel::FindPrefix(const QString &text) const
 {
-    const auto found = std::ranges::find_if(list.rows, [&](const UserRow &row) {
+    const auto found = std::ranges::find_if(Rows().rows, [&](const UserRow &row) {
         return CellText(row, columns.front()).startsWith(text, Qt::CaseInsensitive);
     });
-    return found == list.rows.end() ? -1 : static_cast<int>(found - list.rows.begin());
-}
-
-int UserListModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(list.rows.size());
+    return found == Rows().rows.end() ? -1 : static_cast<int>(found - Rows().rows.begin());
 }
 
 int UserListModel::columnCount(const QModelIndex &parent) const
@@ -81,7 +68,7 @@ int UserListModel::columnCount(const QModelIndex &parent) const
 
 QVariant UserListModel::data(const QModelIndex &index, int role) const
 {
-    const UserRow &row = list.rows[index.row()];
+    const UserRow &row = Rows().rows[index.row()];
     const UserColumn column = columns[index.column()];
     if (column == UserColumn::Access) {
         return AccessCellData(row.access, role);

@@ -2,32 +2,35 @@
 #pragma once
 
 #include "access/user_list.h"
+#include "ui/main/id_table_model.h"
 #include "ui/main/user_columns.h"
 
-#include <QAbstractTableModel>
-
-class UserListModel : public QAbstractTableModel
+class UserListModel : public IdTableModel<UserList, UserId, &UserList::rowUserIds>
 {
     Q_OBJECT
 
 public:
-    using QAbstractTableModel::QAbstractTableModel;
+    using IdTableModel::IdTableModel;
 
     // Drops all rows.
     void SetColumns(const QList<UserColumn> &shown);
-    void SetList(const UserList &newList);
-    void RemoveUser(UserId userId);
 
     [[nodiscard]] UserColumn ColumnAt(int column) const { return columns[column]; }
-    [[nodiscard]] UserId UserAt(int row) const { return list.rowUserIds[row]; }
 
-    // -1 when the user is not listed.
-    [[nodiscard]] int RowOf(UserId userId) const;
+    // -1 for a column that is not shown.
+    [[nodiscard]] int SectionOf(UserColumn column) const
+    {
+        return static_cast<int>(columns.indexOf(column));
+    }
+
+    [[nodiscard]] bool HasMacAddresses() const;
+
+    // The user's name, whatever columns are shown; where it is blank, what else tells who it is.
+    [[nodiscard]] QString NameAt(int row) const;
 
     // The first row whose first column begins with `text`, in any letter case; -1 for none.
     [[nodiscard]] int FindPrefix(const QString &text) const;
 
-    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QVariant
@@ -35,5 +38,4 @@ public:
 
 private:
     QList<UserColumn> columns;
-    UserList list;
 };

@@ -5,10 +5,33 @@
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// An arrow, or the beginning of a name; the space bar opens the list itself.
+bool ChangesChoice(const QKeyEvent &press)
+{
+    switch (press.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return true;
+    default:
+        return !press.text().isEmpty() && press.text()[0].isPrint() && !press.text()[0].isSpace();
+    }
+}
+
+} // namespace
 
 AdapterChooser::AdapterChooser(Prompt &messages, const QList<Adapter> &listed, QWidget *parent)
     : QWidget(parent)
@@ -30,6 +53,7 @@ AdapterChooser::AdapterChooser(Prompt &messages, const QList<Adapter> &listed, Q
     form->addRow(LabelFor(u"Current adapter:"_s, *current), current);
     form->addRow(LabelFor(u"Bind to IP address:"_s, *address), address);
     form->addRow(LabelFor(u"Select new adapter from the list:"_s, *choice), choice);
+    choice->installEventFilter(this);
     connect(choice, &QComboBox::activated, this, &AdapterChooser::Pick);
 }
 
@@ -37,7 +61,6 @@ void AdapterChooser::SetCurrent(const QString &description)
 {
     const Adapter *adapter = FindAdapter(adapters, description);
     current->setText(description);
-    current->setCursorPosition(0);
     address->setText(adapter && adapter->address ? DottedText(*adapter->address) : QString());
     choice->setCurrentIndex(adapter ? static_cast<int>(adapter - adapters.constData()) : -1);
 }
@@ -45,6 +68,21 @@ void AdapterChooser::SetCurrent(const QString &description)
 void AdapterChooser::SetMayChange(bool mayChange)
 {
     choice->setEnabled(mayChange);
+}
+
+// A key held down, the letters of a name or a turn of the wheel would otherwise ask again and again, for
+// adapters that are only passed on the way.
+bool AdapterChooser::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Wheel) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && ChangesChoice(*static_cast<QKeyEvent *>(event))) {
+        choice->showPopup();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void AdapterChooser::Pick(int row)

@@ -21,6 +21,9 @@ public:
     void SetCurrent(const QString &description);
     void SetMayChange(bool mayChange);
 
+    // An adapter is picked out of the open list only: each key that would change the choice opens it.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 signals:
     // The administrator picked another adapter and said Yes. A No leaves everything as it was.
     void Picked(const Adapter &adapter);

@@ -14,7 +14,7 @@ AdapterDialog::AdapterDialog(const AppServices &appServices,
                              const QList<Adapter> &adapters,
                              bool mayChange,
                              QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , chooser(new AdapterChooser(services.prompt, adapters))
 {

@@ -3,12 +3,11 @@
 
 #include "admin/adapters.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class AdapterChooser;
 
-class AdapterDialog : public QDialog
+class AdapterDialog : public Dialog
 {
     Q_OBJECT
 

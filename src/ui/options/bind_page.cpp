@@ -6,10 +6,28 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QRadioButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// A line below a radio button, in line with its text.
+QLabel *LineBelow(const QRadioButton &button, const QString &text)
+{
+    auto *line = new QLabel(text);
+    line->setObjectName(button.objectName() + u"Needs"_s);
+    line->setWordWrap(true);
+    const QStyle &style = *button.style();
+    line->setIndent(style.pixelMetric(QStyle::PM_ExclusiveIndicatorWidth)
+                    + style.pixelMetric(QStyle::PM_RadioButtonLabelSpacing));
+    return line;
+}
+
+} // namespace
 
 IdentModeBox::IdentModeBox(qint32 &mode, const QString &userName, QWidget *parent)
     : QWidget(parent)
@@ -20,11 +38,21 @@ IdentModeBox::IdentModeBox(qint32 &mode, const QString &userName, QWidget *paren
         int mode;
         QString text;
         const char *name;
+        QString needs;
     };
     const Choice choices[] = {
-        {ident_mode::kIpAddress, u"IP-address"_s, "byIpAddress"},
-        {ident_mode::kMacAddress, u"MAC-address"_s, "byMacAddress"},
-        {ident_mode::kUserName, userName, "byUserName"},
+        {ident_mode::kIpAddress,
+         u"IP-address"_s,
+         "byIpAddress",
+         tr("Each workstation needs an address that stays the same.")},
+        {ident_mode::kMacAddress,
+         u"MAC-address"_s,
+         "byMacAddress",
+         tr("The workstations must not be behind a further router.")},
+        {ident_mode::kUserName,
+         userName,
+         "byUserName",
+         tr("Each user needs a login, and each workstation the agent.")},
     };
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -32,7 +60,9 @@ IdentModeBox::IdentModeBox(qint32 &mode, const QString &userName, QWidget *paren
         auto *button = MakeButton<QRadioButton>(choice.text, choice.name);
         button->setChecked(choice.mode == mode);
         buttons->addButton(button, choice.mode);
+        button->setAccessibleDescription(choice.needs);
         column->addWidget(button);
+        column->addWidget(LineBelow(*button, choice.needs));
     }
     connect(buttons, &QButtonGroup::idToggled, this, [&mode](int chosen, bool checked) {
         if (checked) {

@@ -5,6 +5,7 @@
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
+#include "ui/common/window_memory.h"
 
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -51,7 +52,7 @@ BrowseUserDialog::BrowseUserDialog(
     auto *column = new QVBoxLayout(this);
     column->addWidget(tree);
     column->addWidget(OkAndCancel(*this));
-    resize(340, 420);
+    RememberSize(*this, u"browse"_s, {340, 420});
     Fill(groups);
 }
 

@@ -70,7 +70,24 @@ QWidget *CreateLoginDialog::LoginBox()
     form->addRow(LabelFor(u"Login name:"_s, *name), name);
     form->addRow(LabelFor(u"Password:"_s, *password), password);
     form->addRow(LabelFor(u"Re-type password:"_s, *retyped), retyped);
+    passwordNote = new QLabel;
+    passwordNote->setObjectName(u"passwordNote"_s);
+    passwordNote->setWordWrap(true);
+    passwordNote->hide();
+    form->addRow(passwordNote);
+    for (const QLineEdit *field : {password, retyped}) {
+        connect(field, &QLineEdit::textChanged, this, &CreateLoginDialog::MarkPassword);
+    }
     return box;
+}
+
+// While it is typed: nobody sees how long it is.
+void CreateLoginDialog::MarkPassword()
+{
+    const auto problem = CheckPasswordLength(password->text());
+    const auto retypedProblem = CheckPasswordLength(retyped->text());
+    passwordNote->setText(problem.value_or(retypedProblem.value_or(QString())));
+    passwordNote->setVisible(!passwordNote->text().isEmpty());
 }
 
 QWidget *CreateLoginDialog::UserBox()

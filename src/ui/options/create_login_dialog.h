@@ -9,6 +9,7 @@
 class IpAddressField;
 class QCheckBox;
 class QGroupBox;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
@@ -36,6 +37,7 @@ private:
     void Show(const Login &login);
     void EnableControls();
     void Browse();
+    void MarkPassword();
     [[nodiscard]] LoginEntry Entry() const;
 
     const AppServices &services;
@@ -46,6 +48,7 @@ private:
     TextField *name = nullptr;
     QLineEdit *password = nullptr;
     QLineEdit *retyped = nullptr;
+    QLabel *passwordNote = nullptr; // while one is too long
     QCheckBox *bindToUser = nullptr;
     QLineEdit *user = nullptr;
     QPushButton *browse = nullptr;

@@ -1,5 +1,6 @@
 #include "ui/options/currency_editor.h"
 
+#include "access/limits.h"
 #include "base/amount_text.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
@@ -18,17 +19,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRateDecimals = 6;
 constexpr int kShownRows = 4;
 
 } // namespace
 
 CurrencyDialog::CurrencyDialog(Prompt &messages, const CurrencyEntry &shown, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , symbol(new TextField)
     , title(new TextField)
-    , rate(new AmountField(nullptr, kRateDecimals))
+    , rate(new NumberField(kRateBounds))
 {
     setWindowTitle(u"Add currency"_s);
     symbol->setObjectName(u"symbol"_s);
@@ -52,7 +52,10 @@ CurrencyEntry CurrencyDialog::Entry() const
 void CurrencyDialog::accept()
 {
     if (const auto problem = CheckEntry(Entry())) {
-        Complain(prompt, TextOf(*problem));
+        Refuse(prompt,
+               problem == CurrencyProblem::SymbolMissing ? *symbol
+                                                         : static_cast<QLineEdit &>(*rate),
+               TextOf(*problem));
         return;
     }
     QDialog::accept();
@@ -161,18 +164,19 @@ void CurrencyEditor::SelectRow(int row)
 
 void CurrencyEditor::SetPrice()
 {
-    auto *field = new AmountField;
+    auto *field = new NumberField(kPriceBounds);
     field->setObjectName(u"newPrice"_s);
     field->SetAmount(settings.trafficPrice);
     const QString shown = field->text();
     const auto take = [this, field, &shown] {
-        if (!field->Amount()) {
-            Complain(prompt, u"Enter the rate please"_s);
+        if (field->text() == shown) {
+            return true;
+        }
+        if (!HoldsNumber(
+                prompt, *field, field->IsBlank() ? u"Enter the rate please"_s : QString())) {
             return false;
         }
-        if (field->text() != shown) {
-            settings.trafficPrice = *field->Amount();
-        }
+        settings.trafficPrice = *field->Amount();
         return true;
     };
     EntryDialog dialog(u"Rate"_s, u"units per Mb"_s, field, take, this);

@@ -3,19 +3,18 @@
 
 #include "admin/currency_settings.h"
 #include "base/prompt.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <optional>
 
-class AmountField;
+class NumberField;
 class QLineEdit;
 class QPushButton;
 class QTreeWidget;
 class TextField;
 
 // "Add currency", also for the properties of the defined one.
-class CurrencyDialog : public QDialog
+class CurrencyDialog : public Dialog
 {
     Q_OBJECT
 
@@ -31,7 +30,7 @@ private:
     Prompt &prompt;
     TextField *symbol;
     TextField *title;
-    AmountField *rate;
+    NumberField *rate;
 };
 
 class CurrencyEditor : public QWidget

@@ -29,7 +29,7 @@ std::optional<quint32> Shown(std::optional<qint32> limit)
     return limit && *limit >= 0 ? std::optional(static_cast<quint32>(*limit)) : std::nullopt;
 }
 
-void Show(WholeNumberField &field, std::optional<qint32> limit)
+void Show(NumberField &field, std::optional<qint32> limit)
 {
     field.clear();
     if (const auto number = Shown(limit)) {
@@ -38,7 +38,7 @@ void Show(WholeNumberField &field, std::optional<qint32> limit)
 }
 
 // A limit that is shown as it was stays what it is.
-void Take(std::optional<qint32> &limit, const WholeNumberField &field)
+void Take(std::optional<qint32> &limit, const NumberField &field)
 {
     const auto typed = field.Number();
     if (typed != Shown(limit)) {
@@ -53,8 +53,8 @@ DefaultProfilePage::DefaultProfilePage(Prompt &messages, Options &edited)
     , options(edited)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , period(new QComboBox)
-    , trafficLimit(new WholeNumberField)
-    , timeLimit(new WholeNumberField)
+    , trafficLimit(new NumberField)
+    , timeLimit(new NumberField)
     , blocked(MakeButton<QCheckBox>(u"Block imminently"_s, "blocked"))
 {
     type->setTitle(u"Access control type"_s);
@@ -95,7 +95,7 @@ bool DefaultProfilePage::Leave()
         Complain(prompt, u"Please select one of the corporate type access options"_s);
         return false;
     }
-    return true;
+    return HoldsNumberIfAny(prompt, *trafficLimit) && HoldsNumberIfAny(prompt, *timeLimit);
 }
 
 void DefaultProfilePage::Collect()

@@ -8,7 +8,7 @@
 class AccessTypeBox;
 class QCheckBox;
 class QComboBox;
-class WholeNumberField;
+class NumberField;
 
 class DefaultProfilePage : public Page
 {
@@ -26,7 +26,7 @@ private:
     Options &options;
     AccessTypeBox *type;
     QComboBox *period;
-    WholeNumberField *trafficLimit;
-    WholeNumberField *timeLimit;
+    NumberField *trafficLimit;
+    NumberField *timeLimit;
     QCheckBox *blocked;
 };

@@ -11,7 +11,7 @@ EntryDialog::EntryDialog(const QString &title,
                          QWidget *field,
                          std::function<bool()> accepts,
                          QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , check(std::move(accepts))
 {
     setWindowTitle(title);

@@ -1,11 +1,11 @@
 // A small dialog around one field.
 #pragma once
 
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <functional>
 
-class EntryDialog : public QDialog
+class EntryDialog : public Dialog
 {
     Q_OBJECT
 

@@ -34,6 +34,7 @@ void ExclusionEditor::Add()
 {
     if (const auto problem = CheckExclusion(exclusions, address->Address())) {
         Complain(prompt, TextOf(*problem));
+        address->FocusWhatIsMissing();
         return;
     }
     exclusions.append(*address->Address());

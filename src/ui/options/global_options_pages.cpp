@@ -5,7 +5,6 @@
 #include "ui/common/number_field.h"
 #include "ui/common/text_field.h"
 #include "ui/options/currency_editor.h"
-#include "ui/options/integer_prompt.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -54,7 +53,7 @@ CAdministratorGenOptBind::CAdministratorGenOptBind(GlobalOptions &options)
 CAdministratorGenOptMisc::CAdministratorGenOptMisc(Prompt &messages, GlobalOptions &edited)
     : prompt(messages)
     , options(edited)
-    , updatePeriod(new WholeNumberField)
+    , updatePeriod(new NumberField({.least = kMinUpdatePeriod, .most = kMaxUpdatePeriod}))
     , domainLogon(MakeButton<QCheckBox>(u"Require domain logon"_s, "domainLogon"))
 {
     updatePeriod->setObjectName(u"updatePeriod"_s);
@@ -94,12 +93,11 @@ void CAdministratorGenOptMisc::Load()
 
 bool CAdministratorGenOptMisc::Leave()
 {
-    if (!HoldsInteger(prompt, *updatePeriod, kMinUpdatePeriod, kMaxUpdatePeriod)) {
+    if (!HoldsNumber(prompt, *updatePeriod)) {
         return false;
     }
     if (password->text() != retyped->text()) {
-        Complain(prompt, u"You entered different passwords. Please re-enter"_s);
-        password->setFocus();
+        Refuse(prompt, *password, u"You entered different passwords. Please re-enter"_s);
         return false;
     }
     return true;

@@ -7,7 +7,7 @@
 #include "ui/options/protocols_page.h"
 
 class QLineEdit;
-class WholeNumberField;
+class NumberField;
 
 // "Rate": the traffic price and the currencies.
 class CAdministratorGenOpt1st : public Page
@@ -46,7 +46,7 @@ private:
 
     Prompt &prompt;
     GlobalOptions &options;
-    WholeNumberField *updatePeriod;
+    NumberField *updatePeriod;
     QCheckBox *domainLogon;
     QLineEdit *password;
     QLineEdit *retyped;

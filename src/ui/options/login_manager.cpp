@@ -2,17 +2,22 @@
 
 #include "app/answering.h"
 #include "app/perform.h"
+#include "base/ipv4.h"
+#include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
+#include "ui/common/window_memory.h"
 #include "ui/options/create_login_dialog.h"
 
 #include <QHeaderView>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -34,6 +39,25 @@ QTreeWidgetItem *Entry(const QString &text, Filter filter, Picture picture, Grou
     entry->setData(0, kGroupRole, groupId.value);
     return entry;
 }
+
+// A row of the list; the headers sort by names without regard to case and by addresses as numbers.
+class LoginRow : public QTreeWidgetItem
+{
+public:
+    using QTreeWidgetItem::QTreeWidgetItem;
+
+    bool operator<(const QTreeWidgetItem &other) const override
+    {
+        const int column = treeWidget()->sortColumn();
+        const auto address = Ipv4From(text(column));
+        const auto otherAddress = Ipv4From(other.text(column));
+        if (address && otherAddress) {
+            return *address < *otherAddress;
+        }
+        const int order = text(column).compare(other.text(column), Qt::CaseInsensitive);
+        return order != 0 ? order < 0 : text(column) < other.text(column);
+    }
+};
 
 } // namespace
 
@@ -66,8 +90,9 @@ void LoginManager::Build()
     SetNames(*list, u"logins"_s, u"Logins"_s);
     list->setHeaderLabels({u"Login"_s, u"Bind to user"_s, u"Bind Address"_s});
     list->setRootIsDecorated(false);
-    list->header()->resizeSection(0, 170);
-    list->header()->resizeSection(1, 170);
+    list->setAllColumnsShowFocus(true);
+    list->setSortingEnabled(true);
+    list->sortByColumn(0, Qt::AscendingOrder);
     auto *panes = new QSplitter;
     panes->addWidget(tree);
     panes->addWidget(list);
@@ -91,7 +116,14 @@ void LoginManager::Build()
     auto *column = new QVBoxLayout(this);
     column->addWidget(panes);
     column->addLayout(bottom);
-    resize(720, 440);
+    RememberParts(*panes, u"logins"_s);
+    RememberSize(*this, u"logins"_s, {720, 440});
+    auto *columns = new ColumnMemory(
+        *list->header(), u"logins"_s, [](int section) { return QString::number(section); });
+    columns->PutUp([this] {
+        list->header()->resizeSection(0, 170);
+        list->header()->resizeSection(1, 170);
+    });
 
     connect(create, &QPushButton::clicked, this, &LoginManager::Create);
     connect(edit, &QPushButton::clicked, this, &LoginManager::Edit);
@@ -99,6 +131,15 @@ void LoginManager::Build()
     connect(tree, &QTreeWidget::currentItemChanged, this, &LoginManager::FillList);
     connect(list, &QTreeWidget::itemSelectionChanged, this, &LoginManager::EnableButtons);
     connect(list, &QTreeWidget::itemDoubleClicked, this, &LoginManager::Edit);
+    const auto onKey = [this](Qt::Key key, void (LoginManager::*command)()) {
+        connect(new QShortcut(key, list, nullptr, nullptr, Qt::WidgetShortcut),
+                &QShortcut::activated,
+                this,
+                command);
+    };
+    onKey(Qt::Key_Return, &LoginManager::Edit);
+    onKey(Qt::Key_Enter, &LoginManager::Edit);
+    onKey(Qt::Key_Delete, &LoginManager::Remove);
 }
 
 void LoginManager::FillTree(const std::vector<LoginGroup> &groups)
@@ -114,20 +155,36 @@ void LoginManager::FillTree(const std::vector<LoginGroup> &groups)
     tree->setCurrentItem(every);
 }
 
+// The same login stays the current one; where it went, the one in its place.
 void LoginManager::FillList()
 {
+    QTreeWidgetItem *current = list->currentItem();
+    const QString name = current == nullptr ? QString() : current->text(0);
+    const int place = list->indexOfTopLevelItem(current);
+    const bool isChosen = !list->selectedItems().isEmpty();
     list->clear();
     for (size_t index = 0; index < table.Logins().size(); ++index) {
         const Login &login = table.Logins()[index];
         if (!IsShown(login)) {
             continue;
         }
-        auto *row = new QTreeWidgetItem({login.name, login.userName, login.LimitAddress()});
+        auto *row = new LoginRow({login.name, login.userName, login.LimitAddress()});
         row->setIcon(0, IconOf(Picture::Logins));
         row->setData(0, kIndexRole, static_cast<qulonglong>(index));
         list->addTopLevelItem(row);
     }
+    if (isChosen) {
+        GoTo(name, place);
+    }
     EnableButtons();
+}
+
+void LoginManager::GoTo(const QString &name, int place)
+{
+    const auto found = list->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const int last = list->topLevelItemCount() - 1;
+    list->setCurrentItem(found.isEmpty() ? list->topLevelItem(std::min(place, last))
+                                         : found.first());
 }
 
 bool LoginManager::IsShown(const Login &login) const
@@ -168,6 +225,7 @@ void LoginManager::Create()
 {
     if (CreateLoginDialog(services, table, {}, this).exec() == Accepted) {
         FillList();
+        GoTo(table.Logins().back().name, -1);
     }
 }
 
@@ -182,7 +240,12 @@ void LoginManager::Edit()
 void LoginManager::Remove()
 {
     const auto index = Selected();
-    if (index && services.prompt.Ask(u"Remove this login from the database?"_s)) {
+    if (!index) {
+        return;
+    }
+    const QString name = table.Logins()[*index].name;
+    if (services.prompt.AskToDestroy(u"Remove this login from the database?"_s,
+                                     NamesLine({name}))) {
         table.Remove(*index);
         FillList();
     }
@@ -204,6 +267,16 @@ void LoginManager::accept()
     }
     FillList(); // what was saved may show what somebody else changed of it
     services.prompt.Tell(report.InWords(), Prompt::Icon::Error);
+}
+
+void LoginManager::reject()
+{
+    const QStringList unsaved = table.Changes().Names();
+    if (unsaved.isEmpty()
+        || services.prompt.AskToDestroy(tr("The changes of these logins are not saved. Drop them?"),
+                                        NamesLine(unsaved))) {
+        QDialog::reject();
+    }
 }
 
 LoginSaveReport LoginManager::Save(const LoginChanges &changes)

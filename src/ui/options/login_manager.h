@@ -30,10 +30,14 @@ public:
     // Saves; what was not saved, which is told, stays in the list for another OK.
     void accept() override;
 
+    // Asks first when something is not saved.
+    void reject() override;
+
 private:
     void Build();
     void FillTree(const std::vector<LoginGroup> &groups);
     void FillList();
+    void GoTo(const QString &name, int place); // the login of that name, else the one at the place
     [[nodiscard]] LoginSaveReport Save(const LoginChanges &changes);
     [[nodiscard]] bool IsShown(const Login &login) const;
     [[nodiscard]] std::optional<size_t> Selected() const;

@@ -12,7 +12,7 @@ MonitoredDialog::MonitoredDialog(Prompt &messages,
                                  ProtocolTable &edited,
                                  int monitorMode,
                                  QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , table(edited)
     , mode(monitorMode)

@@ -3,12 +3,11 @@
 
 #include "admin/protocol_table.h"
 #include "base/prompt.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class QListWidget;
 
-class MonitoredDialog : public QDialog
+class MonitoredDialog : public Dialog
 {
     Q_OBJECT
 

@@ -5,7 +5,6 @@
 #include "ui/common/number_field.h"
 #include "ui/options/adapter_chooser.h"
 #include "ui/options/currency_editor.h"
-#include "ui/options/integer_prompt.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -16,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 kHighestAuthPort = 65535; // 0 stands for none
+constexpr NumberBounds kAuthPort {.least = 0, .most = 65535}; // 0 stands for none
 
 // A number that a person wrote into the store may be below 0; the field takes none.
 quint32 Shown(qint32 number)
@@ -25,7 +24,7 @@ quint32 Shown(qint32 number)
 }
 
 // A number that is shown as it was stays what it is, although the field cannot hold it.
-void Take(qint32 &number, const WholeNumberField &field)
+void Take(qint32 &number, const NumberField &field)
 {
     const quint32 typed = field.Number().value_or(0);
     if (typed != Shown(number)) {
@@ -38,7 +37,7 @@ void Take(qint32 &number, const WholeNumberField &field)
 GeneralPage::GeneralPage(Prompt &messages, Options &edited)
     : prompt(messages)
     , options(edited)
-    , updatePeriod(new WholeNumberField)
+    , updatePeriod(new NumberField)
 {
     updatePeriod->setObjectName(u"updatePeriod"_s);
     auto *form = new QFormLayout(this);
@@ -57,7 +56,7 @@ void GeneralPage::Load()
 
 bool GeneralPage::Leave()
 {
-    return HoldsInteger(prompt, *updatePeriod);
+    return HoldsNumber(prompt, *updatePeriod, u"Please enter an integer."_s);
 }
 
 void GeneralPage::Collect()
@@ -104,7 +103,7 @@ QString TariffPage::Title() const
 AuthenticationPage::AuthenticationPage(Prompt &messages, Options &edited)
     : prompt(messages)
     , options(edited)
-    , port(new WholeNumberField)
+    , port(new NumberField(kAuthPort))
     , requiredForNew(
           MakeButton<QCheckBox>(u"Require authentication from all new users"_s, "authReqNew"))
     , notLogged(MakeButton<QCheckBox>(u"Allow authentication for users not logged to domain"_s,
@@ -135,7 +134,7 @@ void AuthenticationPage::Load()
 
 bool AuthenticationPage::Leave()
 {
-    return HoldsInteger(prompt, *port, 0, kHighestAuthPort);
+    return HoldsNumber(prompt, *port);
 }
 
 void AuthenticationPage::Collect()

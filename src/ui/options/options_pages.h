@@ -7,7 +7,7 @@
 #include "ui/common/page.h"
 
 class QCheckBox;
-class WholeNumberField;
+class NumberField;
 
 class GeneralPage : public Page
 {
@@ -23,7 +23,7 @@ public:
 private:
     Prompt &prompt;
     Options &options;
-    WholeNumberField *updatePeriod;
+    NumberField *updatePeriod;
 };
 
 class AdapterPage : public Page
@@ -58,7 +58,7 @@ public:
 private:
     Prompt &prompt;
     Options &options;
-    WholeNumberField *port;
+    NumberField *port;
     QCheckBox *requiredForNew;
     QCheckBox *notLogged;
     QCheckBox *nonHost;

@@ -52,6 +52,7 @@ PageListSheet::PageListSheet(Prompt &prompt, const QString &caption, QWidget *pa
     SoftenSelection(*list);
     ReplaceTabs(list);
     connect(list, &QListWidget::currentRowChanged, this, &PageListSheet::Choose);
+    connect(list, &QListWidget::itemSelectionChanged, this, [this] { Follow(Active()); });
     connect(this, &Sheet::Turned, this, &PageListSheet::Follow);
     auto *help = Buttons().addButton(QDialogButtonBox::Help);
     help->setObjectName(u"help"_s);
@@ -76,9 +77,10 @@ void PageListSheet::Choose(int row)
     }
 }
 
-// A page that refused to be left is chosen in the list again.
+// The page that shows is the one that is chosen in the list: also when it refused to be left, or when its
+// entry was unmarked, as by a click with Ctrl or below the entries.
 void PageListSheet::Follow(int page)
 {
     const QSignalBlocker quiet(list);
-    list->setCurrentRow(page);
+    list->setCurrentRow(page, QItemSelectionModel::ClearAndSelect);
 }

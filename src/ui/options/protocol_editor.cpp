@@ -1,6 +1,8 @@
 #include "ui/options/protocol_editor.h"
 
 #include "ui/common/controls.h"
+#include "ui/common/elided_label.h"
+#include "ui/common/number_field.h"
 #include "ui/common/text_field.h"
 #include "ui/options/editable_list.h"
 #include "ui/options/entry_dialog.h"
@@ -13,11 +15,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <typename Field>
-Field *Named(const char *objectName)
+TextField *NameField()
 {
-    auto *field = new Field;
-    field->setObjectName(QLatin1String(objectName));
+    auto *field = new TextField;
+    field->setObjectName(u"protocol"_s);
+    return field;
+}
+
+NumberField *PortField()
+{
+    auto *field = new NumberField({.least = 1, .most = kHighestPort});
+    field->setObjectName(u"port"_s);
     return field;
 }
 
@@ -41,7 +49,7 @@ ProtocolList::ProtocolList(Prompt &messages,
     , table(edited)
 {
     if (entry == ProtocolEntry::Field) {
-        name = Named<TextField>("protocol");
+        name = NameField();
     }
     list = new EditableList(
         u"protocols"_s, {texts.list, texts.entry, texts.add, texts.remove}, {u"Protocol"_s}, name);
@@ -78,7 +86,7 @@ void ProtocolList::AddEntered()
         name->setFocus();
         return;
     }
-    auto *field = Named<TextField>("protocol");
+    auto *field = NameField();
     EntryDialog dialog(
         u"Add protocol"_s,
         u"Protocol title:"_s,
@@ -118,17 +126,16 @@ PortList::PortList(Prompt &messages,
     : QWidget(parent)
     , prompt(messages)
     , table(edited)
-    , owner(new QLabel)
+    , owner(new ElidedLabel)
 {
     if (entry == ProtocolEntry::Field) {
-        number = Named<QLineEdit>("port");
+        number = PortField();
     }
     list = new EditableList(
         u"ports"_s, {{}, texts.entry, texts.add, texts.remove}, {u"Port"_s}, number);
     auto *heading = new QLabel(texts.list);
     heading->setBuddy(list->findChild<QWidget *>(u"ports"_s));
     owner->setObjectName(u"portsOwner"_s);
-    owner->setTextFormat(Qt::PlainText);
     auto *row = new QHBoxLayout;
     row->addWidget(heading);
     row->addWidget(owner, 1);
@@ -141,11 +148,11 @@ PortList::PortList(Prompt &messages,
     Show(-1);
 }
 
-bool PortList::Add(const QString &text)
+bool PortList::Add(const NumberField &entered)
 {
-    bool isNumber = false;
-    const int port = text.trimmed().toInt(&isNumber);
-    if (!Accepted(prompt, table.AddPort(protocol, isNumber ? std::optional(port) : std::nullopt))) {
+    const auto port = entered.Number();
+    const auto typed = port ? std::optional(static_cast<qint32>(*port)) : std::nullopt;
+    if (!Accepted(prompt, table.AddPort(protocol, typed))) {
         return false;
     }
     Show(protocol);
@@ -156,19 +163,15 @@ bool PortList::Add(const QString &text)
 void PortList::AddEntered()
 {
     if (number) {
-        if (Add(number->text())) {
+        if (Add(*number)) {
             number->clear();
         }
         number->setFocus();
         return;
     }
-    auto *field = Named<QLineEdit>("port");
+    auto *field = PortField();
     EntryDialog dialog(
-        u"Add port"_s,
-        u"Port number:"_s,
-        field,
-        [this, field] { return Add(field->text()); },
-        this);
+        u"Add port"_s, u"Port number:"_s, field, [this, field] { return Add(*field); }, this);
     dialog.exec();
 }
 

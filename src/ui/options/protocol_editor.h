@@ -9,7 +9,8 @@
 #include <optional>
 
 class EditableList;
-class QLabel;
+class ElidedLabel;
+class NumberField;
 class QLineEdit;
 
 // How something new is entered: in a small dialog or in a field above the list.
@@ -70,14 +71,14 @@ public:
     void Show(qsizetype protocol);
 
 private:
-    [[nodiscard]] bool Add(const QString &number);
+    [[nodiscard]] bool Add(const NumberField &entered);
     void AddEntered();
     void Remove();
 
     Prompt &prompt;
     ProtocolTable &table;
     qsizetype protocol = -1;
-    QLineEdit *number = nullptr;
-    QLabel *owner;
+    NumberField *number = nullptr;
+    ElidedLabel *owner;
     EditableList *list;
 };

@@ -5,11 +5,11 @@
 #include "service/service_guard.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/window_memory.h"
+#include "ui/options/purge_period_box.h"
 
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -30,15 +30,6 @@ namespace {
 enum OutcomeColumn { Table, WouldGo, Removed };
 
 constexpr int kTroubleRole = Qt::UserRole + 1; // what went wrong with a table, in a word
-
-QDateEdit *DayPicker(const char *objectName)
-{
-    auto *picker = new QDateEdit(Today());
-    picker->setObjectName(QString::fromLatin1(objectName));
-    picker->setCalendarPopup(true);
-    picker->setDisplayFormat(u"yyyy-MM-dd"_s);
-    return picker;
-}
 
 QString TableTitle(const QString &table)
 {
@@ -72,7 +63,6 @@ PurgeDialog::PurgeDialog(const AppServices &appServices, QWidget *parent)
     setWindowTitle(u"Purge database"_s);
     Build();
     byPeriod->setChecked(true);
-    lastMonth->setChecked(true);
     EnableControls();
 }
 
@@ -88,7 +78,6 @@ void PurgeDialog::Build()
     buttons->addButton(purge, QDialogButtonBox::ActionRole);
     buttons->addButton(help, QDialogButtonBox::HelpRole);
     buttons->addButton(close, QDialogButtonBox::RejectRole);
-    close->setDefault(true);
     connect(purge, &QPushButton::clicked, this, &PurgeDialog::Purge);
     connect(close, &QPushButton::clicked, this, &PurgeDialog::reject);
     connect(help, &QPushButton::clicked, this, [this] {
@@ -99,12 +88,20 @@ void PurgeDialog::Build()
 
     auto *choices = new QHBoxLayout;
     choices->addWidget(ModeBox(), 1);
-    choices->addWidget(PeriodBox(), 1);
+    period = new PurgePeriodBox;
+    connect(period, &PurgePeriodBox::Changed, this, &PurgeDialog::EnableControls);
+    choices->addWidget(period, 1);
     auto *column = new QVBoxLayout(this);
     column->addWidget(tip);
     column->addLayout(choices);
     column->addWidget(OutcomeBox());
     column->addWidget(buttons);
+    // In the window at last, so that it is this window's default; Return never presses another one.
+    for (QPushButton *button : {purge, help}) {
+        button->setAutoDefault(false);
+    }
+    close->setDefault(true);
+    RememberSize(*this, u"purge"_s, sizeHint());
 }
 
 QWidget *PurgeDialog::ModeBox()
@@ -123,28 +120,6 @@ QWidget *PurgeDialog::ModeBox()
     column->addStretch();
     connect(all, &QRadioButton::toggled, this, &PurgeDialog::EnableControls);
     return box;
-}
-
-QWidget *PurgeDialog::PeriodBox()
-{
-    periodBox = new QGroupBox(u"Save data for period of time"_s);
-    today = MakeButton<QRadioButton>(u"Today"_s, "today");
-    lastWeek = MakeButton<QRadioButton>(u"Last week"_s, "lastWeek");
-    lastMonth = MakeButton<QRadioButton>(u"Last month"_s, "lastMonth");
-    custom = MakeButton<QRadioButton>(u"Custom"_s, "custom");
-    since = DayPicker("since");
-    until = DayPicker("until");
-    auto *range = new QFormLayout;
-    range->setContentsMargins(20, 0, 0, 0);
-    range->addRow(LabelFor(u"Since:"_s, *since), since);
-    range->addRow(LabelFor(u"Until:"_s, *until), until);
-    auto *column = new QVBoxLayout(periodBox);
-    for (auto *choice : {today, lastWeek, lastMonth, custom}) {
-        column->addWidget(choice);
-    }
-    column->addLayout(range);
-    connect(custom, &QRadioButton::toggled, this, &PurgeDialog::EnableControls);
-    return periodBox;
 }
 
 QWidget *PurgeDialog::OutcomeBox()
@@ -175,53 +150,45 @@ QWidget *PurgeDialog::OutcomeBox()
 void PurgeDialog::EnableControls()
 {
     deleteUsers->setEnabled(all->isChecked());
-    periodBox->setEnabled(byPeriod->isChecked());
-    since->setEnabled(custom->isChecked());
-    until->setEnabled(custom->isChecked());
+    period->setEnabled(byPeriod->isChecked());
+    purge->setEnabled(!busy && Choice());
+    close->setEnabled(!busy);
 }
 
-PurgeChoice PurgeDialog::Choice() const
+std::optional<PurgeChoice> PurgeDialog::Choice() const
 {
     if (all->isChecked()) {
-        return {PurgeChoice::Keep::Nothing, deleteUsers->isChecked(), {}, {}};
+        return PurgeChoice {PurgeChoice::Keep::Nothing, deleteUsers->isChecked(), {}, {}};
     }
-    if (custom->isChecked()) {
-        return {PurgeChoice::Keep::Custom, false, since->date(), until->date()};
-    }
-    if (lastMonth->isChecked()) {
-        return {PurgeChoice::Keep::LastMonth, false, {}, {}};
-    }
-    const auto keep =
-        lastWeek->isChecked() ? PurgeChoice::Keep::LastWeek : PurgeChoice::Keep::Today;
-    return {keep, false, {}, {}};
+    return period->Choice();
 }
 
-bool PurgeDialog::IsPeriodInOrder()
-{
-    const bool isCustom = byPeriod->isChecked() && custom->isChecked();
-    if (!isCustom || since->date() <= until->date()) {
-        return true;
-    }
-    services.prompt.Tell(u"You entered incorrect time period. Please re-enter one of the dates"_s,
-                         Prompt::Icon::Warning);
-    until->setDate(since->date());
-    until->setFocus();
-    return false;
-}
-
+// The service may have been started since the window opened.
 void PurgeDialog::Purge()
 {
-    if (busy || !IsPeriodInOrder()) {
+    const auto choice = Choice();
+    if (busy || !choice || (byPeriod->isChecked() && !period->IsInOrder(services.prompt))
+        || !PurgeMayOpen(services.control, services.prompt)) {
         return;
     }
     SetBusy(true);
-    auto steps = PurgeSteps(Choice(), Today());
-    if (Count(steps)
-        && services.prompt.Ask(
-            u"This will erase the particular information from your database. Continue?"_s)) {
+    period->ShowDays(); // a new day may have begun
+    const QDate day = Today();
+    auto steps = PurgeSteps(*choice, day);
+    if (Count(steps) && MayRemove(*choice, day)) {
         RunSteps(steps);
     }
     SetBusy(false);
+}
+
+bool PurgeDialog::MayRemove(const PurgeChoice &choice, QDate day)
+{
+    const QString words = PurgeInWords(choice, day);
+    const auto late = QuestionOnLateDay(choice, day);
+    return (!late || services.prompt.AskToDestroy(*late, {}))
+        && services.prompt.AskToDestroy(
+            u"This will erase the particular information from your database. Continue?"_s, words)
+        && PurgeMayOpen(services.control, services.prompt);
 }
 
 // False when a person cancelled it. A count that failed is told and keeps nobody from purging: its rows
@@ -350,8 +317,7 @@ void PurgeDialog::TellEnd(const Trouble &trouble)
 void PurgeDialog::SetBusy(bool nowBusy)
 {
     busy = nowBusy;
-    purge->setEnabled(!busy);
-    close->setEnabled(!busy);
+    EnableControls();
 }
 
 void PurgeDialog::reject()

@@ -6,9 +6,8 @@
 
 #include <QDialog>
 
+class PurgePeriodBox;
 class QCheckBox;
-class QDateEdit;
-class QGroupBox;
 class QLabel;
 class QProgressBar;
 class QPushButton;
@@ -36,12 +35,11 @@ private:
 
     void Build();
     QWidget *ModeBox();
-    QWidget *PeriodBox();
     QWidget *OutcomeBox();
     void EnableControls();
-    [[nodiscard]] PurgeChoice Choice() const;
-    [[nodiscard]] bool IsPeriodInOrder();
+    [[nodiscard]] std::optional<PurgeChoice> Choice() const; // nothing while none is made
     void Purge();
+    [[nodiscard]] bool MayRemove(const PurgeChoice &choice, QDate day);
     [[nodiscard]] bool Count(std::vector<PurgeStep> &steps);
     void ShowCounts(const std::vector<PurgeStep> &steps);
     void RunSteps(const std::vector<PurgeStep> &steps);
@@ -53,13 +51,7 @@ private:
     QRadioButton *all = nullptr;
     QRadioButton *byPeriod = nullptr;
     QCheckBox *deleteUsers = nullptr;
-    QGroupBox *periodBox = nullptr;
-    QRadioButton *today = nullptr;
-    QRadioButton *lastWeek = nullptr;
-    QRadioButton *lastMonth = nullptr;
-    QRadioButton *custom = nullptr;
-    QDateEdit *since = nullptr;
-    QDateEdit *until = nullptr;
+    PurgePeriodBox *period = nullptr;
     QTreeWidget *outcome = nullptr;
     QProgressBar *progress = nullptr;
     QLabel *doing = nullptr;

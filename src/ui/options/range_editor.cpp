@@ -11,10 +11,20 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// After a refusal: the address is complete when the mask is what is wrong.
+void FocusWhatIsMissing(IpAddressField &network, IpAddressField &mask)
+{
+    (network.IsComplete() && !mask.IsComplete() ? mask : network).FocusWhatIsMissing();
+}
+
+} // namespace
+
 AddRangeDialog::AddRangeDialog(Prompt &messages,
                                const QList<AddressRange> &existing,
                                QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , ranges(existing)
     , network(new IpAddressField(u"IP address"_s))
@@ -33,6 +43,7 @@ void AddRangeDialog::accept()
 {
     if (const auto problem = CheckRange(ranges, network->Address(), mask->Address())) {
         Complain(prompt, TextOf(*problem));
+        FocusWhatIsMissing(*network, *mask);
         return;
     }
     range = {*network->Address(), *mask->Address()};
@@ -88,6 +99,7 @@ void RangeEditor::AddEntered()
     }
     if (const auto problem = CheckRange(ranges, network->Address(), mask->Address())) {
         Complain(prompt, TextOf(*problem));
+        FocusWhatIsMissing(*network, *mask);
         return;
     }
     Add({*network->Address(), *mask->Address()});

@@ -3,14 +3,13 @@
 
 #include "admin/address_ranges.h"
 #include "base/prompt.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class EditableList;
 class IpAddressField;
 
 // "Add IP addresses range"
-class AddRangeDialog : public QDialog
+class AddRangeDialog : public Dialog
 {
     Q_OBJECT
 

@@ -4,6 +4,7 @@
 #include "app/waiting.h"
 #include "ui/common/accessible.h"
 #include "ui/common/icons.h"
+#include "ui/common/window_memory.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -18,7 +19,7 @@ using namespace Qt::StringLiterals;
 UnmonitoredDialog::UnmonitoredDialog(const AppServices &appServices,
                                      std::vector<UnmonitoredUser> unmonitored,
                                      QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , list(new QListWidget)
     , monitor(new QPushButton(u"Monitor user"_s))
@@ -43,7 +44,7 @@ UnmonitoredDialog::UnmonitoredDialog(const AppServices &appServices,
     column->addWidget(note);
     column->addWidget(list);
     column->addWidget(buttons);
-    resize(sizeHint().expandedTo({420, 380}));
+    RememberSize(*this, u"unmonitored"_s, sizeHint().expandedTo({420, 380}));
 
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(monitor, &QPushButton::clicked, this, &UnmonitoredDialog::MonitorSelected);

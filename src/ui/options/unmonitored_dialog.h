@@ -3,15 +3,14 @@
 
 #include "admin/unmonitored.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <vector>
 
 class QListWidget;
 class QPushButton;
 
-class UnmonitoredDialog : public QDialog
+class UnmonitoredDialog : public Dialog
 {
     Q_OBJECT
 

@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 AddMemberDialog::AddMemberDialog(std::vector<Member> users, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , offered(std::move(users))
     , list(new QListWidget)
 {

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "access/member_table.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class QListWidget;
 
-class AddMemberDialog : public QDialog
+class AddMemberDialog : public Dialog
 {
     Q_OBJECT
 

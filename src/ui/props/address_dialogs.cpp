@@ -17,7 +17,7 @@ constexpr qsizetype kMacCharacters = 12;
 }
 
 ChangeIpDialog::ChangeIpDialog(Prompt &messages, const QString &address, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , field(new IpAddressField(u"IP address"_s))
 {
@@ -37,6 +37,7 @@ void ChangeIpDialog::accept()
     const auto address = field->Address();
     if (!address) {
         Complain(prompt, u"Please enter full IP address"_s);
+        field->FocusWhatIsMissing();
         return;
     }
     emit Entered(*address);
@@ -44,7 +45,7 @@ void ChangeIpDialog::accept()
 }
 
 ChangeMacDialog::ChangeMacDialog(Prompt &messages, const QString &address, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , field(new TextField)
 {
@@ -60,7 +61,9 @@ ChangeMacDialog::ChangeMacDialog(Prompt &messages, const QString &address, QWidg
 void ChangeMacDialog::accept()
 {
     if (field->text().toUcs4().size() != kMacCharacters) {
-        Complain(prompt, u"MAC address can contain only 12 symbols. Please re-enter the address"_s);
+        Refuse(prompt,
+               *field,
+               u"MAC address can contain only 12 symbols. Please re-enter the address"_s);
         return;
     }
     QDialog::accept();

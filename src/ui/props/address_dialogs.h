@@ -3,13 +3,12 @@
 
 #include "base/ipv4.h"
 #include "base/prompt.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class IpAddressField;
 class TextField;
 
-class ChangeIpDialog : public QDialog
+class ChangeIpDialog : public Dialog
 {
     Q_OBJECT
 
@@ -29,7 +28,7 @@ private:
     IpAddressField *field;
 };
 
-class ChangeMacDialog : public QDialog
+class ChangeMacDialog : public Dialog
 {
     Q_OBJECT
 

@@ -1,8 +1,11 @@
 #include "ui/props/change_group_dialog.h"
 
+#include "access/group_name.h"
 #include "access/list_commands.h"
+#include "access/owner.h"
 #include "app/perform.h"
 #include "app/waiting.h"
+#include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/props/name_dialog.h"
 
@@ -13,13 +16,15 @@
 #include <QVBoxLayout>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices,
                                      const QList<NamedGroup> &groups,
+                                     Place place,
                                      QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , list(new QListWidget(this))
     , add(new QPushButton(u"Add group..."_s, this))
@@ -36,7 +41,19 @@ ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices,
     connect(list, &QListWidget::itemDoubleClicked, this, &ChangeGroupDialog::accept);
     connect(add, &QPushButton::clicked, this, &ChangeGroupDialog::AddNewGroup);
     connect(remove, &QPushButton::clicked, this, &ChangeGroupDialog::DeleteChosenGroup);
+    for (QPushButton *command : {add, remove}) {
+        command->setVisible(place == Place::Command);
+    }
     Fill(groups);
+}
+
+void ChangeGroupDialog::StartAt(GroupId groupId)
+{
+    const auto position = static_cast<int>(groupIds.indexOf(groupId));
+    list->setCurrentRow(position, QItemSelectionModel::NoUpdate);
+    if (position >= 0) {
+        list->scrollToItem(list->item(position), QAbstractItemView::PositionAtCenter);
+    }
 }
 
 void ChangeGroupDialog::Lay()
@@ -59,9 +76,6 @@ void ChangeGroupDialog::Lay()
     layout->addWidget(LabelFor(u"Select one of the groups:"_s, *list));
     layout->addLayout(middle, 1);
     layout->addWidget(buttons);
-    setTabOrder(list, add);
-    setTabOrder(add, remove);
-    setTabOrder(remove, ok);
 }
 
 void ChangeGroupDialog::Fill(const QList<NamedGroup> &groups)
@@ -94,8 +108,8 @@ void ChangeGroupDialog::Choose()
 bool ChangeGroupDialog::IsNew(const QString &name) const
 {
     for (int position = 0; position < list->count(); ++position) {
-        if (list->item(position)->text().compare(name, Qt::CaseInsensitive) == 0) {
-            services.prompt.Tell(u"The group with this name already exists!"_s);
+        if (GroupNameKey(list->item(position)->text()) == GroupNameKey(name)) {
+            services.prompt.Tell(GroupNameTakenText());
             return false;
         }
     }
@@ -136,7 +150,16 @@ void ChangeGroupDialog::List(const QString &name, GroupId groupId)
 
 void ChangeGroupDialog::DeleteChosenGroup()
 {
-    if (!services.prompt.Ask(u"You are going to remove the group. Continue?"_s)) {
+    // By its id: beside a name that was added, another group's id may stand.
+    const auto name = Await(services, this, tr("Reading the group's name..."), [this] {
+        return NameOf(chosen.groupId);
+    });
+    if (!name) {
+        TellUnread(services, tr("The group's name could not be read."), name.error());
+        return;
+    }
+    if (!services.prompt.AskToDestroy(u"You are going to remove the group. Continue?"_s,
+                                      *name ? NamesLine({**name}) : QString())) {
         return;
     }
     if (chosen.name == u"Everybody"_s) { // kept: the message does not stop the statements
@@ -164,13 +187,68 @@ void ChangeGroupDialog::accept()
     QDialog::accept();
 }
 
-std::optional<NamedGroup> ChooseGroup(const AppServices &services, QWidget *parent)
+namespace {
+
+using Place = ChangeGroupDialog::Place;
+
+struct Choices
 {
-    const auto groups = Await(services, parent, u"Reading the groups..."_s, ReadGroupNames);
-    if (!groups) {
-        TellUnread(services, u"The groups could not be read."_s, groups.error());
+    QList<NamedGroup> groups;
+    std::optional<GroupId> current;
+};
+
+std::optional<NamedGroup>
+Choose(const AppServices &services, Place place, Result<Choices> choices, QWidget *parent)
+{
+    if (!choices) {
+        TellUnread(services, u"The groups could not be read."_s, choices.error());
         return std::nullopt;
     }
-    ChangeGroupDialog dialog(services, *groups, parent);
+    ChangeGroupDialog dialog(services, choices->groups, place, parent);
+    if (choices->current) {
+        dialog.StartAt(*choices->current);
+    }
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.ChosenGroup()) : std::nullopt;
+}
+
+Result<Choices> ReadChoicesFor(const QList<UserId> &userIds)
+{
+    auto groups = ReadGroupNames();
+    if (!groups) {
+        return tl::unexpected(std::move(groups.error()));
+    }
+    if (userIds.isEmpty()) {
+        return Choices {*std::move(groups), {}};
+    }
+    const auto current = ReadGroupOfUser(userIds.front());
+    if (!current) {
+        return tl::unexpected(current.error());
+    }
+    return Choices {*std::move(groups), *current};
+}
+
+} // namespace
+
+std::optional<NamedGroup>
+ChooseGroupFor(const AppServices &services, const QList<UserId> &userIds, QWidget *parent)
+{
+    return Choose(services,
+                  Place::Command,
+                  Await(services,
+                        parent,
+                        u"Reading the groups..."_s,
+                        [userIds] { return ReadChoicesFor(userIds); }),
+                  parent);
+}
+
+std::optional<NamedGroup>
+ChooseGroupInSheet(const AppServices &services, GroupId current, QWidget *parent)
+{
+    auto groups = Await(services, parent, u"Reading the groups..."_s, ReadGroupNames);
+    return Choose(services,
+                  Place::Sheet,
+                  std::move(groups).map([current](QList<NamedGroup> names) {
+                      return Choices {std::move(names), current};
+                  }),
+                  parent);
 }

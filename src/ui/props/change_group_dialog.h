@@ -1,10 +1,10 @@
-// "Change group": chooses one of the groups; groups can be added and deleted on the way.
+// "Change group": chooses one of the groups; as a command of its own it lets groups be added and deleted
+// on the way.
 #pragma once
 
 #include "access/group_list.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <optional>
 
@@ -13,14 +13,21 @@ class QPushButton;
 
 // What "Add group..." and "Delete group" do stands in the database at once, whatever closes the
 // dialog. What could not be done there changes nothing here.
-class ChangeGroupDialog : public QDialog
+class ChangeGroupDialog : public Dialog
 {
     Q_OBJECT
 
 public:
+    // Inside a sheet, whose Cancel could not take them back, groups are neither added nor deleted.
+    enum class Place { Command, Sheet };
+
     ChangeGroupDialog(const AppServices &services,
                       const QList<NamedGroup> &groups,
+                      Place place,
                       QWidget *parent);
+
+    // Goes to the row of this group without choosing it.
+    void StartAt(GroupId groupId);
 
     // The group that was chosen; meaningful after OK.
     [[nodiscard]] const NamedGroup &ChosenGroup() const { return chosen; }
@@ -48,6 +55,9 @@ private:
     NamedGroup chosen;
 };
 
-// Reads the groups and has one chosen. Nothing when none was chosen, or when they could not be read,
-// which is told.
-[[nodiscard]] std::optional<NamedGroup> ChooseGroup(const AppServices &services, QWidget *parent);
+// Reads the groups and has one chosen, starting at the group that the first of the users has or that the
+// sheet shows. Nothing when none was chosen, or when they could not be read, which is told.
+[[nodiscard]] std::optional<NamedGroup>
+ChooseGroupFor(const AppServices &services, const QList<UserId> &userIds, QWidget *parent);
+[[nodiscard]] std::optional<NamedGroup>
+ChooseGroupInSheet(const AppServices &services, GroupId current, QWidget *parent);

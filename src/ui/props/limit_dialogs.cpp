@@ -1,5 +1,6 @@
 #include "ui/props/limit_dialogs.h"
 
+#include "access/limits.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/number_field.h"
@@ -24,7 +25,7 @@ QString PeriodName(LimitPeriod period)
 }
 
 PeriodDialog::PeriodDialog(Prompt &messages, LimitPeriod period, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , list(new QListWidget)
 {
@@ -56,9 +57,9 @@ LimitPeriod PeriodDialog::Period() const
 }
 
 LimitDialog::LimitDialog(Prompt &messages, const QString &label, quint32 limit, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
-    , field(new WholeNumberField)
+    , field(new NumberField)
 {
     setWindowTitle(u"Limit"_s);
     field->setObjectName(u"limit"_s);
@@ -71,11 +72,9 @@ LimitDialog::LimitDialog(Prompt &messages, const QString &label, quint32 limit, 
 
 void LimitDialog::accept()
 {
-    if (!field->Number()) {
-        Complain(prompt, u"Please enter the limit as a whole number"_s);
-        return;
+    if (HoldsNumber(prompt, *field, u"Please enter the limit as a whole number"_s)) {
+        QDialog::accept();
     }
-    QDialog::accept();
 }
 
 quint32 LimitDialog::Limit() const
@@ -84,9 +83,9 @@ quint32 LimitDialog::Limit() const
 }
 
 RateDialog::RateDialog(Prompt &messages, double rate, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
-    , field(new AmountField)
+    , field(new NumberField(kPriceBounds))
 {
     setWindowTitle(u"Rate"_s);
     field->setObjectName(u"rate"_s);
@@ -102,12 +101,11 @@ RateDialog::RateDialog(Prompt &messages, double rate, QWidget *parent)
 
 void RateDialog::accept()
 {
-    const auto rate = field->Amount();
-    if (!rate || *rate > kMost) {
-        Complain(prompt, u"Please enter the rate as a number from 0 to 1000000000"_s);
-        return;
+    if (field->Amount()) {
+        QDialog::accept();
+    } else {
+        Refuse(prompt, *field, u"Please enter the rate as a number from 0 to 1000000000"_s);
     }
-    QDialog::accept();
 }
 
 double RateDialog::Rate() const

@@ -3,17 +3,15 @@
 
 #include "base/prompt.h"
 #include "db/value_codes.h"
+#include "ui/common/dialog.h"
 
-#include <QDialog>
-
-class AmountField;
+class NumberField;
 class QListWidget;
-class WholeNumberField;
 
 // "Day" or "Month", an empty text for any other code.
 [[nodiscard]] QString PeriodName(LimitPeriod period);
 
-class PeriodDialog : public QDialog
+class PeriodDialog : public Dialog
 {
     Q_OBJECT
 
@@ -30,7 +28,7 @@ private:
     QListWidget *list;
 };
 
-class LimitDialog : public QDialog
+class LimitDialog : public Dialog
 {
     Q_OBJECT
 
@@ -44,16 +42,14 @@ public:
 
 private:
     Prompt &prompt;
-    WholeNumberField *field;
+    NumberField *field;
 };
 
-class RateDialog : public QDialog
+class RateDialog : public Dialog
 {
     Q_OBJECT
 
 public:
-    static constexpr double kMost = 1e9;
-
     RateDialog(Prompt &prompt, double rate, QWidget *parent = nullptr);
 
     void accept() override;
@@ -62,5 +58,5 @@ public:
 
 private:
     Prompt &prompt;
-    AmountField *field;
+    NumberField *field;
 };

@@ -43,12 +43,12 @@ Result<std::optional<UsersAndAccess>> ReadUsersAndAccess(const std::vector<UserI
 ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
                                  const UsersAndAccess &opened,
                                  QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , period(new QComboBox)
-    , traffic(new WholeNumberField)
-    , time(new WholeNumberField)
+    , traffic(new NumberField)
+    , time(new NumberField)
     , progress(new QProgressBar)
 {
     for (const NamedUser &user : opened.users) {
@@ -131,9 +131,12 @@ std::optional<ModeAndLimits> ManyUsersDialog::Entered()
         Complain(services.prompt, u"Please choose an accounting period"_s);
         return {};
     }
-    if ((traffic->isEnabled() && !traffic->Number()) || (time->isEnabled() && !time->Number())) {
-        Complain(services.prompt, u"Please enter the limit as a whole number"_s);
-        return {};
+    for (NumberField *limit : {traffic, time}) {
+        if (limit->isEnabled()
+            && !HoldsNumber(
+                services.prompt, *limit, u"Please enter the limit as a whole number"_s)) {
+            return {};
+        }
     }
     ModeAndLimits entered;
     entered.mode = *mode;

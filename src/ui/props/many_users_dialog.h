@@ -3,8 +3,7 @@
 
 #include "access/many_users.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <optional>
 #include <vector>
@@ -13,7 +12,7 @@ class AccessTypeBox;
 class QComboBox;
 class QFormLayout;
 class QProgressBar;
-class WholeNumberField;
+class NumberField;
 
 // What is read before the dialog opens: the users that are there, and how the first of them stands.
 struct UsersAndAccess
@@ -26,7 +25,7 @@ struct UsersAndAccess
 [[nodiscard]] Result<std::optional<UsersAndAccess>>
 ReadUsersAndAccess(const std::vector<UserId> &userIds);
 
-class ManyUsersDialog : public QDialog
+class ManyUsersDialog : public Dialog
 {
     Q_OBJECT
 
@@ -53,7 +52,7 @@ private:
     std::vector<UserId> userIds;
     AccessTypeBox *type;
     QComboBox *period;
-    WholeNumberField *traffic;
-    WholeNumberField *time;
+    NumberField *traffic;
+    NumberField *time;
     QProgressBar *progress;
 };

@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 NameDialog::NameDialog(const QString &title, const QString &label, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , name(new TextField(this))
 {
     setWindowTitle(title);

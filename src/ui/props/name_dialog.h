@@ -1,13 +1,13 @@
 // "Add group" and "Rename group": one name, OK and Cancel.
 #pragma once
 
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <functional>
 
 class TextField;
 
-class NameDialog : public QDialog
+class NameDialog : public Dialog
 {
     Q_OBJECT
 

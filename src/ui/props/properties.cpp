@@ -5,6 +5,7 @@
 #include "app/waiting.h"
 #include "ui/accounts/account_page.h"
 #include "ui/accounts/currency_now.h"
+#include "ui/accounts/owner_notice.h"
 #include "ui/common/controls.h"
 #include "ui/common/sheet.h"
 #include "ui/props/access_pages.h"
@@ -95,6 +96,7 @@ bool OpenUserSheet(const AppServices &services, UserId userId, int page, QWidget
     // Kept: this page belongs to the sheet and is not added to it.
     const CAdministratorUserPAcc accountPage(services, userId, record->base.mode, record->account);
     Sheet sheet(u"User properties"_s, parent);
+    sheet.SetHeading(OwnerHeading(record->Self(), record->base.userName, &sheet));
     sheet.Add(new CAdministratorUserPPage(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPAccess(services.prompt, *record, &sheet));
     sheet.Add(new CAdministratorUserPLimits(services, *record, &sheet));
@@ -116,6 +118,7 @@ bool OpenGroupSheet(const AppServices &services, GroupId groupId, int page, QWid
     const CAdministratorGroupPAcc accountPage(
         services, groupId, record->base.mode, record->account);
     Sheet sheet(u"Group's properties"_s, parent);
+    sheet.SetHeading(OwnerHeading(record->Self(), record->base.name, &sheet));
     sheet.Add(new CAdministratorGroupPPage(services, *record, &sheet));
     sheet.Add(new CAdministratorGroupPAccess(*record, &sheet));
     sheet.Add(new CAdministratorGroupPLimits(services, *record, &sheet));

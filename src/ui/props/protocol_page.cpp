@@ -47,17 +47,19 @@ QWidget *ProtocolPage::MakeLists()
     auto *release = MakeButton<QPushButton>(u">>"_s, "release", u"Take the protocol back"_s);
     select->setToolTip(select->accessibleName());
     release->setToolTip(release->accessibleName());
+    auto *between = new QVBoxLayout;
+    between->addStretch();
+    between->addWidget(select);
+    between->addWidget(release);
+    between->addStretch();
     auto *lists = new QWidget;
     auto *grid = new QGridLayout(lists);
     grid->setContentsMargins({});
     grid->addWidget(LabelFor(u"Selected"_s, *selectedList), 0, 0);
     grid->addWidget(LabelFor(u"Available"_s, *availableList), 0, 2);
-    grid->addWidget(selectedList, 1, 0, 4, 1);
-    grid->addWidget(select, 2, 1);
-    grid->addWidget(release, 3, 1);
-    grid->addWidget(availableList, 1, 2, 4, 1);
-    grid->setRowStretch(1, 1);
-    grid->setRowStretch(4, 1);
+    grid->addWidget(selectedList, 1, 0);
+    grid->addLayout(between, 1, 1);
+    grid->addWidget(availableList, 1, 2);
     connect(
         select, &QPushButton::clicked, this, [this] { Move(*availableList, *selectedList, true); });
     connect(release, &QPushButton::clicked, this, [this] {

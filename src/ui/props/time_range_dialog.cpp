@@ -28,7 +28,7 @@ QTimeEdit *TimeField(const char *objectName, QTime time)
 } // namespace
 
 TimeRangeDialog::TimeRangeDialog(Prompt &messages, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , prompt(messages)
     , day(new QComboBox)
     , since(TimeField("since", {8, 0}))

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "base/prompt.h"
+#include "ui/common/dialog.h"
 
-#include <QDialog>
 #include <QTime>
 
 class QComboBox;
 class QTimeEdit;
 
-class TimeRangeDialog : public QDialog
+class TimeRangeDialog : public Dialog
 {
     Q_OBJECT
 

@@ -140,7 +140,7 @@ void CAdministratorUserPPage::ChangeMac()
 
 void CAdministratorUserPPage::ChangeGroup()
 {
-    if (const auto chosen = ChooseGroup(services, this)) {
+    if (const auto chosen = ChooseGroupInSheet(services, record.draft.groupId, this)) {
         record.draft.groupId = chosen->groupId;
         record.draft.groupName = chosen->name;
         ShowDraft();

@@ -6,6 +6,7 @@
 #include "reports/wording.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/window_memory.h"
 #include "ui/reports/crystal_ctrl.h"
 #include "ui/reports/report_viewer.h"
 
@@ -72,7 +73,8 @@ ReportsDialog::ReportsDialog(const AppServices &appServices, QWidget *parent)
     allAvailable->setChecked(true);
     EnablePickers();
     SelectFirst();
-    resize(QSize(1120, 760).boundedTo(screen()->availableSize()));
+    RememberParts(*split, u"reports"_s);
+    RememberSize(*this, u"reports"_s, {1120, 760});
 }
 
 ReportViewer &ReportsDialog::Viewer() const

@@ -1,6 +1,7 @@
 #include "ui/wizard/setup_wizard.h"
 
 #include "admin/protocol_storage.h"
+#include "ui/common/keyboard_order.h"
 #include "ui/options/settings_window.h"
 #include "ui/wizard/setup_wizard_pages.h"
 
@@ -57,7 +58,21 @@ CSetupWizard::CSetupWizard(Prompt &prompt,
     for (const auto &[which, name] : names) {
         button(which)->setObjectName(QLatin1String(name));
     }
+    ArrangeKeyboard();
     connect(this, &QWizard::currentIdChanged, this, &CSetupWizard::Follow);
+}
+
+// Each page is seen together with the wizard's own buttons.
+void CSetupWizard::ArrangeKeyboard()
+{
+    QSet<QChar> taken;
+    for (const WizardButton which : {BackButton, NextButton, FinishButton, CancelButton}) {
+        taken.insert(MnemonicIn(buttonText(which)));
+    }
+    for (const int id : pageIds()) {
+        SetTabOrderByReading(*page(id));
+        GiveMnemonics(*page(id), taken);
+    }
 }
 
 // The window is called as its page. Back from the user binds leads past the ports when no list of

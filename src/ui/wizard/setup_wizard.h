@@ -26,6 +26,7 @@ public:
     void accept() override;
 
 private:
+    void ArrangeKeyboard();
     void Follow(int page);
 
     NetworkSetup &setup;

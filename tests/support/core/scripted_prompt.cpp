@@ -13,3 +13,9 @@ bool ScriptedPrompt::Ask(const QString &text, const QString &caption)
     lastCaption = caption;
     return !answers.isEmpty() && answers.dequeue();
 }
+
+bool ScriptedPrompt::AskToDestroy(const QString &text, const QString &goes)
+{
+    going << goes;
+    return Ask(text, {});
+}

@@ -2,6 +2,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSet>
 #include <QTest>
@@ -71,6 +74,123 @@ bool IsReached(const QWidget &control, const QSet<const QWidget *> &reached)
         [&reached](const QWidget *each) { return reached.contains(each); });
 }
 
+QStringList Names(const QList<const QWidget *> &widgets)
+{
+    QStringList names;
+    for (const QWidget *widget : widgets) {
+        names << widget->objectName();
+    }
+    return names;
+}
+
+// The controls in the order in which `key` meets them, once round from where the focus is.
+QList<const QWidget *> Round(const QWidget &window, Qt::Key key, Qt::KeyboardModifiers held)
+{
+    QList<const QWidget *> met {QApplication::focusWidget()};
+    for (int pressed = 0; pressed < kMostControls; ++pressed) {
+        Press(key, held);
+        const QWidget *now = QApplication::focusWidget();
+        EXPECT_TRUE(window.isAncestorOf(now));
+        if (now != met.last()) { // a date keeps it for several
+            if (now == met.first()) {
+                return met;
+            }
+            met.append(now);
+        }
+    }
+    met.resize(std::min<qsizetype>(met.size(), 12));
+    ADD_FAILURE() << "the focus does not come round: " << qPrintable(Names(met).join(u" > "));
+    return {};
+}
+
+QRect PlaceOf(const QWidget &control, const QWidget &window)
+{
+    return {control.mapTo(&window, QPoint()), control.size()};
+}
+
+// Below, or further right.
+bool Follows(const QRect &next, const QRect &previous)
+{
+    return next.center().y() > previous.center().y() || next.left() >= previous.right();
+}
+
+// OK, Cancel and Help, as far as they are there.
+QList<const QWidget *> LastOnes(const QWidget &window)
+{
+    QList<const QWidget *> last;
+    for (const auto *box : window.findChildren<QDialogButtonBox *>()) {
+        for (const auto role : {QDialogButtonBox::AcceptRole,
+                                QDialogButtonBox::RejectRole,
+                                QDialogButtonBox::HelpRole}) {
+            for (const QAbstractButton *button : box->buttons()) {
+                if (box->buttonRole(const_cast<QAbstractButton *>(button)) == role
+                    && CanBeUsed(*button)) {
+                    last.append(button);
+                }
+            }
+        }
+    }
+    return last;
+}
+
+void ExpectReadingOrder(const QWidget &window, QList<const QWidget *> met)
+{
+    const QList<const QWidget *> last = LastOnes(window);
+    if (!last.isEmpty() && met.contains(last.last())) {
+        std::ranges::rotate(met, met.begin() + met.indexOf(last.last()) + 1);
+        const qsizetype others = std::max<qsizetype>(met.size() - last.size(), 0);
+        EXPECT_EQ(Names(met.mid(others)), Names(last)) << "OK, Cancel and Help come last";
+        met.resize(others);
+    } else { // the one place where it goes back is where it comes round
+        for (qsizetype place = 1; place < met.size(); ++place) {
+            if (!Follows(PlaceOf(*met[place], window), PlaceOf(*met[place - 1], window))) {
+                std::ranges::rotate(met, met.begin() + place);
+                break;
+            }
+        }
+    }
+    for (qsizetype place = 1; place < met.size(); ++place) {
+        EXPECT_TRUE(Follows(PlaceOf(*met[place], window), PlaceOf(*met[place - 1], window)))
+            << qPrintable(met[place]->objectName()) << " comes after "
+            << qPrintable(met[place - 1]->objectName());
+    }
+}
+
+// The text whose letter counts; empty for what needs none.
+QString MarkedText(const QWidget &widget)
+{
+    if (const auto *label = qobject_cast<const QLabel *>(&widget)) {
+        return label->buddy() != nullptr ? label->text() : QString();
+    }
+    const auto *button = qobject_cast<const QAbstractButton *>(&widget);
+    if (button == nullptr || button->objectName().startsWith(u"qt_"_s)) {
+        return {};
+    }
+    const QString text = QString(button->text()).remove(u'&');
+    if (std::ranges::none_of(text, [](QChar c) { return c.isLetterOrNumber(); })) {
+        return {}; // an arrow
+    }
+    const bool hasKey = text == u"OK"_s || text == u"Cancel"_s || text == u"Close"_s;
+    return hasKey ? QString() : button->text();
+}
+
+void ExpectMnemonics(const QWidget &window)
+{
+    QMap<QChar, QString> owners;
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        const QString text = MarkedText(*widget);
+        if (!widget->isVisible() || text.isEmpty()) {
+            continue;
+        }
+        const qsizetype mark = text.indexOf(u'&');
+        const QChar letter = mark < 0 ? QChar() : text.at(mark + 1).toUpper();
+        EXPECT_TRUE(letter.isLetterOrNumber()) << "no mnemonic in " << qPrintable(text);
+        EXPECT_FALSE(owners.contains(letter))
+            << qPrintable(text) << " and " << qPrintable(owners.value(letter));
+        owners.insert(letter, text);
+    }
+}
+
 } // namespace
 
 void TabTo(QWidget &window, const char *name)
@@ -127,4 +247,27 @@ void ExpectKeyboardReachesAll(const QWidget &part)
             EXPECT_TRUE(HasName(*control)) << qPrintable(control->objectName());
         }
     }
+}
+
+void ExpectWorksByKeyboard(const QWidget &window)
+{
+    ExpectMnemonics(window);
+    const bool hasFocus = QTest::qWaitFor([&window] {
+        return QApplication::focusWidget() != nullptr
+            && window.isAncestorOf(QApplication::focusWidget());
+    });
+    ASSERT_TRUE(hasFocus) << "nothing has the focus";
+    const QList<const QWidget *> met = Round(window, Qt::Key_Tab, Qt::NoModifier);
+    ExpectReadingOrder(window, met);
+    const QSet<const QWidget *> reached(met.begin(), met.end());
+    for (const QWidget *control : window.findChildren<QWidget *>()) {
+        if (CanBeUsed(*control)) {
+            EXPECT_TRUE(IsReached(*control, reached)) << qPrintable(control->objectName());
+        }
+    }
+    QList<const QWidget *> back = Round(window, Qt::Key_Backtab, Qt::ShiftModifier);
+    if (!back.isEmpty()) {
+        std::ranges::reverse(back.begin() + 1, back.end());
+    }
+    EXPECT_EQ(Names(back), Names(met)) << "Shift+Tab goes back the way that Tab came";
 }

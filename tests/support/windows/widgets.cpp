@@ -111,6 +111,11 @@ void DoubleClickCell(QAbstractItemView &view, int row, int column)
     QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, place);
 }
 
+QString WithoutMark(QString text)
+{
+    return text.remove(u'&');
+}
+
 QStringList RowTexts(const QAbstractItemView &view)
 {
     const QAbstractItemModel &model = *view.model();

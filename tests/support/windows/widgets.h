@@ -53,6 +53,9 @@ void TurnTo(QTabWidget &tabs, const QString &text);
 void ClickCell(QAbstractItemView &view, int row, int column, Qt::KeyboardModifiers held = {});
 void DoubleClickCell(QAbstractItemView &view, int row, int column);
 
+// The text of a label or button as it is shown: without the mark of its mnemonic.
+[[nodiscard]] QString WithoutMark(QString text);
+
 // The shown texts of a list, one string for each row, columns joined with "|".
 [[nodiscard]] QStringList RowTexts(const QAbstractItemView &view);
 

@@ -227,18 +227,25 @@ TEST_F(AccountWindow, RefusesAmountsAndDaysThatMakeNoCredit)
     InAccount([&](QDialog &dialog) {
         WhileAdding(dialog, [&](QDialog &credit) {
             auto &amount = Find<QLineEdit>(credit, "amount");
-            for (const auto *text : {"", "0", "0.00", "abc", "-", "1000000000.01"}) {
+            for (const auto *text : {"",
+                                     "0",
+                                     "0.00",
+                                     "abc",
+                                     "-",
+                                     "-5",
+                                     "+7",
+                                     "1e3",
+                                     "1 000",
+                                     "2,5",
+                                     "2.505",
+                                     "1000000000.01"}) {
                 Type(amount, QString::fromLatin1(text));
                 PressKey(Qt::Key_Return);
                 EXPECT_EQ(prompt.TakeSaid(), QStringList {tooFew}) << text;
+                EXPECT_EQ(amount.text(), QString::fromLatin1(text)) << "all stays as it was typed";
                 EXPECT_TRUE(amount.hasFocus());
             }
-            const std::pair<const char *, const char *> typed[] = {
-                {"-5", "5"}, {"+7", "7"}, {"1e3", "13"}, {"1 000", "1000"}, {"2.505", "2.50"}};
-            for (const auto &[keys, text] : typed) {
-                Type(amount, QString::fromLatin1(keys));
-                EXPECT_EQ(amount.text(), QString::fromLatin1(text)) << keys;
-            }
+            Type(amount, u"2.5"_s);
             Click(credit, "noExpiry");
             Find<QDateEdit>(credit, "expiryDay").setDate({2026, 11, 20});
             Click(credit, "ok");

@@ -1,3 +1,4 @@
+#include "support/windows/dark_palette.h"
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "ui/common/accessible.h"
@@ -8,9 +9,11 @@
 #include "ui/common/text_field.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -49,47 +52,144 @@ TEST(TextField, NeverHoldsMoreThanItsBytes)
     EXPECT_EQ(small.text(), u"\U0001F600\U0001F600"_s);
 }
 
-TEST(WholeNumberField, TakesDigitsUpToItsMaximum)
+TEST(NumberField, KeepsWhatIsTypedAndMarksWhatItCannotTake)
 {
-    WholeNumberField field;
+    NumberField field({.least = 1, .most = 30});
     ShowActive(field);
-    EXPECT_EQ(field.Number(), std::nullopt);
-    Type(field, u"-12a.5"_s);
-    EXPECT_EQ(field.Number(), 125U);
-    Type(field, u"2147483647"_s);
-    EXPECT_EQ(field.Number(), 2147483647U);
-    Type(field, u"2147483648"_s);
-    EXPECT_EQ(field.Number(), 214748364U); // the last digit was refused
+    field.SetUnit(u"days"_s);
+    struct Case
+    {
+        QString typed;
+        std::optional<quint32> number;
+        bool isWrong;
+    };
+    const Case cases[] = {
+        {u"30"_s, 30, false},
+        {u"31"_s, {}, true},
+        {u"2,5"_s, {}, true},
+        {u"1e3"_s, {}, true},
+        {u"-5"_s, {}, true},
+        {u"2147483648"_s, {}, true},
+        {u"12a"_s, {}, true},
+        {u""_s, {}, false},
+    };
+    for (const Case &each : cases) {
+        Type(field, each.typed);
+        EXPECT_EQ(field.text(), each.typed);
+        EXPECT_EQ(field.Number(), each.number) << qPrintable(each.typed);
+        EXPECT_EQ(field.IsWrong(), each.isWrong) << qPrintable(each.typed);
+        EXPECT_EQ(field.accessibleDescription(),
+                  each.isWrong ? u"days. Please enter an integer between 1 and 30."_s : u"days"_s);
+        EXPECT_EQ(field.toolTip().isEmpty(), !each.isWrong);
+    }
     Paste(field, u"99999999999999999999"_s);
-    EXPECT_EQ(field.Number(), 214748364U);
-    WholeNumberField small(nullptr, 30);
-    ShowActive(small);
-    Type(small, u"31"_s);
-    EXPECT_EQ(small.Number(), 3U);
-    small.SetNumber(30);
-    EXPECT_EQ(small.text(), u"30"_s);
+    EXPECT_EQ(field.text(), u"99999999999999999999"_s);
+    EXPECT_TRUE(field.IsWrong());
+    field.SetNumber(30);
+    EXPECT_EQ(field.text(), u"30"_s);
+    EXPECT_FALSE(field.IsWrong());
 }
 
-TEST(AmountField, TakesBothSeparatorsAndTwoDecimals)
+TEST(NumberField, ReadsAmountsAsTheLocaleWritesThem)
 {
-    AmountField field;
+    NumberField field({.least = 0, .most = 1e9, .decimals = 2});
     ShowActive(field);
     const QLocale before;
-    for (const auto *locale : {"C", "de_DE"}) {
-        QLocale::setDefault(QLocale(QString::fromLatin1(locale)));
-        const QString separator = QLocale().decimalPoint();
-        Type(field, u"12.345"_s);
-        EXPECT_EQ(field.text(), u"12.34"_s);
-        Type(field, u"7"_s + separator + u"18"_s);
-        EXPECT_EQ(field.Amount(), 7.18) << locale;
-        Type(field, u"."_s);
-        EXPECT_EQ(field.Amount(), std::nullopt);
-        Type(field, u".5"_s);
-        EXPECT_EQ(field.Amount(), 0.5);
-        field.SetAmount(1234567.5);
-        EXPECT_EQ(field.text(), u"1234567.50"_s);
-    }
+    QLocale::setDefault(QLocale(u"de_DE"_s));
+    Type(field, u"1.234,56"_s);
+    EXPECT_EQ(field.Amount(), 1234.56);
+    Type(field, u"1.234"_s);
+    EXPECT_EQ(field.text(), u"1.234"_s);
+    EXPECT_EQ(field.Amount(), std::nullopt);
+    EXPECT_TRUE(field.IsWrong());
+    EXPECT_EQ(field.Request(),
+              u"Please enter a number between 0 and 1000000000, with at most 2 decimals."_s);
+    field.SetAmount(1234567.5);
+    EXPECT_EQ(field.text(), u"1234567.50"_s);
+    EXPECT_EQ(field.Amount(), 1234567.5);
     QLocale::setDefault(before);
+}
+
+TEST(NumberField, MarksOnALightAndOnADarkGround)
+{
+    const auto edge = [] { // the colour of the frame in the middle of its upper side
+        NumberField field;
+        field.setText(u"x"_s);
+        field.resize(200, 30);
+        const QImage picture = field.grab().toImage();
+        return picture.pixelColor(100, 1);
+    };
+    const QColor onLight = edge();
+    const DarkPalette dark;
+    const QColor onDark = edge();
+    EXPECT_GT(onLight.red(), 2 * onLight.blue());
+    EXPECT_GT(onDark.lightness(), onLight.lightness());
+}
+
+namespace {
+
+QString Texts(const IpAddressField &field)
+{
+    QStringList texts;
+    for (const char *octet : {"octet0", "octet1", "octet2", "octet3"}) {
+        texts << Find<QLineEdit>(field, octet).text();
+    }
+    return texts.join(u'|');
+}
+
+void TypeOver(const QString &keys)
+{
+    for (const QChar key : keys) {
+        QTest::keyClicks(QApplication::focusWidget(), QString(key));
+    }
+}
+
+} // namespace
+
+TEST(IpAddressField, IsTypedOverWhereverTheFocusCameFrom)
+{
+    QWidget window;
+    auto *button = new QPushButton(u"before"_s, &window);
+    auto *field = new IpAddressField(u"IP address"_s, &window);
+    auto *row = new QHBoxLayout(&window);
+    row->addWidget(button);
+    row->addWidget(field);
+    ShowActive(window);
+    struct Case
+    {
+        const char *typed;
+        const char *stored;
+    };
+    const Case cases[] = {
+        {"172.16.5.9", "172.16.5.9"}, // the point after a third digit moves on once
+        {"172165.9", "172.165.9.11"}, // a third digit alone moves on
+        {"1.2.3.4", "1.2.3.4"},
+        {"192,168,0,1", "192.168.0.1"}, // a keypad's comma
+        {"255.255.255.255", "255.255.255.255"},
+        {"9...8", "9.0.0.8"}, // a point keeps the part that is there
+    };
+    auto &first = Find<QLineEdit>(*field, "octet0");
+    const std::function<void()> ways[] = {
+        [&] { field->setFocus(); },
+        [&] {
+            button->setFocus();
+            QTest::keyClick(button, Qt::Key_Tab);
+        },
+        [&] {
+            button->setFocus();
+            QTest::mouseClick(&first, Qt::LeftButton, {}, first.rect().center());
+        },
+    };
+    for (const auto &focus : ways) {
+        for (const Case &each : cases) {
+            button->setFocus();
+            field->SetAddress(*Ipv4From(u"10.0.0.11"_s));
+            focus();
+            ASSERT_TRUE(first.hasFocus());
+            TypeOver(QString::fromLatin1(each.typed));
+            EXPECT_EQ(field->Address(), Ipv4From(QString::fromLatin1(each.stored))) << each.typed;
+        }
+    }
 }
 
 TEST(IpAddressField, IsTypedPastedAndCorrected)
@@ -105,15 +205,23 @@ TEST(IpAddressField, IsTypedPastedAndCorrected)
     Type(field, u"1.2.3"_s); // replaces the first octet; the others are typed over in turn
     EXPECT_EQ(field.Address(), Ipv4From(u"1.2.3.20"_s));
     field.Clear();
-    Type(field, u"10.300"_s);
-    EXPECT_EQ(Find<QLineEdit>(field, "octet1").text(), u"30"_s);
+    Type(field, u"10.300.1.1"_s); // stays as it was typed, and is no address
+    EXPECT_EQ(Texts(field), u"10|300|1|1"_s);
     EXPECT_FALSE(field.IsComplete());
     EXPECT_FALSE(field.IsBlank());
     EXPECT_EQ(field.Address(), std::nullopt);
+    EXPECT_EQ(Find<QLineEdit>(field, "octet1").accessibleDescription(),
+              u"Please enter an integer between 0 and 255."_s);
+    Type(Find<QLineEdit>(field, "octet1"), u"3o"_s);
+    EXPECT_EQ(field.Address(), std::nullopt);
+    Type(Find<QLineEdit>(field, "octet1"), u"30"_s);
+    EXPECT_EQ(field.Address(), Ipv4From(u"10.30.1.1"_s));
 
     Paste(field, u" 172.16.254.1\n"_s);
     EXPECT_EQ(field.Address(), Ipv4From(u"172.16.254.1"_s));
-    Paste(field, u"no address"_s);
+    for (const QString &text : {u"no address"_s, u"10.0.0"_s, u"10.0.0.0/24"_s, u"1.2.3.256"_s}) {
+        Paste(field, text);
+    }
     EXPECT_EQ(field.Address(), Ipv4From(u"172.16.254.1"_s));
     field.SetAddress(0xFFFFFFFF);
     EXPECT_EQ(Find<QLineEdit>(field, "octet3").text(), u"255"_s);
@@ -181,6 +289,30 @@ TEST(MessageBoxPrompt, TellsAndAsks)
             QTest::keyClick(&dialog, key, key == Qt::Key_Escape ? Qt::NoModifier : Qt::AltModifier);
         });
         EXPECT_EQ(prompt.Ask(u"Continue?"_s, u"Tollbrook"_s), yes);
+    }
+}
+
+TEST(MessageBoxPrompt, AQuestionOnARemovalHasNoByReturn)
+{
+    MessageBoxPrompt prompt;
+    QWidget window;
+    ShowActive(window);
+    const QString question = u"Delete them?"_s;
+    for (const QString &goes : {u"<b>anna"_s, QString()}) {
+        const std::pair<Qt::Key, bool> answers[] = {
+            {Qt::Key_Return, false}, {Qt::Key_Escape, false}, {Qt::Key_Y, true}};
+        for (const auto &[key, yes] : answers) {
+            const WhileModal answer([&, key = key](QDialog &dialog) {
+                const auto &box = static_cast<const QMessageBox &>(dialog);
+                EXPECT_EQ(box.text(), goes.isEmpty() ? question : question + u"\n\n<b>anna"_s);
+                EXPECT_EQ(box.textFormat(), Qt::PlainText);
+                EXPECT_EQ(QApplication::focusWidget(), box.button(QMessageBox::No));
+                QTest::keyClick(QApplication::focusWidget(),
+                                key,
+                                key == Qt::Key_Y ? Qt::AltModifier : Qt::NoModifier);
+            });
+            EXPECT_EQ(prompt.AskToDestroy(question, goes), yes) << key;
+        }
     }
 }
 

@@ -16,8 +16,10 @@ class ChangeGroup : public ListFixture
 protected:
     ChangeGroupDialog &Open()
     {
-        dialog = std::make_unique<ChangeGroupDialog>(
-            Services(), ReadGroupNames().value_or(QList<NamedGroup>()), nullptr);
+        dialog = std::make_unique<ChangeGroupDialog>(Services(),
+                                                     ReadGroupNames().value_or(QList<NamedGroup>()),
+                                                     ChangeGroupDialog::Place::Command,
+                                                     nullptr);
         dialog->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
         return *dialog;
@@ -108,13 +110,21 @@ TEST_F(ChangeGroup, ANameIsAddedOnce)
 {
     AddGroupNamed(u"\u00c9t\u00e9"_s);
     Open();
-    for (const QString &name : {u"everybody"_s, u"EVERYBODY"_s, u"\u00e9T\u00c9"_s}) {
+    for (const QString &name : {u"everybody"_s, u"EVERYBODY "_s, u"e\u0301T\u00c9"_s}) {
         Add(name);
     }
     EXPECT_EQ(refused.size(), 3);
     EXPECT_EQ(prompt.TakeSaid(), QStringList(3, u"The group with this name already exists!"_s));
+    Execute("INSERT INTO groups (name) VALUES ('Meanwhile')"); // not in the dialog's list
+    Add(u"MEANWHILE"_s);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"The group with this name already exists!"_s));
+    Add(QString());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Please enter the name of the group"_s));
+    EXPECT_EQ(refused.size(), 5);
+    refused.clear();
+    Execute("DELETE FROM groups WHERE name = 'Meanwhile'");
     Add(u"O'Hara\"s"_s);
-    EXPECT_EQ(refused.size(), 3);
+    EXPECT_TRUE(refused.isEmpty());
     EXPECT_EQ(RowsOf("SELECT name FROM groups WHERE group_id > 81"), QStringList(u"O'Hara\"s"_s));
 }
 
@@ -139,6 +149,37 @@ TEST_F(ChangeGroup, DeletingMovesTheMembersFirst)
     Pick(u"Zoo"_s); // still its own id
     EXPECT_EQ(dialog->ChosenGroup().groupId, GroupId {82});
     EXPECT_EQ(RowsOf("SELECT group_id FROM users"), QStringList(u"80"_s));
+}
+
+TEST_F(ChangeGroup, TheQuestionNamesTheGroupWhoseIdIsDeleted)
+{
+    AddGroupNamed(u"Sales"_s);
+    AddGroupNamed(u"Zoo"_s);
+    Open();
+    Add(u"Home"_s); // stands before "Sales", and has the last id
+    const std::pair<QString, QString> names[] = {{u"Everybody"_s, u"Everybody"_s},
+                                                 {u"Home"_s, u"Sales"_s},
+                                                 {u"Sales"_s, u"Zoo"_s},
+                                                 {u"Zoo"_s, u"Home"_s}};
+    for (const auto &[shown, goes] : names) {
+        Pick(shown);
+        Click(*dialog, "deleteGroup");
+        EXPECT_EQ(prompt.TakeGoing(), QStringList(goes));
+    }
+    Pick(u"Home"_s);
+    prompt.AnswerWith({true});
+    Click(*dialog, "deleteGroup");
+    EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM groups WHERE name = 'Sales'"), QStringList(u"0"_s));
+
+    Pick(u"Sales"_s);
+    (void)prompt.TakeSaid();
+    Execute("ALTER TABLE groups RENAME TO groups_away");
+    prompt.AnswerWith({true});
+    Click(*dialog, "deleteGroup");
+    const QStringList said = prompt.TakeSaid();
+    ASSERT_EQ(said.size(), 1) << "nothing is asked about a group that nobody can name";
+    EXPECT_TRUE(said[0].startsWith(u"The group's name could not be read."_s))
+        << qPrintable(said[0]);
 }
 
 TEST_F(ChangeGroup, TheMessageDoesNotStopTheDeletionOfEverybody)

@@ -6,6 +6,7 @@
 #include "list_fixture.h"
 #include "support/core/fake_service.h"
 #include "support/windows/modal.h"
+#include "ui/main/auto_refresh.h"
 
 #include <QAction>
 #include <QDialog>
@@ -13,8 +14,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTimer>
 #include <QToolButton>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -255,6 +259,7 @@ TEST_F(Lists, DeleteAsksAndRemovesExactlyTheSelectedUsers)
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(
                   u"This will delete these users and all corresponding information. Continue?"_s));
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(u"anna, carl"_s));
     EXPECT_EQ(EveryRow(), before);
     EXPECT_TRUE(Users().SelectedIds().isEmpty()); // deselected all the same
 
@@ -277,6 +282,21 @@ TEST_F(Lists, DeleteAsksAndRemovesExactlyTheSelectedUsers)
     QTest::keyClick(&Users(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid().back(),
               u"This will delete this user and all corresponding information. Continue?"_s);
+    EXPECT_EQ(prompt.TakeGoing().back(), u"bert"_s);
+}
+
+TEST_F(Lists, TheQuestionNamesWhoGoesWhateverColumnsThereAre)
+{
+    AddUser({.name = " ", .fullName = "No Login"});
+    ShowThree();
+    Users().ToggleColumn(UserColumn::UserName);
+    LetSessionFinish();
+    Users().selectAll();
+    QTest::keyClick(&Users(), Qt::Key_Delete);
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(u"No Login, anna, bert, carl"_s));
+    Users().selectAll();
+    OpenPopUp(Users(), 0, [](QMenu &menu) { Choose(menu, u"Do not monitor"_s); });
+    EXPECT_TRUE(prompt.TakeGoing().isEmpty()) << "who is not monitored comes back";
 }
 
 TEST_F(Lists, ARefillDuringTheQuestionChangesNothing)
@@ -285,7 +305,7 @@ TEST_F(Lists, ARefillDuringTheQuestionChangesNothing)
     class RefillingPrompt : public ScriptedPrompt
     {
     public:
-        [[nodiscard]] bool Ask(const QString & /*text*/, const QString & /*caption*/) override
+        [[nodiscard]] bool AskToDestroy(const QString & /*text*/, const QString & /*goes*/) override
         {
             meanwhile();
             return true;
@@ -345,6 +365,7 @@ TEST_F(Lists, DeletingAGroupTakesOnlyItsRowOut)
     StatementRecorder recorder;
     QTest::keyClick(&Groups(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid().back(), u"This will delete the selected group. Contunue?"_s);
+    EXPECT_EQ(prompt.TakeGoing(), QStringList({u"Sales"_s, u"Sales"_s}));
     EXPECT_EQ(recorder.TakeChanging(),
               QStringList({u"DELETE FROM groups WHERE group_id = (?)"_s,
                            u"UPDATE users SET group_id = 80 WHERE group_id = (?)"_s}));
@@ -363,6 +384,7 @@ TEST_F(Lists, EverybodyIsKeptByNameAndById)
     const QStringList before = EveryRow();
     QTest::keyClick(&Groups(), Qt::Key_Delete);
     EXPECT_EQ(prompt.TakeSaid().back(), u"You cannot delete Everybody group"_s);
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(QString())) << "nothing goes";
     EXPECT_EQ(EveryRow(), before);
 
     Execute("UPDATE groups SET name = 'All' WHERE group_id = 80");
@@ -378,7 +400,7 @@ TEST_F(Lists, EverybodyIsKeptByNameAndById)
 TEST_F(Lists, RenamingAGroupRefillsTheGroups)
 {
     ShowThree();
-    for (const QString &name : {u"O'Hara & \u00e9\u00e9"_s, u"Everybody"_s, QString()}) {
+    for (const QString &name : {u"O'Hara & \u00e9\u00e9"_s, u"SALES"_s}) {
         ClickCell(Groups(), 1, 0);
         const WhileModal rename([&](QDialog &dialog) {
             EXPECT_EQ(dialog.windowTitle(), u"Rename group"_s);
@@ -388,7 +410,41 @@ TEST_F(Lists, RenamingAGroupRefillsTheGroups)
         OpenPopUp(Groups(), 1, [](QMenu &menu) { Choose(menu, u"Rename..."_s); });
         EXPECT_EQ(RowTexts(Groups())[1].section(u'|', 0, 0), name);
     }
-    EXPECT_EQ(prompt.TakeSaid(), QStringList()); // neither an empty nor a taken name is refused
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+}
+
+TEST_F(Lists, TheAccountCommandSaysWhoseAccountItOpens)
+{
+    ShowThree();
+    const std::pair<ListPane *, QString> prompts[] = {
+        {&Users(), u"Refill current user account"_s},
+        {&Groups(), u"Refill current group account"_s},
+        {&Users(), u"Refill current user account"_s},
+    };
+    for (const auto &[list, said] : prompts) {
+        ClickCell(*list, 0, 0);
+        EXPECT_EQ(Command("account").statusTip(), said);
+        EXPECT_EQ(Command("account").toolTip(), said);
+    }
+}
+
+TEST_F(Lists, AGroupIsNotGivenAnEmptyOrATakenName)
+{
+    ShowThree();
+    ClickCell(Groups(), 1, 0);
+    const WhileModal rename([&](QDialog &dialog) {
+        for (const QString &name : {u" "_s, u" everyBODY"_s}) {
+            Type(Find<QWidget>(dialog, "name"), name);
+            Click(dialog, "ok");
+            EXPECT_TRUE(dialog.isVisible());
+        }
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList({u"Please enter the name of the group"_s,
+                               u"The group with this name already exists!"_s}));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    OpenPopUp(Groups(), 1, [](QMenu &menu) { Choose(menu, u"Rename..."_s); });
+    EXPECT_EQ(RowTexts(Groups())[1].section(u'|', 0, 0), u"Sales"_s);
 }
 
 TEST_F(Lists, FindLooksForThePrefixOfTheFirstColumn)
@@ -427,6 +483,208 @@ TEST_F(Lists, ARefillKeepsTheSelection)
     QTest::keyClick(&Users(), Qt::Key_F5);
     EXPECT_EQ(Users().SelectedIds(), QList<UserId>({carl}));
     EXPECT_EQ(Users().SelectedRows(), QList<int>({3}));
+}
+
+namespace {
+
+// Forty users u01 to u40 and as many groups, in a window that does not show them all.
+class LongLists : public Lists
+{
+protected:
+    void ShowForty()
+    {
+        for (int number = 1; number <= 40; ++number) {
+            const QByteArray name = u"u%1"_s.arg(number, 2, 10, QChar(u'0')).toLatin1();
+            ids << AddUser({.name = name.constData()});
+            groupIds << AddGroupNamed(QString::fromLatin1(name));
+        }
+        ShowFrame();
+    }
+
+    // The selected users' numbers.
+    [[nodiscard]] QList<int> Selected() const
+    {
+        QList<int> numbers;
+        for (const UserId id : Users().SelectedIds()) {
+            numbers << static_cast<int>(ids.indexOf(id)) + 1;
+        }
+        std::ranges::sort(numbers);
+        return numbers;
+    }
+
+    QList<UserId> ids;
+    QList<GroupId> groupIds;
+};
+
+} // namespace
+
+TEST_F(LongLists, ShiftSelectsFromTheCurrentRowAfterARefresh)
+{
+    ShowForty();
+    const std::pair<const char *, std::function<void()>> refreshes[] = {
+        {"F5", [&] { QTest::keyClick(&Users(), Qt::Key_F5); }},
+        {"timer", [&] { emit frame->Refreshing().Due(); }},
+        {"header", [&] { ClickHeader(u"Username"_s); }},
+        {"new user",
+         [&] {
+             AddUser({.name = "a-new-one"});
+             QTest::keyClick(&Users(), Qt::Key_F5);
+         }},
+    };
+    for (const auto &[how, refresh] : refreshes) {
+        ClickCell(Users(), Names().indexOf(u"u11"_s), 0);
+        refresh();
+        LetSessionFinish();
+        EXPECT_EQ(Selected(), QList<int>({11})) << how;
+        ClickCell(Users(), Names().indexOf(u"u13"_s), 0, Qt::ShiftModifier);
+        EXPECT_EQ(Selected(), QList<int>({11, 12, 13})) << how;
+        refresh();
+        LetSessionFinish();
+        QTest::keyClick(
+            &Users(), Names()[3] < Names()[4] ? Qt::Key_Down : Qt::Key_Up, Qt::ShiftModifier);
+        EXPECT_EQ(Selected(), QList<int>({11, 12, 13, 14})) << how;
+        refresh();
+        LetSessionFinish();
+        QTest::keyClick(&Users(), Names()[3] < Names()[4] ? Qt::Key_Down : Qt::Key_Up);
+        EXPECT_EQ(Selected(), QList<int>({15})) << how;
+    }
+}
+
+TEST_F(LongLists, AColumnThatComesOrGoesLeavesTheSelection)
+{
+    ShowForty();
+    ClickCell(Users(), 29, 0);
+    ClickCell(Users(), 30, 0, Qt::ControlModifier);
+    for (int turn = 0; turn < 2; ++turn) {
+        Users().ToggleColumn(UserColumn::FullName);
+        LetSessionFinish();
+        EXPECT_EQ(Selected(), QList<int>({30, 31}));
+        EXPECT_EQ(Users().currentIndex().row(), 30);
+    }
+    QTest::keyClick(&Users(), Qt::Key_Down);
+    EXPECT_EQ(Selected(), QList<int>({32}));
+}
+
+TEST_F(LongLists, ADeletionLeavesTheCurrentRowBesideWhatIsGone)
+{
+    ShowForty();
+    ClickCell(Users(), 9, 0);
+    ClickCell(Users(), 11, 0, Qt::ShiftModifier);
+    prompt.AnswerWith({true, true});
+    QTest::keyClick(&Users(), Qt::Key_Delete);
+    EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM users"), QStringList(u"37"_s));
+    EXPECT_TRUE(Selected().isEmpty());
+    ClickCell(Users(), 11, 0, Qt::ShiftModifier); // of u13, which came to stand there, to u15
+    EXPECT_EQ(Selected(), QList<int>({13, 14, 15}));
+    Users().clearSelection(); // as the list does when it loses the focus
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    LetSessionFinish();
+    QTest::keyClick(&Users(), Qt::Key_Down);
+    EXPECT_EQ(Selected(), QList<int>({16}));
+
+    Execute("DELETE FROM users WHERE user_id = (?)", ids[15]); // u16, by somebody else
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_TRUE(Selected().isEmpty()) << "nobody has chosen another one";
+    QTest::keyClick(&Users(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(Selected(), QList<int>({17, 18}));
+}
+
+TEST_F(LongLists, ShiftWithoutACurrentRowSelectsTheClickedOne)
+{
+    ShowForty();
+    Users().setCurrentIndex({});
+    Users().clearSelection();
+    ClickCell(Users(), 12, 0, Qt::ShiftModifier);
+    EXPECT_EQ(Selected(), QList<int>({13}));
+}
+
+TEST_F(LongLists, TheSameRowsStayInView)
+{
+    ShowForty();
+    const auto top = [this] { return Users().indexAt({}).data().toString(); };
+    Users().verticalScrollBar()->setValue(12);
+    const QString shown = top();
+    AddUser({.name = "a-new-one"});
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(top(), shown);
+    Execute("DELETE FROM users WHERE username < 'u10'");
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(top(), shown);
+    Execute("DELETE FROM users WHERE username = (?)", shown);
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(top(), u"u14"_s) << "the first that is left of those in view";
+
+    Users().verticalScrollBar()->setValue(0);
+    AddUser({.name = "another-new-one"});
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(top(), u"another-new-one"_s) << "the beginning stays the beginning";
+
+    ClickCell(Users(), 3, 0);
+    const QString current = Users().currentIndex().data().toString();
+    ClickHeader(u"Username"_s);
+    EXPECT_EQ(Users().currentIndex().data().toString(), current);
+    EXPECT_TRUE(Users().viewport()->rect().contains(Users().visualRect(Users().currentIndex())));
+}
+
+TEST_F(LongLists, TheGroupsKeepTheirPlaceToo)
+{
+    ShowForty();
+    ClickCell(Groups(), 11, 0); // u11, behind "Everybody"
+    const int scrolledTo = Groups().verticalScrollBar()->value();
+    ASSERT_GT(scrolledTo, 0);
+    QTest::keyClick(&Groups(), Qt::Key_F5);
+    EXPECT_EQ(Groups().SelectedIds(), QList<GroupId>({groupIds[10]}));
+    EXPECT_EQ(Groups().verticalScrollBar()->value(), scrolledTo);
+    QTest::keyClick(&Groups(), Qt::Key_Down);
+    EXPECT_EQ(Groups().SelectedIds(), QList<GroupId>({groupIds[11]}));
+
+    Execute("DELETE FROM groups WHERE group_id = (?)", groupIds[11]);
+    QTest::keyClick(&Groups(), Qt::Key_F5);
+    EXPECT_TRUE(Groups().SelectedIds().isEmpty()) << "Delete would take another one";
+    QTest::keyClick(&Groups(), Qt::Key_Down);
+    EXPECT_EQ(Groups().SelectedIds(), QList<GroupId>({groupIds[13]}));
+    prompt.AnswerWith({true});
+    QTest::keyClick(&Groups(), Qt::Key_Delete);
+    EXPECT_TRUE(Groups().SelectedIds().isEmpty());
+    QTest::keyClick(&Groups(), Qt::Key_Up);
+    EXPECT_EQ(Groups().SelectedIds(), QList<GroupId>({groupIds[12]}));
+}
+
+TEST_F(LongLists, FindIsWhereShiftGoesOnFrom)
+{
+    ShowForty();
+    ClickCell(Users(), 1, 0);
+    Type(Find<QWidget>(*frame, "findUser"), u"u20"_s);
+    QTest::keyClick(&Find<QWidget>(*frame, "findUser"), Qt::Key_Return);
+    QTest::keyClick(&Users(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(Selected(), QList<int>({20, 21}));
+}
+
+TEST_F(LongLists, TheMenuKeysOpenThePopUpAtTheCurrentRow)
+{
+    ShowForty();
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {{Qt::Key_F10, Qt::ShiftModifier},
+                                                              {Qt::Key_Menu, Qt::NoModifier}};
+    for (const auto &[key, held] : keys) {
+        for (ListPane *list :
+             {static_cast<ListPane *>(&Users()), static_cast<ListPane *>(&Groups())}) {
+            ClickCell(*list, 2, 0);
+            if (list == &Users()) {
+                ClickCell(*list, 4, 0, Qt::ControlModifier);
+            }
+            const QRect row = list->visualRect(list->currentIndex());
+            const WhileMenu menu([&](QMenu &shown) {
+                LetSessionFinish();
+                EXPECT_TRUE(MenuTexts(shown).contains(list == &Users() ? u"Change group..."_s
+                                                                       : u"Rename..."_s));
+                EXPECT_EQ(shown.y(), list->viewport()->mapToGlobal(row.bottomLeft()).y());
+            });
+            QTest::keyClick(list, key, held);
+        }
+    }
+    Users().clearSelection();
+    QTest::keyClick(&Users(), Qt::Key_Menu);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 TEST_F(Lists, WhatCannotBeReadStaysAsItWasShown)
@@ -497,6 +755,7 @@ TEST_F(Lists, ACommandThatFailedTakesNothingOutOfItsList)
     ASSERT_EQ(said.size(), 2);
     EXPECT_TRUE(said[1].contains(u"not now"_s)) << qPrintable(said[1]);
     EXPECT_EQ(Groups().RowCount(), 2);
+    EXPECT_EQ(RowTexts(Groups())[1].section(u'|', 0, 0), u"Sales"_s);
     EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM groups"), QStringList(u"2"_s));
 }
 

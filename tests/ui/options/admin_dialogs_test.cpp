@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QDialogButtonBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -86,6 +87,8 @@ protected:
     void SetUp() override
     {
         AdminDialogs::SetUp();
+        service.SetStates({u"inactive"_s});
+        UseBus(bus.Connection());
         for (const Day day : {Day {2026, 3, 1}, Day {2026, 3, 2}, Day {2026, 3, 9}}) {
             Execute("INSERT INTO traffic_use (user_id, period, current_time, data) VALUES "
                     "(1, 0, (?), 1)",
@@ -95,6 +98,14 @@ protected:
         Execute("INSERT INTO sites (sitename) VALUES ('example.org')");
     }
 
+    void TearDown() override
+    {
+        UseBus(QDBusConnection(u"nobody"_s));
+        AdminDialogs::TearDown();
+    }
+
+    PrivateBus bus;
+    FakeService service {bus};
     const TodayOverride today {{2026, 3, 9}};
 };
 
@@ -166,11 +177,8 @@ TEST_F(PurgeWindow, AllInformationGoesAndUsersOnlyWhenAsked)
 
 TEST_F(PurgeWindow, OpensOnlyWhileTheServiceIsStopped)
 {
-    PrivateBus bus;
-    FakeService service(bus);
     for (const auto &state : {u"active"_s, u"activating"_s, u"deactivating"_s}) {
         service.SetStates({state});
-        UseBus(bus.Connection());
         OpenPurge(Services(), nullptr);
         EXPECT_EQ(prompt.TakeSaid(),
                   QStringList(u"Please stop the Tollbrook Service before proceeding"_s));
@@ -191,7 +199,130 @@ TEST_F(PurgeWindow, OpensOnlyWhileTheServiceIsStopped)
     service.ForgetUnit();
     OpenPurge(Services(), nullptr);
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Can not find records about Tollbrook Service!"_s));
-    UseBus(QDBusConnection(u"nobody"_s));
+}
+
+TEST_F(PurgeWindow, AsksForTheServiceAgainWhenPurgeIsPressed)
+{
+    PurgeDialog dialog(Services(), nullptr);
+    dialog.show();
+    const QStringList before = EveryRow();
+    service.SetStates({u"active"_s});
+    Click(dialog, "purge");
+    const QString refused = u"Please stop the Tollbrook Service before proceeding"_s;
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(refused));
+    service.SetStates({u"inactive"_s, u"active"_s}); // it is started while the question stands
+    prompt.AnswerWith({true});
+    Click(dialog, "purge");
+    EXPECT_EQ(prompt.TakeSaid().last(), refused);
+    EXPECT_EQ(EveryRow(), before);
+}
+
+TEST_F(PurgeWindow, ReturnClosesWhereverTheFocusIs)
+{
+    for (const auto *name : {"byPeriod", "today", "purge", "help", "close"}) {
+        PurgeDialog dialog(Services(), nullptr);
+        dialog.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        Find<QWidget>(dialog, name).setFocus(Qt::TabFocusReason);
+        ::Press(Qt::Key_Return);
+        EXPECT_FALSE(dialog.isVisible()) << name;
+        EXPECT_TRUE(prompt.TakeSaid().isEmpty()) << name;
+    }
+}
+
+TEST_F(PurgeWindow, SaysTheDaysAsTheyAreComputed)
+{
+    struct Case
+    {
+        QDate today;
+        const char *chosen; // at first
+        QString week, month;
+    };
+    const Case cases[] = {
+        {{2026, 3, 9},
+         "lastMonth",
+         u"from Tuesday, 3 March 2026"_s,
+         u"from Monday, 9 February 2026"_s},
+        // 30 February stands for the day after the month.
+        {{2026, 3, 6},
+         "lastMonth",
+         u"from Sunday, 1 March 2026"_s,
+         u"from Friday, 6 February 2026"_s},
+        {{2026, 1, 9},
+         nullptr,
+         u"from Saturday, 3 January 2026"_s,
+         u"from Wednesday, 9 December 2026, after today"_s},
+        {{2026, 1, 5},
+         nullptr,
+         u"from Tuesday, 29 December 2026, after today"_s,
+         u"from Saturday, 5 December 2026, after today"_s},
+    };
+    for (const Case &each : cases) {
+        const TodayOverride another(each.today);
+        PurgeDialog dialog(Services(), nullptr);
+        dialog.show();
+        EXPECT_EQ(Find<QLabel>(dialog, "lastWeekDay").text(), each.week);
+        EXPECT_EQ(Find<QLabel>(dialog, "lastMonthDay").text(), each.month);
+        for (const auto *name : {"today", "lastWeek", "lastMonth", "custom"}) {
+            const bool isChosen = each.chosen != nullptr && qstrcmp(name, each.chosen) == 0;
+            EXPECT_EQ(Find<QRadioButton>(dialog, name).isChecked(), isChosen) << name;
+        }
+        EXPECT_EQ(Find<QPushButton>(dialog, "purge").isEnabled(), each.chosen != nullptr);
+    }
+}
+
+TEST_F(PurgeWindow, TheQuestionNamesTheDaysThatAreKept)
+{
+    PurgeDialog dialog(Services(), nullptr);
+    dialog.show();
+    const auto named = [&](const char *choice) {
+        Click(dialog, choice);
+        Click(dialog, "purge");
+        return prompt.TakeGoing();
+    };
+    EXPECT_EQ(named("lastWeek"),
+              QStringList(u"Kept are the days from Tuesday, 3 March 2026 to today, Monday, 9 March "
+                          "2026. All records before go."_s));
+    Find<QDateEdit>(dialog, "since").setDate({2026, 3, 1});
+    Find<QDateEdit>(dialog, "until").setDate({2026, 3, 2});
+    EXPECT_EQ(named("custom"),
+              QStringList(u"Kept are the days from Sunday, 1 March 2026 to Monday, 2 March 2026. "
+                          "All records before and after go."_s));
+    EXPECT_EQ(named("all"), QStringList(u"No record is kept."_s));
+    Click(dialog, "deleteUsers");
+    Click(dialog, "purge");
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(u"No record is kept, and no user."_s));
+}
+
+TEST_F(PurgeWindow, InJanuaryLastMonthAsksBeforeThisYearsRecordsGo)
+{
+    const TodayOverride january({2026, 1, 9});
+    Execute("INSERT INTO traffic_use (user_id, period, current_time, data) VALUES (1, 0, (?), 1)",
+            Day {2026, 1, 8});
+    PurgeDialog dialog(Services(), nullptr);
+    dialog.show();
+    Click(dialog, "lastMonth");
+    const QStringList before = EveryRow();
+    Click(dialog, "purge"); // No
+    const QString late = u"The period that is kept begins on Wednesday, 9 December 2026, which is "
+                         "after today. All records up to today would go. Continue?"_s;
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(late));
+    EXPECT_EQ(prompt.TakeGoing().size(), 1) << "a question on a removal";
+    EXPECT_EQ(EveryRow(), before);
+    prompt.AnswerWith({true, true});
+    Click(dialog, "purge");
+    EXPECT_EQ(prompt.TakeSaid().last(), u"Purge complete"_s);
+    EXPECT_TRUE(Rows("SELECT current_time FROM traffic_use").isEmpty());
+}
+
+TEST_F(PurgeWindow, FitsASmallScreen)
+{
+    PurgeDialog dialog(Services(), nullptr);
+    dialog.show();
+    EXPECT_LE(dialog.minimumSizeHint().height(), 560);
+    EXPECT_LE(dialog.minimumSizeHint().width(), 1024);
+    EXPECT_LE(dialog.height(), 560);
+    Grab(dialog, u"purge-days"_s);
 }
 
 class LoginWindow : public AdminDialogs
@@ -308,13 +439,128 @@ TEST_F(LoginWindow, RemoveAsksAndCancelKeepsEverything)
     ClickCell(list, 0, 0);
     Click(manager, "remove");
     EXPECT_EQ(prompt.TakeSaid(), QStringList {u"Remove this login from the database?"_s});
+    EXPECT_EQ(prompt.TakeGoing(), QStringList {RowTexts(list)[0].section(u'|', 0, 0)});
     EXPECT_EQ(RowTexts(list).size(), 2);
     prompt.AnswerWith({true});
     ClickCell(list, 0, 0);
     Click(manager, "remove");
     EXPECT_EQ(RowTexts(list), QStringList {u"g||"_s});
+    EXPECT_EQ(list.currentItem()->text(0), u"g"_s) << "took the place of the one that went";
+    (void)prompt.TakeSaid();
+    (void)prompt.TakeGoing();
+    ::Press(Qt::Key_Escape); // No
+    EXPECT_TRUE(manager.isVisible());
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList {u"The changes of these logins are not saved. Drop them?"_s});
+    EXPECT_EQ(prompt.TakeGoing(), QStringList {u"ann1"_s});
+    prompt.AnswerWith({true});
     Press(manager, QDialogButtonBox::Cancel);
+    EXPECT_FALSE(manager.isVisible());
     EXPECT_EQ(EveryRow(), before);
+}
+
+TEST_F(LoginWindow, TheKeysOfTheListWorkOnTheCurrentLogin)
+{
+    LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
+    manager.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&manager));
+    auto &list = Find<QTreeWidget>(manager, "logins");
+    const auto press = [&](Qt::Key key) {
+        manager.activateWindow(); // a dialog that closes leaves no active window here
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&manager));
+        list.setFocus();
+        QTest::keyClick(&list, key);
+    };
+    ClickCell(list, 1, 0);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        const WhileModal editing([&](QDialog &dialog) {
+            EXPECT_EQ(dialog.windowTitle(), u"Login properties"_s);
+            EXPECT_EQ(Find<QLineEdit>(dialog, "name").text(), u"g"_s);
+            dialog.reject();
+        });
+        press(key);
+        EXPECT_TRUE(manager.isVisible());
+    }
+    prompt.AnswerWith({true});
+    press(Qt::Key_Delete);
+    EXPECT_EQ(prompt.TakeGoing(), QStringList {u"g"_s});
+    EXPECT_EQ(RowTexts(list), QStringList {u"ann1|ann|"_s});
+    list.clearSelection();
+    press(Qt::Key_Return);
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(prompt.TakeGoing().isEmpty());
+    EXPECT_TRUE(manager.isVisible());
+}
+
+TEST_F(LoginWindow, EscapeClosesWhenNothingIsUnsaved)
+{
+    LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
+    manager.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&manager));
+    ::Press(Qt::Key_Escape);
+    EXPECT_FALSE(manager.isVisible());
+    EXPECT_TRUE(prompt.TakeSaid().isEmpty());
+}
+
+TEST_F(LoginWindow, TheHeadersSort)
+{
+    for (const auto &[name, address] : {std::pair {u"Zoe"_s, u"10.0.0.10"_s},
+                                        std::pair {u"adam"_s, u"10.0.0.9"_s},
+                                        std::pair {u"Bea"_s, u"9.1.1.1"_s}}) {
+        Execute("INSERT INTO Logins (login, Pwd, userid, LimitPC, LimitIP) VALUES ((?), 'x', -1, "
+                "1, (?))",
+                name,
+                address);
+    }
+    LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
+    manager.show();
+    auto &list = Find<QTreeWidget>(manager, "logins");
+    const auto names = [&list] {
+        QStringList shown;
+        for (const QString &row : RowTexts(list)) {
+            shown << row.section(u'|', 0, 0);
+        }
+        return shown;
+    };
+    const auto click = [&list](int section) {
+        QTest::mouseClick(list.header()->viewport(),
+                          Qt::LeftButton,
+                          {},
+                          QPoint(list.header()->sectionViewportPosition(section) + 10, 5));
+    };
+    EXPECT_EQ(names(), QStringList({u"adam"_s, u"ann1"_s, u"Bea"_s, u"g"_s, u"Zoe"_s}));
+    click(0);
+    EXPECT_EQ(names().first(), u"Zoe"_s);
+    click(2);
+    EXPECT_EQ(names().mid(2), QStringList({u"Bea"_s, u"adam"_s, u"Zoe"_s})) << "by number";
+
+    ClickCell(list, 3, 0);
+    const WhileModal editing([](QDialog &dialog) {
+        EXPECT_EQ(Find<QLineEdit>(dialog, "name").text(), u"adam"_s);
+        EXPECT_FALSE(Find<QCheckBox>(dialog, "bindToUser").isChecked()) << "-1 is no user";
+        dialog.reject();
+    });
+    Click(manager, "edit");
+}
+
+TEST_F(LoginWindow, APasswordThatIsTooLongIsMarkedWhileItIsTyped)
+{
+    LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
+    manager.show();
+    const WhileModal creating([](QDialog &dialog) {
+        const std::pair<QString, bool> cases[] = {{QString(256, u'p'), false},
+                                                  {QString(257, u'p'), true},
+                                                  {QString(129, u'\u00e9'), true},
+                                                  {u"short"_s, false}};
+        for (const auto *field : {"password", "retyped"}) {
+            for (const auto &[text, tooLong] : cases) {
+                Paste(Find(dialog, field), text);
+                EXPECT_EQ(IsShown(dialog, "passwordNote"), tooLong) << text.size();
+            }
+        }
+        dialog.reject();
+    });
+    Click(manager, "create");
 }
 
 TEST_F(LoginWindow, PasswordsOfUpTo256CharactersAreTaken)

@@ -1,5 +1,6 @@
 // What the windows of logins, unmonitored users and the purge do while a statement fails.
 #include "app/waiting.h"
+#include "support/core/fake_service.h"
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
@@ -85,6 +86,7 @@ protected:
     void SetUp() override
     {
         AdminFailures::SetUp();
+        UseBus(bus.Connection());
         for (const Day day : {Day {2026, 3, 1}, Day {2026, 3, 2}, Day {2026, 3, 9}}) {
             Execute("INSERT INTO traffic_use (user_id, period, current_time, data) VALUES "
                     "(1, 0, (?), 1)",
@@ -95,6 +97,12 @@ protected:
         }
     }
 
+    void TearDown() override
+    {
+        UseBus(QDBusConnection(u"nobody"_s));
+        AdminFailures::TearDown();
+    }
+
     // Presses "Purge" and says Yes; the rows as they are shown then.
     QStringList Purge(QDialog &dialog)
     {
@@ -103,6 +111,8 @@ protected:
         return RowTexts(Find<QTreeWidget>(dialog, "outcome"));
     }
 
+    PrivateBus bus;
+    FakeService service {bus}; // stopped
     const TodayOverride today {{2026, 3, 9}};
 };
 

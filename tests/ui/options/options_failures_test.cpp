@@ -2,6 +2,7 @@
 #include "options_window_fixture.h"
 #include "ui/options/adapter_dialog.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QSignalSpy>
 #include <QTreeWidget>
@@ -274,6 +275,8 @@ TEST_F(AdapterFailures, AChoiceThatCannotBeWrittenIsToldAndIsNone)
     box.setFocus();
     prompt.AnswerWith({true});
     QTest::keyClick(&box, Qt::Key_Down);
+    QTest::keyClick(box.view(), Qt::Key_Down);
+    QTest::keyClick(box.view(), Qt::Key_Return);
     const QStringList said = prompt.TakeSaid();
     ASSERT_EQ(said.size(), 2) << "the question and the failure";
     EXPECT_TRUE(said[1].contains(Settings().FileOf(ConfigKeyId::AdapterBind)));

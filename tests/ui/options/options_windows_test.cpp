@@ -4,6 +4,7 @@
 #include "support/windows/keyboard.h"
 #include "ui/options/adapter_dialog.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -142,8 +143,20 @@ TEST_F(OptionsWindow, APageThatRefusesStaysAndStaysChosen)
         EXPECT_EQ(ActivePage(sheet), u"General"_s);
         EXPECT_EQ(Find<QListWidget>(sheet, "pageList").currentItem()->text(), u"General"_s);
         EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Please enter an integer."_s));
-        Type(Find(sheet, "updatePeriod"), u"12x"_s);
-        EXPECT_EQ(TextIn(sheet, "updatePeriod"), u"12"_s) << "letters cannot be typed";
+        const std::pair<QString, QString> refused[] = {
+            {u"12x"_s, u"Please enter an integer."_s},
+            {u"2,5"_s, u"Please enter an integer."_s},
+            {u"2147483648"_s, u"Please enter an integer between 0 and 2147483647."_s},
+        };
+        for (const auto &[typed, said] : refused) {
+            Type(Find(sheet, "updatePeriod"), typed);
+            Click(sheet, "ok");
+            EXPECT_EQ(prompt.TakeSaid(), QStringList(said)) << qPrintable(typed);
+            EXPECT_EQ(TextIn(sheet, "updatePeriod"), typed) << "all stays as it was typed";
+            EXPECT_TRUE(Find(sheet, "updatePeriod").hasFocus());
+        }
+        Grab(sheet, u"options-refused"_s);
+        Type(Find(sheet, "updatePeriod"), u"12"_s);
 
         TurnToPage(sheet, u"Authentication"_s);
         Type(Find(sheet, "authPort"), u"65536"_s);
@@ -153,6 +166,14 @@ TEST_F(OptionsWindow, APageThatRefusesStaysAndStaysChosen)
         Type(Find(sheet, "authPort"), u"65535"_s);
 
         TurnToPage(sheet, u"Default user profile"_s);
+        for (const char *limit : {"trafficLimit", "timeLimit"}) {
+            Type(Find(sheet, limit), u"1e3"_s);
+            Click(sheet, "ok");
+            EXPECT_EQ(prompt.TakeSaid(),
+                      QStringList(u"Please enter an integer between 0 and 2147483647."_s));
+            EXPECT_TRUE(Find(sheet, limit).hasFocus());
+            Type(Find(sheet, limit), {}); // which may be left blank
+        }
         Click(sheet, "corporate");
         TurnToPage(sheet, u"Bind"_s);
         EXPECT_EQ(ActivePage(sheet), u"Default user profile"_s);
@@ -408,6 +429,25 @@ TEST_F(OptionsWindow, EveryControlIsReachedByTheKeyboardAndNamed)
 class GlobalOptionsWindow : public OptionsWindow
 { };
 
+TEST_F(OptionsWindow, EachWayOfTellingUsersApartSaysWhatItNeeds)
+{
+    (void)Run([](QDialog &sheet) {
+        TurnToPage(sheet, u"Bind"_s);
+        Grab(sheet, u"options-bind"_s);
+        int lowest = 0;
+        for (const char *way : {"byIpAddress", "byMacAddress", "byUserName"}) {
+            const auto &button = Find<QRadioButton>(sheet, way);
+            const auto &needs = Find<QLabel>(sheet, qPrintable(QLatin1String(way) + u"Needs"_s));
+            EXPECT_TRUE(needs.isVisible());
+            EXPECT_EQ(button.accessibleDescription(), needs.text());
+            EXPECT_GT(needs.mapTo(&sheet, QPoint()).y(), button.mapTo(&sheet, QPoint()).y());
+            EXPECT_GT(button.mapTo(&sheet, QPoint()).y(), lowest) << "below the one before";
+            lowest = needs.mapTo(&sheet, QPoint()).y();
+        }
+        Click(sheet, "cancel");
+    });
+}
+
 TEST_F(GlobalOptionsWindow, HasItsFivePagesAndLabels)
 {
     Store().WriteText(values::kTimer, u"60"_s);
@@ -438,7 +478,8 @@ TEST_F(GlobalOptionsWindow, HasItsFivePagesAndLabels)
             {"exclusionsRemove", u"Delete address"},
         };
         for (const auto &[name, text] : labels) {
-            EXPECT_EQ(Find<QAbstractButton>(sheet, name).text(), QStringView(text)) << name;
+            EXPECT_EQ(WithoutMark(Find<QAbstractButton>(sheet, name).text()), QStringView(text))
+                << name;
         }
         Click(sheet, "cancel");
     }));
@@ -528,9 +569,12 @@ protected:
     static void Pick(QComboBox &box, int row)
     {
         box.setFocus();
-        for (int from = box.currentIndex(); from < row; ++from) {
-            QTest::keyClick(&box, Qt::Key_Down);
+        QTest::keyClick(&box, Qt::Key_Down);
+        ASSERT_TRUE(box.view()->isVisible()) << "the list opens, and nothing is chosen yet";
+        for (int from = box.view()->currentIndex().row(); from < row; ++from) {
+            QTest::keyClick(box.view(), Qt::Key_Down);
         }
+        QTest::keyClick(box.view(), Qt::Key_Return);
     }
 
     QList<Adapter> adapters {{u"lo"_s, u"Network adapter lo"_s, true, 0x7F000001U, 8},
@@ -554,6 +598,13 @@ TEST_F(AdapterWindow, BindsAnotherOnYesOnly)
                           "Continue?"_s));
     EXPECT_EQ(Settings().ReadText(values::kBoundNic), u"Ethernet adapter eth0"_s);
     EXPECT_EQ(box.currentIndex(), 0) << "No leaves everything as it was";
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_End, Qt::Key_E, Qt::Key_PageDown}) {
+        QTest::keyClick(&box, key); // and is not asked about again on the way
+        QTest::keyClick(box.view(), Qt::Key_Down);
+        QTest::keyClick(box.view(), Qt::Key_Escape);
+        EXPECT_EQ(box.currentIndex(), 0) << key;
+    }
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
     prompt.AnswerWith({true});
     Pick(box, 1);
     EXPECT_EQ(Settings().ReadText(values::kBoundNic), u"Ethernet adapter eth1"_s);

@@ -181,7 +181,7 @@ TEST_F(GroupSheetTest, AccessAndLimitsFollowTheMode)
             TurnTo(sheet, "Access");
             EXPECT_TRUE(Find<QRadioButton>(sheet, each.radio).isChecked());
             const auto &block = Find<QCheckBox>(sheet, "block");
-            EXPECT_EQ(block.text(), u"Block group imminently"_s);
+            EXPECT_EQ(WithoutMark(block.text()), u"Block group imminently"_s);
             EXPECT_EQ(block.isChecked(), each.reason != 0);
             EXPECT_EQ(block.isEnabled(), each.boxOpen);
             EXPECT_EQ(Find<QLabel>(sheet, "accessState").text(),

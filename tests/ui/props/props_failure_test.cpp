@@ -95,7 +95,7 @@ TEST_F(PropsFailures, AWindowThatCannotBeReadDoesNotOpen)
     ExpectOpensOrTells(
         Dsn(),
         prompt,
-        [this] { EXPECT_FALSE(ChooseGroup(Services(), nullptr)); },
+        [this] { EXPECT_FALSE(ChooseGroupFor(Services(), {UserId {1}}, nullptr)); },
         u"The groups could not be read.\n\nThe database refused it.\n"_s);
 }
 
@@ -186,8 +186,11 @@ TEST_F(PropsFailures, AGroupThatWasNotAddedOrDeletedIsListedAsBefore)
         FaultyDriver driver(Dsn());
         const QStringList rows = EveryRow();
         ClickCell(list, 0, 0);
-        prompt.AnswerWith({true, true});
         driver.Refuse(1);
+        Click(groups, "deleteGroup");
+        EXPECT_THAT(Told(), HasSubstr("The group's name could not be read."));
+        prompt.AnswerWith({true, true});
+        driver.Refuse(2);
         Click(groups, "deleteGroup");
         EXPECT_THAT(prompt.TakeSaid(),
                     ElementsAre(u"You are going to remove the group. Continue?"_s,
@@ -196,14 +199,14 @@ TEST_F(PropsFailures, AGroupThatWasNotAddedOrDeletedIsListedAsBefore)
                                     [](const QString &text) { return text.toStdString(); },
                                     HasSubstr("The group was not deleted. Nothing was changed"))));
         ClickCell(list, 1, 0);
-        driver.Refuse(1);
+        driver.Refuse(2);
         Click(groups, "deleteGroup");
         EXPECT_THAT(Told(), HasSubstr("The group was not deleted."));
         EXPECT_EQ(list.count(), 3);
         EXPECT_EQ(EveryRow(), rows);
         groups.reject();
     });
-    EXPECT_FALSE(ChooseGroup(Services(), nullptr));
+    EXPECT_FALSE(ChooseGroupFor(Services(), {UserId {1}}, nullptr));
 }
 
 TEST_F(PropsFailures, LimitsThatCannotBeReadStayAsTheyWereShown)

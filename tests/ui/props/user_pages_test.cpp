@@ -349,28 +349,35 @@ TEST_F(UserPages, LimitDialogsRefuseWhatIsNoValue)
 
     LimitDialog limit(prompt, u"Traffic limit, Mb"_s, 5);
     ShowActive(limit);
-    const std::pair<const char *, const char *> limits[] = {
-        {"", ""},
-        {"-1", "1"},
-        {"1e3", "13"},
-        {"12.5", "125"},
-        {"2147483647", "2147483647"},
-        {"2147483648", "214748364"},
-        {"x", ""},
+    const QString whole = u"Please enter the limit as a whole number"_s;
+    const QString bounds = u"Please enter an integer between 0 and 2147483647."_s;
+    const std::pair<QString, QString> refusals[] = {
+        {u""_s, whole},
+        {u"-1"_s, whole},
+        {u"1e3"_s, whole},
+        {u"12.5"_s, whole},
+        {u"2,5"_s, whole},
+        {u"2147483648"_s, bounds},
+        {u"x"_s, whole},
     };
-    for (const auto &[typed, kept] : limits) {
-        Type(Find(limit, "limit"), QString::fromLatin1(typed));
-        EXPECT_EQ(TextOf(limit, "limit"), QString::fromLatin1(kept)) << typed;
+    for (const auto &[typed, said] : refusals) {
+        Type(Find(limit, "limit"), typed);
+        Find(limit, "ok").setFocus();
+        Click(limit, "ok");
+        EXPECT_TRUE(limit.isVisible());
+        EXPECT_EQ(prompt.TakeSaid(), QStringList(said)) << qPrintable(typed);
+        EXPECT_EQ(TextOf(limit, "limit"), typed) << "all stays as it was typed";
+        EXPECT_TRUE(Find(limit, "limit").hasFocus());
     }
+    Type(Find(limit, "limit"), u"2147483647"_s);
     Click(limit, "ok");
-    EXPECT_TRUE(limit.isVisible());
-    EXPECT_EQ(prompt.TakeSaid().size(), 1);
+    EXPECT_EQ(limit.Limit(), 2147483647U);
 
     RateDialog rate(prompt, 1.5);
     ShowActive(rate);
     EXPECT_EQ(rate.windowTitle(), u"Rate"_s);
     EXPECT_EQ(TextOf(rate, "rate"), u"1.50"_s);
-    for (const auto *refused : {"", "1000000000.01"}) {
+    for (const auto *refused : {"", "1000000000.01", "2,5", "1e3", "-5"}) {
         Type(Find(rate, "rate"), QString::fromLatin1(refused));
         Click(rate, "ok");
         EXPECT_TRUE(rate.isVisible()) << refused;
@@ -379,7 +386,7 @@ TEST_F(UserPages, LimitDialogsRefuseWhatIsNoValue)
     Type(Find(rate, "rate"), u"1000000000"_s);
     Click(rate, "ok");
     EXPECT_FALSE(rate.isVisible());
-    EXPECT_DOUBLE_EQ(rate.Rate(), RateDialog::kMost);
+    EXPECT_DOUBLE_EQ(rate.Rate(), kPriceBounds.most);
 }
 
 TEST_F(UserPages, ATimeRangeNeedsADayAndAnEndAfterItsStart)

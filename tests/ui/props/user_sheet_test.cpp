@@ -1,9 +1,13 @@
 #include "props_fixture.h"
 #include "support/windows/keyboard.h"
+#include "ui/accounts/accounts.h"
+#include "ui/props/change_group_dialog.h"
 
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QTimeEdit>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 using testing::Contains;
@@ -198,10 +202,10 @@ TEST_F(UserSheetTest, CarriesTheQuotedTexts)
     (void)UserSheet(user_page::kGeneral, [](QDialog &sheet) {
         QStringList texts;
         for (const auto *button : sheet.findChildren<QAbstractButton *>()) {
-            texts << button->text();
+            texts << WithoutMark(button->text());
         }
         for (const auto *label : sheet.findChildren<QLabel *>()) {
-            texts << label->text();
+            texts << WithoutMark(label->text());
         }
         for (const auto *box : sheet.findChildren<QGroupBox *>()) {
             texts << box->title();
@@ -320,4 +324,100 @@ TEST_F(UserSheetTest, AnAddressOfAnotherUserIsAskedAboutOnOk)
     EXPECT_TRUE(UserSheet(user_page::kGeneral, takeAddress));
     EXPECT_THAT(RowsOf("SELECT user_id, ip_addr FROM users WHERE user_id < 3"),
                 ElementsAre(u"1|10.0.0.2"_s));
+}
+
+TEST_F(UserSheetTest, AnAddressIsTypedOverTheOldOneByPlainKeys)
+{
+    Execute("UPDATE users SET ip_addr = '10.0.0.11' WHERE user_id = 1");
+    EXPECT_TRUE(UserSheet(user_page::kGeneral, [this](QDialog &sheet) {
+        const WhileModal dialog([this](QDialog &ip) {
+            ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }));
+            for (const QChar key : u"172.300.5.9"_s) {
+                QTest::keyClicks(QApplication::focusWidget(), QString(key));
+            }
+            Press(Qt::Key_Return);
+            EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Please enter full IP address"_s));
+            Grab(ip, u"change-ip-refused"_s);
+            EXPECT_TRUE(Find(ip, "octet1").hasFocus()) << "where it is wrong";
+            for (const QChar key : u"16."_s) {
+                QTest::keyClicks(QApplication::focusWidget(), QString(key));
+            }
+            Press(Qt::Key_Return);
+        });
+        PressButton(sheet, "changeIp");
+        PressButton(sheet, "ok");
+    }));
+    EXPECT_THAT(RowsOf("SELECT ip_addr FROM users WHERE user_id = 1"),
+                ElementsAre(u"172.16.5.9"_s));
+}
+
+TEST_F(UserSheetTest, TheGroupIsChosenFromTheUsersOwn)
+{
+    Execute("INSERT INTO groups (group_id, name) VALUES (82, 'Zebra')");
+    EXPECT_TRUE(UserSheet(user_page::kGeneral, [](QDialog &sheet) {
+        const WhileModal dialog([](QDialog &groups) {
+            EXPECT_FALSE(IsShown(groups, "addGroup"))
+                << "Cancel of the sheet could not take it back";
+            EXPECT_FALSE(IsShown(groups, "deleteGroup"));
+            auto &list = Find<QListWidget>(groups, "groups");
+            EXPECT_TRUE(list.hasFocus());
+            EXPECT_EQ(list.currentItem()->text(), u"Office"_s);
+            EXPECT_TRUE(list.selectedItems().isEmpty());
+            EXPECT_FALSE(Find(groups, "ok").isEnabled());
+            Press(Qt::Key_Down);
+            EXPECT_EQ(list.currentItem()->text(), u"Zebra"_s);
+            EXPECT_TRUE(Find(groups, "ok").isEnabled());
+            Press(Qt::Key_Return);
+        });
+        PressButton(sheet, "changeGroup");
+        PressButton(sheet, "ok");
+    }));
+    EXPECT_THAT(RowsOf("SELECT group_id FROM users WHERE user_id = 1"), ElementsAre(u"82"_s));
+}
+
+TEST_F(UserSheetTest, TheCommandStartsAtTheGroupOfTheFirstUser)
+{
+    const WhileModal dialog([](QDialog &groups) {
+        EXPECT_TRUE(IsShown(groups, "addGroup"));
+        EXPECT_TRUE(IsShown(groups, "deleteGroup"));
+        const auto &list = Find<QListWidget>(groups, "groups");
+        EXPECT_EQ(list.currentItem()->text(), u"Office"_s);
+        EXPECT_TRUE(list.selectedItems().isEmpty());
+        groups.reject();
+    });
+    EXPECT_FALSE(ChooseGroupFor(Services(), {UserId {2}, UserId {9}}, nullptr));
+}
+
+// The window keeps to a small screen, and the whole name is in the tooltip.
+TEST_F(UserSheetTest, ALongNameWidensNoWindow)
+{
+    const QString name(250, u'W');
+    Execute("UPDATE users SET username = (?), mode = 2 WHERE user_id = 1", name);
+    Execute("UPDATE groups SET name = (?), mode = 2 WHERE group_id = 81", name);
+    const std::function<void()> windows[] = {
+        [&] { (void)OpenUserSheet(Services(), UserId {1}, 0, nullptr); },
+        [&] { (void)OpenUserSheet(Services(), UserId {1}, user_page::kProtocols, nullptr); },
+        [&] { (void)OpenGroupSheet(Services(), GroupId {81}, 0, nullptr); },
+        [&] { OpenAccount(Services(), Owner(UserId {1}), nullptr); },
+        [&] { OpenAccount(Services(), Owner(GroupId {81}), nullptr); },
+        [&] { OpenStatistics(Services(), Owner(UserId {1}), nullptr); },
+        [&] { OpenStatistics(Services(), Owner(GroupId {81}), nullptr); },
+        [&] { (void)ChooseGroupFor(Services(), {UserId {1}}, nullptr); },
+    };
+    int number = 0;
+    for (const auto &open : windows) {
+        const WhileModal opened([&](QDialog &window) {
+            EXPECT_LE(window.width(), 1024) << qPrintable(window.windowTitle());
+            EXPECT_LE(window.height(), 600) << qPrintable(window.windowTitle());
+            if (auto *owner = window.findChild<QLabel *>(u"owner"_s)) {
+                EXPECT_TRUE(owner->text().endsWith(name));
+                QHelpEvent asked(QEvent::ToolTip, {5, 5}, owner->mapToGlobal(QPoint(5, 5)));
+                QApplication::sendEvent(owner, &asked);
+                EXPECT_EQ(QToolTip::text(), owner->text());
+            }
+            Grab(window, u"long-name-%1"_s.arg(number++));
+            window.reject();
+        });
+        open();
+    }
 }

@@ -282,7 +282,7 @@ TEST_F(SetupWizardWindow, SuggestsTheMachinesNetworksWhileThereAreNone)
     wizard.show();
     Click(wizard, "next");
     auto &suggestion = OnPage<QPushButton>(wizard, "suggestion");
-    EXPECT_EQ(suggestion.text(), u"Add 192.168.1.0 / 255.255.255.0"_s);
+    EXPECT_EQ(WithoutMark(suggestion.text()), u"Add 192.168.1.0 / 255.255.255.0"_s);
     EXPECT_TRUE(setup.ranges.isEmpty()) << "only offered";
     Grab(wizard, u"wizard-ranges"_s);
     Click(suggestion);

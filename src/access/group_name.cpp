@@ -1,0 +1,60 @@
+#include "access/group_name.h"
+
+#include "access/group_gone.h"
+#include "access/group_list.h"
+#include "base/text.h"
+#include "db/query.h"
+#include "db/value_codes.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+// By way of the capitals: folded alone, a sharp s would not be the two letters that it is in capitals.
+QString GroupNameKey(const QString &name)
+{
+    const QString composed = name.trimmed().normalized(QString::NormalizationForm_C);
+    return composed.toUpper().toCaseFolded().normalized(QString::NormalizationForm_C);
+}
+
+QString NoGroupNameText()
+{
+    return QCoreApplication::translate("GroupName", "Please enter the name of the group");
+}
+
+QString GroupNameTakenText()
+{
+    return u"The group with this name already exists!"_s;
+}
+
+// "Everybody" is locked, which is always there unless somebody deleted it; then it is the first group.
+void LockToNameGroup(ActionRun &run, std::vector<GroupId> groupIds)
+{
+    groupIds.push_back(kEverybodyGroup);
+    LockGroups(run, groupIds);
+    if (!run.Take(Exists("SELECT group_id FROM groups WHERE group_id = (?)", kEverybodyGroup))) {
+        const auto first = run.Take(ReadOne("SELECT MIN(group_id) FROM groups",
+                                            [](const Row &row) { return row.Id<GroupId>(1); }));
+        LockGroups(run, {first.value_or(kEverybodyGroup)});
+    }
+}
+
+void RefuseBadGroupName(ActionRun &run, const QString &name, std::optional<GroupId> own)
+{
+    const QString key = GroupNameKey(TextFromUtf8(Utf8Cut(name, kMaxTextBytes).toStdString()));
+    if (key.isEmpty()) {
+        run.Refuse(NoGroupNameText());
+        return;
+    }
+    const auto others = run.Take(ReadAll("SELECT name, group_id FROM groups", [](const Row &row) {
+        return NamedGroup {row.Text(1), row.Id<GroupId>(2)};
+    }));
+    const bool isTaken = std::ranges::any_of(others, [&](const NamedGroup &other) {
+        return other.groupId != own && GroupNameKey(other.name) == key;
+    });
+    if (isTaken) {
+        run.Refuse(GroupNameTakenText());
+    }
+}

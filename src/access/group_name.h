@@ -1,0 +1,27 @@
+// Names of groups: no two groups are called alike, and none is called nothing.
+#pragma once
+
+#include "actions/action_run.h"
+#include "db/ids.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+// The same for names that count as one: blanks around them, the case of their letters, and how an
+// accented letter is put together make no difference. It does not depend on the database engine. Empty
+// for a name that cannot be given.
+[[nodiscard]] QString GroupNameKey(const QString &name);
+
+// What a person is told of a name that is empty or that another group has.
+[[nodiscard]] QString NoGroupNameText();
+[[nodiscard]] QString GroupNameTakenText();
+
+// Locks the groups, and besides what everybody locks who names a group: of two consoles the second one
+// sees the first one's name. Without any group in the database there is nothing to lock.
+void LockToNameGroup(ActionRun &run, std::vector<GroupId> groupIds);
+
+// Refuses the run when `name`, as far as a column takes it, cannot be given to the group `own`, or to a
+// new one. To be called behind LockToNameGroup.
+void RefuseBadGroupName(ActionRun &run, const QString &name, std::optional<GroupId> own);

@@ -1,0 +1,43 @@
+#include "base/names_line.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kMostNames = 5;
+constexpr qsizetype kMostCharacters = 40; // of each name, so that the line fits on a small screen
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(NamesLine)
+};
+
+QString Shown(const QString &name)
+{
+    const QString oneLine = name.simplified();
+    if (oneLine.isEmpty()) {
+        return Words::tr("(no name)");
+    }
+    return oneLine.size() <= kMostCharacters ? oneLine
+                                             : oneLine.first(kMostCharacters - 1) + u'\u2026';
+}
+
+} // namespace
+
+QString NamesLine(const QStringList &names)
+{
+    QStringList shown;
+    for (const QString &name : names.first(std::min(names.size(), kMostNames))) {
+        shown << Shown(name);
+    }
+    const QString line = shown.join(u", "_s);
+    const qsizetype more = names.size() - shown.size();
+    return more == 0 ? line
+                     : Words::tr("%1 and %2 more")
+                           .arg(line, QLocale().toString(more));
+}

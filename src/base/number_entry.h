@@ -1,0 +1,32 @@
+// Numbers as people type them into a field.
+#pragma once
+
+#include <QLocale>
+#include <QString>
+
+#include <limits>
+#include <tl/expected.hpp>
+
+// What a field takes: from `least` to `most`, with at most so many digits after the decimal mark.
+struct NumberBounds
+{
+    double least = 0.0;
+    double most = std::numeric_limits<qint32>::max();
+    int decimals = 0;
+
+    bool operator==(const NumberBounds &) const = default;
+};
+
+enum class NumberFault {
+    Blank, // nothing but blanks
+    Unreadable, // no number, one that could mean two, or one with more decimals than are taken
+    OutOfRange,
+};
+
+// Reads what was typed. The decimal mark is a point or what `locale` writes for it. The locale's group
+// separator (a blank for any kind of blank, an apostrophe for either kind) is understood where it
+// stands between whole groups of three digits and cannot be the decimal mark: "1.234" in German is
+// Unreadable, since it may mean either; "1.234,5", "1.234.567" and "0.123" mean one number only. A
+// sign or an exponent is Unreadable. Blanks around the number do not count.
+[[nodiscard]] tl::expected<double, NumberFault>
+NumberFrom(const QString &typed, const NumberBounds &bounds, const QLocale &locale = QLocale());

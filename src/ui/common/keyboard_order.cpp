@@ -1,0 +1,303 @@
+#include "ui/common/keyboard_order.h"
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMap>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace {
+
+class Reader
+{
+public:
+    void Read(QWidget &widget);
+
+    std::vector<ReadWidget> found;
+
+private:
+    void ReadItem(QLayoutItem *item);
+    void ReadLayout(QLayout &layout);
+    void ReadGrid(QGridLayout &grid);
+    void ReadForm(QFormLayout &form);
+    void ReadTabs(QTabWidget &tabs);
+    void ReadButtons(QDialogButtonBox &box);
+    void Add(QWidget &widget) { found.push_back({&widget, page}); }
+
+    int page = 0;
+};
+
+// Its parts are the toolkit's own.
+bool IsOnePiece(const QWidget &widget)
+{
+    return qobject_cast<const QAbstractScrollArea *>(&widget)
+        || qobject_cast<const QComboBox *>(&widget)
+        || qobject_cast<const QAbstractSpinBox *>(&widget);
+}
+
+void Reader::Read(QWidget &widget)
+{
+    if (auto *tabs = qobject_cast<QTabWidget *>(&widget)) {
+        ReadTabs(*tabs);
+    } else if (auto *box = qobject_cast<QDialogButtonBox *>(&widget)) {
+        ReadButtons(*box);
+    } else {
+        Add(widget);
+        if (widget.layout() != nullptr && !IsOnePiece(widget)) {
+            ReadLayout(*widget.layout());
+        }
+    }
+}
+
+void Reader::ReadItem(QLayoutItem *item)
+{
+    if (item != nullptr && item->widget() != nullptr) {
+        Read(*item->widget());
+    } else if (item != nullptr && item->layout() != nullptr) {
+        ReadLayout(*item->layout());
+    }
+}
+
+void Reader::ReadLayout(QLayout &layout)
+{
+    if (auto *grid = qobject_cast<QGridLayout *>(&layout)) {
+        ReadGrid(*grid);
+    } else if (auto *form = qobject_cast<QFormLayout *>(&layout)) {
+        ReadForm(*form);
+    } else {
+        for (int index = 0; index < layout.count(); ++index) {
+            ReadItem(layout.itemAt(index));
+        }
+    }
+}
+
+// The items keep the order in which they were added.
+void Reader::ReadGrid(QGridLayout &grid)
+{
+    QMap<std::pair<int, int>, QLayoutItem *> byPlace;
+    for (int index = 0; index < grid.count(); ++index) {
+        int row = 0;
+        int column = 0;
+        int rows = 0;
+        int columns = 0;
+        grid.getItemPosition(index, &row, &column, &rows, &columns);
+        byPlace.insert({row, column}, grid.itemAt(index));
+    }
+    for (QLayoutItem *item : std::as_const(byPlace)) {
+        ReadItem(item);
+    }
+}
+
+void Reader::ReadForm(QFormLayout &form)
+{
+    for (int row = 0; row < form.rowCount(); ++row) {
+        ReadItem(form.itemAt(row, QFormLayout::LabelRole));
+        ReadItem(form.itemAt(row, QFormLayout::FieldRole)); // also what spans the row
+    }
+}
+
+void Reader::ReadTabs(QTabWidget &tabs)
+{
+    Add(*tabs.tabBar());
+    for (int index = 0; index < tabs.count(); ++index) {
+        page = index + 1;
+        Read(*tabs.widget(index));
+    }
+    page = 0;
+}
+
+// A desktop may lay them out in an order of its own.
+void Reader::ReadButtons(QDialogButtonBox &box)
+{
+    QList<QAbstractButton *> buttons = box.buttons();
+    const auto rank = [&box](QAbstractButton *button) {
+        switch (box.buttonRole(button)) {
+        case QDialogButtonBox::AcceptRole:
+            return 0;
+        case QDialogButtonBox::RejectRole:
+            return 1;
+        case QDialogButtonBox::HelpRole:
+            return 3;
+        default:
+            return 2;
+        }
+    };
+    std::ranges::stable_sort(buttons, {}, rank);
+    for (QAbstractButton *button : buttons) {
+        Add(*button);
+    }
+}
+
+bool TakesFocus(const QWidget &widget)
+{
+    return widget.focusPolicy() != Qt::NoFocus && widget.focusProxy() == nullptr;
+}
+
+// Hands the focus to one of its parts, as the field for an address does.
+bool IsComposite(const QWidget &widget)
+{
+    return widget.focusProxy() != nullptr && widget.isAncestorOf(widget.focusProxy());
+}
+
+// Where the mark "&" stands; -1 for none. Two of them are a written "&".
+qsizetype MarkIn(const QString &text)
+{
+    for (qsizetype place = 0; place + 1 < text.size(); ++place) {
+        if (text[place] == u'&') {
+            if (text[place + 1] != u'&') {
+                return place;
+            }
+            ++place;
+        }
+    }
+    return -1;
+}
+
+// Where the mark goes: at the beginning of a word, else at any letter, else at a digit; -1 when each is
+// taken.
+qsizetype PlaceForMark(const QString &text, const QSet<QChar> &taken)
+{
+    qsizetype letter = -1;
+    qsizetype digit = -1;
+    for (qsizetype place = 0; place < text.size(); ++place) {
+        const QChar c = text[place];
+        if (!c.isLetterOrNumber() || taken.contains(c.toUpper())) {
+            continue;
+        }
+        const bool beginsWord = place == 0 || !text[place - 1].isLetterOrNumber();
+        if (c.isLetter() && beginsWord) {
+            return place;
+        }
+        qsizetype &first = c.isLetter() ? letter : digit;
+        first = first < 0 ? place : first;
+    }
+    return letter >= 0 ? letter : digit;
+}
+
+// What carries a mnemonic: a label that stands for a field, or a button. OK and Cancel have Enter and
+// Escape.
+class Marked
+{
+public:
+    explicit Marked(QWidget &widget)
+        : label(qobject_cast<QLabel *>(&widget))
+        , button(qobject_cast<QAbstractButton *>(&widget))
+    { }
+
+    [[nodiscard]] bool IsOne() const
+    {
+        return label != nullptr ? label->buddy() != nullptr && !label->text().isEmpty()
+                                : button != nullptr && !button->text().isEmpty() && !HasKey();
+    }
+    [[nodiscard]] QString Text() const { return label != nullptr ? label->text() : button->text(); }
+    void SetText(const QString &text)
+    {
+        if (label != nullptr) {
+            label->setText(text);
+        } else {
+            button->setText(text);
+        }
+    }
+
+private:
+    [[nodiscard]] bool HasKey() const
+    {
+        const auto *box = qobject_cast<const QDialogButtonBox *>(button->parentWidget());
+        const auto role = box != nullptr ? box->buttonRole(button) : QDialogButtonBox::InvalidRole;
+        return role == QDialogButtonBox::AcceptRole || role == QDialogButtonBox::RejectRole;
+    }
+
+    QLabel *label;
+    QAbstractButton *button;
+};
+
+// Marks those that stand on one page; returns the letters of `taken` and theirs.
+QSet<QChar> MarkAll(std::vector<Marked> texts, QSet<QChar> taken)
+{
+    std::vector<Marked *> without;
+    for (Marked &each : texts) {
+        const QChar letter = MnemonicIn(each.Text());
+        if (letter.isNull() || taken.contains(letter)) {
+            without.push_back(&each);
+        } else {
+            taken.insert(letter);
+        }
+    }
+    for (Marked *each : without) {
+        QString text = each->Text();
+        if (const qsizetype mark = MarkIn(text); mark >= 0) {
+            text.remove(mark, 1);
+        }
+        const qsizetype place = PlaceForMark(text, taken);
+        if (place >= 0) {
+            taken.insert(text[place].toUpper());
+            text.insert(place, u'&');
+        }
+        each->SetText(text);
+    }
+    return taken;
+}
+
+} // namespace
+
+std::vector<ReadWidget> InReadingOrder(QWidget &window)
+{
+    Reader reader;
+    reader.Read(window);
+    return std::move(reader.found);
+}
+
+void SetTabOrderByReading(QWidget &window)
+{
+    // It would lead back to the first button, once the buttons are in an order of their own.
+    for (auto *box : window.findChildren<QDialogButtonBox *>()) {
+        box->setFocusProxy(nullptr);
+    }
+    QWidget *previous = nullptr;
+    const QWidget *whole = nullptr; // goes with its parts, which are in order already
+    for (const ReadWidget &each : InReadingOrder(window)) {
+        QWidget *widget = each.widget;
+        const bool isPart = whole != nullptr && whole->isAncestorOf(widget);
+        if (isPart || widget == &window || !(IsComposite(*widget) || TakesFocus(*widget))) {
+            continue;
+        }
+        if (previous != nullptr) {
+            QWidget::setTabOrder(previous, widget);
+        }
+        previous = widget;
+        whole = IsComposite(*widget) ? widget : nullptr;
+    }
+}
+
+void GiveMnemonics(QWidget &window, QSet<QChar> taken)
+{
+    std::map<int, std::vector<Marked>> byPage; // what stands beside the pages comes first
+    for (const ReadWidget &each : InReadingOrder(window)) {
+        const Marked marked(*each.widget);
+        if (marked.IsOne()) {
+            byPage[each.page].push_back(marked);
+        }
+    }
+    taken = MarkAll(std::move(byPage[0]), std::move(taken));
+    byPage.erase(0);
+    for (auto &[page, texts] : byPage) {
+        MarkAll(std::move(texts), taken);
+    }
+}
+
+QChar MnemonicIn(const QString &text)
+{
+    const qsizetype mark = MarkIn(text);
+    return mark < 0 ? QChar() : text[mark + 1].toUpper();
+}

@@ -1,0 +1,145 @@
+#include "ui/options/purge_period_box.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+
+#include <QCoreApplication>
+#include <QDateEdit>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QRadioButton>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QDateEdit *DayPicker(const char *objectName)
+{
+    auto *picker = new QDateEdit(Today());
+    picker->setObjectName(QString::fromLatin1(objectName));
+    picker->setCalendarPopup(true);
+    picker->setDisplayFormat(u"yyyy-MM-dd"_s);
+    return picker;
+}
+
+// An impossible day stands for the next one that exists.
+QDate FirstDate(const PurgeChoice &choice, QDate today)
+{
+    return ExistingDate(FirstDayKept(choice, today));
+}
+
+QString InWords(QDate date)
+{
+    return QLocale().toString(date, QLocale::LongFormat);
+}
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(PurgePeriod)
+};
+
+} // namespace
+
+PurgePeriodBox::PurgePeriodBox() : QGroupBox(u"Save data for period of time"_s)
+{
+    auto *rows = new QFormLayout(this);
+    AddPeriod(*rows, PurgeChoice::Keep::Today, MakeButton<QRadioButton>(u"Today"_s, "today"));
+    AddPeriod(
+        *rows, PurgeChoice::Keep::LastWeek, MakeButton<QRadioButton>(u"Last week"_s, "lastWeek"));
+    AddPeriod(*rows,
+              PurgeChoice::Keep::LastMonth,
+              MakeButton<QRadioButton>(u"Last month"_s, "lastMonth"));
+    custom = MakeButton<QRadioButton>(u"Custom"_s, "custom");
+    rows->addRow(custom);
+    since = DayPicker("since");
+    until = DayPicker("until");
+    auto *range = new QFormLayout;
+    range->setContentsMargins(20, 0, 0, 0);
+    range->addRow(LabelFor(u"Since:"_s, *since), since);
+    range->addRow(LabelFor(u"Until:"_s, *until), until);
+    rows->addRow(range);
+    ShowDays();
+    connect(custom, &QRadioButton::toggled, this, &PurgePeriodBox::EnablePickers);
+    connect(custom, &QRadioButton::toggled, this, &PurgePeriodBox::Changed);
+    if (FirstDate({PurgeChoice::Keep::LastMonth, false, {}, {}}, Today()) <= Today()) {
+        periods.last().button->setChecked(true);
+    }
+    EnablePickers();
+}
+
+void PurgePeriodBox::AddPeriod(QFormLayout &rows, PurgeChoice::Keep keep, QRadioButton *button)
+{
+    auto *day = new QLabel;
+    day->setObjectName(button->objectName() + u"Day"_s);
+    rows.addRow(button, day);
+    periods << Period {keep, button, day};
+    connect(button, &QRadioButton::toggled, this, &PurgePeriodBox::Changed);
+}
+
+void PurgePeriodBox::ShowDays()
+{
+    for (const Period &period : periods) {
+        const QDate first = FirstDate({period.keep, false, {}, {}}, Today());
+        period.day->setText(
+            (first > Today() ? tr("from %1, after today") : tr("from %1")).arg(InWords(first)));
+        period.button->setAccessibleDescription(period.day->text());
+    }
+}
+
+void PurgePeriodBox::EnablePickers()
+{
+    since->setEnabled(custom->isChecked());
+    until->setEnabled(custom->isChecked());
+}
+
+std::optional<PurgeChoice> PurgePeriodBox::Choice() const
+{
+    if (custom->isChecked()) {
+        return PurgeChoice {PurgeChoice::Keep::Custom, false, since->date(), until->date()};
+    }
+    const auto chosen = std::ranges::find_if(
+        periods, [](const Period &period) { return period.button->isChecked(); });
+    return chosen == periods.end() ? std::nullopt
+                                   : std::optional(PurgeChoice {chosen->keep, false, {}, {}});
+}
+
+bool PurgePeriodBox::IsInOrder(Prompt &prompt)
+{
+    if (!custom->isChecked() || since->date() <= until->date()) {
+        return true;
+    }
+    prompt.Tell(u"You entered incorrect time period. Please re-enter one of the dates"_s,
+                Prompt::Icon::Warning);
+    until->setDate(since->date());
+    until->setFocus();
+    return false;
+}
+
+QString PurgeInWords(const PurgeChoice &choice, QDate today)
+{
+    if (choice.keep == PurgeChoice::Keep::Nothing) {
+        return choice.deleteUsers
+            ? Words::tr("No record is kept, and no user.")
+            : Words::tr("No record is kept.");
+    }
+    const QString first = InWords(FirstDate(choice, today));
+    if (choice.keep == PurgeChoice::Keep::Custom) {
+        return Words::tr("Kept are the days from %1 to %2. All records before and after go.")
+            .arg(first, InWords(choice.until));
+    }
+    return Words::tr("Kept are the days from %1 to today, %2. All records before go.")
+        .arg(first, InWords(today));
+}
+
+std::optional<QString> QuestionOnLateDay(const PurgeChoice &choice, QDate today)
+{
+    if (choice.keep == PurgeChoice::Keep::Nothing || FirstDate(choice, today) <= today) {
+        return std::nullopt;
+    }
+    return Words::tr("The period that is kept begins on %1, which is after today. All records up "
+                     "to today would go. Continue?")
+        .arg(InWords(FirstDate(choice, today)));
+}

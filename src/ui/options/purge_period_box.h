@@ -1,0 +1,56 @@
+// "Save data for period of time": the days whose records a purge leaves.
+#pragma once
+
+#include "admin/purge.h"
+#include "base/prompt.h"
+
+#include <QGroupBox>
+
+class QDateEdit;
+class QFormLayout;
+class QLabel;
+class QRadioButton;
+
+class PurgePeriodBox : public QGroupBox
+{
+    Q_OBJECT
+
+public:
+    // "Last month" is chosen at first, unless its first day lies after today: nothing is then.
+    PurgePeriodBox();
+
+    // Nothing while no period is chosen.
+    [[nodiscard]] std::optional<PurgeChoice> Choice() const;
+
+    // Tells, when a custom period ends before it begins, and mends it.
+    [[nodiscard]] bool IsInOrder(Prompt &prompt);
+
+    // Says beside each period on which day it begins, counted from today.
+    void ShowDays();
+
+signals:
+    void Changed();
+
+private:
+    struct Period
+    {
+        PurgeChoice::Keep keep;
+        QRadioButton *button;
+        QLabel *day;
+    };
+
+    void AddPeriod(QFormLayout &rows, PurgeChoice::Keep keep, QRadioButton *button);
+    void EnablePickers();
+
+    QList<Period> periods; // those whose first day is computed
+    QRadioButton *custom;
+    QDateEdit *since;
+    QDateEdit *until;
+};
+
+// What is kept and what goes, in words for the question, with days as the locale writes them out.
+[[nodiscard]] QString PurgeInWords(const PurgeChoice &choice, QDate today);
+
+// The question that comes before the others when the first day kept lies after today: all there is
+// would go. Nothing for any other day.
+[[nodiscard]] std::optional<QString> QuestionOnLateDay(const PurgeChoice &choice, QDate today);
