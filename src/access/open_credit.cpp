@@ -1,14 +1,11 @@
 #include "access/open_credit.h"
 
+#include "access/credit_expiry.h"
 #include "base/day.h"
 #include "db/query.h"
 
-#include <QDate>
-
 #include <algorithm>
 #include <vector>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -66,8 +63,7 @@ Result<bool> AnyOfUser(const CreditQueries &queries, UserId userId)
 
 bool HasExpired(bool unlimited, const QString &expiryDay)
 {
-    const QDate day = QDate::fromString(expiryDay, u"yyyy.MM.dd"_s);
-    return !unlimited && day.isValid() && day < Today();
+    return CreditExpiry {unlimited, expiryDay}.IsOver(Today());
 }
 
 Result<bool> HasCreditLeft(const Owner &owner)
