@@ -3,7 +3,7 @@
 #pragma once
 
 #include "access/access_marks.h"
-#include "access/credit_expiry.h"
+#include "access/pre_paid_credit.h"
 #include "access/week_times.h"
 #include "db/quantities.h"
 
@@ -45,18 +45,6 @@ struct LimitRules
     std::vector<LimitCredit<Unit>> credits; // of the record of `use`, or of none yet
 
     bool operator==(const LimitRules &) const = default;
-};
-
-// An open pre-paid credit: of money where it has any, else of traffic, else without a bound.
-struct PrePaidCredit
-{
-    BaseUnits money;
-    BaseUnits moneyUsed;
-    Megabytes traffic;
-    Megabytes trafficUsed;
-    CreditExpiry expiry;
-
-    bool operator==(const PrePaidCredit &) const = default;
 };
 
 struct PortRules

@@ -1,6 +1,5 @@
 #include "access/open_credit.h"
 
-#include "access/credit_expiry.h"
 #include "base/day.h"
 #include "db/query.h"
 
@@ -47,6 +46,12 @@ Result<bool> AnyUnexpired(const CreditQueries &queries,
     return any && *any ? AnyRow(queries.withExpiry, isUnexpired, owner) : any;
 }
 
+constexpr OwnerText kOpenWithExpiry {
+    "SELECT moneydata, moneyusage, data, usage, unlimited, expiredday FROM billing "
+    "WHERE object_id = (?) AND mode=2 AND closed=0",
+    "SELECT moneydata, moneyusage, data, usage, unlimited, expiredday FROM billing "
+    "WHERE group_id = (?) AND mode=2 AND closed=0"};
+
 // Of a user's credits the closed ones are read too; column 1 tells them apart.
 Result<bool> AnyOfUser(const CreditQueries &queries, UserId userId)
 {
@@ -68,20 +73,29 @@ bool HasExpired(bool unlimited, const QString &expiryDay)
 
 Result<bool> HasCreditLeft(const Owner &owner)
 {
-    static constexpr CreditQueries kOfUser {
+    static constexpr OwnerText kOpen {
         "SELECT moneydata, moneyusage, data, usage FROM billing WHERE object_id = (?) AND mode=2 "
         "AND closed=0",
-        "SELECT moneydata, moneyusage, data, usage, unlimited, expiredday FROM billing "
-        "WHERE object_id = (?) AND mode=2 AND closed=0"};
-    static constexpr CreditQueries kOfGroup {
         "SELECT moneydata, moneyusage, data, usage FROM billing WHERE group_id = (?) AND mode=2 "
-        "AND closed=0",
-        "SELECT moneydata, moneyusage, data, usage, unlimited, expiredday FROM billing "
-        "WHERE group_id = (?) AND mode=2 AND closed=0"};
+        "AND closed=0"};
     return AnyUnexpired(
-        owner.IsUser() ? kOfUser : kOfGroup,
+        {kOpen.For(owner), kOpenWithExpiry.For(owner)},
         IsLeft,
         [](const Row &row) { return IsLeft(row) && !HasExpired(row.Integer(5) != 0, row.Text(6)); },
+        owner.Number());
+}
+
+Result<std::vector<PrePaidCredit>> ReadOpenCredits(const Owner &owner)
+{
+    return ReadAll(
+        kOpenWithExpiry.For(owner),
+        [](const Row &row) {
+            return PrePaidCredit {BaseUnits {row.Amount(1)},
+                                  BaseUnits {row.Amount(2)},
+                                  Megabytes {row.Amount(3)},
+                                  Megabytes {row.Amount(4)},
+                                  {row.Integer(5) != 0, row.Text(6)}};
+        },
         owner.Number());
 }
 
