@@ -289,5 +289,6 @@ AccessFindings DecideAccess(const UserRules &user, const Moment &now)
     findings.decidedBy = decides;
     findings.verdict = VerdictBy(findings.facts[decides].effect);
     findings.listed = PictureOf({user.own.block, user.own.times.grant, user.timeBlocked});
+    findings.markedDenied = Denies(MeaningOf(user.own.block));
     return findings;
 }

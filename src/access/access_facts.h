@@ -186,6 +186,7 @@ struct AccessFindings
     Verdict verdict = Verdict::MaySend;
     size_t decidedBy = 0; // index of the fact that decides
     AccessState listed = AccessState::Allowed; // what the users list shows
+    bool markedDenied = false; // what the access page says
 };
 
 // Of a stored block the service's own is believed as it stands. The service, which judges anew whether

@@ -339,7 +339,7 @@ AccessState PictureFor(const AccessFindings &findings)
 
 } // namespace
 
-QString CommandText(WhyCommand command, bool ofGroup)
+QString WhyCommandText(WhyCommand command, bool ofGroup)
 {
     switch (command) {
     case WhyCommand::Monitor:
@@ -409,4 +409,13 @@ QString DifferenceText(const AccessFindings &findings)
     }
     return Tr("The users list shows \"%1\" instead: it goes by the marks in the user's row alone.")
         .arg(StateText(findings.listed));
+}
+
+QString PageDifferenceText(const AccessFindings &findings)
+{
+    if (findings.markedDenied == (findings.verdict == Verdict::MayNotSend)) {
+        return {};
+    }
+    return Tr("The words above go by the user's block alone. With all that counts: %1.")
+        .arg(VerdictText(findings.verdict));
 }

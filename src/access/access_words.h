@@ -22,7 +22,7 @@ enum class WhyCommand {
 };
 
 // With its "..." where a window opens.
-[[nodiscard]] QString CommandText(WhyCommand command, bool ofGroup);
+[[nodiscard]] QString WhyCommandText(WhyCommand command, bool ofGroup);
 
 struct WhyLine
 {
@@ -53,3 +53,6 @@ struct WordsStyle
 
 // Says that the users list shows something else than the decision, and what; empty when it does not.
 [[nodiscard]] QString DifferenceText(const AccessFindings &findings);
+
+// The same of the access page, whose words go by the user's block alone.
+[[nodiscard]] QString PageDifferenceText(const AccessFindings &findings);

@@ -13,13 +13,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // What is read step by step, of the user and then of its group.
-struct Reading
+struct Reading : StoredUser
 {
     UserId userId;
     Moment now;
     double price = 0;
-    GroupId groupId;
-    UserRules rules;
 };
 
 // The statements in which traffic and time, of a user and of a group, differ.
@@ -149,6 +147,11 @@ Result<bool> ReadPicked(const Owner &owner, OwnerRules &rules)
         });
 }
 
+Result<bool> ReadName(Reading &reading)
+{
+    return TakeFound(NameOf(reading.userId), [&](QString name) { reading.name = std::move(name); });
+}
+
 Result<bool> ReadUserRow(Reading &reading)
 {
     return TakeFound(
@@ -247,15 +250,16 @@ Result<bool> WhenMonitored(Reading &reading)
 
 } // namespace
 
-Result<std::optional<UserRules>> ReadUserRules(UserId userId, const Moment &now, double price)
+Result<std::optional<StoredUser>> ReadUserRules(UserId userId, const Moment &now, double price)
 {
-    return LoadBySteps<Reading>({userId, now, price, {}, {}},
-                                {ReadUserRow,
+    return LoadBySteps<Reading>({{}, userId, now, price},
+                                {ReadName,
+                                 ReadUserRow,
                                  WhenMonitored<ReadOwn>,
                                  WhenMonitored<ReadLogins>,
                                  WhenMonitored<ReadGroupRow>,
                                  WhenMonitored<ReadGroup>})
         .map([](std::optional<Reading> reading) {
-            return reading ? std::optional(std::move(reading->rules)) : std::nullopt;
+            return reading ? std::optional<StoredUser>(*std::move(reading)) : std::nullopt;
         });
 }

@@ -128,8 +128,8 @@ TEST(AccessWords, NameTheCommandsThatChangeAFact)
     EXPECT_TRUE(lines[0].decides);
     EXPECT_FALSE(lines[1].decides);
     EXPECT_TRUE(lines[1].commands.isEmpty());
-    EXPECT_EQ(CommandText(WhyCommand::RaiseLimit, true), u"Raise limit..."_s);
-    EXPECT_EQ(CommandText(WhyCommand::Unblock, false), u"Unblock"_s);
+    EXPECT_EQ(WhyCommandText(WhyCommand::RaiseLimit, true), u"Raise limit..."_s);
+    EXPECT_EQ(WhyCommandText(WhyCommand::Unblock, false), u"Unblock"_s);
 }
 
 TEST(AccessWords, SayWhereTheListDiffersFromTheDecision)

@@ -25,7 +25,7 @@ protected:
     {
         const auto read = ReadUserRules(UserId {1}, now, kPrice);
         EXPECT_TRUE(read && *read) << (read ? "gone" : qPrintable(read.error().text));
-        return read && *read ? **read : UserRules();
+        return read && *read ? (*read)->rules : UserRules();
     }
 
     static Verdict Decided() { return DecideAccess(Read(), kNow).verdict; }
@@ -42,6 +42,14 @@ TEST_P(UserRulesRead, ANewUserMaySend)
     EXPECT_TRUE(user.group);
     EXPECT_EQ(user.own.price, kPrice);
     EXPECT_EQ(Decided(), Verdict::MaySend);
+}
+
+TEST_P(UserRulesRead, TellsNameAndGroup)
+{
+    const auto read = ReadUserRules(UserId {1}, kNow, kPrice);
+    ASSERT_TRUE(read && *read);
+    EXPECT_EQ((*read)->name, u"anna"_s);
+    EXPECT_EQ((*read)->groupId, GroupId {90});
 }
 
 TEST_P(UserRulesRead, TellsAUserThatIsGone)

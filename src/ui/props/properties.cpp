@@ -96,7 +96,7 @@ bool OpenUserSheet(const AppServices &services, UserId userId, int page, QWidget
     const CAdministratorUserPAcc accountPage(services, userId, record->base.mode, record->account);
     Sheet sheet(u"User properties"_s, parent);
     sheet.Add(new CAdministratorUserPPage(services, *record, &sheet));
-    sheet.Add(new CAdministratorUserPAccess(services.prompt, *record, &sheet));
+    sheet.Add(new CAdministratorUserPAccess(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPLimits(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPTime(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPProtocol(*record, &sheet));
