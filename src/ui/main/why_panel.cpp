@@ -139,7 +139,7 @@ void WhyPanel::Refresh()
 
 void WhyPanel::Take(UserId userId, const Result<WhyAnswer> &answer)
 {
-    ShowNobody();
+    Clear();
     block->setEnabled(true);
     unblock->setEnabled(true);
     if (!answer || !answer->why) {
@@ -164,13 +164,23 @@ void WhyPanel::ShowVerdict(Verdict decided)
     verdict->setText(VerdictText(decided));
 }
 
-void WhyPanel::ShowNobody()
+// The focus stays in the panel when the button that has it goes: in the list it would choose anew.
+void WhyPanel::Clear()
 {
+    const QWidget *focus = window()->focusWidget();
+    if (focus != nullptr && lines->isAncestorOf(focus)) {
+        area->setFocus(Qt::OtherFocusReason);
+    }
     shown = {};
-    name->setText(tr("Choose a user in the list."));
     picture->clear();
     verdict->clear();
     lines->ShowText({});
+}
+
+void WhyPanel::ShowNobody()
+{
+    Clear();
+    name->setText(tr("Choose a user in the list."));
     block->setEnabled(false);
     unblock->setEnabled(false);
 }

@@ -45,6 +45,7 @@ private:
     void CreateControls();
     void CreateButtons();
     void Take(UserId userId, const Result<WhyAnswer> &answer);
+    void Clear();
     void ShowNobody();
     void ShowVerdict(Verdict verdict);
 
