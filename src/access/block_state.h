@@ -12,6 +12,20 @@ struct StoredBlock
     bool operator==(const StoredBlock &) const = default;
 };
 
+// What a stored block says of a user.
+enum class BlockMeaning {
+    None,
+    ByService, // for a limit: any reason below the administrator's
+    ByAdministrator,
+    ShownAsAllowed, // marked as blocked, and let through all the same
+    Unknown, // for a reason of no meaning
+};
+
+[[nodiscard]] BlockMeaning MeaningOf(const StoredBlock &block);
+
+// Whether it denies access.
+[[nodiscard]] bool Denies(BlockMeaning meaning);
+
 struct BlockState
 {
     StoredBlock stored; // as the sheet opened

@@ -3,12 +3,8 @@
 #include "base/day.h"
 #include "db/query.h"
 
-#include <QDate>
-
 #include <algorithm>
 #include <vector>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,6 +46,12 @@ Result<bool> AnyUnexpired(const CreditQueries &queries,
     return any && *any ? AnyRow(queries.withExpiry, isUnexpired, owner) : any;
 }
 
+constexpr OwnerText kOpenWithExpiry {
+    "SELECT moneydata, moneyusage, data, usage, unlimited, expiredday FROM billing "
+    "WHERE object_id = (?) AND mode=2 AND closed=0",
+    "SELECT moneydata, moneyusage, data, usage, unlimited, expiredday FROM billing "
+    "WHERE group_id = (?) AND mode=2 AND closed=0"};
+
 // Of a user's credits the closed ones are read too; column 1 tells them apart.
 Result<bool> AnyOfUser(const CreditQueries &queries, UserId userId)
 {
@@ -66,26 +68,34 @@ Result<bool> AnyOfUser(const CreditQueries &queries, UserId userId)
 
 bool HasExpired(bool unlimited, const QString &expiryDay)
 {
-    const QDate day = QDate::fromString(expiryDay, u"yyyy.MM.dd"_s);
-    return !unlimited && day.isValid() && day < Today();
+    return CreditExpiry {unlimited, expiryDay}.IsOver(Today());
 }
 
 Result<bool> HasCreditLeft(const Owner &owner)
 {
-    static constexpr CreditQueries kOfUser {
+    static constexpr OwnerText kOpen {
         "SELECT moneydata, moneyusage, data, usage FROM billing WHERE object_id = (?) AND mode=2 "
         "AND closed=0",
-        "SELECT moneydata, moneyusage, data, usage, unlimited, expiredday FROM billing "
-        "WHERE object_id = (?) AND mode=2 AND closed=0"};
-    static constexpr CreditQueries kOfGroup {
         "SELECT moneydata, moneyusage, data, usage FROM billing WHERE group_id = (?) AND mode=2 "
-        "AND closed=0",
-        "SELECT moneydata, moneyusage, data, usage, unlimited, expiredday FROM billing "
-        "WHERE group_id = (?) AND mode=2 AND closed=0"};
+        "AND closed=0"};
     return AnyUnexpired(
-        owner.IsUser() ? kOfUser : kOfGroup,
+        {kOpen.For(owner), kOpenWithExpiry.For(owner)},
         IsLeft,
         [](const Row &row) { return IsLeft(row) && !HasExpired(row.Integer(5) != 0, row.Text(6)); },
+        owner.Number());
+}
+
+Result<std::vector<PrePaidCredit>> ReadOpenCredits(const Owner &owner)
+{
+    return ReadAll(
+        kOpenWithExpiry.For(owner),
+        [](const Row &row) {
+            return PrePaidCredit {BaseUnits {row.Amount(1)},
+                                  BaseUnits {row.Amount(2)},
+                                  Megabytes {row.Amount(3)},
+                                  Megabytes {row.Amount(4)},
+                                  {row.Integer(5) != 0, row.Text(6)}};
+        },
         owner.Number());
 }
 

@@ -3,19 +3,9 @@
 #pragma once
 
 #include "access/owner.h"
-
-#include <QString>
+#include "access/time_range.h"
 
 #include <vector>
-
-struct TimeRange
-{
-    quint32 day = 0; // 1 Monday to 7 Sunday
-    QString start;
-    QString stop;
-
-    bool operator==(const TimeRange &) const = default;
-};
 
 struct StoredRange
 {

@@ -37,11 +37,9 @@ struct ReadUser
 
 AccessState AccessOf(const Row &row)
 {
-    if (row.Flag(10) != row.Flag(11)) {
-        return AccessState::OutsideAllowedTime;
-    }
-    const bool allowed = !row.Flag(5) || row.Code<BlockReason>(7) == BlockReason::ShownAsAllowed;
-    return allowed ? AccessState::Allowed : AccessState::Blocked;
+    return PictureOf({.block = {row.Flag(5), row.Code<BlockReason>(7)},
+                      .timeAccess = row.Flag(10),
+                      .timeBlocked = row.Flag(11)});
 }
 
 ReadUser UserOf(const Row &row)

@@ -1,14 +1,12 @@
 // The rows of the users list, read from the database.
 #pragma once
 
+#include "access/access_marks.h"
 #include "db/failure.h"
 #include "db/ids.h"
 
 #include <QList>
 #include <QString>
-
-// What the "Access" column says by a picture.
-enum class AccessState { Allowed, Blocked, OutsideAllowedTime };
 
 // The text columns as they are shown: a hardware address as pairs joined with "-".
 struct UserRow

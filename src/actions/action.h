@@ -26,6 +26,9 @@ enum class ActionId {
     DeleteUsers,
     StopMonitoring,
     MonitorUsers,
+    BlockUsers,
+    UnblockUsers,
+    UndoBlocks, // takes one of the two back
     AddGroup,
     RenameGroup,
     DeleteGroupOfList,

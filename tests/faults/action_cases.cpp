@@ -1,5 +1,6 @@
 #include "action_cases.h"
 
+#include "access/block_commands.h"
 #include "access/list_commands.h"
 #include "access/many_users.h"
 #include "accounts/credit.h"
@@ -201,6 +202,29 @@ Action SetBothUsers()
                                    .period = LimitPeriod::Day});
 }
 
+void BlockByAdministrator()
+{
+    Execute("UPDATE users SET blocked = true, blockreason = 3");
+}
+
+Action BlockBothUsers()
+{
+    return BlockUsersAction({kAnna, kBert}, std::make_shared<std::vector<BlockChange>>());
+}
+
+Action UnblockBothUsers()
+{
+    return UnblockUsersAction({kAnna, kBert}, std::make_shared<std::vector<BlockChange>>());
+}
+
+// One of them was blocked for traffic before, the other not at all.
+Action UndoBothBlocks()
+{
+    const StoredBlock now {true, BlockReason::Administrator};
+    return UndoBlocksAction({{kAnna, {true, BlockReason::TrafficUsedUp}, now},
+                             {kBert, {false, BlockReason::None}, now}});
+}
+
 } // namespace
 
 const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size): it is a table
@@ -232,6 +256,9 @@ const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size
          [] {
              return StopMonitoringAction({kAnna, kBert});
          }},
+        {"users blocked", ActionId::BlockUsers, BlockForTraffic, BlockBothUsers},
+        {"users unblocked", ActionId::UnblockUsers, BlockByAdministrator, UnblockBothUsers},
+        {"a block undone", ActionId::UndoBlocks, BlockByAdministrator, UndoBothBlocks},
         {"users monitored",
          ActionId::MonitorUsers,
          [] { Execute("UPDATE users SET monitored = false"); },

@@ -1,25 +1,11 @@
 #include "ui/main/access_picture.h"
 
+#include "access/access_words.h"
 #include "ui/common/icons.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(AccessState access)
-{
-    switch (access) {
-    case AccessState::Allowed:
-        return u"Access is allowed"_s;
-    case AccessState::Blocked:
-        return u"Access is blocked"_s;
-    case AccessState::OutsideAllowedTime:
-        break;
-    }
-    return u"Outside the allowed time"_s;
-}
-
-Picture PictureOf(AccessState access)
+Picture PictureFor(AccessState access)
 {
     switch (access) {
     case AccessState::Allowed:
@@ -38,10 +24,10 @@ QVariant AccessCellData(AccessState access, int role)
 {
     switch (role) {
     case Qt::DecorationRole:
-        return IconOf(PictureOf(access));
+        return IconOf(PictureFor(access));
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole:
-        return Words(access);
+        return StateText(access);
     default:
         return {};
     }

@@ -1,7 +1,7 @@
 // How both lists show an access state: by a picture, and in words for whom a picture says nothing.
 #pragma once
 
-#include "access/user_list.h"
+#include "access/access_marks.h"
 
 #include <QVariant>
 

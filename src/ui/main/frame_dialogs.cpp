@@ -65,6 +65,12 @@ FrameDialogs StandardDialogs(const AppServices &services)
     dialogs.userProperties = [&services](UserId userId, QWidget *parent) {
         OpenUserSheet(services, userId, user_page::kGeneral, parent);
     };
+    dialogs.userPage = [&services](UserId userId, int page, QWidget *parent) {
+        OpenUserSheet(services, userId, page, parent);
+    };
+    dialogs.groupPage = [&services](GroupId groupId, int page, QWidget *parent) {
+        OpenGroupSheet(services, groupId, page, parent);
+    };
     dialogs.groupProperties = [&services](GroupId groupId, QWidget *parent) {
         OpenGroupSheet(services, groupId, group_page::kGeneral, parent);
     };

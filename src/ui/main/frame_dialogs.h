@@ -25,11 +25,16 @@ struct FrameDialogs
     using ForGroup = std::function<void(GroupId groupId, QWidget *parent)>;
     using ForUsers = std::function<void(const QList<UserId> &userIds, QWidget *parent)>;
 
+    using ForUserPage = std::function<void(UserId userId, int page, QWidget *parent)>;
+    using ForGroupPage = std::function<void(GroupId groupId, int page, QWidget *parent)>;
+
     ForUser userProperties;
+    ForUserPage userPage; // the same, starting on a page of ui/props/properties.h
     ForUser userAccount;
     ForUser userStatistics;
     ForUsers userLimits; // "Access properties for multiple users"
     ForGroup groupProperties;
+    ForGroupPage groupPage;
     ForGroup groupAccount;
     ForGroup groupStatistics;
 

@@ -4,6 +4,7 @@
 #include "ui/main/auto_refresh.h"
 #include "ui/main/command.h"
 #include "ui/main/splitter_frame.h"
+#include "ui/main/why_side.h"
 
 #include <QActionGroup>
 #include <QMenuBar>
@@ -102,6 +103,8 @@ void FrameMenus::MakeViewMenu()
                   [this] { frame.Refresh(); });
     menu.addSeparator();
     MakeRefreshItems(menu);
+    menu.addSeparator();
+    menu.addAction(&frame.Why().ShowCommand());
     connect(&menu, &QMenu::aboutToShow, this, &FrameMenus::UpdateChecks);
 }
 

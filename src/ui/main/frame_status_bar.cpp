@@ -17,6 +17,7 @@ FrameStatusBar::FrameStatusBar(QWidget *parent)
     , connection(new StatusPane(
           u"connectionPane"_s, u"Without a connection, a double click reconnects"_s, this))
     , cancel(new QToolButton(this))
+    , undo(new QToolButton(this))
     , failures(new QToolButton(this))
 {
     setObjectName(u"statusBar"_s);
@@ -30,6 +31,10 @@ FrameStatusBar::FrameStatusBar(QWidget *parent)
     cancel->hide();
     addPermanentWidget(cancel);
     connect(cancel, &QToolButton::clicked, this, &FrameStatusBar::Cancelled);
+    undo->setObjectName(u"undoPane"_s);
+    undo->hide();
+    addPermanentWidget(undo);
+    connect(undo, &QToolButton::clicked, this, &FrameStatusBar::UndoChosen);
     AddFailuresPane();
     addPermanentWidget(userCount);
     addPermanentWidget(service);
@@ -60,6 +65,13 @@ void FrameStatusBar::ShowNotice(const QString &text)
 void FrameStatusBar::OfferCancel(bool offered)
 {
     cancel->setVisible(offered);
+}
+
+void FrameStatusBar::OfferUndo(const QString &what)
+{
+    undo->setText(tr("Undo \"%1\"").arg(what));
+    undo->setToolTip(tr("Takes it back for the users that it changed (Ctrl+Z)"));
+    undo->setVisible(!what.isEmpty());
 }
 
 void FrameStatusBar::ShowUserCount(int users)

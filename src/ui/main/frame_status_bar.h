@@ -18,6 +18,7 @@ public:
     // What stands in the message pane while no menu prompt covers it; empty for "Ready".
     void ShowNotice(const QString &text);
     void OfferCancel(bool offered); // of what is waited for
+    void OfferUndo(const QString &what); // as in "Block"; empty for nothing to undo
     void ShowUserCount(int users);
     void ShowUserCountUnread(); // nobody knows how many there are
     void ShowService(bool running);
@@ -27,6 +28,7 @@ signals:
     void ServiceOpened();
     void ConnectionOpened();
     void Cancelled();
+    void UndoChosen();
 
 private:
     void AddFailuresPane();
@@ -37,5 +39,6 @@ private:
     StatusPane *service;
     StatusPane *connection;
     QToolButton *cancel;
+    QToolButton *undo;
     QToolButton *failures;
 };

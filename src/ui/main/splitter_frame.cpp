@@ -8,11 +8,14 @@
 #include "ui/main/administrator_view_grp.h"
 #include "ui/main/auto_refresh.h"
 #include "ui/main/find_bar.h"
+#include "ui/main/focus_round.h"
 #include "ui/main/frame_menus.h"
 #include "ui/main/frame_status_bar.h"
 #include "ui/main/message_pane.h"
 #include "ui/main/refresh_period_dialog.h"
 #include "ui/main/service_watch.h"
+#include "ui/main/why_panel.h"
+#include "ui/main/why_side.h"
 
 #include <QKeyEvent>
 #include <QScreen>
@@ -53,17 +56,22 @@ CSplitterFrame::~CSplitterFrame()
 
 void CSplitterFrame::CreatePanes()
 {
-    auto *splitter = new QSplitter(Qt::Vertical, this);
+    auto *panes = new QSplitter(Qt::Horizontal, this);
+    panes->setObjectName(u"panes"_s);
+    panes->setChildrenCollapsible(false);
+    auto *splitter = new QSplitter(Qt::Vertical, panes);
     splitter->setObjectName(u"splitter"_s);
     splitter->setChildrenCollapsible(false);
     users = new CAdministratorView(services, dialogs, splitter);
     groups = new CAdministratorViewGrp(services, dialogs, splitter);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 1);
-    setCentralWidget(splitter);
     RememberParts(*splitter, u"main"_s);
+    panes->addWidget(splitter);
+    setCentralWidget(panes);
     activePane = users;
     users->LoadColumns();
+    why = new WhySide(services, *this, *panes);
 }
 
 void CSplitterFrame::CreateBars()
@@ -81,6 +89,12 @@ void CSplitterFrame::CreateBars()
     setStatusBar(status);
     setContextMenuPolicy(Qt::NoContextMenu); // both bars stay
     messages = new MessagePane(*status, this);
+    why->OfferUndoIn(*status);
+    AddFocusRound(*this,
+                  {{users, [this] { users->setFocus(Qt::ShortcutFocusReason); }},
+                   {groups, [this] { groups->setFocus(Qt::ShortcutFocusReason); }},
+                   {findBar, [this] { findBar->TakeFocus(); }},
+                   {&why->Panel(), [this] { why->Panel().TakeFocus(); }}});
     Follow(*users, *groups);
     Follow(*groups, *users);
     FollowService();

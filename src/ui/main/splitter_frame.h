@@ -16,6 +16,7 @@ class FrameStatusBar;
 class ListPane;
 class MessagePane;
 class ServiceWatch;
+class WhySide;
 
 // The accounting service as the start-up found it.
 struct ServiceAtStart
@@ -54,6 +55,8 @@ public:
     [[nodiscard]] const FrameDialogs &Dialogs() const { return dialogs; }
     [[nodiscard]] AutoRefresh &Refreshing() const { return *autoRefresh; }
 
+    [[nodiscard]] const WhySide &Why() const { return *why; }
+
     void RunSetupWizard();
     void ChooseCustomPeriod();
 
@@ -88,6 +91,7 @@ private:
     FindBar *findBar = nullptr;
     FrameMenus *menus = nullptr;
     ServiceWatch *service = nullptr;
+    WhySide *why = nullptr; // the panel beside the lists
     AutoRefresh *autoRefresh = nullptr;
     QTimer pollTimer {this};
     QTimer startDelay {this};

@@ -3,26 +3,29 @@
 #include "ui/common/controls.h"
 #include "ui/props/access_type_box.h"
 #include "ui/props/block_box.h"
+#include "ui/props/why_lines.h"
 
 #include <QCheckBox>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-CAdministratorUserPAccess::CAdministratorUserPAccess(Prompt &messages,
+CAdministratorUserPAccess::CAdministratorUserPAccess(const AppServices &appServices,
                                                      UserRecord &user,
                                                      QWidget *parent)
     : Page(parent)
-    , prompt(messages)
+    , services(appServices)
     , record(user)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , block(new BlockBox(u"Block user imminently"_s))
     , authentication(MakeButton<QCheckBox>(u"Require authentication"_s, "authentication"))
+    , why(new WhyLines(WhyLines::Commands::LeftOut))
 {
     auto *column = new QVBoxLayout(this);
     column->addWidget(type);
     column->addWidget(block);
     column->addWidget(authentication);
+    column->addWidget(why);
     column->addStretch();
     connect(type, &AccessTypeBox::TypeChanged, this, [this] { record.account.Clear(); });
     connect(type, &AccessTypeBox::Changed, this, &CAdministratorUserPAccess::StageMode);
@@ -38,6 +41,14 @@ void CAdministratorUserPAccess::Load()
     type->Show(ChoiceFor(record.draft.mode));
     block->Show(record.block);
     authentication->setChecked(record.draft.authRequired);
+    services.database.Start(
+        this, WhyAccessOf(services, record.userId), [this](const Result<WhyAnswer> &answer) {
+            if (answer && answer->why) {
+                why->Show(*answer->why, PageDifferenceText(answer->why->findings));
+            } else {
+                why->ShowText(WhyNot(answer));
+            }
+        });
 }
 
 void CAdministratorUserPAccess::StageMode()
@@ -50,9 +61,9 @@ bool CAdministratorUserPAccess::Leave()
     if (ModeFor(type->Choice())) {
         return true;
     }
-    prompt.Tell(u"Please choose one or both corporate type options"_s,
-                Prompt::Icon::Warning,
-                u"Tollbrook"_s);
+    services.prompt.Tell(u"Please choose one or both corporate type options"_s,
+                         Prompt::Icon::Warning,
+                         u"Tollbrook"_s);
     return false;
 }
 

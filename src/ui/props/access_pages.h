@@ -3,12 +3,13 @@
 
 #include "access/group_record.h"
 #include "access/user_record.h"
-#include "base/prompt.h"
+#include "startup/app_services.h"
 #include "ui/common/page.h"
 
 class AccessTypeBox;
 class BlockBox;
 class QCheckBox;
+class WhyLines;
 
 // A change of the access type drops what the sheet staged of the account.
 class CAdministratorUserPAccess : public Page
@@ -16,7 +17,9 @@ class CAdministratorUserPAccess : public Page
     Q_OBJECT
 
 public:
-    CAdministratorUserPAccess(Prompt &prompt, UserRecord &record, QWidget *parent = nullptr);
+    CAdministratorUserPAccess(const AppServices &services,
+                              UserRecord &record,
+                              QWidget *parent = nullptr);
 
     [[nodiscard]] QString Title() const override;
     void Load() override;
@@ -26,11 +29,12 @@ public:
 private:
     void StageMode();
 
-    Prompt &prompt;
+    const AppServices &services;
     UserRecord &record;
     AccessTypeBox *type;
     BlockBox *block;
     QCheckBox *authentication;
+    WhyLines *why; // as it stands in the database
 };
 
 class CAdministratorGroupPAccess : public Page

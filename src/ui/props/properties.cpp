@@ -98,7 +98,7 @@ bool OpenUserSheet(const AppServices &services, UserId userId, int page, QWidget
     Sheet sheet(u"User properties"_s, parent);
     sheet.SetHeading(OwnerHeading(record->Self(), record->base.userName, &sheet));
     sheet.Add(new CAdministratorUserPPage(services, *record, &sheet));
-    sheet.Add(new CAdministratorUserPAccess(services.prompt, *record, &sheet));
+    sheet.Add(new CAdministratorUserPAccess(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPLimits(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPTime(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPProtocol(*record, &sheet));

@@ -1,5 +1,6 @@
 #include "support/windows/window_fixture.h"
 
+#include <QSettings>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -7,6 +8,8 @@ using namespace Qt::StringLiterals;
 void WindowFixture::SetUp()
 {
     DatabaseFixture::SetUp();
+    QSettings::setPath(
+        QSettings::NativeFormat, QSettings::UserScope, folder.filePath(u"desktop"_s));
     UseConfigFolder(ConfigFolder());
     for (const auto key : {ConfigKeyId::Base,
                            ConfigKeyId::LocalIp,

@@ -116,7 +116,9 @@ TEST_F(Frame, HasItsMenus)
                            u"Each 3 minutes"_s,
                            u"Each 5 minutes"_s,
                            u"Each 10 minutes"_s,
-                           u"Custom period..."_s}));
+                           u"Custom period..."_s,
+                           u"-"_s,
+                           u"Why, and until when"_s}));
     EXPECT_EQ(MenuTexts(Menu(u"Sort by"_s)),
               QStringList({u"*Usernames"_s, u"Workstations"_s, u"Full names"_s}));
     EXPECT_EQ(MenuTexts(Menu(u"Columns"_s)),

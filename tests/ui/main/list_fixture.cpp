@@ -122,6 +122,12 @@ FrameDialogs ListFixture::NotingDialogs()
 {
     FrameDialogs noting;
     noting.userProperties = Noting<UserId>("userProperties");
+    noting.userPage = [this](UserId id, int page, QWidget * /*parent*/) {
+        opened << u"userPage %1 %2"_s.arg(id.value).arg(page);
+    };
+    noting.groupPage = [this](GroupId id, int page, QWidget * /*parent*/) {
+        opened << u"groupPage %1 %2"_s.arg(id.value).arg(page);
+    };
     noting.userAccount = Noting<UserId>("userAccount");
     noting.userStatistics = Noting<UserId>("userStatistics");
     noting.userLimits = [this](const QList<UserId> &ids, QWidget * /*parent*/) {

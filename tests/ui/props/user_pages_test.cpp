@@ -1,4 +1,5 @@
 #include "access/user_record.h"
+#include "base/day.h"
 #include "db/value_codes.h"
 #include "props_fixture.h"
 #include "support/windows/keyboard.h"
@@ -467,4 +468,24 @@ TEST_F(UserPages, ProtocolsMoveBetweenTheLists)
     EXPECT_THAT(record.protocols.Names(true), ElementsAre(u"SSH"_s));
     Click(*sheet, "allow");
     EXPECT_TRUE(record.protocols.allow);
+}
+
+TEST_F(UserPages, AccessSaysWhyAndUntilWhen)
+{
+    const TodayOverride today({2026, 11, 22});
+    Execute("UPDATE users SET mode = 1, traflim = 0, trafperiod = 2 WHERE user_id = 1");
+    Show<CAdministratorUserPAccess>();
+    LetSessionFinish();
+    QStringList lines;
+    for (const QLabel *line : sheet->findChildren<QLabel *>(u"whyLine"_s)) {
+        EXPECT_TRUE(line->isVisible());
+        lines << line->text();
+    }
+    EXPECT_THAT(
+        lines,
+        ElementsAre(u"The traffic limit of 0 Mb is used up (0 Mb since 1 November). The period "
+                    u"ends on 30 November."_s,
+                    u"The words above go by the user's block alone. With all that counts: "
+                    u"Access is denied."_s));
+    EXPECT_EQ(Find<QLabel>(*sheet, "accessState").text(), u"Access is allowed"_s);
 }

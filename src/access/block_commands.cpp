@@ -1,0 +1,124 @@
+#include "access/block_commands.h"
+
+#include "access/blocking.h"
+#include "access/present_users.h"
+#include "actions/action_run.h"
+#include "db/query.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+QString Words(const char *text)
+{
+    return QCoreApplication::translate("BlockCommands", text);
+}
+
+// Nothing for a user that is gone.
+std::optional<StoredBlock> ReadBlock(ActionRun &run, UserId userId)
+{
+    return run.Take(ReadOne(
+        "SELECT blocked, blockreason FROM users WHERE user_id = (?)",
+        [](const Row &row) {
+            return StoredBlock {row.Flag(1), row.Code<BlockReason>(2)};
+        },
+        userId));
+}
+
+struct Command
+{
+    bool (*concerns)(const StoredBlock &block);
+    void (*change)(ActionRun &run, UserId userId);
+    StoredBlock (*after)(const StoredBlock &before);
+    const char *nobody; // is concerned
+};
+
+constexpr Command kBlock {
+    [](const StoredBlock &block) { return MeaningOf(block) != BlockMeaning::ByAdministrator; },
+    [](ActionRun &run, UserId userId) { BlockUser(run, userId, BlockReason::Administrator); },
+    [](const StoredBlock &) {
+        return StoredBlock {true, BlockReason::Administrator};
+    },
+    QT_TRANSLATE_NOOP("BlockCommands",
+                      "The administrator has blocked these users already. Nothing was changed.")};
+
+constexpr Command kUnblock {
+    [](const StoredBlock &block) {
+        const BlockState shown = UserBlockState(block);
+        return shown.opened && shown.editable;
+    },
+    [](ActionRun &run, UserId userId) { UnblockUser(run, userId); },
+    [](const StoredBlock &before) {
+        return StoredBlock {false, before.reason};
+    },
+    QT_TRANSLATE_NOOP(
+        "BlockCommands",
+        "The administrator has not blocked any of these users. A block for a limit is "
+        "lifted by a higher limit or a credit. Nothing was changed.")};
+
+void Run(ActionRun &run,
+         const Command &command,
+         const std::vector<UserId> &userIds,
+         BlockChanges::element_type &changed)
+{
+    changed.clear();
+    LockUsers(run, userIds);
+    for (const UserId userId : PresentUsers(run, userIds)) {
+        const auto block = ReadBlock(run, userId);
+        if (block && command.concerns(*block)) {
+            command.change(run, userId);
+            changed.push_back({userId, *block, command.after(*block)});
+        }
+    }
+    if (changed.empty()) {
+        run.Refuse(Words(command.nobody));
+    }
+}
+
+Action ActionOf(ActionId id,
+                const Command &command,
+                const std::vector<UserId> &userIds,
+                const BlockChanges &changed)
+{
+    return {id,
+            [&command, userIds, changed](ActionRun &run) { Run(run, command, userIds, *changed); }};
+}
+
+} // namespace
+
+Action BlockUsersAction(const std::vector<UserId> &userIds, const BlockChanges &changed)
+{
+    return ActionOf(ActionId::BlockUsers, kBlock, userIds, changed);
+}
+
+Action UnblockUsersAction(const std::vector<UserId> &userIds, const BlockChanges &changed)
+{
+    return ActionOf(ActionId::UnblockUsers, kUnblock, userIds, changed);
+}
+
+Action UndoBlocksAction(const std::vector<BlockChange> &changes)
+{
+    std::vector<UserId> userIds(changes.size());
+    std::ranges::transform(changes, userIds.begin(), &BlockChange::userId);
+    return {
+        ActionId::UndoBlocks, [changes, userIds](ActionRun &run) {
+            LockUsers(run, userIds);
+            for (const BlockChange &change : changes) {
+                if (ReadBlock(run, change.userId) != change.after) {
+                    run.Refuse(Words(QT_TRANSLATE_NOOP(
+                        "BlockCommands",
+                        "The block of these users was changed meanwhile. Nothing was undone.")));
+                    return;
+                }
+            }
+            for (const auto &[userId, before, after] : changes) {
+                if (before.blocked) {
+                    BlockUser(run, userId, before.reason);
+                } else {
+                    UnblockUser(run, userId);
+                }
+            }
+        }};
+}

@@ -1,0 +1,31 @@
+// The users that are selected in the list, kept when the list loses the focus and deselects the first.
+#pragma once
+
+#include "db/ids.h"
+
+#include <QList>
+#include <QObject>
+#include <QTimer>
+
+class CAdministratorView;
+
+class ChosenUsers : public QObject
+{
+    Q_OBJECT
+
+public:
+    ChosenUsers(CAdministratorView &list, QObject *parent);
+
+    // In the order of the list.
+    [[nodiscard]] const QList<UserId> &Ids() const { return ids; }
+
+signals:
+    void Changed();
+
+private:
+    void Take();
+
+    CAdministratorView &list;
+    QTimer soon;
+    QList<UserId> ids;
+};

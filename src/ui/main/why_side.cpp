@@ -1,0 +1,172 @@
+#include "ui/main/why_side.h"
+
+#include "ui/main/administrator_view.h"
+#include "ui/main/chosen_users.h"
+#include "ui/main/command.h"
+#include "ui/main/frame_status_bar.h"
+#include "ui/main/splitter_frame.h"
+#include "ui/main/user_blocking.h"
+#include "ui/main/why_panel.h"
+#include "ui/props/properties.h"
+
+#include <QAction>
+#include <QSettings>
+#include <QSplitter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Of the desktop's user, not of the site: the site's settings are the service's too.
+QSettings DesktopSettings()
+{
+    return QSettings(u"Tollbrook"_s, u"Administrator"_s);
+}
+
+constexpr char16_t kShown[] = u"whyPanel/shown";
+constexpr char16_t kWidths[] = u"whyPanel/widths";
+
+QString Key(const char16_t *key)
+{
+    return QString::fromUtf16(key);
+}
+
+} // namespace
+
+WhySide::WhySide(const AppServices &appServices, CSplitterFrame &owner, QSplitter &splitter)
+    : QObject(&owner)
+    , services(appServices)
+    , frame(owner)
+    , panes(splitter)
+    , panel(new WhyPanel(services, &panes))
+    , chosen(new ChosenUsers(frame.Users(), this))
+    , blocking(new UserBlocking(services, frame))
+    , show(new QAction(tr("&Why, and until when"), this))
+{
+    panes.addWidget(panel);
+    panes.setStretchFactor(0, 1);
+    panes.setStretchFactor(1, 0);
+    show->setObjectName(u"whyCommand"_s);
+    show->setStatusTip(tr("Show why the chosen user may send or not, and until when"));
+    show->setCheckable(true);
+    show->setShortcut(Qt::Key_F8);
+    connect(show, &QAction::toggled, this, &WhySide::SetShown);
+    connect(&panes, &QSplitter::splitterMoved, this, [this] {
+        DesktopSettings().setValue(Key(kWidths), panes.saveState());
+    });
+    panel->hide();
+    QSettings kept = DesktopSettings();
+    panes.restoreState(kept.value(Key(kWidths)).toByteArray());
+    show->setChecked(kept.value(Key(kShown)).toBool());
+    panel->setVisible(show->isChecked());
+    FollowLists();
+    AddKeys();
+}
+
+void WhySide::SetShown(bool shown)
+{
+    panel->setVisible(shown);
+    DesktopSettings().setValue(Key(kShown), shown);
+}
+
+void WhySide::FollowLists()
+{
+    connect(chosen, &ChosenUsers::Changed, panel, [this] { panel->ShowUsers(chosen->Ids()); });
+    connect(&frame.Users(), &ListPane::Filled, panel, &WhyPanel::Refresh);
+    connect(&services.news, &ChangeNews::Stored, panel, &WhyPanel::Refresh);
+    connect(panel, &WhyPanel::CommandChosen, this, &WhySide::Run);
+    connect(panel, &WhyPanel::BlockChosen, this, [this] { blocking->Block(chosen->Ids()); });
+    connect(panel, &WhyPanel::UnblockChosen, this, [this] { blocking->Unblock(chosen->Ids()); });
+    connect(blocking, &UserBlocking::Done, &frame, &CSplitterFrame::Refresh);
+}
+
+// Only where it is seen who is meant: in the users list, and in the panel that names them.
+void WhySide::AddKeys()
+{
+    const auto add = [this](const char *name,
+                            const QString &text,
+                            const QKeySequence &keys,
+                            QWidget *where,
+                            void (UserBlocking::*run)(const QList<UserId> &)) {
+        auto *action = new QAction(text, where);
+        action->setObjectName(QLatin1StringView(name));
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        where->addAction(action);
+        connect(action, &QAction::triggered, this, [this, where, run] {
+            (blocking->*run)(where == panel ? chosen->Ids() : frame.Users().SelectedIds());
+        });
+    };
+    for (QWidget *where : {static_cast<QWidget *>(&frame.Users()), static_cast<QWidget *>(panel)}) {
+        add("blockKey", tr("Block"), QKeySequence(u"Ctrl+B"_s), where, &UserBlocking::Block);
+        add("unblockKey",
+            tr("Unblock"),
+            QKeySequence(u"Ctrl+Shift+B"_s),
+            where,
+            &UserBlocking::Unblock);
+    }
+    auto *undo = new QAction(tr("Undo"), &frame);
+    undo->setShortcut(QKeySequence::Undo);
+    frame.addAction(undo);
+    connect(undo, &QAction::triggered, blocking, &UserBlocking::Undo);
+}
+
+void WhySide::OfferUndoIn(FrameStatusBar &status)
+{
+    connect(blocking, &UserBlocking::UndoOffered, &status, &FrameStatusBar::OfferUndo);
+    connect(&status, &FrameStatusBar::UndoChosen, blocking, &UserBlocking::Undo);
+}
+
+void WhySide::Run(WhyCommand command, bool ofGroup, UserId userId, GroupId groupId)
+{
+    if (command == WhyCommand::Unblock && !ofGroup) {
+        blocking->Unblock({userId});
+        return;
+    }
+    if (ofGroup) {
+        RunForGroup(command, groupId);
+    } else {
+        RunForUser(command, userId);
+    }
+    frame.Refresh();
+}
+
+void WhySide::RunForUser(WhyCommand command, UserId userId)
+{
+    const FrameDialogs &dialogs = frame.Dialogs();
+    switch (command) {
+    case WhyCommand::Monitor:
+        dialogs.unmonitored(&frame);
+        break;
+    case WhyCommand::Logins:
+        dialogs.logins(&frame);
+        break;
+    case WhyCommand::AddCredit:
+        dialogs.userAccount(userId, &frame);
+        break;
+    case WhyCommand::Access:
+    case WhyCommand::Unblock:
+        dialogs.userPage(userId, user_page::kAccess, &frame);
+        break;
+    case WhyCommand::RaiseLimit:
+        dialogs.userPage(userId, user_page::kLimits, &frame);
+        break;
+    case WhyCommand::Times:
+        dialogs.userPage(userId, user_page::kTime, &frame);
+        break;
+    case WhyCommand::Protocols:
+        dialogs.userPage(userId, user_page::kProtocols, &frame);
+        break;
+    }
+}
+
+void WhySide::RunForGroup(WhyCommand command, GroupId groupId)
+{
+    const FrameDialogs &dialogs = frame.Dialogs();
+    if (command == WhyCommand::AddCredit) {
+        dialogs.groupAccount(groupId, &frame);
+    } else {
+        const bool isLimit = command == WhyCommand::RaiseLimit;
+        dialogs.groupPage(groupId, isLimit ? group_page::kLimits : group_page::kAccess, &frame);
+    }
+}

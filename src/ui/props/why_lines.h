@@ -1,0 +1,36 @@
+// Why a user may send or not, line by line, each with the commands that would change it.
+#pragma once
+
+#include "app/why_access.h"
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+class WhyLines : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Commands { Shown, LeftOut };
+
+    explicit WhyLines(Commands commands, QWidget *parent = nullptr);
+
+    // `difference` tells what the window says otherwise; empty for nothing.
+    void Show(const WhyAccess &why, const QString &difference);
+
+    // A text in place of the lines; none for an empty one.
+    void ShowText(const QString &text);
+
+signals:
+    void CommandChosen(WhyCommand command, bool ofGroup);
+
+private:
+    void Clear();
+    void AddText(const QString &text, bool isStrong);
+    void AddCommands(const WhyLine &line);
+
+    const bool showsCommands;
+    QWidget *content = nullptr; // all that is shown, made anew each time
+    QVBoxLayout *column = nullptr; // of the content
+};

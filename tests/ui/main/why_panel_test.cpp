@@ -1,0 +1,261 @@
+// The panel beside the lists: why the chosen user may send or not, and the commands that change it.
+#include "ui/main/why_panel.h"
+
+#include "list_fixture.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSettings>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const char kBlocks[] = "SELECT username, blocked, blockreason FROM users ORDER BY username";
+
+class WhyPanelTest : public ListFixture
+{
+protected:
+    void SetUp() override
+    {
+        ListFixture::SetUp();
+        AddUser({.name = "anna"});
+        AddUser({.name = "bert", .blocked = true, .reason = BlockReason::Administrator});
+        AddUser({.name = "carl", .mode = AccountingMode::Traffic});
+        Execute("UPDATE users SET traflim = 500, trafperiod = 2 WHERE username = 'carl'");
+    }
+
+    // The main window with the panel, which the View menu shows.
+    void ShowPanel()
+    {
+        ShowFrame();
+        if (!Panel().isVisible()) {
+            Command("whyCommand").trigger();
+        }
+        Settle();
+    }
+
+    [[nodiscard]] WhyPanel &Panel() const { return Find<WhyPanel>(*frame, "whyPanel"); }
+
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        Settle();
+    }
+
+    // Clicks the row of the users list, with Ctrl to add it.
+    void Click(int row, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        CAdministratorView &users = Users();
+        users.setFocus();
+        QTest::mouseClick(users.viewport(),
+                          Qt::LeftButton,
+                          modifiers,
+                          users.visualRect(users.model()->index(row, 0)).center());
+        Settle();
+    }
+
+    [[nodiscard]] QString Text(const char *label) const
+    {
+        return Find<QLabel>(*frame, label).text();
+    }
+
+    // The lines and the buttons below them, from the top.
+    [[nodiscard]] QStringList Lines() const
+    {
+        QStringList lines;
+        for (const QLabel *line : Panel().findChildren<QLabel *>(u"whyLine"_s)) {
+            lines << line->text();
+        }
+        return lines;
+    }
+
+    void PressCommand(const QString &text) const
+    {
+        for (QPushButton *button : Panel().findChildren<QPushButton *>()) {
+            if (button->text() == text) {
+                QTest::mouseClick(button, Qt::LeftButton);
+                Settle();
+                return;
+            }
+        }
+        FAIL() << qPrintable(text);
+    }
+
+    [[nodiscard]] QToolButton &Undo() const { return Find<QToolButton>(*frame, "undoPane"); }
+};
+
+} // namespace
+
+TEST_F(WhyPanelTest, IsShownByItsCommandAndKeptForTheNextStart)
+{
+    ShowFrame();
+    EXPECT_FALSE(Panel().isVisible());
+    Press(Qt::Key_F8);
+    EXPECT_TRUE(Panel().isVisible());
+    EXPECT_TRUE(Command("whyCommand").isChecked());
+    CloseFrame();
+    ShowFrame();
+    EXPECT_TRUE(Panel().isVisible());
+    Press(Qt::Key_F8);
+    CloseFrame();
+    ShowFrame();
+    EXPECT_FALSE(Panel().isVisible());
+}
+
+TEST_F(WhyPanelTest, TellsOfTheSelectedUser)
+{
+    ShowPanel();
+    EXPECT_EQ(Text("whyName"), u"Choose a user in the list."_s);
+    EXPECT_FALSE(Find<QPushButton>(*frame, "blockUsers").isEnabled());
+    Click(0);
+    EXPECT_EQ(Text("whyName"), u"anna"_s);
+    EXPECT_EQ(Text("whyVerdict"), u"Access is allowed"_s);
+    EXPECT_EQ(Lines(), QStringList({u"Nothing stands against access."_s}));
+    Press(Qt::Key_Down);
+    EXPECT_EQ(Text("whyName"), u"bert"_s);
+    EXPECT_EQ(Text("whyVerdict"), u"Access is denied"_s);
+    EXPECT_EQ(Lines(), QStringList({u"Blocked by the administrator."_s}));
+    Click(2, Qt::ControlModifier);
+    EXPECT_EQ(Text("whyName"), u"bert, and 1 more chosen"_s);
+}
+
+TEST_F(WhyPanelTest, SaysWhereTheListShowsSomethingElse)
+{
+    Execute("UPDATE groups SET blocked = true, blockreason = 3");
+    ShowPanel();
+    Click(0);
+    EXPECT_EQ(
+        Lines(),
+        QStringList({u"The user's group is blocked by the administrator."_s,
+                     u"The users list shows \"Access is allowed\" instead: it goes by the marks "
+                     u"in the user's row alone."_s}));
+    PressCommand(u"Unblock group..."_s);
+    EXPECT_EQ(opened.last(), u"groupPage 80 1"_s);
+}
+
+TEST_F(WhyPanelTest, KeepsTheUsersThatWereChosenWhenTheListLosesTheFocus)
+{
+    ShowPanel();
+    Click(0);
+    Click(2, Qt::ControlModifier);
+    Find<QPushButton>(*frame, "blockUsers").setFocus();
+    Settle();
+    EXPECT_EQ(Users().SelectedIds(), QList {UserId {3}}) << "the first one is deselected";
+    EXPECT_EQ(Text("whyName"), u"anna, and 1 more chosen"_s);
+    QTest::mouseClick(&Find<QPushButton>(*frame, "blockUsers"), Qt::LeftButton);
+    Settle();
+    EXPECT_EQ(RowsOf(kBlocks), QStringList({u"anna|1|3"_s, u"bert|1|3"_s, u"carl|1|3"_s}));
+    EXPECT_EQ(Text("whyVerdict"), u"Access is denied"_s);
+}
+
+TEST_F(WhyPanelTest, ItsCommandsOpenTheWindowsThatChangeIt)
+{
+    ShowPanel();
+    Click(2);
+    EXPECT_TRUE(Lines().first().startsWith(u"Of the traffic limit of 500 Mb, 500 Mb is left"_s));
+    PressCommand(u"Raise limit..."_s);
+    PressCommand(u"Add credit..."_s);
+    EXPECT_EQ(opened.mid(opened.size() - 2), QStringList({u"userPage 3 2"_s, u"userAccount 3"_s}));
+    Click(1);
+    PressCommand(u"Unblock"_s);
+    EXPECT_EQ(RowsOf(kBlocks).at(1), u"bert|0|3"_s);
+    EXPECT_EQ(Lines(), QStringList({u"Nothing stands against access."_s}));
+}
+
+TEST_F(WhyPanelTest, BlocksByKeysAndUndoesItUntilTheNextAction)
+{
+    ShowPanel();
+    Click(0);
+    Click(1, Qt::ControlModifier);
+    EXPECT_FALSE(Undo().isVisible());
+    Press(Qt::Key_B, Qt::ControlModifier);
+    EXPECT_EQ(RowsOf(kBlocks), QStringList({u"anna|1|3"_s, u"bert|1|3"_s, u"carl|0|0"_s}));
+    EXPECT_EQ(Undo().text(), u"Undo \"Block\""_s);
+    ASSERT_TRUE(Undo().isVisible());
+    QTest::mouseClick(&Undo(), Qt::LeftButton);
+    Settle();
+    EXPECT_EQ(RowsOf(kBlocks), QStringList({u"anna|0|3"_s, u"bert|1|3"_s, u"carl|0|0"_s}))
+        << "bert was blocked before";
+    EXPECT_FALSE(Undo().isVisible());
+
+    Click(1);
+    Press(Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(RowsOf(kBlocks).at(1), u"bert|0|3"_s);
+    EXPECT_TRUE(Undo().isVisible());
+    emit Services().news.Stored(false); // by another window
+    EXPECT_FALSE(Undo().isVisible());
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(RowsOf(kBlocks).at(1), u"bert|0|3"_s) << "there is nothing to undo any more";
+}
+
+TEST_F(WhyPanelTest, UndoRefusesWhatSomebodyElseChanged)
+{
+    ShowPanel();
+    Click(0);
+    Press(Qt::Key_B, Qt::ControlModifier);
+    Execute("UPDATE users SET blockreason = 1 WHERE username = 'anna'");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(prompt.TakeSaid().last(),
+              u"The block of these users was changed meanwhile. Nothing was undone."_s);
+    EXPECT_EQ(RowsOf(kBlocks).at(0), u"anna|1|1"_s);
+}
+
+TEST_F(WhyPanelTest, KeysInTheGroupsListBlockNobody)
+{
+    ShowPanel();
+    Click(0);
+    Groups().setFocus();
+    Press(Qt::Key_B, Qt::ControlModifier);
+    EXPECT_EQ(RowsOf(kBlocks).at(0), u"anna|0|0"_s);
+}
+
+TEST_F(WhyPanelTest, TellsWhatCouldNotBeRead)
+{
+    ShowPanel();
+    Execute("ALTER TABLE logins RENAME TO away");
+    Click(0);
+    EXPECT_TRUE(Lines().first().startsWith(u"Why access is as it is could not be read."_s));
+    EXPECT_EQ(Text("whyVerdict"), QString());
+    Execute("ALTER TABLE away RENAME TO logins");
+    Execute("DELETE FROM users WHERE username = 'bert'");
+    Click(1);
+    EXPECT_EQ(Lines(), QStringList({u"This user has been deleted meanwhile."_s}));
+}
+
+TEST_F(WhyPanelTest, F6GoesRoundListsFindBarAndPanel)
+{
+    ShowPanel();
+    Users().setFocus();
+    const auto place = [this] { return QApplication::focusWidget()->objectName(); };
+    QStringList round;
+    for (int i = 0; i < 4; ++i) {
+        Press(Qt::Key_F6);
+        round << place();
+    }
+    EXPECT_EQ(round, QStringList({u"groupsList"_s, u"findUser"_s, u"whyLines"_s, u"usersList"_s}));
+    Press(Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(place(), u"whyLines"_s);
+    Command("whyCommand").trigger(); // hides the panel: it is left out
+    Users().setFocus();
+    Press(Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(place(), u"findUser"_s);
+}
+
+TEST_F(WhyPanelTest, FitsASmallScreen)
+{
+    ShowPanel();
+    Execute("UPDATE users SET mode = 5, authreq = 1, blocked = true, blockreason = 3 "
+            "WHERE username = 'carl'");
+    Click(2);
+    EXPECT_LE(frame->minimumSizeHint().width(), 1024);
+    EXPECT_LE(frame->minimumSizeHint().height(), 600);
+    frame->resize(1024, 600);
+    Settle();
+    for (const QPushButton *button : Panel().findChildren<QPushButton *>()) {
+        EXPECT_GE(button->width(), button->sizeHint().width()) << qPrintable(button->text());
+        const QPoint right = button->mapTo(&Panel(), QPoint(button->width(), 0));
+        EXPECT_LE(right.x(), Panel().width()) << qPrintable(button->text());
+    }
+}
