@@ -12,9 +12,10 @@
 
 const char *const user_list::kSelect =
     "SELECT username, stationname, fullname, ip_addr, blocked, user_id, blockreason, mac_addr, "
-    "group_id, timeaccess, timeblocked FROM users";
+    "group_id, timeaccess, timeblocked FROM users WHERE monitored = true AND group_id<>0";
 
-const char *const user_list::kListed = "monitored = true AND group_id<>0";
+const char *const user_list::kCount =
+    "SELECT COUNT(*) FROM users WHERE monitored = true AND group_id<>0";
 
 namespace {
 
@@ -133,15 +134,13 @@ std::optional<Failure> user_list::ForEach(const QByteArray &statement,
 
 Result<UserList> ReadUserList(int order, bool ascending, bool withGroupNames)
 {
-    const QByteArray statement = QByteArray(user_list::kSelect) + " WHERE " + user_list::kListed
-        + user_list::OrderClause(order, ascending);
+    const QByteArray statement = user_list::kSelect + user_list::OrderClause(order, ascending);
     return user_list::Read(statement, {}, kUserListCapacity, withGroupNames);
 }
 
 Result<quint32> CountListedUsers()
 {
-    return ReadOne("SELECT COUNT(*) FROM users WHERE monitored = true AND group_id<>0",
-                   [](const Row &row) { return row.Integer(1); })
+    return ReadOne(user_list::kCount, [](const Row &row) { return row.Integer(1); })
         .map([](const std::optional<quint32> &count) { return count.value_or(0); });
 }
 

@@ -53,11 +53,11 @@ constexpr int kBlocked = 5;
 // How many such users there are, whatever the list shows.
 [[nodiscard]] Result<quint32> CountListedUsers();
 
-// For other statements that give rows of the list: what they begin with, which users the list has at all,
-// and how they end.
+// For other statements that give rows of the list.
 namespace user_list {
+// Of all that the list has at all: "AND" may follow.
 extern const char *const kSelect;
-extern const char *const kListed; // a condition
+extern const char *const kCount;
 
 // Begins with a blank; empty for a code that is no order.
 [[nodiscard]] QByteArray OrderClause(int order, bool ascending);

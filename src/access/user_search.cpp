@@ -84,7 +84,24 @@ QString HardwareDigits(const QString &text)
     return {};
 }
 
-void AddText(Statement &statement, const QString &text)
+// How rows are held against other tables: one after the other for a few of them, else all at once. A
+// count leaves an engine no choice: for a few rows some would read a whole table.
+enum class Rows { Few, Many };
+
+void AddNames(Statement &statement, const QString &pattern, Rows rows)
+{
+    const bool few = rows == Rows::Few;
+    statement
+        << (few ? "0 < (SELECT COUNT(*) FROM groups WHERE groups.group_id = users.group_id AND "
+                : "group_id IN (SELECT group_id FROM groups WHERE ");
+    AddHolds(statement, "name", pattern);
+    statement << (few ? ") OR 0 < (SELECT COUNT(*) FROM logins WHERE userid = user_id AND "
+                      : ") OR user_id IN (SELECT userid FROM logins WHERE ");
+    AddHolds(statement, "login", pattern);
+    statement << ")";
+}
+
+void AddText(Statement &statement, const QString &text, Rows rows)
 {
     const QString pattern = Somewhere(text);
     statement << " AND (";
@@ -100,11 +117,8 @@ void AddText(Statement &statement, const QString &text)
         AddHolds(statement, "mac_addr", Somewhere(digits));
         statement << " OR ";
     }
-    statement << "group_id IN (SELECT group_id FROM groups WHERE ";
-    AddHolds(statement, "name", pattern);
-    statement << ") OR user_id IN (SELECT userid FROM logins WHERE ";
-    AddHolds(statement, "login", pattern);
-    statement << "))";
+    AddNames(statement, pattern, rows);
+    statement << ")";
 }
 
 void AddGroup(Statement &statement, const FilterGroup &group)
@@ -156,10 +170,9 @@ void AddModes(Statement &statement, const QList<AccountingMode> &modes)
     statement << ")";
 }
 
-// What holds for each user that the filter finds.
-void AddConditions(Statement &statement, const UserFilter &filter)
+// What holds besides for each user that the filter finds.
+void AddConditions(Statement &statement, const UserFilter &filter, Rows rows)
 {
-    statement << user_list::kListed;
     for (const FilterGroup &group : filter.groups) {
         AddGroup(statement, group);
     }
@@ -179,24 +192,24 @@ void AddConditions(Statement &statement, const UserFilter &filter)
             .Bind(static_cast<quint32>(BlockReason::TimeUsedUp));
     }
     for (const QString &text : filter.texts) {
-        AddText(statement, text);
+        AddText(statement, text, rows);
     }
 }
 
 // A text in the middle of a name is found by no index. To look at the rows in the order of one costs
 // many times as much as to look at them as they lie, where few are found.
-const char *Source(const UserFilter &filter)
+QByteArray Begun(const char *sqlText, const UserFilter &filter)
 {
     const bool byIndex =
         filter.texts.isEmpty() || !filter.groups.isEmpty() || !filter.spans.isEmpty();
-    return byIndex ? " WHERE " : " SCANNED WHERE ";
+    return byIndex ? QByteArray(sqlText)
+                   : QByteArray(sqlText).replace(" WHERE ", " SCANNED WHERE ");
 }
 
 Statement EveryRow(const UserFilter &filter, ListOrder order)
 {
-    Statement statement {user_list::kSelect};
-    statement << Source(filter);
-    AddConditions(statement, filter);
+    Statement statement {Begun(user_list::kSelect, filter)};
+    AddConditions(statement, filter, Rows::Many);
     statement << user_list::OrderClause(order.column, order.ascending).constData();
     return statement;
 }
@@ -209,14 +222,14 @@ const QString &LongestText(const UserFilter &filter)
 // The ids of the first users, in a column's order, whose column begins so.
 void AddBeginnings(Statement &statement, const char *column, const QString &begin)
 {
-    statement << "SELECT user_id FROM (SELECT user_id FROM users WHERE monitored = true AND ";
+    statement << " SELECT user_id FROM (SELECT user_id FROM users WHERE monitored = true AND ";
     AddBegin(statement, column, begin);
-    statement << " ORDER BY " << column << " LIMIT 1000) AS by_" << column << " UNION ";
+    statement << " ORDER BY " << column << " LIMIT 1000) AS by_" << column << " UNION";
 }
 
 void AddLoginBeginnings(Statement &statement, const QString &begin)
 {
-    statement << "SELECT userid FROM (SELECT userid FROM logins WHERE ";
+    statement << " SELECT userid FROM (SELECT userid FROM logins WHERE ";
     AddBegin(statement, "login", begin);
     statement << " ORDER BY login LIMIT 1000) AS by_login";
 }
@@ -225,7 +238,7 @@ Statement Beginnings(const UserFilter &filter, ListOrder order)
 {
     const QString &text = LongestText(filter);
     Statement statement {user_list::kSelect};
-    statement << " WHERE user_id IN (SELECT user_id FROM (";
+    statement << " AND user_id IN (SELECT user_id FROM (";
     for (const char *column : {"username", "fullname", "stationname"}) {
         AddBeginnings(statement, column, text);
     }
@@ -236,13 +249,13 @@ Statement Beginnings(const UserFilter &filter, ListOrder order)
         AddBeginnings(statement, "mac_addr", digits);
     }
     AddLoginBeginnings(statement, text);
-    statement << ") AS near) AND ";
-    AddConditions(statement, filter);
+    statement << ") AS near)";
+    AddConditions(statement, filter, Rows::Few);
     statement << user_list::OrderClause(order.column, order.ascending).constData();
     return statement;
 }
 
-Result<UserList> Rows(Statement statement, bool withGroupNames)
+Result<UserList> First(Statement statement, bool withGroupNames)
 {
     statement << " LIMIT 1000";
     return user_list::Read(statement.text, statement.values, 0, withGroupNames);
@@ -257,19 +270,18 @@ bool HasQuickSearch(const UserFilter &filter)
 
 Result<UserList> FindUsersQuickly(const UserFilter &filter, ListOrder order, bool withGroupNames)
 {
-    return Rows(Beginnings(filter, order), withGroupNames);
+    return First(Beginnings(filter, order), withGroupNames);
 }
 
 Result<UserList> FindUsers(const UserFilter &filter, ListOrder order, bool withGroupNames)
 {
-    return Rows(EveryRow(filter, order), withGroupNames);
+    return First(EveryRow(filter, order), withGroupNames);
 }
 
 Result<quint32> CountFoundUsers(const UserFilter &filter)
 {
-    Statement statement {"SELECT COUNT(*) FROM users"};
-    statement << Source(filter);
-    AddConditions(statement, filter);
+    Statement statement {Begun(user_list::kCount, filter)};
+    AddConditions(statement, filter, Rows::Many);
     return ReadOne(
                statement.text.constData(),
                [](const Row &row) { return row.Integer(1); },
