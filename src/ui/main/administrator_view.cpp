@@ -3,6 +3,7 @@
 #include "access/list_commands.h"
 #include "app/perform.h"
 #include "ui/common/accessible.h"
+#include "ui/main/list_export.h"
 #include "ui/main/user_list_model.h"
 #include "ui/props/change_group_dialog.h"
 
@@ -20,12 +21,15 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     , services(appServices)
     , dialogs(windows)
     , users(new UserListModel(this))
+    , finder(appServices.database)
 {
     SetNames(*this, u"usersList"_s, u"Users"_s);
     setSelectionMode(ExtendedSelection);
     ShowModel(users);
     header()->setSectionsClickable(true);
     connect(header(), &QHeaderView::sectionClicked, this, &CAdministratorView::HeaderClicked);
+    connect(&finder, &UserFinder::Found, this, &CAdministratorView::TakeFound);
+    connect(&finder, &UserFinder::Failed, this, [this] { TellRead(false); });
 }
 
 CAdministratorView::~CAdministratorView()
@@ -52,13 +56,46 @@ void CAdministratorView::FillList(int order, bool ascending)
         sortColumn = order;
     }
     const bool shows = columns.ShowUsers();
+    if (IsFiltered() && shows) {
+        FillFiltered(order, ascending, false);
+        return;
+    }
+    finder.Stop();
     const bool withGroups = columns.IsVisible(UserColumn::Group);
     StartReading(
         services.database,
         [order, ascending, withGroups, shows]() -> Result<UserList> {
             return shows ? ReadUserList(order, ascending, withGroups) : UserList();
         },
-        [this, order, ascending](const UserList &list) { TakeList(list, order, ascending); });
+        [this, order, ascending, shows](const UserList &list) {
+            if (!IsFiltered() || !shows) { // else a filter was set meanwhile
+                TakeList(list, order, ascending);
+            }
+        });
+}
+
+void CAdministratorView::FillFiltered(int order, bool ascending, bool quickFirst)
+{
+    wantedOrder = {order, ascending};
+    finder.Find({filter, wantedOrder, columns.IsVisible(UserColumn::Group), quickFirst});
+}
+
+void CAdministratorView::TakeFound(const UserList &found)
+{
+    TakeList(found, wantedOrder.column, wantedOrder.ascending);
+    TellRead(true);
+}
+
+void CAdministratorView::ShowFilter(const UserFilter &newFilter)
+{
+    filter = newFilter;
+    const ListOrder order =
+        finder.IsSearching() ? wantedOrder : ListOrder {shownOrder, shownAscending};
+    if (IsFiltered() && columns.ShowUsers()) {
+        FillFiltered(order.column, order.ascending, true);
+    } else {
+        FillList(order.column, order.ascending);
+    }
 }
 
 void CAdministratorView::TakeList(const UserList &list, int order, bool ascending)
@@ -118,17 +155,34 @@ bool CAdministratorView::FindUser(const QString &text)
 {
     DeselectFirst();
     const int row = users->FindPrefix(text);
-    if (row < 0) {
-        services.prompt.Tell(
-            u"No user found"_s, Prompt::Icon::Information, u"Tollbrook Administrator"_s);
-        return false;
+    if (row >= 0) {
+        GoTo(row);
     }
+    return row >= 0;
+}
+
+void CAdministratorView::Export()
+{
+    ExportList(
+        services,
+        *window(),
+        {.filter = filter, .order = {shownOrder, shownAscending}, .columns = columns.Shown()});
+}
+
+void CAdministratorView::GoToFirst()
+{
+    if (RowCount() > 0) {
+        GoTo(0);
+    }
+}
+
+void CAdministratorView::GoTo(int row)
+{
     const QModelIndex index = users->index(row, 0);
     setFocus(Qt::OtherFocusReason);
     selectionModel()->setCurrentIndex(index,
                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
     scrollTo(index);
-    return true;
 }
 
 UserId CAdministratorView::IdAt(int row) const

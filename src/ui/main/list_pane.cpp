@@ -1,6 +1,10 @@
 #include "ui/main/list_pane.h"
 
+#include "reports/cell.h"
+
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
@@ -82,8 +86,18 @@ void ListPane::SetReading(bool nowReading)
     emit ReadingChanged(reading);
 }
 
+void ListPane::TellRead(bool couldBeRead)
+{
+    wasRead = couldBeRead;
+    emit Filled();
+}
+
 void ListPane::keyPressEvent(QKeyEvent *event)
 {
+    if (event->matches(QKeySequence::Copy)) {
+        CopySelected();
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_F5:
         RefreshKey();
@@ -97,6 +111,25 @@ void ListPane::keyPressEvent(QKeyEvent *event)
         return;
     default:
         QTreeView::keyPressEvent(event);
+    }
+}
+
+// A line for each row; a picture by its words.
+void ListPane::CopySelected() const
+{
+    QStringList lines;
+    for (const int row : SelectedRows()) {
+        QStringList cells;
+        for (int column = 0; column < model()->columnCount(); ++column) {
+            const QModelIndex cell = model()->index(row, column);
+            const QVariant shown = cell.data(Qt::DisplayRole);
+            cells << OneLine(
+                (shown.isValid() ? shown : cell.data(Qt::AccessibleTextRole)).toString());
+        }
+        lines << cells.join(u'\t');
+    }
+    if (!lines.isEmpty()) {
+        QGuiApplication::clipboard()->setText(lines.join(u'\n'));
     }
 }
 

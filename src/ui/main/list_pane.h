@@ -82,6 +82,9 @@ protected:
         });
     }
 
+    // For rows that come another way: whether they could be read.
+    void TellRead(bool couldBeRead);
+
     // Runs `fill`, which resets the model, then selects the rows that `chosen` gives, of which -1
     // stands for none, and scrolls to the same place.
     void Refill(const std::function<void()> &fill, const std::function<QList<int>()> &chosen);
@@ -96,6 +99,7 @@ protected:
 private:
     [[nodiscard]] QPoint PlaceOfMenu(const QContextMenuEvent &event) const;
     void SetReading(bool nowReading);
+    void CopySelected() const;
 
     bool wasRead = true;
     bool reading = false;

@@ -6,6 +6,9 @@
 
 #include <QAbstractTableModel>
 
+// What a cell says, for who cannot see pictures.
+[[nodiscard]] QString CellWords(const UserRow &row, UserColumn column);
+
 class UserListModel : public QAbstractTableModel
 {
     Q_OBJECT
