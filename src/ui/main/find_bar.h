@@ -52,6 +52,6 @@ private:
     TextField *field;
     FilterCompleter *completer;
     QLabel *note; // how many were found, or why nothing is looked for
-    QTimer pause; // since the last key
+    QTimer pause {this}; // since the last key
     bool goesToFound = false; // once all that matches is known
 };
