@@ -47,6 +47,9 @@ protected:
     [[nodiscard]] CAdministratorView &Users() const;
     [[nodiscard]] CAdministratorViewGrp &Groups() const;
 
+    // Types into the find bar, and returns once the list shows what it finds.
+    void TypeFilter(const QString &text) const;
+
     // Names of the listed users from the top, first column.
     [[nodiscard]] QStringList Names() const;
 
