@@ -10,23 +10,17 @@
 #include <utility>
 #include <vector>
 
-namespace {
-
-constexpr char kSelect[] =
+const char *const user_list::kSelect =
     "SELECT username, stationname, fullname, ip_addr, blocked, user_id, blockreason, mac_addr, "
     "group_id, timeaccess, timeblocked FROM users WHERE monitored = true AND group_id<>0";
 
+const char *const user_list::kCount =
+    "SELECT COUNT(*) FROM users WHERE monitored = true AND group_id<>0";
+
+namespace {
+
 constexpr const char *kOrderColumns[] = {
     "username", "stationname", "fullname", "ip_addr", "mac_addr", "blocked"};
-
-QByteArray Statement(int order, bool ascending)
-{
-    QByteArray text = kSelect;
-    if (order >= 0 && order < static_cast<int>(std::size(kOrderColumns))) {
-        text.append(" ORDER BY ").append(kOrderColumns[order]).append(ascending ? " ASC" : " DESC");
-    }
-    return text;
-}
 
 struct ReadUser
 {
@@ -88,9 +82,22 @@ UserList ListOf(const std::vector<ReadUser> &users, const GroupNames &names)
 
 } // namespace
 
-Result<UserList> ReadUserList(int order, bool ascending, bool withGroupNames)
+QByteArray user_list::OrderClause(int order, bool ascending)
 {
-    const auto users = ReadUpTo(kUserListCapacity, Statement(order, ascending).constData(), UserOf);
+    QByteArray clause;
+    if (order >= 0 && order < static_cast<int>(std::size(kOrderColumns))) {
+        clause.append(" ORDER BY ").append(kOrderColumns[order]);
+        clause.append(ascending ? " ASC" : " DESC");
+    }
+    return clause;
+}
+
+Result<UserList> user_list::Read(const QByteArray &statement,
+                                 const ValueList &values,
+                                 quint32 most,
+                                 bool withGroupNames)
+{
+    const auto users = ReadUpTo(most, statement.constData(), UserOf, values);
     if (!users) {
         return tl::unexpected(users.error());
     }
@@ -98,10 +105,40 @@ Result<UserList> ReadUserList(int order, bool ascending, bool withGroupNames)
         .map([&users](const GroupNames &names) { return ListOf(*users, names); });
 }
 
+std::optional<Failure> user_list::ForEach(const QByteArray &statement,
+                                          const ValueList &values,
+                                          FunctionRef<void()> restart,
+                                          FunctionRef<bool(const UserRow &)> take)
+{
+    GroupNames names;
+    const auto groups = ReadAll("SELECT group_id, name FROM groups", [&names](const Row &row) {
+        names.insert(row.Id<GroupId>(1), row.Text(2));
+        return true;
+    });
+    if (!groups) {
+        return groups.error();
+    }
+    return query::Read(
+        statement.constData(),
+        0,
+        [&values] { BindValues(values); },
+        restart,
+        [&](const Row &row) {
+            ReadUser user = UserOf(row);
+            user.row.groupName = names.value(user.groupId);
+            return take(user.row) ? query::Then::GoOn : query::Then::Stop;
+        });
+}
+
+Result<UserList> ReadUserList(int order, bool ascending, bool withGroupNames)
+{
+    const QByteArray statement = user_list::kSelect + user_list::OrderClause(order, ascending);
+    return user_list::Read(statement, {}, kUserListCapacity, withGroupNames);
+}
+
 Result<quint32> CountListedUsers()
 {
-    return ReadOne("SELECT COUNT(*) FROM users WHERE monitored = true AND group_id<>0",
-                   [](const Row &row) { return row.Integer(1); })
+    return ReadOne(user_list::kCount, [](const Row &row) { return row.Integer(1); })
         .map([](const std::optional<quint32> &count) { return count.value_or(0); });
 }
 

@@ -2,11 +2,16 @@
 #pragma once
 
 #include "access/access_marks.h"
+#include "base/function_ref.h"
 #include "db/failure.h"
 #include "db/ids.h"
+#include "db/parameters.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
+
+#include <optional>
 
 // The text columns as they are shown: a hardware address as pairs joined with "-".
 struct UserRow
@@ -45,6 +50,28 @@ constexpr int kBlocked = 5;
 
 // How many such users there are, whatever the list shows.
 [[nodiscard]] Result<quint32> CountListedUsers();
+
+// For other statements that give rows of the list.
+namespace user_list {
+// Of all that the list has at all: "AND" may follow.
+extern const char *const kSelect;
+extern const char *const kCount;
+
+// Begins with a blank; empty for a code that is no order.
+[[nodiscard]] QByteArray OrderClause(int order, bool ascending);
+
+// The rows of such a statement, at most `most` of them; 0 for one that has a bound of its own: a driver
+// writes the other behind it.
+[[nodiscard]] Result<UserList>
+Read(const QByteArray &statement, const ValueList &values, quint32 most, bool withGroupNames);
+
+// Every row with its group's name, handed to `take` one after the other; `take` returns false to end it.
+// `restart` is called before the rows come, once more when they come from the beginning again.
+[[nodiscard]] std::optional<Failure> ForEach(const QByteArray &statement,
+                                             const ValueList &values,
+                                             FunctionRef<void()> restart,
+                                             FunctionRef<bool(const UserRow &)> take);
+} // namespace user_list
 
 // Twelve characters as six pairs joined with "-"; a shorter text as the pairs it has.
 [[nodiscard]] QString MacAddressText(const QString &stored);

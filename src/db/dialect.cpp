@@ -74,6 +74,39 @@ constexpr char kMariadbWritable[] =
     "WHEN EXISTS (SELECT 1 FROM information_schema.global_status "
     "WHERE variable_name = 'WSREP_READY' AND variable_value = 'ON') THEN 2 ELSE 0 END";
 
+constexpr Spelling kSqliteSpellings[] = {
+    {"holds", "LIKE"},
+    {"holds_letters", "LIKE"},
+    {"scanned", "NOT INDEXED"},
+    {"address_number",
+     "CASE WHEN json_valid('[' || replace(ip_addr, '.', ',') || ']') THEN "
+     "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[0]') * 16777216 + "
+     "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[1]') * 65536 + "
+     "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[2]') * 256 + "
+     "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[3]') END"},
+};
+
+// The names' own collation knows no patterns. That of the engine is many times faster, and right for a
+// pattern of a to z.
+constexpr Spelling kPostgresqlSpellings[] = {
+    {"holds", "COLLATE \"C\" ILIKE"},
+    {"holds_letters", "COLLATE \"und-x-icu\" ILIKE"},
+    {"scanned", "TABLESAMPLE SYSTEM (100)"},
+    {"address_number",
+     "CASE WHEN ip_addr ~ '^[0-9]{1,3}[.][0-9]{1,3}[.][0-9]{1,3}[.][0-9]{1,3}$' THEN "
+     "CAST(split_part(ip_addr, '.', 1) AS bigint) * 16777216 + "
+     "CAST(split_part(ip_addr, '.', 2) AS bigint) * 65536 + "
+     "CAST(split_part(ip_addr, '.', 3) AS bigint) * 256 + "
+     "CAST(split_part(ip_addr, '.', 4) AS bigint) END"},
+};
+
+constexpr Spelling kMariadbSpellings[] = {
+    {"holds", "COLLATE utf8mb4_uca1400_nopad_as_ci LIKE"},
+    {"holds_letters", "COLLATE utf8mb4_uca1400_nopad_as_ci LIKE"},
+    {"scanned", "USE INDEX ()"},
+    {"address_number", "INET_ATON(ip_addr)"},
+};
+
 } // namespace
 
 const Dialect kSqlite {.engine = "SQLite",
@@ -87,7 +120,8 @@ const Dialect kSqlite {.engine = "SQLite",
                        .writable = nullptr,
                        .clusterSettings = nullptr,
                        .serversKey = nullptr,
-                       .failures = kSqliteFailures};
+                       .failures = kSqliteFailures,
+                       .spellings = kSqliteSpellings};
 
 const Dialect kPostgresql {.engine = "PostgreSQL",
                            .identifierQuote = '"',
@@ -100,7 +134,8 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .writable = "SELECT CASE WHEN pg_is_in_recovery() THEN 0 ELSE 1 END",
                            .clusterSettings = nullptr,
                            .serversKey = nullptr,
-                           .failures = kPostgresqlFailures};
+                           .failures = kPostgresqlFailures,
+                           .spellings = kPostgresqlSpellings};
 
 const Dialect kMariadb {.engine = "MariaDB",
                         .identifierQuote = '`',
@@ -113,7 +148,8 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .writable = kMariadbWritable,
                         .clusterSettings = "SET SESSION wsrep_sync_wait = 1",
                         .serversKey = "Server",
-                        .failures = kMariadbFailures};
+                        .failures = kMariadbFailures,
+                        .spellings = kMariadbSpellings};
 
 namespace {
 
@@ -215,6 +251,9 @@ private:
             const char digit = lower == "true" ? '1' : '0';
             out.resize(start);
             out += digit;
+        } else if (const std::string_view own = SpellingOf(lower); !own.empty()) {
+            out.resize(start);
+            out += own;
         } else if (std::find(std::begin(kReserved), std::end(kReserved), lower)
                    != std::end(kReserved)) {
             out.insert(start, 1, dialect.identifierQuote);
@@ -222,6 +261,15 @@ private:
         } else {
             CompareByDayAfter(word, start);
         }
+    }
+
+    // Empty for a word that all engines write alike.
+    [[nodiscard]] std::string_view SpellingOf(std::string_view word) const
+    {
+        const auto found = std::find_if(dialect.spellings.begin(),
+                                        dialect.spellings.end(),
+                                        [word](const Spelling &own) { return own.word == word; });
+        return found == dialect.spellings.end() ? std::string_view() : found->written;
     }
 
     void AppendLower(std::string_view name)

@@ -17,6 +17,13 @@ struct FailureCode
     Failure::Kind kind;
 };
 
+// A word of the statements that each engine writes another way.
+struct Spelling
+{
+    std::string_view word; // in lower case
+    std::string_view written;
+};
+
 struct Dialect
 {
     const char *engine; // as the driver names its server, in part
@@ -42,6 +49,13 @@ struct Dialect
     // connection is taken whether it can be written to or not. Null where the driver chooses better.
     const char *serversKey;
     std::span<const FailureCode> failures; // the first that fits counts
+    // Of these words:
+    //   HOLDS           like LIKE, in any letter case of a to z, and where the engine's names are
+    //                   sorted without regard to the case of other letters, of those;
+    //   HOLDS_LETTERS   the same for a pattern with letters beyond a to z;
+    //   SCANNED         behind a table: its rows are read as they lie, by no index;
+    //   ADDRESS_NUMBER  the IPv4 address in users.ip_addr as a number; NULL for what is none.
+    std::span<const Spelling> spellings;
 };
 
 extern const Dialect kSqlite;
@@ -55,7 +69,7 @@ extern const Dialect kMariadb;
 [[nodiscard]] Failure::Kind KindOf(const Dialect &dialect, std::string_view sqlState, int native);
 
 // The most parameters that one statement has.
-constexpr int kMaxParameters = 15;
+constexpr int kMaxParameters = 64;
 
 enum class ParameterKind { Integer, Amount, Text, Day };
 

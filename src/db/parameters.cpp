@@ -125,6 +125,14 @@ void BindValue(int number, Day day)
     NextParameter(number, ParameterKind::Day).day = OdbcDay(ExistingDate(day));
 }
 
+void BindValues(const ValueList &values)
+{
+    int number = 0;
+    for (const auto &value : values) {
+        std::visit([&number](const auto &bound) { BindValue(++number, bound); }, value);
+    }
+}
+
 namespace bound_parameters {
 
 const ParameterKinds &Kinds()

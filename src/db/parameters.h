@@ -8,6 +8,8 @@
 #include <QString>
 
 #include <type_traits>
+#include <variant>
+#include <vector>
 
 // Binds parameter `number`, counted from 1, for the next statement only. The value is copied.
 void BindValue(int number, quint32 value);
@@ -35,7 +37,12 @@ void BindValue(int number,
     BindValue(number, static_cast<quint32>(code));
 }
 
+// For a statement that is put together as it is needed.
+using ValueList = std::vector<std::variant<quint32, double, QString>>;
+
 // Binds `values` in order.
+void BindValues(const ValueList &values);
+
 template <typename... Values>
 void BindValues(const Values &...values)
 {

@@ -197,7 +197,9 @@ bool session::IsAbandoned()
 
 void session::Fail(Failure failure)
 {
-    FailureLog::Instance().Add(failure);
+    if (failure.kind != Kind::Cancelled) { // nothing went wrong
+        FailureLog::Instance().Add(failure);
+    }
     Current().failure = std::move(failure);
 }
 

@@ -52,6 +52,9 @@ public:
     // session that cannot be opened, or is lost, is opened again after pauses that grow.
     void Open(const QString &dsn);
 
+    // Where Open() was last told to open it; empty before.
+    [[nodiscard]] const QString &DataSource() const { return dsn; }
+
     // Closes the session; work that has not begun is dropped.
     void Close();
 

@@ -39,19 +39,6 @@ std::unique_ptr<QSettings> OpenMemory()
         QSettings::IniFormat, QSettings::UserScope, organization, program);
 }
 
-QVariant Remembered(const QString &key)
-{
-    const auto memory = OpenMemory();
-    return memory ? memory->value(key) : QVariant();
-}
-
-void Keep(const QString &key, const QVariant &value)
-{
-    if (const auto memory = OpenMemory()) {
-        memory->setValue(key, value);
-    }
-}
-
 // Calls a function whenever the window is hidden by the program or closed.
 class HideWatch : public QObject
 {
@@ -83,6 +70,23 @@ void KeepWindowsFor(const QString &organization, const QString &program)
     KeptFor() = {organization, program};
 }
 
+QVariant Remembered(const QString &key)
+{
+    const auto memory = OpenMemory();
+    return memory ? memory->value(key) : QVariant();
+}
+
+bool Remember(const QString &key, const QVariant &value)
+{
+    const auto memory = OpenMemory();
+    if (!memory) {
+        return false;
+    }
+    memory->setValue(key, value);
+    memory->sync();
+    return memory->status() == QSettings::NoError;
+}
+
 void RememberSize(QWidget &window, const QString &name, QSize atFirst)
 {
     const QString sizeKey = name + u"/size"_s;
@@ -94,9 +98,9 @@ void RememberSize(QWidget &window, const QString &name, QSize atFirst)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
     }
     new HideWatch(window, [&window, sizeKey, maximizedKey] {
-        Keep(maximizedKey, window.isMaximized());
+        Remember(maximizedKey, window.isMaximized());
         if (!window.isMaximized()) {
-            Keep(sizeKey, window.size());
+            Remember(sizeKey, window.size());
         }
     });
 }
@@ -105,7 +109,7 @@ void RememberParts(QSplitter &splitter, const QString &name)
 {
     const QString key = name + u"/parts"_s;
     splitter.restoreState(Remembered(key).toByteArray());
-    new HideWatch(splitter, [&splitter, key] { Keep(key, splitter.saveState()); });
+    new HideWatch(splitter, [&splitter, key] { Remember(key, splitter.saveState()); });
 }
 
 ColumnMemory::ColumnMemory(QHeaderView &columns,
@@ -138,8 +142,8 @@ ColumnMemory::~ColumnMemory()
     for (auto width = widths.begin(); width != widths.end(); ++width) {
         kept.insert(width.key(), *width);
     }
-    Keep(name + u"/widths"_s, kept);
-    Keep(name + u"/order"_s, order);
+    Remember(name + u"/widths"_s, kept);
+    Remember(name + u"/order"_s, order);
 }
 
 void ColumnMemory::PutUp(const std::function<void()> &sections)

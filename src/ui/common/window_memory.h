@@ -1,5 +1,5 @@
-// What a person has made of the windows: their sizes, how they are divided, and the columns of their
-// lists. It is kept for this person alone, in the desktop's own place for settings, and never in the
+// What a person has made of the windows: their sizes, how they are divided, the columns of their lists,
+// and what else windows keep under keys of their own. It is kept for this person alone, in the desktop's own place for settings, and never in the
 // store that all administrators share.
 #pragma once
 
@@ -13,10 +13,17 @@
 class QHeaderView;
 class QSettings;
 class QSplitter;
+class QVariant;
 class QWidget;
 
 // From now on sizes and columns are kept and found again. Without a call nothing is.
 void KeepWindowsFor(const QString &organization, const QString &program);
+
+// What was kept under the key; invalid for nothing.
+[[nodiscard]] QVariant Remembered(const QString &key);
+
+// On the disk when this returns. False when it could not be written, or nothing is kept at all.
+bool Remember(const QString &key, const QVariant &value);
 
 // Gives the window the size that it had the last time, or `atFirst`, and never more than the screen has
 // room for. It is kept whenever the window is hidden. `name` tells the windows apart.

@@ -5,6 +5,7 @@
 #include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/common/window_memory.h"
+#include "ui/main/list_export.h"
 #include "ui/main/user_list_model.h"
 #include "ui/props/change_group_dialog.h"
 
@@ -39,6 +40,7 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     , services(appServices)
     , dialogs(windows)
     , users(new UserListModel(this))
+    , finder(appServices.database)
 {
     SetNames(*this, u"usersList"_s, u"Users"_s);
     setSelectionMode(ExtendedSelection);
@@ -48,6 +50,8 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     });
     header()->setSectionsClickable(true);
     connect(header(), &QHeaderView::sectionClicked, this, &CAdministratorView::HeaderClicked);
+    connect(&finder, &UserFinder::Found, this, &CAdministratorView::TakeFound);
+    connect(&finder, &UserFinder::Failed, this, [this] { TellRead(false); });
 }
 
 CAdministratorView::~CAdministratorView()
@@ -74,13 +78,46 @@ void CAdministratorView::FillList(int order, bool ascending)
         sortColumn = order;
     }
     const bool shows = columns.ShowUsers();
+    if (IsFiltered() && shows) {
+        FillFiltered(order, ascending, false);
+        return;
+    }
+    finder.Stop();
     const bool withGroups = columns.IsVisible(UserColumn::Group);
     StartReading(
         services.database,
         [order, ascending, withGroups, shows]() -> Result<UserList> {
             return shows ? ReadUserList(order, ascending, withGroups) : UserList();
         },
-        [this, order, ascending](const UserList &list) { TakeList(list, order, ascending); });
+        [this, order, ascending, shows](const UserList &list) {
+            if (!IsFiltered() || !shows) { // else a filter was set meanwhile
+                TakeList(list, order, ascending);
+            }
+        });
+}
+
+void CAdministratorView::FillFiltered(int order, bool ascending, bool quickFirst)
+{
+    wantedOrder = {order, ascending};
+    finder.Find({filter, wantedOrder, columns.IsVisible(UserColumn::Group), quickFirst});
+}
+
+void CAdministratorView::TakeFound(const UserList &found)
+{
+    TakeList(found, wantedOrder.column, wantedOrder.ascending);
+    TellRead(true);
+}
+
+void CAdministratorView::ShowFilter(const UserFilter &newFilter)
+{
+    filter = newFilter;
+    const ListOrder order =
+        finder.IsSearching() ? wantedOrder : ListOrder {shownOrder, shownAscending};
+    if (IsFiltered() && columns.ShowUsers()) {
+        FillFiltered(order.column, order.ascending, true);
+    } else {
+        FillList(order.column, order.ascending);
+    }
 }
 
 void CAdministratorView::TakeList(const UserList &list, int order, bool ascending)
@@ -164,15 +201,32 @@ bool CAdministratorView::FindUser(const QString &text)
 {
     DeselectFirst();
     const int row = users->FindPrefix(text);
-    if (row < 0) {
-        services.prompt.Tell(
-            u"No user found"_s, Prompt::Icon::Information, u"Tollbrook Administrator"_s);
-        return false;
+    if (row >= 0) {
+        TakeFocusAt(row, SelectedRows() << row);
     }
+    return row >= 0;
+}
+
+void CAdministratorView::Export()
+{
+    ExportList(
+        services,
+        *window(),
+        {.filter = filter, .order = {shownOrder, shownAscending}, .columns = columns.Shown()});
+}
+
+void CAdministratorView::GoToFirst()
+{
+    if (RowCount() > 0) {
+        TakeFocusAt(0, {0});
+    }
+}
+
+void CAdministratorView::TakeFocusAt(int row, const QList<int> &selected)
+{
     setFocus(Qt::OtherFocusReason);
-    GoTo(row, SelectedRows() << row);
+    GoTo(row, selected);
     scrollTo(users->index(row, 0));
-    return true;
 }
 
 UserId CAdministratorView::IdAt(int row) const

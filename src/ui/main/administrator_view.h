@@ -1,4 +1,5 @@
-// The users list: every monitored user that has a group, at most 1000.
+// The users list: every monitored user that has a group, or those of them that a filter finds; at most
+// 1000.
 #pragma once
 
 #include "access/user_list.h"
@@ -7,6 +8,7 @@
 #include "ui/main/frame_dialogs.h"
 #include "ui/main/id_list_pane.h"
 #include "ui/main/user_columns.h"
+#include "ui/main/user_finder.h"
 
 class ColumnMemory;
 class UserListModel;
@@ -35,8 +37,25 @@ public:
     void ToggleColumn(UserColumn column);
     [[nodiscard]] bool IsColumnVisible(UserColumn column) const;
 
-    // Selects the first row whose first column begins with `text`; says so when there is none.
+    // Lists the users that the filter finds, out of all in the database, in the present order; an empty
+    // one lists all again. Later refills keep to it.
+    void ShowFilter(const UserFilter &newFilter);
+
+    [[nodiscard]] const UserFilter &Filter() const { return filter; }
+    [[nodiscard]] bool IsFiltered() const { return !IsEmpty(filter); }
+
+    // The search for what the filter finds.
+    [[nodiscard]] UserFinder &Finder() { return finder; }
+
+    // Deselects the first selected row, and selects the first one whose first column begins with
+    // `text`. False when there is none.
     bool FindUser(const QString &text);
+
+    // Every user that is listed or would be, were there room, as a file.
+    void Export();
+
+    // Selects the first row, if there is one, and takes the focus.
+    void GoToFirst();
 
     void OpenProperties() override;
     void OpenAccount() override;
@@ -59,6 +78,9 @@ private:
     void MoveToChosenGroup(const QList<UserId> &userIds);
     void ShowSortIndicator();
     void TakeList(const UserList &list, int order, bool ascending);
+    void FillFiltered(int order, bool ascending, bool quickFirst);
+    void TakeFound(const UserList &found);
+    void TakeFocusAt(int row, const QList<int> &selected);
     void RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
                         const QString &what,
                         Action (*actionOn)(const std::vector<UserId> &));
@@ -73,4 +95,7 @@ private:
     bool sortAscending = true; // of header clicks: one direction for all columns
     int shownOrder = -1; // of the rows as they stand
     bool shownAscending = true;
+    UserFilter filter;
+    UserFinder finder;
+    ListOrder wantedOrder; // of the search that runs
 };

@@ -43,6 +43,15 @@ void CAdministratorViewGrp::FillGroups()
     });
 }
 
+QStringList CAdministratorViewGrp::Names() const
+{
+    QStringList names;
+    for (int row = 0; row < groups->rowCount(); ++row) {
+        names << groups->NameAt(row);
+    }
+    return names;
+}
+
 GroupId CAdministratorViewGrp::IdAt(int row) const
 {
     return groups->IdAt(row);

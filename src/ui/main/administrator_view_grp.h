@@ -19,6 +19,9 @@ public:
     // Has the list read anew beside the window; Filled tells when it was.
     void FillGroups();
 
+    // Of the listed groups.
+    [[nodiscard]] QStringList Names() const;
+
     void OpenProperties() override;
     void OpenAccount() override;
     [[nodiscard]] QString AccountPrompt() const override;

@@ -3,39 +3,114 @@
 #include "ui/common/accessible.h"
 #include "ui/common/icons.h"
 #include "ui/common/text_field.h"
+#include "ui/main/administrator_view.h"
+#include "ui/main/filter_completer.h"
+#include "ui/main/saved_filters.h"
+#include "ui/props/name_dialog.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLocale>
+#include <QMenu>
 #include <QToolButton>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
-FindBar::FindBar(Prompt &messages, std::function<bool(const QString &)> newFind, QWidget *parent)
+namespace {
+
+constexpr int kPause = 150; // milliseconds
+
+}
+
+FindBar::FindBar(Prompt &messages,
+                 CAdministratorView &usersList,
+                 std::function<QStringList()> groupNames,
+                 QWidget *parent)
     : QToolBar(parent)
     , prompt(messages)
-    , find(std::move(newFind))
+    , users(usersList)
     , field(new TextField(this))
+    , completer(new FilterCompleter(*field, std::move(groupNames)))
+    , note(new QLabel(this))
 {
     setObjectName(u"findBar"_s);
     setWindowTitle(u"Find user"_s);
     setMovable(false);
+    AddField();
+    AddSearch();
+    AddSavedFilters();
+    SetNames(*note, u"findNote"_s, tr("Found users"));
+    note->setTextFormat(Qt::PlainText);
+    note->setContentsMargins(4, 0, 4, 0);
+    addWidget(note);
+    FollowList();
+}
+
+void FindBar::AddField()
+{
     field->setObjectName(u"findUser"_s);
-    // Made with the first text: its picture may stand in the desktop's icon theme, which is slow to open.
-    connect(field, &TextField::textChanged, this, [this] { field->setClearButtonEnabled(true); });
     field->setMaximumWidth(fontMetrics().averageCharWidth() * 32);
-    QAction *search = new QAction(IconOf(Picture::Find), u"Find"_s, this);
-    search->setToolTip(u"Find the first user whose first column begins with this text"_s);
+    field->setToolTip(
+        tr("Any part of a name, workstation, description, address, group or login; also "
+           "group:NAME, mode:NAME, blocked, over, 10.1.2.0/24"));
+    field->installEventFilter(this);
     QLabel *label = LabelFor(u"Find user:"_s, *field);
     label->setContentsMargins(4, 0, 4, 0);
     addWidget(label);
     addWidget(field);
+    pause.setObjectName(u"findPause"_s);
+    pause.setSingleShot(true);
+    pause.setInterval(kPause);
+    connect(&pause, &QTimer::timeout, this, &FindBar::FilterByText);
+    connect(field, &TextField::textChanged, this, &FindBar::TextChanged);
+    connect(field, &TextField::returnPressed, this, &FindBar::Search);
+}
+
+void FindBar::AddSearch()
+{
+    auto *search = new QAction(IconOf(Picture::Find), u"Find"_s, this);
+    search->setToolTip(u"Find the first user whose first column begins with this text"_s);
     addAction(search);
     widgetForAction(search)->setObjectName(u"find"_s);
     widgetForAction(search)->setFocusPolicy(Qt::TabFocus);
     connect(search, &QAction::triggered, this, &FindBar::Search);
-    connect(field, &TextField::returnPressed, this, &FindBar::Search);
+}
+
+void FindBar::AddSavedFilters()
+{
+    auto *button = new QToolButton(this);
+    SetNames(*button, u"savedFilters"_s, tr("Saved filters"));
+    button->setText(tr("Filters"));
+    button->setToolTip(tr("Save what is typed under a name, or choose what was saved"));
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setFocusPolicy(Qt::TabFocus);
+    auto *menu = new QMenu(button);
+    button->setMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] { FillSavedFilters(*menu); });
+    addWidget(button);
+}
+
+void FindBar::FollowList()
+{
+    const UserFinder &finder = users.Finder();
+    connect(&finder, &UserFinder::Found, this, [this](const UserList &, bool whole) {
+        if (whole) {
+            GoToFoundIfAsked();
+        }
+    });
+    connect(&finder, &UserFinder::Counted, this, [this](quint32 found, quint32 all) {
+        const QLocale locale;
+        Note(tr("%1 of %2").arg(locale.toString(found), locale.toString(all)));
+        GoToFoundIfAsked();
+    });
+    connect(&finder, &UserFinder::Failed, this, [this] {
+        goesToFound = false;
+        Note(tr("The users could not be searched."));
+    });
 }
 
 void FindBar::TakeFocus()
@@ -44,11 +119,143 @@ void FindBar::TakeFocus()
     field->selectAll();
 }
 
+bool FindBar::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape && !completer->IsOpen()
+        && !field->text().isEmpty()) {
+        field->clear();
+        return true;
+    }
+    return QToolBar::eventFilter(watched, event);
+}
+
+void FindBar::TextChanged()
+{
+    // Only now: its picture may stand in the desktop's icon theme, which is slow to open.
+    field->setClearButtonEnabled(true);
+    goesToFound = false;
+    if (field->text().isEmpty()) {
+        FilterByText();
+    } else {
+        pause.start();
+    }
+}
+
+// False when the text is not understood: the list stays as it is, and the bar says why.
+bool FindBar::FilterByText()
+{
+    pause.stop();
+    const auto filter = UserFilterFrom(field->text());
+    if (!filter) {
+        Note(filter.error());
+        return false;
+    }
+    if (*filter != users.Filter() || !users.WasRead()) {
+        Note(IsEmpty(*filter) ? QString() : tr("Searching..."));
+        users.ShowFilter(*filter);
+    }
+    return true;
+}
+
+// Somebody whose first column begins so is gone to; else whoever the filter finds.
 void FindBar::Search()
 {
+    if (completer->IsChosen()) {
+        return; // the key was for the list of words
+    }
     if (field->text().isEmpty()) {
         prompt.Tell(u"Enter search criteria please"_s);
-    } else if (!find(field->text())) {
+        return;
+    }
+    if (users.FindUser(field->text())) {
+        return;
+    }
+    if (!FilterByText()) {
+        prompt.Tell(note->text());
         TakeFocus();
+    } else if (users.Finder().IsSearching()) {
+        goesToFound = true;
+    } else {
+        GoToFound();
+    }
+}
+
+// Return may be pressed while the rows, or only their count, are awaited.
+void FindBar::GoToFoundIfAsked()
+{
+    if (std::exchange(goesToFound, false)) {
+        GoToFound();
+    }
+}
+
+void FindBar::GoToFound()
+{
+    if (users.IsFiltered() && users.FindUser(field->text())) {
+        return;
+    }
+    if (users.IsFiltered() && users.RowCount() > 0) {
+        users.GoToFirst();
+    } else {
+        TellNobody();
+    }
+}
+
+void FindBar::TellNobody()
+{
+    prompt.Tell(u"No user found"_s, Prompt::Icon::Information, u"Tollbrook Administrator"_s);
+    TakeFocus();
+}
+
+void FindBar::Note(const QString &text)
+{
+    note->setText(text);
+    note->setToolTip(text);
+}
+
+void FindBar::FillSavedFilters(QMenu &menu)
+{
+    menu.clear();
+    auto *removals = new QMenu(tr("&Remove"), &menu);
+    for (const QString &name : saved_filters::Names()) {
+        QString shown = name;
+        shown.replace(u'&', u"&&"_s);
+        connect(menu.addAction(shown), &QAction::triggered, this, [this, name] {
+            field->setText(saved_filters::TextOf(name));
+            FilterByText();
+            field->setFocus(Qt::OtherFocusReason);
+        });
+        connect(removals->addAction(shown), &QAction::triggered, this, [this, name] {
+            TellUnkept(saved_filters::Remove(name));
+        });
+    }
+    if (!menu.isEmpty()) {
+        menu.addSeparator();
+    }
+    QAction *save = menu.addAction(tr("&Save filter..."), this, &FindBar::SaveFilter);
+    save->setEnabled(!field->text().isEmpty() && UserFilterFrom(field->text()).has_value());
+    removals->setEnabled(!removals->isEmpty());
+    menu.addMenu(removals);
+}
+
+void FindBar::SaveFilter()
+{
+    NameDialog dialog(tr("Save filter"), tr("&Name:"), window());
+    dialog.SetName(field->text());
+    dialog.SetCheck([this](const QString &name) {
+        if (name.trimmed().isEmpty()) {
+            prompt.Tell(tr("Enter a name for the filter."));
+        }
+        return !name.trimmed().isEmpty();
+    });
+    if (dialog.exec() == QDialog::Accepted) {
+        TellUnkept(saved_filters::Save(dialog.Name().trimmed(), field->text()));
+    }
+}
+
+void FindBar::TellUnkept(bool kept)
+{
+    if (!kept) {
+        prompt.Tell(tr("The filters could not be kept."), Prompt::Icon::Warning);
     }
 }

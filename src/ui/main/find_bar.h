@@ -1,12 +1,18 @@
-// "Find user:" with its search command, a toolbar of the main window.
+// "Find user:", a toolbar of the main window: what is typed narrows the users list to those that match,
+// out of all in the database.
 #pragma once
 
 #include "base/prompt.h"
 
+#include <QTimer>
 #include <QToolBar>
 
 #include <functional>
 
+class CAdministratorView;
+class FilterCompleter;
+class QLabel;
+class QMenu;
 class TextField;
 
 class FindBar : public QToolBar
@@ -14,16 +20,38 @@ class FindBar : public QToolBar
     Q_OBJECT
 
 public:
-    // `find` looks for the text and returns false when nothing was found: the field then has the
-    // focus again.
-    FindBar(Prompt &prompt, std::function<bool(const QString &text)> find, QWidget *parent);
+    // `groupNames` gives the groups to complete with. `users` must outlive the bar.
+    FindBar(Prompt &prompt,
+            CAdministratorView &users,
+            std::function<QStringList()> groupNames,
+            QWidget *parent);
 
     void TakeFocus();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void AddField();
+    void AddSearch();
+    void AddSavedFilters();
+    void FollowList();
+    void TextChanged();
+    bool FilterByText();
     void Search();
+    void GoToFoundIfAsked();
+    void GoToFound();
+    void TellNobody();
+    void Note(const QString &text);
+    void FillSavedFilters(QMenu &menu);
+    void SaveFilter();
+    void TellUnkept(bool kept);
 
     Prompt &prompt;
-    std::function<bool(const QString &)> find;
+    CAdministratorView &users;
     TextField *field;
+    FilterCompleter *completer;
+    QLabel *note; // how many were found, or why nothing is looked for
+    QTimer pause {this}; // since the last key
+    bool goesToFound = false; // once all that matches is known
 };

@@ -58,6 +58,9 @@ void FrameMenus::MakeFileMenu()
     Add(menu,
         {"purge", u"&Purge database...", u"Remove accumulated records", Picture::Purge},
         RefreshingOpener(frame, frame.Dialogs().purge));
+    Add(menu,
+        {"exportList", u"&Export list...", u"Save all users that match as a file", Picture::Save},
+        [this] { frame.Users().Export(); });
     menu.addSeparator();
     Add(menu,
         {"exit", u"E&xit", u"Quit the program", Picture::Exit, QKeySequence(u"Ctrl+Q"_s)},

@@ -1,6 +1,10 @@
 #include "ui/main/list_pane.h"
 
+#include "reports/cell.h"
+
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
@@ -128,12 +132,22 @@ void ListPane::SetReading(bool nowReading)
     emit ReadingChanged(reading);
 }
 
+void ListPane::TellRead(bool couldBeRead)
+{
+    wasRead = couldBeRead;
+    emit Filled();
+}
+
 void ListPane::keyPressEvent(QKeyEvent *event)
 {
     const bool isMenuKey = event->key() == Qt::Key_Menu
         || (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
     if (isMenuKey) {
         OpenPopUp(PlaceByKeyboard());
+        return;
+    }
+    if (event->matches(QKeySequence::Copy)) {
+        CopySelected();
         return;
     }
     switch (event->key()) {
@@ -160,6 +174,25 @@ void ListPane::mousePressEvent(QMouseEvent *event)
         selectionModel()->setCurrentIndex(clicked, QItemSelectionModel::NoUpdate);
     }
     QTreeView::mousePressEvent(event);
+}
+
+// A line for each row; a picture by its words.
+void ListPane::CopySelected() const
+{
+    QStringList lines;
+    for (const int row : SelectedRows()) {
+        QStringList cells;
+        for (int column = 0; column < model()->columnCount(); ++column) {
+            const QModelIndex cell = model()->index(row, column);
+            const QVariant shown = cell.data(Qt::DisplayRole);
+            cells << OneLine(
+                (shown.isValid() ? shown : cell.data(Qt::AccessibleTextRole)).toString());
+        }
+        lines << cells.join(u'\t');
+    }
+    if (!lines.isEmpty()) {
+        QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+    }
 }
 
 void ListPane::mouseDoubleClickEvent(QMouseEvent *event)

@@ -85,6 +85,9 @@ protected:
         });
     }
 
+    // For rows that come another way: whether they could be read.
+    void TellRead(bool couldBeRead);
+
     // Runs `fill`, which changes the model row by row, and sees to it that the same rows stay in view.
     void KeepingPlace(const std::function<void()> &fill);
 
@@ -107,6 +110,7 @@ private:
     [[nodiscard]] QPoint PlaceByKeyboard() const; // of the pop-up menu, on the screen
     void OpenPopUp(const QPoint &place);
     void SetReading(bool nowReading);
+    void CopySelected() const;
 
     bool wasRead = true;
     bool reading = false;

@@ -79,7 +79,7 @@ void CSplitterFrame::CreateBars()
     autoRefresh = new AutoRefresh(this);
     menus = new FrameMenus(*this);
     findBar = new FindBar(
-        services.prompt, [this](const QString &text) { return users->FindUser(text); }, this);
+        services.prompt, *users, [this] { return groups->Names(); }, this);
     addToolBar(findBar);
     connect(new QShortcut(QKeySequence::Find, this),
             &QShortcut::activated,
@@ -235,7 +235,8 @@ void CSplitterFrame::ShowCounts()
     messages->ShowLists(users->WasRead() && groups->WasRead()
                             ? QString()
                             : tr("The lists could not be read; the failed statements tell why."));
-    if (users->RowCount() == kUserListCapacity || groups->RowCount() == kGroupListCapacity) {
+    if ((users->RowCount() == kUserListCapacity && !users->IsFiltered())
+        || groups->RowCount() == kGroupListCapacity) {
         CountBeyondLists();
     }
 }
@@ -243,7 +244,8 @@ void CSplitterFrame::ShowCounts()
 // Counting a large table takes longer than reading its first rows: the rows are painted first.
 void CSplitterFrame::CountBeyondLists()
 {
-    const bool usersFull = users->RowCount() == kUserListCapacity;
+    // Of those that a filter finds, the find bar tells.
+    const bool usersFull = users->RowCount() == kUserListCapacity && !users->IsFiltered();
     const bool groupsFull = groups->RowCount() == kGroupListCapacity;
     const auto count = [usersFull, groupsFull]() -> Result<std::pair<quint32, quint32>> {
         const Result<quint32> userCount = usersFull ? CountListedUsers() : 0;

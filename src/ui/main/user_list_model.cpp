@@ -30,6 +30,13 @@ QString CellText(const UserRow &row, UserColumn column)
 
 } // namespace
 
+QString CellWords(const UserRow &row, UserColumn column)
+{
+    return column == UserColumn::Access
+        ? AccessCellData(row.access, Qt::AccessibleTextRole).toString()
+        : CellText(row, column);
+}
+
 void UserListModel::SetColumns(const QList<UserColumn> &shown)
 {
     beginResetModel();

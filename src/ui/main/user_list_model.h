@@ -5,6 +5,9 @@
 #include "ui/main/id_table_model.h"
 #include "ui/main/user_columns.h"
 
+// What a cell says, for who cannot see pictures.
+[[nodiscard]] QString CellWords(const UserRow &row, UserColumn column);
+
 class UserListModel : public IdTableModel<UserList, UserId, &UserList::rowUserIds>
 {
     Q_OBJECT

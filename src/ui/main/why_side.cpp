@@ -1,5 +1,6 @@
 #include "ui/main/why_side.h"
 
+#include "ui/common/window_memory.h"
 #include "ui/main/administrator_view.h"
 #include "ui/main/chosen_users.h"
 #include "ui/main/command.h"
@@ -10,26 +11,14 @@
 #include "ui/props/properties.h"
 
 #include <QAction>
-#include <QSettings>
 #include <QSplitter>
+#include <QVariant>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Of the desktop's user, not of the site: the site's settings are the service's too.
-QSettings DesktopSettings()
-{
-    return QSettings(u"Tollbrook"_s, u"Administrator"_s);
-}
-
-constexpr char16_t kShown[] = u"whyPanel/shown";
-constexpr char16_t kWidths[] = u"whyPanel/widths";
-
-QString Key(const char16_t *key)
-{
-    return QString::fromUtf16(key);
-}
+const QString kShown = u"whyPanel/shown"_s;
 
 } // namespace
 
@@ -51,13 +40,9 @@ WhySide::WhySide(const AppServices &appServices, CSplitterFrame &owner, QSplitte
     show->setCheckable(true);
     show->setShortcut(Qt::Key_F8);
     connect(show, &QAction::toggled, this, &WhySide::SetShown);
-    connect(&panes, &QSplitter::splitterMoved, this, [this] {
-        DesktopSettings().setValue(Key(kWidths), panes.saveState());
-    });
     panel->hide();
-    QSettings kept = DesktopSettings();
-    panes.restoreState(kept.value(Key(kWidths)).toByteArray());
-    show->setChecked(kept.value(Key(kShown)).toBool());
+    RememberParts(panes, u"whyPanel"_s);
+    show->setChecked(Remembered(kShown).toBool());
     panel->setVisible(show->isChecked());
     FollowLists();
     AddKeys();
@@ -66,7 +51,7 @@ WhySide::WhySide(const AppServices &appServices, CSplitterFrame &owner, QSplitte
 void WhySide::SetShown(bool shown)
 {
     panel->setVisible(shown);
-    DesktopSettings().setValue(Key(kShown), shown);
+    Remember(kShown, shown);
 }
 
 void WhySide::FollowLists()

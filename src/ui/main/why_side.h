@@ -1,6 +1,5 @@
 // The panel beside the lists with everything that belongs to it: whom it tells of, its commands and
-// their keys, the View menu's entry, and that it is kept,
-// with its width, from one run to the next for this user of the desktop.
+// their keys, the View menu's entry, and that it is kept, with its width, from one run to the next.
 #pragma once
 
 #include "app/why_access.h"

@@ -8,8 +8,7 @@ using namespace Qt::StringLiterals;
 void WindowFixture::SetUp()
 {
     DatabaseFixture::SetUp();
-    QSettings::setPath(
-        QSettings::NativeFormat, QSettings::UserScope, folder.filePath(u"desktop"_s));
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.filePath(u"desktop"_s));
     UseConfigFolder(ConfigFolder());
     for (const auto key : {ConfigKeyId::Base,
                            ConfigKeyId::LocalIp,

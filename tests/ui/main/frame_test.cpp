@@ -98,7 +98,8 @@ TEST_F(Frame, HasItsMenus)
     EXPECT_EQ(
         titles,
         QStringList({u"File"_s, u"User"_s, u"View"_s, u"Configure"_s, u"Reports..."_s, u"Help"_s}));
-    EXPECT_EQ(MenuTexts(Menu(u"File"_s)), QStringList({u"Purge database..."_s, u"-"_s, u"Exit"_s}));
+    EXPECT_EQ(MenuTexts(Menu(u"File"_s)),
+              QStringList({u"Purge database..."_s, u"Export list..."_s, u"-"_s, u"Exit"_s}));
     EXPECT_EQ(MenuTexts(Menu(u"User"_s)),
               QStringList({u"~Properties..."_s,
                            u"~Account..."_s,
@@ -167,7 +168,7 @@ TEST_F(Frame, ACommandWithoutItsWindowIsNotShown)
     dialogs.setupWizard = {};
     dialogs.reports = {};
     ShowFrame();
-    EXPECT_EQ(MenuTexts(Menu(u"File"_s)), QStringList({u"-"_s, u"Exit"_s}));
+    EXPECT_EQ(MenuTexts(Menu(u"File"_s)), QStringList({u"Export list..."_s, u"-"_s, u"Exit"_s}));
     EXPECT_FALSE(MenuTexts(Menu(u"Help"_s)).contains(u"Setup wizard..."_s));
     EXPECT_FALSE(Command("reports").isVisible());
     EXPECT_FALSE(Command("toolbarReports").isVisible());
@@ -510,7 +511,7 @@ TEST_F(Frame, ThePanesAreReachedByTab)
     ShowFrame();
     QSet<QString> reached;
     Find<QWidget>(*frame, "findUser").setFocus();
-    for (int step = 0; step < 12; ++step) {
+    for (int step = 0; step < 14; ++step) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
         reached.insert(QApplication::focusWidget()->objectName());
     }
@@ -519,7 +520,8 @@ TEST_F(Frame, ThePanesAreReachedByTab)
                                 u"usersList"_s,
                                 u"groupsList"_s,
                                 u"findUser"_s,
-                                u"find"_s}) {
+                                u"find"_s,
+                                u"savedFilters"_s}) {
         EXPECT_TRUE(reached.contains(name)) << qPrintable(name);
     }
 }

@@ -1,14 +1,23 @@
 #include "list_fixture.h"
 
 #include "support/windows/modal.h"
+#include "ui/common/window_memory.h"
 
 #include <QContextMenuEvent>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
+
+void ListFixture::SetUp()
+{
+    WindowFixture::SetUp();
+    KeepWindowsFor(u"Tollbrook"_s, u"Tests"_s);
+}
 
 void ListFixture::TearDown()
 {
     frame.reset();
+    KeepWindowsFor({}, {});
     WindowFixture::TearDown();
 }
 
@@ -61,7 +70,21 @@ CSplitterFrame &ListFixture::ShowFrame()
 CAdministratorView &ListFixture::Users() const
 {
     LetSessionFinish();
-    return Find<CAdministratorView>(*frame, "usersList");
+    auto &users = Find<CAdministratorView>(*frame, "usersList");
+    EXPECT_TRUE(QTest::qWaitFor([&users] { return !users.Finder().IsSearching(); }, 10000));
+    return users;
+}
+
+void ListFixture::TypeFilter(const QString &text) const
+{
+    Type(Find<QWidget>(*frame, "findUser"), text);
+    auto &pause = Find<QTimer>(*frame, "findPause");
+    if (pause.isActive()) {
+        pause.setInterval(0);
+        EXPECT_TRUE(QTest::qWaitFor([&pause] { return !pause.isActive(); }));
+        pause.setInterval(150);
+    }
+    (void)Users();
 }
 
 CAdministratorViewGrp &ListFixture::Groups() const

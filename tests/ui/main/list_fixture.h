@@ -31,6 +31,7 @@ struct SampleUser
 class ListFixture : public WindowFixture
 {
 protected:
+    void SetUp() override;
     void TearDown() override;
 
     // The new row's id.
@@ -46,6 +47,9 @@ protected:
     // Each once it shows what was read last.
     [[nodiscard]] CAdministratorView &Users() const;
     [[nodiscard]] CAdministratorViewGrp &Groups() const;
+
+    // Types into the find bar, and returns once the list shows what it finds.
+    void TypeFilter(const QString &text) const;
 
     // Names of the listed users from the top, first column.
     [[nodiscard]] QStringList Names() const;

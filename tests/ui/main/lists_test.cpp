@@ -457,8 +457,14 @@ TEST_F(Lists, FindLooksForThePrefixOfTheFirstColumn)
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(Users().SelectedIds(), QList<UserId>({bert}));
     EXPECT_TRUE(Users().hasFocus());
-    Type(field, u"Cole"_s); // stands in another column
+    Type(field, u"Cole"_s); // stands in another column: the filter finds him
     Click(*frame, "find");
+    EXPECT_EQ(Users().SelectedIds(), QList<UserId>({bert}));
+    EXPECT_TRUE(Users().hasFocus());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    Type(field, u"nobody"_s);
+    Click(*frame, "find");
+    EXPECT_EQ(Names(), QStringList());
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"No user found"_s));
     EXPECT_EQ(prompt.lastCaption, u"Tollbrook Administrator"_s);
     EXPECT_TRUE(field.hasFocus());

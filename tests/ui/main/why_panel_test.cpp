@@ -5,7 +5,6 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QSettings>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;

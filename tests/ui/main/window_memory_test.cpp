@@ -22,16 +22,7 @@ protected:
     void SetUp() override
     {
         ListFixture::SetUp();
-        QSettings::setPath(
-            QSettings::IniFormat, QSettings::UserScope, folder.filePath(u"personal"_s));
-        KeepWindowsFor(u"Tollbrook"_s, u"Tests"_s);
         AddUser({.name = "anna", .mac = "DDDDDDDDDDDD"});
-    }
-
-    void TearDown() override
-    {
-        ListFixture::TearDown();
-        KeepWindowsFor({}, {});
     }
 
     void ShowAgain()

@@ -1,0 +1,299 @@
+#include "access/user_search.h"
+
+#include "db/query.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A statement while it is written, with the values of its markers.
+struct Statement
+{
+    QByteArray text;
+    ValueList values {};
+
+    Statement &operator<<(const char *part)
+    {
+        text.append(part);
+        return *this;
+    }
+
+    template <typename Value>
+    Statement &Bind(Value value)
+    {
+        values.emplace_back(value);
+        return *this;
+    }
+};
+
+// What is looked for stands for itself, whatever it means in a pattern.
+QString Literally(const QString &text)
+{
+    QString literal;
+    for (const QChar c : text) {
+        if (c == u'%' || c == u'_' || c == u'!') {
+            literal += u'!';
+        }
+        literal += c;
+    }
+    return literal;
+}
+
+QString Somewhere(const QString &text)
+{
+    return u'%' + Literally(text) + u'%';
+}
+
+bool IsPlain(const QString &text)
+{
+    return std::ranges::all_of(text, [](QChar c) { return c.unicode() < 0x80; });
+}
+
+void AddHolds(Statement &statement, const char *column, const QString &pattern)
+{
+    statement << column
+              << (IsPlain(pattern) ? " HOLDS (?) ESCAPE '!'" : " HOLDS_LETTERS (?) ESCAPE '!'");
+    statement.Bind(pattern);
+}
+
+bool IsPartOfAddress(const QString &text)
+{
+    static const QRegularExpression shape(u"^[0-9.]+$"_s);
+    return shape.match(text).hasMatch();
+}
+
+// The digits of a hardware address, or of a part of it, as it is stored; empty for any other text. A few
+// digits without separators are rather part of a name or a number.
+QString HardwareDigits(const QString &text)
+{
+    static const QRegularExpression pairs(u"^([0-9A-Fa-f]{2}[:-])+[0-9A-Fa-f]{0,2}$"_s);
+    static const QRegularExpression fours(u"^([0-9A-Fa-f]{4}[.])+[0-9A-Fa-f]{0,4}$"_s);
+    static const QRegularExpression bare(u"^[0-9A-Fa-f]{4,12}$"_s);
+    for (const auto *shape : {&pairs, &fours, &bare}) {
+        if (shape->match(text).hasMatch()) {
+            QString digits = text.toUpper();
+            digits.removeIf([](QChar c) { return c == u':' || c == u'-' || c == u'.'; });
+            return digits;
+        }
+    }
+    return {};
+}
+
+// How rows are held against other tables: one after the other for a few of them, else all at once. A
+// count leaves an engine no choice: for a few rows some would read a whole table.
+enum class Rows { Few, Many };
+
+void AddNames(Statement &statement, const QString &pattern, Rows rows)
+{
+    const bool few = rows == Rows::Few;
+    statement
+        << (few ? "0 < (SELECT COUNT(*) FROM groups WHERE groups.group_id = users.group_id AND "
+                : "group_id IN (SELECT group_id FROM groups WHERE ");
+    AddHolds(statement, "name", pattern);
+    statement << (few ? ") OR 0 < (SELECT COUNT(*) FROM logins WHERE userid = user_id AND "
+                      : ") OR user_id IN (SELECT userid FROM logins WHERE ");
+    AddHolds(statement, "login", pattern);
+    statement << ")";
+}
+
+void AddText(Statement &statement, const QString &text, Rows rows)
+{
+    const QString pattern = Somewhere(text);
+    statement << " AND (";
+    for (const char *column : {"username", "fullname", "stationname", "descrip"}) {
+        AddHolds(statement, column, pattern);
+        statement << " OR ";
+    }
+    if (IsPartOfAddress(text)) {
+        AddHolds(statement, "ip_addr", pattern);
+        statement << " OR ";
+    }
+    if (const QString digits = HardwareDigits(text); !digits.isEmpty()) {
+        AddHolds(statement, "mac_addr", Somewhere(digits));
+        statement << " OR ";
+    }
+    AddNames(statement, pattern, rows);
+    statement << ")";
+}
+
+void AddGroup(Statement &statement, const FilterGroup &group)
+{
+    statement << " AND group_id IN (SELECT group_id FROM groups WHERE ";
+    AddHolds(statement, "name", group.whole ? Literally(group.name) : Literally(group.name) + u'%');
+    statement << ")";
+}
+
+// The octets that both ends share, with their points: an index finds what begins so.
+QString SharedBegin(const AddressSpan &span)
+{
+    QString begin;
+    for (int octet = 0; octet < 3 && Octet(span.first, octet) == Octet(span.last, octet); ++octet) {
+        begin += QString::number(Octet(span.first, octet)) + u'.';
+    }
+    return begin;
+}
+
+// Behind every text that begins with `begin`.
+QString BehindAll(const QString &begin)
+{
+    return begin + QChar(0xFFFF);
+}
+
+void AddBegin(Statement &statement, const char *column, const QString &begin)
+{
+    statement << column << " >= (?) AND " << column << " < (?)";
+    statement.Bind(begin).Bind(BehindAll(begin));
+}
+
+void AddSpan(Statement &statement, const AddressSpan &span)
+{
+    if (const QString begin = SharedBegin(span); !begin.isEmpty()) {
+        statement << " AND ";
+        AddBegin(statement, "ip_addr", begin);
+    }
+    statement << " AND ADDRESS_NUMBER BETWEEN (?) AND (?)";
+    statement.Bind(double(span.first)).Bind(double(span.last));
+}
+
+void AddModes(Statement &statement, const QList<AccountingMode> &modes)
+{
+    statement << " AND mode IN (";
+    for (const AccountingMode mode : modes) {
+        statement << (mode == modes.constFirst() ? "(?)" : ", (?)");
+        statement.Bind(static_cast<quint32>(mode));
+    }
+    statement << ")";
+}
+
+// What holds besides for each user that the filter finds.
+void AddConditions(Statement &statement, const UserFilter &filter, Rows rows)
+{
+    for (const FilterGroup &group : filter.groups) {
+        AddGroup(statement, group);
+    }
+    for (const AddressSpan &span : filter.spans) {
+        AddSpan(statement, span);
+    }
+    for (const QList<AccountingMode> &modes : filter.modes) {
+        AddModes(statement, modes);
+    }
+    if (filter.blocked) {
+        statement << " AND blocked <> 0 AND blockreason <> (?)";
+        statement.Bind(static_cast<quint32>(BlockReason::ShownAsAllowed));
+    }
+    if (filter.usedUp) {
+        statement << " AND blocked <> 0 AND blockreason IN ((?), (?))";
+        statement.Bind(static_cast<quint32>(BlockReason::TrafficUsedUp))
+            .Bind(static_cast<quint32>(BlockReason::TimeUsedUp));
+    }
+    for (const QString &text : filter.texts) {
+        AddText(statement, text, rows);
+    }
+}
+
+// A text in the middle of a name is found by no index. To look at the rows in the order of one costs
+// many times as much as to look at them as they lie, where few are found.
+QByteArray Begun(const char *sqlText, const UserFilter &filter)
+{
+    const bool byIndex =
+        filter.texts.isEmpty() || !filter.groups.isEmpty() || !filter.spans.isEmpty();
+    return byIndex ? QByteArray(sqlText)
+                   : QByteArray(sqlText).replace(" WHERE ", " SCANNED WHERE ");
+}
+
+Statement EveryRow(const UserFilter &filter, ListOrder order)
+{
+    Statement statement {Begun(user_list::kSelect, filter)};
+    AddConditions(statement, filter, Rows::Many);
+    statement << user_list::OrderClause(order.column, order.ascending).constData();
+    return statement;
+}
+
+const QString &LongestText(const UserFilter &filter)
+{
+    return *std::ranges::max_element(filter.texts, {}, &QString::size);
+}
+
+// The ids of the first users, in a column's order, whose column begins so.
+void AddBeginnings(Statement &statement, const char *column, const QString &begin)
+{
+    statement << " SELECT user_id FROM (SELECT user_id FROM users WHERE monitored = true AND ";
+    AddBegin(statement, column, begin);
+    statement << " ORDER BY " << column << " LIMIT 1000) AS by_" << column << " UNION";
+}
+
+void AddLoginBeginnings(Statement &statement, const QString &begin)
+{
+    statement << " SELECT userid FROM (SELECT userid FROM logins WHERE ";
+    AddBegin(statement, "login", begin);
+    statement << " ORDER BY login LIMIT 1000) AS by_login";
+}
+
+Statement Beginnings(const UserFilter &filter, ListOrder order)
+{
+    const QString &text = LongestText(filter);
+    Statement statement {user_list::kSelect};
+    statement << " AND user_id IN (SELECT user_id FROM (";
+    for (const char *column : {"username", "fullname", "stationname"}) {
+        AddBeginnings(statement, column, text);
+    }
+    if (IsPartOfAddress(text)) {
+        AddBeginnings(statement, "ip_addr", text);
+    }
+    if (const QString digits = HardwareDigits(text); !digits.isEmpty()) {
+        AddBeginnings(statement, "mac_addr", digits);
+    }
+    AddLoginBeginnings(statement, text);
+    statement << ") AS near)";
+    AddConditions(statement, filter, Rows::Few);
+    statement << user_list::OrderClause(order.column, order.ascending).constData();
+    return statement;
+}
+
+Result<UserList> First(Statement statement, bool withGroupNames)
+{
+    statement << " LIMIT 1000";
+    return user_list::Read(statement.text, statement.values, 0, withGroupNames);
+}
+
+} // namespace
+
+bool HasQuickSearch(const UserFilter &filter)
+{
+    return !filter.texts.isEmpty();
+}
+
+Result<UserList> FindUsersQuickly(const UserFilter &filter, ListOrder order, bool withGroupNames)
+{
+    return First(Beginnings(filter, order), withGroupNames);
+}
+
+Result<UserList> FindUsers(const UserFilter &filter, ListOrder order, bool withGroupNames)
+{
+    return First(EveryRow(filter, order), withGroupNames);
+}
+
+Result<quint32> CountFoundUsers(const UserFilter &filter)
+{
+    Statement statement {Begun(user_list::kCount, filter)};
+    AddConditions(statement, filter, Rows::Many);
+    return ReadOne(
+               statement.text.constData(),
+               [](const Row &row) { return row.Integer(1); },
+               statement.values)
+        .map([](const std::optional<quint32> &count) { return count.value_or(0); });
+}
+
+std::optional<Failure> ForEachFoundUser(const UserFilter &filter,
+                                        ListOrder order,
+                                        FunctionRef<void()> restart,
+                                        FunctionRef<bool(const UserRow &)> take)
+{
+    const Statement statement = EveryRow(filter, order);
+    return user_list::ForEach(statement.text, statement.values, restart, take);
+}

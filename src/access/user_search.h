@@ -1,0 +1,36 @@
+// The users that a filter finds, out of all in the database: the rows that the list shows, how many there
+// are, and every one of them. For a session of its own: a search may take a second, and is cancelled
+// when a newer one is wanted.
+#pragma once
+
+#include "access/user_filter.h"
+#include "access/user_list.h"
+
+// How the rows are put in order, see user_order.
+struct ListOrder
+{
+    int column = user_order::kUserName;
+    bool ascending = true;
+};
+
+// Whether a search for what begins so is worth its while: it finds by indexes within a moment, and the
+// whole search then takes its place.
+[[nodiscard]] bool HasQuickSearch(const UserFilter &filter);
+
+// At most 1000 of the users of the filter whose name, full name, workstation, address or login begins
+// with one of the words.
+[[nodiscard]] Result<UserList>
+FindUsersQuickly(const UserFilter &filter, ListOrder order, bool withGroupNames);
+
+// The first 1000 of all that the filter finds.
+[[nodiscard]] Result<UserList>
+FindUsers(const UserFilter &filter, ListOrder order, bool withGroupNames);
+
+// How many it finds.
+[[nodiscard]] Result<quint32> CountFoundUsers(const UserFilter &filter);
+
+// Every one that it finds, see user_list::ForEach.
+[[nodiscard]] std::optional<Failure> ForEachFoundUser(const UserFilter &filter,
+                                                      ListOrder order,
+                                                      FunctionRef<void()> restart,
+                                                      FunctionRef<bool(const UserRow &)> take);

@@ -1,0 +1,107 @@
+#include "ui/main/list_export.h"
+
+#include "app/perform.h"
+#include "app/waiting.h"
+#include "reports/output.h"
+#include "reports/user_table.h"
+#include "ui/main/user_list_model.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ListExport)
+};
+
+// Empty when none was chosen.
+QString ChooseFile(QWidget &parent)
+{
+    const QStringList endings {u"xlsx"_s, u"csv"_s};
+    const QStringList kinds {Words::tr("Spreadsheet (*.xlsx)"),
+                             Words::tr("Text with commas (*.csv)")};
+    QFileDialog dialog(&parent, Words::tr("Export list"));
+    dialog.setObjectName(u"exportList"_s);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(kinds);
+    const auto takeEnding = [&](const QString &kind) {
+        dialog.setDefaultSuffix(endings.value(kinds.indexOf(kind)));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, takeEnding);
+    takeEnding(kinds.front());
+    dialog.selectFile(Words::tr("Users"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
+}
+
+QList<UserTableColumn> TableColumns(const QList<UserColumn> &columns)
+{
+    QList<UserTableColumn> table;
+    for (const UserColumn column : columns) {
+        table.append({HeaderText(column),
+                      [column](const UserRow &user) { return CellWords(user, column); }});
+    }
+    return table;
+}
+
+// How many users were written.
+Result<qint64> Write(const ListToExport &list, const QString &fileName)
+{
+    const auto table = ReadUserTable(list.filter, list.order, TableColumns(list.columns));
+    if (!table) {
+        return tl::unexpected(table.error());
+    }
+    RunControl control;
+    ReportProblem problem;
+    if (!WriteReport(*table, fileName, control, problem)) {
+        return tl::unexpected(Failure {.kind = Failure::Kind::Refused,
+                                       .statement = {},
+                                       .sqlState = {},
+                                       .native = 0,
+                                       .text = problem.text});
+    }
+    return (*table)->rows.Count();
+}
+
+// On a session of its own, so that nothing else waits for it.
+Result<qint64> WriteBeside(const AppServices &services,
+                           QWidget &parent,
+                           const ListToExport &list,
+                           const QString &fileName)
+{
+    SessionThread session;
+    session.Open(services.database.DataSource());
+    std::optional<Result<qint64>> written;
+    SessionWait wait(session, Words::tr("Exporting the list..."), &parent);
+    session.Start(
+        &wait,
+        [list, fileName] { return Write(list, fileName); },
+        [&](const Result<qint64> &count) {
+            written.emplace(count);
+            wait.Finish();
+        },
+        SessionThread::Patience::Endless);
+    wait.Run();
+    return *written;
+}
+
+} // namespace
+
+void ExportList(const AppServices &services, QWidget &parent, const ListToExport &list)
+{
+    const QString fileName = ChooseFile(parent);
+    if (fileName.isEmpty()) {
+        return;
+    }
+    const auto written = WriteBeside(services, parent, list, fileName);
+    if (written) {
+        services.prompt.Tell(
+            Words::tr("%1 users were saved as %2.").arg(QLocale().toString(*written), fileName));
+    } else {
+        TellUnread(services, Words::tr("The list was not exported."), written.error());
+    }
+}
