@@ -2,6 +2,305 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AccessWords</name>
+    <message>
+        <source>This user is not monitored: nothing is counted, limited or blocked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Marked as blocked for reason 4, which lets the user through.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing stands against access.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>d MMMM</source>
+        <comment>a day of this year</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>d MMMM yyyy</source>
+        <comment>a day of another year</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>midnight</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 today</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 on %2</source>
+        <comment>a time and a day</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blocked for a reason without a meaning (%1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blocked by the administrator.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blocked by the administrator since %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>a day and a time</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The block stays until the service lifts it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blocked by the accounting service for traffic, though by now nothing that limits it is used up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blocked by the accounting service for time, though by now nothing that limits it is used up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blocked by the accounting service, which did not say why.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 today</source>
+        <comment>an amount used</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 since %2</source>
+        <comment>an amount used</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The period ends today.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The period ends on %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A credit has expired: its last day was %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 credits have expired: the last one&apos;s last day was %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of that, credits give %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The traffic limit of %1 is used up (%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of the traffic limit of %1, %3 is left (used: %2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The traffic limit of %1 that the group shares is used up (%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of the traffic limit of %1 that the group shares, %3 is left (used: %2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The time limit of %1 is used up (%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of the time limit of %1, %3 is left (used: %2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <comment>hours</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> and </source>
+        <comment>between two amounts</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No pre-paid credit of the group is left.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No pre-paid credit is left.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The group has a pre-paid credit without a bound.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is a pre-paid credit without a bound.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of the group&apos;s pre-paid credit, %1 is left.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of the pre-paid credit, %1 is left.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its last day is %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The allowed time lasts the whole week.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No time of the week is an allowed one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Within the allowed time, until %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Outside the allowed time until %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The next allowed time lasts until %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These are the times of the group.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time ranges that cannot be read: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user is logged in.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user is not logged in.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user must log in. Whether that was done, only the service knows.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No login belongs to this user.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user&apos;s group is blocked by the administrator.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user&apos;s group is blocked by the accounting service.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only these protocols are allowed to the group: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These protocols are denied to the group: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only these protocols are allowed: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These protocols are denied: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Monitor...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unblock group...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unblock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Raise limit...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add credit...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Times...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logins...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Protocols...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access is allowed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access is allowed after login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access is denied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access is blocked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Outside the allowed time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The users list shows &quot;%1&quot; instead: it goes by the marks in the user&apos;s row alone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The words above go by the user&apos;s block alone. With all that counts: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>AccountDialog</name>
     <message>
         <source>Reading the account...</source>
@@ -161,6 +460,45 @@
         <source>It is not known whether the records were removed.</source>
         <translation>Ob die Datensätze entfernt wurden, ist nicht bekannt.</translation>
     </message>
+    <message>
+        <source>No user was blocked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is not known whether the users were blocked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No user was unblocked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is not known whether the users were unblocked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing was undone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is not known whether the change was undone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BlockCommands</name>
+    <message>
+        <source>The administrator has blocked these users already. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The administrator has not blocked any of these users. A block for a limit is lifted by a higher limit or a credit. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The block of these users was changed meanwhile. Nothing was undone.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CAdministratorApp</name>
@@ -247,6 +585,14 @@
         <source>Deleting the group...</source>
         <translation>Die Gruppe wird gelöscht …</translation>
     </message>
+    <message>
+        <source>Reading the group&apos;s name...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The group&apos;s name could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Failure</name>
@@ -284,10 +630,91 @@
     </message>
 </context>
 <context>
+    <name>FilterCompleter</name>
+    <message>
+        <source>Words of a filter</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FindBar</name>
+    <message>
+        <source>Found users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Any part of a name, workstation, description, address, group or login; also group:NAME, mode:NAME, blocked, over, 10.1.2.0/24</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved filters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save what is typed under a name, or choose what was saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation type="unfinished">%1 von %2</translation>
+    </message>
+    <message>
+        <source>The users could not be searched.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save filter...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save filter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter a name for the filter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The filters could not be kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FrameStatusBar</name>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Undo &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Takes it back for the users that it changed (Ctrl+Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>GroupName</name>
+    <message>
+        <source>Please enter the name of the group</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -322,6 +749,28 @@
     <message>
         <source>The user guide is not installed</source>
         <translation>Das Benutzerhandbuch ist nicht installiert</translation>
+    </message>
+</context>
+<context>
+    <name>IdentModeBox</name>
+    <message>
+        <source>Each workstation needs an address that stays the same.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The workstations must not be behind a further router.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each user needs a login, and each workstation the agent.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>IpAddressField</name>
+    <message>
+        <source>Please enter an integer between 0 and 255.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -364,6 +813,44 @@
     <message>
         <source>The limits could not be read.</source>
         <translation>Die Limits konnten nicht gelesen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>ListExport</name>
+    <message>
+        <source>Spreadsheet (*.xlsx)</source>
+        <translation type="unfinished">Tabelle (*.xlsx)</translation>
+    </message>
+    <message>
+        <source>Text with commas (*.csv)</source>
+        <translation type="unfinished">Text mit Kommas (*.csv)</translation>
+    </message>
+    <message>
+        <source>Export list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exporting the list...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 users were saved as %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The list was not exported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LoginManager</name>
+    <message>
+        <source>The changes of these logins are not saved. Drop them?</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -467,6 +954,31 @@
     </message>
 </context>
 <context>
+    <name>NamesLine</name>
+    <message>
+        <source>(no name)</source>
+        <translation type="unfinished">(ohne Namen)</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation type="unfinished">%1 und %2 weitere</translation>
+    </message>
+</context>
+<context>
+    <name>NumberField</name>
+    <message>
+        <source>Please enter an integer between %1 and %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Please enter a number between %1 and %2, with at most %n decimals.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PortDenials</name>
     <message>
         <source>1 denied port of users and groups names %1 and goes with it. Continue?</source>
@@ -541,6 +1053,40 @@
     <message>
         <source>Whether %1 is monitored was not stored.</source>
         <translation>Ob %1 überwacht wird, wurde nicht gespeichert.</translation>
+    </message>
+</context>
+<context>
+    <name>PurgePeriod</name>
+    <message>
+        <source>No record is kept, and no user.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No record is kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kept are the days from %1 to %2. All records before and after go.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kept are the days from %1 to today, %2. All records before go.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The period that is kept begins on %1, which is after today. All records up to today would go. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PurgePeriodBox</name>
+    <message>
+        <source>from %1, after today</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>from %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1056,6 +1602,48 @@
     </message>
 </context>
 <context>
+    <name>UserBlocking</name>
+    <message>
+        <source>Block</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unblock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Storing the users...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UserFilter</name>
+    <message>
+        <source>There is no mode &quot;%1&quot;. The modes are: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no range of addresses such as 10.1.2.0/24 or 10.1.2.5-10.1.2.9.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing stands between the quotes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A name is missing behind &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A word has at most %1 characters.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>At most %1 words can be looked for at once.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ViewerBar</name>
     <message>
         <source>Print...</source>
@@ -1111,6 +1699,71 @@
     <message>
         <source>Cancelling...</source>
         <translation>Wird abgebrochen …</translation>
+    </message>
+</context>
+<context>
+    <name>WhyAccess</name>
+    <message>
+        <source>Why access is as it is could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This user has been deleted meanwhile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WhyPanel</name>
+    <message>
+        <source>&amp;Block</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>U&amp;nblock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Why, and until when</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blocks the chosen users at once (Ctrl+B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lifts the administrator&apos;s block of the chosen users (Ctrl+Shift+B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, and %2 more chosen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a user in the list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WhySide</name>
+    <message>
+        <source>&amp;Why, and until when</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show why the chosen user may send or not, and until when</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Block</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unblock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -6,10 +6,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Tr(const char *text, const char *comment = nullptr)
+struct Text
 {
-    return QCoreApplication::translate("AccessWords", text, comment);
-}
+    Q_DECLARE_TR_FUNCTIONS(AccessWords)
+};
 
 // "512.4" or "500": at most two decimals, none that say nothing.
 QString NumberText(double number, const QLocale &locale)
@@ -35,13 +35,13 @@ public:
     {
         switch (fact.kind) {
         case FactKind::Unmonitored:
-            return Tr("This user is not monitored: nothing is counted, limited or blocked.");
+            return Text::tr("This user is not monitored: nothing is counted, limited or blocked.");
         case FactKind::AdministratorBlock:
             return OfAdministrator(std::get<BlockFact>(fact.values));
         case FactKind::ServiceBlock:
             return OfService(std::get<BlockFact>(fact.values).reason);
         case FactKind::ShownAsAllowed:
-            return Tr("Marked as blocked for reason 4, which lets the user through.");
+            return Text::tr("Marked as blocked for reason 4, which lets the user through.");
         case FactKind::TrafficLimit:
             return OfTraffic(fact);
         case FactKind::TimeLimit:
@@ -59,7 +59,7 @@ public:
         case FactKind::NothingWrong:
             break;
         }
-        return Tr("Nothing stands against access.");
+        return Text::tr("Nothing stands against access.");
     }
 
 private:
@@ -67,8 +67,8 @@ private:
     {
         const bool isThisYear = day.year() == style.today.year();
         return style.locale.toString(day,
-                                     isThisYear ? Tr("d MMMM", "a day of this year")
-                                                : Tr("d MMMM yyyy", "a day of another year"));
+                                     isThisYear ? Text::tr("d MMMM", "a day of this year")
+                                                : Text::tr("d MMMM yyyy", "a day of another year"));
     }
 
     // As in "until 08:00 today".
@@ -78,45 +78,47 @@ private:
             moment.time, moment.time.second() == 0 ? u"HH:mm"_s : u"HH:mm:ss"_s);
         const qint64 days = style.today.daysTo(moment.day);
         if (days == 1 && moment.time == QTime(0, 0)) {
-            return Tr("midnight");
+            return Text::tr("midnight");
         }
         if (days == 0) {
-            return Tr("%1 today").arg(time);
+            return Text::tr("%1 today").arg(time);
         }
         const QString day =
             days < 7 ? style.locale.dayName(moment.day.dayOfWeek()) : DayText(moment.day);
-        return Tr("%1 on %2", "a time and a day").arg(time, day);
+        return Text::tr("%1 on %2", "a time and a day").arg(time, day);
     }
 
     [[nodiscard]] QString OfAdministrator(const BlockFact &block) const
     {
         if (block.reason != BlockReason::Administrator) {
-            return Tr("Blocked for a reason without a meaning (%1).")
+            return Text::tr("Blocked for a reason without a meaning (%1).")
                 .arg(static_cast<quint32>(block.reason));
         }
         if (!block.since) {
-            return Tr("Blocked by the administrator.");
+            return Text::tr("Blocked by the administrator.");
         }
-        return Tr("Blocked by the administrator since %1.")
-            .arg(Tr("%1, %2", "a day and a time")
+        return Text::tr("Blocked by the administrator since %1.")
+            .arg(Text::tr("%1, %2", "a day and a time")
                      .arg(DayText(block.since->date()),
                           style.locale.toString(block.since->time(), u"HH:mm"_s)));
     }
 
     [[nodiscard]] static QString OfService(BlockReason reason)
     {
-        const QString lasts = u' ' + Tr("The block stays until the service lifts it.");
+        const QString lasts = u' ' + Text::tr("The block stays until the service lifts it.");
         switch (reason) {
         case BlockReason::TrafficUsedUp:
-            return Tr("Blocked by the accounting service for traffic, though by now nothing that "
-                      "limits it is used up.")
+            return Text::tr(
+                       "Blocked by the accounting service for traffic, though by now nothing that "
+                       "limits it is used up.")
                 + lasts;
         case BlockReason::TimeUsedUp:
-            return Tr("Blocked by the accounting service for time, though by now nothing that "
-                      "limits it is used up.")
+            return Text::tr(
+                       "Blocked by the accounting service for time, though by now nothing that "
+                       "limits it is used up.")
                 + lasts;
         default:
-            return Tr("Blocked by the accounting service, which did not say why.") + lasts;
+            return Text::tr("Blocked by the accounting service, which did not say why.") + lasts;
         }
     }
 
@@ -126,8 +128,9 @@ private:
         if (!since.isValid()) {
             return used;
         }
-        return since == style.today ? Tr("%1 today", "an amount used").arg(used)
-                                    : Tr("%1 since %2", "an amount used").arg(used, DayText(since));
+        return since == style.today
+            ? Text::tr("%1 today", "an amount used").arg(used)
+            : Text::tr("%1 since %2", "an amount used").arg(used, DayText(since));
     }
 
     [[nodiscard]] QString PeriodText(QDate lastDay) const
@@ -136,8 +139,8 @@ private:
             return {};
         }
         return u' '
-            + (lastDay == style.today ? Tr("The period ends today.")
-                                      : Tr("The period ends on %1.").arg(DayText(lastDay)));
+            + (lastDay == style.today ? Text::tr("The period ends today.")
+                                      : Text::tr("The period ends on %1.").arg(DayText(lastDay)));
     }
 
     [[nodiscard]] QString ExpiredText(const ExpiredCredits &expired) const
@@ -147,9 +150,10 @@ private:
         }
         const QString day = DayText(expired.lastDay);
         return u' '
-            + (expired.count == 1 ? Tr("A credit has expired: its last day was %1.").arg(day)
-                                  : Tr("%1 credits have expired: the last one's last day was %2.")
-                                        .arg(style.locale.toString(expired.count), day));
+            + (expired.count == 1
+                   ? Text::tr("A credit has expired: its last day was %1.").arg(day)
+                   : Text::tr("%1 credits have expired: the last one's last day was %2.")
+                         .arg(style.locale.toString(expired.count), day));
     }
 
     // The sentences of one kind of limit: used up, and with something left.
@@ -172,19 +176,19 @@ private:
         QString text = isUsedUp ? texts.usedUp.arg(limit, used)
                                 : texts.left.arg(limit, used, amount(fact.left));
         if (fact.creditLeft > Unit {}) {
-            text += u' ' + Tr("Of that, credits give %1.").arg(amount(fact.creditLeft));
+            text += u' ' + Text::tr("Of that, credits give %1.").arg(amount(fact.creditLeft));
         }
         return text + ExpiredText(fact.expired) + PeriodText(fact.lastDay);
     }
 
     [[nodiscard]] QString OfTraffic(const Fact &fact) const
     {
-        const LimitTexts own {Tr("The traffic limit of %1 is used up (%2)."),
-                              Tr("Of the traffic limit of %1, %3 is left (used: %2)."),
-                              Tr("%1 Mb")};
+        const LimitTexts own {Text::tr("The traffic limit of %1 is used up (%2)."),
+                              Text::tr("Of the traffic limit of %1, %3 is left (used: %2)."),
+                              Text::tr("%1 Mb")};
         const LimitTexts ofGroup {
-            Tr("The traffic limit of %1 that the group shares is used up (%2)."),
-            Tr("Of the traffic limit of %1 that the group shares, %3 is left (used: %2)."),
+            Text::tr("The traffic limit of %1 that the group shares is used up (%2)."),
+            Text::tr("Of the traffic limit of %1 that the group shares, %3 is left (used: %2)."),
             own.unit};
         return OfLimit(std::get<LimitFact<Megabytes>>(fact.values),
                        fact.effect == FactEffect::Refuses,
@@ -193,9 +197,9 @@ private:
 
     [[nodiscard]] QString OfTime(const Fact &fact) const
     {
-        const LimitTexts texts {Tr("The time limit of %1 is used up (%2)."),
-                                Tr("Of the time limit of %1, %3 is left (used: %2)."),
-                                Tr("%1 h", "hours")};
+        const LimitTexts texts {Text::tr("The time limit of %1 is used up (%2)."),
+                                Text::tr("Of the time limit of %1, %3 is left (used: %2)."),
+                                Text::tr("%1 h", "hours")};
         return OfLimit(
             std::get<LimitFact<Hours>>(fact.values), fact.effect == FactEffect::Refuses, texts);
     }
@@ -205,34 +209,34 @@ private:
     {
         QStringList amounts;
         if (credit.traffic > Megabytes {}) {
-            amounts << Tr("%1 Mb").arg(NumberText(credit.traffic.value, style.locale));
+            amounts << Text::tr("%1 Mb").arg(NumberText(credit.traffic.value, style.locale));
         }
         if (credit.money > BaseUnits {}) {
             amounts << NumberText(credit.money.value * style.rate, style.locale) + u' '
                     + style.currency;
         }
-        return amounts.join(Tr(" and ", "between two amounts"));
+        return amounts.join(Text::tr(" and ", "between two amounts"));
     }
 
     [[nodiscard]] QString OfPrePaid(const Fact &fact) const
     {
         const auto &credit = std::get<PrePaidFact>(fact.values);
         if (fact.effect == FactEffect::Refuses) {
-            return (fact.ofGroup ? Tr("No pre-paid credit of the group is left.")
-                                 : Tr("No pre-paid credit is left."))
+            return (fact.ofGroup ? Text::tr("No pre-paid credit of the group is left.")
+                                 : Text::tr("No pre-paid credit is left."))
                 + ExpiredText(credit.expired);
         }
         QString text;
         if (credit.unbounded) {
-            text = fact.ofGroup ? Tr("The group has a pre-paid credit without a bound.")
-                                : Tr("There is a pre-paid credit without a bound.");
+            text = fact.ofGroup ? Text::tr("The group has a pre-paid credit without a bound.")
+                                : Text::tr("There is a pre-paid credit without a bound.");
         } else {
-            text = (fact.ofGroup ? Tr("Of the group's pre-paid credit, %1 is left.")
-                                 : Tr("Of the pre-paid credit, %1 is left."))
+            text = (fact.ofGroup ? Text::tr("Of the group's pre-paid credit, %1 is left.")
+                                 : Text::tr("Of the pre-paid credit, %1 is left."))
                        .arg(LeftText(credit));
         }
         if (credit.lastDay.isValid()) {
-            text += u' ' + Tr("Its last day is %1.").arg(DayText(credit.lastDay));
+            text += u' ' + Text::tr("Its last day is %1.").arg(DayText(credit.lastDay));
         }
         return text + ExpiredText(credit.expired);
     }
@@ -242,20 +246,22 @@ private:
         const WeekState &state = std::get<WeekFact>(fact.values).state;
         QString text;
         if (!state.until) {
-            text = state.allowed ? Tr("The allowed time lasts the whole week.")
-                                 : Tr("No time of the week is an allowed one.");
+            text = state.allowed ? Text::tr("The allowed time lasts the whole week.")
+                                 : Text::tr("No time of the week is an allowed one.");
         } else if (state.allowed) {
-            text = Tr("Within the allowed time, until %1.").arg(MomentText(*state.until));
+            text = Text::tr("Within the allowed time, until %1.").arg(MomentText(*state.until));
         } else {
-            text = Tr("Outside the allowed time until %1.").arg(MomentText(*state.until)) + u' '
-                + Tr("The next allowed time lasts until %1.").arg(MomentText(*state.changesBack));
+            text = Text::tr("Outside the allowed time until %1.").arg(MomentText(*state.until))
+                + u' '
+                + Text::tr("The next allowed time lasts until %1.")
+                      .arg(MomentText(*state.changesBack));
         }
         if (fact.ofGroup) {
-            text += u' ' + Tr("These are the times of the group.");
+            text += u' ' + Text::tr("These are the times of the group.");
         }
         if (state.unreadable > 0) {
             text += u' '
-                + Tr("Time ranges that cannot be read: %1.")
+                + Text::tr("Time ranges that cannot be read: %1.")
                       .arg(style.locale.toString(state.unreadable));
         }
         return text;
@@ -264,21 +270,21 @@ private:
     [[nodiscard]] static QString OfLogin(const Fact &fact)
     {
         if (fact.effect == FactEffect::None) {
-            return Tr("The user is logged in.");
+            return Text::tr("The user is logged in.");
         }
         const QString text = fact.effect == FactEffect::Refuses
-            ? Tr("The user is not logged in.")
-            : Tr("The user must log in. Whether that was done, only the service knows.");
+            ? Text::tr("The user is not logged in.")
+            : Text::tr("The user must log in. Whether that was done, only the service knows.");
         return std::get<LoginFact>(fact.values).logins > 0
             ? text
-            : text + u' ' + Tr("No login belongs to this user.");
+            : text + u' ' + Text::tr("No login belongs to this user.");
     }
 
     [[nodiscard]] static QString OfGroup(BlockReason reason)
     {
         return reason == BlockReason::Administrator
-            ? Tr("The user's group is blocked by the administrator.")
-            : Tr("The user's group is blocked by the accounting service.");
+            ? Text::tr("The user's group is blocked by the administrator.")
+            : Text::tr("The user's group is blocked by the accounting service.");
     }
 
     [[nodiscard]] static QString OfProtocols(const Fact &fact)
@@ -287,11 +293,11 @@ private:
         const QString names = ports.picked.join(u", "_s);
         if (fact.ofGroup) {
             return ports.allowOnly
-                ? Tr("Only these protocols are allowed to the group: %1.").arg(names)
-                : Tr("These protocols are denied to the group: %1.").arg(names);
+                ? Text::tr("Only these protocols are allowed to the group: %1.").arg(names)
+                : Text::tr("These protocols are denied to the group: %1.").arg(names);
         }
-        return ports.allowOnly ? Tr("Only these protocols are allowed: %1.").arg(names)
-                               : Tr("These protocols are denied: %1.").arg(names);
+        return ports.allowOnly ? Text::tr("Only these protocols are allowed: %1.").arg(names)
+                               : Text::tr("These protocols are denied: %1.").arg(names);
     }
 
     const WordsStyle &style;
@@ -343,23 +349,23 @@ QString WhyCommandText(WhyCommand command, bool ofGroup)
 {
     switch (command) {
     case WhyCommand::Monitor:
-        return Tr("Monitor...");
+        return Text::tr("Monitor...");
     case WhyCommand::Unblock:
-        return ofGroup ? Tr("Unblock group...") : Tr("Unblock");
+        return ofGroup ? Text::tr("Unblock group...") : Text::tr("Unblock");
     case WhyCommand::Access:
-        return Tr("Access...");
+        return Text::tr("Access...");
     case WhyCommand::RaiseLimit:
-        return Tr("Raise limit...");
+        return Text::tr("Raise limit...");
     case WhyCommand::AddCredit:
-        return Tr("Add credit...");
+        return Text::tr("Add credit...");
     case WhyCommand::Times:
-        return Tr("Times...");
+        return Text::tr("Times...");
     case WhyCommand::Logins:
-        return Tr("Logins...");
+        return Text::tr("Logins...");
     case WhyCommand::Protocols:
         break;
     }
-    return Tr("Protocols...");
+    return Text::tr("Protocols...");
 }
 
 std::vector<WhyLine> LinesOf(const AccessFindings &findings, const WordsStyle &style)
@@ -380,26 +386,26 @@ QString VerdictText(Verdict verdict)
 {
     switch (verdict) {
     case Verdict::MaySend:
-        return Tr("Access is allowed");
+        return Text::tr("Access is allowed");
     case Verdict::AfterLogin:
-        return Tr("Access is allowed after login");
+        return Text::tr("Access is allowed after login");
     case Verdict::MayNotSend:
         break;
     }
-    return Tr("Access is denied");
+    return Text::tr("Access is denied");
 }
 
 QString StateText(AccessState state)
 {
     switch (state) {
     case AccessState::Allowed:
-        return Tr("Access is allowed");
+        return Text::tr("Access is allowed");
     case AccessState::Blocked:
-        return Tr("Access is blocked");
+        return Text::tr("Access is blocked");
     case AccessState::OutsideAllowedTime:
         break;
     }
-    return Tr("Outside the allowed time");
+    return Text::tr("Outside the allowed time");
 }
 
 QString DifferenceText(const AccessFindings &findings)
@@ -407,7 +413,8 @@ QString DifferenceText(const AccessFindings &findings)
     if (findings.listed == PictureFor(findings)) {
         return {};
     }
-    return Tr("The users list shows \"%1\" instead: it goes by the marks in the user's row alone.")
+    return Text::tr(
+               "The users list shows \"%1\" instead: it goes by the marks in the user's row alone.")
         .arg(StateText(findings.listed));
 }
 
@@ -416,6 +423,6 @@ QString PageDifferenceText(const AccessFindings &findings)
     if (findings.markedDenied == (findings.verdict == Verdict::MayNotSend)) {
         return {};
     }
-    return Tr("The words above go by the user's block alone. With all that counts: %1.")
+    return Text::tr("The words above go by the user's block alone. With all that counts: %1.")
         .arg(VerdictText(findings.verdict));
 }

@@ -11,10 +11,10 @@
 
 namespace {
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("BlockCommands", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(BlockCommands)
+};
 
 // Nothing for a user that is gone.
 std::optional<StoredBlock> ReadBlock(ActionRun &run, UserId userId)
@@ -73,7 +73,7 @@ void Run(ActionRun &run,
         }
     }
     if (changed.empty()) {
-        run.Refuse(Words(command.nobody));
+        run.Refuse(Words::tr(command.nobody));
     }
 }
 
@@ -102,23 +102,21 @@ Action UndoBlocksAction(const std::vector<BlockChange> &changes)
 {
     std::vector<UserId> userIds(changes.size());
     std::ranges::transform(changes, userIds.begin(), &BlockChange::userId);
-    return {
-        ActionId::UndoBlocks, [changes, userIds](ActionRun &run) {
-            LockUsers(run, userIds);
-            for (const BlockChange &change : changes) {
-                if (ReadBlock(run, change.userId) != change.after) {
-                    run.Refuse(Words(QT_TRANSLATE_NOOP(
-                        "BlockCommands",
-                        "The block of these users was changed meanwhile. Nothing was undone.")));
-                    return;
+    return {ActionId::UndoBlocks, [changes, userIds](ActionRun &run) {
+                LockUsers(run, userIds);
+                for (const BlockChange &change : changes) {
+                    if (ReadBlock(run, change.userId) != change.after) {
+                        run.Refuse(Words::tr(
+                            "The block of these users was changed meanwhile. Nothing was undone."));
+                        return;
+                    }
                 }
-            }
-            for (const auto &[userId, before, after] : changes) {
-                if (before.blocked) {
-                    BlockUser(run, userId, before.reason);
-                } else {
-                    UnblockUser(run, userId);
+                for (const auto &[userId, before, after] : changes) {
+                    if (before.blocked) {
+                        BlockUser(run, userId, before.reason);
+                    } else {
+                        UnblockUser(run, userId);
+                    }
                 }
-            }
-        }};
+            }};
 }

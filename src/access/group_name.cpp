@@ -12,6 +12,15 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(GroupName)
+};
+
+} // namespace
+
 // By way of the capitals: folded alone, a sharp s would not be the two letters that it is in capitals.
 QString GroupNameKey(const QString &name)
 {
@@ -21,7 +30,7 @@ QString GroupNameKey(const QString &name)
 
 QString NoGroupNameText()
 {
-    return QCoreApplication::translate("GroupName", "Please enter the name of the group");
+    return Words::tr("Please enter the name of the group");
 }
 
 QString GroupNameTakenText()

@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(const char *text)
+struct Words
 {
-    return QCoreApplication::translate("UserFilter", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(UserFilter)
+};
 
 // A word as it was typed: a key before a colon, if it is one of ours, and what follows.
 struct TypedWord
@@ -150,7 +150,7 @@ Problem TakeMode(const TypedWord &word, UserFilter &filter)
             return {};
         }
     }
-    return Words(QT_TRANSLATE_NOOP("UserFilter", "There is no mode \"%1\". The modes are: %2."))
+    return Words::tr("There is no mode \"%1\". The modes are: %2.")
         .arg(word.text, ModeNames().join(u", "_s));
 }
 
@@ -158,9 +158,8 @@ Problem TakeSpan(const QString &text, UserFilter &filter)
 {
     const auto span = SpanFrom(text);
     if (!span) {
-        return Words(QT_TRANSLATE_NOOP("UserFilter",
-                                       "\"%1\" is no range of addresses such as 10.1.2.0/24 or "
-                                       "10.1.2.5-10.1.2.9."))
+        return Words::tr("\"%1\" is no range of addresses such as 10.1.2.0/24 or "
+                         "10.1.2.5-10.1.2.9.")
             .arg(text);
     }
     filter.spans << *span;
@@ -186,14 +185,11 @@ Problem TakePlain(const TypedWord &word, UserFilter &filter)
 Problem TakeWord(const TypedWord &word, UserFilter &filter)
 {
     if (word.text.trimmed().isEmpty()) {
-        return word.key.isEmpty()
-            ? Words(QT_TRANSLATE_NOOP("UserFilter", "Nothing stands between the quotes."))
-            : Words(QT_TRANSLATE_NOOP("UserFilter", "A name is missing behind \"%1\"."))
-                  .arg(word.key);
+        return word.key.isEmpty() ? Words::tr("Nothing stands between the quotes.")
+                                  : Words::tr("A name is missing behind \"%1\".").arg(word.key);
     }
     if (word.text.size() > kLongestFilterWord) {
-        return Words(QT_TRANSLATE_NOOP("UserFilter", "A word has at most %1 characters."))
-            .arg(kLongestFilterWord);
+        return Words::tr("A word has at most %1 characters.").arg(kLongestFilterWord);
     }
     if (word.key == kGroupKey) {
         return TakeGroup(word, filter);
@@ -242,8 +238,7 @@ tl::expected<UserFilter, QString> UserFilterFrom(const QString &typed)
     const QList<TypedWord> words = TypedWords(typed);
     if (words.size() > kMostFilterWords) {
         return tl::unexpected(
-            Words(QT_TRANSLATE_NOOP("UserFilter", "At most %1 words can be looked for at once."))
-                .arg(kMostFilterWords));
+            Words::tr("At most %1 words can be looked for at once.").arg(kMostFilterWords));
     }
     UserFilter filter;
     for (const TypedWord &word : words) {

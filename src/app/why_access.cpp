@@ -9,6 +9,11 @@
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(WhyAccess)
+};
+
 // The settings that money needs; why they cannot be read otherwise.
 std::optional<SettingsFailure> ProblemOf(const ConfigStore &settings)
 {
@@ -50,10 +55,9 @@ std::function<Result<WhyAnswer>()> WhyAccessOf(const AppServices &services, User
 QString WhyNot(const Result<WhyAnswer> &answer)
 {
     if (!answer) {
-        return QCoreApplication::translate("WhyAccess", "Why access is as it is could not be read.")
-            + u"\n\n" + answer.error().InWords();
+        return Words::tr("Why access is as it is could not be read.") + u"\n\n"
+            + answer.error().InWords();
     }
-    return answer->unread
-        ? TextOf(*answer->unread)
-        : QCoreApplication::translate("WhyAccess", "This user has been deleted meanwhile.");
+    return answer->unread ? TextOf(*answer->unread)
+                          : Words::tr("This user has been deleted meanwhile.");
 }

@@ -37,7 +37,5 @@ QString NamesLine(const QStringList &names)
     }
     const QString line = shown.join(u", "_s);
     const qsizetype more = names.size() - shown.size();
-    return more == 0 ? line
-                     : Words::tr("%1 and %2 more")
-                           .arg(line, QLocale().toString(more));
+    return more == 0 ? line : Words::tr("%1 and %2 more").arg(line, QLocale().toString(more));
 }

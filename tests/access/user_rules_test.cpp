@@ -153,6 +153,9 @@ TEST_P(UserRulesRead, TheGroupsLimitAndCredits)
             "(1, 90, 2, (?), 1000)",
             DayOf(kNow.day));
     EXPECT_EQ(Decided(), Verdict::MayNotSend);
+    Execute("UPDATE groups SET trafperiod = 1 WHERE group_id = 90");
+    EXPECT_EQ(Decided(), Verdict::MaySend) << "nothing was used today";
+    Execute("UPDATE groups SET trafperiod = 0 WHERE group_id = 90");
     Execute("INSERT INTO billing (mode, group_id, trafid, data) VALUES (1, 90, 1, 3)");
     EXPECT_EQ(Decided(), Verdict::MaySend);
     Execute("UPDATE groups SET mode = 2 WHERE group_id = 90");

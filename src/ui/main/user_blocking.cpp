@@ -55,5 +55,5 @@ void UserBlocking::Undo()
 void UserBlocking::Offer(const QString &what, std::vector<BlockChange> changes)
 {
     undoable = std::move(changes);
-    emit UndoOffered(what);
+    emit UndoOffered(undoable.empty() ? QString() : what);
 }

@@ -121,9 +121,8 @@ bool PurgePeriodBox::IsInOrder(Prompt &prompt)
 QString PurgeInWords(const PurgeChoice &choice, QDate today)
 {
     if (choice.keep == PurgeChoice::Keep::Nothing) {
-        return choice.deleteUsers
-            ? Words::tr("No record is kept, and no user.")
-            : Words::tr("No record is kept.");
+        return choice.deleteUsers ? Words::tr("No record is kept, and no user.")
+                                  : Words::tr("No record is kept.");
     }
     const QString first = InWords(FirstDate(choice, today));
     if (choice.keep == PurgeChoice::Keep::Custom) {

@@ -41,6 +41,10 @@ void CAdministratorUserPAccess::Load()
     type->Show(ChoiceFor(record.draft.mode));
     block->Show(record.block);
     authentication->setChecked(record.draft.authRequired);
+}
+
+void CAdministratorUserPAccess::Activate()
+{
     services.database.Start(
         this, WhyAccessOf(services, record.userId), [this](const Result<WhyAnswer> &answer) {
             if (answer && answer->why) {

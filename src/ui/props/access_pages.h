@@ -23,6 +23,7 @@ public:
 
     [[nodiscard]] QString Title() const override;
     void Load() override;
+    void Activate() override; // reads why access is as it is
     [[nodiscard]] bool Leave() override; // not while "Corporate" stands without an option
     void Collect() override;
 

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QTabBar>
@@ -130,6 +131,16 @@ QStringList RowTexts(const QAbstractItemView &view)
     return rows;
 }
 
+namespace {
+
+// As it is shown: an "&" that stands for itself is written twice.
+QString WithoutMnemonic(QString text)
+{
+    return text.replace(QRegularExpression(u"&(.)"_s), u"\\1"_s);
+}
+
+} // namespace
+
 QStringList MenuTexts(const QMenu &menu)
 {
     QStringList texts;
@@ -137,7 +148,7 @@ QStringList MenuTexts(const QMenu &menu)
         if (action->isVisible()) {
             const QString mark = (action->isChecked() ? u"*"_s : QString())
                 + (action->isEnabled() ? QString() : u"~"_s);
-            texts << (action->isSeparator() ? u"-"_s : mark + action->text().remove(u'&'));
+            texts << (action->isSeparator() ? u"-"_s : mark + WithoutMnemonic(action->text()));
         }
     }
     return texts;
@@ -146,7 +157,7 @@ QStringList MenuTexts(const QMenu &menu)
 void Choose(QMenu &menu, const QString &text)
 {
     for (QAction *action : menu.actions()) {
-        if (action->isVisible() && action->text().remove(u'&') == text) {
+        if (action->isVisible() && WithoutMnemonic(action->text()) == text) {
             ASSERT_TRUE(action->isEnabled()) << qPrintable(text);
             menu.setActiveAction(action);
             QTest::keyClick(&menu, Qt::Key_Return);

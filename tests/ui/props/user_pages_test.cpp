@@ -478,7 +478,7 @@ TEST_F(UserPages, AccessSaysWhyAndUntilWhen)
     LetSessionFinish();
     QStringList lines;
     for (const QLabel *line : sheet->findChildren<QLabel *>(u"whyLine"_s)) {
-        EXPECT_TRUE(line->isVisible());
+        EXPECT_TRUE(QTest::qWaitFor([line] { return line->isVisible(); }));
         lines << line->text();
     }
     EXPECT_THAT(
