@@ -39,7 +39,7 @@ int List()
     for (int row = 0; row < kReportCount; ++row) {
         const ReportEntry &entry = ReportCatalogue().at(static_cast<size_t>(row));
         out << u"%1  %2  %3\n"_s.arg(row, 2)
-                   .arg(entry.title.trimmed().toString(), -26)
+                   .arg(QString::fromUtf8(entry.title).trimmed(), -26)
                    .arg(entry.layoutFile);
     }
     return Done;

@@ -1,6 +1,15 @@
 #include "access/access_mode.h"
 
-using namespace Qt::StringLiterals;
+#include <QCoreApplication>
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(AccessMode)
+};
+
+} // namespace
 
 std::optional<AccountingMode> ModeFor(const AccessChoice &choice)
 {
@@ -46,15 +55,15 @@ QString AccessTypeText(AccountingMode storedMode)
 {
     switch (storedMode) {
     case AccountingMode::NoControl:
-        return u"No control"_s;
+        return Words::tr("No control");
     case AccountingMode::Traffic:
-        return u"Corporate, traffic control"_s;
+        return Words::tr("Corporate, traffic control");
     case AccountingMode::Provider:
-        return u"Provider"_s;
+        return Words::tr("Provider");
     case AccountingMode::Time:
-        return u"Corporate, time control"_s;
+        return Words::tr("Corporate, time control");
     case AccountingMode::TrafficAndTime:
-        return u"Corporate, traffic and time control"_s;
+        return Words::tr("Corporate, traffic and time control");
     }
     return QString::number(static_cast<quint32>(storedMode));
 }

@@ -4,11 +4,18 @@
 #include "base/names_line.h"
 #include "db/query.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(AddressHolder)
+};
 
 struct Holder
 {
@@ -63,12 +70,13 @@ std::optional<UserId> AskFor(ActionRun &run, UserId userId, const TakeOver &take
 AddressHolders FindHolders(ActionRun &run, UserPlan &plan)
 {
     AddressHolders holders;
-    holders.ofIpAddress =
-        AskFor(run,
-               plan.userId,
-               {plan.ipAddress,
-                std::nullopt,
-                u"This IP address is bind to another user. This user will be removed. Proceed?"_s});
+    holders.ofIpAddress = AskFor(
+        run,
+        plan.userId,
+        {plan.ipAddress,
+         std::nullopt,
+         Words::tr(
+             "This IP address is bind to another user. This user will be removed. Proceed?")});
     if (run.IsStopped()) { // the same user may hold both, and is asked about once
         return holders;
     }
@@ -77,6 +85,7 @@ AddressHolders FindHolders(ActionRun &run, UserPlan &plan)
         plan.userId,
         {plan.macAddress,
          holders.ofIpAddress,
-         u"This MAC address is bind to another user. This user will be removed. Proceed?"_s});
+         Words::tr(
+             "This MAC address is bind to another user. This user will be removed. Proceed?")});
     return holders;
 }

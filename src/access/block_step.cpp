@@ -1,16 +1,24 @@
 #include "access/block_step.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Words(const StoredBlock &block)
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(BlockStep)
+};
+
+QString InWords(const StoredBlock &block)
 {
     if (!block.blocked || block.reason == BlockReason::ShownAsAllowed) {
-        return u"Access is allowed"_s;
+        return Words::tr("Access is allowed");
     }
-    return block.reason == BlockReason::Administrator ? u"Access is denied by the administrator"_s
-                                                      : u"Access is denied by the service"_s;
+    return block.reason == BlockReason::Administrator
+        ? Words::tr("Access is denied by the administrator")
+        : Words::tr("Access is denied by the service");
 }
 
 QString Present(const StoredBlock &block)
@@ -36,7 +44,7 @@ BlockStep StepFor(const BlockState &sheet, const StoredBlock &now, const Settler
     }
     const bool runs = sheet.IsClicked()
         && (IsAsRequested(now, sheet.requested)
-            || settle.MayOverwrite(u"Access"_s, Words(now), Present(now)));
+            || settle.MayOverwrite(Words::tr("Access"), InWords(now), Present(now)));
     return runs ? step : BlockStep::Leave;
 }
 

@@ -2,9 +2,20 @@
 
 #include "access/owner.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(GroupGone)
+};
+
+} // namespace
 
 void LockGroups(ActionRun &run, std::vector<GroupId> groupIds)
 {
@@ -17,14 +28,15 @@ void LockGroups(ActionRun &run, std::vector<GroupId> groupIds)
 void RefuseIfGone(ActionRun &run, GroupId groupId)
 {
     if (!run.Take(NameOf(groupId))) {
-        run.Refuse(groupId == kEverybodyGroup
-                       ? u"The group \"Everybody\", into which users would be moved, has been "
-                         "deleted. Nothing was changed."_s
-                       : u"The chosen group has been deleted meanwhile. Nothing was changed."_s);
+        run.Refuse(
+            groupId == kEverybodyGroup
+                ? Words::tr("The group \"Everybody\", into which users would be moved, has been "
+                            "deleted. Nothing was changed.")
+                : Words::tr("The chosen group has been deleted meanwhile. Nothing was changed."));
     }
 }
 
 void RefuseGoneGroup(ActionRun &run)
 {
-    run.Refuse(u"This group has been deleted meanwhile. Nothing was changed."_s);
+    run.Refuse(Words::tr("This group has been deleted meanwhile. Nothing was changed."));
 }

@@ -35,7 +35,7 @@ QString NoGroupNameText()
 
 QString GroupNameTakenText()
 {
-    return u"The group with this name already exists!"_s;
+    return Words::tr("The group with this name already exists!");
 }
 
 // "Everybody" is locked, which is always there unless somebody deleted it; then it is the first group.

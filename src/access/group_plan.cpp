@@ -2,9 +2,16 @@
 
 #include "access/stored_protocols.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(GroupPlan)
+};
 
 void PlanMode(GroupPlan &plan,
               const GroupRecord &sheet,
@@ -30,9 +37,9 @@ GroupPlan PlanGroup(const GroupRecord &sheet, const GroupRecord &now, const Sett
     const GroupFields &draft = sheet.draft;
     GroupPlan plan;
     plan.groupId = sheet.groupId;
-    plan.name = settle(u"Name"_s, base.name, draft.name, now.base.name);
+    plan.name = settle(Words::tr("Name"), base.name, draft.name, now.base.name);
     plan.description =
-        settle(u"Description"_s, base.description, draft.description, now.base.description);
+        settle(Words::tr("Description"), base.description, draft.description, now.base.description);
     plan.blockNow = now.block.stored;
     plan.block = StepFor(sheet.block, now.block.stored, settle);
     plan.protocols = SettleProtocols(sheet.protocols, now.protocols);
@@ -48,7 +55,7 @@ PlanMoves(const std::vector<MovedMember> &members, GroupId target, const Settler
         const bool isFree = member.now == member.base || member.now == target;
         if (isFree
             || settle.MayOverwrite(
-                u"Group of %1"_s.arg(member.name),
+                Words::tr("Group of %1").arg(member.name),
                 member.nowName,
                 u"(user %1, group %2)"_s.arg(member.userId.value).arg(member.now.value))) {
             moved.push_back(member.userId);

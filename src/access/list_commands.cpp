@@ -8,9 +8,16 @@
 #include "actions/action_run.h"
 #include "db/query.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ListCommands)
+};
 
 Result<bool> HasAccount(const Owner &owner)
 {
@@ -117,8 +124,8 @@ Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added
                     [](const Row &row) { return row.Id<GroupId>(1); },
                     name));
                 if (!groupId) { // users moved there would be in no group, and gone from every list
-                    run.Refuse(
-                        u"The new group cannot be found by its name. Nothing was changed."_s);
+                    run.Refuse(Words::tr(
+                        "The new group cannot be found by its name. Nothing was changed."));
                     return;
                 }
                 *added = *groupId;

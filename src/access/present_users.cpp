@@ -2,9 +2,20 @@
 
 #include "db/query.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(PresentUsers)
+};
+
+} // namespace
 
 void LockUsers(ActionRun &run, std::vector<UserId> userIds)
 {
@@ -33,6 +44,7 @@ std::vector<UserId> PresentUsers(ActionRun &run, const std::vector<UserId> &user
 
 void RefuseGoneUsers(ActionRun &run, size_t count)
 {
-    run.Refuse(count == 1 ? u"This user has been deleted meanwhile. Nothing was changed."_s
-                          : u"These users have been deleted meanwhile. Nothing was changed."_s);
+    run.Refuse(count == 1
+                   ? Words::tr("This user has been deleted meanwhile. Nothing was changed.")
+                   : Words::tr("These users have been deleted meanwhile. Nothing was changed."));
 }

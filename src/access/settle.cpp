@@ -2,6 +2,7 @@
 
 #include "access/access_mode.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <utility>
@@ -10,13 +11,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Settle)
+};
+
 QString PeriodText(LimitPeriod period)
 {
     switch (period) {
     case LimitPeriod::Day:
-        return u"Day"_s;
+        return Words::tr("Day");
     case LimitPeriod::Month:
-        return u"Month"_s;
+        return Words::tr("Month");
     case LimitPeriod::None:
         break;
     }
@@ -56,7 +62,7 @@ bool Settler::MayOverwrite(const QString &label, const QString &now, const QStri
     const QString kind = owner.IsUser() ? u"user"_s : u"group"_s;
     const QString number = QString::number(owner.Number());
     return ask({u"%1 %2: %3 is %4 %5"_s.arg(kind, number, label, now, present),
-                u"%1: changed meanwhile to \"%2\". Overwrite?"_s.arg(label, now)});
+                Words::tr("%1: changed meanwhile to \"%2\". Overwrite?").arg(label, now)});
 }
 
 Limits SettleLimits(const Settler &settle,
@@ -67,11 +73,11 @@ Limits SettleLimits(const Settler &settle,
     const LimitFields fields = FieldsFor(mode);
     const Limits &base = draft.stored;
     const Limits staged = draft.Staged();
-    const auto period = u"Accounting period"_s;
+    const auto period = Words::tr("Accounting period");
     Limits limits = now;
     if (fields.traffic) {
         limits.period = settle(period, base.period, staged.period, now.period, PeriodText);
-        limits.traffic = settle(u"Traffic limit, Mb"_s,
+        limits.traffic = settle(Words::tr("Traffic limit, Mb"),
                                 base.traffic,
                                 staged.traffic,
                                 now.traffic,
@@ -80,13 +86,13 @@ Limits SettleLimits(const Settler &settle,
     if (fields.time) {
         limits.timePeriod =
             settle(period, base.timePeriod, staged.timePeriod, now.timePeriod, PeriodText);
-        limits.time =
-            settle(u"Time limit, Hr"_s, base.time, staged.time, now.time, LimitText<WholeHours>);
+        limits.time = settle(
+            Words::tr("Time limit, Hr"), base.time, staged.time, now.time, LimitText<WholeHours>);
     }
     if (fields.rates) {
         limits.ownPrice = Settler::Flag(base.ownPrice, staged.ownPrice, now.ownPrice);
         limits.price =
-            settle(u"Price of traffic"_s, base.price, staged.price, now.price, PriceText);
+            settle(Words::tr("Price of traffic"), base.price, staged.price, now.price, PriceText);
     }
     return limits;
 }
@@ -94,5 +100,5 @@ Limits SettleLimits(const Settler &settle,
 AccountingMode
 SettleMode(const Settler &settle, AccountingMode base, AccountingMode draft, AccountingMode now)
 {
-    return settle(u"Access type"_s, base, draft, now, AccessTypeText);
+    return settle(Words::tr("Access type"), base, draft, now, AccessTypeText);
 }

@@ -2,22 +2,32 @@
 
 #include "db/query.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(TimeRanges)
+};
+
+} // namespace
+
 QString DayName(quint32 day)
 {
-    static const QStringList kNames = {u"Monday"_s,
-                                       u"Tuesday"_s,
-                                       u"Wednesday"_s,
-                                       u"Thursday"_s,
-                                       u"Friday"_s,
-                                       u"Saturday"_s,
-                                       u"Sunday"_s};
-    return kNames.value(static_cast<qsizetype>(day) - 1);
+    const QStringList names {Words::tr("Monday"),
+                             Words::tr("Tuesday"),
+                             Words::tr("Wednesday"),
+                             Words::tr("Thursday"),
+                             Words::tr("Friday"),
+                             Words::tr("Saturday"),
+                             Words::tr("Sunday")};
+    return names.value(static_cast<qsizetype>(day) - 1);
 }
 
 Result<std::optional<bool>> ReadTimeAccess(const Owner &owner)

@@ -2,9 +2,16 @@
 
 #include "access/stored_protocols.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(UserPlan)
+};
 
 std::optional<GroupId>
 PlanGroup(const UserRecord &sheet, const UserFields &now, const Settler &settle)
@@ -15,7 +22,8 @@ PlanGroup(const UserRecord &sheet, const UserFields &now, const Settler &settle)
     }
     const bool isFree = now.groupId == sheet.base.groupId || now.groupId == chosen;
     const bool moves = isFree
-        || settle.MayOverwrite(u"Group"_s, now.groupName, QString::number(now.groupId.value));
+        || settle.MayOverwrite(
+            Words::tr("Group"), now.groupName, QString::number(now.groupId.value));
     return moves ? std::optional(chosen) : std::nullopt;
 }
 
@@ -36,14 +44,14 @@ void PlanGeneral(UserPlan &plan,
 {
     const UserFields &base = sheet.base;
     const UserFields &draft = sheet.draft;
-    plan.fullName = settle(u"Full name"_s, base.fullName, draft.fullName, now.fullName);
+    plan.fullName = settle(Words::tr("Full name"), base.fullName, draft.fullName, now.fullName);
     plan.description =
-        settle(u"Description"_s, base.description, draft.description, now.description);
+        settle(Words::tr("Description"), base.description, draft.description, now.description);
     plan.group = PlanGroup(sheet, now, settle);
-    plan.ipAddress =
-        PlanAddress(settle, u"IP Address"_s, base.ipAddress, draft.ipAddress, now.ipAddress);
-    plan.macAddress =
-        PlanAddress(settle, u"MAC Address"_s, base.macAddress, draft.macAddress, now.macAddress);
+    plan.ipAddress = PlanAddress(
+        settle, Words::tr("IP Address"), base.ipAddress, draft.ipAddress, now.ipAddress);
+    plan.macAddress = PlanAddress(
+        settle, Words::tr("MAC Address"), base.macAddress, draft.macAddress, now.macAddress);
     plan.authRequired = Settler::Flag(base.authRequired, draft.authRequired, now.authRequired);
 }
 

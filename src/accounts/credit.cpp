@@ -6,12 +6,19 @@
 #include "actions/action_run.h"
 #include "db/query.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Credit)
+};
 
 // A pre-paid credit without and with an expiry day.
 struct ExpiryPair
@@ -211,17 +218,23 @@ void LockOwner(ActionRun &run, const Owner &owner, const StagedAccount &staged)
 
 QString OtherModeText(const Owner &owner, AccountingMode modeNow)
 {
-    return u"The access type of this "_s % (owner.IsUser() ? u"user"_s : u"group"_s)
-        % u" has been changed to \""_s % AccessTypeText(modeNow)
-        % u"\" meanwhile. Nothing was changed. Please open the window again to go on."_s;
+    const QString text = owner.IsUser()
+        ? Words::tr(
+            "The access type of this user has been changed to \"%1\" meanwhile. Nothing was "
+            "changed. Please open the window again to go on.")
+        : Words::tr(
+            "The access type of this group has been changed to \"%1\" meanwhile. Nothing was "
+            "changed. Please open the window again to go on.");
+    return text.arg(AccessTypeText(modeNow));
 }
 
 } // namespace
 
 QString OwnerIsGoneText(const Owner &owner)
 {
-    return owner.IsUser() ? u"This user is no longer in the database. Nothing was changed"_s
-                          : u"This group is no longer in the database. Nothing was changed"_s;
+    return owner.IsUser()
+        ? Words::tr("This user is no longer in the database. Nothing was changed")
+        : Words::tr("This group is no longer in the database. Nothing was changed");
 }
 
 void WriteStagedAccount(ActionRun &run,

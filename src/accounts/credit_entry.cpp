@@ -2,9 +2,16 @@
 
 #include "base/day.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(CreditEntry)
+};
 
 CreditAmount AmountFrom(CreditKind kind, double typed, double rate)
 {
@@ -29,16 +36,18 @@ CreditProblem CheckAmount(CreditKind kind, std::optional<double> typed, double r
         return std::nullopt;
     }
     if (!typed || !(*typed > 0.0) || *typed > kMostCredit) {
-        return u"Please enter an amount above 0 and up to 1000000000"_s;
+        return Words::tr("Please enter an amount above 0 and up to 1000000000");
     }
     if (kind != CreditKind::Money) {
         return std::nullopt;
     }
     if (!(rate > 0.0)) {
-        return u"The currency has no valid rate. Please correct it on the Tariff page of the options"_s;
+        return Words::tr(
+            "The currency has no valid rate. Please correct it on the Tariff page of the options");
     }
     if (!(BaseUnits {*typed / rate} > kLeastMoney)) {
-        return u"The amount is too small at the currency's rate. Please enter a larger one"_s;
+        return Words::tr(
+            "The amount is too small at the currency's rate. Please enter a larger one");
     }
     return std::nullopt;
 }
@@ -46,7 +55,7 @@ CreditProblem CheckAmount(CreditKind kind, std::optional<double> typed, double r
 CreditProblem CheckExpiry(QDate day)
 {
     if (day < Today()) {
-        return u"The expiry day has already passed. Please choose another day"_s;
+        return Words::tr("The expiry day has already passed. Please choose another day");
     }
     return std::nullopt;
 }

@@ -3,9 +3,12 @@
 #include "access/access_mode.h"
 #include "access/open_credit.h"
 #include "access/usage_records.h"
+#include "accounts/credit_columns.h"
 #include "accounts/credit_entry.h"
 #include "base/amount_text.h"
 #include "db/query.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <iterator>
@@ -14,6 +17,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(CreditList)
+};
 
 constexpr qsizetype kDateLength = 10; // of "%Y-%m-%d", which a date and time begins with
 
@@ -64,9 +72,9 @@ PrepaidAmount AmountIn(const Row &row, const Currency &currency)
                 usedMoney};
     }
     if (row.IsEmpty(2)) {
-        return {u"Unlim"_s, u"None"_s, usedMoney};
+        return {Words::tr("Unlim"), Words::tr("None"), usedMoney};
     }
-    return {AmountText(row.Amount(2)), u"Mbytes"_s, usedMoney};
+    return {AmountText(row.Amount(2)), UnitName(currency, CreditKind::Traffic), usedMoney};
 }
 
 struct PrepaidCredit
@@ -93,7 +101,7 @@ PrepaidCredit PrepaidCreditIn(const Row &row, const Currency &currency)
               type,
               AmountText(row.Amount(4)),
               usedMoney,
-              unlimited ? u"Unlimited"_s : day,
+              unlimited ? Words::tr("Unlimited") : day,
               StatusText(status)}},
             left};
 }
@@ -195,7 +203,7 @@ QString StagedAmount(const StagedCredit &credit, const Currency &currency)
     case CreditKind::Money:
         return SignificantText(NumberOf(credit.amount) * currency.rate, 4);
     case CreditKind::Unlimited:
-        return u"Unlim"_s;
+        return Words::tr("Unlim");
     default:
         return AmountText(NumberOf(credit.amount));
     }
@@ -203,35 +211,20 @@ QString StagedAmount(const StagedCredit &credit, const Currency &currency)
 
 } // namespace
 
-QStringList CreditColumns(AccountingMode ownerMode)
-{
-    if (!IsLimitMode(ownerMode)) { // a user without control is given pre-paid credit too
-        return {u"N"_s,
-                u"Date/Time"_s,
-                u"Credit"_s,
-                u"Type"_s,
-                u"Used Mb"_s,
-                u"Used cash"_s,
-                u"Exp.date"_s,
-                u"Status"_s};
-    }
-    return {u"N"_s, u"Date/Time"_s, u"Credit"_s, u"Used"_s, u"Status"_s, u"Type"_s};
-}
-
 qsizetype StatusCell(AccountingMode ownerMode)
 {
-    return CreditColumns(ownerMode).indexOf(u"Status"_s) - 1;
+    return CreditColumns(ownerMode).indexOf(CreditColumn::Status) - 1;
 }
 
 QString StatusText(CreditStatus status)
 {
     switch (status) {
     case CreditStatus::New:
-        return u"New"_s;
+        return Words::tr("New");
     case CreditStatus::Active:
-        return u"Active"_s;
+        return Words::tr("Active");
     case CreditStatus::Expired:
-        return u"Expired"_s;
+        return Words::tr("Expired");
     }
     return {};
 }
@@ -261,9 +254,9 @@ StagedRow(const StagedCredit &credit, AccountingMode ownerMode, const Currency &
             CreditStatus::New,
             {date,
              StagedAmount(credit, currency),
-             credit.Kind() == CreditKind::Unlimited ? u"None"_s : unit,
+             credit.Kind() == CreditKind::Unlimited ? Words::tr("None") : unit,
              {},
              {},
-             credit.neverExpires ? u"Unlimited"_s : credit.expiryDay,
+             credit.neverExpires ? Words::tr("Unlimited") : credit.expiryDay,
              StatusText(CreditStatus::New)}};
 }

@@ -23,7 +23,7 @@ struct ListedCredit
 {
     BillId billId; // not set for a staged one
     CreditStatus status = CreditStatus::New;
-    QStringList cells; // of the columns after "N"
+    QStringList cells; // of CreditColumns, after the number
 };
 
 struct CreditList
@@ -32,10 +32,7 @@ struct CreditList
     Megabytes balance; // of the open pre-paid credits
 };
 
-// The column headers, "N" first. They differ between the limit modes and pre-paid credit.
-[[nodiscard]] QStringList CreditColumns(AccountingMode ownerMode);
-
-// Where "Status" stands in a credit's cells.
+// Where the status stands in a credit's cells.
 [[nodiscard]] qsizetype StatusCell(AccountingMode ownerMode);
 
 [[nodiscard]] QString StatusText(CreditStatus status);

@@ -1,8 +1,15 @@
 #include "accounts/currency.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Currency)
+};
 
 bool IsCurrencyInUse(const ConfigStore &config)
 {
@@ -15,7 +22,7 @@ Currency CurrentCurrency(const ConfigStore &config)
 {
     return {CurrentRate(config),
             IsCurrencyInUse(config) ? config.ReadText(values::kCurrencyName).value_or(QString())
-                                    : u"units"_s};
+                                    : Words::tr("units")};
 }
 
 double CurrentRate(const ConfigStore &config)
@@ -27,12 +34,12 @@ QString UnitName(const Currency &currency, CreditKind kind)
 {
     switch (kind) {
     case CreditKind::Traffic:
-        return u"Mbytes"_s;
+        return Words::tr("Mbytes");
     case CreditKind::Money:
     case CreditKind::Unlimited:
         return currency.name;
     case CreditKind::Time:
-        return u"hr"_s;
+        return Words::tr("hr");
     }
     return {};
 }

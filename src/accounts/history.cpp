@@ -7,6 +7,8 @@
 #include "base/day.h"
 #include "db/query.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <type_traits>
 #include <utility>
@@ -14,6 +16,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(History)
+};
 
 const char *ModeClause(AccountingMode ownerMode)
 {
@@ -97,7 +104,7 @@ HistoryRow PrepaidCredit(const Row &row)
     const BaseUnits money {row.Amount(6)};
     credit.usedMegabytes = Megabytes {row.Amount(3)};
     credit.used = credit.usedMegabytes;
-    credit.expiryDay = unlimited ? u"Unlimited"_s : row.Text(5);
+    credit.expiryDay = unlimited ? Words::tr("Unlimited") : row.Text(5);
     if (money > kLeastMoney) {
         credit.amount = money;
         credit.used = BaseUnits {row.Amount(7)};
@@ -132,13 +139,13 @@ QString StatusCellText(HistoryStatus status)
 {
     switch (status) {
     case HistoryStatus::New:
-        return u"New"_s;
+        return Words::tr("New");
     case HistoryStatus::Active:
-        return u"Active"_s;
+        return Words::tr("Active");
     case HistoryStatus::Expired:
-        return u"Expired"_s;
+        return Words::tr("Expired");
     case HistoryStatus::Closed:
-        return u"Closed"_s;
+        return Words::tr("Closed");
     }
     return {};
 }
@@ -147,13 +154,13 @@ QString TypeText(CreditKind kind)
 {
     switch (kind) {
     case CreditKind::Traffic:
-        return u"Mbytes"_s;
+        return Words::tr("Mbytes");
     case CreditKind::Money:
-        return u"Money"_s;
+        return Words::tr("Money");
     case CreditKind::Unlimited:
-        return u"Unlim"_s;
+        return Words::tr("Unlim");
     case CreditKind::Time:
-        return u"hr"_s;
+        return Words::tr("hr");
     }
     return {};
 }
@@ -217,13 +224,10 @@ QString ShownAmount(const CreditAmount &amount, double rate)
 
 QStringList HistoryPeriodNames()
 {
-    return {u"All records"_s, u"Today"_s, u"Last week"_s, u"Last month"_s};
-}
-
-HistoryPeriod HistoryPeriodFrom(const QString &name)
-{
-    const auto index = HistoryPeriodNames().indexOf(name);
-    return index < 0 ? HistoryPeriod::AllRecords : static_cast<HistoryPeriod>(index);
+    return {Words::tr("All records"),
+            Words::tr("Today"),
+            Words::tr("Last week"),
+            Words::tr("Last month")};
 }
 
 FilterStatement BuildFilter(const HistoryFilter &filter, QDate today)
@@ -268,7 +272,7 @@ HistoryRow HistoryRowOf(const StagedCredit &credit)
     row.made = {Today(), QTime::currentTime()};
     row.amount = credit.amount;
     row.used = NothingOf(credit.amount);
-    row.expiryDay = credit.neverExpires ? u"Unlimited"_s : credit.expiryDay;
+    row.expiryDay = credit.neverExpires ? Words::tr("Unlimited") : credit.expiryDay;
     row.status = HistoryStatus::New;
     return row;
 }
@@ -281,22 +285,13 @@ void AddUpBalances(std::vector<HistoryRow> &rows)
     }
 }
 
-QStringList HistoryColumns(AccountingMode ownerMode)
-{
-    QStringList columns {
-        u"N"_s, u"Date"_s, u"Time"_s, u"Credit"_s, u"Used"_s, u"Balance"_s, u"Type"_s};
-    if (ownerMode == AccountingMode::Provider) {
-        columns << u"Used, Mb"_s << u"Expiry date"_s;
-    }
-    return columns << u"Status"_s;
-}
-
 QStringList HistoryCells(const HistoryRow &row, AccountingMode ownerMode, double rate)
 {
     const CreditKind kind = KindOf(row.amount);
     QStringList cells {row.made.toString(u"dd.MM.yyyy"_s),
                        row.made.toString(u"HH:mm:ss"_s),
-                       kind == CreditKind::Unlimited ? u"Unlim"_s : ShownAmount(row.amount, rate),
+                       kind == CreditKind::Unlimited ? Words::tr("Unlim")
+                                                     : ShownAmount(row.amount, rate),
                        ShownAmount(row.used, rate),
                        ShownAmount(row.balance, rate),
                        TypeText(kind)};

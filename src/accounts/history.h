@@ -17,9 +17,6 @@ enum class HistoryPeriod { AllRecords = 0, Today = 1, LastWeek = 2, LastMonth = 
 // The texts of the choices, each at its period's number.
 [[nodiscard]] QStringList HistoryPeriodNames();
 
-// The period of a choice's text; all records for any other text.
-[[nodiscard]] HistoryPeriod HistoryPeriodFrom(const QString &name);
-
 struct HistoryFilter
 {
     Owner owner;
@@ -64,9 +61,6 @@ struct HistoryRow
 // credit adds nothing.
 void AddUpBalances(std::vector<HistoryRow> &rows);
 
-// The column headers: "N", then one for each of a row's cells.
-[[nodiscard]] QStringList HistoryColumns(AccountingMode ownerMode);
-
-// What stands in the columns after "N". Money is shown at `rate`.
+// What stands in the columns after the number (accounts/credit_columns.h). Money is shown at `rate`.
 [[nodiscard]] QStringList
 HistoryCells(const HistoryRow &row, AccountingMode ownerMode, double rate);

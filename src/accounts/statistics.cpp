@@ -6,12 +6,19 @@
 #include "base/day.h"
 #include "db/query.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Statistics)
+};
 
 struct Traffic
 {
@@ -231,14 +238,22 @@ Statistics ReadGroupStatistics(GroupId groupId)
     return Together(ReadGroupPeriod(groupId, **mode), *overall);
 }
 
-QString CreditSentence(const QString &what, double fromCredits, const QString &unit)
+QString TrafficSentence(Megabytes fromCredits)
 {
-    if (!(fromCredits > 0.0)) {
-        return u"Nothing of the "_s % what
-            % u" in this accounting period was taken from credits."_s;
-    }
-    return AmountText(fromCredits) % u' ' % unit % u" of the "_s % what
-        % u" in this accounting period were taken from credits."_s;
+    return fromCredits > Megabytes {}
+        ? Words::tr("%1 Mb of the data received in this accounting period were taken from credits.")
+              .arg(AmountText(fromCredits.value))
+        : Words::tr(
+            "Nothing of the data received in this accounting period was taken from credits.");
+}
+
+QString TimeSentence(Hours fromCredits)
+{
+    return fromCredits > Hours {}
+        ? Words::tr("%1 hr of the time on-line in this accounting period were taken from credits.")
+              .arg(AmountText(fromCredits.value))
+        : Words::tr(
+            "Nothing of the time on-line in this accounting period was taken from credits.");
 }
 
 // The days from `first` on, each with the sum of its records.
@@ -269,14 +284,14 @@ QString StatisticsTip(const Owner &owner, const PeriodUsage &period)
 {
     QStringList sentences;
     if (period.limitsTraffic) {
-        sentences << CreditSentence(u"data received"_s, period.creditMegabytes.value, u"Mb"_s);
+        sentences << TrafficSentence(period.creditMegabytes);
     }
     if (period.limitsTime) {
-        sentences << CreditSentence(u"time on-line"_s, period.creditHours.value, u"hr"_s);
+        sentences << TimeSentence(period.creditHours);
     }
     if (sentences.isEmpty()) {
-        return owner.IsUser() ? u"This user has no limit within an accounting period."_s
-                              : u"This group has no limit within an accounting period."_s;
+        return owner.IsUser() ? Words::tr("This user has no limit within an accounting period.")
+                              : Words::tr("This group has no limit within an accounting period.");
     }
     return sentences.join(u' ');
 }

@@ -2,6 +2,7 @@
 
 #include "config/config_store.h"
 
+#include <QCoreApplication>
 #include <QNetworkInterface>
 
 #include <algorithm>
@@ -10,22 +11,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Adapters)
+};
+
 constexpr qsizetype kDevicePathLength = 15; // \Device\Packet_
 
 QString KindOf(QNetworkInterface::InterfaceType type)
 {
     switch (type) {
     case QNetworkInterface::Ethernet:
-        return u"Ethernet adapter"_s;
+        return Words::tr("Ethernet adapter");
     case QNetworkInterface::Wifi:
-        return u"Wireless adapter"_s;
+        return Words::tr("Wireless adapter");
     case QNetworkInterface::Ppp:
     case QNetworkInterface::Slip:
-        return u"Point-to-point adapter"_s;
+        return Words::tr("Point-to-point adapter");
     case QNetworkInterface::Virtual:
-        return u"Virtual adapter"_s;
+        return Words::tr("Virtual adapter");
     default:
-        return u"Network adapter"_s;
+        return Words::tr("Network adapter");
     }
 }
 

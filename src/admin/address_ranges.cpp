@@ -2,11 +2,18 @@
 
 #include "config/key_values.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(AddressRanges)
+};
 
 // Part of the design, and not 256 less the octet: see 0 and 255.
 struct MaskOctet
@@ -73,11 +80,11 @@ QString TextOf(RangeProblem problem)
 {
     switch (problem) {
     case RangeProblem::Incorrect:
-        return u"You entered incorrect IP addresses and/or subnet mask"_s;
+        return Words::tr("You entered incorrect IP addresses and/or subnet mask");
     case RangeProblem::AlreadyDefined:
-        return u"You have already defined this range of IP addresses"_s;
+        return Words::tr("You have already defined this range of IP addresses");
     case RangeProblem::Full:
-        return u"You can not define more than %1 ranges of IP addresses"_s.arg(kMaxRanges);
+        return Words::tr("You can not define more than %1 ranges of IP addresses").arg(kMaxRanges);
     }
     Q_UNREACHABLE();
 }

@@ -3,11 +3,17 @@
 #include "base/amount_text.h"
 #include "base/text.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(CurrencySettings)
+};
 
 constexpr QStringView kBaseSymbol = u"UN";
 constexpr qsizetype kShownTitle = 15;
@@ -47,22 +53,23 @@ QString TextOf(CurrencyProblem problem)
 {
     switch (problem) {
     case CurrencyProblem::SymbolMissing:
-        return u"Enter the currency symbol please"_s;
+        return Words::tr("Enter the currency symbol please");
     case CurrencyProblem::RateMissing:
-        return u"Enter the currency rate please"_s;
+        return Words::tr("Enter the currency rate please");
     case CurrencyProblem::RateWrong:
-        return u"Enter the currency rate as a number above 0 with at most %1 decimals please"_s.arg(
-            kRateBounds.decimals);
+        return Words::tr(
+                   "Enter the currency rate as a number above 0 with at most %1 decimals please")
+            .arg(kRateBounds.decimals);
     case CurrencyProblem::DeletesBase:
-        return u"You can not delete base currency"_s;
+        return Words::tr("You can not delete base currency");
     case CurrencyProblem::EditsBase:
-        return u"You can not edit base currency"_s;
+        return Words::tr("You can not edit base currency");
     case CurrencyProblem::NothingToDelete:
-        return u"Select an item to delete"_s;
+        return Words::tr("Select an item to delete");
     case CurrencyProblem::NothingToEdit:
-        return u"Select currency to edit"_s;
+        return Words::tr("Select currency to edit");
     case CurrencyProblem::NothingToSet:
-        return u"Select currency to set"_s;
+        return Words::tr("Select currency to set");
     }
     Q_UNREACHABLE();
 }

@@ -4,19 +4,28 @@
 #include "config/key_values.h"
 #include "db/query.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Exclusions)
+};
+
 constexpr int kMaxOldExclusions = 100;
 
 QString RemovalQuestion(const QString &dotted)
 {
-    return u"IP-Address %1 is already in the active database. You can not exclude IP-addresses that "
-           u"are in the database. Unless you remove this user Tollbrook will not be able to process "
-           u"excluded address. Remove it now?"_s.arg(dotted);
+    return Words::
+        tr("IP-Address %1 is already in the active database. You can not exclude IP-addresses that "
+           "are in the database. Unless you remove this user Tollbrook will not be able to process "
+           "excluded address. Remove it now?")
+            .arg(dotted);
 }
 
 void RemoveUsersOf(ActionRun &run, Ipv4 address)
@@ -31,8 +40,9 @@ void RemoveUsersOf(ActionRun &run, Ipv4 address)
 
 QString TextOf(ExclusionProblem problem)
 {
-    return problem == ExclusionProblem::Blank ? u"Enter IP address please"_s
-                                              : u"This IP address has been already excluded"_s;
+    return problem == ExclusionProblem::Blank
+        ? Words::tr("Enter IP address please")
+        : Words::tr("This IP address has been already excluded");
 }
 
 std::optional<ExclusionProblem> CheckExclusion(const QList<Ipv4> &existing,

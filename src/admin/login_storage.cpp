@@ -61,11 +61,11 @@ QString LoginSaveReport::InWords() const
     }
     QStringList lines;
     if (!outcome.failures.isEmpty()) {
-        lines << u"Error writing information to the database"_s;
+        lines << Words::tr("Error writing information to the database");
     }
     lines += notSaved;
     lines << WhatStands(*this);
-    return (QStringList(lines.join(u'\n')) + ReasonsOf(outcome.failures)).join(u"\n\n"_s);
+    return (QStringList(lines.join(u'\n')) + ReasonsOf(outcome.failures)).join(Words::tr("\n\n"));
 }
 
 LoginSaveReport SaveLogins(const LoginChanges &changes, const Answers &answers)

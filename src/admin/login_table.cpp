@@ -2,12 +2,19 @@
 
 #include "admin/password_digest.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(LoginTable)
+};
 
 constexpr qsizetype kMacCharacters = 12;
 
@@ -20,7 +27,7 @@ void Wipe(QString &secret)
 std::optional<QString> CheckPasswords(const LoginEntry &entry)
 {
     if (entry.password != entry.retyped) {
-        return u"Passwords are not identical. Please re-enter passwords"_s;
+        return Words::tr("Passwords are not identical. Please re-enter passwords");
     }
     return CheckPasswordLength(entry.password);
 }
@@ -29,13 +36,13 @@ std::optional<QString> CheckLimitAndUser(const LoginEntry &entry)
 {
     const Login &login = entry.login;
     if (login.limit == Login::Limit::IpAddress && login.limitIp.isEmpty()) {
-        return u"You entered incorrect IP address. Please re-enter address"_s;
+        return Words::tr("You entered incorrect IP address. Please re-enter address");
     }
     if (login.limit == Login::Limit::MacAddress && login.limitMac.size() != kMacCharacters) {
-        return u"You have entered incorrect MAC address. Please re-enter the address"_s;
+        return Words::tr("You have entered incorrect MAC address. Please re-enter the address");
     }
     if (entry.bindToUser && !login.userId.IsSet()) {
-        return u"Please bind the login to existing user with 'Browse' button"_s;
+        return Words::tr("Please bind the login to existing user with 'Browse' button");
     }
     return std::nullopt;
 }
@@ -75,7 +82,7 @@ LoginTable::LoginTable(std::vector<Login> stored)
 std::optional<QString> CheckPasswordLength(const QString &password)
 {
     return password.toUtf8().size() > kMaxPasswordBytes
-        ? std::optional(u"The password is too long. It can hold at most 256 characters"_s)
+        ? std::optional(Words::tr("The password is too long. It can hold at most 256 characters"))
         : std::nullopt;
 }
 
@@ -85,16 +92,16 @@ std::optional<QString> LoginTable::Check(const LoginEntry &entry, std::optional<
         return problem;
     }
     if (entry.login.name.isEmpty()) {
-        return u"Please enter login name"_s;
+        return Words::tr("Please enter login name");
     }
     if (!index && IndexOf(entry.login.name)) {
-        return u"This login name already exists! Please enter another login name"_s;
+        return Words::tr("This login name already exists! Please enter another login name");
     }
     if (const auto problem = CheckPasswords(entry)) {
         return problem;
     }
     if (!index && logins.size() >= kCapacity) {
-        return u"There is no more space to enter new login record"_s;
+        return Words::tr("There is no more space to enter new login record");
     }
     return std::nullopt;
 }

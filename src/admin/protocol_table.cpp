@@ -1,25 +1,36 @@
 #include "admin/protocol_table.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ProtocolTable)
+};
+
+} // namespace
+
 QString TextOf(ProtocolProblem problem)
 {
     switch (problem) {
     case ProtocolProblem::NameMissing:
-        return u"Enter protocol title please"_s;
+        return Words::tr("Enter protocol title please");
     case ProtocolProblem::ProtocolListed:
-        return u"This protocol is already in the list!"_s;
+        return Words::tr("This protocol is already in the list!");
     case ProtocolProblem::PortListed:
-        return u"This port is already in list!"_s;
+        return Words::tr("This port is already in list!");
     case ProtocolProblem::PortOutOfRange:
-        return u"Enter a port number between 1 and %1 please"_s.arg(kHighestPort);
+        return Words::tr("Enter a port number between 1 and %1 please").arg(kHighestPort);
     case ProtocolProblem::TooManyProtocols:
-        return u"You can not add more than %1 protocols"_s.arg(kMaxProtocols);
+        return Words::tr("You can not add more than %1 protocols").arg(kMaxProtocols);
     case ProtocolProblem::TooManyPorts:
-        return u"You can not add more than %1 ports to a protocol"_s.arg(kMaxPorts);
+        return Words::tr("You can not add more than %1 ports to a protocol").arg(kMaxPorts);
     }
     Q_UNREACHABLE();
 }
@@ -145,6 +156,7 @@ std::optional<QString> QuestionOnMonitoring(bool anyMonitored, int mode)
     if (anyMonitored || mode != monitor_mode::kSpecifiedOnly) {
         return std::nullopt;
     }
-    return u"You have not selected any protocol. Tollbrook will not track any traffic with "
-           u"this setup. Would you like to continue?"_s;
+    return Words::tr(
+        "You have not selected any protocol. Tollbrook will not track any traffic with "
+        "this setup. Would you like to continue?");
 }

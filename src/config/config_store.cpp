@@ -3,6 +3,7 @@
 #include "config/key_document.h"
 #include "config/key_file.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -15,6 +16,11 @@ using namespace Qt::StringLiterals;
 Q_LOGGING_CATEGORY(logConfig, "tollbrook.config")
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ConfigStore)
+};
 
 QString RelativePath(ConfigKeyId key)
 {
@@ -66,7 +72,7 @@ QString ConfigStore::Folder() const
 
 QString ConfigStore::FileOf(ConfigKeyId key) const
 {
-    return QDir(folder).filePath(RelativePath(key) + u".toml"_s);
+    return QDir(folder).filePath(RelativePath(key) + Words::tr(".toml"));
 }
 
 bool ConfigStore::HasKey(ConfigKeyId key) const
@@ -94,14 +100,14 @@ ConfigStore::LoadedKey ConfigStore::Load(ConfigKeyId key) const
     const auto bytes = key_file::Read(path);
     if (bytes && !*bytes) {
         if (key == ConfigKeyId::Base) {
-            WarnOnce(path + u" is missing"_s); // the other keys may well be
+            WarnOnce(path + Words::tr(" is missing")); // the other keys may well be
         }
         return std::nullopt;
     }
     WarnWhenOpenToEverybody(path);
     LoadedKey loaded = bytes ? Parsed(path, **bytes) : tl::unexpected(bytes.error());
     if (!loaded) {
-        WarnOnce(TextOf(loaded.error()) + u" Its values count as missing."_s);
+        WarnOnce(TextOf(loaded.error()) + Words::tr(" Its values count as missing."));
     }
     return loaded;
 }
@@ -121,7 +127,7 @@ void ConfigStore::WarnWhenOpenToEverybody(const QString &path) const
 {
     for (const QString &each : {folder, path}) {
         if (key_file::IsOpenToEverybody(each)) {
-            WarnOnce(each + u" is open to everybody on this machine"_s);
+            WarnOnce(each + Words::tr(" is open to everybody on this machine"));
         }
     }
 }
@@ -184,7 +190,7 @@ SettingsResult ConfigStore::Change(ConfigKeyId key,
     KeyEditor editor(key, document);
     edit(editor);
     if (!editor.refusedName.isEmpty()) {
-        const QString reason = u"cannot be written: it does not take the value \"%1\""_s;
+        const QString reason = Words::tr("cannot be written: it does not take the value \"%1\"");
         return tl::unexpected(SettingsFailure {path, 0, reason.arg(editor.refusedName)});
     }
     return document.Bytes() == before ? SettingsResult()

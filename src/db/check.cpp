@@ -2,9 +2,16 @@
 
 #include "db/direct_connection.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Check)
+};
 
 // What the console leaves behind by design: no statement cascades, so a deleted user or group, a user
 // who made room for another's address, and a purge leave rows that name what is gone. Each such row is
@@ -187,15 +194,15 @@ CheckResult CheckDatabase(const QString &dsn)
     DirectConnection database;
     if (!database.Open(dsn)) {
         result.failure =
-            u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error());
+            Words::tr("The data source \"%1\" cannot be opened: %2").arg(dsn, database.Error());
         return result;
     }
     for (const Check &check : kChecks) {
         const std::string query = Translate(database.Engine(), check.query);
-        const auto count =
-            database.Rows(u"SELECT COUNT(*) FROM (%1) wrong"_s.arg(QString::fromStdString(query)));
+        const auto count = database.Rows(
+            Words::tr("SELECT COUNT(*) FROM (%1) wrong").arg(QString::fromStdString(query)));
         if (!count) {
-            result.failure = u"A check of \"%1\" failed: %2"_s.arg(dsn, database.Error());
+            result.failure = Words::tr("A check of \"%1\" failed: %2").arg(dsn, database.Error());
             return result;
         }
         if (const QString found = count->first().first(); found != u"0"_s) {

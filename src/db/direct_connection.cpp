@@ -3,11 +3,18 @@
 #include "base/text.h"
 #include "db/odbc.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(DirectConnection)
+};
 
 SQLLEN endsWithNul = SQL_NTS;
 
@@ -43,7 +50,7 @@ bool DirectConnection::Open(const QString &dsn)
     SQLGetInfo(connection, SQL_DBMS_NAME, name, sizeof name, &length);
     const Dialect *const found = DialectFor(name);
     if (found == nullptr) {
-        error = u"The database engine \"%1\" is not supported."_s.arg(TextFromUtf8(name));
+        error = Words::tr("The database engine \"%1\" is not supported.").arg(TextFromUtf8(name));
         Close();
         return false;
     }

@@ -6,6 +6,7 @@
 #include "db/odbc.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -16,6 +17,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportConnection)
+};
 
 // SQL_ATTR_ACCESS_MODE is accepted and ignored by all three drivers; these are not.
 const char *ReadOnlyStatement(const Dialect &dialect)
@@ -124,7 +130,8 @@ bool ReportConnection::Connect(const QString &dsn, const QString &user, const QS
     SQLGetInfo(handles->connection, SQL_DBMS_NAME, name.data(), name.size(), &length);
     const Dialect *const found = DialectFor(name.data());
     if (found == nullptr) {
-        problem = u"The database engine \"%1\" is not supported."_s.arg(TextFromUtf8(name.data()));
+        problem = Words::tr("The database engine \"%1\" is not supported.")
+                      .arg(TextFromUtf8(name.data()));
         return false;
     }
     handles->dialect = found;
@@ -378,7 +385,7 @@ void ReportConnection::Cancel()
 bool ReportConnection::Fail(qint16 handleType, void *handle)
 {
     const auto [state, native, text] = odbc::FirstDiagnostic(handleType, handle);
-    problem = text.isEmpty() ? u"the database gave no reason"_s : text;
+    problem = text.isEmpty() ? Words::tr("the database gave no reason") : text;
     lost = lost
         || KindOf(*handles->dialect, state.toStdString(), native) == Failure::Kind::ConnectionLost;
     return false;

@@ -2,6 +2,7 @@
 
 #include "db/direct_connection.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRegularExpression>
 
@@ -16,10 +17,15 @@ static void LoadResource()
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Schema)
+};
+
 QString Script(const Dialect &dialect)
 {
     LoadResource();
-    QFile file(u":/schema/%1.sql"_s.arg(QString::fromLatin1(dialect.engine).toLower()));
+    QFile file(Words::tr(":/schema/%1.sql").arg(QString::fromLatin1(dialect.engine).toLower()));
     const bool open = file.open(QIODevice::ReadOnly);
     Q_ASSERT(open);
     return open ? QString::fromUtf8(file.readAll()) : QString();
@@ -36,7 +42,7 @@ std::optional<QString> ExistingTable(DirectConnection &database)
 {
     for (const QString &table : SchemaTables()) {
         const QString probe =
-            u"SELECT 1 FROM %1 WHERE 1 = 0"_s.arg(Quoted(database.Engine(), table));
+            Words::tr("SELECT 1 FROM %1 WHERE 1 = 0").arg(Quoted(database.Engine(), table));
         if (database.Run(probe)) {
             return table;
         }
@@ -52,7 +58,7 @@ std::optional<QString> RunScript(DirectConnection &database)
     for (const QString &statement : SchemaStatements(database.Engine())) {
         if (!database.Run(statement)) {
             const QString firstLine = statement.section(u'\n', 0, 0);
-            return u"The statement \"%1\" failed: %2"_s.arg(firstLine, database.Error());
+            return Words::tr("The statement \"%1\" failed: %2").arg(firstLine, database.Error());
         }
     }
     return database.Commit() ? std::nullopt : std::optional(database.Error());
@@ -64,11 +70,11 @@ std::optional<QString> CreateSchema(const QString &dsn)
 {
     DirectConnection database;
     if (!database.Open(dsn)) {
-        return u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error());
+        return Words::tr("The data source \"%1\" cannot be opened: %2").arg(dsn, database.Error());
     }
     if (const auto table = ExistingTable(database)) {
-        return u"The database of \"%1\" already has a table \"%2\". Nothing was changed."_s.arg(
-            dsn, *table);
+        return Words::tr("The database of \"%1\" already has a table \"%2\". Nothing was changed.")
+            .arg(dsn, *table);
     }
     return RunScript(database);
 }
@@ -87,8 +93,10 @@ QStringList SchemaTables()
 
 QStringList SchemaStatements(const Dialect &dialect)
 {
-    static const QRegularExpression comment(u"^--.*\\n"_s, QRegularExpression::MultilineOption);
-    QStringList statements = Script(dialect).remove(comment).split(u";\n"_s, Qt::SkipEmptyParts);
+    static const QRegularExpression comment(Words::tr("^--.*\\n"),
+                                            QRegularExpression::MultilineOption);
+    QStringList statements =
+        Script(dialect).remove(comment).split(Words::tr(";\n"), Qt::SkipEmptyParts);
     for (QString &statement : statements) {
         statement = statement.trimmed();
     }

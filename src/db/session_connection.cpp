@@ -4,6 +4,8 @@
 #include "db/session_limits.h"
 #include "db/session_state.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 #include <odbcinst.h>
@@ -18,6 +20,11 @@ constinit thread_local DbSession dbSession {};
 constinit thread_local QueryResult queryResult {};
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(SessionConnection)
+};
 
 // Milliseconds that the embedded engine's driver waits for a lock within one call, where no cancel
 // reaches it. It tries twice, so that a call takes a little more than double.
@@ -122,10 +129,10 @@ bool ChooseDialect()
     SQLGetInfo(dbSession.connection, SQL_DBMS_NAME, name.data(), name.size(), &length);
     const Dialect *const found = DialectFor(name.data());
     if (found == nullptr) {
-        Fail(
-            Told(Kind::Refused,
-                 {},
-                 u"The database engine \"%1\" is not supported."_s.arg(TextFromUtf8(name.data()))));
+        Fail(Told(Kind::Refused,
+                  {},
+                  Words::tr("The database engine \"%1\" is not supported.")
+                      .arg(TextFromUtf8(name.data()))));
         return false;
     }
     Current().dialect = found;
@@ -174,9 +181,10 @@ Server AskServer()
             dbSession.statement, 1, SQL_C_SLONG, &answer, sizeof answer, &indicator));
     SQLFreeStmt(dbSession.statement, SQL_CLOSE);
     if (isRead && answer == 0) {
-        Fail(Told(Kind::NotWritable,
-                  {},
-                  u"The database server is a read-only standby, or cut off from its cluster."_s));
+        Fail(Told(
+            Kind::NotWritable,
+            {},
+            Words::tr("The database server is a read-only standby, or cut off from its cluster.")));
     }
     return isRead ? static_cast<Server>(answer) : Server::NotWritable;
 }
@@ -230,7 +238,7 @@ QByteArray ServersFrom(const QByteArray &dsn, qsizetype first)
 bool Open(const QByteArray &dsn)
 {
     if (!IsDataSourceName(dsn)) {
-        Fail(Told(Kind::ConnectionLost, {}, u"There is no data source of this name."_s));
+        Fail(Told(Kind::ConnectionLost, {}, Words::tr("There is no data source of this name.")));
         return false;
     }
     QByteArray servers;

@@ -6,6 +6,8 @@
 #include "db/session.h"
 #include "db/session_limits.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <condition_variable>
 #include <functional>
@@ -16,6 +18,11 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(SessionThread)
+};
 
 using Clock = CallWatch::Clock;
 
@@ -272,7 +279,7 @@ void SessionThread::Abandon(Failure::Kind kind)
     watchTimer.stop();
     const bool wasConnecting = worker->Watch().IsConnecting();
     const bool nothingKept = worker->End(0ms);
-    FailureLog::Instance().Add(GaveUp(kind, u"A call into the database was given up."_s));
+    FailureLog::Instance().Add(GaveUp(kind, Words::tr("A call into the database was given up.")));
     const auto given = std::exchange(running, nullptr);
     given->GiveUp(GaveUp(kind, {}), !nothingKept);
     StartWorker(wasConnecting ? pause : 0ms);

@@ -10,8 +10,8 @@ enum class ReportCategory { Traffic = 0, Time = 1, Billing = 2, SiteAccess = 3 }
 
 struct ReportEntry
 {
-    QStringView title; // as listed, trailing blanks included
-    QStringView description;
+    const char *title; // in English, trailing blanks included
+    const char *description; // in English
     QStringView layoutFile; // below the installation folder, with a back-slash
     ReportCategory category;
 };
@@ -19,6 +19,10 @@ struct ReportEntry
 constexpr int kReportCount = 16;
 
 [[nodiscard]] const std::array<ReportEntry, kReportCount> &ReportCatalogue();
+
+// As they are listed, in the language of the program.
+[[nodiscard]] QString TitleOf(const ReportEntry &entry);
+[[nodiscard]] QString DescriptionOf(const ReportEntry &entry);
 
 // The installation folder followed directly by the row's layout file: the folder's text must end in
 // a separator. An empty folder gives a relative path.

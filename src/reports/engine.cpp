@@ -4,9 +4,16 @@
 #include "reports/query_check.h"
 #include "reports/table_builder.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Engine)
+};
 
 ReportTablePtr
 Fail(ReportProblem &problem, RunControl &control, ReportProblem::Kind kind, const QString &text)
@@ -48,8 +55,10 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     QString words;
     const auto connection = ReportConnection::Open(source.dsn, source.user, source.password, words);
     if (!connection) {
-        return Fail(
-            problem, control, Kind::Database, u"data source \"%1\": %2"_s.arg(source.dsn, words));
+        return Fail(problem,
+                    control,
+                    Kind::Database,
+                    Words::tr("data source \"%1\": %2").arg(source.dsn, words));
     }
     const RunControl::Stopper stopper(control, [&] { connection->Cancel(); });
     const auto table = std::make_shared<ReportTable>();

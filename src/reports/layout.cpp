@@ -4,12 +4,26 @@
 #include "reports/layout_table.h"
 #include "reports/query_check.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Layout)
+};
+
+// A text of a layout file as it is shown: in the language of the program, where it is one of the
+// prepared reports' texts, which tools/update_translations collects.
+QString Shown(const QString &text)
+{
+    return text.isEmpty() ? text
+                          : QCoreApplication::translate("ReportLayouts", text.toUtf8().constData());
+}
 
 constexpr int kMaxColumns = 15;
 
@@ -44,21 +58,21 @@ private:
     void ReadTop(const LayoutTable &top)
     {
         layout.file = error.file;
-        layout.title = top.Text("title");
+        layout.title = Shown(top.Text("title"));
         layout.landscape = top.Choice("orientation", {u"portrait"_s, u"landscape"_s}) == 1;
         layout.rows =
             top.Choice("rows", {u"each"_s, u"summed"_s}) == 1 ? RowRule::Summed : RowRule::Each;
         layout.top = top.Integer("top", 0, 0, 1000);
-        layout.noun = top.Text("noun", u"rows"_s);
+        layout.noun = Shown(top.Text("noun", u"rows"_s));
         layout.query = top.Text("query").trimmed();
         if (layout.title.isEmpty()) {
-            top.Fail(1, u"\"title\" is missing"_s);
+            top.Fail(1, Words::tr("\"title\" is missing"));
         }
         if (const auto problem = QueryProblem(layout.query)) {
             top.Fail(top.Line("query"), *problem);
         }
         if (layout.top > 0 && layout.rows == RowRule::Each) {
-            top.Fail(top.Line("top"), u"\"top\" needs rows = \"summed\""_s);
+            top.Fail(top.Line("top"), Words::tr("\"top\" needs rows = \"summed\""));
         }
     }
 
@@ -69,7 +83,7 @@ private:
             columns != nullptr && columns->is_array_of_tables() && columns->size() <= kMaxColumns;
         if (!counted) {
             top.Fail(top.Line("column"),
-                     u"there must be 1 to %1 [[column]] tables"_s.arg(kMaxColumns));
+                     Words::tr("there must be 1 to %1 [[column]] tables").arg(kMaxColumns));
             return;
         }
         for (const auto &element : *columns) {
@@ -92,11 +106,11 @@ private:
                          u"words"_s});
         LayoutColumn column;
         column.name = table.Text("name");
-        column.heading = table.Text("heading", column.name);
+        column.heading = Shown(table.Text("heading", column.name));
         column.type = static_cast<ColumnType>(table.Choice(
             "type",
             {u"text"_s, u"integer"_s, u"amount"_s, u"day"_s, u"time"_s, u"flag"_s, u"count"_s}));
-        column.unit = table.Text("unit");
+        column.unit = Shown(table.Text("unit"));
         column.decimals =
             column.type == ColumnType::Amount ? table.Integer("decimals", 2, 0, 6) : 0;
         column.width = table.Number("width", 1, 0.1, 100);
@@ -107,6 +121,7 @@ private:
         if (table.Has("words")) {
             column.words = table.Texts("words");
         }
+        std::ranges::transform(column.words, column.words.begin(), Shown);
         CheckColumn(table, column);
         layout.columns += column;
     }
@@ -114,26 +129,27 @@ private:
     void CheckColumn(const LayoutTable &table, const LayoutColumn &column) const
     {
         if (column.name.isEmpty()) {
-            table.Fail(table.Line("name"), u"a column's \"name\" is missing"_s);
+            table.Fail(table.Line("name"), Words::tr("a column's \"name\" is missing"));
         }
         if (column.name.contains(u'`') || Find(column.name) >= 0) {
             table.Fail(table.Line("name"),
-                       u"\"%1\" is no name, or a second one"_s.arg(column.name.left(80)));
+                       Words::tr("\"%1\" is no name, or a second one").arg(column.name.left(80)));
         }
         if (column.total && !column.IsNumber()) {
-            table.Fail(table.Line("total"), u"only numbers have a total"_s);
+            table.Fail(table.Line("total"), Words::tr("only numbers have a total"));
         }
         if (column.IsComputed() && column.type != ColumnType::Amount
             && column.type != ColumnType::Integer) {
-            table.Fail(table.Line("type"), u"a computed column is an amount or an integer"_s);
+            table.Fail(table.Line("type"),
+                       Words::tr("a computed column is an amount or an integer"));
         }
         if (column.words.size() != 2) {
-            table.Fail(table.Line("words"), u"\"words\" are two: for 0 and for 1"_s);
+            table.Fail(table.Line("words"), Words::tr("\"words\" are two: for 0 and for 1"));
         }
         for (const int part : column.adds + column.less) {
             if (!layout.columns.at(part).IsNumber() || layout.columns.at(part).IsComputed()) {
                 table.Fail(table.Line("adds"),
-                           u"a column is computed from numbers that are read"_s);
+                           Words::tr("a column is computed from numbers that are read"));
             }
         }
     }
@@ -145,11 +161,11 @@ private:
             return;
         }
         if (layout.rows == RowRule::Summed) {
-            top.Fail(top.Line("group"), u"\"group\" needs rows = \"each\""_s);
+            top.Fail(top.Line("group"), Words::tr("\"group\" needs rows = \"each\""));
         }
         for (const int column : layout.group) {
             if (layout.columns.at(column).IsNumber()) {
-                top.Fail(top.Line("group"), u"rows are not grouped by numbers"_s);
+                top.Fail(top.Line("group"), Words::tr("rows are not grouped by numbers"));
             }
         }
     }
@@ -157,7 +173,7 @@ private:
     void CheckPrinted(const LayoutTable &top) const
     {
         if (layout.PrintedColumns().isEmpty()) {
-            top.Fail(top.Line("column"), u"no column is left to be printed"_s);
+            top.Fail(top.Line("column"), Words::tr("no column is left to be printed"));
         }
     }
 
@@ -170,7 +186,8 @@ private:
                 return;
             }
             if (layout.rows == RowRule::Each && !layout.columns.at(column).IsRead()) {
-                top.Fail(top.Line("order"), u"rows of each are ordered by columns that are read"_s);
+                top.Fail(top.Line("order"),
+                         Words::tr("rows of each are ordered by columns that are read"));
             }
             layout.order += OrderKey {column, descending};
         }
@@ -183,7 +200,7 @@ private:
         }
         const toml::table *source = root.get_as<toml::table>("chart");
         if (source == nullptr) {
-            top.Fail(top.Line("chart"), u"\"chart\" is not a table"_s);
+            top.Fail(top.Line("chart"), Words::tr("\"chart\" is not a table"));
             return;
         }
         const LayoutTable table(*source, error);
@@ -191,7 +208,7 @@ private:
         LayoutChart &chart = layout.chart;
         chart.kind = static_cast<ChartKind>(
             table.Choice("kind", {u"none"_s, u"bars"_s, u"days"_s, u"days-of-each"_s}));
-        chart.title = table.Text("title");
+        chart.title = Shown(table.Text("title"));
         chart.top = table.Integer("top", 10, 1, 20);
         chart.values = ColumnsNamed(table, "values");
         if (chart.kind != ChartKind::Days) {
@@ -207,19 +224,19 @@ private:
     {
         const LayoutChart &chart = layout.chart;
         if (chart.values.isEmpty() || chart.values.size() > 2) {
-            table.Fail(table.Line("values"), u"a chart draws one or two values"_s);
+            table.Fail(table.Line("values"), Words::tr("a chart draws one or two values"));
         }
         for (const int value : chart.values) {
             if (!layout.columns.at(value).total || layout.columns.at(value).IsComputed()) {
                 table.Fail(table.Line("values"),
-                           u"a chart draws read or counted columns with a total"_s);
+                           Words::tr("a chart draws read or counted columns with a total"));
             }
         }
         if (chart.day >= 0 && layout.columns.at(chart.day).type != ColumnType::Day) {
-            table.Fail(table.Line("day"), u"\"day\" is not a column of days"_s);
+            table.Fail(table.Line("day"), Words::tr("\"day\" is not a column of days"));
         }
         if (chart.label >= 0 && layout.columns.at(chart.label).type != ColumnType::Text) {
-            table.Fail(table.Line("label"), u"\"label\" is not a column of texts"_s);
+            table.Fail(table.Line("label"), Words::tr("\"label\" is not a column of texts"));
         }
     }
 
@@ -242,11 +259,12 @@ private:
                 known += column.name;
             }
             table.Fail(table.Line(key),
-                       u"\"%1\" names no column \"%2\"; the nearest is \"%3\""_s.arg(
-                           QLatin1StringView(key), name.left(80), NearestName(name, known)));
+                       Words::tr("\"%1\" names no column \"%2\"; the nearest is \"%3\"")
+                           .arg(QLatin1StringView(key), name.left(80), NearestName(name, known)));
         } else if (place < 0) {
-            table.Fail(table.Line(key),
-                       u"\"%1\" names a column that is not there"_s.arg(QLatin1StringView(key)));
+            table.Fail(
+                table.Line(key),
+                Words::tr("\"%1\" names a column that is not there").arg(QLatin1StringView(key)));
         }
         return place;
     }
@@ -314,14 +332,14 @@ std::optional<Layout> ReadLayout(const QString &path, LayoutError &error)
     error = {name, 0, {}};
     QFile file(name);
     if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly)) {
-        error.text = QFileInfo::exists(name) ? u"the layout file cannot be read"_s
-                                             : u"there is no such layout file"_s;
+        error.text = QFileInfo::exists(name) ? Words::tr("the layout file cannot be read")
+                                             : Words::tr("there is no such layout file");
         return std::nullopt;
     }
     const QByteArray text = file.read(kMaxLayoutBytes + 1);
     if (text.size() > kMaxLayoutBytes) {
-        error.text =
-            u"the file is larger than a layout can be (%1 KiB)"_s.arg(kMaxLayoutBytes / 1024);
+        error.text = Words::tr("the file is larger than a layout can be (%1 KiB)")
+                         .arg(kMaxLayoutBytes / 1024);
         return std::nullopt;
     }
     return ParseLayout(text, name, error);

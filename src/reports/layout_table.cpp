@@ -1,11 +1,18 @@
 #include "reports/layout_table.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(LayoutTable)
+};
 
 // How many single letters must be put in, taken out or exchanged.
 int Distance(const QString &from, const QString &to)
@@ -53,8 +60,8 @@ void LayoutTable::AllowOnly(const QStringList &known) const
         const QString name = FromToml(key.str());
         if (!known.contains(name)) {
             Fail(static_cast<int>(key.source().begin.line),
-                 u"unknown key \"%1\"; the nearest known one is \"%2\""_s.arg(
-                     name.left(80), NearestName(name, known)));
+                 Words::tr("unknown key \"%1\"; the nearest known one is \"%2\"")
+                     .arg(name.left(80), NearestName(name, known)));
         }
     }
 }
@@ -73,7 +80,7 @@ QString LayoutTable::Text(const char *key, const QString &otherwise) const
     }
     const auto *text = node->as_string();
     if (text == nullptr) {
-        Fail(LineOf(*node), u"\"%1\" is not a text"_s.arg(QLatin1StringView(key)));
+        Fail(LineOf(*node), Words::tr("\"%1\" is not a text").arg(QLatin1StringView(key)));
         return otherwise;
     }
     return FromToml(text->get());
@@ -87,7 +94,8 @@ bool LayoutTable::Flag(const char *key) const
     }
     const auto *flag = node->as_boolean();
     if (flag == nullptr) {
-        Fail(LineOf(*node), u"\"%1\" is neither true nor false"_s.arg(QLatin1StringView(key)));
+        Fail(LineOf(*node),
+             Words::tr("\"%1\" is neither true nor false").arg(QLatin1StringView(key)));
         return false;
     }
     return flag->get();
@@ -97,7 +105,7 @@ int LayoutTable::Integer(const char *key, int otherwise, int least, int most) co
 {
     const double number = Number(key, otherwise, least, most);
     if (number != static_cast<int>(number)) {
-        Fail(Line(key), u"\"%1\" is not a whole number"_s.arg(QLatin1StringView(key)));
+        Fail(Line(key), Words::tr("\"%1\" is not a whole number").arg(QLatin1StringView(key)));
     }
     return static_cast<int>(number);
 }
@@ -111,7 +119,8 @@ double LayoutTable::Number(const char *key, double otherwise, double least, doub
     const auto number = node->value<double>();
     if (!number || !(*number >= least && *number <= most)) {
         Fail(LineOf(*node),
-             u"\"%1\" is not a number from %2 to %3"_s.arg(QLatin1StringView(key))
+             Words::tr("\"%1\" is not a number from %2 to %3")
+                 .arg(QLatin1StringView(key))
                  .arg(least)
                  .arg(most));
         return otherwise;
@@ -127,7 +136,7 @@ QStringList LayoutTable::Texts(const char *key) const
     }
     const auto *array = node->as_array();
     if (array == nullptr) {
-        Fail(LineOf(*node), u"\"%1\" is not a list of texts"_s.arg(QLatin1StringView(key)));
+        Fail(LineOf(*node), Words::tr("\"%1\" is not a list of texts").arg(QLatin1StringView(key)));
         return {};
     }
     QStringList texts;
@@ -135,8 +144,9 @@ QStringList LayoutTable::Texts(const char *key) const
         if (const auto *text = element.as_string()) {
             texts += FromToml(text->get());
         } else {
-            Fail(LineOf(element),
-                 u"\"%1\" holds something that is not a text"_s.arg(QLatin1StringView(key)));
+            Fail(
+                LineOf(element),
+                Words::tr("\"%1\" holds something that is not a text").arg(QLatin1StringView(key)));
         }
     }
     return texts;
@@ -148,8 +158,8 @@ int LayoutTable::Choice(const char *key, const QStringList &choices) const
     const auto place = choices.indexOf(text);
     if (place < 0) {
         Fail(Line(key),
-             u"\"%1\" cannot be \"%2\"; the nearest known is \"%3\""_s.arg(
-                 QLatin1StringView(key), text.left(80), NearestName(text, choices)));
+             Words::tr("\"%1\" cannot be \"%2\"; the nearest known is \"%3\"")
+                 .arg(QLatin1StringView(key), text.left(80), NearestName(text, choices)));
         return 0;
     }
     return static_cast<int>(place);

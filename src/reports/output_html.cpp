@@ -1,9 +1,16 @@
 #include "reports/output.h"
 #include "reports/piece_writer.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportHtml)
+};
 
 constexpr auto kStyle =
     u"body{font:15px/1.4 'DejaVu Sans',Verdana,sans-serif;color:#1a1a1a;margin:2em auto;"
@@ -39,9 +46,9 @@ public:
             WriteBars();
         }
         if (table.IsEmpty()) {
-            out.Write(
-                u"<p><strong>Nothing to report.</strong> The database holds no data for this period and "
-                u"filter.</p>\n");
+            out.Write(u"<p><strong>" + Escaped(Words::tr("Nothing to report.")) + u"</strong> "
+                      + Escaped(Words::tr("The database holds no data for this period and filter."))
+                      + u"</p>\n");
         } else {
             WriteTable();
         }
@@ -54,12 +61,16 @@ private:
     {
         const QString title = Escaped(layout.title);
         const QString filter =
-            table.filter.isEmpty() ? u"all users and groups"_s : Escaped(table.filter);
-        out.Write(u"<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>"
-                  + title + u"</title><style>" + QStringView(kStyle)
-                  + u"</style></head><body>\n<h1>" + title + u"</h1>\n<p>Period: "
-                  + Escaped(table.period) + u"<br>Filter: " + filter + u"<br>Made "
-                  + table.made.toString(u"yyyy-MM-dd HH:mm:ss"_s) + u"</p>\n");
+            table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter;
+        const QString made = table.made.toString(u"yyyy-MM-dd HH:mm:ss"_s);
+        //: The two letters that stand for the language of these texts
+        const QString language = Words::tr("en");
+        out.Write(u"<!DOCTYPE html>\n<html lang=\"" + language
+                  + u"\"><head><meta charset=\"utf-8\"><title>" + title + u"</title><style>"
+                  + QStringView(kStyle) + u"</style></head><body>\n<h1>" + title + u"</h1>\n<p>"
+                  + Escaped(Words::tr("Period: %1").arg(table.period)) + u"<br>"
+                  + Escaped(Words::tr("Filter: %1").arg(filter)) + u"<br>"
+                  + Escaped(Words::tr("Made %1").arg(made)) + u"</p>\n");
     }
 
     void WriteBars()
@@ -111,14 +122,14 @@ private:
             out.Write(u"<tr class=\"g\"><th colspan=\"%1\" dir=\"auto\">"_s.arg(columns.size())
                       + Escaped(GroupTitle(table, group)) + u"</th></tr>\n");
             WriteRows(group.first, group.count);
-            WriteSums(group.totals, u"Sum"_s, u"s");
+            WriteSums(group.totals, Words::tr("Sum"), u"s");
         }
         if (table.groups.empty()) {
             WriteRows(0, table.rows.Count());
         }
-        WriteSums(table.totals, u"Total"_s, u"t");
+        WriteSums(table.totals, Words::tr("Total"), u"t");
         if (table.IsCut()) {
-            WriteSums(table.allTotals, u"Total of all"_s, u"s");
+            WriteSums(table.allTotals, Words::tr("Total of all"), u"s");
         }
         out.Write(u"</table>\n");
     }

@@ -2,6 +2,7 @@
 #include "reports/piece_writer.h"
 #include "reports/xlsx_library.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryFile>
 
@@ -12,6 +13,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportSheet)
+};
 
 constexpr qint64 kSheetRows = 1'048'576; // the format's own limit
 constexpr qsizetype kCellCharacters = 32'767; // likewise
@@ -81,7 +87,7 @@ public:
         if (table.HasTotals() && !table.IsEmpty()) {
             CellRow totals = table.totals;
             Cell &label = totals[static_cast<size_t>(columns.front())];
-            label = label.index() == 0 ? Cell(u"Total"_s) : label;
+            label = label.index() == 0 ? Cell(Words::tr("Total")) : label;
             WriteRow(totals, true);
         }
         return good && !control.IsCancelled();
@@ -99,7 +105,7 @@ public:
         std::thread(std::move(task)).detach();
         while (packing.wait_for(kBetweenLooks) != std::future_status::ready) {
             if (control.IsCancelled()) {
-                return u"cancelled"_s;
+                return Words::tr("cancelled");
             }
         }
         const lxw_error error = packing.get();
@@ -233,7 +239,7 @@ bool WriteXlsx(const ReportTable &table, QIODevice &device, RunControl &control,
     }
     XlsxWriter writer(*library, table, file);
     if (!writer.Write(control)) {
-        words = u"a row could not be written"_s;
+        words = Words::tr("a row could not be written");
         return false;
     }
     words = writer.Pack(control);

@@ -16,6 +16,11 @@ struct Words
 
 } // namespace
 
+QString ContinuedTitle(const QString &title)
+{
+    return Words::tr("%1 (continued)").arg(title);
+}
+
 PagePainter::PagePainter(const ReportPages &ofPages, QPainter &onPainter, int pageNumber)
     : pages(ofPages)
     , table(*ofPages.table)
@@ -202,7 +207,9 @@ void PagePainter::PaintGroupHeading(const PageItem &item)
 {
     const QRectF place(paper::kMargin, top, width - 2 * paper::kMargin, paper::kLine * item.lines);
     QString title = GroupTitle(table, table.groups[static_cast<size_t>(item.index)]);
-    title += item.kind == PageItem::Kind::Continued ? kContinued : QString();
+    if (item.kind == PageItem::Kind::Continued) {
+        title = ContinuedTitle(title);
+    }
     const double textWidth = place.width() - 2 * paper::kCellPadding;
     const auto lines = paper::Wrapped(title, Style::Strong, textWidth, kMostHeadingLines);
     painter.setPen(paper::kAccent);

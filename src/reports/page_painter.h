@@ -6,7 +6,9 @@
 
 #include <QPainter>
 
-inline const QString kContinued = QStringLiteral(" (continued)");
+// What stands above the rows of a group that began on a page before.
+[[nodiscard]] QString ContinuedTitle(const QString &title);
+
 constexpr int kMostHeadingLines = 4;
 
 class PagePainter

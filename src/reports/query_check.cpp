@@ -1,5 +1,6 @@
 #include "reports/query_check.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -8,6 +9,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(QueryCheck)
+};
 
 struct Token
 {
@@ -100,31 +106,32 @@ std::optional<QString> TokenProblem(const Token &token, const Token *next)
     if (token.kind == Token::Kind::Text) {
         const bool open = token.text.size() < 2 || token.text.back() != token.text.front();
         if (open) {
-            return u"a quoted text has no end"_s;
+            return Words::tr("a quoted text has no end");
         }
-        return token.text.contains(u'\\') ? std::optional(u"a quoted text holds a back-slash"_s)
-                                          : std::nullopt;
+        return token.text.contains(u'\\')
+            ? std::optional(Words::tr("a quoted text holds a back-slash"))
+            : std::nullopt;
     }
     if (token.kind == Token::Kind::Word) {
         const QString word = token.text.toString().toLower();
         if (WordsThatDo().contains(word)) {
-            return u"a report only reads, but its query says \"%1\""_s.arg(token.text);
+            return Words::tr("a report only reads, but its query says \"%1\"").arg(token.text);
         }
         const bool called = next != nullptr && next->text == u"(" && !word.front().isDigit();
         if (called && !WordsBeforeParentheses().contains(word)) {
-            return u"the function \"%1\" is not one that a report's query may use"_s.arg(
-                token.text);
+            return Words::tr("the function \"%1\" is not one that a report's query may use")
+                .arg(token.text);
         }
         return std::nullopt;
     }
     if (QStringView(u"?$@:\\{}[]~#").contains(token.text)) {
-        return u"the sign %1 is not one that a report's query may use"_s.arg(token.text);
+        return Words::tr("the sign %1 is not one that a report's query may use").arg(token.text);
     }
     const bool touching = next != nullptr && next->at == token.at + 1;
     if (touching
         && ((token.text == u"-" && next->text == u"-")
             || (token.text == u"/" && next->text == u"*"))) {
-        return u"a query holds no comments; write them outside it"_s;
+        return Words::tr("a query holds no comments; write them outside it");
     }
     return std::nullopt;
 }
@@ -135,27 +142,29 @@ std::optional<QString> QueryProblem(const QString &query)
 {
     const auto tokens = TokensOf(query);
     if (tokens.empty()) {
-        return u"the query is empty"_s;
+        return Words::tr("the query is empty");
     }
     if (!tokens.front().Is(u"select") && !tokens.front().Is(u"with")) {
-        return u"a report's query begins with SELECT, not with \"%1\""_s.arg(tokens.front().text);
+        return Words::tr("a report's query begins with SELECT, not with \"%1\"")
+            .arg(tokens.front().text);
     }
     for (size_t place = 0; place < tokens.size(); ++place) {
         const bool last = place + 1 == tokens.size();
         const Token &token = tokens[place];
         if (token.text == u";" && !last) {
-            return u"the query holds more than one statement"_s;
+            return Words::tr("the query holds more than one statement");
         }
         if (token.depth < 0) {
-            return u"a parenthesis is closed that was not opened"_s;
+            return Words::tr("a parenthesis is closed that was not opened");
         }
         if (auto problem = TokenProblem(token, last ? nullptr : &tokens[place + 1])) {
             return problem;
         }
     }
     const Token &end = tokens.back();
-    return end.depth > 0 || end.text == u"(" ? std::optional(u"a parenthesis is not closed"_s)
-                                             : std::nullopt;
+    return end.depth > 0 || end.text == u"("
+        ? std::optional(Words::tr("a parenthesis is not closed"))
+        : std::nullopt;
 }
 
 QString WithoutOrder(const QString &query)

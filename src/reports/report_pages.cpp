@@ -99,8 +99,10 @@ PageOutline ReportPages::Outline(const RunControl *control) const
     const double width = PageWidth(table->layout) - 2 * paper::kMargin - 2 * paper::kCellPadding;
     PageOutline outline;
     for (const ReportGroup &group : table->groups) {
-        const auto heading = paper::Wrapped(
-            GroupTitle(*table, group) + kContinued, paper::Style::Strong, width, kMostHeadingLines);
+        const auto heading = paper::Wrapped(ContinuedTitle(GroupTitle(*table, group)),
+                                            paper::Style::Strong,
+                                            width,
+                                            kMostHeadingLines);
         outline.groups.push_back(
             {group.first, group.count, static_cast<int>(heading.size()), kSumLines});
     }

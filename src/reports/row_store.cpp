@@ -1,5 +1,6 @@
 #include "reports/row_store.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -12,6 +13,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(RowStore)
+};
 
 constexpr qint64 kStrideRows = 64;
 constexpr qsizetype kBufferBytes = 1 << 18;
@@ -121,8 +127,8 @@ bool RowStore::Open()
     QByteArray name = QFile::encodeName(QDir::tempPath() + u"/tollbrook-report-XXXXXX"_s);
     file = ::mkostemp(name.data(), O_CLOEXEC);
     if (file < 0) {
-        problem = u"no temporary file in %1: %2"_s.arg(
-            QDir::tempPath(), QString::fromLocal8Bit(std::strerror(errno)));
+        problem = Words::tr("no temporary file in %1: %2")
+                      .arg(QDir::tempPath(), QString::fromLocal8Bit(std::strerror(errno)));
         return false;
     }
     ::unlink(name.constData());
@@ -139,8 +145,8 @@ bool RowStore::Flush()
         const auto now =
             ::write(file, buffer.constData() + done, static_cast<size_t>(buffer.size() - done));
         if (now < 0 && errno != EINTR) {
-            problem = u"the temporary folder %1 cannot be written: %2"_s.arg(
-                QDir::tempPath(), QString::fromLocal8Bit(std::strerror(errno)));
+            problem = Words::tr("the temporary folder %1 cannot be written: %2")
+                          .arg(QDir::tempPath(), QString::fromLocal8Bit(std::strerror(errno)));
             return false;
         }
         done += now > 0 ? now : 0;

@@ -1,5 +1,6 @@
 #include "service/notice_queue.h"
 
+#include <QCoreApplication>
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QMutexLocker>
@@ -11,6 +12,15 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(NoticeQueue)
+};
+
+} // namespace
 
 NoticeQueue::NoticeQueue(const QDBusConnection &serviceBus, int newReplyTimeout)
     : bus(serviceBus)
@@ -97,7 +107,7 @@ void NoticeQueue::Expire(quint64 number)
             waiting.pop_front();
         }
     }
-    Tell(number, u"No answer within %1 seconds"_s.arg(replyTimeout / 1000.0));
+    Tell(number, Words::tr("No answer within %1 seconds").arg(replyTimeout / 1000.0));
 }
 
 void NoticeQueue::Tell(quint64 number, const QString &reason)

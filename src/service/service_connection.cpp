@@ -1,10 +1,16 @@
 #include "service/service_connection.h"
 
+#include <QCoreApplication>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ServiceConnection)
+};
 
 // Work on another thread may be the last to let go of the link, which belongs to its own.
 void LetGo(ServiceLink *link)
@@ -33,7 +39,7 @@ int ServiceConnection::Connect(Prompt &prompt)
             LetGo(const_cast<ServiceLink *>(last)); // NOLINT: it was made as one that may change
         });
     } else {
-        prompt.Tell(u"Could not create instance"_s);
+        prompt.Tell(Words::tr("Could not create instance"));
     }
     return 0;
 }

@@ -1,6 +1,7 @@
 #include "accounts/credit_list.h"
 
 #include "accounts/account_fixture.h"
+#include "accounts/credit_columns.h"
 #include "accounts/credit_entry.h"
 #include "accounts/currency.h"
 #include "db/value_codes.h"
@@ -35,9 +36,9 @@ TB_ON_EVERY_ENGINE(CreditListing);
 
 TEST_P(CreditListing, NamesItsColumnsByMode)
 {
-    EXPECT_EQ(CreditColumns(AccountingMode::TrafficAndTime).join(u'|'),
+    EXPECT_EQ(CreditHeaders(AccountingMode::TrafficAndTime).join(u'|'),
               u"N|Date/Time|Credit|Used|Status|Type"_s);
-    EXPECT_EQ(CreditColumns(AccountingMode::Provider).join(u'|'),
+    EXPECT_EQ(CreditHeaders(AccountingMode::Provider).join(u'|'),
               u"N|Date/Time|Credit|Type|Used Mb|Used cash|Exp.date|Status"_s);
     EXPECT_EQ(CreditColumns(AccountingMode::NoControl), CreditColumns(AccountingMode::Provider))
         << "a credit staged there is a pre-paid one";

@@ -54,7 +54,7 @@ TEST(Layouts, EachRowsFileStoresTheRowsQuery)
         const auto layout = ReadLayout(LayoutFile(row), error);
         ASSERT_TRUE(layout) << qPrintable(error.Message());
         EXPECT_EQ(layout->query, StoredQuery(row)) << row;
-        EXPECT_EQ(layout->title, ReportCatalogue()[static_cast<size_t>(row)].title.trimmed())
+        EXPECT_EQ(layout->title, TitleOf(ReportCatalogue()[static_cast<size_t>(row)]).trimmed())
             << row;
     }
 }

@@ -130,7 +130,7 @@ TEST_F(Written, EveryReportIsPagesInEveryFormat)
     for (int row = 0; row < kReportCount; ++row) {
         const QString text = OutputOf(u"pdftotext"_s, {Write(row, u"pdf"_s), u"-"_s});
         EXPECT_TRUE(text.contains(u"Page 1 of ")) << row;
-        EXPECT_TRUE(text.contains(ReportCatalogue()[static_cast<size_t>(row)].title.trimmed()))
+        EXPECT_TRUE(text.contains(TitleOf(ReportCatalogue()[static_cast<size_t>(row)]).trimmed()))
             << row;
         EXPECT_TRUE(text.contains(u"Made 2026-11-21 09:30:00")) << row;
         for (const QString &suffix : {u"csv"_s, u"html"_s, u"xlsx"_s}) {

@@ -53,12 +53,15 @@ AccountDialog::AccountDialog(const AppServices &appServices,
     , ownerMode(account.ownerMode)
     , currency(shown)
     , stored(std::move(account.history))
-    , table(new CreditTable(HistoryColumns(ownerMode), u"No credits in this period"_s, this))
+    , table(new CreditTable(HistoryColumns(ownerMode),
+                            HistoryHeaders(ownerMode),
+                            tr("No credits in this period"),
+                            this))
     , unread(UnreadNote())
     , period(new QComboBox(this))
-    , openOnly(new QCheckBox(u"&Open credits only"_s, this))
+    , openOnly(new QCheckBox(tr("&Open credits only"), this))
 {
-    setWindowTitle(u"Account"_s);
+    setWindowTitle(tr("Account"));
     BuildControls(account.ownerName);
     ListRows();
     table->setFocus();
@@ -85,7 +88,7 @@ QWidget *AccountDialog::FilterLine()
     connect(openOnly, &QCheckBox::toggled, this, &AccountDialog::Refill);
     auto *layout = new QHBoxLayout(line);
     layout->setContentsMargins({});
-    layout->addWidget(LabelFor(u"&Period:"_s, *period));
+    layout->addWidget(LabelFor(tr("&Period:"), *period));
     layout->addWidget(period);
     layout->addWidget(openOnly);
     layout->addStretch();
@@ -95,9 +98,9 @@ QWidget *AccountDialog::FilterLine()
 QWidget *AccountDialog::ButtonLine()
 {
     auto *line = new QWidget(this);
-    auto *add = MakeButton<QPushButton>(u"&Add credit..."_s, "addCredit");
-    auto *close = MakeButton<QPushButton>(u"C&lose credit"_s, "closeCredit");
-    auto *remove = MakeButton<QPushButton>(u"&Delete"_s, "deleteCredit");
+    auto *add = MakeButton<QPushButton>(tr("&Add credit..."), "addCredit");
+    auto *close = MakeButton<QPushButton>(tr("C&lose credit"), "closeCredit");
+    auto *remove = MakeButton<QPushButton>(tr("&Delete"), "deleteCredit");
     connect(add, &QPushButton::clicked, this, &AccountDialog::AddCredit);
     connect(close, &QPushButton::clicked, this, &AccountDialog::CloseSelected);
     connect(remove, &QPushButton::clicked, this, &AccountDialog::DeleteSelected);
@@ -113,8 +116,10 @@ QWidget *AccountDialog::ButtonLine()
 
 void AccountDialog::Refill()
 {
-    const HistoryFilter filter {
-        owner, ownerMode, openOnly->isChecked(), HistoryPeriodFrom(period->currentText())};
+    const HistoryFilter filter {owner,
+                                ownerMode,
+                                openOnly->isChecked(),
+                                static_cast<HistoryPeriod>(period->currentIndex())};
     auto read = Await(
         services, this, tr("Reading the account..."), [filter] { return ReadHistory(filter); });
     unread->setHidden(read.has_value());
@@ -174,9 +179,9 @@ void AccountDialog::CloseSelected()
 {
     HistoryRow *row = Selected();
     if (row == nullptr) {
-        services.prompt.Tell(u"Please select credit to close"_s);
+        services.prompt.Tell(tr("Please select credit to close"));
     } else if (row->status == HistoryStatus::New) {
-        services.prompt.Tell(u"Cannot close Expired or New account"_s);
+        services.prompt.Tell(tr("Cannot close Expired or New account"));
     } else if (row->status != HistoryStatus::Closed) {
         row->status = HistoryStatus::Closed;
         staged.closed.push_back(row->billId);
@@ -190,9 +195,9 @@ void AccountDialog::DeleteSelected()
 {
     const HistoryRow *row = Selected();
     if (row == nullptr) {
-        services.prompt.Tell(u"Select the item to delete"_s);
+        services.prompt.Tell(tr("Select the item to delete"));
     } else if (row->status != HistoryStatus::New) {
-        services.prompt.Tell(u"Cannot delete Expired or Active account"_s);
+        services.prompt.Tell(tr("Cannot delete Expired or Active account"));
     } else {
         const int selected = table->SelectedRow();
         staged.credits.erase(staged.credits.begin() + (selected - static_cast<int>(stored.size())));

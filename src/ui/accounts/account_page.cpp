@@ -33,12 +33,13 @@ AccountPage::AccountPage(const AppServices &appServices,
 
 QString AccountPage::Title() const
 {
-    return u"Account"_s;
+    return tr("Account");
 }
 
 void AccountPage::Load()
 {
-    table = new CreditTable(CreditColumns(ownerMode), u"No credits"_s, this);
+    table =
+        new CreditTable(CreditColumns(ownerMode), CreditHeaders(ownerMode), tr("No credits"), this);
     unread = UnreadNote();
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(table, 1);
@@ -48,14 +49,14 @@ void AccountPage::Load()
 
 void AccountPage::BuildButtons(QVBoxLayout &layout)
 {
-    add = MakeButton<QPushButton>(u"&Add"_s, "add");
-    auto *remove = MakeButton<QPushButton>(u"&Delete"_s, "delete");
-    auto *close = MakeButton<QPushButton>(u"&Close"_s, "close");
+    add = MakeButton<QPushButton>(tr("&Add"), "add");
+    auto *remove = MakeButton<QPushButton>(tr("&Delete"), "delete");
+    auto *close = MakeButton<QPushButton>(tr("&Close"), "close");
     connect(add, &QPushButton::clicked, this, &AccountPage::AddCredit);
     connect(remove, &QPushButton::clicked, this, &AccountPage::DeleteSelected);
     connect(close, &QPushButton::clicked, this, &AccountPage::CloseSelected);
     balance = ShownValue("balance");
-    auto *label = LabelFor(u"&Balance, Mb:"_s, *balance);
+    auto *label = LabelFor(tr("&Balance, Mb:"), *balance);
     auto *line = new QHBoxLayout;
     line->addWidget(add);
     line->addWidget(remove);
@@ -151,9 +152,9 @@ void AccountPage::DeleteSelected()
 {
     const ListedCredit *row = Selected();
     if (row == nullptr) {
-        services.prompt.Tell(u"Select the item to delete"_s);
+        services.prompt.Tell(tr("Select the item to delete"));
     } else if (row->status != CreditStatus::New) {
-        services.prompt.Tell(u"Cannot delete Expired or Active account"_s);
+        services.prompt.Tell(tr("Cannot delete Expired or Active account"));
     } else {
         rows.pop_back();
         staged.credits.clear();
@@ -165,10 +166,10 @@ void AccountPage::CloseSelected()
 {
     ListedCredit *row = Selected();
     if (row == nullptr) {
-        services.prompt.Tell(u"Select the item to close"_s);
+        services.prompt.Tell(tr("Select the item to close"));
     } else if (row->status != CreditStatus::Active) {
-        services.prompt.Tell(u"Cannot close Expired or New account"_s);
-    } else if (services.prompt.Ask(u"You are about to close this credit. Continue?"_s)) {
+        services.prompt.Tell(tr("Cannot close Expired or New account"));
+    } else if (services.prompt.Ask(tr("You are about to close this credit. Continue?"))) {
         SetStatus(*row, CreditStatus::Expired);
         staged.closed.push_back(row->billId);
         const int selected = table->SelectedRow();

@@ -7,9 +7,20 @@
 #include "ui/accounts/owner_notice.h"
 #include "ui/accounts/statistics_dialog.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Accounts)
+};
+
+} // namespace
 
 void OpenAccount(const AppServices &services, const Owner &owner, QWidget *parent)
 {
@@ -17,10 +28,11 @@ void OpenAccount(const AppServices &services, const Owner &owner, QWidget *paren
     if (!currency) {
         return;
     }
-    auto account = Await(
-        services, parent, u"Reading the account..."_s, [owner] { return ReadAccount(owner); });
+    auto account = Await(services, parent, Words::tr("Reading the account..."), [owner] {
+        return ReadAccount(owner);
+    });
     if (!account) {
-        TellUnread(services, u"The account could not be read."_s, account.error());
+        TellUnread(services, Words::tr("The account could not be read."), account.error());
     } else if (!*account) {
         TellOwnerIsGone(services.prompt, owner);
     } else {
@@ -30,11 +42,11 @@ void OpenAccount(const AppServices &services, const Owner &owner, QWidget *paren
 
 void OpenStatistics(const AppServices &services, const Owner &owner, QWidget *parent)
 {
-    auto usage = Await(services, parent, u"Reading the statistics..."_s, [owner] {
+    auto usage = Await(services, parent, Words::tr("Reading the statistics..."), [owner] {
         return ReadOwnerUsage(owner);
     });
     if (!usage) {
-        TellUnread(services, u"The statistics could not be read."_s, usage.error());
+        TellUnread(services, Words::tr("The statistics could not be read."), usage.error());
     } else if (!*usage) {
         TellOwnerIsGone(services.prompt, owner);
     } else {

@@ -29,11 +29,11 @@ CreditDialog::CreditDialog(Prompt &messages, Currency shown, QWidget *parent)
     , amount(new NumberField({.most = kMostCredit, .decimals = 2}, this))
     , unit(new QLabel(this))
 {
-    setWindowTitle(u"Add credit"_s);
+    setWindowTitle(tr("Add credit"));
     amount->setObjectName(u"amount"_s);
     unit->setObjectName(u"unit"_s);
     auto *layout = new QVBoxLayout(this);
-    auto *box = new QGroupBox(u"Credit"_s, this);
+    auto *box = new QGroupBox(tr("Credit"), this);
     box->setLayout(new QVBoxLayout);
     layout->addWidget(box);
 }
@@ -64,7 +64,7 @@ void CreditDialog::Finish(QWidget *more)
 {
     auto *layout = static_cast<QVBoxLayout *>(this->layout());
     auto *line = new QHBoxLayout;
-    line->addWidget(LabelFor(u"&Amount:"_s, *amount));
+    line->addWidget(LabelFor(tr("&Amount:"), *amount));
     line->addWidget(amount, 1);
     line->addWidget(unit);
     layout->addLayout(line);
@@ -117,20 +117,20 @@ LimitCreditDialog::LimitCreditDialog(Prompt &messages,
     : CreditDialog(messages, shown, parent)
 {
     const bool traffic = ownerMode != AccountingMode::Time;
-    AddKind(CreditKind::Traffic, u"&Traffic"_s, "traffic", traffic);
-    AddKind(CreditKind::Time, u"T&ime"_s, "time", ownerMode != AccountingMode::Traffic);
+    AddKind(CreditKind::Traffic, tr("&Traffic"), "traffic", traffic);
+    AddKind(CreditKind::Time, tr("T&ime"), "time", ownerMode != AccountingMode::Traffic);
     Choose(traffic ? CreditKind::Traffic : CreditKind::Time);
     Finish(nullptr);
 }
 
 BillingCreditDialog::BillingCreditDialog(Prompt &messages, const Currency &shown, QWidget *parent)
     : CreditDialog(messages, shown, parent)
-    , noExpiry(new QCheckBox(u"&No expiry date"_s, this))
+    , noExpiry(new QCheckBox(tr("&No expiry date"), this))
     , expiryDay(new QDateEdit(Today().addMonths(1), this))
 {
-    AddKind(CreditKind::Unlimited, u"&Unlimited"_s, "unlimited");
-    AddKind(CreditKind::Traffic, u"&Traffic"_s, "traffic");
-    AddKind(CreditKind::Money, u"&Money"_s, "money");
+    AddKind(CreditKind::Unlimited, tr("&Unlimited"), "unlimited");
+    AddKind(CreditKind::Traffic, tr("&Traffic"), "traffic");
+    AddKind(CreditKind::Money, tr("&Money"), "money");
     Choose(CreditKind::Traffic);
     noExpiry->setObjectName(u"noExpiry"_s);
     noExpiry->setChecked(true);
@@ -139,9 +139,9 @@ BillingCreditDialog::BillingCreditDialog(Prompt &messages, const Currency &shown
     expiryDay->setCalendarPopup(true);
     expiryDay->setEnabled(false);
     connect(noExpiry, &QCheckBox::toggled, expiryDay, &QWidget::setDisabled);
-    auto *box = new QGroupBox(u"Expiry"_s, this);
+    auto *box = new QGroupBox(tr("Expiry"), this);
     auto *line = new QHBoxLayout;
-    line->addWidget(LabelFor(u"&Expiry date:"_s, *expiryDay));
+    line->addWidget(LabelFor(tr("&Expiry date:"), *expiryDay));
     line->addWidget(expiryDay, 1);
     auto *boxLayout = new QVBoxLayout(box);
     boxLayout->addWidget(noExpiry);

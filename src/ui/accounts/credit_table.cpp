@@ -7,30 +7,22 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-bool HoldsAmounts(const QString &column)
-{
-    static const QStringList amounts {
-        u"N"_s, u"Credit"_s, u"Used"_s, u"Balance"_s, u"Used, Mb"_s, u"Used Mb"_s, u"Used cash"_s};
-    return amounts.contains(column);
-}
-
-} // namespace
-
-CreditTable::CreditTable(const QStringList &columns, const QString &textWhenEmpty, QWidget *parent)
+CreditTable::CreditTable(const QList<CreditColumn> &columns,
+                         const QStringList &headers,
+                         const QString &textWhenEmpty,
+                         QWidget *parent)
     : QTreeWidget(parent)
     , emptyText(textWhenEmpty)
 {
-    SetNames(*this, u"credits"_s, u"Credits"_s);
-    setHeaderLabels(columns);
+    SetNames(*this, u"credits"_s, tr("Credits"));
+    setHeaderLabels(headers);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     setTabKeyNavigation(false);
     header()->setSectionsMovable(false);
     for (int column = 0; column < columns.size(); ++column) {
-        const auto side = HoldsAmounts(columns.at(column)) ? Qt::AlignRight : Qt::AlignLeft;
+        const auto side = HoldsFigures(columns.at(column)) ? Qt::AlignRight : Qt::AlignLeft;
         headerItem()->setTextAlignment(column, side | Qt::AlignVCenter);
     }
 }

@@ -1,6 +1,8 @@
 // The list of an account's credits: numbered rows of text, one of them selected.
 #pragma once
 
+#include "accounts/credit_columns.h"
+
 #include <QTreeWidget>
 
 class CreditTable : public QTreeWidget
@@ -8,8 +10,12 @@ class CreditTable : public QTreeWidget
     Q_OBJECT
 
 public:
-    // `columns` are the headers, "N" first. `emptyText` stands in the list while it has no rows.
-    CreditTable(const QStringList &columns, const QString &emptyText, QWidget *parent);
+    // `headers` stand above the columns, each above its own. `emptyText` stands in the list while it
+    // has no rows.
+    CreditTable(const QList<CreditColumn> &columns,
+                const QStringList &headers,
+                const QString &emptyText,
+                QWidget *parent);
 
     // Replaces all rows by these cells of the columns after "N"; no row is selected then.
     void SetRows(const QList<QStringList> &rows);

@@ -4,11 +4,21 @@
 #include "ui/common/elided_label.h"
 #include "ui/common/icons.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStyle>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(OwnerNotice)
+};
+
+} // namespace
 
 QWidget *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent)
 {
@@ -16,7 +26,8 @@ QWidget *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent)
     auto *picture = new QLabel(heading);
     const int size = heading->style()->pixelMetric(QStyle::PM_SmallIconSize);
     picture->setPixmap(IconOf(owner.IsUser() ? Picture::User : Picture::Group).pixmap(size));
-    auto *text = new ElidedLabel((owner.IsUser() ? u"User: "_s : u"Group: "_s) + name, heading);
+    auto *text = new ElidedLabel(
+        (owner.IsUser() ? Words::tr("User: ") : Words::tr("Group: ")) + name, heading);
     text->setObjectName(u"owner"_s);
     auto *layout = new QHBoxLayout(heading);
     layout->setContentsMargins({});

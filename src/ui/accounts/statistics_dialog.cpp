@@ -56,7 +56,7 @@ Result<std::optional<OwnerUsage>> ReadOwnerUsage(const Owner &owner)
 StatisticsDialog::StatisticsDialog(const Owner &owner, OwnerUsage usage, QWidget *parent)
     : Dialog(parent)
 {
-    setWindowTitle(owner.IsUser() ? u"User statistics"_s : u"Group statistics"_s);
+    setWindowTitle(owner.IsUser() ? tr("User statistics") : tr("Group statistics"));
     const UsageStatistics &statistics = usage.statistics;
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
@@ -74,32 +74,33 @@ StatisticsDialog::StatisticsDialog(const Owner &owner, OwnerUsage usage, QWidget
 
 QWidget *StatisticsDialog::PeriodBox(const Owner &owner, const PeriodUsage &period)
 {
-    auto *box = new QGroupBox(u"Accounting period"_s, this);
+    auto *box = new QGroupBox(tr("Accounting period"), this);
     auto *form = new QFormLayout(box);
     AddField(*form,
-             u"Data received, Mb"_s,
+             tr("Data received, Mb"),
              "periodReceived",
              period.received.value,
              period.limitsTraffic);
     if (owner.IsUser()) {
-        AddField(*form, u"Data sent, Mb"_s, "periodSent", period.sent.value, period.limitsTraffic);
-        AddField(*form, u"Time On-Line, hr"_s, "periodTime", period.hours.value, period.limitsTime);
+        AddField(*form, tr("Data sent, Mb"), "periodSent", period.sent.value, period.limitsTraffic);
+        AddField(
+            *form, tr("Time On-Line, hr"), "periodTime", period.hours.value, period.limitsTime);
     }
     return box;
 }
 
 QWidget *StatisticsDialog::OverallBox(const UsageStatistics &statistics)
 {
-    auto *box = new QGroupBox(u"Overall"_s, this);
+    auto *box = new QGroupBox(tr("Overall"), this);
     auto *form = new QFormLayout(box);
-    AddField(*form, u"Data received, Mb"_s, "overallReceived", statistics.received.value);
-    AddField(*form, u"Data sent, Mb"_s, "overallSent", statistics.sent.value);
+    AddField(*form, tr("Data received, Mb"), "overallReceived", statistics.received.value);
+    AddField(*form, tr("Data sent, Mb"), "overallSent", statistics.sent.value);
     return box;
 }
 
 QWidget *StatisticsDialog::TipBox(const QString &tip)
 {
-    auto *box = new QGroupBox(u"Tip"_s, this);
+    auto *box = new QGroupBox(tr("Tip"), this);
     auto *text = new QLabel(tip, box);
     text->setObjectName(u"tip"_s);
     text->setWordWrap(true);
@@ -110,7 +111,7 @@ QWidget *StatisticsDialog::TipBox(const QString &tip)
 
 QWidget *StatisticsDialog::ChartBox(std::vector<DailyTraffic> days)
 {
-    auto *box = new QGroupBox(u"Last 30 days"_s, this);
+    auto *box = new QGroupBox(tr("Last 30 days"), this);
     auto *chart = new TrafficChart(box);
     chart->setObjectName(u"chart"_s);
     chart->SetDays(std::move(days));

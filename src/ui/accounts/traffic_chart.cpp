@@ -55,7 +55,7 @@ TrafficChart::TrafficChart(QWidget *parent) : QWidget(parent)
     setMouseTracking(true);
     setAutoFillBackground(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setAccessibleName(u"Traffic of the last 30 days"_s);
+    setAccessibleName(tr("Traffic of the last 30 days"));
     Describe();
 }
 
@@ -115,8 +115,8 @@ QRectF TrafficChart::Bar(int day, double amount) const
 
 QString TrafficChart::Figures(const DailyTraffic &day) const
 {
-    return day.day.toString(u"dd.MM.yyyy"_s) % u": received "_s % Text(day.received)
-        % u" Mb, sent "_s % Text(day.sent) % u" Mb"_s;
+    return tr("%1: received %2 Mb, sent %3 Mb")
+        .arg(day.day.toString(u"dd.MM.yyyy"_s), Text(day.received), Text(day.sent));
 }
 
 void TrafficChart::paintEvent(QPaintEvent * /*event*/)
@@ -126,7 +126,7 @@ void TrafficChart::paintEvent(QPaintEvent * /*event*/)
     painter.fillRect(rect(), look.ground);
     if (IsEmpty()) {
         painter.setPen(look.text);
-        painter.drawText(rect(), Qt::AlignCenter, u"No traffic in the last 30 days"_s);
+        painter.drawText(rect(), Qt::AlignCenter, tr("No traffic in the last 30 days"));
     } else {
         PaintLegend(painter, look);
         PaintLines(painter, look);
@@ -144,7 +144,7 @@ void TrafficChart::paintEvent(QPaintEvent * /*event*/)
 void TrafficChart::PaintLegend(QPainter &painter, const ChartLook &look) const
 {
     const int line = fontMetrics().height();
-    const QString received = u"Received, Mb"_s;
+    const QString received = tr("Received, Mb");
     const QRectF square(Plot().left(), line / 2.0 + line * 0.15, line * 0.7, line * 0.7);
     const double next = line * 2.5 + fontMetrics().horizontalAdvance(received);
     PaintSolid(painter, square, look.received);
@@ -152,7 +152,7 @@ void TrafficChart::PaintLegend(QPainter &painter, const ChartLook &look) const
     painter.setPen(look.text);
     const double base = line / 2.0 + fontMetrics().ascent();
     painter.drawText(QPointF(square.right() + line * 0.3, base), received);
-    painter.drawText(QPointF(square.right() + line * 0.3 + next, base), u"Sent, Mb"_s);
+    painter.drawText(QPointF(square.right() + line * 0.3 + next, base), tr("Sent, Mb"));
 }
 
 void TrafficChart::PaintLines(QPainter &painter, const ChartLook &look) const
@@ -208,7 +208,7 @@ void TrafficChart::PaintDates(QPainter &painter, const ChartLook &look) const
                          days[static_cast<std::size_t>(day)].day.toString(u"dd.MM."_s));
     }
     const QString figures = chosen >= 0 ? Figures(days[static_cast<std::size_t>(chosen)])
-                                        : u"Point at a day, or choose one with the arrow keys"_s;
+                                        : tr("Point at a day, or choose one with the arrow keys");
     painter.drawText(
         QRectF(0, plot.bottom() + line * 1.6, rect().width(), line), Qt::AlignCenter, figures);
 }
@@ -263,11 +263,13 @@ void TrafficChart::leaveEvent(QEvent * /*event*/)
 
 void TrafficChart::Describe()
 {
-    QString text = IsEmpty() ? u"No traffic in the last 30 days."_s
-                             : u"Received "_s % Text(Sum(days, &DailyTraffic::received))
-            % u" Mb, sent "_s % Text(Sum(days, &DailyTraffic::sent))
-            % u" Mb. Most on one day: received "_s % Text(Most(days, &DailyTraffic::received))
-            % u" Mb, sent "_s % Text(Most(days, &DailyTraffic::sent)) % u" Mb."_s;
+    QString text = IsEmpty()
+        ? tr("No traffic in the last 30 days.")
+        : tr("Received %1 Mb, sent %2 Mb. Most on one day: received %3 Mb, sent %4 Mb.")
+              .arg(Text(Sum(days, &DailyTraffic::received)),
+                   Text(Sum(days, &DailyTraffic::sent)),
+                   Text(Most(days, &DailyTraffic::received)),
+                   Text(Most(days, &DailyTraffic::sent)));
     if (chosen >= 0) {
         text = Figures(days[static_cast<std::size_t>(chosen)]) % u". "_s % text;
     }

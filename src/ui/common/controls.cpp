@@ -2,12 +2,22 @@
 
 #include "ui/common/number_field.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Controls)
+};
+
+} // namespace
 
 QLineEdit *ShownValue(const char *objectName)
 {
@@ -45,8 +55,8 @@ void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButto
 
 QLabel *UnreadNote()
 {
-    auto *note =
-        new QLabel(u"This could not be read. What is shown may be incomplete or out of date."_s);
+    auto *note = new QLabel(
+        Words::tr("This could not be read. What is shown may be incomplete or out of date."));
     note->setObjectName(u"unread"_s);
     note->setWordWrap(true);
     note->hide();

@@ -33,7 +33,7 @@ QLineEdit *MakeOctet(int index, const QString &name, QWidget *parent)
 {
     auto *octet = new QLineEdit(parent);
     octet->setObjectName(u"octet%1"_s.arg(index));
-    octet->setAccessibleName(u"%1, part %2 of 4"_s.arg(name).arg(index + 1));
+    octet->setAccessibleName(IpAddressField::tr("%1, part %2 of 4").arg(name).arg(index + 1));
     octet->setMaxLength(kDigits);
     octet->setFrame(false);
     octet->setAlignment(Qt::AlignCenter);

@@ -1,6 +1,7 @@
 #include "ui/common/message_box_prompt.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -10,6 +11,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(MessageBoxPrompt)
+};
 
 constexpr int kMostLines = 16; // that a small screen has room for
 
@@ -39,7 +45,7 @@ QMessageBox::StandardButton Show(QMessageBox::Icon icon,
                                  QMessageBox::StandardButtons buttons,
                                  QMessageBox::StandardButton byReturn = QMessageBox::NoButton)
 {
-    const QString title = caption.isEmpty() ? u"Tollbrook Administrator"_s : caption;
+    const QString title = caption.isEmpty() ? Words::tr("Tollbrook Administrator") : caption;
     QMessageBox box(icon, title, text, buttons, QApplication::activeWindow());
     box.setObjectName(u"messageBox"_s);
     box.setDefaultButton(byReturn);

@@ -42,7 +42,7 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     , users(new UserListModel(this))
     , finder(appServices.database)
 {
-    SetNames(*this, u"usersList"_s, u"Users"_s);
+    SetNames(*this, u"usersList"_s, tr("Users"));
     setSelectionMode(ExtendedSelection);
     ShowModel(users);
     columnMemory = new ColumnMemory(*header(), u"users"_s, [this](int section) {
@@ -251,7 +251,7 @@ void CAdministratorView::OpenAccount()
 
 QString CAdministratorView::AccountPrompt() const
 {
-    return u"Refill current user account"_s;
+    return tr("Refill current user account");
 }
 
 void CAdministratorView::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
@@ -283,8 +283,8 @@ void CAdministratorView::DeleteSelected()
     const auto ask = [this](const QStringList &names) {
         return services.prompt.AskToDestroy(
             names.size() == 1
-                ? u"This will delete this user and all corresponding information. Continue?"_s
-                : u"This will delete these users and all corresponding information. Continue?"_s,
+                ? tr("This will delete this user and all corresponding information. Continue?")
+                : tr("This will delete these users and all corresponding information. Continue?"),
             NamesLine(names));
     };
     RemoveSelected(ask, tr("Deleting users..."), DeleteUsersAction);
@@ -294,8 +294,9 @@ void CAdministratorView::StopMonitoringSelected()
 {
     const auto ask = [this](const QStringList &names) {
         return services.prompt.Ask(
-            names.size() == 1 ? u"This will move this user to the unmonitored list. Continue?"_s
-                              : u"This will move these users to the unmonitored list. Continue?"_s);
+            names.size() == 1
+                ? tr("This will move this user to the unmonitored list. Continue?")
+                : tr("This will move these users to the unmonitored list. Continue?"));
     };
     RemoveSelected(ask, tr("Moving users to the unmonitored list..."), StopMonitoringAction);
 }
@@ -343,19 +344,19 @@ void CAdministratorView::FillPopUp(QMenu &menu)
     menu.setObjectName(several ? u"severalUsersPopUp"_s : u"userPopUp"_s);
     const auto changeGroup = [this] { MoveToChosenGroup(SelectedIds()); };
     if (several) {
-        AddEntry(menu, u"Change group..."_s, changeGroup);
+        AddEntry(menu, tr("Change group..."), changeGroup);
         if (dialogs.userLimits) {
-            AddEntry(menu, u"Set mode/limits..."_s, [this] {
+            AddEntry(menu, tr("Set mode/limits..."), [this] {
                 dialogs.userLimits(SelectedIds(), window());
             });
         }
     } else {
-        AddEntry(menu, u"Properties..."_s, Opener(dialogs.userProperties));
+        AddEntry(menu, tr("Properties..."), Opener(dialogs.userProperties));
         AddAccountEntry(menu, dialogs.userAccount);
-        AddEntry(menu, u"Statistics"_s, Opener(dialogs.userStatistics));
-        AddEntry(menu, u"Change group..."_s, changeGroup);
+        AddEntry(menu, tr("Statistics"), Opener(dialogs.userStatistics));
+        AddEntry(menu, tr("Change group..."), changeGroup);
     }
     menu.addSeparator();
-    AddEntry(menu, u"Do not monitor"_s, [this] { StopMonitoringSelected(); });
-    AddEntry(menu, several ? u"Delete"_s : u"Remove"_s, [this] { DeleteSelected(); });
+    AddEntry(menu, tr("Do not monitor"), [this] { StopMonitoringSelected(); });
+    AddEntry(menu, several ? tr("Delete") : tr("Remove"), [this] { DeleteSelected(); });
 }

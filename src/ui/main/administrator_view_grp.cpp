@@ -22,7 +22,7 @@ CAdministratorViewGrp::CAdministratorViewGrp(const AppServices &appServices,
     , dialogs(windows)
     , groups(new GroupListModel(this))
 {
-    SetNames(*this, u"groupsList"_s, u"Groups"_s);
+    SetNames(*this, u"groupsList"_s, tr("Groups"));
     setSelectionMode(SingleSelection);
     ShowModel(groups);
     header()->setSectionsClickable(false);
@@ -80,7 +80,7 @@ void CAdministratorViewGrp::OpenAccount()
 
 QString CAdministratorViewGrp::AccountPrompt() const
 {
-    return u"Refill current group account"_s;
+    return tr("Refill current group account");
 }
 
 void CAdministratorViewGrp::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
@@ -97,12 +97,12 @@ void CAdministratorViewGrp::DeleteSelected()
     const GroupId groupId = groups->IdAt(row);
     const QString name = groups->NameAt(row); // kept: the name counts here, the id when renaming
     const bool isKept = name == u"Everybody"_s;
-    if (!services.prompt.AskToDestroy(u"This will delete the selected group. Contunue?"_s,
+    if (!services.prompt.AskToDestroy(tr("This will delete the selected group. Contunue?"),
                                       isKept ? QString() : NamesLine({name}))) {
         return;
     }
     if (isKept) {
-        services.prompt.Tell(u"You cannot delete Everybody group"_s);
+        services.prompt.Tell(tr("You cannot delete Everybody group"));
         return;
     }
     if (Perform(services,
@@ -124,10 +124,10 @@ void CAdministratorViewGrp::RenameSelected()
     }
     const GroupId groupId = groups->IdAt(row);
     if (groupId == kEverybodyGroup) {
-        services.prompt.Tell(u"You can not rename Everybody group"_s);
+        services.prompt.Tell(tr("You can not rename Everybody group"));
         return;
     }
-    NameDialog dialog(u"Rename group"_s, u"Enter new name for the group:"_s, window());
+    NameDialog dialog(tr("Rename group"), tr("Enter new name for the group:"), window());
     dialog.SetName(groups->NameAt(row));
     dialog.SetCheck([&](const QString &name) {
         return Perform(services, &dialog, tr("Renaming..."), RenameGroupAction(groupId, name));
@@ -146,10 +146,10 @@ void CAdministratorViewGrp::RefreshKey()
 void CAdministratorViewGrp::FillPopUp(QMenu &menu)
 {
     menu.setObjectName(u"groupPopUp"_s);
-    AddEntry(menu, u"Properties..."_s, Opener(dialogs.groupProperties));
+    AddEntry(menu, tr("Properties..."), Opener(dialogs.groupProperties));
     AddAccountEntry(menu, dialogs.groupAccount);
-    AddEntry(menu, u"Statistics"_s, Opener(dialogs.groupStatistics));
+    AddEntry(menu, tr("Statistics"), Opener(dialogs.groupStatistics));
     menu.addSeparator();
-    AddEntry(menu, u"Rename..."_s, [this] { RenameSelected(); });
-    AddEntry(menu, u"Delete"_s, [this] { DeleteSelected(); });
+    AddEntry(menu, tr("Rename..."), [this] { RenameSelected(); });
+    AddEntry(menu, tr("Delete"), [this] { DeleteSelected(); });
 }

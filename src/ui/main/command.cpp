@@ -6,11 +6,10 @@
 
 QAction *MakeCommand(const CommandText &text, const std::function<void()> &run, QObject *parent)
 {
-    auto *action = new QAction(QString::fromUtf16(text.text), parent);
-    const QString prompt = QString::fromUtf16(text.prompt);
+    auto *action = new QAction(text.text, parent);
     action->setObjectName(QLatin1StringView(text.name));
-    action->setStatusTip(prompt);
-    action->setToolTip(prompt.isEmpty() ? PlainLabel(action->text()) : prompt);
+    action->setStatusTip(text.prompt);
+    action->setToolTip(text.prompt.isEmpty() ? PlainLabel(action->text()) : text.prompt);
     action->setShortcut(text.keys);
     if (text.picture) {
         action->setIcon(IconOf(*text.picture));

@@ -4,6 +4,7 @@
 #include "ui/common/icons.h"
 
 #include <QKeySequence>
+#include <QString>
 
 #include <functional>
 #include <optional>
@@ -14,8 +15,8 @@ class QObject;
 struct CommandText
 {
     const char *name; // of the action
-    const char16_t *text; // in the menu, with its mnemonic
-    const char16_t *prompt; // in the status bar and as the toolbar's tip; empty for the plain text
+    QString text; // in the menu, with its mnemonic
+    QString prompt; // in the status bar and as the toolbar's tip; empty for the plain text
     std::optional<Picture> picture = {};
     QKeySequence keys = {};
 };

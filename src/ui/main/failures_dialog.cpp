@@ -32,16 +32,16 @@ FailuresDialog::FailuresDialog(QWidget *parent)
     , summary(new QLabel(this))
     , list(new QTreeWidget(this))
 {
-    setWindowTitle(u"Failed statements"_s);
+    setWindowTitle(tr("Failed statements"));
     setObjectName(u"failuresDialog"_s);
-    SetNames(*list, u"failures"_s, u"Failed statements, newest first"_s);
-    list->setHeaderLabels({u"Time"_s, u"Statement"_s, u"SQLSTATE"_s, u"Text"_s});
+    SetNames(*list, u"failures"_s, tr("Failed statements, newest first"));
+    list->setHeaderLabels({tr("Time"), tr("Statement"), tr("SQLSTATE"), tr("Text")});
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setObjectName(u"close"_s);
     buttons->button(QDialogButtonBox::Close)->setDefault(true);
-    auto *copy = buttons->addButton(u"&Copy all"_s, QDialogButtonBox::ActionRole);
+    auto *copy = buttons->addButton(tr("&Copy all"), QDialogButtonBox::ActionRole);
     copy->setObjectName(u"copy"_s);
     connect(copy, &QPushButton::clicked, this, &FailuresDialog::CopyAll);
     connect(buttons, &QDialogButtonBox::rejected, this, &FailuresDialog::reject);
@@ -65,9 +65,9 @@ void FailuresDialog::Fill()
 {
     const FailureLog &log = FailureLog::Instance();
     const QList<StatementFailure> recent = log.Recent();
-    summary->setText(
-        u"Failed since the program started: %1. Listed, newest first: %2."_s.arg(log.Count())
-            .arg(recent.size()));
+    summary->setText(tr("Failed since the program started: %1. Listed, newest first: %2.")
+                         .arg(log.Count())
+                         .arg(recent.size()));
     list->clear();
     for (auto failure = recent.crbegin(); failure != recent.crend(); ++failure) {
         auto *item = new QTreeWidgetItem(list, Cells(*failure));

@@ -37,7 +37,7 @@ FindBar::FindBar(Prompt &messages,
     , note(new QLabel(this))
 {
     setObjectName(u"findBar"_s);
-    setWindowTitle(u"Find user"_s);
+    setWindowTitle(tr("Find user"));
     setMovable(false);
     AddField();
     AddSearch();
@@ -57,7 +57,7 @@ void FindBar::AddField()
         tr("Any part of a name, workstation, description, address, group or login; also "
            "group:NAME, mode:NAME, blocked, over, 10.1.2.0/24"));
     field->installEventFilter(this);
-    QLabel *label = LabelFor(u"Find user:"_s, *field);
+    QLabel *label = LabelFor(tr("Find user:"), *field);
     label->setContentsMargins(4, 0, 4, 0);
     addWidget(label);
     addWidget(field);
@@ -71,8 +71,8 @@ void FindBar::AddField()
 
 void FindBar::AddSearch()
 {
-    auto *search = new QAction(IconOf(Picture::Find), u"Find"_s, this);
-    search->setToolTip(u"Find the first user whose first column begins with this text"_s);
+    auto *search = new QAction(IconOf(Picture::Find), tr("Find"), this);
+    search->setToolTip(tr("Find the first user whose first column begins with this text"));
     addAction(search);
     widgetForAction(search)->setObjectName(u"find"_s);
     widgetForAction(search)->setFocusPolicy(Qt::TabFocus);
@@ -165,7 +165,7 @@ void FindBar::Search()
         return; // the key was for the list of words
     }
     if (field->text().isEmpty()) {
-        prompt.Tell(u"Enter search criteria please"_s);
+        prompt.Tell(tr("Enter search criteria please"));
         return;
     }
     if (users.FindUser(field->text())) {
@@ -203,7 +203,7 @@ void FindBar::GoToFound()
 
 void FindBar::TellNobody()
 {
-    prompt.Tell(u"No user found"_s, Prompt::Icon::Information, u"Tollbrook Administrator"_s);
+    prompt.Tell(tr("No user found"), Prompt::Icon::Information, tr("Tollbrook Administrator"));
     TakeFocus();
 }
 

@@ -54,55 +54,60 @@ QAction *FrameMenus::Add(QMenu &menu, const CommandText &text, const std::functi
 
 void FrameMenus::MakeFileMenu()
 {
-    QMenu &menu = *frame.menuBar()->addMenu(u"&File"_s);
+    QMenu &menu = *frame.menuBar()->addMenu(tr("&File"));
     Add(menu,
-        {"purge", u"&Purge database...", u"Remove accumulated records", Picture::Purge},
+        {"purge", tr("&Purge database..."), tr("Remove accumulated records"), Picture::Purge},
         RefreshingOpener(frame, frame.Dialogs().purge));
     Add(menu,
-        {"exportList", u"&Export list...", u"Save all users that match as a file", Picture::Save},
+        {"exportList",
+         tr("&Export list..."),
+         tr("Save all users that match as a file"),
+         Picture::Save},
         [this] { frame.Users().Export(); });
     menu.addSeparator();
     Add(menu,
-        {"exit", u"E&xit", u"Quit the program", Picture::Exit, QKeySequence(u"Ctrl+Q"_s)},
+        {"exit", tr("E&xit"), tr("Quit the program"), Picture::Exit, QKeySequence(u"Ctrl+Q"_s)},
         [this] { frame.close(); });
 }
 
 void FrameMenus::MakeUserMenu()
 {
-    QMenu &menu = *frame.menuBar()->addMenu(u"&User"_s);
+    QMenu &menu = *frame.menuBar()->addMenu(tr("&User"));
     const auto openProperties = [this] { frame.ActivePane().OpenProperties(); };
-    constexpr auto kPropertiesPrompt = u"Display user or group properties";
+    const QString propertiesPrompt = tr("Display user or group properties");
     properties = Add(menu,
-                     {"properties", u"&Properties...", kPropertiesPrompt, Picture::Properties},
+                     {"properties", tr("&Properties..."), propertiesPrompt, Picture::Properties},
                      openProperties);
-    toolbarProperties =
-        MakeCommand({"toolbarProperties", u"Properties...", kPropertiesPrompt, Picture::Properties},
-                    openProperties,
-                    &frame);
-    account = Add(menu, {"account", u"&Account...", u"", Picture::Account}, [this] {
+    toolbarProperties = MakeCommand(
+        {"toolbarProperties", tr("Properties..."), propertiesPrompt, Picture::Properties},
+        openProperties,
+        &frame);
+    account = Add(menu, {"account", tr("&Account..."), {}, Picture::Account}, [this] {
         frame.ActivePane().OpenAccount();
     });
-    changeGroup = Add(menu, {"changeGroup", u"Change &group...", u"", Picture::Group}, [this] {
+    changeGroup = Add(menu, {"changeGroup", tr("Change &group..."), {}, Picture::Group}, [this] {
         frame.Users().ChangeGroup();
     });
     menu.addSeparator();
-    doNotMonitor = Add(
-        menu,
-        {"doNotMonitor", u"Do not &monitor", u"Move to the unmonitored list", Picture::Unmonitored},
-        [this] { frame.Users().StopMonitoringSelected(); });
+    doNotMonitor = Add(menu,
+                       {"doNotMonitor",
+                        tr("Do not &monitor"),
+                        tr("Move to the unmonitored list"),
+                        Picture::Unmonitored},
+                       [this] { frame.Users().StopMonitoringSelected(); });
     remove = Add(menu,
-                 {"delete", u"&Delete", u"Delete user or the group", Picture::Delete},
+                 {"delete", tr("&Delete"), tr("Delete user or the group"), Picture::Delete},
                  [this] { frame.ActivePane().DeleteSelected(); });
     connect(&menu, &QMenu::aboutToShow, this, &FrameMenus::UpdateSelectionCommands);
 }
 
 void FrameMenus::MakeViewMenu()
 {
-    QMenu &menu = *frame.menuBar()->addMenu(u"&View"_s);
+    QMenu &menu = *frame.menuBar()->addMenu(tr("&View"));
     MakeColumnsMenu(menu);
     MakeSortMenu(menu);
     refresh = Add(menu,
-                  {"refresh", u"Re&fresh ", u"Read both lists anew", Picture::Refresh},
+                  {"refresh", tr("Re&fresh "), tr("Read both lists anew"), Picture::Refresh},
                   [this] { frame.Refresh(); });
     menu.addSeparator();
     MakeRefreshItems(menu);
@@ -113,7 +118,7 @@ void FrameMenus::MakeViewMenu()
 
 void FrameMenus::MakeColumnsMenu(QMenu &view)
 {
-    QMenu &menu = *view.addMenu(u"&Columns"_s);
+    QMenu &menu = *view.addMenu(tr("&Columns"));
     for (const UserColumn column : kUserColumnOrder) {
         QAction *item = menu.addAction(HeaderText(column));
         item->setCheckable(true);
@@ -143,19 +148,19 @@ QList<QAction *> FrameMenus::AddChoices(QMenu &menu,
 
 void FrameMenus::MakeSortMenu(QMenu &view)
 {
-    sortItems = AddChoices(*view.addMenu(u"&Sort by"_s),
-                           {u"Usernames"_s, u"Workstations"_s, u"Full names"_s},
+    sortItems = AddChoices(*view.addMenu(tr("&Sort by")),
+                           {tr("Usernames"), tr("Workstations"), tr("Full names")},
                            [this](int order) { frame.SortBy(order); });
 }
 
 void FrameMenus::MakeRefreshItems(QMenu &view)
 {
-    const QStringList texts {u"No auto refresh"_s,
-                             u"Each minute"_s,
-                             u"Each 3 minutes"_s,
-                             u"Each 5 minutes"_s,
-                             u"Each 10 minutes"_s,
-                             u"Custom period..."_s};
+    const QStringList texts {tr("No auto refresh"),
+                             tr("Each minute"),
+                             tr("Each 3 minutes"),
+                             tr("Each 5 minutes"),
+                             tr("Each 10 minutes"),
+                             tr("Custom period...")};
     refreshItems = AddChoices(view, texts, [this](int mode) {
         if (mode == AutoRefresh::Custom) {
             frame.ChooseCustomPeriod();
@@ -168,29 +173,29 @@ void FrameMenus::MakeRefreshItems(QMenu &view)
 void FrameMenus::MakeConfigureMenu()
 {
     const FrameDialogs &dialogs = frame.Dialogs();
-    QMenu &menu = *frame.menuBar()->addMenu(u"&Configure"_s);
+    QMenu &menu = *frame.menuBar()->addMenu(tr("&Configure"));
     options = Add(menu,
-                  {"options", u"&Options", u"Options", Picture::Options},
+                  {"options", tr("&Options"), tr("Options"), Picture::Options},
                   Opener(frame, dialogs.options));
     Add(menu,
         {"unmonitored",
-         u"&Unmonitored",
-         u"Bring users back under monitoring",
+         tr("&Unmonitored"),
+         tr("Bring users back under monitoring"),
          Picture::Unmonitored},
         RefreshingOpener(frame, dialogs.unmonitored));
     Add(menu,
-        {"logins", u"&Login manager", u"Logins for user authentication", Picture::Logins},
+        {"logins", tr("&Login manager"), tr("Logins for user authentication"), Picture::Logins},
         Opener(frame, dialogs.logins));
     Add(menu,
         {"adapter",
-         u"&Network adapter",
-         u"Select network card Tollbrook will work with",
+         tr("&Network adapter"),
+         tr("Select network card Tollbrook will work with"),
          Picture::Adapter},
         Opener(frame, dialogs.adapter));
     // No menu holds this one; it is there for its keys.
     frame.addAction(MakeCommand({"globalOptions",
-                                 u"Global options",
-                                 u"Display global options",
+                                 tr("Global options"),
+                                 tr("Display global options"),
                                  Picture::Options,
                                  QKeySequence(u"Ctrl+Shift+O"_s)},
                                 Opener(frame, dialogs.globalOptions),
@@ -200,37 +205,37 @@ void FrameMenus::MakeConfigureMenu()
 void FrameMenus::MakeReportsCommand()
 {
     const auto open = Opener(frame, frame.Dialogs().reports);
-    constexpr auto kPrompt = u"Choose and show a report";
+    const QString prompt = tr("Choose and show a report");
     reports =
-        MakeCommand({"toolbarReports", u"Reports...", kPrompt, Picture::Reports}, open, &frame);
+        MakeCommand({"toolbarReports", tr("Reports..."), prompt, Picture::Reports}, open, &frame);
     // A menu bar draws a picture in place of the text: this one has none.
-    frame.menuBar()->addAction(MakeCommand({"reports", u"&Reports...", kPrompt}, open, &frame));
+    frame.menuBar()->addAction(MakeCommand({"reports", tr("&Reports..."), prompt}, open, &frame));
 }
 
 void FrameMenus::MakeHelpMenu()
 {
     const FrameDialogs &dialogs = frame.Dialogs();
-    QMenu &menu = *frame.menuBar()->addMenu(u"&Help"_s);
+    QMenu &menu = *frame.menuBar()->addMenu(tr("&Help"));
     topics = Add(menu,
                  {"topics",
-                  u"&Help topics",
-                  u"Open the user guide",
+                  tr("&Help topics"),
+                  tr("Open the user guide"),
                   Picture::Help,
                   QKeySequence::HelpContents},
                  Opener(frame, dialogs.helpTopics));
     Add(menu,
-        {"wizard", u"Setup &wizard...", u"Starts the setup wizard", Picture::Wizard},
+        {"wizard", tr("Setup &wizard..."), tr("Starts the setup wizard"), Picture::Wizard},
         RefreshingOpener(frame, dialogs.setupWizard));
     menu.addSeparator();
     Add(menu,
-        {"about", u"&About Tollbrook Administrator", u"", Picture::About},
+        {"about", tr("&About Tollbrook Administrator"), {}, Picture::About},
         Opener(frame, dialogs.about));
     menu.menuAction()->setVisible(dialogs.helpTopics || dialogs.setupWizard || dialogs.about);
 }
 
 void FrameMenus::MakeToolbar()
 {
-    bar = frame.addToolBar(u"Commands"_s);
+    bar = frame.addToolBar(tr("Commands"));
     bar->setObjectName(u"toolBar"_s);
     bar->setMovable(false);
     for (QAction *action : {toolbarProperties, account, remove}) {

@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 FrameStatusBar::FrameStatusBar(QWidget *parent)
     : QStatusBar(parent)
     , notice(new QLabel(this))
-    , userCount(new QLabel(u"Total users: 12"_s, this))
-    , service(new StatusPane(u"servicePane"_s, u"A double click controls the service"_s, this))
+    , userCount(new QLabel(tr("Total users: 12"), this))
+    , service(new StatusPane(u"servicePane"_s, tr("A double click controls the service"), this))
     , connection(new StatusPane(
-          u"connectionPane"_s, u"Without a connection, a double click reconnects"_s, this))
+          u"connectionPane"_s, tr("Without a connection, a double click reconnects"), this))
     , cancel(new QToolButton(this))
     , undo(new QToolButton(this))
     , failures(new QToolButton(this))
@@ -50,7 +50,7 @@ void FrameStatusBar::AddFailuresPane()
     failures->setAutoRaise(true);
     failures->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     failures->setIcon(IconOf(Picture::Failures));
-    failures->setToolTip(u"Database statements that failed since the program started"_s);
+    failures->setToolTip(tr("Database statements that failed since the program started"));
     addPermanentWidget(failures);
     connect(failures, &QToolButton::clicked, this, [this] { FailuresDialog(window()).exec(); });
     connect(&FailureLog::Instance(), &FailureLog::Changed, this, &FrameStatusBar::ShowFailures);
@@ -59,7 +59,7 @@ void FrameStatusBar::AddFailuresPane()
 
 void FrameStatusBar::ShowNotice(const QString &text)
 {
-    notice->setText(text.isEmpty() ? u"Ready"_s : text);
+    notice->setText(text.isEmpty() ? tr("Ready") : text);
 }
 
 void FrameStatusBar::OfferCancel(bool offered)
@@ -76,37 +76,37 @@ void FrameStatusBar::OfferUndo(const QString &what)
 
 void FrameStatusBar::ShowUserCount(int users)
 {
-    userCount->setText(u"Active users: %1 "_s.arg(users));
+    userCount->setText(tr("Active users: %1 ").arg(users));
 }
 
 void FrameStatusBar::ShowUserCountUnread()
 {
-    userCount->setText(u"Active users: ? "_s);
+    userCount->setText(tr("Active users: ? "));
 }
 
 void FrameStatusBar::ShowService(bool running)
 {
     if (running) {
-        service->ShowPicture(u"SERVICEON"_s, Picture::ServiceOn, u"The accounting service runs"_s);
+        service->ShowPicture(u"SERVICEON"_s, Picture::ServiceOn, tr("The accounting service runs"));
     } else {
         service->ShowPicture(
-            u"SERVICEOFF"_s, Picture::ServiceOff, u"The accounting service does not run"_s);
+            u"SERVICEOFF"_s, Picture::ServiceOff, tr("The accounting service does not run"));
     }
 }
 
 void FrameStatusBar::ShowConnection(bool connected)
 {
     if (connected) {
-        connection->ShowPicture(u"CONN"_s, Picture::Connected, u"Connected to the service"_s);
+        connection->ShowPicture(u"CONN"_s, Picture::Connected, tr("Connected to the service"));
     } else {
         connection->ShowPicture(
-            u"NOCONN"_s, Picture::NotConnected, u"Not connected to the service"_s);
+            u"NOCONN"_s, Picture::NotConnected, tr("Not connected to the service"));
     }
 }
 
 void FrameStatusBar::ShowFailures()
 {
     const qsizetype count = FailureLog::Instance().Count();
-    failures->setText(u"Failed statements: %1"_s.arg(count));
+    failures->setText(tr("Failed statements: %1").arg(count));
     failures->setVisible(count > 0);
 }

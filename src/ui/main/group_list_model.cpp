@@ -27,7 +27,7 @@ QVariant GroupListModel::data(const QModelIndex &index, int role) const
 
 QVariant GroupListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    static const QString headers[kColumns] = {u"Group Name"_s, u"Description"_s, u"Access"_s};
+    const QString headers[kColumns] = {tr("Group Name"), tr("Description"), tr("Access")};
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section < kColumns) {
         return headers[section];
     }

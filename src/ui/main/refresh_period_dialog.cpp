@@ -14,7 +14,7 @@ RefreshPeriodDialog::RefreshPeriodDialog(int minutes, QWidget *parent)
     : QDialog(parent)
     , period(new QSpinBox(this))
 {
-    setWindowTitle(u"Refresh period"_s);
+    setWindowTitle(tr("Refresh period"));
     setObjectName(u"refreshPeriodDialog"_s);
     period->setObjectName(u"period"_s);
     period->setRange(1, 30);
@@ -26,7 +26,7 @@ RefreshPeriodDialog::RefreshPeriodDialog(int minutes, QWidget *parent)
     connect(buttons, &QDialogButtonBox::rejected, this, &RefreshPeriodDialog::reject);
 
     auto *row = new QHBoxLayout;
-    row->addWidget(LabelFor(u"Enter refresh period, min:"_s, *period));
+    row->addWidget(LabelFor(tr("Enter refresh period, min:"), *period));
     row->addWidget(period);
     row->addWidget(new QLabel(u"[1...30]"_s, this));
     row->addStretch();

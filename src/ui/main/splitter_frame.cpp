@@ -38,7 +38,7 @@ CSplitterFrame::CSplitterFrame(const AppServices &appServices, FrameDialogs wind
     , dialogs(std::move(windows))
 {
     setObjectName(u"frame"_s);
-    setWindowTitle(u"Tollbrook Administrator"_s);
+    setWindowTitle(tr("Tollbrook Administrator"));
     setWindowIcon(IconOf(Picture::Application));
     CreatePanes();
     CreateBars();

@@ -3,15 +3,22 @@
 #include "access/user_list.h"
 #include "base/text.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(UserColumns)
+};
+
 struct ColumnTraits
 {
-    const char16_t *header;
+    const char *header; // in English
     int sortCode;
     TextValue visible;
     TextValue width;
@@ -19,13 +26,31 @@ struct ColumnTraits
 
 // By slot.
 constexpr ColumnTraits kTraits[kUserColumns] = {
-    {u"Username", user_order::kUserName, values::kViewUserHdr, values::kUserHdrWidth},
-    {u"IP Address", user_order::kIpAddress, values::kViewIPHdr, values::kIPHdrWidth},
-    {u"Workstation", user_order::kStationName, values::kViewWksHdr, values::kWksHdrWidth},
-    {u"Full name", user_order::kFullName, values::kViewNameHdr, values::kNameHdrWidth},
-    {u"Access", user_order::kBlocked, values::kViewAccessHdr, values::kAccessHdrWidth},
-    {u"MAC Address", user_order::kMacAddress, values::kViewMACHdr, values::kMACHdrWidth},
-    {u"Group", -1, values::kViewGroupHdr, values::kGroupHdrWidth},
+    {QT_TRANSLATE_NOOP("UserColumns", "Username"),
+     user_order::kUserName,
+     values::kViewUserHdr,
+     values::kUserHdrWidth},
+    {QT_TRANSLATE_NOOP("UserColumns", "IP Address"),
+     user_order::kIpAddress,
+     values::kViewIPHdr,
+     values::kIPHdrWidth},
+    {QT_TRANSLATE_NOOP("UserColumns", "Workstation"),
+     user_order::kStationName,
+     values::kViewWksHdr,
+     values::kWksHdrWidth},
+    {QT_TRANSLATE_NOOP("UserColumns", "Full name"),
+     user_order::kFullName,
+     values::kViewNameHdr,
+     values::kNameHdrWidth},
+    {QT_TRANSLATE_NOOP("UserColumns", "Access"),
+     user_order::kBlocked,
+     values::kViewAccessHdr,
+     values::kAccessHdrWidth},
+    {QT_TRANSLATE_NOOP("UserColumns", "MAC Address"),
+     user_order::kMacAddress,
+     values::kViewMACHdr,
+     values::kMACHdrWidth},
+    {QT_TRANSLATE_NOOP("UserColumns", "Group"), -1, values::kViewGroupHdr, values::kGroupHdrWidth},
 };
 
 constexpr size_t Slot(UserColumn column)
@@ -42,7 +67,7 @@ const ColumnTraits &TraitsOf(UserColumn column)
 
 QString HeaderText(UserColumn column)
 {
-    return QString::fromUtf16(TraitsOf(column).header);
+    return Words::tr(TraitsOf(column).header);
 }
 
 int SortCode(UserColumn column)

@@ -42,7 +42,7 @@ AdapterChooser::AdapterChooser(Prompt &messages, const QList<Adapter> &listed, Q
     , choice(new QComboBox)
 {
     choice->setObjectName(u"newAdapter"_s);
-    choice->setAccessibleDescription(u"Select new adapter from the list"_s);
+    choice->setAccessibleDescription(tr("Select new adapter from the list"));
     for (const Adapter &adapter : adapters) {
         choice->addItem(adapter.description);
     }
@@ -50,9 +50,9 @@ AdapterChooser::AdapterChooser(Prompt &messages, const QList<Adapter> &listed, Q
     auto *form = new QFormLayout(this);
     form->setContentsMargins(0, 0, 0, 0);
     form->setRowWrapPolicy(QFormLayout::WrapAllRows);
-    form->addRow(LabelFor(u"Current adapter:"_s, *current), current);
-    form->addRow(LabelFor(u"Bind to IP address:"_s, *address), address);
-    form->addRow(LabelFor(u"Select new adapter from the list:"_s, *choice), choice);
+    form->addRow(LabelFor(tr("Current adapter:"), *current), current);
+    form->addRow(LabelFor(tr("Bind to IP address:"), *address), address);
+    form->addRow(LabelFor(tr("Select new adapter from the list:"), *choice), choice);
     choice->installEventFilter(this);
     connect(choice, &QComboBox::activated, this, &AdapterChooser::Pick);
 }
@@ -92,7 +92,7 @@ void AdapterChooser::Pick(int row)
         return;
     }
     if (!prompt.Ask(
-            u"You are about to bind Tollbrook service to another network card. Continue?"_s)) {
+            tr("You are about to bind Tollbrook service to another network card. Continue?"))) {
         SetCurrent(current->text());
         return;
     }

@@ -18,7 +18,7 @@ AdapterDialog::AdapterDialog(const AppServices &appServices,
     , services(appServices)
     , chooser(new AdapterChooser(services.prompt, adapters))
 {
-    setWindowTitle(u"Select network card Tollbrook will work with"_s);
+    setWindowTitle(tr("Select network card Tollbrook will work with"));
     ShowBound(adapters);
     chooser->SetMayChange(mayChange);
     connect(chooser, &AdapterChooser::Picked, this, &AdapterDialog::Bind);

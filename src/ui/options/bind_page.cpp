@@ -42,11 +42,11 @@ IdentModeBox::IdentModeBox(qint32 &mode, const QString &userName, QWidget *paren
     };
     const Choice choices[] = {
         {ident_mode::kIpAddress,
-         u"IP-address"_s,
+         tr("IP-address"),
          "byIpAddress",
          tr("Each workstation needs an address that stays the same.")},
         {ident_mode::kMacAddress,
-         u"MAC-address"_s,
+         tr("MAC-address"),
          "byMacAddress",
          tr("The workstations must not be behind a further router.")},
         {ident_mode::kUserName,
@@ -75,10 +75,10 @@ BindPage::BindPage(qint32 &identMode, bool &edited, const QString &controlText)
     : controlMac(edited)
     , control(MakeButton<QCheckBox>(controlText, "controlMac"))
 {
-    auto *box = new QGroupBox(u"Identify users with:"_s);
+    auto *box = new QGroupBox(tr("Identify users with:"));
     auto *inBox = new QVBoxLayout(box);
     inBox->addWidget(
-        new IdentModeBox(identMode, u"Windows username (requires Username Agent installed)"_s));
+        new IdentModeBox(identMode, tr("Windows username (requires Username Agent installed)")));
     auto *column = new QVBoxLayout(this);
     column->addWidget(box);
     column->addWidget(control);
@@ -87,7 +87,7 @@ BindPage::BindPage(qint32 &identMode, bool &edited, const QString &controlText)
 
 QString BindPage::Title() const
 {
-    return u"Bind"_s;
+    return tr("Bind");
 }
 
 void BindPage::Load()

@@ -46,8 +46,8 @@ BrowseUserDialog::BrowseUserDialog(
     , refusal(whenRefused)
     , tree(new QTreeWidget)
 {
-    setWindowTitle(u"Browse for user"_s);
-    SetNames(*tree, u"users"_s, u"Groups and users"_s);
+    setWindowTitle(tr("Browse for user"));
+    SetNames(*tree, u"users"_s, tr("Groups and users"));
     tree->setHeaderHidden(true);
     auto *column = new QVBoxLayout(this);
     column->addWidget(tree);
@@ -75,7 +75,8 @@ void BrowseUserDialog::accept()
 {
     const QTreeWidgetItem *node = tree->currentItem();
     if (node == nullptr || node->parent() == nullptr) {
-        services.prompt.Tell(u"Please select username, not the groupname"_s, Prompt::Icon::Warning);
+        services.prompt.Tell(tr("Please select username, not the groupname"),
+                             Prompt::Icon::Warning);
         return;
     }
     // Two users may have one name: the one that was pointed at counts.
@@ -90,16 +91,17 @@ void BrowseUserDialog::accept()
 
 bool BrowseUserDialog::MayChoose(const QString &name, UserId userId)
 {
-    const auto logins = Await(services, this, u"Reading the user's logins..."_s, [name, userId] {
+    const auto logins = Await(services, this, tr("Reading the user's logins..."), [name, userId] {
         return LoginsIfThere(name, userId);
     });
     if (!logins) {
-        TellUnread(services, u"Whether this user has a login could not be read."_s, logins.error());
+        TellUnread(
+            services, tr("Whether this user has a login could not be read."), logins.error());
         return false;
     }
     const bool mayChoose = *logins && !hasLogin(userId, **logins);
     if (!mayChoose) {
-        services.prompt.Tell(*logins ? refusal : u"This user is no longer in the database"_s,
+        services.prompt.Tell(*logins ? refusal : tr("This user is no longer in the database"),
                              Prompt::Icon::Warning);
     }
     return mayChoose;

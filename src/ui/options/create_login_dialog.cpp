@@ -40,15 +40,15 @@ CreateLoginDialog::CreateLoginDialog(const AppServices &appServices,
     , table(logins)
     , index(place)
 {
-    setWindowTitle(index ? u"Login properties"_s : u"Create login"_s);
+    setWindowTitle(index ? tr("Login properties") : tr("Create login"));
     Build();
     Show(index ? table.Logins()[*index] : Login());
 }
 
 void CreateLoginDialog::Build()
 {
-    allowStats = MakeButton<QCheckBox>(u"Allow access to personal statistics"_s, "allowStats");
-    guest = MakeButton<QCheckBox>(u"This is a guest user"_s, "guest");
+    allowStats = MakeButton<QCheckBox>(tr("Allow access to personal statistics"), "allowStats");
+    guest = MakeButton<QCheckBox>(tr("This is a guest user"), "guest");
     auto *column = new QVBoxLayout(this);
     column->addWidget(LoginBox());
     column->addWidget(UserBox());
@@ -61,15 +61,15 @@ void CreateLoginDialog::Build()
 
 QWidget *CreateLoginDialog::LoginBox()
 {
-    auto *box = new QGroupBox(u"Login"_s);
+    auto *box = new QGroupBox(tr("Login"));
     name = new TextField;
     name->setObjectName(u"name"_s);
     password = PasswordField("password");
     retyped = PasswordField("retyped");
     auto *form = new QFormLayout(box);
-    form->addRow(LabelFor(u"Login name:"_s, *name), name);
-    form->addRow(LabelFor(u"Password:"_s, *password), password);
-    form->addRow(LabelFor(u"Re-type password:"_s, *retyped), retyped);
+    form->addRow(LabelFor(tr("Login name:"), *name), name);
+    form->addRow(LabelFor(tr("Password:"), *password), password);
+    form->addRow(LabelFor(tr("Re-type password:"), *retyped), retyped);
     passwordNote = new QLabel;
     passwordNote->setObjectName(u"passwordNote"_s);
     passwordNote->setWordWrap(true);
@@ -92,12 +92,12 @@ void CreateLoginDialog::MarkPassword()
 
 QWidget *CreateLoginDialog::UserBox()
 {
-    auto *box = new QGroupBox(u"User"_s);
-    bindToUser = MakeButton<QCheckBox>(u"Bind this login to existing user"_s, "bindToUser");
+    auto *box = new QGroupBox(tr("User"));
+    bindToUser = MakeButton<QCheckBox>(tr("Bind this login to existing user"), "bindToUser");
     user = new QLineEdit;
-    SetNames(*user, u"user"_s, u"Bound user"_s);
+    SetNames(*user, u"user"_s, tr("Bound user"));
     user->setReadOnly(true);
-    browse = MakeButton<QPushButton>(u"Browse for user..."_s, "browse");
+    browse = MakeButton<QPushButton>(tr("Browse for user..."), "browse");
     auto *row = new QHBoxLayout;
     row->addWidget(user);
     row->addWidget(browse);
@@ -111,15 +111,15 @@ QWidget *CreateLoginDialog::UserBox()
 
 QWidget *CreateLoginDialog::LimitBox()
 {
-    auto *box = new QGroupBox(u"Limit the workstation"_s);
-    noLimit = MakeButton<QRadioButton>(u"No limit"_s, "noLimit");
-    byIp = MakeButton<QRadioButton>(u"By IP address"_s, "byIp");
-    byMac = MakeButton<QRadioButton>(u"By MAC address"_s, "byMac");
-    ip = new IpAddressField(u"IP address"_s);
+    auto *box = new QGroupBox(tr("Limit the workstation"));
+    noLimit = MakeButton<QRadioButton>(tr("No limit"), "noLimit");
+    byIp = MakeButton<QRadioButton>(tr("By IP address"), "byIp");
+    byMac = MakeButton<QRadioButton>(tr("By MAC address"), "byMac");
+    ip = new IpAddressField(tr("IP address"));
     ip->setObjectName(u"ip"_s);
     mac = new TextField;
-    SetNames(*mac, u"mac"_s, u"MAC address"_s);
-    mac->setPlaceholderText(u"12 characters"_s);
+    SetNames(*mac, u"mac"_s, tr("MAC address"));
+    mac->setPlaceholderText(tr("12 characters"));
     auto *grid = new QGridLayout(box);
     grid->addWidget(noLimit, 0, 0);
     grid->addWidget(byIp, 1, 0);
@@ -166,9 +166,9 @@ void CreateLoginDialog::EnableControls()
 
 void CreateLoginDialog::Browse()
 {
-    const auto groups = Await(services, this, u"Reading the users..."_s, LoadLoginUsers);
+    const auto groups = Await(services, this, tr("Reading the users..."), LoadLoginUsers);
     if (!groups) {
-        TellUnread(services, u"The users could not be read."_s, groups.error());
+        TellUnread(services, tr("The users could not be read."), groups.error());
         return;
     }
     BrowseUserDialog dialog(
@@ -177,8 +177,8 @@ void CreateLoginDialog::Browse()
         [this](UserId userId, const QStringList &stored) {
             return table.HasLogin(userId, index, stored);
         },
-        index ? u"This user already has login"_s
-              : u"This user already has login. Please select another user"_s,
+        index ? tr("This user already has login")
+              : tr("This user already has login. Please select another user"),
         this);
     if (dialog.exec() == Accepted) {
         login.userId = dialog.Chosen().userId;

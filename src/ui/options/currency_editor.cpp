@@ -30,7 +30,7 @@ CurrencyDialog::CurrencyDialog(Prompt &messages, const CurrencyEntry &shown, QWi
     , title(new TextField)
     , rate(new NumberField(kRateBounds))
 {
-    setWindowTitle(u"Add currency"_s);
+    setWindowTitle(tr("Add currency"));
     symbol->setObjectName(u"symbol"_s);
     symbol->setText(shown.symbol);
     title->setObjectName(u"title"_s);
@@ -38,9 +38,9 @@ CurrencyDialog::CurrencyDialog(Prompt &messages, const CurrencyEntry &shown, QWi
     rate->setObjectName(u"rate"_s);
     rate->setText(shown.rate);
     auto *form = new QFormLayout(this);
-    form->addRow(LabelFor(u"Symbol (e.g. USD) :"_s, *symbol), symbol);
-    form->addRow(LabelFor(u"Title"_s, *title), title);
-    form->addRow(LabelFor(u"Rate (currency/units)"_s, *rate), rate);
+    form->addRow(LabelFor(tr("Symbol (e.g. USD) :"), *symbol), symbol);
+    form->addRow(LabelFor(tr("Title"), *title), title);
+    form->addRow(LabelFor(tr("Rate (currency/units)"), *rate), rate);
     form->addRow(OkAndCancel(*this));
 }
 
@@ -105,10 +105,10 @@ QWidget *CurrencyEditor::PriceBox(const Texts &texts)
 
 QWidget *CurrencyEditor::CurrencyBox(const Texts &texts)
 {
-    auto *box = new QGroupBox(u"Currencies"_s);
-    SetNames(*list, u"currencies"_s, u"Currencies"_s);
+    auto *box = new QGroupBox(tr("Currencies"));
+    SetNames(*list, u"currencies"_s, tr("Currencies"));
     list->setRootIsDecorated(false);
-    list->setHeaderLabels({u"Title"_s, u"Symbol"_s, u"Rate"_s});
+    list->setHeaderLabels({tr("Title"), tr("Symbol"), tr("Rate")});
     list->header()->setSectionResizeMode(QHeaderView::Stretch);
     list->setMinimumHeight(list->fontMetrics().height() * kShownRows);
     auto *grid = new QGridLayout(box);
@@ -173,13 +173,13 @@ void CurrencyEditor::SetPrice()
             return true;
         }
         if (!HoldsNumber(
-                prompt, *field, field->IsBlank() ? u"Enter the rate please"_s : QString())) {
+                prompt, *field, field->IsBlank() ? tr("Enter the rate please") : QString())) {
             return false;
         }
         settings.trafficPrice = *field->Amount();
         return true;
     };
-    EntryDialog dialog(u"Rate"_s, u"units per Mb"_s, field, take, this);
+    EntryDialog dialog(tr("Rate"), tr("units per Mb"), field, take, this);
     if (dialog.exec() == QDialog::Accepted) {
         price->setText(AmountText(settings.trafficPrice));
     }

@@ -55,18 +55,18 @@ DefaultProfilePage::DefaultProfilePage(Prompt &messages, Options &edited)
     , period(new QComboBox)
     , trafficLimit(new NumberField)
     , timeLimit(new NumberField)
-    , blocked(MakeButton<QCheckBox>(u"Block imminently"_s, "blocked"))
+    , blocked(MakeButton<QCheckBox>(tr("Block imminently"), "blocked"))
 {
-    type->setTitle(u"Access control type"_s);
+    type->setTitle(tr("Access control type"));
     period->setObjectName(u"period"_s);
-    period->addItem(u"Day"_s, Code(LimitPeriod::Day));
-    period->addItem(u"Month"_s, Code(LimitPeriod::Month));
+    period->addItem(tr("Day"), Code(LimitPeriod::Day));
+    period->addItem(tr("Month"), Code(LimitPeriod::Month));
     trafficLimit->setObjectName(u"trafficLimit"_s);
     timeLimit->setObjectName(u"timeLimit"_s);
     auto *form = new QFormLayout;
-    form->addRow(LabelFor(u"Accounting period"_s, *period), period);
-    form->addRow(LabelFor(u"Traffic limit. Mb"_s, *trafficLimit), trafficLimit);
-    form->addRow(LabelFor(u"Time limit, hr"_s, *timeLimit), timeLimit);
+    form->addRow(LabelFor(tr("Accounting period"), *period), period);
+    form->addRow(LabelFor(tr("Traffic limit. Mb"), *trafficLimit), trafficLimit);
+    form->addRow(LabelFor(tr("Time limit, hr"), *timeLimit), timeLimit);
     form->addRow(blocked);
     auto *column = new QVBoxLayout(this);
     column->addWidget(type);
@@ -76,7 +76,7 @@ DefaultProfilePage::DefaultProfilePage(Prompt &messages, Options &edited)
 
 QString DefaultProfilePage::Title() const
 {
-    return u"Default user profile"_s;
+    return tr("Default user profile");
 }
 
 void DefaultProfilePage::Load()
@@ -92,7 +92,7 @@ void DefaultProfilePage::Load()
 bool DefaultProfilePage::Leave()
 {
     if (!ModeFor(type->Choice())) {
-        Complain(prompt, u"Please select one of the corporate type access options"_s);
+        Complain(prompt, tr("Please select one of the corporate type access options"));
         return false;
     }
     return HoldsNumberIfAny(prompt, *trafficLimit) && HoldsNumberIfAny(prompt, *timeLimit);

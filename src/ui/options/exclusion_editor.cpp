@@ -20,7 +20,7 @@ ExclusionEditor::ExclusionEditor(
     address->setObjectName(u"exclusion"_s);
     list = new EditableList(u"exclusions"_s,
                             {texts.list, texts.entry, texts.add, texts.remove},
-                            {u"IP Address"_s},
+                            {tr("IP Address")},
                             address);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -47,7 +47,7 @@ void ExclusionEditor::Remove()
 {
     const int row = list->Row();
     if (row < 0) {
-        Complain(prompt, u"Select an item to delete"_s);
+        Complain(prompt, tr("Select an item to delete"));
         return;
     }
     exclusions.removeAt(row);

@@ -31,34 +31,34 @@ CAdministratorGenOpt1st::CAdministratorGenOpt1st(Prompt &prompt, GlobalOptions &
     auto *column = new QVBoxLayout(this);
     column->addWidget(new CurrencyEditor(prompt,
                                          options.currency,
-                                         {u"Traffic rate"_s,
-                                          u"Set new rate"_s,
-                                          u"Add"_s,
-                                          u"Delete"_s,
-                                          u"Configure"_s,
-                                          u"Set"_s,
-                                          u"Used currency"_s}));
+                                         {tr("Traffic rate"),
+                                          tr("Set new rate"),
+                                          tr("Add"),
+                                          tr("Delete"),
+                                          tr("Configure"),
+                                          tr("Set"),
+                                          tr("Used currency")}));
 }
 
 QString CAdministratorGenOpt1st::Title() const
 {
-    return u"Rate"_s;
+    return tr("Rate");
 }
 
 CAdministratorGenOptBind::CAdministratorGenOptBind(GlobalOptions &options)
     : BindPage(
-        options.identMode, options.controlMac, u"Enable IP-MAC addresses correspondence control"_s)
+        options.identMode, options.controlMac, tr("Enable IP-MAC addresses correspondence control"))
 { }
 
 CAdministratorGenOptMisc::CAdministratorGenOptMisc(Prompt &messages, GlobalOptions &edited)
     : prompt(messages)
     , options(edited)
     , updatePeriod(new NumberField({.least = kMinUpdatePeriod, .most = kMaxUpdatePeriod}))
-    , domainLogon(MakeButton<QCheckBox>(u"Require domain logon"_s, "domainLogon"))
+    , domainLogon(MakeButton<QCheckBox>(tr("Require domain logon"), "domainLogon"))
 {
     updatePeriod->setObjectName(u"updatePeriod"_s);
     auto *form = new QFormLayout;
-    form->addRow(LabelFor(u"Database update period, sec:"_s, *updatePeriod), updatePeriod);
+    form->addRow(LabelFor(tr("Database update period, sec:"), *updatePeriod), updatePeriod);
     form->addRow(domainLogon);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
@@ -68,18 +68,18 @@ CAdministratorGenOptMisc::CAdministratorGenOptMisc(Prompt &messages, GlobalOptio
 
 QWidget *CAdministratorGenOptMisc::PasswordBox()
 {
-    auto *box = new QGroupBox(u"Client deinstall"_s);
+    auto *box = new QGroupBox(tr("Client deinstall"));
     password = PasswordField("password");
     retyped = PasswordField("retyped");
     auto *form = new QFormLayout(box);
-    form->addRow(LabelFor(u"Deinstall password"_s, *password), password);
-    form->addRow(LabelFor(u"Retype password"_s, *retyped), retyped);
+    form->addRow(LabelFor(tr("Deinstall password"), *password), password);
+    form->addRow(LabelFor(tr("Retype password"), *retyped), retyped);
     return box;
 }
 
 QString CAdministratorGenOptMisc::Title() const
 {
-    return u"Miscellaneous"_s;
+    return tr("Miscellaneous");
 }
 
 void CAdministratorGenOptMisc::Load()
@@ -97,7 +97,7 @@ bool CAdministratorGenOptMisc::Leave()
         return false;
     }
     if (password->text() != retyped->text()) {
-        Refuse(prompt, *password, u"You entered different passwords. Please re-enter"_s);
+        Refuse(prompt, *password, tr("You entered different passwords. Please re-enter"));
         return false;
     }
     return true;
@@ -113,12 +113,12 @@ void CAdministratorGenOptMisc::Collect()
 CAdministratorGenOptNetwork::CAdministratorGenOptNetwork(Prompt &prompt, GlobalOptions &options)
     : NetworkPage(prompt,
                   options.ranges,
-                  {u"Local IP addresses"_s, u"Add range"_s, u"Delete range"_s},
+                  {tr("Local IP addresses"), tr("Add range"), tr("Delete range")},
                   options.exclusions,
-                  {u"Excluded IP addresses"_s,
-                   u"Enter IP address to exclude:"_s,
-                   u"Add address"_s,
-                   u"Delete address"_s})
+                  {tr("Excluded IP addresses"),
+                   tr("Enter IP address to exclude:"),
+                   tr("Add address"),
+                   tr("Delete address")})
 { }
 
 CAdministratorGenOptProtocols::CAdministratorGenOptProtocols(Prompt &messages,

@@ -5,7 +5,18 @@
 #include "ui/options/global_options_pages.h"
 #include "ui/options/settings_window.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(GlobalOptions)
+};
+
+} // namespace
 
 bool OpenGlobalOptions(const AppServices &services,
                        QWidget *parent,
@@ -16,7 +27,7 @@ bool OpenGlobalOptions(const AppServices &services,
     edited.base.protocols = AwaitProtocols(services, parent, LoadProtocols);
     edited.draft = edited.base;
     GlobalOptions &draft = edited.draft;
-    Sheet sheet(u"Options"_s, parent);
+    Sheet sheet(Words::tr("Options"), parent);
     sheet.Add(new CAdministratorGenOpt1st(services.prompt, draft));
     sheet.Add(new CAdministratorGenOptBind(draft));
     sheet.Add(new CAdministratorGenOptMisc(services.prompt, draft));

@@ -75,7 +75,7 @@ LoginManager::LoginManager(const AppServices &appServices, Content content, QWid
     , services(appServices)
     , table(std::move(content.table))
 {
-    setWindowTitle(u"Login manager"_s);
+    setWindowTitle(tr("Login manager"));
     Build();
     FillTree(content.groups);
     FillList();
@@ -84,11 +84,11 @@ LoginManager::LoginManager(const AppServices &appServices, Content content, QWid
 void LoginManager::Build()
 {
     tree = new QTreeWidget;
-    SetNames(*tree, u"groups"_s, u"Groups"_s);
+    SetNames(*tree, u"groups"_s, tr("Groups"));
     tree->setHeaderHidden(true);
     list = new QTreeWidget;
-    SetNames(*list, u"logins"_s, u"Logins"_s);
-    list->setHeaderLabels({u"Login"_s, u"Bind to user"_s, u"Bind Address"_s});
+    SetNames(*list, u"logins"_s, tr("Logins"));
+    list->setHeaderLabels({tr("Login"), tr("Bind to user"), tr("Bind Address")});
     list->setRootIsDecorated(false);
     list->setAllColumnsShowFocus(true);
     list->setSortingEnabled(true);
@@ -104,9 +104,9 @@ void LoginManager::Build()
         button->setAutoDefault(false);
         return button;
     };
-    auto *create = commandButton(u"Create..."_s, "create");
-    edit = commandButton(u"Properties"_s, "edit");
-    remove = commandButton(u"Remove"_s, "remove");
+    auto *create = commandButton(tr("Create..."), "create");
+    edit = commandButton(tr("Properties"), "edit");
+    remove = commandButton(tr("Remove"), "remove");
     auto *bottom = new QHBoxLayout;
     for (QPushButton *part : {create, edit, remove}) {
         bottom->addWidget(part);
@@ -144,13 +144,13 @@ void LoginManager::Build()
 
 void LoginManager::FillTree(const std::vector<LoginGroup> &groups)
 {
-    auto *every = Entry(u"All groups"_s, Filter::AllGroups, Picture::Group);
+    auto *every = Entry(tr("All groups"), Filter::AllGroups, Picture::Group);
     tree->addTopLevelItem(every);
     for (const LoginGroup &group : groups) {
         every->addChild(Entry(group.name, Filter::Group, Picture::Group, group.groupId));
     }
-    tree->addTopLevelItem(Entry(u"Guest"_s, Filter::Guest, Picture::User));
-    tree->addTopLevelItem(Entry(u"With no bind"_s, Filter::NoBind, Picture::User));
+    tree->addTopLevelItem(Entry(tr("Guest"), Filter::Guest, Picture::User));
+    tree->addTopLevelItem(Entry(tr("With no bind"), Filter::NoBind, Picture::User));
     every->setExpanded(true);
     tree->setCurrentItem(every);
 }
@@ -244,7 +244,7 @@ void LoginManager::Remove()
         return;
     }
     const QString name = table.Logins()[*index].name;
-    if (services.prompt.AskToDestroy(u"Remove this login from the database?"_s,
+    if (services.prompt.AskToDestroy(tr("Remove this login from the database?"),
                                      NamesLine({name}))) {
         table.Remove(*index);
         FillList();
@@ -284,7 +284,7 @@ LoginSaveReport LoginManager::Save(const LoginChanges &changes)
     return AwaitAnswered(
         services,
         this,
-        u"Storing the logins..."_s,
+        tr("Storing the logins..."),
         [&changes](const Answers &answers) {
             return [changes, answers] { return SaveLogins(changes, answers); };
         },
@@ -293,9 +293,10 @@ LoginSaveReport LoginManager::Save(const LoginChanges &changes)
 
 void OpenLoginManager(const AppServices &services, QWidget *parent)
 {
-    auto content = Await(services, parent, u"Reading the logins..."_s, LoginManager::Read);
+    auto content =
+        Await(services, parent, LoginManager::tr("Reading the logins..."), LoginManager::Read);
     if (!content) {
-        TellUnread(services, u"The logins could not be read."_s, content.error());
+        TellUnread(services, LoginManager::tr("The logins could not be read."), content.error());
         return;
     }
     LoginManager(services, *std::move(content), parent).exec();

@@ -21,10 +21,12 @@ MonitorModeBox::MonitorModeBox(qint32 &edited, QWidget *parent)
         const char *name;
     };
     const Choice choices[] = {
-        {monitor_mode::kAll, u"Monitor all protocols"_s, "monitorAll"},
-        {monitor_mode::kBasic, u"Monitor basic Internet protocols"_s, "monitorBasic"},
-        {monitor_mode::kSpecifiedOnly, u"Monitor specified protocols only"_s, "monitorSpecified"},
-        {monitor_mode::kAllButSpecified, u"Monitor all protocols but specified"_s, "monitorAllBut"},
+        {monitor_mode::kAll, tr("Monitor all protocols"), "monitorAll"},
+        {monitor_mode::kBasic, tr("Monitor basic Internet protocols"), "monitorBasic"},
+        {monitor_mode::kSpecifiedOnly, tr("Monitor specified protocols only"), "monitorSpecified"},
+        {monitor_mode::kAllButSpecified,
+         tr("Monitor all protocols but specified"),
+         "monitorAllBut"},
     };
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

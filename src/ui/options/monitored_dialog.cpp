@@ -18,8 +18,8 @@ MonitoredDialog::MonitoredDialog(Prompt &messages,
     , mode(monitorMode)
     , list(new QListWidget)
 {
-    setWindowTitle(u"Monitored protocols"_s);
-    SetNames(*list, u"monitored"_s, u"Monitored protocols"_s);
+    setWindowTitle(tr("Monitored protocols"));
+    SetNames(*list, u"monitored"_s, tr("Monitored protocols"));
     for (const Protocol &protocol : table.Protocols()) {
         auto *item = new QListWidgetItem(protocol.name, list);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);

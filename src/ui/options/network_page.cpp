@@ -17,5 +17,5 @@ NetworkPage::NetworkPage(Prompt &prompt,
 
 QString NetworkPage::Title() const
 {
-    return u"Network"_s;
+    return tr("Network");
 }

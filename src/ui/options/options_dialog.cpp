@@ -10,29 +10,37 @@
 #include "ui/options/protocols_page.h"
 #include "ui/options/settings_window.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Options)
+};
+
 void AddPages(PageListSheet &sheet, Prompt &prompt, Options &options)
 {
     sheet.Add(new GeneralPage(prompt, options), Picture::Options);
-    sheet.Add(new NetworkPage(prompt,
-                              options.ranges,
-                              {u"Local IP addresses"_s, u"Add..."_s, u"Remove"_s},
-                              options.exclusions,
-                              {u"Excluded IP addresses"_s,
-                               u"Enter IP address to exclude:"_s,
-                               u"Add..."_s,
-                               u"Remove"_s}),
-              Picture::Network);
+    sheet.Add(
+        new NetworkPage(prompt,
+                        options.ranges,
+                        {Words::tr("Local IP addresses"), Words::tr("Add..."), Words::tr("Remove")},
+                        options.exclusions,
+                        {Words::tr("Excluded IP addresses"),
+                         Words::tr("Enter IP address to exclude:"),
+                         Words::tr("Add..."),
+                         Words::tr("Remove")}),
+        Picture::Network);
     sheet.Add(new AdapterPage(prompt, options, SystemAdapters()), Picture::Adapter);
     sheet.Add(new TariffPage(prompt, options), Picture::Tariff);
     sheet.Add(new ProtocolsPage(prompt, options.protocols, options.monitorMode),
               Picture::Protocols);
     sheet.Add(new BindPage(options.identMode,
                            options.controlMac,
-                           u"Prevent users from changing IP address"_s),
+                           Words::tr("Prevent users from changing IP address")),
               Picture::Binding);
     sheet.Add(new AuthenticationPage(prompt, options), Picture::Logins);
     sheet.Add(new DefaultProfilePage(prompt, options), Picture::User);
@@ -48,7 +56,7 @@ bool OpenOptions(const AppServices &services,
     edited.base = Told(services, LoadOptions(services.settings));
     edited.base.protocols = AwaitProtocols(services, parent, LoadProtocols);
     edited.draft = edited.base;
-    PageListSheet sheet(services.prompt, u"Options"_s, parent);
+    PageListSheet sheet(services.prompt, Words::tr("Options"), parent);
     AddPages(sheet, services.prompt, edited.draft);
     const auto save = [&] {
         return PerformSave(

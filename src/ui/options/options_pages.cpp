@@ -41,12 +41,12 @@ GeneralPage::GeneralPage(Prompt &messages, Options &edited)
 {
     updatePeriod->setObjectName(u"updatePeriod"_s);
     auto *form = new QFormLayout(this);
-    form->addRow(LabelFor(u"Database update period, sec"_s, *updatePeriod), updatePeriod);
+    form->addRow(LabelFor(tr("Database update period, sec"), *updatePeriod), updatePeriod);
 }
 
 QString GeneralPage::Title() const
 {
-    return u"General"_s;
+    return tr("General");
 }
 
 void GeneralPage::Load()
@@ -56,7 +56,7 @@ void GeneralPage::Load()
 
 bool GeneralPage::Leave()
 {
-    return HoldsNumber(prompt, *updatePeriod, u"Please enter an integer."_s);
+    return HoldsNumber(prompt, *updatePeriod, tr("Please enter an integer."));
 }
 
 void GeneralPage::Collect()
@@ -67,7 +67,7 @@ void GeneralPage::Collect()
 AdapterPage::AdapterPage(Prompt &prompt, Options &options, const QList<Adapter> &adapters)
 {
     auto *chooser = new AdapterChooser(prompt, adapters);
-    chooser->SetCurrent(options.adapter.value_or(u"Error!"_s));
+    chooser->SetCurrent(options.adapter.value_or(tr("Error!")));
     connect(chooser, &AdapterChooser::Picked, this, [&options](const Adapter &adapter) {
         options.adapter = adapter.description;
     });
@@ -78,7 +78,7 @@ AdapterPage::AdapterPage(Prompt &prompt, Options &options, const QList<Adapter> 
 
 QString AdapterPage::Title() const
 {
-    return u"Adapter selection"_s;
+    return tr("Adapter selection");
 }
 
 TariffPage::TariffPage(Prompt &prompt, Options &options)
@@ -86,18 +86,18 @@ TariffPage::TariffPage(Prompt &prompt, Options &options)
     auto *column = new QVBoxLayout(this);
     column->addWidget(new CurrencyEditor(prompt,
                                          options.currency,
-                                         {u"Current tariff"_s,
-                                          u"Set"_s,
-                                          u"Add..."_s,
-                                          u"Remove"_s,
-                                          u"Properties..."_s,
-                                          u"Set"_s,
-                                          u"Currency"_s}));
+                                         {tr("Current tariff"),
+                                          tr("Set"),
+                                          tr("Add..."),
+                                          tr("Remove"),
+                                          tr("Properties..."),
+                                          tr("Set"),
+                                          tr("Currency")}));
 }
 
 QString TariffPage::Title() const
 {
-    return u"Tariff"_s;
+    return tr("Tariff");
 }
 
 AuthenticationPage::AuthenticationPage(Prompt &messages, Options &edited)
@@ -105,15 +105,15 @@ AuthenticationPage::AuthenticationPage(Prompt &messages, Options &edited)
     , options(edited)
     , port(new NumberField(kAuthPort))
     , requiredForNew(
-          MakeButton<QCheckBox>(u"Require authentication from all new users"_s, "authReqNew"))
-    , notLogged(MakeButton<QCheckBox>(u"Allow authentication for users not logged to domain"_s,
+          MakeButton<QCheckBox>(tr("Require authentication from all new users"), "authReqNew"))
+    , notLogged(MakeButton<QCheckBox>(tr("Allow authentication for users not logged to domain"),
                                       "allowNotLogged"))
     , nonHost(
-          MakeButton<QCheckBox>(u"Allow authentication from non-host computers"_s, "allowNonHost"))
+          MakeButton<QCheckBox>(tr("Allow authentication from non-host computers"), "allowNonHost"))
 {
     port->setObjectName(u"authPort"_s);
     auto *form = new QFormLayout(this);
-    form->addRow(LabelFor(u"Authentication server port"_s, *port), port);
+    form->addRow(LabelFor(tr("Authentication server port"), *port), port);
     for (QCheckBox *box : {requiredForNew, notLogged, nonHost}) {
         form->addRow(box);
     }
@@ -121,7 +121,7 @@ AuthenticationPage::AuthenticationPage(Prompt &messages, Options &edited)
 
 QString AuthenticationPage::Title() const
 {
-    return u"Authentication"_s;
+    return tr("Authentication");
 }
 
 void AuthenticationPage::Load()

@@ -52,7 +52,7 @@ ProtocolList::ProtocolList(Prompt &messages,
         name = NameField();
     }
     list = new EditableList(
-        u"protocols"_s, {texts.list, texts.entry, texts.add, texts.remove}, {u"Protocol"_s}, name);
+        u"protocols"_s, {texts.list, texts.entry, texts.add, texts.remove}, {tr("Protocol")}, name);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(list);
@@ -88,8 +88,8 @@ void ProtocolList::AddEntered()
     }
     auto *field = NameField();
     EntryDialog dialog(
-        u"Add protocol"_s,
-        u"Protocol title:"_s,
+        tr("Add protocol"),
+        tr("Protocol title:"),
         field,
         [this, field] { return Add(field->text().trimmed()); },
         this);
@@ -100,7 +100,7 @@ void ProtocolList::Remove()
 {
     const qsizetype selected = Selected();
     if (selected < 0) {
-        Complain(prompt, u"Select an item to delete"_s);
+        Complain(prompt, tr("Select an item to delete"));
         return;
     }
     table.Remove(selected);
@@ -132,7 +132,7 @@ PortList::PortList(Prompt &messages,
         number = PortField();
     }
     list = new EditableList(
-        u"ports"_s, {{}, texts.entry, texts.add, texts.remove}, {u"Port"_s}, number);
+        u"ports"_s, {{}, texts.entry, texts.add, texts.remove}, {tr("Port")}, number);
     auto *heading = new QLabel(texts.list);
     heading->setBuddy(list->findChild<QWidget *>(u"ports"_s));
     owner->setObjectName(u"portsOwner"_s);
@@ -171,14 +171,14 @@ void PortList::AddEntered()
     }
     auto *field = PortField();
     EntryDialog dialog(
-        u"Add port"_s, u"Port number:"_s, field, [this, field] { return Add(*field); }, this);
+        tr("Add port"), tr("Port number:"), field, [this, field] { return Add(*field); }, this);
     dialog.exec();
 }
 
 void PortList::Remove()
 {
     if (list->Row() < 0) {
-        Complain(prompt, u"Select an item to delete"_s);
+        Complain(prompt, tr("Select an item to delete"));
         return;
     }
     table.RemovePort(protocol, list->Row());

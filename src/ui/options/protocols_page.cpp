@@ -21,12 +21,12 @@ ProtocolsPage::ProtocolsPage(Prompt &messages,
           prompt,
           table,
           ProtocolEntry::Dialog,
-          {u"Available protocols"_s, {}, u"Add protocol..."_s, u"Remove protocol"_s}))
+          {tr("Available protocols"), {}, tr("Add protocol..."), tr("Remove protocol")}))
     , ports(new PortList(prompt,
                          table,
                          ProtocolEntry::Dialog,
-                         {u"Ports for"_s, {}, u"Add port..."_s, u"Remove port"_s}))
-    , setUp(MakeButton<QPushButton>(u"Setup monitored protocols"_s, "setUpMonitored"))
+                         {tr("Ports for"), {}, tr("Add port..."), tr("Remove port")}))
+    , setUp(MakeButton<QPushButton>(tr("Setup monitored protocols"), "setUpMonitored"))
 {
     auto *modes = new MonitorModeBox(mode);
     auto *controls = new QWidget;
@@ -52,7 +52,7 @@ ProtocolsPage::ProtocolsPage(Prompt &messages,
 
 QString ProtocolsPage::Title() const
 {
-    return u"Protocols"_s;
+    return tr("Protocols");
 }
 
 void ProtocolsPage::Follow()

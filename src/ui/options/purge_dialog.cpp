@@ -33,13 +33,13 @@ constexpr int kTroubleRole = Qt::UserRole + 1; // what went wrong with a table, 
 
 QString TableTitle(const QString &table)
 {
-    static const QHash<QString, QString> titles {
-        {u"users"_s, u"Users"_s},
-        {u"traffic_use"_s, u"Traffic records"_s},
-        {u"time_use"_s, u"Time records"_s},
-        {u"billing"_s, u"Limits and credits"_s},
-        {u"sites"_s, u"Sites"_s},
-        {u"siteaccess"_s, u"Visits to sites"_s},
+    const QHash<QString, QString> titles {
+        {u"users"_s, PurgeDialog::tr("Users")},
+        {u"traffic_use"_s, PurgeDialog::tr("Traffic records")},
+        {u"time_use"_s, PurgeDialog::tr("Time records")},
+        {u"billing"_s, PurgeDialog::tr("Limits and credits")},
+        {u"sites"_s, PurgeDialog::tr("Sites")},
+        {u"siteaccess"_s, PurgeDialog::tr("Visits to sites")},
     };
     return titles.value(table, table);
 }
@@ -60,7 +60,7 @@ PurgeDialog::PurgeDialog(const AppServices &appServices, QWidget *parent)
     : QDialog(parent)
     , services(appServices)
 {
-    setWindowTitle(u"Purge database"_s);
+    setWindowTitle(tr("Purge database"));
     Build();
     byPeriod->setChecked(true);
     EnableControls();
@@ -68,12 +68,12 @@ PurgeDialog::PurgeDialog(const AppServices &appServices, QWidget *parent)
 
 void PurgeDialog::Build()
 {
-    auto *tip = new QLabel(u"You may purge all information in  your   database   or  select "
-                           "particular time  period  on  the right of this window"_s);
+    auto *tip = new QLabel(tr("You may purge all information in  your   database   or  select "
+                              "particular time  period  on  the right of this window"));
     tip->setWordWrap(true);
-    purge = MakeButton<QPushButton>(u"Purge"_s, "purge");
-    auto *help = MakeButton<QPushButton>(u"Help"_s, "help");
-    close = MakeButton<QPushButton>(u"Close"_s, "close");
+    purge = MakeButton<QPushButton>(tr("Purge"), "purge");
+    auto *help = MakeButton<QPushButton>(tr("Help"), "help");
+    close = MakeButton<QPushButton>(tr("Close"), "close");
     auto *buttons = new QDialogButtonBox;
     buttons->addButton(purge, QDialogButtonBox::ActionRole);
     buttons->addButton(help, QDialogButtonBox::HelpRole);
@@ -81,9 +81,9 @@ void PurgeDialog::Build()
     connect(purge, &QPushButton::clicked, this, &PurgeDialog::Purge);
     connect(close, &QPushButton::clicked, this, &PurgeDialog::reject);
     connect(help, &QPushButton::clicked, this, [this] {
-        services.prompt.Tell(u"The records of the days that you keep stay in the database; all "
-                             "older and newer ones are removed for good. Visits to sites are "
-                             "removed only together with all other information."_s);
+        services.prompt.Tell(tr("The records of the days that you keep stay in the database; all "
+                                "older and newer ones are removed for good. Visits to sites are "
+                                "removed only together with all other information."));
     });
 
     auto *choices = new QHBoxLayout;
@@ -106,10 +106,10 @@ void PurgeDialog::Build()
 
 QWidget *PurgeDialog::ModeBox()
 {
-    auto *box = new QGroupBox(u"Information to remove"_s);
-    all = MakeButton<QRadioButton>(u"Purge all information"_s, "all");
-    deleteUsers = MakeButton<QCheckBox>(u"Delete all users"_s, "deleteUsers");
-    byPeriod = MakeButton<QRadioButton>(u"Purge for the selected period"_s, "byPeriod");
+    auto *box = new QGroupBox(tr("Information to remove"));
+    all = MakeButton<QRadioButton>(tr("Purge all information"), "all");
+    deleteUsers = MakeButton<QCheckBox>(tr("Delete all users"), "deleteUsers");
+    byPeriod = MakeButton<QRadioButton>(tr("Purge for the selected period"), "byPeriod");
     auto *indented = new QHBoxLayout;
     indented->addSpacing(20);
     indented->addWidget(deleteUsers);
@@ -126,8 +126,8 @@ QWidget *PurgeDialog::OutcomeBox()
 {
     auto *box = new QWidget;
     outcome = new QTreeWidget;
-    SetNames(*outcome, u"outcome"_s, u"Rows by table"_s);
-    outcome->setHeaderLabels({u"Table"_s, u"Rows to remove"_s, u"Rows removed"_s});
+    SetNames(*outcome, u"outcome"_s, tr("Rows by table"));
+    outcome->setHeaderLabels({tr("Table"), tr("Rows to remove"), tr("Rows removed")});
     for (const auto column : {WouldGo, Removed}) {
         outcome->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     }
@@ -135,9 +135,9 @@ QWidget *PurgeDialog::OutcomeBox()
     outcome->header()->setSectionResizeMode(QHeaderView::Stretch);
     outcome->setMinimumHeight(8 * fontMetrics().height());
     progress = new QProgressBar;
-    SetNames(*progress, u"progress"_s, u"Progress of the purge"_s);
+    SetNames(*progress, u"progress"_s, tr("Progress of the purge"));
     progress->setValue(0);
-    doing = new QLabel(u"The rows are counted when you press \"Purge\", before anything goes."_s);
+    doing = new QLabel(tr("The rows are counted when you press \"Purge\", before anything goes."));
     doing->setObjectName(u"doing"_s);
     auto *column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);
@@ -187,7 +187,7 @@ bool PurgeDialog::MayRemove(const PurgeChoice &choice, QDate day)
     const auto late = QuestionOnLateDay(choice, day);
     return (!late || services.prompt.AskToDestroy(*late, {}))
         && services.prompt.AskToDestroy(
-            u"This will erase the particular information from your database. Continue?"_s, words)
+            tr("This will erase the particular information from your database. Continue?"), words)
         && PurgeMayOpen(services.control, services.prompt);
 }
 
@@ -195,7 +195,7 @@ bool PurgeDialog::MayRemove(const PurgeChoice &choice, QDate day)
 // are then not known.
 bool PurgeDialog::Count(std::vector<PurgeStep> &steps)
 {
-    const QString what = u"Counting the rows to remove..."_s;
+    const QString what = tr("Counting the rows to remove...");
     doing->setText(what);
     const auto counted = Await(
         services,
@@ -210,7 +210,7 @@ bool PurgeDialog::Count(std::vector<PurgeStep> &steps)
     ShowCounts(steps);
     if (!counted) {
         TellUnread(services,
-                   u"The rows to remove could not be counted. Nothing was removed so far."_s,
+                   tr("The rows to remove could not be counted. Nothing was removed so far."),
                    counted.error());
     }
     return counted || counted.error().kind != Failure::Kind::Cancelled;
@@ -223,7 +223,7 @@ void PurgeDialog::ShowCounts(const std::vector<PurgeStep> &steps)
         std::ranges::all_of(steps, [](const PurgeStep &step) { return step.rows.has_value(); });
     for (const PurgeCount &count : RowsByTable(steps)) {
         auto *row = new QTreeWidgetItem(
-            {TableTitle(count.table), known ? Number(count.rows) : u"not known"_s, {}});
+            {TableTitle(count.table), known ? Number(count.rows) : tr("not known"), {}});
         row->setData(Table, Qt::UserRole, count.table);
         for (const auto column : {WouldGo, Removed}) {
             row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
@@ -243,7 +243,7 @@ void PurgeDialog::RunSteps(const std::vector<PurgeStep> &steps)
             trouble.notTried << title;
             continue;
         }
-        const QString what = u"Removing from: %1"_s.arg(title);
+        const QString what = tr("Removing from: %1").arg(title);
         doing->setText(what);
         progress->setValue(static_cast<int>(step));
         const PurgeOutcome done = Await(
@@ -277,7 +277,7 @@ void PurgeDialog::ShowRemoved(const PurgeStep &step, const PurgeOutcome &done)
         const qint64 removed = row->data(Removed, Qt::UserRole).toLongLong() + done.removed;
         row->setData(Removed, Qt::UserRole, removed);
         if (!done.outcome.IsDone()) {
-            row->setData(Removed, kTroubleRole, IsUnknown(done) ? u"not known"_s : u"failed"_s);
+            row->setData(Removed, kTroubleRole, IsUnknown(done) ? tr("not known") : u"failed"_s);
         }
         const QString trouble = row->data(Removed, kTroubleRole).toString();
         if (trouble.isEmpty()) {
@@ -292,9 +292,9 @@ void PurgeDialog::ShowRemoved(const PurgeStep &step, const PurgeOutcome &done)
 void PurgeDialog::TellEnd(const Trouble &trouble)
 {
     const std::pair<QString, QStringList> kinds[] = {
-        {u"Not removed: %1"_s, trouble.failed},
-        {u"It is not known whether this was removed: %1"_s, trouble.unknown},
-        {u"Not tried after you cancelled: %1"_s, trouble.notTried},
+        {tr("Not removed: %1"), trouble.failed},
+        {tr("It is not known whether this was removed: %1"), trouble.unknown},
+        {tr("Not tried after you cancelled: %1"), trouble.notTried},
     };
     QStringList lines;
     for (auto [text, titles] : kinds) {
@@ -304,10 +304,10 @@ void PurgeDialog::TellEnd(const Trouble &trouble)
         }
     }
     if (lines.isEmpty()) {
-        services.prompt.Tell(u"Purge complete"_s);
+        services.prompt.Tell(tr("Purge complete"));
         return;
     }
-    lines.prepend(u"The purge is not complete. What is not named here was removed."_s);
+    lines.prepend(tr("The purge is not complete. What is not named here was removed."));
     QStringList reasons = trouble.reasons;
     reasons.removeDuplicates();
     services.prompt.Tell((QStringList(lines.join(u'\n')) + reasons).join(u"\n\n"_s),

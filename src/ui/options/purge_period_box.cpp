@@ -43,23 +43,23 @@ struct Words
 
 } // namespace
 
-PurgePeriodBox::PurgePeriodBox() : QGroupBox(u"Save data for period of time"_s)
+PurgePeriodBox::PurgePeriodBox() : QGroupBox(tr("Save data for period of time"))
 {
     auto *rows = new QFormLayout(this);
-    AddPeriod(*rows, PurgeChoice::Keep::Today, MakeButton<QRadioButton>(u"Today"_s, "today"));
+    AddPeriod(*rows, PurgeChoice::Keep::Today, MakeButton<QRadioButton>(tr("Today"), "today"));
     AddPeriod(
-        *rows, PurgeChoice::Keep::LastWeek, MakeButton<QRadioButton>(u"Last week"_s, "lastWeek"));
+        *rows, PurgeChoice::Keep::LastWeek, MakeButton<QRadioButton>(tr("Last week"), "lastWeek"));
     AddPeriod(*rows,
               PurgeChoice::Keep::LastMonth,
-              MakeButton<QRadioButton>(u"Last month"_s, "lastMonth"));
-    custom = MakeButton<QRadioButton>(u"Custom"_s, "custom");
+              MakeButton<QRadioButton>(tr("Last month"), "lastMonth"));
+    custom = MakeButton<QRadioButton>(tr("Custom"), "custom");
     rows->addRow(custom);
     since = DayPicker("since");
     until = DayPicker("until");
     auto *range = new QFormLayout;
     range->setContentsMargins(20, 0, 0, 0);
-    range->addRow(LabelFor(u"Since:"_s, *since), since);
-    range->addRow(LabelFor(u"Until:"_s, *until), until);
+    range->addRow(LabelFor(tr("Since:"), *since), since);
+    range->addRow(LabelFor(tr("Until:"), *until), until);
     rows->addRow(range);
     ShowDays();
     connect(custom, &QRadioButton::toggled, this, &PurgePeriodBox::EnablePickers);
@@ -111,7 +111,7 @@ bool PurgePeriodBox::IsInOrder(Prompt &prompt)
     if (!custom->isChecked() || since->date() <= until->date()) {
         return true;
     }
-    prompt.Tell(u"You entered incorrect time period. Please re-enter one of the dates"_s,
+    prompt.Tell(tr("You entered incorrect time period. Please re-enter one of the dates"),
                 Prompt::Icon::Warning);
     until->setDate(since->date());
     until->setFocus();

@@ -27,15 +27,15 @@ AddRangeDialog::AddRangeDialog(Prompt &messages,
     : Dialog(parent)
     , prompt(messages)
     , ranges(existing)
-    , network(new IpAddressField(u"IP address"_s))
-    , mask(new IpAddressField(u"Subnet mask"_s))
+    , network(new IpAddressField(tr("IP address")))
+    , mask(new IpAddressField(tr("Subnet mask")))
 {
-    setWindowTitle(u"Add IP addresses range"_s);
+    setWindowTitle(tr("Add IP addresses range"));
     network->setObjectName(u"network"_s);
     mask->setObjectName(u"mask"_s);
     auto *form = new QFormLayout(this);
-    form->addRow(LabelFor(u"IP address:"_s, *network), network);
-    form->addRow(LabelFor(u"Subnet mask:"_s, *mask), mask);
+    form->addRow(LabelFor(tr("IP address:"), *network), network);
+    form->addRow(LabelFor(tr("Subnet mask:"), *mask), mask);
     form->addRow(OkAndCancel(*this));
 }
 
@@ -57,8 +57,8 @@ RangeEditor::RangeEditor(
     , ranges(edited)
 {
     QWidget *fields = entry == Entry::Fields ? MakeFields() : nullptr;
-    const QStringList columns = fields ? QStringList {u"Net address"_s, u"Subnet mask"_s}
-                                       : QStringList {u"IP Address"_s, u"Subnet mask"_s};
+    const QStringList columns = fields ? QStringList {tr("Net address"), tr("Subnet mask")}
+                                       : QStringList {tr("IP Address"), tr("Subnet mask")};
     list =
         new EditableList(u"ranges"_s, {texts.list, {}, texts.add, texts.remove}, columns, fields);
     auto *column = new QVBoxLayout(this);
@@ -72,14 +72,14 @@ RangeEditor::RangeEditor(
 QWidget *RangeEditor::MakeFields()
 {
     auto *fields = new QWidget;
-    network = new IpAddressField(u"Net address"_s);
+    network = new IpAddressField(tr("Net address"));
     network->setObjectName(u"network"_s);
-    mask = new IpAddressField(u"Subnet mask"_s);
+    mask = new IpAddressField(tr("Subnet mask"));
     mask->setObjectName(u"mask"_s);
     auto *form = new QFormLayout(fields);
     form->setContentsMargins(0, 0, 0, 0);
-    form->addRow(LabelFor(u"Net address"_s, *network), network);
-    form->addRow(LabelFor(u"Subnet mask"_s, *mask), mask);
+    form->addRow(LabelFor(tr("Net address"), *network), network);
+    form->addRow(LabelFor(tr("Subnet mask"), *mask), mask);
     fields->setFocusProxy(network);
     return fields;
 }
@@ -120,7 +120,7 @@ void RangeEditor::Remove()
 {
     const int row = list->Row();
     if (row < 0) {
-        Complain(prompt, u"Select an item to delete"_s);
+        Complain(prompt, tr("Select an item to delete"));
         return;
     }
     ranges.removeAt(row);

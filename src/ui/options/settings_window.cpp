@@ -4,18 +4,28 @@
 #include "app/perform.h"
 #include "ui/common/sheet.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(SettingsWindow)
+};
+
+} // namespace
 
 void TellUnreadSettings(const AppServices &services, const QList<SettingsFailure> &failures)
 {
     if (failures.isEmpty()) {
         return;
     }
-    QStringList parts {
-        u"Not all settings could be read. Those are shown as if they were missing, and cannot be "
-        "written before the file is mended."_s};
+    QStringList parts {Words::tr(
+        "Not all settings could be read. Those are shown as if they were missing, and cannot be "
+        "written before the file is mended.")};
     for (const SettingsFailure &failure : failures) {
         parts << TextOf(failure);
     }
@@ -25,11 +35,12 @@ void TellUnreadSettings(const AppServices &services, const QList<SettingsFailure
 std::optional<ProtocolTable>
 AwaitProtocols(const AppServices &services, QWidget *parent, Result<ProtocolTable> (*load)())
 {
-    auto table = Await(services, parent, u"Reading the protocols..."_s, load);
+    auto table = Await(services, parent, Words::tr("Reading the protocols..."), load);
     if (!table) {
-        TellUnread(services,
-                   u"The protocols could not be read. They are not shown, and stay as they are."_s,
-                   table.error());
+        TellUnread(
+            services,
+            Words::tr("The protocols could not be read. They are not shown, and stay as they are."),
+            table.error());
         return std::nullopt;
     }
     return *std::move(table);
@@ -37,8 +48,8 @@ AwaitProtocols(const AppServices &services, QWidget *parent, Result<ProtocolTabl
 
 QWidget *UnreadProtocolsNote()
 {
-    auto *note =
-        new QLabel(u"The protocols could not be read from the database. They stay as they are."_s);
+    auto *note = new QLabel(
+        Words::tr("The protocols could not be read from the database. They stay as they are."));
     note->setObjectName(u"unreadProtocols"_s);
     note->setWordWrap(true);
     return note;
@@ -51,7 +62,7 @@ bool PerformSave(const AppServices &services,
     const SaveReport report = AwaitAnswered(
         services,
         parent,
-        u"Storing the settings..."_s,
+        Words::tr("Storing the settings..."),
         [&save](const Answers &answers) { return [save, answers] { return save(answers); }; },
         [](const SaveReport &each) { return each.questions; });
     if (report.IsDone()) {

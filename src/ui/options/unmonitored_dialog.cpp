@@ -22,19 +22,19 @@ UnmonitoredDialog::UnmonitoredDialog(const AppServices &appServices,
     : Dialog(parent)
     , services(appServices)
     , list(new QListWidget)
-    , monitor(new QPushButton(u"Monitor user"_s))
+    , monitor(new QPushButton(tr("Monitor user")))
     , users(std::move(unmonitored))
 {
-    setWindowTitle(u"Unmonitored users"_s);
-    SetNames(*list, u"users"_s, u"Unmonitored users"_s);
+    setWindowTitle(tr("Unmonitored users"));
+    SetNames(*list, u"users"_s, tr("Unmonitored users"));
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     for (const UnmonitoredUser &user : users) {
         list->addItem(new QListWidgetItem(IconOf(Picture::Unmonitored), user.text));
     }
     monitor->setObjectName(u"monitor"_s);
     monitor->setEnabled(false);
-    auto *note = new QLabel(u"The activity of these users is not counted. Select those to bring "
-                            "back under monitoring; all their old records are still there."_s);
+    auto *note = new QLabel(tr("The activity of these users is not counted. Select those to bring "
+                               "back under monitoring; all their old records are still there."));
     note->setWordWrap(true);
     note->setBuddy(list);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
@@ -64,7 +64,7 @@ void UnmonitoredDialog::MonitorSelected()
     }
     if (!Perform(services,
                  this,
-                 u"Bringing the users back under monitoring..."_s,
+                 tr("Bringing the users back under monitoring..."),
                  MonitorUsersAction(chosen))) {
         return;
     }
@@ -80,10 +80,14 @@ void UnmonitoredDialog::MonitorSelected()
 
 void OpenUnmonitored(const AppServices &services, QWidget *parent)
 {
-    const auto users =
-        Await(services, parent, u"Reading the unmonitored users..."_s, LoadUnmonitored);
+    const auto users = Await(services,
+                             parent,
+                             UnmonitoredDialog::tr("Reading the unmonitored users..."),
+                             LoadUnmonitored);
     if (!users) {
-        TellUnread(services, u"The unmonitored users could not be read."_s, users.error());
+        TellUnread(services,
+                   UnmonitoredDialog::tr("The unmonitored users could not be read."),
+                   users.error());
         return;
     }
     UnmonitoredDialog(services, *users, parent).exec();

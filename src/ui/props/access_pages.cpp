@@ -17,8 +17,8 @@ CAdministratorUserPAccess::CAdministratorUserPAccess(const AppServices &appServi
     , services(appServices)
     , record(user)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
-    , block(new BlockBox(u"Block user imminently"_s))
-    , authentication(MakeButton<QCheckBox>(u"Require authentication"_s, "authentication"))
+    , block(new BlockBox(tr("Block user imminently")))
+    , authentication(MakeButton<QCheckBox>(tr("Require authentication"), "authentication"))
     , why(new WhyLines(WhyLines::Commands::LeftOut))
 {
     auto *column = new QVBoxLayout(this);
@@ -33,7 +33,7 @@ CAdministratorUserPAccess::CAdministratorUserPAccess(const AppServices &appServi
 
 QString CAdministratorUserPAccess::Title() const
 {
-    return u"Access"_s;
+    return tr("Access");
 }
 
 void CAdministratorUserPAccess::Load()
@@ -65,9 +65,9 @@ bool CAdministratorUserPAccess::Leave()
     if (ModeFor(type->Choice())) {
         return true;
     }
-    services.prompt.Tell(u"Please choose one or both corporate type options"_s,
+    services.prompt.Tell(tr("Please choose one or both corporate type options"),
                          Prompt::Icon::Warning,
-                         u"Tollbrook"_s);
+                         tr("Tollbrook"));
     return false;
 }
 
@@ -81,7 +81,7 @@ CAdministratorGroupPAccess::CAdministratorGroupPAccess(GroupRecord &group, QWidg
     : Page(parent)
     , record(group)
     , type(new AccessTypeBox(AccessTypeBox::Options::None))
-    , block(new BlockBox(u"Block group imminently"_s))
+    , block(new BlockBox(tr("Block group imminently")))
 {
     auto *column = new QVBoxLayout(this);
     column->addWidget(type);
@@ -92,7 +92,7 @@ CAdministratorGroupPAccess::CAdministratorGroupPAccess(GroupRecord &group, QWidg
 
 QString CAdministratorGroupPAccess::Title() const
 {
-    return u"Access"_s;
+    return tr("Access");
 }
 
 void CAdministratorGroupPAccess::Load()

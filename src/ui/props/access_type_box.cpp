@@ -11,17 +11,17 @@
 using namespace Qt::StringLiterals;
 
 AccessTypeBox::AccessTypeBox(Options options, QWidget *parent)
-    : QGroupBox(u"Access type"_s, parent)
-    , noControl(MakeButton<QRadioButton>(u"No control"_s, "noControl"))
-    , corporate(MakeButton<QRadioButton>(u"Corporate"_s, "corporate"))
-    , provider(MakeButton<QRadioButton>(u"Provider"_s, "provider"))
+    : QGroupBox(tr("Access type"), parent)
+    , noControl(MakeButton<QRadioButton>(tr("No control"), "noControl"))
+    , corporate(MakeButton<QRadioButton>(tr("Corporate"), "corporate"))
+    , provider(MakeButton<QRadioButton>(tr("Provider"), "provider"))
 {
     auto *column = new QVBoxLayout(this);
     column->addWidget(noControl);
     column->addWidget(corporate);
     if (options == Options::TrafficAndTime) {
-        traffic = MakeButton<QCheckBox>(u"Traffic control"_s, "trafficControl");
-        time = MakeButton<QCheckBox>(u"Time control "_s, "timeControl");
+        traffic = MakeButton<QCheckBox>(tr("Traffic control"), "trafficControl");
+        time = MakeButton<QCheckBox>(tr("Time control "), "timeControl");
         auto *indented = new QVBoxLayout;
         indented->setContentsMargins(style()->pixelMetric(QStyle::PM_IndicatorWidth)
                                          + style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing),

@@ -17,7 +17,7 @@ AddMemberDialog::AddMemberDialog(std::vector<Member> users, QWidget *parent)
     , offered(std::move(users))
     , list(new QListWidget)
 {
-    setWindowTitle(u"Add user to the group"_s);
+    setWindowTitle(tr("Add user to the group"));
     list->setObjectName(u"users"_s);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setUniformItemSizes(true);
@@ -28,7 +28,7 @@ AddMemberDialog::AddMemberDialog(std::vector<Member> users, QWidget *parent)
     auto *ok = buttons->button(QDialogButtonBox::Ok);
     ok->setEnabled(false);
     auto *column = new QVBoxLayout(this);
-    column->addWidget(LabelFor(u"Users of other groups:"_s, *list));
+    column->addWidget(LabelFor(tr("Users of other groups:"), *list));
     column->addWidget(list);
     column->addWidget(buttons);
     connect(list, &QListWidget::itemSelectionChanged, ok, [this, ok] {

@@ -19,16 +19,16 @@ constexpr qsizetype kMacCharacters = 12;
 ChangeIpDialog::ChangeIpDialog(Prompt &messages, const QString &address, QWidget *parent)
     : Dialog(parent)
     , prompt(messages)
-    , field(new IpAddressField(u"IP address"_s))
+    , field(new IpAddressField(tr("IP address")))
 {
-    setWindowTitle(u"Change IP Address"_s);
+    setWindowTitle(tr("Change IP Address"));
     field->setObjectName(u"address"_s);
     field->setMaximumWidth(2 * fontMetrics().horizontalAdvance(u"000.000.000.000"_s));
     if (const auto shown = Ipv4From(address)) {
         field->SetAddress(*shown);
     }
     auto *form = new QFormLayout(this);
-    form->addRow(LabelFor(u"IP address:"_s, *field), field);
+    form->addRow(LabelFor(tr("IP address:"), *field), field);
     form->addRow(OkAndCancel(*this));
 }
 
@@ -36,7 +36,7 @@ void ChangeIpDialog::accept()
 {
     const auto address = field->Address();
     if (!address) {
-        Complain(prompt, u"Please enter full IP address"_s);
+        Complain(prompt, tr("Please enter full IP address"));
         field->FocusWhatIsMissing();
         return;
     }
@@ -49,12 +49,12 @@ ChangeMacDialog::ChangeMacDialog(Prompt &messages, const QString &address, QWidg
     , prompt(messages)
     , field(new TextField)
 {
-    setWindowTitle(u"Change MAC address"_s);
+    setWindowTitle(tr("Change MAC address"));
     field->setObjectName(u"address"_s);
     field->setText(address);
     field->selectAll();
     auto *form = new QFormLayout(this);
-    form->addRow(LabelFor(u"MAC address:"_s, *field), field);
+    form->addRow(LabelFor(tr("MAC address:"), *field), field);
     form->addRow(OkAndCancel(*this));
 }
 
@@ -63,7 +63,7 @@ void ChangeMacDialog::accept()
     if (field->text().toUcs4().size() != kMacCharacters) {
         Refuse(prompt,
                *field,
-               u"MAC address can contain only 12 symbols. Please re-enter the address"_s);
+               tr("MAC address can contain only 12 symbols. Please re-enter the address"));
         return;
     }
     QDialog::accept();

@@ -46,6 +46,6 @@ void BlockBox::ShowDenied(bool denied)
 {
     const Picture shown = denied ? Picture::AccessBlocked : Picture::AccessAllowed;
     picture->setPixmap(IconOf(shown).pixmap(style()->pixelMetric(QStyle::PM_LargeIconSize)));
-    words->setText(denied ? u"Access is denied"_s : u"Access is allowed"_s);
+    words->setText(denied ? tr("Access is denied") : tr("Access is allowed"));
     block->setAccessibleDescription(words->text());
 }

@@ -27,11 +27,11 @@ ChangeGroupDialog::ChangeGroupDialog(const AppServices &appServices,
     : Dialog(parent)
     , services(appServices)
     , list(new QListWidget(this))
-    , add(new QPushButton(u"Add group..."_s, this))
-    , remove(new QPushButton(u"Delete group"_s, this))
+    , add(new QPushButton(tr("Add group..."), this))
+    , remove(new QPushButton(tr("Delete group"), this))
     , ok(nullptr)
 {
-    setWindowTitle(u"Change group"_s);
+    setWindowTitle(tr("Change group"));
     setObjectName(u"changeGroupDialog"_s);
     list->setObjectName(u"groups"_s);
     add->setObjectName(u"addGroup"_s);
@@ -73,7 +73,7 @@ void ChangeGroupDialog::Lay()
     middle->addWidget(list, 1);
     middle->addLayout(side);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(LabelFor(u"Select one of the groups:"_s, *list));
+    layout->addWidget(LabelFor(tr("Select one of the groups:"), *list));
     layout->addLayout(middle, 1);
     layout->addWidget(buttons);
 }
@@ -128,7 +128,7 @@ int ChangeGroupDialog::SortedPlace(const QString &name) const
 
 void ChangeGroupDialog::AddNewGroup()
 {
-    NameDialog dialog(u"Add group"_s, u"Enter the name of the group:"_s, this);
+    NameDialog dialog(tr("Add group"), tr("Enter the name of the group:"), this);
     const auto added = std::make_shared<GroupId>();
     dialog.SetCheck([&](const QString &name) {
         return IsNew(name)
@@ -158,12 +158,12 @@ void ChangeGroupDialog::DeleteChosenGroup()
         TellUnread(services, tr("The group's name could not be read."), name.error());
         return;
     }
-    if (!services.prompt.AskToDestroy(u"You are going to remove the group. Continue?"_s,
+    if (!services.prompt.AskToDestroy(tr("You are going to remove the group. Continue?"),
                                       *name ? NamesLine({**name}) : QString())) {
         return;
     }
     if (chosen.name == u"Everybody"_s) { // kept: the message does not stop the statements
-        services.prompt.Tell(u"You can not delete 'Everybody' group"_s);
+        services.prompt.Tell(tr("You can not delete 'Everybody' group"));
         (void)Delete(chosen.groupId);
     } else if (Delete(chosen.groupId)) {
         const int position = ChosenRow();
@@ -181,7 +181,7 @@ bool ChangeGroupDialog::Delete(GroupId groupId)
 void ChangeGroupDialog::accept()
 {
     if (ChosenRow() < 0) {
-        services.prompt.Tell(u"Select group to change, please"_s);
+        services.prompt.Tell(tr("Select group to change, please"));
         return;
     }
     QDialog::accept();
@@ -201,7 +201,8 @@ std::optional<NamedGroup>
 Choose(const AppServices &services, Place place, Result<Choices> choices, QWidget *parent)
 {
     if (!choices) {
-        TellUnread(services, u"The groups could not be read."_s, choices.error());
+        TellUnread(
+            services, ChangeGroupDialog::tr("The groups could not be read."), choices.error());
         return std::nullopt;
     }
     ChangeGroupDialog dialog(services, choices->groups, place, parent);
@@ -236,7 +237,7 @@ ChooseGroupFor(const AppServices &services, const QList<UserId> &userIds, QWidge
                   Place::Command,
                   Await(services,
                         parent,
-                        u"Reading the groups..."_s,
+                        ChangeGroupDialog::tr("Reading the groups..."),
                         [userIds] { return ReadChoicesFor(userIds); }),
                   parent);
 }
@@ -244,7 +245,8 @@ ChooseGroupFor(const AppServices &services, const QList<UserId> &userIds, QWidge
 std::optional<NamedGroup>
 ChooseGroupInSheet(const AppServices &services, GroupId current, QWidget *parent)
 {
-    auto groups = Await(services, parent, u"Reading the groups..."_s, ReadGroupNames);
+    auto groups =
+        Await(services, parent, ChangeGroupDialog::tr("Reading the groups..."), ReadGroupNames);
     return Choose(services,
                   Place::Sheet,
                   std::move(groups).map([current](QList<NamedGroup> names) {

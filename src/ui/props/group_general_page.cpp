@@ -25,13 +25,13 @@ QString ModeName(AccountingMode storedMode)
 {
     switch (ChoiceFor(storedMode).type) {
     case AccessType::Corporate:
-        return u"Corporate"_s;
+        return CAdministratorGroupPPage::tr("Corporate");
     case AccessType::Provider:
-        return u"Provider"_s;
+        return CAdministratorGroupPPage::tr("Provider");
     case AccessType::NoControl:
         break;
     }
-    return u"No control"_s;
+    return CAdministratorGroupPPage::tr("No control");
 }
 
 } // namespace
@@ -46,14 +46,14 @@ CAdministratorGroupPPage::CAdministratorGroupPPage(const AppServices &appService
     , description(new TextField)
     , mode(ShownValue("mode"))
     , members(new QListWidget)
-    , remove(MakeButton<QPushButton>(u"Remove user"_s, "removeMember"))
+    , remove(MakeButton<QPushButton>(tr("Remove user"), "removeMember"))
 {
     name->setObjectName(u"name"_s);
     description->setObjectName(u"description"_s);
     auto *form = new QFormLayout;
-    form->addRow(LabelFor(u"Name:"_s, *name), name);
-    form->addRow(LabelFor(u"Description:"_s, *description), description);
-    form->addRow(LabelFor(u"Access type:"_s, *mode), mode);
+    form->addRow(LabelFor(tr("Name:"), *name), name);
+    form->addRow(LabelFor(tr("Description:"), *description), description);
+    form->addRow(LabelFor(tr("Access type:"), *mode), mode);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(MakeMembers());
@@ -61,14 +61,14 @@ CAdministratorGroupPPage::CAdministratorGroupPPage(const AppServices &appService
 
 QWidget *CAdministratorGroupPPage::MakeMembers()
 {
-    SetNames(*members, u"members"_s, u"Members"_s);
+    SetNames(*members, u"members"_s, tr("Members"));
     members->setUniformItemSizes(true);
-    auto *add = MakeButton<QPushButton>(u"Add user to the group..."_s, "addMember");
+    auto *add = MakeButton<QPushButton>(tr("Add user to the group..."), "addMember");
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(add);
     buttons->addWidget(remove);
     buttons->addStretch();
-    auto *box = new QGroupBox(u"Members"_s);
+    auto *box = new QGroupBox(tr("Members"));
     auto *column = new QVBoxLayout(box);
     column->addWidget(members);
     column->addLayout(buttons);
@@ -82,7 +82,7 @@ QWidget *CAdministratorGroupPPage::MakeMembers()
 
 QString CAdministratorGroupPPage::Title() const
 {
-    return u"General"_s;
+    return tr("General");
 }
 
 void CAdministratorGroupPPage::Load()
@@ -134,8 +134,8 @@ void CAdministratorGroupPPage::Add(const std::vector<Member> &chosen)
     for (const Member &member : chosen) {
         if (!record.members.Add(member)) {
             Complain(services.prompt,
-                     u"A group's page holds at most %1 users. The others were not added."_s.arg(
-                         MemberTable::kMost));
+                     tr("A group's page holds at most %1 users. The others were not added.")
+                         .arg(MemberTable::kMost));
             break;
         }
     }
@@ -145,7 +145,7 @@ void CAdministratorGroupPPage::Add(const std::vector<Member> &chosen)
 void CAdministratorGroupPPage::RemoveMember()
 {
     const auto selected = members->selectedItems();
-    if (!selected.isEmpty() && services.prompt.Ask(u"Move user out of this group?"_s)) {
+    if (!selected.isEmpty() && services.prompt.Ask(tr("Move user out of this group?"))) {
         record.members.Remove(static_cast<size_t>(members->row(selected.first())));
         ShowMembers();
     }

@@ -16,9 +16,9 @@ QString PeriodName(LimitPeriod period)
 {
     switch (period) {
     case LimitPeriod::Day:
-        return u"Day"_s;
+        return PeriodDialog::tr("Day");
     case LimitPeriod::Month:
-        return u"Month"_s;
+        return PeriodDialog::tr("Month");
     default:
         return {};
     }
@@ -29,13 +29,13 @@ PeriodDialog::PeriodDialog(Prompt &messages, LimitPeriod period, QWidget *parent
     , prompt(messages)
     , list(new QListWidget)
 {
-    setWindowTitle(u"Accounting period"_s);
+    setWindowTitle(tr("Accounting period"));
     list->setObjectName(u"periods"_s);
     list->addItems({PeriodName(LimitPeriod::Day), PeriodName(LimitPeriod::Month)});
     list->setCurrentRow(static_cast<int>(period) - 1);
     list->setMaximumHeight((list->count() + 1) * list->sizeHintForRow(0));
     auto *column = new QVBoxLayout(this);
-    column->addWidget(LabelFor(u"Accounting period:"_s, *list));
+    column->addWidget(LabelFor(tr("Accounting period:"), *list));
     column->addWidget(list);
     column->addWidget(OkAndCancel(*this));
     connect(list, &QListWidget::itemDoubleClicked, this, &PeriodDialog::accept);
@@ -44,7 +44,7 @@ PeriodDialog::PeriodDialog(Prompt &messages, LimitPeriod period, QWidget *parent
 void PeriodDialog::accept()
 {
     if (Period() == LimitPeriod::None) {
-        Complain(prompt, u"Please choose an accounting period"_s);
+        Complain(prompt, tr("Please choose an accounting period"));
         return;
     }
     QDialog::accept();
@@ -61,7 +61,7 @@ LimitDialog::LimitDialog(Prompt &messages, const QString &label, quint32 limit, 
     , prompt(messages)
     , field(new NumberField)
 {
-    setWindowTitle(u"Limit"_s);
+    setWindowTitle(tr("Limit"));
     field->setObjectName(u"limit"_s);
     field->SetNumber(limit);
     field->selectAll();
@@ -72,7 +72,7 @@ LimitDialog::LimitDialog(Prompt &messages, const QString &label, quint32 limit, 
 
 void LimitDialog::accept()
 {
-    if (HoldsNumber(prompt, *field, u"Please enter the limit as a whole number"_s)) {
+    if (HoldsNumber(prompt, *field, tr("Please enter the limit as a whole number"))) {
         QDialog::accept();
     }
 }
@@ -87,13 +87,13 @@ RateDialog::RateDialog(Prompt &messages, double rate, QWidget *parent)
     , prompt(messages)
     , field(new NumberField(kPriceBounds))
 {
-    setWindowTitle(u"Rate"_s);
+    setWindowTitle(tr("Rate"));
     field->setObjectName(u"rate"_s);
     field->SetAmount(rate);
     field->selectAll();
     auto *row = new QHBoxLayout;
     row->addWidget(field);
-    row->addWidget(LabelFor(u"units per Mb"_s, *field));
+    row->addWidget(LabelFor(tr("units per Mb"), *field));
     auto *column = new QVBoxLayout(this);
     column->addLayout(row);
     column->addWidget(OkAndCancel(*this));
@@ -104,7 +104,7 @@ void RateDialog::accept()
     if (field->Amount()) {
         QDialog::accept();
     } else {
-        Refuse(prompt, *field, u"Please enter the rate as a number from 0 to 1000000000"_s);
+        Refuse(prompt, *field, tr("Please enter the rate as a number from 0 to 1000000000"));
     }
 }
 

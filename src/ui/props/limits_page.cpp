@@ -37,13 +37,13 @@ LimitsPage::LimitsPage(const AppServices &appServices,
     , owner(whose)
     , mode(stagedMode)
     , draft(staged)
-    , period(MakeLine("period", "changePeriod", u"Change accounting period"_s))
-    , traffic(MakeLine("trafficLimit", "changeTraffic", u"Change traffic limit"_s))
-    , rate(MakeLine("price", "changeRate", u"Change rate"_s))
-    , global(MakeButton<QCheckBox>(u"Use global settings"_s, "useGlobal"))
+    , period(MakeLine("period", "changePeriod", tr("Change accounting period")))
+    , traffic(MakeLine("trafficLimit", "changeTraffic", tr("Change traffic limit")))
+    , rate(MakeLine("price", "changeRate", tr("Change rate")))
+    , global(MakeButton<QCheckBox>(tr("Use global settings"), "useGlobal"))
 {
     if (owner.IsUser()) {
-        time = MakeLine("timeLimit", "changeTime", u"Change time limit"_s);
+        time = MakeLine("timeLimit", "changeTime", tr("Change time limit"));
         connect(time.change, &QPushButton::clicked, this, &LimitsPage::ChangeTime);
     }
     auto *column = new QVBoxLayout(this);
@@ -59,7 +59,7 @@ LimitsPage::LimitsPage(const AppServices &appServices,
 LimitsPage::Line
 LimitsPage::MakeLine(const char *valueName, const char *buttonName, const QString &says)
 {
-    return {ShownValue(valueName), MakeButton<QPushButton>(u"Change"_s, buttonName, says)};
+    return {ShownValue(valueName), MakeButton<QPushButton>(tr("Change"), buttonName, says)};
 }
 
 void LimitsPage::Line::Enable(bool enabled) const
@@ -72,28 +72,28 @@ void LimitsPage::Line::Enable(bool enabled) const
 
 QGroupBox *LimitsPage::MakeLimits()
 {
-    auto *box = new QGroupBox(u"Fixed limits within accounting period"_s);
+    auto *box = new QGroupBox(tr("Fixed limits within accounting period"));
     auto *grid = new QGridLayout(box);
-    AddRow(*grid, u"Accounting period"_s, period.value, period.change);
-    AddRow(*grid, u"Traffic limit, Mb"_s, traffic.value, traffic.change);
+    AddRow(*grid, tr("Accounting period"), period.value, period.change);
+    AddRow(*grid, tr("Traffic limit, Mb"), traffic.value, traffic.change);
     if (time.value != nullptr) {
-        AddRow(*grid, u"Time limit, Hr"_s, time.value, time.change);
+        AddRow(*grid, tr("Time limit, Hr"), time.value, time.change);
     }
     return box;
 }
 
 QGroupBox *LimitsPage::MakeRates()
 {
-    auto *box = new QGroupBox(u"Rates"_s);
+    auto *box = new QGroupBox(tr("Rates"));
     auto *grid = new QGridLayout(box);
-    AddRow(*grid, u"Traffic,"_s, rate.value, rate.change);
+    AddRow(*grid, tr("Traffic,"), rate.value, rate.change);
     grid->addWidget(global, grid->rowCount(), 1, 1, 2);
     return box;
 }
 
 QString LimitsPage::Title() const
 {
-    return u"Limits"_s;
+    return tr("Limits");
 }
 
 void LimitsPage::Activate()
@@ -115,8 +115,8 @@ void LimitsPage::ReadStored()
         TellUnread(services, tr("The limits could not be read."), now.error());
     } else if (!*now) {
         Complain(services.prompt,
-                 owner.IsUser() ? u"This user has been deleted meanwhile."_s
-                                : u"This group has been deleted meanwhile."_s);
+                 owner.IsUser() ? tr("This user has been deleted meanwhile.")
+                                : tr("This group has been deleted meanwhile."));
     } else {
         draft.TakeStored(**now);
     }
@@ -156,7 +156,8 @@ void LimitsPage::ChangePeriod()
 
 void LimitsPage::ChangeTraffic()
 {
-    LimitDialog dialog(services.prompt, u"Traffic limit, Mb"_s, draft.Staged().traffic.value, this);
+    LimitDialog dialog(
+        services.prompt, tr("Traffic limit, Mb"), draft.Staged().traffic.value, this);
     if (dialog.exec() == QDialog::Accepted) {
         draft.traffic = WholeMegabytes {dialog.Limit()};
         ShowStaged();
@@ -165,7 +166,7 @@ void LimitsPage::ChangeTraffic()
 
 void LimitsPage::ChangeTime()
 {
-    LimitDialog dialog(services.prompt, u"Time limit, Hr"_s, draft.Staged().time.value, this);
+    LimitDialog dialog(services.prompt, tr("Time limit, Hr"), draft.Staged().time.value, this);
     if (dialog.exec() == QDialog::Accepted) {
         draft.time = WholeHours {dialog.Limit()};
         ShowStaged();

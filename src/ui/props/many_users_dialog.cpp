@@ -54,8 +54,8 @@ ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
     for (const NamedUser &user : opened.users) {
         userIds.push_back(user.userId);
     }
-    setWindowTitle(u"Access properties for multiple users"_s);
-    SetNames(*progress, u"progress"_s, u"Users changed"_s);
+    setWindowTitle(tr("Access properties for multiple users"));
+    SetNames(*progress, u"progress"_s, tr("Users changed"));
     progress->setRange(0, static_cast<int>(userIds.size()));
     progress->setValue(0);
     progress->setFormat(u"%v of %m"_s);
@@ -83,7 +83,7 @@ QWidget *ManyUsersDialog::MakeNames(const std::vector<NamedUser> &users)
     auto *box = new QWidget;
     auto *column = new QVBoxLayout(box);
     column->setContentsMargins({});
-    column->addWidget(LabelFor(u"These %1 users will be changed:"_s.arg(users.size()), *list));
+    column->addWidget(LabelFor(tr("These %1 users will be changed:").arg(users.size()), *list));
     column->addWidget(list);
     return box;
 }
@@ -94,19 +94,18 @@ QWidget *ManyUsersDialog::MakeLimits()
     period->addItems({PeriodName(LimitPeriod::Day), PeriodName(LimitPeriod::Month)});
     traffic->setObjectName(u"trafficLimit"_s);
     time->setObjectName(u"timeLimit"_s);
-    auto *box = new QGroupBox(u"Fixed limits within accounting period"_s);
+    auto *box = new QGroupBox(tr("Fixed limits within accounting period"));
     auto *form = new QFormLayout(box);
-    form->addRow(LabelFor(u"Accounting period"_s, *period), period);
-    form->addRow(LabelFor(u"Traffic limit, Mb"_s, *traffic), traffic);
-    form->addRow(LabelFor(u"Time limit, Hr"_s, *time), time);
+    form->addRow(LabelFor(tr("Accounting period"), *period), period);
+    form->addRow(LabelFor(tr("Traffic limit, Mb"), *traffic), traffic);
+    form->addRow(LabelFor(tr("Time limit, Hr"), *time), time);
     return box;
 }
 
 void ManyUsersDialog::ShowAccess(const ModeAndLimits &access)
 {
     type->Show(ChoiceFor(access.mode));
-    period->setCurrentIndex(
-        period->findText(PeriodName(access.period.value_or(LimitPeriod::None))));
+    period->setCurrentIndex(static_cast<int>(access.period.value_or(LimitPeriod::None)) - 1);
     traffic->SetNumber(access.traffic.value_or(WholeMegabytes()).value);
     time->SetNumber(access.time.value_or(WholeHours()).value);
 }
@@ -124,17 +123,17 @@ std::optional<ModeAndLimits> ManyUsersDialog::Entered()
 {
     const auto mode = ModeFor(type->Choice());
     if (!mode) {
-        Complain(services.prompt, u"Please select one of the corporate type access options"_s);
+        Complain(services.prompt, tr("Please select one of the corporate type access options"));
         return {};
     }
     if (period->isEnabled() && period->currentIndex() < 0) {
-        Complain(services.prompt, u"Please choose an accounting period"_s);
+        Complain(services.prompt, tr("Please choose an accounting period"));
         return {};
     }
     for (NumberField *limit : {traffic, time}) {
         if (limit->isEnabled()
             && !HoldsNumber(
-                services.prompt, *limit, u"Please enter the limit as a whole number"_s)) {
+                services.prompt, *limit, tr("Please enter the limit as a whole number"))) {
             return {};
         }
     }
@@ -172,7 +171,7 @@ void ManyUsersDialog::accept()
     }
     if (*changed < userIds.size()) {
         Complain(services.prompt,
-                 u"Some of these users have been deleted meanwhile. %1 of %2 are changed."_s
+                 tr("Some of these users have been deleted meanwhile. %1 of %2 are changed.")
                      .arg(*changed)
                      .arg(userIds.size()));
     }

@@ -16,6 +16,8 @@
 #include "ui/props/time_page.h"
 #include "ui/props/user_general_page.h"
 
+#include <QCoreApplication>
+
 #include <functional>
 #include <optional>
 #include <utility>
@@ -23,6 +25,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(Properties)
+};
 
 // What a staged credit keeps as its rate. Nothing, once that was told, when the settings cannot be
 // read; without a credit nobody needs them.
@@ -68,21 +75,24 @@ std::optional<Record> Opened(const AppServices &services,
 
 std::optional<UserRecord> ReadUser(const AppServices &services, UserId userId, QWidget *parent)
 {
-    return Opened(
-        services,
-        Await(services, parent, u"Reading the user..."_s, [userId] { return LoadUser(userId); }),
-        u"The user could not be read."_s,
-        u"This user has been deleted meanwhile."_s);
+    return Opened(services,
+                  Await(services,
+                        parent,
+                        Words::tr("Reading the user..."),
+                        [userId] { return LoadUser(userId); }),
+                  Words::tr("The user could not be read."),
+                  Words::tr("This user has been deleted meanwhile."));
 }
 
 std::optional<GroupRecord> ReadGroup(const AppServices &services, GroupId groupId, QWidget *parent)
 {
-    return Opened(
-        services,
-        Await(
-            services, parent, u"Reading the group..."_s, [groupId] { return LoadGroup(groupId); }),
-        u"The group could not be read."_s,
-        u"This group has been deleted meanwhile."_s);
+    return Opened(services,
+                  Await(services,
+                        parent,
+                        Words::tr("Reading the group..."),
+                        [groupId] { return LoadGroup(groupId); }),
+                  Words::tr("The group could not be read."),
+                  Words::tr("This group has been deleted meanwhile."));
 }
 
 } // namespace
@@ -95,14 +105,15 @@ bool OpenUserSheet(const AppServices &services, UserId userId, int page, QWidget
     }
     // Kept: this page belongs to the sheet and is not added to it.
     const CAdministratorUserPAcc accountPage(services, userId, record->base.mode, record->account);
-    Sheet sheet(u"User properties"_s, parent);
+    Sheet sheet(Words::tr("User properties"), parent);
     sheet.SetHeading(OwnerHeading(record->Self(), record->base.userName, &sheet));
     sheet.Add(new CAdministratorUserPPage(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPAccess(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPLimits(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPTime(services, *record, &sheet));
     sheet.Add(new CAdministratorUserPProtocol(*record, &sheet));
-    sheet.SetApply(Apply(services, sheet, u"Storing the user..."_s, *record, ApplyUserAction));
+    sheet.SetApply(
+        Apply(services, sheet, Words::tr("Storing the user..."), *record, ApplyUserAction));
     return sheet.Run(page);
 }
 
@@ -117,12 +128,13 @@ bool OpenGroupSheet(const AppServices &services, GroupId groupId, int page, QWid
     const CAdministratorGroupPProtocols protocolPage(*record);
     const CAdministratorGroupPAcc accountPage(
         services, groupId, record->base.mode, record->account);
-    Sheet sheet(u"Group's properties"_s, parent);
+    Sheet sheet(Words::tr("Group's properties"), parent);
     sheet.SetHeading(OwnerHeading(record->Self(), record->base.name, &sheet));
     sheet.Add(new CAdministratorGroupPPage(services, *record, &sheet));
     sheet.Add(new CAdministratorGroupPAccess(*record, &sheet));
     sheet.Add(new CAdministratorGroupPLimits(services, *record, &sheet));
-    sheet.SetApply(Apply(services, sheet, u"Storing the group..."_s, *record, ApplyGroupAction));
+    sheet.SetApply(
+        Apply(services, sheet, Words::tr("Storing the group..."), *record, ApplyGroupAction));
     return sheet.Run(page);
 }
 
@@ -133,9 +145,9 @@ bool OpenAccessForUsers(const AppServices &services,
     const auto opened = Opened(services,
                                Await(services,
                                      parent,
-                                     u"Reading the users..."_s,
+                                     Words::tr("Reading the users..."),
                                      [userIds] { return ReadUsersAndAccess(userIds); }),
-                               u"The users could not be read."_s,
-                               u"These users have been deleted meanwhile."_s);
+                               Words::tr("The users could not be read."),
+                               Words::tr("These users have been deleted meanwhile."));
     return opened && ManyUsersDialog(services, *opened, parent).exec() == QDialog::Accepted;
 }

@@ -26,12 +26,12 @@ QListWidget *MakeList(const char *objectName)
 ProtocolPage::ProtocolPage(ProtocolChoice &staged, QWidget *parent)
     : Page(parent)
     , choice(staged)
-    , allow(MakeButton<QRadioButton>(u"Allow protocols"_s, "allow"))
-    , disallow(MakeButton<QRadioButton>(u"Disallow protocols"_s, "disallow"))
+    , allow(MakeButton<QRadioButton>(tr("Allow protocols"), "allow"))
+    , disallow(MakeButton<QRadioButton>(tr("Disallow protocols"), "disallow"))
     , selectedList(MakeList("selected"))
     , availableList(MakeList("available"))
 {
-    auto *box = new QGroupBox(u"Protocols"_s);
+    auto *box = new QGroupBox(tr("Protocols"));
     auto *inside = new QVBoxLayout(box);
     inside->addWidget(allow);
     inside->addWidget(disallow);
@@ -43,8 +43,8 @@ ProtocolPage::ProtocolPage(ProtocolChoice &staged, QWidget *parent)
 
 QWidget *ProtocolPage::MakeLists()
 {
-    auto *select = MakeButton<QPushButton>(u"<<"_s, "select", u"Select the protocol"_s);
-    auto *release = MakeButton<QPushButton>(u">>"_s, "release", u"Take the protocol back"_s);
+    auto *select = MakeButton<QPushButton>(u"<<"_s, "select", tr("Select the protocol"));
+    auto *release = MakeButton<QPushButton>(u">>"_s, "release", tr("Take the protocol back"));
     select->setToolTip(select->accessibleName());
     release->setToolTip(release->accessibleName());
     auto *between = new QVBoxLayout;
@@ -55,8 +55,8 @@ QWidget *ProtocolPage::MakeLists()
     auto *lists = new QWidget;
     auto *grid = new QGridLayout(lists);
     grid->setContentsMargins({});
-    grid->addWidget(LabelFor(u"Selected"_s, *selectedList), 0, 0);
-    grid->addWidget(LabelFor(u"Available"_s, *availableList), 0, 2);
+    grid->addWidget(LabelFor(tr("Selected"), *selectedList), 0, 0);
+    grid->addWidget(LabelFor(tr("Available"), *availableList), 0, 2);
     grid->addWidget(selectedList, 1, 0);
     grid->addLayout(between, 1, 1);
     grid->addWidget(availableList, 1, 2);
@@ -70,7 +70,7 @@ QWidget *ProtocolPage::MakeLists()
 
 QString ProtocolPage::Title() const
 {
-    return u"Protocols"_s;
+    return tr("Protocols");
 }
 
 void ProtocolPage::Load()

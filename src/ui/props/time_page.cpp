@@ -23,8 +23,9 @@ QTreeWidget *MakeList()
 {
     auto *list = new QTreeWidget;
     list->setObjectName(u"ranges"_s);
-    list->setAccessibleName(u"Time ranges"_s);
-    list->setHeaderLabels({u"Day"_s, u"Since time"_s, u"Until time"_s});
+    list->setAccessibleName(TimePage::tr("Time ranges"));
+    list->setHeaderLabels(
+        {TimePage::tr("Day"), TimePage::tr("Since time"), TimePage::tr("Until time")});
     list->setRootIsDecorated(false);
     list->setAllColumnsShowFocus(true);
     list->setUniformRowHeights(true);
@@ -47,8 +48,8 @@ TimePage::TimePage(const AppServices &appServices,
     , owner(whose)
     , ranges(staged)
     , timeFormat(format)
-    , grant(MakeButton<QRadioButton>(u"Grant access"_s, "grant"))
-    , deny(MakeButton<QRadioButton>(u"Deny access"_s, "deny"))
+    , grant(MakeButton<QRadioButton>(tr("Grant access"), "grant"))
+    , deny(MakeButton<QRadioButton>(tr("Deny access"), "deny"))
     , list(MakeList())
     , unread(UnreadNote())
 {
@@ -61,9 +62,9 @@ TimePage::TimePage(const AppServices &appServices,
 
 QGroupBox *TimePage::MakeRanges()
 {
-    auto *box = new QGroupBox(u"Specify time ranges please"_s);
-    auto *add = MakeButton<QPushButton>(u"Add range"_s, "addRange");
-    auto *remove = MakeButton<QPushButton>(u"Delete range"_s, "deleteRange");
+    auto *box = new QGroupBox(tr("Specify time ranges please"));
+    auto *add = MakeButton<QPushButton>(tr("Add range"), "addRange");
+    auto *remove = MakeButton<QPushButton>(tr("Delete range"), "deleteRange");
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(add);
     buttons->addWidget(remove);
@@ -79,7 +80,7 @@ QGroupBox *TimePage::MakeRanges()
 
 QString TimePage::Title() const
 {
-    return u"Time"_s;
+    return tr("Time");
 }
 
 void TimePage::Load()
@@ -126,7 +127,7 @@ void TimePage::DeleteRange()
 {
     const auto selected = list->selectedItems();
     if (selected.isEmpty()) {
-        Complain(services.prompt, u"Select the item to delete"_s);
+        Complain(services.prompt, tr("Select the item to delete"));
         return;
     }
     const int row = list->indexOfTopLevelItem(selected.first());

@@ -34,18 +34,18 @@ TimeRangeDialog::TimeRangeDialog(Prompt &messages, QWidget *parent)
     , since(TimeField("since", {8, 0}))
     , until(TimeField("until", {17, 0}))
 {
-    setWindowTitle(u"Add time range"_s);
+    setWindowTitle(tr("Add time range"));
     day->setObjectName(u"day"_s);
     for (quint32 number = 1; number <= kDays; ++number) {
         day->addItem(DayName(number));
     }
     day->setCurrentIndex(-1);
     auto *days = new QFormLayout;
-    days->addRow(LabelFor(u"Day"_s, *day), day);
-    auto *box = new QGroupBox(u"Specify time range"_s);
+    days->addRow(LabelFor(tr("Day"), *day), day);
+    auto *box = new QGroupBox(tr("Specify time range"));
     auto *times = new QFormLayout(box);
-    times->addRow(LabelFor(u"Since time"_s, *since), since);
-    times->addRow(LabelFor(u"Until time"_s, *until), until);
+    times->addRow(LabelFor(tr("Since time"), *since), since);
+    times->addRow(LabelFor(tr("Until time"), *until), until);
     auto *column = new QVBoxLayout(this);
     column->addLayout(days);
     column->addWidget(box);
@@ -55,9 +55,9 @@ TimeRangeDialog::TimeRangeDialog(Prompt &messages, QWidget *parent)
 void TimeRangeDialog::accept()
 {
     if (Since() >= Until()) {
-        Complain(prompt, u"Wrong time specification. Please re-enter"_s);
+        Complain(prompt, tr("Wrong time specification. Please re-enter"));
     } else if (Day() == 0) {
-        Complain(prompt, u"Please select day"_s);
+        Complain(prompt, tr("Please select day"));
     } else {
         QDialog::accept();
     }

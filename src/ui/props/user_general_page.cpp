@@ -19,7 +19,8 @@ QLabel *ChangedMark(const char *objectName)
 {
     auto *mark = new QLabel;
     mark->setObjectName(QLatin1String(objectName));
-    mark->setMinimumWidth(mark->fontMetrics().horizontalAdvance(u"(Changed)"_s));
+    mark->setMinimumWidth(
+        mark->fontMetrics().horizontalAdvance(CAdministratorUserPPage::tr("(Changed)")));
     return mark;
 }
 
@@ -56,16 +57,17 @@ CAdministratorUserPPage::CAdministratorUserPPage(const AppServices &appServices,
 {
     fullName->setObjectName(u"fullName"_s);
     description->setObjectName(u"description"_s);
-    auto *changeIp = MakeButton<QPushButton>(u"Change..."_s, "changeIp", u"Change IP address"_s);
-    auto *changeMac = MakeButton<QPushButton>(u"Change..."_s, "changeMac", u"Change MAC address"_s);
-    auto *changeGroup = MakeButton<QPushButton>(u"Change group..."_s, "changeGroup");
+    auto *changeIp = MakeButton<QPushButton>(tr("Change..."), "changeIp", tr("Change IP address"));
+    auto *changeMac =
+        MakeButton<QPushButton>(tr("Change..."), "changeMac", tr("Change MAC address"));
+    auto *changeGroup = MakeButton<QPushButton>(tr("Change group..."), "changeGroup");
     auto *form = new QFormLayout(this);
-    form->addRow(LabelFor(u"Full name:"_s, *fullName), fullName);
-    form->addRow(LabelFor(u"Description:"_s, *description), description);
+    form->addRow(LabelFor(tr("Full name:"), *fullName), fullName);
+    form->addRow(LabelFor(tr("Description:"), *description), description);
     AddFacts(*form);
-    AddAddress(*form, u"IP Address:"_s, ipAddress, ipChanged, changeIp);
-    AddAddress(*form, u"MAC Address:"_s, macAddress, macChanged, changeMac);
-    form->addRow(LabelFor(u"Group:"_s, *group), InOneRow({group, changeGroup}));
+    AddAddress(*form, tr("IP Address:"), ipAddress, ipChanged, changeIp);
+    AddAddress(*form, tr("MAC Address:"), macAddress, macChanged, changeMac);
+    form->addRow(LabelFor(tr("Group:"), *group), InOneRow({group, changeGroup}));
     connect(changeIp, &QPushButton::clicked, this, &CAdministratorUserPPage::ChangeIp);
     connect(changeMac, &QPushButton::clicked, this, &CAdministratorUserPPage::ChangeMac);
     connect(changeGroup, &QPushButton::clicked, this, &CAdministratorUserPPage::ChangeGroup);
@@ -73,10 +75,10 @@ CAdministratorUserPPage::CAdministratorUserPPage(const AppServices &appServices,
 
 void CAdministratorUserPPage::AddFacts(QFormLayout &form)
 {
-    form.addRow(LabelFor(u"Username:"_s, *userName), userName);
-    form.addRow(LabelFor(u"Login:"_s, *login), login);
-    form.addRow(LabelFor(u"Workstation:"_s, *workstation), workstation);
-    form.addRow(LabelFor(u"User kind:"_s, *kind), kind);
+    form.addRow(LabelFor(tr("Username:"), *userName), userName);
+    form.addRow(LabelFor(tr("Login:"), *login), login);
+    form.addRow(LabelFor(tr("Workstation:"), *workstation), workstation);
+    form.addRow(LabelFor(tr("User kind:"), *kind), kind);
 }
 
 void CAdministratorUserPPage::AddAddress(
@@ -87,7 +89,7 @@ void CAdministratorUserPPage::AddAddress(
 
 QString CAdministratorUserPPage::Title() const
 {
-    return u"General"_s;
+    return tr("General");
 }
 
 void CAdministratorUserPPage::Load()
@@ -97,7 +99,7 @@ void CAdministratorUserPPage::Load()
     userName->setText(record.draft.userName);
     login->setText(record.draft.login);
     workstation->setText(record.draft.workstation);
-    kind->setText(record.draft.guest ? u"Guest"_s : u"Standard"_s);
+    kind->setText(record.draft.guest ? tr("Guest") : tr("Standard"));
     ShowDraft();
 }
 
@@ -106,7 +108,7 @@ void CAdministratorUserPPage::ShowDraft()
     ipAddress->setText(record.draft.ipAddress);
     macAddress->setText(record.draft.macAddress);
     group->setText(record.draft.groupName);
-    const auto mark = [](bool changed) { return changed ? u"(Changed)"_s : QString(); };
+    const auto mark = [](bool changed) { return changed ? tr("(Changed)") : QString(); };
     ipChanged->setText(mark(record.draft.ipAddress != record.base.ipAddress));
     macChanged->setText(mark(record.draft.macAddress != record.base.macAddress));
     ipAddress->setAccessibleDescription(ipChanged->text());

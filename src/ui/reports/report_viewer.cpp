@@ -23,7 +23,7 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     , job(this)
 {
     view = new PageView;
-    SetNames(*view, u"pages"_s, u"Pages of the report"_s);
+    SetNames(*view, u"pages"_s, tr("Pages of the report"));
     message = new QLabel;
     message->setObjectName(u"message"_s);
     message->setWordWrap(true);
@@ -56,7 +56,7 @@ void ReportViewer::MakeProgressRow()
 {
     progressRow = new QWidget;
     progress = new QProgressBar;
-    SetNames(*progress, u"progress"_s, u"Progress of the report"_s);
+    SetNames(*progress, u"progress"_s, tr("Progress of the report"));
     auto *stop = new QPushButton(tr("Stop"));
     stop->setObjectName(u"stop"_s);
     stop->setAutoDefault(false);

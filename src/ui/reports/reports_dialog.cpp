@@ -87,7 +87,7 @@ QWidget *ReportsDialog::BuildChoices()
     catalogue = new QListWidget;
     SetNames(*catalogue, u"catalogue"_s, tr("Reports"));
     for (const ReportEntry &entry : ReportCatalogue()) {
-        catalogue->addItem(entry.title.toString());
+        catalogue->addItem(TitleOf(entry));
     }
     description = new QLabel;
     description->setObjectName(u"description"_s);
@@ -179,13 +179,12 @@ QWidget *ReportsDialog::BuildButtons()
     return row;
 }
 
-// Kept: no title begins so, hence no row is selected while the first one's description is shown.
+// Kept: no row is selected while the first one's description is shown.
 void ReportsDialog::SelectFirst()
 {
     const QSignalBlocker quiet(catalogue);
-    const auto found = catalogue->findItems(u"Summary Traffic"_s, Qt::MatchStartsWith);
-    catalogue->setCurrentItem(found.value(0));
-    description->setText(ReportCatalogue().front().description.toString());
+    catalogue->setCurrentItem(nullptr);
+    description->setText(DescriptionOf(ReportCatalogue().front()));
 }
 
 void ReportsDialog::ShowSelected(int row)
@@ -193,7 +192,7 @@ void ReportsDialog::ShowSelected(int row)
     if (row < 0) {
         return;
     }
-    description->setText(ReportCatalogue().at(static_cast<size_t>(row)).description.toString());
+    description->setText(DescriptionOf(ReportCatalogue().at(static_cast<size_t>(row))));
     const FilterUse use = FiltersOf(row);
     users->setEnabled(use.users);
     groups->setEnabled(use.groups);

@@ -89,7 +89,7 @@ void ViewerBar::AddPageButtons()
 {
     using Bar = ViewerBar;
     pageNumber = new QSpinBox;
-    SetNames(*pageNumber, u"pageNumber"_s, u"Page number"_s);
+    SetNames(*pageNumber, u"pageNumber"_s, tr("Page number"));
     pageNumber->setKeyboardTracking(false);
     pageCount = new QLabel;
     pageCount->setObjectName(u"pageCount"_s);
@@ -111,7 +111,7 @@ void ViewerBar::AddPageButtons()
 void ViewerBar::AddZoom()
 {
     zoom = new QComboBox;
-    SetNames(*zoom, u"zoom"_s, u"Zoom"_s);
+    SetNames(*zoom, u"zoom"_s, tr("Zoom"));
     zoom->addItem(tr("Fit width"));
     for (const int percent : {50, 75, 100, 125, 150, 200, 300}) {
         zoom->addItem(u"%1 %"_s.arg(percent), percent);

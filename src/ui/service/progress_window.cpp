@@ -19,10 +19,10 @@ ProgressWindow::ProgressWindow(QWidget *parent)
     , text(new QLabel(this))
     , bar(new QProgressBar(this))
 {
-    SetNames(*this, u"progressWindow"_s, u"Progress"_s);
+    SetNames(*this, u"progressWindow"_s, tr("Progress"));
     setWindowTitle(u" "_s); // without any, the toolkit would put the program's name there
     text->setObjectName(u"progressText"_s);
-    SetNames(*bar, u"progressBar"_s, u"Progress"_s);
+    SetNames(*bar, u"progressBar"_s, tr("Progress"));
     bar->setRange(0, 100);
     bar->setMinimumWidth(fontMetrics().averageCharWidth() * kWidthInCharacters);
 

@@ -30,12 +30,12 @@ QLabel *Paragraph(const QString &text)
 
 CSetupWizardDlg1::CSetupWizardDlg1()
 {
-    setTitle(u"Setup Wizard - Welcome"_s);
+    setTitle(tr("Setup Wizard - Welcome"));
     auto *column = new QVBoxLayout(this);
-    column->addWidget(Paragraph(u"Welcome to Tollbrook setup wizard!"_s));
-    column->addWidget(Paragraph(
-        u"It asks for the local networks, the proxies and gateways in them, the protocols to monitor "
-        "and how users are told apart. Nothing is written before you press Finish."_s));
+    column->addWidget(Paragraph(tr("Welcome to Tollbrook setup wizard!")));
+    column->addWidget(Paragraph(tr(
+        "It asks for the local networks, the proxies and gateways in them, the protocols to monitor "
+        "and how users are told apart. Nothing is written before you press Finish.")));
     column->addStretch();
 }
 
@@ -47,9 +47,9 @@ CSetupWizardDlg2::CSetupWizardDlg2(Prompt &messages,
     , ranges(new RangeEditor(prompt,
                              setup.ranges,
                              RangeEditor::Entry::Fields,
-                             {u"Local ranges"_s, u"Add"_s, u"Delete"_s}))
+                             {tr("Local ranges"), tr("Add"), tr("Delete")}))
 {
-    setTitle(u"Setup Wizard - Local IP Addresses"_s);
+    setTitle(tr("Setup Wizard - Local IP Addresses"));
     auto *column = new QVBoxLayout(this);
     column->addWidget(ranges);
     if (setup.ranges.isEmpty()) {
@@ -59,12 +59,12 @@ CSetupWizardDlg2::CSetupWizardDlg2(Prompt &messages,
 
 QWidget *CSetupWizardDlg2::SuggestionBox(const QList<Adapter> &adapters)
 {
-    auto *box = new QGroupBox(u"Networks of this machine"_s);
+    auto *box = new QGroupBox(tr("Networks of this machine"));
     auto *column = new QVBoxLayout(box);
     const QList<AddressRange> suggested = SuggestedRanges(adapters);
     for (const AddressRange &range : suggested) {
         const QString text =
-            u"Add %1 / %2"_s.arg(DottedText(range.network), DottedText(range.mask));
+            tr("Add %1 / %2").arg(DottedText(range.network), DottedText(range.mask));
         auto *add = MakeButton<QPushButton>(text, "suggestion");
         column->addWidget(add, 0, Qt::AlignLeft);
         connect(add, &QPushButton::clicked, this, [this, add, range] {
@@ -82,13 +82,13 @@ QWidget *CSetupWizardDlg2::SuggestionBox(const QList<Adapter> &adapters)
 
 CSetupWizardDlg3::CSetupWizardDlg3(Prompt &prompt, NetworkSetup &setup)
 {
-    setTitle(u"Setup Wizard - Proxy and gateway"_s);
-    auto *uses = MakeButton<QCheckBox>(u"I use proxy server or gateway"_s, "usesProxy");
+    setTitle(tr("Setup Wizard - Proxy and gateway"));
+    auto *uses = MakeButton<QCheckBox>(tr("I use proxy server or gateway"), "usesProxy");
     auto *proxies = new ExclusionEditor(
         prompt,
         setup.proxies,
         kMaxWizardExclusions,
-        {u"Proxy or gateway addresses"_s, u"Enter IP address"_s, u"Add"_s, u"Delete"_s});
+        {tr("Proxy or gateway addresses"), tr("Enter IP address"), tr("Add"), tr("Delete")});
     uses->setChecked(setup.usesProxy);
     proxies->setEnabled(setup.usesProxy);
     connect(uses, &QCheckBox::toggled, this, [&setup, proxies](bool checked) {
@@ -106,9 +106,9 @@ CSetupWizardDlg4::CSetupWizardDlg4(Prompt &prompt, NetworkSetup &edited, Protoco
           prompt,
           table,
           ProtocolEntry::Field,
-          {u"Protocol titles"_s, u"Enter protocol title, e.g. FTP"_s, u"Add"_s, u"Delete"_s}))
+          {tr("Protocol titles"), tr("Enter protocol title, e.g. FTP"), tr("Add"), tr("Delete")}))
 {
-    setTitle(u"Setup Wizard - Monitored protocols"_s);
+    setTitle(tr("Setup Wizard - Monitored protocols"));
     auto *modes = new MonitorModeBox(setup.monitorMode);
     connect(modes, &MonitorModeBox::Changed, this, &CSetupWizardDlg4::Follow);
     auto *column = new QVBoxLayout(this);
@@ -128,12 +128,12 @@ CSetupWizardDlg5::CSetupWizardDlg5(Prompt &prompt, ProtocolTable &edited)
     , ports(new PortList(prompt,
                          table,
                          ProtocolEntry::Field,
-                         {u"Ports for"_s, u"Enter TCP/IP port"_s, u"Add"_s, u"Delete"_s}))
+                         {tr("Ports for"), tr("Enter TCP/IP port"), tr("Add"), tr("Delete")}))
 {
-    setTitle(u"Setup Wizard - TCP/IP ports"_s);
+    setTitle(tr("Setup Wizard - TCP/IP ports"));
     protocols->setObjectName(u"portProtocols"_s);
     auto *left = new QVBoxLayout;
-    left->addWidget(LabelFor(u"Protocol titles"_s, *protocols));
+    left->addWidget(LabelFor(tr("Protocol titles"), *protocols));
     left->addWidget(protocols);
     auto *row = new QHBoxLayout;
     row->addLayout(left);
@@ -159,11 +159,11 @@ void CSetupWizardDlg5::Follow()
 
 CSetupWizardDlg6::CSetupWizardDlg6(NetworkSetup &setup)
 {
-    setTitle(u"Setup Wizard - User binds"_s);
-    auto *box = new QGroupBox(u"Identify users with:"_s);
+    setTitle(tr("Setup Wizard - User binds"));
+    auto *box = new QGroupBox(tr("Identify users with:"));
     auto *inBox = new QVBoxLayout(box);
     inBox->addWidget(new IdentModeBox(setup.identMode,
-                                      u"NT/2000 username (requires Username Agent installed)"_s));
+                                      tr("NT/2000 username (requires Username Agent installed)")));
     auto *column = new QVBoxLayout(this);
     column->addWidget(box);
     column->addStretch();
@@ -171,10 +171,10 @@ CSetupWizardDlg6::CSetupWizardDlg6(NetworkSetup &setup)
 
 CSetupWizardDlg7::CSetupWizardDlg7()
 {
-    setTitle(u"Setup Wizard - Finish"_s);
+    setTitle(tr("Setup Wizard - Finish"));
     auto *column = new QVBoxLayout(this);
     column->addWidget(Paragraph(
-        u"The setup is complete. Press Finish to save it, then you should restart the service so "
-        "that new parameters are enforced."_s));
+        tr("The setup is complete. Press Finish to save it, then you should restart the service so "
+           "that new parameters are enforced.")));
     column->addStretch();
 }

@@ -89,7 +89,7 @@ TEST_F(Reports, OpensWithoutASelectionButTheFirstDescription)
     EXPECT_EQ(catalogue.count(), kReportCount);
     EXPECT_EQ(catalogue.item(0)->text(), u"Traffic (Summary) "_s);
     EXPECT_TRUE(catalogue.selectedItems().isEmpty()); // kept: the search finds no title
-    EXPECT_EQ(Find<QLabel>(*dialog, "description").text(), ReportCatalogue()[0].description);
+    EXPECT_EQ(Find<QLabel>(*dialog, "description").text(), DescriptionOf(ReportCatalogue()[0]));
     EXPECT_TRUE(Find<QAbstractButton>(*dialog, "allAvailable").isChecked());
     EXPECT_FALSE(Find<QDateEdit>(*dialog, "since").isEnabled());
     EXPECT_FALSE(Find<QDateEdit>(*dialog, "until").isEnabled());
@@ -101,7 +101,7 @@ TEST_F(Reports, ARowShowsItsDescriptionAndEnablesItsFilters)
     for (int row = 0; row < kReportCount; ++row) {
         Select(row);
         EXPECT_EQ(Find<QLabel>(*dialog, "description").text(),
-                  ReportCatalogue()[static_cast<size_t>(row)].description);
+                  DescriptionOf(ReportCatalogue()[static_cast<size_t>(row)]));
         EXPECT_EQ(Find<QWidget>(*dialog, "users").isEnabled(), row != 1 && row != 3);
         EXPECT_EQ(Find<QWidget>(*dialog, "groups").isEnabled(), row != 1 && row != 3);
     }
