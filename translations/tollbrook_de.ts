@@ -2,6 +2,73 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About Tollbrook Administrator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Tollbrook Administrator&lt;/b&gt; %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The administration console of Tollbrook Network: users, groups, limits, credits and blocks of the accounting service.
+
+Licensed under the Apache License, version 2.0.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AccessMode</name>
+    <message>
+        <source>No control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corporate, traffic control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Provider</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corporate, time control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corporate, traffic and time control</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AccessTypeBox</name>
+    <message>
+        <source>Access type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Corporate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Provider</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time control </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>AccessWords</name>
     <message>
         <source>This user is not monitored: nothing is counted, limited or blocked.</source>
@@ -314,6 +381,50 @@
         <source>Changing the account...</source>
         <translation>Das Konto wird geändert …</translation>
     </message>
+    <message>
+        <source>No credits in this period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Open credits only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Period:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Add credit...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;lose credit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select credit to close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot close Expired or New account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select the item to delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot delete Expired or Active account</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>AccountPage</name>
@@ -324,6 +435,69 @@
     <message>
         <source>The credits could not be read.</source>
         <translation>Die Guthaben konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No credits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Balance, Mb:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select the item to delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot delete Expired or Active account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select the item to close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot close Expired or New account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You are about to close this credit. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Accounts</name>
+    <message>
+        <source>Reading the account...</source>
+        <translation type="unfinished">Das Konto wird gelesen …</translation>
+    </message>
+    <message>
+        <source>The account could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the statistics...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The statistics could not be read.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -486,6 +660,206 @@
     </message>
 </context>
 <context>
+    <name>AdapterChooser</name>
+    <message>
+        <source>Select new adapter from the list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Current adapter:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bind to IP address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select new adapter from the list:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You are about to bind Tollbrook service to another network card. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AdapterDialog</name>
+    <message>
+        <source>Select network card Tollbrook will work with</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AdapterPage</name>
+    <message>
+        <source>Error!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Adapter selection</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Adapters</name>
+    <message>
+        <source>Ethernet adapter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wireless adapter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Point-to-point adapter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Virtual adapter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network adapter</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AddMemberDialog</name>
+    <message>
+        <source>Add user to the group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Users of other groups:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AddRangeDialog</name>
+    <message>
+        <source>IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subnet mask</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add IP addresses range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IP address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subnet mask:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AddressHolder</name>
+    <message>
+        <source>This IP address is bind to another user. This user will be removed. Proceed?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This MAC address is bind to another user. This user will be removed. Proceed?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AddressRanges</name>
+    <message>
+        <source>You entered incorrect IP addresses and/or subnet mask</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You have already defined this range of IP addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can not define more than %1 ranges of IP addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AuthenticationPage</name>
+    <message>
+        <source>Require authentication from all new users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Allow authentication for users not logged to domain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Allow authentication from non-host computers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Authentication server port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Authentication</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BillingCreditDialog</name>
+    <message>
+        <source>&amp;No expiry date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Unlimited</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Traffic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Money</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expiry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Expiry date:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BindPage</name>
+    <message>
+        <source>Identify users with:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Windows username (requires Username Agent installed)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bind</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BlockBox</name>
+    <message>
+        <source>Access is denied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access is allowed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>BlockCommands</name>
     <message>
         <source>The administrator has blocked these users already. Nothing was changed.</source>
@@ -497,6 +871,52 @@
     </message>
     <message>
         <source>The block of these users was changed meanwhile. Nothing was undone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BlockStep</name>
+    <message>
+        <source>Access is allowed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access is denied by the administrator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access is denied by the service</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BrowseUserDialog</name>
+    <message>
+        <source>Browse for user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Groups and users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select username, not the groupname</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the user&apos;s logins...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Whether this user has a login could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This user is no longer in the database</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -516,6 +936,121 @@
     </message>
 </context>
 <context>
+    <name>CAdministratorGenOpt1st</name>
+    <message>
+        <source>Traffic rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set new rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Configure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used currency</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CAdministratorGenOptBind</name>
+    <message>
+        <source>Enable IP-MAC addresses correspondence control</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CAdministratorGenOptMisc</name>
+    <message>
+        <source>Require domain logon</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Database update period, sec:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Client deinstall</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deinstall password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Retype password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You entered different passwords. Please re-enter</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CAdministratorGenOptNetwork</name>
+    <message>
+        <source>Local IP addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Excluded IP addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter IP address to exclude:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete address</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CAdministratorGroupPAccess</name>
+    <message>
+        <source>Block group imminently</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CAdministratorGroupPPage</name>
     <message>
         <source>Reading the users of other groups...</source>
@@ -524,6 +1059,148 @@
     <message>
         <source>The users of other groups could not be read.</source>
         <translation>Die Benutzer anderer Gruppen konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Corporate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Provider</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Members</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add user to the group...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A group&apos;s page holds at most %1 users. The others were not added.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move user out of this group?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CAdministratorUserPAccess</name>
+    <message>
+        <source>Block user imminently</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Require authentication</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please choose one or both corporate type options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tollbrook</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CAdministratorUserPPage</name>
+    <message>
+        <source>(Changed)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change MAC address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change group...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IP Address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MAC Address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Username:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Login:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Workstation:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User kind:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Guest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -540,6 +1217,58 @@
         <source>Moving users to the unmonitored list...</source>
         <translation>Benutzer werden in die Liste der nicht überwachten verschoben …</translation>
     </message>
+    <message>
+        <source>Users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refill current user account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This will delete this user and all corresponding information. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This will delete these users and all corresponding information. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This will move this user to the unmonitored list. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This will move these users to the unmonitored list. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change group...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set mode/limits...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Properties...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do not monitor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CAdministratorViewGrp</name>
@@ -550,6 +1279,195 @@
     <message>
         <source>Renaming...</source>
         <translation>Wird umbenannt …</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refill current group account</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This will delete the selected group. Contunue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You cannot delete Everybody group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can not rename Everybody group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter new name for the group:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Properties...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CSetupWizardDlg1</name>
+    <message>
+        <source>Setup Wizard - Welcome</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Welcome to Tollbrook setup wizard!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It asks for the local networks, the proxies and gateways in them, the protocols to monitor and how users are told apart. Nothing is written before you press Finish.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CSetupWizardDlg2</name>
+    <message>
+        <source>Local ranges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setup Wizard - Local IP Addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Networks of this machine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add %1 / %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CSetupWizardDlg3</name>
+    <message>
+        <source>Setup Wizard - Proxy and gateway</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>I use proxy server or gateway</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Proxy or gateway addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CSetupWizardDlg4</name>
+    <message>
+        <source>Protocol titles</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter protocol title, e.g. FTP</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setup Wizard - Monitored protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CSetupWizardDlg5</name>
+    <message>
+        <source>Ports for</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter TCP/IP port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setup Wizard - TCP/IP ports</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Protocol titles</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CSetupWizardDlg6</name>
+    <message>
+        <source>Setup Wizard - User binds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Identify users with:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>NT/2000 username (requires Username Agent installed)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CSetupWizardDlg7</name>
+    <message>
+        <source>Setup Wizard - Finish</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The setup is complete. Press Finish to save it, then you should restart the service so that new parameters are enforced.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -574,6 +1492,10 @@
         <source>groups</source>
         <translation>Gruppen</translation>
     </message>
+    <message>
+        <source>Tollbrook Administrator</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ChangeGroupDialog</name>
@@ -591,6 +1513,542 @@
     </message>
     <message>
         <source>The group&apos;s name could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add group...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select one of the groups:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter the name of the group:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You are going to remove the group. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can not delete &apos;Everybody&apos; group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select group to change, please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The groups could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the groups...</source>
+        <translation type="unfinished">Die Gruppen werden gelesen …</translation>
+    </message>
+</context>
+<context>
+    <name>ChangeIpDialog</name>
+    <message>
+        <source>IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change IP Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IP address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter full IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ChangeMacDialog</name>
+    <message>
+        <source>Change MAC address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MAC address:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MAC address can contain only 12 symbols. Please re-enter the address</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Check</name>
+    <message>
+        <source>The data source &quot;%1&quot; cannot be opened: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SELECT COUNT(*) FROM (%1) wrong</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A check of &quot;%1&quot; failed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ConfigStore</name>
+    <message>
+        <source>cannot be written: it does not take the value &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Controls</name>
+    <message>
+        <source>This could not be read. What is shown may be incomplete or out of date.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CreateLoginDialog</name>
+    <message>
+        <source>Login properties</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Create login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Allow access to personal statistics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This is a guest user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Login name:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Password:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re-type password:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bind this login to existing user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bound user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse for user...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Limit the workstation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No limit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>By IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>By MAC address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MAC address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>12 characters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the users...</source>
+        <translation type="unfinished">Die Benutzer werden gelesen …</translation>
+    </message>
+    <message>
+        <source>The users could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This user already has login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This user already has login. Please select another user</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Credit</name>
+    <message>
+        <source>The access type of this user has been changed to &quot;%1&quot; meanwhile. Nothing was changed. Please open the window again to go on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The access type of this group has been changed to &quot;%1&quot; meanwhile. Nothing was changed. Please open the window again to go on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This user is no longer in the database. Nothing was changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This group is no longer in the database. Nothing was changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CreditColumns</name>
+    <message>
+        <source>N</source>
+        <comment>the number of a row</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date/Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <comment>of the day</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Credit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used cash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exp.date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used, Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expiry date</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CreditDialog</name>
+    <message>
+        <source>Add credit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Credit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Amount:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CreditEntry</name>
+    <message>
+        <source>Please enter an amount above 0 and up to 1000000000</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The currency has no valid rate. Please correct it on the Tariff page of the options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The amount is too small at the currency&apos;s rate. Please enter a larger one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The expiry day has already passed. Please choose another day</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CreditList</name>
+    <message>
+        <source>Unlim</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unlimited</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expired</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CreditTable</name>
+    <message>
+        <source>Credits</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Currency</name>
+    <message>
+        <source>units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mbytes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hr</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CurrencyDialog</name>
+    <message>
+        <source>Add currency</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Symbol (e.g. USD) :</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate (currency/units)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CurrencyEditor</name>
+    <message>
+        <source>Currencies</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter the rate please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>units per Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CurrencySettings</name>
+    <message>
+        <source>Enter the currency symbol please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter the currency rate please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter the currency rate as a number above 0 with at most %1 decimals please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can not delete base currency</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can not edit base currency</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select an item to delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select currency to edit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select currency to set</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DefaultProfilePage</name>
+    <message>
+        <source>Block imminently</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access control type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic limit. Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time limit, hr</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default user profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select one of the corporate type access options</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DirectConnection</name>
+    <message>
+        <source>The database engine &quot;%1&quot; is not supported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EditableList</name>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Engine</name>
+    <message>
+        <source>data source &quot;%1&quot;: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ExclusionEditor</name>
+    <message>
+        <source>IP Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select an item to delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Exclusions</name>
+    <message>
+        <source>IP-Address %1 is already in the active database. You can not exclude IP-addresses that are in the database. Unless you remove this user Tollbrook will not be able to process excluded address. Remove it now?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter IP address please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This IP address has been already excluded</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -627,6 +2085,41 @@
     <message>
         <source>The connection to the database was lost while it was being written.</source>
         <translation>Die Verbindung zur Datenbank ging beim Schreiben verloren.</translation>
+    </message>
+</context>
+<context>
+    <name>FailuresDialog</name>
+    <message>
+        <source>Failed statements</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed statements, newest first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SQLSTATE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy all</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed since the program started: %1. Listed, newest first: %2.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -694,6 +2187,245 @@
         <source>The filters could not be kept.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Find user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Find user:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Find the first user whose first column begins with this text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter search criteria please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No user found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tollbrook Administrator</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FrameMenus</name>
+    <message>
+        <source>&amp;File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Purge database...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove accumulated records</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Export list...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save all users that match as a file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit the program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;User</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Display user or group properties</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Properties...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Properties...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Account...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change &amp;group...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do not &amp;monitor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move to the unmonitored list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete user or the group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;fresh </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read both lists anew</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Columns</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Sort by</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Usernames</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Workstations</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full names</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No auto refresh</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each minute</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each 3 minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each 5 minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each 10 minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Custom period...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Configure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Unmonitored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bring users back under monitoring</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Login manager</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logins for user authentication</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Network adapter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select network card Tollbrook will work with</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Global options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Display global options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose and show a report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reports...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Reports...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Help topics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the user guide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setup &amp;wizard...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Starts the setup wizard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;About Tollbrook Administrator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>FrameStatusBar</name>
@@ -709,11 +2441,130 @@
         <source>Takes it back for the users that it changed (Ctrl+Z)</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Total users: 12</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A double click controls the service</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Without a connection, a double click reconnects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Database statements that failed since the program started</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Active users: %1 </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Active users: ? </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The accounting service runs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The accounting service does not run</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected to the service</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected to the service</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed statements: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>GeneralPage</name>
+    <message>
+        <source>Database update period, sec</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter an integer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>GlobalOptions</name>
+    <message>
+        <source>Options</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>GroupGone</name>
+    <message>
+        <source>The group &quot;Everybody&quot;, into which users would be moved, has been deleted. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The chosen group has been deleted meanwhile. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This group has been deleted meanwhile. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>GroupListModel</name>
+    <message>
+        <source>Group Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>GroupName</name>
     <message>
         <source>Please enter the name of the group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The group with this name already exists!</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>GroupPlan</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group of %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -752,6 +2603,61 @@
     </message>
 </context>
 <context>
+    <name>History</name>
+    <message>
+        <source>Unlimited</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expired</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mbytes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Money</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unlim</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hr</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All records</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation type="unfinished">Heute</translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation type="unfinished">Letzte Woche</translation>
+    </message>
+    <message>
+        <source>Last month</source>
+        <translation type="unfinished">Letzter Monat</translation>
+    </message>
+</context>
+<context>
     <name>IdentModeBox</name>
     <message>
         <source>Each workstation needs an address that stays the same.</source>
@@ -765,11 +2671,23 @@
         <source>Each user needs a login, and each workstation the agent.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>IP-address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MAC-address</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>IpAddressField</name>
     <message>
         <source>Please enter an integer between 0 and 255.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, part %2 of 4</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -805,6 +2723,158 @@
     </message>
 </context>
 <context>
+    <name>Layout</name>
+    <message>
+        <source>&quot;title&quot; is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;top&quot; needs rows = &quot;summed&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there must be 1 to %1 [[column]] tables</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a column&apos;s &quot;name&quot; is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no name, or a second one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>only numbers have a total</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a computed column is an amount or an integer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;words&quot; are two: for 0 and for 1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a column is computed from numbers that are read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;group&quot; needs rows = &quot;each&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rows are not grouped by numbers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no column is left to be printed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rows of each are ordered by columns that are read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;chart&quot; is not a table</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a chart draws one or two values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a chart draws read or counted columns with a total</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;day&quot; is not a column of days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;label&quot; is not a column of texts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no column &quot;%2&quot;; the nearest is &quot;%3&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names a column that is not there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the layout file cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no such layout file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is larger than a layout can be (%1 KiB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LayoutTable</name>
+    <message>
+        <source>unknown key &quot;%1&quot;; the nearest known one is &quot;%2&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither true nor false</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a whole number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number from %2 to %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a list of texts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; holds something that is not a text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be &quot;%2&quot;; the nearest known is &quot;%3&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LimitCreditDialog</name>
+    <message>
+        <source>&amp;Traffic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>T&amp;ime</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LimitDialog</name>
+    <message>
+        <source>Limit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the limit as a whole number</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>LimitsPage</name>
     <message>
         <source>Reading the limits...</source>
@@ -813,6 +2883,73 @@
     <message>
         <source>The limits could not be read.</source>
         <translation>Die Limits konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Change accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change traffic limit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use global settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change time limit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fixed limits within accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic limit, Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time limit, Hr</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic,</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This user has been deleted meanwhile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This group has been deleted meanwhile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ListCommands</name>
+    <message>
+        <source>The new group cannot be found by its name. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -850,6 +2987,70 @@
     <name>LoginManager</name>
     <message>
         <source>The changes of these logins are not saved. Drop them?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Login manager</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logins</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bind to user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bind Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Create...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All groups</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Guest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With no bind</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove this login from the database?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Storing the logins...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the logins...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The logins could not be read.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -910,12 +3111,102 @@
         <source>Nothing was saved.</source>
         <translation>Nichts wurde gespeichert.</translation>
     </message>
+    <message>
+        <source>Error writing information to the database</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LoginTable</name>
+    <message>
+        <source>Passwords are not identical. Please re-enter passwords</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You entered incorrect IP address. Please re-enter address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You have entered incorrect MAC address. Please re-enter the address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please bind the login to existing user with &apos;Browse&apos; button</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The password is too long. It can hold at most 256 characters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter login name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This login name already exists! Please enter another login name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no more space to enter new login record</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ManyUsersDialog</name>
     <message>
         <source>Changing the users...</source>
         <translation>Die Benutzer werden geändert …</translation>
+    </message>
+    <message>
+        <source>Access properties for multiple users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Users changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These %1 users will be changed:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fixed limits within accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic limit, Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time limit, Hr</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select one of the corporate type access options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please choose an accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the limit as a whole number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Some of these users have been deleted meanwhile. %1 of %2 are changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoxPrompt</name>
+    <message>
+        <source>Tollbrook Administrator</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -954,6 +3245,32 @@
     </message>
 </context>
 <context>
+    <name>MonitorModeBox</name>
+    <message>
+        <source>Monitor all protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Monitor basic Internet protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Monitor specified protocols only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Monitor all protocols but specified</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MonitoredDialog</name>
+    <message>
+        <source>Monitored protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>NamesLine</name>
     <message>
         <source>(no name)</source>
@@ -962,6 +3279,20 @@
     <message>
         <source>%1 and %2 more</source>
         <translation type="unfinished">%1 und %2 weitere</translation>
+    </message>
+</context>
+<context>
+    <name>NetworkPage</name>
+    <message>
+        <source>Network</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>NoticeQueue</name>
+    <message>
+        <source>No answer within %1 seconds</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -979,6 +3310,71 @@
     </message>
 </context>
 <context>
+    <name>Options</name>
+    <message>
+        <source>Local IP addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Excluded IP addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter IP address to exclude:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Prevent users from changing IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OwnerNotice</name>
+    <message>
+        <source>User: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group: </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PeriodDialog</name>
+    <message>
+        <source>Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accounting period:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please choose an accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PortDenials</name>
     <message>
         <source>1 denied port of users and groups names %1 and goes with it. Continue?</source>
@@ -990,10 +3386,152 @@
     </message>
 </context>
 <context>
+    <name>PortList</name>
+    <message>
+        <source>Port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port number:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select an item to delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PresentUsers</name>
+    <message>
+        <source>This user has been deleted meanwhile. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These users have been deleted meanwhile. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PrintPages</name>
     <message>
         <source>No printer is installed. The report can be saved as PDF.</source>
         <translation>Es ist kein Drucker eingerichtet. Der Bericht kann als PDF gespeichert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressWindow</name>
+    <message>
+        <source>Progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Properties</name>
+    <message>
+        <source>Reading the user...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The user could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This user has been deleted meanwhile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the group...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The group could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This group has been deleted meanwhile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User properties</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Storing the user...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group&apos;s properties</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Storing the group...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the users...</source>
+        <translation type="unfinished">Die Benutzer werden gelesen …</translation>
+    </message>
+    <message>
+        <source>The users could not be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These users have been deleted meanwhile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ProtocolList</name>
+    <message>
+        <source>Protocol</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add protocol</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Protocol title:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select an item to delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ProtocolPage</name>
+    <message>
+        <source>Allow protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disallow protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select the protocol</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take the protocol back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Available</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1056,6 +3594,203 @@
     </message>
 </context>
 <context>
+    <name>ProtocolTable</name>
+    <message>
+        <source>Enter protocol title please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This protocol is already in the list!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This port is already in list!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter a port number between 1 and %1 please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can not add more than %1 protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can not add more than %1 ports to a protocol</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You have not selected any protocol. Tollbrook will not track any traffic with this setup. Would you like to continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ProtocolsPage</name>
+    <message>
+        <source>Available protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add protocol...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove protocol</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ports for</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add port...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setup monitored protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Protocols</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PurgeDialog</name>
+    <message>
+        <source>Users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic records</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time records</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Limits and credits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sites</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Visits to sites</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Purge database</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You may purge all information in  your   database   or  select particular time  period  on  the right of this window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Purge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation type="unfinished">Hilfe</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Schließen</translation>
+    </message>
+    <message>
+        <source>The records of the days that you keep stay in the database; all older and newer ones are removed for good. Visits to sites are removed only together with all other information.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information to remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Purge all information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete all users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Purge for the selected period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rows by table</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rows to remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rows removed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress of the purge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The rows are counted when you press &quot;Purge&quot;, before anything goes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This will erase the particular information from your database. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Counting the rows to remove...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The rows to remove could not be counted. Nothing was removed so far.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removing from: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not removed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is not known whether this was removed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not tried after you cancelled: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Purge complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The purge is not complete. What is not named here was removed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PurgePeriod</name>
     <message>
         <source>No record is kept, and no user.</source>
@@ -1086,6 +3821,119 @@
     </message>
     <message>
         <source>from %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save data for period of time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation type="unfinished">Heute</translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation type="unfinished">Letzte Woche</translation>
+    </message>
+    <message>
+        <source>Last month</source>
+        <translation type="unfinished">Letzter Monat</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Since:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Until:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You entered incorrect time period. Please re-enter one of the dates</source>
+        <translation type="unfinished">Sie haben einen falschen Zeitraum eingegeben. Bitte geben Sie eines der Daten neu ein</translation>
+    </message>
+</context>
+<context>
+    <name>QueryCheck</name>
+    <message>
+        <source>a quoted text has no end</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a quoted text holds a back-slash</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a report only reads, but its query says &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the function &quot;%1&quot; is not one that a report&apos;s query may use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the sign %1 is not one that a report&apos;s query may use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a query holds no comments; write them outside it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the query is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a report&apos;s query begins with SELECT, not with &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the query holds more than one statement</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a parenthesis is closed that was not opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a parenthesis is not closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RangeEditor</name>
+    <message>
+        <source>Net address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subnet mask</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IP Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select an item to delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RateDialog</name>
+    <message>
+        <source>Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>units per Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the rate as a number from 0 to 1000000000</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1125,6 +3973,148 @@
     </message>
 </context>
 <context>
+    <name>RefreshPeriodDialog</name>
+    <message>
+        <source>Refresh period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter refresh period, min:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReportCatalogue</name>
+    <message>
+        <source>Traffic (Summary) </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report shows volume of data downloaded and uploaded by the users. You can choose the particular user(s) to make report on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top 10 Users (Traffic)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents in graphical form Top 10 users by amount of data downloaded and uploaded. You can choose the particular user(s) to make the report on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic (Detailed) </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents user&apos;s Internet-activity on a daily basis: MBytes downloaded and uploaded. You can set period of time to make report on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic (Chart)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents user&apos;s Internet-activity in chart form (traffic). You can easily see peaks of user activity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Groups Traffic (Summary)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report shows volume of data received and sent by groups of users. You can choose the particular group(s) to make report on </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Account Balance (Traffic)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report shows users&apos; accounts (in traffic): usage and updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time (Summary)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report shows summary by users and the time they spent in the Internet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top 10 Users (Time)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents in graphical form Top 10 users by the time they spent in the Internet. You can choose the particular user(s) to make the report on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time (Detail)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents user&apos;s Internet-activity on a daily basis: time spent in the Internet. You can set period of time to make report on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detail Time Top10</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents user&apos;s Internet-activity in chart form (Internet time). You can easily see peaks of user activity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time (Chart)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report shows users&apos; accounts in Provider mode: usage and updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Provider mode activity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report shows Top 10 users&apos; accounts by usage in Provider mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top 10 Payers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report shows Top 10 users by payment they made for the Internet services</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents list of sites, accessed during software&apos;s work. Hits shows how many times site has been visited</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top 10 Sites</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents top 10 accessed sites</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User Site Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This report presents user site access. You can customize this report by user or time period.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ReportChart</name>
     <message>
         <source>peak %1 on %2</source>
@@ -1133,6 +4123,17 @@
     <message>
         <source>All values are zero</source>
         <translation>Alle Werte sind null</translation>
+    </message>
+</context>
+<context>
+    <name>ReportConnection</name>
+    <message>
+        <source>The database engine &quot;%1&quot; is not supported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the database gave no reason</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1214,6 +4215,289 @@
     </message>
 </context>
 <context>
+    <name>ReportHtml</name>
+    <message>
+        <source>Nothing to report.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The database holds no data for this period and filter.</source>
+        <translation type="unfinished">Für diesen Zeitraum und Filter enthält die Datenbank keine Daten.</translation>
+    </message>
+    <message>
+        <source>all users and groups</source>
+        <translation type="unfinished">alle Benutzer und Gruppen</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <extracomment>The two letters that stand for the language of these texts</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Period: %1</source>
+        <translation type="unfinished">Zeitraum: %1</translation>
+    </message>
+    <message>
+        <source>Filter: %1</source>
+        <translation type="unfinished">Filter: %1</translation>
+    </message>
+    <message>
+        <source>Made %1</source>
+        <translation type="unfinished">Erstellt %1</translation>
+    </message>
+    <message>
+        <source>Sum</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total of all</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReportLayouts</name>
+    <message>
+        <source>Account Balance (Traffic)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Credit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Credits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detail Time Top10</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expires</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Groups Traffic (Summary)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hits of the top 10 sites</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Money used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paid</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Payments of the top 10 payers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Provider mode activity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Received</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The 10 accounts with the largest usage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time (Chart)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time (Detail)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time (Summary)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time on-line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time on-line of the top 10 users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time on-line per day of the top 10 users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time used, by the day of the record</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top 10 Payers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top 10 Sites</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top 10 Users (Time)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top 10 Users (Traffic)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic (Chart)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic (Detailed)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic (Summary)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic of the top 10 users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic per day of the top 10 users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User Site Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>base units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>credits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>groups</source>
+        <translation type="unfinished">Gruppen</translation>
+    </message>
+    <message>
+        <source>hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>records</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>sites</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>users</source>
+        <translation type="unfinished">Benutzern</translation>
+    </message>
+    <message>
+        <source>visits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ReportOutput</name>
     <message>
         <source>%1: the name must end in .pdf, .csv, .html or .xlsx</source>
@@ -1277,6 +4561,25 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 (continued)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReportSheet</name>
+    <message>
+        <source>Total</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a row could not be written</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1351,6 +4654,14 @@
     <message>
         <source>The report was not saved.</source>
         <translation>Der Bericht wurde nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Pages of the report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress of the report</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1445,6 +4756,17 @@
     </message>
 </context>
 <context>
+    <name>RowStore</name>
+    <message>
+        <source>no temporary file in %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the temporary folder %1 cannot be written: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>SaveReport</name>
     <message>
         <source>Not all settings were written.</source>
@@ -1476,6 +4798,32 @@
     <message>
         <source>The protocol %1 and its ports stay as they were.</source>
         <translation>Das Protokoll %1 und seine Ports bleiben, wie sie waren.</translation>
+    </message>
+</context>
+<context>
+    <name>Schema</name>
+    <message>
+        <source>SELECT 1 FROM %1 WHERE 1 = 0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The statement &quot;%1&quot; failed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The data source &quot;%1&quot; cannot be opened: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The database of &quot;%1&quot; already has a table &quot;%2&quot;. Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ServiceConnection</name>
+    <message>
+        <source>Could not create instance</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1522,6 +4870,28 @@
     <message>
         <source>To make any changes in NIC options you have to stop the service before</source>
         <translation>Um die Netzwerkkarte zu ändern, müssen Sie vorher den Dienst anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>SessionConnection</name>
+    <message>
+        <source>The database engine &quot;%1&quot; is not supported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The database server is a read-only standby, or cut off from its cluster.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no data source of this name.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SessionThread</name>
+    <message>
+        <source>A call into the database was given up.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1591,6 +4961,161 @@
     </message>
 </context>
 <context>
+    <name>SettingsWindow</name>
+    <message>
+        <source>Not all settings could be read. Those are shown as if they were missing, and cannot be written before the file is mended.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the protocols...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The protocols could not be read. They are not shown, and stay as they are.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The protocols could not be read from the database. They stay as they are.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Storing the settings...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Settle</name>
+    <message>
+        <source>Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: changed meanwhile to &quot;%2&quot;. Overwrite?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traffic limit, Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time limit, Hr</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Price of traffic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access type</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Statistics</name>
+    <message>
+        <source>%1 Mb of the data received in this accounting period were taken from credits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing of the data received in this accounting period was taken from credits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 hr of the time on-line in this accounting period were taken from credits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing of the time on-line in this accounting period was taken from credits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This user has no limit within an accounting period.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This group has no limit within an accounting period.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsDialog</name>
+    <message>
+        <source>User statistics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group statistics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Accounting period</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Data received, Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Data sent, Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time On-Line, hr</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Overall</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tip</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 30 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TariffPage</name>
+    <message>
+        <source>Current tariff</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Properties...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tariff</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>TimePage</name>
     <message>
         <source>Reading the times...</source>
@@ -1599,6 +5124,174 @@
     <message>
         <source>The time ranges could not be read.</source>
         <translation>Die Zeitbereiche konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Time ranges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Since time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Until time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Grant access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deny access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Specify time ranges please</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select the item to delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TimeRangeDialog</name>
+    <message>
+        <source>Add time range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Specify time range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Since time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Until time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wrong time specification. Please re-enter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select day</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TimeRanges</name>
+    <message>
+        <source>Monday</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tuesday</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wednesday</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Friday</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saturday</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sunday</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TrafficChart</name>
+    <message>
+        <source>Traffic of the last 30 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: received %2 Mb, sent %3 Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No traffic in the last 30 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Received, Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sent, Mb</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Point at a day, or choose one with the arrow keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No traffic in the last 30 days.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Received %1 Mb, sent %2 Mb. Most on one day: received %3 Mb, sent %4 Mb.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UnmonitoredDialog</name>
+    <message>
+        <source>Monitor user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unmonitored users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The activity of these users is not counted. Select those to bring back under monitoring; all their old records are still there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bringing the users back under monitoring...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the unmonitored users...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The unmonitored users could not be read.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1613,6 +5306,37 @@
     </message>
     <message>
         <source>Storing the users...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UserColumns</name>
+    <message>
+        <source>Username</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IP Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Workstation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MAC Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Group</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1640,6 +5364,29 @@
     </message>
     <message>
         <source>At most %1 words can be looked for at once.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UserPlan</name>
+    <message>
+        <source>Group</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IP Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MAC Address</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1688,6 +5435,14 @@
     <message>
         <source> of %1 </source>
         <translation> von %1 </translation>
+    </message>
+    <message>
+        <source>Page number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -65,7 +65,7 @@ QString LoginSaveReport::InWords() const
     }
     lines += notSaved;
     lines << WhatStands(*this);
-    return (QStringList(lines.join(u'\n')) + ReasonsOf(outcome.failures)).join(Words::tr("\n\n"));
+    return (QStringList(lines.join(u'\n')) + ReasonsOf(outcome.failures)).join(u"\n\n"_s);
 }
 
 LoginSaveReport SaveLogins(const LoginChanges &changes, const Answers &answers)

@@ -72,7 +72,7 @@ QString ConfigStore::Folder() const
 
 QString ConfigStore::FileOf(ConfigKeyId key) const
 {
-    return QDir(folder).filePath(RelativePath(key) + Words::tr(".toml"));
+    return QDir(folder).filePath(RelativePath(key) + u".toml"_s);
 }
 
 bool ConfigStore::HasKey(ConfigKeyId key) const
@@ -100,14 +100,14 @@ ConfigStore::LoadedKey ConfigStore::Load(ConfigKeyId key) const
     const auto bytes = key_file::Read(path);
     if (bytes && !*bytes) {
         if (key == ConfigKeyId::Base) {
-            WarnOnce(path + Words::tr(" is missing")); // the other keys may well be
+            WarnOnce(path + u" is missing"_s); // the other keys may well be
         }
         return std::nullopt;
     }
     WarnWhenOpenToEverybody(path);
     LoadedKey loaded = bytes ? Parsed(path, **bytes) : tl::unexpected(bytes.error());
     if (!loaded) {
-        WarnOnce(TextOf(loaded.error()) + Words::tr(" Its values count as missing."));
+        WarnOnce(TextOf(loaded.error()) + u" Its values count as missing."_s);
     }
     return loaded;
 }
@@ -127,7 +127,7 @@ void ConfigStore::WarnWhenOpenToEverybody(const QString &path) const
 {
     for (const QString &each : {folder, path}) {
         if (key_file::IsOpenToEverybody(each)) {
-            WarnOnce(each + Words::tr(" is open to everybody on this machine"));
+            WarnOnce(each + u" is open to everybody on this machine"_s);
         }
     }
 }

@@ -25,7 +25,7 @@ struct Words
 QString Script(const Dialect &dialect)
 {
     LoadResource();
-    QFile file(Words::tr(":/schema/%1.sql").arg(QString::fromLatin1(dialect.engine).toLower()));
+    QFile file(u":/schema/%1.sql"_s.arg(QString::fromLatin1(dialect.engine).toLower()));
     const bool open = file.open(QIODevice::ReadOnly);
     Q_ASSERT(open);
     return open ? QString::fromUtf8(file.readAll()) : QString();
@@ -93,10 +93,10 @@ QStringList SchemaTables()
 
 QStringList SchemaStatements(const Dialect &dialect)
 {
-    static const QRegularExpression comment(Words::tr("^--.*\\n"),
+    static const QRegularExpression comment(u"^--.*\\n"_s,
                                             QRegularExpression::MultilineOption);
     QStringList statements =
-        Script(dialect).remove(comment).split(Words::tr(";\n"), Qt::SkipEmptyParts);
+        Script(dialect).remove(comment).split(u";\n"_s, Qt::SkipEmptyParts);
     for (QString &statement : statements) {
         statement = statement.trimmed();
     }

@@ -61,8 +61,7 @@ QList<QByteArray> LiteralsOf(const QString &source)
 // holds none, but texts for people that may begin alike.
 std::set<QByteArray> WrittenTexts()
 {
-    static const QRegularExpression begin(u"^(SELECT|INSERT|UPDATE|DELETE)\\s"_s,
-                                          QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression begin(u"^(SELECT|INSERT|UPDATE|DELETE)\\s"_s);
     std::set<QByteArray> texts;
     QDirIterator files(QStringLiteral(TB_SOURCE_DIR "/src"),
                        {u"*.cpp"_s, u"*.h"_s},
