@@ -1,8 +1,8 @@
 # The demonstration network in build/demo/: settings, database, message bus, service. Read in by run.
 # shellcheck shell=bash
 
-demo=$PWD/build/demo
-programs=$PWD/build/release/bin
+demo=${demo:-$PWD/build/demo}
+programs=${programs:-$PWD/build/release/bin}
 export ODBCINI=$demo/odbc.ini
 
 # Makes what is not there yet; what is there stays as the administrator left it.

@@ -5,366 +5,368 @@
     <name>AboutDialog</name>
     <message>
         <source>About Tollbrook Administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Über Tollbrook Administrator</translation>
     </message>
     <message>
         <source>&lt;b&gt;Tollbrook Administrator&lt;/b&gt; %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;Tollbrook Administrator&lt;/b&gt; %1</translation>
     </message>
     <message>
         <source>The administration console of Tollbrook Network: users, groups, limits, credits and blocks of the accounting service.
 
 Licensed under the Apache License, version 2.0.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Verwaltungskonsole von Tollbrook Network: Benutzer, Gruppen, Limits, Guthaben und Sperren des Abrechnungsdienstes.
+
+Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
     <name>AccessMode</name>
     <message>
         <source>No control</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Kontrolle</translation>
     </message>
     <message>
         <source>Corporate, traffic control</source>
-        <translation type="unfinished"></translation>
+        <translation>Firma, Kontrolle des Datenverkehrs</translation>
     </message>
     <message>
         <source>Provider</source>
-        <translation type="unfinished"></translation>
+        <translation>Provider</translation>
     </message>
     <message>
         <source>Corporate, time control</source>
-        <translation type="unfinished"></translation>
+        <translation>Firma, Kontrolle der Zeit</translation>
     </message>
     <message>
         <source>Corporate, traffic and time control</source>
-        <translation type="unfinished"></translation>
+        <translation>Firma, Kontrolle von Datenverkehr und Zeit</translation>
     </message>
 </context>
 <context>
     <name>AccessTypeBox</name>
     <message>
         <source>Access type</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugangsart</translation>
     </message>
     <message>
         <source>No control</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Kontrolle</translation>
     </message>
     <message>
         <source>Corporate</source>
-        <translation type="unfinished"></translation>
+        <translation>Firma</translation>
     </message>
     <message>
         <source>Provider</source>
-        <translation type="unfinished"></translation>
+        <translation>Provider</translation>
     </message>
     <message>
         <source>Traffic control</source>
-        <translation type="unfinished"></translation>
+        <translation>Kontrolle des Datenverkehrs</translation>
     </message>
     <message>
         <source>Time control </source>
-        <translation type="unfinished"></translation>
+        <translation>Kontrolle der Zeit </translation>
     </message>
 </context>
 <context>
     <name>AccessWords</name>
     <message>
         <source>This user is not monitored: nothing is counted, limited or blocked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer wird nicht überwacht: nichts wird gezählt, begrenzt oder gesperrt.</translation>
     </message>
     <message>
         <source>Marked as blocked for reason 4, which lets the user through.</source>
-        <translation type="unfinished"></translation>
+        <translation>Als gesperrt aus Grund 4 gekennzeichnet, der den Benutzer durchlässt.</translation>
     </message>
     <message>
         <source>Nothing stands against access.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dem Zugang steht nichts entgegen.</translation>
     </message>
     <message>
         <source>d MMMM</source>
         <comment>a day of this year</comment>
-        <translation type="unfinished"></translation>
+        <translation>d. MMMM</translation>
     </message>
     <message>
         <source>d MMMM yyyy</source>
         <comment>a day of another year</comment>
-        <translation type="unfinished"></translation>
+        <translation>d. MMMM yyyy</translation>
     </message>
     <message>
         <source>midnight</source>
-        <translation type="unfinished"></translation>
+        <translation>Mitternacht</translation>
     </message>
     <message>
         <source>%1 today</source>
-        <translation type="unfinished"></translation>
+        <translation>heute, %1 Uhr</translation>
     </message>
     <message>
         <source>%1 on %2</source>
         <comment>a time and a day</comment>
-        <translation type="unfinished"></translation>
+        <translation>%2, %1 Uhr</translation>
     </message>
     <message>
         <source>Blocked for a reason without a meaning (%1).</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus einem Grund ohne Bedeutung gesperrt (%1).</translation>
     </message>
     <message>
         <source>Blocked by the administrator.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Administrator gesperrt.</translation>
     </message>
     <message>
         <source>Blocked by the administrator since %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Administrator gesperrt seit dem %1.</translation>
     </message>
     <message>
         <source>%1, %2</source>
         <comment>a day and a time</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2 Uhr</translation>
     </message>
     <message>
         <source>The block stays until the service lifts it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sperre bleibt, bis der Dienst sie aufhebt.</translation>
     </message>
     <message>
         <source>Blocked by the accounting service for traffic, though by now nothing that limits it is used up.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Abrechnungsdienst wegen des Datenverkehrs gesperrt, obwohl inzwischen nichts mehr aufgebraucht ist, was ihn begrenzt.</translation>
     </message>
     <message>
         <source>Blocked by the accounting service for time, though by now nothing that limits it is used up.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Abrechnungsdienst wegen der Zeit gesperrt, obwohl inzwischen nichts mehr aufgebraucht ist, was sie begrenzt.</translation>
     </message>
     <message>
         <source>Blocked by the accounting service, which did not say why.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Abrechnungsdienst gesperrt, der keinen Grund genannt hat.</translation>
     </message>
     <message>
         <source>%1 today</source>
         <comment>an amount used</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 heute</translation>
     </message>
     <message>
         <source>%1 since %2</source>
         <comment>an amount used</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 seit dem %2</translation>
     </message>
     <message>
         <source>The period ends today.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Zeitraum endet heute.</translation>
     </message>
     <message>
         <source>The period ends on %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Zeitraum endet am %1.</translation>
     </message>
     <message>
         <source>A credit has expired: its last day was %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Guthaben ist abgelaufen: sein letzter Tag war der %1.</translation>
     </message>
     <message>
         <source>%1 credits have expired: the last one&apos;s last day was %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Guthaben sind abgelaufen: der letzte Tag des letzten war der %2.</translation>
     </message>
     <message>
         <source>Of that, credits give %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Davon stammen %1 aus Guthaben.</translation>
     </message>
     <message>
         <source>The traffic limit of %1 is used up (%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Datenlimit von %1 ist aufgebraucht (%2).</translation>
     </message>
     <message>
         <source>Of the traffic limit of %1, %3 is left (used: %2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Datenlimit von %1 bleiben %3 (verbraucht: %2).</translation>
     </message>
     <message>
         <source>%1 Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB</translation>
     </message>
     <message>
         <source>The traffic limit of %1 that the group shares is used up (%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Datenlimit von %1, das sich die Gruppe teilt, ist aufgebraucht (%2).</translation>
     </message>
     <message>
         <source>Of the traffic limit of %1 that the group shares, %3 is left (used: %2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Datenlimit von %1, das sich die Gruppe teilt, bleiben %3 (verbraucht: %2).</translation>
     </message>
     <message>
         <source>The time limit of %1 is used up (%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Zeitlimit von %1 ist aufgebraucht (%2).</translation>
     </message>
     <message>
         <source>Of the time limit of %1, %3 is left (used: %2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Zeitlimit von %1 bleiben %3 (verbraucht: %2).</translation>
     </message>
     <message>
         <source>%1 h</source>
         <comment>hours</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 Std.</translation>
     </message>
     <message>
         <source> and </source>
         <comment>between two amounts</comment>
-        <translation type="unfinished"></translation>
+        <translation> und </translation>
     </message>
     <message>
         <source>No pre-paid credit of the group is left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe hat kein Prepaid-Guthaben mehr.</translation>
     </message>
     <message>
         <source>No pre-paid credit is left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist kein Prepaid-Guthaben mehr vorhanden.</translation>
     </message>
     <message>
         <source>The group has a pre-paid credit without a bound.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe hat ein unbegrenztes Prepaid-Guthaben.</translation>
     </message>
     <message>
         <source>There is a pre-paid credit without a bound.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt ein unbegrenztes Prepaid-Guthaben.</translation>
     </message>
     <message>
         <source>Of the group&apos;s pre-paid credit, %1 is left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Prepaid-Guthaben der Gruppe bleiben %1.</translation>
     </message>
     <message>
         <source>Of the pre-paid credit, %1 is left.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Prepaid-Guthaben bleiben %1.</translation>
     </message>
     <message>
         <source>Its last day is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sein letzter Tag ist der %1.</translation>
     </message>
     <message>
         <source>The allowed time lasts the whole week.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die erlaubte Zeit umfasst die ganze Woche.</translation>
     </message>
     <message>
         <source>No time of the week is an allowed one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu keiner Zeit der Woche ist der Zugang erlaubt.</translation>
     </message>
     <message>
         <source>Within the allowed time, until %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Innerhalb der erlaubten Zeit, bis %1.</translation>
     </message>
     <message>
         <source>Outside the allowed time until %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Außerhalb der erlaubten Zeit bis %1.</translation>
     </message>
     <message>
         <source>The next allowed time lasts until %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die nächste erlaubte Zeit dauert bis %1.</translation>
     </message>
     <message>
         <source>These are the times of the group.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dies sind die Zeiten der Gruppe.</translation>
     </message>
     <message>
         <source>Time ranges that cannot be read: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitbereiche, die nicht gelesen werden können: %1.</translation>
     </message>
     <message>
         <source>The user is logged in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer ist angemeldet.</translation>
     </message>
     <message>
         <source>The user is not logged in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer ist nicht angemeldet.</translation>
     </message>
     <message>
         <source>The user must log in. Whether that was done, only the service knows.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer muss sich anmelden. Ob er das getan hat, weiß nur der Dienst.</translation>
     </message>
     <message>
         <source>No login belongs to this user.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu diesem Benutzer gehört keine Anmeldung.</translation>
     </message>
     <message>
         <source>The user&apos;s group is blocked by the administrator.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe des Benutzers ist vom Administrator gesperrt.</translation>
     </message>
     <message>
         <source>The user&apos;s group is blocked by the accounting service.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe des Benutzers ist vom Abrechnungsdienst gesperrt.</translation>
     </message>
     <message>
         <source>Only these protocols are allowed to the group: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur diese Protokolle sind der Gruppe erlaubt: %1.</translation>
     </message>
     <message>
         <source>These protocols are denied to the group: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Protokolle sind der Gruppe verboten: %1.</translation>
     </message>
     <message>
         <source>Only these protocols are allowed: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur diese Protokolle sind erlaubt: %1.</translation>
     </message>
     <message>
         <source>These protocols are denied: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Protokolle sind verboten: %1.</translation>
     </message>
     <message>
         <source>Monitor...</source>
-        <translation type="unfinished"></translation>
+        <translation>Überwachen …</translation>
     </message>
     <message>
         <source>Unblock group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe entsperren …</translation>
     </message>
     <message>
         <source>Unblock</source>
-        <translation type="unfinished"></translation>
+        <translation>Entsperren</translation>
     </message>
     <message>
         <source>Access...</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang …</translation>
     </message>
     <message>
         <source>Raise limit...</source>
-        <translation type="unfinished"></translation>
+        <translation>Limit erhöhen …</translation>
     </message>
     <message>
         <source>Add credit...</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben hinzufügen …</translation>
     </message>
     <message>
         <source>Times...</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeiten …</translation>
     </message>
     <message>
         <source>Logins...</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldungen …</translation>
     </message>
     <message>
         <source>Protocols...</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokolle …</translation>
     </message>
     <message>
         <source>Access is allowed</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang erlaubt</translation>
     </message>
     <message>
         <source>Access is allowed after login</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang nach Anmeldung erlaubt</translation>
     </message>
     <message>
         <source>Access is denied</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang verweigert</translation>
     </message>
     <message>
         <source>Access is blocked</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang gesperrt</translation>
     </message>
     <message>
         <source>Outside the allowed time</source>
-        <translation type="unfinished"></translation>
+        <translation>Außerhalb der erlaubten Zeit</translation>
     </message>
     <message>
         <source>The users list shows &quot;%1&quot; instead: it goes by the marks in the user&apos;s row alone.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzerliste zeigt stattdessen „%1“: sie richtet sich allein nach den Kennzeichen in der Zeile des Benutzers.</translation>
     </message>
     <message>
         <source>The words above go by the user&apos;s block alone. With all that counts: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Angabe oben richtet sich allein nach der Sperre des Benutzers. Mit allem, was zählt: %1.</translation>
     </message>
 </context>
 <context>
@@ -383,47 +385,47 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>No credits in this period</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Guthaben in diesem Zeitraum</translation>
     </message>
     <message>
         <source>&amp;Open credits only</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur &amp;offene Guthaben</translation>
     </message>
     <message>
         <source>Account</source>
-        <translation type="unfinished"></translation>
+        <translation>Konto</translation>
     </message>
     <message>
         <source>&amp;Period:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zeitraum:</translation>
     </message>
     <message>
         <source>&amp;Add credit...</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben &amp;hinzufügen …</translation>
     </message>
     <message>
         <source>C&amp;lose credit</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben &amp;schließen</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Löschen</translation>
     </message>
     <message>
         <source>Please select credit to close</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie das Guthaben, das geschlossen werden soll</translation>
     </message>
     <message>
         <source>Cannot close Expired or New account</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein abgelaufenes oder neues Guthaben kann nicht geschlossen werden</translation>
     </message>
     <message>
         <source>Select the item to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der gelöscht werden soll</translation>
     </message>
     <message>
         <source>Cannot delete Expired or Active account</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein abgelaufenes oder aktives Guthaben kann nicht gelöscht werden</translation>
     </message>
 </context>
 <context>
@@ -438,66 +440,66 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Account</source>
-        <translation type="unfinished"></translation>
+        <translation>Konto</translation>
     </message>
     <message>
         <source>No credits</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Guthaben</translation>
     </message>
     <message>
         <source>&amp;Add</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hinzufügen</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Löschen</translation>
     </message>
     <message>
         <source>&amp;Close</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Schließen</translation>
     </message>
     <message>
         <source>&amp;Balance, Mb:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sal&amp;do, MB:</translation>
     </message>
     <message>
         <source>Select the item to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der gelöscht werden soll</translation>
     </message>
     <message>
         <source>Cannot delete Expired or Active account</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein abgelaufenes oder aktives Guthaben kann nicht gelöscht werden</translation>
     </message>
     <message>
         <source>Select the item to close</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der geschlossen werden soll</translation>
     </message>
     <message>
         <source>Cannot close Expired or New account</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein abgelaufenes oder neues Guthaben kann nicht geschlossen werden</translation>
     </message>
     <message>
         <source>You are about to close this credit. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie sind dabei, dieses Guthaben zu schließen. Fortfahren?</translation>
     </message>
 </context>
 <context>
     <name>Accounts</name>
     <message>
         <source>Reading the account...</source>
-        <translation type="unfinished">Das Konto wird gelesen …</translation>
+        <translation>Das Konto wird gelesen …</translation>
     </message>
     <message>
         <source>The account could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Konto konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>Reading the statistics...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Statistik wird gelesen …</translation>
     </message>
     <message>
         <source>The statistics could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Statistik konnte nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
@@ -636,288 +638,288 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>No user was blocked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Benutzer wurde gesperrt.</translation>
     </message>
     <message>
         <source>It is not known whether the users were blocked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Benutzer gesperrt wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>No user was unblocked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Benutzer wurde entsperrt.</translation>
     </message>
     <message>
         <source>It is not known whether the users were unblocked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Benutzer entsperrt wurden, ist nicht bekannt.</translation>
     </message>
     <message>
         <source>Nothing was undone.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts wurde rückgängig gemacht.</translation>
     </message>
     <message>
         <source>It is not known whether the change was undone.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob die Änderung rückgängig gemacht wurde, ist nicht bekannt.</translation>
     </message>
 </context>
 <context>
     <name>AdapterChooser</name>
     <message>
         <source>Select new adapter from the list</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Netzwerkkarte aus der Liste wählen</translation>
     </message>
     <message>
         <source>Current adapter:</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktuelle Netzwerkkarte:</translation>
     </message>
     <message>
         <source>Bind to IP address:</source>
-        <translation type="unfinished"></translation>
+        <translation>Gebunden an IP-Adresse:</translation>
     </message>
     <message>
         <source>Select new adapter from the list:</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Netzwerkkarte aus der Liste wählen:</translation>
     </message>
     <message>
         <source>You are about to bind Tollbrook service to another network card. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie sind dabei, den Tollbrook-Dienst an eine andere Netzwerkkarte zu binden. Fortfahren?</translation>
     </message>
 </context>
 <context>
     <name>AdapterDialog</name>
     <message>
         <source>Select network card Tollbrook will work with</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerkkarte wählen, mit der Tollbrook arbeitet</translation>
     </message>
 </context>
 <context>
     <name>AdapterPage</name>
     <message>
         <source>Error!</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler!</translation>
     </message>
     <message>
         <source>Adapter selection</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerkkarte</translation>
     </message>
 </context>
 <context>
     <name>Adapters</name>
     <message>
         <source>Ethernet adapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Ethernet-Adapter</translation>
     </message>
     <message>
         <source>Wireless adapter</source>
-        <translation type="unfinished"></translation>
+        <translation>WLAN-Adapter</translation>
     </message>
     <message>
         <source>Point-to-point adapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Punkt-zu-Punkt-Adapter</translation>
     </message>
     <message>
         <source>Virtual adapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Virtueller Adapter</translation>
     </message>
     <message>
         <source>Network adapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerkadapter</translation>
     </message>
 </context>
 <context>
     <name>AddMemberDialog</name>
     <message>
         <source>Add user to the group</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer zur Gruppe hinzufügen</translation>
     </message>
     <message>
         <source>Users of other groups:</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer anderer Gruppen:</translation>
     </message>
 </context>
 <context>
     <name>AddRangeDialog</name>
     <message>
         <source>IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>Subnet mask</source>
-        <translation type="unfinished"></translation>
+        <translation>Subnetzmaske</translation>
     </message>
     <message>
         <source>Add IP addresses range</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adressbereich hinzufügen</translation>
     </message>
     <message>
         <source>IP address:</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse:</translation>
     </message>
     <message>
         <source>Subnet mask:</source>
-        <translation type="unfinished"></translation>
+        <translation>Subnetzmaske:</translation>
     </message>
 </context>
 <context>
     <name>AddressHolder</name>
     <message>
         <source>This IP address is bind to another user. This user will be removed. Proceed?</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese IP-Adresse ist einem anderen Benutzer zugeordnet. Dieser Benutzer wird entfernt. Fortfahren?</translation>
     </message>
     <message>
         <source>This MAC address is bind to another user. This user will be removed. Proceed?</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese MAC-Adresse ist einem anderen Benutzer zugeordnet. Dieser Benutzer wird entfernt. Fortfahren?</translation>
     </message>
 </context>
 <context>
     <name>AddressRanges</name>
     <message>
         <source>You entered incorrect IP addresses and/or subnet mask</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben eine falsche IP-Adresse oder Subnetzmaske eingegeben</translation>
     </message>
     <message>
         <source>You have already defined this range of IP addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben diesen Bereich von IP-Adressen bereits festgelegt</translation>
     </message>
     <message>
         <source>You can not define more than %1 ranges of IP addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie können nicht mehr als %1 Bereiche von IP-Adressen festlegen</translation>
     </message>
 </context>
 <context>
     <name>AuthenticationPage</name>
     <message>
         <source>Require authentication from all new users</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung von allen neuen Benutzern verlangen</translation>
     </message>
     <message>
         <source>Allow authentication for users not logged to domain</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung auch Benutzern erlauben, die nicht an der Domäne angemeldet sind</translation>
     </message>
     <message>
         <source>Allow authentication from non-host computers</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung auch von fremden Computern erlauben</translation>
     </message>
     <message>
         <source>Authentication server port</source>
-        <translation type="unfinished"></translation>
+        <translation>Port des Anmeldeservers</translation>
     </message>
     <message>
         <source>Authentication</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung</translation>
     </message>
 </context>
 <context>
     <name>BillingCreditDialog</name>
     <message>
         <source>&amp;No expiry date</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ohne Ablaufdatum</translation>
     </message>
     <message>
         <source>&amp;Unlimited</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Unbegrenzt</translation>
     </message>
     <message>
         <source>&amp;Traffic</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datenverkehr</translation>
     </message>
     <message>
         <source>&amp;Money</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Geld</translation>
     </message>
     <message>
         <source>Expiry</source>
-        <translation type="unfinished"></translation>
+        <translation>Ablauf</translation>
     </message>
     <message>
         <source>&amp;Expiry date:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ablaufdatum:</translation>
     </message>
 </context>
 <context>
     <name>BindPage</name>
     <message>
         <source>Identify users with:</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer erkennen an:</translation>
     </message>
     <message>
         <source>Windows username (requires Username Agent installed)</source>
-        <translation type="unfinished"></translation>
+        <translation>Windows-Benutzername (Username Agent muss installiert sein)</translation>
     </message>
     <message>
         <source>Bind</source>
-        <translation type="unfinished"></translation>
+        <translation>Erkennung</translation>
     </message>
 </context>
 <context>
     <name>BlockBox</name>
     <message>
         <source>Access is denied</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang verweigert</translation>
     </message>
     <message>
         <source>Access is allowed</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang erlaubt</translation>
     </message>
 </context>
 <context>
     <name>BlockCommands</name>
     <message>
         <source>The administrator has blocked these users already. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Administrator hat diese Benutzer bereits gesperrt. Nichts wurde geändert.</translation>
     </message>
     <message>
         <source>The administrator has not blocked any of these users. A block for a limit is lifted by a higher limit or a credit. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Administrator hat keinen dieser Benutzer gesperrt. Eine Sperre wegen eines Limits wird durch ein höheres Limit oder ein Guthaben aufgehoben. Nichts wurde geändert.</translation>
     </message>
     <message>
         <source>The block of these users was changed meanwhile. Nothing was undone.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sperre dieser Benutzer wurde inzwischen geändert. Nichts wurde rückgängig gemacht.</translation>
     </message>
 </context>
 <context>
     <name>BlockStep</name>
     <message>
         <source>Access is allowed</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang erlaubt</translation>
     </message>
     <message>
         <source>Access is denied by the administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang vom Administrator verweigert</translation>
     </message>
     <message>
         <source>Access is denied by the service</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang vom Dienst verweigert</translation>
     </message>
     <message>
         <source>Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang</translation>
     </message>
 </context>
 <context>
     <name>BrowseUserDialog</name>
     <message>
         <source>Browse for user</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer auswählen</translation>
     </message>
     <message>
         <source>Groups and users</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppen und Benutzer</translation>
     </message>
     <message>
         <source>Please select username, not the groupname</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie einen Benutzer, keine Gruppe</translation>
     </message>
     <message>
         <source>Reading the user&apos;s logins...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldungen des Benutzers werden gelesen …</translation>
     </message>
     <message>
         <source>Whether this user has a login could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ob dieser Benutzer eine Anmeldung hat, konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This user is no longer in the database</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer ist nicht mehr in der Datenbank</translation>
     </message>
 </context>
 <context>
@@ -939,115 +941,115 @@ Licensed under the Apache License, version 2.0.</source>
     <name>CAdministratorGenOpt1st</name>
     <message>
         <source>Traffic rate</source>
-        <translation type="unfinished"></translation>
+        <translation>Preis des Datenverkehrs</translation>
     </message>
     <message>
         <source>Set new rate</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuen Preis setzen</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Configure</source>
-        <translation type="unfinished"></translation>
+        <translation>Konfigurieren</translation>
     </message>
     <message>
         <source>Set</source>
-        <translation type="unfinished"></translation>
+        <translation>Setzen</translation>
     </message>
     <message>
         <source>Used currency</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwendete Währung</translation>
     </message>
     <message>
         <source>Rate</source>
-        <translation type="unfinished"></translation>
+        <translation>Preis</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorGenOptBind</name>
     <message>
         <source>Enable IP-MAC addresses correspondence control</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuordnung von IP- und MAC-Adressen kontrollieren</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorGenOptMisc</name>
     <message>
         <source>Require domain logon</source>
-        <translation type="unfinished"></translation>
+        <translation>Domänenanmeldung verlangen</translation>
     </message>
     <message>
         <source>Database update period, sec:</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisierungszeitraum der Datenbank, Sek.:</translation>
     </message>
     <message>
         <source>Client deinstall</source>
-        <translation type="unfinished"></translation>
+        <translation>Deinstallation des Clientprogramms</translation>
     </message>
     <message>
         <source>Deinstall password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort zur Deinstallation</translation>
     </message>
     <message>
         <source>Retype password</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort wiederholen</translation>
     </message>
     <message>
         <source>Miscellaneous</source>
-        <translation type="unfinished"></translation>
+        <translation>Verschiedenes</translation>
     </message>
     <message>
         <source>You entered different passwords. Please re-enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben verschiedene Passwörter eingegeben. Bitte geben Sie sie neu ein</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorGenOptNetwork</name>
     <message>
         <source>Local IP addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale IP-Adressen</translation>
     </message>
     <message>
         <source>Add range</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereich hinzufügen</translation>
     </message>
     <message>
         <source>Delete range</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereich löschen</translation>
     </message>
     <message>
         <source>Excluded IP addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgeschlossene IP-Adressen</translation>
     </message>
     <message>
         <source>Enter IP address to exclude:</source>
-        <translation type="unfinished"></translation>
+        <translation>Auszuschließende IP-Adresse:</translation>
     </message>
     <message>
         <source>Add address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse hinzufügen</translation>
     </message>
     <message>
         <source>Delete address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse löschen</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorGroupPAccess</name>
     <message>
         <source>Block group imminently</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe sofort sperren</translation>
     </message>
     <message>
         <source>Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang</translation>
     </message>
 </context>
 <context>
@@ -1062,145 +1064,145 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Corporate</source>
-        <translation type="unfinished"></translation>
+        <translation>Firma</translation>
     </message>
     <message>
         <source>Provider</source>
-        <translation type="unfinished"></translation>
+        <translation>Provider</translation>
     </message>
     <message>
         <source>No control</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Kontrolle</translation>
     </message>
     <message>
         <source>Remove user</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer entfernen</translation>
     </message>
     <message>
         <source>Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Name:</translation>
     </message>
     <message>
         <source>Description:</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung:</translation>
     </message>
     <message>
         <source>Access type:</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugangsart:</translation>
     </message>
     <message>
         <source>Members</source>
-        <translation type="unfinished"></translation>
+        <translation>Mitglieder</translation>
     </message>
     <message>
         <source>Add user to the group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer zur Gruppe hinzufügen …</translation>
     </message>
     <message>
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>A group&apos;s page holds at most %1 users. The others were not added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Seite einer Gruppe fasst höchstens %1 Benutzer. Die anderen wurden nicht hinzugefügt.</translation>
     </message>
     <message>
         <source>Move user out of this group?</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer aus dieser Gruppe entfernen?</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorUserPAccess</name>
     <message>
         <source>Block user imminently</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer sofort sperren</translation>
     </message>
     <message>
         <source>Require authentication</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung verlangen</translation>
     </message>
     <message>
         <source>Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang</translation>
     </message>
     <message>
         <source>Please choose one or both corporate type options</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie eine der Optionen der Zugangsart „Firma“ oder beide</translation>
     </message>
     <message>
         <source>Tollbrook</source>
-        <translation type="unfinished"></translation>
+        <translation>Tollbrook</translation>
     </message>
 </context>
 <context>
     <name>CAdministratorUserPPage</name>
     <message>
         <source>(Changed)</source>
-        <translation type="unfinished"></translation>
+        <translation>(Geändert)</translation>
     </message>
     <message>
         <source>Change...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ändern …</translation>
     </message>
     <message>
         <source>Change IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse ändern</translation>
     </message>
     <message>
         <source>Change MAC address</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC-Adresse ändern</translation>
     </message>
     <message>
         <source>Change group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe ändern …</translation>
     </message>
     <message>
         <source>Full name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollständiger Name:</translation>
     </message>
     <message>
         <source>Description:</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung:</translation>
     </message>
     <message>
         <source>IP Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse:</translation>
     </message>
     <message>
         <source>MAC Address:</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC-Adresse:</translation>
     </message>
     <message>
         <source>Group:</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe:</translation>
     </message>
     <message>
         <source>Username:</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername:</translation>
     </message>
     <message>
         <source>Login:</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung:</translation>
     </message>
     <message>
         <source>Workstation:</source>
-        <translation type="unfinished"></translation>
+        <translation>Arbeitsplatz:</translation>
     </message>
     <message>
         <source>User kind:</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzerart:</translation>
     </message>
     <message>
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>Guest</source>
-        <translation type="unfinished"></translation>
+        <translation>Gast</translation>
     </message>
     <message>
         <source>Standard</source>
-        <translation type="unfinished"></translation>
+        <translation>Standard</translation>
     </message>
 </context>
 <context>
@@ -1219,55 +1221,55 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Users</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer</translation>
     </message>
     <message>
         <source>Refill current user account</source>
-        <translation type="unfinished"></translation>
+        <translation>Konto des aktuellen Benutzers auffüllen</translation>
     </message>
     <message>
         <source>This will delete this user and all corresponding information. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Damit werden dieser Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
     </message>
     <message>
         <source>This will delete these users and all corresponding information. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Damit werden diese Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
     </message>
     <message>
         <source>This will move this user to the unmonitored list. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Damit wird dieser Benutzer in die Liste der nicht überwachten verschoben. Fortfahren?</translation>
     </message>
     <message>
         <source>This will move these users to the unmonitored list. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Damit werden diese Benutzer in die Liste der nicht überwachten verschoben. Fortfahren?</translation>
     </message>
     <message>
         <source>Change group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe ändern …</translation>
     </message>
     <message>
         <source>Set mode/limits...</source>
-        <translation type="unfinished"></translation>
+        <translation>Modus/Limits setzen …</translation>
     </message>
     <message>
         <source>Properties...</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften …</translation>
     </message>
     <message>
         <source>Statistics</source>
-        <translation type="unfinished"></translation>
+        <translation>Statistik</translation>
     </message>
     <message>
         <source>Do not monitor</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht überwachen</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
 </context>
 <context>
@@ -1282,192 +1284,192 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Groups</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppen</translation>
     </message>
     <message>
         <source>Refill current group account</source>
-        <translation type="unfinished"></translation>
+        <translation>Konto der aktuellen Gruppe auffüllen</translation>
     </message>
     <message>
         <source>This will delete the selected group. Contunue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Damit wird die ausgewählte Gruppe gelöscht. Fortfahren?</translation>
     </message>
     <message>
         <source>You cannot delete Everybody group</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe Everybody kann nicht gelöscht werden</translation>
     </message>
     <message>
         <source>You can not rename Everybody group</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe Everybody kann nicht umbenannt werden</translation>
     </message>
     <message>
         <source>Rename group</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe umbenennen</translation>
     </message>
     <message>
         <source>Enter new name for the group:</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Name der Gruppe:</translation>
     </message>
     <message>
         <source>Properties...</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften …</translation>
     </message>
     <message>
         <source>Statistics</source>
-        <translation type="unfinished"></translation>
+        <translation>Statistik</translation>
     </message>
     <message>
         <source>Rename...</source>
-        <translation type="unfinished"></translation>
+        <translation>Umbenennen …</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
 </context>
 <context>
     <name>CSetupWizardDlg1</name>
     <message>
         <source>Setup Wizard - Welcome</source>
-        <translation type="unfinished"></translation>
+        <translation>Einrichtungsassistent – Willkommen</translation>
     </message>
     <message>
         <source>Welcome to Tollbrook setup wizard!</source>
-        <translation type="unfinished"></translation>
+        <translation>Willkommen beim Einrichtungsassistenten von Tollbrook!</translation>
     </message>
     <message>
         <source>It asks for the local networks, the proxies and gateways in them, the protocols to monitor and how users are told apart. Nothing is written before you press Finish.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er fragt nach den lokalen Netzen, den Proxys und Gateways darin, den zu überwachenden Protokollen und danach, woran Benutzer erkannt werden. Nichts wird geschrieben, bevor Sie auf „Abschließen“ drücken.</translation>
     </message>
 </context>
 <context>
     <name>CSetupWizardDlg2</name>
     <message>
         <source>Local ranges</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale Bereiche</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Setup Wizard - Local IP Addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Einrichtungsassistent – Lokale IP-Adressen</translation>
     </message>
     <message>
         <source>Networks of this machine</source>
-        <translation type="unfinished"></translation>
+        <translation>Netze dieses Rechners</translation>
     </message>
     <message>
         <source>Add %1 / %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 / %2 hinzufügen</translation>
     </message>
 </context>
 <context>
     <name>CSetupWizardDlg3</name>
     <message>
         <source>Setup Wizard - Proxy and gateway</source>
-        <translation type="unfinished"></translation>
+        <translation>Einrichtungsassistent – Proxy und Gateway</translation>
     </message>
     <message>
         <source>I use proxy server or gateway</source>
-        <translation type="unfinished"></translation>
+        <translation>Ich verwende einen Proxyserver oder ein Gateway</translation>
     </message>
     <message>
         <source>Proxy or gateway addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Adressen der Proxys oder Gateways</translation>
     </message>
     <message>
         <source>Enter IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse eingeben</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
 </context>
 <context>
     <name>CSetupWizardDlg4</name>
     <message>
         <source>Protocol titles</source>
-        <translation type="unfinished"></translation>
+        <translation>Bezeichnungen der Protokolle</translation>
     </message>
     <message>
         <source>Enter protocol title, e.g. FTP</source>
-        <translation type="unfinished"></translation>
+        <translation>Bezeichnung des Protokolls, z. B. FTP</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Setup Wizard - Monitored protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Einrichtungsassistent – Überwachte Protokolle</translation>
     </message>
 </context>
 <context>
     <name>CSetupWizardDlg5</name>
     <message>
         <source>Ports for</source>
-        <translation type="unfinished"></translation>
+        <translation>Ports für</translation>
     </message>
     <message>
         <source>Enter TCP/IP port</source>
-        <translation type="unfinished"></translation>
+        <translation>TCP/IP-Port eingeben</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Setup Wizard - TCP/IP ports</source>
-        <translation type="unfinished"></translation>
+        <translation>Einrichtungsassistent – TCP/IP-Ports</translation>
     </message>
     <message>
         <source>Protocol titles</source>
-        <translation type="unfinished"></translation>
+        <translation>Bezeichnungen der Protokolle</translation>
     </message>
 </context>
 <context>
     <name>CSetupWizardDlg6</name>
     <message>
         <source>Setup Wizard - User binds</source>
-        <translation type="unfinished"></translation>
+        <translation>Einrichtungsassistent – Erkennung der Benutzer</translation>
     </message>
     <message>
         <source>Identify users with:</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer erkennen an:</translation>
     </message>
     <message>
         <source>NT/2000 username (requires Username Agent installed)</source>
-        <translation type="unfinished"></translation>
+        <translation>NT/2000-Benutzername (Username Agent muss installiert sein)</translation>
     </message>
 </context>
 <context>
     <name>CSetupWizardDlg7</name>
     <message>
         <source>Setup Wizard - Finish</source>
-        <translation type="unfinished"></translation>
+        <translation>Einrichtungsassistent – Abschluss</translation>
     </message>
     <message>
         <source>The setup is complete. Press Finish to save it, then you should restart the service so that new parameters are enforced.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Einrichtung ist vollständig. Drücken Sie auf „Abschließen“, um sie zu speichern; danach sollten Sie den Dienst neu starten, damit die neuen Einstellungen wirksam werden.</translation>
     </message>
 </context>
 <context>
@@ -1494,7 +1496,7 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Tollbrook Administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Tollbrook Administrator</translation>
     </message>
 </context>
 <context>
@@ -1509,232 +1511,232 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Reading the group&apos;s name...</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name der Gruppe wird gelesen …</translation>
     </message>
     <message>
         <source>The group&apos;s name could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name der Gruppe konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>Add group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe hinzufügen …</translation>
     </message>
     <message>
         <source>Delete group</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe löschen</translation>
     </message>
     <message>
         <source>Change group</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe ändern</translation>
     </message>
     <message>
         <source>Select one of the groups:</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie eine der Gruppen:</translation>
     </message>
     <message>
         <source>Add group</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe hinzufügen</translation>
     </message>
     <message>
         <source>Enter the name of the group:</source>
-        <translation type="unfinished"></translation>
+        <translation>Name der Gruppe:</translation>
     </message>
     <message>
         <source>You are going to remove the group. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie sind dabei, die Gruppe zu entfernen. Fortfahren?</translation>
     </message>
     <message>
         <source>You can not delete &apos;Everybody&apos; group</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe „Everybody“ kann nicht gelöscht werden</translation>
     </message>
     <message>
         <source>Select group to change, please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie die neue Gruppe</translation>
     </message>
     <message>
         <source>The groups could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppen konnten nicht gelesen werden.</translation>
     </message>
     <message>
         <source>Reading the groups...</source>
-        <translation type="unfinished">Die Gruppen werden gelesen …</translation>
+        <translation>Die Gruppen werden gelesen …</translation>
     </message>
 </context>
 <context>
     <name>ChangeIpDialog</name>
     <message>
         <source>IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>Change IP Address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse ändern</translation>
     </message>
     <message>
         <source>IP address:</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse:</translation>
     </message>
     <message>
         <source>Please enter full IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie die vollständige IP-Adresse ein</translation>
     </message>
 </context>
 <context>
     <name>ChangeMacDialog</name>
     <message>
         <source>Change MAC address</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC-Adresse ändern</translation>
     </message>
     <message>
         <source>MAC address:</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC-Adresse:</translation>
     </message>
     <message>
         <source>MAC address can contain only 12 symbols. Please re-enter the address</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine MAC-Adresse enthält nur 12 Zeichen. Bitte geben Sie die Adresse neu ein</translation>
     </message>
 </context>
 <context>
     <name>Check</name>
     <message>
         <source>The data source &quot;%1&quot; cannot be opened: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>SELECT COUNT(*) FROM (%1) wrong</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenquelle „%1“ kann nicht geöffnet werden: %2</translation>
     </message>
     <message>
         <source>A check of &quot;%1&quot; failed: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Prüfung von „%1“ ist fehlgeschlagen: %2</translation>
     </message>
 </context>
 <context>
     <name>ConfigStore</name>
     <message>
         <source>cannot be written: it does not take the value &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>kann nicht geschrieben werden: sie nimmt den Wert „%1“ nicht an</translation>
     </message>
 </context>
 <context>
     <name>Controls</name>
     <message>
         <source>This could not be read. What is shown may be incomplete or out of date.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dies konnte nicht gelesen werden. Was angezeigt wird, kann unvollständig oder veraltet sein.</translation>
     </message>
 </context>
 <context>
     <name>CreateLoginDialog</name>
     <message>
         <source>Login properties</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften der Anmeldung</translation>
     </message>
     <message>
         <source>Create login</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung anlegen</translation>
     </message>
     <message>
         <source>Allow access to personal statistics</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang zur eigenen Statistik erlauben</translation>
     </message>
     <message>
         <source>This is a guest user</source>
-        <translation type="unfinished"></translation>
+        <translation>Dies ist ein Gastbenutzer</translation>
     </message>
     <message>
         <source>Login</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung</translation>
     </message>
     <message>
         <source>Login name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldename:</translation>
     </message>
     <message>
         <source>Password:</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort:</translation>
     </message>
     <message>
         <source>Re-type password:</source>
-        <translation type="unfinished"></translation>
+        <translation>Passwort wiederholen:</translation>
     </message>
     <message>
         <source>User</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer</translation>
     </message>
     <message>
         <source>Bind this login to existing user</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung einem vorhandenen Benutzer zuordnen</translation>
     </message>
     <message>
         <source>Bound user</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugeordneter Benutzer</translation>
     </message>
     <message>
         <source>Browse for user...</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer auswählen …</translation>
     </message>
     <message>
         <source>Limit the workstation</source>
-        <translation type="unfinished"></translation>
+        <translation>Arbeitsplatz einschränken</translation>
     </message>
     <message>
         <source>No limit</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Einschränkung</translation>
     </message>
     <message>
         <source>By IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach IP-Adresse</translation>
     </message>
     <message>
         <source>By MAC address</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach MAC-Adresse</translation>
     </message>
     <message>
         <source>IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>MAC address</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC-Adresse</translation>
     </message>
     <message>
         <source>12 characters</source>
-        <translation type="unfinished"></translation>
+        <translation>12 Zeichen</translation>
     </message>
     <message>
         <source>Reading the users...</source>
-        <translation type="unfinished">Die Benutzer werden gelesen …</translation>
+        <translation>Die Benutzer werden gelesen …</translation>
     </message>
     <message>
         <source>The users could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer konnten nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This user already has login</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer hat bereits eine Anmeldung</translation>
     </message>
     <message>
         <source>This user already has login. Please select another user</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer hat bereits eine Anmeldung. Bitte wählen Sie einen anderen Benutzer</translation>
+    </message>
+    <message>
+        <source>unchanged</source>
+        <translation>unverändert</translation>
     </message>
 </context>
 <context>
     <name>Credit</name>
     <message>
         <source>The access type of this user has been changed to &quot;%1&quot; meanwhile. Nothing was changed. Please open the window again to go on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zugangsart dieses Benutzers wurde inzwischen zu „%1“ geändert. Gespeichert wurde nichts. Bitte öffnen Sie das Fenster erneut, um fortzufahren.</translation>
     </message>
     <message>
         <source>The access type of this group has been changed to &quot;%1&quot; meanwhile. Nothing was changed. Please open the window again to go on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zugangsart dieser Gruppe wurde inzwischen zu „%1“ geändert. Gespeichert wurde nichts. Bitte öffnen Sie das Fenster erneut, um fortzufahren.</translation>
     </message>
     <message>
         <source>This user is no longer in the database. Nothing was changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer ist nicht mehr in der Datenbank. Nichts wurde geändert</translation>
     </message>
     <message>
         <source>This group is no longer in the database. Nothing was changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Gruppe ist nicht mehr in der Datenbank. Nichts wurde geändert</translation>
     </message>
 </context>
 <context>
@@ -1742,314 +1744,312 @@ Licensed under the Apache License, version 2.0.</source>
     <message>
         <source>N</source>
         <comment>the number of a row</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nr.</translation>
     </message>
     <message>
         <source>Date/Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Datum/Zeit</translation>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>Datum</translation>
     </message>
     <message>
         <source>Time</source>
         <comment>of the day</comment>
-        <translation type="unfinished"></translation>
+        <translation>Uhrzeit</translation>
     </message>
     <message>
         <source>Credit</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben</translation>
     </message>
     <message>
         <source>Used</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbraucht</translation>
     </message>
     <message>
         <source>Used Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbr. MB</translation>
     </message>
     <message>
         <source>Used cash</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbr. Geld</translation>
     </message>
     <message>
         <source>Balance</source>
-        <translation type="unfinished"></translation>
+        <translation>Saldo</translation>
     </message>
     <message>
         <source>Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Art</translation>
     </message>
     <message>
         <source>Exp.date</source>
-        <translation type="unfinished"></translation>
+        <translation>Ablauf</translation>
     </message>
     <message>
         <source>Status</source>
-        <translation type="unfinished"></translation>
+        <translation>Status</translation>
     </message>
     <message>
         <source>Used, Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbraucht, MB</translation>
     </message>
     <message>
         <source>Expiry date</source>
-        <translation type="unfinished"></translation>
+        <translation>Ablaufdatum</translation>
     </message>
 </context>
 <context>
     <name>CreditDialog</name>
     <message>
         <source>Add credit</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben hinzufügen</translation>
     </message>
     <message>
         <source>Credit</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben</translation>
     </message>
     <message>
         <source>&amp;Amount:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Menge:</translation>
     </message>
 </context>
 <context>
     <name>CreditEntry</name>
     <message>
         <source>Please enter an amount above 0 and up to 1000000000</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie eine Menge über 0 und bis 1000000000 ein</translation>
     </message>
     <message>
         <source>The currency has no valid rate. Please correct it on the Tariff page of the options</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Währung hat keinen gültigen Kurs. Bitte berichtigen Sie ihn auf der Seite „Tarif“ der Einstellungen</translation>
     </message>
     <message>
         <source>The amount is too small at the currency&apos;s rate. Please enter a larger one</source>
-        <translation type="unfinished"></translation>
+        <translation>Beim Kurs der Währung ist die Menge zu klein. Bitte geben Sie eine größere ein</translation>
     </message>
     <message>
         <source>The expiry day has already passed. Please choose another day</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Tag des Ablaufs ist schon vorbei. Bitte wählen Sie einen anderen Tag</translation>
     </message>
 </context>
 <context>
     <name>CreditList</name>
     <message>
         <source>Unlim</source>
-        <translation type="unfinished"></translation>
+        <translation>unbegr.</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine</translation>
     </message>
     <message>
         <source>Unlimited</source>
-        <translation type="unfinished"></translation>
+        <translation>Unbegrenzt</translation>
     </message>
     <message>
         <source>New</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu</translation>
     </message>
     <message>
         <source>Active</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktiv</translation>
     </message>
     <message>
         <source>Expired</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgelaufen</translation>
     </message>
 </context>
 <context>
     <name>CreditTable</name>
     <message>
         <source>Credits</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben</translation>
     </message>
 </context>
 <context>
     <name>Currency</name>
     <message>
         <source>units</source>
-        <translation type="unfinished"></translation>
+        <translation>Einheiten</translation>
     </message>
     <message>
         <source>Mbytes</source>
-        <translation type="unfinished"></translation>
+        <translation>MB</translation>
     </message>
     <message>
         <source>hr</source>
-        <translation type="unfinished"></translation>
+        <translation>Std.</translation>
     </message>
 </context>
 <context>
     <name>CurrencyDialog</name>
     <message>
         <source>Add currency</source>
-        <translation type="unfinished"></translation>
+        <translation>Währung hinzufügen</translation>
     </message>
     <message>
         <source>Symbol (e.g. USD) :</source>
-        <translation type="unfinished"></translation>
+        <translation>Symbol (z. B. USD):</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Bezeichnung</translation>
     </message>
     <message>
         <source>Rate (currency/units)</source>
-        <translation type="unfinished"></translation>
+        <translation>Kurs (Währung/Einheiten)</translation>
     </message>
 </context>
 <context>
     <name>CurrencyEditor</name>
     <message>
         <source>Currencies</source>
-        <translation type="unfinished"></translation>
+        <translation>Währungen</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Bezeichnung</translation>
     </message>
     <message>
         <source>Symbol</source>
-        <translation type="unfinished"></translation>
+        <translation>Symbol</translation>
     </message>
     <message>
         <source>Rate</source>
-        <translation type="unfinished"></translation>
+        <translation>Kurs</translation>
     </message>
     <message>
         <source>Enter the rate please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie den Preis ein</translation>
     </message>
     <message>
         <source>units per Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Einheiten je MB</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <comment>the price of traffic</comment>
+        <translation>Tarif</translation>
     </message>
 </context>
 <context>
     <name>CurrencySettings</name>
     <message>
         <source>Enter the currency symbol please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie das Symbol der Währung ein</translation>
     </message>
     <message>
         <source>Enter the currency rate please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie den Kurs der Währung ein</translation>
     </message>
     <message>
         <source>Enter the currency rate as a number above 0 with at most %1 decimals please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie den Kurs der Währung als Zahl über 0 mit höchstens %1 Nachkommastellen ein</translation>
     </message>
     <message>
         <source>You can not delete base currency</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Basiswährung kann nicht gelöscht werden</translation>
     </message>
     <message>
         <source>You can not edit base currency</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Basiswährung kann nicht bearbeitet werden</translation>
     </message>
     <message>
         <source>Select an item to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der gelöscht werden soll</translation>
     </message>
     <message>
         <source>Select currency to edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie die Währung, die bearbeitet werden soll</translation>
     </message>
     <message>
         <source>Select currency to set</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie die Währung, die gesetzt werden soll</translation>
+    </message>
+    <message>
+        <source>units</source>
+        <translation>Einheiten</translation>
     </message>
 </context>
 <context>
     <name>DefaultProfilePage</name>
     <message>
         <source>Block imminently</source>
-        <translation type="unfinished"></translation>
+        <translation>Sofort sperren</translation>
     </message>
     <message>
         <source>Access control type</source>
-        <translation type="unfinished"></translation>
+        <translation>Art der Zugangskontrolle</translation>
     </message>
     <message>
         <source>Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tag</translation>
     </message>
     <message>
         <source>Month</source>
-        <translation type="unfinished"></translation>
+        <translation>Monat</translation>
     </message>
     <message>
         <source>Accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Traffic limit. Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenlimit, MB</translation>
     </message>
     <message>
         <source>Time limit, hr</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitlimit, Std.</translation>
     </message>
     <message>
         <source>Default user profile</source>
-        <translation type="unfinished"></translation>
+        <translation>Standard-Benutzerprofil</translation>
     </message>
     <message>
         <source>Please select one of the corporate type access options</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie eine der Optionen der Zugangsart „Firma“</translation>
     </message>
 </context>
 <context>
     <name>DirectConnection</name>
     <message>
         <source>The database engine &quot;%1&quot; is not supported.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>EditableList</name>
-    <message>
-        <source>Add</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Datenbanksystem „%1“ wird nicht unterstützt.</translation>
     </message>
 </context>
 <context>
     <name>Engine</name>
     <message>
         <source>data source &quot;%1&quot;: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenquelle „%1“: %2</translation>
     </message>
 </context>
 <context>
     <name>ExclusionEditor</name>
     <message>
         <source>IP Address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>Select an item to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der gelöscht werden soll</translation>
     </message>
 </context>
 <context>
     <name>Exclusions</name>
     <message>
         <source>IP-Address %1 is already in the active database. You can not exclude IP-addresses that are in the database. Unless you remove this user Tollbrook will not be able to process excluded address. Remove it now?</source>
-        <translation type="unfinished"></translation>
+        <translation>Die IP-Adresse %1 ist bereits in der aktiven Datenbank. IP-Adressen, die in der Datenbank sind, können nicht ausgeschlossen werden. Solange Sie diesen Benutzer nicht entfernen, kann Tollbrook die ausgeschlossene Adresse nicht verarbeiten. Jetzt entfernen?</translation>
     </message>
     <message>
         <source>Enter IP address please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie eine IP-Adresse ein</translation>
     </message>
     <message>
         <source>This IP address has been already excluded</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese IP-Adresse ist bereits ausgeschlossen</translation>
     </message>
 </context>
 <context>
@@ -2091,340 +2091,340 @@ Licensed under the Apache License, version 2.0.</source>
     <name>FailuresDialog</name>
     <message>
         <source>Failed statements</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagene Anweisungen</translation>
     </message>
     <message>
         <source>Failed statements, newest first</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagene Anweisungen, neueste zuerst</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Statement</source>
-        <translation type="unfinished"></translation>
+        <translation>Anweisung</translation>
     </message>
     <message>
         <source>SQLSTATE</source>
-        <translation type="unfinished"></translation>
+        <translation>SQLSTATE</translation>
     </message>
     <message>
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Text</translation>
     </message>
     <message>
         <source>&amp;Copy all</source>
-        <translation type="unfinished"></translation>
+        <translation>Alles &amp;kopieren</translation>
     </message>
     <message>
         <source>Failed since the program started: %1. Listed, newest first: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagen seit dem Programmstart: %1. Aufgeführt, neueste zuerst: %2.</translation>
     </message>
 </context>
 <context>
     <name>FilterCompleter</name>
     <message>
         <source>Words of a filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Wörter eines Filters</translation>
     </message>
 </context>
 <context>
     <name>FindBar</name>
     <message>
         <source>Found users</source>
-        <translation type="unfinished"></translation>
+        <translation>Gefundene Benutzer</translation>
     </message>
     <message>
         <source>Any part of a name, workstation, description, address, group or login; also group:NAME, mode:NAME, blocked, over, 10.1.2.0/24</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein beliebiger Teil von Name, Arbeitsplatz, Beschreibung, Adresse, Gruppe oder Anmeldung; auch group:NAME, mode:NAME, blocked, over, 10.1.2.0/24</translation>
     </message>
     <message>
         <source>Saved filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Gespeicherte Filter</translation>
     </message>
     <message>
         <source>Filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter</translation>
     </message>
     <message>
         <source>Save what is typed under a name, or choose what was saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Eingegebene unter einem Namen speichern oder Gespeichertes wählen</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished">%1 von %2</translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>The users could not be searched.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer konnten nicht durchsucht werden.</translation>
     </message>
     <message>
         <source>Searching...</source>
-        <translation type="unfinished"></translation>
+        <translation>Suche läuft …</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Entfernen</translation>
     </message>
     <message>
         <source>&amp;Save filter...</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter &amp;speichern …</translation>
     </message>
     <message>
         <source>Save filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter speichern</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name:</translation>
     </message>
     <message>
         <source>Enter a name for the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie einen Namen für den Filter ein.</translation>
     </message>
     <message>
         <source>The filters could not be kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Filter konnten nicht gespeichert werden.</translation>
     </message>
     <message>
         <source>Find user</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer suchen</translation>
     </message>
     <message>
         <source>Find user:</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer suchen:</translation>
     </message>
     <message>
         <source>Find</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>Find the first user whose first column begins with this text</source>
-        <translation type="unfinished"></translation>
+        <translation>Sucht den ersten Benutzer, dessen erste Spalte mit diesem Text beginnt</translation>
     </message>
     <message>
         <source>Enter search criteria please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie einen Suchtext ein</translation>
     </message>
     <message>
         <source>No user found</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Benutzer gefunden</translation>
     </message>
     <message>
         <source>Tollbrook Administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Tollbrook Administrator</translation>
     </message>
 </context>
 <context>
     <name>FrameMenus</name>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>&amp;Purge database...</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenbank be&amp;reinigen …</translation>
     </message>
     <message>
         <source>Remove accumulated records</source>
-        <translation type="unfinished"></translation>
+        <translation>Angesammelte Datensätze entfernen</translation>
     </message>
     <message>
         <source>&amp;Export list...</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste &amp;exportieren …</translation>
     </message>
     <message>
         <source>Save all users that match as a file</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle passenden Benutzer als Datei speichern</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>Quit the program</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm beenden</translation>
     </message>
     <message>
         <source>&amp;User</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Benutzer</translation>
     </message>
     <message>
         <source>Display user or group properties</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften des Benutzers oder der Gruppe anzeigen</translation>
     </message>
     <message>
         <source>&amp;Properties...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Eigenschaften …</translation>
     </message>
     <message>
         <source>Properties...</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften …</translation>
     </message>
     <message>
         <source>&amp;Account...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Konto …</translation>
     </message>
     <message>
         <source>Change &amp;group...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gruppe ändern …</translation>
     </message>
     <message>
         <source>Do not &amp;monitor</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nicht überwachen</translation>
     </message>
     <message>
         <source>Move to the unmonitored list</source>
-        <translation type="unfinished"></translation>
+        <translation>In die Liste der nicht überwachten verschieben</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Löschen</translation>
     </message>
     <message>
         <source>Delete user or the group</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer oder Gruppe löschen</translation>
     </message>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
         <source>Re&amp;fresh </source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aktualisieren </translation>
     </message>
     <message>
         <source>Read both lists anew</source>
-        <translation type="unfinished"></translation>
+        <translation>Beide Listen neu lesen</translation>
     </message>
     <message>
         <source>&amp;Columns</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Spalten</translation>
     </message>
     <message>
         <source>&amp;Sort by</source>
-        <translation type="unfinished"></translation>
+        <translation>Sortieren &amp;nach</translation>
     </message>
     <message>
         <source>Usernames</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername</translation>
     </message>
     <message>
         <source>Workstations</source>
-        <translation type="unfinished"></translation>
+        <translation>Arbeitsplatz</translation>
     </message>
     <message>
         <source>Full names</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollständiger Name</translation>
     </message>
     <message>
         <source>No auto refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht automatisch aktualisieren</translation>
     </message>
     <message>
         <source>Each minute</source>
-        <translation type="unfinished"></translation>
+        <translation>Jede Minute</translation>
     </message>
     <message>
         <source>Each 3 minutes</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle 3 Minuten</translation>
     </message>
     <message>
         <source>Each 5 minutes</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle 5 Minuten</translation>
     </message>
     <message>
         <source>Each 10 minutes</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle 10 Minuten</translation>
     </message>
     <message>
         <source>Custom period...</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenes Intervall …</translation>
     </message>
     <message>
         <source>&amp;Configure</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Konfiguration</translation>
     </message>
     <message>
         <source>&amp;Options</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einstellungen</translation>
     </message>
     <message>
         <source>Options</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>&amp;Unmonitored</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nicht überwachte Benutzer</translation>
     </message>
     <message>
         <source>Bring users back under monitoring</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer wieder überwachen</translation>
     </message>
     <message>
         <source>&amp;Login manager</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Anmeldungsverwaltung</translation>
     </message>
     <message>
         <source>Logins for user authentication</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldungen, mit denen sich Benutzer ausweisen</translation>
     </message>
     <message>
         <source>&amp;Network adapter</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerk&amp;karte</translation>
     </message>
     <message>
         <source>Select network card Tollbrook will work with</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerkkarte wählen, mit der Tollbrook arbeitet</translation>
     </message>
     <message>
         <source>Global options</source>
-        <translation type="unfinished"></translation>
+        <translation>Globale Einstellungen</translation>
     </message>
     <message>
         <source>Display global options</source>
-        <translation type="unfinished"></translation>
+        <translation>Globale Einstellungen anzeigen</translation>
     </message>
     <message>
         <source>Choose and show a report</source>
-        <translation type="unfinished"></translation>
+        <translation>Einen Bericht wählen und anzeigen</translation>
     </message>
     <message>
         <source>Reports...</source>
-        <translation type="unfinished"></translation>
+        <translation>Berichte …</translation>
     </message>
     <message>
         <source>&amp;Reports...</source>
-        <translation type="unfinished"></translation>
+        <translation>Be&amp;richte …</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>&amp;Help topics</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfethemen</translation>
     </message>
     <message>
         <source>Open the user guide</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Benutzerhandbuch öffnen</translation>
     </message>
     <message>
         <source>Setup &amp;wizard...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einrichtungsassistent …</translation>
     </message>
     <message>
         <source>Starts the setup wizard</source>
-        <translation type="unfinished"></translation>
+        <translation>Startet den Einrichtungsassistenten</translation>
     </message>
     <message>
         <source>&amp;About Tollbrook Administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Ü&amp;ber Tollbrook Administrator</translation>
     </message>
     <message>
         <source>Commands</source>
-        <translation type="unfinished"></translation>
+        <translation>Befehle</translation>
     </message>
 </context>
 <context>
@@ -2435,137 +2435,137 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Undo &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ rückgängig machen</translation>
     </message>
     <message>
         <source>Takes it back for the users that it changed (Ctrl+Z)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nimmt es bei den Benutzern zurück, die es geändert hat (Strg+Z)</translation>
     </message>
     <message>
         <source>Total users: 12</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer gesamt: 12</translation>
     </message>
     <message>
         <source>A double click controls the service</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Doppelklick steuert den Dienst</translation>
     </message>
     <message>
         <source>Without a connection, a double click reconnects</source>
-        <translation type="unfinished"></translation>
+        <translation>Besteht keine Verbindung, stellt ein Doppelklick sie her</translation>
     </message>
     <message>
         <source>Database statements that failed since the program started</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenbankanweisungen, die seit dem Programmstart fehlgeschlagen sind</translation>
     </message>
     <message>
         <source>Ready</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereit</translation>
     </message>
     <message>
         <source>Active users: %1 </source>
-        <translation type="unfinished"></translation>
+        <translation>Aktive Benutzer: %1 </translation>
     </message>
     <message>
         <source>Active users: ? </source>
-        <translation type="unfinished"></translation>
+        <translation>Aktive Benutzer: ? </translation>
     </message>
     <message>
         <source>The accounting service runs</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Abrechnungsdienst läuft</translation>
     </message>
     <message>
         <source>The accounting service does not run</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Abrechnungsdienst läuft nicht</translation>
     </message>
     <message>
         <source>Connected to the service</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit dem Dienst verbunden</translation>
     </message>
     <message>
         <source>Not connected to the service</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht mit dem Dienst verbunden</translation>
     </message>
     <message>
         <source>Failed statements: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagene Anweisungen: %1</translation>
     </message>
 </context>
 <context>
     <name>GeneralPage</name>
     <message>
         <source>Database update period, sec</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisierungszeitraum der Datenbank, Sek.</translation>
     </message>
     <message>
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>Please enter an integer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie eine ganze Zahl ein.</translation>
     </message>
 </context>
 <context>
     <name>GlobalOptions</name>
     <message>
         <source>Options</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
 </context>
 <context>
     <name>GroupGone</name>
     <message>
         <source>The group &quot;Everybody&quot;, into which users would be moved, has been deleted. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe „Everybody“, in die Benutzer verschoben würden, wurde gelöscht. Nichts wurde geändert.</translation>
     </message>
     <message>
         <source>The chosen group has been deleted meanwhile. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die gewählte Gruppe wurde inzwischen gelöscht. Nichts wurde geändert.</translation>
     </message>
     <message>
         <source>This group has been deleted meanwhile. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Gruppe wurde inzwischen gelöscht. Nichts wurde geändert.</translation>
     </message>
 </context>
 <context>
     <name>GroupListModel</name>
     <message>
         <source>Group Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppenname</translation>
     </message>
     <message>
         <source>Description</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung</translation>
     </message>
     <message>
         <source>Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang</translation>
     </message>
 </context>
 <context>
     <name>GroupName</name>
     <message>
         <source>Please enter the name of the group</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie den Namen der Gruppe ein</translation>
     </message>
     <message>
         <source>The group with this name already exists!</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt bereits eine Gruppe dieses Namens!</translation>
     </message>
 </context>
 <context>
     <name>GroupPlan</name>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>Description</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung</translation>
     </message>
     <message>
         <source>Group of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe von %1</translation>
     </message>
 </context>
 <context>
@@ -2606,89 +2606,89 @@ Licensed under the Apache License, version 2.0.</source>
     <name>History</name>
     <message>
         <source>Unlimited</source>
-        <translation type="unfinished"></translation>
+        <translation>Unbegrenzt</translation>
     </message>
     <message>
         <source>New</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu</translation>
     </message>
     <message>
         <source>Active</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktiv</translation>
     </message>
     <message>
         <source>Expired</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgelaufen</translation>
     </message>
     <message>
         <source>Closed</source>
-        <translation type="unfinished"></translation>
+        <translation>Geschlossen</translation>
     </message>
     <message>
         <source>Mbytes</source>
-        <translation type="unfinished"></translation>
+        <translation>MB</translation>
     </message>
     <message>
         <source>Money</source>
-        <translation type="unfinished"></translation>
+        <translation>Geld</translation>
     </message>
     <message>
         <source>Unlim</source>
-        <translation type="unfinished"></translation>
+        <translation>unbegr.</translation>
     </message>
     <message>
         <source>hr</source>
-        <translation type="unfinished"></translation>
+        <translation>Std.</translation>
     </message>
     <message>
         <source>All records</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Datensätze</translation>
     </message>
     <message>
         <source>Today</source>
-        <translation type="unfinished">Heute</translation>
+        <translation>Heute</translation>
     </message>
     <message>
         <source>Last week</source>
-        <translation type="unfinished">Letzte Woche</translation>
+        <translation>Letzte Woche</translation>
     </message>
     <message>
         <source>Last month</source>
-        <translation type="unfinished">Letzter Monat</translation>
+        <translation>Letzter Monat</translation>
     </message>
 </context>
 <context>
     <name>IdentModeBox</name>
     <message>
         <source>Each workstation needs an address that stays the same.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jeder Arbeitsplatz braucht eine Adresse, die gleich bleibt.</translation>
     </message>
     <message>
         <source>The workstations must not be behind a further router.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Arbeitsplätze dürfen nicht hinter einem weiteren Router liegen.</translation>
     </message>
     <message>
         <source>Each user needs a login, and each workstation the agent.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jeder Benutzer braucht eine Anmeldung und jeder Arbeitsplatz den Agenten.</translation>
     </message>
     <message>
         <source>IP-address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>MAC-address</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC-Adresse</translation>
     </message>
 </context>
 <context>
     <name>IpAddressField</name>
     <message>
         <source>Please enter an integer between 0 and 255.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie eine ganze Zahl zwischen 0 und 255 ein.</translation>
     </message>
     <message>
         <source>%1, part %2 of 4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Teil %2 von 4</translation>
     </message>
 </context>
 <context>
@@ -2726,152 +2726,152 @@ Licensed under the Apache License, version 2.0.</source>
     <name>Layout</name>
     <message>
         <source>&quot;title&quot; is missing</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;title&quot; fehlt</translation>
     </message>
     <message>
         <source>&quot;top&quot; needs rows = &quot;summed&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;top&quot; braucht rows = &quot;summed&quot;</translation>
     </message>
     <message>
         <source>there must be 1 to %1 [[column]] tables</source>
-        <translation type="unfinished"></translation>
+        <translation>nötig sind 1 bis %1 Tabellen [[column]]</translation>
     </message>
     <message>
         <source>a column&apos;s &quot;name&quot; is missing</source>
-        <translation type="unfinished"></translation>
+        <translation>bei einer Spalte fehlt &quot;name&quot;</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no name, or a second one</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist kein Name oder ist doppelt</translation>
     </message>
     <message>
         <source>only numbers have a total</source>
-        <translation type="unfinished"></translation>
+        <translation>nur Zahlen haben eine Summe</translation>
     </message>
     <message>
         <source>a computed column is an amount or an integer</source>
-        <translation type="unfinished"></translation>
+        <translation>eine berechnete Spalte ist eine Menge oder eine ganze Zahl</translation>
     </message>
     <message>
         <source>&quot;words&quot; are two: for 0 and for 1</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;words&quot; sind zwei: für 0 und für 1</translation>
     </message>
     <message>
         <source>a column is computed from numbers that are read</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Spalte wird aus Zahlen berechnet, die gelesen werden</translation>
     </message>
     <message>
         <source>&quot;group&quot; needs rows = &quot;each&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;group&quot; braucht rows = &quot;each&quot;</translation>
     </message>
     <message>
         <source>rows are not grouped by numbers</source>
-        <translation type="unfinished"></translation>
+        <translation>nach Zahlen werden Zeilen nicht gruppiert</translation>
     </message>
     <message>
         <source>no column is left to be printed</source>
-        <translation type="unfinished"></translation>
+        <translation>es bleibt keine Spalte zum Drucken</translation>
     </message>
     <message>
         <source>rows of each are ordered by columns that are read</source>
-        <translation type="unfinished"></translation>
+        <translation>bei rows = &quot;each&quot; wird nach Spalten geordnet, die gelesen werden</translation>
     </message>
     <message>
         <source>&quot;chart&quot; is not a table</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;chart&quot; ist keine Tabelle</translation>
     </message>
     <message>
         <source>a chart draws one or two values</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Diagramm zeichnet einen oder zwei Werte</translation>
     </message>
     <message>
         <source>a chart draws read or counted columns with a total</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Diagramm zeichnet gelesene oder gezählte Spalten mit einer Summe</translation>
     </message>
     <message>
         <source>&quot;day&quot; is not a column of days</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;day&quot; ist keine Spalte mit Tagen</translation>
     </message>
     <message>
         <source>&quot;label&quot; is not a column of texts</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;label&quot; ist keine Spalte mit Texten</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names no column &quot;%2&quot;; the nearest is &quot;%3&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; nennt keine Spalte &quot;%2&quot;; die ähnlichste ist &quot;%3&quot;</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names a column that is not there</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; nennt eine Spalte, die es nicht gibt</translation>
     </message>
     <message>
         <source>the layout file cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>die Layoutdatei kann nicht gelesen werden</translation>
     </message>
     <message>
         <source>there is no such layout file</source>
-        <translation type="unfinished"></translation>
+        <translation>diese Layoutdatei gibt es nicht</translation>
     </message>
     <message>
         <source>the file is larger than a layout can be (%1 KiB)</source>
-        <translation type="unfinished"></translation>
+        <translation>die Datei ist größer, als ein Layout sein kann (%1 KiB)</translation>
     </message>
 </context>
 <context>
     <name>LayoutTable</name>
     <message>
         <source>unknown key &quot;%1&quot;; the nearest known one is &quot;%2&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>unbekannter Schlüssel &quot;%1&quot;; der ähnlichste bekannte ist &quot;%2&quot;</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a text</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist kein Text</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is neither true nor false</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist weder true noch false</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a whole number</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist keine ganze Zahl</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a number from %2 to %3</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist keine Zahl von %2 bis %3</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a list of texts</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; ist keine Liste von Texten</translation>
     </message>
     <message>
         <source>&quot;%1&quot; holds something that is not a text</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; enthält etwas, das kein Text ist</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be &quot;%2&quot;; the nearest known is &quot;%3&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;%1&quot; kann nicht &quot;%2&quot; sein; das ähnlichste bekannte Wort ist &quot;%3&quot;</translation>
     </message>
 </context>
 <context>
     <name>LimitCreditDialog</name>
     <message>
         <source>&amp;Traffic</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datenverkehr</translation>
     </message>
     <message>
         <source>T&amp;ime</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zeit</translation>
     </message>
 </context>
 <context>
     <name>LimitDialog</name>
     <message>
         <source>Limit</source>
-        <translation type="unfinished"></translation>
+        <translation>Limit</translation>
     </message>
     <message>
         <source>Please enter the limit as a whole number</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie das Limit als ganze Zahl ein</translation>
     </message>
 </context>
 <context>
@@ -2886,172 +2886,179 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Change accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrechnungszeitraum ändern</translation>
     </message>
     <message>
         <source>Change traffic limit</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenlimit ändern</translation>
     </message>
     <message>
         <source>Change rate</source>
-        <translation type="unfinished"></translation>
+        <translation>Preis ändern</translation>
     </message>
     <message>
         <source>Use global settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Globale Einstellungen verwenden</translation>
     </message>
     <message>
         <source>Change time limit</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitlimit ändern</translation>
     </message>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>Ändern</translation>
     </message>
     <message>
         <source>Fixed limits within accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Feste Limits im Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Traffic limit, Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenlimit, MB</translation>
     </message>
     <message>
         <source>Time limit, Hr</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitlimit, Std.</translation>
     </message>
     <message>
         <source>Rates</source>
-        <translation type="unfinished"></translation>
+        <translation>Preise</translation>
     </message>
     <message>
         <source>Traffic,</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr</translation>
     </message>
     <message>
         <source>Limits</source>
-        <translation type="unfinished"></translation>
+        <translation>Limits</translation>
     </message>
     <message>
         <source>This user has been deleted meanwhile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer wurde inzwischen gelöscht.</translation>
     </message>
     <message>
         <source>This group has been deleted meanwhile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Gruppe wurde inzwischen gelöscht.</translation>
     </message>
 </context>
 <context>
     <name>ListCommands</name>
     <message>
         <source>The new group cannot be found by its name. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die neue Gruppe ist unter ihrem Namen nicht zu finden. Nichts wurde geändert.</translation>
     </message>
 </context>
 <context>
     <name>ListExport</name>
     <message>
         <source>Spreadsheet (*.xlsx)</source>
-        <translation type="unfinished">Tabelle (*.xlsx)</translation>
+        <translation>Tabelle (*.xlsx)</translation>
     </message>
     <message>
         <source>Text with commas (*.csv)</source>
-        <translation type="unfinished">Text mit Kommas (*.csv)</translation>
+        <translation>Text mit Kommas (*.csv)</translation>
     </message>
     <message>
         <source>Export list</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste exportieren</translation>
     </message>
     <message>
         <source>Users</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer</translation>
     </message>
     <message>
         <source>Exporting the list...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste wird exportiert …</translation>
     </message>
     <message>
         <source>%1 users were saved as %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Benutzer wurden als %2 gespeichert.</translation>
     </message>
     <message>
         <source>The list was not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste wurde nicht exportiert.</translation>
+    </message>
+</context>
+<context>
+    <name>ListPane</name>
+    <message>
+        <source>Account...</source>
+        <translation>Konto …</translation>
     </message>
 </context>
 <context>
     <name>LoginManager</name>
     <message>
         <source>The changes of these logins are not saved. Drop them?</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Änderungen dieser Anmeldungen sind nicht gespeichert. Verwerfen?</translation>
     </message>
     <message>
         <source>Login manager</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldungsverwaltung</translation>
     </message>
     <message>
         <source>Groups</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppen</translation>
     </message>
     <message>
         <source>Logins</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldungen</translation>
     </message>
     <message>
         <source>Login</source>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung</translation>
     </message>
     <message>
         <source>Bind to user</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer</translation>
     </message>
     <message>
         <source>Bind Address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>Create...</source>
-        <translation type="unfinished"></translation>
+        <translation>Anlegen …</translation>
     </message>
     <message>
         <source>Properties</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>All groups</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Gruppen</translation>
     </message>
     <message>
         <source>Guest</source>
-        <translation type="unfinished"></translation>
+        <translation>Gast</translation>
     </message>
     <message>
         <source>With no bind</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Zuordnung</translation>
     </message>
     <message>
         <source>Remove this login from the database?</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Anmeldung aus der Datenbank entfernen?</translation>
     </message>
     <message>
         <source>Storing the logins...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldungen werden gespeichert …</translation>
     </message>
     <message>
         <source>Reading the logins...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldungen werden gelesen …</translation>
     </message>
     <message>
         <source>The logins could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldungen konnten nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
@@ -3113,42 +3120,42 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Error writing information to the database</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler beim Schreiben in die Datenbank</translation>
     </message>
 </context>
 <context>
     <name>LoginTable</name>
     <message>
         <source>Passwords are not identical. Please re-enter passwords</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Passwörter stimmen nicht überein. Bitte geben Sie die Passwörter neu ein</translation>
     </message>
     <message>
         <source>You entered incorrect IP address. Please re-enter address</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben eine falsche IP-Adresse eingegeben. Bitte geben Sie die Adresse neu ein</translation>
     </message>
     <message>
         <source>You have entered incorrect MAC address. Please re-enter the address</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben eine falsche MAC-Adresse eingegeben. Bitte geben Sie die Adresse neu ein</translation>
     </message>
     <message>
         <source>Please bind the login to existing user with &apos;Browse&apos; button</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte ordnen Sie die Anmeldung mit „Benutzer auswählen …“ einem vorhandenen Benutzer zu</translation>
     </message>
     <message>
         <source>The password is too long. It can hold at most 256 characters</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Passwort ist zu lang. Es darf höchstens 256 Zeichen haben</translation>
     </message>
     <message>
         <source>Please enter login name</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie einen Anmeldenamen ein</translation>
     </message>
     <message>
         <source>This login name already exists! Please enter another login name</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Anmeldenamen gibt es bereits! Bitte geben Sie einen anderen ein</translation>
     </message>
     <message>
         <source>There is no more space to enter new login record</source>
-        <translation type="unfinished"></translation>
+        <translation>Für eine weitere Anmeldung ist kein Platz mehr</translation>
     </message>
 </context>
 <context>
@@ -3159,54 +3166,54 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Access properties for multiple users</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugangseigenschaften mehrerer Benutzer</translation>
     </message>
     <message>
         <source>Users changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Geänderte Benutzer</translation>
     </message>
     <message>
         <source>These %1 users will be changed:</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese %1 Benutzer werden geändert:</translation>
     </message>
     <message>
         <source>Fixed limits within accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Feste Limits im Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Traffic limit, Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenlimit, MB</translation>
     </message>
     <message>
         <source>Time limit, Hr</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitlimit, Std.</translation>
     </message>
     <message>
         <source>Please select one of the corporate type access options</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie eine der Optionen der Zugangsart „Firma“</translation>
     </message>
     <message>
         <source>Please choose an accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie einen Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Please enter the limit as a whole number</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie das Limit als ganze Zahl ein</translation>
     </message>
     <message>
         <source>Some of these users have been deleted meanwhile. %1 of %2 are changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Einige dieser Benutzer wurden inzwischen gelöscht. %1 von %2 sind geändert.</translation>
     </message>
 </context>
 <context>
     <name>MessageBoxPrompt</name>
     <message>
         <source>Tollbrook Administrator</source>
-        <translation type="unfinished"></translation>
+        <translation>Tollbrook Administrator</translation>
     </message>
 </context>
 <context>
@@ -3248,64 +3255,64 @@ Licensed under the Apache License, version 2.0.</source>
     <name>MonitorModeBox</name>
     <message>
         <source>Monitor all protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Protokolle überwachen</translation>
     </message>
     <message>
         <source>Monitor basic Internet protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Grundlegende Internetprotokolle überwachen</translation>
     </message>
     <message>
         <source>Monitor specified protocols only</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur angegebene Protokolle überwachen</translation>
     </message>
     <message>
         <source>Monitor all protocols but specified</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle außer den angegebenen Protokollen überwachen</translation>
     </message>
 </context>
 <context>
     <name>MonitoredDialog</name>
     <message>
         <source>Monitored protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Überwachte Protokolle</translation>
     </message>
 </context>
 <context>
     <name>NamesLine</name>
     <message>
         <source>(no name)</source>
-        <translation type="unfinished">(ohne Namen)</translation>
+        <translation>(ohne Namen)</translation>
     </message>
     <message>
         <source>%1 and %2 more</source>
-        <translation type="unfinished">%1 und %2 weitere</translation>
+        <translation>%1 und %2 weitere</translation>
     </message>
 </context>
 <context>
     <name>NetworkPage</name>
     <message>
         <source>Network</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerk</translation>
     </message>
 </context>
 <context>
     <name>NoticeQueue</name>
     <message>
         <source>No answer within %1 seconds</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Antwort innerhalb von %1 Sekunden</translation>
     </message>
 </context>
 <context>
     <name>NumberField</name>
     <message>
         <source>Please enter an integer between %1 and %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie eine ganze Zahl zwischen %1 und %2 ein.</translation>
     </message>
     <message numerus="yes">
         <source>Please enter a number between %1 and %2, with at most %n decimals.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Bitte geben Sie eine Zahl zwischen %1 und %2 mit höchstens %n Nachkommastelle ein.</numerusform>
+            <numerusform>Bitte geben Sie eine Zahl zwischen %1 und %2 mit höchstens %n Nachkommastellen ein.</numerusform>
         </translation>
     </message>
 </context>
@@ -3313,65 +3320,65 @@ Licensed under the Apache License, version 2.0.</source>
     <name>Options</name>
     <message>
         <source>Local IP addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokale IP-Adressen</translation>
     </message>
     <message>
         <source>Add...</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen …</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Excluded IP addresses</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgeschlossene IP-Adressen</translation>
     </message>
     <message>
         <source>Enter IP address to exclude:</source>
-        <translation type="unfinished"></translation>
+        <translation>Auszuschließende IP-Adresse:</translation>
     </message>
     <message>
         <source>Prevent users from changing IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer am Ändern der IP-Adresse hindern</translation>
     </message>
     <message>
         <source>Options</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
 </context>
 <context>
     <name>OwnerNotice</name>
     <message>
         <source>User: </source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer: </translation>
     </message>
     <message>
         <source>Group: </source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe: </translation>
     </message>
 </context>
 <context>
     <name>PeriodDialog</name>
     <message>
         <source>Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tag</translation>
     </message>
     <message>
         <source>Month</source>
-        <translation type="unfinished"></translation>
+        <translation>Monat</translation>
     </message>
     <message>
         <source>Accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Accounting period:</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrechnungszeitraum:</translation>
     </message>
     <message>
         <source>Please choose an accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie einen Abrechnungszeitraum</translation>
     </message>
 </context>
 <context>
@@ -3389,30 +3396,30 @@ Licensed under the Apache License, version 2.0.</source>
     <name>PortList</name>
     <message>
         <source>Port</source>
-        <translation type="unfinished"></translation>
+        <translation>Port</translation>
     </message>
     <message>
         <source>Add port</source>
-        <translation type="unfinished"></translation>
+        <translation>Port hinzufügen</translation>
     </message>
     <message>
         <source>Port number:</source>
-        <translation type="unfinished"></translation>
+        <translation>Portnummer:</translation>
     </message>
     <message>
         <source>Select an item to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der gelöscht werden soll</translation>
     </message>
 </context>
 <context>
     <name>PresentUsers</name>
     <message>
         <source>This user has been deleted meanwhile. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer wurde inzwischen gelöscht. Nichts wurde geändert.</translation>
     </message>
     <message>
         <source>These users have been deleted meanwhile. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Benutzer wurden inzwischen gelöscht. Nichts wurde geändert.</translation>
     </message>
 </context>
 <context>
@@ -3426,112 +3433,112 @@ Licensed under the Apache License, version 2.0.</source>
     <name>ProgressWindow</name>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt</translation>
     </message>
 </context>
 <context>
     <name>Properties</name>
     <message>
         <source>Reading the user...</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer wird gelesen …</translation>
     </message>
     <message>
         <source>The user could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This user has been deleted meanwhile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer wurde inzwischen gelöscht.</translation>
     </message>
     <message>
         <source>Reading the group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wird gelesen …</translation>
     </message>
     <message>
         <source>The group could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This group has been deleted meanwhile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Gruppe wurde inzwischen gelöscht.</translation>
     </message>
     <message>
         <source>User properties</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften des Benutzers</translation>
     </message>
     <message>
         <source>Storing the user...</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Benutzer wird gespeichert …</translation>
     </message>
     <message>
         <source>Group&apos;s properties</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften der Gruppe</translation>
     </message>
     <message>
         <source>Storing the group...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Gruppe wird gespeichert …</translation>
     </message>
     <message>
         <source>Reading the users...</source>
-        <translation type="unfinished">Die Benutzer werden gelesen …</translation>
+        <translation>Die Benutzer werden gelesen …</translation>
     </message>
     <message>
         <source>The users could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer konnten nicht gelesen werden.</translation>
     </message>
     <message>
         <source>These users have been deleted meanwhile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Benutzer wurden inzwischen gelöscht.</translation>
     </message>
 </context>
 <context>
     <name>ProtocolList</name>
     <message>
         <source>Protocol</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokoll</translation>
     </message>
     <message>
         <source>Add protocol</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokoll hinzufügen</translation>
     </message>
     <message>
         <source>Protocol title:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bezeichnung des Protokolls:</translation>
     </message>
     <message>
         <source>Select an item to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der gelöscht werden soll</translation>
     </message>
 </context>
 <context>
     <name>ProtocolPage</name>
     <message>
         <source>Allow protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokolle erlauben</translation>
     </message>
     <message>
         <source>Disallow protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokolle verbieten</translation>
     </message>
     <message>
         <source>Protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokolle</translation>
     </message>
     <message>
         <source>Select the protocol</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Protokoll auswählen</translation>
     </message>
     <message>
         <source>Take the protocol back</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Protokoll zurücknehmen</translation>
     </message>
     <message>
         <source>Selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgewählt</translation>
     </message>
     <message>
         <source>Available</source>
-        <translation type="unfinished"></translation>
+        <translation>Verfügbar</translation>
     </message>
 </context>
 <context>
@@ -3597,344 +3604,348 @@ Licensed under the Apache License, version 2.0.</source>
     <name>ProtocolTable</name>
     <message>
         <source>Enter protocol title please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie die Bezeichnung des Protokolls ein</translation>
     </message>
     <message>
         <source>This protocol is already in the list!</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Protokoll steht bereits in der Liste!</translation>
     </message>
     <message>
         <source>This port is already in list!</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Port steht bereits in der Liste!</translation>
     </message>
     <message>
         <source>Enter a port number between 1 and %1 please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie eine Portnummer zwischen 1 und %1 ein</translation>
     </message>
     <message>
         <source>You can not add more than %1 protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie können nicht mehr als %1 Protokolle hinzufügen</translation>
     </message>
     <message>
         <source>You can not add more than %1 ports to a protocol</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie können einem Protokoll nicht mehr als %1 Ports hinzufügen</translation>
     </message>
     <message>
         <source>You have not selected any protocol. Tollbrook will not track any traffic with this setup. Would you like to continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben kein Protokoll ausgewählt. Mit dieser Einstellung erfasst Tollbrook keinen Datenverkehr. Möchten Sie fortfahren?</translation>
     </message>
 </context>
 <context>
     <name>ProtocolsPage</name>
     <message>
         <source>Available protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Verfügbare Protokolle</translation>
     </message>
     <message>
         <source>Add protocol...</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokoll hinzufügen …</translation>
     </message>
     <message>
         <source>Remove protocol</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokoll entfernen</translation>
     </message>
     <message>
         <source>Ports for</source>
-        <translation type="unfinished"></translation>
+        <translation>Ports für</translation>
     </message>
     <message>
         <source>Add port...</source>
-        <translation type="unfinished"></translation>
+        <translation>Port hinzufügen …</translation>
     </message>
     <message>
         <source>Remove port</source>
-        <translation type="unfinished"></translation>
+        <translation>Port entfernen</translation>
     </message>
     <message>
         <source>Setup monitored protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Überwachte Protokolle festlegen</translation>
     </message>
     <message>
         <source>Protocols</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokolle</translation>
     </message>
 </context>
 <context>
     <name>PurgeDialog</name>
     <message>
         <source>Users</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer</translation>
     </message>
     <message>
         <source>Traffic records</source>
-        <translation type="unfinished"></translation>
+        <translation>Datensätze des Datenverkehrs</translation>
     </message>
     <message>
         <source>Time records</source>
-        <translation type="unfinished"></translation>
+        <translation>Datensätze der Zeit</translation>
     </message>
     <message>
         <source>Limits and credits</source>
-        <translation type="unfinished"></translation>
+        <translation>Limits und Guthaben</translation>
     </message>
     <message>
         <source>Sites</source>
-        <translation type="unfinished"></translation>
+        <translation>Websites</translation>
     </message>
     <message>
         <source>Visits to sites</source>
-        <translation type="unfinished"></translation>
+        <translation>Besuche von Websites</translation>
     </message>
     <message>
         <source>Purge database</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenbank bereinigen</translation>
     </message>
     <message>
         <source>You may purge all information in  your   database   or  select particular time  period  on  the right of this window</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie können alle Daten aus Ihrer Datenbank entfernen oder rechts in diesem Fenster einen bestimmten Zeitraum wählen</translation>
     </message>
     <message>
         <source>Purge</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereinigen</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished">Hilfe</translation>
+        <translation>Hilfe</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>The records of the days that you keep stay in the database; all older and newer ones are removed for good. Visits to sites are removed only together with all other information.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datensätze der Tage, die Sie behalten, bleiben in der Datenbank; alle älteren und neueren werden endgültig entfernt. Besuche von Websites werden nur zusammen mit allen anderen Daten entfernt.</translation>
     </message>
     <message>
         <source>Information to remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu entfernende Daten</translation>
     </message>
     <message>
         <source>Purge all information</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Daten entfernen</translation>
     </message>
     <message>
         <source>Delete all users</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Benutzer löschen</translation>
     </message>
     <message>
         <source>Purge for the selected period</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur den gewählten Zeitraum behalten</translation>
     </message>
     <message>
         <source>Rows by table</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilen je Tabelle</translation>
     </message>
     <message>
         <source>Table</source>
-        <translation type="unfinished"></translation>
+        <translation>Tabelle</translation>
     </message>
     <message>
         <source>Rows to remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu entfernende Zeilen</translation>
     </message>
     <message>
         <source>Rows removed</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernte Zeilen</translation>
     </message>
     <message>
         <source>Progress of the purge</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt der Bereinigung</translation>
     </message>
     <message>
         <source>The rows are counted when you press &quot;Purge&quot;, before anything goes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zeilen werden gezählt, wenn Sie „Bereinigen“ drücken, bevor etwas entfernt wird.</translation>
     </message>
     <message>
         <source>This will erase the particular information from your database. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Damit werden die gewählten Daten aus Ihrer Datenbank gelöscht. Fortfahren?</translation>
     </message>
     <message>
         <source>Counting the rows to remove...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die zu entfernenden Zeilen werden gezählt …</translation>
     </message>
     <message>
         <source>The rows to remove could not be counted. Nothing was removed so far.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die zu entfernenden Zeilen konnten nicht gezählt werden. Bisher wurde nichts entfernt.</translation>
     </message>
     <message>
         <source>not known</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht bekannt</translation>
     </message>
     <message>
         <source>Removing from: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird entfernt aus: %1</translation>
     </message>
     <message>
         <source>Not removed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht entfernt: %1</translation>
     </message>
     <message>
         <source>It is not known whether this was removed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht bekannt ist, ob dies entfernt wurde: %1</translation>
     </message>
     <message>
         <source>Not tried after you cancelled: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Ihrem Abbruch nicht versucht: %1</translation>
     </message>
     <message>
         <source>Purge complete</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Bereinigung ist abgeschlossen</translation>
     </message>
     <message>
         <source>The purge is not complete. What is not named here was removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Bereinigung ist nicht vollständig. Was hier nicht genannt ist, wurde entfernt.</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
     </message>
 </context>
 <context>
     <name>PurgePeriod</name>
     <message>
         <source>No record is kept, and no user.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Datensatz wird behalten und kein Benutzer.</translation>
     </message>
     <message>
         <source>No record is kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Datensatz wird behalten.</translation>
     </message>
     <message>
         <source>Kept are the days from %1 to %2. All records before and after go.</source>
-        <translation type="unfinished"></translation>
+        <translation>Behalten werden die Tage von %1 bis %2. Alle Datensätze davor und danach werden entfernt.</translation>
     </message>
     <message>
         <source>Kept are the days from %1 to today, %2. All records before go.</source>
-        <translation type="unfinished"></translation>
+        <translation>Behalten werden die Tage von %1 bis heute, %2. Alle Datensätze davor werden entfernt.</translation>
     </message>
     <message>
         <source>The period that is kept begins on %1, which is after today. All records up to today would go. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Zeitraum, der behalten wird, beginnt am %1, also erst nach heute. Alle Datensätze bis heute würden entfernt. Fortfahren?</translation>
     </message>
 </context>
 <context>
     <name>PurgePeriodBox</name>
     <message>
         <source>from %1, after today</source>
-        <translation type="unfinished"></translation>
+        <translation>ab %1, erst nach heute</translation>
     </message>
     <message>
         <source>from %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ab %1</translation>
     </message>
     <message>
         <source>Save data for period of time</source>
-        <translation type="unfinished"></translation>
+        <translation>Daten dieses Zeitraums behalten</translation>
     </message>
     <message>
         <source>Today</source>
-        <translation type="unfinished">Heute</translation>
+        <translation>Heute</translation>
     </message>
     <message>
         <source>Last week</source>
-        <translation type="unfinished">Letzte Woche</translation>
+        <translation>Letzte Woche</translation>
     </message>
     <message>
         <source>Last month</source>
-        <translation type="unfinished">Letzter Monat</translation>
+        <translation>Letzter Monat</translation>
     </message>
     <message>
         <source>Custom</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigener</translation>
     </message>
     <message>
         <source>Since:</source>
-        <translation type="unfinished"></translation>
+        <translation>Von:</translation>
     </message>
     <message>
         <source>Until:</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis:</translation>
     </message>
     <message>
         <source>You entered incorrect time period. Please re-enter one of the dates</source>
-        <translation type="unfinished">Sie haben einen falschen Zeitraum eingegeben. Bitte geben Sie eines der Daten neu ein</translation>
+        <translation>Sie haben einen falschen Zeitraum eingegeben. Bitte geben Sie eines der Daten neu ein</translation>
     </message>
 </context>
 <context>
     <name>QueryCheck</name>
     <message>
         <source>a quoted text has no end</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Text in Anführungszeichen hat kein Ende</translation>
     </message>
     <message>
         <source>a quoted text holds a back-slash</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Text in Anführungszeichen enthält einen umgekehrten Schrägstrich</translation>
     </message>
     <message>
         <source>a report only reads, but its query says &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Bericht liest nur, doch in seiner Abfrage steht „%1“</translation>
     </message>
     <message>
         <source>the function &quot;%1&quot; is not one that a report&apos;s query may use</source>
-        <translation type="unfinished"></translation>
+        <translation>die Funktion „%1“ darf die Abfrage eines Berichts nicht verwenden</translation>
     </message>
     <message>
         <source>the sign %1 is not one that a report&apos;s query may use</source>
-        <translation type="unfinished"></translation>
+        <translation>das Zeichen %1 darf die Abfrage eines Berichts nicht verwenden</translation>
     </message>
     <message>
         <source>a query holds no comments; write them outside it</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Abfrage enthält keine Kommentare; schreiben Sie sie außerhalb</translation>
     </message>
     <message>
         <source>the query is empty</source>
-        <translation type="unfinished"></translation>
+        <translation>die Abfrage ist leer</translation>
     </message>
     <message>
         <source>a report&apos;s query begins with SELECT, not with &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>die Abfrage eines Berichts beginnt mit SELECT, nicht mit „%1“</translation>
     </message>
     <message>
         <source>the query holds more than one statement</source>
-        <translation type="unfinished"></translation>
+        <translation>die Abfrage enthält mehr als eine Anweisung</translation>
     </message>
     <message>
         <source>a parenthesis is closed that was not opened</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Klammer wird geschlossen, die nicht geöffnet wurde</translation>
     </message>
     <message>
         <source>a parenthesis is not closed</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Klammer wird nicht geschlossen</translation>
     </message>
 </context>
 <context>
     <name>RangeEditor</name>
     <message>
         <source>Net address</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzadresse</translation>
     </message>
     <message>
         <source>Subnet mask</source>
-        <translation type="unfinished"></translation>
+        <translation>Subnetzmaske</translation>
     </message>
     <message>
         <source>IP Address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>Select an item to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der gelöscht werden soll</translation>
     </message>
 </context>
 <context>
     <name>RateDialog</name>
     <message>
         <source>Rate</source>
-        <translation type="unfinished"></translation>
+        <translation>Preis</translation>
     </message>
     <message>
         <source>units per Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Einheiten je MB</translation>
     </message>
     <message>
         <source>Please enter the rate as a number from 0 to 1000000000</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie den Preis als Zahl von 0 bis 1000000000 ein</translation>
     </message>
 </context>
 <context>
@@ -3976,142 +3987,142 @@ Licensed under the Apache License, version 2.0.</source>
     <name>RefreshPeriodDialog</name>
     <message>
         <source>Refresh period</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisierungsintervall</translation>
     </message>
     <message>
         <source>Enter refresh period, min:</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisierungsintervall, Min.:</translation>
     </message>
 </context>
 <context>
     <name>ReportCatalogue</name>
     <message>
         <source>Traffic (Summary) </source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr (Übersicht) </translation>
     </message>
     <message>
         <source>This report shows volume of data downloaded and uploaded by the users. You can choose the particular user(s) to make report on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht zeigt, wie viele Daten die Benutzer empfangen und gesendet haben. Sie können die Benutzer des Berichts auswählen.</translation>
     </message>
     <message>
         <source>Top 10 Users (Traffic)</source>
-        <translation type="unfinished"></translation>
+        <translation>Top-10-Benutzer (Datenverkehr)</translation>
     </message>
     <message>
         <source>This report presents in graphical form Top 10 users by amount of data downloaded and uploaded. You can choose the particular user(s) to make the report on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht stellt die zehn Benutzer, die am meisten Daten empfangen und gesendet haben, als Diagramm dar. Sie können die Benutzer des Berichts auswählen.</translation>
     </message>
     <message>
         <source>Traffic (Detailed) </source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr (Einzelheiten) </translation>
     </message>
     <message>
         <source>This report presents user&apos;s Internet-activity on a daily basis: MBytes downloaded and uploaded. You can set period of time to make report on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht zeigt die Internetnutzung der Benutzer Tag für Tag: empfangene und gesendete MB. Sie können den Zeitraum des Berichts festlegen.</translation>
     </message>
     <message>
         <source>Traffic (Chart)</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr (Diagramm)</translation>
     </message>
     <message>
         <source>This report presents user&apos;s Internet-activity in chart form (traffic). You can easily see peaks of user activity</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht stellt die Internetnutzung der Benutzer als Diagramm dar (Datenverkehr). Spitzen der Nutzung sind leicht zu erkennen</translation>
     </message>
     <message>
         <source>Groups Traffic (Summary)</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr der Gruppen (Übersicht)</translation>
     </message>
     <message>
         <source>Report shows volume of data received and sent by groups of users. You can choose the particular group(s) to make report on </source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht zeigt, wie viele Daten die Gruppen von Benutzern empfangen und gesendet haben. Sie können die Gruppen des Berichts auswählen </translation>
     </message>
     <message>
         <source>Account Balance (Traffic)</source>
-        <translation type="unfinished"></translation>
+        <translation>Kontostand (Datenverkehr)</translation>
     </message>
     <message>
         <source>Report shows users&apos; accounts (in traffic): usage and updates</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht zeigt die Konten der Benutzer (Datenverkehr): Verbrauch und Änderungen</translation>
     </message>
     <message>
         <source>Time (Summary)</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit (Übersicht)</translation>
     </message>
     <message>
         <source>This report shows summary by users and the time they spent in the Internet</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht zeigt eine Übersicht der Benutzer und der Zeit, die sie im Internet verbracht haben</translation>
     </message>
     <message>
         <source>Top 10 Users (Time)</source>
-        <translation type="unfinished"></translation>
+        <translation>Top-10-Benutzer (Zeit)</translation>
     </message>
     <message>
         <source>This report presents in graphical form Top 10 users by the time they spent in the Internet. You can choose the particular user(s) to make the report on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht stellt die zehn Benutzer, die am meisten Zeit im Internet verbracht haben, als Diagramm dar. Sie können die Benutzer des Berichts auswählen.</translation>
     </message>
     <message>
         <source>Time (Detail)</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit (Einzelheiten)</translation>
     </message>
     <message>
         <source>This report presents user&apos;s Internet-activity on a daily basis: time spent in the Internet. You can set period of time to make report on.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht zeigt die Internetnutzung der Benutzer Tag für Tag: die im Internet verbrachte Zeit. Sie können den Zeitraum des Berichts festlegen.</translation>
     </message>
     <message>
         <source>Detail Time Top10</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit der Top 10 (Einzelheiten)</translation>
     </message>
     <message>
         <source>This report presents user&apos;s Internet-activity in chart form (Internet time). You can easily see peaks of user activity</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht stellt die Internetnutzung der Benutzer als Diagramm dar (Zeit im Internet). Spitzen der Nutzung sind leicht zu erkennen</translation>
     </message>
     <message>
         <source>Time (Chart)</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit (Diagramm)</translation>
     </message>
     <message>
         <source>Report shows users&apos; accounts in Provider mode: usage and updates</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht zeigt die Konten der Benutzer im Providermodus: Verbrauch und Änderungen</translation>
     </message>
     <message>
         <source>Provider mode activity</source>
-        <translation type="unfinished"></translation>
+        <translation>Nutzung im Providermodus</translation>
     </message>
     <message>
         <source>Report shows Top 10 users&apos; accounts by usage in Provider mode</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht zeigt die Konten der zehn Benutzer mit dem größten Verbrauch im Providermodus</translation>
     </message>
     <message>
         <source>Top 10 Payers</source>
-        <translation type="unfinished"></translation>
+        <translation>Top-10-Zahler</translation>
     </message>
     <message>
         <source>Report shows Top 10 users by payment they made for the Internet services</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht zeigt die zehn Benutzer, die am meisten für Internetdienste bezahlt haben</translation>
     </message>
     <message>
         <source>Site Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Website-Zugriffe</translation>
     </message>
     <message>
         <source>This report presents list of sites, accessed during software&apos;s work. Hits shows how many times site has been visited</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht zeigt die Websites, auf die während der Arbeit der Software zugegriffen wurde. „Aufrufe“ zeigt, wie oft eine Website besucht wurde</translation>
     </message>
     <message>
         <source>Top 10 Sites</source>
-        <translation type="unfinished"></translation>
+        <translation>Top-10-Websites</translation>
     </message>
     <message>
         <source>This report presents top 10 accessed sites</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht zeigt die zehn am häufigsten besuchten Websites</translation>
     </message>
     <message>
         <source>User Site Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Website-Zugriffe der Benutzer</translation>
     </message>
     <message>
         <source>This report presents user site access. You can customize this report by user or time period.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Bericht zeigt, auf welche Websites die Benutzer zugegriffen haben. Sie können den Bericht auf Benutzer oder einen Zeitraum einschränken.</translation>
     </message>
 </context>
 <context>
@@ -4129,11 +4140,11 @@ Licensed under the Apache License, version 2.0.</source>
     <name>ReportConnection</name>
     <message>
         <source>The database engine &quot;%1&quot; is not supported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Datenbanksystem „%1“ wird nicht unterstützt.</translation>
     </message>
     <message>
         <source>the database gave no reason</source>
-        <translation type="unfinished"></translation>
+        <translation>die Datenbank hat keinen Grund genannt</translation>
     </message>
 </context>
 <context>
@@ -4218,283 +4229,283 @@ Licensed under the Apache License, version 2.0.</source>
     <name>ReportHtml</name>
     <message>
         <source>Nothing to report.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts zu berichten.</translation>
     </message>
     <message>
         <source>The database holds no data for this period and filter.</source>
-        <translation type="unfinished">Für diesen Zeitraum und Filter enthält die Datenbank keine Daten.</translation>
+        <translation>Für diesen Zeitraum und Filter enthält die Datenbank keine Daten.</translation>
     </message>
     <message>
         <source>all users and groups</source>
-        <translation type="unfinished">alle Benutzer und Gruppen</translation>
+        <translation>alle Benutzer und Gruppen</translation>
     </message>
     <message>
         <source>en</source>
         <extracomment>The two letters that stand for the language of these texts</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>de</translation>
     </message>
     <message>
         <source>Period: %1</source>
-        <translation type="unfinished">Zeitraum: %1</translation>
+        <translation>Zeitraum: %1</translation>
     </message>
     <message>
         <source>Filter: %1</source>
-        <translation type="unfinished">Filter: %1</translation>
+        <translation>Filter: %1</translation>
     </message>
     <message>
         <source>Made %1</source>
-        <translation type="unfinished">Erstellt %1</translation>
+        <translation>Erstellt %1</translation>
     </message>
     <message>
         <source>Sum</source>
-        <translation type="unfinished"></translation>
+        <translation>Zwischensumme</translation>
     </message>
     <message>
         <source>Total</source>
-        <translation type="unfinished"></translation>
+        <translation>Summe</translation>
     </message>
     <message>
         <source>Total of all</source>
-        <translation type="unfinished"></translation>
+        <translation>Summe aller</translation>
     </message>
 </context>
 <context>
     <name>ReportLayouts</name>
     <message>
         <source>Account Balance (Traffic)</source>
-        <translation type="unfinished"></translation>
+        <translation>Kontostand (Datenverkehr)</translation>
     </message>
     <message>
         <source>Active</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktiv</translation>
     </message>
     <message>
         <source>Balance</source>
-        <translation type="unfinished"></translation>
+        <translation>Saldo</translation>
     </message>
     <message>
         <source>Closed</source>
-        <translation type="unfinished"></translation>
+        <translation>Geschlossen</translation>
     </message>
     <message>
         <source>Credit</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben</translation>
     </message>
     <message>
         <source>Credits</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben</translation>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>Datum</translation>
     </message>
     <message>
         <source>Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tag</translation>
     </message>
     <message>
         <source>Detail Time Top10</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit der Top 10 (Einzelheiten)</translation>
     </message>
     <message>
         <source>Expires</source>
-        <translation type="unfinished"></translation>
+        <translation>Läuft ab</translation>
     </message>
     <message>
         <source>Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe</translation>
     </message>
     <message>
         <source>Groups Traffic (Summary)</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr der Gruppen (Übersicht)</translation>
     </message>
     <message>
         <source>Hits</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufrufe</translation>
     </message>
     <message>
         <source>Hits of the top 10 sites</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufrufe der Top-10-Websites</translation>
     </message>
     <message>
         <source>IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>MB</source>
-        <translation type="unfinished"></translation>
+        <translation>MB</translation>
     </message>
     <message>
         <source>Money used</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbrauchtes Geld</translation>
     </message>
     <message>
         <source>Paid</source>
-        <translation type="unfinished"></translation>
+        <translation>Bezahlt</translation>
     </message>
     <message>
         <source>Payments of the top 10 payers</source>
-        <translation type="unfinished"></translation>
+        <translation>Zahlungen der Top-10-Zahler</translation>
     </message>
     <message>
         <source>Provider mode activity</source>
-        <translation type="unfinished"></translation>
+        <translation>Nutzung im Providermodus</translation>
     </message>
     <message>
         <source>Received</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfangen</translation>
     </message>
     <message>
         <source>Sent</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesendet</translation>
     </message>
     <message>
         <source>Site</source>
-        <translation type="unfinished"></translation>
+        <translation>Website</translation>
     </message>
     <message>
         <source>Site Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Website-Zugriffe</translation>
     </message>
     <message>
         <source>Status</source>
-        <translation type="unfinished"></translation>
+        <translation>Status</translation>
     </message>
     <message>
         <source>The 10 accounts with the largest usage</source>
-        <translation type="unfinished"></translation>
+        <translation>Die 10 Konten mit dem größten Verbrauch</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Time (Chart)</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit (Diagramm)</translation>
     </message>
     <message>
         <source>Time (Detail)</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit (Einzelheiten)</translation>
     </message>
     <message>
         <source>Time (Summary)</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit (Übersicht)</translation>
     </message>
     <message>
         <source>Time on-line</source>
-        <translation type="unfinished"></translation>
+        <translation>Onlinezeit</translation>
     </message>
     <message>
         <source>Time on-line of the top 10 users</source>
-        <translation type="unfinished"></translation>
+        <translation>Onlinezeit der Top-10-Benutzer</translation>
     </message>
     <message>
         <source>Time on-line per day of the top 10 users</source>
-        <translation type="unfinished"></translation>
+        <translation>Onlinezeit der Top-10-Benutzer pro Tag</translation>
     </message>
     <message>
         <source>Time used, by the day of the record</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbrauchte Zeit je Tag des Datensatzes</translation>
     </message>
     <message>
         <source>Top 10 Payers</source>
-        <translation type="unfinished"></translation>
+        <translation>Top-10-Zahler</translation>
     </message>
     <message>
         <source>Top 10 Sites</source>
-        <translation type="unfinished"></translation>
+        <translation>Top-10-Websites</translation>
     </message>
     <message>
         <source>Top 10 Users (Time)</source>
-        <translation type="unfinished"></translation>
+        <translation>Top-10-Benutzer (Zeit)</translation>
     </message>
     <message>
         <source>Top 10 Users (Traffic)</source>
-        <translation type="unfinished"></translation>
+        <translation>Top-10-Benutzer (Datenverkehr)</translation>
     </message>
     <message>
         <source>Total</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesamt</translation>
     </message>
     <message>
         <source>Traffic (Chart)</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr (Diagramm)</translation>
     </message>
     <message>
         <source>Traffic (Detailed)</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr (Einzelheiten)</translation>
     </message>
     <message>
         <source>Traffic (Summary)</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr (Übersicht)</translation>
     </message>
     <message>
         <source>Traffic of the top 10 users</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr der Top-10-Benutzer</translation>
     </message>
     <message>
         <source>Traffic per day of the top 10 users</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr der Top-10-Benutzer pro Tag</translation>
     </message>
     <message>
         <source>Used</source>
-        <translation type="unfinished"></translation>
+        <translation>Verbraucht</translation>
     </message>
     <message>
         <source>User</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer</translation>
     </message>
     <message>
         <source>User Site Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Website-Zugriffe der Benutzer</translation>
     </message>
     <message>
         <source>base units</source>
-        <translation type="unfinished"></translation>
+        <translation>Basiseinheiten</translation>
     </message>
     <message>
         <source>credits</source>
-        <translation type="unfinished"></translation>
+        <translation>Guthaben</translation>
     </message>
     <message>
         <source>days</source>
-        <translation type="unfinished"></translation>
+        <translation>Tage</translation>
     </message>
     <message>
         <source>groups</source>
-        <translation type="unfinished">Gruppen</translation>
+        <translation>Gruppen</translation>
     </message>
     <message>
         <source>hours</source>
-        <translation type="unfinished"></translation>
+        <translation>Stunden</translation>
     </message>
     <message>
         <source>no</source>
-        <translation type="unfinished"></translation>
+        <translation>nein</translation>
     </message>
     <message>
         <source>records</source>
-        <translation type="unfinished"></translation>
+        <translation>Datensätze</translation>
     </message>
     <message>
         <source>rows</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilen</translation>
     </message>
     <message>
         <source>sites</source>
-        <translation type="unfinished"></translation>
+        <translation>Websites</translation>
     </message>
     <message>
         <source>users</source>
-        <translation type="unfinished">Benutzern</translation>
+        <translation>Benutzer</translation>
     </message>
     <message>
         <source>visits</source>
-        <translation type="unfinished"></translation>
+        <translation>Besuche</translation>
     </message>
     <message>
         <source>yes</source>
-        <translation type="unfinished"></translation>
+        <translation>ja</translation>
     </message>
 </context>
 <context>
@@ -4564,22 +4575,22 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>%1 (continued)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Fortsetzung)</translation>
     </message>
 </context>
 <context>
     <name>ReportSheet</name>
     <message>
         <source>Total</source>
-        <translation type="unfinished"></translation>
+        <translation>Summe</translation>
     </message>
     <message>
         <source>cancelled</source>
-        <translation type="unfinished"></translation>
+        <translation>abgebrochen</translation>
     </message>
     <message>
         <source>a row could not be written</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Zeile konnte nicht geschrieben werden</translation>
     </message>
 </context>
 <context>
@@ -4657,11 +4668,11 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Pages of the report</source>
-        <translation type="unfinished"></translation>
+        <translation>Seiten des Berichts</translation>
     </message>
     <message>
         <source>Progress of the report</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt des Berichts</translation>
     </message>
 </context>
 <context>
@@ -4759,11 +4770,11 @@ Licensed under the Apache License, version 2.0.</source>
     <name>RowStore</name>
     <message>
         <source>no temporary file in %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>keine temporäre Datei in %1: %2</translation>
     </message>
     <message>
         <source>the temporary folder %1 cannot be written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>in den temporären Ordner %1 kann nicht geschrieben werden: %2</translation>
     </message>
 </context>
 <context>
@@ -4804,26 +4815,26 @@ Licensed under the Apache License, version 2.0.</source>
     <name>Schema</name>
     <message>
         <source>SELECT 1 FROM %1 WHERE 1 = 0</source>
-        <translation type="unfinished"></translation>
+        <translation>SELECT 1 FROM %1 WHERE 1 = 0</translation>
     </message>
     <message>
         <source>The statement &quot;%1&quot; failed: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anweisung „%1“ ist fehlgeschlagen: %2</translation>
     </message>
     <message>
         <source>The data source &quot;%1&quot; cannot be opened: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenquelle „%1“ kann nicht geöffnet werden: %2</translation>
     </message>
     <message>
         <source>The database of &quot;%1&quot; already has a table &quot;%2&quot;. Nothing was changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank von „%1“ hat bereits eine Tabelle „%2“. Nichts wurde geändert.</translation>
     </message>
 </context>
 <context>
     <name>ServiceConnection</name>
     <message>
         <source>Could not create instance</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Instanz konnte nicht erstellt werden</translation>
     </message>
 </context>
 <context>
@@ -4873,25 +4884,76 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
 </context>
 <context>
+    <name>ServiceProgress</name>
+    <message>
+        <source>Trying to start the service...</source>
+        <translation>Der Dienst wird gestartet …</translation>
+    </message>
+    <message>
+        <source>Service started successfully</source>
+        <translation>Der Dienst wurde gestartet</translation>
+    </message>
+    <message>
+        <source>Failed to start the service</source>
+        <translation>Der Dienst konnte nicht gestartet werden</translation>
+    </message>
+    <message>
+        <source>Trying to connect to the service...</source>
+        <translation>Verbindung zum Dienst wird hergestellt …</translation>
+    </message>
+    <message>
+        <source>Connected to the service successfully</source>
+        <translation>Mit dem Dienst verbunden</translation>
+    </message>
+    <message>
+        <source>Failed to connect to the service</source>
+        <translation>Keine Verbindung zum Dienst</translation>
+    </message>
+    <message>
+        <source>Failed to complete the process</source>
+        <translation>Der Vorgang konnte nicht abgeschlossen werden</translation>
+    </message>
+    <message>
+        <source>Trying to stop the service...</source>
+        <translation>Der Dienst wird angehalten …</translation>
+    </message>
+    <message>
+        <source>Service was stopped successfully</source>
+        <translation>Der Dienst wurde angehalten</translation>
+    </message>
+    <message>
+        <source>Failed to stop the service</source>
+        <translation>Der Dienst konnte nicht angehalten werden</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+</context>
+<context>
     <name>SessionConnection</name>
     <message>
         <source>The database engine &quot;%1&quot; is not supported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Datenbanksystem „%1“ wird nicht unterstützt.</translation>
     </message>
     <message>
         <source>The database server is a read-only standby, or cut off from its cluster.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Datenbankserver ist ein Standby-Server, der nur gelesen werden kann, oder von seinem Cluster abgeschnitten.</translation>
     </message>
     <message>
         <source>There is no data source of this name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keine Datenquelle dieses Namens.</translation>
+    </message>
+    <message>
+        <source>The database session is not open.</source>
+        <translation>Die Datenbankverbindung ist nicht geöffnet.</translation>
     </message>
 </context>
 <context>
     <name>SessionThread</name>
     <message>
         <source>A call into the database was given up.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Aufruf der Datenbank wurde aufgegeben.</translation>
     </message>
 </context>
 <context>
@@ -4964,155 +5026,155 @@ Licensed under the Apache License, version 2.0.</source>
     <name>SettingsWindow</name>
     <message>
         <source>Not all settings could be read. Those are shown as if they were missing, and cannot be written before the file is mended.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht alle Einstellungen konnten gelesen werden. Diese werden angezeigt, als fehlten sie, und können erst geschrieben werden, wenn die Datei in Ordnung gebracht ist.</translation>
     </message>
     <message>
         <source>Reading the protocols...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Protokolle werden gelesen …</translation>
     </message>
     <message>
         <source>The protocols could not be read. They are not shown, and stay as they are.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Protokolle konnten nicht gelesen werden. Sie werden nicht angezeigt und bleiben, wie sie sind.</translation>
     </message>
     <message>
         <source>The protocols could not be read from the database. They stay as they are.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Protokolle konnten nicht aus der Datenbank gelesen werden. Sie bleiben, wie sie sind.</translation>
     </message>
     <message>
         <source>Storing the settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Einstellungen werden gespeichert …</translation>
     </message>
 </context>
 <context>
     <name>Settle</name>
     <message>
         <source>Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tag</translation>
     </message>
     <message>
         <source>Month</source>
-        <translation type="unfinished"></translation>
+        <translation>Monat</translation>
     </message>
     <message>
         <source>%1: changed meanwhile to &quot;%2&quot;. Overwrite?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: inzwischen zu „%2“ geändert. Überschreiben?</translation>
     </message>
     <message>
         <source>Accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Traffic limit, Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenlimit, MB</translation>
     </message>
     <message>
         <source>Time limit, Hr</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitlimit, Std.</translation>
     </message>
     <message>
         <source>Price of traffic</source>
-        <translation type="unfinished"></translation>
+        <translation>Preis des Datenverkehrs</translation>
     </message>
     <message>
         <source>Access type</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugangsart</translation>
     </message>
 </context>
 <context>
     <name>Statistics</name>
     <message>
         <source>%1 Mb of the data received in this accounting period were taken from credits.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 MB der in diesem Abrechnungszeitraum empfangenen Daten wurden aus Guthaben genommen.</translation>
     </message>
     <message>
         <source>Nothing of the data received in this accounting period was taken from credits.</source>
-        <translation type="unfinished"></translation>
+        <translation>Von den in diesem Abrechnungszeitraum empfangenen Daten wurde nichts aus Guthaben genommen.</translation>
     </message>
     <message>
         <source>%1 hr of the time on-line in this accounting period were taken from credits.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Std. der Onlinezeit in diesem Abrechnungszeitraum wurden aus Guthaben genommen.</translation>
     </message>
     <message>
         <source>Nothing of the time on-line in this accounting period was taken from credits.</source>
-        <translation type="unfinished"></translation>
+        <translation>Von der Onlinezeit in diesem Abrechnungszeitraum wurde nichts aus Guthaben genommen.</translation>
     </message>
     <message>
         <source>This user has no limit within an accounting period.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer hat kein Limit im Abrechnungszeitraum.</translation>
     </message>
     <message>
         <source>This group has no limit within an accounting period.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Gruppe hat kein Limit im Abrechnungszeitraum.</translation>
     </message>
 </context>
 <context>
     <name>StatisticsDialog</name>
     <message>
         <source>User statistics</source>
-        <translation type="unfinished"></translation>
+        <translation>Statistik des Benutzers</translation>
     </message>
     <message>
         <source>Group statistics</source>
-        <translation type="unfinished"></translation>
+        <translation>Statistik der Gruppe</translation>
     </message>
     <message>
         <source>Accounting period</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrechnungszeitraum</translation>
     </message>
     <message>
         <source>Data received, Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfangene Daten, MB</translation>
     </message>
     <message>
         <source>Data sent, Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesendete Daten, MB</translation>
     </message>
     <message>
         <source>Time On-Line, hr</source>
-        <translation type="unfinished"></translation>
+        <translation>Onlinezeit, Std.</translation>
     </message>
     <message>
         <source>Overall</source>
-        <translation type="unfinished"></translation>
+        <translation>Insgesamt</translation>
     </message>
     <message>
         <source>Tip</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweis</translation>
     </message>
     <message>
         <source>Last 30 days</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte 30 Tage</translation>
     </message>
 </context>
 <context>
     <name>TariffPage</name>
     <message>
         <source>Current tariff</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktueller Tarif</translation>
     </message>
     <message>
         <source>Set</source>
-        <translation type="unfinished"></translation>
+        <translation>Setzen</translation>
     </message>
     <message>
         <source>Add...</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen …</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Properties...</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften …</translation>
     </message>
     <message>
         <source>Currency</source>
-        <translation type="unfinished"></translation>
+        <translation>Währung</translation>
     </message>
     <message>
         <source>Tariff</source>
-        <translation type="unfinished"></translation>
+        <translation>Tarif</translation>
     </message>
 </context>
 <context>
@@ -5127,267 +5189,267 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Time ranges</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitbereiche</translation>
     </message>
     <message>
         <source>Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tag</translation>
     </message>
     <message>
         <source>Since time</source>
-        <translation type="unfinished"></translation>
+        <translation>Von</translation>
     </message>
     <message>
         <source>Until time</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis</translation>
     </message>
     <message>
         <source>Grant access</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang erlauben</translation>
     </message>
     <message>
         <source>Deny access</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang verweigern</translation>
     </message>
     <message>
         <source>Specify time ranges please</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie Zeitbereiche an</translation>
     </message>
     <message>
         <source>Add range</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereich hinzufügen</translation>
     </message>
     <message>
         <source>Delete range</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereich löschen</translation>
     </message>
     <message>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>Select the item to delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den Eintrag, der gelöscht werden soll</translation>
     </message>
 </context>
 <context>
     <name>TimeRangeDialog</name>
     <message>
         <source>Add time range</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitbereich hinzufügen</translation>
     </message>
     <message>
         <source>Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tag</translation>
     </message>
     <message>
         <source>Specify time range</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitbereich angeben</translation>
     </message>
     <message>
         <source>Since time</source>
-        <translation type="unfinished"></translation>
+        <translation>Von</translation>
     </message>
     <message>
         <source>Until time</source>
-        <translation type="unfinished"></translation>
+        <translation>Bis</translation>
     </message>
     <message>
         <source>Wrong time specification. Please re-enter</source>
-        <translation type="unfinished"></translation>
+        <translation>Falsche Zeitangabe. Bitte geben Sie sie neu ein</translation>
     </message>
     <message>
         <source>Please select day</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie einen Tag</translation>
     </message>
 </context>
 <context>
     <name>TimeRanges</name>
     <message>
         <source>Monday</source>
-        <translation type="unfinished"></translation>
+        <translation>Montag</translation>
     </message>
     <message>
         <source>Tuesday</source>
-        <translation type="unfinished"></translation>
+        <translation>Dienstag</translation>
     </message>
     <message>
         <source>Wednesday</source>
-        <translation type="unfinished"></translation>
+        <translation>Mittwoch</translation>
     </message>
     <message>
         <source>Thursday</source>
-        <translation type="unfinished"></translation>
+        <translation>Donnerstag</translation>
     </message>
     <message>
         <source>Friday</source>
-        <translation type="unfinished"></translation>
+        <translation>Freitag</translation>
     </message>
     <message>
         <source>Saturday</source>
-        <translation type="unfinished"></translation>
+        <translation>Samstag</translation>
     </message>
     <message>
         <source>Sunday</source>
-        <translation type="unfinished"></translation>
+        <translation>Sonntag</translation>
     </message>
 </context>
 <context>
     <name>TrafficChart</name>
     <message>
         <source>Traffic of the last 30 days</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenverkehr der letzten 30 Tage</translation>
     </message>
     <message>
         <source>%1: received %2 Mb, sent %3 Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: empfangen %2 MB, gesendet %3 MB</translation>
     </message>
     <message>
         <source>No traffic in the last 30 days</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Datenverkehr in den letzten 30 Tagen</translation>
     </message>
     <message>
         <source>Received, Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfangen, MB</translation>
     </message>
     <message>
         <source>Sent, Mb</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesendet, MB</translation>
     </message>
     <message>
         <source>Point at a day, or choose one with the arrow keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigen Sie auf einen Tag, oder wählen Sie einen mit den Pfeiltasten</translation>
     </message>
     <message>
         <source>No traffic in the last 30 days.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Datenverkehr in den letzten 30 Tagen.</translation>
     </message>
     <message>
         <source>Received %1 Mb, sent %2 Mb. Most on one day: received %3 Mb, sent %4 Mb.</source>
-        <translation type="unfinished"></translation>
+        <translation>Empfangen %1 MB, gesendet %2 MB. Meiste an einem Tag: empfangen %3 MB, gesendet %4 MB.</translation>
     </message>
 </context>
 <context>
     <name>UnmonitoredDialog</name>
     <message>
         <source>Monitor user</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer überwachen</translation>
     </message>
     <message>
         <source>Unmonitored users</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht überwachte Benutzer</translation>
     </message>
     <message>
         <source>The activity of these users is not counted. Select those to bring back under monitoring; all their old records are still there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was diese Benutzer tun, wird nicht gezählt. Wählen Sie die aus, die wieder überwacht werden sollen; alle ihre alten Datensätze sind noch vorhanden.</translation>
     </message>
     <message>
         <source>Bringing the users back under monitoring...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer werden wieder unter Überwachung gestellt …</translation>
     </message>
     <message>
         <source>Reading the unmonitored users...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die nicht überwachten Benutzer werden gelesen …</translation>
     </message>
     <message>
         <source>The unmonitored users could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die nicht überwachten Benutzer konnten nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
     <name>UserBlocking</name>
     <message>
         <source>Block</source>
-        <translation type="unfinished"></translation>
+        <translation>Sperren</translation>
     </message>
     <message>
         <source>Unblock</source>
-        <translation type="unfinished"></translation>
+        <translation>Entsperren</translation>
     </message>
     <message>
         <source>Storing the users...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Benutzer werden gespeichert …</translation>
     </message>
 </context>
 <context>
     <name>UserColumns</name>
     <message>
         <source>Username</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername</translation>
     </message>
     <message>
         <source>IP Address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>Workstation</source>
-        <translation type="unfinished"></translation>
+        <translation>Arbeitsplatz</translation>
     </message>
     <message>
         <source>Full name</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollständiger Name</translation>
     </message>
     <message>
         <source>Access</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugang</translation>
     </message>
     <message>
         <source>MAC Address</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC-Adresse</translation>
     </message>
     <message>
         <source>Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe</translation>
     </message>
 </context>
 <context>
     <name>UserFilter</name>
     <message>
         <source>There is no mode &quot;%1&quot;. The modes are: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Modus „%1“. Die Modi sind: %2.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no range of addresses such as 10.1.2.0/24 or 10.1.2.5-10.1.2.9.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist kein Bereich von Adressen wie 10.1.2.0/24 oder 10.1.2.5-10.1.2.9.</translation>
     </message>
     <message>
         <source>Nothing stands between the quotes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zwischen den Anführungszeichen steht nichts.</translation>
     </message>
     <message>
         <source>A name is missing behind &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinter „%1“ fehlt ein Name.</translation>
     </message>
     <message>
         <source>A word has at most %1 characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Wort hat höchstens %1 Zeichen.</translation>
     </message>
     <message>
         <source>At most %1 words can be looked for at once.</source>
-        <translation type="unfinished"></translation>
+        <translation>Höchstens %1 Wörter können auf einmal gesucht werden.</translation>
     </message>
 </context>
 <context>
     <name>UserPlan</name>
     <message>
         <source>Group</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppe</translation>
     </message>
     <message>
         <source>Full name</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollständiger Name</translation>
     </message>
     <message>
         <source>Description</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung</translation>
     </message>
     <message>
         <source>IP Address</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse</translation>
     </message>
     <message>
         <source>MAC Address</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC-Adresse</translation>
     </message>
 </context>
 <context>
@@ -5438,11 +5500,11 @@ Licensed under the Apache License, version 2.0.</source>
     </message>
     <message>
         <source>Page number</source>
-        <translation type="unfinished"></translation>
+        <translation>Seitennummer</translation>
     </message>
     <message>
         <source>Zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom</translation>
     </message>
 </context>
 <context>
@@ -5460,65 +5522,65 @@ Licensed under the Apache License, version 2.0.</source>
     <name>WhyAccess</name>
     <message>
         <source>Why access is as it is could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warum der Zugang ist, wie er ist, konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This user has been deleted meanwhile.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Benutzer wurde inzwischen gelöscht.</translation>
     </message>
 </context>
 <context>
     <name>WhyPanel</name>
     <message>
         <source>&amp;Block</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sperren</translation>
     </message>
     <message>
         <source>U&amp;nblock</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Entsperren</translation>
     </message>
     <message>
         <source>Why, and until when</source>
-        <translation type="unfinished"></translation>
+        <translation>Warum, und bis wann</translation>
     </message>
     <message>
         <source>Blocks the chosen users at once (Ctrl+B)</source>
-        <translation type="unfinished"></translation>
+        <translation>Sperrt die ausgewählten Benutzer sofort (Strg+B)</translation>
     </message>
     <message>
         <source>Lifts the administrator&apos;s block of the chosen users (Ctrl+Shift+B)</source>
-        <translation type="unfinished"></translation>
+        <translation>Hebt die Sperre des Administrators für die ausgewählten Benutzer auf (Strg+Umschalt+B)</translation>
     </message>
     <message>
         <source>%1, and %2 more chosen</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 und %2 weitere ausgewählt</translation>
     </message>
     <message>
         <source>Choose a user in the list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie einen Benutzer in der Liste.</translation>
     </message>
 </context>
 <context>
     <name>WhySide</name>
     <message>
         <source>&amp;Why, and until when</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Warum, und bis wann</translation>
     </message>
     <message>
         <source>Show why the chosen user may send or not, and until when</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt, warum der ausgewählte Benutzer senden darf oder nicht, und bis wann</translation>
     </message>
     <message>
         <source>Block</source>
-        <translation type="unfinished"></translation>
+        <translation>Sperren</translation>
     </message>
     <message>
         <source>Unblock</source>
-        <translation type="unfinished"></translation>
+        <translation>Entsperren</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig</translation>
     </message>
 </context>
 <context>

@@ -5,9 +5,9 @@
     <name>NumberField</name>
     <message numerus="yes">
         <source>Please enter a number between %1 and %2, with at most %n decimals.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Please enter a number between %1 and %2, with at most %n decimal.</numerusform>
+            <numerusform>Please enter a number between %1 and %2, with at most %n decimals.</numerusform>
         </translation>
     </message>
 </context>

@@ -1,5 +1,6 @@
 // tollbrook-screens: draws the console's windows into PNG files, for the documentation and for a
 // machine without a display.
+#include "accounts/currency.h"
 #include "app/administrator_app.h"
 #include "demo/screens/studio.h"
 #include "ui/common/message_box_prompt.h"
@@ -16,6 +17,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString kPseudo = u"pseudo"_s; // the language of tools/pseudo_locale.py
 
 constexpr QSize kFrameSize(1100, 700);
 constexpr QSize kSmallScreen(1024, 600 - 30); // its title bar aside
@@ -58,17 +61,45 @@ void ReadCommandLine(QCommandLineParser &parser)
 }
 
 // The texts that no language changes.
-QSet<QString> NamesInDatabase(const AppServices &services)
+QSet<QString> NamesOfDemonstration(const AppServices &services)
 {
-    const auto read = [] {
-        return ReadAll("SELECT username FROM users", [](const Row &row) { return row.Text(1); });
-    };
-    const auto names = Await(services, nullptr, u"Reading the names..."_s, read);
-    return names ? QSet<QString>(names->begin(), names->end()) : QSet<QString>();
+    QSet<QString> names {CurrentCurrency(services.settings).name};
+    for (const char *sqlText : {"SELECT username FROM users",
+                                "SELECT name FROM groups",
+                                "SELECT proto_name FROM protocols"}) {
+        const auto read = [sqlText] {
+            return ReadAll(sqlText, [](const Row &row) { return row.Text(1); });
+        };
+        if (const auto found = Await(services, nullptr, u"Reading the names..."_s, read)) {
+            names.unite({found->begin(), found->end()});
+        }
+    }
+    return names;
 }
+
+// The toolkit's own texts, whose translations are not ours: in brackets they count as translated.
+class ToolkitsPseudoTexts : public QTranslator
+{
+public:
+    using QTranslator::QTranslator;
+
+    bool isEmpty() const override { return false; }
+
+    QString translate(const char *context,
+                      const char *sourceText,
+                      const char * /*disambiguation*/,
+                      int /*n*/) const override
+    {
+        const bool isToolkits = context[0] == 'Q' && QChar::isUpper(static_cast<uchar>(context[1]));
+        return isToolkits ? u'[' + QString::fromUtf8(sourceText) + u']' : QString();
+    }
+};
 
 void Speak(const QString &language)
 {
+    if (language == kPseudo) {
+        QCoreApplication::installTranslator(new ToolkitsPseudoTexts(QCoreApplication::instance()));
+    }
     QLocale::setDefault(QLocale(language));
     const QDir programs(QCoreApplication::applicationDirPath());
     const std::pair<QString, QString> sources[] = {
@@ -85,8 +116,8 @@ void Speak(const QString &language)
 int DrawAll(CSplitterFrame &frame, const AppServices &services, const QCommandLineParser &parser)
 {
     Studio studio(frame, services, QDir(parser.value(u"out"_s)), parser.values(u"only"_s));
-    if (parser.value(u"language"_s) == u"pseudo"_s) {
-        studio.CheckTexts(NamesInDatabase(services));
+    if (parser.value(u"language"_s) == kPseudo) {
+        studio.CheckTexts(NamesOfDemonstration(services));
     }
     for (const auto draw : {DrawMainWindow,
                             DrawProperties,

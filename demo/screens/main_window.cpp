@@ -9,6 +9,8 @@
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
@@ -70,10 +72,50 @@ void DrawHelp(Studio &studio)
     }
 }
 
+void WaitUntil(const std::function<bool()> &isDone)
+{
+    while (!isDone()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+}
+
 void Trigger(Studio &studio, const QString &action)
 {
     QCoreApplication::processEvents(); // commands follow the selection with the next event
     studio.Frame().findChild<QAction *>(action)->trigger();
+}
+
+// What is said of somebody blocked, of somebody whose limit is used up, and of somebody who may send.
+void DrawWhyPanel(Studio &studio, QTreeView &users)
+{
+    if (!studio.Wants(u"why"_s)) {
+        return;
+    }
+    Trigger(studio, u"whyCommand"_s);
+    const auto &verdict = *studio.Frame().findChild<QLabel *>(u"whyVerdict"_s);
+    for (int row = 0; row < 3; ++row) {
+        Select(users, row, row);
+        WaitUntil([&] { return !verdict.text().isEmpty(); });
+        studio.Draw(u"why-%1"_s.arg(row), studio.Frame());
+    }
+    Trigger(studio, u"whyCommand"_s);
+    users.clearSelection();
+}
+
+void DrawFilter(Studio &studio)
+{
+    if (!studio.Wants(u"filter"_s)) {
+        return;
+    }
+    auto &field = *studio.Frame().findChild<QLineEdit *>(u"findUser"_s);
+    const auto &note = *studio.Frame().findChild<QLabel *>(u"findNote"_s);
+    field.setText(u"an group:sales"_s);
+    WaitUntil([&] { return note.text().contains(u"240"_s); });
+    studio.Draw(u"filter"_s, studio.Frame());
+    field.setText(u"mode:nobody"_s);
+    WaitUntil([&] { return note.text().contains(u"nobody"_s); });
+    studio.Draw(u"filter-refused"_s, studio.Frame());
+    field.clear();
 }
 
 } // namespace
@@ -94,6 +136,8 @@ void DrawMainWindow(Studio &studio)
     studio.DrawMenu(u"group-menu"_s, [&] { RightClick(groups); });
     users.clearSelection();
     groups.clearSelection();
+    DrawWhyPanel(studio, users);
+    DrawFilter(studio);
 
     studio.DrawDialog(u"refresh-period"_s, [&] { studio.Frame().ChooseCustomPeriod(); });
     studio.DrawDialog(u"about"_s, [&] { Trigger(studio, u"about"_s); });

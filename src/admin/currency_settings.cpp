@@ -36,7 +36,7 @@ bool IsSameCurrency(CurrencySettings one, const CurrencySettings &other)
 
 QList<CurrencyRow> CurrencyRows(const CurrencySettings &settings)
 {
-    QList<CurrencyRow> rows {{u"units"_s, kBaseSymbol.toString(), u"1"_s}};
+    QList<CurrencyRow> rows {{Words::tr("units"), kBaseSymbol.toString(), u"1"_s}};
     if (settings.use != CurrencySettings::None) {
         rows.append({settings.name, settings.symbol, AmountText(settings.rate)});
     }

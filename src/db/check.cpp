@@ -199,8 +199,8 @@ CheckResult CheckDatabase(const QString &dsn)
     }
     for (const Check &check : kChecks) {
         const std::string query = Translate(database.Engine(), check.query);
-        const auto count = database.Rows(
-            Words::tr("SELECT COUNT(*) FROM (%1) wrong").arg(QString::fromStdString(query)));
+        const auto count =
+            database.Rows(u"SELECT COUNT(*) FROM (%1) wrong"_s.arg(QString::fromStdString(query)));
         if (!count) {
             result.failure = Words::tr("A check of \"%1\" failed: %2").arg(dsn, database.Error());
             return result;

@@ -255,6 +255,14 @@ bool Open(const QByteArray &dsn)
 
 } // namespace
 
+Failure session::NeverOpened()
+{
+    return {.kind = Kind::ConnectionLost,
+            .statement = {},
+            .sqlState = {},
+            .text = Words::tr("The database session is not open.")};
+}
+
 void session::Lose()
 {
     FreeHandles();
@@ -305,7 +313,7 @@ bool ReopenDatabase()
         state.pause = Limits().firstPause;
         return true;
     }
-    state.whyClosed = state.failure.value_or(kNeverOpened);
+    state.whyClosed = state.failure.value_or(NeverOpened());
     if (state.whyClosed.kind != Kind::NotWritable) {
         state.whyClosed.kind = Kind::ConnectionLost;
     }

@@ -24,10 +24,7 @@ enum class Transaction {
 };
 
 // Of a session that nobody has tried to open.
-inline const Failure kNeverOpened {.kind = Failure::Kind::ConnectionLost,
-                                   .statement = {},
-                                   .sqlState = {},
-                                   .text = QStringLiteral("The database session is not open.")};
+[[nodiscard]] Failure NeverOpened();
 
 // What the thread's session is besides its handles.
 struct State
@@ -46,7 +43,7 @@ struct State
     Transaction transaction = Transaction::None;
     bool rollsBack = false; // a transaction is open on the connection
     std::optional<Failure> brokenBy; // of a broken transaction
-    Failure whyClosed = kNeverOpened; // while the session is not open
+    Failure whyClosed = NeverOpened(); // while the session is not open
     Clock::time_point nextTry; // to open a lost session
     std::chrono::milliseconds pause; // before the try after that
 };

@@ -21,7 +21,9 @@ enum class ProgressStep {
 
 struct ServiceProgress
 {
-    QString text = QStringLiteral("Status");
+    ServiceProgress();
+
+    QString text;
     int total = 0; // percent
 
     // Adds what the step adds and shows its text, if it has one; an unknown code changes nothing.

@@ -69,8 +69,7 @@ protected:
     // Adds the entry "Account...", enabled once it is known that there is one.
     void AddAccountEntry(QMenu &menu, const ForOne &dialog)
     {
-        if (QAction *account =
-                AddEntry(menu, QStringLiteral("Account..."), Opener(dialog), false)) {
+        if (QAction *account = AddEntry(menu, ListPane::tr("Account..."), Opener(dialog), false)) {
             AskForAccount(account, [account](bool has) { account->setEnabled(has); });
         }
     }

@@ -139,8 +139,8 @@ void CreateLoginDialog::Show(const Login &shown)
     name->setReadOnly(index.has_value());
     guest->setEnabled(!index);
     if (index) {
-        password->setPlaceholderText(u"unchanged"_s);
-        retyped->setPlaceholderText(u"unchanged"_s);
+        password->setPlaceholderText(tr("unchanged"));
+        retyped->setPlaceholderText(tr("unchanged"));
     }
     bindToUser->setChecked(login.userId.IsSet());
     user->setText(login.userName);

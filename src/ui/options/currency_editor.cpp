@@ -179,7 +179,7 @@ void CurrencyEditor::SetPrice()
         settings.trafficPrice = *field->Amount();
         return true;
     };
-    EntryDialog dialog(tr("Rate"), tr("units per Mb"), field, take, this);
+    EntryDialog dialog(tr("Rate", "the price of traffic"), tr("units per Mb"), field, take, this);
     if (dialog.exec() == QDialog::Accepted) {
         price->setText(AmountText(settings.trafficPrice));
     }

@@ -45,9 +45,9 @@ EditableList::EditableList(const QString &name,
     , add(new QPushButton(texts.add))
     , remove(new QPushButton(texts.remove))
 {
-    add->setObjectName(name + tr("Add"));
+    add->setObjectName(name + u"Add"_s);
     add->setAutoDefault(false);
-    remove->setObjectName(name + tr("Remove"));
+    remove->setObjectName(name + u"Remove"_s);
     remove->setAutoDefault(false);
     list->setAccessibleName(PlainLabel(texts.list.isEmpty() ? columns[0] : texts.list));
     auto *grid = new QGridLayout(this);

@@ -277,7 +277,7 @@ void PurgeDialog::ShowRemoved(const PurgeStep &step, const PurgeOutcome &done)
         const qint64 removed = row->data(Removed, Qt::UserRole).toLongLong() + done.removed;
         row->setData(Removed, Qt::UserRole, removed);
         if (!done.outcome.IsDone()) {
-            row->setData(Removed, kTroubleRole, IsUnknown(done) ? tr("not known") : u"failed"_s);
+            row->setData(Removed, kTroubleRole, IsUnknown(done) ? tr("not known") : tr("failed"));
         }
         const QString trouble = row->data(Removed, kTroubleRole).toString();
         if (trouble.isEmpty()) {
