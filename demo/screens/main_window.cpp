@@ -2,6 +2,7 @@
 #include "db/session.h"
 #include "demo/screens/studio.h"
 #include "ui/common/help_window.h"
+#include "ui/main/administrator_view.h"
 #include "ui/main/splitter_frame.h"
 
 #include <QAbstractItemView>
@@ -85,7 +86,15 @@ void Trigger(Studio &studio, const QString &action)
     studio.Frame().findChild<QAction *>(action)->trigger();
 }
 
-// What is said of somebody blocked, of somebody whose limit is used up, and of somebody who may send.
+void Filter(Studio &studio, const QString &text)
+{
+    const UserFinder &finder = studio.Frame().Users().Finder();
+    studio.Frame().findChild<QLineEdit *>(u"findUser"_s)->setText(text);
+    WaitUntil([&] { return finder.IsSearching(); }); // a moment after the last key
+    WaitUntil([&] { return !finder.IsSearching(); });
+}
+
+// What is said of somebody who may send, of the first one blocked, and of somebody who must log in.
 void DrawWhyPanel(Studio &studio, QTreeView &users)
 {
     if (!studio.Wants(u"why"_s)) {
@@ -93,13 +102,15 @@ void DrawWhyPanel(Studio &studio, QTreeView &users)
     }
     Trigger(studio, u"whyCommand"_s);
     const auto &verdict = *studio.Frame().findChild<QLabel *>(u"whyVerdict"_s);
-    for (int row = 0; row < 3; ++row) {
-        Select(users, row, row);
-        WaitUntil([&] { return !verdict.text().isEmpty(); });
-        studio.Draw(u"why-%1"_s.arg(row), studio.Frame());
+    for (const QString &filter : {u"mode:traffic"_s, u"blocked"_s, u"over"_s, u"mode:provider"_s}) {
+        Filter(studio, filter);
+        Select(users, 0, 0);
+        WaitUntil(
+            [&] { return !verdict.text().isEmpty() && !studio.Services().database.IsBusy(); });
+        studio.Draw(u"why-"_s + filter.section(u':', -1), studio.Frame());
+        users.clearSelection();
     }
     Trigger(studio, u"whyCommand"_s);
-    users.clearSelection();
 }
 
 void DrawFilter(Studio &studio)
@@ -109,8 +120,7 @@ void DrawFilter(Studio &studio)
     }
     auto &field = *studio.Frame().findChild<QLineEdit *>(u"findUser"_s);
     const auto &note = *studio.Frame().findChild<QLabel *>(u"findNote"_s);
-    field.setText(u"an group:sales"_s);
-    WaitUntil([&] { return note.text().contains(u"240"_s); });
+    Filter(studio, u"an blocked"_s);
     studio.Draw(u"filter"_s, studio.Frame());
     field.setText(u"mode:nobody"_s);
     WaitUntil([&] { return note.text().contains(u"nobody"_s); });

@@ -1,6 +1,7 @@
 #include "ui/main/find_bar.h"
 
 #include "ui/common/accessible.h"
+#include "ui/common/elided_label.h"
 #include "ui/common/icons.h"
 #include "ui/common/text_field.h"
 #include "ui/main/administrator_view.h"
@@ -34,7 +35,7 @@ FindBar::FindBar(Prompt &messages,
     , users(usersList)
     , field(new TextField(this))
     , completer(new FilterCompleter(*field, std::move(groupNames)))
-    , note(new QLabel(this))
+    , note(new ElidedLabel({}, this))
 {
     setObjectName(u"findBar"_s);
     setWindowTitle(tr("Find user"));
@@ -43,7 +44,6 @@ FindBar::FindBar(Prompt &messages,
     AddSearch();
     AddSavedFilters();
     SetNames(*note, u"findNote"_s, tr("Found users"));
-    note->setTextFormat(Qt::PlainText);
     note->setContentsMargins(4, 0, 4, 0);
     addWidget(note);
     FollowList();
@@ -104,12 +104,12 @@ void FindBar::FollowList()
     });
     connect(&finder, &UserFinder::Counted, this, [this](quint32 found, quint32 all) {
         const QLocale locale;
-        Note(tr("%1 of %2").arg(locale.toString(found), locale.toString(all)));
+        note->setText(tr("%1 of %2").arg(locale.toString(found), locale.toString(all)));
         GoToFoundIfAsked();
     });
     connect(&finder, &UserFinder::Failed, this, [this] {
         goesToFound = false;
-        Note(tr("The users could not be searched."));
+        note->setText(tr("The users could not be searched."));
     });
 }
 
@@ -148,11 +148,11 @@ bool FindBar::FilterByText()
     pause.stop();
     const auto filter = UserFilterFrom(field->text());
     if (!filter) {
-        Note(filter.error());
+        note->setText(filter.error());
         return false;
     }
     if (*filter != users.Filter() || !users.WasRead()) {
-        Note(IsEmpty(*filter) ? QString() : tr("Searching..."));
+        note->setText(IsEmpty(*filter) ? QString() : tr("Searching..."));
         users.ShowFilter(*filter);
     }
     return true;
@@ -205,12 +205,6 @@ void FindBar::TellNobody()
 {
     prompt.Tell(tr("No user found"), Prompt::Icon::Information, tr("Tollbrook Administrator"));
     TakeFocus();
-}
-
-void FindBar::Note(const QString &text)
-{
-    note->setText(text);
-    note->setToolTip(text);
 }
 
 void FindBar::FillSavedFilters(QMenu &menu)

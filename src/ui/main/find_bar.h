@@ -10,8 +10,8 @@
 #include <functional>
 
 class CAdministratorView;
+class ElidedLabel;
 class FilterCompleter;
-class QLabel;
 class QMenu;
 class TextField;
 
@@ -42,7 +42,6 @@ private:
     void GoToFoundIfAsked();
     void GoToFound();
     void TellNobody();
-    void Note(const QString &text);
     void FillSavedFilters(QMenu &menu);
     void SaveFilter();
     void TellUnkept(bool kept);
@@ -51,7 +50,7 @@ private:
     CAdministratorView &users;
     TextField *field;
     FilterCompleter *completer;
-    QLabel *note; // how many were found, or why nothing is looked for
+    ElidedLabel *note; // how many were found, or why nothing is looked for
     QTimer pause {this}; // since the last key
     bool goesToFound = false; // once all that matches is known
 };
