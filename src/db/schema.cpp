@@ -93,10 +93,8 @@ QStringList SchemaTables()
 
 QStringList SchemaStatements(const Dialect &dialect)
 {
-    static const QRegularExpression comment(u"^--.*\\n"_s,
-                                            QRegularExpression::MultilineOption);
-    QStringList statements =
-        Script(dialect).remove(comment).split(u";\n"_s, Qt::SkipEmptyParts);
+    static const QRegularExpression comment(u"^--.*\\n"_s, QRegularExpression::MultilineOption);
+    QStringList statements = Script(dialect).remove(comment).split(u";\n"_s, Qt::SkipEmptyParts);
     for (QString &statement : statements) {
         statement = statement.trimmed();
     }
