@@ -126,6 +126,50 @@ bool IsUsedUp(const LimitFact<Unit> &fact)
     return fact.left.value <= kNothing;
 }
 
+bool LimitsTraffic(AccountingMode mode)
+{
+    return mode == AccountingMode::Traffic || mode == AccountingMode::TrafficAndTime;
+}
+
+bool LimitsTime(AccountingMode mode)
+{
+    return mode == AccountingMode::Time || mode == AccountingMode::TrafficAndTime;
+}
+
+template <typename Unit>
+AccountUse UseOf(const LimitFact<Unit> &fact, AccountUse::Unit unit)
+{
+    return {unit, fact.used.value, fact.left.value};
+}
+
+// In money where that is all there is.
+AccountUse UseOf(const std::vector<PrePaidCredit> &credits, double price, QDate today)
+{
+    ExpiredCredits expired;
+    Megabytes traffic;
+    BaseUnits money;
+    bool ofMoney = false;
+    bool ofTraffic = false;
+    for (const PrePaidCredit &credit : credits) {
+        if (Counts(credit.expiry, today, expired)) {
+            const bool isMoney = credit.money > kLeastMoney;
+            ofMoney = ofMoney || isMoney;
+            ofTraffic = ofTraffic || !isMoney;
+            traffic += credit.trafficUsed;
+            money += credit.moneyUsed;
+        }
+    }
+    const PrePaidFact fact = Judge(credits, price, today);
+    const bool inMoney = ofMoney && !ofTraffic;
+    AccountUse use {inMoney ? AccountUse::Unit::Money : AccountUse::Unit::Traffic,
+                    inMoney ? money.value : traffic.value,
+                    inMoney ? fact.money.value : fact.traffic.value};
+    if (fact.unbounded) {
+        use.left.reset();
+    }
+    return use;
+}
+
 FactEffect RefusesIf(bool refuses)
 {
     return refuses ? FactEffect::Refuses : FactEffect::None;
@@ -187,13 +231,11 @@ private:
     void AddLimits(const OwnerRules &owner, bool ofGroup)
     {
         const AccountingMode mode = owner.mode;
-        if (mode == AccountingMode::Traffic || mode == AccountingMode::TrafficAndTime) {
+        if (LimitsTraffic(mode)) {
             const auto fact = Judge(owner.traffic, now.day);
             AddFact(FactKind::TrafficLimit, RefusesIf(IsUsedUp(fact)), ofGroup, fact);
         }
-        const bool limitsTime =
-            mode == AccountingMode::Time || mode == AccountingMode::TrafficAndTime;
-        if (limitsTime && !ofGroup) {
+        if (LimitsTime(mode) && !ofGroup) {
             const auto fact = Judge(owner.time, now.day);
             AddFact(FactKind::TimeLimit, RefusesIf(IsUsedUp(fact)), ofGroup, fact);
         }
@@ -273,6 +315,19 @@ Verdict VerdictBy(FactEffect effect)
 }
 
 } // namespace
+
+std::optional<AccountUse> AccountUseOf(const OwnerRules &owner, QDate today)
+{
+    if (LimitsTraffic(owner.mode)) {
+        return UseOf(Judge(owner.traffic, today), AccountUse::Unit::Traffic);
+    }
+    if (LimitsTime(owner.mode)) {
+        return UseOf(Judge(owner.time, today), AccountUse::Unit::Time);
+    }
+    return owner.mode == AccountingMode::Provider
+        ? std::optional(UseOf(owner.credits, owner.price, today))
+        : std::nullopt;
+}
 
 AccessFindings DecideAccess(const UserRules &user, const Moment &now)
 {

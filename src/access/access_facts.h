@@ -80,6 +80,18 @@ struct UserRules
     std::optional<OwnerRules> group; // nothing: the user's group is gone
 };
 
+// What an account has used and has left, in one unit.
+struct AccountUse
+{
+    enum class Unit { Traffic, Time, Money }; // megabytes, hours, base units
+
+    Unit unit = Unit::Traffic;
+    double used = 0;
+    std::optional<double> left; // nothing: without a bound
+
+    bool operator==(const AccountUse &) const = default;
+};
+
 enum class FactKind {
     Unmonitored,
     AdministratorBlock, // BlockFact
@@ -188,6 +200,10 @@ struct AccessFindings
     AccessState listed = AccessState::Allowed; // what the users list shows
     bool markedDenied = false; // what the access page says
 };
+
+// Of a limit, of traffic before time, or of the pre-paid credits that count; nothing for an owner without
+// control. It is what the facts say of the same rules.
+[[nodiscard]] std::optional<AccountUse> AccountUseOf(const OwnerRules &owner, QDate today);
 
 // Of a stored block the service's own is believed as it stands. The service, which judges anew whether
 // that still holds, hands in the row without it.

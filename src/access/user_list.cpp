@@ -44,7 +44,8 @@ ReadUser UserOf(const Row &row)
                     .ipAddress = row.Text(4),
                     .macAddress = MacAddressText(row.Text(8)),
                     .groupName = {},
-                    .access = AccessOf(row)},
+                    .access = AccessOf(row),
+                    .use = {}},
             .userId = row.Id<UserId>(6),
             .groupId = row.Id<GroupId>(9)};
 }
@@ -108,7 +109,7 @@ Result<UserList> user_list::Read(const QByteArray &statement,
 std::optional<Failure> user_list::ForEach(const QByteArray &statement,
                                           const ValueList &values,
                                           FunctionRef<void()> restart,
-                                          FunctionRef<bool(const UserRow &)> take)
+                                          FunctionRef<bool(const UserRow &, UserId)> take)
 {
     GroupNames names;
     const auto groups = ReadAll("SELECT group_id, name FROM groups", [&names](const Row &row) {
@@ -126,7 +127,7 @@ std::optional<Failure> user_list::ForEach(const QByteArray &statement,
         [&](const Row &row) {
             ReadUser user = UserOf(row);
             user.row.groupName = names.value(user.groupId);
-            return take(user.row) ? query::Then::GoOn : query::Then::Stop;
+            return take(user.row, user.userId) ? query::Then::GoOn : query::Then::Stop;
         });
 }
 

@@ -1,7 +1,7 @@
 // The rows of the users list, read from the database.
 #pragma once
 
-#include "access/access_marks.h"
+#include "access/access_facts.h"
 #include "base/function_ref.h"
 #include "db/failure.h"
 #include "db/ids.h"
@@ -23,6 +23,7 @@ struct UserRow
     QString macAddress;
     QString groupName;
     AccessState access = AccessState::Allowed;
+    std::optional<AccountUse> use; // nothing: not read, or none
 };
 
 // Row i shows the user rowUserIds[i].
@@ -42,6 +43,14 @@ constexpr int kFullName = 2;
 constexpr int kIpAddress = 3;
 constexpr int kMacAddress = 4;
 constexpr int kBlocked = 5;
+
+// By what was used and what is left; only a search puts rows in these orders (access/user_search.h).
+constexpr int kUsed = 1'000'001;
+constexpr int kLeft = 1'000'002;
+[[nodiscard]] constexpr bool IsByAccount(int order)
+{
+    return order == kUsed || order == kLeft;
+}
 } // namespace user_order
 
 // The monitored users that have a group, at most 1000. Group names are looked up once for each group,
@@ -70,7 +79,7 @@ Read(const QByteArray &statement, const ValueList &values, quint32 most, bool wi
 [[nodiscard]] std::optional<Failure> ForEach(const QByteArray &statement,
                                              const ValueList &values,
                                              FunctionRef<void()> restart,
-                                             FunctionRef<bool(const UserRow &)> take);
+                                             FunctionRef<bool(const UserRow &, UserId)> take);
 } // namespace user_list
 
 // Twelve characters as six pairs joined with "-"; a shorter text as the pairs it has.

@@ -1,5 +1,7 @@
 #include "access/user_search.h"
 
+#include "access/account_use.h"
+#include "base/day.h"
 #include "db/query.h"
 
 #include <QRegularExpression>
@@ -206,11 +208,21 @@ QByteArray Begun(const char *sqlText, const UserFilter &filter)
                    : QByteArray(sqlText).replace(" WHERE ", " SCANNED WHERE ");
 }
 
+void AddOrder(Statement &statement, ListOrder order)
+{
+    if (user_order::IsByAccount(order.column)) {
+        statement.text +=
+            AccountOrderClause(order.column, order.ascending, Today(), statement.values);
+    } else {
+        statement.text += user_list::OrderClause(order.column, order.ascending);
+    }
+}
+
 Statement EveryRow(const UserFilter &filter, ListOrder order)
 {
     Statement statement {Begun(user_list::kSelect, filter)};
     AddConditions(statement, filter, Rows::Many);
-    statement << user_list::OrderClause(order.column, order.ascending).constData();
+    AddOrder(statement, order);
     return statement;
 }
 
@@ -251,7 +263,7 @@ Statement Beginnings(const UserFilter &filter, ListOrder order)
     AddLoginBeginnings(statement, text);
     statement << ") AS near)";
     AddConditions(statement, filter, Rows::Few);
-    statement << user_list::OrderClause(order.column, order.ascending).constData();
+    AddOrder(statement, order);
     return statement;
 }
 
@@ -292,7 +304,7 @@ Result<quint32> CountFoundUsers(const UserFilter &filter)
 std::optional<Failure> ForEachFoundUser(const UserFilter &filter,
                                         ListOrder order,
                                         FunctionRef<void()> restart,
-                                        FunctionRef<bool(const UserRow &)> take)
+                                        FunctionRef<bool(const UserRow &, UserId)> take)
 {
     const Statement statement = EveryRow(filter, order);
     return user_list::ForEach(statement.text, statement.values, restart, take);

@@ -30,7 +30,8 @@ FindUsers(const UserFilter &filter, ListOrder order, bool withGroupNames);
 [[nodiscard]] Result<quint32> CountFoundUsers(const UserFilter &filter);
 
 // Every one that it finds, see user_list::ForEach.
-[[nodiscard]] std::optional<Failure> ForEachFoundUser(const UserFilter &filter,
-                                                      ListOrder order,
-                                                      FunctionRef<void()> restart,
-                                                      FunctionRef<bool(const UserRow &)> take);
+[[nodiscard]] std::optional<Failure>
+ForEachFoundUser(const UserFilter &filter,
+                 ListOrder order,
+                 FunctionRef<void()> restart,
+                 FunctionRef<bool(const UserRow &, UserId)> take);

@@ -38,7 +38,7 @@ void BindValue(int number,
 }
 
 // For a statement that is put together as it is needed.
-using ValueList = std::vector<std::variant<quint32, double, QString>>;
+using ValueList = std::vector<std::variant<quint32, double, QString, Day>>;
 
 // Binds `values` in order.
 void BindValues(const ValueList &values);

@@ -215,7 +215,7 @@ TEST_P(UserSearch, GivesEveryRowBeyondTheListsCapacity)
         filter,
         {},
         [&names] { names.clear(); },
-        [&names](const UserRow &row) {
+        [&names](const UserRow &row, UserId) {
             EXPECT_EQ(row.groupName, u"Sales"_s);
             names << row.userName;
             return true;

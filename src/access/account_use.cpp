@@ -1,0 +1,323 @@
+#include "access/account_use.h"
+
+#include "base/day.h"
+#include "db/query.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kIdsAtOnce = 60; // a statement has room for few more values
+
+// Rules of users while they are read, with the record that credits of a limit name.
+struct Account
+{
+    OwnerRules rules;
+    quint32 trafficRecord = 0;
+    quint32 timeRecord = 0;
+};
+
+using Accounts = QHash<UserId, Account>;
+
+// Behind each "AND" may follow.
+constexpr const char *kTraffic =
+    "SELECT users.user_id, users.mode, users.own_price, users.trafprice, users.traflim, "
+    "users.trafperiod, traffic_use.traf_id, traffic_use.data, traffic_use.blocked, "
+    "traffic_use.current_time FROM users LEFT JOIN traffic_use ON traffic_use.user_id = "
+    "users.user_id AND traffic_use.period = users.trafperiod AND (users.trafperiod = 2 OR "
+    "traffic_use.current_time = (?)) WHERE users.mode <> 0 AND users.mode <> 4";
+
+constexpr const char *kTime =
+    "SELECT users.user_id, users.mode, users.own_price, users.trafprice, users.timelim, "
+    "users.timeperiod, time_use.time_id, time_use.data, time_use.blocked, "
+    "time_use.current_time FROM users LEFT JOIN time_use ON time_use.user_id = "
+    "users.user_id AND time_use.period = users.timeperiod AND (users.timeperiod = 2 OR "
+    "time_use.current_time = (?)) WHERE users.mode = 4";
+
+constexpr const char *kCredits =
+    "SELECT object_id, mode, trafid, time_id, data, usage, moneydata, moneyusage, unlimited, "
+    "expiredday FROM billing WHERE closed = 0";
+
+template <typename Unit>
+void TakeUse(const Row &row, LimitRules<Unit> &rules, quint32 &record)
+{
+    rules.period = row.Code<LimitPeriod>(6);
+    record = row.Integer(7);
+    if (record != 0) {
+        const QDate day = QDate::fromString(row.Text(10).left(10), Qt::ISODate);
+        rules.use = CountedUse<Unit> {Unit {row.Amount(8)}, row.Flag(9), day};
+    }
+}
+
+Account AccountIn(const Row &row, double price)
+{
+    Account account;
+    account.rules.mode = row.Code<AccountingMode>(2);
+    account.rules.price = row.Flag(3) ? row.Amount(4) : price;
+    if (account.rules.mode == AccountingMode::Time) {
+        account.rules.time.limit = AmountOf(WholeHours {row.Integer(5)});
+        TakeUse(row, account.rules.time, account.timeRecord);
+    } else {
+        account.rules.traffic.limit = AmountOf(WholeMegabytes {row.Integer(5)});
+        TakeUse(row, account.rules.traffic, account.trafficRecord);
+    }
+    return account;
+}
+
+// An open credit, whatever it is of.
+struct StoredCredit
+{
+    UserId userId;
+    BillingMode mode = BillingMode::Credit;
+    quint32 trafficRecord = 0;
+    quint32 timeRecord = 0;
+    double given = 0;
+    double used = 0;
+    BaseUnits money;
+    BaseUnits moneyUsed;
+    CreditExpiry expiry;
+};
+
+StoredCredit CreditIn(const Row &row)
+{
+    return {.userId = row.Id<UserId>(1),
+            .mode = row.Code<BillingMode>(2),
+            .trafficRecord = row.Integer(3),
+            .timeRecord = row.Integer(4),
+            .given = row.Amount(5),
+            .used = row.Amount(6),
+            .money = BaseUnits {row.Amount(7)},
+            .moneyUsed = BaseUnits {row.Amount(8)},
+            .expiry = {row.Integer(9) != 0, row.Text(10)}};
+}
+
+template <typename Unit>
+void AddCredit(const StoredCredit &credit, quint32 named, quint32 record, LimitRules<Unit> &rules)
+{
+    if (named == 0 || named == record) {
+        rules.credits.push_back({Unit {credit.given}, Unit {credit.used}, credit.expiry});
+    }
+}
+
+void AddCredit(const StoredCredit &credit, Account &account)
+{
+    OwnerRules &rules = account.rules;
+    if (credit.mode == BillingMode::Traffic) {
+        AddCredit(credit, credit.trafficRecord, account.trafficRecord, rules.traffic);
+    } else if (credit.mode == BillingMode::Time) {
+        AddCredit(credit, credit.timeRecord, account.timeRecord, rules.time);
+    } else if (credit.mode == BillingMode::Credit) {
+        rules.credits.push_back({.money = credit.money,
+                                 .moneyUsed = credit.moneyUsed,
+                                 .traffic = Megabytes {credit.given},
+                                 .trafficUsed = Megabytes {credit.used},
+                                 .expiry = credit.expiry});
+    }
+}
+
+// Of a few users; of everybody without any.
+struct Whose
+{
+    QByteArray clause; // behind a column's name
+    ValueList values;
+};
+
+Whose Everybody()
+{
+    return {};
+}
+
+// Always as many markers: a statement of one text is planned once.
+Whose Of(const QList<UserId> &users, qsizetype from)
+{
+    Whose whose {" IN (", {}};
+    for (qsizetype at = 0; at < kIdsAtOnce; ++at) {
+        whose.clause += at == 0 ? "(?)" : ", (?)";
+        whose.values.emplace_back(users[std::min(from + at, users.size() - 1)].value);
+    }
+    whose.clause += ')';
+    return whose;
+}
+
+QByteArray Restricted(const char *sqlText, const char *column, const Whose &whose)
+{
+    return whose.clause.isEmpty() ? QByteArray(sqlText)
+                                  : sqlText + QByteArray(" AND ") + column + whose.clause;
+}
+
+Result<bool> ReadLimits(const Whose &whose, AccountMoment moment, Accounts &accounts)
+{
+    ValueList values {DayOf(moment.today)};
+    values.insert(values.end(), whose.values.begin(), whose.values.end());
+    for (const char *sqlText : {kTraffic, kTime}) {
+        const auto read = ReadAll(
+            Restricted(sqlText, "users.user_id", whose).constData(),
+            [&moment](const Row &row) {
+                return std::pair {row.Id<UserId>(1), AccountIn(row, moment.price)};
+            },
+            values);
+        if (!read) {
+            return tl::unexpected(read.error());
+        }
+        for (const auto &[userId, account] : *read) {
+            accounts.insert(userId, account); // of several records the last one counts
+        }
+    }
+    return true;
+}
+
+Result<bool> ReadCredits(const Whose &whose, Accounts &accounts)
+{
+    return ReadAll(Restricted(kCredits, "object_id", whose).constData(), CreditIn, whose.values)
+        .map([&accounts](const std::vector<StoredCredit> &credits) {
+            for (const StoredCredit &credit : credits) {
+                if (const auto account = accounts.find(credit.userId); account != accounts.end()) {
+                    AddCredit(credit, *account);
+                }
+            }
+            return true;
+        });
+}
+
+Result<bool> ReadAccounts(const Whose &whose, AccountMoment moment, Accounts &accounts)
+{
+    return ReadLimits(whose, moment, accounts).and_then([&](bool) {
+        return accounts.isEmpty() ? Result<bool>(true) : ReadCredits(whose, accounts);
+    });
+}
+
+Result<AccountUses> UsesOf(const Result<bool> &read, const Accounts &accounts, QDate today)
+{
+    return read.map([&](bool) {
+        AccountUses uses;
+        for (auto account = accounts.begin(); account != accounts.end(); ++account) {
+            if (const auto use = AccountUseOf(account->rules, today)) {
+                uses.insert(account.key(), *use);
+            }
+        }
+        return uses;
+    });
+}
+
+// A statement's part with the values of its markers.
+struct Part
+{
+    QByteArray text;
+    ValueList values;
+};
+
+void Add(Part &part, const char *text, const ValueList &values)
+{
+    part.text += text;
+    part.values.insert(part.values.end(), values.begin(), values.end());
+}
+
+// What was counted, in the unit of the user's mode.
+Part UsedAmount(const ValueList &today, const ValueList &month, const ValueList &lastDay)
+{
+    Part part;
+    Add(part,
+        "CASE WHEN mode IN (1, 5) AND trafperiod = 1 THEN COALESCE((SELECT MAX(data) FROM "
+        "traffic_use WHERE traffic_use.user_id = users.user_id AND period = 1 AND current_time = "
+        "(?)), 0) ",
+        today);
+    Add(part,
+        "WHEN mode IN (1, 5) THEN COALESCE((SELECT MAX(data) FROM traffic_use WHERE "
+        "traffic_use.user_id = users.user_id AND period = 2 AND current_time >= (?)), 0) ",
+        month);
+    Add(part,
+        "WHEN mode = 4 AND timeperiod = 1 THEN COALESCE((SELECT MAX(data) FROM time_use WHERE "
+        "time_use.user_id = users.user_id AND period = 1 AND current_time = (?)), 0) ",
+        today);
+    Add(part,
+        "WHEN mode = 4 THEN COALESCE((SELECT MAX(data) FROM time_use WHERE time_use.user_id = "
+        "users.user_id AND period = 2 AND current_time >= (?)), 0) ",
+        month);
+    Add(part,
+        "WHEN mode = 2 THEN (SELECT SUM(usage) FROM billing WHERE object_id = users.user_id AND "
+        "billing.mode = 2 AND closed = 0 AND (unlimited <> 0 OR expiredday = '' OR expiredday >= "
+        "(?))) ELSE 0 END",
+        lastDay);
+    return part;
+}
+
+// What is left of it, never less than nothing. A credit without a bound is more than any other.
+Part LeftAmount(const ValueList &today, const ValueList &month, const ValueList &lastDay)
+{
+    Part part;
+    Add(part,
+        "CASE WHEN mode IN (1, 5) AND trafperiod = 1 THEN COALESCE((SELECT MIN(CASE WHEN data < "
+        "traflim THEN traflim - data ELSE 0 END) FROM traffic_use WHERE traffic_use.user_id = "
+        "users.user_id AND period = 1 AND current_time = (?)), traflim) ",
+        today);
+    Add(part,
+        "WHEN mode IN (1, 5) THEN COALESCE((SELECT MIN(CASE WHEN data < traflim THEN traflim - "
+        "data ELSE 0 END) FROM traffic_use WHERE traffic_use.user_id = users.user_id AND period = 2 "
+        "AND current_time >= (?)), traflim) ",
+        month);
+    Add(part,
+        "WHEN mode = 4 AND timeperiod = 1 THEN COALESCE((SELECT MIN(CASE WHEN data < timelim THEN "
+        "timelim - data ELSE 0 END) FROM time_use WHERE time_use.user_id = users.user_id AND period "
+        "= 1 AND current_time = (?)), timelim) ",
+        today);
+    Add(part,
+        "WHEN mode = 4 THEN COALESCE((SELECT MIN(CASE WHEN data < timelim THEN timelim - data ELSE "
+        "0 END) FROM time_use WHERE time_use.user_id = users.user_id AND period = 2 AND "
+        "current_time >= (?)), timelim) ",
+        month);
+    Add(part,
+        "WHEN mode = 2 THEN COALESCE((SELECT SUM(CASE WHEN moneydata > 0 THEN CASE WHEN moneyusage "
+        "< moneydata THEN moneydata - moneyusage ELSE 0 END WHEN data > 0 THEN CASE WHEN usage < "
+        "data THEN data - usage ELSE 0 END ELSE 1000000000000 END) FROM billing WHERE object_id = "
+        "users.user_id AND billing.mode = 2 AND closed = 0 AND (unlimited <> 0 OR expiredday = '' "
+        "OR expiredday >= (?))), 0) ELSE 0 END",
+        lastDay);
+    return part;
+}
+
+} // namespace
+
+Result<AccountUses> ReadAccountUses(const QList<UserId> &users, AccountMoment moment)
+{
+    Accounts accounts;
+    Result<bool> read = true;
+    for (qsizetype from = 0; read && from < users.size(); from += kIdsAtOnce) {
+        read = ReadAccounts(Of(users, from), moment, accounts);
+    }
+    return UsesOf(read, accounts, moment.today);
+}
+
+Result<AccountUses> ReadAllAccountUses(AccountMoment moment)
+{
+    Accounts accounts;
+    return UsesOf(ReadAccounts(Everybody(), moment, accounts), accounts, moment.today);
+}
+
+Result<UserList> WithAccountUses(UserList list, AccountMoment moment)
+{
+    return ReadAccountUses(list.rowUserIds, moment).map([&](const AccountUses &uses) {
+        for (qsizetype row = 0; row < list.rows.size(); ++row) {
+            const auto use = uses.constFind(list.rowUserIds[row]);
+            if (use != uses.constEnd()) {
+                list.rows[row].use = *use;
+            }
+        }
+        return std::move(list);
+    });
+}
+
+QByteArray AccountOrderClause(int order, bool ascending, QDate today, ValueList &values)
+{
+    const ValueList day {DayOf(today)};
+    const ValueList month {DayOf(QDate(today.year(), today.month(), 1))};
+    const ValueList lastDay {today.toString(u"yyyy.MM.dd"_s)};
+    const Part amount = order == user_order::kUsed ? UsedAmount(day, month, lastDay)
+                                                   : LeftAmount(day, month, lastDay);
+    values.insert(values.end(), amount.values.begin(), amount.values.end());
+    return " ORDER BY CASE mode WHEN 1 THEN 0 WHEN 5 THEN 0 WHEN 2 THEN 1 WHEN 4 THEN 2 ELSE 3 "
+           "END, "
+        + amount.text + (ascending ? " ASC" : " DESC") + ", username";
+}

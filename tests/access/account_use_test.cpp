@@ -1,0 +1,138 @@
+// What users have used and have left, read for many at once: the same as the rules say of each of them.
+#include "access/account_use.h"
+
+#include "access/user_rules.h"
+#include "access/user_search.h"
+#include "base/day.h"
+#include "db/demo_data.h"
+#include "db/query.h"
+#include "support/core/engine_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDate kToday(2026, 11, 21);
+const AccountMoment kMoment {kToday, 0.02};
+
+class AccountUsesRead : public EngineFixture
+{
+protected:
+    void FillDemonstration()
+    {
+        const auto problem = FillWithDemoData(Dsn(), {200, 6, 40}, [](const QString &) {});
+        ASSERT_FALSE(problem) << qPrintable(*problem);
+    }
+
+    static QList<UserId> Everybody()
+    {
+        const auto ids = ReadAll("SELECT user_id FROM users ORDER BY user_id",
+                                 [](const Row &row) { return row.Id<UserId>(1); });
+        EXPECT_TRUE(ids);
+        return {ids->begin(), ids->end()};
+    }
+
+    static QStringList NamesBy(int order, bool ascending)
+    {
+        QStringList names;
+        const auto list = FindUsers({}, {order, ascending}, false);
+        EXPECT_TRUE(list) << (list ? "" : qPrintable(list.error().text));
+        for (const UserRow &row : list.value_or(UserList()).rows) {
+            names << row.userName;
+        }
+        return names;
+    }
+
+    TodayOverride today {kToday};
+};
+
+} // namespace
+
+TB_ON_EVERY_ENGINE(AccountUsesRead);
+
+TEST_P(AccountUsesRead, AreWhatTheRulesSayOfEachUser)
+{
+    FillDemonstration();
+    const auto few = ReadAccountUses(Everybody(), kMoment);
+    const auto all = ReadAllAccountUses(kMoment);
+    ASSERT_TRUE(few) << qPrintable(few.error().text);
+    ASSERT_TRUE(all) << qPrintable(all.error().text);
+    QSet<AccountUse::Unit> units;
+    for (const UserId userId : Everybody()) {
+        const auto rules = ReadUserRules(userId, {kToday, QTime(12, 0)}, kMoment.price);
+        ASSERT_TRUE(rules && *rules);
+        if (!(*rules)->rules.monitored) {
+            continue; // of whom nothing else is read
+        }
+        const auto use = AccountUseOf((*rules)->rules.own, kToday);
+        EXPECT_EQ(few->contains(userId), use.has_value()) << userId.value;
+        EXPECT_EQ(all->contains(userId), use.has_value()) << userId.value;
+        if (use) {
+            EXPECT_EQ(few->value(userId), *use) << userId.value;
+            EXPECT_EQ(all->value(userId), *use) << userId.value;
+            units.insert(use->unit);
+        }
+    }
+    EXPECT_EQ(units.size(), 3) << "the demonstration has accounts of every kind";
+}
+
+TEST_P(AccountUsesRead, OnlyOfTheUsersThatAreNamed)
+{
+    FillDemonstration();
+    const QList<UserId> everybody = Everybody();
+    for (const qsizetype count : {0, 1, 59, 60, 61, 120}) {
+        const auto uses = ReadAccountUses(everybody.first(count), kMoment);
+        ASSERT_TRUE(uses);
+        for (const UserId userId : everybody) {
+            const bool isNamed = everybody.indexOf(userId) < count;
+            EXPECT_LE(uses->contains(userId), isNamed) << userId.value << " of " << count;
+        }
+    }
+}
+
+TEST_P(AccountUsesRead, PutTheListInOrder)
+{
+    Execute(
+        "INSERT INTO users (user_id, username, mode, traflim, trafperiod, timelim, timeperiod) "
+        "VALUES (1, 'day', 1, 100, 1, 0, 2), (2, 'month', 5, 500, 2, 9, 2), "
+        "(3, 'nothing yet', 1, 70, 2, 0, 2), (4, 'over', 1, 10, 2, 0, 2), "
+        "(5, 'hours', 4, 0, 2, 40, 2), (6, 'hours today', 4, 0, 2, 3, 1), "
+        "(7, 'pre-paid', 2, 0, 2, 0, 2), (8, 'unbounded', 2, 0, 2, 0, 2), (9, 'free', 0, 0, 2, 0, 2)");
+    const auto use = [](const char *sqlText, quint32 user, quint32 period, QDate day, double data) {
+        Execute(sqlText, user, period, DayOf(day), data);
+    };
+    const auto *traffic =
+        "INSERT INTO traffic_use (user_id, period, current_time, data) VALUES ((?), (?), (?), (?))";
+    const auto *time =
+        "INSERT INTO time_use (user_id, period, current_time, data) VALUES ((?), (?), (?), (?))";
+    use(traffic, 1, 1, kToday, 60);
+    use(traffic, 1, 1, kToday.addDays(-1), 900);
+    use(traffic, 2, 2, {2026, 11, 1}, 480);
+    use(traffic, 3, 2, {2026, 10, 1}, 900); // of a month that is over
+    use(traffic, 4, 2, {2026, 11, 1}, 75);
+    use(time, 5, 2, {2026, 11, 1}, 39);
+    use(time, 6, 1, kToday, 1);
+    Execute("INSERT INTO billing (mode, object_id, data, usage, expiredday) VALUES "
+            "(2, 7, 100, 30, ''), (2, 7, 900, 5, '2026.11.20'), (2, 8, NULL, 800, '')");
+
+    EXPECT_EQ(NamesBy(user_order::kUsed, false).join(u','),
+              u"month,over,day,nothing yet,unbounded,pre-paid,hours,hours today,free"_s);
+    EXPECT_EQ(NamesBy(user_order::kUsed, true).join(u','),
+              u"nothing yet,day,over,month,pre-paid,unbounded,hours today,hours,free"_s);
+    EXPECT_EQ(NamesBy(user_order::kLeft, true).join(u','),
+              u"over,month,day,nothing yet,pre-paid,unbounded,hours,hours today,free"_s);
+    EXPECT_EQ(NamesBy(user_order::kLeft, false).join(u','),
+              u"nothing yet,day,month,over,unbounded,pre-paid,hours today,hours,free"_s);
+}
+
+TEST_P(AccountUsesRead, WhatCouldNotBeReadIsNotNothing)
+{
+    FillDemonstration();
+    for (const char *table : {"traffic_use", "time_use", "billing"}) {
+        Execute(
+            QByteArray("ALTER TABLE ").append(table).append(" RENAME TO elsewhere").constData());
+        EXPECT_FALSE(ReadAccountUses(Everybody(), kMoment)) << table;
+        EXPECT_FALSE(ReadAllAccountUses(kMoment)) << table;
+        Execute(QByteArray("ALTER TABLE elsewhere RENAME TO ").append(table).constData());
+    }
+}
