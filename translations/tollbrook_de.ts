@@ -368,6 +368,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The words above go by the user&apos;s block alone. With all that counts: %1.</source>
         <translation>Die Angabe oben richtet sich allein nach der Sperre des Benutzers. Mit allem, was zählt: %1.</translation>
     </message>
+    <message>
+        <source>without a bound</source>
+        <translation>ohne Grenze</translation>
+    </message>
 </context>
 <context>
     <name>AccountDialog</name>
@@ -5400,6 +5404,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Group</source>
         <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Used</source>
+        <translation>Verbraucht</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Übrig</translation>
     </message>
 </context>
 <context>

@@ -113,6 +113,28 @@ void DrawWhyPanel(Studio &studio, QTreeView &users)
     Trigger(studio, u"whyCommand"_s);
 }
 
+// The columns that are off at first, sorted by what is left.
+void DrawAccountColumns(Studio &studio)
+{
+    if (!studio.Wants(u"accounts-listed"_s)) {
+        return;
+    }
+    CAdministratorView &list = studio.Frame().Users();
+    const UserColumn columns[] = {
+        UserColumn::Workstation, UserColumn::MacAddress, UserColumn::Used, UserColumn::Left};
+    for (const UserColumn column : columns) {
+        list.ToggleColumn(column);
+    }
+    list.FillList(user_order::kLeft, true);
+    WaitUntil([&] { return !list.Finder().IsSearching(); });
+    studio.Draw(u"accounts-listed"_s, studio.Frame());
+    for (const UserColumn column : columns) {
+        list.ToggleColumn(column);
+    }
+    list.FillList(user_order::kUserName, true);
+    WaitUntil([&] { return !studio.Services().database.IsBusy(); });
+}
+
 void DrawFilter(Studio &studio)
 {
     if (!studio.Wants(u"filter"_s)) {
@@ -148,6 +170,7 @@ void DrawMainWindow(Studio &studio)
     groups.clearSelection();
     DrawWhyPanel(studio, users);
     DrawFilter(studio);
+    DrawAccountColumns(studio);
 
     studio.DrawDialog(u"refresh-period"_s, [&] { studio.Frame().ChooseCustomPeriod(); });
     studio.DrawDialog(u"about"_s, [&] { Trigger(studio, u"about"_s); });

@@ -25,6 +25,19 @@ QString NumberText(double number, const QLocale &locale)
     return locale.toString(number, 'f', 2);
 }
 
+QString AmountWords(double amount, AccountUse::Unit unit, const WordsStyle &style)
+{
+    switch (unit) {
+    case AccountUse::Unit::Traffic:
+        return Text::tr("%1 Mb").arg(NumberText(amount, style.locale));
+    case AccountUse::Unit::Time:
+        return Text::tr("%1 h", "hours").arg(NumberText(amount, style.locale));
+    case AccountUse::Unit::Money:
+        break;
+    }
+    return NumberText(amount * style.rate, style.locale) + u' ' + style.currency;
+}
+
 // The words of one list of facts.
 class Words
 {
@@ -209,11 +222,10 @@ private:
     {
         QStringList amounts;
         if (credit.traffic > Megabytes {}) {
-            amounts << Text::tr("%1 Mb").arg(NumberText(credit.traffic.value, style.locale));
+            amounts << AmountWords(credit.traffic.value, AccountUse::Unit::Traffic, style);
         }
         if (credit.money > BaseUnits {}) {
-            amounts << NumberText(credit.money.value * style.rate, style.locale) + u' '
-                    + style.currency;
+            amounts << AmountWords(credit.money.value, AccountUse::Unit::Money, style);
         }
         return amounts.join(Text::tr(" and ", "between two amounts"));
     }
@@ -380,6 +392,19 @@ std::vector<WhyLine> LinesOf(const AccessFindings &findings, const WordsStyle &s
                          .commands = CommandsOf(fact)});
     }
     return lines;
+}
+
+QString UsedText(const std::optional<AccountUse> &use, const WordsStyle &style)
+{
+    return use ? AmountWords(use->used, use->unit, style) : QString();
+}
+
+QString LeftText(const std::optional<AccountUse> &use, const WordsStyle &style)
+{
+    if (!use) {
+        return {};
+    }
+    return use->left ? AmountWords(*use->left, use->unit, style) : Text::tr("without a bound");
 }
 
 QString VerdictText(Verdict verdict)

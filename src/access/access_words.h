@@ -45,6 +45,10 @@ struct WordsStyle
 // One line for each fact, in the facts' order.
 [[nodiscard]] std::vector<WhyLine> LinesOf(const AccessFindings &findings, const WordsStyle &style);
 
+// What was used, and what is left, as the facts say it; empty for no account.
+[[nodiscard]] QString UsedText(const std::optional<AccountUse> &use, const WordsStyle &style);
+[[nodiscard]] QString LeftText(const std::optional<AccountUse> &use, const WordsStyle &style);
+
 // The decision in a few words.
 [[nodiscard]] QString VerdictText(Verdict verdict);
 

@@ -30,6 +30,6 @@ using AccountUses = QHash<UserId, AccountUse>;
 
 // Of rows of `users`, by user_order::kUsed or kLeft: users of traffic by megabytes, then those of
 // credits, then those of time, at last those who have neither. Begins with a blank; `values` gets the
-// values of its markers. Credits that extend a limit are left out of the order.
+// values of its markers.
 [[nodiscard]] QByteArray
 AccountOrderClause(int order, bool ascending, QDate today, ValueList &values);

@@ -25,16 +25,25 @@ CellRow CellsOf(const UserRow &user, const QList<UserTableColumn> &columns)
 
 } // namespace
 
-Result<ReportTablePtr>
-ReadUserTable(const UserFilter &filter, ListOrder order, const QList<UserTableColumn> &columns)
+Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
+                                     ListOrder order,
+                                     const std::optional<AccountMoment> &accounts,
+                                     const QList<UserTableColumn> &columns)
 {
+    const auto uses = accounts ? ReadAllAccountUses(*accounts) : Result<AccountUses>();
+    if (!uses) {
+        return tl::unexpected(uses.error());
+    }
     auto table = EmptyTable(columns);
     bool stored = true;
     auto failure = ForEachFoundUser(
         filter,
         order,
         [&] { table = EmptyTable(columns); },
-        [&](const UserRow &user) {
+        [&](UserRow user, UserId userId) {
+            if (const auto use = uses->constFind(userId); use != uses->constEnd()) {
+                user.use = *use;
+            }
             stored = table->rows.Append(CellsOf(user, columns));
             return stored;
         });

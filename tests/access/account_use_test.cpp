@@ -8,6 +8,8 @@
 #include "db/query.h"
 #include "support/core/engine_fixture.h"
 
+#include <map>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -123,6 +125,36 @@ TEST_P(AccountUsesRead, PutTheListInOrder)
               u"over,month,day,nothing yet,pre-paid,unbounded,hours,hours today,free"_s);
     EXPECT_EQ(NamesBy(user_order::kLeft, false).join(u','),
               u"nothing yet,day,month,over,unbounded,pre-paid,hours today,hours,free"_s);
+}
+
+// Whatever the demonstration holds: what is shown stands in the order in which it is shown.
+TEST_P(AccountUsesRead, PutTheDemonstrationInTheOrderOfItsFigures)
+{
+    FillDemonstration();
+    const auto uses = ReadAllAccountUses(kMoment);
+    ASSERT_TRUE(uses);
+    const auto prePaidUsers = ReadAll("SELECT user_id FROM users WHERE mode = 2",
+                                      [](const Row &row) { return row.Id<UserId>(1); });
+    ASSERT_TRUE(prePaidUsers);
+    const QSet<UserId> prePaid(prePaidUsers->begin(), prePaidUsers->end());
+    for (const int order : {user_order::kUsed, user_order::kLeft}) {
+        const auto list = FindUsers({}, {order, true}, false);
+        ASSERT_TRUE(list) << qPrintable(list.error().text);
+        std::map<AccountUse::Unit, double> last;
+        int compared = 0;
+        for (const UserId userId : list->rowUserIds) {
+            const auto use = uses->constFind(userId);
+            if (use == uses->constEnd() || !use->left || prePaid.contains(userId)) {
+                continue; // their amounts of traffic and of money stand side by side
+            }
+            const double figure = order == user_order::kUsed ? use->used : *use->left;
+            const auto before = last.try_emplace(use->unit, figure).first;
+            EXPECT_LE(before->second, figure + 0.07) << userId.value << " by " << order;
+            before->second = figure;
+            ++compared;
+        }
+        EXPECT_GT(compared, 80);
+    }
 }
 
 TEST_P(AccountUsesRead, WhatCouldNotBeReadIsNotNothing)

@@ -1,15 +1,19 @@
 #include "ui/main/administrator_view.h"
 
 #include "access/list_commands.h"
+#include "accounts/currency.h"
 #include "app/perform.h"
+#include "base/day.h"
 #include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/common/window_memory.h"
+#include "ui/main/account_bar.h"
 #include "ui/main/list_export.h"
 #include "ui/main/user_list_model.h"
 #include "ui/props/change_group_dialog.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QStyle>
 
@@ -40,6 +44,7 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     , services(appServices)
     , dialogs(windows)
     , users(new UserListModel(this))
+    , accountBar(new AccountBar(this))
     , finder(appServices.database)
 {
     SetNames(*this, u"usersList"_s, tr("Users"));
@@ -78,19 +83,25 @@ void CAdministratorView::FillList(int order, bool ascending)
         sortColumn = order;
     }
     const bool shows = columns.ShowUsers();
-    if (IsFiltered() && shows) {
+    users->SetStyle(AccountStyle());
+    if ((IsFiltered() || user_order::IsByAccount(order)) && shows) {
         FillFiltered(order, ascending, false);
         return;
     }
     finder.Stop();
+    ++fills;
     const bool withGroups = columns.IsVisible(UserColumn::Group);
     StartReading(
         services.database,
-        [order, ascending, withGroups, shows]() -> Result<UserList> {
-            return shows ? ReadUserList(order, ascending, withGroups) : UserList();
+        [order, ascending, withGroups, shows, accounts = WantedAccounts()]() -> Result<UserList> {
+            if (!shows) {
+                return UserList();
+            }
+            auto list = ReadUserList(order, ascending, withGroups);
+            return accounts && list ? WithAccountUses(*std::move(list), *accounts) : list;
         },
-        [this, order, ascending, shows](const UserList &list) {
-            if (!IsFiltered() || !shows) { // else a filter was set meanwhile
+        [this, order, ascending, number = fills](const UserList &list) {
+            if (number == fills) {
                 TakeList(list, order, ascending);
             }
         });
@@ -99,7 +110,27 @@ void CAdministratorView::FillList(int order, bool ascending)
 void CAdministratorView::FillFiltered(int order, bool ascending, bool quickFirst)
 {
     wantedOrder = {order, ascending};
-    finder.Find({filter, wantedOrder, columns.IsVisible(UserColumn::Group), quickFirst});
+    ++fills;
+    finder.Find(
+        {filter, wantedOrder, columns.IsVisible(UserColumn::Group), WantedAccounts(), quickFirst});
+}
+
+// Not while the price of traffic cannot be read: a credit of money would seem to have no bound.
+std::optional<AccountMoment> CAdministratorView::WantedAccounts() const
+{
+    const ConfigStore &settings = services.settings;
+    return columns.ShowAccounts() && !settings.Problem(ConfigKeyId::Price)
+        ? std::optional(AccountMoment {Today(), settings.ReadAmount(values::kTrafPrice)})
+        : std::nullopt;
+}
+
+WordsStyle CAdministratorView::AccountStyle() const
+{
+    if (!columns.ShowAccounts()) {
+        return {};
+    }
+    const Currency currency = CurrentCurrency(services.settings);
+    return {Today(), QLocale(), currency.rate, currency.name};
 }
 
 void CAdministratorView::TakeFound(const UserList &found)
@@ -147,7 +178,9 @@ void CAdministratorView::InsertColumns()
     columnMemory->PutUp([this] {
         users->SetColumns(columns.Shown());
         for (int section = 0; section < users->columnCount(); ++section) {
-            header()->resizeSection(section, columns.Width(users->ColumnAt(section)));
+            const UserColumn column = users->ColumnAt(section);
+            header()->resizeSection(section, columns.Width(column));
+            setItemDelegateForColumn(section, IsOfAccount(column) ? accountBar : nullptr);
         }
     });
 }
@@ -209,10 +242,13 @@ bool CAdministratorView::FindUser(const QString &text)
 
 void CAdministratorView::Export()
 {
-    ExportList(
-        services,
-        *window(),
-        {.filter = filter, .order = {shownOrder, shownAscending}, .columns = columns.Shown()});
+    ExportList(services,
+               *window(),
+               {.filter = filter,
+                .order = {shownOrder, shownAscending},
+                .columns = columns.Shown(),
+                .accounts = WantedAccounts(),
+                .style = AccountStyle()});
 }
 
 void CAdministratorView::GoToFirst()
@@ -330,6 +366,17 @@ void CAdministratorView::RemoveSelected(const std::function<bool(const QStringLi
         }
     }
     FillList(sortColumn, true);
+}
+
+// To put a million users in the order of their accounts takes a moment; the list stays as it is.
+void CAdministratorView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && finder.IsSearching() && !IsFiltered()) {
+        finder.Stop();
+        ShowSortIndicator();
+        return;
+    }
+    IdListPane::keyPressEvent(event);
 }
 
 void CAdministratorView::RefreshKey()

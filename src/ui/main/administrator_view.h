@@ -2,6 +2,7 @@
 // 1000.
 #pragma once
 
+#include "access/access_words.h"
 #include "access/user_list.h"
 #include "actions/action.h"
 #include "startup/app_services.h"
@@ -10,6 +11,7 @@
 #include "ui/main/user_columns.h"
 #include "ui/main/user_finder.h"
 
+class AccountBar;
 class ColumnMemory;
 class UserListModel;
 
@@ -68,6 +70,7 @@ public:
 protected:
     [[nodiscard]] UserId IdAt(int row) const override;
     [[nodiscard]] int RowOf(UserId id) const override;
+    void keyPressEvent(QKeyEvent *event) override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
 
@@ -79,6 +82,8 @@ private:
     void ShowSortIndicator();
     void TakeList(const UserList &list, int order, bool ascending);
     void FillFiltered(int order, bool ascending, bool quickFirst);
+    [[nodiscard]] std::optional<AccountMoment> WantedAccounts() const;
+    [[nodiscard]] WordsStyle AccountStyle() const;
     void TakeFound(const UserList &found);
     void TakeFocusAt(int row, const QList<int> &selected);
     void RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
@@ -90,6 +95,7 @@ private:
     UserListModel *users;
     UserColumns columns;
     ColumnMemory *columnMemory = nullptr;
+    AccountBar *accountBar;
     std::optional<Chosen> chosenBefore; // the columns were put up anew
     int sortColumn = 5;
     bool sortAscending = true; // of header clicks: one direction for all columns
@@ -98,4 +104,5 @@ private:
     UserFilter filter;
     UserFinder finder;
     ListOrder wantedOrder; // of the search that runs
+    int fills = 0; // that were asked for; only the last one is shown
 };

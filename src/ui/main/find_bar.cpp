@@ -103,6 +103,9 @@ void FindBar::FollowList()
         }
     });
     connect(&finder, &UserFinder::Counted, this, [this](quint32 found, quint32 all) {
+        if (!users.IsFiltered()) {
+            return; // only the order was searched for
+        }
         const QLocale locale;
         note->setText(tr("%1 of %2").arg(locale.toString(found), locale.toString(all)));
         GoToFoundIfAsked();

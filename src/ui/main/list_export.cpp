@@ -38,12 +38,13 @@ QString ChooseFile(QWidget &parent)
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
 }
 
-QList<UserTableColumn> TableColumns(const QList<UserColumn> &columns)
+QList<UserTableColumn> TableColumns(const ListToExport &list)
 {
     QList<UserTableColumn> table;
-    for (const UserColumn column : columns) {
-        table.append({HeaderText(column),
-                      [column](const UserRow &user) { return CellWords(user, column); }});
+    for (const UserColumn column : list.columns) {
+        table.append({HeaderText(column), [column, style = list.style](const UserRow &user) {
+                          return CellWords(user, column, style);
+                      }});
     }
     return table;
 }
@@ -51,7 +52,7 @@ QList<UserTableColumn> TableColumns(const QList<UserColumn> &columns)
 // How many users were written.
 Result<qint64> Write(const ListToExport &list, const QString &fileName)
 {
-    const auto table = ReadUserTable(list.filter, list.order, TableColumns(list.columns));
+    const auto table = ReadUserTable(list.filter, list.order, list.accounts, TableColumns(list));
     if (!table) {
         return tl::unexpected(table.error());
     }

@@ -1,6 +1,8 @@
 // "Export list...": every user that the list's filter finds, as a file.
 #pragma once
 
+#include "access/access_words.h"
+#include "access/account_use.h"
 #include "access/user_search.h"
 #include "startup/app_services.h"
 #include "ui/main/user_columns.h"
@@ -13,6 +15,8 @@ struct ListToExport
     UserFilter filter;
     ListOrder order;
     QList<UserColumn> columns;
+    std::optional<AccountMoment> accounts; // for columns of accounts
+    WordsStyle style; // of their figures
 };
 
 // Asks for the file's name, reads on a connection of its own while `parent` waits, and tells what became

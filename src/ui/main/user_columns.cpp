@@ -2,8 +2,10 @@
 
 #include "access/user_list.h"
 #include "base/text.h"
+#include "ui/common/window_memory.h"
 
 #include <QCoreApplication>
+#include <QVariant>
 
 #include <algorithm>
 
@@ -20,7 +22,7 @@ struct ColumnTraits
 {
     const char *header; // in English
     int sortCode;
-    TextValue visible;
+    TextValue visible; // neither of a column that the store does not know
     TextValue width;
 };
 
@@ -51,6 +53,8 @@ constexpr ColumnTraits kTraits[kUserColumns] = {
      values::kViewMACHdr,
      values::kMACHdrWidth},
     {QT_TRANSLATE_NOOP("UserColumns", "Group"), -1, values::kViewGroupHdr, values::kGroupHdrWidth},
+    {QT_TRANSLATE_NOOP("UserColumns", "Used"), user_order::kUsed, {}, {}},
+    {QT_TRANSLATE_NOOP("UserColumns", "Left"), user_order::kLeft, {}, {}},
 };
 
 constexpr size_t Slot(UserColumn column)
@@ -61,6 +65,23 @@ constexpr size_t Slot(UserColumn column)
 const ColumnTraits &TraitsOf(UserColumn column)
 {
     return kTraits[Slot(column)];
+}
+
+QList<UserColumn> ColumnsThat(bool (*holds)(UserColumn))
+{
+    QList<UserColumn> columns;
+    std::ranges::copy_if(kUserColumnOrder, std::back_inserter(columns), holds);
+    return columns;
+}
+
+QList<UserColumn> StoredColumns()
+{
+    return ColumnsThat([](UserColumn column) { return !IsOfAccount(column); });
+}
+
+QString MemoryKey(UserColumn column)
+{
+    return u"users/shown%1"_s.arg(Slot(column));
 }
 
 } // namespace
@@ -77,15 +98,18 @@ int SortCode(UserColumn column)
 
 void UserColumns::Load(const ConfigStore &config)
 {
+    for (const UserColumn column : ColumnsThat(IsOfAccount)) {
+        columnVisible[Slot(column)] = Remembered(MemoryKey(column)).toBool();
+    }
     if (!config.HasKey(ConfigKeyId::Ui)) {
         return;
     }
     QString verdict; // kept: a missing value repeats the verdict of the value read before it
-    for (const UserColumn column : kUserColumnOrder) {
+    for (const UserColumn column : StoredColumns()) {
         verdict = config.ReadText(TraitsOf(column).visible).value_or(verdict);
         columnVisible[Slot(column)] = verdict != u"0"_s;
     }
-    for (const UserColumn column : kUserColumnOrder) {
+    for (const UserColumn column : StoredColumns()) {
         if (const auto width = config.ReadText(TraitsOf(column).width)) {
             columnWidth[Slot(column)] = IntegerFrom(*width);
         }
@@ -94,8 +118,11 @@ void UserColumns::Load(const ConfigStore &config)
 
 SettingsResult UserColumns::Save(const ConfigStore &config) const
 {
+    for (const UserColumn column : ColumnsThat(IsOfAccount)) {
+        Remember(MemoryKey(column), IsVisible(column));
+    }
     return config.Edit(ConfigKeyId::Ui, [this](KeyEditor &key) {
-        for (const UserColumn column : kUserColumnOrder) {
+        for (const UserColumn column : StoredColumns()) {
             key.WriteFlag(TraitsOf(column).visible, IsVisible(column));
             key.WriteInteger(TraitsOf(column).width, Width(column));
         }
@@ -105,6 +132,13 @@ SettingsResult UserColumns::Save(const ConfigStore &config) const
 bool UserColumns::IsVisible(UserColumn column) const
 {
     return columnVisible[Slot(column)];
+}
+
+bool UserColumns::ShowAccounts() const
+{
+    return std::ranges::any_of(kUserColumnOrder, [this](UserColumn column) {
+        return IsOfAccount(column) && IsVisible(column);
+    });
 }
 
 int UserColumns::Width(UserColumn column) const
@@ -134,6 +168,7 @@ QList<UserColumn> UserColumns::Shown() const
 bool UserColumns::ShowUsers() const
 {
     return std::ranges::any_of(kUserColumnOrder, [this](UserColumn column) {
-        return IsVisible(column) && column != UserColumn::Group && column != UserColumn::Access;
+        return IsVisible(column) && column != UserColumn::Group && column != UserColumn::Access
+            && !IsOfAccount(column);
     });
 }

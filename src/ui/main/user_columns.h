@@ -1,4 +1,4 @@
-// The seven columns of the users list: which are shown, how wide, and where that is kept.
+// The columns of the users list: which are shown, how wide, and where that is kept.
 #pragma once
 
 #include "config/config_store.h"
@@ -16,9 +16,11 @@ enum class UserColumn {
     Access = 4,
     MacAddress = 5,
     Group = 6,
+    Used = 7, // these two are of this person at this desktop alone
+    Left = 8,
 };
 
-constexpr size_t kUserColumns = 7;
+constexpr size_t kUserColumns = 9;
 
 // From left to right.
 inline constexpr std::array<UserColumn, kUserColumns> kUserColumnOrder {
@@ -29,7 +31,15 @@ inline constexpr std::array<UserColumn, kUserColumns> kUserColumnOrder {
     UserColumn::MacAddress,
     UserColumn::Group,
     UserColumn::Access,
+    UserColumn::Used,
+    UserColumn::Left,
 };
+
+// Whether the column shows figures of the user's account, which have to be read for it.
+[[nodiscard]] constexpr bool IsOfAccount(UserColumn column)
+{
+    return column == UserColumn::Used || column == UserColumn::Left;
+}
 
 [[nodiscard]] QString HeaderText(UserColumn column);
 
@@ -40,14 +50,17 @@ inline constexpr std::array<UserColumn, kUserColumns> kUserColumnOrder {
 // Visibility and width in pixels of each column, by slot.
 struct UserColumns
 {
-    std::array<bool, kUserColumns> columnVisible {true, true, true, true, true, true, true};
-    std::array<int, kUserColumns> columnWidth {150, 100, 150, 150, 75, 100, 100};
+    std::array<bool, kUserColumns> columnVisible {
+        true, true, true, true, true, true, true, false, false};
+    std::array<int, kUserColumns> columnWidth {150, 100, 150, 150, 75, 100, 100, 110, 110};
 
     // Kept in the store's key for the lists; a key that cannot be opened leaves everything as it is.
+    // The columns of the account are kept with what a person has made of the windows.
     void Load(const ConfigStore &config);
     [[nodiscard]] SettingsResult Save(const ConfigStore &config) const;
 
     [[nodiscard]] bool IsVisible(UserColumn column) const;
+    [[nodiscard]] bool ShowAccounts() const; // a column of the account is visible
     [[nodiscard]] int Width(UserColumn column) const;
     [[nodiscard]] bool HasUsualWidth(UserColumn column) const; // no other one is stored
     void Toggle(UserColumn column);

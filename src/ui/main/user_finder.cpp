@@ -2,6 +2,20 @@
 
 #include <utility>
 
+namespace {
+
+// As it was found, with what else is wanted of its users.
+Result<UserList> Completed(Result<UserList> found, const UserFinder::Search &search)
+{
+    if (!search.accounts) {
+        return found;
+    }
+    return std::move(found).and_then(
+        [&](UserList users) { return WithAccountUses(std::move(users), *search.accounts); });
+}
+
+} // namespace
+
 UserFinder::UserFinder(const SessionThread &consoleSession, QObject *parent)
     : QObject(parent)
     , console(consoleSession)
@@ -16,7 +30,8 @@ void UserFinder::Find(const Search &search)
     if (search.quickFirst && HasQuickSearch(search.filter)) {
         Start(
             [search] {
-                return FindUsersQuickly(search.filter, search.order, search.withGroupNames);
+                return Completed(
+                    FindUsersQuickly(search.filter, search.order, search.withGroupNames), search);
             },
             [this](const UserList &users) {
                 if (!users.rows.isEmpty()) {
@@ -57,11 +72,14 @@ void UserFinder::Start(Work work, Take take)
 
 void UserFinder::FindWhole(const Search &search)
 {
-    Start([search] { return FindUsers(search.filter, search.order, search.withGroupNames); },
-          [this, search](const UserList &users) {
-              Count(search, users.rows.size()); // first: the search goes on when the rows are told
-              emit Found(users, true);
-          });
+    Start(
+        [search] {
+            return Completed(FindUsers(search.filter, search.order, search.withGroupNames), search);
+        },
+        [this, search](const UserList &users) {
+            Count(search, users.rows.size()); // first: the search goes on when the rows are told
+            emit Found(users, true);
+        });
 }
 
 void UserFinder::Count(const Search &search, qsizetype listed)

@@ -2,6 +2,7 @@
 // and a newer one ends the one before.
 #pragma once
 
+#include "access/account_use.h"
 #include "access/user_search.h"
 #include "db/session_thread.h"
 
@@ -20,6 +21,7 @@ public:
         UserFilter filter;
         ListOrder order;
         bool withGroupNames = false;
+        std::optional<AccountMoment> accounts; // what was used and is left is wanted too
         bool quickFirst = false; // what begins with a word is given first, where an index finds it
     };
 

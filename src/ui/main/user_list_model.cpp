@@ -2,12 +2,13 @@
 
 #include "ui/common/icons.h"
 #include "ui/main/access_picture.h"
+#include "ui/main/account_bar.h"
 
 #include <algorithm>
 
 namespace {
 
-QString CellText(const UserRow &row, UserColumn column)
+QString CellText(const UserRow &row, UserColumn column, const WordsStyle &style)
 {
     switch (column) {
     case UserColumn::UserName:
@@ -22,19 +23,44 @@ QString CellText(const UserRow &row, UserColumn column)
         return row.macAddress;
     case UserColumn::Group:
         return row.groupName;
+    case UserColumn::Used:
+        return UsedText(row.use, style);
+    case UserColumn::Left:
+        return LeftText(row.use, style);
     case UserColumn::Access:
         break;
     }
     return {};
 }
 
+// Of what was used and is left together; not valid where that is not known or without a bound.
+QVariant UsedShare(const UserRow &row)
+{
+    if (!row.use || !row.use->left) {
+        return {};
+    }
+    const double left = *row.use->left;
+    return left > 0 ? row.use->used / (row.use->used + left) : 1.0;
+}
+
+QVariant AccountCellData(const UserRow &row, UserColumn column, int role)
+{
+    const QVariant used = UsedShare(row);
+    if (column == UserColumn::Used && role == kUsedShareRole) {
+        return used;
+    }
+    return column == UserColumn::Left && role == kLeftShareRole && used.isValid()
+        ? QVariant(1.0 - used.toDouble())
+        : QVariant();
+}
+
 } // namespace
 
-QString CellWords(const UserRow &row, UserColumn column)
+QString CellWords(const UserRow &row, UserColumn column, const WordsStyle &style)
 {
     return column == UserColumn::Access
         ? AccessCellData(row.access, Qt::AccessibleTextRole).toString()
-        : CellText(row, column);
+        : CellText(row, column, style);
 }
 
 void UserListModel::SetColumns(const QList<UserColumn> &shown)
@@ -63,7 +89,7 @@ QString UserListModel::NameAt(int row) const
 int UserListModel::FindPrefix(const QString &text) const
 {
     const auto found = std::ranges::find_if(Rows().rows, [&](const UserRow &row) {
-        return CellText(row, columns.front()).startsWith(text, Qt::CaseInsensitive);
+        return CellText(row, columns.front(), style).startsWith(text, Qt::CaseInsensitive);
     });
     return found == Rows().rows.end() ? -1 : static_cast<int>(found - Rows().rows.begin());
 }
@@ -81,7 +107,11 @@ QVariant UserListModel::data(const QModelIndex &index, int role) const
         return AccessCellData(row.access, role);
     }
     if (role == Qt::DisplayRole) {
-        return CellText(row, column);
+        return CellText(row, column, style);
+    }
+    if (IsOfAccount(column)) {
+        return role == Qt::TextAlignmentRole ? QVariant(Qt::AlignRight | Qt::AlignVCenter)
+                                             : AccountCellData(row, column, role);
     }
     if (role == Qt::DecorationRole && index.column() == 0) {
         return IconOf(Picture::User);

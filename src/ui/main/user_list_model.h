@@ -1,12 +1,13 @@
 // The users list as a table of its visible columns.
 #pragma once
 
+#include "access/access_words.h"
 #include "access/user_list.h"
 #include "ui/main/id_table_model.h"
 #include "ui/main/user_columns.h"
 
 // What a cell says, for who cannot see pictures.
-[[nodiscard]] QString CellWords(const UserRow &row, UserColumn column);
+[[nodiscard]] QString CellWords(const UserRow &row, UserColumn column, const WordsStyle &style);
 
 class UserListModel : public IdTableModel<UserList, UserId, &UserList::rowUserIds>
 {
@@ -17,6 +18,9 @@ public:
 
     // Drops all rows.
     void SetColumns(const QList<UserColumn> &shown);
+
+    // How figures of accounts are written from now on.
+    void SetStyle(const WordsStyle &newStyle) { style = newStyle; }
 
     [[nodiscard]] UserColumn ColumnAt(int column) const { return columns[column]; }
 
@@ -41,4 +45,5 @@ public:
 
 private:
     QList<UserColumn> columns;
+    WordsStyle style;
 };

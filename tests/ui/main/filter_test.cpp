@@ -350,3 +350,50 @@ TEST_F(Filters, TheListIsExported)
     EXPECT_FALSE(QFile::exists(exports.filePath(u"none.csv"_s)));
     Execute("ALTER TABLE logins_away RENAME TO logins");
 }
+
+// Off at first; then kept for this person, and read and sorted by on the connection of the filter.
+TEST_F(Filters, ColumnsOfTheAccountShowWhatWasUsedAndIsLeft)
+{
+    const TodayOverride today({2026, 11, 22});
+    ShowFour();
+    Execute("UPDATE users SET mode = 1, traflim = 100, trafperiod = 2 WHERE username <> 'dora'");
+    Execute(
+        "INSERT INTO traffic_use (user_id, period, current_time, data) VALUES ((?), 2, (?), 25)",
+        anna,
+        DayOf({2026, 11, 1}));
+    Execute(
+        "INSERT INTO traffic_use (user_id, period, current_time, data) VALUES ((?), 2, (?), 130)",
+        carl,
+        DayOf({2026, 11, 1}));
+    const auto figures = [this](UserColumn column) {
+        QStringList texts;
+        const QAbstractItemModel &model = *Users().model();
+        for (int section = 0; section < model.columnCount(); ++section) {
+            if (model.headerData(section, Qt::Horizontal).toString() == HeaderText(column)) {
+                for (int row = 0; row < model.rowCount(); ++row) {
+                    texts << model.index(row, section).data().toString();
+                }
+            }
+        }
+        return texts.join(u'|');
+    };
+    EXPECT_EQ(figures(UserColumn::Used), QString());
+    Users().ToggleColumn(UserColumn::Used);
+    Users().ToggleColumn(UserColumn::Left);
+    EXPECT_EQ(figures(UserColumn::Used), u"25 Mb|0 Mb|130 Mb|"_s);
+    EXPECT_EQ(figures(UserColumn::Left), u"75 Mb|100 Mb|0 Mb|"_s);
+    CloseFrame();
+    ShowFrame();
+    EXPECT_EQ(figures(UserColumn::Left), u"75 Mb|100 Mb|0 Mb|"_s);
+
+    Users().FillList(user_order::kUsed, false);
+    EXPECT_EQ(Names().join(u' '), u"carl anna bert dora"_s);
+    EXPECT_EQ(Note(), QString()) << "nothing was filtered";
+    TypeFilter(u"berg"_s);
+    EXPECT_EQ(Names().join(u' '), u"anna dora"_s);
+    EXPECT_EQ(figures(UserColumn::Used), u"25 Mb|"_s);
+    Execute("ALTER TABLE traffic_use RENAME TO elsewhere");
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(figures(UserColumn::Used), u"25 Mb|"_s) << "unread is not nothing";
+    EXPECT_EQ(Note(), u"The users could not be searched."_s);
+}

@@ -129,7 +129,9 @@ TEST_F(Frame, HasItsMenus)
                            u"*IP Address"_s,
                            u"*MAC Address"_s,
                            u"*Group"_s,
-                           u"*Access"_s}));
+                           u"*Access"_s,
+                           u"Used"_s,
+                           u"Left"_s}));
     EXPECT_EQ(
         MenuTexts(Menu(u"Configure"_s)),
         QStringList({u"Options"_s, u"Unmonitored"_s, u"Login manager"_s, u"Network adapter"_s}));
