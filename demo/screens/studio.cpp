@@ -114,8 +114,13 @@ void Studio::Check(const QString &name, QWidget &window)
     }
 }
 
+// What a window reads beside itself has come, and has been laid out, by then.
 void Studio::Draw(const QString &name, QWidget &window)
 {
+    do {
+        QCoreApplication::processEvents();
+    } while (services.database.IsBusy());
+    QCoreApplication::processEvents();
     Save(name, PictureOf(window));
     Check(name, window);
 }

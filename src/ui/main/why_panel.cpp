@@ -8,7 +8,6 @@
 #include <QBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QStyle>
 
 #include <utility>
@@ -30,7 +29,6 @@ WhyPanel::WhyPanel(const AppServices &appServices, QWidget *parent)
     , name(new QLabel)
     , picture(new QLabel)
     , verdict(new QLabel)
-    , area(new QScrollArea)
     , lines(new WhyLines(WhyLines::Commands::Shown))
     , block(MakeButton<QPushButton>(tr("&Block"), "blockUsers"))
     , unblock(MakeButton<QPushButton>(tr("U&nblock"), "unblockUsers"))
@@ -56,26 +54,13 @@ void WhyPanel::CreateControls()
     QFont strong = font();
     strong.setBold(true);
     verdict->setFont(strong);
-    SetNames(*area, u"whyLines"_s, tr("Why, and until when"));
-    area->setWidgetResizable(true);
-    area->setFrameShape(NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setFocusPolicy(Qt::StrongFocus);
-    area->viewport()->setAutoFillBackground(false);
-    auto *inner = new QWidget;
-    auto *innerColumn = new QVBoxLayout(inner);
-    innerColumn->setContentsMargins({});
-    innerColumn->addWidget(lines);
-    innerColumn->addStretch();
-    area->setWidget(inner);
-    inner->setAutoFillBackground(false);
     auto *state = new QHBoxLayout;
     state->addWidget(picture);
     state->addWidget(verdict, 1);
     auto *column = new QVBoxLayout(this);
     column->addWidget(name);
     column->addLayout(state);
-    column->addWidget(area, 1);
+    column->addWidget(lines, 1);
 }
 
 void WhyPanel::CreateButtons()
@@ -98,7 +83,7 @@ QSize WhyPanel::sizeHint() const
 
 void WhyPanel::TakeFocus()
 {
-    area->setFocus(Qt::ShortcutFocusReason);
+    lines->setFocus(Qt::ShortcutFocusReason);
 }
 
 void WhyPanel::ShowUsers(const QList<UserId> &userIds)
@@ -169,7 +154,7 @@ void WhyPanel::Clear()
 {
     const QWidget *focus = window()->focusWidget();
     if (focus != nullptr && lines->isAncestorOf(focus)) {
-        area->setFocus(Qt::OtherFocusReason);
+        lines->setFocus(Qt::OtherFocusReason);
     }
     shown = {};
     picture->clear();

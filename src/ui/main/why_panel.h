@@ -11,7 +11,6 @@
 
 class QLabel;
 class QPushButton;
-class QScrollArea;
 class WhyLines;
 
 class WhyPanel : public QFrame
@@ -58,7 +57,6 @@ private:
     QLabel *name = nullptr;
     QLabel *picture = nullptr;
     QLabel *verdict = nullptr;
-    QScrollArea *area = nullptr;
     WhyLines *lines = nullptr;
     QPushButton *block = nullptr;
     QPushButton *unblock = nullptr;

@@ -25,8 +25,7 @@ CAdministratorUserPAccess::CAdministratorUserPAccess(const AppServices &appServi
     column->addWidget(type);
     column->addWidget(block);
     column->addWidget(authentication);
-    column->addWidget(why);
-    column->addStretch();
+    column->addWidget(why, 1);
     connect(type, &AccessTypeBox::TypeChanged, this, [this] { record.account.Clear(); });
     connect(type, &AccessTypeBox::Changed, this, &CAdministratorUserPAccess::StageMode);
 }

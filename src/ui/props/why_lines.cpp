@@ -1,19 +1,52 @@
 #include "ui/props/why_lines.h"
 
+#include "ui/common/accessible.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// What is seen at once; the rest is scrolled to.
+constexpr int kCharacters = 40;
+constexpr int kLines = 5;
+
+} // namespace
+
 WhyLines::WhyLines(Commands commands, QWidget *parent)
-    : QWidget(parent)
+    : QScrollArea(parent)
     , showsCommands(commands == Commands::Shown)
 {
-    auto *outer = new QVBoxLayout(this);
-    outer->setContentsMargins({});
+    SetNames(*this, u"whyLines"_s, tr("Why, and until when"));
+    setWidgetResizable(true);
+    setFrameShape(NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::StrongFocus);
+    viewport()->setAutoFillBackground(false);
+    auto *inner = new QWidget;
+    lines = new QVBoxLayout(inner);
+    lines->setContentsMargins({});
+    lines->addStretch();
+    setWidget(inner);
+    inner->setAutoFillBackground(false);
     Clear();
+}
+
+QSize WhyLines::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * kCharacters, fontMetrics().lineSpacing() * kLines};
+}
+
+// The buttons stand in one row, which cannot be scrolled to.
+QSize WhyLines::minimumSizeHint() const
+{
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return {widget()->minimumSizeHint().width() + bar, sizeHint().height()};
 }
 
 // A button may be what brought the change about: it goes once it is done.
@@ -24,10 +57,10 @@ void WhyLines::Clear()
         content->setParent(nullptr);
         content->deleteLater();
     }
-    content = new QWidget(this);
+    content = new QWidget;
     column = new QVBoxLayout(content);
     column->setContentsMargins({});
-    layout()->addWidget(content);
+    lines->insertWidget(0, content);
 }
 
 void WhyLines::Show(const WhyAccess &why, const QString &difference)
@@ -42,6 +75,7 @@ void WhyLines::Show(const WhyAccess &why, const QString &difference)
     if (!difference.isEmpty()) {
         AddText(difference, false);
     }
+    updateGeometry();
 }
 
 void WhyLines::ShowText(const QString &text)

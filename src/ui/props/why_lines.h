@@ -3,11 +3,11 @@
 
 #include "app/why_access.h"
 
-#include <QWidget>
+#include <QScrollArea>
 
 class QVBoxLayout;
 
-class WhyLines : public QWidget
+class WhyLines : public QScrollArea
 {
     Q_OBJECT
 
@@ -22,6 +22,9 @@ public:
     // A text in place of the lines; none for an empty one.
     void ShowText(const QString &text);
 
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 signals:
     void CommandChosen(WhyCommand command, bool ofGroup);
 
@@ -32,5 +35,6 @@ private:
 
     const bool showsCommands;
     QWidget *content = nullptr; // all that is shown, made anew each time
+    QVBoxLayout *lines = nullptr;
     QVBoxLayout *column = nullptr; // of the content
 };
