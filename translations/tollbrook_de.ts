@@ -1573,6 +1573,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>IP-Adresse ändern</translation>
     </message>
     <message>
+    <message>
+        <source>Users: %1</source>
+        <translation>Benutzer: %1</translation>
+    </message>
         <source>IP address:</source>
         <translation>IP-Adresse:</translation>
     </message>

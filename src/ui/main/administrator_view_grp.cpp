@@ -4,7 +4,9 @@
 #include "app/perform.h"
 #include "base/names_line.h"
 #include "db/value_codes.h"
+#include "ui/accounts/owner_notice.h"
 #include "ui/common/accessible.h"
+#include "ui/common/heading_line.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/group_list_model.h"
 #include "ui/props/name_dialog.h"
@@ -133,6 +135,7 @@ void CAdministratorViewGrp::RenameSelected()
         return Perform(services, &dialog, tr("Renaming..."), RenameGroupAction(groupId, name));
     });
     if (dialog.exec() == QDialog::Accepted) {
+    dialog.SetHeading(OwnerHeading(groupId, groups->NameAt(row), &dialog));
         FillGroups();
     }
 }

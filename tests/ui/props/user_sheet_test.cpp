@@ -388,6 +388,57 @@ TEST_F(UserSheetTest, TheCommandStartsAtTheGroupOfTheFirstUser)
     EXPECT_FALSE(ChooseGroupFor(Services(), {UserId {2}, UserId {9}}, nullptr));
 }
 
+namespace {
+
+// Empty for a window without one.
+QString HeadingOf(const QDialog &window)
+{
+    const auto *heading = window.findChild<QLabel *>(u"owner"_s);
+    return heading == nullptr ? QString() : heading->text();
+}
+
+} // namespace
+
+TEST_F(UserSheetTest, WindowsOverTheSheetSayWhomTheyAreFor)
+{
+    EXPECT_FALSE(UserSheet(user_page::kGeneral, [](QDialog &sheet) {
+        EXPECT_EQ(HeadingOf(sheet), u"User: anna"_s);
+        for (const auto *command : {"changeIp", "changeMac", "changeGroup"}) {
+            const WhileModal over([command](QDialog &window) {
+                EXPECT_EQ(HeadingOf(window), u"User: anna"_s) << command;
+                window.reject();
+            });
+            PressButton(sheet, command);
+        }
+        sheet.reject();
+    }));
+}
+
+TEST_F(UserSheetTest, TheCommandSaysWhoseGroupItChanges)
+{
+    const UserId anna {1};
+    const UserId bert {2};
+    const UserId zoe {9};
+    const std::pair<QList<UserId>, QString> cases[] = {
+        {{anna}, u"User: anna"_s},
+        {{bert, anna}, u"Users: bert, anna"_s},
+        {{anna, bert, zoe, anna, bert, zoe, anna},
+         u"Users: anna, bert, zoe, anna, bert and 2 more"_s},
+    };
+    for (const auto &[users, heading] : cases) {
+        const WhileModal choosing([expected = heading](QDialog &groups) {
+            EXPECT_EQ(HeadingOf(groups), expected);
+            const WhileModal adding([](QDialog &window) {
+                EXPECT_EQ(HeadingOf(window), QString()) << "a new group is not for them";
+                window.reject();
+            });
+            Click(groups, "addGroup");
+            groups.reject();
+        });
+        EXPECT_FALSE(ChooseGroupFor(Services(), users, nullptr));
+    }
+}
+
 // The window keeps to a small screen, and the whole name is in the tooltip.
 TEST_F(UserSheetTest, ALongNameWidensNoWindow)
 {
