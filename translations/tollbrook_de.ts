@@ -1271,6 +1271,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Remove</source>
         <translation>Entfernen</translation>
     </message>
+    <message>
+        <source>Nobody matches.</source>
+        <translation>Niemand passt dazu.</translation>
+    </message>
+    <message>
+        <source>There are no users yet. The accounting service finds workstations by itself and lists them here, as long as the address ranges in the options hold their addresses.</source>
+        <translation>Noch gibt es keine Benutzer. Der Abrechnungsdienst findet Arbeitsplätze von selbst und führt sie hier auf, sofern die Adressbereiche in den Optionen ihre Adressen enthalten.</translation>
+    </message>
 </context>
 <context>
     <name>CAdministratorViewGrp</name>
@@ -1325,6 +1333,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>There are no groups.</source>
+        <translation>Es gibt keine Gruppen.</translation>
     </message>
 </context>
 <context>
@@ -2992,6 +3004,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Account...</source>
         <translation>Konto …</translation>
+    </message>
+    <message>
+        <source>The list could not be read.</source>
+        <translation>Die Liste konnte nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
@@ -5367,6 +5383,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Sperren</translation>
     </message>
     <message>
+    <message>
+        <source>All users are monitored.</source>
+        <translation>Alle Benutzer werden überwacht.</translation>
+    </message>
         <source>Unblock</source>
         <translation>Entsperren</translation>
     </message>

@@ -68,6 +68,7 @@ public:
 protected:
     [[nodiscard]] UserId IdAt(int row) const override;
     [[nodiscard]] int RowOf(UserId id) const override;
+    [[nodiscard]] QString TextWhenEmpty() const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
 

@@ -64,6 +64,11 @@ int CAdministratorViewGrp::RowOf(GroupId id) const
     return groups->RowOf(id);
 }
 
+QString CAdministratorViewGrp::TextWhenEmpty() const
+{
+    return tr("There are no groups.");
+}
+
 int CAdministratorViewGrp::SelectedRow() const
 {
     const QList<int> rows = SelectedRows();
@@ -130,12 +135,12 @@ void CAdministratorViewGrp::RenameSelected()
         return;
     }
     NameDialog dialog(tr("Rename group"), tr("Enter new name for the group:"), window());
+    dialog.SetHeading(OwnerHeading(groupId, groups->NameAt(row), &dialog));
     dialog.SetName(groups->NameAt(row));
     dialog.SetCheck([&](const QString &name) {
         return Perform(services, &dialog, tr("Renaming..."), RenameGroupAction(groupId, name));
     });
     if (dialog.exec() == QDialog::Accepted) {
-    dialog.SetHeading(OwnerHeading(groupId, groups->NameAt(row), &dialog));
         FillGroups();
     }
 }
