@@ -1573,6 +1573,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Reading the groups...</source>
         <translation>Die Gruppen werden gelesen …</translation>
     </message>
+    <message>
+        <source>Users: %1</source>
+        <translation>Benutzer: %1</translation>
+    </message>
 </context>
 <context>
     <name>ChangeIpDialog</name>
@@ -1585,10 +1589,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>IP-Adresse ändern</translation>
     </message>
     <message>
-    <message>
-        <source>Users: %1</source>
-        <translation>Benutzer: %1</translation>
-    </message>
         <source>IP address:</source>
         <translation>IP-Adresse:</translation>
     </message>
@@ -3079,6 +3079,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>The logins could not be read.</source>
         <translation>Die Anmeldungen konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>There are no logins yet.</source>
+        <translation>Noch gibt es keine Anmeldungen.</translation>
+    </message>
+    <message>
+        <source>None of the logins belongs here.</source>
+        <translation>Keine der Anmeldungen gehört hierher.</translation>
     </message>
 </context>
 <context>
@@ -5375,6 +5383,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The unmonitored users could not be read.</source>
         <translation>Die nicht überwachten Benutzer konnten nicht gelesen werden.</translation>
     </message>
+    <message>
+        <source>All users are monitored.</source>
+        <translation>Alle Benutzer werden überwacht.</translation>
+    </message>
 </context>
 <context>
     <name>UserBlocking</name>
@@ -5383,10 +5395,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Sperren</translation>
     </message>
     <message>
-    <message>
-        <source>All users are monitored.</source>
-        <translation>Alle Benutzer werden überwacht.</translation>
-    </message>
         <source>Unblock</source>
         <translation>Entsperren</translation>
     </message>
