@@ -404,6 +404,8 @@ TEST_F(Lists, RenamingAGroupRefillsTheGroups)
         ClickCell(Groups(), 1, 0);
         const WhileModal rename([&](QDialog &dialog) {
             EXPECT_EQ(dialog.windowTitle(), u"Rename group"_s);
+            EXPECT_EQ(Find<QLabel>(dialog, "owner").text(),
+                      u"Group: "_s + RowTexts(Groups())[1].section(u'|', 0, 0));
             Type(Find<QWidget>(dialog, "name"), name);
             Click(dialog, "ok");
         });

@@ -401,11 +401,15 @@ QString HeadingOf(const QDialog &window)
 
 TEST_F(UserSheetTest, WindowsOverTheSheetSayWhomTheyAreFor)
 {
-    EXPECT_FALSE(UserSheet(user_page::kGeneral, [](QDialog &sheet) {
-        EXPECT_EQ(HeadingOf(sheet), u"User: anna"_s);
+    const QString name(250, u'W');
+    Execute("UPDATE users SET username = (?) WHERE user_id = 1", name);
+    EXPECT_FALSE(UserSheet(user_page::kGeneral, [heading = u"User: "_s + name](QDialog &sheet) {
+        EXPECT_EQ(HeadingOf(sheet), heading);
         for (const auto *command : {"changeIp", "changeMac", "changeGroup"}) {
-            const WhileModal over([command](QDialog &window) {
-                EXPECT_EQ(HeadingOf(window), u"User: anna"_s) << command;
+            const WhileModal over([command, heading](QDialog &window) {
+                EXPECT_EQ(HeadingOf(window), heading) << command;
+                EXPECT_LE(window.width(), 600) << command;
+                Grab(window, u"long-%1"_s.arg(QLatin1StringView(command)));
                 window.reject();
             });
             PressButton(sheet, command);
