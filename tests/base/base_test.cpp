@@ -120,4 +120,5 @@ TEST(NamesLine, NamesFiveAndCountsTheRest)
     for (const auto &[names, line] : cases) {
         EXPECT_EQ(NamesLine(names), line);
     }
+    EXPECT_EQ(NamesLine(many.first(5), 17), u"u1, u2, u3, u4, u5 and 12 more"_s);
 }

@@ -9,6 +9,7 @@
 #include "ui/accounts/owner_notice.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/heading_line.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,9 +1,9 @@
 #include "ui/accounts/credit_table.h"
 
 #include "ui/common/accessible.h"
+#include "ui/common/empty_note.h"
 
 #include <QHeaderView>
-#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
@@ -12,7 +12,6 @@ CreditTable::CreditTable(const QList<CreditColumn> &columns,
                          const QString &textWhenEmpty,
                          QWidget *parent)
     : QTreeWidget(parent)
-    , emptyText(textWhenEmpty)
 {
     SetNames(*this, u"credits"_s, tr("Credits"));
     setHeaderLabels(headers);
@@ -20,6 +19,7 @@ CreditTable::CreditTable(const QList<CreditColumn> &columns,
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     setTabKeyNavigation(false);
+    new EmptyNote(*this, textWhenEmpty);
     header()->setSectionsMovable(false);
     for (int column = 0; column < columns.size(); ++column) {
         const auto side = HoldsFigures(columns.at(column)) ? Qt::AlignRight : Qt::AlignLeft;
@@ -40,7 +40,6 @@ void CreditTable::SetRows(const QList<QStringList> &rows)
     }
     addTopLevelItems(items);
     FitColumns();
-    viewport()->update();
 }
 
 void CreditTable::FitColumns()
@@ -74,14 +73,4 @@ QSize CreditTable::sizeHint() const
     const int line = fontMetrics().height() * 3 / 2;
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return {columnsWidth + bar + 2 * frameWidth() + line, line * 14};
-}
-
-void CreditTable::paintEvent(QPaintEvent *event)
-{
-    QTreeWidget::paintEvent(event);
-    if (topLevelItemCount() == 0) {
-        QPainter painter(viewport());
-        painter.setPen(palette().color(QPalette::PlaceholderText));
-        painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyText);
-    }
 }

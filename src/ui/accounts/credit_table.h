@@ -28,12 +28,8 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
 
-protected:
-    void paintEvent(QPaintEvent *event) override;
-
 private:
     void FitColumns();
 
-    QString emptyText;
     int columnsWidth = 0;
 };

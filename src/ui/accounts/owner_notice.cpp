@@ -1,15 +1,10 @@
 #include "ui/accounts/owner_notice.h"
 
 #include "accounts/credit.h"
-#include "ui/common/elided_label.h"
+#include "ui/common/heading_line.h"
 #include "ui/common/icons.h"
 
 #include <QCoreApplication>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QStyle>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,20 +15,11 @@ struct Words
 
 } // namespace
 
-QWidget *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent)
+HeadingLine *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent)
 {
-    auto *heading = new QWidget(parent);
-    auto *picture = new QLabel(heading);
-    const int size = heading->style()->pixelMetric(QStyle::PM_SmallIconSize);
-    picture->setPixmap(IconOf(owner.IsUser() ? Picture::User : Picture::Group).pixmap(size));
-    auto *text = new ElidedLabel(
-        (owner.IsUser() ? Words::tr("User: ") : Words::tr("Group: ")) + name, heading);
-    text->setObjectName(u"owner"_s);
-    auto *layout = new QHBoxLayout(heading);
-    layout->setContentsMargins({});
-    layout->addWidget(picture);
-    layout->addWidget(text, 1);
-    return heading;
+    return new HeadingLine(IconOf(owner.IsUser() ? Picture::User : Picture::Group),
+                           (owner.IsUser() ? Words::tr("User: ") : Words::tr("Group: ")) + name,
+                           parent);
 }
 
 void TellOwnerIsGone(Prompt &prompt, const Owner &owner)

@@ -4,9 +4,10 @@
 #include "access/owner.h"
 #include "base/prompt.h"
 
+class HeadingLine;
 class QWidget;
 
 // A picture and "User: anna" or "Group: sales"; a long name is cut to the room that there is.
-[[nodiscard]] QWidget *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent);
+[[nodiscard]] HeadingLine *OwnerHeading(const Owner &owner, const QString &name, QWidget *parent);
 
 void TellOwnerIsGone(Prompt &prompt, const Owner &owner);

@@ -5,6 +5,7 @@
 #include "ui/accounts/traffic_chart.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/heading_line.h"
 
 #include <QFormLayout>
 #include <QGridLayout>

@@ -3,8 +3,11 @@
 
 #include <QDialog>
 
+class HeadingLine;
+
 // Before it is first shown, Tab is made to follow the layout, labels and buttons get their mnemonics,
-// and the first control takes the focus unless another one has it.
+// and the first control takes the focus unless another one has it; where that is a button, the default
+// one. Over a window that says whom it is for, it says the same.
 class Dialog : public QDialog
 {
     Q_OBJECT
@@ -14,6 +17,17 @@ public:
 
     void setVisible(bool visible) override;
 
+    // Puts this above all else, as the name of what the window is for; the window, which is laid out
+    // as a column or as a form, owns it from now on.
+    void SetHeading(HeadingLine *heading);
+
+protected:
+    // For a window that is not for the same user or group as the one beneath.
+    void GoWithoutHeading() { takesHeading = false; }
+
 private:
+    void TakeHeadingFromBeneath();
+
     bool isArranged = false;
+    bool takesHeading = true;
 };

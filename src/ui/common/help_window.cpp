@@ -2,6 +2,7 @@
 
 #include "ui/common/accessible.h"
 #include "ui/common/help_viewer.h"
+#include "ui/common/keyboard_order.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -43,6 +44,7 @@ HelpWindow::HelpWindow(const QString &file, QWidget *parent)
             this,
             &HelpWindow::Search);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
+    SetTabOrderByReading(*this);
     ShowHistory();
     viewer->setFocus();
     const QSize wanted(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 40);

@@ -10,8 +10,10 @@
 #include <QLabel>
 #include <QMap>
 #include <QPushButton>
+#include <QSplitter>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QToolButton>
 
 #include <algorithm>
 #include <map>
@@ -32,6 +34,7 @@ private:
     void ReadGrid(QGridLayout &grid);
     void ReadForm(QFormLayout &form);
     void ReadTabs(QTabWidget &tabs);
+    void ReadSplitter(QSplitter &splitter);
     void ReadButtons(QDialogButtonBox &box);
     void Add(QWidget &widget) { found.push_back({&widget, page}); }
 
@@ -50,6 +53,8 @@ void Reader::Read(QWidget &widget)
 {
     if (auto *tabs = qobject_cast<QTabWidget *>(&widget)) {
         ReadTabs(*tabs);
+    } else if (auto *splitter = qobject_cast<QSplitter *>(&widget)) {
+        ReadSplitter(*splitter);
     } else if (auto *box = qobject_cast<QDialogButtonBox *>(&widget)) {
         ReadButtons(*box);
     } else {
@@ -117,20 +122,27 @@ void Reader::ReadTabs(QTabWidget &tabs)
     page = 0;
 }
 
-// A desktop may lay them out in an order of its own.
+void Reader::ReadSplitter(QSplitter &splitter)
+{
+    for (int index = 0; index < splitter.count(); ++index) {
+        Read(*splitter.widget(index));
+    }
+}
+
+// A desktop may lay them out in an order of its own. Commands belong to what stands above them.
 void Reader::ReadButtons(QDialogButtonBox &box)
 {
     QList<QAbstractButton *> buttons = box.buttons();
     const auto rank = [&box](QAbstractButton *button) {
         switch (box.buttonRole(button)) {
         case QDialogButtonBox::AcceptRole:
-            return 0;
-        case QDialogButtonBox::RejectRole:
             return 1;
+        case QDialogButtonBox::RejectRole:
+            return 2;
         case QDialogButtonBox::HelpRole:
             return 3;
         default:
-            return 2;
+            return 0;
         }
     };
     std::ranges::stable_sort(buttons, {}, rank);
@@ -185,8 +197,16 @@ qsizetype PlaceForMark(const QString &text, const QSet<QChar> &taken)
     return letter >= 0 ? letter : digit;
 }
 
-// What carries a mnemonic: a label that stands for a field, or a button. OK and Cancel have Enter and
-// Escape.
+// Its text is not seen.
+bool IsPicture(const QAbstractButton &button)
+{
+    const auto *tool = qobject_cast<const QToolButton *>(&button);
+    return tool != nullptr && tool->toolButtonStyle() == Qt::ToolButtonIconOnly
+        && !tool->icon().isNull();
+}
+
+// What carries a mnemonic: a label that stands for a field, or a button with a text. OK and Cancel have
+// Enter and Escape.
 class Marked
 {
 public:
@@ -197,8 +217,9 @@ public:
 
     [[nodiscard]] bool IsOne() const
     {
-        return label != nullptr ? label->buddy() != nullptr && !label->text().isEmpty()
-                                : button != nullptr && !button->text().isEmpty() && !HasKey();
+        return label != nullptr
+            ? label->buddy() != nullptr && !label->text().isEmpty()
+            : button != nullptr && !button->text().isEmpty() && !IsPicture(*button) && !HasKey();
     }
     [[nodiscard]] QString Text() const { return label != nullptr ? label->text() : button->text(); }
     void SetText(const QString &text)

@@ -2,6 +2,10 @@
 
 #include "ui/common/wrong_mark.h"
 
+#include <QKeyEvent>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 NumberField::NumberField(const NumberBounds &taken, QWidget *parent)
@@ -10,6 +14,17 @@ NumberField::NumberField(const NumberBounds &taken, QWidget *parent)
 {
     setInputMethodHints(bounds.decimals > 0 ? Qt::ImhFormattedNumbersOnly : Qt::ImhDigitsOnly);
     connect(this, &QLineEdit::textChanged, this, &NumberField::Judge);
+}
+
+void NumberField::SetBounds(const NumberBounds &newBounds)
+{
+    bounds = newBounds;
+    Judge();
+}
+
+void NumberField::StepByKeys()
+{
+    stepsByKeys = true;
 }
 
 void NumberField::SetUnit(const QString &newUnit)
@@ -80,6 +95,28 @@ void NumberField::Judge()
     setAccessibleDescription(said.join(u". "_s));
     setToolTip(isWrong ? Request() : QString());
     update();
+}
+
+void NumberField::keyPressEvent(QKeyEvent *event)
+{
+    const bool isUp = event->key() == Qt::Key_Up;
+    if (stepsByKeys && (isUp || event->key() == Qt::Key_Down)) {
+        Step(isUp ? 1 : -1);
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+// What is no number stays as it was typed.
+void NumberField::Step(int by)
+{
+    const auto number = Amount();
+    const double next = std::clamp(number.value_or(0.0) + by, bounds.least, bounds.most);
+    if (number && next != *number) {
+        SetNumber(static_cast<quint32>(next));
+        selectAll();
+        emit Stepped();
+    }
 }
 
 void NumberField::paintEvent(QPaintEvent *event)

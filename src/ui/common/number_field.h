@@ -16,6 +16,12 @@ class NumberField : public QLineEdit
 public:
     explicit NumberField(const NumberBounds &bounds = {}, QWidget *parent = nullptr);
 
+    // Of what it takes from now on.
+    void SetBounds(const NumberBounds &newBounds);
+
+    // The keys Up and Down make a whole number one more or one less, as far as the bounds go.
+    void StepByKeys();
+
     // What the number counts, as "Mb"; read out as the field's description.
     void SetUnit(const QString &unit);
 
@@ -31,12 +37,19 @@ public:
     // What the field takes, as a request.
     [[nodiscard]] QString Request() const;
 
+signals:
+    // A person changed the number by Up or Down.
+    void Stepped();
+
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void Judge();
+    void Step(int by);
 
-    const NumberBounds bounds;
+    NumberBounds bounds;
     QString unit;
+    bool stepsByKeys = false;
 };

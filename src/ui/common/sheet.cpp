@@ -60,11 +60,6 @@ void Sheet::Add(Page *page)
     pages.push_back(page);
 }
 
-void Sheet::SetHeading(QWidget *heading)
-{
-    static_cast<QBoxLayout *>(layout())->insertWidget(0, heading);
-}
-
 void Sheet::SetApply(std::function<bool()> newApply)
 {
     apply = std::move(newApply);

@@ -21,9 +21,6 @@ public:
     // Adds the page as the last tab; the sheet owns it from now on.
     void Add(Page *page);
 
-    // Puts this above the pages, as the name of what they belong to; the sheet owns it from now on.
-    void SetHeading(QWidget *heading);
-
     // Stores what was collected, on OK. When it was not stored, which `apply` tells itself, the sheet
     // stays open with everything that was typed. Without it an OK only collects.
     void SetApply(std::function<bool()> newApply);

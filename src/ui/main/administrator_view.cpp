@@ -109,6 +109,7 @@ void CAdministratorView::FillList(int order, bool ascending)
 
 void CAdministratorView::FillFiltered(int order, bool ascending, bool quickFirst)
 {
+    AwaitRows();
     wantedOrder = {order, ascending};
     ++fills;
     finder.Find(
@@ -273,6 +274,18 @@ UserId CAdministratorView::IdAt(int row) const
 int CAdministratorView::RowOf(UserId id) const
 {
     return users->RowOf(id);
+}
+
+// Without a column to show them in, nobody knows whether there are users.
+QString CAdministratorView::TextWhenEmpty() const
+{
+    if (!columns.ShowUsers()) {
+        return {};
+    }
+    return IsFiltered()
+        ? tr("Nobody matches.")
+        : tr("There are no users yet. The accounting service finds workstations by itself and "
+             "lists them here, as long as the address ranges in the options hold their addresses.");
 }
 
 void CAdministratorView::OpenProperties()

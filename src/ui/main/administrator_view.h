@@ -71,6 +71,7 @@ protected:
     [[nodiscard]] UserId IdAt(int row) const override;
     [[nodiscard]] int RowOf(UserId id) const override;
     void keyPressEvent(QKeyEvent *event) override;
+    [[nodiscard]] QString TextWhenEmpty() const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
 

@@ -4,7 +4,9 @@
 #include "app/perform.h"
 #include "base/names_line.h"
 #include "db/value_codes.h"
+#include "ui/accounts/owner_notice.h"
 #include "ui/common/accessible.h"
+#include "ui/common/heading_line.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/group_list_model.h"
 #include "ui/props/name_dialog.h"
@@ -60,6 +62,11 @@ GroupId CAdministratorViewGrp::IdAt(int row) const
 int CAdministratorViewGrp::RowOf(GroupId id) const
 {
     return groups->RowOf(id);
+}
+
+QString CAdministratorViewGrp::TextWhenEmpty() const
+{
+    return tr("There are no groups.");
 }
 
 int CAdministratorViewGrp::SelectedRow() const
@@ -128,6 +135,7 @@ void CAdministratorViewGrp::RenameSelected()
         return;
     }
     NameDialog dialog(tr("Rename group"), tr("Enter new name for the group:"), window());
+    dialog.SetHeading(OwnerHeading(groupId, groups->NameAt(row), &dialog));
     dialog.SetName(groups->NameAt(row));
     dialog.SetCheck([&](const QString &name) {
         return Perform(services, &dialog, tr("Renaming..."), RenameGroupAction(groupId, name));

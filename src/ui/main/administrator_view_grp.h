@@ -35,6 +35,7 @@ public:
 protected:
     [[nodiscard]] GroupId IdAt(int row) const override;
     [[nodiscard]] int RowOf(GroupId id) const override;
+    [[nodiscard]] QString TextWhenEmpty() const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
 

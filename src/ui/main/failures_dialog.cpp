@@ -28,7 +28,7 @@ QStringList Cells(const StatementFailure &failure)
 } // namespace
 
 FailuresDialog::FailuresDialog(QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , summary(new QLabel(this))
     , list(new QTreeWidget(this))
 {

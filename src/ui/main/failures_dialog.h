@@ -1,12 +1,12 @@
 // The statements that failed: when, which, and what the driver said. Never a parameter's value.
 #pragma once
 
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class QLabel;
 class QTreeWidget;
 
-class FailuresDialog : public QDialog
+class FailuresDialog : public Dialog
 {
     Q_OBJECT
 

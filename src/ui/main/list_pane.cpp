@@ -1,6 +1,7 @@
 #include "ui/main/list_pane.h"
 
 #include "reports/cell.h"
+#include "ui/common/empty_note.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -53,6 +54,9 @@ void ListPane::DeselectFirst()
 void ListPane::ShowModel(QAbstractItemModel *model)
 {
     setModel(model);
+    emptyNote = new EmptyNote(*this);
+    connect(this, &ListPane::ReadingChanged, this, &ListPane::ShowEmptyNote);
+    connect(this, &ListPane::Filled, this, &ListPane::ShowEmptyNote);
     connect(selectionModel(),
             &QItemSelectionModel::selectionChanged,
             this,
@@ -130,6 +134,21 @@ void ListPane::SetReading(bool nowReading)
         viewport()->unsetCursor();
     }
     emit ReadingChanged(reading);
+}
+
+void ListPane::AwaitRows()
+{
+    emptyNote->Say({});
+}
+
+// Nothing is said of rows that may be on their way.
+void ListPane::ShowEmptyNote()
+{
+    if (reading) {
+        AwaitRows();
+    } else {
+        emptyNote->Say(wasRead ? TextWhenEmpty() : tr("The list could not be read."));
+    }
 }
 
 void ListPane::TellRead(bool couldBeRead)

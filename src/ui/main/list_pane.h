@@ -8,6 +8,7 @@
 #include <functional>
 #include <utility>
 
+class EmptyNote;
 class QMenu;
 
 class ListPane : public QTreeView
@@ -57,6 +58,9 @@ protected:
     // Entries for the rows that are selected now, at least one.
     virtual void FillPopUp(QMenu &menu) = 0;
 
+    // What stands in the list when it was read and has no rows; empty for nothing.
+    [[nodiscard]] virtual QString TextWhenEmpty() const = 0;
+
     void DeselectFirst();
 
     // Takes the model over and tells of its selection.
@@ -85,7 +89,8 @@ protected:
         });
     }
 
-    // For rows that come another way: whether they could be read.
+    // For rows that come another way: they are being read; and whether they could be.
+    void AwaitRows();
     void TellRead(bool couldBeRead);
 
     // Runs `fill`, which changes the model row by row, and sees to it that the same rows stay in view.
@@ -111,7 +116,9 @@ private:
     void OpenPopUp(const QPoint &place);
     void SetReading(bool nowReading);
     void CopySelected() const;
+    void ShowEmptyNote();
 
+    EmptyNote *emptyNote = nullptr; // until there is a model
     bool wasRead = true;
     bool reading = false;
     std::function<void()> again; // reads once more; empty for no need

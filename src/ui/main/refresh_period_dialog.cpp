@@ -1,29 +1,34 @@
 #include "ui/main/refresh_period_dialog.h"
 
 #include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+#include "ui/common/number_field.h"
 
-#include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
-#include <QSpinBox>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-RefreshPeriodDialog::RefreshPeriodDialog(int minutes, QWidget *parent)
-    : QDialog(parent)
-    , period(new QSpinBox(this))
+namespace {
+
+constexpr int kLeast = 1; // minutes
+constexpr int kMost = 30;
+
+} // namespace
+
+RefreshPeriodDialog::RefreshPeriodDialog(Prompt &messages, int minutes, QWidget *parent)
+    : Dialog(parent)
+    , prompt(messages)
+    , period(new NumberField({.least = kLeast, .most = kMost}, this))
 {
     setWindowTitle(tr("Refresh period"));
     setObjectName(u"refreshPeriodDialog"_s);
     period->setObjectName(u"period"_s);
-    period->setRange(1, 30);
-    period->setValue(minutes);
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"cancel"_s);
-    connect(buttons, &QDialogButtonBox::accepted, this, &RefreshPeriodDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &RefreshPeriodDialog::reject);
+    period->setMaximumWidth(fontMetrics().averageCharWidth() * 10);
+    period->StepByKeys();
+    period->SetNumber(static_cast<quint32>(std::clamp(minutes, kLeast, kMost)));
 
     auto *row = new QHBoxLayout;
     row->addWidget(LabelFor(tr("Enter refresh period, min:"), *period));
@@ -33,12 +38,19 @@ RefreshPeriodDialog::RefreshPeriodDialog(int minutes, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(row);
     layout->addStretch();
-    layout->addWidget(buttons);
+    layout->addWidget(OkAndCancel(*this));
     period->setFocus();
     period->selectAll();
 }
 
+void RefreshPeriodDialog::accept()
+{
+    if (HoldsNumber(prompt, *period)) {
+        QDialog::accept();
+    }
+}
+
 int RefreshPeriodDialog::Minutes() const
 {
-    return period->value();
+    return static_cast<int>(period->Number().value_or(kLeast));
 }

@@ -1,20 +1,25 @@
 // "Refresh period": how often the lists are read anew.
 #pragma once
 
-#include <QDialog>
+#include "base/prompt.h"
+#include "ui/common/dialog.h"
 
-class QSpinBox;
+class NumberField;
 
-class RefreshPeriodDialog : public QDialog
+class RefreshPeriodDialog : public Dialog
 {
     Q_OBJECT
 
 public:
     // `minutes` is shown at first, brought into 1 to 30.
-    RefreshPeriodDialog(int minutes, QWidget *parent);
+    RefreshPeriodDialog(Prompt &prompt, int minutes, QWidget *parent);
+
+    // Refuses anything but a whole number of minutes from 1 to 30.
+    void accept() override;
 
     [[nodiscard]] int Minutes() const;
 
 private:
-    QSpinBox *period;
+    Prompt &prompt;
+    NumberField *period;
 };

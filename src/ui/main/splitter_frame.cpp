@@ -286,7 +286,7 @@ void CSplitterFrame::RunAndRefresh(const FrameDialogs::ForNothing &dialog)
 
 void CSplitterFrame::ChooseCustomPeriod()
 {
-    RefreshPeriodDialog dialog(autoRefresh->Period(), this);
+    RefreshPeriodDialog dialog(services.prompt, autoRefresh->Period(), this);
     if (dialog.exec() == QDialog::Accepted) {
         autoRefresh->ChooseCustom(dialog.Minutes());
     }

@@ -40,7 +40,7 @@ BrowseUserDialog::BrowseUserDialog(
     std::function<bool(UserId userId, const QStringList &stored)> userHasLogin,
     const QString &whenRefused,
     QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , hasLogin(std::move(userHasLogin))
     , refusal(whenRefused)

@@ -3,15 +3,14 @@
 
 #include "admin/login_storage.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <functional>
 #include <vector>
 
 class QTreeWidget;
 
-class BrowseUserDialog : public QDialog
+class BrowseUserDialog : public Dialog
 {
     Q_OBJECT
 

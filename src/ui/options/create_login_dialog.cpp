@@ -6,6 +6,7 @@
 #include "ui/common/controls.h"
 #include "ui/common/ip_address_field.h"
 #include "ui/common/text_field.h"
+#include "ui/common/wrong_mark.h"
 #include "ui/options/browse_user_dialog.h"
 
 #include <QCheckBox>
@@ -21,9 +22,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QLineEdit *PasswordField(const char *objectName)
+// Marked while it is too long: nobody sees how long it is.
+class PasswordField : public QLineEdit
 {
-    auto *field = new QLineEdit;
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QLineEdit::paintEvent(event);
+        if (CheckPasswordLength(text())) {
+            PaintWrongMark(*this);
+        }
+    }
+};
+
+QLineEdit *MakePasswordField(const char *objectName)
+{
+    auto *field = new PasswordField;
     field->setObjectName(QLatin1String(objectName));
     field->setEchoMode(QLineEdit::Password);
     return field;
@@ -35,7 +49,7 @@ CreateLoginDialog::CreateLoginDialog(const AppServices &appServices,
                                      LoginTable &logins,
                                      std::optional<size_t> place,
                                      QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , table(logins)
     , index(place)
@@ -64,8 +78,8 @@ QWidget *CreateLoginDialog::LoginBox()
     auto *box = new QGroupBox(tr("Login"));
     name = new TextField;
     name->setObjectName(u"name"_s);
-    password = PasswordField("password");
-    retyped = PasswordField("retyped");
+    password = MakePasswordField("password");
+    retyped = MakePasswordField("retyped");
     auto *form = new QFormLayout(box);
     form->addRow(LabelFor(tr("Login name:"), *name), name);
     form->addRow(LabelFor(tr("Password:"), *password), password);
@@ -81,7 +95,7 @@ QWidget *CreateLoginDialog::LoginBox()
     return box;
 }
 
-// While it is typed: nobody sees how long it is.
+// While it is typed.
 void CreateLoginDialog::MarkPassword()
 {
     const auto problem = CheckPasswordLength(password->text());
@@ -138,15 +152,15 @@ void CreateLoginDialog::Show(const Login &shown)
     // The row's key stays, and a stored login stays a guest's or not: no statement changes either.
     name->setReadOnly(index.has_value());
     guest->setEnabled(!index);
+    (index ? password : name)->setFocus();
     if (index) {
         password->setPlaceholderText(tr("unchanged"));
         retyped->setPlaceholderText(tr("unchanged"));
     }
     bindToUser->setChecked(login.userId.IsSet());
     user->setText(login.userName);
-    noLimit->setChecked(login.limit == Login::Limit::None);
-    byIp->setChecked(login.limit == Login::Limit::IpAddress);
-    byMac->setChecked(login.limit == Login::Limit::MacAddress);
+    QRadioButton *const limits[] = {noLimit, byIp, byMac}; // as Login::Limit
+    CheckOneOf({noLimit, byIp, byMac}, limits[static_cast<int>(login.limit)]);
     if (const auto address = Ipv4From(login.limitIp)) {
         ip->SetAddress(*address);
     }
@@ -217,6 +231,9 @@ void CreateLoginDialog::accept()
     LoginEntry entry = Entry();
     if (const auto problem = table.Check(entry, index)) {
         Complain(services.prompt, *problem);
+        if (byIp->isChecked() && !ip->IsComplete()) { // this is what is refused first
+            ip->FocusWhatIsMissing();
+        }
         return;
     }
     table.Put(entry, index);

@@ -3,8 +3,7 @@
 
 #include "admin/login_table.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class IpAddressField;
 class QCheckBox;
@@ -15,7 +14,7 @@ class QPushButton;
 class QRadioButton;
 class TextField;
 
-class CreateLoginDialog : public QDialog
+class CreateLoginDialog : public Dialog
 {
     Q_OBJECT
 

@@ -6,6 +6,7 @@
 #include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/empty_note.h"
 #include "ui/common/icons.h"
 #include "ui/common/window_memory.h"
 #include "ui/options/create_login_dialog.h"
@@ -71,7 +72,7 @@ Result<LoginManager::Content> LoginManager::Read()
 }
 
 LoginManager::LoginManager(const AppServices &appServices, Content content, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
     , table(std::move(content.table))
 {
@@ -93,6 +94,7 @@ void LoginManager::Build()
     list->setAllColumnsShowFocus(true);
     list->setSortingEnabled(true);
     list->sortByColumn(0, Qt::AscendingOrder);
+    emptyNote = new EmptyNote(*list);
     auto *panes = new QSplitter;
     panes->addWidget(tree);
     panes->addWidget(list);
@@ -173,6 +175,8 @@ void LoginManager::FillList()
         row->setData(0, kIndexRole, static_cast<qulonglong>(index));
         list->addTopLevelItem(row);
     }
+    emptyNote->Say(table.Logins().empty() ? tr("There are no logins yet.")
+                                          : tr("None of the logins belongs here."));
     if (isChosen) {
         GoTo(name, place);
     }

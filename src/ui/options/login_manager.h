@@ -3,15 +3,15 @@
 
 #include "admin/login_storage.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 #include <vector>
 
+class EmptyNote;
 class QPushButton;
 class QTreeWidget;
 
-class LoginManager : public QDialog
+class LoginManager : public Dialog
 {
     Q_OBJECT
 
@@ -50,6 +50,7 @@ private:
     LoginTable table;
     QTreeWidget *tree = nullptr;
     QTreeWidget *list = nullptr;
+    EmptyNote *emptyNote = nullptr;
     QPushButton *edit = nullptr;
     QPushButton *remove = nullptr;
 };

@@ -57,12 +57,12 @@ bool IsUnknown(const PurgeOutcome &done)
 } // namespace
 
 PurgeDialog::PurgeDialog(const AppServices &appServices, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
 {
     setWindowTitle(tr("Purge database"));
     Build();
-    byPeriod->setChecked(true);
+    CheckOneOf({all, byPeriod}, byPeriod);
     EnableControls();
 }
 

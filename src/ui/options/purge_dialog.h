@@ -3,8 +3,7 @@
 
 #include "admin/purge.h"
 #include "startup/app_services.h"
-
-#include <QDialog>
+#include "ui/common/dialog.h"
 
 class PurgePeriodBox;
 class QCheckBox;
@@ -14,7 +13,7 @@ class QPushButton;
 class QRadioButton;
 class QTreeWidget;
 
-class PurgeDialog : public QDialog
+class PurgeDialog : public Dialog
 {
     Q_OBJECT
 

@@ -46,12 +46,12 @@ struct Words
 PurgePeriodBox::PurgePeriodBox() : QGroupBox(tr("Save data for period of time"))
 {
     auto *rows = new QFormLayout(this);
-    AddPeriod(*rows, PurgeChoice::Keep::Today, MakeButton<QRadioButton>(tr("Today"), "today"));
-    AddPeriod(
-        *rows, PurgeChoice::Keep::LastWeek, MakeButton<QRadioButton>(tr("Last week"), "lastWeek"));
-    AddPeriod(*rows,
-              PurgeChoice::Keep::LastMonth,
-              MakeButton<QRadioButton>(tr("Last month"), "lastMonth"));
+    auto *today = MakeButton<QRadioButton>(tr("Today"), "today");
+    auto *lastWeek = MakeButton<QRadioButton>(tr("Last week"), "lastWeek");
+    auto *lastMonth = MakeButton<QRadioButton>(tr("Last month"), "lastMonth");
+    AddPeriod(*rows, PurgeChoice::Keep::Today, today);
+    AddPeriod(*rows, PurgeChoice::Keep::LastWeek, lastWeek);
+    AddPeriod(*rows, PurgeChoice::Keep::LastMonth, lastMonth);
     custom = MakeButton<QRadioButton>(tr("Custom"), "custom");
     rows->addRow(custom);
     since = DayPicker("since");
@@ -65,7 +65,7 @@ PurgePeriodBox::PurgePeriodBox() : QGroupBox(tr("Save data for period of time"))
     connect(custom, &QRadioButton::toggled, this, &PurgePeriodBox::EnablePickers);
     connect(custom, &QRadioButton::toggled, this, &PurgePeriodBox::Changed);
     if (FirstDate({PurgeChoice::Keep::LastMonth, false, {}, {}}, Today()) <= Today()) {
-        periods.last().button->setChecked(true);
+        CheckOneOf({today, lastWeek, lastMonth, custom}, lastMonth);
     }
     EnablePickers();
 }

@@ -3,6 +3,7 @@
 #include "app/perform.h"
 #include "app/waiting.h"
 #include "ui/common/accessible.h"
+#include "ui/common/empty_note.h"
 #include "ui/common/icons.h"
 #include "ui/common/window_memory.h"
 
@@ -31,6 +32,7 @@ UnmonitoredDialog::UnmonitoredDialog(const AppServices &appServices,
     for (const UnmonitoredUser &user : users) {
         list->addItem(new QListWidgetItem(IconOf(Picture::Unmonitored), user.text));
     }
+    new EmptyNote(*list, tr("All users are monitored."));
     monitor->setObjectName(u"monitor"_s);
     monitor->setEnabled(false);
     auto *note = new QLabel(tr("The activity of these users is not counted. Select those to bring "

@@ -6,7 +6,10 @@
 #include "app/perform.h"
 #include "app/waiting.h"
 #include "base/names_line.h"
+#include "ui/accounts/owner_notice.h"
 #include "ui/common/accessible.h"
+#include "ui/common/heading_line.h"
+#include "ui/common/icons.h"
 #include "ui/props/name_dialog.h"
 
 #include <QDialogButtonBox>
@@ -15,6 +18,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -195,10 +199,28 @@ struct Choices
 {
     QList<NamedGroup> groups;
     std::optional<GroupId> current;
+    QStringList names; // of the users, the first few
 };
 
-std::optional<NamedGroup>
-Choose(const AppServices &services, Place place, Result<Choices> choices, QWidget *parent)
+// Null for nobody.
+HeadingLine *HeadingFor(const QList<UserId> &userIds, const QStringList &names)
+{
+    if (names.isEmpty()) {
+        return nullptr;
+    }
+    if (userIds.size() == 1) {
+        return OwnerHeading(userIds.front(), names.front(), nullptr);
+    }
+    return new HeadingLine(
+        IconOf(Picture::User),
+        ChangeGroupDialog::tr("Users: %1").arg(NamesLine(names, userIds.size())));
+}
+
+std::optional<NamedGroup> Choose(const AppServices &services,
+                                 Place place,
+                                 Result<Choices> choices,
+                                 const QList<UserId> &userIds,
+                                 QWidget *parent)
 {
     if (!choices) {
         TellUnread(
@@ -206,10 +228,29 @@ Choose(const AppServices &services, Place place, Result<Choices> choices, QWidge
         return std::nullopt;
     }
     ChangeGroupDialog dialog(services, choices->groups, place, parent);
+    if (HeadingLine *heading = HeadingFor(userIds, choices->names)) {
+        dialog.SetHeading(heading);
+    }
     if (choices->current) {
         dialog.StartAt(*choices->current);
     }
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.ChosenGroup()) : std::nullopt;
+}
+
+// A user that is gone meanwhile has none.
+Result<QStringList> ReadFirstNames(const QList<UserId> &userIds)
+{
+    QStringList names;
+    for (const UserId userId : userIds.first(std::min(userIds.size(), kMostNames))) {
+        const auto name = NameOf(userId);
+        if (!name) {
+            return tl::unexpected(name.error());
+        }
+        if (*name) {
+            names << **name;
+        }
+    }
+    return names;
 }
 
 Result<Choices> ReadChoicesFor(const QList<UserId> &userIds)
@@ -219,13 +260,15 @@ Result<Choices> ReadChoicesFor(const QList<UserId> &userIds)
         return tl::unexpected(std::move(groups.error()));
     }
     if (userIds.isEmpty()) {
-        return Choices {*std::move(groups), {}};
+        return Choices {*std::move(groups), {}, {}};
     }
     const auto current = ReadGroupOfUser(userIds.front());
     if (!current) {
         return tl::unexpected(current.error());
     }
-    return Choices {*std::move(groups), *current};
+    return ReadFirstNames(userIds).map([&](QStringList names) {
+        return Choices {*std::move(groups), *current, std::move(names)};
+    });
 }
 
 } // namespace
@@ -239,6 +282,7 @@ ChooseGroupFor(const AppServices &services, const QList<UserId> &userIds, QWidge
                         parent,
                         ChangeGroupDialog::tr("Reading the groups..."),
                         [userIds] { return ReadChoicesFor(userIds); }),
+                  userIds,
                   parent);
 }
 
@@ -250,7 +294,8 @@ ChooseGroupInSheet(const AppServices &services, GroupId current, QWidget *parent
     return Choose(services,
                   Place::Sheet,
                   std::move(groups).map([current](QList<NamedGroup> names) {
-                      return Choices {std::move(names), current};
+                      return Choices {std::move(names), current, {}};
                   }),
+                  {},
                   parent);
 }

@@ -16,6 +16,7 @@ NameDialog::NameDialog(const QString &title, const QString &label, QWidget *pare
     : Dialog(parent)
     , name(new TextField(this))
 {
+    GoWithoutHeading(); // it is for the one whose name is typed
     setWindowTitle(title);
     setObjectName(u"nameDialog"_s);
     name->setObjectName(u"name"_s);

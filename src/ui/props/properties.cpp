@@ -7,6 +7,7 @@
 #include "ui/accounts/currency_now.h"
 #include "ui/accounts/owner_notice.h"
 #include "ui/common/controls.h"
+#include "ui/common/heading_line.h"
 #include "ui/common/sheet.h"
 #include "ui/props/access_pages.h"
 #include "ui/props/group_general_page.h"

@@ -9,7 +9,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent) : QDialog(parent)
+ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent) : Dialog(parent)
 {
     const bool ofUsers = what == Of::Users;
     setWindowTitle(ofUsers ? tr("Users to report on") : tr("Groups to report on"));

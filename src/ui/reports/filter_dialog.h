@@ -2,13 +2,13 @@
 #pragma once
 
 #include "reports/filter_choices.h"
+#include "ui/common/dialog.h"
 
-#include <QDialog>
 #include <QSet>
 
 class QListWidget;
 
-class ReportFilterDialog : public QDialog
+class ReportFilterDialog : public Dialog
 {
     Q_OBJECT
 

@@ -30,7 +30,7 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     message->setTextFormat(Qt::PlainText); // it quotes file names, searches, drivers
     message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // however long
     message->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    bar = new ViewerBar(*view);
+    bar = new ViewerBar(prompt, *view);
     MakeProgressRow();
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

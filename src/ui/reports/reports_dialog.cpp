@@ -55,7 +55,7 @@ QStringList NamesOf(const QList<IdType> &ids, const std::vector<Named<IdType>> &
 } // namespace
 
 ReportsDialog::ReportsDialog(const AppServices &appServices, QWidget *parent)
-    : QDialog(parent)
+    : Dialog(parent)
     , services(appServices)
 {
     setWindowTitle(tr("Reports"));
@@ -70,7 +70,7 @@ ReportsDialog::ReportsDialog(const AppServices &appServices, QWidget *parent)
     split->setStretchFactor(1, 1);
     auto *whole = new QVBoxLayout(this);
     whole->addWidget(split);
-    allAvailable->setChecked(true);
+    CheckOneOf({allAvailable, today, lastWeek, lastMonth, custom}, allAvailable);
     EnablePickers();
     SelectFirst();
     RememberParts(*split, u"reports"_s);
@@ -173,7 +173,7 @@ QWidget *ReportsDialog::BuildButtons()
     auto *row = new QWidget;
     auto *buttons = new QHBoxLayout(row);
     buttons->setContentsMargins(0, 0, 0, 0);
-    for (auto *button : {generate, help, cancel}) {
+    for (auto *button : {generate, cancel, help}) {
         buttons->addWidget(button);
     }
     return row;

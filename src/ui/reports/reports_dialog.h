@@ -5,9 +5,9 @@
 #include "reports/filter_choices.h"
 #include "reports/selection.h"
 #include "startup/app_services.h"
+#include "ui/common/dialog.h"
 #include "ui/reports/filter_dialog.h"
 
-#include <QDialog>
 #include <QStringList>
 
 #include <vector>
@@ -20,7 +20,7 @@ class QPushButton;
 class QRadioButton;
 class ReportViewer;
 
-class ReportsDialog : public QDialog
+class ReportsDialog : public Dialog
 {
     Q_OBJECT
 

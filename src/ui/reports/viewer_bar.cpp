@@ -1,14 +1,15 @@
 #include "ui/reports/viewer_bar.h"
 
 #include "ui/common/accessible.h"
+#include "ui/common/controls.h"
 #include "ui/common/icons.h"
+#include "ui/common/number_field.h"
 #include "ui/reports/page_view.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
-#include <QSpinBox>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +27,10 @@ void TakeReturn(QWidget &field, const std::function<void()> &act)
 
 } // namespace
 
-ViewerBar::ViewerBar(PageView &pages, QWidget *parent) : QToolBar(parent), view(pages)
+ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
+    : QToolBar(parent)
+    , prompt(messages)
+    , view(pages)
 {
     setIconSize({16, 16});
     AddPageButtons();
@@ -88,9 +92,11 @@ void ViewerBar::AddPageButton(const char *name,
 void ViewerBar::AddPageButtons()
 {
     using Bar = ViewerBar;
-    pageNumber = new QSpinBox;
+    pageNumber = new NumberField;
     SetNames(*pageNumber, u"pageNumber"_s, tr("Page number"));
-    pageNumber->setKeyboardTracking(false);
+    pageNumber->setFixedWidth(fontMetrics().averageCharWidth() * 7);
+    pageNumber->setAlignment(Qt::AlignRight);
+    pageNumber->StepByKeys();
     pageCount = new QLabel;
     pageCount->setObjectName(u"pageCount"_s);
     AddPageButton(
@@ -100,12 +106,9 @@ void ViewerBar::AddPageButtons()
     pageButtons << addWidget(pageNumber) << addWidget(pageCount);
     AddPageButton("nextPage", u">"_s, tr("Next page"), QKeySequence(u"Ctrl+PgDown"_s), &Bar::Next);
     AddPageButton("lastPage", u">|"_s, tr("Last page"), QKeySequence(u"Ctrl+End"_s), &Bar::Last);
-    TakeReturn(*pageNumber, [this] { pageNumber->interpretText(); });
-    connect(pageNumber, &QSpinBox::valueChanged, this, [this](int number) {
-        if (number - 1 != view.CurrentPage()) {
-            view.GoTo(number - 1);
-        }
-    });
+    TakeReturn(*pageNumber, [this] { AskPage(); });
+    connect(pageNumber, &NumberField::editingFinished, this, &ViewerBar::GoToTyped);
+    connect(pageNumber, &NumberField::Stepped, this, &ViewerBar::GoToTyped);
 }
 
 void ViewerBar::AddZoom()
@@ -184,11 +187,30 @@ void ViewerBar::AskFind()
     }
 }
 
+void ViewerBar::AskPage()
+{
+    if (HoldsNumber(prompt, *pageNumber)) {
+        GoToTyped();
+    }
+}
+
+void ViewerBar::GoToTyped()
+{
+    const auto number = pageNumber->Number();
+    if (number && *number > 0 && static_cast<int>(*number) - 1 != view.CurrentPage()) {
+        view.GoTo(static_cast<int>(*number) - 1);
+    }
+}
+
+// What is being typed stays as long as the page does.
 void ViewerBar::ShowPage(int page)
 {
-    const QSignalBlocker quiet(pageNumber);
     const int count = PageCount();
-    pageNumber->setRange(count > 0 ? 1 : 0, count);
-    pageNumber->setValue(count > 0 ? page + 1 : 0);
+    const auto number = static_cast<quint32>(count > 0 ? page + 1 : 0);
+    if (number != shownNumber || pageNumber->text().isEmpty()) {
+        shownNumber = number;
+        pageNumber->SetNumber(number);
+    }
+    pageNumber->SetBounds({.least = count > 0 ? 1.0 : 0.0, .most = static_cast<double>(count)});
     pageCount->setText(tr(" of %1 ").arg(count));
 }

@@ -1,21 +1,24 @@
 // The tool bar above a report's pages: turns them, zooms, and asks for searches, print-outs and files.
 #pragma once
 
+#include "base/prompt.h"
+
 #include <QKeySequence>
 #include <QToolBar>
 
+class NumberField;
 class PageView;
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class QSpinBox;
 
 class ViewerBar : public QToolBar
 {
     Q_OBJECT
 
 public:
-    explicit ViewerBar(PageView &pages, QWidget *parent = nullptr);
+    // What cannot be done is told by `prompt`.
+    ViewerBar(Prompt &prompt, PageView &pages, QWidget *parent = nullptr);
 
     // Whether there is a report that can be searched, printed and saved, and whether something is done
     // with it at present; shows its place and length.
@@ -50,10 +53,14 @@ private:
     void Last();
     void StartFind();
     void AskFind();
+    void AskPage();
+    void GoToTyped();
     void ShowPage(int page); // from 0
 
+    Prompt &prompt;
     PageView &view;
-    QSpinBox *pageNumber;
+    NumberField *pageNumber;
+    quint32 shownNumber = 0; // of the page that shows; 0 for none
     QLabel *pageCount;
     QComboBox *zoom;
     QLineEdit *find;

@@ -2,20 +2,20 @@
 #pragma once
 
 #include "service/service_sequences.h"
+#include "ui/common/dialog.h"
 
-#include <QDialog>
 #include <QPointer>
 
 #include <functional>
 
 class ProgressWindow;
 
-class PacedDialog : public QDialog
+class PacedDialog : public Dialog
 {
     Q_OBJECT
 
 public:
-    using QDialog::QDialog;
+    using Dialog::Dialog;
 
     // Esc and the title bar's button; without effect during a sequence.
     void reject() override;

@@ -8,6 +8,7 @@
 #include <QRadioButton>
 #include <QSet>
 #include <QTest>
+#include <QToolButton>
 #include <QWidget>
 
 #include <algorithm>
@@ -165,6 +166,11 @@ QString MarkedText(const QWidget &widget)
     const auto *button = qobject_cast<const QAbstractButton *>(&widget);
     if (button == nullptr || button->objectName().startsWith(u"qt_"_s)) {
         return {};
+    }
+    const auto *tool = qobject_cast<const QToolButton *>(button);
+    if (tool != nullptr && tool->toolButtonStyle() == Qt::ToolButtonIconOnly
+        && !tool->icon().isNull()) {
+        return {}; // a picture
     }
     const QString text = QString(button->text()).remove(u'&');
     if (std::ranges::none_of(text, [](QChar c) { return c.isLetterOrNumber(); })) {

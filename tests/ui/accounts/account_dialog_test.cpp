@@ -88,6 +88,7 @@ TEST_F(AccountWindow, AddsCreditsOnOkByKeyboard)
     InAccount([](QDialog &dialog) {
         WhileAdding(dialog, [](QDialog &credit) {
             EXPECT_EQ(credit.windowTitle(), u"Add credit"_s);
+            EXPECT_TRUE(Find<QLabel>(credit, "owner").text().startsWith(u"User: "_s));
             PressMnemonic(Qt::Key_M,
                           [&] { return Find<QLabel>(credit, "unit").text() == u"Euro"_s; });
             PressKey(Qt::Key_A, Qt::AltModifier);

@@ -2,6 +2,7 @@
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "ui/common/accessible.h"
+#include "ui/common/empty_note.h"
 #include "ui/common/icons.h"
 #include "ui/common/ip_address_field.h"
 #include "ui/common/message_box_prompt.h"
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
@@ -88,6 +90,36 @@ TEST(NumberField, KeepsWhatIsTypedAndMarksWhatItCannotTake)
     field.SetNumber(30);
     EXPECT_EQ(field.text(), u"30"_s);
     EXPECT_FALSE(field.IsWrong());
+}
+
+TEST(NumberField, UpAndDownGoAsFarAsTheBounds)
+{
+    struct Case
+    {
+        QString typed;
+        Qt::Key key;
+        QString then;
+    };
+    const Case cases[] = {{u"29"_s, Qt::Key_Up, u"30"_s},
+                          {u"30"_s, Qt::Key_Up, u"30"_s},
+                          {u"2"_s, Qt::Key_Down, u"1"_s},
+                          {u"1"_s, Qt::Key_Down, u"1"_s},
+                          {u"31"_s, Qt::Key_Down, u"31"_s},
+                          {u"2,5"_s, Qt::Key_Up, u"2,5"_s}};
+    for (const bool steps : {true, false}) {
+        NumberField field({.least = 1, .most = 30});
+        ShowActive(field);
+        if (steps) {
+            field.StepByKeys();
+        }
+        QSignalSpy stepped(&field, &NumberField::Stepped);
+        for (const Case &each : cases) {
+            Type(field, each.typed);
+            QTest::keyClick(&field, each.key);
+            EXPECT_EQ(field.text(), steps ? each.then : each.typed) << qPrintable(each.typed);
+        }
+        EXPECT_EQ(stepped.count(), steps ? 2 : 0);
+    }
 }
 
 TEST(NumberField, ReadsAmountsAsTheLocaleWritesThem)
@@ -250,6 +282,25 @@ TEST(IpAddressField, KeysWalkOverItsOctets)
     QTest::keyClick(&second, Qt::Key_Left);
     EXPECT_TRUE(first.hasFocus());
     EXPECT_EQ(second.accessibleName(), u"Mask, part 2 of 4"_s);
+}
+
+TEST(EmptyNote, StandsInTheListWhileThereAreNoRows)
+{
+    QListWidget list;
+    auto *note = new EmptyNote(list, u"Nobody"_s);
+    ShowActive(list);
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_EQ(note->geometry(), list.viewport()->geometry());
+    EXPECT_EQ(list.accessibleDescription(), u"Nobody"_s);
+    list.addItem(u"anna"_s);
+    EXPECT_FALSE(note->isVisible());
+    EXPECT_EQ(list.accessibleDescription(), QString());
+    list.clear();
+    EXPECT_TRUE(note->isVisible());
+    list.resize(list.size() * 2);
+    EXPECT_EQ(note->geometry(), list.viewport()->geometry());
+    note->Say({});
+    EXPECT_FALSE(note->isVisible());
 }
 
 TEST(Accessible, ALabelNamesItsField)

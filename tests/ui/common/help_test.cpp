@@ -1,4 +1,5 @@
 // The user guide in its window: links, the way back, the search and the pictures.
+#include "support/windows/keyboard.h"
 #include "support/windows/widgets.h"
 #include "ui/common/help_viewer.h"
 #include "ui/common/help_window.h"
@@ -90,6 +91,13 @@ TEST_F(Help, FollowsLinksAndFindsBack)
     EXPECT_EQ(viewer.verticalScrollBar()->value(), scrolled);
     emit viewer.anchorClicked(QUrl(u"guide-reports.md"_s));
     EXPECT_FALSE(forward.isEnabled()) << "another way was taken";
+}
+
+TEST_F(Help, IsReadFromTheTopByKeyboard)
+{
+    EXPECT_TRUE(Viewer().hasFocus());
+    emit Viewer().anchorClicked(QUrl(u"guide-reports.md"_s));
+    ExpectWorksByKeyboard(*window);
 }
 
 TEST_F(Help, FindsOnEveryPageOfTheGuide)

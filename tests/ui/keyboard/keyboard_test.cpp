@@ -7,12 +7,18 @@
 #include "ui/accounts/accounts.h"
 #include "ui/accounts/credit_dialogs.h"
 #include "ui/common/sheet.h"
+#include "ui/main/failures_dialog.h"
+#include "ui/main/refresh_period_dialog.h"
 #include "ui/options/adapter_dialog.h"
+#include "ui/options/browse_user_dialog.h"
+#include "ui/options/create_login_dialog.h"
 #include "ui/options/currency_editor.h"
 #include "ui/options/entry_dialog.h"
 #include "ui/options/global_options_sheet.h"
+#include "ui/options/login_manager.h"
 #include "ui/options/monitored_dialog.h"
 #include "ui/options/options_dialog.h"
+#include "ui/options/purge_dialog.h"
 #include "ui/options/range_editor.h"
 #include "ui/options/unmonitored_dialog.h"
 #include "ui/props/add_member_dialog.h"
@@ -23,6 +29,10 @@
 #include "ui/props/name_dialog.h"
 #include "ui/props/properties.h"
 #include "ui/props/time_range_dialog.h"
+#include "ui/reports/filter_dialog.h"
+#include "ui/reports/reports_dialog.h"
+#include "ui/service/reconnect_dialog.h"
+#include "ui/service/service_control_dialog.h"
 #include "ui/wizard/setup_wizard.h"
 
 #include <QLineEdit>
@@ -189,6 +199,40 @@ TEST_F(Keyboard, DialogsOfTheOptions)
                           true,
                           nullptr);
     Try(adapter);
+}
+
+TEST_F(Keyboard, Logins)
+{
+    Execute("INSERT INTO Logins (login, Pwd, userid) VALUES ('anna', 'x', 1)");
+    auto content = LoginManager::Read().value();
+    BrowseUserDialog browse(
+        Services(), content.groups, [](UserId, const QStringList &) { return false; }, {}, nullptr);
+    Try(browse);
+    for (const auto &index : {std::optional<size_t>(), std::optional<size_t>(0)}) {
+        CreateLoginDialog login(Services(), content.table, index, nullptr);
+        Try(login);
+    }
+    LoginManager logins(Services(), std::move(content), nullptr);
+    Try(logins);
+}
+
+TEST_F(Keyboard, WindowsOfTheMenus)
+{
+    PurgeDialog purge(Services(), nullptr);
+    Try(purge);
+    FailuresDialog failures(nullptr);
+    Try(failures);
+    RefreshPeriodDialog period(prompt, 3, nullptr);
+    Try(period);
+    ReportsDialog reports(Services());
+    Try(reports);
+    ReportFilterDialog filter(ReportFilterDialog::Of::Users, nullptr);
+    filter.Offer<UserId>({{UserId {1}, u"anna"_s}}, {});
+    Try(filter);
+    ServiceControlDialog control(Services().control);
+    Try(control);
+    ReconnectDialog reconnect(Services().control, [] { return 0; });
+    Try(reconnect);
 }
 
 TEST_F(Keyboard, SetupWizard)

@@ -2,13 +2,13 @@
 #include "db/failure_log.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
+#include "ui/common/number_field.h"
 #include "ui/main/status_pane.h"
 
 #include <QClipboard>
 #include <QDialog>
 #include <QLabel>
 #include <QMenuBar>
-#include <QSpinBox>
 #include <QTextBlock>
 #include <QTreeWidget>
 
@@ -345,7 +345,7 @@ TEST_F(Frame, ChoosingAPeriodReplacesTheTimer)
     {
         const WhileModal period([](QDialog &dialog) {
             EXPECT_EQ(dialog.windowTitle(), u"Refresh period"_s);
-            auto &field = Find<QSpinBox>(dialog, "period");
+            auto &field = Find<NumberField>(dialog, "period");
             EXPECT_EQ(field.accessibleName(), u"Enter refresh period, min"_s);
             QTest::keyClicks(&field, u"10"_s);
             Grab(dialog, u"refresh-period"_s);
@@ -368,16 +368,24 @@ TEST_F(Frame, ChoosingAPeriodReplacesTheTimer)
 TEST_F(Frame, TheRefreshPeriodLiesBetween1And30)
 {
     ShowFrame();
-    for (const auto &[typed, minutes] : {std::pair {u"31"_s, 3}, {u"0"_s, 3}, {u"30"_s, 30}}) {
-        const WhileModal period([text = typed](QDialog &dialog) {
-            auto &field = Find<QSpinBox>(dialog, "period");
-            field.selectAll();
-            QTest::keyClicks(&field, text);
-            Click(dialog, "ok");
-        });
-        ChooseFrom(u"View"_s, u"Custom period..."_s);
-        EXPECT_EQ(RefreshPeriod(), minutes * 60000) << qPrintable(typed);
-    }
+    const WhileModal period([this](QDialog &dialog) {
+        auto &field = Find<NumberField>(dialog, "period");
+        for (const QString &typed : {u"31"_s, u"0"_s, u"2,5"_s, u""_s}) {
+            Type(field, typed);
+            QTest::keyClick(&field, Qt::Key_Return);
+            EXPECT_EQ(prompt.TakeSaid(),
+                      QStringList(u"Please enter an integer between 1 and 30."_s))
+                << qPrintable(typed);
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(field.text(), typed);
+        }
+        Type(field, u"29"_s);
+        QTest::keyClick(&field, Qt::Key_Up);
+        QTest::keyClick(&field, Qt::Key_Up);
+        QTest::keyClick(&field, Qt::Key_Return);
+    });
+    ChooseFrom(u"View"_s, u"Custom period..."_s);
+    EXPECT_EQ(RefreshPeriod(), 30 * 60000);
 }
 
 TEST_F(Frame, ColumnsAreLoadedWithTheVerdictBefore)
@@ -427,6 +435,7 @@ TEST_F(Frame, WithoutAColumnOfTheUsersOwnTheListStaysEmpty)
     StatementRecorder recorder;
     Command("refresh").trigger();
     EXPECT_EQ(Users().RowCount(), 0);
+    EXPECT_FALSE(IsShown(Users(), "emptyNote")) << "there may be users";
     EXPECT_EQ(Users().model()->columnCount(), 2);
     EXPECT_EQ(recorder.Take(),
               QStringList(u"SELECT name, descrip, blocked, group_id FROM groups"_s));

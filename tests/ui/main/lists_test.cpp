@@ -404,6 +404,8 @@ TEST_F(Lists, RenamingAGroupRefillsTheGroups)
         ClickCell(Groups(), 1, 0);
         const WhileModal rename([&](QDialog &dialog) {
             EXPECT_EQ(dialog.windowTitle(), u"Rename group"_s);
+            EXPECT_EQ(Find<QLabel>(dialog, "owner").text(),
+                      u"Group: "_s + RowTexts(Groups())[1].section(u'|', 0, 0));
             Type(Find<QWidget>(dialog, "name"), name);
             Click(dialog, "ok");
         });
@@ -725,12 +727,47 @@ TEST_F(Lists, WhatCannotBeReadStaysAsItWasShown)
     EXPECT_EQ(notice.text(), u"Ready"_s);
 }
 
+TEST_F(Lists, AnEmptyListSaysWhyItIs)
+{
+    ShowFrame();
+    const auto said = [](const ListPane &list) {
+        const auto &note = Find<QLabel>(list, "emptyNote");
+        return note.isVisible() ? note.text() : QString();
+    };
+    EXPECT_TRUE(said(Users()).startsWith(u"There are no users yet."_s));
+    EXPECT_EQ(said(Groups()), QString());
+    Grab(*frame, u"empty-lists"_s);
+    anna = AddUser({.name = "anna"});
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(said(Users()), QString());
+    TypeFilter(u"bert"_s);
+    EXPECT_EQ(said(Users()), u"Nobody matches."_s);
+    TypeFilter(u"an"_s);
+    EXPECT_EQ(said(Users()), QString());
+    TypeFilter(u"bert"_s);
+    Execute("ALTER TABLE users RENAME TO users_away");
+    TypeFilter(u"carl"_s);
+    EXPECT_EQ(said(Users()), u"The list could not be read."_s);
+    Execute("ALTER TABLE users_away RENAME TO users");
+    TypeFilter({});
+    EXPECT_EQ(Names(), QStringList(u"anna"_s));
+    Execute("DELETE FROM users WHERE user_id = (?)", anna);
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    (void)Users();
+    EXPECT_TRUE(said(Users()).startsWith(u"There are no users yet."_s));
+    QTest::keyClick(&Users(), Qt::Key_F5);
+    EXPECT_EQ(said(*static_cast<const ListPane *>(frame->findChild<CAdministratorView *>())),
+              QString())
+        << "while it is read";
+}
+
 TEST_F(Lists, NobodyKnowsHowManyUsersThereAreBeforeTheyWereRead)
 {
     AddUser({.name = "anna"});
     Execute("ALTER TABLE users RENAME TO users_away");
     ShowFrame();
     EXPECT_EQ(Find<QLabel>(*frame, "usersPane").text(), u"Active users: ? "_s);
+    EXPECT_EQ(Find<QLabel>(Users(), "emptyNote").text(), u"The list could not be read."_s);
     Execute("ALTER TABLE users_away RENAME TO users");
     QTest::keyClick(&Users(), Qt::Key_F5);
     EXPECT_EQ(Names(), QStringList(u"anna"_s));

@@ -47,6 +47,7 @@ TEST_F(UnmonitoredWindow, BringsBackTheSelectedUsersOnly)
     auto &list = Find<QListWidget>(dialog, "users");
     EXPECT_EQ(RowTexts(list)[0], u"ann(10.0.0.1)"_s);
     EXPECT_FALSE(Find<QPushButton>(dialog, "monitor").isEnabled());
+    EXPECT_FALSE(IsShown(dialog, "emptyNote"));
     ClickCell(list, 1, 0);
     ClickCell(list, 3, 0, Qt::ControlModifier);
     Grab(dialog, u"unmonitored"_s);
@@ -75,6 +76,7 @@ TEST_F(UnmonitoredWindow, TheKeyboardAloneIsEnough)
         ::Press(Qt::Key_End, Qt::ShiftModifier);
         PressButton(dialog, "monitor");
         EXPECT_EQ(Find<QListWidget>(dialog, "users").count(), 0);
+        EXPECT_TRUE(IsShown(dialog, "emptyNote"));
         ::Press(Qt::Key_Escape);
     });
     OpenUnmonitored(Services(), nullptr);
@@ -556,6 +558,9 @@ TEST_F(LoginWindow, APasswordThatIsTooLongIsMarkedWhileItIsTyped)
             for (const auto &[text, tooLong] : cases) {
                 Paste(Find(dialog, field), text);
                 EXPECT_EQ(IsShown(dialog, "passwordNote"), tooLong) << text.size();
+                if (tooLong) {
+                    Grab(dialog, u"long-password"_s);
+                }
             }
         }
         dialog.reject();
@@ -613,6 +618,45 @@ TEST_F(LoginWindow, The1001stLoginAndAWrongMacAreRefused)
         dialog.reject();
     });
     Click(manager, "create");
+}
+
+TEST_F(LoginWindow, ARefusedAddressIsGoneToWhereItIsIncomplete)
+{
+    LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
+    manager.show();
+    const WhileModal creating([this](QDialog &dialog) {
+        Click(dialog, "byIp");
+        auto &ip = Find<IpAddressField>(dialog, "ip");
+        Paste(*ip.findChild<QLineEdit *>(), u"10.0.0.7"_s);
+        QLineEdit &third = *ip.findChildren<QLineEdit *>().at(2);
+        Type(third, u"x"_s);
+        Press(dialog, QDialogButtonBox::Ok);
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"You entered incorrect IP address. Please re-enter address"_s));
+        EXPECT_EQ(dialog.focusWidget(), &third);
+        dialog.reject();
+    });
+    Click(manager, "create");
+}
+
+TEST_F(LoginWindow, AListWithoutLoginsSaysWhy)
+{
+    LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
+    manager.show();
+    const auto &note = Find<QLabel>(manager, "emptyNote");
+    EXPECT_FALSE(note.isVisible());
+    Execute("DELETE FROM Logins WHERE Virtual = 1");
+    LoginManager one(Services(), LoginManager::Read().value(), nullptr);
+    one.show();
+    Browse(Find<QTreeWidget>(one, "groups"), u"Guest"_s);
+    EXPECT_TRUE(IsShown(one, "emptyNote"));
+    EXPECT_EQ(Find<QLabel>(one, "emptyNote").text(), u"None of the logins belongs here."_s);
+    Execute("DELETE FROM Logins");
+    LoginManager none(Services(), LoginManager::Read().value(), nullptr);
+    none.show();
+    EXPECT_TRUE(IsShown(none, "emptyNote"));
+    EXPECT_EQ(Find<QLabel>(none, "emptyNote").text(), u"There are no logins yet."_s);
+    Grab(none, u"no-logins"_s);
 }
 
 TEST_F(LoginWindow, TheKeyboardAloneIsEnough)

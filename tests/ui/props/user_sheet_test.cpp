@@ -388,6 +388,61 @@ TEST_F(UserSheetTest, TheCommandStartsAtTheGroupOfTheFirstUser)
     EXPECT_FALSE(ChooseGroupFor(Services(), {UserId {2}, UserId {9}}, nullptr));
 }
 
+namespace {
+
+// Empty for a window without one.
+QString HeadingOf(const QDialog &window)
+{
+    const auto *heading = window.findChild<QLabel *>(u"owner"_s);
+    return heading == nullptr ? QString() : heading->text();
+}
+
+} // namespace
+
+TEST_F(UserSheetTest, WindowsOverTheSheetSayWhomTheyAreFor)
+{
+    const QString name(250, u'W');
+    Execute("UPDATE users SET username = (?) WHERE user_id = 1", name);
+    EXPECT_FALSE(UserSheet(user_page::kGeneral, [heading = u"User: "_s + name](QDialog &sheet) {
+        EXPECT_EQ(HeadingOf(sheet), heading);
+        for (const auto *command : {"changeIp", "changeMac", "changeGroup"}) {
+            const WhileModal over([command, heading](QDialog &window) {
+                EXPECT_EQ(HeadingOf(window), heading) << command;
+                EXPECT_LE(window.width(), 600) << command;
+                Grab(window, u"long-%1"_s.arg(QLatin1StringView(command)));
+                window.reject();
+            });
+            PressButton(sheet, command);
+        }
+        sheet.reject();
+    }));
+}
+
+TEST_F(UserSheetTest, TheCommandSaysWhoseGroupItChanges)
+{
+    const UserId anna {1};
+    const UserId bert {2};
+    const UserId zoe {9};
+    const std::pair<QList<UserId>, QString> cases[] = {
+        {{anna}, u"User: anna"_s},
+        {{bert, anna}, u"Users: bert, anna"_s},
+        {{anna, bert, zoe, anna, bert, zoe, anna},
+         u"Users: anna, bert, zoe, anna, bert and 2 more"_s},
+    };
+    for (const auto &[users, heading] : cases) {
+        const WhileModal choosing([expected = heading](QDialog &groups) {
+            EXPECT_EQ(HeadingOf(groups), expected);
+            const WhileModal adding([](QDialog &window) {
+                EXPECT_EQ(HeadingOf(window), QString()) << "a new group is not for them";
+                window.reject();
+            });
+            Click(groups, "addGroup");
+            groups.reject();
+        });
+        EXPECT_FALSE(ChooseGroupFor(Services(), users, nullptr));
+    }
+}
+
 // The window keeps to a small screen, and the whole name is in the tooltip.
 TEST_F(UserSheetTest, ALongNameWidensNoWindow)
 {

@@ -6,6 +6,7 @@
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
+#include "ui/common/number_field.h"
 #include "ui/reports/crystal_ctrl.h"
 #include "ui/reports/page_view.h"
 #include "ui/reports/report_job.h"
@@ -19,7 +20,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalSpy>
-#include <QSpinBox>
 
 using namespace Qt::StringLiterals;
 
@@ -194,23 +194,23 @@ TEST_F(Reports, PagesAreTurnedFoundAndSaved)
     ReportViewer &viewer = dialog->Viewer();
     const int count = viewer.View().Pages()->Count();
     ASSERT_GT(count, 3);
-    auto &number = Find<QSpinBox>(*dialog, "pageNumber");
+    const auto &number = Find<NumberField>(*dialog, "pageNumber");
     Click(*dialog, "lastPageButton");
-    EXPECT_EQ(number.value(), count);
+    EXPECT_EQ(number.text(), QString::number(count));
     Click(*dialog, "previousPageButton");
-    EXPECT_EQ(number.value(), count - 1);
+    EXPECT_EQ(number.text(), QString::number(count - 1));
     Click(*dialog, "firstPageButton");
     Click(*dialog, "nextPageButton");
-    EXPECT_EQ(number.value(), 2);
+    EXPECT_EQ(number.text(), QString::number(2));
     Choose(Find<QComboBox>(*dialog, "zoom"), u"150 %"_s);
     EXPECT_DOUBLE_EQ(viewer.View().Zoom(), 1.5);
-    EXPECT_EQ(number.value(), 2);
+    EXPECT_EQ(number.text(), QString::number(2));
 
     QSignalSpy ready(&viewer, &ReportViewer::Ready);
     Type(Find<QLineEdit>(*dialog, "find"), u"O'HARA"_s);
     QTest::keyClick(&Find<QLineEdit>(*dialog, "find"), Qt::Key_Return);
     ASSERT_TRUE(ready.wait(20'000));
-    EXPECT_TRUE(viewer.View().Pages()->PageText(number.value() - 1).contains(u"O'Hara"));
+    EXPECT_TRUE(viewer.View().Pages()->PageText(number.text().toInt() - 1).contains(u"O'Hara"));
     Type(Find<QLineEdit>(*dialog, "find"), u"nowhere"_s);
     QTest::keyClick(&Find<QLineEdit>(*dialog, "find"), Qt::Key_Return);
     ASSERT_TRUE(ready.wait(20'000));
@@ -225,6 +225,31 @@ TEST_F(Reports, PagesAreTurnedFoundAndSaved)
     viewer.Print();
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(u"No printer is installed. The report can be saved as PDF."_s));
+}
+
+TEST_F(Reports, APageIsGoneToByItsNumberOrRefused)
+{
+    MultiplyVisits(3);
+    Select(15);
+    ClickGenerate();
+    ReportViewer &viewer = dialog->Viewer();
+    const int count = viewer.View().Pages()->Count();
+    auto &number = Find<NumberField>(*dialog, "pageNumber");
+    for (const QString &typed : {u"2,5"_s, u"0"_s, QString::number(count + 1), u""_s}) {
+        Type(number, typed);
+        QTest::keyClick(&number, Qt::Key_Return);
+        EXPECT_EQ(prompt.TakeSaid(),
+                  QStringList(u"Please enter an integer between 1 and %1."_s.arg(count)));
+        EXPECT_EQ(number.text(), typed);
+        EXPECT_EQ(viewer.View().CurrentPage(), 0);
+    }
+    Type(number, u"3"_s);
+    EXPECT_EQ(viewer.View().CurrentPage(), 0);
+    QTest::keyClick(&number, Qt::Key_Return);
+    EXPECT_EQ(viewer.View().CurrentPage(), 2);
+    QTest::keyClick(&number, Qt::Key_Down);
+    EXPECT_EQ(viewer.View().CurrentPage(), 1);
+    EXPECT_EQ(number.text(), u"2"_s);
 }
 
 TEST_F(Reports, ASavedFileEndsAsTheKindThatWasChosen)
@@ -260,7 +285,7 @@ TEST_F(Reports, ReturnInAFieldOfTheViewerGeneratesNothing)
         QTest::keyClick(dialog->focusWidget(), key);
         ASSERT_TRUE(ready.wait(20'000)); // it searches
         EXPECT_EQ(dialog->focusWidget()->objectName(), u"find"_s); // for the next Return
-        Type(Find<QSpinBox>(*dialog, "pageNumber"), u"1"_s);
+        Type(Find<NumberField>(*dialog, "pageNumber"), u"1"_s);
         QTest::keyClick(dialog->focusWidget(), key);
         EXPECT_FALSE(dialog->Viewer().IsBusy());
     }

@@ -79,6 +79,8 @@ TEST_F(ServiceWindowTest, ControlShowsTheStateItFinds)
         EXPECT_EQ(dialog.windowTitle(), u"Service control"_s);
         EXPECT_EQ(Shown(dialog), running ? kShownStarted : kShownStopped) << qPrintable(state);
         EXPECT_EQ(dialog.IsServiceRunning(), running);
+        EXPECT_EQ(dialog.focusWidget()->objectName(), running ? u"close"_s : u"start"_s)
+            << "Return stops no service";
         EXPECT_FALSE(dialog.WasStopped());
     }
     bus.Stop();
