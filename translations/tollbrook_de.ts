@@ -1271,6 +1271,30 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Remove</source>
         <translation>Entfernen</translation>
     </message>
+    <message>
+        <source>This will change 1 user. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This will change %1 users. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move %1 to the group %2?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This will move %1 users to the group %2. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This does not work on all users that match. Select rows of the list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select all matching</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CAdministratorViewGrp</name>
@@ -2215,6 +2239,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Tollbrook Administrator</source>
         <translation>Tollbrook Administrator</translation>
     </message>
+    <message>
+        <source>1 user chosen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 users chosen</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>FrameMenus</name>
@@ -2425,6 +2457,22 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Commands</source>
         <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>P&amp;rint list...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Print all users that match</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Select all matching</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose all users that match, also those that are not listed</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2982,12 +3030,51 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The list was not exported.</source>
         <translation>Die Liste wurde nicht exportiert.</translation>
     </message>
+    <message>
+        <source>all users</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>users</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ListPane</name>
     <message>
         <source>Account...</source>
         <translation>Konto …</translation>
+    </message>
+</context>
+<context>
+    <name>ListPrint</name>
+    <message>
+        <source>Printing the list...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No printer is installed. The list can be exported as a file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the list...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The list was not printed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no user to print.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Printing was stopped; pages sent before: %1.</source>
+        <translation type="unfinished">Der Druck wurde abgebrochen; vorher gesendete Seiten: %1.</translation>
+    </message>
+    <message>
+        <source>Users sent to the printer: %1, on pages: %2.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3207,6 +3294,21 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Some of these users have been deleted meanwhile. %1 of %2 are changed.</source>
         <translation>Einige dieser Benutzer wurden inzwischen gelöscht. %1 von %2 sind geändert.</translation>
+    </message>
+</context>
+<context>
+    <name>MatchingUsers</name>
+    <message>
+        <source>Reading the users...</source>
+        <translation type="unfinished">Die Benutzer werden gelesen …</translation>
+    </message>
+    <message>
+        <source>The users could not be read.</source>
+        <translation type="unfinished">Die Benutzer konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>No user found</source>
+        <translation type="unfinished">Kein Benutzer gefunden</translation>
     </message>
 </context>
 <context>

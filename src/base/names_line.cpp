@@ -9,7 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kMostNames = 5;
 constexpr qsizetype kMostCharacters = 40; // of each name, so that the line fits on a small screen
 
 struct Words
@@ -31,11 +30,16 @@ QString Shown(const QString &name)
 
 QString NamesLine(const QStringList &names)
 {
+    return NamesLineOf(names, names.size());
+}
+
+QString NamesLineOf(const QStringList &firstNames, qsizetype count)
+{
     QStringList shown;
-    for (const QString &name : names.first(std::min(names.size(), kMostNames))) {
+    for (const QString &name : firstNames.first(std::min(firstNames.size(), kNamesOfLine))) {
         shown << Shown(name);
     }
     const QString line = shown.join(u", "_s);
-    const qsizetype more = names.size() - shown.size();
+    const qsizetype more = count - shown.size();
     return more == 0 ? line : Words::tr("%1 and %2 more").arg(line, QLocale().toString(more));
 }

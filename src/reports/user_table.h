@@ -1,4 +1,4 @@
-// The users list as a table of values, with every user that a filter finds: for a file.
+// The users list as a table of values, with every user that a filter finds: for a file or a printer.
 #pragma once
 
 #include "access/user_search.h"
@@ -10,8 +10,19 @@ struct UserTableColumn
 {
     QString heading;
     std::function<QString(const UserRow &)> text;
+    double width = 1; // share of a page's width
+};
+
+// What stands above the rows and behind them on paper.
+struct UserTableHead
+{
+    QString title {};
+    QString filter {}; // in words
+    QString noun {}; // what the rows are, such as "users"
 };
 
 // Reads on the session of the calling thread. A full temporary folder is a failure too, with its words.
-[[nodiscard]] Result<ReportTablePtr>
-ReadUserTable(const UserFilter &filter, ListOrder order, const QList<UserTableColumn> &columns);
+[[nodiscard]] Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
+                                                   ListOrder order,
+                                                   const QList<UserTableColumn> &columns,
+                                                   const UserTableHead &head = {});
