@@ -1273,27 +1273,27 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>This will change 1 user. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Benutzer wird geändert. Fortfahren?</translation>
     </message>
     <message>
         <source>This will change %1 users. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Benutzer werden geändert. Fortfahren?</translation>
     </message>
     <message>
         <source>Move %1 to the group %2?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 in die Gruppe %2 verschieben?</translation>
     </message>
     <message>
         <source>This will move %1 users to the group %2. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Benutzer werden in die Gruppe %2 verschoben. Fortfahren?</translation>
     </message>
     <message>
         <source>This does not work on all users that match. Select rows of the list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das geht nicht mit allen passenden Benutzern. Wählen Sie Zeilen der Liste.</translation>
     </message>
     <message>
         <source>Select all matching</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle passenden auswählen</translation>
     </message>
 </context>
 <context>
@@ -2241,11 +2241,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>1 user chosen</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Benutzer ausgewählt</translation>
     </message>
     <message>
         <source>%1 users chosen</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Benutzer ausgewählt</translation>
     </message>
 </context>
 <context>
@@ -2460,19 +2460,19 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>P&amp;rint list...</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste &amp;drucken …</translation>
     </message>
     <message>
         <source>Print all users that match</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle passenden Benutzer drucken</translation>
     </message>
     <message>
         <source>&amp;Select all matching</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle &amp;passenden auswählen</translation>
     </message>
     <message>
         <source>Choose all users that match, also those that are not listed</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle passenden Benutzer auswählen, auch die nicht aufgeführten</translation>
     </message>
 </context>
 <context>
@@ -3032,11 +3032,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>all users</source>
-        <translation type="unfinished"></translation>
+        <translation>alle Benutzer</translation>
     </message>
     <message>
         <source>users</source>
-        <translation type="unfinished"></translation>
+        <translation>Benutzer</translation>
     </message>
 </context>
 <context>
@@ -3050,31 +3050,31 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <name>ListPrint</name>
     <message>
         <source>Printing the list...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste wird gedruckt …</translation>
     </message>
     <message>
         <source>No printer is installed. The list can be exported as a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist kein Drucker eingerichtet. Die Liste kann als Datei exportiert werden.</translation>
     </message>
     <message>
         <source>Reading the list...</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste wird gelesen …</translation>
     </message>
     <message>
         <source>The list was not printed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste wurde nicht gedruckt.</translation>
     </message>
     <message>
         <source>There is no user to print.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Benutzer zu drucken.</translation>
     </message>
     <message>
         <source>Printing was stopped; pages sent before: %1.</source>
-        <translation type="unfinished">Der Druck wurde abgebrochen; vorher gesendete Seiten: %1.</translation>
+        <translation>Der Druck wurde abgebrochen; vorher gesendete Seiten: %1.</translation>
     </message>
     <message>
         <source>Users sent to the printer: %1, on pages: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>An den Drucker gesendete Benutzer: %1, auf Seiten: %2.</translation>
     </message>
 </context>
 <context>
@@ -3300,15 +3300,15 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <name>MatchingUsers</name>
     <message>
         <source>Reading the users...</source>
-        <translation type="unfinished">Die Benutzer werden gelesen …</translation>
+        <translation>Die Benutzer werden gelesen …</translation>
     </message>
     <message>
         <source>The users could not be read.</source>
-        <translation type="unfinished">Die Benutzer konnten nicht gelesen werden.</translation>
+        <translation>Die Benutzer konnten nicht gelesen werden.</translation>
     </message>
     <message>
         <source>No user found</source>
-        <translation type="unfinished">Kein Benutzer gefunden</translation>
+        <translation>Kein Benutzer gefunden</translation>
     </message>
 </context>
 <context>
