@@ -906,6 +906,7 @@ TEST_F(Drags, TheGroupUnderTheMouseIsMarked)
     const QImage plain = shown();
     EXPECT_TRUE(MoveOver(*data, MiddleOf(0)));
     const QImage first = shown();
+    Grab(*frame, u"drag-over-group"_s);
     EXPECT_TRUE(MoveOver(*data, MiddleOf(1)));
     EXPECT_NE(first, plain);
     EXPECT_NE(shown(), first);

@@ -145,6 +145,7 @@ TEST_F(WholeList, AllThatMatchAreChosenAndSaidToBe)
     EXPECT_EQ(Note(), manyChosen);
     EXPECT_EQ(Users().ChosenIds().size(), 1100);
     EXPECT_EQ(Users().SelectedRows().size(), 1000);
+    Grab(*frame, u"all-matching"_s);
     for (const char *name : {"properties", "account", "doNotMonitor", "delete"}) {
         EXPECT_FALSE(Command(name).isEnabled()) << name;
     }
