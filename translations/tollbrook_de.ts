@@ -3295,6 +3295,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Some of these users have been deleted meanwhile. %1 of %2 are changed.</source>
         <translation>Einige dieser Benutzer wurden inzwischen gelöscht. %1 von %2 sind geändert.</translation>
     </message>
+    <message>
+        <source>%v of %m</source>
+        <translation>%v von %m</translation>
+    </message>
 </context>
 <context>
     <name>MatchingUsers</name>

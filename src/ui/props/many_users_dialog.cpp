@@ -77,7 +77,7 @@ ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
     SetNames(*progress, u"progress"_s, tr("Users changed"));
     progress->setRange(0, static_cast<int>(userIds.size()));
     progress->setValue(0);
-    progress->setFormat(u"%v of %m"_s);
+    progress->setFormat(tr("%v of %m"));
     auto *column = new QVBoxLayout(this);
     column->addWidget(MakeNames(opened.named));
     column->addWidget(type);

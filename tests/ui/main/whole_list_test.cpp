@@ -222,7 +222,10 @@ TEST_F(WholeList, TheCommandsNameTheNumberAndWorkOnAll)
             QLocale().toString(1095));
     const QString members = u"group_id = %1"_s.arg(sales.value);
 
-    ChooseAll();
+    Settle();
+    QTest::keyClick(&Find<QLineEdit>(*frame, "findUser"),
+                    Qt::Key_A,
+                    Qt::ControlModifier | Qt::ShiftModifier); // the focus stands there
     Command("changeGroup").trigger(); // answered No
     EXPECT_EQ(prompt.TakeSaid(), QStringList(question));
     EXPECT_EQ(prompt.TakeGoing(), QStringList(names));
