@@ -1,4 +1,5 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
     <name>AboutDialog</name>
@@ -162,7 +163,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Ein Guthaben ist abgelaufen: sein letzter Tag war der %1.</translation>
     </message>
     <message>
-        <source>%1 credits have expired: the last one's last day was %2.</source>
+        <source>%1 credits have expired: the last one&apos;s last day was %2.</source>
         <translation>%1 Guthaben sind abgelaufen: der letzte Tag des letzten war der %2.</translation>
     </message>
     <message>
@@ -224,7 +225,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Es gibt ein unbegrenztes Prepaid-Guthaben.</translation>
     </message>
     <message>
-        <source>Of the group's pre-paid credit, %1 is left.</source>
+        <source>Of the group&apos;s pre-paid credit, %1 is left.</source>
         <translation>Vom Prepaid-Guthaben der Gruppe bleiben %1.</translation>
     </message>
     <message>
@@ -280,11 +281,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Zu diesem Benutzer gehört keine Anmeldung.</translation>
     </message>
     <message>
-        <source>The user's group is blocked by the administrator.</source>
+        <source>The user&apos;s group is blocked by the administrator.</source>
         <translation>Die Gruppe des Benutzers ist vom Administrator gesperrt.</translation>
     </message>
     <message>
-        <source>The user's group is blocked by the accounting service.</source>
+        <source>The user&apos;s group is blocked by the accounting service.</source>
         <translation>Die Gruppe des Benutzers ist vom Abrechnungsdienst gesperrt.</translation>
     </message>
     <message>
@@ -360,11 +361,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Außerhalb der erlaubten Zeit</translation>
     </message>
     <message>
-        <source>The users list shows "%1" instead: it goes by the marks in the user's row alone.</source>
+        <source>The users list shows &quot;%1&quot; instead: it goes by the marks in the user&apos;s row alone.</source>
         <translation>Die Benutzerliste zeigt stattdessen „%1“: sie richtet sich allein nach den Kennzeichen in der Zeile des Benutzers.</translation>
     </message>
     <message>
-        <source>The words above go by the user's block alone. With all that counts: %1.</source>
+        <source>The words above go by the user&apos;s block alone. With all that counts: %1.</source>
         <translation>Die Angabe oben richtet sich allein nach der Sperre des Benutzers. Mit allem, was zählt: %1.</translation>
     </message>
     <message>
@@ -520,19 +521,19 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>In der Datenbank wurde nichts geändert.</translation>
     </message>
     <message>
-        <source>The user's properties were not stored.</source>
+        <source>The user&apos;s properties were not stored.</source>
         <translation>Die Eigenschaften des Benutzers wurden nicht gespeichert.</translation>
     </message>
     <message>
-        <source>It is not known whether the user's properties were stored.</source>
+        <source>It is not known whether the user&apos;s properties were stored.</source>
         <translation>Ob die Eigenschaften des Benutzers gespeichert wurden, ist nicht bekannt.</translation>
     </message>
     <message>
-        <source>The group's properties were not stored.</source>
+        <source>The group&apos;s properties were not stored.</source>
         <translation>Die Eigenschaften der Gruppe wurden nicht gespeichert.</translation>
     </message>
     <message>
-        <source>It is not known whether the group's properties were stored.</source>
+        <source>It is not known whether the group&apos;s properties were stored.</source>
         <translation>Ob die Eigenschaften der Gruppe gespeichert wurden, ist nicht bekannt.</translation>
     </message>
     <message>
@@ -544,11 +545,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Ob das Konto geändert wurde, ist nicht bekannt.</translation>
     </message>
     <message>
-        <source>No user's access properties were changed.</source>
+        <source>No user&apos;s access properties were changed.</source>
         <translation>Bei keinem Benutzer wurden die Zugangseigenschaften geändert.</translation>
     </message>
     <message>
-        <source>It is not known whether the users' access properties were changed.</source>
+        <source>It is not known whether the users&apos; access properties were changed.</source>
         <translation>Ob die Zugangseigenschaften der Benutzer geändert wurden, ist nicht bekannt.</translation>
     </message>
     <message>
@@ -913,7 +914,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Bitte wählen Sie einen Benutzer, keine Gruppe</translation>
     </message>
     <message>
-        <source>Reading the user's logins...</source>
+        <source>Reading the user&apos;s logins...</source>
         <translation>Die Anmeldungen des Benutzers werden gelesen …</translation>
     </message>
     <message>
@@ -1106,7 +1107,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Allgemein</translation>
     </message>
     <message>
-        <source>A group's page holds at most %1 users. The others were not added.</source>
+        <source>A group&apos;s page holds at most %1 users. The others were not added.</source>
         <translation>Die Seite einer Gruppe fasst höchstens %1 Benutzer. Die anderen wurden nicht hinzugefügt.</translation>
     </message>
     <message>
@@ -1273,6 +1274,30 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>This will change 1 user. Continue?</source>
+        <translation>1 Benutzer wird geändert. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>This will change %1 users. Continue?</source>
+        <translation>%1 Benutzer werden geändert. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Move %1 to the group %2?</source>
+        <translation>%1 in die Gruppe %2 verschieben?</translation>
+    </message>
+    <message>
+        <source>This will move %1 users to the group %2. Continue?</source>
+        <translation>%1 Benutzer werden in die Gruppe %2 verschoben. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>This does not work on all users that match. Select rows of the list.</source>
+        <translation>Das geht nicht mit allen passenden Benutzern. Wählen Sie Zeilen der Liste.</translation>
+    </message>
+    <message>
+        <source>Select all matching</source>
+        <translation>Alle passenden auswählen</translation>
     </message>
     <message>
         <source>Nobody matches.</source>
@@ -1525,11 +1550,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Die Gruppe wird gelöscht …</translation>
     </message>
     <message>
-        <source>Reading the group's name...</source>
+        <source>Reading the group&apos;s name...</source>
         <translation>Der Name der Gruppe wird gelesen …</translation>
     </message>
     <message>
-        <source>The group's name could not be read.</source>
+        <source>The group&apos;s name could not be read.</source>
         <translation>Der Name der Gruppe konnte nicht gelesen werden.</translation>
     </message>
     <message>
@@ -1561,7 +1586,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Sie sind dabei, die Gruppe zu entfernen. Fortfahren?</translation>
     </message>
     <message>
-        <source>You can not delete 'Everybody' group</source>
+        <source>You can not delete &apos;Everybody&apos; group</source>
         <translation>Die Gruppe „Everybody“ kann nicht gelöscht werden</translation>
     </message>
     <message>
@@ -1618,18 +1643,18 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>Check</name>
     <message>
-        <source>The data source "%1" cannot be opened: %2</source>
+        <source>The data source &quot;%1&quot; cannot be opened: %2</source>
         <translation>Die Datenquelle „%1“ kann nicht geöffnet werden: %2</translation>
     </message>
     <message>
-        <source>A check of "%1" failed: %2</source>
+        <source>A check of &quot;%1&quot; failed: %2</source>
         <translation>Eine Prüfung von „%1“ ist fehlgeschlagen: %2</translation>
     </message>
 </context>
 <context>
     <name>ConfigStore</name>
     <message>
-        <source>cannot be written: it does not take the value "%1"</source>
+        <source>cannot be written: it does not take the value &quot;%1&quot;</source>
         <translation>kann nicht geschrieben werden: sie nimmt den Wert „%1“ nicht an</translation>
     </message>
 </context>
@@ -1742,11 +1767,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>Credit</name>
     <message>
-        <source>The access type of this user has been changed to "%1" meanwhile. Nothing was changed. Please open the window again to go on.</source>
+        <source>The access type of this user has been changed to &quot;%1&quot; meanwhile. Nothing was changed. Please open the window again to go on.</source>
         <translation>Die Zugangsart dieses Benutzers wurde inzwischen zu „%1“ geändert. Gespeichert wurde nichts. Bitte öffnen Sie das Fenster erneut, um fortzufahren.</translation>
     </message>
     <message>
-        <source>The access type of this group has been changed to "%1" meanwhile. Nothing was changed. Please open the window again to go on.</source>
+        <source>The access type of this group has been changed to &quot;%1&quot; meanwhile. Nothing was changed. Please open the window again to go on.</source>
         <translation>Die Zugangsart dieser Gruppe wurde inzwischen zu „%1“ geändert. Gespeichert wurde nichts. Bitte öffnen Sie das Fenster erneut, um fortzufahren.</translation>
     </message>
     <message>
@@ -1845,7 +1870,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Die Währung hat keinen gültigen Kurs. Bitte berichtigen Sie ihn auf der Seite „Tarif“ der Einstellungen</translation>
     </message>
     <message>
-        <source>The amount is too small at the currency's rate. Please enter a larger one</source>
+        <source>The amount is too small at the currency&apos;s rate. Please enter a larger one</source>
         <translation>Beim Kurs der Währung ist die Menge zu klein. Bitte geben Sie eine größere ein</translation>
     </message>
     <message>
@@ -2034,14 +2059,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>DirectConnection</name>
     <message>
-        <source>The database engine "%1" is not supported.</source>
+        <source>The database engine &quot;%1&quot; is not supported.</source>
         <translation>Das Datenbanksystem „%1“ wird nicht unterstützt.</translation>
     </message>
 </context>
 <context>
     <name>Engine</name>
     <message>
-        <source>data source "%1": %2</source>
+        <source>data source &quot;%1&quot;: %2</source>
         <translation>Datenquelle „%1“: %2</translation>
     </message>
 </context>
@@ -2233,6 +2258,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Tollbrook Administrator</source>
         <translation>Tollbrook Administrator</translation>
+    </message>
+    <message>
+        <source>1 user chosen</source>
+        <translation>1 Benutzer ausgewählt</translation>
+    </message>
+    <message>
+        <source>%1 users chosen</source>
+        <translation>%1 Benutzer ausgewählt</translation>
     </message>
 </context>
 <context>
@@ -2445,6 +2478,22 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Commands</source>
         <translation>Befehle</translation>
     </message>
+    <message>
+        <source>P&amp;rint list...</source>
+        <translation>Liste &amp;drucken …</translation>
+    </message>
+    <message>
+        <source>Print all users that match</source>
+        <translation>Alle passenden Benutzer drucken</translation>
+    </message>
+    <message>
+        <source>&amp;Select all matching</source>
+        <translation>Alle &amp;passenden auswählen</translation>
+    </message>
+    <message>
+        <source>Choose all users that match, also those that are not listed</source>
+        <translation>Alle passenden Benutzer auswählen, auch die nicht aufgeführten</translation>
+    </message>
 </context>
 <context>
     <name>FrameStatusBar</name>
@@ -2453,7 +2502,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>Undo "%1"</source>
+        <source>Undo &quot;%1&quot;</source>
         <translation>„%1“ rückgängig machen</translation>
     </message>
     <message>
@@ -2534,7 +2583,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>GroupGone</name>
     <message>
-        <source>The group "Everybody", into which users would be moved, has been deleted. Nothing was changed.</source>
+        <source>The group &quot;Everybody&quot;, into which users would be moved, has been deleted. Nothing was changed.</source>
         <translation>Die Gruppe „Everybody“, in die Benutzer verschoben würden, wurde gelöscht. Nichts wurde geändert.</translation>
     </message>
     <message>
@@ -2744,24 +2793,24 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>Layout</name>
     <message>
-        <source>"title" is missing</source>
-        <translation>"title" fehlt</translation>
+        <source>&quot;title&quot; is missing</source>
+        <translation>&quot;title&quot; fehlt</translation>
     </message>
     <message>
-        <source>"top" needs rows = "summed"</source>
-        <translation>"top" braucht rows = "summed"</translation>
+        <source>&quot;top&quot; needs rows = &quot;summed&quot;</source>
+        <translation>&quot;top&quot; braucht rows = &quot;summed&quot;</translation>
     </message>
     <message>
         <source>there must be 1 to %1 [[column]] tables</source>
         <translation>nötig sind 1 bis %1 Tabellen [[column]]</translation>
     </message>
     <message>
-        <source>a column's "name" is missing</source>
-        <translation>bei einer Spalte fehlt "name"</translation>
+        <source>a column&apos;s &quot;name&quot; is missing</source>
+        <translation>bei einer Spalte fehlt &quot;name&quot;</translation>
     </message>
     <message>
-        <source>"%1" is no name, or a second one</source>
-        <translation>"%1" ist kein Name oder ist doppelt</translation>
+        <source>&quot;%1&quot; is no name, or a second one</source>
+        <translation>&quot;%1&quot; ist kein Name oder ist doppelt</translation>
     </message>
     <message>
         <source>only numbers have a total</source>
@@ -2772,16 +2821,16 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>eine berechnete Spalte ist eine Menge oder eine ganze Zahl</translation>
     </message>
     <message>
-        <source>"words" are two: for 0 and for 1</source>
-        <translation>"words" sind zwei: für 0 und für 1</translation>
+        <source>&quot;words&quot; are two: for 0 and for 1</source>
+        <translation>&quot;words&quot; sind zwei: für 0 und für 1</translation>
     </message>
     <message>
         <source>a column is computed from numbers that are read</source>
         <translation>eine Spalte wird aus Zahlen berechnet, die gelesen werden</translation>
     </message>
     <message>
-        <source>"group" needs rows = "each"</source>
-        <translation>"group" braucht rows = "each"</translation>
+        <source>&quot;group&quot; needs rows = &quot;each&quot;</source>
+        <translation>&quot;group&quot; braucht rows = &quot;each&quot;</translation>
     </message>
     <message>
         <source>rows are not grouped by numbers</source>
@@ -2793,11 +2842,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>rows of each are ordered by columns that are read</source>
-        <translation>bei rows = "each" wird nach Spalten geordnet, die gelesen werden</translation>
+        <translation>bei rows = &quot;each&quot; wird nach Spalten geordnet, die gelesen werden</translation>
     </message>
     <message>
-        <source>"chart" is not a table</source>
-        <translation>"chart" ist keine Tabelle</translation>
+        <source>&quot;chart&quot; is not a table</source>
+        <translation>&quot;chart&quot; ist keine Tabelle</translation>
     </message>
     <message>
         <source>a chart draws one or two values</source>
@@ -2808,20 +2857,20 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>ein Diagramm zeichnet gelesene oder gezählte Spalten mit einer Summe</translation>
     </message>
     <message>
-        <source>"day" is not a column of days</source>
-        <translation>"day" ist keine Spalte mit Tagen</translation>
+        <source>&quot;day&quot; is not a column of days</source>
+        <translation>&quot;day&quot; ist keine Spalte mit Tagen</translation>
     </message>
     <message>
-        <source>"label" is not a column of texts</source>
-        <translation>"label" ist keine Spalte mit Texten</translation>
+        <source>&quot;label&quot; is not a column of texts</source>
+        <translation>&quot;label&quot; ist keine Spalte mit Texten</translation>
     </message>
     <message>
-        <source>"%1" names no column "%2"; the nearest is "%3"</source>
-        <translation>"%1" nennt keine Spalte "%2"; die ähnlichste ist "%3"</translation>
+        <source>&quot;%1&quot; names no column &quot;%2&quot;; the nearest is &quot;%3&quot;</source>
+        <translation>&quot;%1&quot; nennt keine Spalte &quot;%2&quot;; die ähnlichste ist &quot;%3&quot;</translation>
     </message>
     <message>
-        <source>"%1" names a column that is not there</source>
-        <translation>"%1" nennt eine Spalte, die es nicht gibt</translation>
+        <source>&quot;%1&quot; names a column that is not there</source>
+        <translation>&quot;%1&quot; nennt eine Spalte, die es nicht gibt</translation>
     </message>
     <message>
         <source>the layout file cannot be read</source>
@@ -2839,36 +2888,36 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>LayoutTable</name>
     <message>
-        <source>unknown key "%1"; the nearest known one is "%2"</source>
-        <translation>unbekannter Schlüssel "%1"; der ähnlichste bekannte ist "%2"</translation>
+        <source>unknown key &quot;%1&quot;; the nearest known one is &quot;%2&quot;</source>
+        <translation>unbekannter Schlüssel &quot;%1&quot;; der ähnlichste bekannte ist &quot;%2&quot;</translation>
     </message>
     <message>
-        <source>"%1" is not a text</source>
-        <translation>"%1" ist kein Text</translation>
+        <source>&quot;%1&quot; is not a text</source>
+        <translation>&quot;%1&quot; ist kein Text</translation>
     </message>
     <message>
-        <source>"%1" is neither true nor false</source>
-        <translation>"%1" ist weder true noch false</translation>
+        <source>&quot;%1&quot; is neither true nor false</source>
+        <translation>&quot;%1&quot; ist weder true noch false</translation>
     </message>
     <message>
-        <source>"%1" is not a whole number</source>
-        <translation>"%1" ist keine ganze Zahl</translation>
+        <source>&quot;%1&quot; is not a whole number</source>
+        <translation>&quot;%1&quot; ist keine ganze Zahl</translation>
     </message>
     <message>
-        <source>"%1" is not a number from %2 to %3</source>
-        <translation>"%1" ist keine Zahl von %2 bis %3</translation>
+        <source>&quot;%1&quot; is not a number from %2 to %3</source>
+        <translation>&quot;%1&quot; ist keine Zahl von %2 bis %3</translation>
     </message>
     <message>
-        <source>"%1" is not a list of texts</source>
-        <translation>"%1" ist keine Liste von Texten</translation>
+        <source>&quot;%1&quot; is not a list of texts</source>
+        <translation>&quot;%1&quot; ist keine Liste von Texten</translation>
     </message>
     <message>
-        <source>"%1" holds something that is not a text</source>
-        <translation>"%1" enthält etwas, das kein Text ist</translation>
+        <source>&quot;%1&quot; holds something that is not a text</source>
+        <translation>&quot;%1&quot; enthält etwas, das kein Text ist</translation>
     </message>
     <message>
-        <source>"%1" cannot be "%2"; the nearest known is "%3"</source>
-        <translation>"%1" kann nicht "%2" sein; das ähnlichste bekannte Wort ist "%3"</translation>
+        <source>&quot;%1&quot; cannot be &quot;%2&quot;; the nearest known is &quot;%3&quot;</source>
+        <translation>&quot;%1&quot; kann nicht &quot;%2&quot; sein; das ähnlichste bekannte Wort ist &quot;%3&quot;</translation>
     </message>
 </context>
 <context>
@@ -3001,6 +3050,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The list was not exported.</source>
         <translation>Die Liste wurde nicht exportiert.</translation>
     </message>
+    <message>
+        <source>all users</source>
+        <translation>alle Benutzer</translation>
+    </message>
+    <message>
+        <source>users</source>
+        <translation>Benutzer</translation>
+    </message>
 </context>
 <context>
     <name>ListPane</name>
@@ -3011,6 +3068,37 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>The list could not be read.</source>
         <translation>Die Liste konnte nicht gelesen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>ListPrint</name>
+    <message>
+        <source>Printing the list...</source>
+        <translation>Die Liste wird gedruckt …</translation>
+    </message>
+    <message>
+        <source>No printer is installed. The list can be exported as a file.</source>
+        <translation>Es ist kein Drucker eingerichtet. Die Liste kann als Datei exportiert werden.</translation>
+    </message>
+    <message>
+        <source>Reading the list...</source>
+        <translation>Die Liste wird gelesen …</translation>
+    </message>
+    <message>
+        <source>The list was not printed.</source>
+        <translation>Die Liste wurde nicht gedruckt.</translation>
+    </message>
+    <message>
+        <source>There is no user to print.</source>
+        <translation>Es gibt keinen Benutzer zu drucken.</translation>
+    </message>
+    <message>
+        <source>Printing was stopped; pages sent before: %1.</source>
+        <translation>Der Druck wurde abgebrochen; vorher gesendete Seiten: %1.</translation>
+    </message>
+    <message>
+        <source>Users sent to the printer: %1, on pages: %2.</source>
+        <translation>An den Drucker gesendete Benutzer: %1, auf Seiten: %2.</translation>
     </message>
 </context>
 <context>
@@ -3169,7 +3257,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Sie haben eine falsche MAC-Adresse eingegeben. Bitte geben Sie die Adresse neu ein</translation>
     </message>
     <message>
-        <source>Please bind the login to existing user with 'Browse' button</source>
+        <source>Please bind the login to existing user with &apos;Browse&apos; button</source>
         <translation>Bitte ordnen Sie die Anmeldung mit „Benutzer auswählen …“ einem vorhandenen Benutzer zu</translation>
     </message>
     <message>
@@ -3238,6 +3326,25 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Some of these users have been deleted meanwhile. %1 of %2 are changed.</source>
         <translation>Einige dieser Benutzer wurden inzwischen gelöscht. %1 von %2 sind geändert.</translation>
+    </message>
+    <message>
+        <source>%v of %m</source>
+        <translation>%v von %m</translation>
+    </message>
+</context>
+<context>
+    <name>MatchingUsers</name>
+    <message>
+        <source>Reading the users...</source>
+        <translation>Die Benutzer werden gelesen …</translation>
+    </message>
+    <message>
+        <source>The users could not be read.</source>
+        <translation>Die Benutzer konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>No user found</source>
+        <translation>Kein Benutzer gefunden</translation>
     </message>
 </context>
 <context>
@@ -3502,7 +3609,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Der Benutzer wird gespeichert …</translation>
     </message>
     <message>
-        <source>Group's properties</source>
+        <source>Group&apos;s properties</source>
         <translation>Eigenschaften der Gruppe</translation>
     </message>
     <message>
@@ -3784,7 +3891,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Fortschritt der Bereinigung</translation>
     </message>
     <message>
-        <source>The rows are counted when you press "Purge", before anything goes.</source>
+        <source>The rows are counted when you press &quot;Purge&quot;, before anything goes.</source>
         <translation>Die Zeilen werden gezählt, wenn Sie „Bereinigen“ drücken, bevor etwas entfernt wird.</translation>
     </message>
     <message>
@@ -3909,15 +4016,15 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>ein Text in Anführungszeichen enthält einen umgekehrten Schrägstrich</translation>
     </message>
     <message>
-        <source>a report only reads, but its query says "%1"</source>
+        <source>a report only reads, but its query says &quot;%1&quot;</source>
         <translation>ein Bericht liest nur, doch in seiner Abfrage steht „%1“</translation>
     </message>
     <message>
-        <source>the function "%1" is not one that a report's query may use</source>
+        <source>the function &quot;%1&quot; is not one that a report&apos;s query may use</source>
         <translation>die Funktion „%1“ darf die Abfrage eines Berichts nicht verwenden</translation>
     </message>
     <message>
-        <source>the sign %1 is not one that a report's query may use</source>
+        <source>the sign %1 is not one that a report&apos;s query may use</source>
         <translation>das Zeichen %1 darf die Abfrage eines Berichts nicht verwenden</translation>
     </message>
     <message>
@@ -3929,7 +4036,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>die Abfrage ist leer</translation>
     </message>
     <message>
-        <source>a report's query begins with SELECT, not with "%1"</source>
+        <source>a report&apos;s query begins with SELECT, not with &quot;%1&quot;</source>
         <translation>die Abfrage eines Berichts beginnt mit SELECT, nicht mit „%1“</translation>
     </message>
     <message>
@@ -4048,7 +4155,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Datenverkehr (Einzelheiten) </translation>
     </message>
     <message>
-        <source>This report presents user's Internet-activity on a daily basis: MBytes downloaded and uploaded. You can set period of time to make report on.</source>
+        <source>This report presents user&apos;s Internet-activity on a daily basis: MBytes downloaded and uploaded. You can set period of time to make report on.</source>
         <translation>Dieser Bericht zeigt die Internetnutzung der Benutzer Tag für Tag: empfangene und gesendete MB. Sie können den Zeitraum des Berichts festlegen.</translation>
     </message>
     <message>
@@ -4056,7 +4163,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Datenverkehr (Diagramm)</translation>
     </message>
     <message>
-        <source>This report presents user's Internet-activity in chart form (traffic). You can easily see peaks of user activity</source>
+        <source>This report presents user&apos;s Internet-activity in chart form (traffic). You can easily see peaks of user activity</source>
         <translation>Dieser Bericht stellt die Internetnutzung der Benutzer als Diagramm dar (Datenverkehr). Spitzen der Nutzung sind leicht zu erkennen</translation>
     </message>
     <message>
@@ -4072,7 +4179,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Kontostand (Datenverkehr)</translation>
     </message>
     <message>
-        <source>Report shows users' accounts (in traffic): usage and updates</source>
+        <source>Report shows users&apos; accounts (in traffic): usage and updates</source>
         <translation>Der Bericht zeigt die Konten der Benutzer (Datenverkehr): Verbrauch und Änderungen</translation>
     </message>
     <message>
@@ -4096,7 +4203,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Zeit (Einzelheiten)</translation>
     </message>
     <message>
-        <source>This report presents user's Internet-activity on a daily basis: time spent in the Internet. You can set period of time to make report on.</source>
+        <source>This report presents user&apos;s Internet-activity on a daily basis: time spent in the Internet. You can set period of time to make report on.</source>
         <translation>Dieser Bericht zeigt die Internetnutzung der Benutzer Tag für Tag: die im Internet verbrachte Zeit. Sie können den Zeitraum des Berichts festlegen.</translation>
     </message>
     <message>
@@ -4104,7 +4211,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Zeit der Top 10 (Einzelheiten)</translation>
     </message>
     <message>
-        <source>This report presents user's Internet-activity in chart form (Internet time). You can easily see peaks of user activity</source>
+        <source>This report presents user&apos;s Internet-activity in chart form (Internet time). You can easily see peaks of user activity</source>
         <translation>Dieser Bericht stellt die Internetnutzung der Benutzer als Diagramm dar (Zeit im Internet). Spitzen der Nutzung sind leicht zu erkennen</translation>
     </message>
     <message>
@@ -4112,7 +4219,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Zeit (Diagramm)</translation>
     </message>
     <message>
-        <source>Report shows users' accounts in Provider mode: usage and updates</source>
+        <source>Report shows users&apos; accounts in Provider mode: usage and updates</source>
         <translation>Der Bericht zeigt die Konten der Benutzer im Providermodus: Verbrauch und Änderungen</translation>
     </message>
     <message>
@@ -4120,7 +4227,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Nutzung im Providermodus</translation>
     </message>
     <message>
-        <source>Report shows Top 10 users' accounts by usage in Provider mode</source>
+        <source>Report shows Top 10 users&apos; accounts by usage in Provider mode</source>
         <translation>Der Bericht zeigt die Konten der zehn Benutzer mit dem größten Verbrauch im Providermodus</translation>
     </message>
     <message>
@@ -4136,7 +4243,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Website-Zugriffe</translation>
     </message>
     <message>
-        <source>This report presents list of sites, accessed during software's work. Hits shows how many times site has been visited</source>
+        <source>This report presents list of sites, accessed during software&apos;s work. Hits shows how many times site has been visited</source>
         <translation>Dieser Bericht zeigt die Websites, auf die während der Arbeit der Software zugegriffen wurde. „Aufrufe“ zeigt, wie oft eine Website besucht wurde</translation>
     </message>
     <message>
@@ -4170,7 +4277,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>ReportConnection</name>
     <message>
-        <source>The database engine "%1" is not supported.</source>
+        <source>The database engine &quot;%1&quot; is not supported.</source>
         <translation>Das Datenbanksystem „%1“ wird nicht unterstützt.</translation>
     </message>
     <message>
@@ -4793,7 +4900,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Sie haben einen falschen Zeitraum eingegeben. Bitte geben Sie eines der Daten neu ein</translation>
     </message>
     <message>
-        <source>Select a report, the period and, if you like, users or groups, and press "Generate report". Users and groups narrow a report only together with a period. The report can be printed or saved as PDF, CSV, HTML or XLSX.</source>
+        <source>Select a report, the period and, if you like, users or groups, and press &quot;Generate report&quot;. Users and groups narrow a report only together with a period. The report can be printed or saved as PDF, CSV, HTML or XLSX.</source>
         <translation>Wählen Sie einen Bericht, den Zeitraum und, wenn Sie mögen, Benutzer oder Gruppen, und drücken Sie „Bericht erstellen“. Benutzer und Gruppen engen einen Bericht nur zusammen mit einem Zeitraum ein. Der Bericht kann gedruckt oder als PDF, CSV, HTML oder XLSX gespeichert werden.</translation>
     </message>
 </context>
@@ -4849,15 +4956,15 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>SELECT 1 FROM %1 WHERE 1 = 0</translation>
     </message>
     <message>
-        <source>The statement "%1" failed: %2</source>
+        <source>The statement &quot;%1&quot; failed: %2</source>
         <translation>Die Anweisung „%1“ ist fehlgeschlagen: %2</translation>
     </message>
     <message>
-        <source>The data source "%1" cannot be opened: %2</source>
+        <source>The data source &quot;%1&quot; cannot be opened: %2</source>
         <translation>Die Datenquelle „%1“ kann nicht geöffnet werden: %2</translation>
     </message>
     <message>
-        <source>The database of "%1" already has a table "%2". Nothing was changed.</source>
+        <source>The database of &quot;%1&quot; already has a table &quot;%2&quot;. Nothing was changed.</source>
         <translation>Die Datenbank von „%1“ hat bereits eine Tabelle „%2“. Nichts wurde geändert.</translation>
     </message>
 </context>
@@ -4964,7 +5071,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>SessionConnection</name>
     <message>
-        <source>The database engine "%1" is not supported.</source>
+        <source>The database engine &quot;%1&quot; is not supported.</source>
         <translation>Das Datenbanksystem „%1“ wird nicht unterstützt.</translation>
     </message>
     <message>
@@ -4990,11 +5097,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>SettingsFailure</name>
     <message>
-        <source>The settings file "%1" %2.</source>
+        <source>The settings file &quot;%1&quot; %2.</source>
         <translation>Die Einstellungsdatei „%1“ %2.</translation>
     </message>
     <message>
-        <source>Line %1 of the settings file "%2" %3.</source>
+        <source>Line %1 of the settings file &quot;%2&quot; %3.</source>
         <translation>Zeile %1 der Einstellungsdatei „%2“ %3.</translation>
     </message>
 </context>
@@ -5087,7 +5194,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Monat</translation>
     </message>
     <message>
-        <source>%1: changed meanwhile to "%2". Overwrite?</source>
+        <source>%1: changed meanwhile to &quot;%2&quot;. Overwrite?</source>
         <translation>%1: inzwischen zu „%2“ geändert. Überschreiben?</translation>
     </message>
     <message>
@@ -5448,11 +5555,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>UserFilter</name>
     <message>
-        <source>There is no mode "%1". The modes are: %2.</source>
+        <source>There is no mode &quot;%1&quot;. The modes are: %2.</source>
         <translation>Es gibt keinen Modus „%1“. Die Modi sind: %2.</translation>
     </message>
     <message>
-        <source>"%1" is no range of addresses such as 10.1.2.0/24 or 10.1.2.5-10.1.2.9.</source>
+        <source>&quot;%1&quot; is no range of addresses such as 10.1.2.0/24 or 10.1.2.5-10.1.2.9.</source>
         <translation>„%1“ ist kein Bereich von Adressen wie 10.1.2.0/24 oder 10.1.2.5-10.1.2.9.</translation>
     </message>
     <message>
@@ -5460,7 +5567,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Zwischen den Anführungszeichen steht nichts.</translation>
     </message>
     <message>
-        <source>A name is missing behind "%1".</source>
+        <source>A name is missing behind &quot;%1&quot;.</source>
         <translation>Hinter „%1“ fehlt ein Name.</translation>
     </message>
     <message>
@@ -5576,7 +5683,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <name>WhyLines</name>
     <message>
         <source>Why, and until when</source>
-        <translation type="unfinished">Warum, und bis wann</translation>
+        <translation>Warum, und bis wann</translation>
     </message>
 </context>
 <context>
@@ -5598,7 +5705,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Sperrt die ausgewählten Benutzer sofort (Strg+B)</translation>
     </message>
     <message>
-        <source>Lifts the administrator's block of the chosen users (Ctrl+Shift+B)</source>
+        <source>Lifts the administrator&apos;s block of the chosen users (Ctrl+Shift+B)</source>
         <translation>Hebt die Sperre des Administrators für die ausgewählten Benutzer auf (Strg+Umschalt+B)</translation>
     </message>
     <message>

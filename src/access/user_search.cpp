@@ -290,6 +290,18 @@ Result<UserList> FindUsers(const UserFilter &filter, ListOrder order, bool withG
     return First(EveryRow(filter, order), withGroupNames);
 }
 
+Result<std::vector<UserId>> FindUserIds(const UserFilter &filter, ListOrder order)
+{
+    Statement statement {
+        Begun("SELECT user_id FROM users WHERE monitored = true AND group_id<>0", filter)};
+    AddConditions(statement, filter, Rows::Many);
+    statement << user_list::OrderClause(order.column, order.ascending).constData();
+    return ReadAll(
+        statement.text.constData(),
+        [](const Row &row) { return row.Id<UserId>(1); },
+        statement.values);
+}
+
 Result<quint32> CountFoundUsers(const UserFilter &filter)
 {
     Statement statement {Begun(user_list::kCount, filter)};

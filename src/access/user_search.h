@@ -6,6 +6,8 @@
 #include "access/user_filter.h"
 #include "access/user_list.h"
 
+#include <vector>
+
 // How the rows are put in order, see user_order.
 struct ListOrder
 {
@@ -25,6 +27,9 @@ FindUsersQuickly(const UserFilter &filter, ListOrder order, bool withGroupNames)
 // The first 1000 of all that the filter finds.
 [[nodiscard]] Result<UserList>
 FindUsers(const UserFilter &filter, ListOrder order, bool withGroupNames);
+
+// Of all that it finds, only their ids, in that order.
+[[nodiscard]] Result<std::vector<UserId>> FindUserIds(const UserFilter &filter, ListOrder order);
 
 // How many it finds.
 [[nodiscard]] Result<quint32> CountFoundUsers(const UserFilter &filter);

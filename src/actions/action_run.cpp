@@ -2,8 +2,6 @@
 
 #include "db/query.h"
 
-#include <algorithm>
-
 ActionRun::ActionRun(const ActionKind &actionKind,
                      const Answers &givenAnswers,
                      Notices &serviceNotices)
@@ -26,22 +24,31 @@ void ActionRun::Note(Failure failure)
     }
 }
 
+ActionRun::Entry ActionRun::KeptOf(const RowSet &rows)
+{
+    const auto place = keptPlaces.constFind(rows);
+    if (place != keptPlaces.constEnd()) {
+        return {kept[*place], false};
+    }
+    keptPlaces.insert(rows, kept.size());
+    kept.push_back({rows, false, {}, {}});
+    return {kept.back(), true};
+}
+
 // Of rows that are kept twice the image counts that was read before anything was written.
 void ActionRun::Keep(const RowSet &rows, bool lock)
 {
-    const auto present =
-        std::find_if(kept.begin(), kept.end(), [&](const Kept &each) { return each.rows == rows; });
-    if (IsStopped() || (present != kept.end() && (present->locked || !lock))) {
+    if (IsStopped()) {
         return;
     }
+    const auto [entry, isNew] = KeptOf(rows);
+    if (!isNew && (entry.locked || !lock)) {
+        return;
+    }
+    entry.locked = lock;
     auto images = Take(ReadImages(rows, lock));
-    if (present == kept.end()) {
-        kept.push_back({rows, lock, std::move(images), {}});
-        return;
-    }
-    present->locked = true;
-    if (written == 0) {
-        present->before = std::move(images);
+    if (isNew || written == 0) {
+        entry.before = std::move(images);
     }
 }
 

@@ -7,6 +7,8 @@
 #include "db/row_image.h"
 #include "db/write.h"
 
+#include <QHash>
+
 #include <functional>
 #include <utility>
 #include <vector>
@@ -65,7 +67,7 @@ public:
     void Watch(const RowSet &rows) { Keep(rows, false); }
 
     // The same for rows that this run has just added, and whose key it did not know before.
-    void WatchAdded(const RowSet &rows) { kept.push_back({rows, false, {}, {}}); }
+    void WatchAdded(const RowSet &rows) { (void)KeptOf(rows); }
 
     // The answer; an unanswered question stops the run, which further questions may follow.
     bool Ask(const Question &question);
@@ -88,6 +90,14 @@ private:
         std::vector<RowImage> after;
     };
 
+    // The one entry of the rows, made where there is none.
+    struct Entry
+    {
+        Kept &kept;
+        bool isNew;
+    };
+    [[nodiscard]] Entry KeptOf(const RowSet &rows);
+
     void Note(Failure failure);
     void Keep(const RowSet &rows, bool lock);
     bool Wrote(Result<qint64> result, const std::function<Result<bool>()> &isDone);
@@ -96,6 +106,7 @@ private:
     const Answers &answers;
     Notices &notices;
     std::vector<Kept> kept;
+    QHash<RowSet, size_t> keptPlaces;
     QList<Question> questions;
     QString refusal;
     QList<Failure> failures;

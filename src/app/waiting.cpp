@@ -20,13 +20,13 @@ std::chrono::milliseconds hiddenFor {1000};
 WaitDialog::WaitDialog(const QString &what, QWidget *parent)
     : QDialog(parent)
     , text(new QLabel(what, this))
+    , progress(new QProgressBar(this))
 {
     setObjectName(u"waitDialog"_s);
     setWindowTitle(tr("Please wait"));
     setModal(true);
     text->setObjectName(u"what"_s);
     text->setTextFormat(Qt::PlainText);
-    auto *progress = new QProgressBar(this);
     progress->setObjectName(u"progress"_s);
     progress->setAccessibleName(what);
     progress->setRange(0, 0); // nobody knows how long
@@ -39,6 +39,12 @@ WaitDialog::WaitDialog(const QString &what, QWidget *parent)
     column->addWidget(progress);
     column->addWidget(buttons);
     setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+}
+
+void WaitDialog::ShowProgress(qint64 done, qint64 whole)
+{
+    progress->setRange(0, static_cast<int>(whole));
+    progress->setValue(static_cast<int>(done));
 }
 
 void WaitDialog::reject()

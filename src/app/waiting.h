@@ -15,6 +15,7 @@
 #include <utility>
 
 class QLabel;
+class QProgressBar;
 
 // Says what is waited for, as in "Reading the user...", with "Cancel".
 class WaitDialog : public QDialog
@@ -24,6 +25,9 @@ class WaitDialog : public QDialog
 public:
     WaitDialog(const QString &what, QWidget *parent);
 
+    // Of a whole that is 0 while nobody knows it.
+    void ShowProgress(qint64 done, qint64 whole);
+
     // Cancel, the key Escape and the window's own button: the wait goes on until the work has ended.
     void reject() override;
 
@@ -32,6 +36,7 @@ signals:
 
 private:
     QLabel *text;
+    QProgressBar *progress;
 };
 
 // One wait, with a wait cursor from its first moment. Most are over before anybody sees more: the
@@ -72,20 +77,19 @@ private:
     std::chrono::milliseconds previous;
 };
 
-// What `work` gives, run on the session's thread. The work captures by value: when its call does not
+// What `work` gives, run on the thread of `session`. The work captures by value: when its call does not
 // answer, it is given up and its value is the failure NotAnswered or Cancelled.
 template <typename Work>
-[[nodiscard]] std::invoke_result_t<Work>
-Await(const AppServices &services,
-      QWidget *parent,
-      const QString &what,
-      Work work,
-      SessionThread::Patience patience = SessionThread::Patience::Bounded)
+[[nodiscard]] std::invoke_result_t<Work> AwaitOn(SessionThread &session,
+                                                 QWidget *parent,
+                                                 const QString &what,
+                                                 Work work,
+                                                 SessionThread::Patience patience)
 {
     using Value = std::invoke_result_t<Work>;
     std::optional<Value> value;
-    SessionWait wait(services.database, what, parent);
-    services.database.Start(
+    SessionWait wait(session, what, parent);
+    session.Start(
         &wait,
         std::move(work),
         [&](Value given) {
@@ -95,4 +99,27 @@ Await(const AppServices &services,
         patience);
     wait.Run();
     return *std::move(value);
+}
+
+// On the console's session.
+template <typename Work>
+[[nodiscard]] std::invoke_result_t<Work>
+Await(const AppServices &services,
+      QWidget *parent,
+      const QString &what,
+      Work work,
+      SessionThread::Patience patience = SessionThread::Patience::Bounded)
+{
+    return AwaitOn(services.database, parent, what, std::move(work), patience);
+}
+
+// The same on a session of its own, which ends with the work: nothing else waits for it. It may take
+// long: only a cancel gives it up.
+template <typename Work>
+[[nodiscard]] std::invoke_result_t<Work>
+AwaitBeside(const AppServices &services, QWidget *parent, const QString &what, Work work)
+{
+    SessionThread session;
+    session.Open(services.database.DataSource());
+    return AwaitOn(session, parent, what, std::move(work), SessionThread::Patience::Endless);
 }

@@ -1,4 +1,4 @@
-// What a question on a deletion names below its text.
+// What a question on several users names below its text.
 #pragma once
 
 #include <QStringList>

@@ -21,8 +21,8 @@ public:
     // Asks with Yes and No. True for Yes only: closing the box is a No.
     [[nodiscard]] virtual bool Ask(const QString &text, const QString &caption = {}) = 0;
 
-    // Asks whether something may be removed for good: No is the button that Return presses. `goes`
-    // stands in a line of its own below the text and says what is removed, as NamesLine does; it may be
-    // empty.
+    // Asks whether something may be removed for good, or many users changed at once: No is the button
+    // that Return presses. `goes` stands in a line of its own below the text and says what is removed or
+    // changed, as NamesLine does; it may be empty.
     [[nodiscard]] virtual bool AskToDestroy(const QString &text, const QString &goes) = 0;
 };

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -16,6 +17,16 @@ std::string TextFor(const RowSet &rows, bool lock)
     text.append(rows.table).append(" WHERE ").append(rows.ownerColumn).append(" = (?) ORDER BY ");
     text.append(rows.keyColumn);
     return lock ? text + SessionDialect().lockRows : text;
+}
+
+// Thousands of images of one table share the names.
+QStringList Shared(QStringList names)
+{
+    static thread_local QStringList last;
+    if (names != last) {
+        last = std::move(names);
+    }
+    return last;
 }
 
 QStringList ColumnNames()
@@ -36,7 +47,7 @@ QStringList ColumnNames()
                        nullptr);
         names << TextFromUtf8(reinterpret_cast<const char *>(name.data())).toLower();
     }
-    return names;
+    return Shared(std::move(names));
 }
 
 // The buffer of the session holds the first columns; those behind it are asked for one by one.

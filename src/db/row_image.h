@@ -4,6 +4,7 @@
 
 #include "db/failure.h"
 
+#include <QHashFunctions>
 #include <QStringList>
 
 #include <vector>
@@ -18,6 +19,17 @@ struct RowSet
 
     bool operator==(const RowSet &) const = default;
 };
+
+// Of equal row sets it is equal.
+[[nodiscard]] inline size_t qHash(const RowSet &rows,
+                                  size_t seed = 0) // NOLINT: as QHash looks for it
+{
+    return qHashMulti(seed,
+                      static_cast<const void *>(rows.table),
+                      static_cast<const void *>(rows.ownerColumn),
+                      rows.owner,
+                      static_cast<const void *>(rows.keyColumn));
+}
 
 struct RowImage
 {

@@ -100,7 +100,9 @@ void PagePainter::PaintFirstHeading()
           true);
     painter.setPen(paper::kInk);
     const QRectF left(whole.left(), top + 270, whole.width() * 0.7, 140);
-    Write(left, Words::tr("Period: %1").arg(table.period), Style::Period);
+    if (!table.period.isEmpty()) {
+        Write(left, Words::tr("Period: %1").arg(table.period), Style::Period);
+    }
     const QString filter =
         table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter;
     const auto lines = paper::Wrapped(

@@ -4,52 +4,64 @@
 #include "reports/paper.h"
 #include "reports/report_run.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kSumLines = 2; // the sum and a blank one behind it
 
-double PageWidth(const Layout &layout)
+QSizeF UsualSheet(const Layout &layout)
 {
-    return layout.landscape ? paper::kLongSide : paper::kShortSide;
+    const QSizeF standing(paper::kShortSide / 10, paper::kLongSide / 10);
+    return layout.landscape ? standing.transposed() : standing;
 }
 
-double PageHeight(const Layout &layout)
+// What surrounds the rows of a page.
+constexpr double kFrame = 2 * paper::kMargin + paper::kColumnHeading + paper::kFooter;
+
+// Enlarged until the least number of lines finds room.
+QSizeF Enlarged(QSizeF sheet)
 {
-    return layout.landscape ? paper::kShortSide : paper::kLongSide;
+    constexpr double kLeastWidth = 4000;
+    constexpr double kLeastHeight =
+        kFrame + paper::kOtherHeading + PageMap::kLeastLines * paper::kLine;
+    const QSizeF page = sheet * 10;
+    return page * std::max({1.0, kLeastWidth / page.width(), kLeastHeight / page.height()});
 }
 
 } // namespace
 
 ReportPages::ReportPages(ReportTablePtr ofTable, const RunControl *control)
+    : ReportPages(ofTable, UsualSheet(ofTable->layout), control)
+{ }
+
+ReportPages::ReportPages(ReportTablePtr ofTable, QSizeF sheet, const RunControl *control)
     : table(std::move(ofTable))
-    , columns(PrintedColumns(table->layout))
+    , size(Enlarged(sheet))
+    , columns(PrintedColumns())
     , map(Outline(control),
           LinesBelow(paper::kFirstHeading + ChartHeight()),
           LinesBelow(paper::kOtherHeading))
 { }
 
-std::vector<ReportPages::PrintedColumn> ReportPages::PrintedColumns(const Layout &layout)
+std::vector<ReportPages::PrintedColumn> ReportPages::PrintedColumns() const
 {
+    const Layout &layout = table->layout;
     double whole = 0;
     const auto places = layout.PrintedColumns();
     for (const int place : places) {
         whole += layout.columns.at(place).width;
     }
-    const double share = (PageWidth(layout) - 2 * paper::kMargin) / whole;
-    std::vector<PrintedColumn> columns;
+    const double share = (size.width() - 2 * paper::kMargin) / whole;
+    std::vector<PrintedColumn> printed;
     double left = paper::kMargin;
     for (const int place : places) {
-        columns.push_back({place, left, layout.columns.at(place).width * share});
-        left += columns.back().width;
+        printed.push_back({place, left, layout.columns.at(place).width * share});
+        left += printed.back().width;
     }
-    return columns;
-}
-
-QSizeF ReportPages::Size() const
-{
-    return {PageWidth(table->layout) / 10, PageHeight(table->layout) / 10};
+    return printed;
 }
 
 double ReportPages::ChartHeight() const
@@ -74,9 +86,7 @@ double ReportPages::ChartHeight() const
 
 int ReportPages::LinesBelow(double headingHeight) const
 {
-    const double height = PageHeight(table->layout) - 2 * paper::kMargin - headingHeight
-        - paper::kColumnHeading - paper::kFooter;
-    return static_cast<int>(height / paper::kLine);
+    return static_cast<int>((size.height() - kFrame - headingHeight) / paper::kLine);
 }
 
 int ReportPages::RowLines(const CellRow &row) const
@@ -96,7 +106,7 @@ int ReportPages::RowLines(const CellRow &row) const
 
 PageOutline ReportPages::Outline(const RunControl *control) const
 {
-    const double width = PageWidth(table->layout) - 2 * paper::kMargin - 2 * paper::kCellPadding;
+    const double width = size.width() - 2 * paper::kMargin - 2 * paper::kCellPadding;
     PageOutline outline;
     for (const ReportGroup &group : table->groups) {
         const auto heading = paper::Wrapped(ContinuedTitle(GroupTitle(*table, group)),

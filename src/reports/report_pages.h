@@ -14,13 +14,17 @@ class RunControl;
 class ReportPages
 {
 public:
-    // Laying out takes long where a million texts need more than one line: `control` may end it, and
-    // what it gives is then of no use.
+    // On A4, lying or standing as the layout wants it. Laying out takes long where a million texts need
+    // more than one line: `control` may end it, and what it gives is then of no use.
     explicit ReportPages(ReportTablePtr ofTable, const RunControl *control = nullptr);
+
+    // On pages as wide and high as `sheet`, in points; where that has no room for a table, on larger
+    // ones of the same shape.
+    ReportPages(ReportTablePtr ofTable, QSizeF sheet, const RunControl *control);
 
     [[nodiscard]] int Count() const { return map.Count(); }
     [[nodiscard]] bool IsLandscape() const { return table->layout.landscape; }
-    [[nodiscard]] QSizeF Size() const; // points
+    [[nodiscard]] QSizeF Size() const { return size / 10; } // points
     [[nodiscard]] const ReportTable &Table() const { return *table; }
 
     // Paints page 0 to Count()-1 with its top left corner at the painter's origin. Any page at any
@@ -43,7 +47,7 @@ private:
         double width;
     };
 
-    [[nodiscard]] static std::vector<PrintedColumn> PrintedColumns(const Layout &layout);
+    [[nodiscard]] std::vector<PrintedColumn> PrintedColumns() const;
     [[nodiscard]] PageOutline Outline(const RunControl *control) const;
     [[nodiscard]] int RowLines(const CellRow &row) const;
     [[nodiscard]] QString RowText(const CellRow &row) const;
@@ -51,6 +55,7 @@ private:
     [[nodiscard]] int LinesBelow(double headingHeight) const;
 
     ReportTablePtr table;
+    QSizeF size; // of a page, as in paper.h
     std::vector<PrintedColumn> columns;
     PageMap map;
 

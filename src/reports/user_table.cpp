@@ -1,15 +1,23 @@
 #include "reports/user_table.h"
 
+#include <algorithm>
+
 namespace {
 
-std::shared_ptr<ReportTable> EmptyTable(const QList<UserTableColumn> &columns)
+std::shared_ptr<ReportTable> EmptyTable(const QList<UserTableColumn> &columns,
+                                        const UserTableHead &head)
 {
     auto table = std::make_shared<ReportTable>();
+    table->layout.title = head.title;
+    table->layout.noun = head.noun;
+    table->filter = head.filter;
     for (const UserTableColumn &column : columns) {
         LayoutColumn &added = table->layout.columns.emplaceBack();
         added.name = column.heading;
         added.heading = column.heading;
+        added.width = column.width;
     }
+    table->totals.resize(static_cast<size_t>(columns.size()));
     table->made = QDateTime::currentDateTime();
     return table;
 }
@@ -23,28 +31,42 @@ CellRow CellsOf(const UserRow &user, const QList<UserTableColumn> &columns)
     return cells;
 }
 
+// A text that is too long for its column takes several lines on paper.
+bool Store(ReportTable &table, const QList<UserTableColumn> &columns, const UserRow &user)
+{
+    const CellRow cells = CellsOf(user, columns);
+    int column = 0;
+    const bool isLong = std::ranges::any_of(cells, [&](const Cell &cell) {
+        return std::get<QString>(cell).size() > LineCharacters(table.layout, column++);
+    });
+    if (isLong) {
+        table.longRows.push_back(table.rows.Count());
+    }
+    return table.rows.Append(cells);
+}
+
 } // namespace
 
 Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
                                      ListOrder order,
-                                     const std::optional<AccountMoment> &accounts,
-                                     const QList<UserTableColumn> &columns)
+                                     const QList<UserTableColumn> &columns,
+                                     const UserTableHead &head)
 {
-    const auto uses = accounts ? ReadAllAccountUses(*accounts) : Result<AccountUses>();
+    const auto uses = head.accounts ? ReadAllAccountUses(*head.accounts) : Result<AccountUses>();
     if (!uses) {
         return tl::unexpected(uses.error());
     }
-    auto table = EmptyTable(columns);
+    auto table = EmptyTable(columns, head);
     bool stored = true;
     auto failure = ForEachFoundUser(
         filter,
         order,
-        [&] { table = EmptyTable(columns); },
+        [&] { table = EmptyTable(columns, head); },
         [&](UserRow user, UserId userId) {
             if (const auto use = uses->constFind(userId); use != uses->constEnd()) {
                 user.use = *use;
             }
-            stored = table->rows.Append(CellsOf(user, columns));
+            stored = Store(*table, columns, user);
             return stored;
         });
     if (!failure && !(stored && table->rows.Finish())) {

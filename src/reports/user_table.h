@@ -1,4 +1,4 @@
-// The users list as a table of values, with every user that a filter finds: for a file.
+// The users list as a table of values, with every user that a filter finds: for a file or a printer.
 #pragma once
 
 #include "access/account_use.h"
@@ -11,10 +11,20 @@ struct UserTableColumn
 {
     QString heading;
     std::function<QString(const UserRow &)> text;
+    double width = 1; // share of a page's width
 };
 
-// Reads on the session of the calling thread, with `accounts` what the users have used and have left, too. A full temporary folder is a failure too, with its words.
+// What stands above the rows and behind them on paper, and what is read beside the rows.
+struct UserTableHead
+{
+    QString title {};
+    QString filter {}; // in words
+    QString noun {}; // what the rows are, such as "users"
+    std::optional<AccountMoment> accounts {}; // what the users have used and have left is read too
+};
+
+// Reads on the session of the calling thread. A full temporary folder is a failure too, with its words.
 [[nodiscard]] Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
                                                    ListOrder order,
-                                                   const std::optional<AccountMoment> &accounts,
-                                                   const QList<UserTableColumn> &columns);
+                                                   const QList<UserTableColumn> &columns,
+                                                   const UserTableHead &head = {});

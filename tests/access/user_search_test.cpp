@@ -210,6 +210,10 @@ TEST_P(UserSearch, GivesEveryRowBeyondTheListsCapacity)
     const UserFilter filter = UserFilterFrom(u"many group:sales"_s).value();
     EXPECT_EQ(FindUsers(filter, {}, false)->rows.size(), kUserListCapacity);
     EXPECT_EQ(CountFoundUsers(filter), 1100U);
+    const auto ids = FindUserIds(filter, {user_order::kUserName, false});
+    ASSERT_EQ(ids->size(), 1100U);
+    EXPECT_EQ(ids->front(), FindUsers(*UserFilterFrom(u"many1099"_s), {}, false)->rowUserIds[0]);
+    EXPECT_EQ(FindUserIds({}, {})->size(), 1104U) << "neither unmonitored nor without a group";
     QStringList names;
     const auto failure = ForEachFoundUser(
         filter,
@@ -233,5 +237,6 @@ TEST_P(UserSearch, TellsWhatCouldNotBeRead)
     EXPECT_FALSE(FindUsers(filter, {}, false).has_value());
     EXPECT_FALSE(FindUsersQuickly(filter, {}, false).has_value());
     EXPECT_FALSE(CountFoundUsers(filter).has_value());
+    EXPECT_FALSE(FindUserIds(filter, {}).has_value());
     Execute("ALTER TABLE elsewhere RENAME TO logins");
 }

@@ -8,13 +8,18 @@
 #include "ui/common/accessible.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/account_bar.h"
+#include "ui/main/dragged_users.h"
 #include "ui/main/list_export.h"
+#include "ui/main/list_print.h"
 #include "ui/main/user_list_model.h"
 #include "ui/props/change_group_dialog.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLocale>
 #include <QMenu>
+#include <QMimeData>
 #include <QStyle>
 
 #include <algorithm>
@@ -46,9 +51,11 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     , users(new UserListModel(this))
     , accountBar(new AccountBar(this))
     , finder(appServices.database)
+    , matching(appServices, nullptr)
 {
     SetNames(*this, u"usersList"_s, tr("Users"));
     setSelectionMode(ExtendedSelection);
+    setDragDropMode(DragOnly);
     ShowModel(users);
     columnMemory = new ColumnMemory(*header(), u"users"_s, [this](int section) {
         return QString::number(static_cast<int>(users->ColumnAt(section)));
@@ -57,6 +64,7 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     connect(header(), &QHeaderView::sectionClicked, this, &CAdministratorView::HeaderClicked);
     connect(&finder, &UserFinder::Found, this, &CAdministratorView::TakeFound);
     connect(&finder, &UserFinder::Failed, this, [this] { TellRead(false); });
+    connect(&matching, &MatchingUsers::Changed, this, &CAdministratorView::MatchingChanged);
 }
 
 CAdministratorView::~CAdministratorView()
@@ -79,6 +87,7 @@ void CAdministratorView::FirstFill()
 
 void CAdministratorView::FillList(int order, bool ascending)
 {
+    EndMatching();
     if (order >= user_order::kUserName && order <= user_order::kFullName) {
         sortColumn = order;
     }
@@ -140,9 +149,11 @@ void CAdministratorView::TakeFound(const UserList &found)
     TellRead(true);
 }
 
-void CAdministratorView::ShowFilter(const UserFilter &newFilter)
+void CAdministratorView::ShowFilter(const UserFilter &newFilter, const QString &typed)
 {
+    EndMatching();
     filter = newFilter;
+    filterText = typed;
     const ListOrder order =
         finder.IsSearching() ? wantedOrder : ListOrder {shownOrder, shownAscending};
     if (IsFiltered() && columns.ShowUsers()) {
@@ -233,6 +244,7 @@ void CAdministratorView::ShowSortIndicator()
 
 bool CAdministratorView::FindUser(const QString &text)
 {
+    EndMatching();
     DeselectFirst();
     const int row = users->FindPrefix(text);
     if (row >= 0) {
@@ -243,13 +255,85 @@ bool CAdministratorView::FindUser(const QString &text)
 
 void CAdministratorView::Export()
 {
-    ExportList(services,
-               *window(),
-               {.filter = filter,
-                .order = {shownOrder, shownAscending},
-                .columns = columns.Shown(),
-                .accounts = WantedAccounts(),
-                .style = AccountStyle()});
+    ExportList(services, *window(), WholeList());
+}
+
+void CAdministratorView::Print()
+{
+    PrintList(services, *window(), WholeList());
+}
+
+ListToExport CAdministratorView::WholeList() const
+{
+    ListToExport list {.filter = filter,
+                       .filterText = filterText,
+                       .order = {shownOrder, shownAscending},
+                       .columns = {},
+                       .accounts = WantedAccounts(),
+                       .style = AccountStyle()};
+    for (int place = 0; place < header()->count(); ++place) { // as they were dragged
+        const int section = header()->logicalIndex(place);
+        list.columns << users->ColumnAt(section);
+        list.widths << std::max(1, header()->sectionSize(section));
+    }
+    return list;
+}
+
+bool CAdministratorView::MayHoldBack() const
+{
+    return RowCount() > 0 && (IsFiltered() || RowCount() >= static_cast<int>(kUserListCapacity));
+}
+
+// The rows show it as far as they go.
+void CAdministratorView::ChooseAllMatching()
+{
+    matching.Choose(filter, {shownOrder, shownAscending}, *window());
+    if (matching.AreChosen()) {
+        setFocus(Qt::OtherFocusReason);
+        selectAll();
+    }
+}
+
+// Nothing may look chosen any more of which a command would then take only the listed part.
+void CAdministratorView::EndMatching()
+{
+    if (matching.AreChosen()) {
+        selectionModel()->clearSelection();
+        matching.End();
+    }
+}
+
+void CAdministratorView::MatchingChanged()
+{
+    emit SelectionChanged();
+}
+
+QList<UserId> CAdministratorView::ChosenIds() const
+{
+    return matching.AreChosen() ? matching.Ids() : SelectedIds();
+}
+
+bool CAdministratorView::MayChangeChosen() const
+{
+    if (!matching.AreChosen()) {
+        return true;
+    }
+    const qsizetype count = matching.Ids().size();
+    return services.prompt.AskToDestroy(
+        count == 1 ? tr("This will change 1 user. Continue?")
+                   : tr("This will change %1 users. Continue?").arg(QLocale().toString(count)),
+        NamesLine(FirstNames(matching.Ids()), count));
+}
+
+// Of those that are listed, which the first ones are.
+QStringList CAdministratorView::FirstNames(const QList<UserId> &userIds) const
+{
+    QStringList names;
+    for (const UserId userId : userIds.first(std::min(userIds.size(), kMostNames))) {
+        const int row = users->RowOf(userId);
+        names << (row < 0 ? QString() : users->NameAt(row));
+    }
+    return names;
 }
 
 void CAdministratorView::GoToFirst()
@@ -311,8 +395,48 @@ void CAdministratorView::AskForAccount(QObject *context, const std::function<voi
 void CAdministratorView::ChangeGroup()
 {
     const QList<UserId> selected = SelectedIds();
-    if (!selected.isEmpty()) {
+    if (matching.AreChosen()) {
+        MoveChosen();
+    } else if (!selected.isEmpty()) {
         MoveToChosenGroup({selected.front()}); // kept: only the pop-up menu moves several users
+    }
+}
+
+void CAdministratorView::MoveChosen()
+{
+    const QList<UserId> userIds = ChosenIds();
+    if (MayChangeChosen()) {
+        MoveToChosenGroup(userIds);
+    }
+}
+
+void CAdministratorView::SetLimitsOfChosen()
+{
+    const QList<UserId> userIds = ChosenIds();
+    if (MayChangeChosen()) {
+        dialogs.userLimits(userIds, window());
+    }
+}
+
+// Dropped on the group. Other than a command's, whose rows stay as they are, what was dropped is seen to
+// have arrived.
+void CAdministratorView::MoveToGroup(const QList<UserId> &userIds,
+                                     GroupId groupId,
+                                     const QString &name)
+{
+    const QString group = NamesLine({name});
+    const QString who = NamesLine(FirstNames(userIds), userIds.size());
+    const bool wanted = userIds.size() == 1
+        ? services.prompt.Ask(tr("Move %1 to the group %2?").arg(who, group))
+        : services.prompt.AskToDestroy(tr("This will move %1 users to the group %2. Continue?")
+                                           .arg(QLocale().toString(userIds.size()), group),
+                                       who);
+    if (wanted
+        && Perform(services,
+                   window(),
+                   tr("Changing the group..."),
+                   MoveUsersAction({userIds.begin(), userIds.end()}, groupId))) {
+        FillList(shownOrder, shownAscending);
     }
 }
 
@@ -329,6 +453,9 @@ void CAdministratorView::MoveToChosenGroup(const QList<UserId> &userIds)
 
 void CAdministratorView::DeleteSelected()
 {
+    if (TellsOfMatching()) {
+        return;
+    }
     const auto ask = [this](const QStringList &names) {
         return services.prompt.AskToDestroy(
             names.size() == 1
@@ -341,6 +468,9 @@ void CAdministratorView::DeleteSelected()
 
 void CAdministratorView::StopMonitoringSelected()
 {
+    if (TellsOfMatching()) {
+        return;
+    }
     const auto ask = [this](const QStringList &names) {
         return services.prompt.Ask(
             names.size() == 1
@@ -348,6 +478,16 @@ void CAdministratorView::StopMonitoringSelected()
                 : tr("This will move these users to the unmonitored list. Continue?"));
     };
     RemoveSelected(ask, tr("Moving users to the unmonitored list..."), StopMonitoringAction);
+}
+
+// The rows that are selected are but some of those who are chosen: what would take these alone says so.
+bool CAdministratorView::TellsOfMatching() const
+{
+    if (matching.AreChosen()) {
+        services.prompt.Tell(
+            tr("This does not work on all users that match. Select rows of the list."));
+    }
+    return matching.AreChosen();
 }
 
 // Ids, not rows: the list may be filled anew while the question stands. Years of records, or a database
@@ -381,17 +521,6 @@ void CAdministratorView::RemoveSelected(const std::function<bool(const QStringLi
     FillList(sortColumn, true);
 }
 
-// To put a million users in the order of their accounts takes a moment; the list stays as it is.
-void CAdministratorView::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape && finder.IsSearching() && !IsFiltered()) {
-        finder.Stop();
-        ShowSortIndicator();
-        return;
-    }
-    IdListPane::keyPressEvent(event);
-}
-
 void CAdministratorView::RefreshKey()
 {
     services.database.Reopen();
@@ -400,15 +529,17 @@ void CAdministratorView::RefreshKey()
 
 void CAdministratorView::FillPopUp(QMenu &menu)
 {
+    if (matching.AreChosen()) {
+        FillPopUpOfMatching(menu);
+        return;
+    }
     const bool several = SelectedRows().size() >= 2;
     menu.setObjectName(several ? u"severalUsersPopUp"_s : u"userPopUp"_s);
     const auto changeGroup = [this] { MoveToChosenGroup(SelectedIds()); };
     if (several) {
         AddEntry(menu, tr("Change group..."), changeGroup);
         if (dialogs.userLimits) {
-            AddEntry(menu, tr("Set mode/limits..."), [this] {
-                dialogs.userLimits(SelectedIds(), window());
-            });
+            AddEntry(menu, tr("Set mode/limits..."), [this] { SetLimitsOfChosen(); });
         }
     } else {
         AddEntry(menu, tr("Properties..."), Opener(dialogs.userProperties));
@@ -419,4 +550,66 @@ void CAdministratorView::FillPopUp(QMenu &menu)
     menu.addSeparator();
     AddEntry(menu, tr("Do not monitor"), [this] { StopMonitoringSelected(); });
     AddEntry(menu, several ? tr("Delete") : tr("Remove"), [this] { DeleteSelected(); });
+    if (MayHoldBack()) {
+        menu.addSeparator();
+        AddEntry(menu, tr("Select all matching"), [this] { ChooseAllMatching(); });
+    }
+}
+
+void CAdministratorView::FillPopUpOfMatching(QMenu &menu)
+{
+    menu.setObjectName(u"matchingUsersPopUp"_s);
+    AddEntry(menu, tr("Change group..."), [this] { MoveChosen(); });
+    if (dialogs.userLimits) {
+        AddEntry(menu, tr("Set mode/limits..."), [this] { SetLimitsOfChosen(); });
+    }
+}
+
+void CAdministratorView::keyPressEvent(QKeyEvent *event)
+{
+    if (matching.AreChosen() && event->key() == Qt::Key_Escape) {
+        EndMatching();
+        return;
+    }
+    // To put a million users in the order of their accounts takes a moment; the list stays as it is.
+    if (event->key() == Qt::Key_Escape && finder.IsSearching() && !IsFiltered()) {
+        finder.Stop();
+        ShowSortIndicator();
+        return;
+    }
+    if (event->matches(QKeySequence::SelectAll)) {
+        EndMatching();
+    }
+    const QItemSelection before = selectionModel()->selection();
+    IdListPane::keyPressEvent(event);
+    if (selectionModel()->selection() != before) {
+        matching.End();
+    }
+}
+
+// The right button opens the menu of what is chosen.
+void CAdministratorView::mousePressEvent(QMouseEvent *event)
+{
+    const QModelIndex row = indexAt(event->position().toPoint());
+    if (event->button() != Qt::RightButton || !selectionModel()->isSelected(row)) {
+        EndMatching();
+    }
+    IdListPane::mousePressEvent(event);
+}
+
+void CAdministratorView::startDrag(Qt::DropActions /*actions*/)
+{
+    const QList<UserId> dragged = SelectedIds();
+    if (dragged.isEmpty()) {
+        return;
+    }
+    QLabel picture(NamesLine(FirstNames(dragged), dragged.size()));
+    picture.setTextFormat(Qt::PlainText);
+    picture.setFrameShape(QFrame::Box);
+    picture.setMargin(4);
+    auto *drag = new QDrag(this);
+    drag->setMimeData(DataOfUsers(dragged));
+    drag->setPixmap(picture.grab());
+    drag->setHotSpot(QPoint(-12, -12)); // beside the pointer, not over the group
+    runDrag(*drag);
 }

@@ -8,11 +8,17 @@
 #include "startup/app_services.h"
 #include "ui/main/frame_dialogs.h"
 #include "ui/main/id_list_pane.h"
+#include "ui/main/matching_users.h"
 #include "ui/main/user_columns.h"
 #include "ui/main/user_finder.h"
 
+#include <QDrag>
+
+#include <functional>
+
 class AccountBar;
 class ColumnMemory;
+struct ListToExport;
 class UserListModel;
 
 class CAdministratorView : public IdListPane<UserId>
@@ -40,8 +46,8 @@ public:
     [[nodiscard]] bool IsColumnVisible(UserColumn column) const;
 
     // Lists the users that the filter finds, out of all in the database, in the present order; an empty
-    // one lists all again. Later refills keep to it.
-    void ShowFilter(const UserFilter &newFilter);
+    // one lists all again. Later refills keep to it. `typed` says it in words.
+    void ShowFilter(const UserFilter &newFilter, const QString &typed);
 
     [[nodiscard]] const UserFilter &Filter() const { return filter; }
     [[nodiscard]] bool IsFiltered() const { return !IsEmpty(filter); }
@@ -53,29 +59,56 @@ public:
     // `text`. False when there is none.
     bool FindUser(const QString &text);
 
-    // Every user that is listed or would be, were there room, as a file.
+    // Every user that is listed or would be, were there room, as a file, and on paper.
     void Export();
+    void Print();
+
+    // "Select all matching": whether it is of use, since not all users are listed, and what it has chosen.
+    // A refill ends it, and so does whatever else selects rows.
+    [[nodiscard]] bool MayHoldBack() const;
+    void ChooseAllMatching();
+    void EndMatching();
+    [[nodiscard]] const MatchingUsers &Matching() const { return matching; }
+
+    // All that match, where they are chosen; else the selected ones.
+    [[nodiscard]] QList<UserId> ChosenIds() const;
+
+    // Asks, naming the number, where all that match are chosen.
+    [[nodiscard]] bool MayChangeChosen() const;
 
     // Selects the first row, if there is one, and takes the focus.
     void GoToFirst();
+
+    // What happens with a drag of the selected rows: `run` comes to its end with it. Otherwise the mouse takes it on.
+    void SetRunDrag(std::function<void(QDrag &drag)> run) { runDrag = std::move(run); }
 
     void OpenProperties() override;
     void OpenAccount() override;
     void DeleteSelected() override;
     [[nodiscard]] QString AccountPrompt() const override;
     void AskForAccount(QObject *context, const std::function<void(bool)> &answer) override;
-    void ChangeGroup(); // of the first selected user; no refill follows
+    void ChangeGroup(); // of the first selected user, or of all that match; no refill follows
+    void MoveToGroup(const QList<UserId> &userIds, GroupId groupId, const QString &name);
     void StopMonitoringSelected();
 
 protected:
     [[nodiscard]] UserId IdAt(int row) const override;
     [[nodiscard]] int RowOf(UserId id) const override;
-    void keyPressEvent(QKeyEvent *event) override;
     [[nodiscard]] QString TextWhenEmpty() const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void startDrag(Qt::DropActions actions) override;
 
 private:
+    [[nodiscard]] ListToExport WholeList() const;
+    [[nodiscard]] QStringList FirstNames(const QList<UserId> &userIds) const;
+    [[nodiscard]] bool TellsOfMatching() const;
+    void MatchingChanged();
+    void MoveChosen();
+    void SetLimitsOfChosen();
+    void FillPopUpOfMatching(QMenu &menu);
     void InsertColumns();
     void FitMacAddresses();
     void HeaderClicked(int section);
@@ -103,7 +136,10 @@ private:
     int shownOrder = -1; // of the rows as they stand
     bool shownAscending = true;
     UserFilter filter;
+    QString filterText;
     UserFinder finder;
+    MatchingUsers matching;
+    std::function<void(QDrag &)> runDrag = [](QDrag &drag) { drag.exec(Qt::MoveAction); };
     ListOrder wantedOrder; // of the search that runs
     int fills = 0; // that were asked for; only the last one is shown
 };

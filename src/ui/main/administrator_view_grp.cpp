@@ -8,11 +8,15 @@
 #include "ui/common/accessible.h"
 #include "ui/common/heading_line.h"
 #include "ui/common/window_memory.h"
+#include "ui/main/dragged_users.h"
 #include "ui/main/group_list_model.h"
 #include "ui/props/name_dialog.h"
 
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QMenu>
+#include <QMimeData>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +30,7 @@ CAdministratorViewGrp::CAdministratorViewGrp(const AppServices &appServices,
 {
     SetNames(*this, u"groupsList"_s, tr("Groups"));
     setSelectionMode(SingleSelection);
+    setDragDropMode(DropOnly);
     ShowModel(groups);
     header()->setSectionsClickable(false);
     constexpr int kWidths[GroupListModel::kColumns] = {150, 400, 150};
@@ -160,4 +165,57 @@ void CAdministratorViewGrp::FillPopUp(QMenu &menu)
     menu.addSeparator();
     AddEntry(menu, tr("Rename..."), [this] { RenameSelected(); });
     AddEntry(menu, tr("Delete"), [this] { DeleteSelected(); });
+}
+
+void CAdministratorViewGrp::drawRow(QPainter *painter,
+                                    const QStyleOptionViewItem &option,
+                                    const QModelIndex &index) const
+{
+    IdListPane::drawRow(painter, option, index);
+    if (target.isValid() && index.row() == target.row()) {
+        QColor colour = palette().color(QPalette::Highlight);
+        painter->setPen(QPen(colour, 2));
+        colour.setAlphaF(0.25F);
+        painter->setBrush(colour);
+        painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    }
+}
+
+void CAdministratorViewGrp::ShowTarget(const QModelIndex &row)
+{
+    target = row;
+    viewport()->update();
+}
+
+void CAdministratorViewGrp::dragEnterEvent(QDragEnterEvent *event)
+{
+    event->setAccepted(!UsersIn(*event->mimeData()).isEmpty());
+}
+
+// The base scrolls near the edges; what may be dropped where is decided here.
+void CAdministratorViewGrp::dragMoveEvent(QDragMoveEvent *event)
+{
+    IdListPane::dragMoveEvent(event);
+    const QModelIndex row = indexAt(event->position().toPoint());
+    ShowTarget(row);
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(row.isValid() && !UsersIn(*event->mimeData()).isEmpty());
+}
+
+void CAdministratorViewGrp::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    IdListPane::dragLeaveEvent(event);
+    ShowTarget({});
+}
+
+void CAdministratorViewGrp::dropEvent(QDropEvent *event)
+{
+    const QModelIndex row = indexAt(event->position().toPoint());
+    const QList<UserId> userIds = UsersIn(*event->mimeData());
+    QDragLeaveEvent over;
+    dragLeaveEvent(&over);
+    event->setAccepted(row.isValid() && !userIds.isEmpty());
+    if (event->isAccepted()) {
+        emit UsersDropped(userIds, groups->IdAt(row.row()), groups->NameAt(row.row()));
+    }
 }

@@ -5,6 +5,8 @@
 #include "ui/main/frame_dialogs.h"
 #include "ui/main/id_list_pane.h"
 
+#include <QPersistentModelIndex>
+
 class GroupListModel;
 
 class CAdministratorViewGrp : public IdListPane<GroupId>
@@ -32,17 +34,30 @@ public:
 
     void RenameSelected();
 
+signals:
+    // Users of the users list were let go over a group.
+    void UsersDropped(const QList<UserId> &userIds, GroupId groupId, const QString &name);
+
 protected:
     [[nodiscard]] GroupId IdAt(int row) const override;
     [[nodiscard]] int RowOf(GroupId id) const override;
     [[nodiscard]] QString TextWhenEmpty() const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
+    void drawRow(QPainter *painter,
+                 const QStyleOptionViewItem &option,
+                 const QModelIndex &index) const override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
+    void ShowTarget(const QModelIndex &row);
     [[nodiscard]] int SelectedRow() const; // -1 for none
 
     const AppServices &services;
     const FrameDialogs &dialogs;
     GroupListModel *groups;
+    QPersistentModelIndex target; // the row over which users are dragged
 };

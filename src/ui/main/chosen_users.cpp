@@ -7,6 +7,10 @@ ChosenUsers::ChosenUsers(CAdministratorView &users, QObject *parent) : QObject(p
 {
     soon.setSingleShot(true);
     connect(&soon, &QTimer::timeout, this, &ChosenUsers::Take);
+    connect(&list.Matching(), &MatchingUsers::Changed, this, [this] {
+        ids = list.ChosenIds();
+        emit Changed();
+    });
     connect(&list, &ListPane::SelectionChanged, this, [this] {
         if (list.hasFocus()) {
             soon.start(0);
@@ -16,9 +20,9 @@ ChosenUsers::ChosenUsers(CAdministratorView &users, QObject *parent) : QObject(p
 
 void ChosenUsers::Take()
 {
-    const QList<UserId> selected = list.SelectedIds();
-    if (list.hasFocus() && selected != ids) {
-        ids = selected;
+    const QList<UserId> chosen = list.ChosenIds();
+    if (list.hasFocus() && chosen != ids) {
+        ids = chosen;
         emit Changed();
     }
 }

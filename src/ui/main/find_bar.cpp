@@ -107,13 +107,32 @@ void FindBar::FollowList()
             return; // only the order was searched for
         }
         const QLocale locale;
-        note->setText(tr("%1 of %2").arg(locale.toString(found), locale.toString(all)));
+        Say(tr("%1 of %2").arg(locale.toString(found), locale.toString(all)));
         GoToFoundIfAsked();
     });
     connect(&finder, &UserFinder::Failed, this, [this] {
         goesToFound = false;
-        note->setText(tr("The users could not be searched."));
+        Say(tr("The users could not be searched."));
     });
+    connect(&users.Matching(), &MatchingUsers::Changed, this, &FindBar::ShowNote);
+}
+
+void FindBar::Say(const QString &text)
+{
+    said = text;
+    ShowNote();
+}
+
+// How many are chosen, while all that match are, counts more than anything else.
+void FindBar::ShowNote()
+{
+    const qsizetype chosen = users.Matching().Ids().size();
+    if (chosen == 0) {
+        note->setText(said);
+    } else {
+        note->setText(chosen == 1 ? tr("1 user chosen")
+                                  : tr("%1 users chosen").arg(QLocale().toString(chosen)));
+    }
 }
 
 void FindBar::TakeFocus()
@@ -126,8 +145,9 @@ bool FindBar::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress
         && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape && !completer->IsOpen()
-        && !field->text().isEmpty()) {
+        && (!field->text().isEmpty() || users.Matching().AreChosen())) {
         field->clear();
+        users.EndMatching();
         return true;
     }
     return QToolBar::eventFilter(watched, event);
@@ -151,12 +171,12 @@ bool FindBar::FilterByText()
     pause.stop();
     const auto filter = UserFilterFrom(field->text());
     if (!filter) {
-        note->setText(filter.error());
+        Say(filter.error());
         return false;
     }
     if (*filter != users.Filter() || !users.WasRead()) {
-        note->setText(IsEmpty(*filter) ? QString() : tr("Searching..."));
-        users.ShowFilter(*filter);
+        Say(IsEmpty(*filter) ? QString() : tr("Searching..."));
+        users.ShowFilter(*filter, field->text());
     }
     return true;
 }
@@ -175,7 +195,7 @@ void FindBar::Search()
         return;
     }
     if (!FilterByText()) {
-        prompt.Tell(note->text());
+        prompt.Tell(said);
         TakeFocus();
     } else if (users.Finder().IsSearching()) {
         goesToFound = true;

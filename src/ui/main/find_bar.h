@@ -36,6 +36,8 @@ private:
     void AddSearch();
     void AddSavedFilters();
     void FollowList();
+    void Say(const QString &text);
+    void ShowNote();
     void TextChanged();
     bool FilterByText();
     void Search();
@@ -50,7 +52,8 @@ private:
     CAdministratorView &users;
     TextField *field;
     FilterCompleter *completer;
-    ElidedLabel *note; // how many were found, or why nothing is looked for
+    ElidedLabel *note;
+    QString said; // in the note: how many were found, or why nothing is looked for
     QTimer pause {this}; // since the last key
     bool goesToFound = false; // once all that matches is known
 };

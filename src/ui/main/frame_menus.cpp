@@ -64,6 +64,9 @@ void FrameMenus::MakeFileMenu()
          tr("Save all users that match as a file"),
          Picture::Save},
         [this] { frame.Users().Export(); });
+    Add(menu,
+        {"printList", tr("P&rint list..."), tr("Print all users that match"), Picture::Print},
+        [this] { frame.Users().Print(); });
     menu.addSeparator();
     Add(menu,
         {"exit", tr("E&xit"), tr("Quit the program"), Picture::Exit, QKeySequence(u"Ctrl+Q"_s)},
@@ -98,6 +101,14 @@ void FrameMenus::MakeUserMenu()
     remove = Add(menu,
                  {"delete", tr("&Delete"), tr("Delete user or the group"), Picture::Delete},
                  [this] { frame.ActivePane().DeleteSelected(); });
+    menu.addSeparator();
+    selectMatching = Add(menu,
+                         {"selectMatching",
+                          tr("&Select all matching"),
+                          tr("Choose all users that match, also those that are not listed"),
+                          {},
+                          QKeySequence(u"Ctrl+Shift+A"_s)},
+                         [this] { frame.Users().ChooseAllMatching(); });
     connect(&menu, &QMenu::aboutToShow, this, &FrameMenus::UpdateSelectionCommands);
 }
 
@@ -257,16 +268,18 @@ void FrameMenus::UpdateSoon()
 void FrameMenus::UpdateSelectionCommands()
 {
     const ListPane &pane = frame.ActivePane();
-    const qsizetype selected = pane.SelectedRows().size();
     const bool isUsers = &pane == &frame.Users();
+    const bool allMatching = isUsers && frame.Users().Matching().AreChosen();
+    const qsizetype selected = allMatching ? 0 : pane.SelectedRows().size();
     properties->setEnabled(selected > 0);
     toolbarProperties->setEnabled(selected == 1);
     account->setStatusTip(pane.AccountPrompt());
     account->setToolTip(pane.AccountPrompt());
     UpdateAccount();
-    changeGroup->setEnabled(isUsers && selected > 0);
+    changeGroup->setEnabled(allMatching || (isUsers && selected > 0));
     doNotMonitor->setEnabled(isUsers && selected > 0);
     remove->setEnabled(selected > 0);
+    selectMatching->setEnabled(frame.Users().MayHoldBack());
 }
 
 // One question at a time: a selection that moves on asks once more when the answer is there.

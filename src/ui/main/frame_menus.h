@@ -55,6 +55,7 @@ private:
     QAction *changeGroup = nullptr;
     QAction *doNotMonitor = nullptr;
     QAction *remove = nullptr;
+    QAction *selectMatching = nullptr;
     bool asksForAccount = false; // the database, about the selection
     bool asksAgain = false; // it has changed since
 

@@ -42,9 +42,11 @@ QList<UserTableColumn> TableColumns(const ListToExport &list)
 {
     QList<UserTableColumn> table;
     for (const UserColumn column : list.columns) {
-        table.append({HeaderText(column), [column, style = list.style](const UserRow &user) {
+        table.append({HeaderText(column),
+                      [column, style = list.style](const UserRow &user) {
                           return CellWords(user, column, style);
-                      }});
+                      },
+                      static_cast<double>(list.widths.value(table.size(), 1))});
     }
     return table;
 }
@@ -52,7 +54,7 @@ QList<UserTableColumn> TableColumns(const ListToExport &list)
 // How many users were written.
 Result<qint64> Write(const ListToExport &list, const QString &fileName)
 {
-    const auto table = ReadUserTable(list.filter, list.order, list.accounts, TableColumns(list));
+    const auto table = ReadWholeList(list);
     if (!table) {
         return tl::unexpected(table.error());
     }
@@ -68,29 +70,19 @@ Result<qint64> Write(const ListToExport &list, const QString &fileName)
     return (*table)->rows.Count();
 }
 
-// On a session of its own, so that nothing else waits for it.
-Result<qint64> WriteBeside(const AppServices &services,
-                           QWidget &parent,
-                           const ListToExport &list,
-                           const QString &fileName)
-{
-    SessionThread session;
-    session.Open(services.database.DataSource());
-    std::optional<Result<qint64>> written;
-    SessionWait wait(session, Words::tr("Exporting the list..."), &parent);
-    session.Start(
-        &wait,
-        [list, fileName] { return Write(list, fileName); },
-        [&](const Result<qint64> &count) {
-            written.emplace(count);
-            wait.Finish();
-        },
-        SessionThread::Patience::Endless);
-    wait.Run();
-    return *written;
-}
-
 } // namespace
+
+Result<ReportTablePtr> ReadWholeList(const ListToExport &list)
+{
+    return ReadUserTable(
+        list.filter,
+        list.order,
+        TableColumns(list),
+        {.title = Words::tr("Users"),
+         .filter = list.filterText.isEmpty() ? Words::tr("all users") : list.filterText,
+         .noun = Words::tr("users"),
+         .accounts = list.accounts});
+}
 
 void ExportList(const AppServices &services, QWidget &parent, const ListToExport &list)
 {
@@ -98,7 +90,10 @@ void ExportList(const AppServices &services, QWidget &parent, const ListToExport
     if (fileName.isEmpty()) {
         return;
     }
-    const auto written = WriteBeside(services, parent, list, fileName);
+    const auto written =
+        AwaitBeside(services, &parent, Words::tr("Exporting the list..."), [list, fileName] {
+            return Write(list, fileName);
+        });
     if (written) {
         services.prompt.Tell(
             Words::tr("%1 users were saved as %2.").arg(QLocale().toString(*written), fileName));

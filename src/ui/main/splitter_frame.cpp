@@ -69,6 +69,11 @@ void CSplitterFrame::CreatePanes()
     RememberParts(*splitter, u"main"_s);
     panes->addWidget(splitter);
     setCentralWidget(panes);
+    connect(groups,
+            &CAdministratorViewGrp::UsersDropped,
+            users,
+            &CAdministratorView::MoveToGroup,
+            Qt::QueuedConnection); // the drag comes to its end before anything is asked
     activePane = users;
     users->LoadColumns();
     why = new WhySide(services, *this, *panes);

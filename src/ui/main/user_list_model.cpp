@@ -99,6 +99,11 @@ int UserListModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : static_cast<int>(columns.size());
 }
 
+Qt::ItemFlags UserListModel::flags(const QModelIndex &index) const
+{
+    return IdTableModel::flags(index) | Qt::ItemIsDragEnabled;
+}
+
 QVariant UserListModel::data(const QModelIndex &index, int role) const
 {
     const UserRow &row = Rows().rows[index.row()];

@@ -39,6 +39,7 @@ public:
     [[nodiscard]] int FindPrefix(const QString &text) const;
 
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex &index) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QVariant
     headerData(int section, Qt::Orientation orientation, int role) const override;

@@ -60,8 +60,12 @@ void WhySide::FollowLists()
     connect(&frame.Users(), &ListPane::Filled, panel, &WhyPanel::Refresh);
     connect(&services.news, &ChangeNews::Stored, panel, &WhyPanel::Refresh);
     connect(panel, &WhyPanel::CommandChosen, this, &WhySide::Run);
-    connect(panel, &WhyPanel::BlockChosen, this, [this] { blocking->Block(chosen->Ids()); });
-    connect(panel, &WhyPanel::UnblockChosen, this, [this] { blocking->Unblock(chosen->Ids()); });
+    connect(panel, &WhyPanel::BlockChosen, this, [this] {
+        RunForChosen(chosen->Ids(), &UserBlocking::Block);
+    });
+    connect(panel, &WhyPanel::UnblockChosen, this, [this] {
+        RunForChosen(chosen->Ids(), &UserBlocking::Unblock);
+    });
     connect(blocking, &UserBlocking::Done, &frame, &CSplitterFrame::Refresh);
 }
 
@@ -79,7 +83,7 @@ void WhySide::AddKeys()
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         where->addAction(action);
         connect(action, &QAction::triggered, this, [this, where, run] {
-            (blocking->*run)(where == panel ? chosen->Ids() : frame.Users().SelectedIds());
+            RunForChosen(where == panel ? chosen->Ids() : frame.Users().ChosenIds(), run);
         });
     };
     for (QWidget *where : {static_cast<QWidget *>(&frame.Users()), static_cast<QWidget *>(panel)}) {
@@ -94,6 +98,14 @@ void WhySide::AddKeys()
     undo->setShortcut(QKeySequence::Undo);
     frame.addAction(undo);
     connect(undo, &QAction::triggered, blocking, &UserBlocking::Undo);
+}
+
+// By value: the question may outlast the choice.
+void WhySide::RunForChosen(QList<UserId> userIds, void (UserBlocking::*run)(const QList<UserId> &))
+{
+    if (frame.Users().MayChangeChosen()) {
+        (blocking->*run)(userIds);
+    }
 }
 
 void WhySide::OfferUndoIn(FrameStatusBar &status)

@@ -1,7 +1,9 @@
 #include "ui/props/many_users_dialog.h"
 
 #include "access/limits.h"
+#include "access/user_list.h"
 #include "app/perform.h"
+#include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
@@ -14,27 +16,46 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QLocale>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// More than the users list holds were not chosen row by row: nobody reads all their names.
+constexpr size_t kMostListed = kUserListCapacity;
+constexpr size_t kNamedOfMany = 20; // some of whom may be gone
+
+std::vector<UserId> IdsOf(const std::vector<NamedUser> &users)
+{
+    std::vector<UserId> userIds(users.size());
+    std::ranges::transform(users, userIds.begin(), &NamedUser::userId);
+    return userIds;
+}
+
+} // namespace
+
 Result<std::optional<UsersAndAccess>> ReadUsersAndAccess(const std::vector<UserId> &userIds)
 {
-    auto users = NamesOfUsers(userIds);
-    if (!users) {
-        return tl::unexpected(std::move(users.error()));
+    const bool many = userIds.size() > kMostListed;
+    const auto end = many ? userIds.begin() + kNamedOfMany : userIds.end();
+    auto named = NamesOfUsers({userIds.begin(), end});
+    if (!named) {
+        return tl::unexpected(std::move(named.error()));
     }
-    for (const NamedUser &user : *users) {
+    for (const NamedUser &user : *named) {
         const auto access = ReadModeAndLimits(user.userId);
         if (!access) {
             return tl::unexpected(access.error());
         }
         if (*access) {
-            return UsersAndAccess {*std::move(users), **access};
+            return UsersAndAccess {many ? userIds : IdsOf(*named), *std::move(named), **access};
         }
     }
     return std::nullopt;
@@ -45,22 +66,20 @@ ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
                                  QWidget *parent)
     : Dialog(parent)
     , services(appServices)
+    , userIds(opened.userIds)
     , type(new AccessTypeBox(AccessTypeBox::Options::TrafficAndTime))
     , period(new QComboBox)
     , traffic(new NumberField)
     , time(new NumberField)
     , progress(new QProgressBar)
 {
-    for (const NamedUser &user : opened.users) {
-        userIds.push_back(user.userId);
-    }
     setWindowTitle(tr("Access properties for multiple users"));
     SetNames(*progress, u"progress"_s, tr("Users changed"));
     progress->setRange(0, static_cast<int>(userIds.size()));
     progress->setValue(0);
-    progress->setFormat(u"%v of %m"_s);
+    progress->setFormat(tr("%v of %m"));
     auto *column = new QVBoxLayout(this);
-    column->addWidget(MakeNames(opened.users));
+    column->addWidget(MakeNames(opened.named));
     column->addWidget(type);
     column->addWidget(MakeLimits());
     column->addWidget(progress);
@@ -71,21 +90,39 @@ ManyUsersDialog::ManyUsersDialog(const AppServices &appServices,
     EnableLimits();
 }
 
-QWidget *ManyUsersDialog::MakeNames(const std::vector<NamedUser> &users)
+QWidget *ManyUsersDialog::MakeNames(const std::vector<NamedUser> &named)
 {
+    if (named.size() < userIds.size()) {
+        return MakeNamesLine(named);
+    }
     auto *list = new QListWidget;
     list->setObjectName(u"users"_s);
     list->setUniformItemSizes(true);
     list->setSelectionMode(QAbstractItemView::NoSelection);
-    for (const NamedUser &user : users) {
+    for (const NamedUser &user : named) {
         new QListWidgetItem(IconOf(Picture::User), user.name, list);
     }
     auto *box = new QWidget;
     auto *column = new QVBoxLayout(box);
     column->setContentsMargins({});
-    column->addWidget(LabelFor(tr("These %1 users will be changed:").arg(users.size()), *list));
+    column->addWidget(LabelFor(tr("These %1 users will be changed:").arg(named.size()), *list));
     column->addWidget(list);
     return box;
+}
+
+QWidget *ManyUsersDialog::MakeNamesLine(const std::vector<NamedUser> &named)
+{
+    QStringList names;
+    for (const NamedUser &user : named) {
+        names << user.name;
+    }
+    const auto count = static_cast<qsizetype>(userIds.size());
+    auto *line = new QLabel(tr("These %1 users will be changed:").arg(QLocale().toString(count))
+                            + u'\n' + NamesLine(names, count));
+    line->setObjectName(u"manyUsers"_s);
+    line->setTextFormat(Qt::PlainText);
+    line->setWordWrap(true);
+    return line;
 }
 
 QWidget *ManyUsersDialog::MakeLimits()

@@ -14,14 +14,18 @@ class QFormLayout;
 class QProgressBar;
 class NumberField;
 
-// What is read before the dialog opens: the users that are there, and how the first of them stands.
+// What is read before the dialog opens: the users, the names of the first of them, and how the first that is
+// there stands.
 struct UsersAndAccess
 {
-    std::vector<NamedUser> users;
+    std::vector<UserId> userIds;
+    std::vector<NamedUser> named; // all, unless there are more than are listed one by one
     ModeAndLimits access;
 };
 
-// Nothing when none of the users is there any more.
+// Nothing when none of the users that would be named is there any more. Of as many as the users list holds
+// those that are gone are left out; of more, all are taken as they are given, and the action leaves out who
+// is gone.
 [[nodiscard]] Result<std::optional<UsersAndAccess>>
 ReadUsersAndAccess(const std::vector<UserId> &userIds);
 
@@ -37,7 +41,8 @@ public:
     void accept() override;
 
 private:
-    QWidget *MakeNames(const std::vector<NamedUser> &users);
+    QWidget *MakeNames(const std::vector<NamedUser> &named);
+    QWidget *MakeNamesLine(const std::vector<NamedUser> &named);
     QWidget *MakeLimits();
     void ShowAccess(const ModeAndLimits &access);
     void EnableLimits();

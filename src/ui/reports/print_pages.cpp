@@ -1,36 +1,47 @@
 #include "ui/reports/print_pages.h"
 
-#include <QCoreApplication>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 
-std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, int copies, int pageCount)
+std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, const PrintWishes &wishes)
 {
     // Without a printer the toolkit would quietly write a file.
     if (QPrinterInfo::availablePrinters().isEmpty()) {
-        prompt.Tell(QCoreApplication::translate(
-            "PrintPages", "No printer is installed. The report can be saved as PDF."));
+        prompt.Tell(wishes.withoutPrinter);
         return nullptr;
     }
     auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    if (copies > 0) {
-        printer->setCopyCount(copies);
+    if (wishes.copies > 0) {
+        printer->setCopyCount(wishes.copies);
     }
+    printer->setPageOrientation(wishes.landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
     QPrintDialog dialog(printer.get(), &parent);
-    dialog.setMinMax(1, std::max(1, pageCount));
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, wishes.pageCount > 0);
+    if (wishes.pageCount > 0) {
+        dialog.setMinMax(1, wishes.pageCount);
+    }
     return dialog.exec() == QDialog::Accepted ? printer : nullptr;
 }
 
-int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
+void UseReportPaper(QPrinter &printer, const ReportPages &pages)
 {
     printer.setPageOrientation(pages.IsLandscape() ? QPageLayout::Landscape
                                                    : QPageLayout::Portrait);
     printer.setPageSize(QPageSize(QPageSize::A4));
+}
+
+QSizeF SheetOf(const QPrinter &printer)
+{
+    return printer.pageLayout().fullRect(QPageLayout::Point).size();
+}
+
+int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
+{
     printer.setFullPage(true);
     printer.setDocName(pages.Table().layout.title); // as the printer's queue names the job
+    const double scale = SheetOf(printer).width() / pages.Size().width();
     const int first = std::max(printer.fromPage(), 1) - 1;
     const int end =
         printer.toPage() > 0 ? std::min(printer.toPage(), pages.Count()) : pages.Count();
@@ -43,7 +54,7 @@ int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
         if (sent > 0 && !printer.newPage()) {
             return 0;
         }
-        pages.Paint(painter, first + sent, printer.resolution() / 72.0);
+        pages.Paint(painter, first + sent, scale * printer.resolution() / 72.0);
         control.SetProgress(++sent, end - first);
     } while (first + sent < end && !control.IsCancelled());
     return painter.end() ? sent : 0;

@@ -1,4 +1,4 @@
-// A report on a printer.
+// A report, or another table, on a printer.
 #pragma once
 
 #include "base/prompt.h"
@@ -10,11 +10,26 @@
 class QPrinter;
 class QWidget;
 
-// Lets the administrator choose a printer, the pages and the copies, of which `copies` are preset
-// (0: the printer's own number). Null when there is none, which is told, or none was chosen.
-[[nodiscard]] std::shared_ptr<QPrinter>
-ChoosePrinter(Prompt &prompt, QWidget &parent, int copies, int pageCount);
+// What the print dialog starts with.
+struct PrintWishes
+{
+    int copies = 0; // 0: the printer's own number
+    int pageCount = 0; // 0 while nobody knows it: no pages are chosen then
+    bool landscape = false;
+    QString withoutPrinter; // told when no printer is installed
+};
 
-// How many pages were sent; 0 when the printer fails. A cancel ends it behind a page: the toolkit has
-// no way to take back those before.
+// Lets the administrator choose a printer, the paper, the pages and the copies. Null when there is no
+// printer, which is told, or none was chosen.
+[[nodiscard]] std::shared_ptr<QPrinter>
+ChoosePrinter(Prompt &prompt, QWidget &parent, const PrintWishes &wishes);
+
+// Has the printer take the sheets that a report is laid out for.
+void UseReportPaper(QPrinter &printer, const ReportPages &pages);
+
+// The paper that was chosen, in points.
+[[nodiscard]] QSizeF SheetOf(const QPrinter &printer);
+
+// Pages that are laid out for the printer's paper. How many were sent; 0 when the printer fails. A cancel
+// ends it behind a page: the toolkit has no way to take back those before.
 [[nodiscard]] int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control);

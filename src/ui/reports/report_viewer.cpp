@@ -7,6 +7,7 @@
 #include "ui/reports/print_pages.h"
 #include "ui/reports/viewer_bar.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -203,10 +204,18 @@ void ReportViewer::Find(const QString &text)
 
 void ReportViewer::Print()
 {
-    auto printer = ChoosePrinter(prompt, *this, copies, pages ? pages->Count() : 0);
+    auto printer = ChoosePrinter(
+        prompt,
+        *this,
+        {.copies = copies,
+         .pageCount = pages ? pages->Count() : 0,
+         .landscape = pages && pages->IsLandscape(),
+         .withoutPrinter = QCoreApplication::translate(
+             "PrintPages", "No printer is installed. The report can be saved as PDF.")});
     if (!printer || !pages) {
         return;
     }
+    UseReportPaper(*printer, *pages);
     const auto outcome = std::make_shared<QString>();
     job.Start(
         [printed = pages, printer, outcome](RunControl &control) {

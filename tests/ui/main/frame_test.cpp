@@ -98,15 +98,19 @@ TEST_F(Frame, HasItsMenus)
     EXPECT_EQ(
         titles,
         QStringList({u"File"_s, u"User"_s, u"View"_s, u"Configure"_s, u"Reports..."_s, u"Help"_s}));
-    EXPECT_EQ(MenuTexts(Menu(u"File"_s)),
-              QStringList({u"Purge database..."_s, u"Export list..."_s, u"-"_s, u"Exit"_s}));
+    EXPECT_EQ(
+        MenuTexts(Menu(u"File"_s)),
+        QStringList(
+            {u"Purge database..."_s, u"Export list..."_s, u"Print list..."_s, u"-"_s, u"Exit"_s}));
     EXPECT_EQ(MenuTexts(Menu(u"User"_s)),
               QStringList({u"~Properties..."_s,
                            u"~Account..."_s,
                            u"~Change group..."_s,
                            u"-"_s,
                            u"~Do not monitor"_s,
-                           u"~Delete"_s}));
+                           u"~Delete"_s,
+                           u"-"_s,
+                           u"~Select all matching"_s}));
     EXPECT_EQ(MenuTexts(Menu(u"View"_s)),
               QStringList({u"Columns"_s,
                            u"Sort by"_s,
@@ -170,7 +174,8 @@ TEST_F(Frame, ACommandWithoutItsWindowIsNotShown)
     dialogs.setupWizard = {};
     dialogs.reports = {};
     ShowFrame();
-    EXPECT_EQ(MenuTexts(Menu(u"File"_s)), QStringList({u"Export list..."_s, u"-"_s, u"Exit"_s}));
+    EXPECT_EQ(MenuTexts(Menu(u"File"_s)),
+              QStringList({u"Export list..."_s, u"Print list..."_s, u"-"_s, u"Exit"_s}));
     EXPECT_FALSE(MenuTexts(Menu(u"Help"_s)).contains(u"Setup wizard..."_s));
     EXPECT_FALSE(Command("reports").isVisible());
     EXPECT_FALSE(Command("toolbarReports").isVisible());

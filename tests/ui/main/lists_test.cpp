@@ -7,13 +7,17 @@
 #include "support/core/fake_service.h"
 #include "support/windows/modal.h"
 #include "ui/main/auto_refresh.h"
+#include "ui/main/dragged_users.h"
 
 #include <QAction>
 #include <QDialog>
+#include <QDrag>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTimer>
 #include <QToolButton>
@@ -852,4 +856,146 @@ TEST_F(Lists, TheMessagePaneTellsOfTheConnectionToTheDatabase)
     emit Services().news.ServiceSettled(false);
     EXPECT_EQ(notice.text(),
               u"The service was not told and will find the change in the database."_s);
+}
+
+namespace {
+
+// Users are dragged from the users list and let go over the groups list.
+class Drags : public Lists
+{
+protected:
+    [[nodiscard]] QPoint MiddleOf(int row) const
+    {
+        return Groups().visualRect(Groups().model()->index(row, 0)).center();
+    }
+
+    // Whether it may be let go there.
+    bool MoveOver(const QMimeData &data, const QPoint &place) const
+    {
+        QDragEnterEvent enter(place, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(Groups().viewport(), &enter);
+        QDragMoveEvent move(place, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(Groups().viewport(), &move);
+        return enter.isAccepted() && move.isAccepted();
+    }
+
+    bool Drop(const QMimeData &data, const QPoint &place) const
+    {
+        (void)MoveOver(data, place);
+        QDropEvent drop(place, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(Groups().viewport(), &drop);
+        Settle();
+        return drop.isAccepted();
+    }
+
+    [[nodiscard]] static QStringList Members()
+    {
+        return RowsOf("SELECT user_id, group_id FROM users ORDER BY user_id");
+    }
+
+    [[nodiscard]] std::unique_ptr<QMimeData> Selected() const
+    {
+        return std::unique_ptr<QMimeData>(DataOfUsers(Users().SelectedIds()));
+    }
+};
+
+} // namespace
+
+TEST_F(Drags, OneUserIsMovedAfterAQuestion)
+{
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    const auto data = Selected();
+    const QStringList before = Members();
+    EXPECT_TRUE(Drop(*data, MiddleOf(1))); // answered No
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Move anna to the group Sales?"_s));
+    EXPECT_EQ(prompt.TakeGoing(), QStringList()) << "Yes is the usual answer";
+    EXPECT_EQ(Members(), before);
+    prompt.AnswerWith({true});
+    EXPECT_TRUE(Drop(*data, MiddleOf(1)));
+    EXPECT_NE(Members(), before);
+    EXPECT_TRUE(RowTexts(Users())[0].contains(u"Sales"_s)) << "the list shows where anna is";
+}
+
+TEST_F(Drags, SeveralUsersAreNamedAndTakenAsTheDragBegan)
+{
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    ClickCell(Users(), 2, 0, Qt::ControlModifier);
+    const auto data = Selected();
+    ClickCell(Groups(), 0, 0); // the users list loses the focus and deselects its first row
+    prompt.AnswerWith({true});
+    EXPECT_TRUE(Drop(*data, MiddleOf(1)));
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"This will move 2 users to the group Sales. Continue?"_s));
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(u"anna, carl"_s));
+    for (const QString &row : RowTexts(Users())) {
+        EXPECT_TRUE(row.contains(u"Sales"_s)) << qPrintable(row);
+    }
+}
+
+TEST_F(Drags, TheGroupUnderTheMouseIsMarked)
+{
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    const auto data = Selected();
+    const auto shown = [this] { return Groups().viewport()->grab().toImage(); };
+    const QImage plain = shown();
+    EXPECT_TRUE(MoveOver(*data, MiddleOf(0)));
+    const QImage first = shown();
+    Grab(*frame, u"drag-over-group"_s);
+    EXPECT_TRUE(MoveOver(*data, MiddleOf(1)));
+    EXPECT_NE(first, plain);
+    EXPECT_NE(shown(), first);
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(Groups().viewport(), &leave);
+    EXPECT_EQ(shown(), plain);
+}
+
+TEST_F(Drags, WhatIsNotForAGroupIsRefused)
+{
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    const auto data = Selected();
+    const QStringList before = Members();
+    const QPoint below(MiddleOf(0).x(), Groups().viewport()->height() - 2);
+    EXPECT_FALSE(Drop(*data, below)) << "no group is there";
+    QMimeData foreign;
+    foreign.setText(u"anna"_s);
+    EXPECT_FALSE(Drop(foreign, MiddleOf(1)));
+    foreign.setData(data->formats().constFirst(), QByteArray(20, '\1'));
+    EXPECT_FALSE(Drop(foreign, MiddleOf(1))) << "of another program";
+    EXPECT_FALSE(Users().acceptDrops());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    EXPECT_EQ(Members(), before);
+}
+
+// The real mouse: what is dragged are the rows that are selected, and a drag that ends nowhere leaves them.
+TEST_F(Drags, BeginWithTheMouse)
+{
+    ShowThree();
+    ClickCell(Users(), 0, 0);
+    ClickCell(Users(), 1, 0, Qt::ControlModifier);
+    QStringList dragged;
+    Users().SetRunDrag([&](QDrag &drag) {
+        for (const UserId userId : UsersIn(*drag.mimeData())) {
+            dragged << QString::number(userId.value);
+        }
+        EXPECT_FALSE(drag.pixmap().isNull());
+    });
+    const auto middle = [this](int row) {
+        return Users().visualRect(Users().model()->index(row, 0)).center();
+    };
+    const auto drag = [&](int row) {
+        QTest::mousePress(Users().viewport(), Qt::LeftButton, {}, middle(row));
+        QTest::mouseMove(Users().viewport(), middle(row) + QPoint(30, 0));
+        QTest::mouseMove(Users().viewport(), middle(row) + QPoint(60, 0));
+        QTest::mouseRelease(Users().viewport(), Qt::LeftButton, {}, middle(row) + QPoint(60, 0));
+    };
+    drag(1);
+    EXPECT_EQ(dragged, QStringList({QString::number(anna.value), QString::number(bert.value)}));
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    dragged.clear();
+    drag(2);
+    EXPECT_EQ(dragged, QStringList(QString::number(carl.value))) << "pressing selects it first";
 }

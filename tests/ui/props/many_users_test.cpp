@@ -2,6 +2,7 @@
 #include "support/windows/keyboard.h"
 
 #include <QComboBox>
+#include <QLocale>
 #include <QProgressBar>
 
 using namespace Qt::StringLiterals;
@@ -128,4 +129,31 @@ TEST_F(ManyUsersTest, UsersDeletedWhileItIsOpenAreToldAbout)
         prompt.TakeSaid(),
         ElementsAre(u"Some of these users have been deleted meanwhile. 2 of 3 are changed."_s));
     EXPECT_THAT(Stored(), ElementsAre(u"1|2|0|0|2|2"_s, u"9|2|0|0|2|2"_s));
+}
+
+// Nobody reads thousands of names: the first are named, and all are written to.
+TEST_F(ManyUsersTest, NamesTheFirstOfThousands)
+{
+    Execute("INSERT INTO users (user_id, username, group_id) WITH RECURSIVE n(i) AS (SELECT 101 "
+            "UNION ALL SELECT i + 1 FROM n WHERE i < 2300) SELECT i, 'user' || i, 80 FROM n");
+    std::vector<UserId> userIds {UserId {9}, UserId {77}};
+    for (quint32 id = 101; id <= 2300; ++id) {
+        userIds.emplace_back(id);
+    }
+    {
+        const WhileModal open([](QDialog &dialog) {
+            EXPECT_EQ(Find<QLabel>(dialog, "manyUsers").text(),
+                      u"These %1 users will be changed:\nzoe, user101, user102, user103, user104 "
+                      "and %2 more"_s.arg(QLocale().toString(2202), QLocale().toString(2197)));
+            EXPECT_EQ(dialog.findChild<QListWidget *>(u"users"_s), nullptr);
+            Grab(dialog, u"thousands-of-users"_s);
+            Click(dialog, "provider");
+            Click(dialog, "ok");
+        });
+        EXPECT_TRUE(OpenAccessForUsers(Services(), userIds, nullptr));
+    }
+    EXPECT_THAT(prompt.TakeSaid(),
+                ElementsAre(u"Some of these users have been deleted meanwhile. 2201 of 2202 are "
+                            "changed."_s));
+    EXPECT_THAT(RowsOf("SELECT COUNT(*) FROM users WHERE mode = 2"), ElementsAre(u"2201"_s));
 }
