@@ -93,15 +93,21 @@ QString HardwareDigits(const QString &text)
 // count leaves an engine no choice: for a few rows some would read a whole table.
 enum class Rows { Few, Many };
 
+// For a few rows a COUNT is asked of each. For many rows, whether any group fits at all is asked once:
+// mostly none does, and no row need then be looked up among them.
 void AddNames(Statement &statement, const QString &pattern, Rows rows)
 {
     const bool few = rows == Rows::Few;
-    statement
-        << (few ? "0 < (SELECT COUNT(*) FROM groups WHERE groups.group_id = users.group_id AND "
-                : "group_id IN (SELECT group_id FROM groups WHERE ");
+    if (few) {
+        statement << "0 < (SELECT COUNT(*) FROM groups WHERE groups.group_id = users.group_id AND ";
+    } else {
+        statement << "(0 < (SELECT COUNT(*) FROM groups WHERE ";
+        AddHolds(statement, "name", pattern);
+        statement << ") AND group_id IN (SELECT group_id FROM groups WHERE ";
+    }
     AddHolds(statement, "name", pattern);
     statement << (few ? ") OR 0 < (SELECT COUNT(*) FROM logins WHERE userid = user_id AND "
-                      : ") OR user_id IN (SELECT userid FROM logins WHERE ");
+                      : ")) OR user_id IN (SELECT userid FROM logins WHERE ");
     AddHolds(statement, "login", pattern);
     statement << ")";
 }
