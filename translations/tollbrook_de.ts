@@ -4952,10 +4952,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>Schema</name>
     <message>
-        <source>SELECT 1 FROM %1 WHERE 1 = 0</source>
-        <translation>SELECT 1 FROM %1 WHERE 1 = 0</translation>
-    </message>
-    <message>
         <source>The statement &quot;%1&quot; failed: %2</source>
         <translation>Die Anweisung „%1“ ist fehlgeschlagen: %2</translation>
     </message>

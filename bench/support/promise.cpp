@@ -65,7 +65,8 @@ int RunAndCompare(int argc,
                   char **argv,
                   const std::vector<Promise> &promises,
                   int repetitions,
-                  const std::vector<Bound> &bounds)
+                  const std::vector<Bound> &bounds,
+                  const std::vector<Limit> &limits)
 {
     std::optional<QCoreApplication> application;
     if (QCoreApplication::instance() == nullptr) {
@@ -105,6 +106,13 @@ int RunAndCompare(int argc,
                     counter.c_str(),
                     most,
                     good ? "" : "BROKEN");
+    }
+    for (const auto &[measured, most] : limits) {
+        const double time = reporter.Of(measured);
+        const bool good = time <= most;
+        kept = kept && good;
+        std::printf(
+            "%-44s %9.2f ms (at most %g) %s\n", measured.c_str(), time, most, good ? "" : "BROKEN");
     }
     return kept ? 0 : 1;
 }

@@ -21,10 +21,19 @@ struct Bound
     double most;
 };
 
+// The time of one benchmark is at most `most` milliseconds.
+struct Limit
+{
+    std::string measured;
+    double most;
+};
+
 // Runs every benchmark so many times in turn, prints the shortest time of each promise's two sides and
-// their ratio, and the largest number of each bound. 1 when a promise is broken, which is said.
+// their ratio, the largest number of each bound and the shortest time of each limit. 1 when a promise
+// is broken, which is said. Benchmarks with a limit count in milliseconds.
 int RunAndCompare(int argc,
                   char **argv,
                   const std::vector<Promise> &promises,
                   int repetitions = 15,
-                  const std::vector<Bound> &bounds = {});
+                  const std::vector<Bound> &bounds = {},
+                  const std::vector<Limit> &limits = {});

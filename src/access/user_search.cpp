@@ -58,8 +58,13 @@ bool IsPlain(const QString &text)
 
 void AddHolds(Statement &statement, const char *column, const QString &pattern)
 {
-    statement << column
-              << (IsPlain(pattern) ? " HOLDS (?) ESCAPE '!'" : " HOLDS_LETTERS (?) ESCAPE '!'");
+    const bool plain = IsPlain(pattern);
+    const char *letters = plain ? " PLAIN_CASE) " : " LETTER_CASE) ";
+    if (!plain) {
+        statement << "(OCTETS_OF (" << column << ") EXCEEDING_LETTERS_OF (" << column << ") AND ";
+    }
+    statement << "CASE_FOLDED (" << column << letters << "HOLDS CASE_FOLDED ((?)" << letters
+              << "PLAIN_CASE ESCAPE '!'" << (plain ? "" : ")");
     statement.Bind(pattern);
 }
 
@@ -90,15 +95,21 @@ QString HardwareDigits(const QString &text)
 // count leaves an engine no choice: for a few rows some would read a whole table.
 enum class Rows { Few, Many };
 
+// For a few rows a COUNT is asked of each. For many rows, whether any group fits at all is asked once:
+// mostly none does, and no row need then be looked up among them.
 void AddNames(Statement &statement, const QString &pattern, Rows rows)
 {
     const bool few = rows == Rows::Few;
-    statement
-        << (few ? "0 < (SELECT COUNT(*) FROM groups WHERE groups.group_id = users.group_id AND "
-                : "group_id IN (SELECT group_id FROM groups WHERE ");
+    if (few) {
+        statement << "0 < (SELECT COUNT(*) FROM groups WHERE groups.group_id = users.group_id AND ";
+    } else {
+        statement << "(0 < (SELECT COUNT(*) FROM groups WHERE ";
+        AddHolds(statement, "name", pattern);
+        statement << ") AND group_id IN (SELECT group_id FROM groups WHERE ";
+    }
     AddHolds(statement, "name", pattern);
     statement << (few ? ") OR 0 < (SELECT COUNT(*) FROM logins WHERE userid = user_id AND "
-                      : ") OR user_id IN (SELECT userid FROM logins WHERE ");
+                      : ")) OR user_id IN (SELECT userid FROM logins WHERE ");
     AddHolds(statement, "login", pattern);
     statement << ")";
 }
@@ -198,14 +209,19 @@ void AddConditions(Statement &statement, const UserFilter &filter, Rows rows)
     }
 }
 
+// How the table of users is read.
+QByteArray Read(const char *sqlText, const char *how)
+{
+    return QByteArray(sqlText).replace(" WHERE ", how);
+}
+
 // A text in the middle of a name is found by no index. To look at the rows in the order of one costs
 // many times as much as to look at them as they lie, where few are found.
 QByteArray Begun(const char *sqlText, const UserFilter &filter)
 {
     const bool byIndex =
         filter.texts.isEmpty() || !filter.groups.isEmpty() || !filter.spans.isEmpty();
-    return byIndex ? QByteArray(sqlText)
-                   : QByteArray(sqlText).replace(" WHERE ", " SCANNED WHERE ");
+    return byIndex ? QByteArray(sqlText) : Read(sqlText, " SCANNED WHERE ");
 }
 
 void AddOrder(Statement &statement, ListOrder order)
@@ -231,25 +247,28 @@ const QString &LongestText(const UserFilter &filter)
     return *std::ranges::max_element(filter.texts, {}, &QString::size);
 }
 
+// Several screens full: each row is fetched by itself, and all that matches follows soon.
+constexpr char kNearest[] = " LIMIT 250";
+
 // The ids of the first users, in a column's order, whose column begins so.
 void AddBeginnings(Statement &statement, const char *column, const QString &begin)
 {
     statement << " SELECT user_id FROM (SELECT user_id FROM users WHERE monitored = true AND ";
     AddBegin(statement, column, begin);
-    statement << " ORDER BY " << column << " LIMIT 1000) AS by_" << column << " UNION";
+    statement << " ORDER BY " << column << kNearest << ") AS by_" << column << " UNION";
 }
 
 void AddLoginBeginnings(Statement &statement, const QString &begin)
 {
     statement << " SELECT userid FROM (SELECT userid FROM logins WHERE ";
     AddBegin(statement, "login", begin);
-    statement << " ORDER BY login LIMIT 1000) AS by_login";
+    statement << " ORDER BY login" << kNearest << ") AS by_login";
 }
 
 Statement Beginnings(const UserFilter &filter, ListOrder order)
 {
     const QString &text = LongestText(filter);
-    Statement statement {user_list::kSelect};
+    Statement statement {Read(user_list::kSelect, " BY_KEY WHERE ")};
     statement << " AND user_id IN (SELECT user_id FROM (";
     for (const char *column : {"username", "fullname", "stationname"}) {
         AddBeginnings(statement, column, text);

@@ -19,8 +19,8 @@ struct ListOrder
 // whole search then takes its place.
 [[nodiscard]] bool HasQuickSearch(const UserFilter &filter);
 
-// At most 1000 of the users of the filter whose name, full name, workstation, address or login begins
-// with one of the words.
+// Of the users of the filter some, at most 1000, whose name, full name, workstation, address or login
+// begins with the longest of its words: of each of these, the first 250 beginnings are looked at.
 [[nodiscard]] Result<UserList>
 FindUsersQuickly(const UserFilter &filter, ListOrder order, bool withGroupNames);
 

@@ -74,10 +74,16 @@ constexpr char kMariadbWritable[] =
     "WHEN EXISTS (SELECT 1 FROM information_schema.global_status "
     "WHERE variable_name = 'WSREP_READY' AND variable_value = 'ON') THEN 2 ELSE 0 END";
 
+// LIKE looks at no letter case of a to z. A table that is not indexed is still read by its key.
 constexpr Spelling kSqliteSpellings[] = {
+    {"case_folded", ""},
+    {"plain_case", ""},
+    {"letter_case", ""},
     {"holds", "LIKE"},
-    {"holds_letters", "LIKE"},
+    {"octets_of", ""},
+    {"exceeding_letters_of", "IS"},
     {"scanned", "NOT INDEXED"},
+    {"by_key", "NOT INDEXED"},
     {"address_number",
      "CASE WHEN json_valid('[' || replace(ip_addr, '.', ',') || ']') THEN "
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[0]') * 16777216 + "
@@ -86,12 +92,17 @@ constexpr Spelling kSqliteSpellings[] = {
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[3]') END"},
 };
 
-// The names' own collation knows no patterns. That of the engine is many times faster, and right for a
-// pattern of a to z.
+// The names' own collation knows no patterns. The ICU library takes many times as long as the engine
+// itself, whose letter case is right for a to z. ILIKE would fold the pattern again for each row.
 constexpr Spelling kPostgresqlSpellings[] = {
-    {"holds", "COLLATE \"C\" ILIKE"},
-    {"holds_letters", "COLLATE \"und-x-icu\" ILIKE"},
+    {"case_folded", "lower"},
+    {"plain_case", "COLLATE \"C\""},
+    {"letter_case", "COLLATE \"und-x-icu\""},
+    {"holds", "COLLATE \"C\" LIKE"},
+    {"octets_of", "octet_length"},
+    {"exceeding_letters_of", "> char_length"},
     {"scanned", "TABLESAMPLE SYSTEM (100)"},
+    {"by_key", ""},
     {"address_number",
      "CASE WHEN ip_addr ~ '^[0-9]{1,3}[.][0-9]{1,3}[.][0-9]{1,3}[.][0-9]{1,3}$' THEN "
      "CAST(split_part(ip_addr, '.', 1) AS bigint) * 16777216 + "
@@ -101,9 +112,14 @@ constexpr Spelling kPostgresqlSpellings[] = {
 };
 
 constexpr Spelling kMariadbSpellings[] = {
+    {"case_folded", ""},
+    {"plain_case", ""},
+    {"letter_case", ""},
     {"holds", "COLLATE utf8mb4_uca1400_nopad_as_ci LIKE"},
-    {"holds_letters", "COLLATE utf8mb4_uca1400_nopad_as_ci LIKE"},
+    {"octets_of", "length"},
+    {"exceeding_letters_of", ">= length"},
     {"scanned", "USE INDEX ()"},
+    {"by_key", ""},
     {"address_number", "INET_ATON(ip_addr)"},
 };
 
@@ -251,9 +267,9 @@ private:
             const char digit = lower == "true" ? '1' : '0';
             out.resize(start);
             out += digit;
-        } else if (const std::string_view own = SpellingOf(lower); !own.empty()) {
+        } else if (const Spelling *own = SpellingOf(lower); own != nullptr) {
             out.resize(start);
-            out += own;
+            out += own->written;
         } else if (std::find(std::begin(kReserved), std::end(kReserved), lower)
                    != std::end(kReserved)) {
             out.insert(start, 1, dialect.identifierQuote);
@@ -263,13 +279,13 @@ private:
         }
     }
 
-    // Empty for a word that all engines write alike.
-    [[nodiscard]] std::string_view SpellingOf(std::string_view word) const
+    // Null for a word that all engines write alike.
+    [[nodiscard]] const Spelling *SpellingOf(std::string_view word) const
     {
         const auto found = std::find_if(dialect.spellings.begin(),
                                         dialect.spellings.end(),
                                         [word](const Spelling &own) { return own.word == word; });
-        return found == dialect.spellings.end() ? std::string_view() : found->written;
+        return found == dialect.spellings.end() ? nullptr : &*found;
     }
 
     void AppendLower(std::string_view name)

@@ -21,7 +21,7 @@ struct FailureCode
 struct Spelling
 {
     std::string_view word; // in lower case
-    std::string_view written;
+    std::string_view written; // empty where the engine needs nothing in its place
 };
 
 struct Dialect
@@ -50,10 +50,14 @@ struct Dialect
     const char *serversKey;
     std::span<const FailureCode> failures; // the first that fits counts
     // Of these words:
-    //   HOLDS           like LIKE, in any letter case of a to z, and where the engine's names are
-    //                   sorted without regard to the case of other letters, of those;
-    //   HOLDS_LETTERS   the same for a pattern with letters beyond a to z;
+    //   CASE_FOLDED (x PLAIN_CASE) HOLDS CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE
+    //                   x is like the pattern, in any letter case of a to z, and where the engine's
+    //                   names are sorted without regard to the case of other letters, of those;
+    //   LETTER_CASE     instead of the PLAIN_CASE inside, for a pattern with letters beyond a to z;
+    //   OCTETS_OF (x) EXCEEDING_LETTERS_OF (x)
+    //                   false only for a text in which no such pattern can be;
     //   SCANNED         behind a table: its rows are read as they lie, by no index;
+    //   BY_KEY          behind a table: its rows are found by their key, by no other index;
     //   ADDRESS_NUMBER  the IPv4 address in users.ip_addr as a number; NULL for what is none.
     std::span<const Spelling> spellings;
 };

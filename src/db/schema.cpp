@@ -42,7 +42,7 @@ std::optional<QString> ExistingTable(DirectConnection &database)
 {
     for (const QString &table : SchemaTables()) {
         const QString probe =
-            Words::tr("SELECT 1 FROM %1 WHERE 1 = 0").arg(Quoted(database.Engine(), table));
+            u"SELECT 1 FROM %1 WHERE 1 = 0"_s.arg(Quoted(database.Engine(), table));
         if (database.Run(probe)) {
             return table;
         }

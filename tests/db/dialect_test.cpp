@@ -71,6 +71,25 @@ TEST(Dialects, SpellAStatementForTheEngine)
     }
 }
 
+TEST(Dialects, SpellASearchForTheEngine)
+{
+    const char *plain =
+        "CASE_FOLDED (a PLAIN_CASE) HOLDS CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE ESCAPE '!'";
+    EXPECT_EQ(Translate(kSqlite, plain), " (a ) LIKE  ((?) )  escape '!'");
+    EXPECT_EQ(Translate(kPostgresql, plain),
+              "lower (a COLLATE \"C\") COLLATE \"C\" LIKE lower ((?) COLLATE \"C\") COLLATE \"C\" "
+              "escape '!'");
+    EXPECT_EQ(Translate(kMariadb, plain),
+              " (a ) COLLATE utf8mb4_uca1400_nopad_as_ci LIKE  ((?) )  escape '!'");
+    const char *letters = "OCTETS_OF (a) EXCEEDING_LETTERS_OF (a) AND a LETTER_CASE";
+    EXPECT_EQ(Translate(kSqlite, letters), " (a) IS (a) and a ");
+    EXPECT_EQ(Translate(kPostgresql, letters),
+              "octet_length (a) > char_length (a) and a COLLATE \"und-x-icu\"");
+    EXPECT_EQ(Translate(kMariadb, letters), "length (a) >= length (a) and a ");
+    EXPECT_EQ(Translate(kSqlite, "a SCANNED b BY_KEY c"), "a NOT INDEXED b NOT INDEXED c");
+    EXPECT_EQ(Translate(kPostgresql, "a BY_KEY b"), "a  b");
+}
+
 struct DayParameter
 {
     const char *written;
