@@ -1212,40 +1212,12 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>CAdministratorView</name>
     <message>
-        <source>Changing the group...</source>
-        <translation>Die Gruppe wird geändert …</translation>
-    </message>
-    <message>
-        <source>Deleting users...</source>
-        <translation>Benutzer werden gelöscht …</translation>
-    </message>
-    <message>
-        <source>Moving users to the unmonitored list...</source>
-        <translation>Benutzer werden in die Liste der nicht überwachten verschoben …</translation>
-    </message>
-    <message>
         <source>Users</source>
         <translation>Benutzer</translation>
     </message>
     <message>
         <source>Refill current user account</source>
         <translation>Konto des aktuellen Benutzers auffüllen</translation>
-    </message>
-    <message>
-        <source>This will delete this user and all corresponding information. Continue?</source>
-        <translation>Damit werden dieser Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
-    </message>
-    <message>
-        <source>This will delete these users and all corresponding information. Continue?</source>
-        <translation>Damit werden diese Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
-    </message>
-    <message>
-        <source>This will move this user to the unmonitored list. Continue?</source>
-        <translation>Damit wird dieser Benutzer in die Liste der nicht überwachten verschoben. Fortfahren?</translation>
-    </message>
-    <message>
-        <source>This will move these users to the unmonitored list. Continue?</source>
-        <translation>Damit werden diese Benutzer in die Liste der nicht überwachten verschoben. Fortfahren?</translation>
     </message>
     <message>
         <source>Change group...</source>
@@ -1274,26 +1246,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
-    </message>
-    <message>
-        <source>This will change 1 user. Continue?</source>
-        <translation>1 Benutzer wird geändert. Fortfahren?</translation>
-    </message>
-    <message>
-        <source>This will change %1 users. Continue?</source>
-        <translation>%1 Benutzer werden geändert. Fortfahren?</translation>
-    </message>
-    <message>
-        <source>Move %1 to the group %2?</source>
-        <translation>%1 in die Gruppe %2 verschieben?</translation>
-    </message>
-    <message>
-        <source>This will move %1 users to the group %2. Continue?</source>
-        <translation>%1 Benutzer werden in die Gruppe %2 verschoben. Fortfahren?</translation>
-    </message>
-    <message>
-        <source>This does not work on all users that match. Select rows of the list.</source>
-        <translation>Das geht nicht mit allen passenden Benutzern. Wählen Sie Zeilen der Liste.</translation>
     </message>
     <message>
         <source>Select all matching</source>
@@ -5546,6 +5498,57 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Left</source>
         <translation>Übrig</translation>
+    </message>
+</context>
+<context>
+    <name>UserCommands</name>
+    <message>
+        <source>This will change 1 user. Continue?</source>
+        <translation>1 Benutzer wird geändert. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>This will change %1 users. Continue?</source>
+        <translation>%1 Benutzer werden geändert. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Move %1 to the group %2?</source>
+        <translation>%1 in die Gruppe %2 verschieben?</translation>
+    </message>
+    <message>
+        <source>This will move %1 users to the group %2. Continue?</source>
+        <translation>%1 Benutzer werden in die Gruppe %2 verschoben. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Changing the group...</source>
+        <translation>Die Gruppe wird geändert …</translation>
+    </message>
+    <message>
+        <source>This will delete this user and all corresponding information. Continue?</source>
+        <translation>Damit werden dieser Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>This will delete these users and all corresponding information. Continue?</source>
+        <translation>Damit werden diese Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Deleting users...</source>
+        <translation>Benutzer werden gelöscht …</translation>
+    </message>
+    <message>
+        <source>This will move this user to the unmonitored list. Continue?</source>
+        <translation>Damit wird dieser Benutzer in die Liste der nicht überwachten verschoben. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>This will move these users to the unmonitored list. Continue?</source>
+        <translation>Damit werden diese Benutzer in die Liste der nicht überwachten verschoben. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Moving users to the unmonitored list...</source>
+        <translation>Benutzer werden in die Liste der nicht überwachten verschoben …</translation>
+    </message>
+    <message>
+        <source>This does not work on all users that match. Select rows of the list.</source>
+        <translation>Das geht nicht mit allen passenden Benutzern. Wählen Sie Zeilen der Liste.</translation>
     </message>
 </context>
 <context>

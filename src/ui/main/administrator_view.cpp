@@ -2,7 +2,6 @@
 
 #include "access/list_commands.h"
 #include "accounts/currency.h"
-#include "app/perform.h"
 #include "base/day.h"
 #include "base/names_line.h"
 #include "ui/common/accessible.h"
@@ -12,7 +11,6 @@
 #include "ui/main/list_export.h"
 #include "ui/main/list_print.h"
 #include "ui/main/user_list_model.h"
-#include "ui/props/change_group_dialog.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -48,6 +46,7 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     : IdListPane(parent)
     , services(appServices)
     , dialogs(windows)
+    , commands(appServices, windows, *this)
     , users(new UserListModel(this))
     , accountBar(new AccountBar(this))
     , finder(appServices.database)
@@ -313,29 +312,6 @@ QList<UserId> CAdministratorView::ChosenIds() const
     return matching.AreChosen() ? matching.Ids() : SelectedIds();
 }
 
-bool CAdministratorView::MayChangeChosen() const
-{
-    if (!matching.AreChosen()) {
-        return true;
-    }
-    const qsizetype count = matching.Ids().size();
-    return services.prompt.AskToDestroy(
-        count == 1 ? tr("This will change 1 user. Continue?")
-                   : tr("This will change %1 users. Continue?").arg(QLocale().toString(count)),
-        NamesLine(FirstNames(matching.Ids()), count));
-}
-
-// Of those that are listed, which the first ones are.
-QStringList CAdministratorView::FirstNames(const QList<UserId> &userIds) const
-{
-    QStringList names;
-    for (const UserId userId : userIds.first(std::min(userIds.size(), kMostNames))) {
-        const int row = users->RowOf(userId);
-        names << (row < 0 ? QString() : users->NameAt(row));
-    }
-    return names;
-}
-
 void CAdministratorView::GoToFirst()
 {
     if (RowCount() > 0) {
@@ -392,139 +368,38 @@ void CAdministratorView::AskForAccount(QObject *context, const std::function<voi
     AskForAccountBy(services.database, UserHasAccount, context, answer);
 }
 
-void CAdministratorView::ChangeGroup()
-{
-    const QList<UserId> selected = SelectedIds();
-    if (matching.AreChosen()) {
-        MoveChosen();
-    } else if (!selected.isEmpty()) {
-        MoveToChosenGroup({selected.front()}); // kept: only the pop-up menu moves several users
-    }
-}
-
-void CAdministratorView::MoveChosen()
-{
-    const QList<UserId> userIds = ChosenIds();
-    if (MayChangeChosen()) {
-        MoveToChosenGroup(userIds);
-    }
-}
-
-void CAdministratorView::SetLimitsOfChosen()
-{
-    const QList<UserId> userIds = ChosenIds();
-    if (MayChangeChosen()) {
-        dialogs.userLimits(userIds, window());
-    }
-}
-
-// Dropped on the group. Other than a command's, whose rows stay as they are, what was dropped is seen to
-// have arrived.
-void CAdministratorView::MoveToGroup(const QList<UserId> &userIds,
-                                     GroupId groupId,
-                                     const QString &name)
-{
-    const QString group = NamesLine({name});
-    const QString who = NamesLine(FirstNames(userIds), userIds.size());
-    const bool wanted = userIds.size() == 1
-        ? services.prompt.Ask(tr("Move %1 to the group %2?").arg(who, group))
-        : services.prompt.AskToDestroy(tr("This will move %1 users to the group %2. Continue?")
-                                           .arg(QLocale().toString(userIds.size()), group),
-                                       who);
-    if (wanted
-        && Perform(services,
-                   window(),
-                   tr("Changing the group..."),
-                   MoveUsersAction({userIds.begin(), userIds.end()}, groupId))) {
-        FillList(shownOrder, shownAscending);
-    }
-}
-
-void CAdministratorView::MoveToChosenGroup(const QList<UserId> &userIds)
-{
-    const auto group = ChooseGroupFor(services, userIds, window());
-    if (group) {
-        (void)Perform(services,
-                      window(),
-                      tr("Changing the group..."),
-                      MoveUsersAction({userIds.begin(), userIds.end()}, group->groupId));
-    }
-}
-
 void CAdministratorView::DeleteSelected()
 {
-    if (TellsOfMatching()) {
-        return;
-    }
-    const auto ask = [this](const QStringList &names) {
-        return services.prompt.AskToDestroy(
-            names.size() == 1
-                ? tr("This will delete this user and all corresponding information. Continue?")
-                : tr("This will delete these users and all corresponding information. Continue?"),
-            NamesLine(names));
-    };
-    RemoveSelected(ask, tr("Deleting users..."), DeleteUsersAction);
+    commands.Delete();
 }
 
-void CAdministratorView::StopMonitoringSelected()
+QString CAdministratorView::NameOf(UserId userId) const
 {
-    if (TellsOfMatching()) {
-        return;
-    }
-    const auto ask = [this](const QStringList &names) {
-        return services.prompt.Ask(
-            names.size() == 1
-                ? tr("This will move this user to the unmonitored list. Continue?")
-                : tr("This will move these users to the unmonitored list. Continue?"));
-    };
-    RemoveSelected(ask, tr("Moving users to the unmonitored list..."), StopMonitoringAction);
+    const int row = users->RowOf(userId);
+    return row < 0 ? QString() : users->NameAt(row);
 }
 
-// The rows that are selected are but some of those who are chosen: what would take these alone says so.
-bool CAdministratorView::TellsOfMatching() const
+void CAdministratorView::RemoveRows(const QList<UserId> &userIds)
 {
-    if (matching.AreChosen()) {
-        services.prompt.Tell(
-            tr("This does not work on all users that match. Select rows of the list."));
+    for (const UserId userId : userIds) {
+        users->RemoveRowOf(userId);
     }
-    return matching.AreChosen();
 }
 
-// Ids, not rows: the list may be filled anew while the question stands. Years of records, or a database
-// that another program holds, may keep this waiting.
-void CAdministratorView::RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
-                                        const QString &what,
-                                        Action (*actionOn)(const std::vector<UserId> &))
+void CAdministratorView::RefillByName()
 {
-    const QList<UserId> selected = SelectedIds();
-    if (selected.isEmpty()) {
-        return;
-    }
-    QStringList names;
-    for (const UserId userId : selected) {
-        names << users->NameAt(users->RowOf(userId));
-    }
-    selectionModel()->clearSelection();
-    if (!ask(names)) {
-        return;
-    }
-    const bool done = Perform(services,
-                              window(),
-                              what,
-                              actionOn({selected.begin(), selected.end()}),
-                              SessionThread::Patience::Endless);
-    if (done) {
-        for (const UserId userId : selected) {
-            users->RemoveRowOf(userId);
-        }
-    }
     FillList(sortColumn, true);
+}
+
+void CAdministratorView::RefillAsShown()
+{
+    FillList(shownOrder, shownAscending);
 }
 
 void CAdministratorView::RefreshKey()
 {
     services.database.Reopen();
-    FillList(sortColumn, true);
+    RefillByName();
 }
 
 void CAdministratorView::FillPopUp(QMenu &menu)
@@ -535,11 +410,11 @@ void CAdministratorView::FillPopUp(QMenu &menu)
     }
     const bool several = SelectedRows().size() >= 2;
     menu.setObjectName(several ? u"severalUsersPopUp"_s : u"userPopUp"_s);
-    const auto changeGroup = [this] { MoveToChosenGroup(SelectedIds()); };
+    const auto changeGroup = [this] { commands.ChangeGroupOfChosen(); };
     if (several) {
         AddEntry(menu, tr("Change group..."), changeGroup);
         if (dialogs.userLimits) {
-            AddEntry(menu, tr("Set mode/limits..."), [this] { SetLimitsOfChosen(); });
+            AddEntry(menu, tr("Set mode/limits..."), [this] { commands.SetLimitsOfChosen(); });
         }
     } else {
         AddEntry(menu, tr("Properties..."), Opener(dialogs.userProperties));
@@ -548,7 +423,7 @@ void CAdministratorView::FillPopUp(QMenu &menu)
         AddEntry(menu, tr("Change group..."), changeGroup);
     }
     menu.addSeparator();
-    AddEntry(menu, tr("Do not monitor"), [this] { StopMonitoringSelected(); });
+    AddEntry(menu, tr("Do not monitor"), [this] { commands.StopMonitoring(); });
     AddEntry(menu, several ? tr("Delete") : tr("Remove"), [this] { DeleteSelected(); });
     if (MayHoldBack()) {
         menu.addSeparator();
@@ -559,9 +434,9 @@ void CAdministratorView::FillPopUp(QMenu &menu)
 void CAdministratorView::FillPopUpOfMatching(QMenu &menu)
 {
     menu.setObjectName(u"matchingUsersPopUp"_s);
-    AddEntry(menu, tr("Change group..."), [this] { MoveChosen(); });
+    AddEntry(menu, tr("Change group..."), [this] { commands.ChangeGroupOfChosen(); });
     if (dialogs.userLimits) {
-        AddEntry(menu, tr("Set mode/limits..."), [this] { SetLimitsOfChosen(); });
+        AddEntry(menu, tr("Set mode/limits..."), [this] { commands.SetLimitsOfChosen(); });
     }
 }
 
@@ -603,7 +478,7 @@ void CAdministratorView::startDrag(Qt::DropActions /*actions*/)
     if (dragged.isEmpty()) {
         return;
     }
-    QLabel picture(NamesLine(FirstNames(dragged), dragged.size()));
+    QLabel picture(NamesLine(commands.FirstNames(dragged), dragged.size()));
     picture.setTextFormat(Qt::PlainText);
     picture.setFrameShape(QFrame::Box);
     picture.setMargin(4);

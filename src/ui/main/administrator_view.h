@@ -4,12 +4,12 @@
 
 #include "access/access_words.h"
 #include "access/user_list.h"
-#include "actions/action.h"
 #include "startup/app_services.h"
 #include "ui/main/frame_dialogs.h"
 #include "ui/main/id_list_pane.h"
 #include "ui/main/matching_users.h"
 #include "ui/main/user_columns.h"
+#include "ui/main/user_commands.h"
 #include "ui/main/user_finder.h"
 
 #include <QDrag>
@@ -73,8 +73,18 @@ public:
     // All that match, where they are chosen; else the selected ones.
     [[nodiscard]] QList<UserId> ChosenIds() const;
 
-    // Asks, naming the number, where all that match are chosen.
-    [[nodiscard]] bool MayChangeChosen() const;
+    // What can be done with the users that are chosen.
+    [[nodiscard]] UserCommands &Commands() { return commands; }
+
+    // The name of a user that is listed; empty for any other.
+    [[nodiscard]] QString NameOf(UserId userId) const;
+
+    // Takes rows out whose users are gone, before a refill tells.
+    void RemoveRows(const QList<UserId> &userIds);
+
+    // Reads the list anew, in the last order by name, workstation or full name, or in the present one.
+    void RefillByName();
+    void RefillAsShown();
 
     // Selects the first row, if there is one, and takes the focus.
     void GoToFirst();
@@ -87,9 +97,6 @@ public:
     void DeleteSelected() override;
     [[nodiscard]] QString AccountPrompt() const override;
     void AskForAccount(QObject *context, const std::function<void(bool)> &answer) override;
-    void ChangeGroup(); // of the first selected user, or of all that match; no refill follows
-    void MoveToGroup(const QList<UserId> &userIds, GroupId groupId, const QString &name);
-    void StopMonitoringSelected();
 
 protected:
     [[nodiscard]] UserId IdAt(int row) const override;
@@ -103,16 +110,11 @@ protected:
 
 private:
     [[nodiscard]] ListToExport WholeList() const;
-    [[nodiscard]] QStringList FirstNames(const QList<UserId> &userIds) const;
-    [[nodiscard]] bool TellsOfMatching() const;
     void MatchingChanged();
-    void MoveChosen();
-    void SetLimitsOfChosen();
     void FillPopUpOfMatching(QMenu &menu);
     void InsertColumns();
     void FitMacAddresses();
     void HeaderClicked(int section);
-    void MoveToChosenGroup(const QList<UserId> &userIds);
     void ShowSortIndicator();
     void TakeList(const UserList &list, int order, bool ascending);
     void FillFiltered(int order, bool ascending, bool quickFirst);
@@ -120,12 +122,10 @@ private:
     [[nodiscard]] WordsStyle AccountStyle() const;
     void TakeFound(const UserList &found);
     void TakeFocusAt(int row, const QList<int> &selected);
-    void RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
-                        const QString &what,
-                        Action (*actionOn)(const std::vector<UserId> &));
 
     const AppServices &services;
     const FrameDialogs &dialogs;
+    UserCommands commands;
     UserListModel *users;
     UserColumns columns;
     ColumnMemory *columnMemory = nullptr;

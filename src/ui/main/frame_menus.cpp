@@ -89,7 +89,7 @@ void FrameMenus::MakeUserMenu()
         frame.ActivePane().OpenAccount();
     });
     changeGroup = Add(menu, {"changeGroup", tr("Change &group..."), {}, Picture::Group}, [this] {
-        frame.Users().ChangeGroup();
+        frame.Users().Commands().ChangeGroup();
     });
     menu.addSeparator();
     doNotMonitor = Add(menu,
@@ -97,7 +97,7 @@ void FrameMenus::MakeUserMenu()
                         tr("Do not &monitor"),
                         tr("Move to the unmonitored list"),
                         Picture::Unmonitored},
-                       [this] { frame.Users().StopMonitoringSelected(); });
+                       [this] { frame.Users().Commands().StopMonitoring(); });
     remove = Add(menu,
                  {"delete", tr("&Delete"), tr("Delete user or the group"), Picture::Delete},
                  [this] { frame.ActivePane().DeleteSelected(); });

@@ -69,11 +69,14 @@ void CSplitterFrame::CreatePanes()
     RememberParts(*splitter, u"main"_s);
     panes->addWidget(splitter);
     setCentralWidget(panes);
-    connect(groups,
-            &CAdministratorViewGrp::UsersDropped,
-            users,
-            &CAdministratorView::MoveToGroup,
-            Qt::QueuedConnection); // the drag comes to its end before anything is asked
+    connect(
+        groups,
+        &CAdministratorViewGrp::UsersDropped,
+        users,
+        [this](const QList<UserId> &userIds, GroupId groupId, const QString &name) {
+            users->Commands().MoveToGroup(userIds, groupId, name);
+        },
+        Qt::QueuedConnection); // the drag comes to its end before anything is asked
     activePane = users;
     users->LoadColumns();
     why = new WhySide(services, *this, *panes);

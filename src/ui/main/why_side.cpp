@@ -103,7 +103,7 @@ void WhySide::AddKeys()
 // By value: the question may outlast the choice.
 void WhySide::RunForChosen(QList<UserId> userIds, void (UserBlocking::*run)(const QList<UserId> &))
 {
-    if (frame.Users().MayChangeChosen()) {
+    if (frame.Users().Commands().MayChangeChosen()) {
         (blocking->*run)(userIds);
     }
 }

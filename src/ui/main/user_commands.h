@@ -1,0 +1,57 @@
+// What the commands of the users list do with the users that are chosen in it.
+#pragma once
+
+#include "actions/action.h"
+#include "startup/app_services.h"
+#include "ui/main/frame_dialogs.h"
+
+#include <QCoreApplication>
+#include <QList>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+class CAdministratorView;
+
+class UserCommands
+{
+    Q_DECLARE_TR_FUNCTIONS(UserCommands)
+
+public:
+    // All of them must outlive it.
+    UserCommands(const AppServices &services,
+                 const FrameDialogs &dialogs,
+                 CAdministratorView &list);
+
+    // Asks, naming the number, where all users that match are chosen.
+    [[nodiscard]] bool MayChangeChosen() const;
+
+    // Of the first selected user, or of all that match; no refill follows.
+    void ChangeGroup();
+
+    // Of all that are chosen.
+    void ChangeGroupOfChosen();
+    void SetLimitsOfChosen();
+
+    // Dropped on the group, called `name`. Asks, and has the list read anew.
+    void MoveToGroup(const QList<UserId> &userIds, GroupId groupId, const QString &name);
+
+    // Of the selected rows. Each asks first, and says that it does not work on all users that match.
+    void Delete();
+    void StopMonitoring();
+
+    // For a line that names some of the users: the first names, of those that are listed.
+    [[nodiscard]] QStringList FirstNames(const QList<UserId> &userIds) const;
+
+private:
+    [[nodiscard]] bool TellsOfMatching() const;
+    void MoveToChosenGroup(const QList<UserId> &userIds);
+    void RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
+                        const QString &what,
+                        Action (*actionOn)(const std::vector<UserId> &));
+
+    const AppServices &services;
+    const FrameDialogs &dialogs;
+    CAdministratorView &list;
+};
