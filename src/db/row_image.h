@@ -21,14 +21,13 @@ struct RowSet
 };
 
 // Of equal row sets it is equal.
-[[nodiscard]] inline size_t qHash(const RowSet &rows,
-                                  size_t seed = 0) // NOLINT: as QHash looks for it
+[[nodiscard]] inline size_t qHash(const RowSet &set, size_t seed = 0) // NOLINT: QHash's name
 {
     return qHashMulti(seed,
-                      static_cast<const void *>(rows.table),
-                      static_cast<const void *>(rows.ownerColumn),
-                      rows.owner,
-                      static_cast<const void *>(rows.keyColumn));
+                      static_cast<const void *>(set.table),
+                      static_cast<const void *>(set.ownerColumn),
+                      set.owner,
+                      static_cast<const void *>(set.keyColumn));
 }
 
 struct RowImage

@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-EmptyNote::EmptyNote(QAbstractItemView &list, const QString &text) : QLabel(text, &list), view(list)
+EmptyNote::EmptyNote(QAbstractItemView &view, const QString &text) : QLabel(text, &view)
 {
     setObjectName(u"emptyNote"_s);
     setTextFormat(Qt::PlainText);
@@ -39,13 +39,25 @@ bool EmptyNote::eventFilter(QObject *watched, QEvent *event)
 
 void EmptyNote::FollowRows()
 {
-    const bool isShown = view.model()->rowCount() == 0 && !text().isEmpty();
+    QAbstractItemView *view = List();
+    if (view == nullptr) {
+        return;
+    }
+    const bool isShown = view->model()->rowCount() == 0 && !text().isEmpty();
     setVisible(isShown);
-    view.setAccessibleDescription(isShown ? text() : QString());
+    view->setAccessibleDescription(isShown ? text() : QString());
 }
 
 // A part of the list's ground would scroll with the columns.
 void EmptyNote::FillList()
 {
-    setGeometry(view.viewport()->geometry());
+    if (const QAbstractItemView *view = List()) {
+        setGeometry(view->viewport()->geometry());
+    }
+}
+
+// A list that goes empties its rows at the end, when it is no list any more.
+QAbstractItemView *EmptyNote::List() const
+{
+    return qobject_cast<QAbstractItemView *>(parentWidget());
 }

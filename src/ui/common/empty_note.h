@@ -23,6 +23,5 @@ protected:
 private:
     void FollowRows();
     void FillList();
-
-    QAbstractItemView &view;
+    [[nodiscard]] QAbstractItemView *List() const; // null while the list is being destroyed
 };
