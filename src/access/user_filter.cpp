@@ -168,14 +168,16 @@ Problem TakeSpan(const QString &text, UserFilter &filter)
 
 Problem TakePlain(const TypedWord &word, UserFilter &filter)
 {
-    if (word.quoted) {
-        filter.texts << word.text;
-    } else if (word.text.compare(kBlockedWord, Qt::CaseInsensitive) == 0) {
-        filter.blocked = true;
-    } else if (word.text.compare(kOverWord, Qt::CaseInsensitive) == 0) {
-        filter.usedUp = true;
-    } else if (LooksLikeSpan(word.text)) {
+    const auto isWord = [&word](const QString &known) {
+        return !word.quoted && word.text.compare(known, Qt::CaseInsensitive) == 0;
+    };
+    if (!word.quoted && LooksLikeSpan(word.text)) {
         return TakeSpan(word.text, filter);
+    }
+    if (isWord(kBlockedWord)) {
+        filter.blocked = true;
+    } else if (isWord(kOverWord)) {
+        filter.usedUp = true;
     } else {
         filter.texts << word.text;
     }

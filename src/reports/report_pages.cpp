@@ -33,7 +33,7 @@ QSizeF Enlarged(QSizeF sheet)
 
 } // namespace
 
-ReportPages::ReportPages(ReportTablePtr ofTable, const RunControl *control)
+ReportPages::ReportPages(const ReportTablePtr &ofTable, const RunControl *control)
     : ReportPages(ofTable, UsualSheet(ofTable->layout), control)
 { }
 

@@ -16,7 +16,7 @@ class ReportPages
 public:
     // On A4, lying or standing as the layout wants it. Laying out takes long where a million texts need
     // more than one line: `control` may end it, and what it gives is then of no use.
-    explicit ReportPages(ReportTablePtr ofTable, const RunControl *control = nullptr);
+    explicit ReportPages(const ReportTablePtr &ofTable, const RunControl *control = nullptr);
 
     // On pages as wide and high as `sheet`, in points; where that has no room for a table, on larger
     // ones of the same shape.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QHash>
+#include <QObject>
 #include <QSize>
 #include <QStringList>
 

@@ -100,11 +100,12 @@ void WhySide::AddKeys()
     connect(undo, &QAction::triggered, blocking, &UserBlocking::Undo);
 }
 
-// By value: the question may outlast the choice.
-void WhySide::RunForChosen(QList<UserId> userIds, void (UserBlocking::*run)(const QList<UserId> &))
+void WhySide::RunForChosen(const QList<UserId> &userIds,
+                           void (UserBlocking::*run)(const QList<UserId> &))
 {
+    const QList<UserId> asked = userIds; // the question may outlast the choice
     if (frame.Users().Commands().MayChangeChosen()) {
-        (blocking->*run)(userIds);
+        (blocking->*run)(asked);
     }
 }
 

@@ -32,7 +32,8 @@ private:
     void FollowLists();
     void AddKeys();
     void SetShown(bool shown);
-    void RunForChosen(QList<UserId> userIds, void (UserBlocking::*run)(const QList<UserId> &));
+    void RunForChosen(const QList<UserId> &userIds,
+                      void (UserBlocking::*run)(const QList<UserId> &));
     void Run(WhyCommand command, bool ofGroup, UserId userId, GroupId groupId);
     void RunForUser(WhyCommand command, UserId userId);
     void RunForGroup(WhyCommand command, GroupId groupId);
