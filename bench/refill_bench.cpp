@@ -154,6 +154,9 @@ void RefillList(benchmark::State &state, const QString &engine, const Refill &re
         view.ToggleColumn(UserColumn::Used);
         view.ToggleColumn(UserColumn::Left);
     }
+    while (view.IsReading()) { // what the columns have brought about
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
     view.setUpdatesEnabled(false);
     QEventLoop loop;
     QObject::connect(&view, &CAdministratorView::Filled, &loop, &QEventLoop::quit);

@@ -3,6 +3,8 @@
 #include "base/day.h"
 #include "db/query.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <utility>
 
@@ -11,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kIdsAtOnce = 60; // a statement has room for few more values
+constexpr quint32 kDense = 4; // ids that are at least every fourth one are read as a span
 
 // Rules of users while they are read, with the record that credits of a limit name.
 struct Account
@@ -24,18 +27,19 @@ using Accounts = QHash<UserId, Account>;
 
 // Behind each "AND" may follow.
 constexpr const char *kTraffic =
-    "SELECT users.user_id, users.mode, users.own_price, users.trafprice, users.traflim, "
-    "users.trafperiod, traffic_use.traf_id, traffic_use.data, traffic_use.blocked, "
-    "traffic_use.current_time FROM users LEFT JOIN traffic_use ON traffic_use.user_id = "
-    "users.user_id AND traffic_use.period = users.trafperiod AND (users.trafperiod = 2 OR "
-    "traffic_use.current_time = (?)) WHERE users.mode <> 0 AND users.mode <> 4";
+    "SELECT users.user_id, users.mode, users.traflim, users.trafperiod, traffic_use.traf_id, "
+    "traffic_use.data, traffic_use.blocked, traffic_use.current_time FROM users LEFT JOIN "
+    "traffic_use ON traffic_use.user_id = users.user_id AND traffic_use.period = users.trafperiod "
+    "AND (users.trafperiod = 2 OR traffic_use.current_time = (?)) WHERE users.mode IN (1, 5)";
 
 constexpr const char *kTime =
-    "SELECT users.user_id, users.mode, users.own_price, users.trafprice, users.timelim, "
-    "users.timeperiod, time_use.time_id, time_use.data, time_use.blocked, "
-    "time_use.current_time FROM users LEFT JOIN time_use ON time_use.user_id = "
-    "users.user_id AND time_use.period = users.timeperiod AND (users.timeperiod = 2 OR "
-    "time_use.current_time = (?)) WHERE users.mode = 4";
+    "SELECT users.user_id, users.mode, users.timelim, users.timeperiod, time_use.time_id, "
+    "time_use.data, time_use.blocked, time_use.current_time FROM users LEFT JOIN time_use ON "
+    "time_use.user_id = users.user_id AND time_use.period = users.timeperiod AND "
+    "(users.timeperiod = 2 OR time_use.current_time = (?)) WHERE users.mode = 4";
+
+constexpr const char *kPrePaid =
+    "SELECT users.user_id, users.own_price, users.trafprice FROM users WHERE users.mode = 2";
 
 constexpr const char *kCredits =
     "SELECT object_id, mode, trafid, time_id, data, usage, moneydata, moneyusage, unlimited, "
@@ -44,26 +48,33 @@ constexpr const char *kCredits =
 template <typename Unit>
 void TakeUse(const Row &row, LimitRules<Unit> &rules, quint32 &record)
 {
-    rules.period = row.Code<LimitPeriod>(6);
-    record = row.Integer(7);
+    rules.period = row.Code<LimitPeriod>(4);
+    record = row.Integer(5);
     if (record != 0) {
-        const QDate day = QDate::fromString(row.Text(10).left(10), Qt::ISODate);
-        rules.use = CountedUse<Unit> {Unit {row.Amount(8)}, row.Flag(9), day};
+        const QDate day = QDate::fromString(row.Text(8).left(10), Qt::ISODate);
+        rules.use = CountedUse<Unit> {Unit {row.Amount(6)}, row.Flag(7), day};
     }
 }
 
-Account AccountIn(const Row &row, double price)
+Account LimitIn(const Row &row)
 {
     Account account;
     account.rules.mode = row.Code<AccountingMode>(2);
-    account.rules.price = row.Flag(3) ? row.Amount(4) : price;
     if (account.rules.mode == AccountingMode::Time) {
-        account.rules.time.limit = AmountOf(WholeHours {row.Integer(5)});
+        account.rules.time.limit = AmountOf(WholeHours {row.Integer(3)});
         TakeUse(row, account.rules.time, account.timeRecord);
     } else {
-        account.rules.traffic.limit = AmountOf(WholeMegabytes {row.Integer(5)});
+        account.rules.traffic.limit = AmountOf(WholeMegabytes {row.Integer(3)});
         TakeUse(row, account.rules.traffic, account.trafficRecord);
     }
+    return account;
+}
+
+Account PrePaidIn(const Row &row, double price)
+{
+    Account account;
+    account.rules.mode = AccountingMode::Provider;
+    account.rules.price = row.Flag(2) ? row.Amount(3) : price;
     return account;
 }
 
@@ -142,31 +153,53 @@ Whose Of(const QList<UserId> &users, qsizetype from)
     return whose;
 }
 
+// From the least of them to the greatest, where few others are between.
+std::optional<Whose> SpanOf(const QList<UserId> &users)
+{
+    const auto [least, greatest] = std::ranges::minmax(users, {}, &UserId::value);
+    if (greatest.value - least.value >= kDense * static_cast<quint32>(users.size())) {
+        return std::nullopt;
+    }
+    return Whose {" BETWEEN (?) AND (?)", {least.value, greatest.value}};
+}
+
 QByteArray Restricted(const char *sqlText, const char *column, const Whose &whose)
 {
     return whose.clause.isEmpty() ? QByteArray(sqlText)
                                   : sqlText + QByteArray(" AND ") + column + whose.clause;
 }
 
+// Of several records of a user the last one counts.
+template <typename Reader>
+Result<bool> ReadInto(Accounts &accounts,
+                      const QByteArray &sqlText,
+                      const Reader &reader,
+                      const ValueList &values)
+{
+    const auto take = [&reader](const Row &row) {
+        return std::pair {row.Id<UserId>(1), reader(row)};
+    };
+    return ReadAll(sqlText.constData(), take, values)
+        .map([&accounts](std::vector<std::pair<UserId, Account>> read) {
+            for (auto &[userId, account] : read) {
+                accounts.insert(userId, std::move(account));
+            }
+            return true;
+        });
+}
+
 Result<bool> ReadLimits(const Whose &whose, AccountMoment moment, Accounts &accounts)
 {
     ValueList values {DayOf(moment.today)};
     values.insert(values.end(), whose.values.begin(), whose.values.end());
-    for (const char *sqlText : {kTraffic, kTime}) {
-        const auto read = ReadAll(
-            Restricted(sqlText, "users.user_id", whose).constData(),
-            [&moment](const Row &row) {
-                return std::pair {row.Id<UserId>(1), AccountIn(row, moment.price)};
-            },
-            values);
-        if (!read) {
-            return tl::unexpected(read.error());
-        }
-        for (const auto &[userId, account] : *read) {
-            accounts.insert(userId, account); // of several records the last one counts
-        }
-    }
-    return true;
+    const auto restricted = [&whose](const char *sqlText) {
+        return Restricted(sqlText, "users.user_id", whose);
+    };
+    const auto prePaid = [&moment](const Row &row) { return PrePaidIn(row, moment.price); };
+    return ReadInto(accounts, restricted(kTraffic), LimitIn, values)
+        .and_then([&](bool) { return ReadInto(accounts, restricted(kTime), LimitIn, values); })
+        .and_then(
+            [&](bool) { return ReadInto(accounts, restricted(kPrePaid), prePaid, whose.values); });
 }
 
 Result<bool> ReadCredits(const Whose &whose, Accounts &accounts)
@@ -318,6 +351,15 @@ Part LeftAmount(const ValueList &today, const ValueList &month, const ValueList 
 Result<AccountUses> ReadAccountUses(const QList<UserId> &users, AccountMoment moment)
 {
     Accounts accounts;
+    if (users.isEmpty()) {
+        return AccountUses();
+    }
+    if (const auto span = SpanOf(users)) {
+        const auto read = ReadAccounts(*span, moment, accounts);
+        const QSet<UserId> wanted(users.begin(), users.end());
+        accounts.removeIf([&wanted](auto account) { return !wanted.contains(account.key()); });
+        return UsesOf(read, accounts, moment.today);
+    }
     Result<bool> read = true;
     for (qsizetype from = 0; read && from < users.size(); from += kIdsAtOnce) {
         read = ReadAccounts(Of(users, from), moment, accounts);

@@ -68,13 +68,13 @@ Result<GroupNames> ReadNames(const std::vector<ReadUser> &users)
     return names;
 }
 
-UserList ListOf(const std::vector<ReadUser> &users, const GroupNames &names)
+UserList ListOf(std::vector<ReadUser> users, const GroupNames &names)
 {
     UserList list;
     list.rows.reserve(kUserListCapacity);
     list.rowUserIds.reserve(kUserListCapacity);
-    for (const ReadUser &user : users) {
-        list.rows.append(user.row);
+    for (ReadUser &user : users) {
+        list.rows.append(std::move(user.row));
         list.rows.back().groupName = names.value(user.groupId);
         list.rowUserIds.append(user.userId);
     }
@@ -98,12 +98,12 @@ Result<UserList> user_list::Read(const QByteArray &statement,
                                  quint32 most,
                                  bool withGroupNames)
 {
-    const auto users = ReadUpTo(most, statement.constData(), UserOf, values);
+    auto users = ReadUpTo(most, statement.constData(), UserOf, values);
     if (!users) {
         return tl::unexpected(users.error());
     }
     return (withGroupNames ? ReadNames(*users) : Result<GroupNames>())
-        .map([&users](const GroupNames &names) { return ListOf(*users, names); });
+        .map([&users](const GroupNames &names) { return ListOf(*std::move(users), names); });
 }
 
 std::optional<Failure> user_list::ForEach(const QByteArray &statement,

@@ -82,12 +82,21 @@ TEST_P(AccountUsesRead, OnlyOfTheUsersThatAreNamed)
 {
     FillDemonstration();
     const QList<UserId> everybody = Everybody();
-    for (const qsizetype count : {0, 1, 59, 60, 61, 120}) {
-        const auto uses = ReadAccountUses(everybody.first(count), kMoment);
-        ASSERT_TRUE(uses);
-        for (const UserId userId : everybody) {
-            const bool isNamed = everybody.indexOf(userId) < count;
-            EXPECT_LE(uses->contains(userId), isNamed) << userId.value << " of " << count;
+    const auto all = ReadAllAccountUses(kMoment);
+    ASSERT_TRUE(all);
+    // Side by side they are read as a span, far from each other in portions of sixty.
+    Execute("INSERT INTO users (user_id, username, mode) VALUES (4000000, 'far', 1)");
+    for (const bool isSpan : {true, false}) {
+        for (const qsizetype count : {0, 1, 59, 60, 61, 120}) {
+            const QList<UserId> few = everybody.first(count);
+            const auto uses =
+                ReadAccountUses(isSpan ? few : few + QList {UserId {4000000}}, kMoment);
+            ASSERT_TRUE(uses);
+            for (const UserId userId : everybody) {
+                const bool isWanted = few.contains(userId) && all->contains(userId);
+                EXPECT_EQ(uses->contains(userId), isWanted) << userId.value << " of " << count;
+            }
+            EXPECT_NE(uses->contains(UserId {4000000}), isSpan);
         }
     }
 }

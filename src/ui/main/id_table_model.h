@@ -19,13 +19,9 @@ public:
     void SetList(const List &newList)
     {
         const QList<IdType> wanted = newList.*idsOf;
-        QHash<IdType, int> places;
-        for (const IdType id : wanted) {
-            places.insert(id, static_cast<int>(places.size()));
+        if (wanted != Ids()) { // mostly only values have changed
+            ArrangeFor(newList, wanted);
         }
-        RemoveAllBut(places);
-        AppendMissing(newList);
-        MoveTo(places);
         list = newList;
         if (!wanted.isEmpty()) {
             emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
@@ -57,6 +53,17 @@ protected:
 
 private:
     [[nodiscard]] const QList<IdType> &Ids() const { return list.*idsOf; }
+
+    void ArrangeFor(const List &newList, const QList<IdType> &wanted)
+    {
+        QHash<IdType, int> places;
+        for (const IdType id : wanted) {
+            places.insert(id, static_cast<int>(places.size()));
+        }
+        RemoveAllBut(places);
+        AppendMissing(newList);
+        MoveTo(places);
+    }
 
     void RemoveRows(int first, int last)
     {
