@@ -182,7 +182,7 @@ Result<bool> ReadInto(Accounts &accounts,
     return ReadAll(sqlText.constData(), take, values)
         .map([&accounts](std::vector<std::pair<UserId, Account>> read) {
             for (auto &[userId, account] : read) {
-                accounts.insert(userId, std::move(account));
+                accounts[userId] = std::move(account);
             }
             return true;
         });

@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QClipboard>
 #include <QCompleter>
+#include <QDialog>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
