@@ -12,6 +12,8 @@ struct GroupRow
     QString name;
     QString description;
     bool blocked = false;
+
+    bool operator==(const GroupRow &) const = default;
 };
 
 // Row i shows the group rowGroupIds[i].

@@ -24,6 +24,8 @@ struct UserRow
     QString groupName;
     AccessState access = AccessState::Allowed;
     std::optional<AccountUse> use; // nothing: not read, or none
+
+    bool operator==(const UserRow &) const = default;
 };
 
 // Row i shows the user rowUserIds[i].

@@ -165,6 +165,7 @@ void CAdministratorView::ShowFilter(const UserFilter &newFilter, const QString &
 void CAdministratorView::TakeList(const UserList &list, int order, bool ascending)
 {
     KeepingPlace([&] { users->SetList(list); });
+    viewport()->update(); // figures of accounts may be written in another currency
     FitMacAddresses();
     if (const auto chosen = std::exchange(chosenBefore, std::nullopt)) {
         ChooseAgain(*chosen);

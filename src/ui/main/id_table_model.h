@@ -22,10 +22,7 @@ public:
         if (wanted != Ids()) { // mostly only values have changed
             ArrangeFor(newList, wanted);
         }
-        list = newList;
-        if (!wanted.isEmpty()) {
-            emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
-        }
+        TakeValues(newList);
     }
 
     void RemoveRowOf(IdType id)
@@ -63,6 +60,24 @@ private:
         RemoveAllBut(places);
         AppendMissing(newList);
         MoveTo(places);
+    }
+
+    // Tells of the rows from the first to the last whose values differ: for each row that is told of a
+    // view asks for every one of its cells.
+    void TakeValues(const List &newList)
+    {
+        int first = 0;
+        int last = rowCount() - 1;
+        while (first <= last && list.rows[first] == newList.rows[first]) {
+            ++first;
+        }
+        while (last > first && list.rows[last] == newList.rows[last]) {
+            --last;
+        }
+        list = newList;
+        if (first <= last) {
+            emit this->dataChanged(index(first, 0), index(last, columnCount() - 1));
+        }
     }
 
     void RemoveRows(int first, int last)
