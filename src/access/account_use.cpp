@@ -51,7 +51,7 @@ void TakeUse(const Row &row, LimitRules<Unit> &rules, quint32 &record)
     rules.period = row.Code<LimitPeriod>(4);
     record = row.Integer(5);
     if (record != 0) {
-        const QDate day = QDate::fromString(row.Text(8).left(10), Qt::ISODate);
+        const QDate day = DateIn(row.Text(8), u'-');
         rules.use = CountedUse<Unit> {Unit {row.Amount(6)}, row.Flag(7), day};
     }
 }

@@ -1,10 +1,10 @@
 #include "access/credit_expiry.h"
 
-using namespace Qt::StringLiterals;
+#include "base/day.h"
 
 QDate CreditExpiry::LastDay() const
 {
-    return unlimited ? QDate() : QDate::fromString(day, u"yyyy.MM.dd"_s);
+    return unlimited || day.size() != 10 ? QDate() : DateIn(day, u'.');
 }
 
 bool CreditExpiry::IsOver(QDate today) const

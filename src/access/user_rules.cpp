@@ -65,7 +65,7 @@ Result<std::optional<ReadUse<Unit>>>
 ReadCounted(const UseTexts &texts, const Owner &owner, LimitPeriod period, QDate today)
 {
     const auto take = [](const Row &row) {
-        const QDate day = QDate::fromString(row.Text(4).left(10), Qt::ISODate);
+        const QDate day = DateIn(row.Text(4), u'-');
         return ReadUse<Unit> {row.Integer(1), {Unit {row.Amount(2)}, row.Flag(3), day}};
     };
     if (period == LimitPeriod::Month) {

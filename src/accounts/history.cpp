@@ -75,7 +75,7 @@ Result<std::vector<BillId>> SelectedCredits(const HistoryFilter &filter)
 // A date and time as the engines write it; fractions of a second are left out.
 QDateTime MomentFrom(const QString &text)
 {
-    return {QDate::fromString(text.left(10), Qt::ISODate),
+    return {DateIn(text, u'-'),
             QTime::fromString(text.mid(11, 8), u"HH:mm:ss"_s)};
 }
 

@@ -308,7 +308,7 @@ Result<std::vector<DailyTraffic>> ReadDailyTraffic(const Owner &owner)
     return ReadAll(
                kDays.For(owner),
                [](const Row &row) {
-                   return DailyTraffic {QDate::fromString(row.Text(1).left(10), Qt::ISODate),
+                   return DailyTraffic {DateIn(row.Text(1), u'-'),
                                         Megabytes {row.Amount(2)},
                                         Megabytes {row.Amount(3)}};
                },

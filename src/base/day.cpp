@@ -11,6 +11,19 @@ int MonthBefore(int month)
     return month == 1 ? 12 : month - 1;
 }
 
+// 0, which is no year, month or day, when one of them is no digit.
+int NumberOf(QStringView digits)
+{
+    int number = 0;
+    for (const QChar digit : digits) {
+        if (digit < u'0' || digit > u'9') {
+            return 0;
+        }
+        number = number * 10 + digit.digitValue();
+    }
+    return number;
+}
+
 } // namespace
 
 Day DayOf(QDate date)
@@ -22,6 +35,14 @@ QDate ExistingDate(Day day)
 {
     const QDate exact(day.year, day.month, day.day);
     return exact.isValid() ? exact : QDate(day.year, day.month, 1).addMonths(1);
+}
+
+QDate DateIn(QStringView text, QChar separator)
+{
+    if (text.size() < 10 || text[4] != separator || text[7] != separator) {
+        return {};
+    }
+    return {NumberOf(text.first(4)), NumberOf(text.sliced(5, 2)), NumberOf(text.sliced(8, 2))};
 }
 
 Day FirstDayOfLastWeek(QDate today)

@@ -71,6 +71,26 @@ TEST(Day, LastWeekAndLastMonthAreSimpleArithmetic)
     EXPECT_EQ(ExistingDate({2026, 4, 31}), QDate(2026, 5, 1));
 }
 
+TEST(Day, IsReadFromTheBeginningOfAText)
+{
+    const QDate day(2026, 2, 28);
+    for (const QString &text : {u"2026-02-28"_s, u"2026-02-28 10:11:12"_s}) {
+        EXPECT_EQ(DateIn(text, u'-'), day) << qPrintable(text);
+    }
+    EXPECT_EQ(DateIn(u"2026.02.28", u'.'), day);
+    for (const QString &text : {u""_s,
+                                u"2026-02-2"_s,
+                                u"2026-02-30"_s,
+                                u"2026-13-01"_s,
+                                u"0000-01-01"_s,
+                                u"-026-02-28"_s,
+                                u"2026-2 -28"_s,
+                                u"2026-02-\u0662\u0668"_s,
+                                u"2026.02.28"_s}) {
+        EXPECT_FALSE(DateIn(text, u'-').isValid()) << qPrintable(text);
+    }
+}
+
 TEST(Day, TodayCanBeAnotherDay)
 {
     {
