@@ -81,6 +81,12 @@ inline constexpr TextValue kUserviewEnabled {K::Base, "UserviewEnabled"}; // fla
 inline constexpr TextValue kClientPwd {K::Base, "clientpwd"}; // deinstall password, plain text
 inline constexpr TextValue kMonitorProtMode {K::Base, "monitorprotmode"}; // 0 to 3
 
+// Read by the accounting service alone; nothing in the console writes them.
+inline constexpr TextValue kGatewayId {K::Base, "GatewayId"}; // missing: the machine's own
+inline constexpr TextValue kIdleGrace {K::Base, "IdleGrace"}; // seconds; missing: 300
+inline constexpr TextValue kOnStop {K::Base, "OnStop"}; // "pass" or "keep"
+inline constexpr TextValue kUnknownIpv6 {K::Base, "UnknownIPv6"}; // "refuse" or "pass"
+
 // Currency and price.
 inline constexpr TextValue kCurUse {K::Base, "curuse"}; // 0 none, 1 defined, 2 in use
 inline constexpr TextValue kCurrencyName {K::Base, "currencyname"};
@@ -144,6 +150,10 @@ inline constexpr std::array kAllTexts {kBillDsn,
                                        kUserviewEnabled,
                                        kClientPwd,
                                        kMonitorProtMode,
+                                       kGatewayId,
+                                       kIdleGrace,
+                                       kOnStop,
+                                       kUnknownIpv6,
                                        kCurUse,
                                        kCurrencyName,
                                        kCurrencySymbol,

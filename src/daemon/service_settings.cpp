@@ -1,0 +1,182 @@
+#include "daemon/service_settings.h"
+
+#include "admin/exclusions.h"
+#include "base/text.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QSysInfo>
+
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kUsualPeriod = 60; // seconds
+constexpr int kUsualGrace = 300;
+constexpr int kLongestPeriod = 86400;
+
+// The machine's own id is not told to others.
+QString IdOfMachine()
+{
+    const QByteArray id = QSysInfo::machineUniqueId();
+    return QString::fromLatin1(
+        QCryptographicHash::hash("tollbrook " + id, QCryptographicHash::Sha256).toHex().left(32));
+}
+
+// One key while its values are read; what is bad in it is noted.
+class SettingsReader
+{
+public:
+    SettingsReader(const ConfigStore &settingsStore, QStringList &noted)
+        : store(settingsStore)
+        , faults(noted)
+    { }
+
+    // Runs `take` with the key's values, unless they cannot be read.
+    template <typename Take>
+    void Read(ConfigKeyId id, const Take &take)
+    {
+        key = id;
+        const auto opened = store.ReadKey(id);
+        if (!opened) {
+            faults << TextOf(opened.error());
+            return;
+        }
+        take(*opened);
+    }
+
+    // A missing or empty value is `usual`, a bad one leaves `field` as it is.
+    template <typename Number>
+    void Take(const KeyReader &reader,
+              const TextValue &value,
+              qint64 usual,
+              qint64 least,
+              qint64 most,
+              Number &field)
+    {
+        const QString text = reader.ReadText(value).value_or(QString()).trimmed();
+        bool isNumber = true;
+        const qint64 number = text.isEmpty() ? usual : text.toLongLong(&isNumber);
+        if (!isNumber || number < least || number > most) {
+            Note(value, u"is to be a number from %1 to %2"_s.arg(least).arg(most));
+            return;
+        }
+        field = static_cast<Number>(number);
+    }
+
+    void TakeFlag(const KeyReader &reader, const TextValue &value, bool &field)
+    {
+        const QString text = reader.ReadText(value).value_or(QString());
+        field = IntegerFrom(text) != 0;
+    }
+
+    // `field` is true for the second word.
+    void TakeWord(const KeyReader &reader,
+                  const TextValue &value,
+                  const QString &usual,
+                  const QString &other,
+                  bool &field)
+    {
+        const QString word = reader.ReadText(value).value_or(QString()).trimmed().toLower();
+        if (!word.isEmpty() && word != usual && word != other) {
+            Note(value, u"is to be \"%1\" or \"%2\""_s.arg(usual, other));
+            return;
+        }
+        field = word == other;
+    }
+
+    void Note(const TextValue &value, const QString &whatIsWrong)
+    {
+        faults << u"%1 in %2 %3."_s.arg(
+            QLatin1StringView(value.name), store.FileOf(key), whatIsWrong);
+    }
+
+private:
+    const ConfigStore &store;
+    QStringList &faults;
+    ConfigKeyId key = ConfigKeyId::Base;
+};
+
+void ReadBase(const KeyReader &base, SettingsReader &reader, ServiceSettings &settings)
+{
+    settings.dataSource = base.ReadText(values::kBillDsn).value_or(QString());
+    const QString id = base.ReadText(values::kGatewayId).value_or(QString()).trimmed();
+    settings.gatewayId = id.isEmpty() ? IdOfMachine() : id.left(64);
+    int period = static_cast<int>(settings.period.count());
+    reader.Take(base, values::kTimer, 0, 0, kLongestPeriod, period);
+    settings.period = std::chrono::seconds(period == 0 ? kUsualPeriod : period);
+    int grace = static_cast<int>(settings.idleGrace.count());
+    reader.Take(base, values::kIdleGrace, kUsualGrace, 1, kLongestPeriod, grace);
+    settings.idleGrace = std::chrono::seconds(grace);
+    reader.Take(base, values::kIdentMode, 0, 0, 2, settings.identification);
+    reader.Take(base, values::kMonitorProtMode, 0, 0, 3, settings.protocols);
+    reader.Take(base,
+                values::kAuthPort,
+                0,
+                0,
+                std::numeric_limits<quint16>::max(),
+                settings.authPort);
+    reader.TakeFlag(base, values::kControlMac, settings.bindsHardware);
+    reader.TakeFlag(base, values::kAuthReqNew, settings.newUser.authRequired);
+    reader.TakeWord(base, values::kOnStop, u"pass"_s, u"keep"_s, settings.keepsTableOnStop);
+    reader.TakeWord(base, values::kUnknownIpv6, u"refuse"_s, u"pass"_s, settings.passesUnknownIpv6);
+}
+
+void ReadPrice(const KeyReader &key, SettingsReader &reader, ServiceSettings &settings)
+{
+    const double price = key.ReadAmount(values::kTrafPrice);
+    if (!std::isfinite(price) || price < 0) {
+        reader.Note(values::kTrafPrice, u"is to be a price of 0 or more"_s);
+        return;
+    }
+    settings.price = price;
+}
+
+void ReadProfile(const KeyReader &key, ServiceSettings &settings)
+{
+    const bool required = settings.newUser.authRequired;
+    settings.newUser = LoadDefaultProfile(key, KeyReader::kBufferBytes);
+    settings.newUser.authRequired = settings.newUser.authRequired || required;
+}
+
+} // namespace
+
+ReadSettings ReadServiceSettings(const ConfigStore &store, const ServiceSettings &before)
+{
+    ReadSettings read {before, {}};
+    ServiceSettings &settings = read.settings;
+    SettingsReader reader(store, read.faults);
+    reader.Read(ConfigKeyId::Base,
+                [&](const KeyReader &key) { ReadBase(key, reader, settings); });
+    reader.Read(ConfigKeyId::Price,
+                [&](const KeyReader &key) { ReadPrice(key, reader, settings); });
+    reader.Read(ConfigKeyId::DefProfile, [&](const KeyReader &key) { ReadProfile(key, settings); });
+    reader.Read(ConfigKeyId::LocalIp, [&settings](const KeyReader &key) {
+        settings.local = LoadRanges(key);
+        settings.excluded = LoadExclusions(key, kMaxWizardExclusions);
+    });
+    reader.Read(ConfigKeyId::AdapterBind, [&settings](const KeyReader &key) {
+        settings.adapter = key.ReadText(values::kBoundNic).value_or(QString());
+    });
+    return read;
+}
+
+QStringList ProblemsOf(const ServiceSettings &settings)
+{
+    QStringList problems;
+    if (settings.dataSource.isEmpty()) {
+        problems << u"The settings name no data source (\"bill dsn\")."_s;
+    }
+    if (settings.local.isEmpty()) {
+        problems << u"There is no local address range: nobody would be counted. Set one in the "
+                    "console's options, page Network."_s;
+    }
+    if (settings.identification == Identification::ByLogin) {
+        problems << u"Identification by Windows user name is not supported yet: choose IP address or "
+                    "MAC address in the console's options, page Bind."_s;
+    }
+    return problems;
+}
