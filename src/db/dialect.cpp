@@ -90,6 +90,7 @@ constexpr Spelling kSqliteSpellings[] = {
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[1]') * 65536 + "
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[2]') * 256 + "
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[3]') END"},
+    {"present_tables", "(SELECT name AS table_name FROM sqlite_master WHERE type = 'table') t"},
 };
 
 // The names' own collation knows no patterns. The ICU library takes many times as long as the engine
@@ -109,6 +110,9 @@ constexpr Spelling kPostgresqlSpellings[] = {
      "CAST(split_part(ip_addr, '.', 2) AS bigint) * 65536 + "
      "CAST(split_part(ip_addr, '.', 3) AS bigint) * 256 + "
      "CAST(split_part(ip_addr, '.', 4) AS bigint) END"},
+    // Those that the account may not read, too.
+    {"present_tables",
+     "(SELECT tablename AS table_name FROM pg_tables WHERE schemaname = ANY (current_schemas(false))) t"},
 };
 
 constexpr Spelling kMariadbSpellings[] = {
@@ -121,6 +125,8 @@ constexpr Spelling kMariadbSpellings[] = {
     {"scanned", "USE INDEX ()"},
     {"by_key", ""},
     {"address_number", "INET_ATON(ip_addr)"},
+    {"present_tables",
+     "(SELECT table_name FROM information_schema.tables WHERE table_schema = DATABASE()) t"},
 };
 
 } // namespace

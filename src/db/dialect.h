@@ -58,7 +58,8 @@ struct Dialect
     //                   false only for a text in which no such pattern can be;
     //   SCANNED         behind a table: its rows are read as they lie, by no index;
     //   BY_KEY          behind a table: its rows are found by their key, by no other index;
-    //   ADDRESS_NUMBER  the IPv4 address in users.ip_addr as a number; NULL for what is none.
+    //   ADDRESS_NUMBER  the IPv4 address in users.ip_addr as a number; NULL for what is none;
+    //   PRESENT_TABLES  behind FROM: a row for each table of the database, with its `table_name`.
     std::span<const Spelling> spellings;
 };
 
