@@ -90,6 +90,7 @@ constexpr Spelling kSqliteSpellings[] = {
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[1]') * 65536 + "
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[2]') * 256 + "
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[3]') END"},
+    {"present_tables", "(SELECT name AS table_name FROM sqlite_master WHERE type = 'table') t"},
     {"staged",
      "(SELECT json_extract(value, '$[0]') AS k, json_extract(value, '$[1]') AS n1, "
      "json_extract(value, '$[2]') AS n2, json_extract(value, '$[3]') AS n3, "
@@ -114,6 +115,9 @@ constexpr Spelling kPostgresqlSpellings[] = {
      "CAST(split_part(ip_addr, '.', 2) AS bigint) * 65536 + "
      "CAST(split_part(ip_addr, '.', 3) AS bigint) * 256 + "
      "CAST(split_part(ip_addr, '.', 4) AS bigint) END"},
+    // Those that the account may not read, too.
+    {"present_tables",
+     "(SELECT tablename AS table_name FROM pg_tables WHERE schemaname = ANY (current_schemas(false))) t"},
     {"staged",
      "(SELECT CAST(v->>0 AS integer) AS k, CAST(v->>1 AS double precision) AS n1, "
      "CAST(v->>2 AS double precision) AS n2, CAST(v->>3 AS double precision) AS n3, "
@@ -131,6 +135,8 @@ constexpr Spelling kMariadbSpellings[] = {
     {"scanned", "USE INDEX ()"},
     {"by_key", ""},
     {"address_number", "INET_ATON(ip_addr)"},
+    {"present_tables",
+     "(SELECT table_name FROM information_schema.tables WHERE table_schema = DATABASE()) t"},
     {"staged", "JSON_TABLE("},
     {"as_rows",
      ", '$[*]' COLUMNS (k INT PATH '$[0]', n1 DOUBLE PATH '$[1]', n2 DOUBLE PATH '$[2]', "

@@ -61,6 +61,7 @@ struct Dialect
     //   SCANNED         behind a table: its rows are read as they lie, by no index;
     //   BY_KEY          behind a table: its rows are found by their key, by no other index;
     //   ADDRESS_NUMBER  the IPv4 address in users.ip_addr as a number; NULL for what is none;
+    //   PRESENT_TABLES  behind FROM: a row for each table of the database, with its `table_name`;
     //   STAGED (?) AS_ROWS s
     //                   the rows that the program hands in (staged_rows.h), with the columns k, n1 to n4
     //                   and t. An UPDATE takes values from them as
