@@ -29,16 +29,22 @@ void AppendNumber(QByteArray &text, double number)
     }
 }
 
-// Between quotation marks.
+// Between quotation marks; null for a null text.
 QByteArray Quoted(const QString &text)
 {
+    if (text.isNull()) {
+        return "null";
+    }
     const QByteArray array = QJsonDocument(QJsonArray {text}).toJson(QJsonDocument::Compact);
     return array.sliced(1, array.size() - 2);
 }
 
 } // namespace
 
-void StagedRows::Add(quint32 key, std::initializer_list<double> numbers, const QString &text)
+void StagedRows::Add(quint32 key,
+                     std::initializer_list<double> numbers,
+                     const QString &text,
+                     const QString &further)
 {
     Q_ASSERT(numbers.size() <= kNumbers);
     rows += rows.isEmpty() ? "[" : ",[";
@@ -47,11 +53,14 @@ void StagedRows::Add(quint32 key, std::initializer_list<double> numbers, const Q
         rows += ',';
         AppendNumber(rows, number);
     }
-    if (!text.isNull()) {
+    if (!text.isNull() || !further.isNull()) {
         for (size_t missing = numbers.size(); missing < kNumbers; ++missing) {
             rows += ",null";
         }
         rows += ',' + Quoted(text);
+    }
+    if (!further.isNull()) {
+        rows += ',' + Quoted(further);
     }
     rows += ']';
 }
