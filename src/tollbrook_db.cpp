@@ -1,8 +1,9 @@
-// tollbrook-db: makes, fills and checks the shared database of a data source.
+// tollbrook-db: makes, upgrades, fills and checks the shared database of a data source.
 #include "db/check.h"
 #include "db/data_source.h"
 #include "db/demo_data.h"
 #include "db/schema.h"
+#include "db/schema_upgrade.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -18,12 +19,15 @@ constexpr int kDone = 0;
 constexpr int kInconsistent = 1;
 constexpr int kWrongUse = 2;
 constexpr int kFailed = 3;
+constexpr int kNewer = 4;
 
 const auto kDescription = uR"(Makes and looks after the shared database of Tollbrook Network.
 
 Commands:
   create   makes the tables, their indexes and first rows, and prints the section
            of odbc.ini with the options that matter
+  upgrade  brings the tables of an older version up to date and keeps what they hold;
+           with --dry-run it only tells the versions and the steps
   demo     fills a database without users with demonstration data
   check    reports rows that point nowhere or contradict each other; what the
            console leaves behind by design, such as records of a deleted user,
@@ -34,7 +38,8 @@ the database file by itself; PostgreSQL (in UTF-8) and MariaDB need an empty
 database and a user "system" that may make tables there.
 
 Exit status: 0 done, 1 check found something wrong, 2 wrong use, 3 the database
-could not be opened or a statement failed.)"_s;
+could not be opened or a statement failed, 4 the tables are of a newer version
+than this program.)"_s;
 
 void Print(const QString &text)
 {
@@ -54,6 +59,19 @@ int Create(const QString &dsn)
     }
     Print(u"The database of \"%1\" is ready. Its section of odbc.ini should read:\n\n%2"_s.arg(
         dsn, RecommendedSection(dsn)));
+    return kDone;
+}
+
+int Upgrade(const QString &dsn, UpgradeMode mode)
+{
+    const UpgradeOutcome outcome = UpgradeSchema(dsn, mode, Print);
+    if (outcome.end != UpgradeOutcome::End::Done) {
+        PrintError(outcome.problem);
+        return outcome.end == UpgradeOutcome::End::Newer ? kNewer : kFailed;
+    }
+    if (mode == UpgradeMode::Run) {
+        Print(u"The tables of \"%1\" are up to date."_s.arg(dsn));
+    }
     return kDone;
 }
 
@@ -112,6 +130,9 @@ int RunCommand(const QCommandLineParser &parser)
     if (commands.first() == u"create"_s) {
         return Create(dsn);
     }
+    if (commands.first() == u"upgrade"_s) {
+        return Upgrade(dsn, parser.isSet(u"dry-run"_s) ? UpgradeMode::DryRun : UpgradeMode::Run);
+    }
     if (commands.first() == u"check"_s) {
         return Check(dsn);
     }
@@ -137,8 +158,9 @@ int main(int argc, char **argv)
     parser.setApplicationDescription(kDescription);
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument(u"command"_s, u"create, demo or check"_s);
+    parser.addPositionalArgument(u"command"_s, u"create, upgrade, demo or check"_s);
     parser.addOptions({{u"dsn"_s, u"The ODBC data source."_s, u"NAME"_s},
+                       {u"dry-run"_s, u"upgrade: only tell what would be done."_s},
                        {u"users"_s, u"demo: how many users."_s, u"N"_s, u"250"_s},
                        {u"groups"_s, u"demo: how many groups."_s, u"N"_s, u"12"_s},
                        {u"days"_s, u"demo: days of usage up to today."_s, u"N"_s, u"90"_s}});

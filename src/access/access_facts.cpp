@@ -5,8 +5,7 @@
 
 namespace {
 
-// What a limit may lack when it is noted as reached: the packet, or the second, that was refused.
-constexpr Megabytes kLargestPacket {65535.0 / (1 << 20)};
+// What a limit may lack when it is noted as reached: the packet, or this second, that was refused.
 constexpr Hours kOneSecond {1.0 / 3600};
 constexpr Megabytes AtMostLacking(Megabytes /*unit*/)
 {
@@ -18,7 +17,6 @@ constexpr Hours AtMostLacking(Hours /*unit*/)
 }
 
 constexpr double kNothing = 1e-9; // what rounding leaves of an amount
-constexpr BaseUnits kLeastMoney {0.0001}; // a credit of less is not one of money
 
 QDate FirstDayOf(LimitPeriod period, QDate today)
 {
@@ -83,13 +81,17 @@ LimitFact<Unit> Judge(const LimitRules<Unit> &rules, QDate today)
 PrePaidFact Worth(const PrePaidCredit &credit, double price)
 {
     PrePaidFact worth;
-    if (credit.money > kLeastMoney) {
+    switch (credit.Kind()) {
+    case PrePaidKind::Money:
         worth.unbounded = price <= 0;
         worth.money = std::max(credit.money - credit.moneyUsed, BaseUnits {});
-    } else if (credit.traffic > Megabytes {}) {
+        break;
+    case PrePaidKind::Traffic:
         worth.traffic = std::max(credit.traffic - credit.trafficUsed, Megabytes {});
-    } else {
+        break;
+    case PrePaidKind::Unbounded:
         worth.unbounded = true;
+        break;
     }
     return worth;
 }
@@ -152,7 +154,7 @@ AccountUse UseOf(const std::vector<PrePaidCredit> &credits, double price, QDate 
     bool ofTraffic = false;
     for (const PrePaidCredit &credit : credits) {
         if (Counts(credit.expiry, today, expired)) {
-            const bool isMoney = credit.money > kLeastMoney;
+            const bool isMoney = credit.Kind() == PrePaidKind::Money;
             ofMoney = ofMoney || isMoney;
             ofTraffic = ofTraffic || !isMoney;
             traffic += credit.trafficUsed;

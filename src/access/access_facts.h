@@ -92,6 +92,9 @@ struct AccountUse
     bool operator==(const AccountUse &) const = default;
 };
 
+// What a traffic limit may lack when it is noted as reached: the packet that was refused.
+inline constexpr Megabytes kLargestPacket {65535.0 / (1 << 20)};
+
 enum class FactKind {
     Unmonitored,
     AdministratorBlock, // BlockFact

@@ -4,6 +4,8 @@
 #include "access/credit_expiry.h"
 #include "db/quantities.h"
 
+enum class PrePaidKind { Money, Traffic, Unbounded };
+
 // An open pre-paid credit: of money where it has any, else of traffic, else without a bound.
 struct PrePaidCredit
 {
@@ -12,6 +14,15 @@ struct PrePaidCredit
     Megabytes traffic;
     Megabytes trafficUsed;
     CreditExpiry expiry;
+
+    [[nodiscard]] constexpr PrePaidKind Kind() const
+    {
+        constexpr BaseUnits kLeastMoney {0.0001}; // a credit of less is not one of money
+        if (money > kLeastMoney) {
+            return PrePaidKind::Money;
+        }
+        return traffic > Megabytes {} ? PrePaidKind::Traffic : PrePaidKind::Unbounded;
+    }
 
     bool operator==(const PrePaidCredit &) const = default;
 };

@@ -90,6 +90,13 @@ constexpr Spelling kSqliteSpellings[] = {
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[1]') * 65536 + "
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[2]') * 256 + "
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[3]') END"},
+    {"present_tables", "(SELECT name AS table_name FROM sqlite_master WHERE type = 'table') t"},
+    {"staged",
+     "(SELECT json_extract(value, '$[0]') AS k, json_extract(value, '$[1]') AS n1, "
+     "json_extract(value, '$[2]') AS n2, json_extract(value, '$[3]') AS n3, "
+     "json_extract(value, '$[4]') AS n4, json_extract(value, '$[5]') AS t, "
+     "json_extract(value, '$[6]') AS u FROM json_each("},
+    {"as_rows", "))"},
 };
 
 // The names' own collation knows no patterns. The ICU library takes many times as long as the engine
@@ -109,6 +116,15 @@ constexpr Spelling kPostgresqlSpellings[] = {
      "CAST(split_part(ip_addr, '.', 2) AS bigint) * 65536 + "
      "CAST(split_part(ip_addr, '.', 3) AS bigint) * 256 + "
      "CAST(split_part(ip_addr, '.', 4) AS bigint) END"},
+    // Those that the account may not read, too.
+    {"present_tables",
+     "(SELECT tablename AS table_name FROM pg_tables WHERE schemaname = ANY (current_schemas(false))) t"},
+    {"staged",
+     "(SELECT CAST(v->>0 AS integer) AS k, CAST(v->>1 AS double precision) AS n1, "
+     "CAST(v->>2 AS double precision) AS n2, CAST(v->>3 AS double precision) AS n3, "
+     "CAST(v->>4 AS double precision) AS n4, v->>5 AS t, v->>6 AS u "
+     "FROM jsonb_array_elements(CAST("},
+    {"as_rows", "AS jsonb)) AS v)"},
 };
 
 constexpr Spelling kMariadbSpellings[] = {
@@ -121,6 +137,14 @@ constexpr Spelling kMariadbSpellings[] = {
     {"scanned", "USE INDEX ()"},
     {"by_key", ""},
     {"address_number", "INET_ATON(ip_addr)"},
+    {"present_tables",
+     "(SELECT table_name FROM information_schema.tables WHERE table_schema = DATABASE()) t"},
+    {"staged", "JSON_TABLE("},
+    {"as_rows",
+     ", '$[*]' COLUMNS (k INT PATH '$[0]', n1 DOUBLE PATH '$[1]', n2 DOUBLE PATH '$[2]', "
+     "n3 DOUBLE PATH '$[3]', n4 DOUBLE PATH '$[4]', "
+     "t VARCHAR(255) COLLATE utf8mb4_nopad_bin PATH '$[5]', "
+     "u VARCHAR(255) COLLATE utf8mb4_nopad_bin PATH '$[6]'))"},
 };
 
 } // namespace
@@ -136,6 +160,7 @@ const Dialect kSqlite {.engine = "SQLite",
                        .writable = nullptr,
                        .clusterSettings = nullptr,
                        .serversKey = nullptr,
+                       .joinsBeforeSet = false,
                        .failures = kSqliteFailures,
                        .spellings = kSqliteSpellings};
 
@@ -150,6 +175,7 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .writable = "SELECT CASE WHEN pg_is_in_recovery() THEN 0 ELSE 1 END",
                            .clusterSettings = nullptr,
                            .serversKey = nullptr,
+                           .joinsBeforeSet = false,
                            .failures = kPostgresqlFailures,
                            .spellings = kPostgresqlSpellings};
 
@@ -164,6 +190,7 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .writable = kMariadbWritable,
                         .clusterSettings = "SET SESSION wsrep_sync_wait = 1",
                         .serversKey = "Server",
+                        .joinsBeforeSet = true,
                         .failures = kMariadbFailures,
                         .spellings = kMariadbSpellings};
 
@@ -424,6 +451,29 @@ private:
     int parameter = 0;
 };
 
+// "UPDATE table SET what FROM STAGED rows WHERE which" as "UPDATE table JOIN STAGED rows ON which SET
+// what"; an empty text for any other statement.
+std::string JoinedBeforeSet(std::string_view statement)
+{
+    constexpr std::string_view kSet = " SET ";
+    constexpr std::string_view kFrom = " FROM STAGED ";
+    constexpr std::string_view kWhere = " WHERE ";
+    const auto set = statement.find(kSet);
+    const auto from = statement.find(kFrom, set);
+    const auto where = statement.find(kWhere, from);
+    if (!statement.starts_with("UPDATE ") || where == std::string_view::npos) {
+        return {};
+    }
+    const auto rows = from + kFrom.size();
+    std::string joined(statement.substr(0, set));
+    joined += " JOIN STAGED ";
+    joined += statement.substr(rows, where - rows);
+    joined += " ON ";
+    joined += statement.substr(where + kWhere.size());
+    joined += statement.substr(set, from - set);
+    return joined;
+}
+
 } // namespace
 
 const Dialect *DialectFor(std::string_view serverName)
@@ -455,7 +505,8 @@ void Translate(const Dialect &dialect,
 {
     translated.clear();
     changes.fill(ParameterChange::None);
-    Translation(dialect, statement, kinds, translated, changes).Run();
+    const std::string joined = dialect.joinsBeforeSet ? JoinedBeforeSet(statement) : std::string();
+    Translation(dialect, joined.empty() ? statement : joined, kinds, translated, changes).Run();
 }
 
 std::string Translate(const Dialect &dialect, std::string_view statement)

@@ -48,6 +48,8 @@ struct Dialect
     // The data source's key for its servers, parted by commas, whose first one that accepts the
     // connection is taken whether it can be written to or not. Null where the driver chooses better.
     const char *serversKey;
+    // True where an UPDATE joins the rows that it takes its values from ahead of SET, and not by FROM.
+    bool joinsBeforeSet;
     std::span<const FailureCode> failures; // the first that fits counts
     // Of these words:
     //   CASE_FOLDED (x PLAIN_CASE) HOLDS CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE
@@ -58,7 +60,13 @@ struct Dialect
     //                   false only for a text in which no such pattern can be;
     //   SCANNED         behind a table: its rows are read as they lie, by no index;
     //   BY_KEY          behind a table: its rows are found by their key, by no other index;
-    //   ADDRESS_NUMBER  the IPv4 address in users.ip_addr as a number; NULL for what is none.
+    //   ADDRESS_NUMBER  the IPv4 address in users.ip_addr as a number; NULL for what is none;
+    //   PRESENT_TABLES  behind FROM: a row for each table of the database, with its `table_name`;
+    //   STAGED (?) AS_ROWS s
+    //                   the rows that the program hands in (staged_rows.h), with the columns k, n1 to n4,
+    //                   t and u. An UPDATE takes values from them as
+    //                   UPDATE table SET assignments FROM STAGED (?) AS_ROWS s WHERE condition,
+    //                   of whose assignments none has a marker.
     std::span<const Spelling> spellings;
 };
 
@@ -75,7 +83,7 @@ extern const Dialect kMariadb;
 // The most parameters that one statement has.
 constexpr int kMaxParameters = 64;
 
-enum class ParameterKind { Integer, Amount, Text, Day };
+enum class ParameterKind { Integer, Amount, Text, Day, Rows };
 
 // What must become of a bound value so that a date-and-time column is compared with it by day.
 enum class ParameterChange {

@@ -27,6 +27,7 @@ struct Parameter
 constinit thread_local Parameter parameters[kMaxParameters] = {};
 constinit thread_local ParameterKinds parameterKinds {};
 constinit thread_local int parameterCount = 0;
+thread_local QByteArray stagedRows; // too long for a place among them
 
 Parameter &NextParameter(int number, ParameterKind kind)
 {
@@ -97,6 +98,12 @@ void BindInOdbc(SQLHSTMT statement,
     case ParameterKind::Day:
         bind(SQL_C_TYPE_DATE, SQL_TYPE_DATE, 255, &parameter.day);
         break;
+    case ParameterKind::Rows:
+        bind(SQL_C_CHAR,
+             SQL_LONGVARCHAR,
+             static_cast<SQLULEN>(stagedRows.size()),
+             stagedRows.data());
+        break;
     }
 }
 
@@ -123,6 +130,12 @@ void BindValue(int number, const QString &text)
 void BindValue(int number, Day day)
 {
     NextParameter(number, ParameterKind::Day).day = OdbcDay(ExistingDate(day));
+}
+
+void BindValue(int number, const StagedRows &rows)
+{
+    NextParameter(number, ParameterKind::Rows);
+    stagedRows = rows.Text();
 }
 
 void BindValues(const ValueList &values)

@@ -4,6 +4,7 @@
 #include "base/day.h"
 #include "db/ids.h"
 #include "db/quantities.h"
+#include "db/staged_rows.h"
 
 #include <QString>
 
@@ -16,6 +17,7 @@ void BindValue(int number, quint32 value);
 void BindValue(int number, double amount); // amounts of money, megabytes and hours
 void BindValue(int number, const QString &text); // cut at 254 bytes of UTF-8
 void BindValue(int number, Day day); // an impossible day becomes the next that exists
+void BindValue(int number, const StagedRows &rows); // at most one of a statement's markers
 
 template <typename Tag>
 void BindValue(int number, Id<Tag> id)
@@ -38,7 +40,7 @@ void BindValue(int number,
 }
 
 // For a statement that is put together as it is needed.
-using ValueList = std::vector<std::variant<quint32, double, QString, Day>>;
+using ValueList = std::vector<std::variant<quint32, double, QString, Day, StagedRows>>;
 
 // Binds `values` in order.
 void BindValues(const ValueList &values);

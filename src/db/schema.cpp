@@ -1,19 +1,13 @@
 #include "db/schema.h"
 
 #include "db/direct_connection.h"
+#include "db/schema_scripts.h"
+#include "db/schema_version.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QRegularExpression>
 
-#include <array>
-
 using namespace Qt::StringLiterals;
-
-static void LoadResource()
-{
-    Q_INIT_RESOURCE(schema); // not reached by itself from a static library
-}
 
 namespace {
 
@@ -21,15 +15,6 @@ struct Words
 {
     Q_DECLARE_TR_FUNCTIONS(Schema)
 };
-
-QString Script(const Dialect &dialect)
-{
-    LoadResource();
-    QFile file(u":/schema/%1.sql"_s.arg(QString::fromLatin1(dialect.engine).toLower()));
-    const bool open = file.open(QIODevice::ReadOnly);
-    Q_ASSERT(open);
-    return open ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 QString Quoted(const Dialect &dialect, const QString &name)
 {
@@ -93,10 +78,9 @@ QStringList SchemaTables()
 
 QStringList SchemaStatements(const Dialect &dialect)
 {
-    static const QRegularExpression comment(u"^--.*\\n"_s, QRegularExpression::MultilineOption);
-    QStringList statements = Script(dialect).remove(comment).split(u";\n"_s, Qt::SkipEmptyParts);
-    for (QString &statement : statements) {
-        statement = statement.trimmed();
+    QStringList statements = FirstSchema(dialect);
+    for (const SchemaStep &step : SchemaSteps(dialect)) {
+        statements << step.statements;
     }
-    return statements;
+    return statements << VersionStatements(NewestSchema()).first();
 }

@@ -9,12 +9,13 @@
 struct Dialect;
 
 // Makes every table, its indexes and its first rows (the group "Everybody" and the protocols that
-// every network knows) in the data source's database. A database that already holds one of the
-// tables is refused and left as it is. Nothing when it is done, else what went wrong.
+// every network knows) in the data source's database, in the newest version. A database that already
+// holds one of the tables is refused and left as it is. Nothing when it is done, else what went wrong.
 [[nodiscard]] std::optional<QString> CreateSchema(const QString &dsn);
 
 // The tables' names in the order in which they are made.
 [[nodiscard]] QStringList SchemaTables();
 
-// The statements that make the schema, one after the other.
+// The statements that make the newest schema, one after the other: the first one, all steps, and the
+// version that it has by then.
 [[nodiscard]] QStringList SchemaStatements(const Dialect &dialect);

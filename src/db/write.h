@@ -1,5 +1,5 @@
-// Changing the database. Only a run of an action does so, see actions/action_run.h: the check of the
-// folders lets nobody else include this.
+// Changing the database. Only a run of an action does so, see actions/action_run.h, and the accounts of
+// the service, see metering/books.h: the check of the folders lets nobody else include this.
 #pragma once
 
 #include "db/failure.h"

@@ -150,6 +150,16 @@ std::set<Statement> FixedStatements()
     return statements;
 }
 
+// Of ids that the demonstration has, and of one that it has not.
+StagedRows SampleRows()
+{
+    StagedRows rows;
+    for (const quint32 id : {1U, 2U, 3U, 900'000U}) {
+        rows.Add(id, {1, 2'097'152, 0.25, 3}, u"2026-11-20"_s);
+    }
+    return rows;
+}
+
 void Bind(const Statement &statement)
 {
     int number = 0;
@@ -168,6 +178,9 @@ void Bind(const Statement &statement)
         case 'd':
             BindValue(number, Day {2026, 11, 31});
             break; // no such day
+        case 'r':
+            BindValue(number, SampleRows());
+            break;
         case 's':
             BindValue(number, u"31.10.2026 00:00:00"_s);
             break;

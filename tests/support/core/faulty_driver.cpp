@@ -38,6 +38,8 @@ struct Plan
     int release = 0; // how often was released
     int connects = 0;
     int cancels = 0;
+    int countedBeside = 0; // of connections beside the sessions
+    int refusedBeside = 0;
 };
 
 Plan &ThePlan()
@@ -173,6 +175,13 @@ Fault NextFault(const SQLCHAR *text)
     return fault;
 }
 
+bool IsRefusedBeside()
+{
+    Plan &plan = ThePlan();
+    const std::lock_guard lock(plan.mutex);
+    return ++plan.countedBeside == plan.refusedBeside;
+}
+
 void Let(int number, Fault fault, int count = 1)
 {
     Plan &plan = ThePlan();
@@ -187,7 +196,8 @@ void Let(int number, Fault fault, int count = 1)
 SQLRETURN SQLExecDirect(SQLHSTMT statement, SQLCHAR *text, SQLINTEGER length)
 {
     if (statement != dbSession.statement) {
-        return Execute(statement, text, length);
+        return IsRefusedBeside() ? ExecuteInstead(statement, "refused")
+                                 : Execute(statement, text, length);
     }
     const Fault fault = NextFault(text);
     if (fault == Fault::None) {
@@ -300,6 +310,13 @@ void FaultyDriver::Lose() const
 void FaultyDriver::Hold(int number)
 {
     Let(number, Fault::Hold);
+}
+
+int FaultyDriver::RefuseBesideAt(int number)
+{
+    const std::lock_guard lock(ThePlan().mutex);
+    ThePlan().refusedBeside = number;
+    return std::exchange(ThePlan().countedBeside, 0);
 }
 
 void FaultyDriver::HoldConnects()

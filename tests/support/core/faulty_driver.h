@@ -13,7 +13,7 @@
 #include <chrono>
 
 // One at a time. Statements are those of sessions, whatever their thread; a connection beside them
-// (RowsOf, DirectConnection) is left alone.
+// (RowsOf, DirectConnection) is left alone but by RefuseBesideAt.
 class FaultyDriver
 {
 public:
@@ -37,6 +37,10 @@ public:
     void LoseBefore(int number); // servers: the connection is gone before it is sent
     void LoseAfter(int number); // servers: it is done, and the connection gone before its answer
     void Hold(int number); // it is sent after Release()
+
+    // The engine refuses the statement of this number that a connection beside the sessions sends, 1
+    // being the next one; 0: none. How many those sent since the last call.
+    static int RefuseBesideAt(int number);
 
     // From now on, until Release().
     void HoldConnects();

@@ -43,6 +43,8 @@ char KindOf(ParameterKind kind, ParameterChange change)
         return 'a';
     case ParameterKind::Day:
         return 'd';
+    case ParameterKind::Rows:
+        return 'r';
     case ParameterKind::Text:
         break;
     }

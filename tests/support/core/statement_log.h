@@ -3,7 +3,8 @@
 //
 //     kinds of its values, a tab, the text as it is written in the code
 //
-// i is an integer, a an amount, t a text, d a day, s a day's text that is compared as a moment. A
+// i is an integer, a an amount, t a text, d a day, s a day's text that is compared as a moment,
+// r rows. A
 // program that is run by hand writes nothing, nor do the programs that a test starts.
 #pragma once
 

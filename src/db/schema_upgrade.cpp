@@ -1,0 +1,110 @@
+#include "db/schema_upgrade.h"
+
+#include "db/direct_connection.h"
+#include "db/schema_scripts.h"
+#include "db/schema_version.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+UpgradeOutcome Failed(const QString &problem)
+{
+    return {UpgradeOutcome::End::Failed, problem};
+}
+
+// Whether there is anything to upgrade; nothing when that cannot be read.
+std::optional<bool> HasTables(DirectConnection &database)
+{
+    const auto rows = database.Rows(QString::fromStdString(Translate(
+        database.Engine(), "SELECT table_name FROM PRESENT_TABLES WHERE table_name = 'users'")));
+    return rows ? std::optional(!rows->isEmpty()) : std::nullopt;
+}
+
+bool RunAll(DirectConnection &database, const QStringList &statements)
+{
+    return std::all_of(statements.cbegin(), statements.cend(), [&](const QString &statement) {
+        return database.Run(statement);
+    });
+}
+
+// Within the transaction the version is read once more: another upgrade may have got there first. False
+// when it failed, with nothing rolled back yet.
+bool Transact(DirectConnection &database, const SchemaStep &step)
+{
+    if (!database.Run(QString::fromLatin1(database.Engine().begin))) {
+        return false;
+    }
+    const auto version = SchemaVersionOf(database);
+    if (!version) {
+        return false;
+    }
+    const bool done = *version >= step.number
+        || (RunAll(database, step.statements) && RunAll(database, VersionStatements(step.number)));
+    return done && database.Run(u"COMMIT"_s);
+}
+
+// Two upgrades that run the same step meet at its table or at its number: the later one fails there, and
+// then finds that all is done. Nothing when it is, else why it is not.
+std::optional<QString> RunStep(DirectConnection &database, const SchemaStep &step)
+{
+    if (Transact(database, step)) {
+        return std::nullopt;
+    }
+    const QString reason = database.Error();
+    const bool isFree = database.Run(u"ROLLBACK"_s);
+    return isFree && SchemaVersionOf(database) >= step.number ? std::nullopt
+                                                              : std::optional(reason);
+}
+
+// Nothing when the database can be upgraded.
+std::optional<UpgradeOutcome> Obstacle(DirectConnection &database, const QString &dsn, int version)
+{
+    if (AgeOf(version) == SchemaAge::Newer) {
+        return UpgradeOutcome {UpgradeOutcome::End::Newer, NewerSchemaText(version)};
+    }
+    const auto hasTables = HasTables(database);
+    if (!hasTables) {
+        return Failed(database.Error());
+    }
+    if (!*hasTables) {
+        return Failed(
+            u"The database of \"%1\" has no tables yet. Make them with \"create\"."_s.arg(dsn));
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+UpgradeOutcome
+UpgradeSchema(const QString &dsn, UpgradeMode mode, const std::function<void(QString)> &tell)
+{
+    DirectConnection database;
+    if (!database.Open(dsn)) {
+        return Failed(u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error()));
+    }
+    const auto version = SchemaVersionOf(database);
+    if (!version) {
+        return Failed(
+            u"The version of the tables of \"%1\" cannot be read: %2"_s.arg(dsn, database.Error()));
+    }
+    if (auto obstacle = Obstacle(database, dsn, *version)) {
+        return *std::move(obstacle);
+    }
+    tell(u"The tables of \"%1\" have version %2; this program is made for version %3."_s.arg(
+        dsn, QString::number(*version), QString::number(NewestSchema())));
+    for (const SchemaStep &step : SchemaSteps(database.Engine())) {
+        if (step.number <= *version) {
+            continue;
+        }
+        tell(u"step %1: %2"_s.arg(step.number).arg(step.name));
+        const auto problem =
+            mode == UpgradeMode::Run ? RunStep(database, step) : std::optional<QString>();
+        if (problem) {
+            return Failed(u"Step %1 failed: %2"_s.arg(step.number).arg(*problem));
+        }
+    }
+    return {};
+}

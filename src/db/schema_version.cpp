@@ -1,0 +1,70 @@
+#include "db/schema_version.h"
+
+#include "db/direct_connection.h"
+#include "db/schema_scripts.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(SchemaVersion)
+};
+
+std::optional<int> NumberFrom(DirectConnection &database, const std::string &query)
+{
+    const auto rows = database.Rows(QString::fromStdString(query));
+    return rows ? std::optional(rows->value(0).value(0).toInt()) : std::nullopt;
+}
+
+} // namespace
+
+SchemaAge AgeOf(int version)
+{
+    if (version == NewestSchema()) {
+        return SchemaAge::Current;
+    }
+    return version < NewestSchema() ? SchemaAge::Older : SchemaAge::Newer;
+}
+
+QString OlderSchemaText(int version, const QString &dsn)
+{
+    return Words::tr("The database has version %1 of the tables, and this program is made for "
+                     "version %2. Bring it up to date with: %3")
+        .arg(QString::number(version),
+             QString::number(NewestSchema()),
+             u"tollbrook-db upgrade --dsn %1"_s.arg(dsn));
+}
+
+QString NewerSchemaText(int version)
+{
+    return Words::tr("The database has version %1 of the tables, and this program knows them up to "
+                     "version %2 only. Install the version of the program that belongs to it.")
+        .arg(QString::number(version), QString::number(NewestSchema()));
+}
+
+std::string VersionTablesQuery(const Dialect &dialect)
+{
+    return Translate(dialect,
+                     "SELECT COUNT(*) FROM PRESENT_TABLES WHERE table_name = 'schema_version'");
+}
+
+std::string VersionQuery(const Dialect &dialect)
+{
+    return Translate(dialect, "SELECT COALESCE(MAX(version), 0) FROM schema_version");
+}
+
+std::optional<int> SchemaVersionOf(DirectConnection &database)
+{
+    const auto tables = NumberFrom(database, VersionTablesQuery(database.Engine()));
+    return tables == 1 ? NumberFrom(database, VersionQuery(database.Engine())) : tables;
+}
+
+QStringList VersionStatements(int version)
+{
+    return {u"INSERT INTO schema_version (version) VALUES (%1)"_s.arg(version),
+            u"DELETE FROM schema_version WHERE version < %1"_s.arg(version)};
+}

@@ -1,0 +1,39 @@
+// Which version the tables of a database have, and what that means for a program.
+//
+// The table `schema_version` holds the number of the last step (schema_scripts.h) that the database has
+// behind it. A database without the table, or with a step broken off before its first number was
+// written, has version 0.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <string>
+
+class DirectConnection;
+struct Dialect;
+
+enum class SchemaAge {
+    Older, // "tollbrook-db upgrade" brings it up to date
+    Current,
+    Newer, // of a newer program: what its rows mean is not known here
+};
+
+[[nodiscard]] SchemaAge AgeOf(int version);
+
+// What a person is told of a database whose schema is older or newer, with the command that helps.
+[[nodiscard]] QString OlderSchemaText(int version, const QString &dsn);
+[[nodiscard]] QString NewerSchemaText(int version);
+
+// A query with one value in the engine's spelling: how many tables there are for the version. Only
+// where it gives 1 can the next one be asked, whose value is the version.
+[[nodiscard]] std::string VersionTablesQuery(const Dialect &dialect);
+[[nodiscard]] std::string VersionQuery(const Dialect &dialect);
+
+// The version of the connection's database; nothing when it cannot be read: Error() tells.
+[[nodiscard]] std::optional<int> SchemaVersionOf(DirectConnection &database);
+
+// Statements behind those of a step that note its number. The first is all that matters: the largest
+// number counts.
+[[nodiscard]] QStringList VersionStatements(int version);
