@@ -35,6 +35,7 @@ private:
     struct Found
     {
         FoundWorkstation workstation;
+        bool asked = false;
         bool ready = false; // nothing more is waited for
         bool taken = false;
     };

@@ -1,0 +1,26 @@
+// What the service makes of the machine around the kernel's table.
+#pragma once
+
+#include "daemon/policy_maker.h"
+#include "daemon/service_bus.h"
+#include "gateway/reading.h"
+
+#include <chrono>
+
+// The names of the interfaces to the workstations; empty: all. `fault` tells of an adapter that the
+// machine does not have: then all count.
+[[nodiscard]] QStringList LanInterfaces(const QString &adapter, QString &fault);
+
+// The addresses that each hardware address was seen with: IPv6 always, IPv4 too where users are known
+// by their hardware.
+[[nodiscard]] CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs,
+                                              Identification identification);
+
+using UserTotals = QHash<UserId, std::pair<quint64, quint64>>; // received and sent bytes
+
+// Of everybody whose bytes grew over `time`.
+[[nodiscard]] QList<UserRate>
+RatesBetween(const UserTotals &before, const UserTotals &now, std::chrono::duration<double> time);
+
+// A few words on why a user is refused.
+[[nodiscard]] QString ReasonWords(const Standing &standing, bool timeEnded, bool noticed);
