@@ -2,19 +2,11 @@
 #pragma once
 
 #include "access/access_facts.h"
+#include "access/account_rules.h"
 #include "access/user_list.h"
 
 #include <QByteArray>
 #include <QHash>
-
-// What the figures of an account rest on beside the database.
-struct AccountMoment
-{
-    QDate today;
-    double price = 0; // of traffic for whoever has none of its own, base units for each megabyte
-
-    bool operator==(const AccountMoment &) const = default;
-};
 
 using AccountUses = QHash<UserId, AccountUse>;
 

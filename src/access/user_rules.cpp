@@ -1,5 +1,6 @@
 #include "access/user_rules.h"
 
+#include "access/account_rules.h"
 #include "access/load_steps.h"
 #include "access/open_credit.h"
 #include "access/time_ranges.h"
@@ -187,18 +188,7 @@ Result<bool> ReadGroupRow(Reading &reading)
     return ReadOne(
                "SELECT mode, traflim, trafperiod, own_price, trafprice, blocked, blockreason, "
                "portaccess, timeaccess FROM groups WHERE group_id = (?)",
-               [&price = reading.price](const Row &row) {
-                   OwnerRules group;
-                   group.mode = row.Code<AccountingMode>(1);
-                   group.traffic.limit = AmountOf(WholeMegabytes {row.Integer(2)});
-                   const bool isDaily = row.Code<LimitPeriod>(3) == LimitPeriod::Day;
-                   group.traffic.period = isDaily ? LimitPeriod::Day : LimitPeriod::Month;
-                   group.price = row.Flag(4) ? row.Amount(5) : price;
-                   group.block = {row.Flag(6), row.Code<BlockReason>(7)};
-                   group.ports.allowOnly = row.Flag(8);
-                   group.times.grant = row.Flag(9);
-                   return group;
-               },
+               [&price = reading.price](const Row &row) { return GroupRulesIn(row, price); },
                reading.groupId)
         .map([&](std::optional<OwnerRules> group) {
             reading.rules.group = std::move(group);

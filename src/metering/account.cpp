@@ -53,14 +53,26 @@ AccessFindings AccountFindings(const OwnerRules &rules, QDate today)
     return DecideAccess(user, {today, QTime(0, 0)});
 }
 
+BlockReason UsedUpIn(const std::vector<Fact> &facts, bool ofGroup)
+{
+    BlockReason reason = BlockReason::None;
+    for (const Fact &fact : facts) {
+        if (fact.ofGroup != ofGroup || fact.effect != FactEffect::Refuses) {
+            continue;
+        }
+        if (fact.kind == FactKind::TrafficLimit || fact.kind == FactKind::PrePaid) {
+            return BlockReason::TrafficUsedUp;
+        }
+        if (fact.kind == FactKind::TimeLimit) {
+            reason = BlockReason::TimeUsedUp;
+        }
+    }
+    return reason;
+}
+
 BlockReason UsedUp(const OwnerRules &rules, QDate today)
 {
-    const AccessFindings findings = AccountFindings(rules, today);
-    const Fact &fact = findings.facts[findings.decidedBy];
-    if (fact.effect != FactEffect::Refuses) {
-        return BlockReason::None;
-    }
-    return fact.kind == FactKind::TimeLimit ? BlockReason::TimeUsedUp : BlockReason::TrafficUsedUp;
+    return UsedUpIn(AccountFindings(rules, today).facts, false);
 }
 
 bool IsOfEarlierMonth(QDate countedOn, QDate day)

@@ -37,6 +37,9 @@ struct AccountLeft
 };
 [[nodiscard]] AccountLeft LeftOf(const std::vector<Fact> &facts, bool ofGroup, double price);
 
+// Of the same facts: TrafficUsedUp or TimeUsedUp where one refuses, traffic before time; else None.
+[[nodiscard]] BlockReason UsedUpIn(const std::vector<Fact> &facts, bool ofGroup);
+
 // The facts of the limits and credits alone.
 [[nodiscard]] AccessFindings AccountFindings(const OwnerRules &rules, QDate today);
 

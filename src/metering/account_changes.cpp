@@ -78,6 +78,11 @@ void AccountChanges::Lift(GroupId group)
     liftedGroups.Add(group.value);
 }
 
+void AccountChanges::MarkTime(UserId user, bool mark)
+{
+    timeMarks.Add(user.value, {mark ? 1.0 : 0.0});
+}
+
 void AccountChanges::Write(Books &books, QDate day) const
 {
     AddToTrafficRecords(books, traffic);
@@ -125,6 +130,9 @@ void AccountChanges::WriteBlocks(Books &books) const
     books.WriteAll("UPDATE users SET blocked = false FROM STAGED (?) AS_ROWS s "
                    "WHERE users.user_id = s.k and users.blockreason IN (1, 2)",
                    lifted);
+    books.WriteAll("UPDATE users SET timeblocked = s.n1 FROM STAGED (?) AS_ROWS s "
+                   "WHERE users.user_id = s.k",
+                   timeMarks);
     books.WriteAll("UPDATE groups SET blocked = true, blockreason = 1 FROM STAGED (?) AS_ROWS s "
                    "WHERE groups.group_id = s.k and groups.blocked = false",
                    blockedGroups);

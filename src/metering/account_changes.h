@@ -24,11 +24,16 @@ public:
     void Lift(UserId user);
     void Lift(GroupId group);
 
+    // users.timeblocked
+    void MarkTime(UserId user, bool mark);
+
     void Write(Books &books, QDate day) const;
+
+    // The blocks and marks alone.
+    void WriteBlocks(Books &books) const;
 
 private:
     void Pay(const std::vector<Payment> &made, double unitsOfOne);
-    void WriteBlocks(Books &books) const;
 
     StagedRows traffic; // record: received and sent bytes
     StagedRows time; // record: hours
@@ -40,6 +45,7 @@ private:
     StagedRows reachedTime;
     StagedRows blocked; // users: reason
     StagedRows lifted;
+    StagedRows timeMarks; // users: 0 or 1
     StagedRows blockedGroups;
     StagedRows liftedGroups;
 };
