@@ -2,6 +2,7 @@
 
 #include "app/waiting.h"
 #include "db/query.h"
+#include "db/schema_version.h"
 
 #include <QFontDatabase>
 #include <QThreadPool>
@@ -71,10 +72,15 @@ void CAdministratorApp::OpenDatabase()
             prompt->Tell(TextOf(*problem), Prompt::Icon::Warning);
         }
     }
-    const auto isOpen = Await(
-        *services, activeWindow(), tr("Opening the database..."), [] { return IsSessionOpen(); });
-    if (!isOpen) {
+    const auto version = Await(*services, activeWindow(), tr("Opening the database..."), [] {
+        return OpenedSchemaVersion();
+    });
+    if (!version && version.error().kind == Failure::Kind::NewerSchema) {
+        prompt->Tell(version.error().text, Prompt::Icon::Warning);
+    } else if (!version) {
         prompt->Tell(tr("Failed connecting to the database. Please check the database options"));
+    } else if (AgeOf(*version) == SchemaAge::Older) {
+        prompt->Tell(OlderSchemaText(*version, program->dataSource), Prompt::Icon::Warning);
     }
 }
 

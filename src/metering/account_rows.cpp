@@ -89,7 +89,7 @@ LimitRow LimitIn(const Row &row)
             .record = row.Integer(4),
             .used = row.Amount(5),
             .reached = row.Flag(6),
-            .countedOn = QDate::fromString(row.Text(7).left(10), Qt::ISODate)};
+            .countedOn = DateIn(row.Text(7), u'-')};
 }
 
 template <typename Unit, typename RecordId>
