@@ -22,6 +22,7 @@ WIDGETS = re.compile(
     r"|Edit|View|Menu|MenuBar|StatusBar|TabBar|Splitter|Slider|Delegate|HeaderView|ScrollArea|Frame))")
 OWNED = [(re.compile(r"sql\w*\.h"), ["db"]),
          (re.compile(r"QtDBus(/.*)?|QDBus\w*"), ["service"]),
+         (re.compile(r"linux/(netlink|rtnetlink|netfilter.*|neighbour|if_link)(/.*)?\.h|linux/netfilter/.*"), ["gateway"]),
          (WIDGETS, ["ui", "app"])]
 
 # Headers of our own that only some folders may include.
