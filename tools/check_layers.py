@@ -22,7 +22,8 @@ WIDGETS = re.compile(
     r"|Q(Print)?\w*(Widget|Dialog|MainWindow|MessageBox|Wizard|WizardPage|Label|Layout|Button|ButtonGroup|Box"
     r"|Edit|View|Menu|MenuBar|StatusBar|TabBar|Splitter|Slider|Delegate|HeaderView|ScrollArea|Frame))")
 OWNED = [(re.compile(r"sql\w*\.h"), ["db"]),
-         (re.compile(r"QtDBus(/.*)?|QDBus\w*"), ["service"]),
+         (re.compile(r"QtDBus(/.*)?|QDBus\w*"), ["service", "daemon"]),
+         (re.compile(r"linux/(netlink|rtnetlink|netfilter.*|neighbour|if_link)(/.*)?\.h|linux/netfilter/.*"), ["gateway"]),
          (WIDGETS, ["ui", "app"])]
 
 # Headers of our own that only some folders may include.

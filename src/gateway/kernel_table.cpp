@@ -1,0 +1,388 @@
+#include "gateway/kernel_table.h"
+
+#include "gateway/packet_wait.h"
+#include "gateway/read_counters.h"
+#include "gateway/table_reader.h"
+#include "gateway/table_rules.h"
+#include "gateway/table_update.h"
+
+#include <QRandomGenerator>
+
+#include <algorithm>
+#include <linux/netfilter/nf_tables.h>
+#include <linux/netfilter/nfnetlink.h>
+#include <linux/netlink.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What the table's comment starts with; another layout's table is not taken over.
+constexpr const char *kComment = "tollbrook, layout 1, generation ";
+
+QByteArray CommentFor(quint64 generation)
+{
+    return kComment + QByteArray::number(generation);
+}
+
+std::optional<quint64> GenerationIn(const QByteArray &comment)
+{
+    const quint64 number = comment.mid(qstrlen(kComment)).toULongLong();
+    return number != 0 && CommentFor(number) == comment ? std::optional(number) : std::nullopt;
+}
+
+GatewayFailure Lost()
+{
+    return {GatewayFailure::Kind::TableLost,
+            u"The kernel's table was changed or removed by another program"_s};
+}
+
+constexpr quint16 kNewQuota = NFNL_SUBSYS_NFTABLES << 8 | NFT_MSG_NEWOBJ;
+constexpr quint16 kNewGeneration = NFNL_SUBSYS_NFTABLES << 8 | NFT_MSG_NEWGEN;
+
+// Whether every known address has its counter among those read.
+bool HasAll(const std::vector<AddressReading> &read, const Elements &known)
+{
+    return std::ranges::includes(read, known, {}, &AddressReading::address, &Element::address);
+}
+
+} // namespace
+
+KernelTable::KernelTable(NetlinkSocket request, NetlinkSocket notifications)
+    : socket(std::move(request))
+    , events(std::move(notifications))
+{ }
+
+GatewayResult<std::unique_ptr<KernelTable>> KernelTable::Open()
+{
+    GatewayResult<NetlinkSocket> request = NetlinkSocket::Open(NETLINK_NETFILTER);
+    if (!request) {
+        return tl::unexpected(request.error());
+    }
+    const int groups[] = {NFNLGRP_NFTABLES};
+    GatewayResult<NetlinkSocket> notifications = NetlinkSocket::Open(NETLINK_NETFILTER, groups);
+    if (!notifications) {
+        return tl::unexpected(notifications.error());
+    }
+    const quint16 heard[] = {kNewQuota, kNewGeneration};
+    return notifications->HearOnly(heard)
+        .and_then([&] { return ReadTableComment(*request); })
+        .map([&](const std::optional<QByteArray> &) {
+            return std::unique_ptr<KernelTable>(
+                new KernelTable(std::move(*request), std::move(*notifications)));
+        });
+}
+
+GatewayResult<Began> KernelTable::Begin(const Policy &policy)
+{
+    network.reset();
+    standing.reset();
+    const GatewayResult<bool> takenOver = TakeOver();
+    if (!takenOver) {
+        return tl::unexpected(takenOver.error());
+    }
+    return (*takenOver ? GatewayResult<void>() : MakeNew())
+        .and_then([&] { return Update(policy); })
+        .map([&] {
+            waiting.tableChanged = false;
+            return Began {generation, *takenOver};
+        });
+}
+
+// A table whose sets cannot be completed, because they are others, is not taken over.
+GatewayResult<bool> KernelTable::TakeOver()
+{
+    const GatewayResult<std::optional<QByteArray>> comment = ReadTableComment(socket);
+    if (!comment) {
+        return tl::unexpected(comment.error());
+    }
+    const auto number = *comment ? GenerationIn(**comment) : std::nullopt;
+    if (!number || countersLost) {
+        return false;
+    }
+    NetlinkWriter messages;
+    MakeTable(messages, **comment);
+    MakeChains(messages);
+    const GatewayResult<void> made = socket.Commit(std::move(messages), u"Taking over the table"_s);
+    if (!made && made.error().kind != GatewayFailure::Kind::Refused) {
+        return tl::unexpected(made.error());
+    }
+    generation = *number;
+    return made.has_value();
+}
+
+GatewayResult<void> KernelTable::MakeNew()
+{
+    return Remove().and_then([&] {
+        do {
+            generation = QRandomGenerator::system()->generate64();
+        } while (generation == 0);
+        countersLost = false;
+        NetlinkWriter messages;
+        MakeTable(messages, CommentFor(generation));
+        MakeChains(messages);
+        return socket.Commit(std::move(messages), u"Making the table"_s);
+    });
+}
+
+GatewayResult<void> KernelTable::CheckGeneration()
+{
+    return ReadTableComment(socket).and_then(
+        [&](const std::optional<QByteArray> &comment) -> GatewayResult<void> {
+            if (generation == 0 || !comment || GenerationIn(*comment) != generation) {
+                return tl::unexpected(Lost());
+            }
+            return {};
+        });
+}
+
+GatewayResult<void> KernelTable::ReadStanding()
+{
+    if (standing) {
+        return {};
+    }
+    return ReadContent(socket).map([&](TableContent content) { standing = std::move(content); });
+}
+
+GatewayResult<void> KernelTable::Apply(const Policy &policy)
+{
+    return CheckGeneration().and_then([&] { return Update(policy); });
+}
+
+// Again when a quota was used up between the look at it and the rise of its bound: what it has
+// refused since is in it, and it must be made anew.
+GatewayResult<void> KernelTable::Update(const Policy &policy)
+{
+    constexpr int kAttempts = 3;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        const GatewayResult<void> done =
+            TakeWaitingEvents().and_then([&] { return UpdateOnce(policy); }).and_then([&] {
+                return TakeWaitingEvents();
+            });
+        if (!done) {
+            standing.reset();
+            return done;
+        }
+        const TableContent now = ContentFor(policy, *standing);
+        if (QuotasToAlign(*standing, now).empty()) {
+            return {};
+        }
+    }
+    return {};
+}
+
+GatewayResult<void> KernelTable::UpdateOnce(const Policy &policy)
+{
+    if (const GatewayResult<void> read = ReadStanding(); !read) {
+        return read;
+    }
+    TableContent wanted = ContentFor(policy, *standing);
+    const std::set<QuotaId> align = QuotasToAlign(*standing, wanted);
+    if (!align.empty() && network) {
+        if (const GatewayResult<void> held = Hold(align, wanted); !held) {
+            return held;
+        }
+    }
+    const GatewayResult<Received> received = ReceivedBy(socket, align, wanted);
+    if (!received) {
+        return tl::unexpected(received.error());
+    }
+    MessagePieces pieces = PiecesFor(*standing, wanted, *received);
+    const bool newRules = network != policy.network;
+    if (newRules) {
+        MakeRules(pieces.emplace_back(), policy.network);
+    }
+    if (const auto done = CommitPieces(socket, pieces, u"Changing the table"_s); !done) {
+        return done;
+    }
+    if (network && RetiresAny(*standing, wanted)) {
+        WaitForPacketsOnTheWay();
+    }
+    SetDepleted(wanted, *standing, *received);
+    standing = std::move(wanted);
+    if (!newRules) {
+        return {};
+    }
+    return ReadRuleHandles(socket).map([&](std::vector<quint64> handles) {
+        ruleHandles = std::move(handles);
+        network = policy.network;
+    });
+}
+
+GatewayResult<void> KernelTable::Hold(const std::set<QuotaId> &align, const TableContent &wanted)
+{
+    Elements held = HeldFor(align, *standing, wanted);
+    MessagePieces pieces;
+    ChangeElements(pieces, SetId::To, Changes((*standing)[SetId::To], held));
+    return CommitPieces(socket, pieces, u"Holding packets back"_s).map([&] {
+        (*standing)[SetId::To] = std::move(held);
+        WaitForPacketsOnTheWay();
+    });
+}
+
+GatewayResult<Reading> KernelTable::Read()
+{
+    GatewayResult<Reading> reading =
+        CheckGeneration().and_then([&] { return ReadCounters(socket, generation); });
+    if (!reading) {
+        // A set that is gone is worth a failure of its own kind only when all of the table is.
+        const GatewayResult<void> still = CheckGeneration();
+        return still ? reading : tl::unexpected(still.error());
+    }
+    if (standing && !HasAll(reading->clients, (*standing)[SetId::Sent])) {
+        countersLost = true;
+        return tl::unexpected(Lost());
+    }
+    NoteDepleted(QuotaId::Kind::User, reading->usedUpClients);
+    NoteDepleted(QuotaId::Kind::Group, reading->usedUpGroups);
+    return reading;
+}
+
+void KernelTable::NoteDepleted(QuotaId::Kind kind, const std::vector<quint32> &ids)
+{
+    for (const quint32 id : ids) {
+        if (standing && standing->quotas.contains({kind, id})) {
+            standing->quotas[{kind, id}].depleted = true;
+        }
+    }
+}
+
+GatewayResult<std::vector<SentReading>> KernelTable::ReadSent()
+{
+    return CheckGeneration()
+        .and_then([&] { return ReadSet(socket, SetId::Sent); })
+        .map([](const ReadElements &read) {
+            std::vector<SentReading> sent;
+            sent.reserve(read.size());
+            for (const ReadElement &element : read) {
+                sent.push_back({element.element.address, element.bytes});
+            }
+            return sent;
+        });
+}
+
+GatewayResult<void> KernelTable::Forget(const std::vector<NetAddress> &retired)
+{
+    return CheckGeneration().and_then([&] { return ReadStanding(); }).and_then([&] {
+        TableContent content = *standing;
+        const MessagePieces pieces = PiecesToForget(content, retired);
+        standing.reset();
+        return CommitPieces(socket, pieces, u"Removing retired addresses"_s).map([&] {
+            standing = std::move(content);
+        });
+    });
+}
+
+GatewayResult<void> KernelTable::ForgetUnknown(const std::vector<NetAddress> &unknown)
+{
+    const std::set<NetAddress> gone(unknown.begin(), unknown.end());
+    MessagePieces pieces;
+    if (const GatewayResult<void> checked = CheckGeneration(); !checked) {
+        return checked;
+    }
+    for (const SetId set : {SetId::SeenSent, SetId::SeenReceived, SetId::SeenRefused}) {
+        const GatewayResult<ReadElements> read = ReadSet(socket, set);
+        if (!read) {
+            return tl::unexpected(read.error());
+        }
+        Elements removed;
+        for (const ReadElement &element : *read) {
+            if (gone.contains(element.element.address)) {
+                removed.push_back(element.element);
+            }
+        }
+        ChangeElements(pieces, set, {removed, {}});
+    }
+    return CommitPieces(socket, pieces, u"Removing unknown addresses"_s);
+}
+
+GatewayResult<void> KernelTable::Remove()
+{
+    generation = 0;
+    standing.reset();
+    network.reset();
+    return ReadTableComment(socket).and_then(
+        [&](const std::optional<QByteArray> &comment) -> GatewayResult<void> {
+            if (!comment) {
+                return {};
+            }
+            NetlinkWriter messages;
+            RemoveTable(messages);
+            return socket.Commit(std::move(messages), u"Removing the table"_s);
+        });
+}
+
+GatewayResult<GatewayEvents> KernelTable::TakeEvents()
+{
+    return TakeWaitingEvents().and_then([&] { return LookForChanges(); }).map([&] {
+        return std::exchange(waiting, {});
+    });
+}
+
+GatewayResult<void> KernelTable::TakeWaitingEvents()
+{
+    const bool complete = events.TakeWaiting([&](const NetlinkMessage &message) {
+        const std::optional<QuotaObject> object =
+            message.type == kNewQuota ? QuotaObjectFrom(message) : std::nullopt;
+        if (object && object->mine && object->quota.depleted) {
+            NoteUsedUp(object->id, object->quota);
+        }
+        somethingChanged = somethingChanged || message.type == kNewGeneration;
+    });
+    if (complete || generation == 0) {
+        return {};
+    }
+    somethingChanged = true;
+    return ReadQuotas(socket).map([&](const Quotas &quotas) {
+        for (const auto &[id, quota] : quotas) {
+            if (quota.depleted) {
+                NoteUsedUp(id, quota);
+            }
+        }
+    });
+}
+
+void KernelTable::NoteUsedUp(QuotaId id, const Quota &quota)
+{
+    if (standing) {
+        const auto stands = standing->quotas.find(id);
+        if (stands == standing->quotas.end()) {
+            return;
+        }
+        const bool isNews = stands->second.bound == quota.bound;
+        stands->second = quota;
+        if (!isNews) {
+            return; // the bound was raised at the same moment, see Update
+        }
+    }
+    auto &used = id.kind == QuotaId::Kind::User ? waiting.usedUpClients : waiting.usedUpGroups;
+    if (std::ranges::find(used, id.id) == used.end()) {
+        used.push_back(id.id);
+    }
+}
+
+GatewayResult<void> KernelTable::LookForChanges()
+{
+    if (!std::exchange(somethingChanged, false)) {
+        return {};
+    }
+    const GatewayResult<QStringList> found = ReadFlowtables(socket);
+    if (!found) {
+        somethingChanged = true;
+        return tl::unexpected(found.error());
+    }
+    for (const QString &name : *found) {
+        if (!flowtables.contains(name)) {
+            waiting.newFlowtables.append(name);
+        }
+    }
+    flowtables = *found;
+    if (!network) {
+        return {};
+    }
+    const GatewayResult<void> checked = CheckGeneration();
+    const GatewayResult<std::vector<quint64>> handles = ReadRuleHandles(socket);
+    const bool isLost = !checked && checked.error().kind == GatewayFailure::Kind::TableLost;
+    waiting.tableChanged = isLost || (handles && *handles != ruleHandles);
+    return {};
+}

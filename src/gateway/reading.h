@@ -1,0 +1,74 @@
+// What the kernel counted, and what it tells of itself.
+#pragma once
+
+#include "gateway/net_address.h"
+
+#include <QStringList>
+
+#include <chrono>
+#include <optional>
+#include <vector>
+
+// Bytes of IP packets, with their headers, since the generation began or the address was added.
+struct AddressReading
+{
+    NetAddress address;
+    quint64 received = 0;
+    quint64 sent = 0;
+
+    bool operator==(const AddressReading &) const = default;
+};
+
+struct UnknownReading
+{
+    NetAddress address;
+    std::optional<HardwareAddress> hardware {}; // when a packet has told one; else see Neighbours
+    quint64 received = 0;
+    quint64 sent = 0; // both 0 of one that is refused
+
+    bool operator==(const UnknownReading &) const = default;
+};
+
+struct AddressPair
+{
+    NetAddress address;
+    HardwareAddress hardware;
+
+    auto operator<=>(const AddressPair &) const = default;
+};
+
+struct Reading
+{
+    quint64 generation = 0; // counters of different generations have nothing to do with each other
+    std::chrono::steady_clock::time_point at;
+    std::vector<AddressReading> clients; // by address, the retired ones among them
+    std::vector<UnknownReading> unknown; // by address; stays when it becomes somebody's
+    std::vector<AddressPair> pairs; // seen in the last half hour
+    std::vector<quint32> usedUpClients; // whose own bound was reached
+    std::vector<quint32> usedUpGroups;
+};
+
+struct SentReading
+{
+    NetAddress address;
+    quint64 sent = 0; // bytes
+
+    bool operator==(const SentReading &) const = default;
+};
+
+struct Began
+{
+    quint64 generation = 0;
+    bool takenOver = false; // the table stood, and its counters go on
+};
+
+// What happened since it was asked for last.
+struct GatewayEvents
+{
+    std::vector<quint32> usedUpClients;
+    std::vector<quint32> usedUpGroups;
+    bool tableChanged = false; // or gone, by another program: Begin again
+    QStringList newFlowtables; // "table name": packets that take them bypass all counting
+
+    bool operator==(const GatewayEvents &) const = default;
+};

@@ -1,0 +1,186 @@
+#include "gateway/table_content.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+struct Owned
+{
+    NetAddress address;
+    quint32 id;
+    const ClientRules *rules;
+};
+
+// Every client's addresses, each once, without the excluded ones.
+std::vector<Owned> OwnedAddresses(const Policy &policy, const std::vector<NetAddress> &excluded)
+{
+    std::vector<Owned> owned;
+    for (const auto &[id, rules] : policy.clients) {
+        for (const NetAddress &address : rules.addresses) {
+            if (!std::ranges::binary_search(excluded, address)) {
+                owned.push_back({address, id, &rules});
+            }
+        }
+    }
+    std::ranges::stable_sort(owned, {}, &Owned::address);
+    const auto doubled = std::ranges::unique(owned, {}, &Owned::address);
+    owned.erase(doubled.begin(), doubled.end());
+    return owned;
+}
+
+std::optional<Verdict> FromVerdict(const ClientRules &rules)
+{
+    if (rules.refused) {
+        return Verdict::Refuse;
+    }
+    if (rules.ports.empty()) {
+        return rules.hardware ? std::optional(Verdict::Hardware) : std::nullopt;
+    }
+    if (rules.portsAllowOnly) {
+        return rules.hardware ? Verdict::HardwareAllow : Verdict::Allow;
+    }
+    return rules.hardware ? Verdict::HardwareDeny : Verdict::Deny;
+}
+
+std::optional<Verdict> ToVerdict(const ClientRules &rules, bool hasQuota)
+{
+    if (rules.refused) {
+        return Verdict::Silent;
+    }
+    if (!rules.ports.empty()) {
+        return rules.portsAllowOnly ? Verdict::Allow : Verdict::Deny;
+    }
+    return hasQuota ? std::optional(Verdict::Left) : std::nullopt;
+}
+
+void AddVerdict(Elements &map, const NetAddress &address, std::optional<Verdict> verdict)
+{
+    if (verdict) {
+        map.push_back({.address = address, .value = static_cast<quint32>(*verdict)});
+    }
+}
+
+// Adds what one known address needs.
+void AddOwned(TableContent &content, const Owned &owned, const Policy &policy)
+{
+    const auto &[address, id, rules] = owned;
+    const auto group = policy.groupReceivedUntil.find(rules->group);
+    const bool hasGroup = rules->group != 0 && group != policy.groupReceivedUntil.end();
+    content[SetId::Sent].push_back({.address = address});
+    AddVerdict(content[SetId::From], address, FromVerdict(*rules));
+    AddVerdict(content[SetId::To], address, ToVerdict(*rules, rules->receivedUntil || hasGroup));
+    if (rules->refused) {
+        content[SetId::Refused].push_back({.address = address});
+    }
+    if (rules->hardware) {
+        content[SetId::Hardware].push_back(
+            {.address = address, .detail = NumberOf(*rules->hardware)});
+    }
+    for (const quint16 port : rules->ports) {
+        content[SetId::Ports].push_back({.address = address, .detail = port});
+    }
+    if (rules->receivedUntil) {
+        content[SetId::Left].push_back({.address = address, .value = id});
+        content.quotas[{QuotaId::Kind::User, id}].bound = *rules->receivedUntil;
+    }
+    if (hasGroup) {
+        content[SetId::GroupLeft].push_back({.address = address, .value = rules->group});
+        content.quotas[{QuotaId::Kind::Group, rules->group}].bound = group->second;
+    }
+}
+
+void AddRetired(TableContent &content,
+                const Elements &counted,
+                const std::vector<NetAddress> &excluded)
+{
+    Elements retired;
+    std::ranges::set_difference(counted, content[SetId::Sent], std::back_inserter(retired));
+    for (const Element &element : retired) {
+        content[SetId::Sent].push_back(element);
+        if (!std::ranges::binary_search(excluded, element.address)) {
+            AddVerdict(content[SetId::From], element.address, Verdict::Silent);
+            AddVerdict(content[SetId::To], element.address, Verdict::Silent);
+        }
+    }
+}
+
+void MakeUnique(Elements &elements)
+{
+    std::ranges::sort(elements);
+    const auto doubled = std::ranges::unique(elements);
+    elements.erase(doubled.begin(), doubled.end());
+}
+
+void AddMembers(QuotaMembers &members, QuotaId::Kind kind, const Elements &map)
+{
+    for (const Element &element : map) {
+        members[{kind, element.value}].push_back(element.address);
+    }
+}
+
+} // namespace
+
+TableContent ContentFor(const Policy &policy, const TableContent &standing)
+{
+    std::vector<NetAddress> excluded = policy.network.excluded;
+    std::ranges::sort(excluded);
+    const auto doubled = std::ranges::unique(excluded);
+    excluded.erase(doubled.begin(), doubled.end());
+
+    TableContent content;
+    for (const Owned &owned : OwnedAddresses(policy, excluded)) {
+        AddOwned(content, owned, policy);
+    }
+    AddRetired(content, standing[SetId::Sent], excluded);
+    for (const NetAddress &address : excluded) {
+        AddVerdict(content[SetId::From], address, Verdict::Pass);
+        AddVerdict(content[SetId::To], address, Verdict::Pass);
+    }
+    std::ranges::for_each(content.sets, MakeUnique);
+    return content;
+}
+
+QuotaMembers MembersOf(const TableContent &content)
+{
+    QuotaMembers members;
+    AddMembers(members, QuotaId::Kind::User, content[SetId::Left]);
+    AddMembers(members, QuotaId::Kind::Group, content[SetId::GroupLeft]);
+    return members;
+}
+
+std::set<QuotaId> QuotasToAlign(const TableContent &standing, const TableContent &wanted)
+{
+    std::set<QuotaId> align;
+    const QuotaMembers before = MembersOf(standing);
+    const QuotaMembers after = MembersOf(wanted);
+    std::set<NetAddress> refusedByGroup;
+    for (const auto &[id, quota] : wanted.quotas) {
+        const auto stood = standing.quotas.find(id);
+        const auto members = before.find(id);
+        const bool stays = stood != standing.quotas.end() && members != before.end()
+            && members->second == after.at(id);
+        const bool again = stays && stood->second.depleted && stood->second.bound != quota.bound;
+        if (!stays || again) {
+            align.insert(id);
+        }
+        if (again && id.kind == QuotaId::Kind::Group) {
+            refusedByGroup.insert(after.at(id).begin(), after.at(id).end());
+        }
+    }
+    // What a group's quota refused was counted by the members' own before.
+    for (const Element &element : wanted[SetId::Left]) {
+        if (refusedByGroup.contains(element.address)) {
+            align.insert({QuotaId::Kind::User, element.value});
+        }
+    }
+    return align;
+}
+
+ElementChanges Changes(const Elements &standing, const Elements &wanted)
+{
+    ElementChanges changes;
+    std::ranges::set_difference(standing, wanted, std::back_inserter(changes.removed));
+    std::ranges::set_difference(wanted, standing, std::back_inserter(changes.added));
+    return changes;
+}

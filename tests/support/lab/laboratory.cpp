@@ -1,0 +1,188 @@
+#include "support/lab/laboratory.h"
+
+#include "support/lab/links.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sched.h>
+#include <unistd.h>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char *kOwnNamespace = "/proc/thread-self/ns/net";
+
+OpenFile PresentNamespace()
+{
+    return OpenFile(open(kOwnNamespace, O_RDONLY | O_CLOEXEC));
+}
+
+bool WriteFile(const QString &path, const QByteArray &text)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
+        && file.write(text) == text.size();
+}
+
+QString Refused(const QString &what)
+{
+    return u"The kernel refuses "_s + what + u": "_s + QString::fromLocal8Bit(std::strerror(errno));
+}
+
+QString EnterUserNamespace()
+{
+    const QByteArray user = QByteArray::number(geteuid());
+    const QByteArray group = QByteArray::number(getegid());
+    if (unshare(CLONE_NEWUSER) != 0) {
+        return Refused(u"a user namespace"_s);
+    }
+    if (!WriteFile(u"/proc/self/setgroups"_s, "deny")
+        || !WriteFile(u"/proc/self/uid_map"_s, "0 " + user + " 1\n")
+        || !WriteFile(u"/proc/self/gid_map"_s, "0 " + group + " 1\n")) {
+        return Refused(u"the names of a user namespace"_s);
+    }
+    return {};
+}
+
+QString TextOf(const GatewayResult<void> &result)
+{
+    return result ? QString() : result.error().text;
+}
+
+} // namespace
+
+OpenFile::OpenFile(OpenFile &&other) noexcept : file(std::exchange(other.file, -1)) { }
+
+OpenFile &OpenFile::operator=(OpenFile &&other) noexcept
+{
+    std::swap(file, other.file);
+    return *this;
+}
+
+OpenFile::~OpenFile()
+{
+    if (file >= 0) {
+        close(file);
+    }
+}
+
+tl::expected<std::unique_ptr<Laboratory>, QString> Laboratory::Make()
+{
+    if (geteuid() != 0 || qEnvironmentVariableIntValue("TB_LAB_USER_NAMESPACE") != 0) {
+        if (const QString refused = EnterUserNamespace(); !refused.isEmpty()) {
+            return tl::unexpected(refused);
+        }
+    }
+    std::unique_ptr<Laboratory> made(new Laboratory);
+    QString refused = made->MakeNamespaces();
+    if (refused.isEmpty()) {
+        refused = made->SetUpGateway();
+    }
+    if (refused.isEmpty()) {
+        refused = made->SetUpEnd(Place::Workstations, u"76"_s);
+    }
+    if (refused.isEmpty()) {
+        refused = made->SetUpEnd(Place::Internet, u"78"_s);
+    }
+    if (!refused.isEmpty()) {
+        return tl::unexpected(refused);
+    }
+    return made;
+}
+
+QString Laboratory::MakeNamespaces()
+{
+    for (const Place place : {Place::Workstations, Place::Internet, Place::Gateway}) {
+        if (unshare(CLONE_NEWNET) != 0) {
+            return Refused(u"a network namespace"_s);
+        }
+        namespaces[static_cast<size_t>(place)] = PresentNamespace();
+        // Without these an interface's IPv6 is of no use for its first second or two.
+        for (const QString &quick : {u"accept_dad"_s, u"router_solicitations"_s}) {
+            if (!Set(u"ipv6/conf/default/"_s + quick, u"0"_s)) {
+                return Refused(u"settings of IPv6"_s);
+            }
+        }
+    }
+    return {};
+}
+
+QString Laboratory::SetUpGateway() const
+{
+    GatewayResult<Links> links = Links::Open();
+    if (!links) {
+        return links.error().text;
+    }
+    const bool forwards =
+        Set(u"ipv4/ip_forward"_s, u"1"_s) && Set(u"ipv6/conf/all/forwarding"_s, u"1"_s);
+    if (!forwards) {
+        return Refused(u"forwarding"_s);
+    }
+    return TextOf(
+        links->SetUp(u"lo"_s)
+            .and_then([&] {
+                return links->AddPair(u"lan0"_s, u"eth0"_s, NamespaceOf(Place::Workstations));
+            })
+            .and_then(
+                [&] { return links->AddPair(u"wan0"_s, u"eth0"_s, NamespaceOf(Place::Internet)); })
+            .and_then([&] { return links->AddAddress(u"lan0"_s, u"10.76.0.1"_s, 24); })
+            .and_then([&] { return links->AddAddress(u"lan0"_s, u"fd76::1"_s, 64); })
+            .and_then([&] { return links->AddAddress(u"wan0"_s, u"10.78.0.1"_s, 24); })
+            .and_then([&] { return links->AddAddress(u"wan0"_s, u"fd78::1"_s, 64); })
+            .and_then([&] { return links->SetUp(u"lan0"_s); })
+            .and_then([&] { return links->SetUp(u"wan0"_s); })
+            .and_then([&] { return links->AddRoute(u"10.77.0.0"_s, 16, u"10.76.0.2"_s); })
+            .and_then([&] { return links->AddRoute(u"fd77::"_s, 64, u"fd76::2"_s); })
+            .and_then([&] { return links->AddRoute(u"10.79.0.0"_s, 16, u"10.78.0.2"_s); })
+            .and_then([&] { return links->AddRoute(u"fd79::"_s, 64, u"fd78::2"_s); }));
+}
+
+QString Laboratory::SetUpEnd(Place place, const QString &network) const
+{
+    const Visit visit(*this, place);
+    const QString own = network == u"76" ? u"77"_s : u"79"_s;
+    GatewayResult<Links> links = Links::Open();
+    if (!links) {
+        return links.error().text;
+    }
+    return TextOf(
+        links->SetUp(u"lo"_s)
+            .and_then(
+                [&] { return links->AddAddress(u"eth0"_s, u"10."_s + network + u".0.2", 24); })
+            .and_then([&] { return links->AddAddress(u"eth0"_s, u"fd"_s + network + u"::2", 64); })
+            .and_then([&] { return links->SetUp(u"eth0"_s); })
+            .and_then([&] { return links->AddLocal(u"10."_s + own + u".0.0", 16); })
+            .and_then([&] { return links->AddLocal(u"fd"_s + own + u"::", 64); })
+            .and_then(
+                [&] { return links->AddRoute(u"0.0.0.0"_s, 0, u"10."_s + network + u".0.1"); })
+            .and_then([&] { return links->AddRoute(u"::"_s, 0, u"fd"_s + network + u"::1"); }));
+}
+
+bool Laboratory::Set(const QString &name, const QString &value)
+{
+    return WriteFile(u"/proc/sys/net/"_s + name, value.toLatin1());
+}
+
+int Laboratory::NamespaceOf(Place place) const
+{
+    return namespaces[static_cast<size_t>(place)].Number();
+}
+
+Visit::Visit(const Laboratory &laboratory, Place place) : before(PresentNamespace())
+{
+    if (setns(laboratory.NamespaceOf(place), CLONE_NEWNET) != 0) {
+        qFatal("The network namespace cannot be entered");
+    }
+}
+
+Visit::~Visit()
+{
+    if (setns(before.Number(), CLONE_NEWNET) != 0) {
+        qFatal("The network namespace cannot be left");
+    }
+}
