@@ -100,7 +100,7 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
             owners.insert(address, owner);
         }
     }
-    changed.emplace(generation, beginning->counters);
+    changed.emplace(generation, accounted.isEmpty() ? CountersByKey() : beginning->counters);
     journal::Info(began->takenOver ? u"Goes on with the kernel's table as it stands."_s
                                    : u"Made a new table in the kernel."_s);
     StartTimers();

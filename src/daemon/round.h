@@ -6,6 +6,7 @@
 #include "metering/count.h"
 #include "metering/counters.h"
 #include "metering/monitored_ports.h"
+#include "metering/new_period.h"
 #include "metering/new_users.h"
 #include "metering/standing.h"
 
@@ -17,6 +18,8 @@ struct Round
 {
     std::vector<CounterKey> forgotten; // counters that are gone from the kernel
     std::vector<Count> counts; // by their moments
+    bool reconcile = false; // the last count has all counters of the kernel: others are gone
+    bool beginsDay = false; // the first one of a day, or of the service
     Prices prices;
     QDateTime now; // in the gateway's zone
     QSet<UserId> loggedIn;
@@ -26,7 +29,8 @@ struct Round
 
 struct RoundOutcome
 {
-    std::vector<Counted> counted; // of each of the counts
+    std::vector<Counted> counted; // of each of the counts, and of the day that began
+    MarksWritten marks;
     FoundUsers found;
     Standings standings;
     MonitoredPorts ports;

@@ -73,6 +73,13 @@ GatewayResult<std::unique_ptr<KernelTable>> KernelTable::Open()
         });
 }
 
+GatewayResult<std::optional<quint64>> KernelTable::StandingGeneration()
+{
+    return ReadTableComment(socket).map([](const std::optional<QByteArray> &comment) {
+        return comment ? GenerationIn(*comment) : std::nullopt;
+    });
+}
+
 GatewayResult<Began> KernelTable::Begin(const Policy &policy)
 {
     network.reset();

@@ -16,6 +16,10 @@ public:
     // Fails without CAP_NET_ADMIN or nftables; changes nothing yet.
     [[nodiscard]] static GatewayResult<std::unique_ptr<KernelTable>> Open();
 
+    // Of the table that stands, which Begin will take over unless its counters are not all there;
+    // nothing when none of ours stands.
+    [[nodiscard]] GatewayResult<std::optional<quint64>> StandingGeneration();
+
     // Takes over the table that stands, whose counters go on, or makes a new one with a new
     // generation, and brings it to `policy`. Also to be called when the table was changed or lost.
     [[nodiscard]] GatewayResult<Began> Begin(const Policy &policy);

@@ -74,9 +74,18 @@ private:
 
     void PassUncounted(const QByteArray &chain)
     {
-        if (!network.countAllPorts) {
+        switch (network.counted) {
+        case CountedPorts::All:
+            return;
+        case CountedPorts::Only:
             Rule(chain).NotTransport(IPPROTO_TCP).NotTransport(IPPROTO_UDP).Accept();
-            Rule(chain).PortNotIn(kCountedPorts, direction).Accept();
+            Rule(chain).PortOf(kCountedPorts, direction, false).Accept();
+            return;
+        case CountedPorts::AllBut:
+            for (const quint8 protocol : {IPPROTO_TCP, IPPROTO_UDP}) {
+                Rule(chain).Transport(protocol).PortOf(kCountedPorts, direction, true).Accept();
+            }
+            return;
         }
     }
 

@@ -18,6 +18,13 @@ struct Ipv4Mask
     bool operator==(const Ipv4Mask &) const = default;
 };
 
+// Which packets are counted, by the port on the Internet's side; the others pass without.
+enum class CountedPorts {
+    All,
+    Only, // TCP and UDP with one of the ports
+    AllBut, // whatever has none of the ports
+};
+
 struct NetworkRules
 {
     // Names of the interfaces to the workstations; empty: all. Without a name no IPv6 address is
@@ -25,10 +32,8 @@ struct NetworkRules
     QStringList lanInterfaces;
     std::vector<Ipv4Mask> local; // the masks may have gaps; traffic within is not counted
     std::vector<NetAddress> excluded; // neither counted nor refused
-    // When not all are counted, only packets with one of these ports on the Internet's side are, and
-    // the others pass without.
-    bool countAllPorts = true;
-    std::vector<quint16> countedPorts;
+    CountedPorts counted = CountedPorts::All;
+    std::vector<quint16> ports; // that `counted` speaks of
     // Local addresses of nobody are refused from their first packet.
     bool refuseUnknown = false;
     bool refuseUnknownIpv6 = false;

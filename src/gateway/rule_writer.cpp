@@ -234,11 +234,11 @@ RuleWriter &RuleWriter::HardwareDiffers(Family family)
     return *this;
 }
 
-RuleWriter &RuleWriter::PortNotIn(const char *set, Direction direction)
+RuleWriter &RuleWriter::PortOf(const char *set, Direction direction, bool isIn)
 {
     Payload(
         NFT_PAYLOAD_TRANSPORT_HEADER, PortOffset(direction, End::Internet), kPortSize, kRegister);
-    Lookup(set, true);
+    Lookup(set, !isIn);
     return *this;
 }
 

@@ -33,7 +33,8 @@ public:
     // The workstation's address with the Internet side's port, or with its hardware address.
     RuleWriter &PortPicked(Family family, Direction direction, bool picked);
     RuleWriter &HardwareDiffers(Family family);
-    RuleWriter &PortNotIn(const char *set, Direction direction);
+    // Whether the Internet side's port is in the set of ports is as `isIn` says.
+    RuleWriter &PortOf(const char *set, Direction direction, bool isIn);
     // Adds the workstation's address to a set; the rule ends here when the set is full.
     RuleWriter &Note(SetId set, Family family, Direction direction);
     RuleWriter &NotePair(Family family);

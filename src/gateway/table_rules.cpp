@@ -238,7 +238,7 @@ void ReplaceNetwork(NetlinkWriter &writer, const NetworkRules &network)
     }
     ReplaceKeys(writer, NameOf(SetId::Near, Family::V6), excluded);
     std::vector<NetlinkBytes> ports;
-    for (const quint16 port : network.countedPorts) {
+    for (const quint16 port : network.ports) {
         ports.push_back(InNetworkOrder(port));
     }
     ReplaceKeys(writer, kCountedPorts, ports);
