@@ -17,7 +17,7 @@ ORDER = re.compile(r"set\(TB_FOLDERS\s+([^)]*)\)")
 INCLUDE = re.compile(r'\s*#\s*include\s+(["<])([^">]+)[">]')
 SQL = re.compile(r'["(]\s*(SELECT\s|INSERT\s+INTO\b|DELETE\s+FROM\b|CREATE\s+TABLE\b|UPDATE\s+\w+\s+SET\b)')
 WIDGETS = re.compile(
-    r"(?!Q(Text|Page)Layout$)"  # of texts and of paper, not of windows
+    r"(?!Q(Text|Page)Layout$|Q(String|ByteArray)View$)"  # of texts, of paper, of bytes: not of windows
     r"(QtWidgets(/.*)?|QtPrintSupport|Q(Application|Style|Splitter|ToolBar|ToolTip|Completer|FormLayout)"
     r"|Q(Print)?\w*(Widget|Dialog|MainWindow|MessageBox|Wizard|WizardPage|Label|Layout|Button|ButtonGroup|Box"
     r"|Edit|View|Menu|MenuBar|StatusBar|TabBar|Splitter|Slider|Delegate|HeaderView|ScrollArea|Frame))")

@@ -170,12 +170,25 @@ GatewayResult<void> KernelTable::Update(const Policy &policy)
             standing.reset();
             return done;
         }
-        const TableContent now = ContentFor(policy, *standing);
-        if (QuotasToAlign(*standing, now).empty()) {
-            return {};
+        if (QuotasToAlign(*standing, ContentFor(policy, *standing)).empty()) {
+            break;
         }
     }
+    DropOutdatedEvents();
     return {};
+}
+
+// A quota that was used up and has been raised since is no news any more.
+void KernelTable::DropOutdatedEvents()
+{
+    const auto drop = [&](QuotaId::Kind kind, std::vector<quint32> &used) {
+        std::erase_if(used, [&](quint32 id) {
+            const auto stands = standing->quotas.find({kind, id});
+            return stands == standing->quotas.end() || !stands->second.depleted;
+        });
+    };
+    drop(QuotaId::Kind::User, waiting.usedUpClients);
+    drop(QuotaId::Kind::Group, waiting.usedUpGroups);
 }
 
 GatewayResult<void> KernelTable::UpdateOnce(const Policy &policy)
@@ -242,6 +255,8 @@ GatewayResult<Reading> KernelTable::Read()
     }
     NoteDepleted(QuotaId::Kind::User, reading->usedUpClients);
     NoteDepleted(QuotaId::Kind::Group, reading->usedUpGroups);
+    std::erase_if(reading->usedUpClients,
+                  [&](quint32 user) { return standing && IsRefusedByGroup(*standing, user); });
     return reading;
 }
 
@@ -358,8 +373,9 @@ void KernelTable::NoteUsedUp(QuotaId id, const Quota &quota)
         }
         const bool isNews = stands->second.bound == quota.bound;
         stands->second = quota;
-        if (!isNews) {
-            return; // the bound was raised at the same moment, see Update
+        // Else the bound was raised at the same moment, see Update.
+        if (!isNews || (id.kind == QuotaId::Kind::User && IsRefusedByGroup(*standing, id.id))) {
+            return;
         }
     }
     auto &used = id.kind == QuotaId::Kind::User ? waiting.usedUpClients : waiting.usedUpGroups;

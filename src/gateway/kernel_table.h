@@ -62,6 +62,7 @@ private:
                                            const TableContent &wanted);
     void NoteDepleted(QuotaId::Kind kind, const std::vector<quint32> &ids);
     [[nodiscard]] GatewayResult<void> TakeWaitingEvents();
+    void DropOutdatedEvents();
     void NoteUsedUp(QuotaId id, const Quota &quota);
     [[nodiscard]] GatewayResult<void> LookForChanges();
 

@@ -68,7 +68,7 @@ struct Policy
     std::map<quint32, ClientRules> clients; // by the user's id, which is not 0
     std::map<quint32, quint64>
         groupReceivedUntil; // by the group's id: bytes, as receivedUntil, over
-        // the received counters of all its members
+    // the received counters of all its members
 
     bool operator==(const Policy &) const = default;
 };

@@ -119,6 +119,17 @@ void AddMembers(QuotaMembers &members, QuotaId::Kind kind, const Elements &map)
     }
 }
 
+void AddOwnQuotas(std::set<QuotaId> &align,
+                  const TableContent &wanted,
+                  const std::vector<NetAddress> &addresses)
+{
+    for (const Element &element : wanted[SetId::Left]) {
+        if (std::ranges::binary_search(addresses, element.address)) {
+            align.insert({QuotaId::Kind::User, element.value});
+        }
+    }
+}
+
 } // namespace
 
 TableContent ContentFor(const Policy &policy, const TableContent &standing)
@@ -154,27 +165,39 @@ std::set<QuotaId> QuotasToAlign(const TableContent &standing, const TableContent
     std::set<QuotaId> align;
     const QuotaMembers before = MembersOf(standing);
     const QuotaMembers after = MembersOf(wanted);
-    std::set<NetAddress> refusedByGroup;
     for (const auto &[id, quota] : wanted.quotas) {
         const auto stood = standing.quotas.find(id);
         const auto members = before.find(id);
         const bool stays = stood != standing.quotas.end() && members != before.end()
             && members->second == after.at(id);
-        const bool again = stays && stood->second.depleted && stood->second.bound != quota.bound;
-        if (!stays || again) {
+        if (!stays || (stood->second.depleted && stood->second.bound != quota.bound)) {
             align.insert(id);
         }
-        if (again && id.kind == QuotaId::Kind::Group) {
-            refusedByGroup.insert(after.at(id).begin(), after.at(id).end());
-        }
     }
-    // What a group's quota refused was counted by the members' own before.
-    for (const Element &element : wanted[SetId::Left]) {
-        if (refusedByGroup.contains(element.address)) {
-            align.insert({QuotaId::Kind::User, element.value});
+    // What a group's quota refused was counted by its members' own before.
+    for (const auto &[id, quota] : standing.quotas) {
+        const bool changes = align.contains(id) || !wanted.quotas.contains(id);
+        if (id.kind == QuotaId::Kind::Group && quota.depleted && changes && before.contains(id)) {
+            AddOwnQuotas(align, wanted, before.at(id));
         }
     }
     return align;
+}
+
+bool IsRefusedByGroup(const TableContent &standing, quint32 user)
+{
+    return std::ranges::any_of(standing[SetId::Left], [&](const Element &own) {
+        if (own.value != user) {
+            return false;
+        }
+        const auto group = std::ranges::lower_bound(
+            standing[SetId::GroupLeft], own.address, {}, &Element::address);
+        if (group == standing[SetId::GroupLeft].end() || group->address != own.address) {
+            return false;
+        }
+        const auto quota = standing.quotas.find({QuotaId::Kind::Group, group->value});
+        return quota != standing.quotas.end() && quota->second.depleted;
+    });
 }
 
 ElementChanges Changes(const Elements &standing, const Elements &wanted)

@@ -43,6 +43,10 @@ using QuotaMembers = std::map<QuotaId, std::vector<NetAddress>>;
 [[nodiscard]] std::set<QuotaId> QuotasToAlign(const TableContent &standing,
                                               const TableContent &wanted);
 
+// Whether a user's group has used up its quota: what that refuses counts for the user's own quota, so
+// that this may seem used up without being so.
+[[nodiscard]] bool IsRefusedByGroup(const TableContent &standing, quint32 user);
+
 // The elements of `standing` that `wanted` lacks, and the other way round.
 struct ElementChanges
 {

@@ -128,7 +128,8 @@ std::optional<QuotaObject> QuotaObjectFrom(const NetlinkMessage &message)
     if (!attributes) {
         return std::nullopt;
     }
-    if (!IsOurs(message, *attributes, NFTA_OBJ_TABLE)
+    // The notification of a quota that is used up bears the family of the packet, not the table's.
+    if (attributes->Text(NFTA_OBJ_TABLE) != kTableName
         || attributes->U32(NFTA_OBJ_TYPE) != quint32 {NFT_OBJECT_QUOTA}) {
         return QuotaObject {};
     }

@@ -11,8 +11,6 @@
 #include <linux/netfilter/nf_tables.h>
 #include <linux/netfilter/nfnetlink.h>
 #include <linux/netlink.h>
-#include <netinet/in.h> // before the kernel's own, which then leaves out what is in it
-#include <utility>
 
 namespace {
 
