@@ -17,7 +17,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // What the program ends with.
-enum Status { Done = 0, Failed = 1, BadArguments = 2, BadSettings = 3, NoKernel = 4, NoDatabase = 5 };
+enum Status {
+    Done = 0,
+    Failed = 1,
+    BadArguments = 2,
+    BadSettings = 3,
+    NoKernel = 4,
+    NoDatabase = 5
+};
 
 struct Arguments
 {
@@ -27,7 +34,8 @@ struct Arguments
         u"DIR"_s};
     QCommandLineOption bus {
         u"bus"_s, u"The message bus: system (unless given) or session."_s, u"NAME"_s, u"system"_s};
-    QCommandLineOption check {u"check"_s, u"Tells whether the service could work here, and ends."_s};
+    QCommandLineOption check {u"check"_s,
+                              u"Tells whether the service could work here, and ends."_s};
     QCommandLineParser parser;
 
     Arguments()
@@ -108,9 +116,12 @@ private:
         });
         StatusAdaptor &status = onBus.Status();
         connect(&service, &AccountingService::Counted, &status, &StatusAdaptor::Counted);
-        connect(&service, &AccountingService::RefusedChanged, &status, &StatusAdaptor::RefusedChanged);
         connect(
-            &service, &AccountingService::ProblemsChanged, &status, &StatusAdaptor::ProblemsChanged);
+            &service, &AccountingService::RefusedChanged, &status, &StatusAdaptor::RefusedChanged);
+        connect(&service,
+                &AccountingService::ProblemsChanged,
+                &status,
+                &StatusAdaptor::ProblemsChanged);
         if (const auto interval = supervisor::AliveInterval(); interval.count() > 0) {
             connect(&alive, &QTimer::timeout, this, [] { supervisor::Alive(); });
             alive.start(std::chrono::duration_cast<std::chrono::milliseconds>(interval));

@@ -1,6 +1,5 @@
 #include "daemon/accounting_service.h"
 
-#include "daemon/kernel_surroundings.h"
 #include "daemon/supervisor.h"
 
 #include <QDateTime>
@@ -20,6 +19,11 @@ constexpr auto kLook = 1s; // where somebody's time is limited
 constexpr auto kRareLook = 10s;
 constexpr int kLookShare = 50; // of the time at most one part is spent looking
 constexpr std::array kReadAgain {100ms, 500ms, 2000ms}; // a notice comes before the commit
+
+NewUserRules NewUserRulesOf(const ServiceSettings & /*settings*/)
+{
+    return {};
+}
 
 QDateTime MidnightAfter(QDate day)
 {
@@ -55,6 +59,7 @@ AccountingService::AccountingService(const ConfigStore &settingsStore,
 
 void AccountingService::Begin()
 {
+    FindInterfaces();
     const auto standing = kernel->StandingGeneration();
     if (!standing) {
         emit GaveUp(standing.error().text);
@@ -108,6 +113,13 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
     emit Began();
 }
 
+void AccountingService::FindInterfaces()
+{
+    QString fault;
+    lanInterfaces = LanInterfaces(settings.adapter, fault);
+    SetTrouble(Trouble::Adapter, fault);
+}
+
 void AccountingService::StartTimers()
 {
     kernelEvents =
@@ -157,7 +169,7 @@ std::optional<Count> AccountingService::TakeReading(const QDateTime &at)
 
 void AccountingService::NoteReading(const Reading &reading)
 {
-    companions = CompanionsIn(reading.pairs, settings);
+    companions = CompanionsIn(reading.pairs, settings.identification);
     finder.Look(reading.unknown, owners);
     std::vector<SentReading> sent;
     for (const AddressReading &each : reading.clients) {
@@ -175,7 +187,7 @@ Count AccountingService::CountOf(const Reading &reading, const QDateTime &at)
                  .online = {},
                  .usedUp = {},
                  .usedUpGroups = {}};
-    QHash<UserId, std::pair<quint64, quint64>> totals;
+    UserTotals totals;
     const auto add = [&](const NetAddress &address, bool unknown, quint64 received, quint64 sent) {
         const UserId owner = OwnerOf(address);
         if (owner.IsSet()) {
@@ -398,8 +410,8 @@ void AccountingService::Look()
     const bool someTimeIsLimited = std::ranges::any_of(
         standings.users, [](const Standing &each) { return each.leftSeconds.has_value(); });
     const auto cost = std::chrono::ceil<std::chrono::milliseconds>(Clock::now() - begin);
-    lookTimer.setInterval(std::max<std::chrono::milliseconds>(
-        someTimeIsLimited ? kLook : kRareLook, kLookShare * cost));
+    lookTimer.setInterval(std::max<std::chrono::milliseconds>(someTimeIsLimited ? kLook : kRareLook,
+                                                              kLookShare * cost));
 }
 
 void AccountingService::NoteSent(const std::vector<SentReading> &sent, Clock::time_point moment)
@@ -490,14 +502,8 @@ void AccountingService::TakeGeneration(quint64 newGeneration,
 
 MadePolicy AccountingService::Made() const
 {
-    return MakePolicy({settings,
-                       LanInterfaces(settings),
-                       standings,
-                       ports,
-                       companions,
-                       accounted,
-                       notices,
-                       timeEnded});
+    return MakePolicy(
+        {settings, lanInterfaces, standings, ports, companions, accounted, notices, timeEnded});
 }
 
 // Brings the kernel to what holds now.
@@ -617,6 +623,7 @@ void AccountingService::Reload()
         told << problems << u"The settings of before stay in force."_s;
     }
     SetTrouble(Trouble::Settings, told.join(u' '));
+    FindInterfaces();
     onLine.SetGrace(settings.idleGrace);
     countTimer.start(settings.period);
     CountSoon();
@@ -633,7 +640,8 @@ void AccountingService::Stop(bool keep)
         timer->stop();
     }
     QTimer::singleShot(kPatienceAtTheEnd, this, [this] {
-        journal::Error(u"The database did not answer in time: what was counted last is not written."_s);
+        journal::Error(
+            u"The database did not answer in time: what was counted last is not written."_s);
         FinishStop();
     });
     if (!roundRuns) { // else its end asks for the last one
@@ -683,7 +691,9 @@ QList<RefusedUser> AccountingService::Refused() const
     QList<RefusedUser> users;
     for (const Standing &each : standings.users) {
         if (refused.contains(each.user)) {
-            users << RefusedUser {each.user.value, ReasonWords(each, notices.value(each.user))};
+            users << RefusedUser {
+                each.user.value,
+                ReasonWords(each, timeEnded.contains(each.user), notices.contains(each.user))};
         }
     }
     return users;
@@ -702,6 +712,31 @@ QList<uint> AccountingService::LoggedIn() const
     }
     std::ranges::sort(users);
     return users;
+}
+
+void AccountingService::TellOutcome(const RoundOutcome &outcome) const
+{
+    const auto tellUsers = [](const QList<UserId> &users, const QString &what) {
+        for (const UserId userId : users) {
+            journal::Info(u"User %1: %2."_s.arg(userId.value).arg(what));
+        }
+    };
+    const auto tellGroups = [](const QList<GroupId> &groups, const QString &what) {
+        for (const GroupId groupId : groups) {
+            journal::Info(u"Group %1: %2."_s.arg(groupId.value).arg(what));
+        }
+    };
+    const auto tell = [&](const auto &part) {
+        tellUsers(part.trafficUsedUp, u"traffic or credit used up, blocked"_s);
+        tellUsers(part.timeUsedUp, u"time used up, blocked"_s);
+        tellUsers(part.lifted, u"the block is lifted"_s);
+        tellGroups(part.groupsUsedUp, u"traffic used up, its members are blocked"_s);
+        tellGroups(part.groupsLifted, u"the block is lifted"_s);
+    };
+    for (const ::Counted &each : outcome.counted) {
+        tell(each);
+    }
+    tell(outcome.marks);
 }
 
 void AccountingService::SetTrouble(Trouble trouble, const QString &text)

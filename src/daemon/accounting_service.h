@@ -3,6 +3,7 @@
 #pragma once
 
 #include "daemon/day_ends.h"
+#include "daemon/kernel_surroundings.h"
 #include "daemon/on_line_time.h"
 #include "daemon/policy_maker.h"
 #include "daemon/round.h"
@@ -61,9 +62,10 @@ private:
     using Clock = std::chrono::steady_clock;
 
     // What can be wrong for a while; each is told once when it begins and once when it is over.
-    enum class Trouble { Database, Kernel, Flowtables, Settings, StateFile, Clock };
+    enum class Trouble { Adapter, Database, Kernel, Flowtables, Settings, StateFile, Clock };
 
     void BeginWith(const Result<Beginning> &beginning);
+    void FindInterfaces();
     void StartTimers();
 
     void CountSoon();
@@ -119,6 +121,8 @@ private:
     OnLineTime onLine;
     std::optional<ChangedCounters> changed; // nothing before the beginning
 
+    QStringList lanInterfaces;
+
     // As last read from the database.
     Standings standings;
     MonitoredPorts ports;
@@ -138,7 +142,7 @@ private:
     CompanionAddresses companions;
     QList<UserRate> rates;
     Clock::time_point lastReading {};
-    QHash<UserId, std::pair<quint64, quint64>> lastTotals; // received and sent bytes
+    UserTotals lastTotals;
 
     QTimer countTimer;
     QTimer soonTimer;
@@ -149,7 +153,8 @@ private:
     std::chrono::milliseconds retryPause {};
     bool roundRuns = false;
     bool roundWanted = false;
-    bool reconciled = false; // counters that the kernel no longer has are gone from the database too
+    bool reconciled =
+        false; // counters that the kernel no longer has are gone from the database too
     bool stopping = false;
     bool lastRoundRuns = false;
     bool stopped = false;

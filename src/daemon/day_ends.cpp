@@ -122,8 +122,8 @@ void DayEnds::Save()
     }
     QSaveFile file(path);
     const QByteArray text = QJsonDocument(counts).toJson(QJsonDocument::Compact);
-    const bool saved = file.open(QIODevice::WriteOnly) && file.write(text) == text.size()
-        && file.commit();
+    const bool saved =
+        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
     problem = saved ? std::nullopt
                     : std::optional(u"%1 cannot be written: %2"_s.arg(path, file.errorString()));
 }

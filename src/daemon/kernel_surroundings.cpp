@@ -14,14 +14,16 @@ QStringList LanInterfaces(const QString &adapter, QString &fault)
     const QList<Adapter> adapters = SystemAdapters();
     const Adapter *found = FindAdapter(adapters, adapter);
     if (found == nullptr) {
-        fault = u"This machine has no adapter \"%1\": workstations are looked for behind all of them."_s
-                    .arg(adapter);
+        fault =
+            u"This machine has no adapter \"%1\": workstations are looked for behind all of them."_s
+                .arg(adapter);
         return {};
     }
     return {found->name};
 }
 
-CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs, Identification identification)
+CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs,
+                                Identification identification)
 {
     CompanionAddresses companions;
     for (const AddressPair &pair : pairs) {
@@ -45,8 +47,7 @@ RatesBetween(const UserTotals &before, const UserTotals &now, std::chrono::durat
     };
     for (const auto &[userId, total] : now.asKeyValueRange()) {
         const auto [received, sent] = before.value(userId);
-        const UserRate each {
-            userId.value, rate(received, total.first), rate(sent, total.second)};
+        const UserRate each {userId.value, rate(received, total.first), rate(sent, total.second)};
         if (before.contains(userId) && (each.received > 0 || each.sent > 0)) {
             rates << each;
         }

@@ -1,6 +1,5 @@
 #include "daemon/round.h"
 
-
 #include <algorithm>
 #include <utility>
 

@@ -47,7 +47,9 @@ struct Beginning
 };
 
 // `generation` is 0 when no table stands.
-[[nodiscard]] Result<Beginning>
-ReadBeginning(const QString &gatewayId, quint64 generation, const QDateTime &now, const Prices &prices);
+[[nodiscard]] Result<Beginning> ReadBeginning(const QString &gatewayId,
+                                              quint64 generation,
+                                              const QDateTime &now,
+                                              const Prices &prices);
 
 [[nodiscard]] Moment MomentOf(const QDateTime &time);

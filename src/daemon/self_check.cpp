@@ -3,6 +3,7 @@
 #include "daemon/kernel_surroundings.h"
 #include "daemon/round.h"
 #include "daemon/service_settings.h"
+#include "db/query.h"
 #include "gateway/kernel_table.h"
 #include "startup/start_up.h"
 
@@ -20,7 +21,8 @@ void CheckSettings(const ReadSettings &read, SelfCheck &check)
     if (!fault.isEmpty()) {
         check.warnings << fault;
     }
-    check.good << u"%1 local ranges, %2 exclusions, interfaces: %3"_s.arg(read.settings.local.size())
+    check.good << u"%1 local ranges, %2 exclusions, interfaces: %3"_s
+                      .arg(read.settings.local.size())
                       .arg(read.settings.excluded.size())
                       .arg(interfaces.isEmpty() ? u"all"_s : interfaces.join(u", "_s));
 }
@@ -69,8 +71,8 @@ void CheckDatabase(const ConfigStore &store, const ServiceSettings &settings, Se
             settings.dataSource, open ? QString() : open.error().text);
         return;
     }
-    const auto beginning = ReadBeginning(
-        settings.gatewayId, 0, QDateTime::currentDateTime(), {settings.price});
+    const auto beginning =
+        ReadBeginning(settings.gatewayId, 0, QDateTime::currentDateTime(), {settings.price});
     if (beginning) {
         check.good << u"the database %1 has %2 monitored users"_s.arg(settings.dataSource)
                           .arg(beginning->standings.users.size());

@@ -10,7 +10,7 @@
 #include <QObject>
 #include <QStringList>
 
-#include <functional>
+#include <optional>
 
 struct RefusedUser
 {
@@ -63,8 +63,8 @@ public:
     { }
 
 public slots:
-    void BlockUser(uint userId) { work.NoticeBlocked({userId}, true); }
-    void UnblockUser(uint userId) { work.NoticeBlocked({userId}, false); }
+    void BlockUser(uint userId) { work.NoticeBlocked(UserId(userId), true); }
+    void UnblockUser(uint userId) { work.NoticeBlocked(UserId(userId), false); }
 
 private:
     BusWork &work;
@@ -79,9 +79,7 @@ class StatusAdaptor : public QDBusAbstractAdaptor
     Q_PROPERTY(QStringList Problems READ Problems)
 
 public:
-    StatusAdaptor(QObject *object, BusWork &busWork)
-        : QDBusAbstractAdaptor(object)
-        , work(busWork)
+    StatusAdaptor(QObject *object, BusWork &busWork) : QDBusAbstractAdaptor(object), work(busWork)
     { }
 
     [[nodiscard]] QString LastCount() const { return work.LastCount(); }
@@ -91,8 +89,8 @@ public slots:
     [[nodiscard]] QList<RefusedUser> Refused() const { return work.Refused(); }
     [[nodiscard]] QList<UserRate> Rates() const { return work.Rates(); }
     [[nodiscard]] QList<uint> LoggedIn() const { return work.LoggedIn(); }
-    void LogIn(uint userId) { work.NoticeLogin({userId}, true); }
-    void LogOut(uint userId) { work.NoticeLogin({userId}, false); }
+    void LogIn(uint userId) { work.NoticeLogin(UserId(userId), true); }
+    void LogOut(uint userId) { work.NoticeLogin(UserId(userId), false); }
 
 signals:
     void Counted();

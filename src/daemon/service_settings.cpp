@@ -23,7 +23,9 @@ QString IdOfMachine()
 {
     const QByteArray id = QSysInfo::machineUniqueId();
     return QString::fromLatin1(
-        QCryptographicHash::hash("tollbrook " + id, QCryptographicHash::Sha256).toHex().left(32));
+        QCryptographicHash::hash(QByteArray("tollbrook " + id), QCryptographicHash::Sha256)
+            .toHex()
+            .left(32));
 }
 
 // One key while its values are read; what is bad in it is noted.
@@ -113,12 +115,8 @@ void ReadBase(const KeyReader &base, SettingsReader &reader, ServiceSettings &se
     settings.idleGrace = std::chrono::seconds(grace);
     reader.Take(base, values::kIdentMode, 0, 0, 2, settings.identification);
     reader.Take(base, values::kMonitorProtMode, 0, 0, 3, settings.protocols);
-    reader.Take(base,
-                values::kAuthPort,
-                0,
-                0,
-                std::numeric_limits<quint16>::max(),
-                settings.authPort);
+    reader.Take(
+        base, values::kAuthPort, 0, 0, std::numeric_limits<quint16>::max(), settings.authPort);
     reader.TakeFlag(base, values::kControlMac, settings.bindsHardware);
     reader.TakeFlag(base, values::kAuthReqNew, settings.newUser.authRequired);
     reader.TakeWord(base, values::kOnStop, u"pass"_s, u"keep"_s, settings.keepsTableOnStop);
@@ -149,8 +147,7 @@ ReadSettings ReadServiceSettings(const ConfigStore &store, const ServiceSettings
     ReadSettings read {before, {}};
     ServiceSettings &settings = read.settings;
     SettingsReader reader(store, read.faults);
-    reader.Read(ConfigKeyId::Base,
-                [&](const KeyReader &key) { ReadBase(key, reader, settings); });
+    reader.Read(ConfigKeyId::Base, [&](const KeyReader &key) { ReadBase(key, reader, settings); });
     reader.Read(ConfigKeyId::Price,
                 [&](const KeyReader &key) { ReadPrice(key, reader, settings); });
     reader.Read(ConfigKeyId::DefProfile, [&](const KeyReader &key) { ReadProfile(key, settings); });
@@ -175,8 +172,9 @@ QStringList ProblemsOf(const ServiceSettings &settings)
                     "console's options, page Network."_s;
     }
     if (settings.identification == Identification::ByLogin) {
-        problems << u"Identification by Windows user name is not supported yet: choose IP address or "
-                    "MAC address in the console's options, page Bind."_s;
+        problems
+            << u"Identification by Windows user name is not supported yet: choose IP address or "
+               "MAC address in the console's options, page Bind."_s;
     }
     return problems;
 }

@@ -2,10 +2,9 @@
 
 #include <QByteArray>
 
+#include <cstdio>
 #include <systemd/sd-daemon.h>
 #include <time.h>
-
-#include <cstdio>
 
 namespace supervisor {
 
@@ -16,7 +15,8 @@ void Ready()
 
 void Status(const QString &status)
 {
-    sd_notify(0, ("STATUS=" + status.toUtf8().replace('\n', ' ')).constData());
+    const QByteArray message = "STATUS=" + status.simplified().toUtf8();
+    sd_notify(0, message.constData());
 }
 
 void Reloading()
@@ -24,7 +24,8 @@ void Reloading()
     timespec now {};
     clock_gettime(CLOCK_MONOTONIC, &now);
     const qint64 microseconds = qint64 {now.tv_sec} * 1000000 + now.tv_nsec / 1000;
-    sd_notify(0, ("RELOADING=1\nMONOTONIC_USEC=" + QByteArray::number(microseconds)).constData());
+    const QByteArray message = "RELOADING=1\nMONOTONIC_USEC=" + QByteArray::number(microseconds);
+    sd_notify(0, message.constData());
 }
 
 void Stopping()
@@ -54,8 +55,8 @@ namespace {
 void Print(const char *weight, const QString &line)
 {
     static const bool toJournal = qEnvironmentVariableIsSet("JOURNAL_STREAM");
-    const QByteArray text = (toJournal ? QByteArray(weight) : QByteArray())
-        + line.simplified().toUtf8() + '\n';
+    const QByteArray text =
+        (toJournal ? QByteArray(weight) : QByteArray()) + line.simplified().toUtf8() + '\n';
     std::fwrite(text.constData(), 1, static_cast<size_t>(text.size()), stderr);
 }
 

@@ -8,13 +8,13 @@ namespace {
 
 int OpenSignals()
 {
-    sigset_t signals;
-    sigemptyset(&signals);
+    sigset_t wanted;
+    sigemptyset(&wanted);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        sigaddset(&signals, signal);
+        sigaddset(&wanted, signal);
     }
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr); // threads made later inherit it
-    return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
+    pthread_sigmask(SIG_BLOCK, &wanted, nullptr); // threads made later inherit it
+    return signalfd(-1, &wanted, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 
 } // namespace

@@ -25,10 +25,11 @@ QVariant Property(const QDBusConnection &bus,
                   const QString &interface,
                   const QString &name)
 {
-    const QVariantList answer = Call(bus,
-                                     QDBusMessage::createMethodCall(
-                                         kManager, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s),
-                                     {interface, name});
+    const QVariantList answer =
+        Call(bus,
+             QDBusMessage::createMethodCall(
+                 kManager, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s),
+             {interface, name});
     return answer.isEmpty() ? QVariant() : answer.constFirst().value<QDBusVariant>().variant();
 }
 

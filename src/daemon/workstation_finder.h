@@ -2,6 +2,7 @@
 // they are made users.
 #pragma once
 
+#include "db/ids.h"
 #include "gateway/reading.h"
 #include "metering/new_users.h"
 

@@ -45,7 +45,7 @@ private:
     {
         return Numbered(IsFrom() ? "count_from" : "to_left", family);
     }
-    [[nodiscard]] QByteArray ChainFor(Verdict verdict) const
+    [[nodiscard]] QByteArray ChainFor(PacketVerdict verdict) const
     {
         return ChainOf(verdict, IsFrom() ? SetId::From : SetId::To, family);
     }
@@ -133,14 +133,14 @@ private:
     void CheckPorts()
     {
         const int icmp = family == Family::V4 ? int {IPPROTO_ICMP} : int {IPPROTO_ICMPV6};
-        const QByteArray allow = ChainFor(Verdict::Allow);
+        const QByteArray allow = ChainFor(PacketVerdict::Allow);
         Rule(allow).Transport(static_cast<quint8>(icmp)).Goto(Tail());
         Refuse(Rule(allow).NotTransport(IPPROTO_TCP).NotTransport(IPPROTO_UDP));
         // A later fragment has no port: it passes here, and the first of them is refused.
         Refuse(Rule(allow).PortPicked(family, direction, false));
         Rule(allow).Goto(Tail());
 
-        const QByteArray deny = ChainFor(Verdict::Deny);
+        const QByteArray deny = ChainFor(PacketVerdict::Deny);
         Rule(deny).NotTransport(IPPROTO_TCP).NotTransport(IPPROTO_UDP).Goto(Tail());
         Refuse(Rule(deny).PortPicked(family, direction, true));
         Rule(deny).Goto(Tail());
@@ -151,10 +151,10 @@ private:
 
     void CheckHardware()
     {
-        const std::pair<Verdict, QByteArray> chains[] = {
-            {Verdict::Hardware, Tail()},
-            {Verdict::HardwareAllow, ChainFor(Verdict::Allow)},
-            {Verdict::HardwareDeny, ChainFor(Verdict::Deny)}};
+        const std::pair<PacketVerdict, QByteArray> chains[] = {
+            {PacketVerdict::Hardware, Tail()},
+            {PacketVerdict::HardwareAllow, ChainFor(PacketVerdict::Allow)},
+            {PacketVerdict::HardwareDeny, ChainFor(PacketVerdict::Deny)}};
         for (const auto &[verdict, next] : chains) {
             Rule(ChainFor(verdict)).NotePair(family);
             Rule(ChainFor(verdict)).HardwareDiffers(family).Goto("refuse");

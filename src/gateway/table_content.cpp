@@ -29,32 +29,32 @@ std::vector<Owned> OwnedAddresses(const Policy &policy, const std::vector<NetAdd
     return owned;
 }
 
-std::optional<Verdict> FromVerdict(const ClientRules &rules)
+std::optional<PacketVerdict> FromVerdict(const ClientRules &rules)
 {
     if (rules.refused) {
-        return Verdict::Refuse;
+        return PacketVerdict::Refuse;
     }
     if (rules.ports.empty()) {
-        return rules.hardware ? std::optional(Verdict::Hardware) : std::nullopt;
+        return rules.hardware ? std::optional(PacketVerdict::Hardware) : std::nullopt;
     }
     if (rules.portsAllowOnly) {
-        return rules.hardware ? Verdict::HardwareAllow : Verdict::Allow;
+        return rules.hardware ? PacketVerdict::HardwareAllow : PacketVerdict::Allow;
     }
-    return rules.hardware ? Verdict::HardwareDeny : Verdict::Deny;
+    return rules.hardware ? PacketVerdict::HardwareDeny : PacketVerdict::Deny;
 }
 
-std::optional<Verdict> ToVerdict(const ClientRules &rules, bool hasQuota)
+std::optional<PacketVerdict> ToVerdict(const ClientRules &rules, bool hasQuota)
 {
     if (rules.refused) {
-        return Verdict::Silent;
+        return PacketVerdict::Silent;
     }
     if (!rules.ports.empty()) {
-        return rules.portsAllowOnly ? Verdict::Allow : Verdict::Deny;
+        return rules.portsAllowOnly ? PacketVerdict::Allow : PacketVerdict::Deny;
     }
-    return hasQuota ? std::optional(Verdict::Left) : std::nullopt;
+    return hasQuota ? std::optional(PacketVerdict::Left) : std::nullopt;
 }
 
-void AddVerdict(Elements &map, const NetAddress &address, std::optional<Verdict> verdict)
+void AddVerdict(Elements &map, const NetAddress &address, std::optional<PacketVerdict> verdict)
 {
     if (verdict) {
         map.push_back({.address = address, .value = static_cast<quint32>(*verdict)});
@@ -99,8 +99,8 @@ void AddRetired(TableContent &content,
     for (const Element &element : retired) {
         content[SetId::Sent].push_back(element);
         if (!std::ranges::binary_search(excluded, element.address)) {
-            AddVerdict(content[SetId::From], element.address, Verdict::Silent);
-            AddVerdict(content[SetId::To], element.address, Verdict::Silent);
+            AddVerdict(content[SetId::From], element.address, PacketVerdict::Silent);
+            AddVerdict(content[SetId::To], element.address, PacketVerdict::Silent);
         }
     }
 }
@@ -145,8 +145,8 @@ TableContent ContentFor(const Policy &policy, const TableContent &standing)
     }
     AddRetired(content, standing[SetId::Sent], excluded);
     for (const NetAddress &address : excluded) {
-        AddVerdict(content[SetId::From], address, Verdict::Pass);
-        AddVerdict(content[SetId::To], address, Verdict::Pass);
+        AddVerdict(content[SetId::From], address, PacketVerdict::Pass);
+        AddVerdict(content[SetId::To], address, PacketVerdict::Pass);
     }
     std::ranges::for_each(content.sets, MakeUnique);
     return content;

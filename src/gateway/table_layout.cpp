@@ -13,8 +13,8 @@ constexpr quint64 kPairsStayMs = 30ULL * 60 * 1000;
 constexpr SetLayout kLayouts[kSetCount] = {
     {.stem = "sent", .counts = true},
     {.stem = "received", .counts = true},
-    {.stem = "from", .value = ValueKind::Verdict},
-    {.stem = "to", .value = ValueKind::Verdict},
+    {.stem = "from", .value = ValueKind::PacketVerdict},
+    {.stem = "to", .value = ValueKind::PacketVerdict},
     {.stem = "ports", .key = KeyKind::AddressAndPort},
     {.stem = "hardware", .key = KeyKind::AddressAndHardware},
     {.stem = "left", .value = ValueKind::Quota},
@@ -34,19 +34,19 @@ constexpr SetLayout kLayouts[kSetCount] = {
 // Stems of the chains by verdict; those of From and To that bear the same verdict differ.
 struct VerdictChain
 {
-    Verdict verdict;
+    PacketVerdict verdict;
     SetId map;
     const char *stem;
 };
 constexpr VerdictChain kChains[] = {
-    {Verdict::Hardware, SetId::From, "from_hardware"},
-    {Verdict::HardwareAllow, SetId::From, "from_hardware_allow"},
-    {Verdict::HardwareDeny, SetId::From, "from_hardware_deny"},
-    {Verdict::Allow, SetId::From, "from_allow"},
-    {Verdict::Deny, SetId::From, "from_deny"},
-    {Verdict::Allow, SetId::To, "to_allow"},
-    {Verdict::Deny, SetId::To, "to_deny"},
-    {Verdict::Left, SetId::To, "to_left"},
+    {PacketVerdict::Hardware, SetId::From, "from_hardware"},
+    {PacketVerdict::HardwareAllow, SetId::From, "from_hardware_allow"},
+    {PacketVerdict::HardwareDeny, SetId::From, "from_hardware_deny"},
+    {PacketVerdict::Allow, SetId::From, "from_allow"},
+    {PacketVerdict::Deny, SetId::From, "from_deny"},
+    {PacketVerdict::Allow, SetId::To, "to_allow"},
+    {PacketVerdict::Deny, SetId::To, "to_deny"},
+    {PacketVerdict::Left, SetId::To, "to_left"},
 };
 constexpr const char *kRefuseChain = "refuse"; // one for both families
 
@@ -73,12 +73,12 @@ NetlinkBytes KeyBytes(KeyKind kind, const Element &element)
     return key;
 }
 
-quint32 CodeOf(Verdict verdict)
+quint32 CodeOf(PacketVerdict verdict)
 {
     switch (verdict) {
-    case Verdict::Pass:
+    case PacketVerdict::Pass:
         return NF_ACCEPT;
-    case Verdict::Silent:
+    case PacketVerdict::Silent:
         return NF_DROP;
     default:
         return static_cast<quint32>(NFT_GOTO);
@@ -88,10 +88,10 @@ quint32 CodeOf(Verdict verdict)
 void PutVerdict(NetlinkWriter &writer, SetId set, const Element &element)
 {
     const QByteArray chain =
-        ChainOf(static_cast<Verdict>(element.value), set, FamilyOf(element.address));
+        ChainOf(static_cast<PacketVerdict>(element.value), set, FamilyOf(element.address));
     const size_t data = writer.Nest(NFTA_SET_ELEM_DATA);
     const size_t verdict = writer.Nest(NFTA_DATA_VERDICT);
-    writer.PutU32(NFTA_VERDICT_CODE, CodeOf(static_cast<Verdict>(element.value)));
+    writer.PutU32(NFTA_VERDICT_CODE, CodeOf(static_cast<PacketVerdict>(element.value)));
     if (!chain.isEmpty()) {
         writer.PutText(NFTA_VERDICT_CHAIN, chain);
     }
@@ -138,13 +138,13 @@ std::optional<quint32> VerdictFrom(const NetlinkAttributes &element, SetId set, 
         return std::nullopt;
     }
     const QByteArray chain = verdict->Text(NFTA_VERDICT_CHAIN).value_or(QByteArray());
-    for (quint32 value = 1; value < static_cast<quint32>(Verdict::Unknown); ++value) {
-        const auto ours = static_cast<Verdict>(value);
+    for (quint32 value = 1; value < static_cast<quint32>(PacketVerdict::Unknown); ++value) {
+        const auto ours = static_cast<PacketVerdict>(value);
         if (CodeOf(ours) == *code && ChainOf(ours, set, family) == chain) {
             return value;
         }
     }
-    return static_cast<quint32>(Verdict::Unknown);
+    return static_cast<quint32>(PacketVerdict::Unknown);
 }
 
 std::optional<quint32> QuotaIdFrom(const NetlinkAttributes &element)
@@ -181,9 +181,9 @@ QByteArray Numbered(const char *stem, Family family)
     return QByteArray(stem) + (family == Family::V4 ? '4' : '6');
 }
 
-QByteArray ChainOf(Verdict verdict, SetId map, Family family)
+QByteArray ChainOf(PacketVerdict verdict, SetId map, Family family)
 {
-    if (verdict == Verdict::Refuse) {
+    if (verdict == PacketVerdict::Refuse) {
         return kRefuseChain;
     }
     for (const VerdictChain &chain : kChains) {
@@ -233,7 +233,7 @@ void PutElement(NetlinkWriter &writer, SetId set, const Element &element, bool w
     const size_t key = writer.Nest(NFTA_SET_ELEM_KEY);
     writer.PutBytes(NFTA_DATA_VALUE, KeyBytes(layout.key, element));
     writer.EndNest(key);
-    if (whole && layout.value == ValueKind::Verdict) {
+    if (whole && layout.value == ValueKind::PacketVerdict) {
         PutVerdict(writer, set, element);
     } else if (whole && layout.value == ValueKind::Quota) {
         const auto kind = set == SetId::GroupLeft ? QuotaId::Kind::Group : QuotaId::Kind::User;
@@ -250,7 +250,7 @@ std::optional<ReadElement> ReadElementFrom(NetlinkView bytes, SetId set, Family 
     const auto keyBytes = key ? key->Bytes(NFTA_DATA_VALUE) : std::nullopt;
     const auto element = keyBytes ? ElementFromKey(*keyBytes, layout.key, family) : std::nullopt;
     const auto value = !element              ? std::nullopt
-        : layout.value == ValueKind::Verdict ? VerdictFrom(*attributes, set, family)
+        : layout.value == ValueKind::PacketVerdict ? VerdictFrom(*attributes, set, family)
         : layout.value == ValueKind::Quota   ? QuotaIdFrom(*attributes)
                                              : std::optional<quint32>(0);
     const auto counted =

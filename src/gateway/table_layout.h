@@ -39,7 +39,7 @@ enum class SetId {
 constexpr int kSetCount = static_cast<int>(SetId::Near) + 1;
 
 enum class KeyKind { Address, AddressAndPort, AddressAndHardware };
-enum class ValueKind { None, Verdict, Quota };
+enum class ValueKind { None, PacketVerdict, Quota };
 
 struct SetLayout
 {
@@ -60,7 +60,7 @@ struct SetLayout
 
 // What becomes of the packets of an address, as the element of From or To says. The verdicts with
 // Hardware are From's alone, Left is To's.
-enum class Verdict : quint32 {
+enum class PacketVerdict : quint32 {
     Pass = 1, // neither counted nor refused
     Silent, // dropped without a word
     Refuse, // answered
@@ -74,7 +74,7 @@ enum class Verdict : quint32 {
 };
 
 // The chain of a verdict; empty for Pass and Silent.
-[[nodiscard]] QByteArray ChainOf(Verdict verdict, SetId map, Family family);
+[[nodiscard]] QByteArray ChainOf(PacketVerdict verdict, SetId map, Family family);
 
 struct QuotaId
 {
@@ -93,7 +93,7 @@ struct Element
 {
     NetAddress address;
     quint64 detail = 0; // the port, or the hardware address as a number; else 0
-    quint32 value = 0; // a Verdict, or the id of a quota's user or group; else 0
+    quint32 value = 0; // a PacketVerdict, or the id of a quota's user or group; else 0
 
     auto operator<=>(const Element &) const = default;
 };

@@ -22,7 +22,7 @@ constexpr quint32 kDynamicSize = 65535;
 constexpr quint16 kDnsPort = 53;
 constexpr quint16 kDhcpPorts[] = {67, 547};
 constexpr const char *kGatewayChain = "to_gateway";
-constexpr Verdict kLastVerdict = Verdict::Left;
+constexpr PacketVerdict kLastVerdict = PacketVerdict::Left;
 
 void Start(NetlinkWriter &writer, int message, int flags)
 {
@@ -54,7 +54,7 @@ quint32 SetFlags(const SetLayout &layout, Family family)
 {
     quint32 flags = 0;
     const std::pair<bool, quint32> wanted[] = {{IsInterval(layout, family), NFT_SET_INTERVAL},
-                                               {layout.value == ValueKind::Verdict, NFT_SET_MAP},
+                                               {layout.value == ValueKind::PacketVerdict, NFT_SET_MAP},
                                                {layout.value == ValueKind::Quota, NFT_SET_OBJECT},
                                                {layout.dynamic, NFT_SET_EVAL},
                                                {layout.timeoutMs != 0, NFT_SET_TIMEOUT}};
@@ -97,7 +97,7 @@ void MakeSet(NetlinkWriter &writer, SetId set, Family family)
     // A set's number must be its own within a transaction.
     writer.PutU32(NFTA_SET_ID, static_cast<quint32>(set) * 2 + static_cast<quint32>(family) + 1);
     writer.PutU32(NFTA_SET_FLAGS, SetFlags(layout, family));
-    if (layout.value == ValueKind::Verdict) {
+    if (layout.value == ValueKind::PacketVerdict) {
         writer.PutU32(NFTA_SET_DATA_TYPE, kVerdictType);
     } else if (layout.value == ValueKind::Quota) {
         writer.PutU32(NFTA_SET_OBJ_TYPE, NFT_OBJECT_QUOTA);
@@ -353,7 +353,7 @@ void MakeChains(NetlinkWriter &writer)
         }
         for (const SetId map : {SetId::From, SetId::To}) {
             for (quint32 value = 1; value <= static_cast<quint32>(kLastVerdict); ++value) {
-                const QByteArray chain = ChainOf(static_cast<Verdict>(value), map, family);
+                const QByteArray chain = ChainOf(static_cast<PacketVerdict>(value), map, family);
                 if (!chain.isEmpty()) {
                     MakeChain(writer, chain);
                 }

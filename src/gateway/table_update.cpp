@@ -46,13 +46,13 @@ void ChangeQuotas(MessagePieces &pieces,
     }
 }
 
-std::optional<Verdict> VerdictOf(const Elements &map, const NetAddress &address)
+std::optional<PacketVerdict> VerdictOf(const Elements &map, const NetAddress &address)
 {
     const auto found = std::ranges::lower_bound(map, address, {}, &Element::address);
     if (found == map.end() || found->address != address) {
         return std::nullopt;
     }
-    return static_cast<Verdict>(found->value);
+    return static_cast<PacketVerdict>(found->value);
 }
 
 } // namespace
@@ -74,7 +74,7 @@ HeldFor(const std::set<QuotaId> &quotas, const TableContent &standing, const Tab
             return !members.contains(element.address);
         });
     for (const NetAddress &address : members) {
-        held.push_back({.address = address, .value = static_cast<quint32>(Verdict::Silent)});
+        held.push_back({.address = address, .value = static_cast<quint32>(PacketVerdict::Silent)});
     }
     std::ranges::sort(held);
     return held;
@@ -144,7 +144,7 @@ bool RetiresAny(const TableContent &standing, const TableContent &wanted)
 {
     const Elements added = Changes(standing[SetId::From], wanted[SetId::From]).added;
     return std::ranges::any_of(added, [](const Element &element) {
-        return element.value == static_cast<quint32>(Verdict::Silent);
+        return element.value == static_cast<quint32>(PacketVerdict::Silent);
     });
 }
 
@@ -154,7 +154,7 @@ MessagePieces PiecesToForget(TableContent &content, const std::vector<NetAddress
     std::set<NetAddress> gone;
     for (const NetAddress &address : addresses) {
         const auto from = VerdictOf(content[SetId::From], address);
-        if (from == Verdict::Silent || from == Verdict::Pass) {
+        if (from == PacketVerdict::Silent || from == PacketVerdict::Pass) {
             gone.insert(address);
         }
     }
@@ -163,7 +163,7 @@ MessagePieces PiecesToForget(TableContent &content, const std::vector<NetAddress
     for (const SetId map : {SetId::From, SetId::To}) {
         std::erase_if(kept[map], [&](const Element &element) {
             return gone.contains(element.address)
-                && element.value == static_cast<quint32>(Verdict::Silent);
+                && element.value == static_cast<quint32>(PacketVerdict::Silent);
         });
     }
     MessagePieces pieces;

@@ -7,8 +7,9 @@
 
 Result<MonitoredPorts> ReadMonitoredPorts()
 {
-    return ReadAll("SELECT DISTINCT port_number FROM ports, protocols WHERE proto_id = id AND mon = 1",
-                   [](const Row &row) { return row.Integer(1); })
+    return ReadAll(
+               "SELECT DISTINCT port_number FROM ports, protocols WHERE proto_id = id AND mon = 1",
+               [](const Row &row) { return row.Integer(1); })
         .map([](const std::vector<quint32> &read) {
             MonitoredPorts ports;
             for (const quint32 port : read) {

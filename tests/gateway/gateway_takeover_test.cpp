@@ -126,7 +126,7 @@ TEST_F(TakeOver, WhatWasLeftHalfDoneIsFinished)
     Commit(held);
     MessagePieces pieces;
     const Element silent {.address = Address(kHere),
-                          .value = static_cast<quint32>(Verdict::Silent)};
+                          .value = static_cast<quint32>(PacketVerdict::Silent)};
     ChangeElements(pieces, SetId::To, {{}, {silent}});
     Commit(pieces.front());
     table.reset();
