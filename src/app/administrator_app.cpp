@@ -17,6 +17,8 @@ CAdministratorApp::CAdministratorApp(int &argc, char **argv) : QApplication(argc
     // No display name: the desktop would add it to every window's exact caption.
     setApplicationName(u"tollbrook-admin"_s);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
+    connect(
+        &database, &SessionThread::ConnectionChanged, this, &CAdministratorApp::LookAtSchemaAgain);
 }
 
 CAdministratorApp::~CAdministratorApp()
@@ -36,6 +38,7 @@ void CAdministratorApp::SetUp(const StartUpOptions &newOptions,
     program.reset();
     serviceRunning = false;
     connected = false;
+    olderSchemaTold = false;
 }
 
 bool CAdministratorApp::InitInstance()
@@ -79,8 +82,27 @@ void CAdministratorApp::OpenDatabase()
         prompt->Tell(version.error().text, Prompt::Icon::Warning);
     } else if (!version) {
         prompt->Tell(tr("Failed connecting to the database. Please check the database options"));
-    } else if (AgeOf(*version) == SchemaAge::Older) {
-        prompt->Tell(OlderSchemaText(*version, program->dataSource), Prompt::Icon::Warning);
+    } else {
+        TellOfOlderSchema(*version);
+    }
+}
+
+void CAdministratorApp::TellOfOlderSchema(int version)
+{
+    if (AgeOf(version) == SchemaAge::Older && !std::exchange(olderSchemaTold, true)) {
+        prompt->Tell(OlderSchemaText(version, program->dataSource), Prompt::Icon::Warning);
+    }
+}
+
+// A database that could not be opened at the start is opened later on.
+void CAdministratorApp::LookAtSchemaAgain(bool isOpen)
+{
+    if (isOpen && services && !olderSchemaTold) {
+        database.Start(this, OpenedSchemaVersion, [this](const Result<int> &version) {
+            if (version) {
+                TellOfOlderSchema(*version);
+            }
+        });
     }
 }
 

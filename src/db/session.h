@@ -107,6 +107,9 @@ void WatchCalls(std::shared_ptr<CallWatch> watch);
 // Before a new piece of work: a cancel that the piece before it was sent does not reach it.
 void BeginWork();
 
+// Behind a piece of work: a query that it did not read to its end keeps no other program from writing.
+void EndWork();
+
 // What cancelled work still has to do is done in spite of the cancel.
 void AcceptCancel();
 

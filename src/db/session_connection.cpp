@@ -375,6 +375,15 @@ void BeginWork()
     }
 }
 
+void EndWork()
+{
+    State &state = Current();
+    const char *const query = state.dialect->endsReading;
+    if (std::exchange(state.isReading, false) && query != nullptr && IsDatabaseOpen()) {
+        SQLPrepare(dbSession.statement, odbc::Text(query), SQL_NTS);
+    }
+}
+
 void AcceptCancel()
 {
     if (const auto &watch = Current().watch) {

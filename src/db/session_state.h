@@ -40,6 +40,7 @@ struct State
     std::optional<Failure> failure;
     SQLULEN rowLimit = 0;
     SQLULEN fetchedRows = 0;
+    bool isReading = false; // the last query was not read to its end
     SQLLEN affectedRows = 0;
     Transaction transaction = Transaction::None;
     bool rollsBack = false; // a transaction is open on the connection
