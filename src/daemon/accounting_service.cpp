@@ -36,11 +36,13 @@ AccountingService::AccountingService(const ConfigStore &settingsStore,
                                      const ServiceSettings &begun,
                                      std::unique_ptr<KernelTable> table,
                                      SessionThread &thread,
-                                     const QString &stateFolder)
+                                     const QString &stateFolder,
+                                     WallClock now)
     : store(settingsStore)
     , settings(begun)
     , kernel(std::move(table))
     , database(thread)
+    , wallClock(std::move(now))
     , dayEnds(stateFolder + u"/day-ends.json"_s)
     , onLine(begun.idleGrace)
 {
@@ -62,21 +64,23 @@ void AccountingService::Begin()
     FindInterfaces();
     const auto standing = kernel->StandingGeneration();
     if (!standing) {
-        emit GaveUp(standing.error().text);
+        emit GaveUp(Missing::Kernel, standing.error().text);
         return;
     }
     database.Start(
         this,
-        [gateway = settings.gatewayId, standing = standing->value_or(0), prices = PricesNow()] {
-            return ReadBeginning(gateway, standing, QDateTime::currentDateTime(), prices);
-        },
+        [gateway = settings.gatewayId,
+         standing = standing->value_or(0),
+         prices = PricesNow(),
+         now = Now()] { return ReadBeginning(gateway, standing, now, prices); },
         [this](const Result<Beginning> &beginning) { BeginWith(beginning); });
 }
 
 void AccountingService::BeginWith(const Result<Beginning> &beginning)
 {
     if (!beginning) {
-        emit GaveUp(u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
+        emit GaveUp(Missing::Database,
+                    u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
                                                                 beginning.error().text));
         return;
     }
@@ -92,7 +96,7 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
     const MadePolicy made = Made();
     const auto began = kernel->Begin(made.policy);
     if (!began) {
-        emit GaveUp(began.error().text);
+        emit GaveUp(Missing::Kernel, began.error().text);
         return;
     }
     if (!began->takenOver) {
@@ -130,8 +134,8 @@ void AccountingService::StartTimers()
             &AccountingService::TakeKernelEvents);
     countTimer.start(settings.period);
     lookTimer.start(kLook);
-    countedDay = QDate::currentDate();
-    midnightTimer.start(QDateTime::currentDateTime().msecsTo(MidnightAfter(countedDay)));
+    countedDay = Now().date();
+    midnightTimer.start(Now().msecsTo(MidnightAfter(countedDay)));
 }
 
 void AccountingService::CountSoon()
@@ -148,7 +152,7 @@ void AccountingService::CountNow()
         roundWanted = true;
         return;
     }
-    AskForRound(TakeReading(QDateTime::currentDateTime()));
+    AskForRound(TakeReading(Now()));
 }
 
 // Nothing when the kernel cannot be read; the database is asked all the same.
@@ -219,11 +223,13 @@ Count AccountingService::CountOf(const Reading &reading, const QDateTime &at)
 
 void AccountingService::AskForRound(const std::optional<Count> &count)
 {
+    const QDateTime now = Now();
     AskedRound asked {.round = {.forgotten = forgottenCounters,
                                 .counts = dayEnds.Waiting(),
                                 .reconcile = !reconciled && count,
+                                .beginsDay = now.date() != settledDay,
                                 .prices = PricesNow(),
-                                .now = QDateTime::currentDateTime(),
+                                .now = now,
                                 .loggedIn = loggedIn,
                                 .found = finder.Take(),
                                 .newUsers = NewUserRulesOf(settings)},
@@ -291,6 +297,7 @@ void AccountingService::TakeWritten(const AskedRound &asked, const RoundOutcome 
     SetTrouble(Trouble::Database, {});
     retryPause = {};
     reconciled = reconciled || asked.round.reconcile;
+    settledDay = asked.round.now.date();
     for (const Count &each : asked.round.counts) {
         if (each.generation == generation) { // else the table was made anew meanwhile
             changed->Take(each);
@@ -360,7 +367,7 @@ void AccountingService::ForgetInKernel(const std::vector<NetAddress> &done)
 void AccountingService::EndDay()
 {
     const QDateTime midnight = MidnightAfter(countedDay);
-    const QDateTime now = QDateTime::currentDateTime();
+    const QDateTime now = Now();
     if (now < midnight) { // the timer was early, or the clock was set back
         midnightTimer.start(now.msecsTo(midnight));
         return;
@@ -377,7 +384,7 @@ void AccountingService::EndDay()
 // A clock that was set forward over a midnight ends the day now; one that was set back is told.
 void AccountingService::CheckClock()
 {
-    const QDate today = QDate::currentDate();
+    const QDate today = Now().date();
     if (today > countedDay) {
         EndDay();
         return;
@@ -392,7 +399,7 @@ void AccountingService::CheckClock()
 void AccountingService::AwaitNextChange()
 {
     if (standings.nextChange.isValid()) {
-        const qint64 wait = QDateTime::currentDateTime().msecsTo(standings.nextChange);
+        const qint64 wait = Now().msecsTo(standings.nextChange);
         changeTimer.start(std::chrono::milliseconds(std::clamp<qint64>(wait + 1, 1, 86400000)));
     }
 }
@@ -570,7 +577,7 @@ void AccountingService::NoticeLogin(UserId userId, bool isIn)
 // `last`: the notice of this user has had its time, and the row alone holds from now on.
 void AccountingService::ReadAgain(UserId userId, bool last)
 {
-    const Moment now = MomentOf(QDateTime::currentDateTime());
+    const Moment now = MomentOf(Now());
     database.Start(
         this,
         [userId, now, prices = PricesNow(), isIn = loggedIn.contains(userId)] {
@@ -635,7 +642,7 @@ void AccountingService::Stop(bool keep)
         return;
     }
     stopping = true;
-    keepTable = keep;
+    keepTable = keep || settings.keepsTableOnStop;
     for (QTimer *timer : {&countTimer, &soonTimer, &lookTimer, &midnightTimer, &changeTimer}) {
         timer->stop();
     }
@@ -652,7 +659,7 @@ void AccountingService::Stop(bool keep)
 void AccountingService::AskForLastRound()
 {
     lastRoundRuns = true;
-    AskForRound(TakeReading(QDateTime::currentDateTime()));
+    AskForRound(TakeReading(Now()));
 }
 
 // A table whose counts could not be written stays: the next start writes them.

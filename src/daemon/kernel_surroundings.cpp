@@ -12,14 +12,16 @@ QStringList LanInterfaces(const QString &adapter, QString &fault)
         return {};
     }
     const QList<Adapter> adapters = SystemAdapters();
-    const Adapter *found = FindAdapter(adapters, adapter);
-    if (found == nullptr) {
+    if (const Adapter *found = FindAdapter(adapters, adapter)) {
+        return {found->name};
+    }
+    if (std::ranges::find(adapters, adapter, &Adapter::name) == adapters.end()) {
         fault =
             u"This machine has no adapter \"%1\": workstations are looked for behind all of them."_s
                 .arg(adapter);
         return {};
     }
-    return {found->name};
+    return {adapter};
 }
 
 CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs,
