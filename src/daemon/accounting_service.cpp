@@ -15,6 +15,7 @@ namespace {
 constexpr auto kSoon = 200ms; // for several causes to come together
 constexpr auto kFirstRetry = 1s; // after the database could not be had; each pause doubles
 constexpr auto kPatienceAtTheEnd = 20s;
+constexpr int kSilentPeriods = 3; // until another gateway counts as gone
 constexpr auto kLook = 1s; // where somebody's time is limited
 constexpr auto kRareLook = 10s;
 constexpr int kLookShare = 50; // of the time at most one part is spent looking
@@ -41,6 +42,7 @@ AccountingService::AccountingService(const ConfigStore &settingsStore,
     , settings(begun)
     , kernel(std::move(table))
     , database(thread)
+    , instance(InstanceId())
     , dayEnds(stateFolder + u"/day-ends.json"_s)
     , onLine(begun.idleGrace)
 {
@@ -65,11 +67,15 @@ void AccountingService::Begin()
         emit GaveUp(standing.error().text);
         return;
     }
+    generation = standing->value_or(0);
+    const BeginningWanted wanted {.dataSource = settings.dataSource,
+                                  .claim = Claim(),
+                                  .silence = kSilentPeriods * settings.period,
+                                  .now = QDateTime::currentDateTime(),
+                                  .prices = PricesNow()};
     database.Start(
         this,
-        [gateway = settings.gatewayId, standing = standing->value_or(0), prices = PricesNow()] {
-            return ReadBeginning(gateway, standing, QDateTime::currentDateTime(), prices);
-        },
+        [wanted] { return ReadBeginning(wanted); },
         [this](const Result<Beginning> &beginning) { BeginWith(beginning); });
 }
 
@@ -78,6 +84,10 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
     if (!beginning) {
         emit GaveUp(u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
                                                                 beginning.error().text));
+        return;
+    }
+    if (!beginning->refusal.isEmpty()) {
+        emit GaveUp(beginning->refusal);
         return;
     }
     standings = beginning->standings;
@@ -111,6 +121,11 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
     StartTimers();
     CountNow();
     emit Began();
+}
+
+GatewayClaim AccountingService::Claim() const
+{
+    return {settings.gatewayId, instance, generation};
 }
 
 void AccountingService::FindInterfaces()
@@ -219,9 +234,12 @@ Count AccountingService::CountOf(const Reading &reading, const QDateTime &at)
 
 void AccountingService::AskForRound(const std::optional<Count> &count)
 {
-    AskedRound asked {.round = {.forgotten = forgottenCounters,
+    AskedRound asked {.round = {.claim = Claim(),
+                                .isLast = lastRoundRuns,
+                                .forgotten = forgottenCounters,
                                 .counts = dayEnds.Waiting(),
                                 .reconcile = !reconciled && count,
+                                .beginsDay = settledDay != QDate::currentDate(),
                                 .prices = PricesNow(),
                                 .now = QDateTime::currentDateTime(),
                                 .loggedIn = loggedIn,
@@ -240,7 +258,7 @@ void AccountingService::AskForRound(const std::optional<Count> &count)
     }
     database.Start(
         this,
-        [gateway = settings.gatewayId, work = std::move(work)] { return RunRound(gateway, work); },
+        [work = std::move(work)] { return RunRound(work); },
         [this, asked = std::move(asked)](const Result<RoundOutcome> &outcome) {
             FinishRound(asked, outcome);
         });
@@ -289,7 +307,13 @@ void AccountingService::RetryLater()
 void AccountingService::TakeWritten(const AskedRound &asked, const RoundOutcome &outcome)
 {
     SetTrouble(Trouble::Database, {});
+    if (outcome.claim == ClaimOutcome::AnotherIsAlive) {
+        keepTable = true;
+        emit GaveUp(u"Another gateway has taken the id \"%1\"."_s.arg(settings.gatewayId));
+        return;
+    }
     retryPause = {};
+    settledDay = asked.round.now.date();
     reconciled = reconciled || asked.round.reconcile;
     for (const Count &each : asked.round.counts) {
         if (each.generation == generation) { // else the table was made anew meanwhile
@@ -509,6 +533,9 @@ MadePolicy AccountingService::Made() const
 // Brings the kernel to what holds now.
 void AccountingService::Enforce()
 {
+    if (!changed) {
+        return; // what is told before the beginning is in force with it
+    }
     const MadePolicy made = Made();
     const auto applied = kernel->Apply(made.policy);
     SetTrouble(Trouble::Kernel, applied ? QString() : applied.error().text);

@@ -65,6 +65,7 @@ private:
     enum class Trouble { Adapter, Database, Kernel, Flowtables, Settings, StateFile, Clock };
 
     void BeginWith(const Result<Beginning> &beginning);
+    [[nodiscard]] GatewayClaim Claim() const;
     void FindInterfaces();
     void StartTimers();
 
@@ -116,6 +117,7 @@ private:
     ServiceSettings settings;
     std::unique_ptr<KernelTable> kernel;
     SessionThread &database;
+    const QString instance; // of this gateway
     DayEnds dayEnds;
     WorkstationFinder finder;
     OnLineTime onLine;
@@ -159,6 +161,7 @@ private:
     bool lastRoundRuns = false;
     bool stopped = false;
     bool keepTable = false;
+    QDate settledDay; // whose accounts have begun
     QDate countedDay; // whose end is still to come
     QDateTime lastCount;
     std::map<Trouble, QString> troubles;

@@ -13,6 +13,10 @@ QStringList LanInterfaces(const QString &adapter, QString &fault)
     }
     const QList<Adapter> adapters = SystemAdapters();
     const Adapter *found = FindAdapter(adapters, adapter);
+    if (found == nullptr
+        && std::ranges::find(adapters, adapter, &Adapter::name) != adapters.end()) {
+        return {adapter}; // written by hand
+    }
     if (found == nullptr) {
         fault =
             u"This machine has no adapter \"%1\": workstations are looked for behind all of them."_s

@@ -19,13 +19,11 @@ constexpr int kUsualGrace = 300;
 constexpr int kLongestPeriod = 86400;
 
 // The machine's own id is not told to others.
-QString IdOfMachine()
+QString Digest(const QByteArray &ofWhat)
 {
-    const QByteArray id = QSysInfo::machineUniqueId();
-    return QString::fromLatin1(
-        QCryptographicHash::hash(QByteArray("tollbrook " + id), QCryptographicHash::Sha256)
-            .toHex()
-            .left(32));
+    const QByteArray text = "tollbrook " + QSysInfo::machineUniqueId() + ofWhat;
+    const auto digest = QCryptographicHash::hash(text, QCryptographicHash::Sha256);
+    return QString::fromLatin1(digest.toHex().left(32));
 }
 
 // One key while its values are read; what is bad in it is noted.
@@ -106,7 +104,7 @@ void ReadBase(const KeyReader &base, SettingsReader &reader, ServiceSettings &se
 {
     settings.dataSource = base.ReadText(values::kBillDsn).value_or(QString());
     const QString id = base.ReadText(values::kGatewayId).value_or(QString()).trimmed();
-    settings.gatewayId = id.isEmpty() ? IdOfMachine() : id.left(64);
+    settings.gatewayId = id.isEmpty() ? Digest({}) : id.left(64);
     int period = static_cast<int>(settings.period.count());
     reader.Take(base, values::kTimer, 0, 0, kLongestPeriod, period);
     settings.period = std::chrono::seconds(period == 0 ? kUsualPeriod : period);
@@ -159,6 +157,11 @@ ReadSettings ReadServiceSettings(const ConfigStore &store, const ServiceSettings
         settings.adapter = key.ReadText(values::kBoundNic).value_or(QString());
     });
     return read;
+}
+
+QString InstanceId()
+{
+    return Digest(QFile::symLinkTarget(u"/proc/self/ns/net"_s).toUtf8());
 }
 
 QStringList ProblemsOf(const ServiceSettings &settings)

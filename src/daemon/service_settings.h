@@ -48,5 +48,9 @@ struct ReadSettings
 [[nodiscard]] ReadSettings ReadServiceSettings(const ConfigStore &store,
                                                const ServiceSettings &before);
 
+// Which gateway this is, the same at each start: the machine, and on it the network that the process is
+// in. No longer than 64 characters.
+[[nodiscard]] QString InstanceId();
+
 // Why the service cannot work with these settings at all.
 [[nodiscard]] QStringList ProblemsOf(const ServiceSettings &settings);
