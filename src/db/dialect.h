@@ -68,7 +68,7 @@ struct Dialect
     //   PRESENT_TABLES  behind FROM: a row for each table of the database, with its `table_name`;
     //   STAGED (?) AS_ROWS s
     //                   the rows that the program hands in (staged_rows.h), with the columns k, n1 to n4,
-    //                   t and u. An UPDATE takes values from them as
+    //                   t, u and v. An UPDATE takes values from them as
     //                   UPDATE table SET assignments FROM STAGED (?) AS_ROWS s WHERE condition,
     //                   of whose assignments none has a marker.
     std::span<const Spelling> spellings;
