@@ -46,7 +46,7 @@ ReadLast(Books &books, const Count &count, const std::vector<const AddressCounte
     const QString generation = GenerationText(count.generation);
     const auto stored = books.Take(ReadAll(
         "SELECT s.k, service_counters.generation, service_counters.received, "
-        "service_counters.sent FROM STAGED (?) AS_ROWS s JOIN service_counters ON "
+        "service_counters.sent FROM STAGED (?) AS_ROWS s CROSS JOIN service_counters WHERE "
         "service_counters.gateway = (?) and service_counters.address = s.t and "
         "service_counters.unknown = s.n1",
         [&generation](const Row &row) {
