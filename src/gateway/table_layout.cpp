@@ -11,8 +11,8 @@ namespace {
 constexpr quint64 kPairsStayMs = 30ULL * 60 * 1000;
 
 constexpr SetLayout kLayouts[kSetCount] = {
-    {.stem = "sent", .counts = true},
-    {.stem = "received", .counts = true},
+    {.stem = "sent", .value = ValueKind::Accept, .counts = true},
+    {.stem = "received", .value = ValueKind::Accept, .counts = true},
     {.stem = "from", .value = ValueKind::Verdict},
     {.stem = "to", .value = ValueKind::Verdict},
     {.stem = "ports", .key = KeyKind::AddressAndPort},
@@ -27,7 +27,6 @@ constexpr SetLayout kLayouts[kSetCount] = {
      .key = KeyKind::AddressAndHardware,
      .dynamic = true,
      .timeoutMs = kPairsStayMs},
-    {.stem = "local", .interval = true},
     {.stem = "near", .interval = true},
 };
 
@@ -87,15 +86,17 @@ quint32 CodeOf(Verdict verdict)
 
 void PutVerdict(NetlinkWriter &writer, SetId set, const Element &element)
 {
-    const QByteArray chain =
-        ChainOf(static_cast<Verdict>(element.value), set, FamilyOf(element.address));
+    const auto verdict = LayoutOf(set).value == ValueKind::Accept
+        ? Verdict::Pass
+        : static_cast<Verdict>(element.value);
+    const QByteArray chain = ChainOf(verdict, set, FamilyOf(element.address));
     const size_t data = writer.Nest(NFTA_SET_ELEM_DATA);
-    const size_t verdict = writer.Nest(NFTA_DATA_VERDICT);
-    writer.PutU32(NFTA_VERDICT_CODE, CodeOf(static_cast<Verdict>(element.value)));
+    const size_t nested = writer.Nest(NFTA_DATA_VERDICT);
+    writer.PutU32(NFTA_VERDICT_CODE, CodeOf(verdict));
     if (!chain.isEmpty()) {
         writer.PutText(NFTA_VERDICT_CHAIN, chain);
     }
-    writer.EndNest(verdict);
+    writer.EndNest(nested);
     writer.EndNest(data);
 }
 
@@ -233,7 +234,8 @@ void PutElement(NetlinkWriter &writer, SetId set, const Element &element, bool w
     const size_t key = writer.Nest(NFTA_SET_ELEM_KEY);
     writer.PutBytes(NFTA_DATA_VALUE, KeyBytes(layout.key, element));
     writer.EndNest(key);
-    if (whole && layout.value == ValueKind::Verdict) {
+    const bool isVerdict = layout.value == ValueKind::Verdict || layout.value == ValueKind::Accept;
+    if (whole && isVerdict) {
         PutVerdict(writer, set, element);
     } else if (whole && layout.value == ValueKind::Quota) {
         const auto kind = set == SetId::GroupLeft ? QuotaId::Kind::Group : QuotaId::Kind::User;

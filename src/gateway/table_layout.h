@@ -20,7 +20,7 @@ inline constexpr std::array kFamilies = {Family::V4, Family::V6};
 
 // Each stands in the kernel once for each family, its name ending in 4 or 6.
 enum class SetId {
-    Sent, // of known addresses, with a counter that a lookup raises
+    Sent, // map of known addresses to `accept`, with a counter that a lookup raises
     Received,
     From, // map of what is to become of packets from a known address that is not just counted
     To,
@@ -33,13 +33,12 @@ enum class SetId {
     SeenReceived,
     SeenRefused, // unknown addresses none of whose packets passed
     Pairs, // address and hardware address, noted of packets; they expire
-    Local, // ranges in which an unknown address is one of a workstation
-    Near, // ranges of what is not the Internet: a packet between two such is no traffic
+    Near, // excluded addresses, and the local ranges when they are many
 };
 constexpr int kSetCount = static_cast<int>(SetId::Near) + 1;
 
 enum class KeyKind { Address, AddressAndPort, AddressAndHardware };
-enum class ValueKind { None, Verdict, Quota };
+enum class ValueKind { None, Verdict, Accept, Quota };
 
 struct SetLayout
 {
