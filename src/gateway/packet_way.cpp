@@ -44,7 +44,7 @@ private:
     [[nodiscard]] RuleWriter Rule(const QByteArray &chain) { return {writer, chain}; }
     [[nodiscard]] QByteArray Tail() const
     {
-        return Numbered(IsFrom() ? "count_from" : "to_left", family);
+        return Numbered(IsFrom() ? "count_from" : "to_left_group", family);
     }
     [[nodiscard]] QByteArray ChainFor(Verdict verdict) const
     {
@@ -145,10 +145,15 @@ private:
 
     void CheckQuotas()
     {
-        PassUncounted(Tail());
-        Rule(Tail()).DropOverQuota(SetId::Left, family);
-        Rule(Tail()).DropOverQuota(SetId::GroupLeft, family);
-        Count(Tail());
+        for (const Verdict verdict : {Verdict::Left, Verdict::LeftOfGroup}) {
+            const QByteArray chain = ChainFor(verdict);
+            PassUncounted(chain);
+            Rule(chain).DropOverQuota(SetId::Left, family);
+            if (verdict == Verdict::LeftOfGroup) {
+                Rule(chain).DropOverQuota(SetId::GroupLeft, family);
+            }
+            Count(chain);
+        }
     }
 
     NetlinkWriter &writer;

@@ -46,6 +46,7 @@ constexpr VerdictChain kChains[] = {
     {Verdict::Allow, SetId::To, "to_allow"},
     {Verdict::Deny, SetId::To, "to_deny"},
     {Verdict::Left, SetId::To, "to_left"},
+    {Verdict::LeftOfGroup, SetId::To, "to_left_group"},
 };
 constexpr const char *kRefuseChain = "refuse"; // one for both families
 

@@ -58,7 +58,7 @@ struct SetLayout
 [[nodiscard]] QByteArray Numbered(const char *stem, Family family);
 
 // What becomes of the packets of an address, as the element of From or To says. The verdicts with
-// Hardware are From's alone, Left is To's.
+// Hardware are From's alone, those with Left To's.
 enum class Verdict : quint32 {
     Pass = 1, // neither counted nor refused
     Silent, // dropped without a word
@@ -68,7 +68,8 @@ enum class Verdict : quint32 {
     HardwareDeny,
     Allow, // goes on only with a picked port
     Deny, // goes on without a picked port
-    Left, // goes on while a quota lasts
+    Left, // goes on while its quota lasts
+    LeftOfGroup, // goes on while its own quota and its group's last
     Unknown, // none of ours, as read
 };
 

@@ -23,7 +23,7 @@ constexpr quint16 kDnsPort = 53;
 constexpr quint16 kDhcpPorts[] = {67, 547};
 constexpr const char *kGatewayChain = "to_gateway";
 constexpr const char *kIpv6Chain = "forward6";
-constexpr Verdict kLastVerdict = Verdict::Left;
+constexpr Verdict kLastVerdict = Verdict::LeftOfGroup;
 
 void Start(NetlinkWriter &writer, int message, int flags)
 {

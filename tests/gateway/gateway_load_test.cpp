@@ -51,24 +51,31 @@ TEST_F(Load, TwentyThousandClientsComeChangeAndAreTakenOver)
     EXPECT_TRUE(Read().clients.empty());
 }
 
-TEST_F(Load, ManyUnknownWorkstationsAreFound)
+TEST_F(Load, UnknownWorkstationsBeyondTheMostThatCanBeNotedAreRefused)
 {
+    policy.network.local = {{0x0A4C0000, 0xFFFE0000}};
     Begin();
+    const auto source =
+        MakeSocket(Lab(), Place::Workstations, Transport::Udp, {u"0.0.0.0"_s, kPort});
     const auto target = MakeSocket(Lab(), Place::Internet, Transport::Udp, {kThere, kPort});
-    constexpr int kMany = 2000;
+    constexpr int kMost = 65535;
     int come = 0;
-    for (int i = 0; i < kMany; ++i) {
-        const QString from = DottedText(0x0A4D4000 + static_cast<Ipv4>(i));
-        const auto one = MakeSocket(Lab(), Place::Workstations, Transport::Udp, {from, kPort + 1});
-        SendDatagrams(one, {kThere, kPort}, 10, 1);
+    for (int i = 0; i < kMost; ++i) {
+        ASSERT_TRUE(SendFrom(source, 0x0A4D0000 + static_cast<Ipv4>(i), {kThere, kPort}, 10));
         come += TakeDatagrams(target, 1);
     }
-    EXPECT_EQ(come, kMany);
+    EXPECT_EQ(come, kMost);
+    SendFrom(source, 0x0A4DFFFF, {kThere, kPort}, 10);
+    SendFrom(source, 0x0A4C0002, {kThere, kPort}, 10);
+    EXPECT_EQ(TakeDatagrams(target, 1), 0);
     const std::vector<UnknownReading> unknown = Read().unknown;
-    EXPECT_EQ(unknown.size(), size_t {kMany});
+    EXPECT_EQ(unknown.size(), size_t {kMost});
     EXPECT_TRUE(std::ranges::all_of(unknown, [](const UnknownReading &one) {
-        return one.sent == 38 && one.hardware.has_value();
+        return one.sent == 38 && one.received == 0 && one.hardware;
     }));
+    EXPECT_TRUE(table->ForgetUnknown({Address(kHere)}));
+    SendFrom(source, 0x0A4DFFFF, {kThere, kPort}, 10);
+    EXPECT_EQ(TakeDatagrams(target, 1), 1);
 }
 
 TEST_F(Load, TheNeighbourTableTellsHardwareAddresses)
