@@ -110,9 +110,13 @@ private:
     void Connect()
     {
         connect(&service, &AccountingService::Began, this, &Run::TellReady);
-        connect(&service, &AccountingService::GaveUp, this, [this](const QString &why) {
-            End(Fail(NoDatabase, why));
-        });
+        connect(&service,
+                &AccountingService::GaveUp,
+                this,
+                [this](AccountingService::Missing missing, const QString &why) {
+                    const bool isKernel = missing == AccountingService::Missing::Kernel;
+                    End(Fail(isKernel ? NoKernel : NoDatabase, why));
+                });
         connect(&service, &AccountingService::Stopped, this, [this] { End(result); });
         connect(&termination, &Termination::ReloadAsked, this, [this] {
             supervisor::Reloading();

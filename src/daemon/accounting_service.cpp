@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kSoon = 200ms; // for several causes to come together
+constexpr size_t kStationsAtOnce = 100; // in one transaction
 constexpr auto kFirstRetry = 1s; // after the database could not be had; each pause doubles
 constexpr auto kPatienceAtTheEnd = 20s;
 constexpr int kSilentPeriods = 3; // until another gateway counts as gone
@@ -21,9 +22,22 @@ constexpr auto kRareLook = 10s;
 constexpr int kLookShare = 50; // of the time at most one part is spent looking
 constexpr std::array kReadAgain {100ms, 500ms, 2000ms}; // a notice comes before the commit
 
-NewUserRules NewUserRulesOf(const ServiceSettings & /*settings*/)
+quint32 WholeNumber(std::optional<qint32> number)
 {
-    return {};
+    return static_cast<quint32>(std::max(number.value_or(0), 0));
+}
+
+StationRules StationRulesOf(const ServiceSettings &settings)
+{
+    const DefaultProfile &profile = settings.newUser;
+    return {.identification = settings.identification,
+            .keepsAddresses = settings.bindsHardware,
+            .profile = {.mode = profile.mode,
+                        .trafficLimit = WholeNumber(profile.trafficLimit),
+                        .timeLimit = WholeNumber(profile.timeLimit),
+                        .period = profile.period,
+                        .blocked = profile.blocked,
+                        .authRequired = profile.authRequired}};
 }
 
 QDateTime MidnightAfter(QDate day)
@@ -37,12 +51,14 @@ AccountingService::AccountingService(const ConfigStore &settingsStore,
                                      const ServiceSettings &begun,
                                      std::unique_ptr<KernelTable> table,
                                      SessionThread &thread,
-                                     const QString &stateFolder)
+                                     const QString &stateFolder,
+                                     WallClock now)
     : store(settingsStore)
     , settings(begun)
     , kernel(std::move(table))
     , database(thread)
     , instance(InstanceId())
+    , wallClock(std::move(now))
     , dayEnds(stateFolder + u"/day-ends.json"_s)
     , onLine(begun.idleGrace)
 {
@@ -64,14 +80,14 @@ void AccountingService::Begin()
     FindInterfaces();
     const auto standing = kernel->StandingGeneration();
     if (!standing) {
-        emit GaveUp(standing.error().text);
+        emit GaveUp(Missing::Kernel, standing.error().text);
         return;
     }
     generation = standing->value_or(0);
     const BeginningWanted wanted {.dataSource = settings.dataSource,
                                   .claim = Claim(),
                                   .silence = kSilentPeriods * settings.period,
-                                  .now = QDateTime::currentDateTime(),
+                                  .now = Now(),
                                   .prices = PricesNow()};
     database.Start(
         this,
@@ -82,12 +98,13 @@ void AccountingService::Begin()
 void AccountingService::BeginWith(const Result<Beginning> &beginning)
 {
     if (!beginning) {
-        emit GaveUp(u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
+        emit GaveUp(Missing::Database,
+                    u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
                                                                 beginning.error().text));
         return;
     }
     if (!beginning->refusal.isEmpty()) {
-        emit GaveUp(beginning->refusal);
+        emit GaveUp(Missing::Database, beginning->refusal);
         return;
     }
     standings = beginning->standings;
@@ -102,7 +119,7 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
     const MadePolicy made = Made();
     const auto began = kernel->Begin(made.policy);
     if (!began) {
-        emit GaveUp(began.error().text);
+        emit GaveUp(Missing::Kernel, began.error().text);
         return;
     }
     if (!began->takenOver) {
@@ -145,8 +162,8 @@ void AccountingService::StartTimers()
             &AccountingService::TakeKernelEvents);
     countTimer.start(settings.period);
     lookTimer.start(kLook);
-    countedDay = QDate::currentDate();
-    midnightTimer.start(QDateTime::currentDateTime().msecsTo(MidnightAfter(countedDay)));
+    countedDay = Now().date();
+    midnightTimer.start(Now().msecsTo(MidnightAfter(countedDay)));
 }
 
 void AccountingService::CountSoon()
@@ -163,7 +180,7 @@ void AccountingService::CountNow()
         roundWanted = true;
         return;
     }
-    AskForRound(TakeReading(QDateTime::currentDateTime()));
+    AskForRound(TakeReading(Now()));
 }
 
 // Nothing when the kernel cannot be read; the database is asked all the same.
@@ -184,13 +201,58 @@ std::optional<Count> AccountingService::TakeReading(const QDateTime &at)
 
 void AccountingService::NoteReading(const Reading &reading)
 {
-    companions = CompanionsIn(reading.pairs, settings.identification);
-    finder.Look(reading.unknown, owners);
+    const std::vector<AddressPair> pairs = PresentPairs(reading);
+    companions = CompanionsIn(pairs, settings.identification);
+    hardware.clear();
+    for (const AddressPair &each : pairs) {
+        hardware.insert(each.address, each.hardware);
+    }
+    finder.Look(reading.unknown, owners, hardware);
     std::vector<SentReading> sent;
     for (const AddressReading &each : reading.clients) {
         sent.push_back({each.address, each.sent});
     }
     NoteSent(sent, reading.at);
+}
+
+// Those of packets, and those of the kernel's neighbour table, which goes before them.
+std::vector<AddressPair> AccountingService::PresentPairs(const Reading &reading)
+{
+    std::vector<AddressPair> pairs = reading.pairs;
+    const auto neighbours = ReadNeighbours();
+    if (!neighbours) {
+        SetTrouble(Trouble::Kernel, neighbours.error().text);
+        return pairs;
+    }
+    QSet<NetAddress> known;
+    for (const Neighbour &each : *neighbours) {
+        known.insert(each.address);
+    }
+    std::erase_if(pairs,
+                  [&known](const AddressPair &each) { return known.contains(each.address); });
+    for (const Neighbour &each : *neighbours) {
+        if (lanInterfaces.isEmpty() || lanInterfaces.contains(each.interface)) {
+            pairs.push_back({each.address, each.hardware});
+        }
+    }
+    return pairs;
+}
+
+// New workstations, and users' addresses at which another hardware address was seen than the row has.
+std::vector<Station> AccountingService::TakeStationsSeen()
+{
+    std::vector<Station> stations = finder.Take();
+    for (const Standing &each : standings.users) {
+        const auto address = NetAddress::From(each.ip);
+        const auto seen = address ? hardware.constFind(*address) : hardware.constEnd();
+        if (seen == hardware.constEnd() || seen->Text() == each.mac
+            || toldHardware.value(*address) == *seen || stations.size() >= kStationsAtOnce) {
+            continue;
+        }
+        toldHardware.insert(*address, *seen);
+        stations.push_back({each.ip, seen->Text(), {}});
+    }
+    return stations;
 }
 
 Count AccountingService::CountOf(const Reading &reading, const QDateTime &at)
@@ -234,17 +296,18 @@ Count AccountingService::CountOf(const Reading &reading, const QDateTime &at)
 
 void AccountingService::AskForRound(const std::optional<Count> &count)
 {
+    const QDateTime now = Now();
     AskedRound asked {.round = {.claim = Claim(),
                                 .isLast = lastRoundRuns,
                                 .forgotten = forgottenCounters,
                                 .counts = dayEnds.Waiting(),
                                 .reconcile = !reconciled && count,
-                                .beginsDay = settledDay != QDate::currentDate(),
+                                .beginsDay = now.date() != settledDay,
                                 .prices = PricesNow(),
-                                .now = QDateTime::currentDateTime(),
+                                .now = now,
                                 .loggedIn = loggedIn,
-                                .found = finder.Take(),
-                                .newUsers = NewUserRulesOf(settings)},
+                                .stations = TakeStationsSeen(),
+                                .stationRules = StationRulesOf(settings)},
                       .dayEnds = dayEnds.Waiting().size(),
                       .retired = {retired.keyBegin(), retired.keyEnd()}};
     if (count) {
@@ -285,7 +348,8 @@ void AccountingService::FinishRound(const AskedRound &asked, const Result<RoundO
 void AccountingService::TakeFailure(const AskedRound &asked, const Failure &failure)
 {
     SetTrouble(Trouble::Database, u"The database cannot be used: %1"_s.arg(failure.text));
-    finder.PutBack(asked.round.found);
+    finder.PutBack(asked.round.stations);
+    toldHardware.clear();
     std::vector<OnLineTime::Spent> spent;
     for (size_t i = asked.dayEnds; i < asked.round.counts.size(); ++i) {
         for (const OnlineTime &one : asked.round.counts[i].online) {
@@ -309,12 +373,13 @@ void AccountingService::TakeWritten(const AskedRound &asked, const RoundOutcome 
     SetTrouble(Trouble::Database, {});
     if (outcome.claim == ClaimOutcome::AnotherIsAlive) {
         keepTable = true;
-        emit GaveUp(u"Another gateway has taken the id \"%1\"."_s.arg(settings.gatewayId));
+        emit GaveUp(Missing::Database,
+                    u"Another gateway has taken the id \"%1\"."_s.arg(settings.gatewayId));
         return;
     }
     retryPause = {};
-    settledDay = asked.round.now.date();
     reconciled = reconciled || asked.round.reconcile;
+    settledDay = asked.round.now.date();
     for (const Count &each : asked.round.counts) {
         if (each.generation == generation) { // else the table was made anew meanwhile
             changed->Take(each);
@@ -384,7 +449,7 @@ void AccountingService::ForgetInKernel(const std::vector<NetAddress> &done)
 void AccountingService::EndDay()
 {
     const QDateTime midnight = MidnightAfter(countedDay);
-    const QDateTime now = QDateTime::currentDateTime();
+    const QDateTime now = Now();
     if (now < midnight) { // the timer was early, or the clock was set back
         midnightTimer.start(now.msecsTo(midnight));
         return;
@@ -401,7 +466,7 @@ void AccountingService::EndDay()
 // A clock that was set forward over a midnight ends the day now; one that was set back is told.
 void AccountingService::CheckClock()
 {
-    const QDate today = QDate::currentDate();
+    const QDate today = Now().date();
     if (today > countedDay) {
         EndDay();
         return;
@@ -416,7 +481,7 @@ void AccountingService::CheckClock()
 void AccountingService::AwaitNextChange()
 {
     if (standings.nextChange.isValid()) {
-        const qint64 wait = QDateTime::currentDateTime().msecsTo(standings.nextChange);
+        const qint64 wait = Now().msecsTo(standings.nextChange);
         changeTimer.start(std::chrono::milliseconds(std::clamp<qint64>(wait + 1, 1, 86400000)));
     }
 }
@@ -597,7 +662,7 @@ void AccountingService::NoticeLogin(UserId userId, bool isIn)
 // `last`: the notice of this user has had its time, and the row alone holds from now on.
 void AccountingService::ReadAgain(UserId userId, bool last)
 {
-    const Moment now = MomentOf(QDateTime::currentDateTime());
+    const Moment now = MomentOf(Now());
     database.Start(
         this,
         [userId, now, prices = PricesNow(), isIn = loggedIn.contains(userId)] {
@@ -662,7 +727,7 @@ void AccountingService::Stop(bool keep)
         return;
     }
     stopping = true;
-    keepTable = keep;
+    keepTable = keep || settings.keepsTableOnStop;
     for (QTimer *timer : {&countTimer, &soonTimer, &lookTimer, &midnightTimer, &changeTimer}) {
         timer->stop();
     }
@@ -679,7 +744,7 @@ void AccountingService::Stop(bool keep)
 void AccountingService::AskForLastRound()
 {
     lastRoundRuns = true;
-    AskForRound(TakeReading(QDateTime::currentDateTime()));
+    AskForRound(TakeReading(Now()));
 }
 
 // A table whose counts could not be written stays: the next start writes them.
@@ -764,6 +829,8 @@ void AccountingService::TellOutcome(const RoundOutcome &outcome) const
         tell(each);
     }
     tell(outcome.marks);
+    tellUsers(outcome.stations.made, u"a new workstation"_s);
+    tellUsers(outcome.stations.moved, u"the address has changed"_s);
 }
 
 void AccountingService::SetTrouble(Trouble trouble, const QString &text)

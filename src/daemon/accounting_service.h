@@ -11,12 +11,14 @@
 #include "daemon/workstation_finder.h"
 #include "db/session_thread.h"
 #include "gateway/kernel_table.h"
+#include "gateway/neighbours.h"
 
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -25,12 +27,20 @@ class AccountingService : public QObject, public BusWork
     Q_OBJECT
 
 public:
+    // What the service cannot begin without.
+    enum class Missing { Kernel, Database };
+
+    // What the time is, in the gateway's zone.
+    using WallClock = std::function<QDateTime()>;
+
     // All that is referred to outlives the service. `stateFolder`: where day ends wait for the database.
-    AccountingService(const ConfigStore &store,
-                      const ServiceSettings &settings,
-                      std::unique_ptr<KernelTable> kernel,
-                      SessionThread &database,
-                      const QString &stateFolder);
+    AccountingService(
+        const ConfigStore &store,
+        const ServiceSettings &settings,
+        std::unique_ptr<KernelTable> kernel,
+        SessionThread &database,
+        const QString &stateFolder,
+        WallClock now = [] { return QDateTime::currentDateTime(); });
 
     // Reads what holds, and takes the kernel's table over or makes it. Began or GaveUp follows.
     void Begin();
@@ -38,8 +48,8 @@ public:
     // Reads the settings anew; a bad value leaves the old one in force.
     void Reload();
 
-    // Has what was counted last written, then removes the table unless it is to stay. Stopped follows,
-    // at the latest in kPatienceAtTheEnd.
+    // Has what was counted last written, then removes the table unless it is to stay, by `keepTable` or
+    // by the settings. Stopped follows, at the latest in kPatienceAtTheEnd.
     void Stop(bool keepTable);
 
     void NoticeBlocked(UserId userId, bool blocked) override;
@@ -52,7 +62,7 @@ public:
 
 signals:
     void Began();
-    void GaveUp(const QString &why);
+    void GaveUp(AccountingService::Missing missing, const QString &why);
     void Stopped();
     void Counted();
     void RefusedChanged();
@@ -73,6 +83,8 @@ private:
     void CountNow();
     [[nodiscard]] std::optional<Count> TakeReading(const QDateTime &at);
     void NoteReading(const Reading &reading);
+    [[nodiscard]] std::vector<AddressPair> PresentPairs(const Reading &reading);
+    [[nodiscard]] std::vector<Station> TakeStationsSeen();
     [[nodiscard]] Count CountOf(const Reading &reading, const QDateTime &at);
     // A round with what is to be known when it ends.
     struct AskedRound
@@ -112,12 +124,14 @@ private:
     void TellOutcome(const RoundOutcome &outcome) const;
     void FinishStop();
     [[nodiscard]] Prices PricesNow() const { return {settings.price}; }
+    [[nodiscard]] QDateTime Now() const { return wallClock(); }
 
     const ConfigStore &store;
     ServiceSettings settings;
     std::unique_ptr<KernelTable> kernel;
     SessionThread &database;
     const QString instance; // of this gateway
+    WallClock wallClock;
     DayEnds dayEnds;
     WorkstationFinder finder;
     OnLineTime onLine;
@@ -142,6 +156,8 @@ private:
     QSet<UserId> timeEnded;
     QSet<UserId> refused; // as enforced
     CompanionAddresses companions;
+    QHash<NetAddress, HardwareAddress> hardware; // as seen last
+    QHash<NetAddress, HardwareAddress> toldHardware; // to the database, of addresses of users
     QList<UserRate> rates;
     Clock::time_point lastReading {};
     UserTotals lastTotals;
@@ -161,8 +177,8 @@ private:
     bool lastRoundRuns = false;
     bool stopped = false;
     bool keepTable = false;
-    QDate settledDay; // whose accounts have begun
     QDate countedDay; // whose end is still to come
+    QDate settledDay; // whose beginning the accounts have seen
     QDateTime lastCount;
     std::map<Trouble, QString> troubles;
 };

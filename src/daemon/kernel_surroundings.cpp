@@ -12,18 +12,16 @@ QStringList LanInterfaces(const QString &adapter, QString &fault)
         return {};
     }
     const QList<Adapter> adapters = SystemAdapters();
-    const Adapter *found = FindAdapter(adapters, adapter);
-    if (found == nullptr
-        && std::ranges::find(adapters, adapter, &Adapter::name) != adapters.end()) {
-        return {adapter}; // written by hand
+    if (const Adapter *found = FindAdapter(adapters, adapter)) {
+        return {found->name};
     }
-    if (found == nullptr) {
+    if (std::ranges::find(adapters, adapter, &Adapter::name) == adapters.end()) {
         fault =
             u"This machine has no adapter \"%1\": workstations are looked for behind all of them."_s
                 .arg(adapter);
         return {};
     }
-    return {found->name};
+    return {adapter};
 }
 
 CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs,
@@ -31,7 +29,7 @@ CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs,
 {
     CompanionAddresses companions;
     for (const AddressPair &pair : pairs) {
-        if (!pair.address.IsIpv4() || identification == Identification::ByHardware) {
+        if (!pair.address.IsIpv4() || identification == Identification::ByMac) {
             companions[pair.hardware].push_back(pair.address);
         }
     }

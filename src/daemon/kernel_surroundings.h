@@ -7,8 +7,8 @@
 
 #include <chrono>
 
-// The names of the interfaces to the workstations; empty: all. `fault` tells of an adapter that the
-// machine does not have: then all count.
+// The names of the interfaces to the workstations; empty: all. `adapter` is a description, as the console
+// stores it, or a name. `fault` tells of one that the machine does not have: then all count.
 [[nodiscard]] QStringList LanInterfaces(const QString &adapter, QString &fault);
 
 // The addresses that each hardware address was seen with: IPv6 always, IPv4 too where users are known

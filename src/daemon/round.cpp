@@ -26,7 +26,7 @@ public:
         }
         Reconcile();
         Settle();
-        MakeUsers();
+        FindUsers();
         Read();
         WriteTheMarks();
         Release();
@@ -94,11 +94,11 @@ private:
         }
     }
 
-    void MakeUsers()
+    void FindUsers()
     {
-        if (!failure && !round.found.empty()) {
-            if (auto made = Take(MakeNewUsers(round.found, round.newUsers))) {
-                outcome.found = *std::move(made);
+        if (!failure && !round.stations.empty()) {
+            if (auto taken = Take(TakeStations(round.stations, round.stationRules))) {
+                outcome.stations = *std::move(taken);
             }
         }
     }

@@ -26,8 +26,8 @@ struct Round
     Prices prices;
     QDateTime now; // in the gateway's zone
     QSet<UserId> loggedIn;
-    std::vector<FoundWorkstation> found;
-    NewUserRules newUsers;
+    std::vector<Station> stations; // new ones, and those with another hardware address
+    StationRules stationRules;
 };
 
 struct RoundOutcome
@@ -35,7 +35,7 @@ struct RoundOutcome
     ClaimOutcome claim = ClaimOutcome::Ours; // else nothing was done
     std::vector<Counted> counted; // of each of the counts, and of the day that began
     MarksWritten marks;
-    FoundUsers found;
+    StationsTaken stations;
     Standings standings;
     MonitoredPorts ports;
 };

@@ -17,6 +17,7 @@ namespace {
 constexpr int kUsualPeriod = 60; // seconds
 constexpr int kUsualGrace = 300;
 constexpr int kLongestPeriod = 86400;
+constexpr int kByLogin = 2; // of "IdentMode"
 
 // The machine's own id is not told to others.
 QString Digest(const QByteArray &ofWhat)
@@ -111,7 +112,10 @@ void ReadBase(const KeyReader &base, SettingsReader &reader, ServiceSettings &se
     int grace = static_cast<int>(settings.idleGrace.count());
     reader.Take(base, values::kIdleGrace, kUsualGrace, 1, kLongestPeriod, grace);
     settings.idleGrace = std::chrono::seconds(grace);
-    reader.Take(base, values::kIdentMode, 0, 0, 2, settings.identification);
+    int identification = static_cast<int>(settings.identification);
+    reader.Take(base, values::kIdentMode, 0, 0, kByLogin, identification);
+    settings.identifiesByLogin = identification == kByLogin;
+    settings.identification = identification == 1 ? Identification::ByMac : Identification::ByIp;
     reader.Take(base, values::kMonitorProtMode, 0, 0, 3, settings.protocols);
     reader.Take(
         base, values::kAuthPort, 0, 0, std::numeric_limits<quint16>::max(), settings.authPort);
@@ -174,7 +178,7 @@ QStringList ProblemsOf(const ServiceSettings &settings)
         problems << u"There is no local address range: nobody would be counted. Set one in the "
                     "console's options, page Network."_s;
     }
-    if (settings.identification == Identification::ByLogin) {
+    if (settings.identifiesByLogin) {
         problems
             << u"Identification by Windows user name is not supported yet: choose IP address or "
                "MAC address in the console's options, page Bind."_s;

@@ -1,49 +1,11 @@
 #include "gateway/table_fixture.h"
-
-#include <atomic>
-#include <thread>
+#include "support/lab/flow.h"
 
 using namespace Qt::StringLiterals;
 
 class Counting : public TableTest
 {
 protected:
-    // Keeps sending datagrams of 100 bytes in both directions until it goes.
-    class Flow
-    {
-    public:
-        Flow(const QString &here, const QString &there)
-            : source(MakeSocket(Lab(), Place::Workstations, Transport::Udp, {here, kPort}))
-            , target(MakeSocket(Lab(), Place::Internet, Transport::Udp, {there, kPort}))
-            , thread([this, here, there] {
-                while (!stop) {
-                    sent += SendDatagrams(source, {there, kPort}, 100, 5);
-                    received += SendDatagrams(target, {here, kPort}, 100, 5);
-                }
-            })
-        { }
-        ~Flow() { Stop(); }
-        Flow(const Flow &) = delete;
-        Flow &operator=(const Flow &) = delete;
-
-        void Stop()
-        {
-            stop = true;
-            if (thread.joinable()) {
-                thread.join();
-            }
-        }
-
-        std::atomic<int> sent = 0;
-        std::atomic<int> received = 0;
-
-    private:
-        OpenFile source;
-        OpenFile target;
-        std::atomic<bool> stop = false;
-        std::thread thread;
-    };
-
     static void Pause() { std::this_thread::sleep_for(std::chrono::milliseconds(5)); }
 };
 
@@ -124,7 +86,7 @@ TEST_F(Counting, NothingIsLostWhileClientsComeMoveAndGo)
 {
     AddClient(1, {kHere});
     Begin();
-    Flow flow(kHere, kThere);
+    Flow flow(Lab(), kHere, kThere);
     for (int i = 0; i < 30; ++i) {
         ClientRules &other = policy.clients[2];
         policy.clients[1].addresses.swap(other.addresses); // the address moves
@@ -144,7 +106,7 @@ TEST_F(Counting, ARetiredAddressKeepsItsCountersUntilForgotten)
 {
     AddClient(1, {kHere});
     Begin();
-    Flow flow(kHere, kThere);
+    Flow flow(Lab(), kHere, kThere);
     Pause();
     policy.clients.clear();
     Apply();

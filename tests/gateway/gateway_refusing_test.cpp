@@ -184,8 +184,8 @@ TEST_F(Refusing, WhatIsNearOrExcludedIsNeitherCountedNorRefused)
 
 TEST_F(Refusing, OnlyCountedPortsAreCounted)
 {
-    policy.network.countAllPorts = false;
-    policy.network.countedPorts = {53};
+    policy.network.counted = CountedPorts::Only;
+    policy.network.ports = {53};
     AddClient(1, {kHere}).receivedUntil = 1000000;
     Begin();
     EXPECT_TRUE(Sends(kHere, 53));

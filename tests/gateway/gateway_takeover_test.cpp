@@ -1,5 +1,6 @@
 #include "gateway/table_fixture.h"
 #include "gateway/table_writer.h"
+#include "support/lab/ruleset.h"
 
 #include <linux/netfilter.h>
 #include <linux/netfilter/nf_tables.h>
@@ -30,15 +31,6 @@ protected:
         writer.Begin(static_cast<quint16>(NFNL_SUBSYS_NFTABLES << 8 | message),
                      static_cast<quint16>(flags),
                      family);
-    }
-
-    // As `nft flush ruleset` does.
-    void FlushAll()
-    {
-        NetlinkWriter messages;
-        Start(messages, NFT_MSG_DELTABLE, NFPROTO_UNSPEC);
-        messages.End();
-        Commit(messages);
     }
 
     // As `nft flush table inet tollbrook` does.
@@ -156,7 +148,7 @@ TEST_F(TakeOver, AFlushedRulesetIsANewGeneration)
     AddClient(1, {kHere});
     const Began first = Begin();
     EXPECT_EQ(Send(kHere, kThere, 10, 1), 1);
-    FlushAll();
+    ASSERT_TRUE(FlushRuleset());
     EXPECT_TRUE(IsChanged());
     EXPECT_EQ(table->Read().error().kind, GatewayFailure::Kind::TableLost);
     EXPECT_EQ(table->Apply(policy).error().kind, GatewayFailure::Kind::TableLost);
@@ -229,5 +221,5 @@ TEST_F(TakeOver, FlowtablesAreTold)
     }
     EXPECT_EQ(table->TakeEvents().value().newFlowtables, QStringList(u"other fast"_s));
     EXPECT_TRUE(table->TakeEvents().value().newFlowtables.isEmpty());
-    FlushAll();
+    ASSERT_TRUE(FlushRuleset());
 }

@@ -130,14 +130,3 @@ protected:
     Policy policy;
     std::unique_ptr<KernelTable> table;
 };
-
-// IP bytes of datagrams that are not fragmented.
-inline quint64 Ipv4Bytes(int payload, int count)
-{
-    return static_cast<quint64>(payload + 28) * static_cast<quint64>(count);
-}
-
-inline quint64 Ipv6Bytes(int payload, int count)
-{
-    return static_cast<quint64>(payload + 48) * static_cast<quint64>(count);
-}

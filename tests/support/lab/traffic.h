@@ -57,3 +57,14 @@ struct LinkBytes
     qint64 out = 0;
 };
 [[nodiscard]] LinkBytes LinkBytesOf(const QString &interface);
+
+// IP bytes of datagrams that are not fragmented.
+[[nodiscard]] constexpr quint64 Ipv4Bytes(int payload, int count)
+{
+    return static_cast<quint64>(payload + 28) * static_cast<quint64>(count);
+}
+
+[[nodiscard]] constexpr quint64 Ipv6Bytes(int payload, int count)
+{
+    return static_cast<quint64>(payload + 48) * static_cast<quint64>(count);
+}
