@@ -82,7 +82,7 @@ std::vector<Station> WorkstationFinder::Take()
     for (Found &each : found) {
         if (each.ready && !each.taken && ready.size() < kMostAtOnce) {
             each.taken = true;
-            ready.push_back(each.workstation);
+            ready.push_back(each.station);
         }
     }
     return ready;
