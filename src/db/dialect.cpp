@@ -162,6 +162,7 @@ const Dialect kSqlite {.engine = "SQLite",
                        .clusterSettings = nullptr,
                        .serversKey = nullptr,
                        .joinsBeforeSet = false,
+                       .hasOneWriter = true,
                        .failures = kSqliteFailures,
                        .spellings = kSqliteSpellings};
 
@@ -177,6 +178,7 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .clusterSettings = nullptr,
                            .serversKey = nullptr,
                            .joinsBeforeSet = false,
+                           .hasOneWriter = false,
                            .failures = kPostgresqlFailures,
                            .spellings = kPostgresqlSpellings};
 
@@ -192,6 +194,7 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .clusterSettings = "SET SESSION wsrep_sync_wait = 1",
                         .serversKey = "Server",
                         .joinsBeforeSet = true,
+                        .hasOneWriter = false,
                         .failures = kMariadbFailures,
                         .spellings = kMariadbSpellings};
 
