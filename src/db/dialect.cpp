@@ -163,6 +163,7 @@ const Dialect kSqlite {.engine = "SQLite",
                        .clusterSettings = nullptr,
                        .serversKey = nullptr,
                        .joinsBeforeSet = false,
+                       .hasOneWriter = true,
                        .failures = kSqliteFailures,
                        .spellings = kSqliteSpellings};
 
@@ -179,6 +180,7 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .clusterSettings = nullptr,
                            .serversKey = nullptr,
                            .joinsBeforeSet = false,
+                           .hasOneWriter = false,
                            .failures = kPostgresqlFailures,
                            .spellings = kPostgresqlSpellings};
 
@@ -195,6 +197,7 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .clusterSettings = "SET SESSION wsrep_sync_wait = 1",
                         .serversKey = "Server",
                         .joinsBeforeSet = true,
+                        .hasOneWriter = false,
                         .failures = kMariadbFailures,
                         .spellings = kMariadbSpellings};
 

@@ -54,6 +54,8 @@ struct Dialect
     const char *serversKey;
     // True where an UPDATE joins the rows that it takes its values from ahead of SET, and not by FROM.
     bool joinsBeforeSet;
+    // True where a transaction that writes keeps everybody else from writing until it ends.
+    bool hasOneWriter;
     std::span<const FailureCode> failures; // the first that fits counts
     // Of these words:
     //   CASE_FOLDED (x PLAIN_CASE) HOLDS CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE
