@@ -88,14 +88,16 @@ GatewayFailure FailureOf(int error, const QString &what)
 {
     using Kind = GatewayFailure::Kind;
     Kind kind = Kind::Refused;
+    QString means;
     if (error == EPERM || error == EACCES) {
         kind = Kind::NotPermitted;
+        means = u". That needs CAP_NET_ADMIN, which the service's unit gives"_s;
     } else if (error == EPROTONOSUPPORT || error == EAFNOSUPPORT || error == EOPNOTSUPP) {
         kind = Kind::NotSupported;
     } else if (error == ENOBUFS || error == EAGAIN) {
         kind = Kind::Unreadable;
     }
-    return {kind, what + u": "_s + QString::fromLocal8Bit(std::strerror(error))};
+    return {kind, what + u": "_s + QString::fromLocal8Bit(std::strerror(error)) + means};
 }
 
 GatewayResult<NetlinkSocket> NetlinkSocket::Open(int protocol, std::span<const int> groups)

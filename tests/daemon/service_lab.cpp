@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <cerrno>
 #include <csignal>
 
 using namespace Qt::StringLiterals;
@@ -49,6 +50,12 @@ void MakeSocketReachable(const QString &engine)
         ? ValueIn(section, u"Servername"_s) + u'/' + SocketName(engine)
         : ValueIn(section, u"Socket"_s);
     ASSERT_TRUE(QFile::link(socket, SocketFolder() + u'/' + SocketName(engine)));
+}
+
+quint16 NextPort()
+{
+    static quint16 port = 6000;
+    return ++port;
 }
 
 } // namespace
@@ -286,10 +293,15 @@ QStringList ServiceLab::Problems() const
 
 qint64 ServiceLab::Download(quint32 userId, qint64 bytes)
 {
-    const auto port = static_cast<quint16>(5000 + userId);
+    const quint16 port = NextPort();
     const auto listener = Listen(Lab(), Place::Internet, {kThere, port});
-    const Connected client =
-        Connect(Lab(), Place::Workstations, {Workstation(userId), 0}, {kThere, port});
+    const auto connect = [&] {
+        return Connect(Lab(), Place::Workstations, {Workstation(userId), 0}, {kThere, port});
+    };
+    Connected client = connect();
+    if (client.error == ETIMEDOUT) { // the kernel drops packets while it makes a quota
+        client = connect();
+    }
     EXPECT_EQ(client.error, 0);
     const OpenFile server = Accept(listener);
     return Transfer(server, client.socket, bytes);
@@ -305,14 +317,15 @@ bool ServiceLab::IsTableStanding()
 }
 
 Probe::Probe(const Laboratory &laboratory, const QString &here, QString there)
-    : source(MakeSocket(laboratory, Place::Workstations, Transport::Udp, {here, kPort}))
-    , target(MakeSocket(laboratory, Place::Internet, Transport::Udp, {there, kPort}))
+    : port(NextPort())
+    , source(MakeSocket(laboratory, Place::Workstations, Transport::Udp, {here, port}))
+    , target(MakeSocket(laboratory, Place::Internet, Transport::Udp, {there, port}))
     , to(std::move(there))
 { }
 
 bool Probe::Passes()
 {
-    SendDatagrams(source, {to, kPort}, kPayload, 1);
+    SendDatagrams(source, {to, port}, kPayload, 1);
     const int came = TakeDatagrams(target, 1);
     passed += came;
     return came > 0;

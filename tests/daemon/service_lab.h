@@ -101,8 +101,7 @@ public:
     [[nodiscard]] quint64 PassedBytes() const { return Ipv4Bytes(kPayload, passed); }
 
 private:
-    static constexpr quint16 kPort = 4001;
-
+    const quint16 port; // of its own
     OpenFile source;
     OpenFile target;
     QString to;
