@@ -1,11 +1,20 @@
 // Activity of people who do not exist, the same again for the same seed.
 #pragma once
 
-#include "demo/accounting.h"
+#include "db/ids.h"
+#include "db/quantities.h"
 
 #include <QRandomGenerator>
 
 #include <vector>
+
+// What one user did since the last count.
+struct Activity
+{
+    Megabytes received; // what limits and credits are about
+    Megabytes sent;
+    Hours hours; // on line
+};
 
 class MadeUpTraffic
 {

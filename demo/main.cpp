@@ -4,9 +4,10 @@
 #include "config/config_values.h"
 #include "db/query.h"
 #include "db/session.h"
-#include "demo/accounting.h"
 #include "demo/demo_objects.h"
-#include "demo/made_up_traffic.h"
+#include "demo/made_up_gateway.h"
+#include "metering/bytes.h"
+#include "metering/new_period.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -67,15 +68,16 @@ struct Counter
         if (!counts) {
             return;
         }
-        const auto unblocked = BeginNewPeriods();
-        const auto mayWork = unblocked ? UsersThatMayWork() : tl::unexpected(unblocked.error());
+        const auto settled = SettleAccounts(QDateTime::currentDateTime(), {price});
+        const auto mayWork = settled ? UsersThatMayWork() : tl::unexpected(settled.error());
         if (!mayWork) {
             SayNotCounted(mayWork.error());
             return;
         }
-        if (*unblocked > 0) {
-            Say(u"a new period: %1 users unblocked"_s.arg(*unblocked));
+        if (!settled->lifted.isEmpty()) {
+            Say(u"a new period: %1 users unblocked"_s.arg(settled->lifted.size()));
         }
+        SayBlocked(*settled);
         CountEach(traffic.Choose(*mayWork, users));
     }
 
@@ -84,23 +86,34 @@ struct Counter
 private:
     void CountEach(const std::vector<UserId> &chosen)
     {
-        Megabytes received;
         for (const UserId user : chosen) {
-            const Activity activity = traffic.Next();
-            const auto reason = CountActivity(user, activity, price);
-            if (!reason) {
-                SayNotCounted(reason.error());
-                return;
-            }
-            received += activity.received;
-            if (*reason != BlockReason::None) {
-                Say(u"user %1 blocked, reason %2"_s.arg(user.value)
-                        .arg(static_cast<quint32>(*reason)));
-            }
+            gateway.Add(user, traffic.Next());
         }
-        Say(u"counted %1 Mb of %2 users"_s.arg(received.value, 0, 'f', 2).arg(chosen.size()));
+        const auto counted = WriteCount(gateway.At(QDateTime::currentDateTime()), {price});
+        if (!counted) {
+            SayNotCounted(counted.error());
+            return;
+        }
+        gateway.TakeWritten();
+        SayBlocked(*counted);
+        Say(u"counted %1 Mb of %2 users"_s.arg(MegabytesOf(counted->received).value, 0, 'f', 2)
+                .arg(counted->users));
     }
 
+    static void SayBlocked(const Counted &counted)
+    {
+        for (const UserId user : counted.trafficUsedUp) {
+            Say(u"user %1 blocked, reason 1"_s.arg(user.value));
+        }
+        for (const UserId user : counted.timeUsedUp) {
+            Say(u"user %1 blocked, reason 2"_s.arg(user.value));
+        }
+        for (const GroupId group : counted.groupsUsedUp) {
+            Say(u"group %1 blocked, reason 1"_s.arg(group.value));
+        }
+    }
+
+    MadeUpGateway gateway;
     bool counts = false; // the unit is active and there is a database to count into
 };
 

@@ -19,11 +19,12 @@ namespace {
 // What the program ends with.
 enum Status {
     Done = 0,
-    Failed = 1,
+    CheckFailed = 1,
     BadArguments = 2,
     BadSettings = 3,
     NoKernel = 4,
-    NoDatabase = 5
+    NoDatabase = 5,
+    NoBus = 6,
 };
 
 struct Arguments
@@ -67,7 +68,7 @@ Status PrintCheck(const ConfigStore &store)
     for (const QString &each : check.problems) {
         out << "PROBLEM  " << each << Qt::endl;
     }
-    return check.problems.isEmpty() ? Done : Failed;
+    return check.problems.isEmpty() ? Done : CheckFailed;
 }
 
 QString StateFolder()
@@ -93,14 +94,22 @@ public:
         database.Open(settings.dataSource);
     }
 
-    void Begin() { service.Begin(); }
+    // The name first: nobody else's table is touched.
+    void Begin()
+    {
+        if (const auto problem = onBus.Appear()) {
+            End(Fail(NoBus, *problem));
+            return;
+        }
+        service.Begin();
+    }
 
     [[nodiscard]] Status Result() const { return result; }
 
 private:
     void Connect()
     {
-        connect(&service, &AccountingService::Began, this, &Run::Appear);
+        connect(&service, &AccountingService::Began, this, &Run::TellReady);
         connect(&service,
                 &AccountingService::GaveUp,
                 this,
@@ -132,13 +141,8 @@ private:
         }
     }
 
-    void Appear()
+    static void TellReady()
     {
-        if (const auto problem = onBus.Appear()) {
-            result = Fail(Failed, *problem);
-            service.Stop(true);
-            return;
-        }
         supervisor::Ready();
         journal::Info(u"Counting."_s);
     }

@@ -39,7 +39,8 @@ void Keep(const SQLCHAR *text)
     statement.text = reinterpret_cast<const char *>(text);
     for (const BoundPlace &place : std::exchange(bound, {})) {
         statement.values.push_back(place.value);
-        std::memcpy(statement.values.back().bytes.data(), place.place, BytesOf(place));
+        statement.values.back().bytes.assign(static_cast<const char *>(place.place),
+                                             BytesOf(place));
     }
 }
 

@@ -10,6 +10,7 @@
 BareValue BareInteger(int value)
 {
     BareValue integer {.hostType = SQL_C_SLONG, .sqlType = SQL_INTEGER};
+    integer.bytes.resize(sizeof value);
     std::memcpy(integer.bytes.data(), &value, sizeof value);
     return integer;
 }

@@ -3,7 +3,6 @@
 
 #include "db/direct_connection.h"
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -13,7 +12,7 @@ struct BareValue
     short hostType = 0;
     short sqlType = 0;
     unsigned long size = 0;
-    std::array<char, 256> bytes {};
+    std::string bytes {}; // at its beginning the number, the day, or the text and its NUL
 };
 
 [[nodiscard]] BareValue BareInteger(int value);

@@ -13,16 +13,31 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kSoon = 200ms; // for several causes to come together
+constexpr size_t kStationsAtOnce = 100; // in one transaction
 constexpr auto kFirstRetry = 1s; // after the database could not be had; each pause doubles
 constexpr auto kPatienceAtTheEnd = 20s;
+constexpr int kSilentPeriods = 3; // until another gateway counts as gone
 constexpr auto kLook = 1s; // where somebody's time is limited
 constexpr auto kRareLook = 10s;
 constexpr int kLookShare = 50; // of the time at most one part is spent looking
 constexpr std::array kReadAgain {100ms, 500ms, 2000ms}; // a notice comes before the commit
 
-NewUserRules NewUserRulesOf(const ServiceSettings & /*settings*/)
+quint32 WholeNumber(std::optional<qint32> number)
 {
-    return {};
+    return static_cast<quint32>(std::max(number.value_or(0), 0));
+}
+
+StationRules StationRulesOf(const ServiceSettings &settings)
+{
+    const DefaultProfile &profile = settings.newUser;
+    return {.identification = settings.identification,
+            .keepsAddresses = settings.bindsHardware,
+            .profile = {.mode = profile.mode,
+                        .trafficLimit = WholeNumber(profile.trafficLimit),
+                        .timeLimit = WholeNumber(profile.timeLimit),
+                        .period = profile.period,
+                        .blocked = profile.blocked,
+                        .authRequired = profile.authRequired}};
 }
 
 QDateTime MidnightAfter(QDate day)
@@ -42,6 +57,7 @@ AccountingService::AccountingService(const ConfigStore &settingsStore,
     , settings(begun)
     , kernel(std::move(table))
     , database(thread)
+    , instance(InstanceId())
     , wallClock(std::move(now))
     , dayEnds(stateFolder + u"/day-ends.json"_s)
     , onLine(begun.idleGrace)
@@ -67,12 +83,15 @@ void AccountingService::Begin()
         emit GaveUp(Missing::Kernel, standing.error().text);
         return;
     }
+    generation = standing->value_or(0);
+    const BeginningWanted wanted {.dataSource = settings.dataSource,
+                                  .claim = Claim(),
+                                  .silence = kSilentPeriods * settings.period,
+                                  .now = Now(),
+                                  .prices = PricesNow()};
     database.Start(
         this,
-        [gateway = settings.gatewayId,
-         standing = standing->value_or(0),
-         prices = PricesNow(),
-         now = Now()] { return ReadBeginning(gateway, standing, now, prices); },
+        [wanted] { return ReadBeginning(wanted); },
         [this](const Result<Beginning> &beginning) { BeginWith(beginning); });
 }
 
@@ -82,6 +101,10 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
         emit GaveUp(Missing::Database,
                     u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
                                                                 beginning.error().text));
+        return;
+    }
+    if (!beginning->refusal.isEmpty()) {
+        emit GaveUp(Missing::Database, beginning->refusal);
         return;
     }
     standings = beginning->standings;
@@ -115,6 +138,11 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
     StartTimers();
     CountNow();
     emit Began();
+}
+
+GatewayClaim AccountingService::Claim() const
+{
+    return {settings.gatewayId, instance, generation};
 }
 
 void AccountingService::FindInterfaces()
@@ -173,13 +201,58 @@ std::optional<Count> AccountingService::TakeReading(const QDateTime &at)
 
 void AccountingService::NoteReading(const Reading &reading)
 {
-    companions = CompanionsIn(reading.pairs, settings.identification);
-    finder.Look(reading.unknown, owners);
+    const std::vector<AddressPair> pairs = PresentPairs(reading);
+    companions = CompanionsIn(pairs, settings.identification);
+    hardware.clear();
+    for (const AddressPair &each : pairs) {
+        hardware.insert(each.address, each.hardware);
+    }
+    finder.Look(reading.unknown, owners, hardware);
     std::vector<SentReading> sent;
     for (const AddressReading &each : reading.clients) {
         sent.push_back({each.address, each.sent});
     }
     NoteSent(sent, reading.at);
+}
+
+// Those of packets, and those of the kernel's neighbour table, which goes before them.
+std::vector<AddressPair> AccountingService::PresentPairs(const Reading &reading)
+{
+    std::vector<AddressPair> pairs = reading.pairs;
+    const auto neighbours = ReadNeighbours();
+    if (!neighbours) {
+        SetTrouble(Trouble::Kernel, neighbours.error().text);
+        return pairs;
+    }
+    QSet<NetAddress> known;
+    for (const Neighbour &each : *neighbours) {
+        known.insert(each.address);
+    }
+    std::erase_if(pairs,
+                  [&known](const AddressPair &each) { return known.contains(each.address); });
+    for (const Neighbour &each : *neighbours) {
+        if (lanInterfaces.isEmpty() || lanInterfaces.contains(each.interface)) {
+            pairs.push_back({each.address, each.hardware});
+        }
+    }
+    return pairs;
+}
+
+// New workstations, and users' addresses at which another hardware address was seen than the row has.
+std::vector<Station> AccountingService::TakeStationsSeen()
+{
+    std::vector<Station> stations = finder.Take();
+    for (const Standing &each : standings.users) {
+        const auto address = NetAddress::From(each.ip);
+        const auto seen = address ? hardware.constFind(*address) : hardware.constEnd();
+        if (seen == hardware.constEnd() || seen->Text() == each.mac
+            || toldHardware.value(*address) == *seen || stations.size() >= kStationsAtOnce) {
+            continue;
+        }
+        toldHardware.insert(*address, *seen);
+        stations.push_back({each.ip, seen->Text(), {}});
+    }
+    return stations;
 }
 
 Count AccountingService::CountOf(const Reading &reading, const QDateTime &at)
@@ -224,15 +297,17 @@ Count AccountingService::CountOf(const Reading &reading, const QDateTime &at)
 void AccountingService::AskForRound(const std::optional<Count> &count)
 {
     const QDateTime now = Now();
-    AskedRound asked {.round = {.forgotten = forgottenCounters,
+    AskedRound asked {.round = {.claim = Claim(),
+                                .isLast = lastRoundRuns,
+                                .forgotten = forgottenCounters,
                                 .counts = dayEnds.Waiting(),
                                 .reconcile = !reconciled && count,
                                 .beginsDay = now.date() != settledDay,
                                 .prices = PricesNow(),
                                 .now = now,
                                 .loggedIn = loggedIn,
-                                .found = finder.Take(),
-                                .newUsers = NewUserRulesOf(settings)},
+                                .stations = TakeStationsSeen(),
+                                .stationRules = StationRulesOf(settings)},
                       .dayEnds = dayEnds.Waiting().size(),
                       .retired = {retired.keyBegin(), retired.keyEnd()}};
     if (count) {
@@ -246,7 +321,7 @@ void AccountingService::AskForRound(const std::optional<Count> &count)
     }
     database.Start(
         this,
-        [gateway = settings.gatewayId, work = std::move(work)] { return RunRound(gateway, work); },
+        [work = std::move(work)] { return RunRound(work); },
         [this, asked = std::move(asked)](const Result<RoundOutcome> &outcome) {
             FinishRound(asked, outcome);
         });
@@ -273,7 +348,8 @@ void AccountingService::FinishRound(const AskedRound &asked, const Result<RoundO
 void AccountingService::TakeFailure(const AskedRound &asked, const Failure &failure)
 {
     SetTrouble(Trouble::Database, u"The database cannot be used: %1"_s.arg(failure.text));
-    finder.PutBack(asked.round.found);
+    finder.PutBack(asked.round.stations);
+    toldHardware.clear();
     std::vector<OnLineTime::Spent> spent;
     for (size_t i = asked.dayEnds; i < asked.round.counts.size(); ++i) {
         for (const OnlineTime &one : asked.round.counts[i].online) {
@@ -295,6 +371,12 @@ void AccountingService::RetryLater()
 void AccountingService::TakeWritten(const AskedRound &asked, const RoundOutcome &outcome)
 {
     SetTrouble(Trouble::Database, {});
+    if (outcome.claim == ClaimOutcome::AnotherIsAlive) {
+        keepTable = true;
+        emit GaveUp(Missing::Database,
+                    u"Another gateway has taken the id \"%1\"."_s.arg(settings.gatewayId));
+        return;
+    }
     retryPause = {};
     reconciled = reconciled || asked.round.reconcile;
     settledDay = asked.round.now.date();
@@ -516,6 +598,9 @@ MadePolicy AccountingService::Made() const
 // Brings the kernel to what holds now.
 void AccountingService::Enforce()
 {
+    if (!changed) {
+        return; // what is told before the beginning is in force with it
+    }
     const MadePolicy made = Made();
     const auto applied = kernel->Apply(made.policy);
     SetTrouble(Trouble::Kernel, applied ? QString() : applied.error().text);
@@ -744,6 +829,8 @@ void AccountingService::TellOutcome(const RoundOutcome &outcome) const
         tell(each);
     }
     tell(outcome.marks);
+    tellUsers(outcome.stations.made, u"a new workstation"_s);
+    tellUsers(outcome.stations.moved, u"the address has changed"_s);
 }
 
 void AccountingService::SetTrouble(Trouble trouble, const QString &text)

@@ -11,6 +11,7 @@
 #include "daemon/workstation_finder.h"
 #include "db/session_thread.h"
 #include "gateway/kernel_table.h"
+#include "gateway/neighbours.h"
 
 #include <QObject>
 #include <QSocketNotifier>
@@ -74,6 +75,7 @@ private:
     enum class Trouble { Adapter, Database, Kernel, Flowtables, Settings, StateFile, Clock };
 
     void BeginWith(const Result<Beginning> &beginning);
+    [[nodiscard]] GatewayClaim Claim() const;
     void FindInterfaces();
     void StartTimers();
 
@@ -81,6 +83,8 @@ private:
     void CountNow();
     [[nodiscard]] std::optional<Count> TakeReading(const QDateTime &at);
     void NoteReading(const Reading &reading);
+    [[nodiscard]] std::vector<AddressPair> PresentPairs(const Reading &reading);
+    [[nodiscard]] std::vector<Station> TakeStationsSeen();
     [[nodiscard]] Count CountOf(const Reading &reading, const QDateTime &at);
     // A round with what is to be known when it ends.
     struct AskedRound
@@ -126,6 +130,7 @@ private:
     ServiceSettings settings;
     std::unique_ptr<KernelTable> kernel;
     SessionThread &database;
+    const QString instance; // of this gateway
     WallClock wallClock;
     DayEnds dayEnds;
     WorkstationFinder finder;
@@ -151,6 +156,8 @@ private:
     QSet<UserId> timeEnded;
     QSet<UserId> refused; // as enforced
     CompanionAddresses companions;
+    QHash<NetAddress, HardwareAddress> hardware; // as seen last
+    QHash<NetAddress, HardwareAddress> toldHardware; // to the database, of addresses of users
     QList<UserRate> rates;
     Clock::time_point lastReading {};
     UserTotals lastTotals;

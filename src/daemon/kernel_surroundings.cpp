@@ -29,7 +29,7 @@ CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs,
 {
     CompanionAddresses companions;
     for (const AddressPair &pair : pairs) {
-        if (!pair.address.IsIpv4() || identification == Identification::ByHardware) {
+        if (!pair.address.IsIpv4() || identification == Identification::ByMac) {
             companions[pair.hardware].push_back(pair.address);
         }
     }

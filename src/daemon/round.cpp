@@ -1,7 +1,11 @@
 #include "daemon/round.h"
 
+#include "startup/start_up.h"
+
 #include <algorithm>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -9,19 +13,23 @@ namespace {
 class RoundRunner
 {
 public:
-    RoundRunner(const QString &gatewayId, const Round &whole) : gateway(gatewayId), round(whole) { }
+    explicit RoundRunner(const Round &whole) : round(whole) { }
 
     Result<RoundOutcome> Run()
     {
+        if (!HasClaim()) {
+            return failure ? Result<RoundOutcome>(tl::unexpected(*failure)) : outcome;
+        }
         Forget();
         for (const Count &count : round.counts) {
             Write(count);
         }
         Reconcile();
         Settle();
-        MakeUsers();
+        FindUsers();
         Read();
         WriteTheMarks();
+        Release();
         if (failure) {
             return tl::unexpected(*std::move(failure));
         }
@@ -39,10 +47,24 @@ private:
         return *std::move(result);
     }
 
+    bool HasClaim()
+    {
+        const auto renewed = Take(RenewClaim(round.claim, round.now));
+        outcome.claim = renewed.value_or(ClaimOutcome::Ours);
+        return renewed == ClaimOutcome::Ours;
+    }
+
+    void Release()
+    {
+        if (!failure && round.isLast) {
+            Take(ReleaseClaim(round.claim));
+        }
+    }
+
     void Forget()
     {
         if (!round.forgotten.empty()) {
-            Take(ForgetCounters(gateway, round.forgotten));
+            Take(ForgetCounters(round.claim.gatewayId, round.forgotten));
         }
     }
 
@@ -72,11 +94,11 @@ private:
         }
     }
 
-    void MakeUsers()
+    void FindUsers()
     {
-        if (!failure && !round.found.empty()) {
-            if (auto made = Take(MakeNewUsers(round.found, round.newUsers))) {
-                outcome.found = *std::move(made);
+        if (!failure && !round.stations.empty()) {
+            if (auto taken = Take(TakeStations(round.stations, round.stationRules))) {
+                outcome.stations = *std::move(taken);
             }
         }
     }
@@ -104,7 +126,6 @@ private:
         }
     }
 
-    const QString &gateway;
     const Round &round;
     RoundOutcome outcome;
     std::optional<Failure> failure;
@@ -112,21 +133,34 @@ private:
 
 } // namespace
 
-Result<RoundOutcome> RunRound(const QString &gatewayId, const Round &round)
+Result<RoundOutcome> RunRound(const Round &round)
 {
-    return RoundRunner(gatewayId, round).Run();
+    return RoundRunner(round).Run();
 }
 
-Result<Beginning> ReadBeginning(const QString &gatewayId,
-                                quint64 generation,
-                                const QDateTime &now,
-                                const Prices &prices)
+Result<Beginning> ReadBeginning(const BeginningWanted &wanted)
 {
     Beginning beginning;
-    return ReadCounters(gatewayId, generation)
+    const auto refuse = [&beginning](const QString &why) {
+        beginning.refusal = why;
+        return std::move(beginning);
+    };
+    if (const auto problem = SchemaProblem(wanted.dataSource)) {
+        return refuse(*problem);
+    }
+    const auto claimed = ClaimGateway(wanted.claim, wanted.now, wanted.silence);
+    if (claimed && *claimed == ClaimOutcome::AnotherIsAlive) {
+        return refuse(
+            u"Another gateway counts under the id \"%1\" in this database. Give this one an "
+            "id of its own (GatewayId in the settings)."_s.arg(wanted.claim.gatewayId));
+    }
+    return claimed
+        .and_then([&](ClaimOutcome) {
+            return ReadCounters(wanted.claim.gatewayId, wanted.claim.generation);
+        })
         .and_then([&](const CountersByKey &counters) {
             beginning.counters = counters;
-            return ReadStandings(MomentOf(now), prices, {});
+            return ReadStandings(MomentOf(wanted.now), wanted.prices, {});
         })
         .and_then([&](const Standings &standings) {
             beginning.standings = standings;

@@ -5,17 +5,20 @@
 #include "daemon/service_settings.h"
 #include "metering/count.h"
 #include "metering/counters.h"
+#include "metering/gateway_claim.h"
 #include "metering/monitored_ports.h"
 #include "metering/new_period.h"
 #include "metering/new_users.h"
 #include "metering/standing.h"
 
-#include <memory>
+#include <chrono>
 #include <vector>
 
 // By value: it may outlive whoever asked for it.
 struct Round
 {
+    GatewayClaim claim;
+    bool isLast = false; // the id is given back
     std::vector<CounterKey> forgotten; // counters that are gone from the kernel
     std::vector<Count> counts; // by their moments
     bool reconcile = false; // the last count has all counters of the kernel: others are gone
@@ -23,33 +26,41 @@ struct Round
     Prices prices;
     QDateTime now; // in the gateway's zone
     QSet<UserId> loggedIn;
-    std::vector<FoundWorkstation> found;
-    NewUserRules newUsers;
+    std::vector<Station> stations; // new ones, and those with another hardware address
+    StationRules stationRules;
 };
 
 struct RoundOutcome
 {
+    ClaimOutcome claim = ClaimOutcome::Ours; // else nothing was done
     std::vector<Counted> counted; // of each of the counts, and of the day that began
     MarksWritten marks;
-    FoundUsers found;
+    StationsTaken stations;
     Standings standings;
     MonitoredPorts ports;
 };
 
-[[nodiscard]] Result<RoundOutcome> RunRound(const QString &gatewayId, const Round &round);
+[[nodiscard]] Result<RoundOutcome> RunRound(const Round &round);
 
 // What the service begins with.
 struct Beginning
 {
+    QString refusal; // why the service must not work with this database; empty: it may
     CountersByKey counters; // of the generation that stands in the kernel
     Standings standings;
     MonitoredPorts ports;
 };
 
-// `generation` is 0 when no table stands.
-[[nodiscard]] Result<Beginning> ReadBeginning(const QString &gatewayId,
-                                              quint64 generation,
-                                              const QDateTime &now,
-                                              const Prices &prices);
+// What ReadBeginning asks for. `generation` of the claim is 0 when no table stands.
+struct BeginningWanted
+{
+    QString dataSource; // for the words of a refusal
+    GatewayClaim claim;
+    std::chrono::seconds silence; // until another gateway of this id counts as gone
+    QDateTime now;
+    Prices prices;
+};
+
+[[nodiscard]] Result<Beginning> ReadBeginning(const BeginningWanted &wanted);
 
 [[nodiscard]] Moment MomentOf(const QDateTime &time);

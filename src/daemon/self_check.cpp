@@ -3,7 +3,6 @@
 #include "daemon/kernel_surroundings.h"
 #include "daemon/round.h"
 #include "daemon/service_settings.h"
-#include "db/query.h"
 #include "gateway/kernel_table.h"
 #include "startup/start_up.h"
 
@@ -65,20 +64,18 @@ void CheckDatabase(const ConfigStore &store, const ServiceSettings &settings, Se
         return; // told already
     }
     const StartedProgram program({.configFolder = store.Folder()});
-    if (!program.databaseOpen) {
-        const auto open = IsSessionOpen();
-        check.problems << u"The database %1 cannot be opened: %2"_s.arg(
-            settings.dataSource, open ? QString() : open.error().text);
+    if (const auto problem = SchemaProblem(settings.dataSource)) {
+        check.problems << *problem;
         return;
     }
-    const auto beginning =
-        ReadBeginning(settings.gatewayId, 0, QDateTime::currentDateTime(), {settings.price});
-    if (beginning) {
+    const auto standings =
+        ReadStandings(MomentOf(QDateTime::currentDateTime()), {settings.price}, {});
+    if (standings) {
         check.good << u"the database %1 has %2 monitored users"_s.arg(settings.dataSource)
-                          .arg(beginning->standings.users.size());
+                          .arg(standings->users.size());
     } else {
         check.problems << u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
-                                                                      beginning.error().text);
+                                                                      standings.error().text);
     }
 }
 

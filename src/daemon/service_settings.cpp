@@ -17,15 +17,14 @@ namespace {
 constexpr int kUsualPeriod = 60; // seconds
 constexpr int kUsualGrace = 300;
 constexpr int kLongestPeriod = 86400;
+constexpr int kByLogin = 2; // of "IdentMode"
 
 // The machine's own id is not told to others.
-QString IdOfMachine()
+QString Digest(const QByteArray &ofWhat)
 {
-    const QByteArray id = QSysInfo::machineUniqueId();
-    return QString::fromLatin1(
-        QCryptographicHash::hash(QByteArray("tollbrook " + id), QCryptographicHash::Sha256)
-            .toHex()
-            .left(32));
+    const QByteArray text = "tollbrook " + QSysInfo::machineUniqueId() + ofWhat;
+    const auto digest = QCryptographicHash::hash(text, QCryptographicHash::Sha256);
+    return QString::fromLatin1(digest.toHex().left(32));
 }
 
 // One key while its values are read; what is bad in it is noted.
@@ -106,14 +105,17 @@ void ReadBase(const KeyReader &base, SettingsReader &reader, ServiceSettings &se
 {
     settings.dataSource = base.ReadText(values::kBillDsn).value_or(QString());
     const QString id = base.ReadText(values::kGatewayId).value_or(QString()).trimmed();
-    settings.gatewayId = id.isEmpty() ? IdOfMachine() : id.left(64);
+    settings.gatewayId = id.isEmpty() ? Digest({}) : id.left(64);
     int period = static_cast<int>(settings.period.count());
     reader.Take(base, values::kTimer, 0, 0, kLongestPeriod, period);
     settings.period = std::chrono::seconds(period == 0 ? kUsualPeriod : period);
     int grace = static_cast<int>(settings.idleGrace.count());
     reader.Take(base, values::kIdleGrace, kUsualGrace, 1, kLongestPeriod, grace);
     settings.idleGrace = std::chrono::seconds(grace);
-    reader.Take(base, values::kIdentMode, 0, 0, 2, settings.identification);
+    int identification = static_cast<int>(settings.identification);
+    reader.Take(base, values::kIdentMode, 0, 0, kByLogin, identification);
+    settings.identifiesByLogin = identification == kByLogin;
+    settings.identification = identification == 1 ? Identification::ByMac : Identification::ByIp;
     reader.Take(base, values::kMonitorProtMode, 0, 0, 3, settings.protocols);
     reader.Take(
         base, values::kAuthPort, 0, 0, std::numeric_limits<quint16>::max(), settings.authPort);
@@ -161,6 +163,11 @@ ReadSettings ReadServiceSettings(const ConfigStore &store, const ServiceSettings
     return read;
 }
 
+QString InstanceId()
+{
+    return Digest(QFile::symLinkTarget(u"/proc/self/ns/net"_s).toUtf8());
+}
+
 QStringList ProblemsOf(const ServiceSettings &settings)
 {
     QStringList problems;
@@ -171,7 +178,7 @@ QStringList ProblemsOf(const ServiceSettings &settings)
         problems << u"There is no local address range: nobody would be counted. Set one in the "
                     "console's options, page Network."_s;
     }
-    if (settings.identification == Identification::ByLogin) {
+    if (settings.identifiesByLogin) {
         problems
             << u"Identification by Windows user name is not supported yet: choose IP address or "
                "MAC address in the console's options, page Bind."_s;

@@ -4,14 +4,12 @@
 #include "admin/address_ranges.h"
 #include "admin/default_profile.h"
 #include "config/config_store.h"
+#include "metering/new_users.h"
 
 #include <QStringList>
 
 #include <chrono>
 #include <vector>
-
-// How a workstation is known again; the codes of IdentMode.
-enum class Identification { ByAddress = 0, ByHardware = 1, ByLogin = 2 };
 
 // Which protocols are counted; the codes of monitorprotmode.
 enum class MonitoredProtocols { All = 0, Basic = 1, Marked = 2, AllButMarked = 3 };
@@ -25,7 +23,8 @@ struct ServiceSettings
     QList<AddressRange> local;
     QList<Ipv4> excluded;
     QString adapter; // the description of the interface to the workstations; empty: all
-    Identification identification = Identification::ByAddress;
+    Identification identification = Identification::ByIp;
+    bool identifiesByLogin = false; // "IdentMode" 2, which there is not yet
     bool bindsHardware = false; // an address belongs to one hardware address
     MonitoredProtocols protocols = MonitoredProtocols::All;
     quint16 authPort = 0; // 0: none
@@ -47,6 +46,10 @@ struct ReadSettings
 // counts as it does for the console.
 [[nodiscard]] ReadSettings ReadServiceSettings(const ConfigStore &store,
                                                const ServiceSettings &before);
+
+// Which gateway this is, the same at each start: the machine, and on it the network that the process is
+// in. No longer than 64 characters.
+[[nodiscard]] QString InstanceId();
 
 // Why the service cannot work with these settings at all.
 [[nodiscard]] QStringList ProblemsOf(const ServiceSettings &settings);

@@ -1,7 +1,6 @@
 #include "daemon/workstation_finder.h"
 
 #include <QHostInfo>
-#include <QPointer>
 #include <QTimer>
 
 using namespace std::chrono_literals;
@@ -22,7 +21,8 @@ QString StationName(const QHostInfo &info, const QString &address)
 } // namespace
 
 void WorkstationFinder::Look(const std::vector<UnknownReading> &unknown,
-                             const QHash<NetAddress, UserId> &owners)
+                             const QHash<NetAddress, UserId> &owners,
+                             const QHash<NetAddress, HardwareAddress> &hardware)
 {
     QHash<NetAddress, Found> present;
     for (const UnknownReading &each : unknown) {
@@ -32,9 +32,11 @@ void WorkstationFinder::Look(const std::vector<UnknownReading> &unknown,
         }
         const auto known = found.constFind(each.address);
         Found entry = known != found.constEnd() ? *known : Found();
-        entry.workstation.ip = each.address.Text();
-        if (each.hardware) {
-            entry.workstation.mac = each.hardware->Text();
+        entry.station.ip = each.address.Text();
+        if (hardware.contains(each.address)) {
+            entry.station.mac = hardware.value(each.address).Text();
+        } else if (each.hardware) {
+            entry.station.mac = each.hardware->Text();
         }
         present.insert(each.address, entry);
     }
@@ -69,26 +71,26 @@ void WorkstationFinder::SetReady(const NetAddress &address, const QString &name)
     if (entry == found.end() || entry->ready) {
         return;
     }
-    entry->workstation.name = name;
+    entry->station.name = name;
     entry->ready = true;
     emit Named();
 }
 
-std::vector<FoundWorkstation> WorkstationFinder::Take()
+std::vector<Station> WorkstationFinder::Take()
 {
-    std::vector<FoundWorkstation> ready;
+    std::vector<Station> ready;
     for (Found &each : found) {
         if (each.ready && !each.taken && ready.size() < kMostAtOnce) {
             each.taken = true;
-            ready.push_back(each.workstation);
+            ready.push_back(each.station);
         }
     }
     return ready;
 }
 
-void WorkstationFinder::PutBack(const std::vector<FoundWorkstation> &unwritten)
+void WorkstationFinder::PutBack(const std::vector<Station> &unwritten)
 {
-    for (const FoundWorkstation &each : unwritten) {
+    for (const Station &each : unwritten) {
         if (const auto address = NetAddress::From(each.ip); address && found.contains(*address)) {
             found[*address].taken = false;
         }

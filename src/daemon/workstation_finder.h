@@ -19,15 +19,18 @@ public:
     using QObject::QObject;
 
     // Asks for the names of those that were not there before; what is somebody's, or gone, is forgotten.
-    void Look(const std::vector<UnknownReading> &unknown, const QHash<NetAddress, UserId> &owners);
+    // `hardware`: what is known of addresses besides.
+    void Look(const std::vector<UnknownReading> &unknown,
+              const QHash<NetAddress, UserId> &owners,
+              const QHash<NetAddress, HardwareAddress> &hardware);
 
     // Those whose name is known, or was not told within a second. At most kMostAtOnce, so that a flood
     // of made-up addresses does not fill the database.
     static constexpr size_t kMostAtOnce = 50;
-    [[nodiscard]] std::vector<FoundWorkstation> Take();
+    [[nodiscard]] std::vector<Station> Take();
 
     // What could not be written is found still.
-    void PutBack(const std::vector<FoundWorkstation> &found);
+    void PutBack(const std::vector<Station> &unwritten);
 
 signals:
     void Named();
@@ -35,7 +38,7 @@ signals:
 private:
     struct Found
     {
-        FoundWorkstation workstation;
+        Station station;
         bool asked = false;
         bool ready = false; // nothing more is waited for
         bool taken = false;

@@ -95,7 +95,7 @@ constexpr Spelling kSqliteSpellings[] = {
      "(SELECT json_extract(value, '$[0]') AS k, json_extract(value, '$[1]') AS n1, "
      "json_extract(value, '$[2]') AS n2, json_extract(value, '$[3]') AS n3, "
      "json_extract(value, '$[4]') AS n4, json_extract(value, '$[5]') AS t, "
-     "json_extract(value, '$[6]') AS u FROM json_each("},
+     "json_extract(value, '$[6]') AS u, json_extract(value, '$[7]') AS v FROM json_each("},
     {"as_rows", "))"},
 };
 
@@ -120,11 +120,11 @@ constexpr Spelling kPostgresqlSpellings[] = {
     {"present_tables",
      "(SELECT tablename AS table_name FROM pg_tables WHERE schemaname = ANY (current_schemas(false))) t"},
     {"staged",
-     "(SELECT CAST(v->>0 AS integer) AS k, CAST(v->>1 AS double precision) AS n1, "
-     "CAST(v->>2 AS double precision) AS n2, CAST(v->>3 AS double precision) AS n3, "
-     "CAST(v->>4 AS double precision) AS n4, v->>5 AS t, v->>6 AS u "
+     "(SELECT CAST(r->>0 AS integer) AS k, CAST(r->>1 AS double precision) AS n1, "
+     "CAST(r->>2 AS double precision) AS n2, CAST(r->>3 AS double precision) AS n3, "
+     "CAST(r->>4 AS double precision) AS n4, r->>5 AS t, r->>6 AS u, r->>7 AS v "
      "FROM jsonb_array_elements(CAST("},
-    {"as_rows", "AS jsonb)) AS v)"},
+    {"as_rows", "AS jsonb)) AS r)"},
 };
 
 constexpr Spelling kMariadbSpellings[] = {
@@ -144,7 +144,8 @@ constexpr Spelling kMariadbSpellings[] = {
      ", '$[*]' COLUMNS (k INT PATH '$[0]', n1 DOUBLE PATH '$[1]', n2 DOUBLE PATH '$[2]', "
      "n3 DOUBLE PATH '$[3]', n4 DOUBLE PATH '$[4]', "
      "t VARCHAR(255) COLLATE utf8mb4_nopad_bin PATH '$[5]', "
-     "u VARCHAR(255) COLLATE utf8mb4_nopad_bin PATH '$[6]'))"},
+     "u VARCHAR(255) COLLATE utf8mb4_nopad_bin PATH '$[6]', "
+     "v VARCHAR(255) COLLATE utf8mb4_nopad_bin PATH '$[7]'))"},
 };
 
 } // namespace
@@ -162,6 +163,7 @@ const Dialect kSqlite {.engine = "SQLite",
                        .clusterSettings = nullptr,
                        .serversKey = nullptr,
                        .joinsBeforeSet = false,
+                       .hasOneWriter = true,
                        .failures = kSqliteFailures,
                        .spellings = kSqliteSpellings};
 
@@ -178,6 +180,7 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .clusterSettings = nullptr,
                            .serversKey = nullptr,
                            .joinsBeforeSet = false,
+                           .hasOneWriter = false,
                            .failures = kPostgresqlFailures,
                            .spellings = kPostgresqlSpellings};
 
@@ -194,6 +197,7 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .clusterSettings = "SET SESSION wsrep_sync_wait = 1",
                         .serversKey = "Server",
                         .joinsBeforeSet = true,
+                        .hasOneWriter = false,
                         .failures = kMariadbFailures,
                         .spellings = kMariadbSpellings};
 

@@ -54,6 +54,8 @@ struct Dialect
     const char *serversKey;
     // True where an UPDATE joins the rows that it takes its values from ahead of SET, and not by FROM.
     bool joinsBeforeSet;
+    // True where a transaction that writes keeps everybody else from writing until it ends.
+    bool hasOneWriter;
     std::span<const FailureCode> failures; // the first that fits counts
     // Of these words:
     //   CASE_FOLDED (x PLAIN_CASE) HOLDS CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE
@@ -68,7 +70,7 @@ struct Dialect
     //   PRESENT_TABLES  behind FROM: a row for each table of the database, with its `table_name`;
     //   STAGED (?) AS_ROWS s
     //                   the rows that the program hands in (staged_rows.h), with the columns k, n1 to n4,
-    //                   t and u. An UPDATE takes values from them as
+    //                   t, u and v. An UPDATE takes values from them as
     //                   UPDATE table SET assignments FROM STAGED (?) AS_ROWS s WHERE condition,
     //                   of whose assignments none has a marker.
     std::span<const Spelling> spellings;

@@ -10,6 +10,7 @@ namespace {
 
 constexpr double kMostExact = 9007199254740992.0; // 2^53
 constexpr size_t kNumbers = 4;
+constexpr size_t kTexts = 3;
 
 template <typename Number>
 void Append(QByteArray &text, Number number)
@@ -43,24 +44,20 @@ QByteArray Quoted(const QString &text)
 
 void StagedRows::Add(quint32 key,
                      std::initializer_list<double> numbers,
-                     const QString &text,
-                     const QString &further)
+                     std::initializer_list<QString> texts)
 {
-    Q_ASSERT(numbers.size() <= kNumbers);
+    Q_ASSERT(numbers.size() <= kNumbers && texts.size() <= kTexts);
     rows += rows.isEmpty() ? "[" : ",[";
     Append(rows, static_cast<qint32>(key)); // as ids are stored
     for (const double number : numbers) {
         rows += ',';
         AppendNumber(rows, number);
     }
-    if (!text.isNull() || !further.isNull()) {
-        for (size_t missing = numbers.size(); missing < kNumbers; ++missing) {
-            rows += ",null";
-        }
-        rows += ',' + Quoted(text);
+    for (size_t missing = numbers.size(); missing < kNumbers && texts.size() > 0; ++missing) {
+        rows += ",null";
     }
-    if (!further.isNull()) {
-        rows += ',' + Quoted(further);
+    for (const QString &text : texts) {
+        rows += ',' + Quoted(text);
     }
     rows += ']';
 }

@@ -10,14 +10,13 @@
 class StagedRows
 {
 public:
-    // A row of the columns k, n1 to n4, t and u. What is left out is NULL. Whole numbers up to 2^53
+    // A row of the columns k, n1 to n4, t, u and v. What is left out is NULL. Whole numbers up to 2^53
     // reach every engine as they are; of others the last digit may be rounded. A text has no NUL in
     // it: not every engine would take that. For a statement that changes the rows of a table each key
     // is added once: of several, the engines would use any.
     void Add(quint32 key,
              std::initializer_list<double> numbers = {},
-             const QString &text = {},
-             const QString &further = {});
+             std::initializer_list<QString> texts = {});
 
     [[nodiscard]] bool IsEmpty() const { return rows.isEmpty(); }
 

@@ -1,5 +1,6 @@
 #include "db/write.h"
 
+#include "db/dialect.h"
 #include "db/session.h"
 
 namespace {
@@ -43,6 +44,11 @@ Result<bool> Commit()
 void Rollback()
 {
     RollbackTransaction();
+}
+
+bool ShutsOutWriters()
+{
+    return SessionDialect().hasOneWriter;
 }
 
 void AcceptCancel()

@@ -33,6 +33,9 @@ namespace transaction {
 
 void Rollback();
 
+// Whether one that writes keeps everybody else from writing until it ends.
+[[nodiscard]] bool ShutsOutWriters();
+
 // What follows is done in spite of a cancel, which has stopped what it was for.
 void AcceptCancel();
 

@@ -115,6 +115,7 @@ GatewayResult<bool> KernelTable::TakeOver()
         return tl::unexpected(made.error());
     }
     generation = *number;
+    isHooked = true; // as far as anybody knows
     return made.has_value();
 }
 
@@ -198,7 +199,7 @@ GatewayResult<void> KernelTable::UpdateOnce(const Policy &policy)
     }
     TableContent wanted = ContentFor(policy, *standing);
     const std::set<QuotaId> align = QuotasToAlign(*standing, wanted);
-    if (!align.empty() && network) {
+    if (!align.empty() && isHooked) {
         if (const GatewayResult<void> held = Hold(align, wanted); !held) {
             return held;
         }
@@ -215,11 +216,12 @@ GatewayResult<void> KernelTable::UpdateOnce(const Policy &policy)
     if (const auto done = CommitPieces(socket, pieces, u"Changing the table"_s); !done) {
         return done;
     }
-    if (network && RetiresAny(*standing, wanted)) {
+    if (isHooked && RetiresAny(*standing, wanted)) {
         WaitForPacketsOnTheWay();
     }
     SetDepleted(wanted, *standing, *received);
     standing = std::move(wanted);
+    isHooked = true;
     if (!newRules) {
         return {};
     }
@@ -321,6 +323,7 @@ GatewayResult<void> KernelTable::ForgetUnknown(const std::vector<NetAddress> &un
 GatewayResult<void> KernelTable::Remove()
 {
     generation = 0;
+    isHooked = false;
     standing.reset();
     network.reset();
     return ReadTableComment(socket).and_then(
@@ -403,9 +406,15 @@ GatewayResult<void> KernelTable::LookForChanges()
     if (!network) {
         return {};
     }
-    const GatewayResult<void> checked = CheckGeneration();
-    const GatewayResult<std::vector<quint64>> handles = ReadRuleHandles(socket);
-    const bool isLost = !checked && checked.error().kind == GatewayFailure::Kind::TableLost;
-    waiting.tableChanged = isLost || (handles && *handles != ruleHandles);
+    const GatewayResult<bool> isAsMade =
+        CheckGeneration()
+            .and_then([&] { return ReadRuleHandles(socket); })
+            .map([&](const auto &handles) { return handles == ruleHandles; });
+    const bool isLost = !isAsMade && isAsMade.error().kind == GatewayFailure::Kind::TableLost;
+    if (!isAsMade && !isLost) {
+        somethingChanged = true;
+        return tl::unexpected(isAsMade.error());
+    }
+    waiting.tableChanged = isLost || !*isAsMade;
     return {};
 }

@@ -71,6 +71,7 @@ private:
     quint64 generation = 0; // 0: none yet
     std::optional<TableContent> standing; // nothing: to be read first
     std::optional<NetworkRules> network; // of the rules that stand; nothing: they must be made
+    bool isHooked = false; // packets may pass the rules
     std::vector<quint64> ruleHandles; // of the rules as made
     bool countersLost = false; // some are gone that should stand: nothing can be taken over
     bool somethingChanged = true; // in the kernel's tables, by whomever

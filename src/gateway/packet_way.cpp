@@ -1,15 +1,16 @@
 #include "gateway/packet_way.h"
 
-#include "base/function_ref.h"
 #include "gateway/rule_writer.h"
 #include "gateway/table_rules.h"
 
+#include <algorithm>
 #include <netinet/in.h>
 #include <utility>
 
 namespace {
 
-constexpr quint32 kPairSample = 64; // one packet in so many tells its hardware address
+// Comparing with so many masks costs a packet less than looking them up.
+constexpr qsizetype kMostCompared = 8;
 
 // The rules of one direction and family.
 class Way
@@ -28,11 +29,11 @@ public:
         PassNear();
         Rule(main).Follow(IsFrom() ? SetId::From : SetId::To, family, direction);
         PassUncounted(main);
-        if (IsFrom()) {
-            Rule(main).OneIn(kPairSample).NotePair(family);
-        }
         Count(main);
-        FindUnknown();
+        if (family == Family::V4 || !network.lanInterfaces.isEmpty()) {
+            Rule(main).Goto(Unknown());
+        }
+        NoteUnknown();
         CountKnown();
         CheckPorts();
         IsFrom() ? CheckHardware() : CheckQuotas();
@@ -43,32 +44,31 @@ private:
     [[nodiscard]] RuleWriter Rule(const QByteArray &chain) { return {writer, chain}; }
     [[nodiscard]] QByteArray Tail() const
     {
-        return Numbered(IsFrom() ? "count_from" : "to_left", family);
+        return Numbered(IsFrom() ? "count_from" : "to_left_group", family);
     }
     [[nodiscard]] QByteArray ChainFor(PacketVerdict verdict) const
     {
         return ChainOf(verdict, IsFrom() ? SetId::From : SetId::To, family);
     }
 
+    [[nodiscard]] QByteArray Unknown() const
+    {
+        return Numbered(IsFrom() ? "unknown_from" : "unknown_to", family);
+    }
+
     void PassNear()
     {
-        Rule(main).AddressIn(SetId::Near, family, direction, End::Internet).Accept();
         if (family == Family::V4) {
-            ForGappedMasks(End::Internet, [](RuleWriter &rule) { rule.Accept(); });
+            ForLocal(writer, network, main, direction, End::Internet, [](RuleWriter &rule) {
+                rule.Accept();
+            });
         } else if (IsFrom()) {
             for (const QString &name : network.lanInterfaces) {
                 Rule(main).Interface(Side::Out, name).Accept();
             }
         }
-    }
-
-    void ForGappedMasks(End end, FunctionRef<void(RuleWriter &)> act)
-    {
-        for (const Ipv4Mask &mask : network.local) {
-            if (!IsContiguous(mask.mask)) {
-                RuleWriter rule(writer, main);
-                act(rule.AddressMasked(direction, end, mask.mask, mask.network));
-            }
+        if (!network.excluded.empty()) {
+            Rule(main).AddressIn(SetId::Near, family, direction, End::Internet).Accept();
         }
     }
 
@@ -89,12 +89,10 @@ private:
         }
     }
 
+    // The element of a known address says accept.
     void Count(const QByteArray &chain)
     {
-        Rule(chain)
-            .AddressIn(
-                IsFrom() ? SetId::Sent : SetId::Received, family, direction, End::Workstation)
-            .Accept();
+        Rule(chain).Follow(IsFrom() ? SetId::Sent : SetId::Received, family, direction);
     }
 
     void CountKnown()
@@ -105,29 +103,22 @@ private:
         }
     }
 
-    void FindUnknown()
+    void NoteUnknown()
     {
-        const QByteArray unknown = Numbered(IsFrom() ? "unknown_from" : "unknown_to", family);
-        if (family == Family::V4) {
-            Rule(main).AddressIn(SetId::Local, family, direction, End::Workstation).Goto(unknown);
-            ForGappedMasks(End::Workstation, [&](RuleWriter &rule) { rule.Goto(unknown); });
-        } else if (!network.lanInterfaces.isEmpty()) {
-            Rule(main).Goto(unknown);
-        }
         const bool refuse =
             family == Family::V4 ? network.refuseUnknown : network.refuseUnknownIpv6;
         if (IsFrom()) {
-            Rule(unknown).NotePair(family);
+            Rule(Unknown()).NotePair(family);
         }
         if (refuse && IsFrom()) {
-            Rule(unknown).Note(SetId::SeenRefused, family, direction).Goto("refuse");
+            Rule(Unknown()).Note(SetId::SeenRefused, family, direction).Goto("refuse");
         } else if (!refuse) {
-            Rule(unknown)
+            Rule(Unknown())
                 .Note(IsFrom() ? SetId::SeenSent : SetId::SeenReceived, family, direction)
                 .Accept();
         }
         // This far come those of whom no more can be noted: nothing passes uncounted.
-        IsFrom() ? Rule(unknown).Goto("refuse") : Rule(unknown).Drop();
+        IsFrom() ? Rule(Unknown()).Goto("refuse") : Rule(Unknown()).Drop();
     }
 
     void CheckPorts()
@@ -156,18 +147,22 @@ private:
             {PacketVerdict::HardwareAllow, ChainFor(PacketVerdict::Allow)},
             {PacketVerdict::HardwareDeny, ChainFor(PacketVerdict::Deny)}};
         for (const auto &[verdict, next] : chains) {
-            Rule(ChainFor(verdict)).NotePair(family);
-            Rule(ChainFor(verdict)).HardwareDiffers(family).Goto("refuse");
+            Rule(ChainFor(verdict)).HardwareDiffers(family).NotePair(family).Goto("refuse");
             Rule(ChainFor(verdict)).Goto(next);
         }
     }
 
     void CheckQuotas()
     {
-        PassUncounted(Tail());
-        Rule(Tail()).DropOverQuota(SetId::Left, family);
-        Rule(Tail()).DropOverQuota(SetId::GroupLeft, family);
-        Count(Tail());
+        for (const PacketVerdict verdict : {PacketVerdict::Left, PacketVerdict::LeftOfGroup}) {
+            const QByteArray chain = ChainFor(verdict);
+            PassUncounted(chain);
+            Rule(chain).DropOverQuota(SetId::Left, family);
+            if (verdict == PacketVerdict::LeftOfGroup) {
+                Rule(chain).DropOverQuota(SetId::GroupLeft, family);
+            }
+            Count(chain);
+        }
     }
 
     NetlinkWriter &writer;
@@ -182,6 +177,33 @@ private:
 QByteArray WayChain(Direction direction, Family family)
 {
     return Numbered(direction == Direction::From ? "from" : "to", family);
+}
+
+bool AreLookedUp(const NetworkRules &network)
+{
+    return std::ranges::count_if(network.local,
+                                 [](Ipv4Mask local) { return IsContiguous(local.mask); })
+        > kMostCompared;
+}
+
+void ForLocal(NetlinkWriter &writer,
+              const NetworkRules &network,
+              const QByteArray &chain,
+              Direction direction,
+              End end,
+              FunctionRef<void(RuleWriter &)> act)
+{
+    const bool lookUp = AreLookedUp(network);
+    if (lookUp) {
+        RuleWriter rule(writer, chain);
+        act(rule.AddressIn(SetId::Near, Family::V4, direction, end));
+    }
+    for (const Ipv4Mask &local : network.local) {
+        if (!lookUp || !IsContiguous(local.mask)) {
+            RuleWriter rule(writer, chain);
+            act(rule.AddressMasked(direction, end, local.mask, local.network));
+        }
+    }
 }
 
 void MakeWay(NetlinkWriter &writer, const NetworkRules &network, Direction direction, Family family)

@@ -43,7 +43,9 @@ struct Reading
     std::chrono::steady_clock::time_point at;
     std::vector<AddressReading> clients; // by address, the retired ones among them
     std::vector<UnknownReading> unknown; // by address; stays when it becomes somebody's
-    std::vector<AddressPair> pairs; // seen in the last half hour
+    // Seen in the last half hour: of unknown workstations, and of clients whose hardware address is
+    // checked with a wrong one. Of all others see Neighbours.
+    std::vector<AddressPair> pairs;
     std::vector<quint32> usedUpClients; // whose own bound was reached
     std::vector<quint32> usedUpGroups;
 };

@@ -115,6 +115,14 @@ RuleWriter &RuleWriter::IsFamily(Family family)
     return *this;
 }
 
+RuleWriter &RuleWriter::IsNotPlainIpv4()
+{
+    constexpr quint8 kVersionAndLength = 0x45;
+    Payload(NFT_PAYLOAD_NETWORK_HEADER, 0, 1, kRegister);
+    Compare(NetlinkBytes {kVersionAndLength}, false);
+    return *this;
+}
+
 RuleWriter &RuleWriter::Transport(quint8 protocol)
 {
     Meta(NFT_META_L4PROTO);
@@ -150,17 +158,6 @@ RuleWriter &RuleWriter::Port(Direction direction, End end, quint16 port)
 {
     Payload(NFT_PAYLOAD_TRANSPORT_HEADER, PortOffset(direction, end), kPortSize, kRegister);
     Compare(InNetworkOrder(port));
-    return *this;
-}
-
-RuleWriter &RuleWriter::OneIn(quint32 modulus)
-{
-    const size_t expression = Open("numgen");
-    writer.PutU32(NFTA_NG_DREG, kRegister);
-    writer.PutU32(NFTA_NG_MODULUS, modulus);
-    writer.PutU32(NFTA_NG_TYPE, NFT_NG_RANDOM);
-    Close(expression);
-    Compare(InNetworkOrder(quint32 {0}));
     return *this;
 }
 

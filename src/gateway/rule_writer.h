@@ -20,12 +20,12 @@ public:
     RuleWriter &Interface(Side side, const QString &name);
     RuleWriter &NotInterface(Side side, const QString &name);
     RuleWriter &IsFamily(Family family);
+    // Holds for IPv6 and for IPv4 with options: the quickest test that leaves most of IPv4 out.
+    RuleWriter &IsNotPlainIpv4();
     RuleWriter &Transport(quint8 protocol);
     RuleWriter &NotTransport(quint8 protocol);
     // The packet's port at an end; for TCP and UDP only.
     RuleWriter &Port(Direction direction, End end, quint16 port);
-    // One in `modulus` packets.
-    RuleWriter &OneIn(quint32 modulus);
     RuleWriter &AddressMasked(Direction direction, End end, Ipv4 mask, Ipv4 network);
 
     // The address of an end is in a set, whose counter it raises; or in an interval set.

@@ -43,7 +43,7 @@ std::optional<PacketVerdict> FromVerdict(const ClientRules &rules)
     return rules.hardware ? PacketVerdict::HardwareDeny : PacketVerdict::Deny;
 }
 
-std::optional<PacketVerdict> ToVerdict(const ClientRules &rules, bool hasQuota)
+std::optional<PacketVerdict> ToVerdict(const ClientRules &rules, bool hasGroup)
 {
     if (rules.refused) {
         return PacketVerdict::Silent;
@@ -51,7 +51,10 @@ std::optional<PacketVerdict> ToVerdict(const ClientRules &rules, bool hasQuota)
     if (!rules.ports.empty()) {
         return rules.portsAllowOnly ? PacketVerdict::Allow : PacketVerdict::Deny;
     }
-    return hasQuota ? std::optional(PacketVerdict::Left) : std::nullopt;
+    if (hasGroup) {
+        return PacketVerdict::LeftOfGroup;
+    }
+    return rules.receivedUntil ? std::optional(PacketVerdict::Left) : std::nullopt;
 }
 
 void AddVerdict(Elements &map, const NetAddress &address, std::optional<PacketVerdict> verdict)
@@ -69,7 +72,7 @@ void AddOwned(TableContent &content, const Owned &owned, const Policy &policy)
     const bool hasGroup = rules->group != 0 && group != policy.groupReceivedUntil.end();
     content[SetId::Sent].push_back({.address = address});
     AddVerdict(content[SetId::From], address, FromVerdict(*rules));
-    AddVerdict(content[SetId::To], address, ToVerdict(*rules, rules->receivedUntil || hasGroup));
+    AddVerdict(content[SetId::To], address, ToVerdict(*rules, hasGroup));
     if (rules->refused) {
         content[SetId::Refused].push_back({.address = address});
     }

@@ -11,8 +11,8 @@ namespace {
 constexpr quint64 kPairsStayMs = 30ULL * 60 * 1000;
 
 constexpr SetLayout kLayouts[kSetCount] = {
-    {.stem = "sent", .counts = true},
-    {.stem = "received", .counts = true},
+    {.stem = "sent", .value = ValueKind::Accept, .counts = true},
+    {.stem = "received", .value = ValueKind::Accept, .counts = true},
     {.stem = "from", .value = ValueKind::PacketVerdict},
     {.stem = "to", .value = ValueKind::PacketVerdict},
     {.stem = "ports", .key = KeyKind::AddressAndPort},
@@ -27,7 +27,6 @@ constexpr SetLayout kLayouts[kSetCount] = {
      .key = KeyKind::AddressAndHardware,
      .dynamic = true,
      .timeoutMs = kPairsStayMs},
-    {.stem = "local", .interval = true},
     {.stem = "near", .interval = true},
 };
 
@@ -47,6 +46,7 @@ constexpr VerdictChain kChains[] = {
     {PacketVerdict::Allow, SetId::To, "to_allow"},
     {PacketVerdict::Deny, SetId::To, "to_deny"},
     {PacketVerdict::Left, SetId::To, "to_left"},
+    {PacketVerdict::LeftOfGroup, SetId::To, "to_left_group"},
 };
 constexpr const char *kRefuseChain = "refuse"; // one for both families
 
@@ -87,15 +87,17 @@ quint32 CodeOf(PacketVerdict verdict)
 
 void PutVerdict(NetlinkWriter &writer, SetId set, const Element &element)
 {
-    const QByteArray chain =
-        ChainOf(static_cast<PacketVerdict>(element.value), set, FamilyOf(element.address));
+    const auto verdict = LayoutOf(set).value == ValueKind::Accept
+        ? PacketVerdict::Pass
+        : static_cast<PacketVerdict>(element.value);
+    const QByteArray chain = ChainOf(verdict, set, FamilyOf(element.address));
     const size_t data = writer.Nest(NFTA_SET_ELEM_DATA);
-    const size_t verdict = writer.Nest(NFTA_DATA_VERDICT);
-    writer.PutU32(NFTA_VERDICT_CODE, CodeOf(static_cast<PacketVerdict>(element.value)));
+    const size_t nested = writer.Nest(NFTA_DATA_VERDICT);
+    writer.PutU32(NFTA_VERDICT_CODE, CodeOf(verdict));
     if (!chain.isEmpty()) {
         writer.PutText(NFTA_VERDICT_CHAIN, chain);
     }
-    writer.EndNest(verdict);
+    writer.EndNest(nested);
     writer.EndNest(data);
 }
 
@@ -233,7 +235,8 @@ void PutElement(NetlinkWriter &writer, SetId set, const Element &element, bool w
     const size_t key = writer.Nest(NFTA_SET_ELEM_KEY);
     writer.PutBytes(NFTA_DATA_VALUE, KeyBytes(layout.key, element));
     writer.EndNest(key);
-    if (whole && layout.value == ValueKind::PacketVerdict) {
+    const bool isVerdict = layout.value == ValueKind::PacketVerdict || layout.value == ValueKind::Accept;
+    if (whole && isVerdict) {
         PutVerdict(writer, set, element);
     } else if (whole && layout.value == ValueKind::Quota) {
         const auto kind = set == SetId::GroupLeft ? QuotaId::Kind::Group : QuotaId::Kind::User;

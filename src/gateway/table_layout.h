@@ -20,7 +20,7 @@ inline constexpr std::array kFamilies = {Family::V4, Family::V6};
 
 // Each stands in the kernel once for each family, its name ending in 4 or 6.
 enum class SetId {
-    Sent, // of known addresses, with a counter that a lookup raises
+    Sent, // map of known addresses to `accept`, with a counter that a lookup raises
     Received,
     From, // map of what is to become of packets from a known address that is not just counted
     To,
@@ -33,13 +33,12 @@ enum class SetId {
     SeenReceived,
     SeenRefused, // unknown addresses none of whose packets passed
     Pairs, // address and hardware address, noted of packets; they expire
-    Local, // ranges in which an unknown address is one of a workstation
-    Near, // ranges of what is not the Internet: a packet between two such is no traffic
+    Near, // excluded addresses, and the local ranges when they are many
 };
 constexpr int kSetCount = static_cast<int>(SetId::Near) + 1;
 
 enum class KeyKind { Address, AddressAndPort, AddressAndHardware };
-enum class ValueKind { None, PacketVerdict, Quota };
+enum class ValueKind { None, PacketVerdict, Accept, Quota };
 
 struct SetLayout
 {
@@ -59,7 +58,7 @@ struct SetLayout
 [[nodiscard]] QByteArray Numbered(const char *stem, Family family);
 
 // What becomes of the packets of an address, as the element of From or To says. The verdicts with
-// Hardware are From's alone, Left is To's.
+// Hardware are From's alone, those with Left To's.
 enum class PacketVerdict : quint32 {
     Pass = 1, // neither counted nor refused
     Silent, // dropped without a word
@@ -69,7 +68,8 @@ enum class PacketVerdict : quint32 {
     HardwareDeny,
     Allow, // goes on only with a picked port
     Deny, // goes on without a picked port
-    Left, // goes on while a quota lasts
+    Left, // goes on while its quota lasts
+    LeftOfGroup, // goes on while its own quota and its group's last
     Unknown, // none of ours, as read
 };
 

@@ -22,7 +22,8 @@ constexpr quint32 kDynamicSize = 65535;
 constexpr quint16 kDnsPort = 53;
 constexpr quint16 kDhcpPorts[] = {67, 547};
 constexpr const char *kGatewayChain = "to_gateway";
-constexpr PacketVerdict kLastVerdict = PacketVerdict::Left;
+constexpr const char *kIpv6Chain = "forward6";
+constexpr PacketVerdict kLastVerdict = PacketVerdict::LeftOfGroup;
 
 void Start(NetlinkWriter &writer, int message, int flags)
 {
@@ -45,6 +46,11 @@ quint32 KeyLength(KeyKind kind, Family family)
     return address + (kind == KeyKind::Address ? 0 : kind == KeyKind::AddressAndPort ? 4 : 8);
 }
 
+bool IsVerdict(ValueKind kind)
+{
+    return kind == ValueKind::PacketVerdict || kind == ValueKind::Accept;
+}
+
 bool IsInterval(const SetLayout &layout, Family family)
 {
     return layout.interval && family == Family::V4;
@@ -54,7 +60,7 @@ quint32 SetFlags(const SetLayout &layout, Family family)
 {
     quint32 flags = 0;
     const std::pair<bool, quint32> wanted[] = {{IsInterval(layout, family), NFT_SET_INTERVAL},
-                                               {layout.value == ValueKind::PacketVerdict, NFT_SET_MAP},
+                                               {IsVerdict(layout.value), NFT_SET_MAP},
                                                {layout.value == ValueKind::Quota, NFT_SET_OBJECT},
                                                {layout.dynamic, NFT_SET_EVAL},
                                                {layout.timeoutMs != 0, NFT_SET_TIMEOUT}};
@@ -97,7 +103,7 @@ void MakeSet(NetlinkWriter &writer, SetId set, Family family)
     // A set's number must be its own within a transaction.
     writer.PutU32(NFTA_SET_ID, static_cast<quint32>(set) * 2 + static_cast<quint32>(family) + 1);
     writer.PutU32(NFTA_SET_FLAGS, SetFlags(layout, family));
-    if (layout.value == ValueKind::PacketVerdict) {
+    if (IsVerdict(layout.value)) {
         writer.PutU32(NFTA_SET_DATA_TYPE, kVerdictType);
     } else if (layout.value == ValueKind::Quota) {
         writer.PutU32(NFTA_SET_OBJ_TYPE, NFT_OBJECT_QUOTA);
@@ -215,7 +221,10 @@ void ReplaceKeys(NetlinkWriter &writer,
 
 std::vector<Ipv4Mask> NearMasks(const NetworkRules &network)
 {
-    std::vector<Ipv4Mask> masks = network.local;
+    std::vector<Ipv4Mask> masks;
+    if (AreLookedUp(network)) {
+        masks = network.local;
+    }
     for (const NetAddress &address : network.excluded) {
         if (address.IsIpv4()) {
             masks.push_back({address.ToIpv4(), std::numeric_limits<Ipv4>::max()});
@@ -226,7 +235,6 @@ std::vector<Ipv4Mask> NearMasks(const NetworkRules &network)
 
 void ReplaceNetwork(NetlinkWriter &writer, const NetworkRules &network)
 {
-    ReplaceRanges(writer, SetId::Local, MergedRanges(network.local));
     ReplaceRanges(writer, SetId::Near, MergedRanges(NearMasks(network)));
     std::vector<NetlinkBytes> excluded;
     for (const NetAddress &address : network.excluded) {
@@ -242,21 +250,36 @@ void ReplaceNetwork(NetlinkWriter &writer, const NetworkRules &network)
     ReplaceKeys(writer, kCountedPorts, ports);
 }
 
+// Rules for packets that pass an interface to the workstations, or for all where none is named.
+void ForInterfaces(const NetworkRules &network,
+                   Direction direction,
+                   FunctionRef<void(FunctionRef<void(RuleWriter &)>)> make)
+{
+    const Side side = direction == Direction::From ? Side::In : Side::Out;
+    for (const QString &name : network.lanInterfaces) {
+        make([&](RuleWriter &rule) { rule.Interface(side, name); });
+    }
+    if (network.lanInterfaces.isEmpty()) {
+        make([](RuleWriter &) {});
+    }
+}
+
+// The tests that most packets meet are those that the kernel does without a call.
 void MakeForward(NetlinkWriter &writer, const NetworkRules &network)
 {
-    for (const Family family : kFamilies) {
-        for (const Direction direction : {Direction::From, Direction::To}) {
-            const Side side = direction == Direction::From ? Side::In : Side::Out;
-            for (const QString &name : network.lanInterfaces) {
-                RuleWriter(writer, "forward")
-                    .IsFamily(family)
-                    .Interface(side, name)
-                    .Goto(WayChain(direction, family));
-            }
-            if (network.lanInterfaces.isEmpty()) {
-                RuleWriter(writer, "forward").IsFamily(family).Jump(WayChain(direction, family));
-            }
-        }
+    RuleWriter(writer, "forward").IsNotPlainIpv4().IsFamily(Family::V6).Goto(kIpv6Chain);
+    for (const Direction direction : {Direction::From, Direction::To}) {
+        const auto chain = [&](Family family) { return WayChain(direction, family); };
+        ForInterfaces(network, direction, [&](FunctionRef<void(RuleWriter &)> passes) {
+            ForLocal(
+                writer, network, "forward", direction, End::Workstation, [&](RuleWriter &rule) {
+                    passes(rule);
+                    rule.Goto(chain(Family::V4));
+                });
+            RuleWriter ipv6(writer, kIpv6Chain);
+            passes(ipv6);
+            ipv6.Jump(chain(Family::V6));
+        });
     }
 }
 
@@ -347,6 +370,7 @@ void MakeChains(NetlinkWriter &writer)
 {
     MakeChain(writer, "refuse");
     MakeChain(writer, kGatewayChain);
+    MakeChain(writer, kIpv6Chain);
     for (const Family family : kFamilies) {
         for (const char *stem : {"from", "to", "count_from", "unknown_from", "unknown_to"}) {
             MakeChain(writer, Numbered(stem, family));

@@ -10,18 +10,25 @@
 #include <optional>
 #include <vector>
 
+// The rows of a limit's credits.
+struct LimitCredits
+{
+    std::vector<BillId> open; // as many as the limit's rules have
+    std::vector<BillId>
+        adopted; // of them, those given before the record was there: to be tied to it
+    std::vector<BillId> ended; // they extended the month before: to be closed
+};
+
 struct Account
 {
     OwnerRules rules; // mode, price, limits, credits and block; nothing else of them
     TrafficRecordId trafficRecord; // of rules.traffic.use
     TimeRecordId timeRecord;
-    // As many as rules.traffic.credits, rules.time.credits and rules.credits have.
-    std::vector<BillId> trafficCredits;
-    std::vector<BillId> timeCredits;
-    std::vector<BillId> prePaidCredits;
-    // Credits that were given before the record was there, to be tied to it.
-    std::vector<BillId> trafficAdopted;
-    std::vector<BillId> timeAdopted;
+    bool hasNewMonthOfTraffic = false; // its record has just begun anew
+    bool hasNewMonthOfTime = false;
+    LimitCredits trafficCredits;
+    LimitCredits timeCredits;
+    std::vector<BillId> prePaidCredits; // as many as rules.credits has
 };
 
 // A limit that counts: one whose period has a meaning.

@@ -6,7 +6,7 @@
 
 void AccountChanges::AddTraffic(const Account &account, const Charge &charge, quint64 sentBytes)
 {
-    for (const BillId bill : account.trafficAdopted) {
+    for (const BillId bill : account.trafficCredits.adopted) {
         adoptedTraffic.Add(bill.value, {static_cast<double>(account.trafficRecord.value)});
     }
     const quint64 received = BytesOf(Megabytes {charge.counted});
@@ -18,7 +18,7 @@ void AccountChanges::AddTraffic(const Account &account, const Charge &charge, qu
 
 void AccountChanges::AddTime(const Account &account, const Charge &charge)
 {
-    for (const BillId bill : account.timeAdopted) {
+    for (const BillId bill : account.timeCredits.adopted) {
         adoptedTime.Add(bill.value, {static_cast<double>(account.timeRecord.value)});
     }
     time.Add(account.timeRecord.value, {charge.counted});
@@ -88,10 +88,10 @@ void AccountChanges::Write(Books &books, QDate day) const
     AddToTrafficRecords(books, traffic);
     AddToTimeRecords(books, time);
     books.WriteAll("UPDATE billing SET trafid = s.n1 FROM STAGED (?) AS_ROWS s "
-                   "WHERE billing.bill_id = s.k and billing.trafid = 0",
+                   "WHERE billing.bill_id = s.k",
                    adoptedTraffic);
     books.WriteAll("UPDATE billing SET time_id = s.n1 FROM STAGED (?) AS_ROWS s "
-                   "WHERE billing.bill_id = s.k and billing.time_id = 0",
+                   "WHERE billing.bill_id = s.k",
                    adoptedTime);
     books.WriteAll("UPDATE billing SET usage = billing.usage + 1.0 * s.n1 / s.n4, "
                    "moneyusage = billing.moneyusage + s.n2 "

@@ -8,64 +8,61 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What limits of traffic and of time, of users and of groups, differ in.
+// What limits of traffic and of time, of users and of groups, differ in. The rows that are handed in come
+// first in each join: one of the engines would begin with an index of few values.
 struct LimitTexts
 {
     const char *read; // owners, day: owner, limit, period, record, amount, reached, day
     const char *insert; // day, owners with the period
-    const char *closeCredits; // records
     const char *renew; // records with the day
 };
 
 constexpr LimitTexts kUserTraffic {
     "SELECT users.user_id, users.traflim, users.trafperiod, traffic_use.traf_id, traffic_use.data, "
-    "traffic_use.blocked, traffic_use.current_time FROM STAGED (?) AS_ROWS s JOIN users ON "
-    "users.user_id = s.k LEFT JOIN traffic_use ON traffic_use.user_id = users.user_id AND "
+    "traffic_use.blocked, traffic_use.current_time FROM STAGED (?) AS_ROWS s CROSS JOIN users "
+    "LEFT JOIN traffic_use ON traffic_use.user_id = users.user_id AND "
     "traffic_use.period = users.trafperiod AND (users.trafperiod = 2 OR "
-    "traffic_use.current_time = (?)) WHERE users.trafperiod IN (1, 2) ORDER BY traffic_use.traf_id",
+    "traffic_use.current_time = (?)) WHERE users.user_id = s.k AND users.trafperiod IN (1, 2) "
+    "ORDER BY traffic_use.traf_id",
     "INSERT INTO traffic_use (user_id, period, current_time) "
     "SELECT s.k, s.n1, (?) FROM STAGED (?) AS_ROWS s",
-    "UPDATE billing SET closed = 1 FROM STAGED (?) AS_ROWS s "
-    "WHERE billing.trafid = s.k and billing.mode = 1 and billing.closed = 0",
     "UPDATE traffic_use SET current_time = date (s.t), data = 0, senddata = 0, blocked = false "
     "FROM STAGED (?) AS_ROWS s WHERE traffic_use.traf_id = s.k"};
 
 constexpr LimitTexts kUserTime {
     "SELECT users.user_id, users.timelim, users.timeperiod, time_use.time_id, time_use.data, "
-    "time_use.blocked, time_use.current_time FROM STAGED (?) AS_ROWS s JOIN users ON "
-    "users.user_id = s.k LEFT JOIN time_use ON time_use.user_id = users.user_id AND "
+    "time_use.blocked, time_use.current_time FROM STAGED (?) AS_ROWS s CROSS JOIN users "
+    "LEFT JOIN time_use ON time_use.user_id = users.user_id AND "
     "time_use.period = users.timeperiod AND (users.timeperiod = 2 OR "
-    "time_use.current_time = (?)) WHERE users.timeperiod IN (1, 2) ORDER BY time_use.time_id",
+    "time_use.current_time = (?)) WHERE users.user_id = s.k AND users.timeperiod IN (1, 2) "
+    "ORDER BY time_use.time_id",
     "INSERT INTO time_use (user_id, period, current_time) "
     "SELECT s.k, s.n1, (?) FROM STAGED (?) AS_ROWS s",
-    "UPDATE billing SET closed = 1 FROM STAGED (?) AS_ROWS s "
-    "WHERE billing.time_id = s.k and billing.mode = 4 and billing.closed = 0",
     "UPDATE time_use SET current_time = date (s.t), data = 0, blocked = false "
     "FROM STAGED (?) AS_ROWS s WHERE time_use.time_id = s.k"};
 
 constexpr LimitTexts kGroupTraffic {
     "SELECT groups.group_id, groups.traflim, CASE WHEN groups.trafperiod = 1 THEN 1 ELSE 2 END, "
-    "traffic_use.traf_id, traffic_use.data, traffic_use.blocked, traffic_use.current_time FROM STAGED (?) AS_ROWS s "
-    "JOIN groups ON groups.group_id = s.k LEFT JOIN traffic_use ON "
+    "traffic_use.traf_id, traffic_use.data, traffic_use.blocked, traffic_use.current_time "
+    "FROM STAGED (?) AS_ROWS s CROSS JOIN groups LEFT JOIN traffic_use ON "
     "traffic_use.group_id = groups.group_id AND ((groups.trafperiod <> 1 AND "
     "traffic_use.period = 2) OR (groups.trafperiod = 1 AND traffic_use.period = 1 AND "
-    "traffic_use.current_time = (?))) ORDER BY traffic_use.traf_id",
+    "traffic_use.current_time = (?))) WHERE groups.group_id = s.k ORDER BY traffic_use.traf_id",
     "INSERT INTO traffic_use (group_id, period, current_time) "
     "SELECT s.k, s.n1, (?) FROM STAGED (?) AS_ROWS s",
-    kUserTraffic.closeCredits,
     kUserTraffic.renew};
 
 constexpr const char *kUserCredits =
     "SELECT billing.object_id, billing.bill_id, billing.mode, billing.trafid, billing.time_id, "
     "billing.data, billing.usage, billing.moneydata, billing.moneyusage, billing.unlimited, "
-    "billing.expiredday FROM STAGED (?) AS_ROWS s JOIN billing ON billing.object_id = s.k "
-    "WHERE billing.closed = 0 ORDER BY billing.date, billing.bill_id";
+    "billing.expiredday FROM STAGED (?) AS_ROWS s CROSS JOIN billing "
+    "WHERE billing.object_id = s.k AND billing.closed = 0 ORDER BY billing.date, billing.bill_id";
 
 constexpr const char *kGroupCredits =
     "SELECT billing.group_id, billing.bill_id, billing.mode, billing.trafid, billing.time_id, "
     "billing.data, billing.usage, billing.moneydata, billing.moneyusage, billing.unlimited, "
-    "billing.expiredday FROM STAGED (?) AS_ROWS s JOIN billing ON billing.group_id = s.k "
-    "WHERE billing.closed = 0 ORDER BY billing.date, billing.bill_id";
+    "billing.expiredday FROM STAGED (?) AS_ROWS s CROSS JOIN billing "
+    "WHERE billing.group_id = s.k AND billing.closed = 0 ORDER BY billing.date, billing.bill_id";
 
 // The accounts of users or groups by their numbers.
 using Accounts = std::map<quint32, Account *>;
@@ -111,11 +108,13 @@ public:
     LimitReading(Books &transaction,
                  const LimitTexts &statements,
                  LimitRules<Unit> OwnerRules::*limit,
-                 RecordId Account::*recordOfLimit)
+                 RecordId Account::*recordOfLimit,
+                 bool Account::*renewed)
         : books(transaction)
         , texts(statements)
         , rules(limit)
         , record(recordOfLimit)
+        , hasBegunAnew(renewed)
     { }
 
     void Run(const Accounts &accounts, QDate day)
@@ -168,11 +167,11 @@ private:
             LimitRules<Unit> &limit = account->rules.*rules;
             if (limit.use && limit.period == LimitPeriod::Month
                 && IsOfEarlierMonth(limit.use->countedOn, day)) {
-                rows.Add((account->*record).value, {}, day.toString(Qt::ISODate));
+                rows.Add((account->*record).value, {}, {day.toString(Qt::ISODate)});
                 limit.use = CountedUse<Unit> {Unit {}, false, day};
+                account->*hasBegunAnew = true;
             }
         }
-        books.WriteAll(texts.closeCredits, rows);
         books.WriteAll(texts.renew, rows);
     }
 
@@ -180,6 +179,7 @@ private:
     const LimitTexts &texts;
     LimitRules<Unit> OwnerRules::*rules;
     RecordId Account::*record;
+    bool Account::*hasBegunAnew;
 };
 
 // A row of `billing`.
@@ -211,21 +211,31 @@ CreditRow CreditIn(const Row &row)
             .expiry = {row.Integer(10) != 0, row.Text(11)}};
 }
 
+// To which record a credit belongs, and which one is counted into.
+struct CreditRecords
+{
+    quint32 named = 0; // 0: there was none yet
+    quint32 present = 0;
+    bool hasBegunAnew = false; // what was named is the month before
+};
+
 template <typename Unit>
 void AddLimitCredit(const CreditRow &credit,
+                    const CreditRecords &records,
                     LimitRules<Unit> &rules,
-                    std::vector<BillId> &bills,
-                    std::pair<quint32, quint32> namedAndPresent,
-                    std::vector<BillId> &adopted)
+                    LimitCredits &credits)
 {
-    const auto [named, present] = namedAndPresent;
-    if (present == 0 || (named != 0 && named != present)) {
+    if (records.present == 0 || (records.named != 0 && records.named != records.present)) {
+        return;
+    }
+    if (records.named != 0 && records.hasBegunAnew) {
+        credits.ended.push_back(credit.bill);
         return;
     }
     rules.credits.push_back({Unit {credit.given}, Unit {credit.used}, credit.expiry});
-    bills.push_back(credit.bill);
-    if (named == 0) {
-        adopted.push_back(credit.bill);
+    credits.open.push_back(credit.bill);
+    if (records.named == 0) {
+        credits.adopted.push_back(credit.bill);
     }
 }
 
@@ -233,17 +243,16 @@ void AddCredit(const CreditRow &credit, Account &account)
 {
     OwnerRules &rules = account.rules;
     if (credit.mode == BillingMode::Traffic) {
-        AddLimitCredit(credit,
-                       rules.traffic,
-                       account.trafficCredits,
-                       {credit.trafficRecord, account.trafficRecord.value},
-                       account.trafficAdopted);
+        AddLimitCredit(
+            credit,
+            {credit.trafficRecord, account.trafficRecord.value, account.hasNewMonthOfTraffic},
+            rules.traffic,
+            account.trafficCredits);
     } else if (credit.mode == BillingMode::Time) {
         AddLimitCredit(credit,
+                       {credit.timeRecord, account.timeRecord.value, account.hasNewMonthOfTime},
                        rules.time,
-                       account.timeCredits,
-                       {credit.timeRecord, account.timeRecord.value},
-                       account.timeAdopted);
+                       account.timeCredits);
     } else if (credit.mode == BillingMode::Credit && rules.mode == AccountingMode::Provider) {
         rules.credits.push_back({.money = credit.money,
                                  .moneyUsed = credit.moneyUsed,
@@ -304,8 +313,8 @@ CountedUsers ReadUserRows(Books &books, const std::vector<UserId> &users, const 
     }
     const auto read = books.Take(ReadAll(
         "SELECT users.user_id, users.group_id, users.mode, users.blocked, users.blockreason, "
-        "users.own_price, users.trafprice FROM STAGED (?) AS_ROWS s JOIN users ON "
-        "users.user_id = s.k WHERE users.monitored = true",
+        "users.own_price, users.trafprice FROM STAGED (?) AS_ROWS s CROSS JOIN users "
+        "WHERE users.user_id = s.k AND users.monitored = true",
         [&prices](const Row &row) {
             CountedUser user;
             user.group = row.Id<GroupId>(2);
@@ -329,8 +338,8 @@ CountedGroups ReadGroupRows(Books &books, const QSet<GroupId> &groups, const Pri
     }
     const auto read = books.Take(ReadAll(
         "SELECT groups.group_id, groups.mode, groups.blocked, groups.blockreason, "
-        "groups.own_price, groups.trafprice FROM STAGED (?) AS_ROWS s JOIN groups ON "
-        "groups.group_id = s.k WHERE groups.mode IN (1, 2)",
+        "groups.own_price, groups.trafprice FROM STAGED (?) AS_ROWS s CROSS JOIN groups "
+        "WHERE groups.group_id = s.k AND groups.mode IN (1, 2)",
         [&prices](const Row &row) {
             CountedGroup group;
             group.account.rules.mode = row.Code<AccountingMode>(2);
@@ -348,9 +357,14 @@ CountedUsers
 ReadCountedUsers(Books &books, const std::vector<UserId> &users, QDate day, const Prices &prices)
 {
     CountedUsers read = ReadUserRows(books, users, prices);
-    LimitReading(books, kUserTraffic, &OwnerRules::traffic, &Account::trafficRecord)
+    LimitReading(books,
+                 kUserTraffic,
+                 &OwnerRules::traffic,
+                 &Account::trafficRecord,
+                 &Account::hasNewMonthOfTraffic)
         .Run(Chosen(read, HasTrafficLimit), day);
-    LimitReading(books, kUserTime, &OwnerRules::time, &Account::timeRecord)
+    LimitReading(
+        books, kUserTime, &OwnerRules::time, &Account::timeRecord, &Account::hasNewMonthOfTime)
         .Run(Chosen(read, HasTimeLimit), day);
     ReadCredits(books, kUserCredits, Chosen(read, MayHaveCredits));
     return read;
@@ -360,7 +374,11 @@ CountedGroups
 ReadCountedGroups(Books &books, const QSet<GroupId> &groups, QDate day, const Prices &prices)
 {
     CountedGroups read = ReadGroupRows(books, groups, prices);
-    LimitReading(books, kGroupTraffic, &OwnerRules::traffic, &Account::trafficRecord)
+    LimitReading(books,
+                 kGroupTraffic,
+                 &OwnerRules::traffic,
+                 &Account::trafficRecord,
+                 &Account::hasNewMonthOfTraffic)
         .Run(Chosen(read, HasTrafficLimit), day);
     ReadCredits(books, kGroupCredits, Chosen(read, MayHaveCredits));
     return read;

@@ -223,7 +223,7 @@ Result<Counted> WriteParts(const Parts &parts, const Accounting &accounting)
 {
     Counted counted;
     QSet<GroupId> groups = accounting.groups; // with the first batch
-    BatchSize size;
+    BatchSize size(transaction::ShutsOutWriters());
     for (auto begin = parts.begin(); begin != parts.end() || !groups.isEmpty();) {
         auto end = begin;
         for (size_t taken = 0; taken < size.Now() && end != parts.end(); ++taken) {

@@ -1,4 +1,4 @@
-// How many owners go into one transaction, so that none holds the database for long.
+// How many owners go into one transaction: few where it keeps everybody else from writing.
 #pragma once
 
 #include <algorithm>
@@ -10,9 +10,11 @@ class BatchSize
     using Clock = std::chrono::steady_clock;
 
 public:
+    explicit BatchSize(bool shutsOutWriters) : bounds(shutsOutWriters ? kShort : kLong) { }
+
     [[nodiscard]] size_t Now() const { return size; }
 
-    // Takes the time of one batch, and has the next one last about half of what it may.
+    // Takes the time of one batch; the next one is to last about half of what it may.
     class Measure
     {
     public:
@@ -27,18 +29,25 @@ public:
     };
 
 private:
+    struct Bounds
+    {
+        std::chrono::milliseconds time; // half of what a batch may last
+        size_t least;
+        size_t most;
+    };
+
+    static constexpr Bounds kShort {std::chrono::milliseconds(25), 100, 1000};
+    static constexpr Bounds kLong {std::chrono::milliseconds(500), 500, 4000};
+
     void Took(Clock::duration time)
     {
-        constexpr size_t kLeast = 100;
-        constexpr size_t kMost = 2000;
-        constexpr auto kMostTime = std::chrono::milliseconds(25);
-        constexpr auto kShortTime = std::chrono::milliseconds(10);
-        if (time > kMostTime) {
-            size = std::max(size / 2, kLeast);
-        } else if (time < kShortTime) {
-            size = std::min(2 * size, kMost);
+        if (time > bounds.time) {
+            size = std::max(size / 2, bounds.least);
+        } else if (time < bounds.time / 3) {
+            size = std::min(2 * size, bounds.most);
         }
     }
 
-    size_t size = 250;
+    const Bounds bounds;
+    size_t size = bounds.most / 4;
 };

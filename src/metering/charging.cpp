@@ -59,9 +59,16 @@ std::vector<BillId> Missing(const std::vector<BillId> &before, const std::vector
     return missing;
 }
 
-template <typename Unit>
-Charge ChargeLimit(LimitRules<Unit> &rules, std::vector<BillId> &bills, Unit amount, QDate day)
+void Close(std::vector<BillId> &bills, std::vector<BillId> &closed)
 {
+    closed.insert(closed.end(), bills.begin(), bills.end());
+    bills.clear();
+}
+
+template <typename Unit>
+Charge ChargeLimit(LimitRules<Unit> &rules, LimitCredits &credits, Unit amount, QDate day)
+{
+    std::vector<BillId> &bills = credits.open;
     Charge charge;
     const std::vector<BillId> before = bills;
     const Unit used = rules.use ? rules.use->used : Unit {};
@@ -79,6 +86,7 @@ Charge ChargeLimit(LimitRules<Unit> &rules, std::vector<BillId> &bills, Unit amo
         });
     charge.counted = (covered + unpaid).value;
     charge.closed = Missing(before, bills);
+    Close(credits.ended, charge.closed);
     if (rules.use) {
         rules.use->used += covered + unpaid;
     }
@@ -101,12 +109,6 @@ Megabytes LeftOfCredit(const PrePaidCredit &credit, double price, QDate day)
         break;
     }
     return kUnbounded;
-}
-
-void Close(std::vector<BillId> &bills, std::vector<BillId> &closed)
-{
-    closed.insert(closed.end(), bills.begin(), bills.end());
-    bills.clear();
 }
 
 } // namespace
@@ -153,7 +155,7 @@ bool EndTraffic(Account &account, QDate day, std::vector<BillId> &closed)
         rules.traffic.use->reached = true;
     }
     rules.traffic.credits.clear();
-    Close(account.trafficCredits, closed);
+    Close(account.trafficCredits.open, closed);
     if (rules.mode == AccountingMode::Provider) {
         rules.credits.clear();
         Close(account.prePaidCredits, closed);

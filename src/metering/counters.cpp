@@ -35,7 +35,8 @@ ReadLast(Books &books, const Count &count, const std::vector<const AddressCounte
 {
     StagedRows keys;
     for (size_t i = 0; i < counters.size(); ++i) {
-        keys.Add(static_cast<quint32>(i), {counters[i]->unknown ? 1.0 : 0.0}, counters[i]->address);
+        keys.Add(
+            static_cast<quint32>(i), {counters[i]->unknown ? 1.0 : 0.0}, {counters[i]->address});
     }
     struct Stored
     {
@@ -45,7 +46,7 @@ ReadLast(Books &books, const Count &count, const std::vector<const AddressCounte
     const QString generation = GenerationText(count.generation);
     const auto stored = books.Take(ReadAll(
         "SELECT s.k, service_counters.generation, service_counters.received, "
-        "service_counters.sent FROM STAGED (?) AS_ROWS s JOIN service_counters ON "
+        "service_counters.sent FROM STAGED (?) AS_ROWS s CROSS JOIN service_counters WHERE "
         "service_counters.gateway = (?) and service_counters.address = s.t and "
         "service_counters.unknown = s.n1",
         [&generation](const Row &row) {
@@ -89,23 +90,18 @@ TakeNewBytes(Books &books, const Count &count, const std::vector<const AddressCo
                      {now.unknown ? 1.0 : 0.0,
                       static_cast<double>(std::max(received, now.received)),
                       static_cast<double>(std::max(sent, now.sent))},
-                     now.address,
-                     generation);
+                     {now.address, generation, count.gatewayId});
         }
     }
     books.WriteAll("UPDATE service_counters SET user_id = s.k, generation = s.u, "
                    "received = s.n2, sent = s.n3 FROM STAGED (?) AS_ROWS s WHERE "
-                   "service_counters.gateway = (?) and service_counters.address = s.t and "
+                   "service_counters.gateway = s.v and service_counters.address = s.t and "
                    "service_counters.unknown = s.n1",
-                   changed,
-                   count.gatewayId);
-    if (!added.IsEmpty()) {
-        books.Write("INSERT INTO service_counters (gateway, address, unknown, user_id, generation, "
-                    "received, sent) SELECT (?), s.t, s.n1, s.k, s.u, s.n2, s.n3 "
-                    "FROM STAGED (?) AS_ROWS s",
-                    count.gatewayId,
-                    added);
-    }
+                   changed);
+    books.WriteAll("INSERT INTO service_counters (gateway, address, unknown, user_id, generation, "
+                   "received, sent) SELECT s.v, s.t, s.n1, s.k, s.u, s.n2, s.n3 "
+                   "FROM STAGED (?) AS_ROWS s",
+                   added);
     return fresh;
 }
 

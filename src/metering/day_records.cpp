@@ -15,16 +15,16 @@ struct DayTexts
 };
 
 constexpr DayTexts kTraffic {
-    "SELECT traffic_use.user_id, MAX(traffic_use.traf_id) FROM STAGED (?) AS_ROWS s JOIN "
-    "traffic_use ON traffic_use.user_id = s.k WHERE traffic_use.period = 0 and "
+    "SELECT traffic_use.user_id, MAX(traffic_use.traf_id) FROM STAGED (?) AS_ROWS s CROSS JOIN "
+    "traffic_use WHERE traffic_use.user_id = s.k and traffic_use.period = 0 and "
     "traffic_use.current_time = (?) GROUP BY traffic_use.user_id",
     "INSERT INTO traffic_use (user_id, period, current_time, data, senddata) "
     "SELECT s.k, 0, (?), s.n1 / 1048576.0, s.n2 / 1048576.0 FROM STAGED (?) AS_ROWS s",
     AddToTrafficRecords};
 
 constexpr DayTexts kTime {
-    "SELECT time_use.user_id, MAX(time_use.time_id) FROM STAGED (?) AS_ROWS s JOIN "
-    "time_use ON time_use.user_id = s.k WHERE time_use.period = 0 and "
+    "SELECT time_use.user_id, MAX(time_use.time_id) FROM STAGED (?) AS_ROWS s CROSS JOIN "
+    "time_use WHERE time_use.user_id = s.k and time_use.period = 0 and "
     "time_use.current_time = (?) GROUP BY time_use.user_id",
     "INSERT INTO time_use (user_id, period, current_time, data) "
     "SELECT s.k, 0, (?), s.n1 FROM STAGED (?) AS_ROWS s",

@@ -14,10 +14,10 @@ protected:
     static QStringList TextsOf(const StagedRows &rows)
     {
         const auto read = ReadAll(
-            "SELECT k, n1, n2, n3, n4, t, u FROM STAGED (?) AS_ROWS s ORDER BY k",
+            "SELECT k, n1, n2, n3, n4, t, u, v FROM STAGED (?) AS_ROWS s ORDER BY k",
             [](const Row &row) {
                 QStringList values;
-                for (int column = 1; column <= 7; ++column) {
+                for (int column = 1; column <= 8; ++column) {
                     values << (row.IsEmpty(column) ? u"-"_s : row.Text(column));
                     bool isNumber = false;
                     const double number = values.last().toDouble(&isNumber);
@@ -42,15 +42,16 @@ TEST_P(StagedRowsRead, GiveNumbersAndTextsAsTheyWereHandedIn)
     StagedRows rows;
     rows.Add(7);
     rows.Add(8, {0.25, -3});
-    rows.Add(9, {900719925474099.0, 1e-9, 0, 4}, u"fd00::1"_s, u"18446744073709551615"_s);
-    rows.Add(10, {}, u"O'Neil \"\u00e9\U0001F600\\"_s);
-    rows.Add(11, {1}, {}, u"x"_s);
+    rows.Add(
+        9, {900719925474099.0, 1e-9, 0, 4}, {u"fd00::1"_s, u"18446744073709551615"_s, u"gate"_s});
+    rows.Add(10, {}, {u"O'Neil \"\u00e9\U0001F600\\"_s});
+    rows.Add(11, {1}, {{}, u"x"_s});
     EXPECT_EQ(TextsOf(rows),
-              (QStringList {u"7|-|-|-|-|-|-"_s,
-                            u"8|0.25|-3|-|-|-|-"_s,
-                            u"9|900719925474099|1e-09|0|4|fd00::1|18446744073709551615"_s,
-                            u"10|-|-|-|-|O'Neil \"\u00e9\U0001F600\\|-"_s,
-                            u"11|1|-|-|-|-|x"_s}));
+              (QStringList {u"7|-|-|-|-|-|-|-"_s,
+                            u"8|0.25|-3|-|-|-|-|-"_s,
+                            u"9|900719925474099|1e-09|0|4|fd00::1|18446744073709551615|gate"_s,
+                            u"10|-|-|-|-|O'Neil \"\u00e9\U0001F600\\|-|-"_s,
+                            u"11|1|-|-|-|-|x|-"_s}));
 }
 
 TEST_P(StagedRowsRead, AreNoneAtAll)
@@ -62,7 +63,7 @@ TEST_P(StagedRowsRead, KeysAreStoredAsIdsAre)
 {
     StagedRows rows;
     rows.Add(4294967295U);
-    EXPECT_EQ(TextsOf(rows), QStringList {u"-1|-|-|-|-|-|-"_s});
+    EXPECT_EQ(TextsOf(rows), QStringList {u"-1|-|-|-|-|-|-|-"_s});
 }
 
 TEST_P(StagedRowsRead, ChangeThousandsOfRowsByOneStatement)

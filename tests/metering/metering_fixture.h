@@ -95,7 +95,7 @@ protected:
     {
         const QString address = QStringLiteral("10.0.0.%1").arg(user.value);
         for (AddressCounters &each : next.counters) {
-            if (each.address == address) {
+            if (each.address == address && !each.unknown) {
                 return each;
             }
         }

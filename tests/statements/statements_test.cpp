@@ -155,7 +155,7 @@ StagedRows SampleRows()
 {
     StagedRows rows;
     for (const quint32 id : {1U, 2U, 3U, 900'000U}) {
-        rows.Add(id, {1, 2'097'152, 0.25, 3}, u"2026-11-20"_s);
+        rows.Add(id, {1, 2'097'152, 0.25, 3}, {u"2026-11-20"_s, u"1"_s, u"gate"_s});
     }
     return rows;
 }

@@ -103,11 +103,13 @@ QString Laboratory::MakeNamespaces()
         }
         namespaces[static_cast<size_t>(place)] = PresentNamespace();
         // Without these an interface's IPv6 is of no use for its first second or two.
-        // And a hardware address that changes is told to the neighbours.
-        for (const auto &[setting, value] : {std::pair(u"ipv6/conf/default/accept_dad"_s, u"0"_s),
-                                             {u"ipv6/conf/default/router_solicitations"_s, u"0"_s},
-                                             {u"ipv6/conf/default/ndisc_notify"_s, u"1"_s},
-                                             {u"ipv4/conf/default/arp_notify"_s, u"1"_s}}) {
+        // A hardware address that changes is told to the neighbours, and nothing else is told unasked.
+        for (const auto &[setting, value] :
+             {std::pair(u"ipv6/conf/default/accept_dad"_s, u"0"_s),
+              {u"ipv6/conf/default/router_solicitations"_s, u"0"_s},
+              {u"ipv6/conf/default/ndisc_notify"_s, u"1"_s},
+              {u"ipv6/conf/default/mldv2_unsolicited_report_interval"_s, u"100000000"_s},
+              {u"ipv4/conf/default/arp_notify"_s, u"1"_s}}) {
             if (!Set(setting, value)) {
                 return Refused(u"the setting "_s + setting);
             }

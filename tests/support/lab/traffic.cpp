@@ -109,6 +109,29 @@ int SendDatagrams(const OpenFile &socket, const Endpoint &to, int bytes, int cou
     return sent;
 }
 
+bool SendFrom(const OpenFile &socket, quint32 from, const Endpoint &to, int bytes)
+{
+    std::vector<char> payload(static_cast<size_t>(bytes), 'x');
+    SocketAddress address = AddressOf(to);
+    iovec part {payload.data(), payload.size()};
+    alignas(cmsghdr) char control[CMSG_SPACE(sizeof(in_pktinfo))] = {};
+    msghdr message {};
+    message.msg_name = &address.storage;
+    message.msg_namelen = address.size;
+    message.msg_iov = &part;
+    message.msg_iovlen = 1;
+    message.msg_control = control;
+    message.msg_controllen = sizeof control;
+    cmsghdr *header = CMSG_FIRSTHDR(&message);
+    header->cmsg_level = IPPROTO_IP;
+    header->cmsg_type = IP_PKTINFO;
+    header->cmsg_len = CMSG_LEN(sizeof(in_pktinfo));
+    in_pktinfo info {};
+    info.ipi_spec_dst.s_addr = htonl(from);
+    std::memcpy(CMSG_DATA(header), &info, sizeof info);
+    return sendmsg(socket.Number(), &message, 0) == bytes;
+}
+
 int TakeDatagrams(const OpenFile &socket, int expected)
 {
     std::vector<char> payload(1 << 16);

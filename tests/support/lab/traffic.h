@@ -20,6 +20,9 @@ MakeSocket(const Laboratory &laboratory, Place place, Transport transport, const
 // Sends datagrams with this many bytes each; how many the kernel took.
 int SendDatagrams(const OpenFile &socket, const Endpoint &to, int bytes, int count);
 
+// Sends one datagram from any IPv4 address of the socket's place, which is bound to 0.0.0.0.
+bool SendFrom(const OpenFile &socket, quint32 from, const Endpoint &to, int bytes);
+
 // The datagrams that come until there are `expected`, or until none has come for a tenth of a second.
 [[nodiscard]] int TakeDatagrams(const OpenFile &socket, int expected);
 
