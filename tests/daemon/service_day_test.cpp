@@ -11,7 +11,7 @@ class ServiceDay : public ServiceLab
 {
 protected:
     static inline const QDate kDay {2026, 11, 30}; // the last of its month
-    static inline const QDateTime kBeforeMidnight {kDay, QTime(23, 59, 59)};
+    static inline const QDateTime kBeforeMidnight {kDay, QTime(23, 59, 58)};
 
     void SetUp() override
     {
