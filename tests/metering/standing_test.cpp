@@ -235,6 +235,10 @@ TEST_P(StandingsRead, TellsWhenATimeOfTheWeekChanges)
     EXPECT_EQ(ReadAllStandings().nextChange, QDateTime(QDate(2026, 11, 22), QTime(0, 0)));
     Run("INSERT INTO time_blocked (user_id, dayofweek, timestart, timestop) "
         "VALUES (1, 6, '08.30', '23:00:00')");
+    EXPECT_EQ(ReadAllStandings().nextChange, QDateTime(QDate(2026, 11, 21), QTime(23, 0)));
+    Run("INSERT INTO time_blocked (user_id, dayofweek, timestart, timestop) "
+        "VALUES (2, 6, '08.30', '21:00:00')");
+    EXPECT_EQ(ReadAllStandings().nextChange, QDateTime(QDate(2026, 11, 21), QTime(21, 0)));
     Run("INSERT INTO time_blocked (group_id, dayofweek, timestart, timestop) "
         "VALUES (80, 6, '08.30', '20:15:00')");
     const Standings all = ReadAllStandings();
