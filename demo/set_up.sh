@@ -5,9 +5,12 @@ demo=${demo:-$PWD/build/demo}
 programs=${programs:-$PWD/build/release/bin}
 export ODBCINI=$demo/odbc.ini
 
-# Makes what is not there yet; what is there stays as the administrator left it.
+# Makes what is not there yet; what is there stays as the administrator left it, with the newest tables.
 make_demo() {
-    [ -f "$demo/complete" ] && return
+    if [ -f "$demo/complete" ]; then
+        "$programs/tollbrook-db" upgrade --dsn tollbrook-demo >>"$demo/database.log"
+        return
+    fi
     rm -rf "$demo"
     mkdir -p "$demo/screens"
     make_config

@@ -38,8 +38,8 @@ the database file by itself; PostgreSQL (in UTF-8) and MariaDB need an empty
 database and a user "system" that may make tables there.
 
 Exit status: 0 done, 1 check found something wrong, 2 wrong use, 3 the database
-could not be opened or a statement failed, 4 the tables are of a newer version
-than this program.)"_s;
+could not be opened or a statement failed, 4 upgrade or check found the tables
+of a newer version than this program.)"_s;
 
 void Print(const QString &text)
 {
@@ -98,7 +98,7 @@ int Check(const QString &dsn)
     }
     if (result.failure) {
         PrintError(*result.failure);
-        return kFailed;
+        return result.isNewer ? kNewer : kFailed;
     }
     if (result.findings.isEmpty()) {
         Print(u"Everything in the database of \"%1\" is consistent."_s.arg(dsn));

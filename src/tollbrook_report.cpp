@@ -1,4 +1,6 @@
 // Makes one report without a screen: for timers and scripts.
+#include "db/query.h"
+#include "db/schema_version.h"
 #include "db/session.h"
 #include "reports/catalogue.h"
 #include "reports/engine.h"
@@ -136,7 +138,11 @@ int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters
     if (names.IsEmpty()) {
         return Done;
     }
-    if (!program.databaseOpen) {
+    const auto version = OpenedSchemaVersion();
+    if (!version && version.error().kind == Failure::Kind::NewerSchema) {
+        return Fail(Database, version.error().text);
+    }
+    if (!version) {
         return Fail(Database, u"the data source \"%1\" cannot be opened"_s.arg(program.dataSource));
     }
     QStringList unknown;
@@ -173,6 +179,10 @@ int Make(const ReportRequest &request, const QString &output, bool failIfEmpty)
     const ReportTablePtr table = MakeReport(request, control, problem);
     if (!table || !WriteReport(table, output, control, problem)) {
         return Fail(static_cast<Status>(StatusOf(problem.kind)), problem.text);
+    }
+    if (AgeOf(table->schemaVersion) == SchemaAge::Older) {
+        Warn(
+            OlderSchemaText(table->schemaVersion, ParseConnectionText(request.connectionText).dsn));
     }
     return failIfEmpty && table->IsEmpty() ? Fail(Empty, u"there is nothing to report"_s) : Done;
 }

@@ -2082,6 +2082,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The connection to the database was lost while it was being written.</source>
         <translation>Die Verbindung zur Datenbank ging beim Schreiben verloren.</translation>
     </message>
+    <message>
+        <source>This program cannot work with the database.</source>
+        <translation>Mit dieser Datenbank kann dieses Programm nicht arbeiten.</translation>
+    </message>
 </context>
 <context>
     <name>FailuresDialog</name>
@@ -4914,6 +4918,17 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>The database of &quot;%1&quot; already has a table &quot;%2&quot;. Nothing was changed.</source>
         <translation>Die Datenbank von „%1“ hat bereits eine Tabelle „%2“. Nichts wurde geändert.</translation>
+    </message>
+</context>
+<context>
+    <name>SchemaVersion</name>
+    <message>
+        <source>The database has version %1 of the tables, and this program is made for version %2. Bring it up to date with: %3</source>
+        <translation>Die Tabellen der Datenbank haben Version %1, und dieses Programm ist für Version %2 gemacht. Auf den neuesten Stand bringt sie: %3</translation>
+    </message>
+    <message>
+        <source>The database has version %1 of the tables, and this program knows them up to version %2 only. Install the version of the program that belongs to it.</source>
+        <translation>Die Tabellen der Datenbank haben Version %1, und dieses Programm kennt sie nur bis Version %2. Installieren Sie die Version des Programms, die dazu gehört.</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 
 #include "app/waiting.h"
 #include "db/query.h"
+#include "db/schema_version.h"
 
 #include <QFontDatabase>
 #include <QThreadPool>
@@ -16,6 +17,8 @@ CAdministratorApp::CAdministratorApp(int &argc, char **argv) : QApplication(argc
     // No display name: the desktop would add it to every window's exact caption.
     setApplicationName(u"tollbrook-admin"_s);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
+    connect(
+        &database, &SessionThread::ConnectionChanged, this, &CAdministratorApp::LookAtSchemaAgain);
 }
 
 CAdministratorApp::~CAdministratorApp()
@@ -35,6 +38,7 @@ void CAdministratorApp::SetUp(const StartUpOptions &newOptions,
     program.reset();
     serviceRunning = false;
     connected = false;
+    olderSchemaTold = false;
 }
 
 bool CAdministratorApp::InitInstance()
@@ -71,10 +75,34 @@ void CAdministratorApp::OpenDatabase()
             prompt->Tell(TextOf(*problem), Prompt::Icon::Warning);
         }
     }
-    const auto isOpen = Await(
-        *services, activeWindow(), tr("Opening the database..."), [] { return IsSessionOpen(); });
-    if (!isOpen) {
+    const auto version = Await(*services, activeWindow(), tr("Opening the database..."), [] {
+        return OpenedSchemaVersion();
+    });
+    if (!version && version.error().kind == Failure::Kind::NewerSchema) {
+        prompt->Tell(version.error().text, Prompt::Icon::Warning);
+    } else if (!version) {
         prompt->Tell(tr("Failed connecting to the database. Please check the database options"));
+    } else {
+        TellOfOlderSchema(*version);
+    }
+}
+
+void CAdministratorApp::TellOfOlderSchema(int version)
+{
+    if (AgeOf(version) == SchemaAge::Older && !std::exchange(olderSchemaTold, true)) {
+        prompt->Tell(OlderSchemaText(version, program->dataSource), Prompt::Icon::Warning);
+    }
+}
+
+// A database that could not be opened at the start is opened later on.
+void CAdministratorApp::LookAtSchemaAgain(bool isOpen)
+{
+    if (isOpen && services && !olderSchemaTold) {
+        database.Start(this, OpenedSchemaVersion, [this](const Result<int> &version) {
+            if (version) {
+                TellOfOlderSchema(*version);
+            }
+        });
     }
 }
 

@@ -43,6 +43,8 @@ public:
 private:
     void MakeServices();
     void OpenDatabase();
+    void TellOfOlderSchema(int version);
+    void LookAtSchemaAgain(bool isOpen);
     void ReachService();
     void Close();
 
@@ -55,4 +57,5 @@ private:
     std::optional<AppServices> services; // of what stands above
     bool serviceRunning = false;
     bool connected = false;
+    bool olderSchemaTold = false; // once is enough
 };

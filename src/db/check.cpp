@@ -1,6 +1,7 @@
 #include "db/check.h"
 
 #include "db/direct_connection.h"
+#include "db/schema_version.h"
 
 #include <QCoreApplication>
 
@@ -25,6 +26,7 @@ struct Check
     const char *sentence;
     const char *query;
     Kind kind = Kind::Wrong;
+    int since = 0; // the version of the schema that brought the tables
 };
 
 constexpr Check kChecks[] = {
@@ -184,6 +186,34 @@ constexpr Check kChecks[] = {
     {"site visits name a site that does not exist",
      "SELECT 1 FROM SiteAccess a "
      "WHERE NOT EXISTS (SELECT 1 FROM Sites s WHERE s.site_id = a.site_id)"},
+
+    // What the accounting service remembers
+    {"counters are of addresses that belonged to a user who no longer exists",
+     "SELECT 1 FROM service_counters c WHERE c.user_id <> 0 "
+     "AND NOT EXISTS (SELECT 1 FROM users u WHERE u.user_id = c.user_id)",
+     Kind::Left,
+     1},
+    {"counters are neither of a known nor of an unknown address",
+     "SELECT 1 FROM service_counters WHERE unknown NOT IN (0, 1)",
+     Kind::Wrong,
+     1},
+    {"counters are negative",
+     "SELECT 1 FROM service_counters WHERE received < 0 OR sent < 0",
+     Kind::Wrong,
+     1},
+    {"days that took of a credit name one that no longer exists",
+     "SELECT 1 FROM credit_use d "
+     "WHERE NOT EXISTS (SELECT 1 FROM billing b WHERE b.bill_id = d.bill_id)",
+     Kind::Left,
+     1},
+    {"days took less than nothing of a credit",
+     "SELECT 1 FROM credit_use WHERE data < 0 OR money < 0 OR price < 0",
+     Kind::Wrong,
+     1},
+    {"databases hold more than one version of the schema",
+     "SELECT 1 FROM (SELECT COUNT(*) AS found FROM schema_version) v WHERE found > 1",
+     Kind::Wrong,
+     1},
 };
 
 } // namespace
@@ -197,7 +227,24 @@ CheckResult CheckDatabase(const QString &dsn)
             Words::tr("The data source \"%1\" cannot be opened: %2").arg(dsn, database.Error());
         return result;
     }
+    const auto version = SchemaVersionOf(database);
+    if (!version) {
+        result.failure = Words::tr("A check of \"%1\" failed: %2").arg(dsn, database.Error());
+        return result;
+    }
+    const auto other = OtherSchemaText(*version, dsn);
+    result.isNewer = AgeOf(*version) == SchemaAge::Newer;
+    if (result.isNewer) {
+        result.failure = other;
+        return result;
+    }
+    if (other) {
+        result.notes << *other;
+    }
     for (const Check &check : kChecks) {
+        if (check.since > *version) {
+            continue;
+        }
         const std::string query = Translate(database.Engine(), check.query);
         const auto count =
             database.Rows(u"SELECT COUNT(*) FROM (%1) wrong"_s.arg(QString::fromStdString(query)));

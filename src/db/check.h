@@ -10,9 +10,11 @@ struct CheckResult
 {
     // Plain sentences, each with a count.
     QStringList findings; // what is wrong; empty when all is well
-    QStringList
-        notes; // what the console leaves behind by design, such as records of a deleted user
+    // What the console leaves behind by design, such as records of a deleted user; and that the tables
+    // are of an older version, of which those that it has are checked.
+    QStringList notes;
     std::optional<QString> failure; // why the check could not be completed
+    bool isNewer = false; // since the tables are of a newer version than the program
 };
 
 // Looks through the whole database of the data source and changes nothing.

@@ -4,6 +4,7 @@
 #include "db/demo_people.h"
 #include "db/demo_usage.h"
 #include "db/row_writer.h"
+#include "db/schema_version.h"
 
 #include <QList>
 
@@ -100,6 +101,13 @@ std::optional<QString> FillWithDemoData(const QString &dsn,
     if (!users) {
         return u"The database of \"%1\" has no tables yet (%2). Make them with \"create\" first."_s
             .arg(dsn, database.Error());
+    }
+    const auto version = SchemaVersionOf(database);
+    if (!version) {
+        return database.Error();
+    }
+    if (auto other = OtherSchemaText(*version, dsn)) {
+        return other;
     }
     if (const int count = users->first().first().toInt(); count > 0) {
         return u"The database of \"%1\" already has %2 users. Nothing was changed."_s.arg(dsn).arg(

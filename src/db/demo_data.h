@@ -14,7 +14,7 @@ struct DemoSize
     int days = 90; // of usage, counted back from today
 };
 
-// Fills a database that has the schema and no users yet. `report` is told of each step. Nothing when
+// Fills a database that has the newest schema and no users yet. `report` is told of each step. Nothing when
 // it is done, else what went wrong; a database that already has users stays as it is.
 [[nodiscard]] std::optional<QString> FillWithDemoData(const QString &dsn,
                                                       const DemoSize &size,

@@ -41,6 +41,10 @@ struct Dialect
     // True where a cancel stops all that the connection does, and spoils the statement that it is asked
     // of: another one must stand in.
     bool cancelsConnection;
+    // A query that is prepared where one was not read to its end: until then the driver holds the lock of
+    // that one, or in a database with a log what it has seen of it. Null where closing the cursor is
+    // enough.
+    const char *endsReading;
     // A query with one value: 0 where nothing can be written, 2 at a node of a cluster, else 1. Null: 1.
     const char *writable;
     // Makes a connection to a node of a cluster read what was committed at any other one by then.

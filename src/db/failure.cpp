@@ -24,6 +24,8 @@ QString Reason(Failure::Kind kind)
         return Words::tr("There is no connection to the database.");
     case Failure::Kind::NotWritable:
         return Words::tr("The database takes no changes now.");
+    case Failure::Kind::NewerSchema:
+        return Words::tr("This program cannot work with the database.");
     case Failure::Kind::NotAnswered:
         return Words::tr("The database does not answer.");
     case Failure::Kind::Cancelled:

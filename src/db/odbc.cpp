@@ -18,4 +18,18 @@ Diagnostic FirstDiagnostic(SQLSMALLINT handleType, SQLHANDLE handle)
             TextFromUtf8(reinterpret_cast<const char *>(text.data()))};
 }
 
+SQLRETURN FetchNumber(SQLHSTMT statement, SQLINTEGER &number)
+{
+    SQLLEN indicator = 0;
+    SQLRETURN code = SQLFetch(statement);
+    if (Succeeded(code)) {
+        code = SQLGetData(statement, 1, SQL_C_SLONG, &number, sizeof number, &indicator);
+    }
+    if (Succeeded(code)) {
+        SQLFetch(
+            statement); // the embedded engine's driver holds its lock until it has seen the end
+    }
+    return code;
+}
+
 } // namespace odbc

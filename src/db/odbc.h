@@ -36,4 +36,7 @@ struct Diagnostic
 
 [[nodiscard]] Diagnostic FirstDiagnostic(SQLSMALLINT handleType, SQLHANDLE handle);
 
+// Fetches the one number that a query just run gives. The cursor stays open.
+[[nodiscard]] SQLRETURN FetchNumber(SQLHSTMT statement, SQLINTEGER &number);
+
 } // namespace odbc

@@ -73,3 +73,8 @@ Result<bool> IsSessionOpen()
     return tl::unexpected(LastFailure().value_or(Failure {
         .kind = Failure::Kind::ConnectionLost, .statement = {}, .sqlState = {}, .text = {}}));
 }
+
+Result<int> OpenedSchemaVersion()
+{
+    return IsSessionOpen().map([](bool) { return SessionSchemaVersion(); });
+}

@@ -56,6 +56,10 @@ ReadSingle(Then then, const char *sqlText, const Reader &reader, const Values &.
 // True when the session is open; else why it is not.
 [[nodiscard]] Result<bool> IsSessionOpen();
 
+// The version of the schema of the session's database (schema_version.h), as it was when the session was
+// opened; else why that is not open.
+[[nodiscard]] Result<int> OpenedSchemaVersion();
+
 // What `reader` makes of the first row; nothing when there is none.
 template <typename Reader, typename... Values>
 [[nodiscard]] Result<std::optional<query::ReadBy<Reader>>>

@@ -4,6 +4,7 @@
 #include "db/dialect.h"
 #include "db/failure_log.h"
 #include "db/odbc.h"
+#include "db/schema_version.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -97,7 +98,8 @@ std::unique_ptr<ReportConnection> ReportConnection::Open(const QString &dsn,
                                                          QString &problem)
 {
     std::unique_ptr<ReportConnection> connection(new ReportConnection);
-    if (connection->Connect(dsn, user, password) && connection->ForbidWriting()) {
+    if (connection->Connect(dsn, user, password) && connection->KnowsSchema()
+        && connection->ForbidWriting()) {
         return connection;
     }
     problem = connection->Problem();
@@ -140,6 +142,28 @@ bool ReportConnection::Connect(const QString &dsn, const QString &user, const QS
         SQLAllocHandle(SQL_HANDLE_STMT, handles->connection, &handles->canceller);
     }
     return true;
+}
+
+std::optional<int> ReportConnection::AskForNumber(const std::string &query)
+{
+    SQLINTEGER answer = 0;
+    const bool isRead = Execute(query)
+        && (odbc::Succeeded(odbc::FetchNumber(handles->statement, answer))
+            || Fail(SQL_HANDLE_STMT, handles->statement));
+    CloseCursor();
+    return isRead ? std::optional(answer) : std::nullopt;
+}
+
+bool ReportConnection::KnowsSchema()
+{
+    const auto version = ReadSchemaVersion(
+        *handles->dialect, [this](const std::string &query) { return AskForNumber(query); });
+    schemaVersion = version.value_or(0);
+    if (version && AgeOf(schemaVersion) == SchemaAge::Newer) {
+        problem = NewerSchemaText(schemaVersion);
+        return false;
+    }
+    return version.has_value();
 }
 
 bool ReportConnection::ForbidWriting()

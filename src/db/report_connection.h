@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -33,12 +34,15 @@ public:
         1024; // of one value, its terminator included; the rest is cut
 
     // An empty password stands for the data source's own. Null, and `problem` filled, when it
-    // cannot be opened or cannot be made unable to write.
+    // cannot be opened, cannot be made unable to write, or has a newer schema than the program.
     [[nodiscard]] static std::unique_ptr<ReportConnection>
     Open(const QString &dsn, const QString &user, const QString &password, QString &problem);
     ~ReportConnection();
     ReportConnection(const ReportConnection &) = delete;
     ReportConnection &operator=(const ReportConnection &) = delete;
+
+    // The version of the database's schema (schema_version.h).
+    [[nodiscard]] int SchemaVersion() const { return schemaVersion; }
 
     // Runs one statement, in the spelling of the code: a dialect writes it for the engine. False,
     // with Problem() filled, when it fails; the connection can then run another.
@@ -84,6 +88,8 @@ private:
 
     ReportConnection();
     [[nodiscard]] bool Connect(const QString &dsn, const QString &user, const QString &password);
+    [[nodiscard]] bool KnowsSchema();
+    [[nodiscard]] std::optional<int> AskForNumber(const std::string &query);
     [[nodiscard]] bool ForbidWriting();
     [[nodiscard]] bool BeginReading();
     // Runs what `run` makes of the statement in the engine's spelling.
@@ -102,6 +108,7 @@ private:
 
     std::unique_ptr<Handles> handles;
     std::vector<Column> block;
+    int schemaVersion = 0;
     bool gathers = false; // as the driver would hold a whole result
     std::optional<GatheredRows> gathered;
     QStringList gatheredNames; // of the query's columns

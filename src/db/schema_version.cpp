@@ -46,21 +46,32 @@ QString NewerSchemaText(int version)
         .arg(QString::number(version), QString::number(NewestSchema()));
 }
 
-std::string VersionTablesQuery(const Dialect &dialect)
+std::optional<QString> OtherSchemaText(int version, const QString &dsn)
 {
-    return Translate(dialect,
-                     "SELECT COUNT(*) FROM PRESENT_TABLES WHERE table_name = 'schema_version'");
+    switch (AgeOf(version)) {
+    case SchemaAge::Older:
+        return OlderSchemaText(version, dsn);
+    case SchemaAge::Newer:
+        return NewerSchemaText(version);
+    case SchemaAge::Current:
+        return std::nullopt;
+    }
+    Q_UNREACHABLE();
 }
 
-std::string VersionQuery(const Dialect &dialect)
+std::optional<int> ReadSchemaVersion(const Dialect &dialect, AskNumber ask)
 {
-    return Translate(dialect, "SELECT COALESCE(MAX(version), 0) FROM schema_version");
+    const auto tables = ask(Translate(
+        dialect, "SELECT COUNT(*) FROM PRESENT_TABLES WHERE table_name = 'schema_version'"));
+    return tables == 1
+        ? ask(Translate(dialect, "SELECT COALESCE(MAX(version), 0) FROM schema_version"))
+        : tables;
 }
 
 std::optional<int> SchemaVersionOf(DirectConnection &database)
 {
-    const auto tables = NumberFrom(database, VersionTablesQuery(database.Engine()));
-    return tables == 1 ? NumberFrom(database, VersionQuery(database.Engine())) : tables;
+    return ReadSchemaVersion(database.Engine(),
+                             [&](const std::string &query) { return NumberFrom(database, query); });
 }
 
 QStringList VersionStatements(int version)

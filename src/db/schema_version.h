@@ -5,6 +5,8 @@
 // written, has version 0.
 #pragma once
 
+#include "base/function_ref.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -26,10 +28,14 @@ enum class SchemaAge {
 [[nodiscard]] QString OlderSchemaText(int version, const QString &dsn);
 [[nodiscard]] QString NewerSchemaText(int version);
 
-// A query with one value in the engine's spelling: how many tables there are for the version. Only
-// where it gives 1 can the next one be asked, whose value is the version.
-[[nodiscard]] std::string VersionTablesQuery(const Dialect &dialect);
-[[nodiscard]] std::string VersionQuery(const Dialect &dialect);
+// That of the two that fits; nothing for the current version.
+[[nodiscard]] std::optional<QString> OtherSchemaText(int version, const QString &dsn);
+
+// Runs a query in the engine's spelling and gives its one value; nothing when it fails.
+using AskNumber = FunctionRef<std::optional<int>(const std::string &query)>;
+
+// The version of a database that `ask` reads; nothing when any of it fails.
+[[nodiscard]] std::optional<int> ReadSchemaVersion(const Dialect &dialect, AskNumber ask);
 
 // The version of the connection's database; nothing when it cannot be read: Error() tells.
 [[nodiscard]] std::optional<int> SchemaVersionOf(DirectConnection &database);

@@ -130,6 +130,7 @@ bool SendBound(bool mayTryAgain, Failure &failure)
     }
     const SQLRETURN code = Send(mayTryAgain, failure);
     const bool done = odbc::Succeeded(code) || code == SQL_NO_DATA;
+    state.isReading = false; // with the query before
     if (done) {
         SQLRowCount(dbSession.statement, &state.affectedRows);
     }
@@ -164,6 +165,7 @@ SQLRETURN Fetch()
         } else if (code == SQL_NO_DATA) {
             (void)IsWanted(state.written); // what was cancelled may end as if all were read
         }
+        state.isReading = odbc::Succeeded(code);
     }
     if (state.failure) {
         BreakTransaction();

@@ -77,7 +77,8 @@ extern constinit thread_local QueryResult queryResult;
 
 // Opens the session on the ODBC data source `dsn` (UTF-8, at most 254 bytes) as user "system" with
 // the data source's own password, if it names one. Returns 1, or 0 when it cannot be opened, when its
-// engine is not supported or nothing can be written there; the reason is then LastFailure(). A
+// engine is not supported, nothing can be written there, or its schema is newer than the program or its
+// version cannot be read; the reason is then LastFailure(). A
 // session that could not be opened, or was lost, opens itself again when a statement needs it, after
 // pauses that grow.
 int ConnectDatabase(const char *dsn);
@@ -94,6 +95,9 @@ void DisconnectDatabase();
 // Tries to open a lost session now, whatever the pause. True when it is open.
 bool ReopenDatabase();
 
+// The version of the schema that the session found when it was last opened.
+[[nodiscard]] int SessionSchemaVersion();
+
 // How the session's engine spells things.
 [[nodiscard]] const Dialect &SessionDialect();
 
@@ -102,6 +106,9 @@ void WatchCalls(std::shared_ptr<CallWatch> watch);
 
 // Before a new piece of work: a cancel that the piece before it was sent does not reach it.
 void BeginWork();
+
+// Behind a piece of work: a query that it did not read to its end keeps no other program from writing.
+void EndWork();
 
 // What cancelled work still has to do is done in spite of the cancel.
 void AcceptCancel();

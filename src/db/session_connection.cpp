@@ -1,6 +1,7 @@
 // The session's connection: how it is opened, given back, lost and opened again.
 #include "base/text.h"
 #include "db/failure_log.h"
+#include "db/schema_version.h"
 #include "db/session_limits.h"
 #include "db/session_state.h"
 
@@ -166,6 +167,22 @@ bool TakesSettings(Server server)
     return RunOwn(text.constData());
 }
 
+// What a query of the session's own gives; nothing when it fails.
+std::optional<int> AskForNumber(const char *query)
+{
+    if (!RunOwn(query)) {
+        return std::nullopt;
+    }
+    SQLINTEGER answer = 0;
+    const SQLRETURN code =
+        Watched(nullptr, [&] { return odbc::FetchNumber(dbSession.statement, answer); });
+    if (!odbc::Succeeded(code)) {
+        Fail(Diagnosed(SQL_HANDLE_STMT, dbSession.statement, query));
+    }
+    SQLFreeStmt(dbSession.statement, SQL_CLOSE);
+    return odbc::Succeeded(code) ? std::optional(answer) : std::nullopt;
+}
+
 // A server that takes no changes would refuse each of them with words of its own.
 Server AskServer()
 {
@@ -173,20 +190,14 @@ Server AskServer()
     if (query == nullptr) {
         return Server::Alone;
     }
-    SQLINTEGER answer = 0;
-    SQLLEN indicator = 0;
-    const bool isRead = RunOwn(query)
-        && odbc::Succeeded(Watched(nullptr, [] { return SQLFetch(dbSession.statement); }))
-        && odbc::Succeeded(SQLGetData(
-            dbSession.statement, 1, SQL_C_SLONG, &answer, sizeof answer, &indicator));
-    SQLFreeStmt(dbSession.statement, SQL_CLOSE);
-    if (isRead && answer == 0) {
+    const std::optional<int> answer = AskForNumber(query);
+    if (answer == 0) {
         Fail(Told(
             Kind::NotWritable,
             {},
             Words::tr("The database server is a read-only standby, or cut off from its cluster.")));
     }
-    return isRead ? static_cast<Server>(answer) : Server::NotWritable;
+    return static_cast<Server>(answer.value_or(0));
 }
 
 // Settles with the server that accepted the connection how the session works with it.
@@ -194,6 +205,23 @@ bool SuitsServer()
 {
     const Server server = AskServer();
     return server != Server::NotWritable && TakesSettings(server);
+}
+
+// Of a newer schema it is not known what may be written, nor what the rows say.
+bool KnowsSchema()
+{
+    State &state = Current();
+    const auto version = ReadSchemaVersion(
+        *state.dialect, [](const std::string &query) { return AskForNumber(query.c_str()); });
+    if (!version) {
+        return false;
+    }
+    state.schemaVersion = *version;
+    if (AgeOf(*version) == SchemaAge::Newer) {
+        Fail(Told(Kind::NewerSchema, {}, NewerSchemaText(*version)));
+        return false;
+    }
+    return true;
 }
 
 bool Allocate()
@@ -213,7 +241,7 @@ bool OpenAt(const QByteArray &dsn, const QByteArray &servers)
     const bool opened = Allocate() && Connect(dsn, servers)
         && SQLAllocHandle(SQL_HANDLE_STMT, dbSession.connection, &dbSession.statement)
             == SQL_SUCCESS
-        && ChooseDialect() && AddCanceller() && SuitsServer();
+        && ChooseDialect() && AddCanceller() && SuitsServer() && KnowsSchema();
     if (!opened) {
         FreeHandles();
     }
@@ -314,12 +342,17 @@ bool ReopenDatabase()
         return true;
     }
     state.whyClosed = state.failure.value_or(NeverOpened());
-    if (state.whyClosed.kind != Kind::NotWritable) {
+    if (state.whyClosed.kind != Kind::NotWritable && state.whyClosed.kind != Kind::NewerSchema) {
         state.whyClosed.kind = Kind::ConnectionLost;
     }
     state.nextTry = Clock::now() + state.pause;
     state.pause = std::min(2 * state.pause, Limits().longestPause);
     return false;
+}
+
+int SessionSchemaVersion()
+{
+    return Current().schemaVersion;
 }
 
 const Dialect &SessionDialect()
@@ -339,6 +372,15 @@ void BeginWork()
     const auto &watch = Current().watch;
     if (watch && !watch->AreHandlesFresh() && IsDatabaseOpen()) {
         Lose();
+    }
+}
+
+void EndWork()
+{
+    State &state = Current();
+    const char *const query = state.dialect->endsReading;
+    if (std::exchange(state.isReading, false) && query != nullptr && IsDatabaseOpen()) {
+        SQLPrepare(dbSession.statement, odbc::Text(query), SQL_NTS);
     }
 }
 

@@ -30,6 +30,7 @@ enum class Transaction {
 struct State
 {
     const Dialect *dialect = &kSqlite;
+    int schemaVersion = 0; // of the database, as it was when the session was opened
     QByteArray dsn; // to open the session again; empty for none
     void *canceller = nullptr; // the handle to cancel with, where not the statement's own
     std::shared_ptr<CallWatch> watch; // null: nobody looks on
@@ -39,6 +40,7 @@ struct State
     std::optional<Failure> failure;
     SQLULEN rowLimit = 0;
     SQLULEN fetchedRows = 0;
+    bool isReading = false; // the last query was not read to its end
     SQLLEN affectedRows = 0;
     Transaction transaction = Transaction::None;
     bool rollsBack = false; // a transaction is open on the connection

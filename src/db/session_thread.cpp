@@ -84,6 +84,7 @@ private:
         while (const std::shared_ptr<Task> next = Next()) {
             BeginWork();
             next->Run();
+            EndWork();
             watch->Finish();
             const std::lock_guard lock(mutex);
             if (told) {

@@ -66,6 +66,7 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     table->period = request.period;
     table->filter = request.filter;
     table->made = request.made;
+    table->schemaVersion = connection->SchemaVersion();
     ReportQuery query(table->layout, request.query, *connection, control);
     return Fill(table, query, control, problem);
 }

@@ -42,6 +42,7 @@ struct ReportTable
     QString period; // in words, for the heading
     QString filter; // in words; empty for none
     QDateTime made;
+    int schemaVersion = 0; // of the database that the rows come from (db/schema_version.h)
 
     RowStore rows;
     std::vector<qint64> longRows; // those with a text that may need more than one line, in order

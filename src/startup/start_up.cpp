@@ -1,5 +1,7 @@
 #include "startup/start_up.h"
 
+#include "db/query.h"
+#include "db/schema_version.h"
 #include "db/session.h"
 #include "db/session_limits.h"
 
@@ -70,6 +72,15 @@ StartedProgram::StartedProgram(const StartUpOptions &options,
     if (options.opensDatabase) {
         OpenDatabase(*this, tell);
     }
+}
+
+std::optional<QString> SchemaProblem(const QString &dataSource)
+{
+    const auto version = OpenedSchemaVersion();
+    if (!version) {
+        return version.error().InWords();
+    }
+    return OtherSchemaText(*version, dataSource);
 }
 
 std::optional<QDBusConnection> BusNamed(const QString &name)

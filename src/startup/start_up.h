@@ -43,5 +43,10 @@ struct StartedProgram
     bool databaseOpen = false;
 };
 
+// What an administrator is told when the database that was opened on this thread has not the schema that
+// the program is made for, with the command that helps, or when it could not be opened. Nothing when the
+// program can work with all of its tables. `dataSource` is the database's.
+[[nodiscard]] std::optional<QString> SchemaProblem(const QString &dataSource);
+
 // The message bus called "system" or "session"; nothing for any other name.
 [[nodiscard]] std::optional<QDBusConnection> BusNamed(const QString &name);

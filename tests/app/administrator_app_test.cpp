@@ -1,11 +1,15 @@
 #include "app/administrator_app.h"
 
 #include "db/query.h"
+#include "db/schema_scripts.h"
+#include "db/schema_version.h"
 #include "db/session.h"
 #include "support/core/database_fixture.h"
 #include "support/core/fake_service.h"
+#include "support/core/faulty_driver.h"
 #include "support/core/private_bus.h"
 #include "support/core/scripted_prompt.h"
+#include "support/core/test_data_source.h"
 
 #include <QFile>
 #include <QTest>
@@ -118,6 +122,50 @@ TEST_F(StartUpTest, ADataSourceThatIsMissingOrUnknownIsTold)
     EXPECT_EQ(prompt.TakeSaid(), QStringList());
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(frames, 4);
+}
+
+TEST_F(StartUpTest, AnOlderSchemaIsToldOnceAndWorkedWith)
+{
+    Write(values::kBillDsn, Dsn());
+    test_data_source::ForgetSchemaVersion(Dsn());
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList {OlderSchemaText(0, Dsn())});
+    EXPECT_TRUE(OlderSchemaText(0, Dsn()).contains(u"tollbrook-db upgrade --dsn "_s + Dsn()));
+    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(begun, 1);
+}
+
+TEST_F(StartUpTest, AnOlderSchemaIsToldWhenTheDatabaseComesLater)
+{
+    Write(values::kBillDsn, Dsn());
+    test_data_source::ForgetSchemaVersion(Dsn());
+    FaultyDriver driver(Dsn());
+    driver.RefuseConnects(true);
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList {kDatabaseError});
+    driver.RefuseConnects(false);
+    App().Services().database.Reopen();
+    QStringList said;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !(said += prompt.TakeSaid()).isEmpty(); }));
+    EXPECT_EQ(said, QStringList {OlderSchemaText(0, Dsn())});
+
+    driver.RefuseConnects(true); // once is enough
+    App().Services().database.Open(Dsn());
+    EXPECT_FALSE(IsOpen());
+    driver.RefuseConnects(false);
+    App().Services().database.Reopen();
+    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+}
+
+TEST_F(StartUpTest, ANewerSchemaIsToldAndNothingIsSentToIt)
+{
+    Write(values::kBillDsn, Dsn());
+    test_data_source::RaiseSchemaVersion(Dsn());
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(prompt.TakeSaid(), QStringList {NewerSchemaText(NewestSchema() + 1)});
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(begun, 1); // the window stands all the same
 }
 
 TEST_F(StartUpTest, ADamagedStoreIsNamedWithItsLine)

@@ -33,6 +33,7 @@ TEST(Failures, AreToldInASentenceWithTheDriversWordsLast)
         {Kind::ConnectionLost, "There is no connection to the database."},
         {Kind::NotAnswered, "The database does not answer."},
         {Kind::NotWritable, "The database takes no changes now."},
+        {Kind::NewerSchema, "This program cannot work with the database."},
         {Kind::OutcomeUnknown,
          "The connection to the database was lost while it was being written."},
     };

@@ -168,6 +168,27 @@ TEST_P(LockWait, OfAReaderEndsAtItsLimitOrWithTheLock)
     later.join();
 }
 
+TEST_P(LockWait, IsNoneForWhatWasReadInPart)
+{
+    if (Engine() != u"sqlite"_s) {
+        return; // readers lock nothing there
+    }
+    OpenWithoutLog();
+    Execute("INSERT INTO users (user_id, username) VALUES (2, 'berta')");
+    const auto name = [](const Row &row) { return row.Text(1); };
+    const auto isFree = [this] {
+        EndWork();
+        return Run("BEGIN EXCLUSIVE") && Run("COMMIT");
+    };
+    EXPECT_EQ(ReadOne("SELECT username FROM users", name).value(), u"anna"_s);
+    EXPECT_TRUE(isFree());
+    EXPECT_TRUE(Exists("SELECT username FROM users").value());
+    EXPECT_TRUE(isFree());
+    EXPECT_EQ(ReadUpTo(1, "SELECT username FROM users", name).value().size(), 1U);
+    EXPECT_TRUE(isFree());
+    EXPECT_EQ(ReadAll("SELECT username FROM users", name).value().size(), 2U); // it works on
+}
+
 TEST_P(LockWait, OfACommitEndsWithItsReaders)
 {
     if (Engine() != u"sqlite"_s) {

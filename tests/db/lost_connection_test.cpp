@@ -205,10 +205,13 @@ TEST_P(LostConnection, IsOpenedAsTheFirstOneWas)
     driver->LoseBefore(1);
     EXPECT_TRUE(Exists(kNames).value());
     const QStringList sent = driver->Take();
-    ASSERT_EQ(sent.size(), 4);
+    ASSERT_EQ(sent.size(), 6);
     EXPECT_EQ(sent.first(), sent.last());
     EXPECT_TRUE(sent[1].startsWith(u"SELECT"_s)) << "whether it may be written";
     EXPECT_TRUE(sent[2].startsWith(u"SET"_s)) << "how long to wait for locks";
+    EXPECT_TRUE(sent[3].contains(u"'schema_version'"_s))
+        << "whether there is a version of the schema";
+    EXPECT_TRUE(sent[4].contains(u"FROM schema_version"_s, Qt::CaseInsensitive)) << "which it is";
 }
 
 } // namespace

@@ -1,11 +1,14 @@
 // The numbered steps of the schema: none is left out, and a database comes from any state to the newest.
 #include "db/schema_upgrade.h"
 
+#include "db/query.h"
+#include "db/report_connection.h"
 #include "db/schema.h"
 #include "db/schema_scripts.h"
 #include "db/schema_version.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/faulty_driver.h"
+#include "support/core/test_data_source.h"
 
 #include <QDir>
 
@@ -219,6 +222,38 @@ TEST_P(SchemaUpgrades, StayAwayFromANewerSchema)
     EXPECT_EQ(outcome.end, End::Newer);
     EXPECT_EQ(outcome.problem, NewerSchemaText(NewestSchema() + 1));
     EXPECT_EQ(EveryRow(), rows);
+}
+
+TEST_P(SchemaUpgrades, AreKnownToEachConnection)
+{
+    const auto reportsProblem = [] {
+        QString problem;
+        const auto connection = ReportConnection::Open(Dsn(), u"system"_s, {}, problem);
+        EXPECT_EQ(connection == nullptr, !problem.isEmpty());
+        return problem;
+    };
+    EXPECT_EQ(SessionSchemaVersion(), NewestSchema());
+    test_data_source::RaiseSchemaVersion(Dsn());
+    DisconnectDatabase();
+    EXPECT_EQ(ConnectDatabase(Dsn().toUtf8().constData()), 0);
+    EXPECT_EQ(OpenedSchemaVersion().error().kind, Failure::Kind::NewerSchema);
+    EXPECT_EQ(OpenedSchemaVersion().error().text, NewerSchemaText(NewestSchema() + 1));
+    Execute("INSERT INTO users (username) VALUES ('late')"); // which tries to open it again
+    EXPECT_EQ(LastFailure()->kind, Failure::Kind::NewerSchema);
+    EXPECT_EQ(RowsOf("SELECT user_id FROM users"), QStringList());
+    EXPECT_EQ(reportsProblem(), NewerSchemaText(NewestSchema() + 1));
+
+    Run({u"DELETE FROM schema_version"_s}); // as a first step leaves it that broke off there
+    EXPECT_EQ(ReopenDatabase(), true);
+    EXPECT_EQ(OpenedSchemaVersion(), 0);
+    EXPECT_EQ(reportsProblem(), QString());
+
+    DisconnectDatabase();
+    test_data_source::ForgetSchemaVersion(Dsn());
+    Run({u"CREATE TABLE schema_version (other INTEGER)"_s});
+    EXPECT_EQ(ConnectDatabase(Dsn().toUtf8().constData()), 0);
+    EXPECT_FALSE(OpenedSchemaVersion());
+    EXPECT_NE(reportsProblem(), QString());
 }
 
 TEST_P(SchemaUpgrades, NeedTables)

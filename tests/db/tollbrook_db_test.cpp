@@ -2,6 +2,8 @@
 #include "base/day.h"
 #include "db/check.h"
 #include "db/demo_data.h"
+#include "db/schema_scripts.h"
+#include "db/schema_version.h"
 #include "db/session.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/test_data_source.h"
@@ -110,6 +112,14 @@ constexpr Fault kFaults[] = {
     {"INSERT INTO Ports (proto_id, port_number) VALUES (99, 1)",
      "1 ports belong to a protocol that does not exist"},
     {"INSERT INTO SiteAccess (site_id) VALUES (1)", "1 site visits belong to no user"},
+    {"INSERT INTO service_counters (gateway, address, unknown) VALUES ('a', '10.0.0.1', 2)",
+     "1 counters are neither of a known nor of an unknown address"},
+    {"INSERT INTO service_counters (gateway, address, unknown, sent) VALUES ('a', 'b', 0, -1)",
+     "1 counters are negative"},
+    {"INSERT INTO credit_use (bill_id, day, money) SELECT MIN(bill_id), #2026/11/20#, -1 FROM billing",
+     "1 days took less than nothing of a credit"},
+    {"INSERT INTO schema_version (version) VALUES (0)",
+     "1 databases hold more than one version of the schema"},
     {"DELETE FROM sites", "site visits name a site that does not exist"},
 };
 
@@ -154,7 +164,9 @@ const Deletion kDeletions[] = {
       "DELETE FROM billing WHERE object_id = 1",
       "UPDATE logins SET userid=0 WHERE userid = 1"},
      {u"1 denied times belong to a user or a group that no longer exists."_s,
-      u"1 denied ports belong to a user or a group that no longer exists."_s}},
+      u"1 denied ports belong to a user or a group that no longer exists."_s,
+      u"1 counters are of addresses that belonged to a user who no longer exists."_s,
+      u"1 days that took of a credit name one that no longer exists."_s}},
     {"a user whose address goes to another user, or is excluded",
      {"DELETE from users WHERE user_id=1"},
      {u"1 traffic records belong to a user who no longer exists."_s,
@@ -163,7 +175,8 @@ const Deletion kDeletions[] = {
       u"1 denied times belong to a user or a group that no longer exists."_s,
       u"1 denied ports belong to a user or a group that no longer exists."_s,
       u"1 logins are bound to a user who no longer exists."_s,
-      u"1 site visits belong to a user who no longer exists."_s}},
+      u"1 site visits belong to a user who no longer exists."_s,
+      u"1 counters are of addresses that belonged to a user who no longer exists."_s}},
     {"a group",
      {"DELETE FROM groups WHERE group_id = 90",
       "UPDATE users SET group_id = 80 WHERE group_id = 90"},
@@ -180,7 +193,9 @@ const Deletion kDeletions[] = {
       "DELETE FROM siteaccess"},
      {u"1 denied times belong to a user or a group that no longer exists."_s,
       u"1 denied ports belong to a user or a group that no longer exists."_s,
-      u"1 logins are bound to a user who no longer exists."_s}},
+      u"1 logins are bound to a user who no longer exists."_s,
+      u"1 counters are of addresses that belonged to a user who no longer exists."_s,
+      u"1 days that took of a credit name one that no longer exists."_s}},
     {"records of another period",
      {"DELETE FROM traffic_use WHERE current_time < #2026/11/21#",
       "DELETE FROM time_use WHERE current_time < #2026/11/21#"},
@@ -207,6 +222,8 @@ protected:
               "DELETE FROM sites",
               "DELETE FROM siteaccess",
               "DELETE FROM logins",
+              "DELETE FROM service_counters",
+              "DELETE FROM credit_use",
               "DELETE FROM Time_blocked",
               "DELETE FROM Port_blocked",
               "DELETE FROM groups WHERE group_id <> 80",
@@ -221,6 +238,10 @@ protected:
               "INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, 11, 1, 5)",
               "INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, 21, 1, 5)",
               "INSERT INTO billing (mode, trafid, group_id, data) VALUES (1, 12, 90, 5)",
+              "INSERT INTO service_counters (gateway, address, unknown, user_id) "
+              "VALUES ('a', '10.0.0.1', 0, 1)",
+              "INSERT INTO credit_use (bill_id, day) "
+              "SELECT MAX(bill_id), #2026/11/20# FROM billing WHERE object_id = 1",
               "INSERT INTO sites (site_id, sitename) VALUES (1, 'example.org')",
               "INSERT INTO siteaccess (user_id, site_id) VALUES (1, 1)",
               "INSERT INTO logins (login, userid) VALUES ('anna', 1)",
@@ -302,6 +323,48 @@ TEST(Tool, MakesFillsAndChecksADatabase)
                   + note);
 }
 
+TEST(Tool, UpgradesAnOlderDatabaseAndStaysAwayFromANewerOne)
+{
+    const auto dsn = u"aged"_s;
+    test_data_source::RenewSqlite(dsn);
+    const auto run = [&](const QStringList &command) {
+        return RunTool(command + QStringList {u"--dsn"_s, dsn});
+    };
+    const QString versions =
+        u"The tables of \"aged\" have version %1; this program is made for version "
+        "%2.\n"_s.arg(QString::number(0), QString::number(NewestSchema()));
+    const QString older = OlderSchemaText(0, dsn);
+    DirectConnection database;
+    ASSERT_TRUE(database.Open(dsn));
+    for (const char *table :
+         {"service_counters", "service_gateways", "credit_use", "schema_version"}) {
+        ASSERT_TRUE(database.Run(u"DROP TABLE "_s + QLatin1StringView(table)));
+    }
+    const Ended noted = run({u"check"_s});
+    EXPECT_EQ(noted.status, 0);
+    EXPECT_TRUE(noted.output.startsWith(u"note: "_s + older)) << qPrintable(noted.output);
+    EXPECT_EQ(run({u"demo"_s}).status, 3);
+    EXPECT_TRUE(run({u"demo"_s}).error.contains(older));
+
+    const Ended dry = run({u"upgrade"_s, u"--dry-run"_s});
+    EXPECT_EQ(dry.status, 0);
+    EXPECT_EQ(dry.output, versions + u"step 1: service-tables\n"_s);
+    EXPECT_EQ(SchemaVersionOf(database), 0);
+    const Ended upgraded = run({u"upgrade"_s});
+    EXPECT_EQ(upgraded.status, 0) << qPrintable(upgraded.error);
+    EXPECT_EQ(upgraded.output, dry.output + u"The tables of \"aged\" are up to date.\n"_s);
+    EXPECT_EQ(run({u"check"_s}).output,
+              u"Everything in the database of \"aged\" is consistent.\n"_s);
+
+    test_data_source::RaiseSchemaVersion(dsn);
+    for (const QString &command : {u"upgrade"_s, u"check"_s, u"demo"_s}) {
+        const Ended refused = run({command});
+        EXPECT_EQ(refused.status, command == u"demo"_s ? 3 : 4) << qPrintable(command);
+        EXPECT_TRUE(refused.error.contains(NewerSchemaText(NewestSchema() + 1)))
+            << qPrintable(refused.error);
+    }
+}
+
 TEST(Tool, SaysWhatIsWrong)
 {
     const std::tuple<QStringList, int, QString> cases[] = {
@@ -316,6 +379,7 @@ TEST(Tool, SaysWhatIsWrong)
         {{u"create"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
         {{u"demo"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
         {{u"check"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
+        {{u"upgrade"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
     };
     for (const auto &[arguments, status, text] : cases) {
         const Ended ended = RunTool(arguments);

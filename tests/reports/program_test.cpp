@@ -1,6 +1,9 @@
 // The program for timers and scripts, run as one.
+#include "db/schema_scripts.h"
+#include "db/schema_version.h"
 #include "reports/report_fixture.h"
 #include "support/core/database_fixture.h"
+#include "support/core/test_data_source.h"
 
 #include <QDir>
 #include <QFile>
@@ -113,6 +116,28 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
     Execute("DROP TABLE groups");
     EXPECT_EQ(Run(with({u"--groups"_s, u"Workshop"_s, u"--period"_s, u"month"_s})), 3);
     EXPECT_TRUE(said.contains(u"tollbrook-report: [SQLite]no such table")) << said.toStdString();
+}
+
+TEST_F(Program, TellsOfAnOlderSchemaAndRefusesANewerOne)
+{
+    const QStringList all {
+        u"--report"_s, u"0"_s, u"--dsn"_s, Dsn(), u"--output"_s, Out(u"a.csv"_s)};
+    const QStringList some = all + QStringList {u"--users"_s, u"anna"_s, u"--period"_s, u"month"_s};
+    EXPECT_EQ(Run(all), 0);
+    EXPECT_FALSE(said.contains(u"tollbrook-report: "_s)) << said.toStdString();
+    test_data_source::RaiseSchemaVersion(Dsn());
+    for (const QStringList &arguments : {all, some}) {
+        QFile::remove(Out(u"a.csv"_s));
+        EXPECT_EQ(Run(arguments), 3);
+        EXPECT_TRUE(said.contains(NewerSchemaText(NewestSchema() + 1))) << said.toStdString();
+        EXPECT_FALSE(QFile::exists(Out(u"a.csv"_s)));
+    }
+    test_data_source::ForgetSchemaVersion(Dsn());
+    for (const QStringList &arguments : {all, some}) {
+        EXPECT_EQ(Run(arguments), 0);
+        EXPECT_TRUE(said.endsWith(u"tollbrook-report: "_s + OlderSchemaText(0, Dsn()) + u'\n'))
+            << said.toStdString();
+    }
 }
 
 TEST_F(Program, NeedsNoScreenWhateverTheEnvironmentNames)

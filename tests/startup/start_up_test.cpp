@@ -1,12 +1,15 @@
 #include "startup/start_up.h"
 
 #include "db/failure_log.h"
+#include "db/schema_scripts.h"
+#include "db/schema_version.h"
 #include "db/session.h"
 #include "startup/app_services.h"
 #include "support/core/database_fixture.h"
 #include "support/core/fake_service.h"
 #include "support/core/private_bus.h"
 #include "support/core/scripted_prompt.h"
+#include "support/core/test_data_source.h"
 
 #include <gtest/gtest.h>
 
@@ -95,6 +98,25 @@ TEST_F(StartUp, EachProblemIsToldBeforeTheNextStep)
                             {StartUpProblem::DatabaseNotOpen, true}}));
     EXPECT_FALSE(program.databaseOpen);
     EXPECT_EQ(program.port, StartedProgram::kDefaultPort); // there is no store at all
+}
+
+TEST_F(StartUp, ASchemaOfAnotherVersionIsTold)
+{
+    const auto problem = [this] {
+        const StartedProgram program({.configFolder = FolderNaming(Dsn())});
+        const auto told = SchemaProblem(program.dataSource);
+        EXPECT_EQ(program.databaseOpen, IsDatabaseOpen());
+        EXPECT_EQ(program.databaseOpen, SessionSchemaVersion() <= NewestSchema());
+        DisconnectDatabase();
+        return told;
+    };
+    EXPECT_EQ(problem(), std::nullopt);
+    test_data_source::RaiseSchemaVersion(Dsn());
+    EXPECT_EQ(problem(),
+              u"This program cannot work with the database.\n"_s
+                  + NewerSchemaText(NewestSchema() + 1));
+    test_data_source::ForgetSchemaVersion(Dsn());
+    EXPECT_EQ(problem(), OlderSchemaText(0, Dsn()));
 }
 
 TEST_F(StartUp, TheServicesAreThoseOfTheProgramAndTheConnectionIsMadeAnewOnDemand)

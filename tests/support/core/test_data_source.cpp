@@ -48,6 +48,12 @@ const QString &Template()
     return file;
 }
 
+void RunOn(const QString &dsn, const QString &statement)
+{
+    DirectConnection database;
+    EXPECT_TRUE(database.Open(dsn) && database.Run(statement)) << qPrintable(database.Error());
+}
+
 QStringList Joined(std::string_view sqlText)
 {
     const auto rows = Reader().Rows(QString::fromUtf8(sqlText.data(), qsizetype(sqlText.size())));
@@ -94,6 +100,16 @@ void RenewSqlite(const QString &dsn)
 QString SqliteFile(const QString &dsn)
 {
     return Folder() + u"/%1.db"_s.arg(dsn);
+}
+
+void ForgetSchemaVersion(const QString &dsn)
+{
+    RunOn(dsn, u"DROP TABLE schema_version"_s);
+}
+
+void RaiseSchemaVersion(const QString &dsn)
+{
+    RunOn(dsn, u"UPDATE schema_version SET version = version + 1"_s);
 }
 
 void OpenSession(const QString &dsn)

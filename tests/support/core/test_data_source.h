@@ -18,6 +18,10 @@ void RenewSqlite(const QString &dsn);
 // The file of such a database.
 [[nodiscard]] QString SqliteFile(const QString &dsn);
 
+// Makes the database one whose schema is older, or newer, than the program.
+void ForgetSchemaVersion(const QString &dsn);
+void RaiseSchemaVersion(const QString &dsn);
+
 // Opens the session on `dsn`; RowsOf and EveryRow read it from now on. A failure fails the test.
 void OpenSession(const QString &dsn);
 void CloseSession();
