@@ -298,6 +298,17 @@ TEST_P(Counting, WhoWasRefusedByTheKernelHasNothingLeft)
     }
 }
 
+TEST_P(Counting, TimeOfWhoWasRefusedIsCountedOnce)
+{
+    Set(kAnna, "mode = 1, traflim = 10, trafperiod = 1");
+    Does(kAnna, {10, 0, 1});
+    next.usedUp = {kAnna};
+    const Count count = Taken();
+    ASSERT_TRUE(WriteCount(count, kPrices));
+    ASSERT_TRUE(WriteCount(count, kPrices));
+    EXPECT_EQ(Rows(kTime), QStringList {u"1|0|1|0"_s});
+}
+
 TEST_P(Counting, AGroupThatWasRefusedByTheKernelHasNothingLeft)
 {
     SetGroup("mode = 1, traflim = 10, trafperiod = 1");
