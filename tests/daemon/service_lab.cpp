@@ -137,7 +137,7 @@ void ServiceLab::Run(const QByteArray &statement)
 }
 
 // A server's data source of the service's own leads to the socket that can be taken away.
-QString ServiceLab::ReachableDsn() const
+QString ServiceLab::ReachableDsn()
 {
     if (Engine() == u"sqlite"_s) {
         return Dsn();

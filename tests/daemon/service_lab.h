@@ -79,8 +79,10 @@ protected:
     std::unique_ptr<PrivateBus> bus;
     std::unique_ptr<QProcess> service;
 
+    // The service's data source.
+    [[nodiscard]] static QString ReachableDsn();
+
 private:
-    [[nodiscard]] QString ReachableDsn() const;
     DirectConnection writer; // holds an SQLite database during an outage
 };
 

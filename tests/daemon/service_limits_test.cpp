@@ -143,7 +143,7 @@ TEST_P(ServiceBlocks, TheRowHoldsWhenTheNoticeHasHadItsTime)
 // Two of the month's seconds are left.
 TEST_P(ServiceBlocks, ALimitOfTimeEndsWithinASecond)
 {
-    AddUser(1, "mode = 1, traflim = 100, timelim = 1, timeperiod = 2");
+    AddUser(1, "mode = 4, timelim = 1, timeperiod = 2");
     Run("INSERT INTO time_use (user_id, period, data) VALUES (1, 2, 3598.0 / 3600)");
     Start();
     Probe probe(Lab(), Workstation(1), kThere);
