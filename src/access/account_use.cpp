@@ -180,9 +180,9 @@ Result<bool> ReadInto(Accounts &accounts,
         return std::pair {row.Id<UserId>(1), reader(row)};
     };
     return ReadAll(sqlText.constData(), take, values)
-        .map([&accounts](std::vector<std::pair<UserId, Account>> read) {
-            for (auto &[userId, account] : read) {
-                accounts[userId] = std::move(account);
+        .map([&accounts](const std::vector<std::pair<UserId, Account>> &read) {
+            for (const auto &[userId, account] : read) {
+                accounts[userId] = account;
             }
             return true;
         });
