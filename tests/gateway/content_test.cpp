@@ -133,8 +133,7 @@ TEST(Content, QuotasAreAlignedWhenTheirCountersDoNotFitThem)
     EXPECT_EQ(align(false, false, raiseUser), Ids());
     EXPECT_EQ(align(true, false, raiseUser), Ids({user}));
     EXPECT_EQ(align(false, false, raiseGroup), Ids());
-    EXPECT_EQ(align(false, true, raiseGroup),
-              Ids({user, group})); // the user's counted the refused
+    EXPECT_EQ(align(false, true, raiseGroup), Ids({user, group})); // the user's counted the refused
     EXPECT_EQ(align(false, true, freeGroup), Ids({user}));
     EXPECT_EQ(align(false, false, freeGroup), Ids());
     EXPECT_EQ(align(false, false, addMember), Ids({user, group}));
