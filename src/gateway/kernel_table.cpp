@@ -163,15 +163,15 @@ GatewayResult<void> KernelTable::Update(const Policy &policy)
 {
     constexpr int kAttempts = 3;
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        const GatewayResult<void> done =
-            TakeWaitingEvents().and_then([&] { return UpdateOnce(policy); }).and_then([&] {
-                return TakeWaitingEvents();
-            });
+        const GatewayResult<void> done = TakeWaitingEvents()
+                                             .map([&] { raisedTooLate = false; })
+                                             .and_then([&] { return UpdateOnce(policy); })
+                                             .and_then([&] { return TakeWaitingEvents(); });
         if (!done) {
             standing.reset();
             return done;
         }
-        if (QuotasToAlign(*standing, ContentFor(policy, *standing)).empty()) {
+        if (!raisedTooLate) {
             break;
         }
     }
@@ -376,7 +376,8 @@ void KernelTable::NoteUsedUp(QuotaId id, const Quota &quota)
         }
         const bool isNews = stands->second.bound == quota.bound;
         stands->second = quota;
-        // Else the bound was raised at the same moment, see Update.
+        raisedTooLate = raisedTooLate || !isNews;
+        // What has another bound by now was raised at the same moment, see Update.
         if (!isNews || (id.kind == QuotaId::Kind::User && IsRefusedByGroup(*standing, id.id))) {
             return;
         }

@@ -53,7 +53,10 @@ bool TakeElements(const NetlinkMessage &message, SetId set, Family family, ReadE
         if (!element) {
             return false;
         }
-        read.push_back(*element);
+        // An IPv4 address that came mapped in a packet of IPv6 is none that anybody has.
+        if (FamilyOf(element->element.address) == family) {
+            read.push_back(*element);
+        }
     }
     return true;
 }

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSilenceMs = 100;
+constexpr int kSilenceMs = 200;
 constexpr int kConnectMs = 500;
 
 struct SocketAddress
