@@ -48,7 +48,7 @@ TEST_F(SettingsOfService, TakeEachValueOrLeaveItAsItWas)
         {"timer = \"often\"", same, u"timer"_s},
         {"IdleGrace = \"1\"", [](auto &to) { to.idleGrace = 1s; }},
         {"IdleGrace = \"0\"", same, u"IdleGrace"_s},
-        {"IdentMode = \"1\"", [](auto &to) { to.identification = Identification::ByHardware; }},
+        {"IdentMode = \"1\"", [](auto &to) { to.identification = Identification::ByMac; }},
         {"IdentMode = \"3\"", same, u"IdentMode"_s},
         {"ControlMAC = \"1\"", [](auto &to) { to.bindsHardware = true; }},
         {"monitorprotmode = \"3\"",
@@ -117,7 +117,7 @@ TEST_F(SettingsOfService, ThatNobodyCouldBeCountedWithAreProblems)
     settings.dataSource = u"bill"_s;
     settings.local = {{0x0A000000, 0xFFFF0000}};
     EXPECT_TRUE(ProblemsOf(settings).isEmpty());
-    settings.identification = Identification::ByLogin;
+    settings.identifiesByLogin = true;
     EXPECT_EQ(ProblemsOf(settings).size(), 1);
     settings.local.clear();
     EXPECT_EQ(ProblemsOf(settings).size(), 2);
