@@ -10,10 +10,10 @@ namespace {
 const NetAddress kOne = NetAddress::FromIpv4(0x0A000001);
 const NetAddress kTwo = NetAddress::FromIpv4(0x0A000002);
 
-std::optional<Verdict> VerdictIn(const Elements &map, const NetAddress &address)
+std::optional<PacketVerdict> VerdictIn(const Elements &map, const NetAddress &address)
 {
     const auto found = std::ranges::find(map, address, &Element::address);
-    return found == map.end() ? std::nullopt : std::optional(static_cast<Verdict>(found->value));
+    return found == map.end() ? std::nullopt : std::optional(static_cast<PacketVerdict>(found->value));
 }
 
 ClientRules Client(const std::vector<NetAddress> &addresses)
@@ -43,20 +43,20 @@ TEST(Content, AClientsRulesAreItsAddressesVerdicts)
         bool allowOnly;
         bool limit;
         bool group;
-        std::optional<Verdict> from;
-        std::optional<Verdict> to;
+        std::optional<PacketVerdict> from;
+        std::optional<PacketVerdict> to;
     };
     const Case cases[] = {{0, 0, 0, 0, 0, 0, {}, {}},
                           {0, 0, 0, 1, 0, 0, {}, {}}, // no ports: no restriction
-                          {1, 1, 1, 1, 1, 1, Verdict::Refuse, Verdict::Silent},
-                          {0, 1, 0, 0, 0, 0, Verdict::Hardware, {}},
-                          {0, 0, 1, 0, 0, 0, Verdict::Deny, Verdict::Deny},
-                          {0, 0, 1, 1, 1, 0, Verdict::Allow, Verdict::Allow},
-                          {0, 1, 1, 0, 0, 1, Verdict::HardwareDeny, Verdict::Deny},
-                          {0, 1, 1, 1, 0, 0, Verdict::HardwareAllow, Verdict::Allow},
-                          {0, 0, 0, 0, 1, 0, {}, Verdict::Left},
-                          {0, 0, 0, 0, 0, 1, {}, Verdict::LeftOfGroup},
-                          {0, 0, 0, 0, 1, 1, {}, Verdict::LeftOfGroup}};
+                          {1, 1, 1, 1, 1, 1, PacketVerdict::Refuse, PacketVerdict::Silent},
+                          {0, 1, 0, 0, 0, 0, PacketVerdict::Hardware, {}},
+                          {0, 0, 1, 0, 0, 0, PacketVerdict::Deny, PacketVerdict::Deny},
+                          {0, 0, 1, 1, 1, 0, PacketVerdict::Allow, PacketVerdict::Allow},
+                          {0, 1, 1, 0, 0, 1, PacketVerdict::HardwareDeny, PacketVerdict::Deny},
+                          {0, 1, 1, 1, 0, 0, PacketVerdict::HardwareAllow, PacketVerdict::Allow},
+                          {0, 0, 0, 0, 1, 0, {}, PacketVerdict::Left},
+                          {0, 0, 0, 0, 0, 1, {}, PacketVerdict::LeftOfGroup},
+                          {0, 0, 0, 0, 1, 1, {}, PacketVerdict::LeftOfGroup}};
     int number = 0;
     for (const Case &one : cases) {
         Policy policy;
@@ -88,13 +88,13 @@ TEST(Content, WhoLeavesIsRetiredAndWhoIsExcludedPasses)
     policy.clients[1] = Client({kOne});
     const TableContent retired = ContentFor(policy, first);
     EXPECT_EQ(retired[SetId::Sent], first[SetId::Sent]);
-    EXPECT_EQ(VerdictIn(retired[SetId::From], kTwo), Verdict::Silent);
-    EXPECT_EQ(VerdictIn(retired[SetId::To], kTwo), Verdict::Silent);
+    EXPECT_EQ(VerdictIn(retired[SetId::From], kTwo), PacketVerdict::Silent);
+    EXPECT_EQ(VerdictIn(retired[SetId::To], kTwo), PacketVerdict::Silent);
     policy.network.excluded = {kTwo, kOne, kTwo};
     const TableContent excluded = ContentFor(policy, retired);
     EXPECT_EQ(excluded[SetId::Sent], first[SetId::Sent]); // with what they had counted
-    EXPECT_EQ(VerdictIn(excluded[SetId::From], kOne), Verdict::Pass);
-    EXPECT_EQ(VerdictIn(excluded[SetId::To], kTwo), Verdict::Pass);
+    EXPECT_EQ(VerdictIn(excluded[SetId::From], kOne), PacketVerdict::Pass);
+    EXPECT_EQ(VerdictIn(excluded[SetId::To], kTwo), PacketVerdict::Pass);
 }
 
 TEST(Content, AnAddressOfTwoClientsIsTheFirstOnes)
