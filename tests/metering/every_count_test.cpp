@@ -392,6 +392,33 @@ TEST_P(EveryCount, SurvivesTheFailureOfEachStatement)
     Compare();
 }
 
+// A failure on the way leaves whole batches, and the rest for the next time.
+TEST_P(EveryCount, GoesOnWhereABatchFailed)
+{
+    constexpr quint32 kMany = 6000;
+    StagedRows many;
+    count.counters.clear();
+    for (quint32 user = kUsers + 1; user <= kUsers + kMany; ++user) {
+        many.Add(user);
+        count.counters.push_back({u"fd00::%1"_s.arg(user), false, UserId {user}, 2 * kMb, 1});
+    }
+    Execute("INSERT INTO users (username, group_id) SELECT s.k, 91 FROM STAGED (?) AS_ROWS s",
+            many);
+    count.at = QDateTime(day, QTime(12, 0), QTimeZone::utc());
+    FaultyDriver driver(Dsn());
+    driver.Refuse(40);
+    EXPECT_FALSE(WriteCount(count, {0.5}));
+    const auto written = RowsBy("SELECT COUNT(*) FROM service_counters").value(0).toUInt();
+    EXPECT_GT(written, 0U);
+    EXPECT_LT(written, kMany);
+    (void)driver.Take();
+    Write();
+    EXPECT_EQ(RowsBy("SELECT COUNT(*) FROM traffic_use WHERE period = 0 and data = 2"),
+              QStringList {QString::number(kMany)});
+    EXPECT_EQ(BytesIn(RowsBy("SELECT data FROM traffic_use WHERE group_id = 91").value(0)),
+              2 * kMb * kMany);
+}
+
 class EveryCountOnServers : public EveryCount
 { };
 TB_ON_EVERY_SERVER(EveryCountOnServers);

@@ -30,7 +30,7 @@ TB_ON_EVERY_ENGINE(Marks);
 TEST_P(Marks, FollowALimitThatTheRowsAloneRaiseOrLower)
 {
     Set(kAnna, "mode = 1, traflim = 10, trafperiod = 2");
-    Count1(kAnna, {5});
+    CountFor(kAnna, {5});
     EXPECT_TRUE(WriteAt().trafficUsedUp.isEmpty());
     Set(kAnna, "traflim = 5");
     EXPECT_EQ(WriteAt().trafficUsedUp, QList {kAnna});

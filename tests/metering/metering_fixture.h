@@ -83,7 +83,7 @@ protected:
         return counted.value_or(Counted());
     }
 
-    Counted Count1(UserId user, const Activity &activity)
+    Counted CountFor(UserId user, const Activity &activity)
     {
         Does(user, activity);
         return Write();

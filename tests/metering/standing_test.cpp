@@ -173,12 +173,12 @@ TEST_P(StandingsRead, WhoHasProvedWhoItIsMaySend)
 TEST_P(StandingsRead, AGroupsBoundIsShared)
 {
     SetGroup("mode = 1, traflim = 10, trafperiod = 1");
-    Count1(kBert, {4});
+    CountFor(kBert, {4});
     Standings all = ReadAllStandings();
     EXPECT_EQ(all.groupLeftBytes.at(kEverybodyGroup), 6U << 20);
     EXPECT_EQ(all.users.front().sharedGroup, kEverybodyGroup);
     EXPECT_FALSE(all.users.front().leftBytes);
-    Count1(kBert, {6});
+    CountFor(kBert, {6});
     all = ReadAllStandings();
     EXPECT_TRUE(all.users.front().refused && all.users.front().whyOfGroup);
     EXPECT_EQ(all.users.front().why, FactKind::TrafficLimit);
