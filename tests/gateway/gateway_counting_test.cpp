@@ -8,6 +8,8 @@ using namespace Qt::StringLiterals;
 class Counting : public TableTest
 {
 protected:
+    static void Pause() { std::this_thread::sleep_for(std::chrono::milliseconds(5)); }
+
     // Keeps sending datagrams of 100 bytes in both directions until it goes.
     class Flow
     {
@@ -21,7 +23,11 @@ protected:
                     received += SendDatagrams(target, {here, kPort}, 100, 5);
                 }
             })
-        { }
+        {
+            while (sent == 0 || received == 0) {
+                Pause();
+            }
+        }
         ~Flow() { Stop(); }
         Flow(const Flow &) = delete;
         Flow &operator=(const Flow &) = delete;
@@ -43,8 +49,6 @@ protected:
         std::atomic<bool> stop = false;
         std::thread thread;
     };
-
-    static void Pause() { std::this_thread::sleep_for(std::chrono::milliseconds(5)); }
 };
 
 TEST_F(Counting, EveryDatagramCountsWithItsHeaders)

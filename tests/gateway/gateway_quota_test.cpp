@@ -134,6 +134,16 @@ TEST_F(ClientQuotas, ABoundThatIsReachedAlreadyRefusesTheFirstByte)
     Begin();
     EXPECT_EQ(Receive(kHere, kThere, 20, 1), 0);
     EXPECT_EQ(Read().usedUpClients, std::vector<quint32> {1});
+    policy.clients[1].receivedUntil.reset();
+    Apply();
+    EXPECT_EQ(Receive(kHere, kThere, 972, 3), 3);
+    policy.clients[1].receivedUntil = 2000; // less than was received
+    Apply();
+    EXPECT_EQ(Receive(kHere, kThere, 20, 1), 0);
+    EXPECT_EQ(Read().usedUpClients, std::vector<quint32> {1});
+    policy.clients[1].receivedUntil = 4500;
+    Apply();
+    EXPECT_EQ(Receive(kHere, kThere, 972, 3), 1);
 }
 
 // Whatever the moment of a rise is, neither more nor less passes than the last bound.
