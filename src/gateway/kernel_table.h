@@ -74,7 +74,6 @@ private:
     bool isHooked = false; // packets may pass the rules
     std::vector<quint64> ruleHandles; // of the rules as made
     bool countersLost = false; // some are gone that should stand: nothing can be taken over
-    bool raisedTooLate = false; // a quota was used up before its bound was raised
     bool somethingChanged = true; // in the kernel's tables, by whomever
     GatewayEvents waiting;
     QStringList flowtables; // as last told

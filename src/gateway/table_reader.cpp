@@ -144,9 +144,10 @@ std::optional<QuotaObject> QuotaObjectFrom(const NetlinkMessage &message)
     if (!name || !bound || !flags) {
         return std::nullopt;
     }
-    return QuotaObject {.mine = id.has_value(),
-                        .id = id.value_or(QuotaId()),
-                        .quota = {*bound, (*flags & NFT_QUOTA_F_DEPLETED) != 0}};
+    return QuotaObject {
+        .mine = id.has_value(),
+        .id = id.value_or(QuotaId()),
+        .quota = {.bound = *bound, .depleted = (*flags & NFT_QUOTA_F_DEPLETED) != 0}};
 }
 
 GatewayResult<Quotas> ReadQuotas(NetlinkSocket &socket)

@@ -137,6 +137,9 @@ TEST(Content, QuotasAreAlignedWhenTheirCountersDoNotFitThem)
     EXPECT_EQ(align(false, true, freeGroup), Ids({user}));
     EXPECT_EQ(align(false, false, freeGroup), Ids());
     EXPECT_EQ(align(false, false, addMember), Ids({user, group}));
+    TableContent drifted = ContentFor(before, {});
+    drifted.quotas[group].drifted = true;
+    EXPECT_EQ(QuotasToAlign(drifted, ContentFor(before, drifted)), Ids({group}));
     EXPECT_EQ(QuotasToAlign({}, ContentFor(before, {})), Ids({user, group}));
 }
 

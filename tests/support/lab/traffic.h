@@ -30,7 +30,7 @@ bool SendFrom(const OpenFile &socket, quint32 from, const Endpoint &to, int byte
 [[nodiscard]] bool
 Ping(const Laboratory &laboratory, Place place, const QString &from, const QString &to, int bytes);
 
-// Connects and waits for the end of it, half a second at most: 0, or the number of errno.h.
+// Connects and waits for the end of it, three seconds at most: 0, or the number of errno.h.
 struct Connected
 {
     OpenFile socket;
