@@ -74,6 +74,15 @@ bool BehaviourFrom(const QString &text, DemoUnit::Behaviour &behaviour)
     return false;
 }
 
+bool Offer(const QDBusConnection &bus, DemoUnit &unit, DemoManager &manager)
+{
+    QDBusConnection to = bus;
+    return to.registerObject(DemoManager::UnitPath(), &unit, QDBusConnection::ExportAllProperties)
+        && to.registerObject(
+            u"/org/freedesktop/systemd1"_s, &manager, QDBusConnection::ExportAllSlots)
+        && to.registerService(u"org.freedesktop.systemd1"_s);
+}
+
 bool Offer(const QDBusConnection &bus,
            DemoUnit &unit,
            DemoManager &manager,
@@ -88,12 +97,8 @@ bool Offer(const QDBusConnection &bus,
             to.unregisterService(kAccountingName);
         }
     });
-    return to.registerObject(DemoManager::UnitPath(), &unit, QDBusConnection::ExportAllProperties)
-        && to.registerObject(
-            u"/org/freedesktop/systemd1"_s, &manager, QDBusConnection::ExportAllSlots)
-        && to.registerObject(
-            u"/org/tollbrook/Accounting"_s, &accounting, QDBusConnection::ExportAllSlots)
+    return to.registerObject(
+               u"/org/tollbrook/Accounting"_s, &accounting, QDBusConnection::ExportAllSlots)
         && to.registerObject(u"/org/tollbrook/Demo"_s, &control, QDBusConnection::ExportAllSlots)
-        && to.registerService(u"org.freedesktop.systemd1"_s)
-        && to.registerService(u"org.tollbrook.Demo"_s);
+        && Offer(bus, unit, manager) && to.registerService(u"org.tollbrook.Demo"_s);
 }

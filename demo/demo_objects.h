@@ -74,7 +74,10 @@ private:
 // The behaviour called "work", "refuse", "hang" or "die"; false for any other text.
 [[nodiscard]] bool BehaviourFrom(const QString &text, DemoUnit::Behaviour &behaviour);
 
-// Puts the objects on the bus with their names; the accounting service's name comes and goes with
+// Puts the service manager on the bus with its name. False when another program has it already.
+[[nodiscard]] bool Offer(const QDBusConnection &bus, DemoUnit &unit, DemoManager &manager);
+
+// Puts all objects on the bus with their names; the accounting service's name comes and goes with
 // the unit. False when another program has a name already.
 [[nodiscard]] bool Offer(const QDBusConnection &bus,
                          DemoUnit &unit,

@@ -1,8 +1,10 @@
-# The demonstration network in build/demo/: settings, database, message bus, service. Read in by run.
+# The demonstration network in build/demo/: settings, database, message bus, service; with lab=yes the
+# laboratory in build/lab/. Read in by run.
 # shellcheck shell=bash
 
 demo=${demo:-$PWD/build/demo}
 programs=${programs:-$PWD/build/release/bin}
+lab=${lab:-no}
 export ODBCINI=$demo/odbc.ini
 
 # Makes what is not there yet; what is there stays as the administrator left it, with the newest tables.
@@ -24,8 +26,21 @@ make_config() (
     cp -r demo/config "$demo/config"
     chmod -R u+rwX,g+rX,g-w,o= "$demo/config"
     sed -i "s|@root@|$PWD|" "$demo/config/Software/Tollbrook/Network.toml"
+    sed -i "s|$PWD/build/demo/|$demo/|" "$demo/config/Software/Tollbrook/Network.toml"
     ln -s "$PWD/src/reports/layouts" "$demo/reports"
+    [ "$lab" = no ] || make_lab_config "$demo/config/Software"
 )
+
+# The laboratory's network is 10.77.0.0/16 behind lan0, and is counted every other second, whatever the
+# protocol. Its workstations share one hardware address.
+make_lab_config() {
+    sed -i -e 's/^timer = .*/timer = "2"/' -e 's/^\(PaneAutoRefreshPeriod\) = .*/\1 = "2"/' \
+        -e 's/^\(ControlMAC\|monitorprotmode\) = .*/\1 = "0"/' \
+        "$1/Tollbrook/Network.toml"
+    printf '%s\n' 'rangenum = "1"' 'net0 = 172818432' 'mask0 = 4294901760' \
+        >"$1/Tollbrook/Network/localip.toml"
+    sed -i 's/^NIC = .*/NIC = "lan0"/' "$1/Harrowmere/Tallyspring.toml"
+}
 
 make_database() {
     local name
@@ -42,6 +57,10 @@ Timeout     = 2000
 INI
     done >"$ODBCINI"
     "$programs/tollbrook-db" create --dsn tollbrook-demo >"$demo/database.log"
+    if [ "$lab" = yes ]; then
+        "$programs/tollbrook-lab" --fill tollbrook-demo >>"$demo/database.log"
+        return
+    fi
     "$programs/tollbrook-db" demo --dsn tollbrook-demo --users 240 --groups 9 --days 400 >>"$demo/database.log"
 }
 
@@ -52,18 +71,20 @@ start_service() {
         --print-address 2>"$demo/bus.log")
     bus_pid=$!
     read -r DBUS_SESSION_BUS_ADDRESS <&"$address" || {
-        echo "The message bus did not start; build/demo/bus.log tells why." >&2
+        echo "The message bus did not start; $demo/bus.log tells why." >&2
         exit 1
     }
     export DBUS_SESSION_BUS_ADDRESS
-    "$programs/tollbrooksvc-demo" --config "$demo/config" >"$demo/service.log" 2>&1 &
+    local service=tollbrooksvc-demo
+    [ "$lab" = no ] || service=tollbrook-lab
+    STATE_DIRECTORY=$demo "$programs/$service" --config "$demo/config" >"$demo/service.log" 2>&1 &
     service_pid=$!
     # The console looks for the service once, at its start.
     for _ in {1..50}; do
         grep -qs ' ready$' "$demo/service.log" && return
         sleep 0.1
     done
-    echo "The stand-in service did not start; build/demo/service.log tells why." >&2
+    echo "The service did not start; $demo/service.log tells why." >&2
 }
 
 # Ends whatever runs of the demonstration, the console first; runs at every exit.

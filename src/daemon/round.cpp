@@ -146,7 +146,7 @@ Result<Beginning> ReadBeginning(const BeginningWanted &wanted)
         return std::move(beginning);
     };
     if (const auto problem = SchemaProblem(wanted.dataSource)) {
-        return refuse(*problem);
+        return refuse(u"The database %1 cannot be used: %2"_s.arg(wanted.dataSource, *problem));
     }
     const auto claimed = ClaimGateway(wanted.claim, wanted.now, wanted.silence);
     if (claimed && *claimed == ClaimOutcome::AnotherIsAlive) {

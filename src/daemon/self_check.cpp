@@ -65,7 +65,8 @@ void CheckDatabase(const ConfigStore &store, const ServiceSettings &settings, Se
     }
     const StartedProgram program({.configFolder = store.Folder()});
     if (const auto problem = SchemaProblem(settings.dataSource)) {
-        check.problems << *problem;
+        check.problems << u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
+                                                                      *problem);
         return;
     }
     const auto standings =

@@ -99,7 +99,7 @@ TEST_P(ServiceCounting, AnOutageOfTheDatabaseLosesAndDoublesNothing)
             AwaitLine(u"The database cannot be used"_s);
             EXPECT_EQ(Problems().size(), 1);
         }
-        QTest::qWait(1000);
+        QTest::qWait(300);
         if (i == 1) { // nor does a kill meanwhile
             Kill();
         }

@@ -7,49 +7,6 @@ class Counting : public TableTest
 {
 protected:
     static void Pause() { std::this_thread::sleep_for(std::chrono::milliseconds(5)); }
-<<<<<<< HEAD
-=======
-
-    // Keeps sending datagrams of 100 bytes in both directions until it goes.
-    class Flow
-    {
-    public:
-        Flow(const QString &here, const QString &there)
-            : source(MakeSocket(Lab(), Place::Workstations, Transport::Udp, {here, kPort}))
-            , target(MakeSocket(Lab(), Place::Internet, Transport::Udp, {there, kPort}))
-            , thread([this, here, there] {
-                while (!stop) {
-                    sent += SendDatagrams(source, {there, kPort}, 100, 5);
-                    received += SendDatagrams(target, {here, kPort}, 100, 5);
-                }
-            })
-        {
-            while (sent == 0 || received == 0) {
-                Pause();
-            }
-        }
-        ~Flow() { Stop(); }
-        Flow(const Flow &) = delete;
-        Flow &operator=(const Flow &) = delete;
-
-        void Stop()
-        {
-            stop = true;
-            if (thread.joinable()) {
-                thread.join();
-            }
-        }
-
-        std::atomic<int> sent = 0;
-        std::atomic<int> received = 0;
-
-    private:
-        OpenFile source;
-        OpenFile target;
-        std::atomic<bool> stop = false;
-        std::thread thread;
-    };
->>>>>>> gateway
 };
 
 TEST_F(Counting, EveryDatagramCountsWithItsHeaders)

@@ -8,10 +8,13 @@
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <net/if.h>
 #include <sched.h>
 #include <sys/ioctl.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
@@ -39,6 +42,20 @@ QString Refused(const QString &what)
     return u"The kernel refuses "_s + what + u": "_s + QString::fromLocal8Bit(std::strerror(errno));
 }
 
+// Programs that are started keep the right to administer the network, whoever runs them. Accounts keep
+// their numbers in a user namespace, since a message bus asks for them.
+bool HandOnRights()
+{
+    __user_cap_header_struct header {.version = _LINUX_CAPABILITY_VERSION_3, .pid = 0};
+    std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> rights {};
+    if (syscall(SYS_capget, &header, rights.data()) != 0) {
+        return false;
+    }
+    rights[0].inheritable |= 1U << CAP_NET_ADMIN;
+    return syscall(SYS_capset, &header, rights.data()) == 0
+        && prctl(PR_CAP_AMBIENT, PR_CAP_AMBIENT_RAISE, CAP_NET_ADMIN, 0, 0) == 0;
+}
+
 QString EnterUserNamespace()
 {
     const QByteArray user = QByteArray::number(geteuid());
@@ -47,11 +64,11 @@ QString EnterUserNamespace()
         return Refused(u"a user namespace"_s);
     }
     if (!WriteFile(u"/proc/self/setgroups"_s, "deny")
-        || !WriteFile(u"/proc/self/uid_map"_s, "0 " + user + " 1\n")
-        || !WriteFile(u"/proc/self/gid_map"_s, "0 " + group + " 1\n")) {
+        || !WriteFile(u"/proc/self/uid_map"_s, user + ' ' + user + " 1\n")
+        || !WriteFile(u"/proc/self/gid_map"_s, group + ' ' + group + " 1\n")) {
         return Refused(u"the names of a user namespace"_s);
     }
-    return {};
+    return HandOnRights() ? QString() : Refused(u"the rights of a user namespace"_s);
 }
 
 bool IsRunning(const char *interface)
