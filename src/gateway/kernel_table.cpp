@@ -171,7 +171,7 @@ GatewayResult<void> KernelTable::Update(const Policy &policy)
             standing.reset();
             return done;
         }
-        if (QuotasToAlign(*standing, ContentFor(policy, *standing)).empty()) {
+        if (std::ranges::none_of(standing->quotas, &Quota::drifted, &Quotas::value_type::second)) {
             break;
         }
     }
@@ -349,7 +349,10 @@ GatewayResult<void> KernelTable::TakeWaitingEvents()
     const bool complete = events.TakeWaiting([&](const NetlinkMessage &message) {
         const std::optional<QuotaObject> object =
             message.type == kNewQuota ? QuotaObjectFrom(message) : std::nullopt;
-        if (object && object->mine && object->quota.depleted) {
+        // A packet's own notification bears no number. Where the bound was raised meanwhile, it does
+        // not say any more that the quota was used up, which it yet was.
+        const bool isOfPacket = message.sequence == 0;
+        if (object && object->mine && (object->quota.depleted || isOfPacket)) {
             NoteUsedUp(object->id, object->quota);
         }
         somethingChanged = somethingChanged || message.type == kNewGeneration;
@@ -374,10 +377,12 @@ void KernelTable::NoteUsedUp(QuotaId id, const Quota &quota)
         if (stands == standing->quotas.end()) {
             return;
         }
-        const bool isNews = stands->second.bound == quota.bound;
-        stands->second = quota;
-        // Else the bound was raised at the same moment, see Update.
-        if (!isNews || (id.kind == QuotaId::Kind::User && IsRefusedByGroup(*standing, id.id))) {
+        if (!quota.depleted || stands->second.bound != quota.bound) {
+            stands->second.drifted = true;
+            return;
+        }
+        stands->second.depleted = true;
+        if (id.kind == QuotaId::Kind::User && IsRefusedByGroup(*standing, id.id)) {
             return;
         }
     }

@@ -4,6 +4,8 @@
 #include "gateway/table_rules.h"
 
 #include <algorithm>
+#include <iterator>
+#include <limits>
 #include <netinet/in.h>
 #include <utility>
 
@@ -59,11 +61,14 @@ private:
     void PassNear()
     {
         if (family == Family::V4) {
-            ForLocal(writer, network, main, direction, End::Internet, [](RuleWriter &rule) {
+            const NearRanges near = NearRangesOf(network);
+            ForNear(writer, near, main, direction, End::Internet, [](RuleWriter &rule) {
                 rule.Accept();
             });
-        } else if (IsFrom()) {
-            for (const QString &name : network.lanInterfaces) {
+            return;
+        }
+        for (const QString &name : network.lanInterfaces) {
+            if (IsFrom()) {
                 Rule(main).Interface(Side::Out, name).Accept();
             }
         }
@@ -179,30 +184,38 @@ QByteArray WayChain(Direction direction, Family family)
     return Numbered(direction == Direction::From ? "from" : "to", family);
 }
 
-bool AreLookedUp(const NetworkRules &network)
+NearRanges NearRangesOf(const NetworkRules &network)
 {
-    return std::ranges::count_if(network.local,
-                                 [](Ipv4Mask local) { return IsContiguous(local.mask); })
-        > kMostCompared;
+    std::vector<Ipv4Mask> all = network.local;
+    for (const NetAddress &address : network.excluded) {
+        if (address.IsIpv4()) {
+            all.push_back({address.ToIpv4(), std::numeric_limits<Ipv4>::max()});
+        }
+    }
+    const auto isContiguous = [](const Ipv4Mask &range) { return IsContiguous(range.mask); };
+    NearRanges near;
+    if (std::ranges::count_if(all, isContiguous) > kMostCompared) {
+        std::ranges::copy_if(all, std::back_inserter(near.lookedUp), isContiguous);
+        std::erase_if(all, isContiguous);
+    }
+    near.compared = std::move(all);
+    return near;
 }
 
-void ForLocal(NetlinkWriter &writer,
-              const NetworkRules &network,
-              const QByteArray &chain,
-              Direction direction,
-              End end,
-              FunctionRef<void(RuleWriter &)> act)
+void ForNear(NetlinkWriter &writer,
+             const NearRanges &near,
+             const QByteArray &chain,
+             Direction direction,
+             End end,
+             FunctionRef<void(RuleWriter &)> act)
 {
-    const bool lookUp = AreLookedUp(network);
-    if (lookUp) {
+    if (!near.lookedUp.empty()) {
         RuleWriter rule(writer, chain);
         act(rule.AddressIn(SetId::Near, Family::V4, direction, end));
     }
-    for (const Ipv4Mask &local : network.local) {
-        if (!lookUp || !IsContiguous(local.mask)) {
-            RuleWriter rule(writer, chain);
-            act(rule.AddressMasked(direction, end, local.mask, local.network));
-        }
+    for (const Ipv4Mask &range : near.compared) {
+        RuleWriter rule(writer, chain);
+        act(rule.AddressMasked(direction, end, range.mask, range.network & range.mask));
     }
 }
 

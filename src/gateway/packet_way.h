@@ -12,16 +12,23 @@ inline constexpr const char *kCountedPorts = "counted_ports";
 // The chain where the way starts.
 [[nodiscard]] QByteArray WayChain(Direction direction, Family family);
 
-// Whether the local ranges without gaps are in the set Near rather than compared with one by one.
-[[nodiscard]] bool AreLookedUp(const NetworkRules &network);
+// The local ranges and the excluded IPv4 addresses: what is no traffic between two of them. A few are
+// compared with one by one, which costs a packet less; many are looked up in the set Near, but
+// for those with gaps, which no set can hold.
+struct NearRanges
+{
+    std::vector<Ipv4Mask> compared;
+    std::vector<Ipv4Mask> lookedUp;
+};
+[[nodiscard]] NearRanges NearRangesOf(const NetworkRules &network);
 
-// Makes the rules that `act` ends, which hold for packets one end of which is a local IPv4 address.
-void ForLocal(NetlinkWriter &writer,
-              const NetworkRules &network,
-              const QByteArray &chain,
-              Direction direction,
-              End end,
-              FunctionRef<void(RuleWriter &)> act);
+// Makes the rules that `act` ends, which hold for packets one end of which is in these ranges.
+void ForNear(NetlinkWriter &writer,
+             const NearRanges &near,
+             const QByteArray &chain,
+             Direction direction,
+             End end,
+             FunctionRef<void(RuleWriter &)> act);
 
 // Messages with the rules of the way's chains, which stand without rules.
 void MakeWay(NetlinkWriter &writer,

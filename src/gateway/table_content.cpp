@@ -173,7 +173,8 @@ std::set<QuotaId> QuotasToAlign(const TableContent &standing, const TableContent
         const auto members = before.find(id);
         const bool stays = stood != standing.quotas.end() && members != before.end()
             && members->second == after.at(id);
-        if (!stays || (stood->second.depleted && stood->second.bound != quota.bound)) {
+        if (!stays || stood->second.drifted
+            || (stood->second.depleted && stood->second.bound != quota.bound)) {
             align.insert(id);
         }
     }

@@ -11,6 +11,7 @@ struct Quota
 {
     quint64 bound = 0; // bytes
     bool depleted = false; // it was used up once, and counts what it refuses since
+    bool drifted = false; // and its bound was raised at the same moment: it must be made anew
 
     bool operator==(const Quota &) const = default;
 };
@@ -39,7 +40,8 @@ using QuotaMembers = std::map<QuotaId, std::vector<NetAddress>>;
 [[nodiscard]] QuotaMembers MembersOf(const TableContent &content);
 
 // Which quotas must be made anew to stand where their members' counters do: new ones, those whose
-// members change, and used up ones with another bound, as those count what they refused.
+// members change, and used up ones with another bound and drifted ones, as those count what they
+// refused.
 [[nodiscard]] std::set<QuotaId> QuotasToAlign(const TableContent &standing,
                                               const TableContent &wanted);
 

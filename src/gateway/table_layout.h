@@ -33,7 +33,7 @@ enum class SetId {
     SeenReceived,
     SeenRefused, // unknown addresses none of whose packets passed
     Pairs, // address and hardware address, noted of packets; they expire
-    Near, // excluded addresses, and the local ranges when they are many
+    Near, // local ranges and excluded addresses when they are many; of IPv6 the excluded ones
 };
 constexpr int kSetCount = static_cast<int>(SetId::Near) + 1;
 

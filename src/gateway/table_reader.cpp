@@ -53,7 +53,10 @@ bool TakeElements(const NetlinkMessage &message, SetId set, Family family, ReadE
         if (!element) {
             return false;
         }
-        read.push_back(*element);
+        // An IPv4 address that came mapped in a packet of IPv6 is none that anybody has.
+        if (FamilyOf(element->element.address) == family) {
+            read.push_back(*element);
+        }
     }
     return true;
 }
@@ -141,9 +144,10 @@ std::optional<QuotaObject> QuotaObjectFrom(const NetlinkMessage &message)
     if (!name || !bound || !flags) {
         return std::nullopt;
     }
-    return QuotaObject {.mine = id.has_value(),
-                        .id = id.value_or(QuotaId()),
-                        .quota = {*bound, (*flags & NFT_QUOTA_F_DEPLETED) != 0}};
+    return QuotaObject {
+        .mine = id.has_value(),
+        .id = id.value_or(QuotaId()),
+        .quota = {.bound = *bound, .depleted = (*flags & NFT_QUOTA_F_DEPLETED) != 0}};
 }
 
 GatewayResult<Quotas> ReadQuotas(NetlinkSocket &socket)

@@ -219,23 +219,10 @@ void ReplaceKeys(NetlinkWriter &writer,
     }
 }
 
-std::vector<Ipv4Mask> NearMasks(const NetworkRules &network)
-{
-    std::vector<Ipv4Mask> masks;
-    if (AreLookedUp(network)) {
-        masks = network.local;
-    }
-    for (const NetAddress &address : network.excluded) {
-        if (address.IsIpv4()) {
-            masks.push_back({address.ToIpv4(), std::numeric_limits<Ipv4>::max()});
-        }
-    }
-    return masks;
-}
-
 void ReplaceNetwork(NetlinkWriter &writer, const NetworkRules &network)
 {
-    ReplaceRanges(writer, SetId::Near, MergedRanges(NearMasks(network)));
+    const NearRanges near = NearRangesOf(network);
+    ReplaceRanges(writer, SetId::Near, MergedRanges(near.lookedUp));
     std::vector<NetlinkBytes> excluded;
     for (const NetAddress &address : network.excluded) {
         if (!address.IsIpv4()) {
@@ -267,15 +254,15 @@ void ForInterfaces(const NetworkRules &network,
 // The tests that most packets meet are those that the kernel does without a call.
 void MakeForward(NetlinkWriter &writer, const NetworkRules &network)
 {
+    const NearRanges near = NearRangesOf(network);
     RuleWriter(writer, "forward").IsNotPlainIpv4().IsFamily(Family::V6).Goto(kIpv6Chain);
     for (const Direction direction : {Direction::From, Direction::To}) {
         const auto chain = [&](Family family) { return WayChain(direction, family); };
         ForInterfaces(network, direction, [&](FunctionRef<void(RuleWriter &)> passes) {
-            ForLocal(
-                writer, network, "forward", direction, End::Workstation, [&](RuleWriter &rule) {
-                    passes(rule);
-                    rule.Goto(chain(Family::V4));
-                });
+            ForNear(writer, near, "forward", direction, End::Workstation, [&](RuleWriter &rule) {
+                passes(rule);
+                rule.Goto(chain(Family::V4));
+            });
             RuleWriter ipv6(writer, kIpv6Chain);
             passes(ipv6);
             ipv6.Jump(chain(Family::V6));

@@ -1,5 +1,6 @@
 #include "gateway/table_writer.h"
 
+#include <algorithm>
 #include <linux/netfilter.h>
 #include <linux/netfilter/nf_tables.h>
 #include <linux/netfilter/nfnetlink.h>
@@ -98,7 +99,8 @@ void PutQuota(NetlinkWriter &writer, QuotaId id, quint64 bound, std::optional<qu
     writer.PutU64(NFTA_QUOTA_BYTES, bound);
     writer.PutU32(NFTA_QUOTA_FLAGS, NFT_QUOTA_F_INV);
     if (consumed) {
-        writer.PutU64(NFTA_QUOTA_CONSUMED, *consumed);
+        // The kernel takes no more than the bound; that much refuses the next packet just as well.
+        writer.PutU64(NFTA_QUOTA_CONSUMED, std::min(*consumed, bound));
     }
     writer.EndNest(data);
     writer.End();

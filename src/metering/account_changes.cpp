@@ -10,8 +10,10 @@ void AccountChanges::AddTraffic(const Account &account, const Charge &charge, qu
         adoptedTraffic.Add(bill.value, {static_cast<double>(account.trafficRecord.value)});
     }
     const quint64 received = BytesOf(Megabytes {charge.counted});
-    traffic.Add(account.trafficRecord.value,
-                {static_cast<double>(received), static_cast<double>(sentBytes)});
+    if (received > 0 || sentBytes > 0) {
+        traffic.Add(account.trafficRecord.value,
+                    {static_cast<double>(received), static_cast<double>(sentBytes)});
+    }
     Pay(charge.payments, kBytesOfMegabyte);
     Close(charge.closed);
 }
@@ -21,7 +23,9 @@ void AccountChanges::AddTime(const Account &account, const Charge &charge)
     for (const BillId bill : account.timeCredits.adopted) {
         adoptedTime.Add(bill.value, {static_cast<double>(account.timeRecord.value)});
     }
-    time.Add(account.timeRecord.value, {charge.counted});
+    if (charge.counted > 0) {
+        time.Add(account.timeRecord.value, {charge.counted});
+    }
     Pay(charge.payments, 1);
     Close(charge.closed);
 }

@@ -1,6 +1,7 @@
 #include "metering/account_rows.h"
 
 #include "base/day.h"
+#include "metering/bytes.h"
 
 #include <functional>
 
@@ -89,6 +90,17 @@ LimitRow LimitIn(const Row &row)
             .countedOn = DateIn(row.Text(7), u'-')};
 }
 
+// As it is stored: of the text that was read the last digits may be missing.
+Megabytes Exact(Megabytes amount)
+{
+    return MegabytesOf(BytesOf(amount));
+}
+
+Hours Exact(Hours amount)
+{
+    return amount;
+}
+
 template <typename Unit, typename RecordId>
 void Take(const LimitRow &row, LimitRules<Unit> &rules, RecordId &record)
 {
@@ -96,7 +108,7 @@ void Take(const LimitRow &row, LimitRules<Unit> &rules, RecordId &record)
     rules.period = row.period;
     record = RecordId {row.record};
     if (record.IsSet()) {
-        rules.use = CountedUse<Unit> {Unit {row.used}, row.reached, row.countedOn};
+        rules.use = CountedUse<Unit> {Exact(Unit {row.used}), row.reached, row.countedOn};
     }
 }
 
@@ -232,7 +244,7 @@ void AddLimitCredit(const CreditRow &credit,
         credits.ended.push_back(credit.bill);
         return;
     }
-    rules.credits.push_back({Unit {credit.given}, Unit {credit.used}, credit.expiry});
+    rules.credits.push_back({Unit {credit.given}, Exact(Unit {credit.used}), credit.expiry});
     credits.open.push_back(credit.bill);
     if (records.named == 0) {
         credits.adopted.push_back(credit.bill);
@@ -257,7 +269,7 @@ void AddCredit(const CreditRow &credit, Account &account)
         rules.credits.push_back({.money = credit.money,
                                  .moneyUsed = credit.moneyUsed,
                                  .traffic = Megabytes {credit.given},
-                                 .trafficUsed = Megabytes {credit.used},
+                                 .trafficUsed = Exact(Megabytes {credit.used}),
                                  .expiry = credit.expiry});
         account.prePaidCredits.push_back(credit.bill);
     }

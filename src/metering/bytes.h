@@ -23,7 +23,7 @@ constexpr double kBytesOfMegabyte = 1 << 20;
 // What may be used of an amount that need not be of whole bytes.
 [[nodiscard]] inline quint64 WholeBytesIn(Megabytes amount)
 {
-    constexpr double kLostDigits = 1e-3; // of a byte, in such a text
+    constexpr double kLostDigits = 0.05; // of a byte, in such a text of up to 100 terabytes
     constexpr double kMost = 9e18;
     const double bytes = std::floor(amount.value * kBytesOfMegabyte + kLostDigits);
     return static_cast<quint64>(std::clamp(bytes, 0.0, kMost));

@@ -1,5 +1,6 @@
 #include "gateway/table_fixture.h"
 
+#include <atomic>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -133,6 +134,16 @@ TEST_F(ClientQuotas, ABoundThatIsReachedAlreadyRefusesTheFirstByte)
     Begin();
     EXPECT_EQ(Receive(kHere, kThere, 20, 1), 0);
     EXPECT_EQ(Read().usedUpClients, std::vector<quint32> {1});
+    policy.clients[1].receivedUntil.reset();
+    Apply();
+    EXPECT_EQ(Receive(kHere, kThere, 972, 3), 3);
+    policy.clients[1].receivedUntil = 2000; // less than was received
+    Apply();
+    EXPECT_EQ(Receive(kHere, kThere, 20, 1), 0);
+    EXPECT_EQ(Read().usedUpClients, std::vector<quint32> {1});
+    policy.clients[1].receivedUntil = 4500;
+    Apply();
+    EXPECT_EQ(Receive(kHere, kThere, 972, 3), 1);
 }
 
 // Whatever the moment of a rise is, neither more nor less passes than the last bound.
@@ -156,4 +167,42 @@ TEST_F(ClientQuotas, ABoundIsRaisedWhileTrafficFlows)
     traffic.join();
     Download(kHere, 2 * static_cast<qint64>(limit)); // what the connection's pauses left
     ExpectWithin(Counted(kHere).received, limit);
+}
+
+// The quota is made anew, raised in place, raised while it is being used up: it ends within one of
+// these packets of its bound, and never beyond.
+TEST_F(ClientQuotas, QuotasAreMadeAndRaisedAmidManySmallPackets)
+{
+    constexpr int kPayload = 100;
+    AddClient(1, {kHere});
+    AddClient(2, {u"10.77.0.2"_s});
+    Begin();
+    const auto target = MakeSocket(Lab(), Place::Workstations, Transport::Udp, {kHere, kPort});
+    const auto source = MakeSocket(Lab(), Place::Internet, Transport::Udp, {kThere, kPort});
+    std::atomic<bool> stop = false;
+    std::thread traffic([&] {
+        while (!stop) {
+            SendDatagrams(source, {kHere, kPort}, kPayload, 10);
+        }
+    });
+    for (int i = 0; i < 30; ++i) {
+        const quint64 start = Counted(kHere).received;
+        policy.clients[1].receivedUntil = start + 100000;
+        Apply();
+        policy.clients[1].receivedUntil = start + 100000 + static_cast<quint64>(i) * 4000;
+        Apply();
+        const quint64 limit = start + 400000;
+        policy.clients[1].receivedUntil = limit;
+        Apply();
+        for (int wait = 0; Read().usedUpClients.empty() && wait < 1000; ++wait) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        const quint64 received = Counted(kHere).received;
+        EXPECT_LE(received, limit) << i;
+        EXPECT_GE(received + Ipv4Bytes(kPayload, 1), limit) << i;
+        policy.clients[1].receivedUntil.reset();
+        Apply();
+    }
+    stop = true;
+    traffic.join();
 }

@@ -169,17 +169,23 @@ TEST_F(Refusing, WhatIsNearOrExcludedIsNeitherCountedNorRefused)
     policy.network.local.push_back({0x0A4F0005, 0xFFFF00FF}); // 10.79.x.5: a mask with a gap
     policy.network.excluded = {Address(u"10.77.0.7"_s), Address(u"10.79.0.8"_s), Address(kThere6)};
     AddClient(1, {kHere, kHere6, u"10.77.0.7"_s}).refused = true;
-    Begin();
-    EXPECT_EQ(Send(kHere, u"10.79.3.5"_s, 20, 1), 1); // between local addresses
-    EXPECT_EQ(Send(kHere, u"10.79.0.8"_s, 20, 1), 1);
-    EXPECT_EQ(Send(u"10.77.0.7"_s, kThere, 20, 1), 1);
-    EXPECT_EQ(Send(kHere6, kThere6, 20, 1), 1);
-    EXPECT_EQ(Receive(u"10.77.0.7"_s, kThere, 20, 1), 1);
-    EXPECT_EQ(Send(kHere, kThere, 20, 1), 0);
-    const Reading reading = Read();
-    EXPECT_EQ(reading.clients.size(), 2U);
-    EXPECT_EQ(In(reading.clients, kHere), (AddressReading {Address(kHere), 0, 0}));
-    EXPECT_TRUE(reading.unknown.empty());
+    // Few ranges are compared with one by one, many are looked up.
+    for (const int more : {0, 20}) {
+        for (int i = 0; i < more; ++i) {
+            policy.network.local.push_back({0xC0A80000U + static_cast<Ipv4>(i) * 512, 0xFFFFFF00});
+        }
+        Begin();
+        EXPECT_EQ(Send(kHere, u"10.79.3.5"_s, 20, 1), 1); // between local addresses
+        EXPECT_EQ(Send(kHere, u"10.79.0.8"_s, 20, 1), 1);
+        EXPECT_EQ(Send(u"10.77.0.7"_s, kThere, 20, 1), 1);
+        EXPECT_EQ(Send(kHere6, kThere6, 20, 1), 1);
+        EXPECT_EQ(Receive(u"10.77.0.7"_s, kThere, 20, 1), 1);
+        EXPECT_EQ(Send(kHere, kThere, 20, 1), 0);
+        const Reading reading = Read();
+        EXPECT_EQ(reading.clients.size(), 2U);
+        EXPECT_EQ(In(reading.clients, kHere), (AddressReading {Address(kHere), 0, 0}));
+        EXPECT_TRUE(reading.unknown.empty());
+    }
 }
 
 TEST_F(Refusing, OnlyCountedPortsAreCounted)

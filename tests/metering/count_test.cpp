@@ -23,21 +23,21 @@ TB_ON_EVERY_ENGINE(Counting);
 
 TEST_P(Counting, WithoutControlOnlyTheDayIsCounted)
 {
-    EXPECT_EQ(Count1(kAnna, {10, 2, 0.5}).received, 10U << 20);
-    Count1(kAnna, {5, 1, 0.25});
+    EXPECT_EQ(CountFor(kAnna, {10, 2, 0.5}).received, 10U << 20);
+    CountFor(kAnna, {5, 1, 0.25});
     EXPECT_EQ(Rows(kTraffic), QStringList {u"1|0|15|3|0"_s});
     EXPECT_EQ(Rows(kTime), QStringList {u"1|0|0.75|0"_s});
     GoTo({2026, 11, 22});
-    Count1(kAnna, {4});
+    CountFor(kAnna, {4});
     EXPECT_EQ(Rows(kTraffic), (QStringList {u"1|0|15|3|0"_s, u"1|0|4|0|0"_s}));
 }
 
 TEST_P(Counting, TheLimitBlocksWhenItIsReached)
 {
     Set(kAnna, "mode = 1, traflim = 100, trafperiod = 1");
-    EXPECT_EQ(Count1(kAnna, {99, 7}).trafficUsedUp, QList<UserId>());
+    EXPECT_EQ(CountFor(kAnna, {99, 7}).trafficUsedUp, QList<UserId>());
     EXPECT_EQ(Rows(kBlocks), QStringList {u"0|0"_s});
-    EXPECT_EQ(Count1(kAnna, {1}).trafficUsedUp,
+    EXPECT_EQ(CountFor(kAnna, {1}).trafficUsedUp,
               QList {kAnna}); // exactly the limit: nothing is left
     EXPECT_EQ(Rows(kTraffic), (QStringList {u"1|0|100|7|0"_s, u"1|1|100|7|1"_s}));
     EXPECT_EQ(Rows(kBlocks), QStringList {u"1|1"_s});
@@ -46,13 +46,13 @@ TEST_P(Counting, TheLimitBlocksWhenItIsReached)
 TEST_P(Counting, CreditsPayForWhatIsBeyondTheLimitOldestFirst)
 {
     Set(kAnna, "mode = 1, traflim = 100, trafperiod = 1");
-    Count1(kAnna, {95});
+    CountFor(kAnna, {95});
     Run("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, 1, 1, 3)");
     Run("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, 1, 1, 10)");
-    Count1(kAnna, {10}); // 5 for the limit, 3 for the first credit, 2 for the second
+    CountFor(kAnna, {10}); // 5 for the limit, 3 for the first credit, 2 for the second
     EXPECT_EQ(Rows(kCredits), (QStringList {u"3|0|1"_s, u"2|0|0"_s}));
     EXPECT_EQ(Rows(kTraffic).last(), u"1|1|100|0|0"_s);
-    EXPECT_EQ(Count1(kAnna, {11}).trafficUsedUp, QList {kAnna}); // 8 are paid for, 3 by nobody
+    EXPECT_EQ(CountFor(kAnna, {11}).trafficUsedUp, QList {kAnna}); // 8 are paid for, 3 by nobody
     EXPECT_EQ(Rows(kCredits), (QStringList {u"3|0|1"_s, u"10|0|1"_s}));
     EXPECT_EQ(Rows(kTraffic).last(), u"1|1|103|0|1"_s);
     EXPECT_EQ(Rows("SELECT bill_id, day, data, money, price FROM credit_use ORDER BY bill_id"),
@@ -62,12 +62,12 @@ TEST_P(Counting, CreditsPayForWhatIsBeyondTheLimitOldestFirst)
 TEST_P(Counting, ADayHasARecordOfItsOwnAndTheNextOneLiftsTheBlock)
 {
     Set(kAnna, "mode = 1, traflim = 100, trafperiod = 1");
-    EXPECT_EQ(Count1(kAnna, {100}).trafficUsedUp, QList {kAnna});
+    EXPECT_EQ(CountFor(kAnna, {100}).trafficUsedUp, QList {kAnna});
     EXPECT_EQ(Settle().lifted, QList<UserId>());
     GoTo({2026, 11, 22});
     EXPECT_EQ(Settle().lifted, QList {kAnna});
     EXPECT_EQ(Rows(kBlocks), QStringList {u"0|1"_s}); // the reason stays
-    Count1(kAnna, {4});
+    CountFor(kAnna, {4});
     EXPECT_EQ(Rows(kTraffic),
               (QStringList {u"1|0|100|0|0"_s, u"1|0|4|0|0"_s, u"1|1|100|0|1"_s, u"1|1|4|0|0"_s}));
 }
@@ -75,13 +75,13 @@ TEST_P(Counting, ADayHasARecordOfItsOwnAndTheNextOneLiftsTheBlock)
 TEST_P(Counting, AMonthHasOneRecordThatBeginsAnew)
 {
     Set(kAnna, "mode = 1, traflim = 100, trafperiod = 2");
-    Count1(kAnna, {60, 3});
+    CountFor(kAnna, {60, 3});
     Run("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, 1, 1, 1)");
     GoTo({2026, 11, 30});
-    Count1(kAnna, {40.5});
+    CountFor(kAnna, {40.5});
     EXPECT_EQ(Rows(kCredits), QStringList {u"0.5|0|0"_s});
     GoTo({2026, 12, 1});
-    Count1(kAnna, {8, 1});
+    CountFor(kAnna, {8, 1});
     EXPECT_EQ(Rows("SELECT traf_id, data, senddata, blocked, current_time FROM traffic_use "
                    "WHERE period = 2"),
               QStringList {u"1|8|1|0|2026-12-01"_s});
@@ -91,11 +91,11 @@ TEST_P(Counting, AMonthHasOneRecordThatBeginsAnew)
 TEST_P(Counting, TimeHasItsOwnLimitAndReason)
 {
     Set(kAnna, "mode = 4, timelim = 2, timeperiod = 1");
-    Count1(kAnna, {500, 0, 1.5});
+    CountFor(kAnna, {500, 0, 1.5});
     Run("INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, 1, 1, 0.5)");
-    Count1(kAnna, {1, 0, 0.75}); // half an hour for the limit, a quarter for the credit
+    CountFor(kAnna, {1, 0, 0.75}); // half an hour for the limit, a quarter for the credit
     EXPECT_EQ(Rows(kCredits), QStringList {u"0.25|0|0"_s});
-    EXPECT_EQ(Count1(kAnna, {1, 0, 0.25}).timeUsedUp, QList {kAnna});
+    EXPECT_EQ(CountFor(kAnna, {1, 0, 0.25}).timeUsedUp, QList {kAnna});
     EXPECT_EQ(Rows(kTime), (QStringList {u"1|0|2.5|0"_s, u"1|1|2|1"_s}));
     EXPECT_EQ(Rows(kBlocks), QStringList {u"1|2"_s});
     GoTo({2026, 11, 22});
@@ -105,8 +105,8 @@ TEST_P(Counting, TimeHasItsOwnLimitAndReason)
 TEST_P(Counting, WhoHasBothLimitsIsBlockedByTheOneThatEnds)
 {
     Set(kAnna, "mode = 5, traflim = 10, trafperiod = 2, timelim = 1, timeperiod = 1");
-    EXPECT_EQ(Count1(kAnna, {4, 0, 1}).timeUsedUp, QList {kAnna});
-    EXPECT_EQ(Count1(kAnna, {6}).trafficUsedUp, QList<UserId>()) << "blocked already";
+    EXPECT_EQ(CountFor(kAnna, {4, 0, 1}).timeUsedUp, QList {kAnna});
+    EXPECT_EQ(CountFor(kAnna, {6}).trafficUsedUp, QList<UserId>()) << "blocked already";
     GoTo({2026, 11, 22});
     EXPECT_EQ(Settle().lifted, QList<UserId>()) << "the month's traffic is used up";
     EXPECT_EQ(Rows(kBlocks).first().left(1), u"1"_s);
@@ -122,10 +122,10 @@ TEST_P(Counting, PrePaidUsersLiveOnTheirCredits)
     Run("INSERT INTO billing (mode, object_id, data, unlimited, expiredday) "
         "VALUES (2, 1, 4, 0, '2026.11.21')"); // good today
     Run("INSERT INTO billing (mode, object_id, moneydata, unlimited) VALUES (2, 1, 5, 1)");
-    Count1(kAnna, {6}); // 4 megabytes, then 2 for money
+    CountFor(kAnna, {6}); // 4 megabytes, then 2 for money
     EXPECT_EQ(Rows(kCredits), (QStringList {u"0|0|1"_s, u"4|0|1"_s, u"2|1|0"_s}));
     Set(kAnna, "own_price = true, trafprice = 2");
-    EXPECT_EQ(Count1(kAnna, {2}).trafficUsedUp,
+    EXPECT_EQ(CountFor(kAnna, {2}).trafficUsedUp,
               QList {kAnna}); // the rest of the money at the user's own price
     EXPECT_EQ(Rows(kCredits).last(), u"4|5|1"_s);
     EXPECT_EQ(Rows(kBlocks), QStringList {u"1|1"_s});
@@ -141,11 +141,11 @@ TEST_P(Counting, ACreditPaysForEachDayByItself)
 {
     Set(kAnna, "mode = 2");
     Run("INSERT INTO billing (mode, object_id, moneydata, unlimited) VALUES (2, 1, 5, 1)");
-    Count1(kAnna, {1});
+    CountFor(kAnna, {1});
     Does(kAnna, {2});
     Write({1.0}); // another price, of the same day
     GoTo({2026, 11, 22});
-    Count1(kAnna, {1});
+    CountFor(kAnna, {1});
     EXPECT_EQ(Rows("SELECT bill_id, day, data, money, price FROM credit_use ORDER BY day"),
               (QStringList {u"1|2026-11-21|3|2.5|1"_s, u"1|2026-11-22|1|0.5|0.5"_s}));
     EXPECT_EQ(Rows(kCredits), QStringList {u"4|3|0"_s});
@@ -156,7 +156,7 @@ TEST_P(Counting, ACreditWithoutABoundNeverEnds)
     Set(kAnna, "mode = 2");
     Run("INSERT INTO billing (mode, object_id, unlimited) VALUES (2, 1, 1)");
     Run("INSERT INTO billing (mode, object_id, data, unlimited) VALUES (2, 1, 1, 1)");
-    EXPECT_EQ(Count1(kAnna, {1e6}).trafficUsedUp, QList<UserId>());
+    EXPECT_EQ(CountFor(kAnna, {1e6}).trafficUsedUp, QList<UserId>());
     EXPECT_EQ(Rows(kCredits), (QStringList {u"1000000|0|0"_s, u"0|0|0"_s}));
 }
 
@@ -185,8 +185,8 @@ TEST_P(Counting, AGroupsLimitIsSharedAndItsEndLeavesTheMembersRows)
 {
     SetGroup("mode = 1, traflim = 20, trafperiod = 2");
     Set(kBert, "mode = 1, traflim = 100, trafperiod = 1");
-    Count1(kAnna, {15, 1});
-    EXPECT_EQ(Count1(kBert, {5, 1}).groupsUsedUp, QList {kEverybodyGroup});
+    CountFor(kAnna, {15, 1});
+    EXPECT_EQ(CountFor(kBert, {5, 1}).groupsUsedUp, QList {kEverybodyGroup});
     EXPECT_EQ(Rows(kGroupTraffic), QStringList {u"2|20|2|1"_s});
     EXPECT_EQ(Rows("SELECT blocked, blockreason FROM groups WHERE group_id = 80"),
               QStringList {u"1|1"_s});
@@ -200,9 +200,9 @@ TEST_P(Counting, AGroupsCreditsExtendItsLimit)
 {
     SetGroup("mode = 1, traflim = 20, trafperiod = 1");
     Run("INSERT INTO billing (mode, trafid, group_id, data) VALUES (1, 0, 80, 5)");
-    EXPECT_EQ(Count1(kAnna, {24}).groupsUsedUp, QList<GroupId>());
+    EXPECT_EQ(CountFor(kAnna, {24}).groupsUsedUp, QList<GroupId>());
     EXPECT_EQ(Rows(kCredits), QStringList {u"4|0|0"_s});
-    EXPECT_EQ(Count1(kBert, {1}).groupsUsedUp, QList {kEverybodyGroup});
+    EXPECT_EQ(CountFor(kBert, {1}).groupsUsedUp, QList {kEverybodyGroup});
     EXPECT_EQ(Rows(kGroupTraffic), QStringList {u"1|20|0|1"_s});
 }
 
@@ -215,7 +215,8 @@ TEST_P(Counting, APrePaidGroupPaysForMembersWithoutAnAccount)
     Does(kBert, {50});
     Write();
     EXPECT_EQ(Rows(kCredits), QStringList {u"2|4|0"_s});
-    EXPECT_EQ(Count1(kAnna, {7}).groupsUsedUp, QList<GroupId>()) << "its members are refused by it";
+    EXPECT_EQ(CountFor(kAnna, {7}).groupsUsedUp, QList<GroupId>())
+        << "its members are refused by it";
     EXPECT_EQ(Rows(kCredits), QStringList {u"5|10|1"_s});
     EXPECT_EQ(Rows("SELECT blocked FROM groups WHERE group_id = 80"), QStringList {u"0"_s});
 }
@@ -225,7 +226,7 @@ TEST_P(Counting, CreditsFromBeforeTheRecordAreTiedToIt)
     Set(kAnna, "mode = 5, traflim = 1, trafperiod = 1, timelim = 1, timeperiod = 2");
     Run("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, 0, 1, 3)");
     Run("INSERT INTO billing (mode, time_id, object_id, data) VALUES (4, 0, 1, 3)");
-    Count1(kAnna, {2, 0, 2});
+    CountFor(kAnna, {2, 0, 2});
     EXPECT_EQ(Rows("SELECT trafid, time_id, usage FROM billing ORDER BY bill_id"),
               (QStringList {u"1||1"_s, u"|1|1"_s}));
 }
@@ -233,10 +234,10 @@ TEST_P(Counting, CreditsFromBeforeTheRecordAreTiedToIt)
 TEST_P(Counting, ALimitsCreditOfAnEarlierDayIsNotThisDays)
 {
     Set(kAnna, "mode = 1, traflim = 1, trafperiod = 1");
-    Count1(kAnna, {0.5});
+    CountFor(kAnna, {0.5});
     Run("INSERT INTO billing (mode, trafid, object_id, data) VALUES (1, 1, 1, 3)");
     GoTo({2026, 11, 22});
-    EXPECT_EQ(Count1(kAnna, {2}).trafficUsedUp, QList {kAnna});
+    EXPECT_EQ(CountFor(kAnna, {2}).trafficUsedUp, QList {kAnna});
     EXPECT_EQ(Rows(kCredits), QStringList {u"0|0|0"_s});
 }
 
@@ -245,7 +246,7 @@ TEST_P(Counting, AnExpiredCreditExtendsNoLimit)
     Set(kAnna, "mode = 1, traflim = 1, trafperiod = 2");
     Run("INSERT INTO billing (mode, trafid, object_id, data, unlimited, expiredday) "
         "VALUES (1, 0, 1, 3, 0, '2026.11.20')");
-    EXPECT_EQ(Count1(kAnna, {2}).trafficUsedUp, QList {kAnna});
+    EXPECT_EQ(CountFor(kAnna, {2}).trafficUsedUp, QList {kAnna});
     EXPECT_EQ(Rows(kCredits), QStringList {u"0|0|1"_s});
 }
 
@@ -255,7 +256,7 @@ TEST_P(Counting, BlocksByTheAdministratorStay)
         Set(kAnna, "mode = 1, traflim = 100, trafperiod = 1, blocked = true");
         Set(kAnna, block);
         EXPECT_TRUE(Settle().lifted.isEmpty());
-        EXPECT_TRUE(Count1(kAnna, {100}).trafficUsedUp.isEmpty());
+        EXPECT_TRUE(CountFor(kAnna, {100}).trafficUsedUp.isEmpty());
         EXPECT_EQ(Rows(kBlocks), QStringList {u"1|"_s + QLatin1Char(block[14])});
     }
 }
@@ -263,9 +264,9 @@ TEST_P(Counting, BlocksByTheAdministratorStay)
 TEST_P(Counting, ARaisedLimitLiftsTheBlockWithTheNextCount)
 {
     Set(kAnna, "mode = 1, traflim = 10, trafperiod = 1");
-    Count1(kAnna, {10});
+    CountFor(kAnna, {10});
     Set(kAnna, "traflim = 20");
-    EXPECT_EQ(Count1(kAnna, {1}).lifted, QList {kAnna});
+    EXPECT_EQ(CountFor(kAnna, {1}).lifted, QList {kAnna});
     EXPECT_EQ(Rows(kBlocks), QStringList {u"0|1"_s});
 }
 
@@ -296,6 +297,17 @@ TEST_P(Counting, WhoWasRefusedByTheKernelHasNothingLeft)
         ASSERT_TRUE(standing && *standing);
         EXPECT_EQ((*standing)->user.refused, each.isUsedUp) << each.columns;
     }
+}
+
+TEST_P(Counting, TimeOfWhoWasRefusedIsCountedOnce)
+{
+    Set(kAnna, "mode = 1, traflim = 10, trafperiod = 1");
+    Does(kAnna, {10, 0, 1});
+    next.usedUp = {kAnna};
+    const Count count = Taken();
+    ASSERT_TRUE(WriteCount(count, kPrices));
+    ASSERT_TRUE(WriteCount(count, kPrices));
+    EXPECT_EQ(Rows(kTime), QStringList {u"1|0|1|0"_s});
 }
 
 TEST_P(Counting, AGroupThatWasRefusedByTheKernelHasNothingLeft)
@@ -359,7 +371,7 @@ TEST_P(Counting, TheSameCountOnceMoreCountsNothing)
 
 TEST_P(Counting, ANewGenerationBeginsAtNothing)
 {
-    Count1(kAnna, {3});
+    CountFor(kAnna, {3});
     next.generation = 8;
     OfUser(kAnna).received = 1 << 20;
     Write();
@@ -369,9 +381,9 @@ TEST_P(Counting, ANewGenerationBeginsAtNothing)
 
 TEST_P(Counting, GatewaysCountSideBySide)
 {
-    Count1(kAnna, {3});
+    CountFor(kAnna, {3});
     next.gatewayId = u"other"_s;
-    Count1(kAnna, {1}); // 4 megabytes on its counter
+    CountFor(kAnna, {1}); // 4 megabytes on its counter
     EXPECT_EQ(Rows(kTraffic), QStringList {u"1|0|7|0|0"_s});
 }
 
@@ -390,7 +402,7 @@ TEST_P(Counting, WhatWasCountedBeforeTheAddressWasSomebodysIsAccountedOnce)
 
 TEST_P(Counting, AnAddressThatMovesTakesOnlyWhatIsNewToItsNewOwner)
 {
-    Count1(kAnna, {3});
+    CountFor(kAnna, {3});
     OfUser(kAnna).owner = kBert;
     Does(kAnna, {2}); // on the same address
     Write();
@@ -413,7 +425,7 @@ TEST_P(Counting, OfSeveralRecordsOfADayTheLastOneCounts)
         "VALUES (1, 0, #2026/11/21#, 5)");
     Run("INSERT INTO traffic_use (user_id, period, current_time, data) "
         "VALUES (1, 0, #2026/11/21#, 7)");
-    Count1(kAnna, {1});
+    CountFor(kAnna, {1});
     EXPECT_EQ(Rows("SELECT data FROM traffic_use ORDER BY traf_id"),
               (QStringList {u"5"_s, u"8"_s}));
 }

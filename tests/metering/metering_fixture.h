@@ -48,10 +48,10 @@ protected:
         EXPECT_FALSE(LastFailure());
     }
 
-    static void Run(const char *sqlText)
+    static void Run(const QByteArray &sqlText)
     {
-        Execute(sqlText);
-        EXPECT_FALSE(LastFailure()) << sqlText;
+        Execute(sqlText.constData());
+        EXPECT_FALSE(LastFailure()) << sqlText.constData();
     }
 
     // Lets the user's own address have done so at the next count.
@@ -83,7 +83,7 @@ protected:
         return counted.value_or(Counted());
     }
 
-    Counted Count1(UserId user, const Activity &activity)
+    Counted CountFor(UserId user, const Activity &activity)
     {
         Does(user, activity);
         return Write();

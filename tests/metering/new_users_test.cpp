@@ -130,7 +130,8 @@ TEST_P(NewUsers, AnAddressFollowsTheIdentification)
     };
     for (const Case &each : cases) {
         RunBeside("DELETE FROM users");
-        Execute("INSERT INTO users (username, ip_addr, mac_addr) VALUES ('anna', '10.0.0.1', 'AA')");
+        Execute(
+            "INSERT INTO users (username, ip_addr, mac_addr) VALUES ('anna', '10.0.0.1', 'AA')");
         Execute("INSERT INTO users (username, ip_addr) VALUES ('bert', '10.0.0.2')");
         rules.identification = each.identification;
         rules.keepsAddresses = each.keepsAddresses;

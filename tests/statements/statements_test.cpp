@@ -150,12 +150,13 @@ std::set<Statement> FixedStatements()
     return statements;
 }
 
-// Of ids that the demonstration has, and of one that it has not.
+// Of ids that the demonstration has, and of one that it has not; the texts differ and are days.
 StagedRows SampleRows()
 {
     StagedRows rows;
+    int day = 20;
     for (const quint32 id : {1U, 2U, 3U, 900'000U}) {
-        rows.Add(id, {1, 2'097'152, 0.25, 3}, {u"2026-11-20"_s, u"1"_s, u"gate"_s});
+        rows.Add(id, {1, 2'097'152, 0.25, 3}, {u"2026-11-%1"_s.arg(day++), u"1"_s, u"gate"_s});
     }
     return rows;
 }

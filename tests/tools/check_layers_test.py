@@ -13,7 +13,7 @@ spec.loader.exec_module(check_layers)
 SOUND = {
     "CMakeLists.txt": "set(TB_FOLDERS base db service actions startup app\n    ui/common ui/main)\n",
     "main.cpp": '#include "ui/main/frame.h"\n#include <QDBusConnection>\n#include <QMessageBox>\n',
-    "base/text.h": "#include <QString>\n#include <QTextDocument>\n#include <QTextLayout>\n",
+    "base/text.h": "#include <QString>\n#include <QStringView>\n#include <QTextDocument>\n#include <QTextLayout>\n",
     "db/session.cpp": '#include "base/text.h"\n#include "db/session.h"\n#include <sqlext.h>\n'
                       'const char *kText = "SELECT name FROM users";\n',
     "db/session.h": "",
@@ -40,6 +40,8 @@ BROKEN = [
     ("actions/read.cpp", '#include "db/session.h"', "which belongs to db/ and startup/"),
     ("ui/main/list.cpp", '#include "db/write.h"', "which belongs to db/ and actions/"),
     ("app/bus.h", "#include <QDBusConnection>", "which belongs to service/"),
+    ("db/kernel.cpp", "#include <linux/netfilter/nf_tables.h>", "which belongs to gateway/"),
+    ("db/kernel.cpp", "#include <linux/netlink.h>", "which belongs to gateway/"),
     ("db/box.cpp", "#include <QMessageBox>", "which belongs to ui/ and app/"),
     ("db/all.cpp", "#include <QtWidgets>", "which belongs to ui/ and app/"),
     ("db/grid.cpp", "#include <QGridLayout>", "which belongs to ui/ and app/"),

@@ -26,7 +26,11 @@ public:
                 std::this_thread::sleep_for(pause);
             }
         })
-    { }
+    {
+        while (sent == 0 || received == 0) { // both ways work
+            std::this_thread::yield();
+        }
+    }
     ~Flow() { Stop(); }
     Flow(const Flow &) = delete;
     Flow &operator=(const Flow &) = delete;

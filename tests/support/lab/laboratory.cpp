@@ -5,12 +5,17 @@
 #include <QFile>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <linux/capability.h>
+#include <net/if.h>
 #include <sched.h>
+#include <sys/ioctl.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/syscall.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -69,6 +74,15 @@ QString EnterUserNamespace()
     return HandOnRights() ? QString() : Refused(u"the rights of a user namespace"_s);
 }
 
+bool IsRunning(const char *interface)
+{
+    const OpenFile any(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    ifreq request {};
+    std::strncpy(request.ifr_name, interface, IFNAMSIZ - 1);
+    return ioctl(any.Number(), SIOCGIFFLAGS, &request) == 0
+        && (request.ifr_flags & IFF_RUNNING) != 0;
+}
+
 QString TextOf(const GatewayResult<void> &result)
 {
     return result ? QString() : result.error().text;
@@ -108,6 +122,9 @@ tl::expected<std::unique_ptr<Laboratory>, QString> Laboratory::Make()
     }
     if (refused.isEmpty()) {
         refused = made->SetUpEnd(Place::Internet, u"78"_s);
+    }
+    if (refused.isEmpty()) {
+        refused = made->WaitForLinks();
     }
     if (!refused.isEmpty()) {
         return tl::unexpected(refused);
@@ -187,6 +204,24 @@ QString Laboratory::SetUpEnd(Place place, const QString &network) const
             .and_then(
                 [&] { return links->AddRoute(u"0.0.0.0"_s, 0, u"10."_s + network + u".0.1"); })
             .and_then([&] { return links->AddRoute(u"::"_s, 0, u"fd"_s + network + u"::1"); }));
+}
+
+QString Laboratory::WaitForLinks() const
+{
+    const std::pair<Place, const char *> links[] = {{Place::Workstations, "eth0"},
+                                                    {Place::Gateway, "lan0"},
+                                                    {Place::Gateway, "wan0"},
+                                                    {Place::Internet, "eth0"}};
+    for (const auto &[place, name] : links) {
+        const Visit visit(*this, place);
+        for (int wait = 0; !IsRunning(name); ++wait) {
+            if (wait == 300) {
+                return u"A link between network namespaces does not come up"_s;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+    return {};
 }
 
 bool Laboratory::Set(const QString &name, const QString &value)

@@ -53,6 +53,9 @@ private:
     [[nodiscard]] QString SetUpGateway() const;
     [[nodiscard]] QString SetUpEnd(Place place, const QString &network) const;
 
+    // A new link drops what is sent until the kernel has noticed that both ends are up.
+    [[nodiscard]] QString WaitForLinks() const;
+
     std::array<OpenFile, 3> namespaces;
 };
 

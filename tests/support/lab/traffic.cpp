@@ -19,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSilenceMs = 100;
-constexpr int kConnectMs = 500;
+constexpr int kSilenceMs = 200;
+constexpr int kConnectMs = 3000; // a lost packet is sent again after one second
 
 struct SocketAddress
 {
@@ -69,6 +69,11 @@ Bound(const Laboratory &laboratory, Place place, int type, int protocol, const E
     const int buffer = 8 << 20;
     setsockopt(made.Number(), SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     setsockopt(made.Number(), SOL_SOCKET, SO_RCVBUFFORCE, &buffer, sizeof buffer);
+    // A connection that is closed ends at once: no packet of it comes later, amid another test.
+    const linger atOnce {.l_onoff = 1, .l_linger = 0};
+    if (type == SOCK_STREAM) {
+        setsockopt(made.Number(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+    }
     // An IPv6 address of a whole network that is local belongs to no interface.
     setsockopt(made.Number(), IPPROTO_IPV6, IPV6_FREEBIND, &yes, sizeof yes);
     if (bind(made.Number(), address.Plain(), address.size) != 0) {

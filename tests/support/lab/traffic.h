@@ -23,14 +23,14 @@ int SendDatagrams(const OpenFile &socket, const Endpoint &to, int bytes, int cou
 // Sends one datagram from any IPv4 address of the socket's place, which is bound to 0.0.0.0.
 bool SendFrom(const OpenFile &socket, quint32 from, const Endpoint &to, int bytes);
 
-// The datagrams that come until there are `expected`, or until none has come for a tenth of a second.
+// The datagrams that come until there are `expected`, or until none has come for a fifth of a second.
 [[nodiscard]] int TakeDatagrams(const OpenFile &socket, int expected);
 
-// What becomes of an echo request (ping): whether an answer came within a tenth of a second.
+// What becomes of an echo request (ping): whether an answer came within a fifth of a second.
 [[nodiscard]] bool
 Ping(const Laboratory &laboratory, Place place, const QString &from, const QString &to, int bytes);
 
-// Connects and waits for the end of it, half a second at most: 0, or the number of errno.h.
+// Connects and waits for the end of it, three seconds at most: 0, or the number of errno.h.
 struct Connected
 {
     OpenFile socket;
@@ -46,7 +46,7 @@ Connect(const Laboratory &laboratory, Place place, const Endpoint &own, const En
 [[nodiscard]] OpenFile Accept(const OpenFile &listener);
 
 // Sends bytes from one end of a connection to the other until all have come or nothing more comes
-// for two tenths of a second; how many came.
+// for two fifths of a second; how many came.
 qint64 Transfer(const OpenFile &from, const OpenFile &to, qint64 bytes);
 
 // IP bytes that an interface of the gateway has taken in and given out: its own counters less 14 bytes
