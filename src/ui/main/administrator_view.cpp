@@ -351,12 +351,16 @@ QString CAdministratorView::TextWhenEmpty() const
 
 void CAdministratorView::OpenProperties()
 {
-    OpenFor(dialogs.userProperties);
+    if (!commands.TellsOfMatching()) {
+        OpenFor(dialogs.userProperties);
+    }
 }
 
 void CAdministratorView::OpenAccount()
 {
-    OpenFor(dialogs.userAccount);
+    if (!commands.TellsOfMatching()) {
+        OpenFor(dialogs.userAccount);
+    }
 }
 
 QString CAdministratorView::AccountPrompt() const
@@ -366,6 +370,10 @@ QString CAdministratorView::AccountPrompt() const
 
 void CAdministratorView::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
 {
+    if (matching.AreChosen()) {
+        answer(false);
+        return;
+    }
     AskForAccountBy(services.database, UserHasAccount, context, answer);
 }
 
@@ -453,11 +461,20 @@ void CAdministratorView::keyPressEvent(QKeyEvent *event)
         ShowSortIndicator();
         return;
     }
-    if (event->matches(QKeySequence::SelectAll)) {
+    IdListPane::keyPressEvent(event);
+}
+
+// The keys of commands are none of these: what they open takes the focus, and with it the first row out
+// of the selection, without anybody having chosen anew.
+void CAdministratorView::MoveByKey(QKeyEvent *event)
+{
+    const bool takesOneRow =
+        event->key() == Qt::Key_Space && event->modifiers() == Qt::ControlModifier;
+    if (takesOneRow || event->matches(QKeySequence::SelectAll)) {
         EndMatching();
     }
     const QItemSelection before = selectionModel()->selection();
-    IdListPane::keyPressEvent(event);
+    IdListPane::MoveByKey(event);
     if (selectionModel()->selection() != before) {
         matching.End();
     }

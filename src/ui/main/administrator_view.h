@@ -105,6 +105,7 @@ protected:
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void MoveByKey(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void startDrag(Qt::DropActions actions) override;
 
