@@ -27,17 +27,26 @@ bool Perform(const AppServices &services,
              const Action &action,
              SessionThread::Patience patience)
 {
+    return PerformTelling(services, parent, what, action, patience).IsDone();
+}
+
+Outcome PerformTelling(const AppServices &services,
+                       QWidget *parent,
+                       const QString &what,
+                       const Action &action,
+                       SessionThread::Patience patience)
+{
     const Outcome outcome = PerformQuietly(services, parent, what, action, patience);
     if (outcome.IsDone()) {
         if (KindOf(action.id).isEnforced) {
             emit services.news.Stored(outcome.serviceTold);
         }
-        return true;
+        return outcome;
     }
     services.prompt.Tell(InWords(action.id, outcome),
                          outcome.state == Outcome::State::Refused ? Prompt::Icon::Warning
                                                                   : Prompt::Icon::Error);
-    return false;
+    return outcome;
 }
 
 void TellUnread(const AppServices &services, const QString &what, const Failure &failure)

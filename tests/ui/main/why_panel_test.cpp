@@ -239,6 +239,9 @@ TEST_F(WhyPanelTest, UndoRefusesWhatSomebodyElseChanged)
     EXPECT_EQ(prompt.TakeSaid().last(),
               u"The block of these users was changed meanwhile. Nothing was undone."_s);
     EXPECT_EQ(RowsOf(kBlocks).at(0), u"anna|1|1"_s);
+    EXPECT_FALSE(Undo().isVisible());
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
 }
 
 TEST_F(WhyPanelTest, KeysInTheGroupsListBlockNobody)
