@@ -1,6 +1,22 @@
 #include "app/perform.h"
 
+#include "access/block_commands.h"
 #include "app/answering.h"
+
+namespace {
+
+void KeepBlockMoments(const AppServices &services, const QList<Change> &changes)
+{
+    for (const auto &[userId, byAdministrator] : ChangedBlocksIn(changes)) {
+        if (byAdministrator) {
+            services.blockMoments->Keep(userId, QDateTime::currentDateTime());
+        } else {
+            services.blockMoments->Forget(userId);
+        }
+    }
+}
+
+} // namespace
 
 Outcome PerformQuietly(const AppServices &services,
                        QWidget *parent,
@@ -38,6 +54,7 @@ Outcome PerformTelling(const AppServices &services,
 {
     const Outcome outcome = PerformQuietly(services, parent, what, action, patience);
     if (outcome.IsDone()) {
+        KeepBlockMoments(services, outcome.changes);
         if (KindOf(action.id).isEnforced) {
             emit services.news.Stored(outcome.serviceTold);
         }

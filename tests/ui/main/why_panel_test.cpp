@@ -229,6 +229,26 @@ TEST_F(WhyPanelTest, BlocksByKeysAndUndoesItUntilTheNextAction)
     EXPECT_EQ(RowsOf(kBlocks).at(1), u"bert|0|3"_s) << "there is nothing to undo any more";
 }
 
+TEST_F(WhyPanelTest, TellsSinceWhenOfABlockMadeHere)
+{
+    ShowPanel();
+    const auto line = [this](int row) {
+        Click(row);
+        return Lines().value(0);
+    };
+    EXPECT_EQ(line(1), u"Blocked by the administrator."_s) << "nobody knows since when";
+    Click(0);
+    Press(Qt::Key_B, Qt::ControlModifier);
+    EXPECT_TRUE(line(0).startsWith(u"Blocked by the administrator since "_s))
+        << qPrintable(line(0));
+    Execute("UPDATE users SET blocked = 0"); // by somebody else, who then blocks them again
+    EXPECT_EQ(line(1), u"Nothing stands against access."_s);
+    EXPECT_EQ(line(0), u"Nothing stands against access."_s);
+    Execute("UPDATE users SET blocked = 1");
+    EXPECT_EQ(line(1), u"Blocked by the administrator."_s);
+    EXPECT_EQ(line(0), u"Blocked by the administrator."_s);
+}
+
 TEST_F(WhyPanelTest, UndoRefusesWhatSomebodyElseChanged)
 {
     ShowPanel();
