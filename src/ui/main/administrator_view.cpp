@@ -64,6 +64,7 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     connect(&finder, &UserFinder::Found, this, &CAdministratorView::TakeFound);
     connect(&finder, &UserFinder::Failed, this, [this] { TellRead(false); });
     connect(&matching, &MatchingUsers::Changed, this, &CAdministratorView::MatchingChanged);
+    connect(this, &ListPane::Focused, this, &CAdministratorView::SelectMatching);
 }
 
 CAdministratorView::~CAdministratorView()
@@ -290,6 +291,14 @@ void CAdministratorView::ChooseAllMatching()
     matching.Choose(filter, {shownOrder, shownAscending}, *window());
     if (matching.AreChosen()) {
         setFocus(Qt::OtherFocusReason);
+        SelectMatching();
+    }
+}
+
+// Also when the focus comes back, with which the first row had left the selection.
+void CAdministratorView::SelectMatching()
+{
+    if (matching.AreChosen()) {
         selectAll();
     }
 }

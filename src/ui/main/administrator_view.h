@@ -112,6 +112,7 @@ protected:
 private:
     [[nodiscard]] ListToExport WholeList() const;
     void MatchingChanged();
+    void SelectMatching();
     void FillPopUpOfMatching(QMenu &menu);
     void InsertColumns();
     void FitMacAddresses();

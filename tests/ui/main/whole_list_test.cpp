@@ -289,6 +289,13 @@ TEST_F(WholeList, StayChosenWhateverTakesTheFocus)
     setLimits();
     EXPECT_EQ(opened.value(0).count(u','), 1099);
     expectAll("Yes");
+    Find<QLineEdit>(*frame, "findUser").setFocus();
+    EXPECT_EQ(Users().SelectedRows().size(), 999);
+    QTest::mouseClick(Users().viewport(),
+                      Qt::RightButton,
+                      {},
+                      Users().visualRect(Users().model()->index(0, 0)).center());
+    expectAll("the right button, back from the find bar");
     QTest::keyClick(&Users(), Qt::Key_Space, Qt::ControlModifier);
     EXPECT_EQ(Users().ChosenIds().size(), 1) << "as Ctrl and a click";
 }
