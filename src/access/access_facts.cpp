@@ -215,7 +215,7 @@ private:
 
     void AddOwnBlock()
     {
-        const BlockFact block {user.own.block.reason, user.blockedSince};
+        const BlockFact block {user.own.block.reason, user.blockedSince, user.own.mode};
         const BlockMeaning meaning = MeaningOf(user.own.block);
         if (meaning == BlockMeaning::ByAdministrator || meaning == BlockMeaning::Unknown) {
             AddFact(FactKind::AdministratorBlock, FactEffect::Refuses, false, block);
@@ -287,7 +287,7 @@ private:
                          {FactKind::GroupBlock,
                           FactEffect::Refuses,
                           true,
-                          BlockFact {group.block.reason, {}}});
+                          BlockFact {group.block.reason, {}, group.mode}});
         }
         AddTimes(group.times, true);
     }

@@ -122,6 +122,8 @@ struct BlockFact
 {
     BlockReason reason = BlockReason::None;
     std::optional<QDateTime> since;
+    AccountingMode mode =
+        AccountingMode::NoControl; // of whom is blocked: it tells what lifts a block
 
     bool operator==(const BlockFact &) const = default;
 };

@@ -315,6 +315,30 @@ private:
     const WordsStyle &style;
 };
 
+// What lifts a block by the service. Without a limit or a credit only another access type does, which the
+// access page gives.
+QList<WhyCommand> CommandsLifting(AccountingMode mode)
+{
+    switch (mode) {
+    case AccountingMode::Traffic:
+    case AccountingMode::Time:
+    case AccountingMode::TrafficAndTime:
+        return {WhyCommand::RaiseLimit, WhyCommand::AddCredit};
+    case AccountingMode::Provider:
+        return {WhyCommand::AddCredit};
+    case AccountingMode::NoControl:
+        break;
+    }
+    return {WhyCommand::Access};
+}
+
+// Of a group the access page lifts the administrator's block alone.
+QList<WhyCommand> CommandsOfGroupBlock(const BlockFact &block)
+{
+    return block.reason == BlockReason::Administrator ? QList {WhyCommand::Unblock}
+                                                      : CommandsLifting(block.mode);
+}
+
 // The console has no window for a group's times and protocols.
 QList<WhyCommand> CommandsOf(const Fact &fact)
 {
@@ -322,10 +346,11 @@ QList<WhyCommand> CommandsOf(const Fact &fact)
     case FactKind::Unmonitored:
         return {WhyCommand::Monitor};
     case FactKind::AdministratorBlock:
-    case FactKind::GroupBlock:
         return {WhyCommand::Unblock};
+    case FactKind::GroupBlock:
+        return CommandsOfGroupBlock(std::get<BlockFact>(fact.values));
     case FactKind::ServiceBlock:
-        return {WhyCommand::Access};
+        return CommandsLifting(std::get<BlockFact>(fact.values).mode);
     case FactKind::TrafficLimit:
     case FactKind::TimeLimit:
         return {WhyCommand::RaiseLimit, WhyCommand::AddCredit};

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Words
@@ -86,6 +88,17 @@ Action ActionOf(ActionId id,
             [&command, userIds, changed](ActionRun &run) { Run(run, command, userIds, *changed); }};
 }
 
+// The column's value after the change; nothing where it is as it was.
+std::optional<QString> ValueAfter(const Change &change, const QString &column)
+{
+    for (const QString &value : change.after) {
+        if (value.startsWith(column + u'=')) {
+            return value.mid(column.size() + 1);
+        }
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 Action BlockUsersAction(const std::vector<UserId> &userIds, const BlockChanges &changed)
@@ -119,4 +132,23 @@ Action UndoBlocksAction(const std::vector<BlockChange> &changes)
                     }
                 }
             }};
+}
+
+// A row that is blocked anew for the reason that it has kept tells of no reason. What the console writes so
+// is the administrator's block alone.
+std::vector<ChangedBlock> ChangedBlocksIn(const QList<Change> &changes)
+{
+    const QString administrator = QString::number(static_cast<quint32>(BlockReason::Administrator));
+    std::vector<ChangedBlock> changed;
+    for (const Change &change : changes) {
+        const auto blocked = ValueAfter(change, u"blocked"_s);
+        const auto reason = ValueAfter(change, u"blockreason"_s);
+        const bool isGone = change.after.isEmpty();
+        if (change.table == u"users"_s && (blocked || reason || isGone)) {
+            const bool denies = !isGone && blocked.value_or(u"1"_s) != u"0"_s;
+            changed.push_back({UserId {change.key.toUInt()},
+                               denies && reason.value_or(administrator) == administrator});
+        }
+    }
+    return changed;
 }

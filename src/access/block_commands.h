@@ -34,3 +34,16 @@ using BlockChanges = std::shared_ptr<std::vector<BlockChange>>;
 // Blocks and unblocks the users as they were before. Refused when the block of any of them is no longer
 // as the change left it.
 [[nodiscard]] Action UndoBlocksAction(const std::vector<BlockChange> &changes);
+
+// A user whose block is another one after an action, whatever action it was.
+struct ChangedBlock
+{
+    UserId userId;
+    bool byAdministrator =
+        false; // blocked by it now; false: unblocked, blocked for a limit, or gone
+
+    bool operator==(const ChangedBlock &) const = default;
+};
+
+// Of the changes that an outcome tells of.
+[[nodiscard]] std::vector<ChangedBlock> ChangedBlocksIn(const QList<Change> &changes);

@@ -166,6 +166,34 @@ Problem TakeSpan(const QString &text, UserFilter &filter)
     return {};
 }
 
+// The digits of a hardware address, where they may be some that were typed with blanks between.
+bool AreDigits(const TypedWord &word)
+{
+    static const QRegularExpression shape(u"^[0-9A-Fa-f]{1,6}$"_s);
+    return !word.quoted && shape.match(word.text).hasMatch();
+}
+
+// The next text, which continues a run or begins one: pairs, fours or halves of an address, the last of
+// which may still be typed.
+void TakeDigits(UserFilter &filter, const QString &text)
+{
+    constexpr qsizetype kWholeAddress = 12;
+    if (!filter.runs.isEmpty()) {
+        DigitRun &run = filter.runs.last();
+        const qsizetype width = filter.texts[run.first].size();
+        const bool isNext = run.first + run.count == filter.texts.size()
+            && run.digits.size() == run.count * width && text.size() <= width;
+        if (isNext && run.digits.size() + text.size() <= kWholeAddress) {
+            ++run.count;
+            run.digits += text.toUpper();
+            return;
+        }
+    }
+    if (text.size() % 2 == 0) {
+        filter.runs << DigitRun {filter.texts.size(), 1, text.toUpper()};
+    }
+}
+
 Problem TakePlain(const TypedWord &word, UserFilter &filter)
 {
     const auto isWord = [&word](const QString &known) {
@@ -179,6 +207,9 @@ Problem TakePlain(const TypedWord &word, UserFilter &filter)
     } else if (isWord(kOverWord)) {
         filter.usedUp = true;
     } else {
+        if (AreDigits(word)) {
+            TakeDigits(filter, word.text);
+        }
         filter.texts << word.text;
     }
     return {};
@@ -248,6 +279,9 @@ tl::expected<UserFilter, QString> UserFilterFrom(const QString &typed)
             return tl::unexpected(*problem);
         }
     }
+    constexpr qsizetype kFewDigits = 4; // fewer stand in too many addresses
+    filter.runs.removeIf(
+        [](const DigitRun &run) { return run.count < 2 || run.digits.size() < kFewDigits; });
     return filter;
 }
 

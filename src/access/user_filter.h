@@ -29,12 +29,24 @@ struct AddressSpan
     bool operator==(const AddressSpan &) const = default;
 };
 
+// Texts one after the other that are the digits of a hardware address, typed with blanks between them.
+struct DigitRun
+{
+    qsizetype first = 0; // index of the text
+    qsizetype count = 0; // two or more
+    QString digits; // of all of them, at least four, in upper case
+
+    bool operator==(const DigitRun &) const = default;
+};
+
 // A user is found when everything that is named here holds for it.
 struct UserFilter
 {
     // Each stands somewhere in the user name, full name, workstation, description, IP or MAC address,
     // in the group's name or in a login of the user.
     QStringList texts {};
+    // Where the digits of a run stand in the MAC address, its texts need not stand anywhere.
+    QList<DigitRun> runs {};
     QList<FilterGroup> groups {};
     QList<AddressSpan> spans {};
     QList<QList<AccountingMode>> modes {}; // one of each list

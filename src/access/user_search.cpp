@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -68,23 +69,36 @@ void AddHolds(Statement &statement, const char *column, const QString &pattern)
     statement.Bind(pattern);
 }
 
+// Of an address of any kind: "10.1.2", "fe80::1".
 bool IsPartOfAddress(const QString &text)
 {
-    static const QRegularExpression shape(u"^[0-9.]+$"_s);
-    return shape.match(text).hasMatch();
+    static const QRegularExpression shape(u"^[0-9A-Fa-f.:]+$"_s);
+    static const QRegularExpression letters(u"^[A-Fa-f]+$"_s);
+    return shape.match(text).hasMatch() && !letters.match(text).hasMatch();
+}
+
+// One to four octets with points between them; digits alone are none.
+bool IsPartOfIpv4(const QString &text)
+{
+    static const QRegularExpression shape(
+        uR"(^(0|[1-9][0-9]{0,2})(\.(0|[1-9][0-9]{0,2})){0,3}\.?$)"_s);
+    return text.contains(u'.') && shape.match(text).hasMatch();
 }
 
 // The digits of a hardware address, or of a part of it, as it is stored; empty for any other text. A few
 // digits without separators are rather part of a name or a number.
 QString HardwareDigits(const QString &text)
 {
-    static const QRegularExpression pairs(u"^([0-9A-Fa-f]{2}[:-])+[0-9A-Fa-f]{0,2}$"_s);
-    static const QRegularExpression fours(u"^([0-9A-Fa-f]{4}[.])+[0-9A-Fa-f]{0,4}$"_s);
+    static const QRegularExpression begun(u"^([0-9A-Fa-f]{2}[:-])+[0-9A-Fa-f]{0,2}$"_s);
+    static const QRegularExpression pairs(
+        uR"(^[0-9A-Fa-f]{2}([\p{P}\p{S}][0-9A-Fa-f]{2})+([\p{P}\p{S}][0-9A-Fa-f]?)?$)"_s);
+    static const QRegularExpression fours(uR"(^([0-9A-Fa-f]{4}[\p{P}\p{S}])+[0-9A-Fa-f]{0,4}$)"_s);
+    static const QRegularExpression halves(uR"(^[0-9A-Fa-f]{6}[\p{P}\p{S}][0-9A-Fa-f]{0,6}$)"_s);
     static const QRegularExpression bare(u"^[0-9A-Fa-f]{4,12}$"_s);
-    for (const auto *shape : {&pairs, &fours, &bare}) {
-        if (shape->match(text).hasMatch()) {
+    for (const auto *shape : {&begun, &pairs, &fours, &halves, &bare}) {
+        if (shape->match(text).hasMatch() && !IsPartOfIpv4(text)) {
             QString digits = text.toUpper();
-            digits.removeIf([](QChar c) { return c == u':' || c == u'-' || c == u'.'; });
+            digits.removeIf([](QChar c) { return !c.isLetterOrNumber(); });
             return digits;
         }
     }
@@ -117,7 +131,7 @@ void AddNames(Statement &statement, const QString &pattern, Rows rows)
 void AddText(Statement &statement, const QString &text, Rows rows)
 {
     const QString pattern = Somewhere(text);
-    statement << " AND (";
+    statement << "(";
     for (const char *column : {"username", "fullname", "stationname", "descrip"}) {
         AddHolds(statement, column, pattern);
         statement << " OR ";
@@ -132,6 +146,33 @@ void AddText(Statement &statement, const QString &text, Rows rows)
     }
     AddNames(statement, pattern, rows);
     statement << ")";
+}
+
+// The hardware address, or each of the texts for itself.
+void AddRun(Statement &statement, const DigitRun &run, const QStringList &texts, Rows rows)
+{
+    statement << "(";
+    AddHolds(statement, "mac_addr", Somewhere(run.digits));
+    const char *before = " OR (";
+    for (const QString &text : texts.mid(run.first, run.count)) {
+        statement << std::exchange(before, " AND ");
+        AddText(statement, text, rows);
+    }
+    statement << "))";
+}
+
+void AddTexts(Statement &statement, const UserFilter &filter, Rows rows)
+{
+    for (qsizetype index = 0; index < filter.texts.size(); ++index) {
+        const auto run = std::ranges::find(filter.runs, index, &DigitRun::first);
+        statement << " AND ";
+        if (run == filter.runs.end()) {
+            AddText(statement, filter.texts[index], rows);
+        } else {
+            AddRun(statement, *run, filter.texts, rows);
+            index += run->count - 1;
+        }
+    }
 }
 
 void AddGroup(Statement &statement, const FilterGroup &group)
@@ -204,9 +245,7 @@ void AddConditions(Statement &statement, const UserFilter &filter, Rows rows)
         statement.Bind(static_cast<quint32>(BlockReason::TrafficUsedUp))
             .Bind(static_cast<quint32>(BlockReason::TimeUsedUp));
     }
-    for (const QString &text : filter.texts) {
-        AddText(statement, text, rows);
-    }
+    AddTexts(statement, filter, rows);
 }
 
 // How the table of users is read.
@@ -278,6 +317,9 @@ Statement Beginnings(const UserFilter &filter, ListOrder order)
     }
     if (const QString digits = HardwareDigits(text); !digits.isEmpty()) {
         AddBeginnings(statement, "mac_addr", digits);
+    }
+    for (const DigitRun &run : filter.runs) {
+        AddBeginnings(statement, "mac_addr", run.digits);
     }
     AddLoginBeginnings(statement, text);
     statement << ") AS near)";

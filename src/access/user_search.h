@@ -20,7 +20,7 @@ struct ListOrder
 [[nodiscard]] bool HasQuickSearch(const UserFilter &filter);
 
 // Of the users of the filter some, at most 1000, whose name, full name, workstation, address or login
-// begins with the longest of its words: of each of these, the first 250 beginnings are looked at.
+// begins with the longest of its words, or whose MAC address begins with a run of them: of each of these, the first 250 beginnings are looked at.
 [[nodiscard]] Result<UserList>
 FindUsersQuickly(const UserFilter &filter, ListOrder order, bool withGroupNames);
 

@@ -1,6 +1,22 @@
 #include "app/perform.h"
 
+#include "access/block_commands.h"
 #include "app/answering.h"
+
+namespace {
+
+void KeepBlockMoments(const AppServices &services, const QList<Change> &changes)
+{
+    for (const auto &[userId, byAdministrator] : ChangedBlocksIn(changes)) {
+        if (byAdministrator) {
+            services.blockMoments->Keep(userId, QDateTime::currentDateTime());
+        } else {
+            services.blockMoments->Forget(userId);
+        }
+    }
+}
+
+} // namespace
 
 Outcome PerformQuietly(const AppServices &services,
                        QWidget *parent,
@@ -27,17 +43,27 @@ bool Perform(const AppServices &services,
              const Action &action,
              SessionThread::Patience patience)
 {
+    return PerformTelling(services, parent, what, action, patience).IsDone();
+}
+
+Outcome PerformTelling(const AppServices &services,
+                       QWidget *parent,
+                       const QString &what,
+                       const Action &action,
+                       SessionThread::Patience patience)
+{
     const Outcome outcome = PerformQuietly(services, parent, what, action, patience);
     if (outcome.IsDone()) {
+        KeepBlockMoments(services, outcome.changes);
         if (KindOf(action.id).isEnforced) {
             emit services.news.Stored(outcome.serviceTold);
         }
-        return true;
+        return outcome;
     }
     services.prompt.Tell(InWords(action.id, outcome),
                          outcome.state == Outcome::State::Refused ? Prompt::Icon::Warning
                                                                   : Prompt::Icon::Error);
-    return false;
+    return outcome;
 }
 
 void TellUnread(const AppServices &services, const QString &what, const Failure &failure)

@@ -16,8 +16,15 @@ class QWidget;
                            const Action &action,
                            SessionThread::Patience patience = SessionThread::Patience::Bounded);
 
-// The same for a window that needs more of the outcome than that it is done: questions are asked,
-// nothing is told.
+// The same for a window that goes on from what became of it.
+[[nodiscard]] Outcome
+PerformTelling(const AppServices &services,
+               QWidget *parent,
+               const QString &what,
+               const Action &action,
+               SessionThread::Patience patience = SessionThread::Patience::Bounded);
+
+// The same, but nothing is told: questions are asked.
 [[nodiscard]] Outcome
 PerformQuietly(const AppServices &services,
                QWidget *parent,

@@ -28,7 +28,16 @@ WhyAccess Judge(StoredUser user, const Moment &now, const Currency &currency)
     return {std::move(user.name), user.groupId, std::move(findings), std::move(lines)};
 }
 
-Result<WhyAnswer> Read(const ConfigStore &settings, UserId userId)
+// A moment of another block than the administrator's that stands is of no use any more.
+std::optional<QDateTime> BlockedSince(BlockMoments &moments, UserId userId, const UserRules &rules)
+{
+    if (MeaningOf(rules.own.block) != BlockMeaning::ByAdministrator) {
+        moments.Forget(userId);
+    }
+    return moments.Of(userId);
+}
+
+Result<WhyAnswer> Read(const ConfigStore &settings, BlockMoments &moments, UserId userId)
 {
     if (const auto problem = ProblemOf(settings)) {
         return WhyAnswer {problem, std::nullopt};
@@ -39,6 +48,7 @@ Result<WhyAnswer> Read(const ConfigStore &settings, UserId userId)
         .map([&](std::optional<StoredUser> user) {
             WhyAnswer answer;
             if (user) {
+                user->rules.blockedSince = BlockedSince(moments, userId, user->rules);
                 answer.why = Judge(*std::move(user), now, currency);
             }
             return answer;
@@ -49,7 +59,9 @@ Result<WhyAnswer> Read(const ConfigStore &settings, UserId userId)
 
 std::function<Result<WhyAnswer>()> WhyAccessOf(const AppServices &services, UserId userId)
 {
-    return [&settings = services.settings, userId] { return Read(settings, userId); };
+    return [&settings = services.settings, moments = services.blockMoments, userId] {
+        return Read(settings, *moments, userId);
+    };
 }
 
 QString WhyNot(const Result<WhyAnswer> &answer)

@@ -6,7 +6,10 @@
 #include "db/session_thread.h"
 #include "service/service_connection.h"
 #include "service/service_control.h"
+#include "startup/block_moments.h"
 #include "startup/change_news.h"
+
+#include <memory>
 
 // Handed down from the start of the program to every window that needs something of it; there is no
 // global way to these. A window may keep the reference: all of them outlive it.
@@ -18,6 +21,7 @@ struct AppServices
     ServiceConnection &connection;
     ChangeNews &news;
     Prompt &prompt;
+    std::shared_ptr<BlockMoments> blockMoments = std::make_shared<BlockMoments>();
 };
 
 // What the main window does as it goes: closes the database session and drops the connection to the

@@ -2,6 +2,8 @@
 #include "access/access_words.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -130,6 +132,37 @@ TEST(AccessWords, NameTheCommandsThatChangeAFact)
     EXPECT_TRUE(lines[1].commands.isEmpty());
     EXPECT_EQ(WhyCommandText(WhyCommand::RaiseLimit, true), u"Raise limit..."_s);
     EXPECT_EQ(WhyCommandText(WhyCommand::Unblock, false), u"Unblock"_s);
+}
+
+// The access page cannot lift a block by the service.
+TEST(AccessWords, NameTheCommandsThatLiftABlock)
+{
+    using enum AccountingMode;
+    using enum WhyCommand;
+    const QList<WhyCommand> limits {RaiseLimit, AddCredit};
+    const std::tuple<BlockReason, AccountingMode, QList<WhyCommand>, QList<WhyCommand>> cases[] = {
+        {BlockReason::TrafficUsedUp, Traffic, limits, limits},
+        {BlockReason::TimeUsedUp, Time, limits, {}},
+        {BlockReason::None, TrafficAndTime, limits, {}},
+        {BlockReason::TrafficUsedUp, Provider, {AddCredit}, {AddCredit}},
+        {BlockReason::None, NoControl, {Access}, {Access}},
+        {BlockReason::Administrator, Traffic, {Unblock}, {Unblock}},
+    };
+    for (const auto &[reason, mode, ofUser, ofGroup] : cases) {
+        UserRules user;
+        user.own.mode = mode;
+        user.own.block = {true, reason};
+        user.own.traffic.limit = Megabytes {500};
+        user.own.time.limit = Hours {5};
+        user.own.credits.push_back({}); // without a bound
+        const Moment now {kToday, QTime(12, 0)};
+        EXPECT_EQ(LinesOf(DecideAccess(user, now), kStyle).front().commands, ofUser);
+        const OwnerRules group = std::exchange(user.own, {});
+        if (!ofGroup.isEmpty()) { // a group has no limit of time
+            user.group = group;
+            EXPECT_EQ(LinesOf(DecideAccess(user, now), kStyle).front().commands, ofGroup);
+        }
+    }
 }
 
 TEST(AccessWords, SayWhereTheListDiffersFromTheDecision)

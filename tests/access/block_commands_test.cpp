@@ -117,3 +117,28 @@ TEST_P(BlockCommands, AreNotUndoneOverWhatSomebodyElseDidMeanwhile)
         EXPECT_EQ(Refusal(UndoBlocksAction(*changed)), refusal) << meanwhile;
     }
 }
+
+TEST_P(BlockCommands, TellWhoseBlockIsTheAdministrators)
+{
+    const auto changedBy = [this](const Action &action) {
+        return ChangedBlocksIn(Run(action).changes);
+    };
+    EXPECT_THAT(changedBy(BlockUsersAction(kAll, changed)),
+                testing::UnorderedElementsAre(ChangedBlock {UserId {1}, true},
+                                              ChangedBlock {UserId {2}, true},
+                                              ChangedBlock {UserId {4}, true},
+                                              ChangedBlock {UserId {5}, true}));
+    EXPECT_THAT(changedBy(UndoBlocksAction(*changed)),
+                testing::UnorderedElementsAre(ChangedBlock {UserId {1}, false},
+                                              ChangedBlock {UserId {2}, false},
+                                              ChangedBlock {UserId {4}, false},
+                                              ChangedBlock {UserId {5}, false}));
+    EXPECT_THAT(changedBy(UnblockUsersAction({UserId {3}}, changed)),
+                testing::ElementsAre(ChangedBlock {UserId {3}, false}));
+    EXPECT_THAT(changedBy(BlockUsersAction({UserId {3}}, changed)), // the reason was kept
+                testing::ElementsAre(ChangedBlock {UserId {3}, true}));
+    EXPECT_EQ(ChangedBlocksIn({{u"users"_s, u"3"_s, {u"user_id=3"_s}, {}}}),
+              std::vector({ChangedBlock {UserId {3}, false}}));
+    EXPECT_TRUE(
+        ChangedBlocksIn({{u"groups"_s, u"3"_s, {u"blocked=0"_s}, {u"blocked=1"_s}}}).empty());
+}

@@ -61,6 +61,8 @@ protected:
              .address = u"none"_s,
              .blocked = 1,
              .reason = 4});
+        Add({.name = u"eve"_s, .address = u"fe80::1:2"_s, .hardware = u"102030405060"_s});
+        Add({.name = u"nr1234"_s});
         Add({.name = u"annabel"_s, .address = u"10.1.2.7"_s, .monitored = 0});
         Add({.name = u"annagone"_s, .address = u"10.1.2.8"_s, .group = 0});
         Execute("INSERT INTO logins (login, userid) VALUES ('nightowl', 4)");
@@ -134,6 +136,29 @@ TEST_P(UserSearch, FindsWhatIsTyped)
         {u"00-16-3e"_s, u"anna"_s},
         {u"3E:aa:bb:C"_s, u"anna"_s},
         {u"0016.3eaa.bb"_s, u"anna"_s},
+        {u"00163e-aabbcc"_s, u"anna"_s},
+        {u"163e/aabb"_s, u"anna"_s},
+        {u"00/16/3e/a"_s, u"anna"_s},
+        {u"00_16_3E"_s, u"anna"_s},
+        {u"00.16.3e"_s, u"anna"_s}, // no part of an IP address begins so
+        {u"10.20.30"_s, u""_s}, // but this one does: eve's hardware address is not meant
+        {u"10.20.30.40.50.60"_s, u"eve"_s},
+        {u"00 16 3e"_s, u"anna"_s},
+        {u"10 20 30 40 50 60"_s, u"eve"_s},
+        {u"0016 3EAA bb"_s, u"anna"_s},
+        {u"00163e aa"_s, u"anna"_s},
+        {u"an 3e aa"_s, u"anna"_s}, // words beside it narrow as ever
+        {u"carl 3e aa"_s, u""_s},
+        {u"eve 10 20"_s, u"eve"_s},
+        {u"\"16\" \"3e\""_s, u""_s},
+        {u"3e bb"_s, u""_s}, // they do not follow one another
+        {u"be be"_s, u"anna bert"_s}, // words that are digits, too, are words
+        {u"12 34"_s, u"nr1234"_s},
+        {u"fe80"_s, u"eve"_s},
+        {u"FE80:"_s, u"eve"_s},
+        {u"::1"_s, u"eve"_s},
+        {u"fe80::1:2"_s, u"eve"_s},
+        {u"80::1:2:"_s, u""_s},
         {u"night"_s, u"carl dora"_s}, // a group's name and a login
         {u"sales anna"_s, u"bert"_s},
         {u"group:sal"_s, u"bert"_s},
@@ -174,6 +199,9 @@ TEST_P(UserSearch, FindsBeginningsQuickly)
         {u"10.1.2."_s, u"anna bert"_s},
         {u"00-16-3e"_s, u"anna"_s},
         {u"nighto"_s, u"dora"_s},
+        {u"00 16 3e aa"_s, u"anna"_s},
+        {u"0016-3e"_s, u"anna"_s},
+        {u"fe80:"_s, u"eve"_s},
         {u"berg"_s, u""_s}, // in the middle of the name
         {u"an over"_s, u""_s},
     };
@@ -237,7 +265,7 @@ TEST_P(UserSearch, GivesEveryRowBeyondTheListsCapacity)
     const auto ids = FindUserIds(filter, {user_order::kUserName, false});
     ASSERT_EQ(ids->size(), 1100U);
     EXPECT_EQ(ids->front(), FindUsers(*UserFilterFrom(u"many1099"_s), {}, false)->rowUserIds[0]);
-    EXPECT_EQ(FindUserIds({}, {})->size(), 1104U) << "neither unmonitored nor without a group";
+    EXPECT_EQ(FindUserIds({}, {})->size(), 1106U) << "neither unmonitored nor without a group";
     QStringList names;
     const auto failure = ForEachFoundUser(
         filter,

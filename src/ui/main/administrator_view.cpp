@@ -64,6 +64,7 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     connect(&finder, &UserFinder::Found, this, &CAdministratorView::TakeFound);
     connect(&finder, &UserFinder::Failed, this, [this] { TellRead(false); });
     connect(&matching, &MatchingUsers::Changed, this, &CAdministratorView::MatchingChanged);
+    connect(this, &ListPane::Focused, this, &CAdministratorView::SelectMatching);
 }
 
 CAdministratorView::~CAdministratorView()
@@ -290,6 +291,14 @@ void CAdministratorView::ChooseAllMatching()
     matching.Choose(filter, {shownOrder, shownAscending}, *window());
     if (matching.AreChosen()) {
         setFocus(Qt::OtherFocusReason);
+        SelectMatching();
+    }
+}
+
+// Also when the focus comes back, with which the first row had left the selection.
+void CAdministratorView::SelectMatching()
+{
+    if (matching.AreChosen()) {
         selectAll();
     }
 }
@@ -351,12 +360,16 @@ QString CAdministratorView::TextWhenEmpty() const
 
 void CAdministratorView::OpenProperties()
 {
-    OpenFor(dialogs.userProperties);
+    if (!commands.TellsOfMatching()) {
+        OpenFor(dialogs.userProperties);
+    }
 }
 
 void CAdministratorView::OpenAccount()
 {
-    OpenFor(dialogs.userAccount);
+    if (!commands.TellsOfMatching()) {
+        OpenFor(dialogs.userAccount);
+    }
 }
 
 QString CAdministratorView::AccountPrompt() const
@@ -366,6 +379,10 @@ QString CAdministratorView::AccountPrompt() const
 
 void CAdministratorView::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
 {
+    if (matching.AreChosen()) {
+        answer(false);
+        return;
+    }
     AskForAccountBy(services.database, UserHasAccount, context, answer);
 }
 
@@ -453,11 +470,20 @@ void CAdministratorView::keyPressEvent(QKeyEvent *event)
         ShowSortIndicator();
         return;
     }
-    if (event->matches(QKeySequence::SelectAll)) {
+    IdListPane::keyPressEvent(event);
+}
+
+// The keys of commands are none of these: what they open takes the focus, and with it the first row out
+// of the selection, without anybody having chosen anew.
+void CAdministratorView::MoveByKey(QKeyEvent *event)
+{
+    const bool takesOneRow =
+        event->key() == Qt::Key_Space && event->modifiers() == Qt::ControlModifier;
+    if (takesOneRow || event->matches(QKeySequence::SelectAll)) {
         EndMatching();
     }
     const QItemSelection before = selectionModel()->selection();
-    IdListPane::keyPressEvent(event);
+    IdListPane::MoveByKey(event);
     if (selectionModel()->selection() != before) {
         matching.End();
     }

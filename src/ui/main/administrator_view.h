@@ -105,12 +105,14 @@ protected:
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void MoveByKey(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void startDrag(Qt::DropActions actions) override;
 
 private:
     [[nodiscard]] ListToExport WholeList() const;
     void MatchingChanged();
+    void SelectMatching();
     void FillPopUpOfMatching(QMenu &menu);
     void InsertColumns();
     void FitMacAddresses();

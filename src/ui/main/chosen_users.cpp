@@ -11,6 +11,7 @@ ChosenUsers::ChosenUsers(CAdministratorView &users, QObject *parent) : QObject(p
         ids = list.ChosenIds();
         emit Changed();
     });
+    connect(&list, &ListPane::Focused, this, [this] { soon.start(0); });
     connect(&list, &ListPane::SelectionChanged, this, [this] {
         if (list.hasFocus()) {
             soon.start(0);

@@ -1,5 +1,5 @@
-// The users that are selected in the list, kept when the list loses the focus and deselects the first; or
-// all that match, while these are chosen.
+// The users that are selected in the list, kept while the list has lost the focus and deselected the
+// first; or all that match, while these are chosen.
 #pragma once
 
 #include "db/ids.h"

@@ -133,6 +133,8 @@ void FindBar::ShowNote()
         note->setText(chosen == 1 ? tr("1 user chosen")
                                   : tr("%1 users chosen").arg(QLocale().toString(chosen)));
     }
+    // A name of its own would be read out instead of the text.
+    note->setAccessibleName(note->text().isEmpty() ? tr("Found users") : note->text());
 }
 
 void FindBar::TakeFocus()

@@ -61,6 +61,9 @@ void ListPane::ShowModel(QAbstractItemModel *model)
             &QItemSelectionModel::selectionChanged,
             this,
             &ListPane::SelectionChanged);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        deselectedRow = QPersistentModelIndex();
+    });
     connect(model, &QAbstractItemModel::modelReset, this, &ListPane::SelectionChanged);
 }
 
@@ -181,8 +184,13 @@ void ListPane::keyPressEvent(QKeyEvent *event)
         OpenProperties();
         return;
     default:
-        QTreeView::keyPressEvent(event);
+        MoveByKey(event);
     }
+}
+
+void ListPane::MoveByKey(QKeyEvent *event)
+{
+    QTreeView::keyPressEvent(event);
 }
 
 // Shift selects from the current row on. Without one it would be from the top.
@@ -252,6 +260,7 @@ QPoint ListPane::PlaceByKeyboard() const
 void ListPane::focusInEvent(QFocusEvent *event)
 {
     QTreeView::focusInEvent(event);
+    SelectAgainAfter(event->reason());
     emit Focused();
 }
 
@@ -260,7 +269,21 @@ void ListPane::focusOutEvent(QFocusEvent *event)
     QTreeView::focusOutEvent(event);
     // A menu borrows the focus for commands on the very rows that are selected.
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::MenuBarFocusReason) {
+        const QList<int> rows = SelectedRows();
         DeselectFirst();
+        deselectedRow =
+            rows.isEmpty() ? QModelIndex() : QModelIndex(model()->index(rows.front(), 0));
+    }
+}
+
+// A message, a window or a look at the panel takes nobody out of the choice. Whoever comes back by Tab or
+// the mouse goes on from what is seen to be selected.
+void ListPane::SelectAgainAfter(Qt::FocusReason reason)
+{
+    const QModelIndex row = std::exchange(deselectedRow, QPersistentModelIndex());
+    if (row.isValid()
+        && (reason == Qt::ActiveWindowFocusReason || reason == Qt::ShortcutFocusReason)) {
+        selectionModel()->select(row, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
 }
 

@@ -101,6 +101,10 @@ protected:
     void GoTo(int currentRow, const QList<int> &rows);
 
     void keyPressEvent(QKeyEvent *event) override;
+
+    // A key that runs no command: it may move the current row and select.
+    virtual void MoveByKey(QKeyEvent *event);
+
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -114,11 +118,13 @@ private:
     [[nodiscard]] QList<QPersistentModelIndex> RowsInView() const;
     [[nodiscard]] QPoint PlaceByKeyboard() const; // of the pop-up menu, on the screen
     void OpenPopUp(const QPoint &place);
+    void SelectAgainAfter(Qt::FocusReason reason);
     void SetReading(bool nowReading);
     void CopySelected() const;
     void ShowEmptyNote();
 
     EmptyNote *emptyNote = nullptr; // until there is a model
+    QPersistentModelIndex deselectedRow; // by the lost focus; none once anything else is selected
     bool wasRead = true;
     bool reading = false;
     std::function<void()> again; // reads once more; empty for no need

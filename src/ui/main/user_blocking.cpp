@@ -43,12 +43,19 @@ void UserBlocking::Run(const QString &what,
     }
 }
 
+// What is refused stays refused; what failed may be tried once more.
 void UserBlocking::Undo()
 {
     const std::vector<BlockChange> changes = undoable;
-    if (!changes.empty()
-        && Perform(services, &window, tr("Storing the users..."), UndoBlocksAction(changes))) {
+    if (changes.empty()) {
+        return;
+    }
+    const Outcome outcome =
+        PerformTelling(services, &window, tr("Storing the users..."), UndoBlocksAction(changes));
+    if (outcome.IsDone()) {
         emit Done();
+    } else if (outcome.state == Outcome::State::Refused) {
+        Offer({}, {});
     }
 }
 

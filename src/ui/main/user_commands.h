@@ -41,11 +41,13 @@ public:
     void Delete();
     void StopMonitoring();
 
+    // Says, where all that match are chosen, that a command takes selected rows alone. True when it did.
+    [[nodiscard]] bool TellsOfMatching() const;
+
     // For a line that names some of the users: the first names, of those that are listed.
     [[nodiscard]] QStringList FirstNames(const QList<UserId> &userIds) const;
 
 private:
-    [[nodiscard]] bool TellsOfMatching() const;
     void MoveToChosenGroup(const QList<UserId> &userIds);
     void RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
                         const QString &what,

@@ -7,6 +7,7 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QStyle>
 
@@ -136,8 +137,9 @@ void WhyPanel::Take(UserId userId, const Result<WhyAnswer> &answer)
     shown = userId;
     shownGroup = why.groupId;
     const qsizetype others = chosen.size() - 1;
-    name->setText(others == 0 ? why.userName
-                              : tr("%1, and %2 more chosen").arg(why.userName).arg(others));
+    name->setText(others == 0
+                      ? why.userName
+                      : tr("%1, and %2 more chosen").arg(why.userName, QLocale().toString(others)));
     ShowVerdict(why.findings.verdict);
     lines->Show(why, DifferenceText(why.findings));
 }

@@ -5,12 +5,14 @@ void ScriptedPrompt::Tell(const QString &text, Icon icon, const QString &caption
     said << text;
     lastIcon = icon;
     lastCaption = caption;
+    meanwhile();
 }
 
 bool ScriptedPrompt::Ask(const QString &text, const QString &caption)
 {
     said << text;
     lastCaption = caption;
+    meanwhile();
     return !answers.isEmpty() && answers.dequeue();
 }
 

@@ -6,6 +6,9 @@
 #include <QQueue>
 #include <QStringList>
 
+#include <functional>
+#include <utility>
+
 class ScriptedPrompt : public Prompt
 {
 public:
@@ -21,6 +24,9 @@ public:
 
     // What the questions on removals since the last call named, one line for each.
     [[nodiscard]] QStringList TakeGoing() { return std::exchange(going, {}); }
+
+    // Called while each message or question stands; a real one takes the focus meanwhile.
+    std::function<void()> meanwhile = [] {};
 
     Icon lastIcon = Icon::Information;
     QString lastCaption;

@@ -38,8 +38,9 @@ WindowWatch::~WindowWatch()
 
 bool WindowWatch::eventFilter(QObject *watched, QEvent *event)
 {
+    // A wait may open on a busy machine when the dialog that was met is gone.
     if (event->type() != QEvent::Show || !watched->inherits(windowClass) || met
-        || Waiting().last() != this) {
+        || Waiting().isEmpty() || Waiting().last() != this) {
         return false;
     }
     if (watched->inherits(kWaitClass) && qstrcmp(windowClass, kWaitClass) != 0) {

@@ -81,6 +81,9 @@ TEST_F(Filters, WhatIsTypedNarrowsTheList)
         TypeFilter(typed);
         EXPECT_EQ(Names().join(u' '), names) << qPrintable(typed);
         EXPECT_EQ(Note(), note) << qPrintable(typed);
+        const auto *heard =
+            QAccessible::queryAccessibleInterface(&Find<QLabel>(*frame, "findNote"));
+        EXPECT_EQ(heard->text(QAccessible::Name), note) << qPrintable(typed);
         EXPECT_EQ(frame->focusWidget(), &Field());
     }
     EXPECT_EQ(Find<QLabel>(*frame, "usersPane").text(), u"Active users: 0 "_s);

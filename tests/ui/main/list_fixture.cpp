@@ -4,6 +4,7 @@
 #include "ui/common/window_memory.h"
 
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -117,6 +118,20 @@ void ListFixture::OpenPopUp(ListPane &pane, int row, const std::function<void(QM
     const QPoint place = pane.visualRect(pane.model()->index(row, 0)).center();
     QContextMenuEvent event(QContextMenuEvent::Mouse, place, pane.viewport()->mapToGlobal(place));
     QApplication::sendEvent(pane.viewport(), &event);
+}
+
+void ListFixture::LetMessagesTakeTheFocus()
+{
+    prompt.meanwhile = [this] {
+        QDialog box(frame.get());
+        QTimer::singleShot(0, &box, [&box] {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        box.exec();
+        frame->activateWindow(); // as a desktop does
+        EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
+    };
 }
 
 void ListFixture::Settle() const

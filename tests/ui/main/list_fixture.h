@@ -60,6 +60,9 @@ protected:
     // Opens the pop-up menu of the selection by the right mouse button on this row.
     void OpenPopUp(ListPane &pane, int row, const std::function<void(QMenu &)> &act) const;
 
+    // From now on a box takes the focus while something is told or asked, and is closed with Escape.
+    void LetMessagesTakeTheFocus();
+
     // Lets the lists and the commands on the selection come up to date.
     void Settle() const;
 

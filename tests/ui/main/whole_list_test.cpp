@@ -140,7 +140,9 @@ TEST_F(WholeList, WhatCannotBePrintedIsTold)
 TEST_F(WholeList, AllThatMatchAreChosenAndSaidToBe)
 {
     ShowMany();
+    Execute("UPDATE users SET mode = 2"); // all of them have accounts
     Users().selectAll();
+    EXPECT_TRUE(Command("account").isEnabled());
     EXPECT_EQ(Users().ChosenIds().size(), 1000) << "Ctrl+A is for the rows that are listed";
     ChooseAll();
     EXPECT_EQ(Note(), manyChosen);
@@ -245,6 +247,57 @@ TEST_F(WholeList, TheCommandsNameTheNumberAndWorkOnAll)
     }
     EXPECT_EQ(prompt.TakeSaid(), QStringList(question));
     EXPECT_EQ(CountOf(members), u"1100"_s);
+}
+
+// The question takes the focus, and with it the first row out of the selection.
+TEST_F(WholeList, StayChosenWhateverTakesTheFocus)
+{
+    ShowMany();
+    LetMessagesTakeTheFocus();
+    Command("whyCommand").setChecked(true);
+    TypeFilter(u"user1"_s);
+    QTest::keyClick(&Users(), Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    const auto expectAll = [this](const char *after) {
+        Settle();
+        EXPECT_EQ(Note(), manyChosen) << after;
+        EXPECT_EQ(Users().ChosenIds().size(), 1100) << after;
+        EXPECT_EQ(Users().SelectedRows().size(), 1000) << after;
+        EXPECT_EQ(Find<QLabel>(*frame, "whyName").text(), u"user10001, and 1,099 more chosen"_s)
+            << after;
+    };
+    expectAll("Ctrl+Shift+A");
+    const auto setLimits = [this] {
+        const WhileMenu menu([](QMenu &shown) {
+            for (const auto key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) {
+                QTest::keyClick(&shown, key);
+            }
+        });
+        QTest::keyClick(&Users(), Qt::Key_F10, Qt::ShiftModifier);
+    };
+    setLimits();
+    EXPECT_EQ(prompt.TakeSaid().size(), 1);
+    expectAll("No");
+    for (const auto &[key, modifiers] : {std::pair {Qt::Key_Return, Qt::NoModifier},
+                                         std::pair {Qt::Key_Delete, Qt::NoModifier},
+                                         std::pair {Qt::Key_B, Qt::ControlModifier}}) {
+        QTest::keyClick(&Users(), key, modifiers);
+        EXPECT_EQ(prompt.TakeSaid().size(), 1);
+        expectAll("a key");
+    }
+    EXPECT_EQ(opened, QStringList()) << "Return would open the first one alone";
+    prompt.AnswerWith({true});
+    setLimits();
+    EXPECT_EQ(opened.value(0).count(u','), 1099);
+    expectAll("Yes");
+    Find<QLineEdit>(*frame, "findUser").setFocus();
+    EXPECT_EQ(Users().SelectedRows().size(), 999);
+    QTest::mouseClick(Users().viewport(),
+                      Qt::RightButton,
+                      {},
+                      Users().visualRect(Users().model()->index(0, 0)).center());
+    expectAll("the right button, back from the find bar");
+    QTest::keyClick(&Users(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(Users().ChosenIds().size(), 1) << "as Ctrl and a click";
 }
 
 TEST_F(WholeList, BlocksAllWithOneUndo)

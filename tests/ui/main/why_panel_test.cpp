@@ -149,6 +149,46 @@ TEST_F(WhyPanelTest, KeepsTheUsersThatWereChosenWhenTheListLosesTheFocus)
     EXPECT_EQ(Text("whyVerdict"), u"Access is denied"_s);
 }
 
+TEST_F(WhyPanelTest, TheListGoesOnWithTheUsersThatThePanelNames)
+{
+    ShowPanel();
+    LetMessagesTakeTheFocus();
+    Click(0);
+    Click(2, Qt::ControlModifier);
+    for (int refused = 1; refused <= 2; ++refused) {
+        Press(Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(prompt.TakeSaid().size(), 1);
+        EXPECT_EQ(Users().SelectedIds(), QList({UserId {1}, UserId {3}})) << refused;
+        EXPECT_EQ(Text("whyName"), u"anna, and 1 more chosen"_s) << refused;
+    }
+    Press(Qt::Key_F6, Qt::ShiftModifier); // to the panel, and back
+    EXPECT_EQ(Users().SelectedIds(), QList {UserId {3}});
+    Press(Qt::Key_F6);
+    EXPECT_EQ(Users().SelectedIds(), QList({UserId {1}, UserId {3}}));
+    opened.clear();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(opened, QStringList(u"userProperties 1"_s));
+
+    Press(Qt::Key_Tab); // deselects the first one
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(Users().hasFocus());
+    Settle();
+    const QList<UserId> left = Users().SelectedIds();
+    EXPECT_TRUE(left.isEmpty());
+    EXPECT_EQ(Text("whyName"), u"Choose a user in the list."_s);
+}
+
+// "Delete" takes them out of the selection whatever is answered.
+TEST_F(WhyPanelTest, FollowsAListThatHasDeselected)
+{
+    ShowPanel();
+    LetMessagesTakeTheFocus();
+    Click(0);
+    Press(Qt::Key_Delete); // answered No
+    EXPECT_TRUE(Users().SelectedIds().isEmpty());
+    EXPECT_EQ(Text("whyName"), u"Choose a user in the list."_s);
+}
+
 TEST_F(WhyPanelTest, ItsCommandsOpenTheWindowsThatChangeIt)
 {
     ShowPanel();
@@ -189,6 +229,26 @@ TEST_F(WhyPanelTest, BlocksByKeysAndUndoesItUntilTheNextAction)
     EXPECT_EQ(RowsOf(kBlocks).at(1), u"bert|0|3"_s) << "there is nothing to undo any more";
 }
 
+TEST_F(WhyPanelTest, TellsSinceWhenOfABlockMadeHere)
+{
+    ShowPanel();
+    const auto line = [this](int row) {
+        Click(row);
+        return Lines().value(0);
+    };
+    EXPECT_EQ(line(1), u"Blocked by the administrator."_s) << "nobody knows since when";
+    Click(0);
+    Press(Qt::Key_B, Qt::ControlModifier);
+    EXPECT_TRUE(line(0).startsWith(u"Blocked by the administrator since "_s))
+        << qPrintable(line(0));
+    Execute("UPDATE users SET blocked = 0"); // by somebody else, who then blocks them again
+    EXPECT_EQ(line(1), u"Nothing stands against access."_s);
+    EXPECT_EQ(line(0), u"Nothing stands against access."_s);
+    Execute("UPDATE users SET blocked = 1");
+    EXPECT_EQ(line(1), u"Blocked by the administrator."_s);
+    EXPECT_EQ(line(0), u"Blocked by the administrator."_s);
+}
+
 TEST_F(WhyPanelTest, UndoRefusesWhatSomebodyElseChanged)
 {
     ShowPanel();
@@ -199,6 +259,9 @@ TEST_F(WhyPanelTest, UndoRefusesWhatSomebodyElseChanged)
     EXPECT_EQ(prompt.TakeSaid().last(),
               u"The block of these users was changed meanwhile. Nothing was undone."_s);
     EXPECT_EQ(RowsOf(kBlocks).at(0), u"anna|1|1"_s);
+    EXPECT_FALSE(Undo().isVisible());
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
 }
 
 TEST_F(WhyPanelTest, KeysInTheGroupsListBlockNobody)
