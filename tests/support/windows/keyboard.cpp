@@ -235,15 +235,6 @@ void TypeInto(QWidget &window, const char *name, const QString &text)
     TypeOn(text);
 }
 
-void TypeTime(QWidget &window, const char *name, const QString &digits)
-{
-    TabTo(window, name);
-    Press(Qt::Key_Home);
-    Press(Qt::Key_Right, Qt::ShiftModifier);
-    Press(Qt::Key_Right, Qt::ShiftModifier);
-    TypeOn(digits);
-}
-
 void ExpectKeyboardReachesAll(const QWidget &part)
 {
     const QSet<const QWidget *> reached = ReachedByTab();

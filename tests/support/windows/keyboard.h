@@ -19,9 +19,6 @@ void PressButton(QWidget &window, const char *name);
 // Tab to the field and type over what stands in it.
 void TypeInto(QWidget &window, const char *name, const QString &text);
 
-// The same for a field of hours, minutes and seconds, as in "083000".
-void TypeTime(QWidget &window, const char *name, const QString &digits);
-
 // Goes round the window by Tab and fails for each control of `part` that a person could use and that
 // Tab does not reach (of radio buttons in one place it reaches one), or that has no name.
 void ExpectKeyboardReachesAll(const QWidget &part);
