@@ -25,6 +25,6 @@ void ExpectKeyboardReachesAll(const QWidget &part);
 
 // What every window promises to the keyboard: something has the focus; Tab meets each control that can be
 // used, the pages' list or the tabs first, then from the top, OK, Cancel and Help last; Shift+Tab goes
-// back the same way; each label that stands for a field and each button but OK, Cancel and Close has a
-// mnemonic that no other shown one has.
+// back the same way; of the buttons one at most is the default, OK where there is one; each label that
+// stands for a field and each button but OK, Cancel and Close has a mnemonic that no other shown one has.
 void ExpectWorksByKeyboard(const QWidget &window);

@@ -579,6 +579,35 @@ TEST_F(LoginWindow, TheHeadersSort)
     Click(manager, "edit");
 }
 
+TEST_F(LoginWindow, ReturnInAFieldIsOk)
+{
+    LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
+    manager.show();
+    {
+        const WhileModal creating([](QDialog &dialog) {
+            Click(dialog, "bindToUser"); // "Browse for user..." can be pressed from now on
+            Click(dialog, "bindToUser");
+            TypeInto(dialog, "name", u"bob1"_s);
+            TypeInto(dialog, "password", u"secret"_s);
+            TypeInto(dialog, "retyped", u"secret"_s);
+            ::Press(Qt::Key_Return);
+            EXPECT_FALSE(dialog.isVisible());
+        });
+        Click(manager, "create");
+    }
+    auto &list = Find<QTreeWidget>(manager, "logins");
+    EXPECT_EQ(list.topLevelItemCount(), 3);
+    list.setCurrentItem(list.topLevelItem(0)); // bound to ann
+    const WhileModal editing([](QDialog &dialog) {
+        EXPECT_TRUE(Find(dialog, "browse").isEnabled());
+        Type(Find(dialog, "password"), u"other"_s);
+        Type(Find(dialog, "retyped"), u"other"_s);
+        ::Press(Qt::Key_Return);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    Click(manager, "edit");
+}
+
 TEST_F(LoginWindow, APasswordThatIsTooLongIsMarkedWhileItIsTyped)
 {
     LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
