@@ -1970,6 +1970,21 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>DayField</name>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Choose from a calendar (Alt+Down)</source>
+        <translation>Aus einem Kalender wählen (Alt+Abwärts)</translation>
+    </message>
+    <message>
+        <source>Please enter a day, as in %1.</source>
+        <translation>Bitte geben Sie einen Tag ein, wie zum Beispiel %1.</translation>
+    </message>
+</context>
+<context>
     <name>DefaultProfilePage</name>
     <message>
         <source>Block imminently</source>
@@ -5276,6 +5291,13 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Tariff</source>
         <translation>Tarif</translation>
+    </message>
+</context>
+<context>
+    <name>TimeField</name>
+    <message>
+        <source>Please enter a time, as in %1.</source>
+        <translation>Bitte geben Sie eine Uhrzeit ein, wie zum Beispiel %1.</translation>
     </message>
 </context>
 <context>

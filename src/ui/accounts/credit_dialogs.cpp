@@ -6,11 +6,11 @@
 #include "db/value_codes.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/moment_field.h"
 #include "ui/common/number_field.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -77,9 +77,9 @@ void CreditDialog::Finish(QWidget *more)
     amount->setFocus();
 }
 
-QDate CreditDialog::Expiry() const
+DayField *CreditDialog::ExpiryField() const
 {
-    return {};
+    return nullptr;
 }
 
 void CreditDialog::KindChanged()
@@ -90,20 +90,19 @@ void CreditDialog::KindChanged()
     amount->SetUnit(unit->text());
 }
 
-void CreditDialog::Refuse(const QString &problem, QWidget &field)
-{
-    Complain(prompt, problem);
-    field.setFocus();
-}
-
 void CreditDialog::accept()
 {
-    const QDate expiry = Expiry();
     if (const auto problem = CheckAmount(Kind(), amount->Amount(), currency.rate)) {
-        Refuse(*problem, *amount);
-        amount->selectAll();
-    } else if (const auto passed = expiry.isValid() ? CheckExpiry(expiry) : std::nullopt) {
-        Refuse(*passed, *findChild<QDateEdit *>());
+        Refuse(prompt, *amount, *problem);
+        return;
+    }
+    DayField *expiryField = ExpiryField();
+    if (expiryField != nullptr && !HoldsMoment(prompt, *expiryField)) {
+        return;
+    }
+    const QDate expiry = expiryField == nullptr ? QDate() : *expiryField->Day();
+    if (const auto passed = expiry.isValid() ? CheckExpiry(expiry) : std::nullopt) {
+        Refuse(prompt, *expiryField, *passed);
     } else {
         credit = CreditFrom(Kind(), amount->Amount().value_or(0.0), currency.rate, expiry);
         QDialog::accept();
@@ -126,7 +125,7 @@ LimitCreditDialog::LimitCreditDialog(Prompt &messages,
 BillingCreditDialog::BillingCreditDialog(Prompt &messages, const Currency &shown, QWidget *parent)
     : CreditDialog(messages, shown, parent)
     , noExpiry(new QCheckBox(tr("&No expiry date"), this))
-    , expiryDay(new QDateEdit(Today().addMonths(1), this))
+    , expiryDay(new DayField(Today().addMonths(1), this))
 {
     AddKind(CreditKind::Unlimited, tr("&Unlimited"), "unlimited");
     AddKind(CreditKind::Traffic, tr("&Traffic"), "traffic");
@@ -135,8 +134,6 @@ BillingCreditDialog::BillingCreditDialog(Prompt &messages, const Currency &shown
     noExpiry->setObjectName(u"noExpiry"_s);
     noExpiry->setChecked(true);
     expiryDay->setObjectName(u"expiryDay"_s);
-    expiryDay->setDisplayFormat(u"yyyy-MM-dd"_s);
-    expiryDay->setCalendarPopup(true);
     expiryDay->setEnabled(false);
     connect(noExpiry, &QCheckBox::toggled, expiryDay, &QWidget::setDisabled);
     auto *box = new QGroupBox(tr("Expiry"), this);
@@ -149,9 +146,9 @@ BillingCreditDialog::BillingCreditDialog(Prompt &messages, const Currency &shown
     Finish(box);
 }
 
-QDate BillingCreditDialog::Expiry() const
+DayField *BillingCreditDialog::ExpiryField() const
 {
-    return noExpiry->isChecked() ? QDate() : expiryDay->date();
+    return noExpiry->isChecked() ? nullptr : expiryDay;
 }
 
 namespace {

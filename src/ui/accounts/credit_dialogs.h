@@ -8,9 +8,9 @@
 #include "ui/common/dialog.h"
 
 class NumberField;
+class DayField;
 class QButtonGroup;
 class QCheckBox;
-class QDateEdit;
 class QLabel;
 
 // What both have in common: a choice of kinds, an amount with its unit, OK and Cancel.
@@ -33,12 +33,11 @@ protected:
     [[nodiscard]] CreditKind Kind() const;
     // Adds the amount and `more`, which may be null, below the kinds, and the buttons at the end.
     void Finish(QWidget *more);
-    // The expiry day chosen; an invalid one for a credit that never expires.
-    [[nodiscard]] virtual QDate Expiry() const;
+    // Where the expiry day stands; null for a credit that never expires.
+    [[nodiscard]] virtual DayField *ExpiryField() const;
 
 private:
     void KindChanged();
-    void Refuse(const QString &problem, QWidget &field);
 
     Prompt &prompt;
     const Currency currency;
@@ -69,10 +68,10 @@ public:
     BillingCreditDialog(Prompt &prompt, const Currency &currency, QWidget *parent);
 
 private:
-    [[nodiscard]] QDate Expiry() const override;
+    [[nodiscard]] DayField *ExpiryField() const override;
 
     QCheckBox *noExpiry;
-    QDateEdit *expiryDay;
+    DayField *expiryDay;
 };
 
 // Asks with the dialog that fits the owner's mode. Nothing when it was cancelled, or when the mode

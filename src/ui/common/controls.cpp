@@ -1,5 +1,6 @@
 #include "ui/common/controls.h"
 
+#include "ui/common/moment_field.h"
 #include "ui/common/number_field.h"
 
 #include <QCoreApplication>
@@ -83,6 +84,15 @@ bool HoldsNumber(Prompt &prompt, NumberField &field, const QString &missing)
         Refuse(prompt, field, isOutside || missing.isEmpty() ? field.Request() : missing);
     }
     return entered.has_value();
+}
+
+bool HoldsMoment(Prompt &prompt, MomentField &field)
+{
+    if (!field.IsReadable()) {
+        Refuse(prompt, field, field.Request());
+        return false;
+    }
+    return true;
 }
 
 bool HoldsNumberIfAny(Prompt &prompt, NumberField &field)

@@ -8,6 +8,7 @@
 
 #include <initializer_list>
 
+class MomentField;
 class NumberField;
 class QDialog;
 class QLabel;
@@ -48,5 +49,8 @@ void Refuse(Prompt &prompt, QLineEdit &field, const QString &text);
 // or of the field's own request when there are none or the number is out of its bounds.
 [[nodiscard]] bool HoldsNumber(Prompt &prompt, NumberField &field, const QString &missing = {});
 
-// As above for a field that may stay blank, or that is disabled.
+// Whether the field holds a day or a time. Tells so, in the words of its request, when it does not.
+[[nodiscard]] bool HoldsMoment(Prompt &prompt, MomentField &field);
+
+// As HoldsNumber for a field that may stay blank, or that is disabled.
 [[nodiscard]] bool HoldsNumberIfAny(Prompt &prompt, NumberField &field);

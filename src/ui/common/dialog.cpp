@@ -3,12 +3,39 @@
 #include "ui/common/heading_line.h"
 #include "ui/common/keyboard_order.h"
 
+#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QPushButton>
 
 #include <utility>
 
 namespace {
+
+// The one that was made the default, else OK.
+QPushButton *ButtonForReturn(QWidget &window)
+{
+    for (auto *button : window.findChildren<QPushButton *>()) {
+        if (button->isDefault()) {
+            return button;
+        }
+    }
+    for (auto *box : window.findChildren<QDialogButtonBox *>()) {
+        if (auto *ok = box->button(QDialogButtonBox::Ok)) {
+            return ok;
+        }
+    }
+    return nullptr;
+}
+
+// A button that was made the default before it stood in the window is not yet the window's: the first
+// one in the order of Tab would take its place.
+void SettleDefault(QWidget &window)
+{
+    if (QPushButton *button = ButtonForReturn(window)) {
+        button->setDefault(false);
+        button->setDefault(true);
+    }
+}
 
 // Return presses the button that has the focus, so that only the default one may have it unasked.
 QWidget *DefaultButton(QWidget &window)
@@ -44,6 +71,7 @@ void Dialog::setVisible(bool visible)
         TakeHeadingFromBeneath();
         SetTabOrderByReading(*this);
         GiveMnemonics(*this);
+        SettleDefault(*this);
         if (focusWidget() == nullptr) {
             FocusFirst(*this);
         }

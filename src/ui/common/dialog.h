@@ -7,7 +7,7 @@ class HeadingLine;
 
 // Before it is first shown, Tab is made to follow the layout, labels and buttons get their mnemonics,
 // and the first control takes the focus unless another one has it; where that is a button, the default
-// one. Over a window that says whom it is for, it says the same.
+// one. Return presses the button that was made the default, else OK. Over a window that says whom it is for, it says the same.
 class Dialog : public QDialog
 {
     Q_OBJECT

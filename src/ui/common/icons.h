@@ -42,6 +42,7 @@ enum class Picture {
     Tariff,
     Protocols,
     Binding,
+    Calendar,
 };
 
 // Loaded once and shared; cheap to call for every cell.

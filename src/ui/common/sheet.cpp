@@ -51,6 +51,14 @@ void Sheet::AddKeys()
         auto *shortcut = new QShortcut(key, this);
         connect(shortcut, &QShortcut::activated, this, [this, step = step] { Turn(step); });
     }
+    // Of the tabs only, since fields need these keys themselves.
+    const auto addTabKey = [this](Qt::Key key, const auto &page) {
+        auto *shortcut = new QShortcut(key, tabs->tabBar());
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this, page] { TurnTo(page()); });
+    };
+    addTabKey(Qt::Key_Home, [] { return 0; });
+    addTabKey(Qt::Key_End, [this] { return tabs->count() - 1; });
 }
 
 void Sheet::Add(Page *page)

@@ -40,11 +40,23 @@ QIcon Untinted(const QIcon &icon)
     return same;
 }
 
+// Neither keys nor clicks mark an entry, they only make it the current one: which one is marked follows
+// from the page that shows.
+class EntryList : public QListWidget
+{
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex & /*index*/,
+                                                         const QEvent * /*event*/) const override
+    {
+        return QItemSelectionModel::NoUpdate;
+    }
+};
+
 } // namespace
 
 PageListSheet::PageListSheet(Prompt &prompt, const QString &caption, QWidget *parent)
     : Sheet(caption, parent)
-    , list(new QListWidget)
+    , list(new EntryList)
 {
     SetNames(*list, u"pageList"_s, caption);
     list->setIconSize({kIconSize, kIconSize});
@@ -52,7 +64,6 @@ PageListSheet::PageListSheet(Prompt &prompt, const QString &caption, QWidget *pa
     SoftenSelection(*list);
     ReplaceTabs(list);
     connect(list, &QListWidget::currentRowChanged, this, &PageListSheet::Choose);
-    connect(list, &QListWidget::itemSelectionChanged, this, [this] { Follow(Active()); });
     connect(this, &Sheet::Turned, this, &PageListSheet::Follow);
     auto *help = Buttons().addButton(QDialogButtonBox::Help);
     help->setObjectName(u"help"_s);
@@ -77,8 +88,7 @@ void PageListSheet::Choose(int row)
     }
 }
 
-// The page that shows is the one that is chosen in the list: also when it refused to be left, or when its
-// entry was unmarked, as by a click with Ctrl or below the entries.
+// The page that shows is the one that is marked in the list, also when it refused to be left.
 void PageListSheet::Follow(int page)
 {
     const QSignalBlocker quiet(list);

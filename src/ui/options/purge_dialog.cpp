@@ -151,7 +151,7 @@ void PurgeDialog::EnableControls()
 {
     deleteUsers->setEnabled(all->isChecked());
     period->setEnabled(byPeriod->isChecked());
-    purge->setEnabled(!busy && Choice());
+    purge->setEnabled(!busy && (all->isChecked() || period->IsChosen()));
     close->setEnabled(!busy);
 }
 
@@ -166,9 +166,9 @@ std::optional<PurgeChoice> PurgeDialog::Choice() const
 // The service may have been started since the window opened.
 void PurgeDialog::Purge()
 {
-    const auto choice = Choice();
-    if (busy || !choice || (byPeriod->isChecked() && !period->IsInOrder(services.prompt))
-        || !PurgeMayOpen(services.control, services.prompt)) {
+    const bool isInOrder = !busy && (all->isChecked() || period->IsInOrder(services.prompt));
+    const auto choice = isInOrder ? Choice() : std::nullopt;
+    if (!choice || !PurgeMayOpen(services.control, services.prompt)) {
         return;
     }
     SetBusy(true);

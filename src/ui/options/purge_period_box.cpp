@@ -2,9 +2,9 @@
 
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/moment_field.h"
 
 #include <QCoreApplication>
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLocale>
@@ -16,12 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QDateEdit *DayPicker(const char *objectName)
+DayField *DayPicker(const char *objectName)
 {
-    auto *picker = new QDateEdit(Today());
+    auto *picker = new DayField(Today());
     picker->setObjectName(QString::fromLatin1(objectName));
-    picker->setCalendarPopup(true);
-    picker->setDisplayFormat(u"yyyy-MM-dd"_s);
     return picker;
 }
 
@@ -95,10 +93,21 @@ void PurgePeriodBox::EnablePickers()
     until->setEnabled(custom->isChecked());
 }
 
+bool PurgePeriodBox::IsChosen() const
+{
+    return custom->isChecked() || std::ranges::any_of(periods, [](const Period &period) {
+               return period.button->isChecked();
+           });
+}
+
 std::optional<PurgeChoice> PurgePeriodBox::Choice() const
 {
     if (custom->isChecked()) {
-        return PurgeChoice {PurgeChoice::Keep::Custom, false, since->date(), until->date()};
+        const auto first = since->Day();
+        const auto last = until->Day();
+        return first && last
+            ? std::optional(PurgeChoice {PurgeChoice::Keep::Custom, false, *first, *last})
+            : std::nullopt;
     }
     const auto chosen = std::ranges::find_if(
         periods, [](const Period &period) { return period.button->isChecked(); });
@@ -108,12 +117,18 @@ std::optional<PurgeChoice> PurgePeriodBox::Choice() const
 
 bool PurgePeriodBox::IsInOrder(Prompt &prompt)
 {
-    if (!custom->isChecked() || since->date() <= until->date()) {
+    if (!custom->isChecked()) {
+        return true;
+    }
+    if (!HoldsMoment(prompt, *since) || !HoldsMoment(prompt, *until)) {
+        return false;
+    }
+    if (since->Day() <= until->Day()) {
         return true;
     }
     prompt.Tell(tr("You entered incorrect time period. Please re-enter one of the dates"),
                 Prompt::Icon::Warning);
-    until->setDate(since->date());
+    until->SetDay(*since->Day());
     until->setFocus();
     return false;
 }

@@ -6,7 +6,7 @@
 
 #include <QGroupBox>
 
-class QDateEdit;
+class DayField;
 class QFormLayout;
 class QLabel;
 class QRadioButton;
@@ -19,10 +19,13 @@ public:
     // "Last month" is chosen at first, unless its first day lies after today: nothing is then.
     PurgePeriodBox();
 
-    // Nothing while no period is chosen.
+    // Whether a period is chosen; a custom one may still lack a day.
+    [[nodiscard]] bool IsChosen() const;
+
+    // Nothing while no period is chosen, or a custom one lacks a day.
     [[nodiscard]] std::optional<PurgeChoice> Choice() const;
 
-    // Tells, when a custom period ends before it begins, and mends it.
+    // Tells, when a custom period lacks a day, or when it ends before it begins, which is mended.
     [[nodiscard]] bool IsInOrder(Prompt &prompt);
 
     // Says beside each period on which day it begins, counted from today.
@@ -44,8 +47,8 @@ private:
 
     QList<Period> periods; // those whose first day is computed
     QRadioButton *custom;
-    QDateEdit *since;
-    QDateEdit *until;
+    DayField *since;
+    DayField *until;
 };
 
 // What is kept and what goes, in words for the question, with days as the locale writes them out.

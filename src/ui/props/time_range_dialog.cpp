@@ -3,12 +3,12 @@
 #include "access/time_ranges.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/moment_field.h"
 
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QTimeEdit>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -17,11 +17,10 @@ namespace {
 
 constexpr quint32 kDays = 7;
 
-QTimeEdit *TimeField(const char *objectName, QTime time)
+TimeField *TimePicker(const char *objectName, QTime time)
 {
-    auto *field = new QTimeEdit(time);
+    auto *field = new TimeField(time);
     field->setObjectName(QLatin1String(objectName));
-    field->setDisplayFormat(u"HH:mm:ss"_s);
     return field;
 }
 
@@ -31,8 +30,8 @@ TimeRangeDialog::TimeRangeDialog(Prompt &messages, QWidget *parent)
     : Dialog(parent)
     , prompt(messages)
     , day(new QComboBox)
-    , since(TimeField("since", {8, 0}))
-    , until(TimeField("until", {17, 0}))
+    , since(TimePicker("since", {8, 0}))
+    , until(TimePicker("until", {17, 0}))
 {
     setWindowTitle(tr("Add time range"));
     day->setObjectName(u"day"_s);
@@ -54,6 +53,9 @@ TimeRangeDialog::TimeRangeDialog(Prompt &messages, QWidget *parent)
 
 void TimeRangeDialog::accept()
 {
+    if (!HoldsMoment(prompt, *since) || !HoldsMoment(prompt, *until)) {
+        return;
+    }
     if (Since() >= Until()) {
         Complain(prompt, tr("Wrong time specification. Please re-enter"));
     } else if (Day() == 0) {
@@ -70,10 +72,10 @@ quint32 TimeRangeDialog::Day() const
 
 QTime TimeRangeDialog::Since() const
 {
-    return since->time();
+    return since->Time().value_or(QTime());
 }
 
 QTime TimeRangeDialog::Until() const
 {
-    return until->time();
+    return until->Time().value_or(QTime());
 }

@@ -7,7 +7,7 @@
 #include <QTime>
 
 class QComboBox;
-class QTimeEdit;
+class TimeField;
 
 class TimeRangeDialog : public Dialog
 {
@@ -16,16 +16,17 @@ class TimeRangeDialog : public Dialog
 public:
     explicit TimeRangeDialog(Prompt &prompt, QWidget *parent = nullptr);
 
-    // Refuses a range that ends before it began, so one across midnight too, and one without a day.
+    // Refuses what is no time, a range that ends before it began, so one across midnight too, and one
+    // without a day.
     void accept() override;
 
     [[nodiscard]] quint32 Day() const; // 1 Monday to 7 Sunday; 0 while none is chosen
-    [[nodiscard]] QTime Since() const;
+    [[nodiscard]] QTime Since() const; // not valid while no time stands there
     [[nodiscard]] QTime Until() const;
 
 private:
     Prompt &prompt;
     QComboBox *day;
-    QTimeEdit *since;
-    QTimeEdit *until;
+    TimeField *since;
+    TimeField *until;
 };

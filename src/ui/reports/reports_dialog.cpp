@@ -6,11 +6,11 @@
 #include "reports/wording.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
+#include "ui/common/moment_field.h"
 #include "ui/common/window_memory.h"
 #include "ui/reports/crystal_ctrl.h"
 #include "ui/reports/report_viewer.h"
 
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -28,12 +28,10 @@ namespace {
 
 constexpr int kControlId = 1109;
 
-QDateEdit *DayPicker(const char *objectName)
+DayField *DayPicker(const char *objectName)
 {
-    auto *picker = new QDateEdit(Today());
+    auto *picker = new DayField(Today());
     picker->setObjectName(QLatin1StringView(objectName));
-    picker->setCalendarPopup(true);
-    picker->setDisplayFormat(u"yyyy-MM-dd"_s);
     return picker;
 }
 
@@ -268,17 +266,23 @@ ReportPeriod ReportsDialog::Period() const
 {
     const PeriodChoice choice = Choice();
     return choice == PeriodChoice::Custom
-        ? ReportPeriod {choice, DayOf(since->date()), DayOf(until->date())}
+        ? ReportPeriod {choice, DayOf(*since->Day()), DayOf(*until->Day())}
         : PeriodUpTo(Today(), choice);
 }
 
 bool ReportsDialog::IsPeriodInOrder()
 {
-    if (!custom->isChecked() || since->date() <= until->date()) {
+    if (!custom->isChecked()) {
+        return true;
+    }
+    if (!HoldsMoment(services.prompt, *since) || !HoldsMoment(services.prompt, *until)) {
+        return false;
+    }
+    if (since->Day() <= until->Day()) {
         return true;
     }
     services.prompt.Tell(tr("You entered incorrect time period. Please re-enter one of the dates"));
-    until->setDate(since->date());
+    until->SetDay(*since->Day());
     until->setFocus();
     return false;
 }

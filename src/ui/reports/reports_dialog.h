@@ -13,7 +13,7 @@
 #include <vector>
 
 class CCrystalCtrl;
-class QDateEdit;
+class DayField;
 class QLabel;
 class QListWidget;
 class QPushButton;
@@ -77,8 +77,8 @@ private:
     QRadioButton *lastWeek;
     QRadioButton *lastMonth;
     QRadioButton *custom;
-    QDateEdit *since;
-    QDateEdit *until;
+    DayField *since;
+    DayField *until;
     QPushButton *users;
     QPushButton *groups;
     QLabel *filterNote;

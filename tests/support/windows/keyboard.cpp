@@ -235,15 +235,6 @@ void TypeInto(QWidget &window, const char *name, const QString &text)
     TypeOn(text);
 }
 
-void TypeTime(QWidget &window, const char *name, const QString &digits)
-{
-    TabTo(window, name);
-    Press(Qt::Key_Home);
-    Press(Qt::Key_Right, Qt::ShiftModifier);
-    Press(Qt::Key_Right, Qt::ShiftModifier);
-    TypeOn(digits);
-}
-
 void ExpectKeyboardReachesAll(const QWidget &part)
 {
     const QSet<const QWidget *> reached = ReachedByTab();
@@ -255,6 +246,26 @@ void ExpectKeyboardReachesAll(const QWidget &part)
     }
 }
 
+namespace {
+
+// Of two default buttons Return would press the one that happens to be found first.
+void ExpectReturnIsOk(const QWidget &window)
+{
+    QStringList defaults;
+    for (const auto *button : window.findChildren<QPushButton *>()) {
+        if (button->isDefault() && button->isVisible()) {
+            defaults << button->objectName();
+        }
+    }
+    EXPECT_LE(defaults.size(), 1) << qPrintable(defaults.join(u", "_s));
+    const bool isInButton = qobject_cast<QPushButton *>(QApplication::focusWidget()) != nullptr;
+    if (!isInButton && window.findChild<QPushButton *>(u"ok"_s) != nullptr) {
+        EXPECT_EQ(defaults, QStringList(u"ok"_s));
+    }
+}
+
+} // namespace
+
 void ExpectWorksByKeyboard(const QWidget &window)
 {
     ExpectMnemonics(window);
@@ -263,6 +274,7 @@ void ExpectWorksByKeyboard(const QWidget &window)
             && window.isAncestorOf(QApplication::focusWidget());
     });
     ASSERT_TRUE(hasFocus) << "nothing has the focus";
+    ExpectReturnIsOk(window);
     const QList<const QWidget *> met = Round(window, Qt::Key_Tab, Qt::NoModifier);
     ExpectReadingOrder(window, met);
     const QSet<const QWidget *> reached(met.begin(), met.end());

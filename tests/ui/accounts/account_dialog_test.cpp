@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -94,7 +95,7 @@ TEST_F(AccountWindow, AddsCreditsOnOkByKeyboard)
             PressKey(Qt::Key_A, Qt::AltModifier);
             QTest::keyClicks(QApplication::focusWidget(), u"10"_s);
             PressMnemonic(Qt::Key_N,
-                          [&] { return Find<QDateEdit>(credit, "expiryDay").isEnabled(); });
+                          [&] { return Find<QLineEdit>(credit, "expiryDay").isEnabled(); });
             Grab(credit, u"account-billing-credit"_s);
             PressKey(Qt::Key_Return);
         });
@@ -248,17 +249,21 @@ TEST_F(AccountWindow, RefusesAmountsAndDaysThatMakeNoCredit)
             }
             Type(amount, u"2.5"_s);
             Click(credit, "noExpiry");
-            Find<QDateEdit>(credit, "expiryDay").setDate({2026, 11, 20});
+            Type(Find(credit, "expiryDay"), u"2026-11-31"_s);
+            PressKey(Qt::Key_Return);
+            EXPECT_EQ(prompt.TakeSaid(), QStringList {u"Please enter a day, as in 2026-11-21."_s});
+            EXPECT_EQ(Find<QLineEdit>(credit, "expiryDay").text(), u"2026-11-31"_s);
+            Type(Find(credit, "expiryDay"), u"2026-11-20"_s);
             Click(credit, "ok");
             EXPECT_EQ(
                 prompt.TakeSaid(),
                 QStringList {u"The expiry day has already passed. Please choose another day"_s});
-            Find<QDateEdit>(credit, "expiryDay").setDate({2026, 11, 21});
+            Type(Find(credit, "expiryDay"), u"31.3.2028"_s);
             Click(credit, "ok");
         });
         Click(dialog, "ok");
     });
-    EXPECT_EQ(RowsOf("SELECT expiredday FROM billing"), QStringList {u"2026.11.21"_s});
+    EXPECT_EQ(RowsOf("SELECT expiredday FROM billing"), QStringList {u"2028.03.31"_s});
 }
 
 TEST_F(AccountWindow, RefusesMoneyWithoutAValidRate)

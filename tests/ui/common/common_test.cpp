@@ -1,3 +1,4 @@
+#include "base/day.h"
 #include "support/windows/dark_palette.h"
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
@@ -6,10 +7,13 @@
 #include "ui/common/icons.h"
 #include "ui/common/ip_address_field.h"
 #include "ui/common/message_box_prompt.h"
+#include "ui/common/moment_field.h"
 #include "ui/common/number_field.h"
 #include "ui/common/text_field.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -177,6 +181,102 @@ void TypeOver(const QString &keys)
 }
 
 } // namespace
+
+TEST(DayField, KeepsWhatIsTypedAndMarksWhatIsNoDay)
+{
+    const TodayOverride today({2026, 3, 9});
+    DayField field({2026, 3, 9});
+    ShowActive(field);
+    EXPECT_EQ(field.text(), u"2026-03-09"_s);
+    const std::pair<QString, std::optional<QDate>> cases[] = {
+        {u"2025-03-31"_s, QDate(2025, 3, 31)},
+        {u"2027-01-05"_s, QDate(2027, 1, 5)},
+        {u"2024-02-29"_s, QDate(2024, 2, 29)},
+        {u"31.12.2025"_s, QDate(2025, 12, 31)},
+        {u"2021-04-31"_s, {}},
+        {u"3/4"_s, {}},
+        {u"x"_s, {}},
+    };
+    for (const auto &[typed, day] : cases) {
+        Type(field, typed);
+        EXPECT_EQ(field.text(), typed);
+        EXPECT_EQ(field.Day(), day) << qPrintable(typed);
+        EXPECT_EQ(field.accessibleDescription(), day ? QString() : field.Request());
+    }
+    EXPECT_EQ(field.Request(), u"Please enter a day, as in 2026-03-09."_s);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.text(), u"x"_s);
+    field.setEnabled(false);
+    EXPECT_EQ(field.accessibleDescription(), QString());
+    field.setEnabled(true);
+    Type(field, {});
+    EXPECT_FALSE(field.IsReadable());
+    EXPECT_EQ(field.accessibleDescription(), QString()) << "a blank field is not marked";
+}
+
+TEST(DayField, KeysStepAndTheCalendarChooses)
+{
+    DayField field({2026, 2, 28});
+    ShowActive(field);
+    const std::pair<Qt::Key, QString> keys[] = {
+        {Qt::Key_Up, u"2026-03-01"_s},
+        {Qt::Key_Down, u"2026-02-28"_s},
+        {Qt::Key_PageUp, u"2026-03-28"_s},
+        {Qt::Key_PageDown, u"2026-02-28"_s},
+    };
+    for (const auto &[key, text] : keys) {
+        QTest::keyClick(&field, key);
+        EXPECT_EQ(field.text(), text);
+    }
+    Type(field, u"9999-12-31"_s);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.text(), u"9999-12-31"_s);
+
+    const auto popUp = [&field]() -> QCalendarWidget & {
+        return Find<QCalendarWidget>(field, "calendar");
+    };
+    Type(field, u"31.12.2025"_s);
+    QTest::keyClick(&field, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(popUp().selectedDate(), QDate(2025, 12, 31));
+    EXPECT_EQ(popUp().window()->windowType(), Qt::Popup);
+    QTest::keyClick(popUp().window(), Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return field.findChildren<QCalendarWidget *>().isEmpty(); }));
+    EXPECT_EQ(field.text(), u"31.12.2025"_s) << "nothing was chosen";
+
+    field.actions().first()->trigger(); // the button at its end
+    QWidget *days = popUp().findChild<QAbstractItemView *>();
+    QTest::keyClick(days, Qt::Key_Left);
+    QTest::keyClick(days, Qt::Key_Return);
+    EXPECT_EQ(field.text(), u"2025-12-30"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return field.findChildren<QCalendarWidget *>().isEmpty(); }));
+}
+
+TEST(TimeField, KeepsWhatIsTypedAndSteps)
+{
+    TimeField field({8, 0});
+    ShowActive(field);
+    EXPECT_EQ(field.text(), u"08:00:00"_s);
+    const std::pair<QString, std::optional<QTime>> cases[] = {
+        {u"17:45"_s, QTime(17, 45)},
+        {u"17.45"_s, QTime(17, 45)},
+        {u"9:05"_s, QTime(9, 5)},
+        {u"24:00"_s, {}},
+        {u"8 o'clock"_s, {}},
+    };
+    for (const auto &[typed, time] : cases) {
+        Type(field, typed);
+        EXPECT_EQ(field.text(), typed);
+        EXPECT_EQ(field.Time(), time) << qPrintable(typed);
+        EXPECT_EQ(field.accessibleDescription(), time ? QString() : field.Request());
+    }
+    Type(field, u"23:59"_s);
+    QTest::keyClick(&field, Qt::Key_Up); // no other day
+    EXPECT_EQ(field.text(), u"23:59"_s);
+    QTest::keyClick(&field, Qt::Key_PageDown);
+    EXPECT_EQ(field.text(), u"22:59:00"_s);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.text(), u"23:00:00"_s);
+}
 
 TEST(IpAddressField, IsTypedOverWhereverTheFocusCameFrom)
 {
@@ -389,7 +489,7 @@ TEST(MessageBoxPrompt, ALongMessageScrolls)
 
 TEST(Icons, EachPictureIsDrawn)
 {
-    constexpr int kCount = static_cast<int>(Picture::Binding) + 1;
+    constexpr int kCount = static_cast<int>(Picture::Calendar) + 1;
     constexpr int kCell = 40;
     QImage sheet(kCell * kCount, kCell * 2, QImage::Format_ARGB32);
     sheet.fill(Qt::white);

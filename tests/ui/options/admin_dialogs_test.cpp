@@ -9,7 +9,6 @@
 #include "ui/options/unmonitored_dialog.h"
 
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -115,7 +114,7 @@ TEST_F(PurgeWindow, ShowsWhatWouldGoAndLeavesItOnNo)
 {
     PurgeDialog dialog(Services(), nullptr);
     dialog.show();
-    EXPECT_FALSE(Find<QDateEdit>(dialog, "since").isEnabled());
+    EXPECT_FALSE(Find<QLineEdit>(dialog, "since").isEnabled());
     EXPECT_FALSE(Find<QCheckBox>(dialog, "deleteUsers").isEnabled());
     Click(dialog, "today");
     const QStringList before = EveryRow();
@@ -146,18 +145,52 @@ TEST_F(PurgeWindow, RefusesAPeriodThatEndsBeforeItBegins)
     PurgeDialog dialog(Services(), nullptr);
     dialog.show();
     Click(dialog, "custom");
-    Find<QDateEdit>(dialog, "until").setDate({2026, 3, 1});
-    Find<QDateEdit>(dialog, "since").setDate({2026, 3, 2});
+    Type(Find(dialog, "until"), u"2026-03-01"_s);
+    Type(Find(dialog, "since"), u"2026-03-02"_s);
     Click(dialog, "purge");
     EXPECT_EQ(
         prompt.TakeSaid(),
         QStringList {u"You entered incorrect time period. Please re-enter one of the dates"_s});
-    EXPECT_EQ(Find<QDateEdit>(dialog, "until").date(), QDate(2026, 3, 2));
+    EXPECT_EQ(Find<QLineEdit>(dialog, "until").text(), u"2026-03-02"_s);
     EXPECT_EQ(Rows("SELECT current_time FROM traffic_use").size(), 3);
     // The same day at both ends keeps exactly that day.
     prompt.AnswerWith({true});
     Click(dialog, "purge");
     EXPECT_EQ(Rows("SELECT current_time FROM traffic_use"), QStringList {u"2026-03-02"_s});
+}
+
+TEST_F(PurgeWindow, DaysStayAsTheyAreTypedAndAreRefusedWhenTheyAreNone)
+{
+    PurgeDialog dialog(Services(), nullptr);
+    dialog.show();
+    Click(dialog, "custom");
+    Type(Find(dialog, "until"), u"2027-01-05"_s);
+    const std::pair<QString, QString> days[] = {
+        {u"2025-03-31"_s, u"Monday, 31 March 2025"_s},
+        {u"2024-02-29"_s, u"Thursday, 29 February 2024"_s},
+        {u"31.12.2025"_s, u"Wednesday, 31 December 2025"_s},
+    };
+    for (const auto &[typed, words] : days) {
+        TypeInto(dialog, "since", typed);
+        EXPECT_EQ(Find<QLineEdit>(dialog, "since").text(), typed);
+        Click(dialog, "purge"); // No
+        EXPECT_EQ(prompt.TakeGoing(),
+                  QStringList(u"Kept are the days from %1 to Tuesday, 5 January 2027. All records "
+                              "before and after go."_s.arg(words)));
+        EXPECT_EQ(prompt.TakeSaid().size(), 1);
+    }
+    const QStringList before = EveryRow();
+    for (const char *field : {"since", "until"}) {
+        for (const QString &typed : {u"2025-02-30"_s, u"31.12"_s, u""_s}) {
+            Type(Find(dialog, field), typed);
+            Click(dialog, "purge");
+            EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Please enter a day, as in 2026-03-09."_s));
+            EXPECT_EQ(Find<QLineEdit>(dialog, field).text(), typed);
+            EXPECT_TRUE(Find(dialog, field).hasFocus());
+        }
+        TypeInto(dialog, field, u"2026-03-09"_s);
+    }
+    EXPECT_EQ(EveryRow(), before);
 }
 
 TEST_F(PurgeWindow, AllInformationGoesAndUsersOnlyWhenAsked)
@@ -285,8 +318,9 @@ TEST_F(PurgeWindow, TheQuestionNamesTheDaysThatAreKept)
     EXPECT_EQ(named("lastWeek"),
               QStringList(u"Kept are the days from Tuesday, 3 March 2026 to today, Monday, 9 March "
                           "2026. All records before go."_s));
-    Find<QDateEdit>(dialog, "since").setDate({2026, 3, 1});
-    Find<QDateEdit>(dialog, "until").setDate({2026, 3, 2});
+    Click(dialog, "custom");
+    Type(Find(dialog, "since"), u"2026-03-01"_s);
+    Type(Find(dialog, "until"), u"2026-03-02"_s);
     EXPECT_EQ(named("custom"),
               QStringList(u"Kept are the days from Sunday, 1 March 2026 to Monday, 2 March 2026. "
                           "All records before and after go."_s));
@@ -541,6 +575,35 @@ TEST_F(LoginWindow, TheHeadersSort)
         EXPECT_EQ(Find<QLineEdit>(dialog, "name").text(), u"adam"_s);
         EXPECT_FALSE(Find<QCheckBox>(dialog, "bindToUser").isChecked()) << "-1 is no user";
         dialog.reject();
+    });
+    Click(manager, "edit");
+}
+
+TEST_F(LoginWindow, ReturnInAFieldIsOk)
+{
+    LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
+    manager.show();
+    {
+        const WhileModal creating([](QDialog &dialog) {
+            Click(dialog, "bindToUser"); // "Browse for user..." can be pressed from now on
+            Click(dialog, "bindToUser");
+            TypeInto(dialog, "name", u"bob1"_s);
+            TypeInto(dialog, "password", u"secret"_s);
+            TypeInto(dialog, "retyped", u"secret"_s);
+            ::Press(Qt::Key_Return);
+            EXPECT_FALSE(dialog.isVisible());
+        });
+        Click(manager, "create");
+    }
+    auto &list = Find<QTreeWidget>(manager, "logins");
+    EXPECT_EQ(list.topLevelItemCount(), 3);
+    list.setCurrentItem(list.topLevelItem(0)); // bound to ann
+    const WhileModal editing([](QDialog &dialog) {
+        EXPECT_TRUE(Find(dialog, "browse").isEnabled());
+        Type(Find(dialog, "password"), u"other"_s);
+        Type(Find(dialog, "retyped"), u"other"_s);
+        ::Press(Qt::Key_Return);
+        EXPECT_FALSE(dialog.isVisible());
     });
     Click(manager, "edit");
 }

@@ -8,7 +8,6 @@
 #include "ui/options/purge_dialog.h"
 #include "ui/options/unmonitored_dialog.h"
 
-#include <QDateEdit>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -143,8 +142,8 @@ TEST_F(PurgeFailures, ATableOfWhichOnlyAPartWentSaysSo)
     PurgeDialog dialog(Services(), nullptr);
     dialog.show();
     Click(dialog, "custom");
-    Find<QDateEdit>(dialog, "since").setDate({2026, 3, 2});
-    Find<QDateEdit>(dialog, "until").setDate({2026, 3, 2});
+    Type(Find(dialog, "since"), u"2026-03-02"_s);
+    Type(Find(dialog, "until"), u"2026-03-02"_s);
     Execute("CREATE TRIGGER refuse BEFORE DELETE ON traffic_use WHEN OLD.current_time > "
             "'2026-03-02' BEGIN SELECT RAISE(ABORT, 'kept'); END");
     EXPECT_EQ(Purge(dialog).value(0), u"Traffic records|2|1, failed"_s);

@@ -416,7 +416,7 @@ TEST_F(OptionsWindow, EveryControlIsReachedByTheKeyboardAndNamed)
         auto &list = Find<QListWidget>(sheet, "pageList");
         list.setFocus();
         for (int page = 0; page < list.count(); ++page) {
-            EXPECT_EQ(ActivePage(sheet), list.currentItem()->text());
+            EXPECT_EQ(ActivePage(sheet), list.item(page)->text());
             Grab(sheet, u"options-page-%1"_s.arg(page));
             ExpectKeyboardReachesAll(*Find<QTabWidget>(sheet, "pages").currentWidget());
             list.setFocus();
@@ -426,8 +426,129 @@ TEST_F(OptionsWindow, EveryControlIsReachedByTheKeyboardAndNamed)
     }));
 }
 
+namespace {
+
+// The entry that is marked, the entry that the keys go on from and the page that shows, which are one.
+QString OnePage(const QDialog &sheet)
+{
+    auto &list = Find<QListWidget>(sheet, "pageList");
+    QStringList marked;
+    for (const auto *entry : list.selectedItems()) {
+        marked << entry->text();
+    }
+    const QStringList all {marked.join(u'+'), list.currentItem()->text(), ActivePage(sheet)};
+    return all.count(all.first()) == all.size() ? all.first() : all.join(u'|');
+}
+
+void PressInList(const QDialog &sheet, Qt::Key key, const QString &expected)
+{
+    Find(sheet, "pageList").setFocus();
+    Press(key);
+    EXPECT_EQ(OnePage(sheet), expected) << key;
+}
+
+} // namespace
+
+TEST_F(OptionsWindow, KeysInThePageListTurnThePages)
+{
+    EXPECT_FALSE(Run([this](QDialog &sheet) {
+        const QStringList titles {u"General"_s,
+                                  u"Network"_s,
+                                  u"Adapter selection"_s,
+                                  u"Tariff"_s,
+                                  u"Protocols"_s,
+                                  u"Bind"_s,
+                                  u"Authentication"_s,
+                                  u"Default user profile"_s};
+        EXPECT_EQ(OnePage(sheet), titles.first());
+        for (qsizetype page = 1; page < titles.size(); ++page) {
+            PressInList(sheet, Qt::Key_Down, titles[page]);
+        }
+        PressInList(sheet, Qt::Key_Down, titles.last());
+        for (qsizetype page = titles.size() - 2; page >= 0; --page) {
+            PressInList(sheet, Qt::Key_Up, titles[page]);
+        }
+        PressInList(sheet, Qt::Key_End, titles.last());
+        PressInList(sheet, Qt::Key_Home, titles.first());
+        PressInList(sheet, Qt::Key_T, u"Tariff"_s);
+
+        TurnToPage(sheet, u"General"_s);
+        Type(Find(sheet, "updatePeriod"), u"12x"_s);
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_End}) {
+            PressInList(sheet, key, u"General"_s);
+            EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Please enter an integer."_s)) << key;
+        }
+        TurnToPage(sheet, u"Network"_s);
+        EXPECT_EQ(OnePage(sheet), u"General"_s);
+        Click(sheet, "cancel");
+    }));
+}
+
+TEST_F(OptionsWindow, APortTypedBehindTheKeysOfTheListIsThePort)
+{
+    EXPECT_TRUE(Run([](QDialog &sheet) {
+        Find(sheet, "pageList").setFocus();
+        for (int times = 0; times < 6; ++times) {
+            Press(Qt::Key_Down);
+        }
+        TypeInto(sheet, "authPort", u"1234"_s);
+        Press(Qt::Key_Return);
+    }));
+    EXPECT_EQ(Store().ReadText(values::kAuthPort), u"1234"_s);
+    EXPECT_EQ(Store().ReadText(values::kTimer), u"0"_s);
+}
+
+TEST_F(OptionsWindow, AClickThatWouldUnmarkLeavesThePageMarked)
+{
+    EXPECT_FALSE(Run([](QDialog &sheet) {
+        auto &list = Find<QListWidget>(sheet, "pageList");
+        const QRect entry = list.visualItemRect(list.currentItem());
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, entry.center());
+        EXPECT_EQ(OnePage(sheet), u"General"_s);
+        const QPoint below(entry.center().x(), list.viewport()->height() - 2);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, below);
+        EXPECT_EQ(OnePage(sheet), u"General"_s);
+        Click(sheet, "cancel");
+    }));
+}
+
 class GlobalOptionsWindow : public OptionsWindow
 { };
+
+TEST_F(GlobalOptionsWindow, KeysInTheTabBarTurnThePages)
+{
+    Store().WriteText(values::kTimer, u"60"_s);
+    EXPECT_FALSE(RunGlobal([this](QDialog &sheet) {
+        auto &bar = *Find<QTabWidget>(sheet, "pages").tabBar();
+        const std::pair<Qt::Key, QString> keys[] = {
+            {Qt::Key_Right, u"Bind"_s},
+            {Qt::Key_Right, u"Miscellaneous"_s},
+            {Qt::Key_Right, u"Network"_s},
+            {Qt::Key_Right, u"Protocols"_s},
+            {Qt::Key_Right, u"Protocols"_s},
+            {Qt::Key_Left, u"Network"_s},
+            {Qt::Key_Home, u"Rate"_s},
+            {Qt::Key_End, u"Protocols"_s},
+        };
+        for (const auto &[key, title] : keys) {
+            bar.setFocus();
+            Press(key);
+            EXPECT_EQ(ActivePage(sheet), title);
+            EXPECT_EQ(bar.tabText(bar.currentIndex()), title);
+        }
+        bar.setFocus();
+        Press(Qt::Key_Home);
+        TurnTo(Find<QTabWidget>(sheet, "pages"), u"Miscellaneous"_s);
+        Find<QLineEdit>(sheet, "updatePeriod").clear();
+        for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End}) {
+            bar.setFocus();
+            Press(key);
+            EXPECT_EQ(ActivePage(sheet), u"Miscellaneous"_s) << key;
+            EXPECT_EQ(prompt.TakeSaid().size(), 1) << key;
+        }
+        Click(sheet, "cancel");
+    }));
+}
 
 TEST_F(OptionsWindow, EachWayOfTellingUsersApartSaysWhatItNeeds)
 {

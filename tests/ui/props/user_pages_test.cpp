@@ -399,21 +399,27 @@ TEST_F(UserPages, ATimeRangeNeedsADayAndAnEndAfterItsStart)
     EXPECT_EQ(day.count(), 7);
     EXPECT_EQ(day.currentIndex(), -1);
     const std::tuple<const char *, const char *, const char *> refused[] = {
-        {"220000", "020000", "Wrong time specification. Please re-enter"},
-        {"100000", "100000", "Wrong time specification. Please re-enter"},
-        {"100000", "100001", "Please select day"},
+        {"25:00", "26:00", "Please enter a time, as in 17:45."},
+        {"17:45", "18:4", "Please enter a time, as in 17:45."},
+        {"22:00", "02:00", "Wrong time specification. Please re-enter"},
+        {"10:00:00", "10.00", "Wrong time specification. Please re-enter"},
+        {"10:00:00", "10:00:01", "Please select day"},
     };
     for (const auto &[since, until, message] : refused) {
-        TypeTime(dialog, "since", QString::fromLatin1(since));
-        TypeTime(dialog, "until", QString::fromLatin1(until));
+        TypeInto(dialog, "since", QString::fromLatin1(since));
+        TypeInto(dialog, "until", QString::fromLatin1(until));
         Click(dialog, "ok");
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_THAT(prompt.TakeSaid(), ElementsAre(QString::fromLatin1(message)));
     }
     Choose(Find<QComboBox>(dialog, "day"), u"Sunday"_s);
+    TypeInto(dialog, "since", u"17:45"_s);
+    TypeInto(dialog, "until", u"18.05"_s);
     Click(dialog, "ok");
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.Day(), 7U);
+    EXPECT_EQ(dialog.Since(), QTime(17, 45));
+    EXPECT_EQ(dialog.Until(), QTime(18, 5));
 }
 
 TEST_F(UserPages, TimeRangesAreListedAddedAndDeleted)

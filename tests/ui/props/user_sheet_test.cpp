@@ -97,8 +97,8 @@ protected:
             TabTo(range, "day");
             Press(Qt::Key_Down);
             Press(Qt::Key_Down);
-            TypeTime(range, "since", u"093000"_s);
-            TypeTime(range, "until", u"183059"_s);
+            TypeInto(range, "since", u"9:30"_s);
+            TypeInto(range, "until", u"18:30:59"_s);
             Press(Qt::Key_Return);
         });
         PressButton(sheet, "addRange");

@@ -13,7 +13,6 @@
 #include "ui/reports/report_viewer.h"
 
 #include <QComboBox>
-#include <QDateEdit>
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
@@ -91,8 +90,8 @@ TEST_F(Reports, OpensWithoutASelectionButTheFirstDescription)
     EXPECT_TRUE(catalogue.selectedItems().isEmpty()); // kept: the search finds no title
     EXPECT_EQ(Find<QLabel>(*dialog, "description").text(), DescriptionOf(ReportCatalogue()[0]));
     EXPECT_TRUE(Find<QAbstractButton>(*dialog, "allAvailable").isChecked());
-    EXPECT_FALSE(Find<QDateEdit>(*dialog, "since").isEnabled());
-    EXPECT_FALSE(Find<QDateEdit>(*dialog, "until").isEnabled());
+    EXPECT_FALSE(Find<QLineEdit>(*dialog, "since").isEnabled());
+    EXPECT_FALSE(Find<QLineEdit>(*dialog, "until").isEnabled());
     Grab(*dialog, u"reports-opened"_s);
 }
 
@@ -106,9 +105,9 @@ TEST_F(Reports, ARowShowsItsDescriptionAndEnablesItsFilters)
         EXPECT_EQ(Find<QWidget>(*dialog, "groups").isEnabled(), row != 1 && row != 3);
     }
     Click(*dialog, "custom");
-    EXPECT_TRUE(Find<QDateEdit>(*dialog, "since").isEnabled());
+    EXPECT_TRUE(Find<QLineEdit>(*dialog, "since").isEnabled());
     Click(*dialog, "lastWeek");
-    EXPECT_FALSE(Find<QDateEdit>(*dialog, "until").isEnabled());
+    EXPECT_FALSE(Find<QLineEdit>(*dialog, "until").isEnabled());
 }
 
 // As when the dialog opens: the focus alone makes the first row the current one.
@@ -162,15 +161,21 @@ TEST_F(Reports, FromAfterToRunsNothing)
 {
     Select(0);
     Click(*dialog, "custom");
-    Find<QDateEdit>(*dialog, "since").setDate({2026, 11, 5});
-    Find<QDateEdit>(*dialog, "until").setDate({2026, 11, 4});
+    Type(Find(*dialog, "since"), u"2026-11-05"_s);
+    Type(Find(*dialog, "until"), u"2026-11-04"_s);
     QSignalSpy puts(&dialog->Viewer(), &ReportViewer::PropertyPut);
     QTest::keyClick(&Find<QListWidget>(*dialog, "catalogue"), Qt::Key_Return);
     EXPECT_EQ(
         prompt.TakeSaid(),
         QStringList(u"You entered incorrect time period. Please re-enter one of the dates"_s));
     EXPECT_TRUE(puts.isEmpty());
-    EXPECT_EQ(Find<QDateEdit>(*dialog, "until").date(), QDate(2026, 11, 5));
+    EXPECT_EQ(Find<QLineEdit>(*dialog, "until").text(), u"2026-11-05"_s);
+    Type(Find(*dialog, "since"), u"5.11.20265"_s);
+    QTest::keyClick(&Find(*dialog, "since"), Qt::Key_Return);
+    EXPECT_EQ(prompt.TakeSaid().size(), 1);
+    EXPECT_EQ(Find<QLineEdit>(*dialog, "since").text(), u"5.11.20265"_s);
+    EXPECT_TRUE(puts.isEmpty());
+    Type(Find(*dialog, "since"), u"5.11.2026"_s);
     ClickGenerate();
     EXPECT_TRUE(dialog->Viewer().Table());
 }
