@@ -75,8 +75,7 @@ Result<std::vector<BillId>> SelectedCredits(const HistoryFilter &filter)
 // A date and time as the engines write it; fractions of a second are left out.
 QDateTime MomentFrom(const QString &text)
 {
-    return {DateIn(text, u'-'),
-            QTime::fromString(text.mid(11, 8), u"HH:mm:ss"_s)};
+    return {DateIn(text, u'-'), QTime::fromString(text.mid(11, 8), u"HH:mm:ss"_s)};
 }
 
 // A row of date, data, closed, usage, mode.

@@ -235,7 +235,8 @@ void PutElement(NetlinkWriter &writer, SetId set, const Element &element, bool w
     const size_t key = writer.Nest(NFTA_SET_ELEM_KEY);
     writer.PutBytes(NFTA_DATA_VALUE, KeyBytes(layout.key, element));
     writer.EndNest(key);
-    const bool isVerdict = layout.value == ValueKind::PacketVerdict || layout.value == ValueKind::Accept;
+    const bool isVerdict =
+        layout.value == ValueKind::PacketVerdict || layout.value == ValueKind::Accept;
     if (whole && isVerdict) {
         PutVerdict(writer, set, element);
     } else if (whole && layout.value == ValueKind::Quota) {
@@ -252,10 +253,10 @@ std::optional<ReadElement> ReadElementFrom(NetlinkView bytes, SetId set, Family 
     const auto key = attributes ? attributes->Nest(NFTA_SET_ELEM_KEY) : std::nullopt;
     const auto keyBytes = key ? key->Bytes(NFTA_DATA_VALUE) : std::nullopt;
     const auto element = keyBytes ? ElementFromKey(*keyBytes, layout.key, family) : std::nullopt;
-    const auto value = !element              ? std::nullopt
+    const auto value = !element                    ? std::nullopt
         : layout.value == ValueKind::PacketVerdict ? VerdictFrom(*attributes, set, family)
-        : layout.value == ValueKind::Quota   ? QuotaIdFrom(*attributes)
-                                             : std::optional<quint32>(0);
+        : layout.value == ValueKind::Quota         ? QuotaIdFrom(*attributes)
+                                                   : std::optional<quint32>(0);
     const auto counted =
         !element || !layout.counts ? std::optional<quint64>(0) : CounterFrom(*attributes);
     if (!value || !counted) {

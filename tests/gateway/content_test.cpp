@@ -13,7 +13,8 @@ const NetAddress kTwo = NetAddress::FromIpv4(0x0A000002);
 std::optional<PacketVerdict> VerdictIn(const Elements &map, const NetAddress &address)
 {
     const auto found = std::ranges::find(map, address, &Element::address);
-    return found == map.end() ? std::nullopt : std::optional(static_cast<PacketVerdict>(found->value));
+    return found == map.end() ? std::nullopt
+                              : std::optional(static_cast<PacketVerdict>(found->value));
 }
 
 ClientRules Client(const std::vector<NetAddress> &addresses)

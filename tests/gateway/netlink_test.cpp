@@ -125,15 +125,16 @@ TEST(Netlink, ElementsAreReadAsTheyWereWritten)
     };
     const auto hardware = NumberOf(*HardwareAddress::From(u"001122334455"_s));
     const auto value = [](PacketVerdict verdict) { return static_cast<quint32>(verdict); };
-    const Case cases[] = {{SetId::Ports, {Address(u"10.0.0.1"_s), 65535, 0}},
-                          {SetId::Hardware, {Address(u"fd00::1"_s), hardware, 0}},
-                          {SetId::From, {Address(u"10.0.0.1"_s), 0, value(PacketVerdict::HardwareDeny)}},
-                          {SetId::From, {Address(u"10.0.0.1"_s), 0, value(PacketVerdict::Refuse)}},
-                          {SetId::To, {Address(u"fd00::1"_s), 0, value(PacketVerdict::Silent)}},
-                          {SetId::To, {Address(u"fd00::1"_s), 0, value(PacketVerdict::Pass)}},
-                          {SetId::To, {Address(u"fd00::1"_s), 0, value(PacketVerdict::Left)}},
-                          {SetId::Left, {Address(u"10.0.0.1"_s), 0, 4000000000U}},
-                          {SetId::GroupLeft, {Address(u"10.0.0.1"_s), 0, 7}}};
+    const Case cases[] = {
+        {SetId::Ports, {Address(u"10.0.0.1"_s), 65535, 0}},
+        {SetId::Hardware, {Address(u"fd00::1"_s), hardware, 0}},
+        {SetId::From, {Address(u"10.0.0.1"_s), 0, value(PacketVerdict::HardwareDeny)}},
+        {SetId::From, {Address(u"10.0.0.1"_s), 0, value(PacketVerdict::Refuse)}},
+        {SetId::To, {Address(u"fd00::1"_s), 0, value(PacketVerdict::Silent)}},
+        {SetId::To, {Address(u"fd00::1"_s), 0, value(PacketVerdict::Pass)}},
+        {SetId::To, {Address(u"fd00::1"_s), 0, value(PacketVerdict::Left)}},
+        {SetId::Left, {Address(u"10.0.0.1"_s), 0, 4000000000U}},
+        {SetId::GroupLeft, {Address(u"10.0.0.1"_s), 0, 7}}};
     for (const auto &[set, element] : cases) {
         const Family family = FamilyOf(element.address);
         const NetlinkBytes message = Listing(set, element);
