@@ -209,8 +209,8 @@ void ListPane::CopySelected() const
     QStringList lines;
     for (const int row : SelectedRows()) {
         QStringList cells;
-        for (int column = 0; column < model()->columnCount(); ++column) {
-            const QModelIndex cell = model()->index(row, column);
+        for (int place = 0; place < header()->count(); ++place) { // as they were dragged
+            const QModelIndex cell = model()->index(row, header()->logicalIndex(place));
             const QVariant shown = cell.data(Qt::DisplayRole);
             cells << OneLine(
                 (shown.isValid() ? shown : cell.data(Qt::AccessibleTextRole)).toString());

@@ -43,7 +43,8 @@ void UserCommands::ChangeGroup()
 void UserCommands::ChangeGroupOfChosen()
 {
     const QList<UserId> userIds = list.ChosenIds();
-    if (MayChangeChosen()) {
+    if (!userIds.isEmpty()
+        && MayChangeChosen()) { // a refresh may end the choice under an open menu
         MoveToChosenGroup(userIds);
     }
 }
@@ -51,7 +52,7 @@ void UserCommands::ChangeGroupOfChosen()
 void UserCommands::SetLimitsOfChosen()
 {
     const QList<UserId> userIds = list.ChosenIds();
-    if (MayChangeChosen()) {
+    if (!userIds.isEmpty() && MayChangeChosen()) {
         dialogs.userLimits(userIds, list.window());
     }
 }
