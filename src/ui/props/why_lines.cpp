@@ -2,6 +2,7 @@
 
 #include "ui/common/accessible.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -49,6 +50,15 @@ QSize WhyLines::minimumSizeHint() const
     return {widget()->minimumSizeHint().width() + bar, sizeHint().height()};
 }
 
+// What is inside is not yet laid out when it is made, and a scroll area does not ask for more room later.
+bool WhyLines::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        updateGeometry();
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
 // A button may be what brought the change about: it goes once it is done.
 void WhyLines::Clear()
 {
@@ -75,7 +85,6 @@ void WhyLines::Show(const WhyAccess &why, const QString &difference)
     if (!difference.isEmpty()) {
         AddText(difference, false);
     }
-    updateGeometry();
 }
 
 void WhyLines::ShowText(const QString &text)

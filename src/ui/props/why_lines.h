@@ -28,6 +28,9 @@ public:
 signals:
     void CommandChosen(WhyCommand command, bool ofGroup);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void Clear();
     void AddText(const QString &text, bool isStrong);

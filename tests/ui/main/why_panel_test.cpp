@@ -2,9 +2,11 @@
 #include "ui/main/why_panel.h"
 
 #include "list_fixture.h"
+#include "ui/props/why_lines.h"
 
 #include <QLabel>
 #include <QPushButton>
+#include <QSplitter>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -101,6 +103,22 @@ TEST_F(WhyPanelTest, IsShownByItsCommandAndKeptForTheNextStart)
     CloseFrame();
     ShowFrame();
     EXPECT_FALSE(Panel().isVisible());
+}
+
+TEST_F(WhyPanelTest, IsWideEnoughForTheCommandsThatItComesToShow)
+{
+    ShowPanel();
+    auto *splitter = qobject_cast<QSplitter *>(Panel().parentWidget());
+    ASSERT_NE(splitter, nullptr);
+    splitter->setSizes({10000, 1});
+    Click(2);
+    const auto &lines = Find<WhyLines>(Panel(), "whyLines");
+    const auto buttons = lines.findChildren<QPushButton *>();
+    ASSERT_FALSE(buttons.isEmpty());
+    for (const QPushButton *button : buttons) {
+        const QPoint end = button->mapTo(lines.viewport(), button->rect().bottomRight());
+        EXPECT_LT(end.x(), lines.viewport()->width()) << qPrintable(button->text());
+    }
 }
 
 TEST_F(WhyPanelTest, TellsOfTheSelectedUser)
