@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QDate>
-#include <QStringView>
+#include <QString>
 
 // A day as it is bound to a statement. The simple arithmetic below can name a day that does not
 // exist, such as 30 February; the database session then takes the next day that does.
