@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QTabBar>
+#include <QToolButton>
 #include <QTreeWidget>
 
 #include <algorithm>
@@ -49,7 +50,9 @@ private:
             LookForRoom(*label);
         } else if (const auto *button = qobject_cast<QAbstractButton *>(widget)) {
             Look(button->text(), button);
-            ExpectRoom(button->text(), button->sizeHint().width(), button);
+            if (!ShowsIconAlone(*button)) {
+                ExpectRoom(button->text(), button->sizeHint().width(), button);
+            }
         } else if (const auto *box = qobject_cast<QGroupBox *>(widget)) {
             Look(box->title(), box);
             ExpectRoom(box->title(), box->fontMetrics().horizontalAdvance(box->title()), box);
@@ -66,6 +69,13 @@ private:
         } else if (const auto *field = qobject_cast<QLineEdit *>(widget)) {
             Look(field->placeholderText(), field);
         }
+    }
+
+    static bool ShowsIconAlone(const QAbstractButton &button)
+    {
+        const auto *tool = qobject_cast<const QToolButton *>(&button);
+        return tool != nullptr && tool->toolButtonStyle() == Qt::ToolButtonIconOnly
+            && !tool->icon().isNull();
     }
 
     // A person drags a section wider, so that it need not show all of its text.

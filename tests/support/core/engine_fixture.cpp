@@ -151,7 +151,7 @@ void EngineFixture::AwaitLockWait()
         ? "SELECT pid FROM pg_stat_activity WHERE datname = current_database() "
           "AND wait_event_type = 'Lock'"
         : "SELECT id FROM information_schema.processlist WHERE db = DATABASE() AND "
-          "command = 'Query' AND id <> connection_id() AND EXISTS (SELECT 1 FROM "
+          "command IN ('Query', 'Execute') AND id <> connection_id() AND EXISTS (SELECT 1 FROM "
           "information_schema.global_status WHERE variable_name = 'INNODB_ROW_LOCK_CURRENT_WAITS' "
           "AND variable_value > 0)";
     const QDeadlineTimer patience(10000);
