@@ -3,7 +3,6 @@
 #include "access/list_commands.h"
 #include "accounts/currency.h"
 #include "base/day.h"
-#include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/account_bar.h"
@@ -64,6 +63,7 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
     connect(&finder, &UserFinder::Found, this, &CAdministratorView::TakeFound);
     connect(&finder, &UserFinder::Failed, this, [this] { TellRead(false); });
     connect(&matching, &MatchingUsers::Changed, this, &CAdministratorView::MatchingChanged);
+    connect(&matching, &MatchingUsers::Shrunk, this, &CAdministratorView::SelectListedOfMatching);
     connect(this, &ListPane::Focused, this, &CAdministratorView::SelectMatching);
 }
 
@@ -87,7 +87,6 @@ void CAdministratorView::FirstFill()
 
 void CAdministratorView::FillList(int order, bool ascending)
 {
-    EndMatching();
     if (order >= user_order::kUserName && order <= user_order::kFullName) {
         sortColumn = order;
     }
@@ -175,6 +174,7 @@ void CAdministratorView::TakeList(const UserList &list, int order, bool ascendin
     shownOrder = order;
     shownAscending = ascending;
     ShowSortIndicator();
+    KeepMatching();
 }
 
 void CAdministratorView::RebuildColumns()
@@ -299,8 +299,28 @@ void CAdministratorView::ChooseAllMatching()
 void CAdministratorView::SelectMatching()
 {
     if (matching.AreChosen()) {
-        selectAll();
+        SelectListedOfMatching();
     }
+}
+
+// Somebody who came to match since is listed and is not chosen. Without the focus the first row is not
+// selected.
+void CAdministratorView::SelectListedOfMatching()
+{
+    QList<int> rows;
+    for (int row = 0; row < RowCount(); ++row) {
+        if (matching.Contains(IdAt(row))) {
+            rows << row;
+        }
+    }
+    GoTo(-1, hasFocus() ? rows : rows.mid(1));
+}
+
+// The list shows other rows than before, or the same in another order.
+void CAdministratorView::KeepMatching()
+{
+    SelectMatching();
+    matching.LookAgain(filter, {shownOrder, shownAscending});
 }
 
 // Nothing may look chosen any more of which a command would then take only the listed part.
@@ -346,6 +366,25 @@ int CAdministratorView::RowOf(UserId id) const
     return users->RowOf(id);
 }
 
+QString CAdministratorView::NameAt(int row) const
+{
+    return users->NameAt(row);
+}
+
+Targets<UserId> CAdministratorView::PresentTargets() const
+{
+    if (!matching.AreChosen()) {
+        return IdListPane::PresentTargets();
+    }
+    Targets<UserId> targets {.ids = matching.Ids(), .names = {}, .areAllMatching = true};
+    for (int row = 0; row < RowCount() && targets.names.size() < kMostNames; ++row) {
+        if (matching.Contains(IdAt(row))) {
+            targets.names << NameAt(row);
+        }
+    }
+    return targets;
+}
+
 // Without a column to show them in, nobody knows whether there are users.
 QString CAdministratorView::TextWhenEmpty() const
 {
@@ -379,7 +418,7 @@ QString CAdministratorView::AccountPrompt() const
 
 void CAdministratorView::AskForAccount(QObject *context, const std::function<void(bool)> &answer)
 {
-    if (matching.AreChosen()) {
+    if (CommandTargets().areAllMatching) {
         answer(false);
         return;
     }
@@ -391,10 +430,15 @@ void CAdministratorView::DeleteSelected()
     commands.Delete();
 }
 
-QString CAdministratorView::NameOf(UserId userId) const
+QStringList CAdministratorView::FirstNames(const QList<UserId> &userIds) const
 {
-    const int row = users->RowOf(userId);
-    return row < 0 ? QString() : users->NameAt(row);
+    QStringList names;
+    for (const UserId userId : userIds.first(std::min(userIds.size(), kMostNames))) {
+        if (const int row = users->RowOf(userId); row >= 0) {
+            names << users->NameAt(row);
+        }
+    }
+    return names;
 }
 
 void CAdministratorView::RemoveRows(const QList<UserId> &userIds)
@@ -422,11 +466,12 @@ void CAdministratorView::RefreshKey()
 
 void CAdministratorView::FillPopUp(QMenu &menu)
 {
-    if (matching.AreChosen()) {
+    const Targets<UserId> targets = CommandTargets();
+    if (targets.areAllMatching) {
         FillPopUpOfMatching(menu);
         return;
     }
-    const bool several = SelectedRows().size() >= 2;
+    const bool several = targets.ids.size() >= 2;
     menu.setObjectName(several ? u"severalUsersPopUp"_s : u"userPopUp"_s);
     const auto changeGroup = [this] { commands.ChangeGroupOfChosen(); };
     if (several) {
@@ -505,7 +550,7 @@ void CAdministratorView::startDrag(Qt::DropActions /*actions*/)
     if (dragged.isEmpty()) {
         return;
     }
-    QLabel picture(NamesLine(commands.FirstNames(dragged), dragged.size()));
+    QLabel picture(NamesLine(FirstNames(dragged), dragged.size()));
     picture.setTextFormat(Qt::PlainText);
     picture.setFrameShape(QFrame::Box);
     picture.setMargin(4);

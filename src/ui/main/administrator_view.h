@@ -64,7 +64,7 @@ public:
     void Print();
 
     // "Select all matching": whether it is of use, since not all users are listed, and what it has chosen.
-    // A refill ends it, and so does whatever else selects rows.
+    // A refill keeps it; whatever else selects rows ends it, and so does another filter.
     [[nodiscard]] bool MayHoldBack() const;
     void ChooseAllMatching();
     void EndMatching();
@@ -76,8 +76,8 @@ public:
     // What can be done with the users that are chosen.
     [[nodiscard]] UserCommands &Commands() { return commands; }
 
-    // The name of a user that is listed; empty for any other.
-    [[nodiscard]] QString NameOf(UserId userId) const;
+    // The names of the first of these users that are listed, up to kMostNames.
+    [[nodiscard]] QStringList FirstNames(const QList<UserId> &userIds) const;
 
     // Takes rows out whose users are gone, before a refill tells.
     void RemoveRows(const QList<UserId> &userIds);
@@ -101,6 +101,8 @@ public:
 protected:
     [[nodiscard]] UserId IdAt(int row) const override;
     [[nodiscard]] int RowOf(UserId id) const override;
+    [[nodiscard]] QString NameAt(int row) const override;
+    [[nodiscard]] Targets<UserId> PresentTargets() const override;
     [[nodiscard]] QString TextWhenEmpty() const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
@@ -113,6 +115,8 @@ private:
     [[nodiscard]] ListToExport WholeList() const;
     void MatchingChanged();
     void SelectMatching();
+    void SelectListedOfMatching();
+    void KeepMatching();
     void FillPopUpOfMatching(QMenu &menu);
     void InsertColumns();
     void FitMacAddresses();

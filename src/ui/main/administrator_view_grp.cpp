@@ -74,10 +74,17 @@ QString CAdministratorViewGrp::TextWhenEmpty() const
     return tr("There are no groups.");
 }
 
-int CAdministratorViewGrp::SelectedRow() const
+QString CAdministratorViewGrp::NameAt(int row) const
 {
-    const QList<int> rows = SelectedRows();
-    return rows.isEmpty() ? -1 : rows.front();
+    return groups->NameAt(row);
+}
+
+std::optional<NamedGroup> CAdministratorViewGrp::TargetGroup() const
+{
+    const Targets<GroupId> targets = CommandTargets();
+    return targets.ids.isEmpty()
+        ? std::nullopt
+        : std::optional(NamedGroup {targets.names.front(), targets.ids.front()});
 }
 
 void CAdministratorViewGrp::OpenProperties()
@@ -102,13 +109,12 @@ void CAdministratorViewGrp::AskForAccount(QObject *context, const std::function<
 
 void CAdministratorViewGrp::DeleteSelected()
 {
-    const int row = SelectedRow();
-    if (row < 0) {
+    const auto group = TargetGroup();
+    if (!group) {
         return;
     }
-    const GroupId groupId = groups->IdAt(row);
-    const QString name = groups->NameAt(row); // kept: the name counts here, the id when renaming
-    const bool isKept = name == u"Everybody"_s;
+    const auto &[name, groupId] = *group;
+    const bool isKept = name == u"Everybody"_s; // kept: the name counts here, the id when renaming
     if (!services.prompt.AskToDestroy(tr("This will delete the selected group. Contunue?"),
                                       isKept ? QString() : NamesLine({name}))) {
         return;
@@ -130,18 +136,18 @@ void CAdministratorViewGrp::DeleteSelected()
 
 void CAdministratorViewGrp::RenameSelected()
 {
-    const int row = SelectedRow();
-    if (row < 0) {
+    const auto group = TargetGroup();
+    if (!group) {
         return;
     }
-    const GroupId groupId = groups->IdAt(row);
+    const GroupId groupId = group->groupId;
     if (groupId == kEverybodyGroup) {
         services.prompt.Tell(tr("You can not rename Everybody group"));
         return;
     }
     NameDialog dialog(tr("Rename group"), tr("Enter new name for the group:"), window());
-    dialog.SetHeading(OwnerHeading(groupId, groups->NameAt(row), &dialog));
-    dialog.SetName(groups->NameAt(row));
+    dialog.SetHeading(OwnerHeading(groupId, group->name, &dialog));
+    dialog.SetName(group->name);
     dialog.SetCheck([&](const QString &name) {
         return Perform(services, &dialog, tr("Renaming..."), RenameGroupAction(groupId, name));
     });

@@ -1,6 +1,7 @@
 // The groups list: every group in the database's order, at most 500.
 #pragma once
 
+#include "access/group_list.h"
 #include "startup/app_services.h"
 #include "ui/main/frame_dialogs.h"
 #include "ui/main/id_list_pane.h"
@@ -41,6 +42,7 @@ signals:
 protected:
     [[nodiscard]] GroupId IdAt(int row) const override;
     [[nodiscard]] int RowOf(GroupId id) const override;
+    [[nodiscard]] QString NameAt(int row) const override;
     [[nodiscard]] QString TextWhenEmpty() const override;
     void RefreshKey() override;
     void FillPopUp(QMenu &menu) override;
@@ -54,7 +56,7 @@ protected:
 
 private:
     void ShowTarget(const QModelIndex &row);
-    [[nodiscard]] int SelectedRow() const; // -1 for none
+    [[nodiscard]] std::optional<NamedGroup> TargetGroup() const;
 
     const AppServices &services;
     const FrameDialogs &dialogs;

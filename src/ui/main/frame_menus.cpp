@@ -1,6 +1,7 @@
 #include "ui/main/frame_menus.h"
 
 #include "ui/main/administrator_view.h"
+#include "ui/main/administrator_view_grp.h"
 #include "ui/main/auto_refresh.h"
 #include "ui/main/command.h"
 #include "ui/main/splitter_frame.h"
@@ -109,7 +110,25 @@ void FrameMenus::MakeUserMenu()
                           {},
                           QKeySequence(u"Ctrl+Shift+A"_s)},
                          [this] { frame.Users().ChooseAllMatching(); });
-    connect(&menu, &QMenu::aboutToShow, this, &FrameMenus::UpdateSelectionCommands);
+    HoldTargetsWhileOpen(menu);
+}
+
+// The menu is closed before its command begins.
+void FrameMenus::HoldTargetsWhileOpen(const QMenu &menu)
+{
+    connect(&menu, &QMenu::aboutToShow, this, [this] {
+        UpdateSelectionCommands();
+        frame.ActivePane().HoldTargets();
+    });
+    connect(
+        &menu,
+        &QMenu::aboutToHide,
+        this,
+        [this] {
+            frame.Users().ReleaseTargets();
+            frame.Groups().ReleaseTargets();
+        },
+        Qt::QueuedConnection);
 }
 
 void FrameMenus::MakeViewMenu()
@@ -269,8 +288,8 @@ void FrameMenus::UpdateSelectionCommands()
 {
     const ListPane &pane = frame.ActivePane();
     const bool isUsers = &pane == &frame.Users();
-    const bool allMatching = isUsers && frame.Users().Matching().AreChosen();
-    const qsizetype selected = allMatching ? 0 : pane.SelectedRows().size();
+    const bool allMatching = isUsers && frame.Users().CommandTargets().areAllMatching;
+    const qsizetype selected = allMatching ? 0 : pane.TargetCount();
     properties->setEnabled(selected > 0);
     toolbarProperties->setEnabled(selected == 1);
     account->setStatusTip(pane.AccountPrompt());

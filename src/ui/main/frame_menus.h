@@ -32,6 +32,7 @@ private:
     AddChoices(QMenu &menu, const QStringList &texts, const std::function<void(int)> &choose);
     void MakeFileMenu();
     void MakeUserMenu();
+    void HoldTargetsWhileOpen(const QMenu &menu);
     void MakeViewMenu();
     void MakeColumnsMenu(QMenu &view);
     void MakeSortMenu(QMenu &view);

@@ -1,6 +1,7 @@
 // A list whose rows stand for rows of a table: users by their ids, or groups by theirs.
 #pragma once
 
+#include "base/names_line.h"
 #include "db/failure.h"
 #include "ui/main/list_pane.h"
 
@@ -8,6 +9,15 @@
 #include <QMenu>
 
 #include <optional>
+
+// Whom a command is for.
+template <typename IdType>
+struct Targets
+{
+    QList<IdType> ids; // from the top of the list down
+    QStringList names; // of the first of them that are listed, up to kMostNames
+    bool areAllMatching = false; // also some that are not listed
+};
 
 template <typename IdType>
 class IdListPane : public ListPane
@@ -25,6 +35,15 @@ public:
         return ids;
     }
 
+    // While a menu is open, and for the command that is chosen from it, those for whom it was opened,
+    // whatever the list shows by then; else those who are chosen.
+    [[nodiscard]] Targets<IdType> CommandTargets() const { return held ? *held : PresentTargets(); }
+
+    void HoldTargets() override { held = PresentTargets(); }
+    void ReleaseTargets() override { held.reset(); }
+
+    [[nodiscard]] qsizetype TargetCount() const override { return CommandTargets().ids.size(); }
+
 protected:
     using ForOne = std::function<void(IdType id, QWidget *parent)>;
 
@@ -33,12 +52,26 @@ protected:
     // -1 when the id is not listed.
     [[nodiscard]] virtual int RowOf(IdType id) const = 0;
 
-    // Opens the dialog for the first selected row.
+    [[nodiscard]] virtual QString NameAt(int row) const = 0;
+
+    [[nodiscard]] virtual Targets<IdType> PresentTargets() const
+    {
+        Targets<IdType> targets;
+        for (const int row : SelectedRows()) {
+            targets.ids << IdAt(row);
+            if (targets.names.size() < kMostNames) {
+                targets.names << NameAt(row);
+            }
+        }
+        return targets;
+    }
+
+    // Opens the dialog for the first one.
     void OpenFor(const ForOne &dialog)
     {
-        const QList<IdType> selected = SelectedIds();
-        if (dialog && !selected.isEmpty()) {
-            dialog(selected.front(), window());
+        const QList<IdType> targets = CommandTargets().ids;
+        if (dialog && !targets.isEmpty()) {
+            dialog(targets.front(), window());
         }
     }
 
@@ -55,14 +88,14 @@ protected:
                          QObject *context,
                          const std::function<void(bool)> &answer)
     {
-        const QList<IdType> selected = SelectedIds();
-        if (selected.isEmpty()) {
+        const QList<IdType> targets = CommandTargets().ids;
+        if (targets.isEmpty()) {
             answer(false);
             return;
         }
         database.Start(
             context,
-            [hasAccount, id = selected.front()] { return hasAccount(id); },
+            [hasAccount, id = targets.front()] { return hasAccount(id); },
             [answer](const Result<bool> &has) { answer(has.value_or(true)); });
     }
 
@@ -95,4 +128,7 @@ protected:
         }
         GoTo(chosen.current ? RowOf(*chosen.current) : -1, rows);
     }
+
+private:
+    std::optional<Targets<IdType>> held;
 };

@@ -101,18 +101,29 @@ void ListPane::KeepingPlace(const std::function<void()> &fill)
     emit SelectionChanged(); // another one may be the first selected row
 }
 
+// Neighbours as one range: a selection of a thousand ranges takes a while.
+QItemSelection ListPane::SelectionOf(QList<int> rows) const
+{
+    std::ranges::sort(rows);
+    QItemSelection selection;
+    int first = -1;
+    for (qsizetype place = 0; place < rows.size(); ++place) {
+        const int row = rows[place];
+        first = first < 0 ? row : first;
+        if (row >= 0 && (place + 1 == rows.size() || rows[place + 1] > row + 1)) {
+            selection.append({model()->index(first, 0), model()->index(row, 0)});
+            first = -1;
+        }
+    }
+    return selection;
+}
+
 void ListPane::GoTo(int currentRow, const QList<int> &rows)
 {
     if (currentRow >= 0) {
         setCurrentIndex(model()->index(currentRow, 0));
     }
-    QItemSelection selection;
-    for (const int row : rows) {
-        if (row >= 0) {
-            selection.append(QItemSelectionRange(model()->index(row, 0)));
-        }
-    }
-    selectionModel()->select(selection,
+    selectionModel()->select(SelectionOf(rows),
                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
@@ -240,9 +251,11 @@ void ListPane::OpenPopUp(const QPoint &place)
     if (SelectedRows().isEmpty()) {
         return;
     }
+    HoldTargets();
     QMenu menu(this);
     FillPopUp(menu);
     menu.exec(place);
+    ReleaseTargets();
 }
 
 // Below the current row; where that is not one of the selected ones, below the first of them.

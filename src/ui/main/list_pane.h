@@ -3,6 +3,7 @@
 
 #include "db/session_thread.h"
 
+#include <QItemSelection>
 #include <QTreeView>
 
 #include <functional>
@@ -28,6 +29,11 @@ public:
     virtual void OpenProperties() = 0;
     virtual void OpenAccount() = 0;
     virtual void DeleteSelected() = 0;
+
+    // From a menu's opening until its command has begun, the commands are for whom it was opened.
+    virtual void HoldTargets() = 0;
+    virtual void ReleaseTargets() = 0;
+    [[nodiscard]] virtual qsizetype TargetCount() const = 0;
 
     // What the status bar says of the command "Account...".
     [[nodiscard]] virtual QString AccountPrompt() const = 0;
@@ -118,6 +124,7 @@ private:
     [[nodiscard]] QList<QPersistentModelIndex> RowsInView() const;
     [[nodiscard]] QPoint PlaceByKeyboard() const; // of the pop-up menu, on the screen
     void OpenPopUp(const QPoint &place);
+    [[nodiscard]] QItemSelection SelectionOf(QList<int> rows) const;
     void SelectAgainAfter(Qt::FocusReason reason);
     void SetReading(bool nowReading);
     void CopySelected() const;

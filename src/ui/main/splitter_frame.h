@@ -52,6 +52,7 @@ public:
     [[nodiscard]] ListPane &ActivePane() const { return *activePane; }
 
     [[nodiscard]] CAdministratorView &Users() const { return *users; }
+    [[nodiscard]] CAdministratorViewGrp &Groups() const { return *groups; }
     [[nodiscard]] const FrameDialogs &Dialogs() const { return dialogs; }
     [[nodiscard]] AutoRefresh &Refreshing() const { return *autoRefresh; }
 

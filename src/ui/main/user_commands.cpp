@@ -8,8 +8,6 @@
 
 #include <QLocale>
 
-#include <algorithm>
-
 UserCommands::UserCommands(const AppServices &appServices,
                            const FrameDialogs &windows,
                            CAdministratorView &users)
@@ -18,42 +16,41 @@ UserCommands::UserCommands(const AppServices &appServices,
     , list(users)
 { }
 
-bool UserCommands::MayChangeChosen() const
+bool UserCommands::MayChange(const Targets<UserId> &targets) const
 {
-    if (!list.Matching().AreChosen()) {
+    if (!targets.areAllMatching) {
         return true;
     }
-    const qsizetype count = list.Matching().Ids().size();
+    const qsizetype count = targets.ids.size();
     return services.prompt.AskToDestroy(
         count == 1 ? tr("This will change 1 user. Continue?")
                    : tr("This will change %1 users. Continue?").arg(QLocale().toString(count)),
-        NamesLine(FirstNames(list.Matching().Ids()), count));
+        NamesLine(targets.names, count));
 }
 
 void UserCommands::ChangeGroup()
 {
-    const QList<UserId> selected = list.SelectedIds();
-    if (list.Matching().AreChosen()) {
+    const Targets<UserId> targets = list.CommandTargets();
+    if (targets.areAllMatching) {
         ChangeGroupOfChosen();
-    } else if (!selected.isEmpty()) {
-        MoveToChosenGroup({selected.front()}); // kept: only the pop-up menu moves several users
+    } else if (!targets.ids.isEmpty()) {
+        MoveToChosenGroup({targets.ids.front()}); // kept: only the pop-up menu moves several users
     }
 }
 
 void UserCommands::ChangeGroupOfChosen()
 {
-    const QList<UserId> userIds = list.ChosenIds();
-    if (!userIds.isEmpty()
-        && MayChangeChosen()) { // a refresh may end the choice under an open menu
-        MoveToChosenGroup(userIds);
+    const Targets<UserId> targets = list.CommandTargets();
+    if (!targets.ids.isEmpty() && MayChange(targets)) {
+        MoveToChosenGroup(targets.ids);
     }
 }
 
 void UserCommands::SetLimitsOfChosen()
 {
-    const QList<UserId> userIds = list.ChosenIds();
-    if (!userIds.isEmpty() && MayChangeChosen()) {
-        dialogs.userLimits(userIds, list.window());
+    const Targets<UserId> targets = list.CommandTargets();
+    if (!targets.ids.isEmpty() && MayChange(targets)) {
+        dialogs.userLimits(targets.ids, list.window());
     }
 }
 
@@ -62,7 +59,7 @@ void UserCommands::SetLimitsOfChosen()
 void UserCommands::MoveToGroup(const QList<UserId> &userIds, GroupId groupId, const QString &name)
 {
     const QString group = NamesLine({name});
-    const QString who = NamesLine(FirstNames(userIds), userIds.size());
+    const QString who = NamesLine(list.FirstNames(userIds), userIds.size());
     const bool wanted = userIds.size() == 1
         ? services.prompt.Ask(tr("Move %1 to the group %2?").arg(who, group))
         : services.prompt.AskToDestroy(tr("This will move %1 users to the group %2. Continue?")
@@ -93,12 +90,12 @@ void UserCommands::Delete()
     if (TellsOfMatching()) {
         return;
     }
-    const auto ask = [this](const QStringList &names) {
+    const auto ask = [this](const Targets<UserId> &deleted) {
         return services.prompt.AskToDestroy(
-            names.size() == 1
+            deleted.ids.size() == 1
                 ? tr("This will delete this user and all corresponding information. Continue?")
                 : tr("This will delete these users and all corresponding information. Continue?"),
-            NamesLine(names));
+            NamesLine(deleted.names, deleted.ids.size()));
     };
     RemoveSelected(ask, tr("Deleting users..."), DeleteUsersAction);
 }
@@ -108,9 +105,9 @@ void UserCommands::StopMonitoring()
     if (TellsOfMatching()) {
         return;
     }
-    const auto ask = [this](const QStringList &names) {
+    const auto ask = [this](const Targets<UserId> &moved) {
         return services.prompt.Ask(
-            names.size() == 1
+            moved.ids.size() == 1
                 ? tr("This will move this user to the unmonitored list. Continue?")
                 : tr("This will move these users to the unmonitored list. Continue?"));
     };
@@ -120,48 +117,35 @@ void UserCommands::StopMonitoring()
 // The rows that are selected are but some of those who are chosen: what would take these alone says so.
 bool UserCommands::TellsOfMatching() const
 {
-    if (list.Matching().AreChosen()) {
+    const bool areAllMatching = list.CommandTargets().areAllMatching;
+    if (areAllMatching) {
         services.prompt.Tell(
             tr("This does not work on all users that match. Select rows of the list."));
     }
-    return list.Matching().AreChosen();
+    return areAllMatching;
 }
 
 // Ids, not rows: the list may be filled anew while the question stands. Years of records, or a database
 // that another program holds, may keep this waiting.
-void UserCommands::RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
+void UserCommands::RemoveSelected(const std::function<bool(const Targets<UserId> &removed)> &ask,
                                   const QString &what,
                                   Action (*actionOn)(const std::vector<UserId> &))
 {
-    const QList<UserId> selected = list.SelectedIds();
-    if (selected.isEmpty()) {
+    const Targets<UserId> removed = list.CommandTargets();
+    if (removed.ids.isEmpty()) {
         return;
     }
-    QStringList names;
-    for (const UserId userId : selected) {
-        names << list.NameOf(userId);
-    }
     list.clearSelection();
-    if (!ask(names)) {
+    if (!ask(removed)) {
         return;
     }
     const bool done = Perform(services,
                               list.window(),
                               what,
-                              actionOn({selected.begin(), selected.end()}),
+                              actionOn({removed.ids.begin(), removed.ids.end()}),
                               SessionThread::Patience::Endless);
     if (done) {
-        list.RemoveRows(selected);
+        list.RemoveRows(removed.ids);
     }
     list.RefillByName();
-}
-
-// Of those that are listed, which the first ones are.
-QStringList UserCommands::FirstNames(const QList<UserId> &userIds) const
-{
-    QStringList names;
-    for (const UserId userId : userIds.first(std::min(userIds.size(), kMostNames))) {
-        names << list.NameOf(userId);
-    }
-    return names;
 }

@@ -4,10 +4,10 @@
 #include "actions/action.h"
 #include "startup/app_services.h"
 #include "ui/main/frame_dialogs.h"
+#include "ui/main/id_list_pane.h"
 
 #include <QCoreApplication>
 #include <QList>
-#include <QStringList>
 
 #include <functional>
 #include <vector>
@@ -24,8 +24,8 @@ public:
                  const FrameDialogs &dialogs,
                  CAdministratorView &list);
 
-    // Asks, naming the number, where all users that match are chosen.
-    [[nodiscard]] bool MayChangeChosen() const;
+    // Asks, naming the number, where these are all users that match.
+    [[nodiscard]] bool MayChange(const Targets<UserId> &targets) const;
 
     // Of the first selected user, or of all that match; no refill follows.
     void ChangeGroup();
@@ -44,12 +44,9 @@ public:
     // Says, where all that match are chosen, that a command takes selected rows alone. True when it did.
     [[nodiscard]] bool TellsOfMatching() const;
 
-    // For a line that names some of the users: the first names, of those that are listed.
-    [[nodiscard]] QStringList FirstNames(const QList<UserId> &userIds) const;
-
 private:
     void MoveToChosenGroup(const QList<UserId> &userIds);
-    void RemoveSelected(const std::function<bool(const QStringList &names)> &ask,
+    void RemoveSelected(const std::function<bool(const Targets<UserId> &removed)> &ask,
                         const QString &what,
                         Action (*actionOn)(const std::vector<UserId> &));
 

@@ -61,10 +61,10 @@ void WhySide::FollowLists()
     connect(&services.news, &ChangeNews::Stored, panel, &WhyPanel::Refresh);
     connect(panel, &WhyPanel::CommandChosen, this, &WhySide::Run);
     connect(panel, &WhyPanel::BlockChosen, this, [this] {
-        RunForChosen(chosen->Ids(), &UserBlocking::Block);
+        RunFor(TargetsOfPanel(), &UserBlocking::Block);
     });
     connect(panel, &WhyPanel::UnblockChosen, this, [this] {
-        RunForChosen(chosen->Ids(), &UserBlocking::Unblock);
+        RunFor(TargetsOfPanel(), &UserBlocking::Unblock);
     });
     connect(blocking, &UserBlocking::Done, &frame, &CSplitterFrame::Refresh);
 }
@@ -83,7 +83,7 @@ void WhySide::AddKeys()
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         where->addAction(action);
         connect(action, &QAction::triggered, this, [this, where, run] {
-            RunForChosen(where == panel ? chosen->Ids() : frame.Users().ChosenIds(), run);
+            RunFor(where == panel ? TargetsOfPanel() : frame.Users().CommandTargets(), run);
         });
     };
     for (QWidget *where : {static_cast<QWidget *>(&frame.Users()), static_cast<QWidget *>(panel)}) {
@@ -100,12 +100,21 @@ void WhySide::AddKeys()
     connect(undo, &QAction::triggered, blocking, &UserBlocking::Undo);
 }
 
-void WhySide::RunForChosen(const QList<UserId> &userIds,
-                           void (UserBlocking::*run)(const QList<UserId> &))
+// Those whom the panel tells of, while the list has lost the focus and deselected the first.
+Targets<UserId> WhySide::TargetsOfPanel() const
 {
-    const QList<UserId> asked = userIds; // the question may outlast the choice
-    if (frame.Users().Commands().MayChangeChosen()) {
-        (blocking->*run)(asked);
+    Targets<UserId> targets = frame.Users().CommandTargets();
+    if (!targets.areAllMatching) {
+        targets.ids = chosen->Ids();
+    }
+    return targets;
+}
+
+void WhySide::RunFor(const Targets<UserId> &targets,
+                     void (UserBlocking::*run)(const QList<UserId> &))
+{
+    if (frame.Users().Commands().MayChange(targets)) {
+        (blocking->*run)(targets.ids);
     }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/why_access.h"
+#include "ui/main/id_list_pane.h"
 
 #include <QObject>
 
@@ -32,8 +33,8 @@ private:
     void FollowLists();
     void AddKeys();
     void SetShown(bool shown);
-    void RunForChosen(const QList<UserId> &userIds,
-                      void (UserBlocking::*run)(const QList<UserId> &));
+    [[nodiscard]] Targets<UserId> TargetsOfPanel() const;
+    void RunFor(const Targets<UserId> &targets, void (UserBlocking::*run)(const QList<UserId> &));
     void Run(WhyCommand command, bool ofGroup, UserId userId, GroupId groupId);
     void RunForUser(WhyCommand command, UserId userId);
     void RunForGroup(WhyCommand command, GroupId groupId);

@@ -72,7 +72,9 @@ CAdministratorView &ListFixture::Users() const
 {
     LetSessionFinish();
     auto &users = Find<CAdministratorView>(*frame, "usersList");
-    EXPECT_TRUE(QTest::qWaitFor([&users] { return !users.Finder().IsSearching(); }, 10000));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&users] { return !users.Finder().IsSearching() && !users.Matching().IsLooking(); },
+        10000));
     return users;
 }
 
