@@ -21,13 +21,6 @@ struct Words
 
 } // namespace
 
-// By way of the capitals: folded alone, a sharp s would not be the two letters that it is in capitals.
-QString GroupNameKey(const QString &name)
-{
-    const QString composed = name.trimmed().normalized(QString::NormalizationForm_C);
-    return composed.toUpper().toCaseFolded().normalized(QString::NormalizationForm_C);
-}
-
 QString NoGroupNameText()
 {
     return Words::tr("Please enter the name of the group");
@@ -52,7 +45,7 @@ void LockToNameGroup(ActionRun &run, std::vector<GroupId> groupIds)
 
 void RefuseBadGroupName(ActionRun &run, const QString &name, std::optional<GroupId> own)
 {
-    const QString key = GroupNameKey(TextFromUtf8(Utf8Cut(name, kMaxTextBytes).toStdString()));
+    const QString key = NameKey(TextFromUtf8(Utf8Cut(name, kMaxTextBytes).toStdString()));
     if (key.isEmpty()) {
         run.Refuse(NoGroupNameText());
         return;
@@ -61,7 +54,7 @@ void RefuseBadGroupName(ActionRun &run, const QString &name, std::optional<Group
         return NamedGroup {row.Text(1), row.Id<GroupId>(2)};
     }));
     const bool isTaken = std::ranges::any_of(others, [&](const NamedGroup &other) {
-        return other.groupId != own && GroupNameKey(other.name) == key;
+        return other.groupId != own && NameKey(other.name) == key;
     });
     if (isTaken) {
         run.Refuse(GroupNameTakenText());

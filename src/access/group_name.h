@@ -1,4 +1,4 @@
-// Names of groups: no two groups are called alike, and none is called nothing.
+// Names of groups: no two groups are called alike (see NameKey), and none is called nothing.
 #pragma once
 
 #include "actions/action_run.h"
@@ -8,11 +8,6 @@
 
 #include <optional>
 #include <vector>
-
-// The same for names that count as one: blanks around them, the case of their letters, and how an
-// accented letter is put together make no difference. It does not depend on the database engine. Empty
-// for a name that cannot be given.
-[[nodiscard]] QString GroupNameKey(const QString &name);
 
 // What a person is told of a name that is empty or that another group has.
 [[nodiscard]] QString NoGroupNameText();

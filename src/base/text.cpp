@@ -69,6 +69,13 @@ QByteArray Utf8Cut(const QString &text, qsizetype maxBytes)
     return bytes;
 }
 
+// By way of the capitals: folded alone, a sharp s would not be the two letters that it is in capitals.
+QString NameKey(const QString &name)
+{
+    const QString composed = name.trimmed().normalized(QString::NormalizationForm_C);
+    return composed.toUpper().toCaseFolded().normalized(QString::NormalizationForm_C);
+}
+
 qint32 IntegerFrom(std::string_view text)
 {
     const auto digits = WithoutPlus(WithoutBlanks(text));

@@ -16,6 +16,10 @@ constexpr qsizetype kMaxTextBytes = 254;
 // The text's UTF-8 form, cut before the first character that would exceed `maxBytes`.
 [[nodiscard]] QByteArray Utf8Cut(const QString &text, qsizetype maxBytes);
 
+// The same for names that count as one: blanks around them, the case of their letters, and how an
+// accented letter is put together make no difference. Empty for a name that cannot be given.
+[[nodiscard]] QString NameKey(const QString &name);
+
 // Like C's atoi: leading blanks, a sign, digits; what follows is ignored, anything else gives 0.
 // Values beyond 32 bits wrap as unsigned numbers do, so 4294967295 and -1 are the same bits.
 [[nodiscard]] qint32 IntegerFrom(std::string_view text);

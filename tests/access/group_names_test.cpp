@@ -1,6 +1,7 @@
 // Names of groups: none is empty and none stands for two groups, on every database engine.
 #include "access/group_name.h"
 #include "access/list_commands.h"
+#include "base/text.h"
 #include "running.h"
 #include "support/core/engine_fixture.h"
 
@@ -44,30 +45,6 @@ protected:
 };
 
 } // namespace
-
-TEST(GroupNameKey, IsOneForWhatCountsAsOneName)
-{
-    const std::pair<QString, QString> same[] = {
-        {u"Office"_s, u"  oFFICE\t"_s},
-        {u"B\u00fcro"_s, u"BU\u0308RO"_s}, // composed and not
-        {u"Stra\u00dfe"_s, u"STRASSE"_s},
-        {u"\u03a3\u03af\u03c3\u03c5\u03c6\u03bf\u03c2"_s,
-         u"\u03c3\u03af\u03c3\u03c5\u03c6\u03bf\u03c3"_s},
-        {u"\u00a0Office\u2003"_s, u"office"_s},
-        {QString(), u" \t\n"_s},
-    };
-    for (const auto &[one, other] : same) {
-        EXPECT_EQ(GroupNameKey(one), GroupNameKey(other));
-    }
-    const std::pair<QString, QString> different[] = {
-        {u"Buro"_s, u"B\u00fcro"_s},
-        {u"Off ice"_s, u"Office"_s},
-        {u"Office"_s, u"Offices"_s},
-    };
-    for (const auto &[one, other] : different) {
-        EXPECT_NE(GroupNameKey(one), GroupNameKey(other));
-    }
-}
 
 TB_ON_EVERY_ENGINE(GroupNames);
 
@@ -141,7 +118,7 @@ TEST_P(GroupNames, OfOneKindAreNotMadeTwiceByTwoConsoles)
     }
     QStringList keys;
     for (const QString &name : RowsOf("SELECT name FROM groups WHERE group_id > 83")) {
-        keys << GroupNameKey(name);
+        keys << NameKey(name);
     }
     EXPECT_EQ(keys.size(), 20);
     EXPECT_EQ(keys.removeDuplicates(), 0);

@@ -46,6 +46,30 @@ TEST(Text, ACutCharacterIsLeftOut)
     EXPECT_TRUE(TextFromUtf8("a\xffz").isValidUtf16());
 }
 
+TEST(NameKey, IsOneForWhatCountsAsOneName)
+{
+    const std::pair<QString, QString> same[] = {
+        {u"Office"_s, u"  oFFICE\t"_s},
+        {u"B\u00fcro"_s, u"BU\u0308RO"_s}, // composed and not
+        {u"Stra\u00dfe"_s, u"STRASSE"_s},
+        {u"\u03a3\u03af\u03c3\u03c5\u03c6\u03bf\u03c2"_s,
+         u"\u03c3\u03af\u03c3\u03c5\u03c6\u03bf\u03c3"_s},
+        {u"\u00a0Office\u2003"_s, u"office"_s},
+        {QString(), u" \t\n"_s},
+    };
+    for (const auto &[one, other] : same) {
+        EXPECT_EQ(NameKey(one), NameKey(other));
+    }
+    const std::pair<QString, QString> different[] = {
+        {u"Buro"_s, u"B\u00fcro"_s},
+        {u"Off ice"_s, u"Office"_s},
+        {u"Office"_s, u"Offices"_s},
+    };
+    for (const auto &[one, other] : different) {
+        EXPECT_NE(NameKey(one), NameKey(other));
+    }
+}
+
 TEST(Day, LastWeekAndLastMonthAreSimpleArithmetic)
 {
     struct Case

@@ -1,5 +1,6 @@
 #include "ui/main/find_bar.h"
 
+#include "base/names_line.h"
 #include "ui/common/accessible.h"
 #include "ui/common/elided_label.h"
 #include "ui/common/icons.h"
@@ -261,15 +262,22 @@ void FindBar::SaveFilter()
 {
     NameDialog dialog(tr("Save filter"), tr("&Name:"), window());
     dialog.SetName(field->text());
-    dialog.SetCheck([this](const QString &name) {
-        if (name.trimmed().isEmpty()) {
-            prompt.Tell(tr("Enter a name for the filter."));
-        }
-        return !name.trimmed().isEmpty();
-    });
+    dialog.SetCheck([this](const QString &name) { return MaySaveAs(name); });
     if (dialog.exec() == QDialog::Accepted) {
-        TellUnkept(saved_filters::Save(dialog.Name().trimmed(), field->text()));
+        TellUnkept(saved_filters::Save(dialog.Name(), field->text()));
     }
+}
+
+bool FindBar::MaySaveAs(const QString &name) const
+{
+    if (name.isEmpty()) {
+        prompt.Tell(tr("Enter a name for the filter."));
+        return false;
+    }
+    const QStringList replaced = saved_filters::NamesLike(name);
+    return replaced.isEmpty()
+        || prompt.AskToDestroy(tr("There is a filter with this name. Replace it?"),
+                               NamesLine(replaced));
 }
 
 void FindBar::TellUnkept(bool kept)

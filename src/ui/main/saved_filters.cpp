@@ -1,5 +1,6 @@
 #include "ui/main/saved_filters.h"
 
+#include "base/text.h"
 #include "ui/common/window_memory.h"
 
 #include <QCollator>
@@ -35,9 +36,19 @@ QString saved_filters::TextOf(const QString &name)
     return Filters().value(name).toString();
 }
 
+QStringList saved_filters::NamesLike(const QString &name)
+{
+    QStringList names = Names();
+    names.removeIf([key = NameKey(name)](const QString &each) { return NameKey(each) != key; });
+    return names;
+}
+
 bool saved_filters::Save(const QString &name, const QString &text)
 {
     QVariantMap filters = Filters();
+    for (const QString &replaced : NamesLike(name)) {
+        filters.remove(replaced);
+    }
     filters.insert(name, text);
     return Remember(kKey, filters);
 }

@@ -12,7 +12,10 @@ namespace saved_filters {
 // What was typed; empty for a name that there is not.
 [[nodiscard]] QString TextOf(const QString &name);
 
-// Takes the place of one that has the name already. False when it could not be kept.
+// Those that are called so by NameKey.
+[[nodiscard]] QStringList NamesLike(const QString &name);
+
+// Takes the place of all that are called so. False when it could not be kept.
 [[nodiscard]] bool Save(const QString &name, const QString &text);
 [[nodiscard]] bool Remove(const QString &name);
 

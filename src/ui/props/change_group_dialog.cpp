@@ -6,6 +6,7 @@
 #include "app/perform.h"
 #include "app/waiting.h"
 #include "base/names_line.h"
+#include "base/text.h"
 #include "ui/accounts/owner_notice.h"
 #include "ui/common/accessible.h"
 #include "ui/common/heading_line.h"
@@ -112,7 +113,7 @@ void ChangeGroupDialog::Choose()
 bool ChangeGroupDialog::IsNew(const QString &name) const
 {
     for (int position = 0; position < list->count(); ++position) {
-        if (GroupNameKey(list->item(position)->text()) == GroupNameKey(name)) {
+        if (NameKey(list->item(position)->text()) == NameKey(name)) {
             services.prompt.Tell(GroupNameTakenText());
             return false;
         }

@@ -99,7 +99,9 @@ void CAdministratorGroupPPage::Activate()
 
 void CAdministratorGroupPPage::Collect()
 {
-    record.draft.name = name->text();
+    const QString typed = name->text();
+    const bool isTouched = typed != record.base.name; // what is not stays as it is stored
+    record.draft.name = isTouched ? typed.trimmed() : typed;
     record.draft.description = description->text();
 }
 

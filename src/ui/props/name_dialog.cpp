@@ -42,7 +42,7 @@ void NameDialog::SetName(const QString &newName)
 
 QString NameDialog::Name() const
 {
-    return name->text();
+    return name->text().trimmed();
 }
 
 void NameDialog::SetCheck(std::function<bool(const QString &)> newCheck)

@@ -16,7 +16,7 @@ public:
 
     // The name that stands there at first, selected.
     void SetName(const QString &name);
-    [[nodiscard]] QString Name() const;
+    [[nodiscard]] QString Name() const; // without the blanks around it
 
     // Asked on OK; a refusal, which says why itself, keeps the dialog open.
     void SetCheck(std::function<bool(const QString &name)> newCheck);

@@ -2,6 +2,7 @@
 #include "list_fixture.h"
 #include "support/core/statement_hook.h"
 #include "support/windows/modal.h"
+#include "ui/main/saved_filters.h"
 
 #include <QAbstractItemView>
 #include <QClipboard>
@@ -258,6 +259,34 @@ TEST_F(Filters, WordsAreCompleted)
     QTest::keyClick(&words, Qt::Key_Escape);
     EXPECT_FALSE(words.isVisible());
     EXPECT_EQ(Field().text(), u"group:\"Sales\" o"_s) << "the first one closes the words only";
+}
+
+// What counts as one name is one filter.
+TEST_F(Filters, AreReplacedByTheirNameOnlyWhenAsked)
+{
+    ShowFour();
+    const auto save = [this](const QString &text, const QString &name, std::optional<bool> answer) {
+        TypeFilter(text);
+        const WhileModal dialog([&](QDialog &saving) {
+            Type(Find<QWidget>(saving, "name"), name);
+            if (answer) {
+                prompt.AnswerWith({*answer});
+            }
+            Click(saving, "ok");
+            EXPECT_EQ(saving.isVisible(), answer == false) << "No leaves the name to be changed";
+            saving.close();
+        });
+        OpenSaved([](QMenu &menu) { Choose(menu, u"Save filter..."_s); });
+    };
+    save(u"anna"_s, u" B\u00fcro "_s, std::nullopt);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    save(u"bert"_s, u"BU\u0308RO"_s, false);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList(u"There is a filter with this name. Replace it?"_s));
+    EXPECT_EQ(prompt.TakeGoing(), QStringList(u"B\u00fcro"_s)) << "No is the default";
+    EXPECT_EQ(saved_filters::TextOf(u"B\u00fcro"_s), u"anna"_s);
+    save(u"bert"_s, u"b\u00fcro"_s, true);
+    EXPECT_EQ(saved_filters::Names(), QStringList(u"b\u00fcro"_s));
+    EXPECT_EQ(saved_filters::TextOf(u"b\u00fcro"_s), u"bert"_s);
 }
 
 TEST_F(Filters, AreSavedUnderAName)

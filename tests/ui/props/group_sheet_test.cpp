@@ -61,6 +61,23 @@ TEST_F(GroupSheetTest, EveryPageIsWorkedByKeyboardAndStoredOnOk)
                 ElementsAre(u"1|80|0"_s, u"2|81|1"_s, u"9|81|1"_s));
 }
 
+TEST_F(GroupSheetTest, ANameLosesItsBlanksWhenItIsTouched)
+{
+    Execute("UPDATE groups SET name = ' Office ' WHERE group_id = 81");
+    EXPECT_TRUE(GroupSheet(group_page::kGeneral, [](QDialog &sheet) {
+        TypeInto(sheet, "description", u"ground floor"_s);
+        PressButton(sheet, "ok");
+    }));
+    EXPECT_THAT(RowsOf("SELECT name, descrip FROM groups WHERE group_id = 81"),
+                ElementsAre(u" Office |ground floor"_s));
+    EXPECT_TRUE(GroupSheet(group_page::kGeneral, [](QDialog &sheet) {
+        TypeInto(sheet, "name", u"  Front office "_s);
+        PressButton(sheet, "ok");
+    }));
+    EXPECT_THAT(RowsOf("SELECT name FROM groups WHERE group_id = 81"),
+                ElementsAre(u"Front office"_s));
+}
+
 TEST_F(GroupSheetTest, CancelLeavesEveryTableUntouched)
 {
     prompt.AnswerWith({true});
