@@ -579,31 +579,36 @@ TEST_F(LoginWindow, TheHeadersSort)
     Click(manager, "edit");
 }
 
+// And not "Browse for user...", whose dialog would wait for an answer.
 TEST_F(LoginWindow, ReturnInAFieldIsOk)
 {
+    const auto pressReturn = [](const QDialog &dialog) {
+        ClosedDialogs opened;
+        ::Press(Qt::Key_Return);
+        EXPECT_EQ(opened.Take(), 0);
+        EXPECT_FALSE(dialog.isVisible());
+    };
     LoginManager manager(Services(), LoginManager::Read().value(), nullptr);
     manager.show();
     {
-        const WhileModal creating([](QDialog &dialog) {
+        const WhileModal creating([&](QDialog &dialog) {
             Click(dialog, "bindToUser"); // "Browse for user..." can be pressed from now on
             Click(dialog, "bindToUser");
             TypeInto(dialog, "name", u"bob1"_s);
             TypeInto(dialog, "password", u"secret"_s);
             TypeInto(dialog, "retyped", u"secret"_s);
-            ::Press(Qt::Key_Return);
-            EXPECT_FALSE(dialog.isVisible());
+            pressReturn(dialog);
         });
         Click(manager, "create");
     }
     auto &list = Find<QTreeWidget>(manager, "logins");
     EXPECT_EQ(list.topLevelItemCount(), 3);
     list.setCurrentItem(list.topLevelItem(0)); // bound to ann
-    const WhileModal editing([](QDialog &dialog) {
+    const WhileModal editing([&](QDialog &dialog) {
         EXPECT_TRUE(Find(dialog, "browse").isEnabled());
         Type(Find(dialog, "password"), u"other"_s);
         Type(Find(dialog, "retyped"), u"other"_s);
-        ::Press(Qt::Key_Return);
-        EXPECT_FALSE(dialog.isVisible());
+        pressReturn(dialog);
     });
     Click(manager, "edit");
 }
