@@ -1,5 +1,6 @@
 #include "ui/common/dialog.h"
 
+#include "ui/common/choice_keys.h"
 #include "ui/common/heading_line.h"
 #include "ui/common/keyboard_order.h"
 
@@ -71,6 +72,7 @@ void Dialog::setVisible(bool visible)
         TakeHeadingFromBeneath();
         SetTabOrderByReading(*this);
         GiveMnemonics(*this);
+        LetKeysChoose(*this);
         SettleDefault(*this);
         if (focusWidget() == nullptr) {
             FocusFirst(*this);

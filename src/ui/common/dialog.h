@@ -5,8 +5,8 @@
 
 class HeadingLine;
 
-// Before it is first shown, Tab is made to follow the layout, labels and buttons get their mnemonics,
-// and the first control takes the focus unless another one has it; where that is a button, the default
+// Before it is first shown, Tab is made to follow the layout, labels and buttons get their mnemonics, a
+// key chooses the row of a list from which it could not move, and the first control takes the focus unless another one has it; where that is a button, the default
 // one. Return presses the button that was made the default, else OK. Over a window that says whom it is for, it says the same.
 class Dialog : public QDialog
 {

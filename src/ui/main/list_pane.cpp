@@ -1,6 +1,7 @@
 #include "ui/main/list_pane.h"
 
 #include "reports/cell.h"
+#include "ui/common/choice_keys.h"
 #include "ui/common/empty_note.h"
 
 #include <QClipboard>
@@ -201,7 +202,9 @@ void ListPane::keyPressEvent(QKeyEvent *event)
 
 void ListPane::MoveByKey(QKeyEvent *event)
 {
-    QTreeView::keyPressEvent(event);
+    if (!ChoosesCurrentRow(*this, *event)) {
+        QTreeView::keyPressEvent(event);
+    }
 }
 
 // Shift selects from the current row on. Without one it would be from the top.

@@ -3,6 +3,7 @@
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "ui/common/accessible.h"
+#include "ui/common/choice_keys.h"
 #include "ui/common/empty_note.h"
 #include "ui/common/icons.h"
 #include "ui/common/ip_address_field.h"
@@ -23,6 +24,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -401,6 +403,60 @@ TEST(EmptyNote, StandsInTheListWhileThereAreNoRows)
     EXPECT_EQ(note->geometry(), list.viewport()->geometry());
     note->Say({});
     EXPECT_FALSE(note->isVisible());
+}
+
+// The current row is not chosen until a key says so; a key that moves chooses where it goes.
+TEST(ChoiceKeys, ChooseTheRowFromWhichTheyCouldNotMove)
+{
+    struct Case
+    {
+        int rows;
+        int current;
+        Qt::Key key;
+        int chosen;
+    };
+    const Case cases[] = {
+        {1, 0, Qt::Key_Down, 0},
+        {1, 0, Qt::Key_Up, 0},
+        {1, 0, Qt::Key_Space, 0},
+        {3, 2, Qt::Key_Down, 2},
+        {3, 2, Qt::Key_End, 2},
+        {3, 2, Qt::Key_PageDown, 2},
+        {3, 2, Qt::Key_Up, 1},
+        {3, 0, Qt::Key_Up, 0},
+        {3, 0, Qt::Key_Home, 0},
+        {3, 0, Qt::Key_PageUp, 0},
+        {3, 0, Qt::Key_Down, 1},
+        {3, 1, Qt::Key_Down, 2},
+        {3, 1, Qt::Key_Space, 1},
+    };
+    QDialog window;
+    QHBoxLayout row(&window);
+    QListWidget list;
+    QTreeWidget tree;
+    row.addWidget(&list);
+    row.addWidget(&tree);
+    LetKeysChoose(window);
+    ShowActive(window);
+    for (const auto &[rows, current, key, chosen] : cases) {
+        list.clear();
+        tree.clear();
+        for (int added = 0; added < rows; ++added) {
+            list.addItem(QString::number(added));
+            tree.addTopLevelItem(new QTreeWidgetItem({QString::number(added)}));
+        }
+        for (QAbstractItemView *view :
+             {static_cast<QAbstractItemView *>(&list), static_cast<QAbstractItemView *>(&tree)}) {
+            view->setFocus();
+            view->selectionModel()->setCurrentIndex(view->model()->index(current, 0),
+                                                    QItemSelectionModel::NoUpdate);
+            QTest::keyClick(view, key);
+            const QModelIndexList selected = view->selectionModel()->selectedRows();
+            ASSERT_EQ(selected.size(), 1) << rows << " rows, " << current << ", " << key;
+            EXPECT_EQ(selected[0].row(), chosen) << rows << " rows, " << current << ", " << key;
+            EXPECT_EQ(view->currentIndex().row(), chosen);
+        }
+    }
 }
 
 TEST(Accessible, ALabelNamesItsField)

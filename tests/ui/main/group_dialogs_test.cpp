@@ -123,8 +123,9 @@ TEST_F(ChangeGroup, ANameIsAddedOnce)
     EXPECT_EQ(refused.size(), 5);
     refused.clear();
     Execute("DELETE FROM groups WHERE name = 'Meanwhile'");
-    Add(u"O'Hara\"s"_s);
+    Add(u"  O'Hara\"s\t"_s);
     EXPECT_TRUE(refused.isEmpty());
+    EXPECT_TRUE(RowTexts(List()).contains(u"O'Hara\"s"_s)) << "without the blanks around it";
     EXPECT_EQ(RowsOf("SELECT name FROM groups WHERE group_id > 81"), QStringList(u"O'Hara\"s"_s));
 }
 
@@ -253,6 +254,25 @@ TEST_F(ChangeGroup, SelectedUsersMoveAndTheListWaitsForItsRefill)
     EXPECT_FALSE(RowTexts(Users()).join(u' ').contains(u"Sales"_s));
     QTest::keyClick(&Users(), Qt::Key_F5);
     EXPECT_TRUE(RowTexts(Users()).join(u' ').contains(u"Sales"_s));
+}
+
+// Whoever is in the last group, or in the only one, can choose it by the same keys as any other.
+TEST_F(ChangeGroup, AKeyChoosesTheUsersOwnGroupWhereItCannotMoveOn)
+{
+    AddGroupNamed(u"Sales"_s);
+    const std::pair<quint32, Qt::Key> keys[] = {
+        {81, Qt::Key_Down}, {81, Qt::Key_End}, {81, Qt::Key_Space}, {80, Qt::Key_Up}};
+    for (const auto &[groupId, key] : keys) {
+        Open().StartAt(GroupId {groupId});
+        List().setFocus();
+        EXPECT_FALSE(Find<QWidget>(*dialog, "ok").isEnabled());
+        QTest::keyClick(&List(), key);
+        EXPECT_TRUE(Find<QWidget>(*dialog, "ok").isEnabled()) << key;
+        EXPECT_EQ(dialog->ChosenGroup().groupId, GroupId {groupId}) << key;
+    }
+    Open().StartAt(kEverybodyGroup);
+    QTest::keyClick(&List(), Qt::Key_Down);
+    EXPECT_EQ(dialog->ChosenGroup().groupId, GroupId {81}) << "it moves on from it";
 }
 
 TEST_F(ChangeGroup, CancelMovesNobody)
