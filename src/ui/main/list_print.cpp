@@ -45,6 +45,17 @@ PrintBeside(QWidget &parent, const ReportTablePtr &table, const std::shared_ptr<
     return *printed;
 }
 
+// The dialog that chooses a printer may have chosen a file.
+QString PrintedText(const QPrinter &printer, qsizetype users, int pages)
+{
+    const QLocale locale;
+    const QString file = printer.outputFileName();
+    return file.isEmpty() ? Words::tr("Users sent to the printer: %1, on pages: %2.")
+                                .arg(locale.toString(users), locale.toString(pages))
+                          : Words::tr("Users printed to the file %1: %2, on pages: %3.")
+                                .arg(file, locale.toString(users), locale.toString(pages));
+}
+
 } // namespace
 
 void PrintList(const AppServices &services, QWidget &parent, const ListToExport &list)
@@ -78,15 +89,11 @@ void PrintListOn(const AppServices &services,
         return;
     }
     const Printed printed = PrintBeside(parent, *table, printer);
-    const QLocale locale;
     if (printed.pages == 0) {
         services.prompt.Tell(Words::tr("The list was not printed."), Prompt::Icon::Error);
     } else if (printed.stopped) {
-        services.prompt.Tell(Words::tr("Printing was stopped; pages sent before: %1.")
-                                 .arg(locale.toString(printed.pages)));
+        services.prompt.Tell(PrintStoppedText(*printer, printed.pages));
     } else {
-        services.prompt.Tell(
-            Words::tr("Users sent to the printer: %1, on pages: %2.")
-                .arg(locale.toString((*table)->rows.Count()), locale.toString(printed.pages)));
+        services.prompt.Tell(PrintedText(*printer, (*table)->rows.Count(), printed.pages));
     }
 }

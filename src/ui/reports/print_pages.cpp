@@ -1,9 +1,20 @@
 #include "ui/reports/print_pages.h"
 
+#include <QCoreApplication>
+#include <QLocale>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(PrintPages)
+};
+
+} // namespace
 
 std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, const PrintWishes &wishes)
 {
@@ -58,4 +69,26 @@ int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
         control.SetProgress(++sent, end - first);
     } while (first + sent < end && !control.IsCancelled());
     return painter.end() ? sent : 0;
+}
+
+QString ReportPrintedText(const QPrinter &printer, int sent, bool wasStopped)
+{
+    if (sent == 0) {
+        return Words::tr("The report was not printed.");
+    }
+    if (wasStopped) {
+        return PrintStoppedText(printer, sent);
+    }
+    const QString file = printer.outputFileName();
+    return file.isEmpty() ? Words::tr("The report was sent to the printer.")
+                          : Words::tr("The report was printed to the file %1.").arg(file);
+}
+
+QString PrintStoppedText(const QPrinter &printer, int sent)
+{
+    const QString file = printer.outputFileName();
+    const QString pages = QLocale().toString(sent);
+    return file.isEmpty()
+        ? Words::tr("Printing was stopped; pages sent before: %1.").arg(pages)
+        : Words::tr("Printing was stopped; pages in the file %1: %2.").arg(file, pages);
 }

@@ -33,3 +33,10 @@ void UseReportPaper(QPrinter &printer, const ReportPages &pages);
 // Pages that are laid out for the printer's paper. How many were sent; 0 when the printer fails. A cancel
 // ends it behind a page: the toolkit has no way to take back those before.
 [[nodiscard]] int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control);
+
+// What became of a report of which so many pages were sent. The dialog that chooses a printer may have
+// chosen a file.
+[[nodiscard]] QString ReportPrintedText(const QPrinter &printer, int sent, bool wasStopped);
+
+// What became of a print that was stopped behind the page `sent`.
+[[nodiscard]] QString PrintStoppedText(const QPrinter &printer, int sent);

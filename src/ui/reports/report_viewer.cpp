@@ -197,7 +197,7 @@ void ReportViewer::Find(const QString &text)
             }
         },
         [this, text, found] {
-            Say(*found < 0 ? u"\"%1\" is not in this report."_s.arg(text) : QString());
+            Say(*found < 0 ? tr("\"%1\" is not in this report.").arg(text) : QString());
             view->GoTo(*found < 0 ? view->CurrentPage() : *found);
         });
 }
@@ -220,10 +220,7 @@ void ReportViewer::Print()
     job.Start(
         [printed = pages, printer, outcome](RunControl &control) {
             const int sent = PrintPages(*printed, *printer, control);
-            *outcome = sent == 0 ? tr("The report was not printed.")
-                : control.IsCancelled()
-                ? tr("Printing was stopped; pages sent before: %1.").arg(sent)
-                : tr("The report was sent to the printer.");
+            *outcome = ReportPrintedText(*printer, sent, control.IsCancelled());
         },
         [this, outcome] { Say(*outcome); });
 }

@@ -103,7 +103,8 @@ TEST_F(WholeList, IsPrintedOnThePaperThatWasChosen)
                      .widths = {150, 150, 75}},
                     printer);
         EXPECT_TRUE(prompt.TakeSaid().value(0).startsWith(
-            u"Users sent to the printer: %1, on pages: "_s.arg(QLocale().toString(1101))));
+            u"Users printed to the file %1: %2, on pages: "_s.arg(name, QLocale().toString(1101))))
+            << "nothing went to a printer";
         EXPECT_TRUE(OutputOf(u"pdfinfo"_s, {name}).contains(each.size)) << qPrintable(each.size);
         const QString text = OutputOf(u"pdftotext"_s, {u"-layout"_s, name, u"-"_s});
         for (int user = 10001; user <= 11100; ++user) {

@@ -9,6 +9,7 @@
 #include "ui/common/number_field.h"
 #include "ui/reports/crystal_ctrl.h"
 #include "ui/reports/page_view.h"
+#include "ui/reports/print_pages.h"
 #include "ui/reports/report_job.h"
 #include "ui/reports/report_viewer.h"
 
@@ -18,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPrinter>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -230,6 +232,24 @@ TEST_F(Reports, PagesAreTurnedFoundAndSaved)
     viewer.Print();
     EXPECT_EQ(prompt.TakeSaid(),
               QStringList(u"No printer is installed. The report can be saved as PDF."_s));
+}
+
+// The dialog that chooses a printer offers a file as well.
+TEST_F(Reports, APrintSaysWhereItWent)
+{
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::NativeFormat);
+    printer.setOutputFileName({});
+    EXPECT_EQ(ReportPrintedText(printer, 3, false), u"The report was sent to the printer."_s);
+    EXPECT_EQ(ReportPrintedText(printer, 3, true),
+              u"Printing was stopped; pages sent before: 3."_s);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(u"/tmp/list.pdf"_s);
+    EXPECT_EQ(ReportPrintedText(printer, 3, false),
+              u"The report was printed to the file /tmp/list.pdf."_s);
+    EXPECT_EQ(ReportPrintedText(printer, 3, true),
+              u"Printing was stopped; pages in the file /tmp/list.pdf: 3."_s);
+    EXPECT_EQ(ReportPrintedText(printer, 0, true), u"The report was not printed."_s);
 }
 
 TEST_F(Reports, APageIsGoneToByItsNumberOrRefused)
