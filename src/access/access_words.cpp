@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -460,6 +462,10 @@ QString StateText(AccessState state)
 
 QString DifferenceText(const AccessFindings &findings)
 {
+    if (std::ranges::find(findings.facts, FactKind::Unmonitored, &Fact::kind)
+        != findings.facts.end()) {
+        return Text::tr("The users list does not show this user: it holds monitored users alone.");
+    }
     if (findings.listed == PictureFor(findings)) {
         return {};
     }

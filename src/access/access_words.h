@@ -55,7 +55,8 @@ struct WordsStyle
 // What the users list says by its picture.
 [[nodiscard]] QString StateText(AccessState state);
 
-// Says that the users list shows something else than the decision, and what; empty when it does not.
+// Says that the users list shows something else than the decision, and what, or that it does not show the
+// user at all; empty when neither is so.
 [[nodiscard]] QString DifferenceText(const AccessFindings &findings);
 
 // The same of the access page, whose words go by the user's block alone.

@@ -192,4 +192,9 @@ TEST(AccessWords, SayWhereTheListDiffersFromTheDecision)
         EXPECT_EQ(!DifferenceText(findings).isEmpty(), row.differs)
             << static_cast<int>(row.decides) << ' ' << static_cast<int>(row.listed);
     }
+    for (const AccessState kept : {Allowed, Blocked, OutsideAllowedTime}) {
+        EXPECT_EQ(DifferenceText(
+                      {.facts = {{Unmonitored, FactEffect::LetsPass, false, {}}}, .listed = kept}),
+                  u"The users list does not show this user: it holds monitored users alone."_s);
+    }
 }

@@ -152,6 +152,21 @@ TEST_F(WhyPanelTest, SaysWhereTheListShowsSomethingElse)
     EXPECT_EQ(opened.last(), u"groupPage 80 1"_s);
 }
 
+TEST_F(WhyPanelTest, NamesNoPictureOfAUserThatIsNotListed)
+{
+    ShowPanel();
+    Click(1);
+    Find<QPushButton>(*frame, "blockUsers").setFocus();
+    Execute(
+        "UPDATE users SET monitored = false WHERE username = 'bert'"); // as another console does
+    frame->Refresh();
+    Settle();
+    EXPECT_EQ(Lines(),
+              QStringList(
+                  {u"This user is not monitored: nothing is counted, limited or blocked."_s,
+                   u"The users list does not show this user: it holds monitored users alone."_s}));
+}
+
 TEST_F(WhyPanelTest, KeepsTheUsersThatWereChosenWhenTheListLosesTheFocus)
 {
     ShowPanel();
