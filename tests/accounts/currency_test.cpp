@@ -4,6 +4,7 @@
 #include "accounts/currency_settings.h"
 #include "base/amount_text.h"
 #include "base/day.h"
+#include "base/number_entry.h"
 
 #include <gtest/gtest.h>
 
@@ -67,6 +68,26 @@ TEST(AmountTexts, AreFixedOrSignificant)
         EXPECT_EQ(SignificantText(amount, 4), text);
     }
     EXPECT_EQ(SignificantText(12345.67, 5), u"12346"_s);
+}
+
+// Without group separators: it can be typed as it is shown.
+TEST(AmountTexts, HaveTheDecimalMarkOfTheLocale)
+{
+    const std::tuple<const char *, QString, QString> cases[] = {
+        {"C", u"1234.50"_s, u"0.5"_s},
+        {"en_US", u"1234.50"_s, u"0.5"_s},
+        {"de_DE", u"1234,50"_s, u"0,5"_s},
+        {"de_CH", u"1234.50"_s, u"0.5"_s},
+        {"fr_FR", u"1234,50"_s, u"0,5"_s},
+        {"ar_EG", u"1234\u066b50"_s, u"0\u066b5"_s},
+    };
+    constexpr NumberBounds bounds {.least = 0, .most = 1e9, .decimals = 2};
+    for (const auto &[name, amount, significant] : cases) {
+        const QLocale locale(QString::fromLatin1(name));
+        EXPECT_EQ(AmountText(1234.5, locale), amount) << name;
+        EXPECT_EQ(SignificantText(0.5, 4, locale), significant) << name;
+        EXPECT_EQ(NumberFrom(AmountText(1234.5, locale), bounds, locale), 1234.5) << name;
+    }
 }
 
 TEST(CreditEntry, RefusesWhatWouldNotBeListedAsTyped)

@@ -110,6 +110,47 @@ TEST(NumberEntry, PointAndCommaInGerman)
            exact);
 }
 
+// The mark that ends a number is the decimal one, or no number ends there.
+TEST(NumberEntry, AMarkAtTheEnd)
+{
+    struct AtEnd
+    {
+        const char *locale;
+        tl::expected<double, NumberFault> comma; // "5,"
+        tl::expected<double, NumberFault> groupedComma; // "1.234,"
+        tl::expected<double, NumberFault> groupedPoint; // "1,234."
+        tl::expected<double, NumberFault> apostrophe; // "5'"
+    };
+    const AtEnd locales[] = {
+        {"C", kUnreadable, kUnreadable, 1234.0, kUnreadable},
+        {"en_US", kUnreadable, kUnreadable, 1234.0, kUnreadable},
+        {"en_GB", kUnreadable, kUnreadable, 1234.0, kUnreadable},
+        {"de_DE", 5.0, 1234.0, kUnreadable, kUnreadable},
+        {"it_IT", 5.0, 1234.0, kUnreadable, kUnreadable},
+        {"fr_FR", 5.0, kUnreadable, kUnreadable, kUnreadable},
+        {"pl_PL", 5.0, kUnreadable, kUnreadable, kUnreadable},
+        {"de_CH", kUnreadable, kUnreadable, kUnreadable, kUnreadable},
+    };
+    for (const auto &[locale, comma, groupedComma, groupedPoint, apostrophe] : locales) {
+        for (const NumberBounds &bounds : {kAmount, NumberBounds {}}) {
+            Expect(locale,
+                   {{u"5."_s, 5.0},
+                    {u"1234."_s, 1234.0},
+                    {u"5.."_s, kUnreadable},
+                    {u"5,,"_s, kUnreadable},
+                    {u"5.,"_s, kUnreadable},
+                    {u"5,."_s, kUnreadable},
+                    {u"1.234."_s, kUnreadable},
+                    {u"1,234,"_s, kUnreadable},
+                    {u"5,"_s, comma},
+                    {u"1.234,"_s, groupedComma},
+                    {u"1,234."_s, groupedPoint},
+                    {u"5'"_s, apostrophe}},
+                   bounds);
+        }
+    }
+}
+
 TEST(NumberEntry, BlanksInFrench)
 {
     Expect("fr_FR",

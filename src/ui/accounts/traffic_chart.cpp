@@ -44,7 +44,7 @@ QString Text(Megabytes amount)
 QString LineText(double amount, double step)
 {
     const int decimals = step >= 1.0 ? 0 : (step >= 0.1 ? 1 : 2);
-    return QString::number(amount, 'f', decimals);
+    return DecimalText(amount, decimals);
 }
 
 } // namespace

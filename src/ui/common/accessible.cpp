@@ -8,8 +8,8 @@ QString PlainLabel(const QString &label)
 {
     QString plain = label;
     plain.replace(u"&&"_s, u"\x1"_s).remove(u'&').replace(u'\x1', u'&');
-    plain = plain.trimmed();
-    while (plain.endsWith(u':') || plain.endsWith(u',') || plain.endsWith(u'.')) {
+    const auto isEnd = [](QChar c) { return c.isSpace() || u":,.\u2026"_s.contains(c); };
+    while (!plain.isEmpty() && isEnd(plain.back())) {
         plain.chop(1);
     }
     return plain.trimmed();

@@ -7,7 +7,7 @@ class QLabel;
 class QWidget;
 
 // What a person reads of a label or a menu text: without the mnemonic mark "&", a final colon, comma
-// or "...", and without blanks around it.
+// or "...", and without blanks around it. Some languages end it with " …".
 [[nodiscard]] QString PlainLabel(const QString &label);
 
 // Object name and accessible name in one go.

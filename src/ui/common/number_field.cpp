@@ -1,5 +1,6 @@
 #include "ui/common/number_field.h"
 
+#include "base/amount_text.h"
 #include "ui/common/wrong_mark.h"
 
 #include <QKeyEvent>
@@ -68,7 +69,7 @@ void NumberField::SetNumber(quint32 number)
 
 void NumberField::SetAmount(double amount)
 {
-    setText(QString::number(amount, 'f', 2));
+    setText(AmountText(amount));
 }
 
 QString NumberField::Request() const

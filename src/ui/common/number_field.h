@@ -32,7 +32,7 @@ public:
     [[nodiscard]] bool IsWrong() const; // neither blank nor a number within the bounds
 
     void SetNumber(quint32 number);
-    void SetAmount(double amount); // with two decimals after a point
+    void SetAmount(double amount); // as AmountText
 
     // What the field takes, as a request.
     [[nodiscard]] QString Request() const;

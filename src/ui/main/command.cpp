@@ -7,6 +7,7 @@
 QAction *MakeCommand(const CommandText &text, const std::function<void()> &run, QObject *parent)
 {
     auto *action = new QAction(text.text, parent);
+    action->setIconText(PlainLabel(text.text)); // of a tool button; the toolkit knows "..." alone
     action->setObjectName(QLatin1StringView(text.name));
     action->setStatusTip(text.prompt);
     action->setToolTip(text.prompt.isEmpty() ? PlainLabel(action->text()) : text.prompt);

@@ -2,6 +2,7 @@
 
 #include "app/perform.h"
 #include "app/waiting.h"
+#include "base/amount_text.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/props/limit_dialogs.h"
@@ -142,7 +143,7 @@ void LimitsPage::ShowStaged()
 void LimitsPage::ShowPrice(bool ownPrice)
 {
     rate.Enable(ownPrice);
-    rate.value->setText(ownPrice ? QString::number(draft.Staged().price, 'f', 2) : QString());
+    rate.value->setText(ownPrice ? AmountText(draft.Staged().price) : QString());
 }
 
 void LimitsPage::ChangePeriod()

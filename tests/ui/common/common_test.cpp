@@ -143,7 +143,7 @@ TEST(NumberField, ReadsAmountsAsTheLocaleWritesThem)
     EXPECT_EQ(field.Request(),
               u"Please enter a number between 0 and 1000000000, with at most 2 decimals."_s);
     field.SetAmount(1234567.5);
-    EXPECT_EQ(field.text(), u"1234567.50"_s);
+    EXPECT_EQ(field.text(), u"1234567,50"_s);
     EXPECT_EQ(field.Amount(), 1234567.5);
     QLocale::setDefault(before);
 }
@@ -456,6 +456,22 @@ TEST(ChoiceKeys, ChooseTheRowFromWhichTheyCouldNotMove)
             EXPECT_EQ(selected[0].row(), chosen) << rows << " rows, " << current << ", " << key;
             EXPECT_EQ(view->currentIndex().row(), chosen);
         }
+    }
+}
+
+TEST(Accessible, APlainLabelHasNoEnd)
+{
+    const std::pair<QString, QString> labels[] = {
+        {u"&Properties..."_s, u"Properties"_s},
+        {u"&Eigenschaften \u2026"_s, u"Eigenschaften"_s},
+        {u"Konto\u00a0\u2026"_s, u"Konto"_s},
+        {u"Berichte\u2026"_s, u"Berichte"_s},
+        {u"Rate :"_s, u"Rate"_s},
+        {u" A && B,"_s, u"A & B"_s},
+        {u"..."_s, QString()},
+    };
+    for (const auto &[label, plain] : labels) {
+        EXPECT_EQ(PlainLabel(label), plain);
     }
 }
 

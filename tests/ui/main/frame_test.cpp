@@ -2,6 +2,7 @@
 #include "db/failure_log.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
+#include "ui/main/command.h"
 #include "ui/common/number_field.h"
 #include "ui/main/status_pane.h"
 
@@ -283,6 +284,21 @@ TEST_F(Frame, TheTimerLeavesTheListsAloneWhileOtherWorkHoldsTheDatabase)
     Fire("refreshTimer");
     LetSessionFinish();
     EXPECT_FALSE(recorder.Take().isEmpty());
+}
+
+// Also in a language whose texts end otherwise.
+TEST_F(Frame, AToolButtonIsNamedWithoutTheMarksOfTheMenu)
+{
+    const std::pair<QString, QString> texts[] = {{u"&Account..."_s, u"Account"_s},
+                                                 {u"&Konto \u2026"_s, u"Konto"_s},
+                                                 {u"Re&fresh "_s, u"Refresh"_s}};
+    for (const auto &[text, name] : texts) {
+        QObject owner;
+        const QAction *command = MakeCommand({"command", text, {}}, [] {}, &owner);
+        EXPECT_EQ(command->iconText(), name);
+        EXPECT_EQ(command->text(), text);
+        EXPECT_EQ(command->toolTip(), name);
+    }
 }
 
 TEST_F(Frame, TimersStartAMomentAfterTheWindow)

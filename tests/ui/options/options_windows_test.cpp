@@ -103,6 +103,28 @@ TEST_F(OptionsWindow, OkWritesWhatWasChosenOnEveryPage)
     EXPECT_EQ(refreshes, 1);
 }
 
+TEST_F(OptionsWindow, AmountsAreShownAsTheyAreTypedInTheLanguage)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(u"de_DE"_s));
+    EXPECT_TRUE(Run([](QDialog &sheet) {
+        TurnToPage(sheet, u"Tariff"_s);
+        ClickAnd(sheet, "setPrice", [](QDialog &dialog) {
+            EXPECT_EQ(TextIn(dialog, "newPrice"), u"0,00"_s);
+            Type(Find(dialog, "newPrice"), u"1234,5"_s);
+            Click(dialog, "ok");
+        });
+        EXPECT_EQ(TextIn(sheet, "price"), u"1234,50"_s);
+        ClickAnd(sheet, "setPrice", [](QDialog &dialog) {
+            EXPECT_EQ(TextIn(dialog, "newPrice"), u"1234,50"_s);
+            Click(dialog, "ok");
+        });
+        Click(sheet, "ok");
+    }));
+    QLocale::setDefault(before);
+    EXPECT_EQ(Store().ReadText(values::kTrafPrice), u"1234.5"_s);
+}
+
 TEST_F(OptionsWindow, CancelAfterAnyChangeLeavesEveryByte)
 {
     EXPECT_TRUE(Run([](QDialog &sheet) { Click(sheet, "ok"); }));
