@@ -1,9 +1,8 @@
 #include "admin/unmonitored.h"
 
+#include "access/present_users.h"
 #include "actions/action_run.h"
 #include "db/query.h"
-
-#include <algorithm>
 
 Result<std::vector<UnmonitoredUser>> LoadUnmonitored()
 {
@@ -18,12 +17,8 @@ Result<std::vector<UnmonitoredUser>> LoadUnmonitored()
 Action MonitorUsersAction(const std::vector<UserId> &users)
 {
     return {ActionId::MonitorUsers, [users](ActionRun &run) {
-                std::vector<UserId> byId = users;
-                std::ranges::sort(byId);
-                for (const UserId user : byId) {
-                    run.Lock({"users", "user_id", user.value, "user_id"});
-                }
-                for (const UserId user : users) {
+                LockUsers(run, users);
+                for (const UserId user : PresentUsers(run, users)) {
                     run.Write("UPDATE users SET monitored=true WHERE user_id = (?) ", user);
                 }
             }};

@@ -20,5 +20,6 @@ constexpr size_t kMaxUnmonitored = 1000;
 // In the database's order.
 [[nodiscard]] Result<std::vector<UnmonitoredUser>> LoadUnmonitored();
 
-// The users are counted and shown again, with all their old records: all of them or none.
+// The users are counted and shown again, with all their old records: all of them or none. Those that are
+// gone are left out; refused when none is left.
 [[nodiscard]] Action MonitorUsersAction(const std::vector<UserId> &users);

@@ -402,3 +402,16 @@ TEST_P(LoginTableTest, UnmonitoredUsersComeBack)
     ASSERT_EQ(outcome.changes.size(), 2);
     EXPECT_TRUE(LoadUnmonitored().value().empty());
 }
+
+TEST_P(LoginTableTest, UnmonitoredUsersThatAreGoneDoNotComeBack)
+{
+    Execute("UPDATE users SET monitored = false");
+    const auto users = LoadUnmonitored().value();
+    ASSERT_EQ(users.size(), 2U);
+    Execute("DELETE FROM users WHERE user_id = (?)", users[0].userId); // by another console
+    EXPECT_EQ(RunAction(MonitorUsersAction({users[0].userId}), {}, nullptr).refusal,
+              u"This user has been deleted meanwhile. Nothing was changed."_s);
+    EXPECT_TRUE(
+        RunAction(MonitorUsersAction({users[0].userId, users[1].userId}), {}, nullptr).IsDone());
+    EXPECT_TRUE(LoadUnmonitored().value().empty());
+}
