@@ -31,15 +31,16 @@ bool IsSecret(const QString &column)
 // "column=value" of the columns in which the images differ; of all of them without another image.
 QStringList Differing(const RowImage &image, const RowImage *other)
 {
-    QStringList values;
+    const QStringList values = ValuesOf(image);
+    const QStringList others = other == nullptr ? QStringList() : ValuesOf(*other);
+    QStringList differing;
     for (qsizetype i = 0; i < image.columns.size(); ++i) {
-        const QString &value = image.values[i];
-        if (other == nullptr || other->values.value(i) != value) {
-            const QString shown = IsSecret(image.columns[i]) ? QStringLiteral("***") : value;
-            values << image.columns[i] + u'=' + shown;
+        if (other == nullptr || others.value(i) != values[i]) {
+            const QString shown = IsSecret(image.columns[i]) ? QStringLiteral("***") : values[i];
+            differing << image.columns[i] + u'=' + shown;
         }
     }
-    return values;
+    return differing;
 }
 
 } // namespace
@@ -141,11 +142,14 @@ private:
         return outcome;
     }
 
-    static Outcome Done(const ActionRun &run)
+    // The rows of many users are not held twice.
+    static Outcome Done(ActionRun &run)
     {
         Outcome outcome;
-        for (const auto &each : run.kept) {
+        for (auto &each : run.kept) {
             AddChanges(outcome.changes, each);
+            each.before = {};
+            each.after = {};
         }
         return outcome;
     }
@@ -172,7 +176,7 @@ private:
     // The connection was lost on the way of the COMMIT: the rows tell whether it was kept. Their lock
     // waits for what the lost connection may still be doing; without a row to lock, nothing waits, and
     // what does not stand there yet may still come.
-    static Outcome Settled(const ActionRun &run, Failure failure)
+    static Outcome Settled(ActionRun &run, Failure failure)
     {
         const auto rows = ReadAgain(run);
         const bool isBefore = rows && AreRows(*rows, run, &ActionRun::Kept::before);

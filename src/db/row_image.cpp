@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr char kEnd = '\0'; // of each value; the driver hands over none that holds it
+
 std::string TextFor(const RowSet &rows, bool lock)
 {
     std::string text = "SELECT * FROM ";
@@ -70,7 +72,32 @@ QString ValueOf(int column)
     return indicator == SQL_NULL_DATA ? QString() : TextFromUtf8(text.data());
 }
 
+// Of the row at hand.
+RowImage ImageOf(const QStringList &columns, qsizetype keyPlace)
+{
+    RowImage image {{}, columns, {}};
+    for (int column = 0; column < columns.size(); ++column) {
+        const QString value = ValueOf(column + 1);
+        if (column == keyPlace) {
+            image.key = value;
+        }
+        image.packed += value.toUtf8() + kEnd;
+    }
+    image.packed.squeeze();
+    return image;
+}
+
 } // namespace
+
+QStringList ValuesOf(const RowImage &image)
+{
+    QStringList values;
+    for (const QByteArray &value : image.packed.split(kEnd)) {
+        values << QString::fromUtf8(value);
+    }
+    values.removeLast(); // behind the last end
+    return values;
+}
 
 Result<std::vector<RowImage>> ReadImages(const RowSet &rows, bool lock)
 {
@@ -80,12 +107,7 @@ Result<std::vector<RowImage>> ReadImages(const RowSet &rows, bool lock)
         const QStringList columns = LastFailure() ? QStringList() : ColumnNames();
         const QString key = QString::fromLatin1(rows.keyColumn).toLower();
         while (!LastFailure() && cursor.Next()) {
-            RowImage image {{}, columns, {}};
-            for (int column = 1; column <= columns.size(); ++column) {
-                image.values << ValueOf(column);
-            }
-            image.key = image.values.value(columns.indexOf(key));
-            images.push_back(std::move(image));
+            images.push_back(ImageOf(columns, columns.indexOf(key)));
         }
     }
     if (const auto &failure = LastFailure()) {

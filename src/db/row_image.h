@@ -4,6 +4,7 @@
 
 #include "db/failure.h"
 
+#include <QByteArray>
 #include <QHashFunctions>
 #include <QStringList>
 
@@ -30,14 +31,18 @@ struct RowSet
                       static_cast<const void *>(set.keyColumn));
 }
 
+// A command may hold those of a million users: the values stand in one piece.
 struct RowImage
 {
     QString key; // value of the key column
     QStringList columns;
-    QStringList values; // parallel to the columns; at most 254 bytes of each
+    QByteArray packed; // the values; see ValuesOf
 
     bool operator==(const RowImage &) const = default;
 };
+
+// Parallel to the columns; at most 254 bytes of each.
+[[nodiscard]] QStringList ValuesOf(const RowImage &image);
 
 // In the order of the keys. With `lock` nobody else changes the rows before the transaction ends.
 [[nodiscard]] Result<std::vector<RowImage>> ReadImages(const RowSet &rows, bool lock);
