@@ -372,6 +372,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>without a bound</source>
         <translation>ohne Grenze</translation>
     </message>
+    <message>
+        <source>The users list does not show this user: it holds monitored users alone.</source>
+        <translation>Die Benutzerliste zeigt diesen Benutzer nicht: Sie enthält nur überwachte Benutzer.</translation>
+    </message>
 </context>
 <context>
     <name>AccountDialog</name>
@@ -2238,6 +2242,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>%1 users chosen</source>
         <translation>%1 Benutzer ausgewählt</translation>
     </message>
+    <message>
+        <source>There is a filter with this name. Replace it?</source>
+        <translation>Es gibt einen Filter mit diesem Namen. Ersetzen?</translation>
+    </message>
 </context>
 <context>
     <name>FrameMenus</name>
@@ -3064,12 +3072,12 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Es gibt keinen Benutzer zu drucken.</translation>
     </message>
     <message>
-        <source>Printing was stopped; pages sent before: %1.</source>
-        <translation>Der Druck wurde abgebrochen; vorher gesendete Seiten: %1.</translation>
-    </message>
-    <message>
         <source>Users sent to the printer: %1, on pages: %2.</source>
         <translation>An den Drucker gesendete Benutzer: %1, auf Seiten: %2.</translation>
+    </message>
+    <message>
+        <source>Users printed to the file %1: %2, on pages: %3.</source>
+        <translation>In die Datei %1 gedruckte Benutzer: %2, auf Seiten: %3.</translation>
     </message>
 </context>
 <context>
@@ -3536,6 +3544,26 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>No printer is installed. The report can be saved as PDF.</source>
         <translation>Es ist kein Drucker eingerichtet. Der Bericht kann als PDF gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>The report was not printed.</source>
+        <translation>Der Bericht wurde nicht gedruckt.</translation>
+    </message>
+    <message>
+        <source>The report was sent to the printer.</source>
+        <translation>Der Bericht wurde an den Drucker gesendet.</translation>
+    </message>
+    <message>
+        <source>The report was printed to the file %1.</source>
+        <translation>Der Bericht wurde in die Datei %1 gedruckt.</translation>
+    </message>
+    <message>
+        <source>Printing was stopped; pages sent before: %1.</source>
+        <translation>Der Druck wurde abgebrochen; vorher gesendete Seiten: %1.</translation>
+    </message>
+    <message>
+        <source>Printing was stopped; pages in the file %1: %2.</source>
+        <translation>Der Druck wurde abgebrochen; Seiten in der Datei %1: %2.</translation>
     </message>
 </context>
 <context>
@@ -4736,18 +4764,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>%1 Zeilen gelesen</translation>
     </message>
     <message>
-        <source>The report was not printed.</source>
-        <translation>Der Bericht wurde nicht gedruckt.</translation>
-    </message>
-    <message>
-        <source>Printing was stopped; pages sent before: %1.</source>
-        <translation>Der Druck wurde abgebrochen; vorher gesendete Seiten: %1.</translation>
-    </message>
-    <message>
-        <source>The report was sent to the printer.</source>
-        <translation>Der Bericht wurde an den Drucker gesendet.</translation>
-    </message>
-    <message>
         <source>PDF (*.pdf)</source>
         <translation>PDF (*.pdf)</translation>
     </message>
@@ -4782,6 +4798,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Progress of the report</source>
         <translation>Fortschritt des Berichts</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not in this report.</source>
+        <translation>„%1“ kommt in diesem Bericht nicht vor.</translation>
     </message>
 </context>
 <context>
