@@ -2,6 +2,7 @@
 #include "actions/action_run.h"
 #include "admin/login_rows.h"
 #include "admin/login_storage.h"
+#include "db/query.h"
 
 #include <QCoreApplication>
 
@@ -64,10 +65,27 @@ private:
         } else if (*stored && !makesRoom) {
             Leave(Words::tr("The login %1 was not saved: somebody else has made it meanwhile."),
                   login.name);
-        } else {
+        } else if (MayBind(login, {})) {
             newNames << login.name;
             prepared.push_back(login);
         }
+    }
+
+    // To a user that is still there. A login stays bound to whom it is bound already.
+    bool MayBind(const Login &login, UserId present)
+    {
+        if (!login.userId.IsSet() || login.userId == present) {
+            return true;
+        }
+        const auto exists = Exists("SELECT username FROM users WHERE user_id = (?)", login.userId);
+        if (!exists) {
+            Fail(exists.error(), login.name);
+        } else if (!*exists) {
+            Leave(Words::tr("The login %1 was not saved: the user to whom it is bound has been "
+                            "deleted meanwhile."),
+                  login.name);
+        }
+        return exists.value_or(false);
     }
 
     void PrepareChanged(const LoginChange &change)
@@ -97,7 +115,9 @@ private:
         if (login.digest.isEmpty()) {
             login.digest = **digest;
         }
-        prepared.push_back(login);
+        if (MayBind(login, present->userId)) {
+            prepared.push_back(login);
+        }
     }
 
     // What was not touched stays as it stands now; what somebody else changed as well is asked.

@@ -248,6 +248,26 @@ TEST_P(LoginTableTest, ALoginThatSomebodyElseRemovedIsTold)
     EXPECT_TRUE(table.Changes().IsEmpty()) << "nothing is told again";
 }
 
+TEST_P(LoginTableTest, NoLoginIsBoundToAUserThatIsGone)
+{
+    const auto bindToBob = [this](LoginEntry &entry) {
+        entry.bindToUser = true;
+        entry.login.userId = bob;
+    };
+    ChangeAnn(bindToBob);
+    LoginEntry added = Entry(u"new"_s);
+    bindToBob(added);
+    table.Put(added, {});
+    Execute("DELETE FROM users WHERE user_id = (?)", bob); // by another console
+    const QStringList before = EveryRow();
+    EXPECT_EQ(Save().notSaved,
+              (QStringList {u"The login ann1 was not saved: the user to whom it is bound has been "
+                            "deleted meanwhile."_s,
+                            u"The login new was not saved: the user to whom it is bound has been "
+                            "deleted meanwhile."_s}));
+    EXPECT_EQ(EveryRow(), before);
+}
+
 TEST_P(LoginTableTest, ATableThatIsAwayLosesNoLogin)
 {
     Add(Entry(u"new"_s));
