@@ -277,14 +277,15 @@ Result<Choices> ReadChoicesFor(const QList<UserId> &userIds)
 std::optional<NamedGroup>
 ChooseGroupFor(const AppServices &services, const QList<UserId> &userIds, QWidget *parent)
 {
-    return Choose(services,
-                  Place::Command,
-                  Await(services,
-                        parent,
-                        ChangeGroupDialog::tr("Reading the groups..."),
-                        [userIds] { return ReadChoicesFor(userIds); }),
-                  userIds,
-                  parent);
+    auto choices =
+        Await(services, parent, ChangeGroupDialog::tr("Reading the groups..."), [userIds] {
+            return ReadChoicesFor(userIds);
+        });
+    if (choices && userIds.size() == 1 && choices->names.isEmpty()) {
+        TellOwnerIsGone(services.prompt, userIds.front());
+        return std::nullopt;
+    }
+    return Choose(services, Place::Command, std::move(choices), userIds, parent);
 }
 
 std::optional<NamedGroup>

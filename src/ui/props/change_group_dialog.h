@@ -56,7 +56,8 @@ private:
 };
 
 // Reads the groups and has one chosen, starting at the group that the first of the users has or that the
-// sheet shows. Nothing when none was chosen, or when they could not be read, which is told.
+// sheet shows. Nothing when none was chosen, or when they could not be read or the one user is gone, which
+// is told.
 [[nodiscard]] std::optional<NamedGroup>
 ChooseGroupFor(const AppServices &services, const QList<UserId> &userIds, QWidget *parent);
 [[nodiscard]] std::optional<NamedGroup>

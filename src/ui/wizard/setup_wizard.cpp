@@ -1,6 +1,7 @@
 #include "ui/wizard/setup_wizard.h"
 
 #include "admin/protocol_storage.h"
+#include "ui/common/choice_keys.h"
 #include "ui/common/keyboard_order.h"
 #include "ui/options/settings_window.h"
 #include "ui/wizard/setup_wizard_pages.h"
@@ -72,6 +73,7 @@ void CSetupWizard::ArrangeKeyboard()
     for (const int id : pageIds()) {
         SetTabOrderByReading(*page(id));
         GiveMnemonics(*page(id), taken);
+        LetKeysChoose(*page(id));
     }
 }
 

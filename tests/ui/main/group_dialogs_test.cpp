@@ -275,6 +275,19 @@ TEST_F(ChangeGroup, AKeyChoosesTheUsersOwnGroupWhereItCannotMoveOn)
     EXPECT_EQ(dialog->ChosenGroup().groupId, GroupId {81}) << "it moves on from it";
 }
 
+TEST_F(ChangeGroup, NoneIsChosenForAUserThatIsGone)
+{
+    AddUser({.name = "anna"});
+    ShowFrame();
+    ClickCell(Users(), 0, 0);
+    Execute("DELETE FROM users"); // by another console
+    ClosedDialogs unasked;
+    Command("changeGroup").trigger();
+    EXPECT_EQ(unasked.Take(), 0);
+    EXPECT_EQ(prompt.TakeSaid(),
+              QStringList(u"This user is no longer in the database. Nothing was changed"_s));
+}
+
 TEST_F(ChangeGroup, CancelMovesNobody)
 {
     AddGroupNamed(u"Sales"_s);
