@@ -3201,6 +3201,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The login %1 was not saved.</source>
         <translation>Die Anmeldung %1 wurde nicht gespeichert.</translation>
     </message>
+    <message>
+        <source>The login %1 was not saved: the user to whom it is bound has been deleted meanwhile.</source>
+        <translation>Die Anmeldung %1 wurde nicht gespeichert: Der Benutzer, an den sie gebunden ist, wurde inzwischen gelöscht.</translation>
+    </message>
 </context>
 <context>
     <name>LoginStorage</name>

@@ -2,8 +2,8 @@
 #include "db/failure_log.h"
 #include "list_fixture.h"
 #include "support/windows/modal.h"
-#include "ui/main/command.h"
 #include "ui/common/number_field.h"
+#include "ui/main/command.h"
 #include "ui/main/status_pane.h"
 
 #include <QClipboard>
@@ -294,7 +294,8 @@ TEST_F(Frame, AToolButtonIsNamedWithoutTheMarksOfTheMenu)
                                                  {u"Re&fresh "_s, u"Refresh"_s}};
     for (const auto &[text, name] : texts) {
         QObject owner;
-        const QAction *command = MakeCommand({"command", text, {}}, [] {}, &owner);
+        const QAction *command = MakeCommand(
+            {"command", text, {}}, [] {}, &owner);
         EXPECT_EQ(command->iconText(), name);
         EXPECT_EQ(command->text(), text);
         EXPECT_EQ(command->toolTip(), name);
