@@ -374,7 +374,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>The users list does not show this user: it holds monitored users alone.</source>
-        <translation>Die Benutzerliste zeigt diesen Benutzer nicht: Sie enthält nur überwachte Benutzer.</translation>
+        <translation>Die Benutzerliste zeigt diesen Benutzer nicht: sie enthält nur überwachte Benutzer.</translation>
     </message>
 </context>
 <context>
@@ -3203,7 +3203,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>The login %1 was not saved: the user to whom it is bound has been deleted meanwhile.</source>
-        <translation>Die Anmeldung %1 wurde nicht gespeichert: Der Benutzer, an den sie gebunden ist, wurde inzwischen gelöscht.</translation>
+        <translation>Die Anmeldung %1 wurde nicht gespeichert: der Benutzer, an den sie gebunden ist, wurde inzwischen gelöscht.</translation>
     </message>
 </context>
 <context>
