@@ -107,8 +107,8 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
         emit GaveUp(Missing::Database, beginning->refusal);
         return;
     }
-    standings = beginning->standings;
-    ports = beginning->ports;
+    standings = beginning->known.standings;
+    ports = beginning->known.ports;
     for (const auto &[key, counters] : beginning->counters.asKeyValueRange()) {
         const auto address = NetAddress::From(key.address);
         if (address && !key.unknown) {
@@ -180,7 +180,30 @@ void AccountingService::CountNow()
         roundWanted = true;
         return;
     }
-    AskForRound(TakeReading(Now()));
+    AskForRound(TakeNew());
+}
+
+AccountingService::TakenReading AccountingService::TakeNew()
+{
+    if (IsQuiet()) {
+        return {.isComplete = true, .count = {}, .packets = packetsWritten};
+    }
+    const auto packets = kernel->ReadPackets().value_or(std::nullopt); // ahead of the counters
+    const auto count = TakeReading(Now());
+    return {
+        .isComplete = count.has_value(), .count = count, .packets = count ? packets : std::nullopt};
+}
+
+// No packet has come since what is written was read: however many users there are, nothing is new.
+bool AccountingService::IsQuiet()
+{
+    const auto packets = kernel->ReadPackets();
+    if (!packets || !*packets || *packets != packetsWritten) {
+        return false; // a failure is told by the reading
+    }
+    rates.clear();
+    lastReading = Clock::now();
+    return true;
 }
 
 // Nothing when the kernel cannot be read; the database is asked all the same.
@@ -242,15 +265,13 @@ std::vector<AddressPair> AccountingService::PresentPairs(const Reading &reading)
 std::vector<Station> AccountingService::TakeStationsSeen()
 {
     std::vector<Station> stations = finder.Take();
-    for (const Standing &each : standings.users) {
-        const auto address = NetAddress::From(each.ip);
-        const auto seen = address ? hardware.constFind(*address) : hardware.constEnd();
-        if (seen == hardware.constEnd() || seen->Text() == each.mac
-            || toldHardware.value(*address) == *seen || stations.size() >= kStationsAtOnce) {
-            continue;
+    for (const auto &[address, seen] : hardware.asKeyValueRange()) {
+        const Standing *const user = StandingOf(owners.value(address));
+        if (user != nullptr && NetAddress::From(user->ip) == address && seen.Text() != user->mac
+            && toldHardware.value(address) != seen && stations.size() < kStationsAtOnce) {
+            toldHardware.insert(address, seen);
+            stations.push_back({user->ip, seen.Text(), {}});
         }
-        toldHardware.insert(*address, *seen);
-        stations.push_back({each.ip, seen->Text(), {}});
     }
     return stations;
 }
@@ -294,24 +315,29 @@ Count AccountingService::CountOf(const Reading &reading, const QDateTime &at)
     return count;
 }
 
-void AccountingService::AskForRound(const std::optional<Count> &count)
+void AccountingService::AskForRound(const TakenReading &taken)
 {
     const QDateTime now = Now();
     AskedRound asked {.round = {.claim = Claim(),
                                 .isLast = lastRoundRuns,
                                 .forgotten = forgottenCounters,
                                 .counts = dayEnds.Waiting(),
-                                .reconcile = !reconciled && count,
+                                .reconcile = !reconciled && taken.count,
                                 .beginsDay = now.date() != settledDay,
                                 .prices = PricesNow(),
                                 .now = now,
                                 .loggedIn = loggedIn,
                                 .stations = TakeStationsSeen(),
-                                .stationRules = StationRulesOf(settings)},
+                                .stationRules = StationRulesOf(settings),
+                                .known = MarkOfKnown(now)},
                       .dayEnds = dayEnds.Waiting().size(),
-                      .retired = {retired.keyBegin(), retired.keyEnd()}};
-    if (count) {
-        asked.round.counts.push_back(*count);
+                      .retired = {},
+                      .packets = taken.packets};
+    if (taken.count) {
+        asked.round.counts.push_back(*taken.count);
+    }
+    if (taken.isComplete) {
+        asked.retired = {retired.keyBegin(), retired.keyEnd()};
     }
     roundRuns = true;
     roundWanted = false;
@@ -325,6 +351,12 @@ void AccountingService::AskForRound(const std::optional<Count> &count)
         [this, asked = std::move(asked)](const Result<RoundOutcome> &outcome) {
             FinishRound(asked, outcome);
         });
+}
+
+// Not read: what is known holds no longer, whatever the database says.
+DataMark AccountingService::MarkOfKnown(const QDateTime &now) const
+{
+    return now >= knownSince && now < standings.nextChange ? knownMark : DataMark();
 }
 
 void AccountingService::FinishRound(const AskedRound &asked, const Result<RoundOutcome> &outcome)
@@ -380,10 +412,12 @@ void AccountingService::TakeWritten(const AskedRound &asked, const RoundOutcome 
     retryPause = {};
     reconciled = reconciled || asked.round.reconcile;
     settledDay = asked.round.now.date();
+    lastCount = asked.round.now;
     for (const Count &each : asked.round.counts) {
         if (each.generation == generation) { // else the table was made anew meanwhile
             changed->Take(each);
             NoteAccounted(each);
+            packetsWritten = asked.packets;
         }
     }
     changed->Forget(asked.round.forgotten);
@@ -394,16 +428,24 @@ void AccountingService::TakeWritten(const AskedRound &asked, const RoundOutcome 
         dayEnds.Remove(asked.dayEnds);
         SetTrouble(Trouble::StateFile, dayEnds.Problem().value_or(QString()));
     }
-    standings = outcome.standings;
-    ports = outcome.ports;
-    timeEnded.clear();
-    lastCount = asked.round.now;
     TellOutcome(outcome);
+    knownMark = outcome.mark;
+    if (outcome.known) {
+        knownSince = asked.round.now;
+        TakeKnown(*outcome.known);
+    }
+    AwaitNextChange();
+    ForgetInKernel(asked.retired);
+    emit Counted();
+}
+
+void AccountingService::TakeKnown(const Known &known)
+{
+    standings = known.standings;
+    ports = known.ports;
+    timeEnded.clear();
     EndTimes();
     Enforce();
-    ForgetInKernel(asked.retired);
-    AwaitNextChange();
-    emit Counted();
 }
 
 void AccountingService::NoteAccounted(const Count &count)
@@ -490,10 +532,15 @@ void AccountingService::AwaitNextChange()
 void AccountingService::Look()
 {
     const auto begin = Clock::now();
+    const auto packets = kernel->ReadPackets();
+    if (packets && *packets && *packets == packetsLooked) {
+        return; // nobody has sent
+    }
     const auto sent = kernel->ReadSent();
-    if (!sent) {
+    if (!packets || !sent) {
         return; // the next reading tells
     }
+    packetsLooked = *packets;
     NoteSent(*sent, begin);
     EndTimes();
     const bool someTimeIsLimited = std::ranges::any_of(
@@ -585,6 +632,7 @@ void AccountingService::TakeGeneration(quint64 newGeneration,
     doneUnknown.clear();
     forgottenCounters.clear();
     lastSent.clear();
+    packetsWritten.reset();
     changed.emplace(generation, CountersByKey());
     Enforce(); // bounds speak of the new counters
 }
@@ -593,6 +641,13 @@ MadePolicy AccountingService::Made() const
 {
     return MakePolicy(
         {settings, lanInterfaces, standings, ports, companions, accounted, notices, timeEnded});
+}
+
+// Null when the user is not monitored.
+const Standing *AccountingService::StandingOf(UserId userId) const
+{
+    const auto found = std::ranges::lower_bound(standings.users, userId, {}, &Standing::user);
+    return found != standings.users.end() && found->user == userId ? &*found : nullptr;
 }
 
 // Brings the kernel to what holds now.
@@ -605,7 +660,11 @@ void AccountingService::Enforce()
     const auto applied = kernel->Apply(made.policy);
     SetTrouble(Trouble::Kernel, applied ? QString() : applied.error().text);
     if (!applied) {
+        knownMark = {}; // the next round tries again
         return;
+    }
+    if (owners != made.owners) {
+        packetsWritten.reset(); // what somebody's new address has counted is still to be written
     }
     for (const auto &[address, owner] : owners.asKeyValueRange()) {
         if (!made.owners.contains(address)) {
@@ -655,6 +714,7 @@ void AccountingService::NoticeLogin(UserId userId, bool isIn)
     } else {
         loggedIn.remove(userId);
     }
+    knownMark = {};
     journal::Info(u"User %1 is logged %2."_s.arg(userId.value).arg(isIn ? u"in"_s : u"out"_s));
     ReadAgain(userId, false);
 }
@@ -715,6 +775,7 @@ void AccountingService::Reload()
         told << problems << u"The settings of before stay in force."_s;
     }
     SetTrouble(Trouble::Settings, told.join(u' '));
+    knownMark = {};
     FindInterfaces();
     onLine.SetGrace(settings.idleGrace);
     countTimer.start(settings.period);
@@ -744,7 +805,7 @@ void AccountingService::Stop(bool keep)
 void AccountingService::AskForLastRound()
 {
     lastRoundRuns = true;
-    AskForRound(TakeReading(Now()));
+    AskForRound(TakeNew());
 }
 
 // A table whose counts could not be written stays: the next start writes them.

@@ -81,6 +81,15 @@ private:
 
     void CountSoon();
     void CountNow();
+    [[nodiscard]] bool IsQuiet();
+    // What the kernel has counted, as far as it is not in the database.
+    struct TakenReading
+    {
+        bool isComplete = false; // else the kernel could not be read
+        std::optional<Count> count; // nothing new
+        std::optional<PacketMark> packets;
+    };
+    [[nodiscard]] TakenReading TakeNew();
     [[nodiscard]] std::optional<Count> TakeReading(const QDateTime &at);
     void NoteReading(const Reading &reading);
     [[nodiscard]] std::vector<AddressPair> PresentPairs(const Reading &reading);
@@ -91,12 +100,16 @@ private:
     {
         Round round;
         size_t dayEnds = 0; // the first ones of its counts
-        std::vector<NetAddress> retired; // before its last count was read
+        std::vector<NetAddress>
+            retired; // whose last bytes are in its counts or were written before
+        std::optional<PacketMark> packets; // up to where its last count goes
     };
-    void AskForRound(const std::optional<Count> &count);
+    void AskForRound(const TakenReading &taken);
+    [[nodiscard]] DataMark MarkOfKnown(const QDateTime &now) const;
     void AskForLastRound();
     void FinishRound(const AskedRound &asked, const Result<RoundOutcome> &outcome);
     void TakeWritten(const AskedRound &asked, const RoundOutcome &outcome);
+    void TakeKnown(const Known &known);
     void TakeFailure(const AskedRound &asked, const Failure &failure);
     void NoteAccounted(const Count &count);
     void ForgetInKernel(const std::vector<NetAddress> &done);
@@ -115,6 +128,7 @@ private:
     void TakeGeneration(quint64 newGeneration, const QHash<NetAddress, UserId> &newOwners);
     [[nodiscard]] MadePolicy Made() const;
     void Enforce();
+    [[nodiscard]] const Standing *StandingOf(UserId userId) const;
     [[nodiscard]] UserId OwnerOf(const NetAddress &address) const;
 
     void ReadAgain(UserId userId, bool last);
@@ -142,6 +156,11 @@ private:
     // As last read from the database.
     Standings standings;
     MonitoredPorts ports;
+    DataMark knownMark; // of both
+    QDateTime knownSince;
+
+    std::optional<PacketMark> packetsWritten; // all counters up to here are in the database
+    std::optional<PacketMark> packetsLooked; // at the last look
 
     quint64 generation = 0;
     QHash<NetAddress, UserId> owners; // whose bytes an address counts
