@@ -1,5 +1,6 @@
 #include "daemon/accounting_service.h"
 
+#include "daemon/heap.h"
 #include "daemon/supervisor.h"
 
 #include <QDateTime>
@@ -92,10 +93,10 @@ void AccountingService::Begin()
     database.Start(
         this,
         [wanted] { return ReadBeginning(wanted); },
-        [this](const Result<Beginning> &beginning) { BeginWith(beginning); });
+        [this](Result<Beginning> beginning) { BeginWith(std::move(beginning)); });
 }
 
-void AccountingService::BeginWith(const Result<Beginning> &beginning)
+void AccountingService::BeginWith(Result<Beginning> beginning)
 {
     if (!beginning) {
         emit GaveUp(Missing::Database,
@@ -107,8 +108,8 @@ void AccountingService::BeginWith(const Result<Beginning> &beginning)
         emit GaveUp(Missing::Database, beginning->refusal);
         return;
     }
-    standings = beginning->known.standings;
-    ports = beginning->known.ports;
+    standings = std::move(beginning->known.standings);
+    ports = std::move(beginning->known.ports);
     for (const auto &[key, counters] : beginning->counters.asKeyValueRange()) {
         const auto address = NetAddress::From(key.address);
         if (address && !key.unknown) {
@@ -348,8 +349,8 @@ void AccountingService::AskForRound(const TakenReading &taken)
     database.Start(
         this,
         [work = std::move(work)] { return RunRound(work); },
-        [this, asked = std::move(asked)](const Result<RoundOutcome> &outcome) {
-            FinishRound(asked, outcome);
+        [this, asked = std::move(asked)](Result<RoundOutcome> outcome) {
+            FinishRound(asked, std::move(outcome));
         });
 }
 
@@ -359,11 +360,11 @@ DataMark AccountingService::MarkOfKnown(const QDateTime &now) const
     return now >= knownSince && now < standings.nextChange ? knownMark : DataMark();
 }
 
-void AccountingService::FinishRound(const AskedRound &asked, const Result<RoundOutcome> &outcome)
+void AccountingService::FinishRound(const AskedRound &asked, Result<RoundOutcome> outcome)
 {
     roundRuns = false;
     if (outcome) {
-        TakeWritten(asked, *outcome);
+        TakeWritten(asked, *std::move(outcome));
     } else {
         TakeFailure(asked, outcome.error());
     }
@@ -400,7 +401,7 @@ void AccountingService::RetryLater()
     QTimer::singleShot(retryPause, this, &AccountingService::CountSoon);
 }
 
-void AccountingService::TakeWritten(const AskedRound &asked, const RoundOutcome &outcome)
+void AccountingService::TakeWritten(const AskedRound &asked, RoundOutcome outcome)
 {
     SetTrouble(Trouble::Database, {});
     if (outcome.claim == ClaimOutcome::AnotherIsAlive) {
@@ -432,20 +433,21 @@ void AccountingService::TakeWritten(const AskedRound &asked, const RoundOutcome 
     knownMark = outcome.mark;
     if (outcome.known) {
         knownSince = asked.round.now;
-        TakeKnown(*outcome.known);
+        TakeKnown(*std::move(outcome.known));
     }
     AwaitNextChange();
     ForgetInKernel(asked.retired);
     emit Counted();
 }
 
-void AccountingService::TakeKnown(const Known &known)
+void AccountingService::TakeKnown(Known known)
 {
-    standings = known.standings;
-    ports = known.ports;
+    standings = std::move(known.standings);
+    ports = std::move(known.ports);
     timeEnded.clear();
     EndTimes();
     Enforce();
+    heap::GiveBack();
 }
 
 void AccountingService::NoteAccounted(const Count &count)

@@ -74,7 +74,7 @@ private:
     // What can be wrong for a while; each is told once when it begins and once when it is over.
     enum class Trouble { Adapter, Database, Kernel, Flowtables, Settings, StateFile, Clock };
 
-    void BeginWith(const Result<Beginning> &beginning);
+    void BeginWith(Result<Beginning> beginning);
     [[nodiscard]] GatewayClaim Claim() const;
     void FindInterfaces();
     void StartTimers();
@@ -107,9 +107,9 @@ private:
     void AskForRound(const TakenReading &taken);
     [[nodiscard]] DataMark MarkOfKnown(const QDateTime &now) const;
     void AskForLastRound();
-    void FinishRound(const AskedRound &asked, const Result<RoundOutcome> &outcome);
-    void TakeWritten(const AskedRound &asked, const RoundOutcome &outcome);
-    void TakeKnown(const Known &known);
+    void FinishRound(const AskedRound &asked, Result<RoundOutcome> outcome);
+    void TakeWritten(const AskedRound &asked, RoundOutcome outcome);
+    void TakeKnown(Known known);
     void TakeFailure(const AskedRound &asked, const Failure &failure);
     void NoteAccounted(const Count &count);
     void ForgetInKernel(const std::vector<NetAddress> &done);

@@ -224,6 +224,7 @@ ReadStandings(const Moment &now, const Prices &prices, const QSet<UserId> &logge
                },
                [&](const KnownUser &user) { Add(Judging(user, now), user.groupId, standings); })
         .map([&](bool) {
+            standings.users.shrink_to_fit(); // they are kept for long
             std::ranges::sort(standings.users, {}, &Standing::user);
             return std::move(standings);
         });
