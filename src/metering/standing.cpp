@@ -211,6 +211,12 @@ void Add(const Judging &judging, GroupId group, Standings &standings)
 
 } // namespace
 
+const Standing *StandingOf(const Standings &standings, UserId userId)
+{
+    const auto found = std::ranges::lower_bound(standings.users, userId, {}, &Standing::user);
+    return found != standings.users.end() && found->user == userId ? &*found : nullptr;
+}
+
 Result<Standings>
 ReadStandings(const Moment &now, const Prices &prices, const QSet<UserId> &loggedIn)
 {

@@ -1,0 +1,34 @@
+#include "daemon/notice_board.h"
+
+#include <QTimer>
+
+#include <array>
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::array kReadAgain {100ms, 500ms, 2000ms};
+
+} // namespace
+
+void NoticeBoard::Put(UserId userId, bool blocked)
+{
+    notices.insert(userId, blocked ? Notice::Blocked : Notice::Unblocked);
+    const quint64 number = ++numbers[userId];
+    for (const auto delay : kReadAgain) {
+        const bool isLast = delay == kReadAgain.back();
+        QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, userId, number, isLast] {
+            if (numbers.value(userId) == number) {
+                emit ReadWanted(userId, isLast);
+            }
+        });
+    }
+}
+
+void NoticeBoard::Take(UserId userId)
+{
+    notices.remove(userId);
+    numbers.remove(userId);
+}
