@@ -99,6 +99,7 @@ void AccountingService::FinishRound(const AskedRound &asked, Result<RoundOutcome
 void AccountingService::TakeFailure(const AskedRound &asked, const Failure &failure)
 {
     troubles.Set(Trouble::Database, u"The database cannot be used: %1"_s.arg(failure.text));
+    knownMark = {}; // some of it may be written
     neighbourhood.PutBack(asked.round.stations);
     std::vector<OnLineTime::Spent> spent;
     for (size_t i = asked.dayEnds; i < asked.round.counts.size(); ++i) {
