@@ -103,6 +103,11 @@ const Laboratory &ServiceLab::Lab()
     return **Made();
 }
 
+bool ServiceLab::IsLongRun()
+{
+    return qEnvironmentVariableIntValue("TB_LONG_RUN") != 0;
+}
+
 QString ServiceLab::Workstation(quint32 userId)
 {
     return u"10.77.0.%1"_s.arg(userId);

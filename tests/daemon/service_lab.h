@@ -34,6 +34,9 @@ protected:
     // The workstation of the user with this id.
     [[nodiscard]] static QString Workstation(quint32 userId);
 
+    // Whether the tests run in their long form: TB_LONG_RUN=1 in the environment.
+    [[nodiscard]] static bool IsLongRun();
+
     // The settings: a count each second, and lines of the base key.
     void WriteSettings(const QByteArray &more = {}) const;
     static void Write(const QString &file, const QByteArray &text);
