@@ -174,7 +174,8 @@ std::vector<Arrival> TakeArrivals(const OpenFile &socket)
         if (const cmsghdr *header = CMSG_FIRSTHDR(&message); header != nullptr) {
             std::memcpy(&info, CMSG_DATA(header), sizeof info);
         }
-        arrivals.push_back({ntohl(from.sin_addr.s_addr), ntohl(info.ipi_addr.s_addr)});
+        arrivals.push_back(
+            {ntohl(from.sin_addr.s_addr), ntohs(from.sin_port), ntohl(info.ipi_addr.s_addr)});
     }
     return arrivals;
 }

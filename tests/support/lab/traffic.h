@@ -31,6 +31,7 @@ bool SendFrom(const OpenFile &socket, quint32 from, const Endpoint &to, int byte
 struct Arrival
 {
     quint32 from = 0;
+    quint16 fromPort = 0;
     quint32 to = 0;
 };
 [[nodiscard]] std::vector<Arrival> TakeArrivals(const OpenFile &socket);
