@@ -43,6 +43,8 @@ protected:
 
     // `columns`: as of a SET, for what is not as usual.
     static void AddUser(quint32 userId, const QByteArray &columns = {});
+    // Users with the ids from 1 on, whose addresses are these numbers behind 10.77.0.0.
+    static void AddUsers(quint32 number);
     static void Run(const QByteArray &statement);
 
     // What the service tells is on the same output, line by line.
