@@ -1,6 +1,8 @@
 // What others may do to the service: workstations, the name server, the bus, other programs on the gateway.
 #include "daemon/service_lab.h"
+#include "gateway/table_layout.h"
 #include "service/service_link.h"
+#include "support/lab/links.h"
 #include "support/lab/name_server.h"
 #include "support/lab/ruleset.h"
 
@@ -174,6 +176,92 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     EXPECT_LE(slowest, kPatience); // each reading of so many keeps the service from all else
     EXPECT_LE(made, 50 * 120); // at most fifty in each round
     EXPECT_LE(grown, 150);
+}
+
+// A workstation takes on the address of another one.
+class ServiceSpoofed : public ServiceHostile
+{
+protected:
+    static constexpr quint64 kAnnas = 0x02000000000a; // hardware addresses
+    static constexpr quint64 kBerts = 0x02000000000b;
+    static inline const QString kAnnasIp = u"10.76.0.31"_s; // at the gateway's own link
+    static inline const QString kBertsIp = u"10.76.0.32"_s;
+
+    void Begin(const QByteArray &settings)
+    {
+        WriteSettings(settings);
+        Write(store.FileOf(ConfigKeyId::LocalIp),
+              "rangenum = \"1\"\nnet0 = 172752896\nmask0 = 4294836224\n"); // 10.76 and 10.77
+        {
+            const Visit visit(Lab(), Place::Workstations);
+            Links links = Links::Open().value();
+            for (const QString &address : {kAnnasIp, kBertsIp}) { // which stand since another test
+                static_cast<void>(links.AddAddress(u"eth0"_s, address, 24));
+            }
+        }
+        AddUser(1, Columns(kAnnasIp, kAnnas));
+        AddUser(2, Columns(kBertsIp, kBerts));
+        Become(kAnnas);
+        Start();
+    }
+
+    static QByteArray Columns(const QString &ip, quint64 hardware)
+    {
+        return "ip_addr = '" + ip.toLatin1() + "', mac_addr = '"
+            + HardwareFrom(hardware).Text().toLatin1() + '\'';
+    }
+
+    // The workstation at the link is the one with this hardware address from now on.
+    static void Become(quint64 hardware)
+    {
+        {
+            const Visit visit(Lab(), Place::Workstations);
+            ASSERT_TRUE(Links::Open().value().SetHardware(u"eth0"_s, hardware));
+        }
+        EXPECT_TRUE(Ping(Lab(), Place::Workstations, u"10.76.0.2"_s, u"10.76.0.1"_s, 10));
+    }
+
+    static QString UserRow(quint32 id, const QString &ip, quint64 hardware)
+    {
+        return u"%1|%2|%3"_s.arg(id).arg(ip, HardwareFrom(hardware).Text());
+    }
+
+    static constexpr char kRows[] = "SELECT user_id, ip_addr, mac_addr FROM users ORDER BY user_id";
+};
+
+INSTANTIATE_TEST_SUITE_P(Engines, ServiceSpoofed, testing::Values("sqlite"), EngineName);
+
+TEST_P(ServiceSpoofed, AddressesAreRefusedWhereNobodyMayChangeThem)
+{
+    Begin("ControlMAC = \"1\"\n");
+    Probe annas(Lab(), kAnnasIp, kThere);
+    Probe berts(Lab(), kBertsIp, kThere);
+    ExpectCounting(annas);
+    EXPECT_FALSE(berts.Passes()); // which she has taken on
+    Become(kBerts);
+    EXPECT_TRUE(berts.Passes());
+    EXPECT_FALSE(annas.Passes());
+    Become(kAnnas);
+    ExpectCounting(annas);
+    const BytesByUser expected {{1, {0, annas.PassedBytes()}}, {2, {0, berts.PassedBytes()}}};
+    EXPECT_EQ(AwaitAccounted(2, expected.at(2)), expected);
+    EXPECT_EQ(RowsOf(kRows),
+              (QStringList {UserRow(1, kAnnasIp, kAnnas), UserRow(2, kBertsIp, kBerts)}));
+}
+
+TEST_P(ServiceSpoofed, AddressesFollowTheWorkstationWhereThatIsTheUser)
+{
+    Begin("IdentMode = \"1\"\n");
+    Probe annas(Lab(), kAnnasIp, kThere);
+    Probe taken(Lab(), kBertsIp, kThere);
+    ExpectCounting(annas);
+    EXPECT_TRUE(taken.Passes());
+    const QStringList expected {UserRow(1, kBertsIp, kAnnas), UserRow(2, {}, kBerts)};
+    EXPECT_EQ(AwaitRows(kRows, expected), expected);
+    EXPECT_TRUE(taken.Await(true, kPatience));
+    const std::pair<quint64, quint64> both {0, annas.PassedBytes() + taken.PassedBytes()};
+    const BytesByUser accounted = AwaitAccounted(1, both);
+    EXPECT_EQ(accounted, (BytesByUser {{1, both}}));
 }
 
 // `nft flush table inet tollbrook`: the counters stand.
