@@ -642,7 +642,7 @@ void AccountingService::NoticeBlocked(UserId userId, bool blocked)
         const bool isLast = delay == kReadAgain.back();
         QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, userId, number, isLast] {
             if (noticeNumbers.value(userId) == number) {
-                ReadAgain(userId, isLast);
+                ReadAgain(userId, isLast ? number : 0);
             }
         });
     }
@@ -656,11 +656,12 @@ void AccountingService::NoticeLogin(UserId userId, bool isIn)
         loggedIn.remove(userId);
     }
     journal::Info(u"User %1 is logged %2."_s.arg(userId.value).arg(isIn ? u"in"_s : u"out"_s));
-    ReadAgain(userId, false);
+    ReadAgain(userId, 0);
 }
 
-// `last`: the notice of this user has had its time, and the row alone holds from now on.
-void AccountingService::ReadAgain(UserId userId, bool last)
+// `endedNotice`: the number of the user's notice that has had its time: unless there has been another one
+// by then, the row alone holds from now on. 0: none has.
+void AccountingService::ReadAgain(UserId userId, quint64 endedNotice)
 {
     const Moment now = MomentOf(Now());
     database.Start(
@@ -668,13 +669,13 @@ void AccountingService::ReadAgain(UserId userId, bool last)
         [userId, now, prices = PricesNow(), isIn = loggedIn.contains(userId)] {
             return ReadStanding(userId, now, prices, isIn);
         },
-        [this, userId, last](const Result<std::optional<OneStanding>> &read) {
+        [this, userId, endedNotice](const Result<std::optional<OneStanding>> &read) {
             if (!read) {
                 SetTrouble(Trouble::Database, read.error().text);
                 CountSoon();
                 return;
             }
-            if (last) {
+            if (endedNotice != 0 && noticeNumbers.value(userId) == endedNotice) {
                 notices.remove(userId);
                 noticeNumbers.remove(userId);
             }

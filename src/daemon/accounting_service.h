@@ -117,7 +117,7 @@ private:
     void Enforce();
     [[nodiscard]] UserId OwnerOf(const NetAddress &address) const;
 
-    void ReadAgain(UserId userId, bool last);
+    void ReadAgain(UserId userId, quint64 endedNotice);
     void TakeStanding(UserId userId, const std::optional<OneStanding> &read);
 
     void SetTrouble(Trouble trouble, const QString &text); // empty: over
