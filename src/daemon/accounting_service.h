@@ -125,7 +125,7 @@ private:
     void Enforce();
     void NoteRefused(const Policy &policy);
 
-    void ReadAgain(UserId userId, bool last);
+    void ReadAgain(UserId userId, quint64 endedNotice);
     void TakeStanding(UserId userId, const std::optional<OneStanding> &read);
     void FinishStop();
     [[nodiscard]] Prices PricesNow() const { return {settings.price}; }

@@ -16,19 +16,22 @@ constexpr std::array kReadAgain {100ms, 500ms, 2000ms};
 void NoticeBoard::Put(UserId userId, bool blocked)
 {
     notices.insert(userId, blocked ? Notice::Blocked : Notice::Unblocked);
-    const quint64 number = ++numbers[userId];
+    const quint64 number = ++lastNumber;
+    numbers.insert(userId, number);
     for (const auto delay : kReadAgain) {
         const bool isLast = delay == kReadAgain.back();
         QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, userId, number, isLast] {
             if (numbers.value(userId) == number) {
-                emit ReadWanted(userId, isLast);
+                emit ReadWanted(userId, isLast ? number : 0);
             }
         });
     }
 }
 
-void NoticeBoard::Take(UserId userId)
+void NoticeBoard::End(UserId userId, quint64 number)
 {
-    notices.remove(userId);
-    numbers.remove(userId);
+    if (number != 0 && numbers.value(userId) == number) {
+        notices.remove(userId);
+        numbers.remove(userId);
+    }
 }

@@ -16,15 +16,17 @@ public:
 
     [[nodiscard]] const QHash<UserId, Notice> &InForce() const { return notices; }
 
-    // The row alone holds from now on.
-    void Take(UserId userId);
+    // The notice of this number has had its time: unless there has been another one by then, the row alone
+    // holds from now on. 0: none has.
+    void End(UserId userId, quint64 number);
 
 signals:
     // The user's row is to be read: a notice comes before what it tells of is committed, so that this is
-    // asked for several times. `last`: the notice has had its time.
-    void ReadWanted(UserId userId, bool last);
+    // asked for several times. `ended`: the number of the notice that has had its time then; else 0.
+    void ReadWanted(UserId userId, quint64 ended);
 
 private:
     QHash<UserId, Notice> notices;
     QHash<UserId, quint64> numbers; // of each user's last one
+    quint64 lastNumber = 0;
 };
