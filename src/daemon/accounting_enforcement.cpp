@@ -101,11 +101,10 @@ void AccountingService::NoticeLogin(UserId userId, bool isIn)
     }
     knownMark = {};
     journal::Info(u"User %1 is logged %2."_s.arg(userId.value).arg(isIn ? u"in"_s : u"out"_s));
-    ReadAgain(userId, false);
+    ReadAgain(userId, 0);
 }
 
-// `last`: the notice of this user has had its time, and the row alone holds from now on.
-void AccountingService::ReadAgain(UserId userId, bool last)
+void AccountingService::ReadAgain(UserId userId, quint64 endedNotice)
 {
     const Moment now = MomentOf(Now());
     database.Start(
@@ -113,15 +112,13 @@ void AccountingService::ReadAgain(UserId userId, bool last)
         [userId, now, prices = PricesNow(), isIn = loggedIn.contains(userId)] {
             return ReadStanding(userId, now, prices, isIn);
         },
-        [this, userId, last](const Result<std::optional<OneStanding>> &read) {
+        [this, userId, endedNotice](const Result<std::optional<OneStanding>> &read) {
             if (!read) {
                 troubles.Set(Trouble::Database, read.error().text);
                 CountSoon();
                 return;
             }
-            if (last) {
-                notices.Take(userId);
-            }
+            notices.End(userId, endedNotice);
             TakeStanding(userId, *read);
         });
 }
