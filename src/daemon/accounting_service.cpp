@@ -171,10 +171,14 @@ AccountingService::TakenReading AccountingService::TakeNew()
     if (IsQuiet()) {
         return {.isComplete = true, .count = {}, .packets = packetsWritten};
     }
-    const auto packets = kernel->ReadPackets().value_or(std::nullopt); // ahead of the counters
+    // Ahead of the counters. A packet raises the mark first and its counter a moment later: only a mark that
+    // the reading before found, too, has nothing on the way.
+    const auto packets = kernel->ReadPackets().value_or(std::nullopt);
+    const bool rests = std::exchange(packetsSeen, packets) == packets;
     const auto count = TakeReading(Now());
-    return {
-        .isComplete = count.has_value(), .count = count, .packets = count ? packets : std::nullopt};
+    return {.isComplete = count.has_value(),
+            .count = count,
+            .packets = count && rests ? packets : std::nullopt};
 }
 
 // No packet has come since what is written was read: however many users there are, nothing is new.

@@ -155,6 +155,7 @@ private:
     DataMark knownMark; // of both
     QDateTime knownSince;
 
+    std::optional<PacketMark> packetsSeen; // ahead of the last reading
     std::optional<PacketMark> packetsWritten; // all counters up to here are in the database
     std::optional<PacketMark> packetsLooked; // at the last look
 
