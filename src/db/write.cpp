@@ -46,6 +46,11 @@ void Rollback()
     RollbackTransaction();
 }
 
+std::string Locking(const char *query)
+{
+    return std::string(query) + SessionDialect().lockRows;
+}
+
 bool ShutsOutWriters()
 {
     return SessionDialect().hasOneWriter;

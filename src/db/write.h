@@ -5,6 +5,8 @@
 #include "db/failure.h"
 #include "db/parameters.h"
 
+#include <string>
+
 namespace write_detail {
 
 [[nodiscard]] Result<qint64> Run(const char *sqlText);
@@ -32,6 +34,9 @@ namespace transaction {
 [[nodiscard]] Result<bool> Commit();
 
 void Rollback();
+
+// The query that also locks the rows it reads until the transaction ends, where others may write at all.
+[[nodiscard]] std::string Locking(const char *query);
 
 // Whether one that writes keeps everybody else from writing until it ends.
 [[nodiscard]] bool ShutsOutWriters();

@@ -233,6 +233,7 @@ Result<Counted> WriteParts(const Parts &parts, const Accounting &accounting)
         const BatchSize::Measure measure(size);
         const auto written = books::InTransaction([&](Books &books) {
             withBatch = counted;
+            LockCounters(books, accounting.count.gatewayId);
             Batch(books, accounting, withBatch).Run(begin, end, groups);
         });
         if (!written) {

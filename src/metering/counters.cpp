@@ -3,6 +3,7 @@
 #include "metering/books.h"
 
 #include <cmath>
+#include <string>
 
 namespace {
 
@@ -69,6 +70,13 @@ ReadLast(Books &books, const Count &count, const std::vector<const AddressCounte
 size_t qHash(const CounterKey &key, size_t seed)
 {
     return qHashMulti(seed, key.address, key.unknown);
+}
+
+void LockCounters(Books &books, const QString &gatewayId)
+{
+    const std::string text =
+        transaction::Locking("SELECT instance FROM service_gateways WHERE gateway = (?)");
+    static_cast<void>(books.Take(Exists(text.c_str(), gatewayId)));
 }
 
 std::vector<NewBytes>

@@ -42,6 +42,11 @@ using CountersByKey = QHash<CounterKey, AccountedCounters>;
 
 class Books;
 
+// Until the transaction ends no other one accounts counters of the gateway: what a session that was given
+// up still does at the server is either seen by the next one or not done at all. Of a gateway that nobody has
+// claimed nothing is locked.
+void LockCounters(Books &books, const QString &gatewayId);
+
 // What is new in counters since they were accounted, in bytes.
 struct NewBytes
 {

@@ -62,7 +62,6 @@ TEST_P(ServiceCounting, EveryByteOfSeveralWorkstationsIsWritten)
     EXPECT_EQ(AwaitAccounted(expected), expected);
 }
 
-// TB_KILLS in the environment: how many, when it is not to be the short run.
 TEST_P(ServiceCounting, KillsAtRandomMomentsLoseAndDoubleNothing)
 {
     AddUser(1);
@@ -70,9 +69,7 @@ TEST_P(ServiceCounting, KillsAtRandomMomentsLoseAndDoubleNothing)
     Start();
     Flow first(Lab(), Workstation(1), kThere, 500us);
     Flow second(Lab(), Workstation(2), kThere, 2ms);
-    const int kills =
-        qEnvironmentVariableIsSet("TB_KILLS") ? qEnvironmentVariableIntValue("TB_KILLS") : 10;
-    for (int i = 0; i < kills; ++i) {
+    for (int i = 0; i < (IsLongRun() ? 200 : 10); ++i) {
         QTest::qWait(QRandomGenerator::global()->bounded(20, 500));
         Kill();
         service = Spawn();
@@ -85,26 +82,31 @@ TEST_P(ServiceCounting, KillsAtRandomMomentsLoseAndDoubleNothing)
     EXPECT_EQ(Accounted(), expected);
 }
 
-TEST_P(ServiceCounting, AnOutageOfTheDatabaseLosesAndDoublesNothing)
+// TB_OUTAGES in the environment: how many in the long run, each a minute long.
+TEST_P(ServiceCounting, OutagesOfTheDatabaseLoseAndDoubleNothing)
 {
+    const int number =
+        qEnvironmentVariableIsSet("TB_OUTAGES") ? qEnvironmentVariableIntValue("TB_OUTAGES") : 20;
+    const int length = IsLongRun() ? 60000 : 2000; // milliseconds
     AddUser(1);
     AddUser(2);
     Start();
     Flow first(Lab(), Workstation(1), kThere, 500us);
     Flow second(Lab(), Workstation(2), kThere, 2ms);
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < (IsLongRun() ? number : 3); ++i) {
         QTest::qWait(200);
         BeginOutage();
         if (Engine() != u"sqlite"_s) { // which is waited for
             AwaitLine(u"The database cannot be used"_s);
             EXPECT_EQ(Problems().size(), 1);
         }
-        QTest::qWait(300);
-        if (i == 1) { // nor does a kill meanwhile
+        QTest::qWait(length);
+        const bool isKilled = i % 3 == 1; // nor does a kill meanwhile lose anything
+        if (isKilled) {
             Kill();
         }
         EndOutage();
-        if (i == 1) {
+        if (isKilled) {
             Start();
         } else if (Engine() != u"sqlite"_s) {
             AwaitLine(u"Over: The database cannot be used"_s);

@@ -1,4 +1,4 @@
-// Midnight, with a clock of the test's own around the service: the service runs inside the test.
+// Midnight, and other moments, with a clock of the test's own around the service: the service runs inside the test.
 #include "daemon/accounting_service.h"
 #include "daemon/service_lab.h"
 
@@ -179,4 +179,26 @@ TEST_P(ServiceDay, BeginsLimitsAnewAndClosesCredits)
     EXPECT_EQ(RowsOf(block), expected);
     EXPECT_EQ(RowsOf("SELECT closed FROM billing"), QStringList(u"1"_s));
     EXPECT_TRUE(QTest::qWaitFor([&] { return limited.Passes() && !paid.Passes(); }, kPatience));
+}
+
+// The last look at the row of an earlier notice waits for the database when another notice comes.
+TEST_P(ServiceClock, DoesNotTakeANoticeForTheOneBefore)
+{
+    AddUser(1);
+    Begin();
+    Probe probe(Lab(), Workstation(1), kThere);
+    EXPECT_TRUE(probe.Passes());
+    inside->NoticeBlocked(UserId {1}, true);
+    QTest::qWait(1900); // the last look comes after two seconds
+    database.Start(
+        inside.get(),
+        [] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(500));
+            return Result<bool>(true);
+        },
+        [](const Result<bool> &) {});
+    QTest::qWait(250);
+    inside->NoticeBlocked(UserId {1}, true);
+    QTest::qWait(600);
+    EXPECT_FALSE(probe.Passes());
 }

@@ -103,6 +103,11 @@ const Laboratory &ServiceLab::Lab()
     return **Made();
 }
 
+bool ServiceLab::IsLongRun()
+{
+    return qEnvironmentVariableIntValue("TB_LONG_RUN") != 0;
+}
+
 QString ServiceLab::Workstation(quint32 userId)
 {
     return u"10.77.0.%1"_s.arg(userId);
@@ -128,6 +133,21 @@ void ServiceLab::AddUser(quint32 userId, const QByteArray &columns)
     if (!columns.isEmpty()) {
         Run("UPDATE users SET " + columns + " WHERE user_id = " + id);
     }
+}
+
+void ServiceLab::AddUsers(quint32 number)
+{
+    DirectConnection database;
+    ASSERT_TRUE(
+        database.Open(Dsn()) && database.Begin()
+        && database.Prepare(u"INSERT INTO users (user_id, username, ip_addr) VALUES (?, ?, ?)"_s))
+        << qPrintable(database.Error());
+    for (quint32 id = 1; id <= number; ++id) {
+        const QByteArray address = u"10.77.%1.%2"_s.arg(id / 256).arg(id % 256).toLatin1();
+        ASSERT_TRUE(database.RunPrepared({static_cast<qint32>(id), "user " + address, address}))
+            << qPrintable(database.Error());
+    }
+    ASSERT_TRUE(database.Commit()) << qPrintable(database.Error());
 }
 
 void ServiceLab::Run(const QByteArray &statement)

@@ -34,12 +34,17 @@ protected:
     // The workstation of the user with this id.
     [[nodiscard]] static QString Workstation(quint32 userId);
 
+    // Whether the tests run in their long form: TB_LONG_RUN=1 in the environment.
+    [[nodiscard]] static bool IsLongRun();
+
     // The settings: a count each second, and lines of the base key.
     void WriteSettings(const QByteArray &more = {}) const;
     static void Write(const QString &file, const QByteArray &text);
 
     // `columns`: as of a SET, for what is not as usual.
     static void AddUser(quint32 userId, const QByteArray &columns = {});
+    // Users with the ids from 1 on, whose addresses are these numbers behind 10.77.0.0.
+    static void AddUsers(quint32 number);
     static void Run(const QByteArray &statement);
 
     // What the service tells is on the same output, line by line.

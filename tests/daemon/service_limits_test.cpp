@@ -4,6 +4,7 @@
 #include "support/lab/ruleset.h"
 
 #include <QDeadlineTimer>
+#include <QRandomGenerator>
 #include <QTest>
 
 #include <iostream>
@@ -16,6 +17,7 @@ constexpr char kBlock[] = "SELECT blocked, blockreason FROM users WHERE user_id 
 constexpr int kAtOnce = 100; // milliseconds
 constexpr int kOnceWritten = 500; // until what was written is enforced too
 constexpr int kOnePeriod = 1400; // a second, and what a count may take
+constexpr quint32 kNetwork = 0x0A4D0000; // 10.77.0.0; a user's address is its id behind that
 constexpr quint64 kMegabyte = 1 << 20;
 constexpr quint64 kLargestPacket = 65536;
 
@@ -46,10 +48,28 @@ protected:
 
     static void ExpectEndAt(quint64 limit)
     {
-        EXPECT_LT(static_cast<quint64>(Download(1, 8 << 20)), limit);
+        EXPECT_LT(Download(1, static_cast<qint64>(2 * limit)), static_cast<qint64>(limit));
         const quint64 received = ReceivedAtTheEnd(limit);
         EXPECT_LE(received, limit);
         EXPECT_GE(received + kLargestPacket, limit);
+    }
+
+    // Blocks user 1 by word, and then not any more, so many times; `pause` comes before each block.
+    void ExpectBlocksAtOnce(Probe &probe, int times, const std::function<void()> &pause)
+    {
+        qint64 longest = 0;
+        for (int i = 0; i < times; ++i) {
+            ASSERT_TRUE(probe.Passes());
+            pause();
+            link->BlockUser(UserId {1});
+            const auto bitten = probe.Await(false, 1000);
+            ASSERT_TRUE(bitten);
+            longest = std::max(longest, *bitten);
+            link->UnblockUser(UserId {1});
+            ASSERT_TRUE(probe.Await(true, 1000));
+        }
+        std::cout << "the slowest of " << times << " blocks: " << longest << " ms\n";
+        EXPECT_LE(longest, kAtOnce);
     }
 
     std::unique_ptr<ServiceLink> link;
@@ -78,6 +98,26 @@ TEST_P(ServiceLimits, EndToTheByteAndGoOnWhenRaised)
     Run("UPDATE users SET traflim = 7 WHERE user_id = 1"); // and no word of it
     EXPECT_TRUE(probe.Await(true, kOnePeriod));
     ExpectEndAt(7 * kMegabyte);
+}
+
+TEST_P(ServiceLimits, OfEachSizeEndToTheByte)
+{
+    quint64 limit = 0; // megabytes
+    AddUser(1, "mode = 1, blocked = true, blockreason = 1");
+    Start();
+    Probe probe(Lab(), Workstation(1), kThere);
+    EXPECT_FALSE(probe.Passes());
+    for (const quint64 more :
+         IsLongRun() ? std::vector<quint64> {5, 50, 500} : std::vector<quint64> {50}) {
+        limit += more;
+        Run("UPDATE users SET traflim = " + QByteArray::number(limit) + " WHERE user_id = 1");
+        link->UnblockUser(UserId {1});
+        EXPECT_TRUE(probe.Await(true, kOnePeriod));
+        ExpectEndAt(limit * kMegabyte);
+        EXPECT_TRUE(probe.Await(false, kOnceWritten));
+        std::cout << "of " << limit << " Mb " << limit * kMegabyte - Accounted()[1].first
+                  << " bytes were refused\n";
+    }
 }
 
 TEST_P(ServiceLimits, OfAGroupIsSharedByItsMembers)
@@ -109,18 +149,42 @@ TEST_P(ServiceBlocks, BiteAtOnceByWordAndWithinAPeriodByTheRow)
     Run("UPDATE users SET blocked = false, blockreason = 0 WHERE user_id = 1");
     EXPECT_TRUE(probe.Await(true, kOnePeriod));
 
-    qint64 longest = 0;
-    for (int i = 0; i < 20; ++i) {
-        ASSERT_TRUE(probe.Passes());
-        link->BlockUser(UserId {1});
-        const auto bitten = probe.Await(false, 1000);
-        ASSERT_TRUE(bitten);
-        longest = std::max(longest, *bitten);
-        link->UnblockUser(UserId {1});
-        ASSERT_TRUE(probe.Await(true, 1000));
-    }
-    std::cout << "the slowest of 20 blocks: " << longest << " ms\n";
-    EXPECT_LE(longest, kAtOnce);
+    ExpectBlocksAtOnce(probe, IsLongRun() ? 100 : 20, [] {});
+}
+
+// Everybody sends all the time, so that each count is one of everybody.
+TEST_P(ServiceBlocks, BiteAtOnceAlsoAmidTheCountOfManyUsers)
+{
+    const quint32 users = IsLongRun() ? 10000 : 500;
+    AddUsers(users);
+    Start();
+    Probe probe(Lab(), Workstation(1), kThere);
+    std::atomic<bool> stop = false;
+    std::atomic<quint64> sent = 0;
+    std::thread traffic([&] {
+        const auto source =
+            MakeSocket(Lab(), Place::Workstations, Transport::Udp, {u"0.0.0.0"_s, 4000});
+        for (quint32 id = 2; !stop; id = id < users ? id + 1 : 2) {
+            sent += SendFrom(source, kNetwork + id, {kThere, 4000}, 10) ? 1 : 0;
+            if (id % 100 == 0) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(2));
+            }
+        }
+    });
+    ExpectBlocksAtOnce(probe, IsLongRun() ? 100 : 10, [] {
+        QTest::qWait(QRandomGenerator::global()->bounded(20, 400));
+    });
+    stop = true;
+    traffic.join();
+    const auto counted = [] {
+        quint64 bytes = 0;
+        for (const auto &[user, each] : Accounted()) {
+            bytes += user == 1 ? 0 : each.second;
+        }
+        return bytes;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return counted() == Ipv4Bytes(10, 1) * sent; }, kPatience));
+    EXPECT_EQ(counted(), Ipv4Bytes(10, 1) * sent);
 }
 
 // What no row says is over with the last look at the row.

@@ -2,6 +2,10 @@
 
 #include "config/store_fixture.h"
 
+#include <QLoggingCategory>
+#include <QRandomGenerator>
+
+#include <cmath>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -123,4 +127,63 @@ TEST_F(SettingsOfService, ThatNobodyCouldBeCountedWithAreProblems)
     EXPECT_EQ(ProblemsOf(settings).size(), 2);
     settings.dataSource.clear();
     EXPECT_EQ(ProblemsOf(settings).size(), 3);
+}
+
+// Bytes are changed, lost, doubled and put in anywhere, the same in each run.
+TEST_F(SettingsOfService, OfGarbledFilesStayWithinTheirBounds)
+{
+    const std::pair<ConfigKeyId, QByteArray> files[] {
+        {ConfigKeyId::Base,
+         "\"bill dsn\" = \"bill\"\ntimer = \"5\"\nIdleGrace = \"7\"\nIdentMode = \"1\"\n"
+         "ControlMAC = \"1\"\nmonitorprotmode = \"3\"\nAuthPort = \"7001\"\nAuthReqNew = \"1\"\n"
+         "OnStop = \"keep\"\nUnknownIPv6 = \"pass\"\nGatewayId = \"north\"\n"},
+        {ConfigKeyId::Price, "trafprice = 0.25\n"},
+        {ConfigKeyId::DefProfile,
+         "Mode = \"1\"\nTrafficLimit = \"5\"\nTimeLimit = \"6\"\nAccPeriod = \"1\"\nBlocked = \"1\"\n"},
+        {ConfigKeyId::LocalIp,
+         "rangenum = \"2\"\nnet0 = 167772160\nmask0 = 4294901760\nnet1 = 1\nexclude0 = 167837694\n"},
+        {ConfigKeyId::AdapterBind, "NIC = \"eth1\"\n"}};
+    const QByteArray marks = QByteArray("\"'=[]{}#\\\n\0\xff\xc3-.9e\t ", 19);
+    QRandomGenerator random(3);
+    const auto anywhere = [&random](const QByteArray &text) {
+        return random.bounded(static_cast<int>(text.size()) + 1);
+    };
+    for (const auto &[key, text] : files) {
+        Write(key, text);
+    }
+    ServiceSettings settings = ReadServiceSettings(store, {}).settings;
+    int faults = 0;
+    QLoggingCategory::setFilterRules(u"tollbrook.config=false"_s); // it tells of each one
+    for (int i = 0; i < 600; ++i) {
+        const auto &[key, whole] = files[static_cast<size_t>(i) % std::size(files)];
+        QByteArray text = whole;
+        for (int changes = random.bounded(1, 4); changes > 0; --changes) {
+            switch (random.bounded(4)) {
+            case 0:
+                text.insert(anywhere(text), marks.at(random.bounded(marks.size())));
+                break;
+            case 1:
+                text.remove(anywhere(text), random.bounded(9));
+                break;
+            case 2:
+                text.insert(anywhere(text), text.mid(anywhere(text), random.bounded(40)));
+                break;
+            default:
+                text.replace(
+                    anywhere(text), 1, QByteArray(1, static_cast<char>(random.bounded(256))));
+            }
+        }
+        Write(key, text);
+        const ReadSettings read = ReadServiceSettings(store, settings);
+        settings = read.settings;
+        faults += static_cast<int>(read.faults.size());
+        ASSERT_TRUE(settings.period >= 1s && settings.period <= 86400s) << i;
+        ASSERT_TRUE(settings.idleGrace >= 1s && settings.idleGrace <= 86400s) << i;
+        ASSERT_TRUE(settings.price >= 0 && std::isfinite(settings.price)) << i;
+        ASSERT_TRUE(!settings.gatewayId.isEmpty() && settings.gatewayId.size() <= 64) << i;
+        ASSERT_LE(settings.local.size(), 50) << i;
+        ASSERT_LE(static_cast<int>(settings.protocols), 3) << i;
+    }
+    QLoggingCategory::setFilterRules({});
+    EXPECT_GT(faults, 600);
 }

@@ -1,9 +1,15 @@
 // Which counters are accounted, and what is left out and forgotten of them.
 #include "metering/counters.h"
 
+#include "metering/gateway_claim.h"
 #include "metering_fixture.h"
+#include "support/core/test_data_source.h"
+
+#include <thread>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using namespace test_data_source;
 
 namespace {
 
@@ -99,4 +105,39 @@ TEST_P(Counters, ThatHaveNotChangedAreLeftOut)
     EXPECT_EQ(changed.In(Taken()).counters.size(), 2U) << "of another generation nothing is known";
     changed.Take(Taken());
     EXPECT_TRUE(changed.In(Taken()).counters.empty());
+}
+
+class CountersOnServers : public Counters
+{ };
+TB_ON_EVERY_SERVER(CountersOnServers);
+
+// What a session that was given up still does at the server is not done beside it once more.
+TEST_P(CountersOnServers, OfACountThatStillRunsAreNotAccountedByTheNextOneToo)
+{
+    ASSERT_TRUE(ClaimGateway({next.gatewayId, u"here"_s, next.generation}, now, 1s));
+    OfUser(kAnna).received = 1000;
+    Write();
+    OfUser(kAnna).received = 3000;
+    DirectConnection holder;
+    ASSERT_TRUE(holder.Open(Dsn()) && holder.Begin()
+                && holder.Rows(u"SELECT traf_id FROM traffic_use WHERE user_id = 1 FOR UPDATE"_s));
+    const Count count = Taken();
+    quint64 byFirst = 0;
+    std::thread first([&] {
+        OpenSession(Dsn());
+        byFirst = WriteCount(count, kPrices).value_or(Counted()).received;
+        CloseSession();
+    });
+    AwaitLockWait();
+    std::thread later([&holder] {
+        AwaitLockWait(2);
+        holder.Close();
+    });
+    const auto second = WriteCount(count, kPrices);
+    first.join();
+    later.join();
+    EXPECT_EQ(byFirst, 2000U);
+    ASSERT_TRUE(second) << qPrintable(second.error().text);
+    EXPECT_EQ(second->received, 0U);
+    EXPECT_EQ(Rows("SELECT data * 1048576 FROM traffic_use"), QStringList {u"3000"_s});
 }

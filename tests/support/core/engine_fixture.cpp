@@ -144,18 +144,19 @@ void EngineFixture::RunBeside(const char *sqlText, const SqlValues &values)
     ASSERT_TRUE(database.Run(text, values)) << qPrintable(database.Error());
 }
 
-void EngineFixture::AwaitLockWait()
+void EngineFixture::AwaitLockWait(int connections)
 {
     // innodb_trx would show it too, but as it was, for as long as one goes on asking.
-    const char *const waits = Engine() == u"postgresql"_s
-        ? "SELECT pid FROM pg_stat_activity WHERE datname = current_database() "
-          "AND wait_event_type = 'Lock'"
-        : "SELECT id FROM information_schema.processlist WHERE db = DATABASE() AND "
+    const QString waits = Engine() == u"postgresql"_s
+        ? u"SELECT COUNT(*) FROM pg_stat_activity WHERE datname = current_database() "
+          "AND wait_event_type = 'Lock' HAVING COUNT(*) >= %1"_s
+        : u"SELECT id FROM information_schema.processlist WHERE db = DATABASE() AND "
           "command IN ('Query', 'Execute') AND id <> connection_id() AND EXISTS (SELECT 1 FROM "
           "information_schema.global_status WHERE variable_name = 'INNODB_ROW_LOCK_CURRENT_WAITS' "
-          "AND variable_value > 0)";
+          "AND variable_value >= %1)"_s;
+    const QByteArray query = waits.arg(connections).toUtf8();
     const QDeadlineTimer patience(10000);
-    while (RowsOf(waits).isEmpty()) {
+    while (RowsOf(query.constData()).isEmpty()) {
         ASSERT_FALSE(patience.hasExpired()) << "nobody waits";
     }
 }

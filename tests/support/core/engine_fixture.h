@@ -31,8 +31,8 @@ protected:
     // Runs a statement beside the session, in the spelling of the code.
     static void RunBeside(const char *sqlText, const SqlValues &values = {});
 
-    // Servers: returns once a connection to the database waits for a lock that another one holds.
-    static void AwaitLockWait();
+    // Servers: returns once so many connections to the database wait for locks that others hold.
+    static void AwaitLockWait(int connections = 1);
 
     // Has the server end the other connections to the database, or those whose running statement
     // holds `words`; how many those were.

@@ -141,12 +141,13 @@ QString Laboratory::MakeNamespaces()
         namespaces[static_cast<size_t>(place)] = PresentNamespace();
         // Without these an interface's IPv6 is of no use for its first second or two.
         // A hardware address that changes is told to the neighbours, and nothing else is told unasked.
-        for (const auto &[setting, value] :
-             {std::pair(u"ipv6/conf/default/accept_dad"_s, u"0"_s),
-              {u"ipv6/conf/default/router_solicitations"_s, u"0"_s},
-              {u"ipv6/conf/default/ndisc_notify"_s, u"1"_s},
-              {u"ipv6/conf/default/mldv2_unsolicited_report_interval"_s, u"100000000"_s},
-              {u"ipv4/conf/default/arp_notify"_s, u"1"_s}}) {
+        for (const auto &[setting, value] : {
+                 std::pair(u"ipv6/conf/default/accept_dad"_s, u"0"_s),
+                 {u"ipv6/conf/default/router_solicitations"_s, u"0"_s},
+                 {u"ipv6/conf/default/ndisc_notify"_s, u"1"_s},
+                 {u"ipv6/conf/default/mldv2_unsolicited_report_interval"_s, u"100000000"_s},
+                 {u"ipv4/conf/default/arp_notify"_s, u"1"_s},
+             }) {
             if (!Set(setting, value)) {
                 return Refused(u"the setting "_s + setting);
             }
@@ -219,6 +220,14 @@ QString Laboratory::WaitForLinks() const
                 return u"A link between network namespaces does not come up"_s;
             }
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        // Who was found once is not asked for again: a link counts that too.
+        for (const QString &protocol : {u"ipv4"_s, u"ipv6"_s}) {
+            const QString setting =
+                protocol + u"/neigh/"_s + QString::fromLatin1(name) + u"/base_reachable_time_ms"_s;
+            if (!Set(setting, u"100000000"_s)) {
+                return Refused(u"the setting "_s + setting);
+            }
         }
     }
     return {};

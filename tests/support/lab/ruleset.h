@@ -5,3 +5,9 @@
 
 // Removes all tables of the present network namespace, as `nft flush ruleset` does.
 [[nodiscard]] GatewayResult<void> FlushRuleset();
+
+// Translates the addresses of what goes out by an interface, as `oifname "..." masquerade` does.
+[[nodiscard]] GatewayResult<void> Masquerade(const QString &interface);
+
+// Removes the rules of the service's table and nothing else, as `nft flush table inet tollbrook` does.
+[[nodiscard]] GatewayResult<void> FlushRules();

@@ -69,6 +69,9 @@ Bound(const Laboratory &laboratory, Place place, int type, int protocol, const E
     const int buffer = 8 << 20;
     setsockopt(made.Number(), SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     setsockopt(made.Number(), SOL_SOCKET, SO_RCVBUFFORCE, &buffer, sizeof buffer);
+    if (!own.address.contains(u':')) {
+        setsockopt(made.Number(), IPPROTO_IP, IP_PKTINFO, &yes, sizeof yes); // for TakeArrivals
+    }
     // A connection that is closed ends at once: no packet of it comes later, amid another test.
     const linger atOnce {.l_onoff = 1, .l_linger = 0};
     if (type == SOCK_STREAM) {
@@ -147,6 +150,34 @@ int TakeDatagrams(const OpenFile &socket, int expected)
         }
     }
     return taken;
+}
+
+std::vector<Arrival> TakeArrivals(const OpenFile &socket)
+{
+    std::vector<Arrival> arrivals;
+    std::vector<char> payload(1 << 16);
+    while (IsReady(socket, POLLIN, kSilenceMs)) {
+        sockaddr_in from {};
+        iovec part {payload.data(), payload.size()};
+        alignas(cmsghdr) char control[CMSG_SPACE(sizeof(in_pktinfo))] = {};
+        msghdr message {};
+        message.msg_name = &from;
+        message.msg_namelen = sizeof from;
+        message.msg_iov = &part;
+        message.msg_iovlen = 1;
+        message.msg_control = control;
+        message.msg_controllen = sizeof control;
+        if (recvmsg(socket.Number(), &message, 0) < 0) {
+            continue; // an error that had waited
+        }
+        in_pktinfo info {};
+        if (const cmsghdr *header = CMSG_FIRSTHDR(&message); header != nullptr) {
+            std::memcpy(&info, CMSG_DATA(header), sizeof info);
+        }
+        arrivals.push_back(
+            {ntohl(from.sin_addr.s_addr), ntohs(from.sin_port), ntohl(info.ipi_addr.s_addr)});
+    }
+    return arrivals;
 }
 
 bool Ping(

@@ -4,6 +4,7 @@
 #include "support/lab/laboratory.h"
 
 #include <chrono>
+#include <vector>
 
 struct Endpoint
 {
@@ -25,6 +26,15 @@ bool SendFrom(const OpenFile &socket, quint32 from, const Endpoint &to, int byte
 
 // The datagrams that come until there are `expected`, or until none has come for a fifth of a second.
 [[nodiscard]] int TakeDatagrams(const OpenFile &socket, int expected);
+
+// The IPv4 datagrams that come until none has come for a fifth of a second, by their headers.
+struct Arrival
+{
+    quint32 from = 0;
+    quint16 fromPort = 0;
+    quint32 to = 0;
+};
+[[nodiscard]] std::vector<Arrival> TakeArrivals(const OpenFile &socket);
 
 // What becomes of an echo request (ping): whether an answer came within a fifth of a second.
 [[nodiscard]] bool
