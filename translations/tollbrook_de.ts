@@ -5387,7 +5387,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>Day</source>
-        <translation>Tag</translation>
+        <translation>Ta&amp;g</translation>
     </message>
     <message>
         <source>Specify time range</source>
