@@ -18,6 +18,12 @@ constexpr qsizetype kMostCompared = 8;
 // With so many names one rule holds them all.
 constexpr qsizetype kMostInterfacesOfRule = 8;
 
+Side SideOf(Direction direction)
+{
+    return direction == Direction::From ? Side::In : Side::Out;
+}
+
+// 0 of an interface that is not there.
 quint32 NumberOf(const QString &interface)
 {
     return if_nametoindex(interface.toUtf8().constData());
@@ -212,6 +218,23 @@ private:
     QByteArray main;
 };
 
+using Passes = FunctionRef<void(RuleWriter &)>; // adds a test of the interface, or none
+
+// Calls `act` for each interface to the workstations that has a number now, or once where none is named.
+void ForNumberedInterfaces(const NetworkRules &network,
+                           Direction direction,
+                           FunctionRef<void(Passes)> act)
+{
+    for (const QString &name : network.lanInterfaces) {
+        if (const quint32 number = NumberOf(name); number != 0) {
+            act([&](RuleWriter &rule) { rule.Interface(SideOf(direction), number); });
+        }
+    }
+    if (network.lanInterfaces.isEmpty()) {
+        act([](RuleWriter &) {});
+    }
+}
+
 void EnterFrom(NetlinkWriter &writer, const NearRanges &near, const NetworkRules &network)
 {
     const auto enter = [&](FunctionRef<void(RuleWriter &)> act) {
@@ -222,7 +245,7 @@ void EnterFrom(NetlinkWriter &writer, const NearRanges &near, const NetworkRules
         enter([&](RuleWriter &rule) { rule.Goto(chain); });
         return;
     }
-    ForInterfaces(network, Direction::From, [&](FunctionRef<void(RuleWriter &)> passes) {
+    ForInterfaces(network, Direction::From, [&](Passes passes) {
         enter([&](RuleWriter &rule) {
             passes(rule);
             rule.Goto(chain);
@@ -235,23 +258,23 @@ void EnterFrom(NetlinkWriter &writer, const NearRanges &near, const NetworkRules
 // a quarter of a lookup.
 void EnterTo(NetlinkWriter &writer, const NearRanges &near, const TableRules &rules)
 {
-    const auto enter = [&](FunctionRef<void(RuleWriter &)> act) {
-        ForInterfaces(rules.network, Direction::To, [&](FunctionRef<void(RuleWriter &)> passes) {
-            ForNear(writer,
-                    near,
-                    kForwardChain,
-                    Direction::To,
-                    End::Workstation,
-                    [&](RuleWriter &rule) {
-                        passes(rule);
-                        act(rule);
-                    });
-        });
+    const auto enter = [&](Passes passes, FunctionRef<void(RuleWriter &)> act) {
+        const auto end = [&](RuleWriter &rule) {
+            passes(rule);
+            act(rule);
+        };
+        ForNear(writer, near, kForwardChain, Direction::To, End::Workstation, end);
     };
-    if (!rules.Looks(Direction::To, Family::V4) && rules.network.counted == CountedPorts::All) {
-        enter([](RuleWriter &rule) { rule.Follow(SetId::Received, Family::V4, Direction::To); });
+    if (rules.network.counted == CountedPorts::All && !rules.Looks(Direction::To, Family::V4)) {
+        ForNumberedInterfaces(rules.network, Direction::To, [&](Passes passes) {
+            enter(passes, [](RuleWriter &rule) {
+                rule.Follow(SetId::Received, Family::V4, Direction::To);
+            });
+        });
     }
-    enter([](RuleWriter &rule) { rule.Goto(WayChain(Direction::To, Family::V4)); });
+    ForInterfaces(rules.network, Direction::To, [&](Passes passes) {
+        enter(passes, [](RuleWriter &rule) { rule.Goto(WayChain(Direction::To, Family::V4)); });
+    });
 }
 
 } // namespace
@@ -296,21 +319,11 @@ void ForNear(NetlinkWriter &writer,
     }
 }
 
-void ForInterfaces(const NetworkRules &network,
-                   Direction direction,
-                   FunctionRef<void(FunctionRef<void(RuleWriter &)>)> act)
+void ForInterfaces(const NetworkRules &network, Direction direction, FunctionRef<void(Passes)> act)
 {
-    const Side side = direction == Direction::From ? Side::In : Side::Out;
+    ForNumberedInterfaces(network, direction, act);
     for (const QString &name : network.lanInterfaces) {
-        if (const quint32 number = NumberOf(name); number != 0) {
-            act([&](RuleWriter &rule) { rule.Interface(side, number); });
-        }
-    }
-    for (const QString &name : network.lanInterfaces) {
-        act([&](RuleWriter &rule) { rule.Interface(side, name); });
-    }
-    if (network.lanInterfaces.isEmpty()) {
-        act([](RuleWriter &) {});
+        act([&](RuleWriter &rule) { rule.Interface(SideOf(direction), name); });
     }
 }
 

@@ -8,9 +8,6 @@
 
 #include <array>
 
-// Behind all other programs' chains of forwarded packets.
-inline constexpr const char *kForwardChain = "forward";
-
 // The set of ports that are counted when not all are.
 inline constexpr const char *kCountedPorts = "counted_ports";
 
