@@ -8,6 +8,7 @@
 #include "sheet/sent_statements.h"
 #include "support/bare_session.h"
 #include "support/bench_database.h"
+#include "support/limited_users.h"
 #include "support/must.h"
 #include "support/promise.h"
 #include "support/spent.h"
@@ -25,37 +26,6 @@ constexpr int kUsers = 10'000;
 constexpr int kKnownUsers = 100'000;
 constexpr int kCounts = 5; // of one measurement
 constexpr Prices kPrices {0.01};
-
-// One user in five has a limit or credits, and none of them comes to an end.
-const char *const kAccounts[] = {
-    "DELETE FROM billing",
-    "DELETE FROM service_counters",
-    "UPDATE users SET monitored = 1, mode = 0, blocked = 0, traflim = 1000000, timelim = 1000000, "
-    "trafperiod = 2, timeperiod = 1",
-    "UPDATE users SET mode = 1 WHERE user_id % 10 = 0",
-    "UPDATE users SET mode = 5 WHERE user_id % 20 = 5",
-    "UPDATE users SET mode = 2 WHERE user_id % 20 = 15",
-    "UPDATE groups SET mode = 0, blocked = 0",
-    "UPDATE groups SET mode = 1, traflim = 100000000 WHERE group_id < 86",
-    "INSERT INTO billing (mode, object_id, data, unlimited) "
-    "SELECT 2, user_id, 1000000, 1 FROM users WHERE mode = 2",
-};
-
-QString Prepared(const QString &engine, int users)
-{
-    static QSet<QString> prepared;
-    const QString dsn = BenchDatabase(engine, users);
-    if (!prepared.contains(dsn)) {
-        DirectConnection connection;
-        Must(connection.Open(dsn), connection);
-        for (const char *statement : kAccounts) {
-            Must(connection.Run(QString::fromStdString(Translate(connection.Engine(), statement))),
-                 connection);
-        }
-        prepared << dsn;
-    }
-    return dsn;
-}
 
 void Open(const QString &dsn)
 {
@@ -140,7 +110,7 @@ void NoteStatement(QtMsgType, const QMessageLogContext &, const QString &text)
 
 void HoldDatabase(benchmark::State &state, const QString &engine)
 {
-    Open(Prepared(engine, kUsers));
+    Open(LimitedUsers(engine, kUsers));
     CountOnce(engine);
     Holding held;
     holding = &held;
@@ -161,12 +131,12 @@ void HoldDatabase(benchmark::State &state, const QString &engine)
 // The first count makes the day's records.
 void CountAll(benchmark::State &state, const QString &engine)
 {
-    Open(Prepared(engine, kUsers));
+    Open(LimitedUsers(engine, kUsers));
     CountOnce(engine);
     DisconnectDatabase(); // or a server does not tell what the connection spent
     const double before = OwnSeconds() + ServerSeconds(engine);
     for ([[maybe_unused]] auto _ : state) {
-        Open(Prepared(engine, kUsers));
+        Open(LimitedUsers(engine, kUsers));
         for (int i = 0; i < kCounts; ++i) {
             CountOnce(engine);
         }
@@ -179,7 +149,7 @@ void CountAll(benchmark::State &state, const QString &engine)
 
 void CountBare(benchmark::State &state, const QString &engine)
 {
-    const QString dsn = Prepared(engine, kUsers);
+    const QString dsn = LimitedUsers(engine, kUsers);
     Open(dsn);
     CountOnce(engine);
     std::vector<BareStatement> statements = SentBy([&] { CountOnce(engine); });
@@ -197,7 +167,7 @@ void CountBare(benchmark::State &state, const QString &engine)
 
 void Stand(benchmark::State &state, const QString &engine, int users)
 {
-    Open(Prepared(engine, users));
+    Open(LimitedUsers(engine, users));
     const Moment now {QDate::currentDate(), QTime(12, 0)};
     const double before = OwnSeconds();
     for ([[maybe_unused]] auto _ : state) {

@@ -9,7 +9,7 @@ test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugi
     fonts-dejavu-core python3 python3-openpyxl poppler-utils clang-format systemd)
 server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
 tidy_packages=(clang clang-tidy)
-bench_packages=(libbenchmark-dev sqlite3 xvfb xauth)
+bench_packages=(libbenchmark-dev sqlite3 xvfb xauth nftables)
 
 # Prints those of the named packages that are not installed.
 missing_packages() {

@@ -45,16 +45,23 @@ pid_t Start(const QStringList &command)
     return process;
 }
 
-// The largest it has been; what wait4 tells counts this program's memory too, from before the start.
-double PeakMegabytes(pid_t process)
+QByteArray Told(qint64 process, const QString &file)
 {
-    QFile status(u"/proc/%1/status"_s.arg(process));
-    if (!status.open(QIODevice::ReadOnly)) {
-        return 0;
+    QFile reading(u"/proc/%1/%2"_s.arg(process).arg(file));
+    return reading.open(QIODevice::ReadOnly) ? reading.readAll() : QByteArray();
+}
+
+// The fields of /proc/PID/stat between two numbers, in seconds; counted as its manual page does, from 1.
+double StatSeconds(qint64 process, int first, int last)
+{
+    constexpr int kBehindName = 3;
+    const QByteArray text = Told(process, u"stat"_s);
+    const auto fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
+    double ticks = 0;
+    for (int field = first; field <= last; ++field) {
+        ticks += fields.value(field - kBehindName).toDouble();
     }
-    const QByteArray text = status.readAll();
-    const auto place = text.indexOf("VmHWM:");
-    return place < 0 ? 0 : text.mid(place + 6, 20).trimmed().split(' ').first().toDouble() / 1024;
+    return ticks / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
 } // namespace
@@ -66,6 +73,18 @@ double OwnSeconds()
     return Seconds(usage);
 }
 
+double CpuSecondsOf(qint64 process)
+{
+    return StatSeconds(process, 14, 15);
+}
+
+double MegabytesOf(qint64 process, const char *figure)
+{
+    const QByteArray text = Told(process, u"status"_s);
+    const auto place = text.indexOf(figure);
+    return place < 0 ? 0 : text.mid(place + 6, 20).trimmed().split(' ').first().toDouble() / 1024;
+}
+
 double ServerSeconds(const QString &engine)
 {
     QFile pid(QStringLiteral(TB_SERVERS_DIR "/%1.pid").arg(engine));
@@ -74,17 +93,12 @@ double ServerSeconds(const QString &engine)
     }
     // One server works in processes for each connection: it counts them once they have ended.
     QThread::msleep(200);
-    QFile file(u"/proc/%1/stat"_s.arg(QString::fromLatin1(pid.readAll().trimmed())));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return 0;
+    const qint64 server = pid.readAll().trimmed().toLongLong();
+    double seconds = StatSeconds(server, 14, 17); // its own, and that of the children that ended
+    for (const QByteArray &child : Told(server, u"task/%1/children"_s.arg(server)).split(' ')) {
+        seconds += child.isEmpty() ? 0 : CpuSecondsOf(child.toLongLong());
     }
-    const QByteArray text = file.readAll();
-    const auto fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
-    double ticks = 0;
-    for (int field = 11; field <= 14; ++field) { // user and system, its own and its children's
-        ticks += fields.at(field).toDouble();
-    }
-    return ticks / static_cast<double>(sysconf(_SC_CLK_TCK));
+    return seconds;
 }
 
 Spent RunAndMeasure(const QStringList &command, const QString &engine)
@@ -94,8 +108,9 @@ Spent RunAndMeasure(const QStringList &command, const QString &engine)
     const pid_t process = Start(command);
     int status = 0;
     rusage usage {};
+    // What wait4 tells of the memory counts this program's too, from before the start.
     while (wait4(process, &status, WNOHANG, &usage) == 0) {
-        spent.peakMegabytes = std::max(spent.peakMegabytes, PeakMegabytes(process));
+        spent.peakMegabytes = std::max(spent.peakMegabytes, MegabytesOf(process, "VmHWM:"));
         QThread::usleep(2000);
     }
     if (status != 0) {

@@ -40,6 +40,17 @@ GatewayFailure Lost()
 constexpr quint16 kNewQuota = NFNL_SUBSYS_NFTABLES << 8 | NFT_MSG_NEWOBJ;
 constexpr quint16 kNewGeneration = NFNL_SUBSYS_NFTABLES << 8 | NFT_MSG_NEWGEN;
 
+// The rules for a table with this content.
+TableRules RulesFor(const NetworkRules &network, const TableContent &content)
+{
+    TableRules rules {.network = network};
+    for (const Family family : kFamilies) {
+        rules.looksFrom[static_cast<size_t>(family)] = HasAny(content, SetId::From, family);
+        rules.looksTo[static_cast<size_t>(family)] = HasAny(content, SetId::To, family);
+    }
+    return rules;
+}
+
 // Whether every known address has its counter among those read.
 bool HasAll(const std::vector<AddressReading> &read, const Elements &known)
 {
@@ -82,7 +93,7 @@ GatewayResult<std::optional<quint64>> KernelTable::StandingGeneration()
 
 GatewayResult<Began> KernelTable::Begin(const Policy &policy)
 {
-    network.reset();
+    rules.reset();
     standing.reset();
     const GatewayResult<bool> takenOver = TakeOver();
     if (!takenOver) {
@@ -200,7 +211,7 @@ GatewayResult<void> KernelTable::UpdateOnce(const Policy &policy)
     TableContent wanted = ContentFor(policy, *standing);
     const std::set<QuotaId> align = QuotasToAlign(*standing, wanted);
     if (!align.empty() && isHooked) {
-        if (const GatewayResult<void> held = Hold(align, wanted); !held) {
+        if (const GatewayResult<void> held = Hold(align, wanted, policy.network); !held) {
             return held;
         }
     }
@@ -208,12 +219,10 @@ GatewayResult<void> KernelTable::UpdateOnce(const Policy &policy)
     if (!received) {
         return tl::unexpected(received.error());
     }
-    MessagePieces pieces = PiecesFor(*standing, wanted, *received);
-    const bool newRules = network != policy.network;
-    if (newRules) {
-        MakeRules(pieces.emplace_back(), policy.network);
-    }
-    if (const auto done = CommitPieces(socket, pieces, u"Changing the table"_s); !done) {
+    if (const auto done = Commit(PiecesFor(*standing, wanted, *received),
+                                 RulesFor(policy.network, wanted),
+                                 u"Changing the table"_s);
+        !done) {
         return done;
     }
     if (isHooked && RetiresAny(*standing, wanted)) {
@@ -222,24 +231,40 @@ GatewayResult<void> KernelTable::UpdateOnce(const Policy &policy)
     SetDepleted(wanted, *standing, *received);
     standing = std::move(wanted);
     isHooked = true;
-    if (!newRules) {
-        return {};
-    }
-    return ReadRuleHandles(socket).map([&](std::vector<quint64> handles) {
-        ruleHandles = std::move(handles);
-        network = policy.network;
-    });
+    return {};
 }
 
-GatewayResult<void> KernelTable::Hold(const std::set<QuotaId> &align, const TableContent &wanted)
+// The rules come last: an element that no packet is looked up for yet, or any more, does nothing.
+GatewayResult<void>
+KernelTable::Commit(MessagePieces pieces, const TableRules &wanted, const QString &what)
 {
-    Elements held = HeldFor(align, *standing, wanted);
+    if (rules == wanted) {
+        return CommitPieces(socket, pieces, what);
+    }
+    MakeRules(pieces.emplace_back(), wanted);
+    return CommitPieces(socket, pieces, what)
+        .and_then([&] { return ReadRuleHandles(socket); })
+        .map([&](std::vector<quint64> handles) {
+            ruleHandles = std::move(handles);
+            rules = wanted;
+        });
+}
+
+GatewayResult<void> KernelTable::Hold(const std::set<QuotaId> &align,
+                                      const TableContent &wanted,
+                                      const NetworkRules &network)
+{
+    TableContent held = *standing;
+    held[SetId::To] = HeldFor(align, *standing, wanted);
     MessagePieces pieces;
-    ChangeElements(pieces, SetId::To, Changes((*standing)[SetId::To], held));
-    return CommitPieces(socket, pieces, u"Holding packets back"_s).map([&] {
-        (*standing)[SetId::To] = std::move(held);
-        WaitForPacketsOnTheWay();
-    });
+    ChangeElements(pieces, SetId::To, Changes((*standing)[SetId::To], held[SetId::To]));
+    return Commit(std::move(pieces),
+                  RulesFor(rules ? rules->network : network, held),
+                  u"Holding packets back"_s)
+        .map([&] {
+            standing = std::move(held);
+            WaitForPacketsOnTheWay();
+        });
 }
 
 GatewayResult<Reading> KernelTable::Read()
@@ -330,7 +355,7 @@ GatewayResult<void> KernelTable::Remove()
     generation = 0;
     isHooked = false;
     standing.reset();
-    network.reset();
+    rules.reset();
     return ReadTableComment(socket).and_then(
         [&](const std::optional<QByteArray> &comment) -> GatewayResult<void> {
             if (!comment) {
@@ -413,7 +438,7 @@ GatewayResult<void> KernelTable::LookForChanges()
         }
     }
     flowtables = *found;
-    if (!network) {
+    if (!rules) {
         return {};
     }
     const GatewayResult<bool> isAsMade =

@@ -3,9 +3,11 @@
 #pragma once
 
 #include "gateway/netlink_socket.h"
+#include "gateway/packet_way.h"
 #include "gateway/policy.h"
 #include "gateway/reading.h"
 #include "gateway/table_content.h"
+#include "gateway/table_writer.h"
 
 #include <memory>
 #include <set>
@@ -62,8 +64,10 @@ private:
     [[nodiscard]] GatewayResult<void> ReadStanding();
     [[nodiscard]] GatewayResult<void> Update(const Policy &policy);
     [[nodiscard]] GatewayResult<void> UpdateOnce(const Policy &policy);
-    [[nodiscard]] GatewayResult<void> Hold(const std::set<QuotaId> &align,
-                                           const TableContent &wanted);
+    [[nodiscard]] GatewayResult<void>
+    Hold(const std::set<QuotaId> &align, const TableContent &wanted, const NetworkRules &network);
+    [[nodiscard]] GatewayResult<void>
+    Commit(MessagePieces pieces, const TableRules &wanted, const QString &what);
     void NoteDepleted(QuotaId::Kind kind, const std::vector<quint32> &ids);
     [[nodiscard]] GatewayResult<void> TakeWaitingEvents();
     void DropOutdatedEvents();
@@ -74,7 +78,7 @@ private:
     NetlinkSocket events;
     quint64 generation = 0; // 0: none yet
     std::optional<TableContent> standing; // nothing: to be read first
-    std::optional<NetworkRules> network; // of the rules that stand; nothing: they must be made
+    std::optional<TableRules> rules; // that stand; nothing: they must be made
     bool isHooked = false; // packets may pass the rules
     std::vector<quint64> ruleHandles; // of the rules as made
     bool countersLost = false; // some are gone that should stand: nothing can be taken over

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <net/if.h>
 #include <netinet/in.h>
 #include <utility>
 
@@ -14,13 +15,28 @@ namespace {
 // Comparing with so many masks costs a packet less than looking them up.
 constexpr qsizetype kMostCompared = 8;
 
+// With so many names one rule holds them all.
+constexpr qsizetype kMostInterfacesOfRule = 8;
+
+Side SideOf(Direction direction)
+{
+    return direction == Direction::From ? Side::In : Side::Out;
+}
+
+// 0 of an interface that is not there.
+quint32 NumberOf(const QString &interface)
+{
+    return if_nametoindex(interface.toUtf8().constData());
+}
+
 // The rules of one direction and family.
 class Way
 {
 public:
-    Way(NetlinkWriter &target, const NetworkRules &rules, Direction way, Family ofFamily)
+    Way(NetlinkWriter &target, const TableRules &of, Direction way, Family ofFamily)
         : writer(target)
-        , network(rules)
+        , rules(of)
+        , network(of.network)
         , direction(way)
         , family(ofFamily)
         , main(WayChain(way, ofFamily))
@@ -29,7 +45,9 @@ public:
     void Make()
     {
         PassNear();
-        Rule(main).Follow(IsFrom() ? SetId::From : SetId::To, family, direction);
+        if (rules.Looks(direction, family)) {
+            Rule(main).Follow(IsFrom() ? SetId::From : SetId::To, family, direction);
+        }
         PassUncounted(main);
         Count(main);
         if (family == Family::V4 || !network.lanInterfaces.isEmpty()) {
@@ -58,13 +76,17 @@ private:
         return Numbered(IsFrom() ? "unknown_from" : "unknown_to", family);
     }
 
+    // What comes for an IPv4 workstation has no near source, as MakeEntry leads the packets.
     void PassNear()
     {
-        if (family == Family::V4) {
+        if (family == Family::V4 && IsFrom()) {
             const NearRanges near = NearRangesOf(network);
             ForNear(writer, near, main, direction, End::Internet, [](RuleWriter &rule) {
                 rule.Accept();
             });
+            PassOtherInterfaces();
+        }
+        if (family == Family::V4) {
             return;
         }
         for (const QString &name : network.lanInterfaces) {
@@ -75,6 +97,24 @@ private:
         if (!network.excluded.empty()) {
             Rule(main).AddressIn(SetId::Near, family, direction, End::Internet).Accept();
         }
+    }
+
+    void PassOtherInterfaces()
+    {
+        const QStringList &names = network.lanInterfaces;
+        if (names.isEmpty() || names.size() > kMostInterfacesOfRule) {
+            return;
+        }
+        RuleWriter rule(writer, main);
+        for (const QString &name : names) {
+            if (const quint32 number = NumberOf(name); number != 0) {
+                rule.NotInterface(Side::In, number);
+            }
+        }
+        for (const QString &name : names) {
+            rule.NotInterface(Side::In, name);
+        }
+        rule.Accept();
     }
 
     void PassUncounted(const QByteArray &chain)
@@ -171,11 +211,71 @@ private:
     }
 
     NetlinkWriter &writer;
+    const TableRules &rules;
     const NetworkRules &network;
     Direction direction;
     Family family;
     QByteArray main;
 };
+
+using Passes = FunctionRef<void(RuleWriter &)>; // adds a test of the interface, or none
+
+// Calls `act` for each interface to the workstations that has a number now, or once where none is named.
+void ForNumberedInterfaces(const NetworkRules &network,
+                           Direction direction,
+                           FunctionRef<void(Passes)> act)
+{
+    for (const QString &name : network.lanInterfaces) {
+        if (const quint32 number = NumberOf(name); number != 0) {
+            act([&](RuleWriter &rule) { rule.Interface(SideOf(direction), number); });
+        }
+    }
+    if (network.lanInterfaces.isEmpty()) {
+        act([](RuleWriter &) {});
+    }
+}
+
+void EnterFrom(NetlinkWriter &writer, const NearRanges &near, const NetworkRules &network)
+{
+    const auto enter = [&](FunctionRef<void(RuleWriter &)> act) {
+        ForNear(writer, near, kForwardChain, Direction::From, End::Workstation, act);
+    };
+    const QByteArray chain = WayChain(Direction::From, Family::V4);
+    if (network.lanInterfaces.size() <= kMostInterfacesOfRule) {
+        enter([&](RuleWriter &rule) { rule.Goto(chain); });
+        return;
+    }
+    ForInterfaces(network, Direction::From, [&](Passes passes) {
+        enter([&](RuleWriter &rule) {
+            passes(rule);
+            rule.Goto(chain);
+        });
+    });
+    enter([](RuleWriter &rule) { rule.Accept(); });
+}
+
+// Where nothing but the counter is to be looked up, that is done at once: another chain costs a packet
+// a quarter of a lookup.
+void EnterTo(NetlinkWriter &writer, const NearRanges &near, const TableRules &rules)
+{
+    const auto enter = [&](Passes passes, FunctionRef<void(RuleWriter &)> act) {
+        const auto end = [&](RuleWriter &rule) {
+            passes(rule);
+            act(rule);
+        };
+        ForNear(writer, near, kForwardChain, Direction::To, End::Workstation, end);
+    };
+    if (rules.network.counted == CountedPorts::All && !rules.Looks(Direction::To, Family::V4)) {
+        ForNumberedInterfaces(rules.network, Direction::To, [&](Passes passes) {
+            enter(passes, [](RuleWriter &rule) {
+                rule.Follow(SetId::Received, Family::V4, Direction::To);
+            });
+        });
+    }
+    ForInterfaces(rules.network, Direction::To, [&](Passes passes) {
+        enter(passes, [](RuleWriter &rule) { rule.Goto(WayChain(Direction::To, Family::V4)); });
+    });
+}
 
 } // namespace
 
@@ -219,7 +319,22 @@ void ForNear(NetlinkWriter &writer,
     }
 }
 
-void MakeWay(NetlinkWriter &writer, const NetworkRules &network, Direction direction, Family family)
+void ForInterfaces(const NetworkRules &network, Direction direction, FunctionRef<void(Passes)> act)
 {
-    Way(writer, network, direction, family).Make();
+    ForNumberedInterfaces(network, direction, act);
+    for (const QString &name : network.lanInterfaces) {
+        act([&](RuleWriter &rule) { rule.Interface(SideOf(direction), name); });
+    }
+}
+
+void MakeEntry(NetlinkWriter &writer, const TableRules &rules)
+{
+    const NearRanges near = NearRangesOf(rules.network);
+    EnterFrom(writer, near, rules.network);
+    EnterTo(writer, near, rules);
+}
+
+void MakeWay(NetlinkWriter &writer, const TableRules &rules, Direction direction, Family family)
+{
+    Way(writer, rules, direction, family).Make();
 }

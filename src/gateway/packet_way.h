@@ -6,8 +6,26 @@
 #include "gateway/policy.h"
 #include "gateway/rule_writer.h"
 
+#include <array>
+
 // The set of ports that are counted when not all are.
 inline constexpr const char *kCountedPorts = "counted_ports";
+
+// What the rules depend on.
+struct TableRules
+{
+    NetworkRules network;
+    // By family: whether the map From or To has an element. No packet is looked up in an empty one.
+    std::array<bool, kFamilies.size()> looksFrom {};
+    std::array<bool, kFamilies.size()> looksTo {};
+
+    [[nodiscard]] bool Looks(Direction direction, Family family) const
+    {
+        return (direction == Direction::From ? looksFrom : looksTo)[static_cast<size_t>(family)];
+    }
+
+    bool operator==(const TableRules &) const = default;
+};
 
 // The chain where the way starts.
 [[nodiscard]] QByteArray WayChain(Direction direction, Family family);
@@ -30,8 +48,15 @@ void ForNear(NetlinkWriter &writer,
              End end,
              FunctionRef<void(RuleWriter &)> act);
 
+// Makes the rules that `act` ends, which hold for packets that pass an interface to the workstations,
+// or for all where none is named. The numbers that the interfaces bear now come first; the names
+// find those that are made anew later.
+void ForInterfaces(const NetworkRules &network,
+                   Direction direction,
+                   FunctionRef<void(FunctionRef<void(RuleWriter &)>)> act);
+
+// Messages with the rules of the chain `forward` that lead IPv4 packets onto their way.
+void MakeEntry(NetlinkWriter &writer, const TableRules &rules);
+
 // Messages with the rules of the way's chains, which stand without rules.
-void MakeWay(NetlinkWriter &writer,
-             const NetworkRules &network,
-             Direction direction,
-             Family family);
+void MakeWay(NetlinkWriter &writer, const TableRules &rules, Direction direction, Family family);

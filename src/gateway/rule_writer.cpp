@@ -2,6 +2,7 @@
 
 #include <QtEndian>
 
+#include <cstring>
 #include <linux/netfilter.h>
 #include <linux/netfilter/nf_tables.h>
 #include <linux/netfilter/nfnetlink.h>
@@ -110,6 +111,26 @@ RuleWriter &RuleWriter::Interface(Side side, const QString &name)
 RuleWriter &RuleWriter::NotInterface(Side side, const QString &name)
 {
     Name(side, name, false);
+    return *this;
+}
+
+void RuleWriter::Index(Side side, quint32 index, bool equal)
+{
+    NetlinkBytes bytes(sizeof index);
+    std::memcpy(bytes.data(), &index, sizeof index); // the kernel loads it in the machine's order
+    Meta(side == Side::In ? NFT_META_IIF : NFT_META_OIF);
+    Compare(bytes, equal);
+}
+
+RuleWriter &RuleWriter::Interface(Side side, quint32 index)
+{
+    Index(side, index, true);
+    return *this;
+}
+
+RuleWriter &RuleWriter::NotInterface(Side side, quint32 index)
+{
+    Index(side, index, false);
     return *this;
 }
 

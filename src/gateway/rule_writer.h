@@ -21,6 +21,9 @@ public:
     RuleWriter &Counter();
     RuleWriter &Interface(Side side, const QString &name);
     RuleWriter &NotInterface(Side side, const QString &name);
+    // By the number that the kernel gave the interface: less than half the work of comparing a name.
+    RuleWriter &Interface(Side side, quint32 index);
+    RuleWriter &NotInterface(Side side, quint32 index);
     RuleWriter &IsFamily(Family family);
     // Holds for IPv6 and for IPv4 with options: the quickest test that leaves most of IPv4 out.
     RuleWriter &IsNotPlainIpv4();
@@ -59,6 +62,7 @@ private:
     void Payload(quint32 base, quint32 offset, quint32 length, quint32 toRegister);
     void Compare(NetlinkView value, bool equal = true);
     void Name(Side side, const QString &name, bool equal);
+    void Index(Side side, quint32 index, bool equal);
     void LoadAddress(Family family, Direction direction, End end);
     void LoadHardware(Family family);
     void Lookup(QByteArrayView set, bool inverted);

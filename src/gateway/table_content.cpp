@@ -155,6 +155,13 @@ TableContent ContentFor(const Policy &policy, const TableContent &standing)
     return content;
 }
 
+bool HasAny(const TableContent &content, SetId set, Family family)
+{
+    return std::ranges::any_of(content[set], [family](const Element &element) {
+        return FamilyOf(element.address) == family;
+    });
+}
+
 QuotaMembers MembersOf(const TableContent &content)
 {
     QuotaMembers members;

@@ -35,6 +35,9 @@ struct TableContent
 // the one with the lower id has it.
 [[nodiscard]] TableContent ContentFor(const Policy &policy, const TableContent &standing);
 
+// Whether the set has an element of the family.
+[[nodiscard]] bool HasAny(const TableContent &content, SetId set, Family family);
+
 // The addresses of a quota, sorted.
 using QuotaMembers = std::map<QuotaId, std::vector<NetAddress>>;
 [[nodiscard]] QuotaMembers MembersOf(const TableContent &content);

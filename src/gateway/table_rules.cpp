@@ -1,7 +1,5 @@
 #include "gateway/table_rules.h"
 
-#include "gateway/packet_way.h"
-
 #include <QtEndian>
 
 #include <algorithm>
@@ -237,41 +235,21 @@ void ReplaceNetwork(NetlinkWriter &writer, const NetworkRules &network)
     ReplaceKeys(writer, kCountedPorts, ports);
 }
 
-// Rules for packets that pass an interface to the workstations, or for all where none is named.
-void ForInterfaces(const NetworkRules &network,
-                   Direction direction,
-                   FunctionRef<void(FunctionRef<void(RuleWriter &)>)> make)
-{
-    const Side side = direction == Direction::From ? Side::In : Side::Out;
-    for (const QString &name : network.lanInterfaces) {
-        make([&](RuleWriter &rule) { rule.Interface(side, name); });
-    }
-    if (network.lanInterfaces.isEmpty()) {
-        make([](RuleWriter &) {});
-    }
-}
-
 // The first rule counts all packets (ReadPacketMark). The tests that most packets meet are those that the
 // kernel does without a call.
-void MakeForward(NetlinkWriter &writer, const NetworkRules &network)
+void MakeForward(NetlinkWriter &writer, const TableRules &rules)
 {
-    const NearRanges near = NearRangesOf(network);
     RuleWriter(writer, kForwardChain)
         .Counter()
         .IsNotPlainIpv4()
         .IsFamily(Family::V6)
         .Goto(kIpv6Chain);
+    MakeEntry(writer, rules);
     for (const Direction direction : {Direction::From, Direction::To}) {
-        const auto chain = [&](Family family) { return WayChain(direction, family); };
-        ForInterfaces(network, direction, [&](FunctionRef<void(RuleWriter &)> passes) {
-            ForNear(
-                writer, near, kForwardChain, direction, End::Workstation, [&](RuleWriter &rule) {
-                    passes(rule);
-                    rule.Goto(chain(Family::V4));
-                });
+        ForInterfaces(rules.network, direction, [&](FunctionRef<void(RuleWriter &)> passes) {
             RuleWriter ipv6(writer, kIpv6Chain);
             passes(ipv6);
-            ipv6.Jump(chain(Family::V6));
+            ipv6.Jump(WayChain(direction, Family::V6));
         });
     }
 }
@@ -379,18 +357,18 @@ void MakeChains(NetlinkWriter &writer)
     }
 }
 
-void MakeRules(NetlinkWriter &writer, const NetworkRules &network)
+void MakeRules(NetlinkWriter &writer, const TableRules &rules)
 {
     MakeHookedChain(writer, kForwardChain, NF_INET_FORWARD, std::numeric_limits<qint32>::max());
     MakeHookedChain(writer, "input", NF_INET_LOCAL_IN, 0);
     RemoveAllRules(writer);
-    ReplaceNetwork(writer, network);
-    MakeForward(writer, network);
+    ReplaceNetwork(writer, rules.network);
+    MakeForward(writer, rules);
     MakeRefusal(writer);
-    MakeInput(writer, network);
+    MakeInput(writer, rules.network);
     for (const Family family : kFamilies) {
         for (const Direction direction : {Direction::From, Direction::To}) {
-            MakeWay(writer, network, direction, family);
+            MakeWay(writer, rules, direction, family);
         }
     }
 }

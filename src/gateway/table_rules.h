@@ -2,7 +2,7 @@
 #pragma once
 
 #include "gateway/netlink_writer.h"
-#include "gateway/policy.h"
+#include "gateway/packet_way.h"
 
 #include <vector>
 
@@ -27,5 +27,5 @@ void MakeTable(NetlinkWriter &writer, const QByteArray &comment);
 // Messages that make the chains that verdicts name, without rules and without a hook: nothing passes them.
 void MakeChains(NetlinkWriter &writer);
 
-// Messages that replace all rules and ranges by those for `network`, and hook them in.
-void MakeRules(NetlinkWriter &writer, const NetworkRules &network);
+// Messages that replace all rules and ranges by these, and hook them in.
+void MakeRules(NetlinkWriter &writer, const TableRules &rules);

@@ -102,6 +102,76 @@ TEST_F(Counting, NothingIsLostWhileClientsComeMoveAndGo)
     EXPECT_EQ(counted.received, Ipv4Bytes(100, flow.received));
 }
 
+// While nobody's packets need more than the counter they are looked up nowhere else.
+TEST_F(Counting, NothingIsLostWhileExceptionsComeAndGo)
+{
+    AddClient(1, {kHere});
+    ClientRules &other = AddClient(2, {u"10.77.0.2"_s, u"fd77::2"_s});
+    Begin();
+    Flow flow(Lab(), kHere, kThere);
+    for (int i = 0; i < 10; ++i) {
+        other.refused = !other.refused;
+        Apply();
+        EXPECT_EQ(Send(u"10.77.0.2"_s, u"10.79.0.2"_s, 10, 1), other.refused ? 0 : 1);
+        other.receivedUntil = other.receivedUntil ? std::nullopt : std::optional<quint64>(100);
+        Apply();
+    }
+    flow.Stop();
+    const AddressReading counted = Counted(kHere);
+    EXPECT_EQ(counted.sent, Ipv4Bytes(100, flow.sent));
+    EXPECT_EQ(counted.received, Ipv4Bytes(100, flow.received));
+}
+
+// By one rule or several, by the interface's number or its name, in one local range or one of many,
+// and whether or not somebody else has a limit.
+TEST_F(Counting, WhatPassesOneOfTheInterfacesCounts)
+{
+    QStringList many;
+    for (int i = 0; i < 12; ++i) {
+        many << u"vlan%1"_s.arg(i);
+    }
+    struct
+    {
+        QStringList interfaces;
+        bool counts;
+        Place madeIn = Place::Gateway; // elsewhere the interfaces have other numbers, or none
+    } const cases[] {{{u"lan0"_s}, true},
+                     {{u"wan0"_s}, false},
+                     {{u"wan0"_s, u"lan0"_s}, true},
+                     {{u"lan0"_s}, true, Place::Internet},
+                     {{u"lan0"_s, u"eth0"_s}, true, Place::Internet},
+                     {many, false},
+                     {many + QStringList(u"lan0"_s), true}};
+    AddClient(1, {kHere});
+    ClientRules &other = AddClient(2, {u"10.77.0.2"_s});
+    for (const auto &[interfaces, counts, madeIn] : cases) {
+        for (const size_t ranges : {1, 3, 12}) {
+            policy.network.lanInterfaces = interfaces;
+            policy.network.local.resize(1);
+            while (policy.network.local.size() < ranges) {
+                const auto net = static_cast<Ipv4>(policy.network.local.size());
+                policy.network.local.push_back({0x0AC80000 + 2 * (net << 8), 0xFFFFFF00});
+            }
+            for (const auto limit : {std::optional<quint64>(), std::optional<quint64>(1)}) {
+                other.receivedUntil = limit;
+                ASSERT_TRUE(table->Remove());
+                {
+                    const Visit visit(Lab(), madeIn);
+                    Begin();
+                }
+                EXPECT_EQ(Send(kHere, kThere, 100, 2), 2);
+                EXPECT_EQ(Receive(kHere, kThere, 50, 1), 1);
+                EXPECT_EQ(Counted(kHere),
+                          (AddressReading {Address(kHere),
+                                           counts ? Ipv4Bytes(50, 1) : 0,
+                                           counts ? Ipv4Bytes(100, 2) : 0}))
+                    << qPrintable(interfaces.join(u' ')) << ", ranges " << ranges << ", limit "
+                    << limit.has_value();
+            }
+        }
+    }
+}
+
 TEST_F(Counting, ARetiredAddressKeepsItsCountersUntilForgotten)
 {
     AddClient(1, {kHere});

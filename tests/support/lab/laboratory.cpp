@@ -107,10 +107,14 @@ OpenFile::~OpenFile()
 
 tl::expected<std::unique_ptr<Laboratory>, QString> Laboratory::Make()
 {
-    if (geteuid() != 0 || qEnvironmentVariableIntValue("TB_LAB_USER_NAMESPACE") != 0) {
+    static bool entered =
+        false; // a second user namespace would have no rights in the first one's networks
+    if (!entered
+        && (geteuid() != 0 || qEnvironmentVariableIntValue("TB_LAB_USER_NAMESPACE") != 0)) {
         if (const QString refused = EnterUserNamespace(); !refused.isEmpty()) {
             return tl::unexpected(refused);
         }
+        entered = true;
     }
     std::unique_ptr<Laboratory> made(new Laboratory);
     QString refused = made->MakeNamespaces();

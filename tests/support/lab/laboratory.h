@@ -37,7 +37,7 @@ class Laboratory
 {
 public:
     // Makes the namespaces and leaves the calling thread in the gateway's. Before anything else in the
-    // process makes a thread. Fails with a text for people where the kernel refuses. As root it uses a
+    // process makes a thread. Several may stand side by side, and know nothing of each other. Fails with a text for people where the kernel refuses. As root it uses a
     // user namespace only with TB_LAB_USER_NAMESPACE=1 in the environment. Programs that are started
     // from there on may administer the laboratory's network.
     [[nodiscard]] static tl::expected<std::unique_ptr<Laboratory>, QString> Make();
