@@ -137,7 +137,7 @@ TEST_F(SettingsOfService, OfGarbledFilesStayWithinTheirBounds)
          "\"bill dsn\" = \"bill\"\ntimer = \"5\"\nIdleGrace = \"7\"\nIdentMode = \"1\"\n"
          "ControlMAC = \"1\"\nmonitorprotmode = \"3\"\nAuthPort = \"7001\"\nAuthReqNew = \"1\"\n"
          "OnStop = \"keep\"\nUnknownIPv6 = \"pass\"\nGatewayId = \"north\"\n"},
-        {ConfigKeyId::Price, "trafprice = 0.25\n"},
+        {ConfigKeyId::Price, "trafprice = \"0.25\"\n"},
         {ConfigKeyId::DefProfile,
          "Mode = \"1\"\nTrafficLimit = \"5\"\nTimeLimit = \"6\"\nAccPeriod = \"1\"\nBlocked = \"1\"\n"},
         {ConfigKeyId::LocalIp,
