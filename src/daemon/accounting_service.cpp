@@ -67,6 +67,8 @@ AccountingService::AccountingService(const ConfigStore &settingsStore,
         timer->setTimerType(Qt::PreciseTimer);
     }
     soonTimer.setInterval(kSoon);
+    enforceTimer.setSingleShot(true);
+    connect(&enforceTimer, &QTimer::timeout, this, &AccountingService::Enforce);
     connect(&countTimer, &QTimer::timeout, this, &AccountingService::CountNow);
     connect(&soonTimer, &QTimer::timeout, this, &AccountingService::CountNow);
     connect(&lookTimer, &QTimer::timeout, this, &AccountingService::Look);
@@ -595,9 +597,21 @@ MadePolicy AccountingService::Made() const
         {settings, lanInterfaces, standings, ports, companions, accounted, notices, timeEnded});
 }
 
+// At once, but once for all that has been told by then: everybody's rules are made anew for it.
+void AccountingService::EnforceSoon()
+{
+    if (!enforceTimer.isActive()) {
+        enforceTimer.start(0ms);
+    }
+}
+
 // Brings the kernel to what holds now.
 void AccountingService::Enforce()
 {
+    enforceTimer.stop();
+    if (stopped) {
+        return; // the table may be gone
+    }
     if (!changed) {
         return; // what is told before the beginning is in force with it
     }
@@ -637,7 +651,7 @@ void AccountingService::NoticeBlocked(UserId userId, bool blocked)
                       .arg(blocked ? u"blocked"_s : u"unblocked"_s));
     notices.insert(userId, blocked ? Notice::Blocked : Notice::Unblocked);
     const quint64 number = ++noticeNumbers[userId];
-    Enforce();
+    EnforceSoon();
     for (const auto delay : kReadAgain) {
         const bool isLast = delay == kReadAgain.back();
         QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, userId, number, isLast] {
@@ -698,7 +712,7 @@ void AccountingService::TakeStanding(UserId userId, const std::optional<OneStand
     }
     timeEnded.remove(userId);
     EndTimes();
-    Enforce();
+    EnforceSoon();
 }
 
 void AccountingService::Reload()

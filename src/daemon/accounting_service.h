@@ -114,6 +114,7 @@ private:
     void RebuildTable(const QString &why);
     void TakeGeneration(quint64 newGeneration, const QHash<NetAddress, UserId> &newOwners);
     [[nodiscard]] MadePolicy Made() const;
+    void EnforceSoon();
     void Enforce();
     [[nodiscard]] UserId OwnerOf(const NetAddress &address) const;
 
@@ -167,6 +168,7 @@ private:
     QTimer lookTimer;
     QTimer midnightTimer;
     QTimer changeTimer;
+    QTimer enforceTimer;
     std::unique_ptr<QSocketNotifier> kernelEvents;
     std::chrono::milliseconds retryPause {};
     bool roundRuns = false;
