@@ -21,7 +21,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int kAtOnce = 100; // milliseconds
-constexpr quint32 kNetwork = 0x0A4D0000; // 10.77.0.0
 constexpr quint16 kPort = 4000;
 
 // The last number of the address that a name server is asked about: 9.0.77.10.in-addr.arpa

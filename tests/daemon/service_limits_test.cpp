@@ -18,7 +18,6 @@ constexpr char kBlock[] = "SELECT blocked, blockreason FROM users WHERE user_id 
 constexpr int kAtOnce = 100; // milliseconds
 constexpr int kOnceWritten = 500; // until what was written is enforced too
 constexpr int kOnePeriod = 1400; // a second, and what a count may take
-constexpr quint32 kNetwork = 0x0A4D0000; // 10.77.0.0; a user's address is its id behind that
 constexpr quint64 kMegabyte = 1 << 20;
 constexpr quint64 kLargestPacket = 65536;
 
