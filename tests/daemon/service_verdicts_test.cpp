@@ -281,7 +281,11 @@ protected:
     [[nodiscard]] std::set<uint> Refused() const
     {
         std::set<uint> users;
-        const auto argument = Call(u"Refused"_s).arguments().value(0).value<QDBusArgument>();
+        const QDBusMessage answer = Call(u"Refused"_s);
+        if (answer.type() != QDBusMessage::ReplyMessage) {
+            return users; // it is busy
+        }
+        const auto argument = answer.arguments().value(0).value<QDBusArgument>();
         argument.beginArray();
         while (!argument.atEnd()) {
             uint user = 0;
