@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 #include <optional>
 
@@ -17,4 +18,4 @@ using Ipv4 = quint32;
 [[nodiscard]] QString DottedText(Ipv4 address);
 
 // The address of a dotted text of exactly four numbers 0 to 255; nothing for any other text.
-[[nodiscard]] std::optional<Ipv4> Ipv4From(const QString &dotted);
+[[nodiscard]] std::optional<Ipv4> Ipv4From(QStringView dotted);

@@ -26,6 +26,12 @@ std::optional<QString> KeyReader::ReadText(const TextValue &value, qsizetype buf
     return fits ? text : std::nullopt;
 }
 
+bool KeyReader::IsOfAnotherKind(const TextValue &value) const
+{
+    Q_ASSERT(value.key == key);
+    return document.Holds(NameOf(value)) && !document.Text(NameOf(value));
+}
+
 qint32 KeyReader::ReadInteger(const TextValue &value, qsizetype bufferBytes) const
 {
     return IntegerFrom(ReadText(value, bufferBytes).value_or(QString()));

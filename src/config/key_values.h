@@ -21,6 +21,9 @@ public:
     [[nodiscard]] std::optional<QString> ReadText(const TextValue &value,
                                                   qsizetype bufferBytes = kBufferBytes) const;
 
+    // True when there is such a value and it is no text.
+    [[nodiscard]] bool IsOfAnotherKind(const TextValue &value) const;
+
     // The text read the C way; 0 when it is missing.
     [[nodiscard]] qint32 ReadInteger(const TextValue &value,
                                      qsizetype bufferBytes = kBufferBytes) const;

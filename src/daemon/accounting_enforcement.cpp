@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 void AccountingService::RebuildTable(const QString &why)
@@ -52,9 +53,21 @@ MadePolicy AccountingService::Made() const
                        timeEnded});
 }
 
+// At once, but once for all that has been told by then: everybody's rules are made anew for it.
+void AccountingService::EnforceSoon()
+{
+    if (!enforceTimer.isActive()) {
+        enforceTimer.start(0ms);
+    }
+}
+
 // Brings the kernel to what holds now.
 void AccountingService::Enforce()
 {
+    enforceTimer.stop();
+    if (stopped) {
+        return; // the table may be gone
+    }
     if (!changed) {
         return; // what is told before the beginning is in force with it
     }
@@ -89,7 +102,7 @@ void AccountingService::NoticeBlocked(UserId userId, bool blocked)
     journal::Info(u"Told that user %1 is %2."_s.arg(userId.value)
                       .arg(blocked ? u"blocked"_s : u"unblocked"_s));
     notices.Put(userId, blocked);
-    Enforce();
+    EnforceSoon();
 }
 
 void AccountingService::NoticeLogin(UserId userId, bool isIn)
@@ -138,7 +151,7 @@ void AccountingService::TakeStanding(UserId userId, const std::optional<OneStand
     }
     timeEnded.remove(userId);
     EndTimes();
-    Enforce();
+    EnforceSoon();
 }
 
 void AccountingService::TakeKernelEvents()

@@ -40,6 +40,8 @@ AccountingService::AccountingService(const ConfigStore &settingsStore,
         timer->setTimerType(Qt::PreciseTimer);
     }
     soonTimer.setInterval(kSoon);
+    enforceTimer.setSingleShot(true);
+    connect(&enforceTimer, &QTimer::timeout, this, &AccountingService::Enforce);
     connect(&countTimer, &QTimer::timeout, this, &AccountingService::CountNow);
     connect(&soonTimer, &QTimer::timeout, this, &AccountingService::CountNow);
     connect(&lookTimer, &QTimer::timeout, this, &AccountingService::Look);

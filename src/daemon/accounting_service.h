@@ -122,6 +122,7 @@ private:
     void RebuildTable(const QString &why);
     void TakeGeneration(quint64 newGeneration, const AddressBook::Owners &newOwners);
     [[nodiscard]] MadePolicy Made() const;
+    void EnforceSoon();
     void Enforce();
     void NoteRefused(const Policy &policy);
 
@@ -167,6 +168,7 @@ private:
     QTimer soonTimer;
     QTimer lookTimer;
     QTimer changeTimer;
+    QTimer enforceTimer;
     std::unique_ptr<QSocketNotifier> kernelEvents;
     std::chrono::milliseconds retryPause {};
     bool roundRuns = false;

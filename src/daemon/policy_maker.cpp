@@ -70,19 +70,28 @@ class ClientMaker
 public:
     ClientMaker(const PolicySources &from, MadePolicy &result) : sources(from), made(result) { }
 
-    // To be called for everybody first: what is stored goes before what hardware has besides.
-    void Reserve(const Standing &standing)
+    // What is stored goes before what hardware has besides.
+    void AddAll(const std::vector<Standing> &users)
     {
-        if (const auto stored = NetAddress::From(standing.ip);
-            stored && !made.owners.contains(*stored)) {
-            made.owners.insert(*stored, standing.user);
+        made.owners.reserve(static_cast<qsizetype>(users.size()));
+        std::vector<std::optional<NetAddress>> stored;
+        stored.reserve(users.size());
+        for (const Standing &standing : users) {
+            stored.push_back(NetAddress::From(standing.ip));
+            if (stored.back() && !made.owners.contains(*stored.back())) {
+                made.owners.insert(*stored.back(), standing.user);
+            }
+        }
+        for (size_t i = 0; i < users.size(); ++i) {
+            Add(users[i], stored[i]);
         }
     }
 
-    void Add(const Standing &standing)
+private:
+    void Add(const Standing &standing, const std::optional<NetAddress> &stored)
     {
         ClientRules rules;
-        rules.addresses = Own(standing);
+        rules.addresses = Own(standing, stored);
         if (rules.addresses.empty()) {
             made.withoutAddress.push_back(standing.user);
             return;
@@ -100,16 +109,16 @@ public:
             rules.group = standing.sharedGroup.value;
             AddToGroup(standing.sharedGroup, rules.addresses);
         }
-        made.policy.clients.emplace(standing.user.value, std::move(rules));
+        // Users come by their ids.
+        made.policy.clients.emplace_hint(
+            made.policy.clients.end(), standing.user.value, std::move(rules));
     }
 
-private:
     // Its stored address, and those that its hardware has besides, as far as nobody else has them.
-    std::vector<NetAddress> Own(const Standing &standing)
+    std::vector<NetAddress> Own(const Standing &standing, const std::optional<NetAddress> &stored)
     {
         std::vector<NetAddress> addresses;
-        if (const auto stored = NetAddress::From(standing.ip);
-            stored && made.owners.value(*stored) == standing.user) {
+        if (stored && made.owners.value(*stored) == standing.user) {
             addresses.push_back(*stored);
         }
         for (const NetAddress &address : CompanionsOf(standing)) {
@@ -124,7 +133,8 @@ private:
 
     [[nodiscard]] std::vector<NetAddress> CompanionsOf(const Standing &standing) const
     {
-        const auto hardware = HardwareAddress::From(standing.mac);
+        const auto hardware =
+            sources.companions.empty() ? std::nullopt : HardwareAddress::From(standing.mac);
         const auto found = hardware ? sources.companions.find(*hardware) : sources.companions.end();
         return found == sources.companions.end() ? std::vector<NetAddress>() : found->second;
     }
@@ -167,12 +177,6 @@ MadePolicy MakePolicy(const PolicySources &sources)
 {
     MadePolicy made;
     made.policy.network = NetworkOf(sources);
-    ClientMaker maker(sources, made);
-    for (const Standing &standing : sources.standings.users) {
-        maker.Reserve(standing);
-    }
-    for (const Standing &standing : sources.standings.users) {
-        maker.Add(standing);
-    }
+    ClientMaker(sources, made).AddAll(sources.standings.users);
     return made;
 }

@@ -49,6 +49,16 @@ public:
         take(*opened);
     }
 
+    // Empty for a missing value; nothing for one that is no text, which is noted.
+    std::optional<QString> Text(const KeyReader &reader, const TextValue &value)
+    {
+        if (reader.IsOfAnotherKind(value)) {
+            Note(value, u"is to be a text in quotation marks"_s);
+            return std::nullopt;
+        }
+        return reader.ReadText(value).value_or(QString());
+    }
+
     // A missing or empty value is `usual`, a bad one leaves `field` as it is.
     template <typename Number>
     void Take(const KeyReader &reader,
@@ -58,9 +68,13 @@ public:
               qint64 most,
               Number &field)
     {
-        const QString text = reader.ReadText(value).value_or(QString()).trimmed();
+        const auto text = Text(reader, value);
+        if (!text) {
+            return;
+        }
         bool isNumber = true;
-        const qint64 number = text.isEmpty() ? usual : text.toLongLong(&isNumber);
+        const qint64 number =
+            text->trimmed().isEmpty() ? usual : text->trimmed().toLongLong(&isNumber);
         if (!isNumber || number < least || number > most) {
             Note(value, u"is to be a number from %1 to %2"_s.arg(least).arg(most));
             return;
@@ -70,8 +84,9 @@ public:
 
     void TakeFlag(const KeyReader &reader, const TextValue &value, bool &field)
     {
-        const QString text = reader.ReadText(value).value_or(QString());
-        field = IntegerFrom(text) != 0;
+        if (const auto text = Text(reader, value)) {
+            field = IntegerFrom(*text) != 0;
+        }
     }
 
     // `field` is true for the second word.
@@ -81,7 +96,11 @@ public:
                   const QString &other,
                   bool &field)
     {
-        const QString word = reader.ReadText(value).value_or(QString()).trimmed().toLower();
+        const auto text = Text(reader, value);
+        if (!text) {
+            return;
+        }
+        const QString word = text->trimmed().toLower();
         if (!word.isEmpty() && word != usual && word != other) {
             Note(value, u"is to be \"%1\" or \"%2\""_s.arg(usual, other));
             return;
@@ -103,9 +122,10 @@ private:
 
 void ReadBase(const KeyReader &base, SettingsReader &reader, ServiceSettings &settings)
 {
-    settings.dataSource = base.ReadText(values::kBillDsn).value_or(QString());
-    const QString id = base.ReadText(values::kGatewayId).value_or(QString()).trimmed();
-    settings.gatewayId = id.isEmpty() ? Digest({}) : id.left(64);
+    settings.dataSource = reader.Text(base, values::kBillDsn).value_or(settings.dataSource);
+    if (const auto id = reader.Text(base, values::kGatewayId)) {
+        settings.gatewayId = id->trimmed().isEmpty() ? Digest({}) : id->trimmed().left(64);
+    }
     int period = static_cast<int>(settings.period.count());
     reader.Take(base, values::kTimer, 0, 0, kLongestPeriod, period);
     settings.period = std::chrono::seconds(period == 0 ? kUsualPeriod : period);
@@ -127,8 +147,13 @@ void ReadBase(const KeyReader &base, SettingsReader &reader, ServiceSettings &se
 
 void ReadPrice(const KeyReader &key, SettingsReader &reader, ServiceSettings &settings)
 {
-    const double price = key.ReadAmount(values::kTrafPrice);
-    if (!std::isfinite(price) || price < 0) {
+    const auto text = reader.Text(key, values::kTrafPrice);
+    if (!text) {
+        return;
+    }
+    bool isNumber = true;
+    const double price = text->trimmed().isEmpty() ? 0 : text->trimmed().toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(price) || price < 0) {
         reader.Note(values::kTrafPrice, u"is to be a price of 0 or more"_s);
         return;
     }

@@ -28,7 +28,7 @@ NetAddress NetAddress::FromIpv4(Ipv4 address)
 
 std::optional<NetAddress> NetAddress::From(QStringView text)
 {
-    const QString trimmed = text.trimmed().toString();
+    const QStringView trimmed = text.trimmed();
     if (const std::optional<Ipv4> ipv4 = Ipv4From(trimmed)) {
         return FromIpv4(*ipv4);
     }

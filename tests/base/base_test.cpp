@@ -137,8 +137,17 @@ TEST(Ipv4, OnlyWholeDottedTextsAreAddresses)
     EXPECT_EQ(Ipv4From(u"192.168.1.0"_s), Ipv4 {0xC0A80100});
     EXPECT_EQ(DottedText(0xC0A80100), u"192.168.1.0"_s);
     EXPECT_EQ(DottedText(0xFFFFFFFF), u"255.255.255.255"_s);
-    for (const auto *text :
-         {"", "1.2.3", "1.2.3.256", "1.2.3.4.5", "1.2..4", "a.b.c.d", " 1.2.3.4"}) {
+    for (const auto *text : {"",
+                             "1.2.3",
+                             "1.2.3.256",
+                             "1.2.3.4.5",
+                             "1.2..4",
+                             "a.b.c.d",
+                             " 1.2.3.4",
+                             "1.2.3.",
+                             ".1.2.3",
+                             "1.2.3.0004",
+                             "1.2.3.4\n"}) {
         EXPECT_FALSE(Ipv4From(QString::fromLatin1(text))) << text;
     }
 }

@@ -202,3 +202,18 @@ TEST_P(ServiceClock, DoesNotTakeANoticeForTheOneBefore)
     QTest::qWait(600);
     EXPECT_FALSE(probe.Passes());
 }
+
+// Everybody's rules are made anew once, however many are blocked.
+TEST_P(ServiceClock, EnforcesWhatIsToldTogetherAtOnce)
+{
+    constexpr quint32 kUsers = 300;
+    AddUsers(kUsers);
+    Begin();
+    const QSignalSpy changes(inside.get(), &AccountingService::RefusedChanged);
+    for (quint32 user = 1; user <= kUsers; ++user) {
+        inside->NoticeBlocked(UserId {user}, true);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !inside->Refused().isEmpty(); }, kPatience));
+    EXPECT_EQ(inside->Refused().size(), kUsers);
+    EXPECT_EQ(changes.size(), 1);
+}

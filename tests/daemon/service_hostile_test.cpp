@@ -9,6 +9,7 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -21,7 +22,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int kAtOnce = 100; // milliseconds
-constexpr quint32 kNetwork = 0x0A4D0000; // 10.77.0.0
 constexpr quint16 kPort = 4000;
 
 // The last number of the address that a name server is asked about: 9.0.77.10.in-addr.arpa
@@ -142,6 +142,8 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     AddUser(2);
     Start();
     const int before = Memory();
+    QElapsedTimer time;
+    time.start();
     Flow flow(Lab(), Workstation(1), kThere, 1ms);
     std::thread flood([&] {
         const auto source =
@@ -173,8 +175,9 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     const int grown = (Memory() - before) / 1024;
     std::cout << "a block took " << slowest << " ms at most; " << made
               << " users were made; the memory grew by " << grown << " MB\n";
-    EXPECT_LE(slowest, kPatience); // each reading of so many keeps the service from all else
-    EXPECT_LE(made, 50 * 120); // at most fifty in each round
+    // Each reading of so many keeps the service from all else, for long where it is built without optimization.
+    EXPECT_LE(slowest, IsLongRun() ? 3 * kAtOnce : kPatience);
+    EXPECT_LE(made, 50 * (time.elapsed() / 200 + 1)); // in each round, which do not come more often
     EXPECT_LE(grown, 150);
 }
 

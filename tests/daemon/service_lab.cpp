@@ -110,7 +110,7 @@ bool ServiceLab::IsLongRun()
 
 QString ServiceLab::Workstation(quint32 userId)
 {
-    return u"10.77.0.%1"_s.arg(userId);
+    return NetAddress::FromIpv4(kNetwork + userId).Text();
 }
 
 void ServiceLab::WriteSettings(const QByteArray &more) const
@@ -143,7 +143,7 @@ void ServiceLab::AddUsers(quint32 number)
         && database.Prepare(u"INSERT INTO users (user_id, username, ip_addr) VALUES (?, ?, ?)"_s))
         << qPrintable(database.Error());
     for (quint32 id = 1; id <= number; ++id) {
-        const QByteArray address = u"10.77.%1.%2"_s.arg(id / 256).arg(id % 256).toLatin1();
+        const QByteArray address = Workstation(id).toLatin1();
         ASSERT_TRUE(database.RunPrepared({static_cast<qint32>(id), "user " + address, address}))
             << qPrintable(database.Error());
     }

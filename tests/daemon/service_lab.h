@@ -22,6 +22,8 @@ class ServiceLab : public EngineFixture
 protected:
     static constexpr int kPatience = 10000; // milliseconds for what has to come
     static inline const QString kThere = QStringLiteral("10.79.0.1"); // a host of the Internet
+    static constexpr quint32 kNetwork =
+        0x0A4D0000; // 10.77.0.0; a user's address is its id behind that
 
     // Skips loudly where the kernel allows no laboratory.
     void SetUp() override;
@@ -43,7 +45,7 @@ protected:
 
     // `columns`: as of a SET, for what is not as usual.
     static void AddUser(quint32 userId, const QByteArray &columns = {});
-    // Users with the ids from 1 on, whose addresses are these numbers behind 10.77.0.0.
+    // Users with the ids from 1 on.
     static void AddUsers(quint32 number);
     static void Run(const QByteArray &statement);
 

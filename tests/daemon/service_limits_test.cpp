@@ -7,6 +7,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <csignal>
 #include <iostream>
 
 using namespace Qt::StringLiterals;
@@ -17,7 +18,6 @@ constexpr char kBlock[] = "SELECT blocked, blockreason FROM users WHERE user_id 
 constexpr int kAtOnce = 100; // milliseconds
 constexpr int kOnceWritten = 500; // until what was written is enforced too
 constexpr int kOnePeriod = 1400; // a second, and what a count may take
-constexpr quint32 kNetwork = 0x0A4D0000; // 10.77.0.0; a user's address is its id behind that
 constexpr quint64 kMegabyte = 1 << 20;
 constexpr quint64 kLargestPacket = 65536;
 
@@ -118,6 +118,36 @@ TEST_P(ServiceLimits, OfEachSizeEndToTheByte)
         std::cout << "of " << limit << " Mb " << limit * kMegabyte - Accounted()[1].first
                   << " bytes were refused\n";
     }
+}
+
+// Credits of traffic and of money one behind the other, further ones with and without word of them, and a
+// price that changes.
+TEST_P(ServiceLimits, OfCreditsEndToTheByteToo)
+{
+    const auto setPrice = [this](const QByteArray &price) {
+        Write(store.FileOf(ConfigKeyId::Price), "trafprice = \"" + price + "\"\n");
+    };
+    setPrice("1.0"); // money for each megabyte
+    AddUser(1, "mode = 2");
+    Run("INSERT INTO billing (mode, object_id, data, unlimited) VALUES (2, 1, 2, 1)");
+    Run("INSERT INTO billing (mode, object_id, moneydata, unlimited) VALUES (2, 1, 3, 1)");
+    Start();
+    ExpectEndAt(5 * kMegabyte);
+    Probe probe(Lab(), Workstation(1), kThere);
+    EXPECT_TRUE(probe.Await(false, kOnceWritten));
+
+    Run("INSERT INTO billing (mode, object_id, data, unlimited) VALUES (2, 1, 2, 1)");
+    link->UnblockUser(UserId {1});
+    EXPECT_TRUE(probe.Await(true, kOnceWritten));
+    // What a credit lacked of the packet that was refused is not the next one's.
+    ExpectEndAt(Accounted()[1].first + 2 * kMegabyte);
+
+    setPrice("2.0");
+    Signal(SIGHUP);
+    Run("INSERT INTO billing (mode, object_id, moneydata, unlimited) VALUES (2, 1, 8, 1)");
+    EXPECT_TRUE(probe.Await(true, kOnePeriod));
+    ExpectEndAt(Accounted()[1].first + 4 * kMegabyte);
+    EXPECT_EQ(RowsOf("SELECT closed FROM billing"), QStringList(4, u"1"_s));
 }
 
 TEST_P(ServiceLimits, OfAGroupIsSharedByItsMembers)

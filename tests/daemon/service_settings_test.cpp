@@ -96,6 +96,27 @@ TEST_F(SettingsOfService, OfOtherKeysAreReadToo)
     EXPECT_EQ(settings.adapter, u"eth1"_s);
 }
 
+// A price that cannot be read is not a price of nothing, with which money would never end.
+TEST_F(SettingsOfService, OfAnotherKindThanTextAndBadPricesStayAsTheyWere)
+{
+    ServiceSettings before;
+    before.period = 7s;
+    before.bindsHardware = true;
+    before.price = 2;
+    Write(ConfigKeyId::Base, "timer = 5\nControlMAC = true\nGatewayId = 7\n");
+    for (const char *const price :
+         {"trafprice = 1.5", "trafprice = \"dear\"", "trafprice = \"-1\"", "trafprice = \"inf\""}) {
+        Write(ConfigKeyId::Price, price);
+        const ReadSettings read = ReadServiceSettings(store, before);
+        EXPECT_EQ(read.faults.size(), 4) << price << ": " << qPrintable(read.faults.join(u'\n'));
+        EXPECT_TRUE(read.settings == before) << price;
+    }
+    Write(ConfigKeyId::Price, "trafprice = \" 1.5 \"");
+    EXPECT_EQ(ReadServiceSettings(store, before).settings.price, 1.5);
+    Write(ConfigKeyId::Price, "");
+    EXPECT_EQ(ReadServiceSettings(store, before).settings.price, 0);
+}
+
 TEST_F(SettingsOfService, OfABrokenFileStayAsTheyWere)
 {
     ServiceSettings before;
@@ -137,7 +158,7 @@ TEST_F(SettingsOfService, OfGarbledFilesStayWithinTheirBounds)
          "\"bill dsn\" = \"bill\"\ntimer = \"5\"\nIdleGrace = \"7\"\nIdentMode = \"1\"\n"
          "ControlMAC = \"1\"\nmonitorprotmode = \"3\"\nAuthPort = \"7001\"\nAuthReqNew = \"1\"\n"
          "OnStop = \"keep\"\nUnknownIPv6 = \"pass\"\nGatewayId = \"north\"\n"},
-        {ConfigKeyId::Price, "trafprice = 0.25\n"},
+        {ConfigKeyId::Price, "trafprice = \"0.25\"\n"},
         {ConfigKeyId::DefProfile,
          "Mode = \"1\"\nTrafficLimit = \"5\"\nTimeLimit = \"6\"\nAccPeriod = \"1\"\nBlocked = \"1\"\n"},
         {ConfigKeyId::LocalIp,

@@ -22,7 +22,6 @@ namespace {
 constexpr quint16 kHerePort = 4000;
 constexpr quint16 kTherePort = 80; // HTTP, the port with id 1; id 3 is HTTPS
 constexpr quint64 kHardware = 0x020000000001; // of all workstations
-constexpr quint32 kNetwork = 0x0A4D0000; // 10.77.0.0; a user's address is its id behind that
 constexpr int kPayload = 10; // bytes
 constexpr int kSentAtOnce = 500; // of what travels before it is looked for
 
@@ -244,7 +243,7 @@ protected:
         for (size_t i = 0; i < table.size(); ++i) {
             const auto id = static_cast<quint32>(i + 1);
             run("INSERT INTO users (user_id, username, ip_addr) VALUES ({id}, 'user {id}', '"
-                    + NetAddress::FromIpv4(kNetwork + id).Text().toLatin1() + "');",
+                    + Workstation(id).toLatin1() + "');",
                 id);
             for (size_t part = 0; part < PartCount; ++part) {
                 run(table[i].Of(part).statements, id);
@@ -282,7 +281,11 @@ protected:
     [[nodiscard]] std::set<uint> Refused() const
     {
         std::set<uint> users;
-        const auto argument = Call(u"Refused"_s).arguments().value(0).value<QDBusArgument>();
+        const QDBusMessage answer = Call(u"Refused"_s);
+        if (answer.type() != QDBusMessage::ReplyMessage) {
+            return users; // it is busy
+        }
+        const auto argument = answer.arguments().value(0).value<QDBusArgument>();
         argument.beginArray();
         while (!argument.atEnd()) {
             uint user = 0;
@@ -310,11 +313,8 @@ protected:
         const auto there = MakeSocket(Lab(), Place::Internet, Transport::Udp, {kThere, kTherePort});
         Passed passed;
         for (quint32 id = 1; id <= users; ++id) {
-            const quint32 address = kNetwork + id;
-            EXPECT_TRUE(SendFrom(here, address, {kThere, kTherePort}, kPayload));
-            EXPECT_EQ(SendDatagrams(
-                          there, {NetAddress::FromIpv4(address).Text(), kHerePort}, kPayload, 1),
-                      1);
+            EXPECT_TRUE(SendFrom(here, kNetwork + id, {kThere, kTherePort}, kPayload));
+            EXPECT_EQ(SendDatagrams(there, {Workstation(id), kHerePort}, kPayload, 1), 1);
             if (id % kSentAtOnce == 0 || id == users) {
                 for (const Arrival &each : TakeArrivals(there)) {
                     passed.from.insert(each.from - kNetwork);
