@@ -3,6 +3,7 @@
 #include "base/text.h"
 
 #include <QDate>
+#include <QLocale>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -33,15 +34,35 @@ qint64 WholeNumberFrom(std::string_view text)
     return static_cast<qint64>(AmountFrom(text));
 }
 
+struct Marks
+{
+    QLocale locale;
+    QString decimal;
+    QString group;
+};
+
+// A report may write millions of numbers: the locale is asked once.
+const Marks &MarksOfLocale()
+{
+    static thread_local Marks marks {QLocale::c(), u"."_s, u","_s};
+    if (const QLocale locale; locale != marks.locale) {
+        marks = {locale, locale.decimalPoint(), locale.groupSeparator()};
+    }
+    return marks;
+}
+
 QString Grouped(QString digits)
 {
+    const Marks &marks = MarksOfLocale();
     auto point = digits.indexOf(u'.');
     if (point < 0) {
         point = digits.size();
+    } else {
+        digits.replace(point, 1, marks.decimal);
     }
     const qsizetype first = digits.startsWith(u'-') ? 1 : 0;
     for (auto place = point - 3; place > first; place -= 3) {
-        digits.insert(place, u',');
+        digits.insert(place, marks.group);
     }
     return digits;
 }

@@ -21,7 +21,7 @@ using CellRow = std::vector<Cell>;
 // with it.
 [[nodiscard]] int Compare(const Cell &one, const Cell &other);
 
-// For people: 12,345.67 and the words of a flag.
+// For people: 12,345.67 with the marks of the locale, and the words of a flag.
 [[nodiscard]] QString DisplayText(const LayoutColumn &column, const Cell &cell);
 
 // For programs: 12345.67, without grouping.

@@ -1,3 +1,4 @@
+#include "base/amount_text.h"
 #include "reports/output.h"
 #include "reports/piece_writer.h"
 
@@ -100,8 +101,8 @@ private:
                               .arg(series == 0 ? u'a' : u'b')
                               .arg(share, 0, 'f', 2));
             }
-            out.Write(u"</td><td class=\"n\">"_s
-                      + QString::number(sumAt(bar), 'f', table.chart.decimals) + u"</td></tr>\n");
+            out.Write(u"</td><td class=\"n\">"_s + DecimalText(sumAt(bar), table.chart.decimals)
+                      + u"</td></tr>\n");
         }
         out.Write(u"</table>\n");
     }
