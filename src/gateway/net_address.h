@@ -35,12 +35,13 @@ public:
 
     [[nodiscard]] const Bytes &AllBytes() const { return bytes; }
 
-    auto operator<=>(const NetAddress &) const = default;
+    auto operator<=>(const NetAddress &) const = default; // NOLINT: the compiler writes the 0
 
 private:
     Bytes bytes {};
 };
 
+// NOLINTNEXTLINE: QHash's name
 [[nodiscard]] inline size_t qHash(const NetAddress &address, size_t seed = 0)
 {
     return qHashBits(address.AllBytes().data(), address.AllBytes().size(), seed);
@@ -58,5 +59,5 @@ struct HardwareAddress
     // As the database stores it: twelve digits, capitals, no separators.
     [[nodiscard]] QString Text() const;
 
-    auto operator<=>(const HardwareAddress &) const = default;
+    auto operator<=>(const HardwareAddress &) const = default; // NOLINT: the compiler writes the 0
 };

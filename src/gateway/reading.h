@@ -34,7 +34,7 @@ struct AddressPair
     NetAddress address;
     HardwareAddress hardware;
 
-    auto operator<=>(const AddressPair &) const = default;
+    auto operator<=>(const AddressPair &) const = default; // NOLINT: the compiler writes the 0
 };
 
 struct Reading

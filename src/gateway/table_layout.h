@@ -83,7 +83,7 @@ struct QuotaId
     Kind kind = Kind::User;
     quint32 id = 0;
 
-    auto operator<=>(const QuotaId &) const = default;
+    auto operator<=>(const QuotaId &) const = default; // NOLINT: the compiler writes the 0
 };
 
 [[nodiscard]] QByteArray NameOf(QuotaId quota);
@@ -96,7 +96,7 @@ struct Element
     quint64 detail = 0; // the port, or the hardware address as a number; else 0
     quint32 value = 0; // a PacketVerdict, or the id of a quota's user or group; else 0
 
-    auto operator<=>(const Element &) const = default;
+    auto operator<=>(const Element &) const = default; // NOLINT: the compiler writes the 0
 };
 using Elements = std::vector<Element>; // sorted
 
