@@ -235,7 +235,8 @@ void ReplaceNetwork(NetlinkWriter &writer, const NetworkRules &network)
     ReplaceKeys(writer, kCountedPorts, ports);
 }
 
-// The tests that most packets meet are those that the kernel does without a call.
+// The tests that most packets meet are those that the kernel does without a call. Where an interface is
+// named the ways of IPv6 end with a verdict, so that none is gone twice.
 void MakeForward(NetlinkWriter &writer, const TableRules &rules)
 {
     RuleWriter(writer, kForwardChain).IsNotPlainIpv4().IsFamily(Family::V6).Goto(kIpv6Chain);
