@@ -176,7 +176,7 @@ void TimeTheTable(KernelTable &table, Kind kind)
                 std::chrono::steady_clock::now() - start;
             milliseconds.push_back(spent.count());
         }
-        std::printf("%-42s %-26s %10.1f ms (%.1f at most)\n",
+        std::printf("%-50s %-26s %10.1f ms (%.1f at most)\n",
                     "",
                     what,
                     Median(milliseconds),
@@ -308,7 +308,7 @@ int Compare(const char *what, Router &with, Router &without)
         }
         std::ranges::sort(ratios);
         const double median = Median(ratios);
-        std::printf("%-42s %-26s without %10.0f   ratio %.3f (half of them %.3f to %.3f)%s\n",
+        std::printf("%-50s %-26s without %10.0f   ratio %.3f (half of them %.3f to %.3f)%s\n",
                     what,
                     Router::kRates[i],
                     Median(bare),

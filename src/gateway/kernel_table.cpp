@@ -40,6 +40,18 @@ GatewayFailure Lost()
 constexpr quint16 kNewQuota = NFNL_SUBSYS_NFTABLES << 8 | NFT_MSG_NEWOBJ;
 constexpr quint16 kNewGeneration = NFNL_SUBSYS_NFTABLES << 8 | NFT_MSG_NEWGEN;
 
+// Not asked of many ranges, which would take long.
+bool KnowsNearOnly(const NearRanges &near, const TableContent &content)
+{
+    const auto isNear = [&near](const Element &known) {
+        return !known.address.IsIpv4()
+            || std::ranges::any_of(near.compared, [&](const Ipv4Mask &range) {
+                   return (known.address.ToIpv4() & range.mask) == (range.network & range.mask);
+               });
+    };
+    return near.lookedUp.empty() && std::ranges::all_of(content[SetId::Sent], isNear);
+}
+
 // The rules for a table with this content.
 TableRules RulesFor(const NetworkRules &network, const TableContent &content)
 {
@@ -48,6 +60,7 @@ TableRules RulesFor(const NetworkRules &network, const TableContent &content)
         rules.looksFrom[static_cast<size_t>(family)] = HasAny(content, SetId::From, family);
         rules.looksTo[static_cast<size_t>(family)] = HasAny(content, SetId::To, family);
     }
+    rules.knowsNearOnly = KnowsNearOnly(NearRangesOf(network), content);
     return rules;
 }
 

@@ -18,6 +18,8 @@ struct TableRules
     // By family: whether the map From or To has an element. No packet is looked up in an empty one.
     std::array<bool, kFamilies.size()> looksFrom {};
     std::array<bool, kFamilies.size()> looksTo {};
+    // All known IPv4 addresses are in the local ranges, or excluded. False where nobody asked.
+    bool knowsNearOnly = false;
 
     [[nodiscard]] bool Looks(Direction direction, Family family) const
     {

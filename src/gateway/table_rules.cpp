@@ -236,7 +236,8 @@ void ReplaceNetwork(NetlinkWriter &writer, const NetworkRules &network)
 }
 
 // The first rule counts all packets (ReadPacketMark). The tests that most packets meet are those that the
-// kernel does without a call.
+// kernel does without a call. Where an interface is named the ways of IPv6 end with a verdict, so that none is
+// gone twice.
 void MakeForward(NetlinkWriter &writer, const TableRules &rules)
 {
     RuleWriter(writer, kForwardChain)

@@ -10,8 +10,12 @@ class BatchSize
     using Clock = std::chrono::steady_clock;
 
 public:
-    explicit BatchSize(bool shutsOutWriters) : bounds(shutsOutWriters ? kShort : kLong) { }
+    explicit BatchSize(bool shutsOutWriters)
+        : isShort(shutsOutWriters)
+        , bounds(shutsOutWriters ? kShort : kLong)
+    { }
 
+    [[nodiscard]] bool ShutsOutWriters() const { return isShort; }
     [[nodiscard]] size_t Now() const { return size; }
 
     // Takes the time of one batch; the next one is to last about half of what it may.
@@ -36,7 +40,7 @@ private:
         size_t most;
     };
 
-    static constexpr Bounds kShort {std::chrono::milliseconds(25), 100, 1000};
+    static constexpr Bounds kShort {std::chrono::milliseconds(25), 25, 1000};
     static constexpr Bounds kLong {std::chrono::milliseconds(500), 500, 4000};
 
     void Took(Clock::duration time)
@@ -48,6 +52,7 @@ private:
         }
     }
 
+    const bool isShort;
     const Bounds bounds;
     size_t size = bounds.most / 4;
 };

@@ -122,6 +122,24 @@ TEST_F(Counting, NothingIsLostWhileExceptionsComeAndGo)
     EXPECT_EQ(counted.received, Ipv4Bytes(100, flow.received));
 }
 
+// Neither end of these packets is local.
+TEST_F(Counting, AKnownAddressOutsideTheLocalRangesCountsNothing)
+{
+    const QString outside = u"10.76.0.2"_s;
+    AddClient(1, {kHere});
+    Begin();
+    AddClient(2, {outside});
+    Apply();
+    EXPECT_EQ(Receive(outside, kThere, 50, 1), 1);
+    EXPECT_EQ(Receive(kHere, kThere, 50, 1), 1);
+    EXPECT_EQ(Counted(outside), (AddressReading {Address(outside)}));
+    EXPECT_EQ(Counted(kHere).received, Ipv4Bytes(50, 1));
+    policy.network.local.push_back({0x0A4C0000, 0xFFFF0000});
+    Apply();
+    EXPECT_EQ(Receive(outside, kThere, 50, 1), 1);
+    EXPECT_EQ(Counted(outside).received, Ipv4Bytes(50, 1));
+}
+
 // By one rule or several, by the interface's number or its name, in one local range or one of many,
 // and whether or not somebody else has a limit.
 TEST_F(Counting, WhatPassesOneOfTheInterfacesCounts)
