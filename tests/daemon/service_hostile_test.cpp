@@ -136,8 +136,8 @@ TEST_P(ServiceHostile, NamesOfWorkstationsBecomeNamesOrNothing)
 // who is known is counted as ever.
 TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
 {
-    constexpr int kFlood = 65000;
-    const int pauseMs = IsLongRun() ? 90 : 10; // behind each hundred: a minute, or six seconds
+    const int addresses = IsLongRun() ? 65000 : 8000;
+    const int pauseMs = IsLongRun() ? 90 : 20; // behind each hundred: a minute, or two seconds
     AddUser(1);
     AddUser(2);
     Start();
@@ -148,7 +148,7 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     std::thread flood([&] {
         const auto source =
             MakeSocket(Lab(), Place::Workstations, Transport::Udp, {u"0.0.0.0"_s, kPort + 1});
-        for (int i = 0; i < kFlood; ++i) {
+        for (int i = 0; i < addresses; ++i) {
             SendFrom(source, kNetwork + 256 + static_cast<quint32>(i), {kThere, kPort + 1}, 10);
             if (i % 100 == 0) {
                 std::this_thread::sleep_for(std::chrono::milliseconds(pauseMs));
@@ -159,7 +159,7 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     const auto link = ServiceLink::Create(bus->Connection());
     qint64 slowest = 0;
     for (int i = 0; i < 5; ++i) {
-        QTest::qWait(7 * pauseMs * 10);
+        QTest::qWait(addresses / 100 * pauseMs / 10);
         EXPECT_TRUE(probe.Passes());
         link->BlockUser(UserId {2});
         slowest = std::max(slowest, probe.Await(false, kPatience).value_or(2 * kPatience));
@@ -178,7 +178,7 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     // Each reading of so many keeps the service from all else, for long where it is built without optimization.
     EXPECT_LE(slowest, IsLongRun() ? 3 * kAtOnce : kPatience);
     EXPECT_LE(made, 50 * (time.elapsed() / 200 + 1)); // in each round, which do not come more often
-    EXPECT_LE(grown, 150);
+    EXPECT_TRUE(!IsLongRun() || grown <= 100); // what a sanitizer keeps is not the service's
 }
 
 // A workstation takes on the address of another one.
