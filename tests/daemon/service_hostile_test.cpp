@@ -24,6 +24,40 @@ namespace {
 constexpr int kAtOnce = 100; // milliseconds
 constexpr quint16 kPort = 4000;
 
+// What the bus is told.
+const QStringList kInterfaces {u"org.tollbrook.Accounting1"_s,
+                               u"org.tollbrook.Status1"_s,
+                               u"org.freedesktop.DBus.Properties"_s,
+                               u"org.freedesktop.DBus.Introspectable"_s,
+                               u"org.tollbrook.Nothing1"_s,
+                               QString()};
+const QStringList kMethods {u"BlockUser"_s,
+                            u"UnblockUser"_s,
+                            u"LogIn"_s,
+                            u"LogOut"_s,
+                            u"Refused"_s,
+                            u"Rates"_s,
+                            u"LoggedIn"_s,
+                            u"Get"_s,
+                            u"Set"_s,
+                            u"GetAll"_s,
+                            u"Introspect"_s,
+                            u"deleteLater"_s,
+                            u"NoSuch"_s};
+const QVariantList kValues {1U,
+                            0U,
+                            ~0U,
+                            -1,
+                            qint64 {1} << 60,
+                            0.5,
+                            true,
+                            QString(1 << 16, u'x'),
+                            u"org.tollbrook.Status1"_s,
+                            u"Problems"_s,
+                            QStringList {u"a"_s, QString()},
+                            QByteArray(1 << 16, '\xff'),
+                            QVariant::fromValue(QDBusVariant(QVariantList {1, u"x"_s}))};
+
 // The last number of the address that a name server is asked about: 9.0.77.10.in-addr.arpa
 int NumberIn(const QByteArray &question)
 {
@@ -314,48 +348,16 @@ TEST_P(ServiceHostile, TheBusMayBeToldAnything)
     Start();
     Probe probe(Lab(), Workstation(1), kThere);
     QRandomGenerator random(11);
-    const QStringList interfaces {u"org.tollbrook.Accounting1"_s,
-                                  u"org.tollbrook.Status1"_s,
-                                  u"org.freedesktop.DBus.Properties"_s,
-                                  u"org.freedesktop.DBus.Introspectable"_s,
-                                  u"org.tollbrook.Nothing1"_s,
-                                  QString()};
-    const QStringList methods {u"BlockUser"_s,
-                               u"UnblockUser"_s,
-                               u"LogIn"_s,
-                               u"LogOut"_s,
-                               u"Refused"_s,
-                               u"Rates"_s,
-                               u"LoggedIn"_s,
-                               u"Get"_s,
-                               u"Set"_s,
-                               u"GetAll"_s,
-                               u"Introspect"_s,
-                               u"deleteLater"_s,
-                               u"NoSuch"_s};
-    const QVariantList values {1U,
-                               0U,
-                               ~0U,
-                               -1,
-                               qint64 {1} << 60,
-                               0.5,
-                               true,
-                               QString(1 << 16, u'x'),
-                               u"org.tollbrook.Status1"_s,
-                               u"Problems"_s,
-                               QStringList {u"a"_s, QString()},
-                               QByteArray(1 << 16, '\xff'),
-                               QVariant::fromValue(QDBusVariant(QVariantList {1, u"x"_s}))};
     const auto one = [&random](const auto &of) { return of[random.bounded(of.size())]; };
     QDBusConnection caller = bus->Connection();
     for (int i = 0; i < 600; ++i) {
         auto call = QDBusMessage::createMethodCall(u"org.tollbrook.Accounting"_s,
                                                    u"/org/tollbrook/Accounting"_s,
-                                                   one(interfaces),
-                                                   one(methods));
+                                                   one(kInterfaces),
+                                                   one(kMethods));
         QVariantList arguments;
         for (int number = random.bounded(4); number > 0; --number) {
-            arguments << one(values);
+            arguments << one(kValues);
         }
         call.setArguments(arguments);
         const QDBusMessage answer = caller.call(call, QDBus::Block, kPatience);
