@@ -1,5 +1,6 @@
 // tollbrooksvc: the accounting service of a gateway.
 #include "daemon/accounting_service.h"
+#include "daemon/heap.h"
 #include "daemon/self_check.h"
 #include "daemon/supervisor.h"
 #include "daemon/termination.h"
@@ -166,6 +167,7 @@ private:
 
 int main(int argc, char **argv)
 {
+    heap::KeepSmall();
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(TB_VERSION));
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it

@@ -2,24 +2,25 @@
 // kernel to what holds then. All of it lives on one thread that never waits for the database.
 #pragma once
 
+#include "daemon/address_book.h"
+#include "daemon/day_clock.h"
 #include "daemon/day_ends.h"
-#include "daemon/kernel_surroundings.h"
+#include "daemon/neighbourhood.h"
+#include "daemon/notice_board.h"
 #include "daemon/on_line_time.h"
 #include "daemon/policy_maker.h"
+#include "daemon/rate_meter.h"
 #include "daemon/round.h"
 #include "daemon/service_bus.h"
-#include "daemon/workstation_finder.h"
+#include "daemon/troubles.h"
 #include "db/session_thread.h"
 #include "gateway/kernel_table.h"
-#include "gateway/neighbours.h"
 
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
 
 #include <chrono>
-#include <functional>
-#include <map>
 #include <memory>
 
 class AccountingService : public QObject, public BusWork
@@ -30,9 +31,6 @@ public:
     // What the service cannot begin without.
     enum class Missing { Kernel, Database };
 
-    // What the time is, in the gateway's zone.
-    using WallClock = std::function<QDateTime()>;
-
     // All that is referred to outlives the service. `stateFolder`: where day ends wait for the database.
     AccountingService(
         const ConfigStore &store,
@@ -40,7 +38,7 @@ public:
         std::unique_ptr<KernelTable> kernel,
         SessionThread &database,
         const QString &stateFolder,
-        WallClock now = [] { return QDateTime::currentDateTime(); });
+        DayClock::WallClock now = [] { return QDateTime::currentDateTime(); });
 
     // Reads what holds, and takes the kernel's table over or makes it. Began or GaveUp follows.
     void Begin();
@@ -71,116 +69,117 @@ signals:
 private:
     using Clock = std::chrono::steady_clock;
 
-    // What can be wrong for a while; each is told once when it begins and once when it is over.
-    enum class Trouble { Adapter, Database, Kernel, Flowtables, Settings, StateFile, Clock };
+    using Trouble = Troubles::Kind;
 
-    void BeginWith(const Result<Beginning> &beginning);
+    void BeginWith(Result<Beginning> beginning);
     [[nodiscard]] GatewayClaim Claim() const;
     void FindInterfaces();
     void StartTimers();
+    void StopTimers();
 
     void CountSoon();
     void CountNow();
+    void EndDay(const QDateTime &midnight);
+    [[nodiscard]] bool IsQuiet();
+    // What the kernel has counted, as far as it is not in the database.
+    struct TakenReading
+    {
+        bool isComplete = false; // else the kernel could not be read
+        std::optional<Count> count; // nothing new
+        std::optional<PacketMark> packets; // up to where they go
+    };
+    [[nodiscard]] TakenReading TakeNew();
     [[nodiscard]] std::optional<Count> TakeReading(const QDateTime &at);
     void NoteReading(const Reading &reading);
-    [[nodiscard]] std::vector<AddressPair> PresentPairs(const Reading &reading);
-    [[nodiscard]] std::vector<Station> TakeStationsSeen();
     [[nodiscard]] Count CountOf(const Reading &reading, const QDateTime &at);
+    [[nodiscard]] std::vector<AddressCounters> CountersOf(const Reading &reading);
+
     // A round with what is to be known when it ends.
     struct AskedRound
     {
         Round round;
         size_t dayEnds = 0; // the first ones of its counts
-        std::vector<NetAddress> retired; // before its last count was read
+        TakenReading taken;
+        std::vector<NetAddress>
+            retired; // whose last bytes are in its counts or were written before
     };
-    void AskForRound(const std::optional<Count> &count);
+    void AskForRound();
     void AskForLastRound();
-    void FinishRound(const AskedRound &asked, const Result<RoundOutcome> &outcome);
-    void TakeWritten(const AskedRound &asked, const RoundOutcome &outcome);
+    [[nodiscard]] DataMark MarkOfKnown(const QDateTime &now) const;
+    void FinishRound(const AskedRound &asked, Result<RoundOutcome> outcome);
+    void TakeWritten(const AskedRound &asked, RoundOutcome outcome);
+    void TakeKnown(Known known);
     void TakeFailure(const AskedRound &asked, const Failure &failure);
-    void NoteAccounted(const Count &count);
+    void NoteWritten(const AskedRound &asked);
     void ForgetInKernel(const std::vector<NetAddress> &done);
     void RetryLater();
-
-    void EndDay();
-    void CheckClock();
     void AwaitNextChange();
 
     void Look();
-    void NoteSent(const std::vector<SentReading> &sent, Clock::time_point moment);
     void EndTimes();
 
     void TakeKernelEvents();
     void RebuildTable(const QString &why);
-    void TakeGeneration(quint64 newGeneration, const QHash<NetAddress, UserId> &newOwners);
+    void TakeGeneration(quint64 newGeneration, const AddressBook::Owners &newOwners);
     [[nodiscard]] MadePolicy Made() const;
     void EnforceSoon();
     void Enforce();
-    [[nodiscard]] UserId OwnerOf(const NetAddress &address) const;
+    void NoteRefused(const Policy &policy);
 
     void ReadAgain(UserId userId, quint64 endedNotice);
     void TakeStanding(UserId userId, const std::optional<OneStanding> &read);
-
-    void SetTrouble(Trouble trouble, const QString &text); // empty: over
-    void TellOutcome(const RoundOutcome &outcome) const;
     void FinishStop();
     [[nodiscard]] Prices PricesNow() const { return {settings.price}; }
-    [[nodiscard]] QDateTime Now() const { return wallClock(); }
+    [[nodiscard]] QDateTime Now() const { return clock.Now(); }
 
     const ConfigStore &store;
     ServiceSettings settings;
     std::unique_ptr<KernelTable> kernel;
     SessionThread &database;
     const QString instance; // of this gateway
-    WallClock wallClock;
+    Troubles troubles;
+    DayClock clock;
     DayEnds dayEnds;
-    WorkstationFinder finder;
+    NoticeBoard notices;
+    Neighbourhood neighbourhood;
     OnLineTime onLine;
+    RateMeter meter;
+    AddressBook book;
     std::optional<ChangedCounters> changed; // nothing before the beginning
 
     QStringList lanInterfaces;
+    quint64 generation = 0;
 
     // As last read from the database.
     Standings standings;
     MonitoredPorts ports;
+    DataMark knownMark; // of both
+    QDateTime knownSince;
 
-    quint64 generation = 0;
-    QHash<NetAddress, UserId> owners; // whose bytes an address counts
-    QHash<NetAddress, UserId> retired; // whose bytes they counted; nobody's now
-    QHash<NetAddress, quint64> accounted; // received bytes that are in the accounts
-    std::vector<NetAddress> doneUnknown; // accounted, and somebody's since
-    std::vector<CounterKey> forgottenCounters; // gone from the kernel, still in the database
-    QHash<NetAddress, quint64> lastSent; // at the last look
-    QHash<UserId, Notice> notices;
-    QHash<UserId, quint64> noticeNumbers; // of the last one
+    std::optional<PacketMark> packetsSeen; // ahead of the last reading
+    std::optional<PacketMark> packetsWritten; // all counters up to here are in the database
+    std::optional<PacketMark> packetsLooked; // at the last look
+
     QSet<UserId> loggedIn;
     QSet<UserId> timeEnded;
     QSet<UserId> refused; // as enforced
-    CompanionAddresses companions;
-    QHash<NetAddress, HardwareAddress> hardware; // as seen last
-    QHash<NetAddress, HardwareAddress> toldHardware; // to the database, of addresses of users
-    QList<UserRate> rates;
-    Clock::time_point lastReading {};
-    UserTotals lastTotals;
 
     QTimer countTimer;
     QTimer soonTimer;
     QTimer lookTimer;
-    QTimer midnightTimer;
     QTimer changeTimer;
     QTimer enforceTimer;
     std::unique_ptr<QSocketNotifier> kernelEvents;
     std::chrono::milliseconds retryPause {};
     bool roundRuns = false;
     bool roundWanted = false;
-    bool reconciled =
-        false; // counters that the kernel no longer has are gone from the database too
+    // Counters that the kernel no longer has are gone from the database, too.
+    bool reconciled = false;
     bool stopping = false;
     bool lastRoundRuns = false;
     bool stopped = false;
     bool keepTable = false;
-    QDate countedDay; // whose end is still to come
+    bool endWritten = false; // all that was counted before the stop is in the database
     QDate settledDay; // whose beginning the accounts have seen
     QDateTime lastCount;
-    std::map<Trouble, QString> troubles;
 };

@@ -36,28 +36,6 @@ CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs,
     return companions;
 }
 
-QList<UserRate>
-RatesBetween(const UserTotals &before, const UserTotals &now, std::chrono::duration<double> time)
-{
-    QList<UserRate> rates;
-    if (time.count() <= 0) {
-        return rates;
-    }
-    const auto rate = [&time](quint64 from, quint64 to) {
-        return to <= from ? 0
-                          : static_cast<qulonglong>(static_cast<double>(to - from) / time.count());
-    };
-    for (const auto &[userId, total] : now.asKeyValueRange()) {
-        const auto [received, sent] = before.value(userId);
-        const UserRate each {userId.value, rate(received, total.first), rate(sent, total.second)};
-        if (before.contains(userId) && (each.received > 0 || each.sent > 0)) {
-            rates << each;
-        }
-    }
-    std::ranges::sort(rates, {}, &UserRate::userId);
-    return rates;
-}
-
 QString ReasonWords(const Standing &standing, bool timeEnded, bool noticed)
 {
     const QString whose = standing.whyOfGroup ? u" (the group)"_s : QString();

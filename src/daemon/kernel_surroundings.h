@@ -2,10 +2,7 @@
 #pragma once
 
 #include "daemon/policy_maker.h"
-#include "daemon/service_bus.h"
 #include "gateway/reading.h"
-
-#include <chrono>
 
 // The names of the interfaces to the workstations; empty: all. `adapter` is a description, as the console
 // stores it, or a name. `fault` tells of one that the machine does not have: then all count.
@@ -15,12 +12,6 @@
 // by their hardware.
 [[nodiscard]] CompanionAddresses CompanionsIn(const std::vector<AddressPair> &pairs,
                                               Identification identification);
-
-using UserTotals = QHash<UserId, std::pair<quint64, quint64>>; // received and sent bytes
-
-// Of everybody whose bytes grew over `time`.
-[[nodiscard]] QList<UserRate>
-RatesBetween(const UserTotals &before, const UserTotals &now, std::chrono::duration<double> time);
 
 // A few words on why a user is refused.
 [[nodiscard]] QString ReasonWords(const Standing &standing, bool timeEnded, bool noticed);

@@ -11,6 +11,22 @@ void OnLineTime::Note(UserId userId, Clock::time_point moment)
     stay.lastSeen = moment;
 }
 
+void OnLineTime::Look(const std::vector<SentReading> &sent,
+                      const QHash<NetAddress, UserId> &owners,
+                      Clock::time_point moment)
+{
+    QHash<NetAddress, quint64> now;
+    now.reserve(static_cast<qsizetype>(sent.size()));
+    for (const SentReading &each : sent) {
+        now.insert(each.address, each.sent);
+        const UserId owner = owners.value(each.address);
+        if (owner.IsSet() && each.sent > lastSent.value(each.address)) {
+            Note(owner, moment);
+        }
+    }
+    lastSent = std::move(now);
+}
+
 double OnLineTime::Pending(UserId userId) const
 {
     return stays.value(userId).pending;

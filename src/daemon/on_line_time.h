@@ -2,6 +2,7 @@
 #pragma once
 
 #include "db/ids.h"
+#include "gateway/reading.h"
 
 #include <QHash>
 
@@ -28,6 +29,15 @@ public:
 
     // At `moment` it was seen that this user has sent since the look before. Moments never go back.
     void Note(UserId userId, Clock::time_point moment);
+
+    // The sent counters as they stand at `moment`, by address, and whose they are: who has sent since they
+    // were last told is on line.
+    void Look(const std::vector<SentReading> &sent,
+              const QHash<NetAddress, UserId> &owners,
+              Clock::time_point moment);
+
+    // All counters begin at nothing.
+    void BeginAnew() { lastSent.clear(); }
 
     // Not yet taken, seconds.
     [[nodiscard]] double Pending(UserId userId) const;
@@ -56,4 +66,5 @@ private:
 
     std::chrono::seconds grace;
     QHash<UserId, Stay> stays;
+    QHash<NetAddress, quint64> lastSent;
 };

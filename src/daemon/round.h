@@ -3,6 +3,7 @@
 #pragma once
 
 #include "daemon/service_settings.h"
+#include "db/data_mark.h"
 #include "metering/count.h"
 #include "metering/counters.h"
 #include "metering/gateway_claim.h"
@@ -28,6 +29,15 @@ struct Round
     QSet<UserId> loggedIn;
     std::vector<Station> stations; // new ones, and those with another hardware address
     StationRules stationRules;
+    DataMark
+        known; // of what the asker knows and holds still unless somebody writes; not read: nothing
+};
+
+// What holds until somebody writes, or until its next change.
+struct Known
+{
+    Standings standings;
+    MonitoredPorts ports;
 };
 
 struct RoundOutcome
@@ -36,8 +46,8 @@ struct RoundOutcome
     std::vector<Counted> counted; // of each of the counts, and of the day that began
     MarksWritten marks;
     StationsTaken stations;
-    Standings standings;
-    MonitoredPorts ports;
+    DataMark mark; // of what is known now
+    std::optional<Known> known; // nothing: what the asker knows holds still
 };
 
 [[nodiscard]] Result<RoundOutcome> RunRound(const Round &round);
@@ -47,8 +57,7 @@ struct Beginning
 {
     QString refusal; // why the service must not work with this database; empty: it may
     CountersByKey counters; // of the generation that stands in the kernel
-    Standings standings;
-    MonitoredPorts ports;
+    Known known;
 };
 
 // What ReadBeginning asks for. `generation` of the claim is 0 when no table stands.

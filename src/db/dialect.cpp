@@ -91,6 +91,7 @@ constexpr Spelling kSqliteSpellings[] = {
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[2]') * 256 + "
      "json_extract('[' || replace(ip_addr, '.', ',') || ']', '$[3]') END"},
     {"present_tables", "(SELECT name AS table_name FROM sqlite_master WHERE type = 'table') t"},
+    {"data_mark", "(SELECT data_version AS number, 1 AS rests FROM pragma_data_version) m"},
     {"staged",
      "(SELECT json_extract(value, '$[0]') AS k, json_extract(value, '$[1]') AS n1, "
      "json_extract(value, '$[2]') AS n2, json_extract(value, '$[3]') AS n3, "
@@ -119,6 +120,9 @@ constexpr Spelling kPostgresqlSpellings[] = {
     // Those that the account may not read, too.
     {"present_tables",
      "(SELECT tablename AS table_name FROM pg_tables WHERE schemaname = ANY (current_schemas(false))) t"},
+    {"data_mark",
+     "(SELECT txid_snapshot_xmax(s) AS number, CASE WHEN txid_snapshot_xmin(s) = "
+     "txid_snapshot_xmax(s) THEN 1 ELSE 0 END AS rests FROM txid_current_snapshot() s) m"},
     {"staged",
      "(SELECT CAST(r->>0 AS integer) AS k, CAST(r->>1 AS double precision) AS n1, "
      "CAST(r->>2 AS double precision) AS n2, CAST(r->>3 AS double precision) AS n3, "
@@ -139,6 +143,12 @@ constexpr Spelling kMariadbSpellings[] = {
     {"address_number", "INET_ATON(ip_addr)"},
     {"present_tables",
      "(SELECT table_name FROM information_schema.tables WHERE table_schema = DATABASE()) t"},
+    // The times have whole seconds, and another one may write within the same.
+    {"data_mark",
+     "(SELECT COALESCE(SUM(UNIX_TIMESTAMP(update_time)), 0) AS number, "
+     "COALESCE(MAX(update_time) < NOW() - INTERVAL 1 SECOND, 1) AS rests "
+     "FROM information_schema.tables WHERE table_schema = DATABASE() AND "
+     "table_name NOT LIKE 'service%') m"},
     {"staged", "JSON_TABLE("},
     {"as_rows",
      ", '$[*]' COLUMNS (k INT PATH '$[0]', n1 DOUBLE PATH '$[1]', n2 DOUBLE PATH '$[2]', "
@@ -164,6 +174,7 @@ const Dialect kSqlite {.engine = "SQLite",
                        .serversKey = nullptr,
                        .joinsBeforeSet = false,
                        .hasOneWriter = true,
+                       .marksOwnWrites = false,
                        .failures = kSqliteFailures,
                        .spellings = kSqliteSpellings};
 
@@ -181,6 +192,7 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .serversKey = nullptr,
                            .joinsBeforeSet = false,
                            .hasOneWriter = false,
+                           .marksOwnWrites = true,
                            .failures = kPostgresqlFailures,
                            .spellings = kPostgresqlSpellings};
 
@@ -198,6 +210,7 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .serversKey = "Server",
                         .joinsBeforeSet = true,
                         .hasOneWriter = false,
+                        .marksOwnWrites = false,
                         .failures = kMariadbFailures,
                         .spellings = kMariadbSpellings};
 

@@ -56,6 +56,8 @@ struct Dialect
     bool joinsBeforeSet;
     // True where a transaction that writes keeps everybody else from writing until it ends.
     bool hasOneWriter;
+    // True where what the connection itself writes changes its DATA_MARK, by one for each transaction.
+    bool marksOwnWrites;
     std::span<const FailureCode> failures; // the first that fits counts
     // Of these words:
     //   CASE_FOLDED (x PLAIN_CASE) HOLDS CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE
@@ -68,6 +70,8 @@ struct Dialect
     //   BY_KEY          behind a table: its rows are found by their key, by no other index;
     //   ADDRESS_NUMBER  the IPv4 address in users.ip_addr as a number; NULL for what is none;
     //   PRESENT_TABLES  behind FROM: a row for each table of the database, with its `table_name`;
+    //   DATA_MARK       behind FROM: one row, whose `number` changes with what others write, at once when
+    //                   `rests` is 1 (data_mark.h);
     //   STAGED (?) AS_ROWS s
     //                   the rows that the program hands in (staged_rows.h), with the columns k, n1 to n4,
     //                   t, u and v. An UPDATE takes values from them as

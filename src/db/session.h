@@ -98,6 +98,10 @@ bool ReopenDatabase();
 // The version of the schema that the session found when it was last opened.
 [[nodiscard]] int SessionSchemaVersion();
 
+// The number of the session's connection, each of which has its own in the process. It stays when the
+// connection is lost, until there is a new one.
+[[nodiscard]] quint64 SessionConnection();
+
 // How the session's engine spells things.
 [[nodiscard]] const Dialect &SessionDialect();
 

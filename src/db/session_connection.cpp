@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <odbcinst.h>
 #include <thread>
 #include <utility>
@@ -244,8 +245,11 @@ bool OpenAt(const QByteArray &dsn, const QByteArray &servers)
         && ChooseDialect() && AddCanceller() && SuitsServer() && KnowsSchema();
     if (!opened) {
         FreeHandles();
+        return false;
     }
-    return opened;
+    static std::atomic<quint64> connections {0};
+    Current().connection = ++connections;
+    return true;
 }
 
 // The data source's servers from the one numbered `first` on, and then those before it: of a single one
@@ -353,6 +357,11 @@ bool ReopenDatabase()
 int SessionSchemaVersion()
 {
     return Current().schemaVersion;
+}
+
+quint64 SessionConnection()
+{
+    return Current().connection;
 }
 
 const Dialect &SessionDialect()

@@ -131,7 +131,7 @@ private:
         {
             auto receiver = std::exchange(done, std::nullopt);
             if (receiver && context) {
-                (*receiver)(*value.load());
+                (*receiver)(std::move(*value.load()));
             }
         }
 

@@ -262,6 +262,11 @@ GatewayResult<Reading> KernelTable::Read()
     return reading;
 }
 
+GatewayResult<std::optional<PacketMark>> KernelTable::ReadPackets()
+{
+    return CheckGeneration().and_then([&] { return ReadPacketMark(socket); });
+}
+
 void KernelTable::NoteDepleted(QuotaId::Kind kind, const std::vector<quint32> &ids)
 {
     for (const quint32 id : ids) {

@@ -32,6 +32,10 @@ public:
 
     [[nodiscard]] GatewayResult<Reading> Read();
 
+    // Whether anything was counted since an earlier mark, without reading the counters. A mark that was
+    // read before the counters is as old as they are. Nothing when the rules are not there.
+    [[nodiscard]] GatewayResult<std::optional<PacketMark>> ReadPackets();
+
     // The sent counters alone, by address.
     [[nodiscard]] GatewayResult<std::vector<SentReading>> ReadSent();
 

@@ -58,6 +58,16 @@ struct SentReading
     bool operator==(const SentReading &) const = default;
 };
 
+// How many packets have come to the rules that stand, of whatever they became. Where two marks are equal
+// none came in between, so that no counter has changed.
+struct PacketMark
+{
+    quint64 rule = 0; // that counts them: other rules count anew
+    quint64 packets = 0;
+
+    bool operator==(const PacketMark &) const = default;
+};
+
 struct Began
 {
     quint64 generation = 0;

@@ -57,6 +57,12 @@ void RuleWriter::Close(size_t expression)
     writer.EndNest(open);
 }
 
+RuleWriter &RuleWriter::Counter()
+{
+    Close(Open("counter"));
+    return *this;
+}
+
 void RuleWriter::Meta(quint32 key)
 {
     const size_t expression = Open("meta");

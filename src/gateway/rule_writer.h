@@ -17,6 +17,8 @@ public:
     RuleWriter(const RuleWriter &) = delete;
     RuleWriter &operator=(const RuleWriter &) = delete;
 
+    // Counts the packets that come to the rule so far.
+    RuleWriter &Counter();
     RuleWriter &Interface(Side side, const QString &name);
     RuleWriter &NotInterface(Side side, const QString &name);
     RuleWriter &IsFamily(Family family);

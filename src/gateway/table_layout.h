@@ -9,6 +9,7 @@
 #include <vector>
 
 inline constexpr const char *kTableName = "tollbrook";
+inline constexpr const char *kForwardChain = "forward"; // where each packet's way begins
 
 enum class Family { V4, V6 };
 inline constexpr std::array kFamilies = {Family::V4, Family::V6};

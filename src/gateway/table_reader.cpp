@@ -89,6 +89,21 @@ void Sort(ReadElements &elements)
     elements.erase(doubled.begin(), doubled.end());
 }
 
+// Of a rule that begins with a counter.
+std::optional<PacketMark> PacketMarkIn(const NetlinkAttributes &rule)
+{
+    const auto handle = rule.U64(NFTA_RULE_HANDLE);
+    auto expressions = rule.Bytes(NFTA_RULE_EXPRESSIONS);
+    const auto first = expressions ? TakeListed(*expressions) : std::nullopt;
+    const auto counter = first ? NetlinkAttributes::From(*first) : std::nullopt;
+    if (!handle || !counter || counter->Text(NFTA_EXPR_NAME) != "counter") {
+        return std::nullopt;
+    }
+    const auto data = counter->Nest(NFTA_EXPR_DATA);
+    const auto packets = data ? data->U64(NFTA_COUNTER_PACKETS) : std::nullopt;
+    return packets ? std::optional(PacketMark {*handle, *packets}) : std::nullopt;
+}
+
 } // namespace
 
 GatewayResult<std::optional<QByteArray>> ReadTableComment(NetlinkSocket &socket)
@@ -214,6 +229,29 @@ GatewayResult<std::vector<quint64>> ReadRuleHandles(NetlinkSocket &socket)
             },
             u"Reading the rules"_s)
         .map([&] { return std::move(handles); });
+}
+
+GatewayResult<std::optional<PacketMark>> ReadPacketMark(NetlinkSocket &socket)
+{
+    NetlinkWriter request = DumpRequest(NFT_MSG_GETRULE);
+    request.PutText(NFTA_RULE_TABLE, kTableName);
+    request.PutText(NFTA_RULE_CHAIN, kForwardChain);
+    request.End();
+    std::optional<PacketMark> mark;
+    return socket
+        .Dump(
+            request,
+            [&] { mark.reset(); },
+            [&](const NetlinkMessage &message) {
+                const auto attributes = message.Attributes(kHeader);
+                if (attributes && !mark && IsOurs(message, *attributes, NFTA_RULE_TABLE)
+                    && attributes->Text(NFTA_RULE_CHAIN) == kForwardChain) {
+                    mark = PacketMarkIn(*attributes);
+                }
+                return attributes.has_value();
+            },
+            u"Reading how many packets came"_s)
+        .map([&] { return mark; });
 }
 
 GatewayResult<QStringList> ReadFlowtables(NetlinkSocket &socket)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "gateway/netlink_socket.h"
+#include "gateway/reading.h"
 #include "gateway/table_content.h"
 
 // The comment of the table; nothing when there is no table of that name.
@@ -28,6 +29,9 @@ struct QuotaObject
 
 // The numbers of all rules of the table: those of a table that was emptied or rebuilt differ.
 [[nodiscard]] GatewayResult<std::vector<quint64>> ReadRuleHandles(NetlinkSocket &socket);
+
+// Nothing when the rules are not there.
+[[nodiscard]] GatewayResult<std::optional<PacketMark>> ReadPacketMark(NetlinkSocket &socket);
 
 // The flowtables of all tables, "table name": packets that take them reach no chain.
 [[nodiscard]] GatewayResult<QStringList> ReadFlowtables(NetlinkSocket &socket);

@@ -251,18 +251,24 @@ void ForInterfaces(const NetworkRules &network,
     }
 }
 
-// The tests that most packets meet are those that the kernel does without a call.
+// The first rule counts all packets (ReadPacketMark). The tests that most packets meet are those that the
+// kernel does without a call.
 void MakeForward(NetlinkWriter &writer, const NetworkRules &network)
 {
     const NearRanges near = NearRangesOf(network);
-    RuleWriter(writer, "forward").IsNotPlainIpv4().IsFamily(Family::V6).Goto(kIpv6Chain);
+    RuleWriter(writer, kForwardChain)
+        .Counter()
+        .IsNotPlainIpv4()
+        .IsFamily(Family::V6)
+        .Goto(kIpv6Chain);
     for (const Direction direction : {Direction::From, Direction::To}) {
         const auto chain = [&](Family family) { return WayChain(direction, family); };
         ForInterfaces(network, direction, [&](FunctionRef<void(RuleWriter &)> passes) {
-            ForNear(writer, near, "forward", direction, End::Workstation, [&](RuleWriter &rule) {
-                passes(rule);
-                rule.Goto(chain(Family::V4));
-            });
+            ForNear(
+                writer, near, kForwardChain, direction, End::Workstation, [&](RuleWriter &rule) {
+                    passes(rule);
+                    rule.Goto(chain(Family::V4));
+                });
             RuleWriter ipv6(writer, kIpv6Chain);
             passes(ipv6);
             ipv6.Jump(chain(Family::V6));
@@ -375,7 +381,7 @@ void MakeChains(NetlinkWriter &writer)
 
 void MakeRules(NetlinkWriter &writer, const NetworkRules &network)
 {
-    MakeHookedChain(writer, "forward", NF_INET_FORWARD, std::numeric_limits<qint32>::max());
+    MakeHookedChain(writer, kForwardChain, NF_INET_FORWARD, std::numeric_limits<qint32>::max());
     MakeHookedChain(writer, "input", NF_INET_LOCAL_IN, 0);
     RemoveAllRules(writer);
     ReplaceNetwork(writer, network);

@@ -39,6 +39,13 @@ QString SeenText(const QDateTime &now)
     return now.toUTC().toString(Qt::ISODate);
 }
 
+Result<bool> IsHeldBy(const GatewayClaim &claim)
+{
+    return Exists("SELECT instance FROM service_gateways WHERE gateway = (?) and instance = (?)",
+                  claim.gatewayId,
+                  claim.instance);
+}
+
 } // namespace
 
 Result<ClaimOutcome>
@@ -75,24 +82,22 @@ ClaimGateway(const GatewayClaim &claim, const QDateTime &now, std::chrono::secon
     return kept.map([&outcome](bool) { return outcome; });
 }
 
+// One statement without a transaction of its own: the mark of the data tells then who else wrote.
 Result<ClaimOutcome> RenewClaim(const GatewayClaim &claim, const QDateTime &now)
 {
-    ClaimOutcome outcome = ClaimOutcome::Ours;
-    const auto kept = books::InTransaction([&](Books &books) {
-        bool isThere = false;
-        const Holder holder = ReadHolder(books, claim.gatewayId, isThere);
-        outcome = isThere && holder.instance == claim.instance ? ClaimOutcome::Ours
-                                                               : ClaimOutcome::AnotherIsAlive;
-        if (outcome == ClaimOutcome::Ours) {
-            books.Write("UPDATE service_gateways SET generation = (?), seen = (?) WHERE gateway = "
-                        "(?) and instance = (?)",
-                        QString::number(claim.generation),
-                        SeenText(now),
-                        claim.gatewayId,
-                        claim.instance);
-        }
-    });
-    return kept.map([&outcome](bool) { return outcome; });
+    return WriteRows(
+               "UPDATE service_gateways SET generation = (?), seen = (?) WHERE gateway = (?) and "
+               "instance = (?)",
+               QString::number(claim.generation),
+               SeenText(now),
+               claim.gatewayId,
+               claim.instance)
+        .and_then([&](qint64 rows) {
+            // One engine counts no rows that were so before.
+            return rows > 0 ? Result<bool>(true) : IsHeldBy(claim);
+        })
+        .map(
+            [](bool isOurs) { return isOurs ? ClaimOutcome::Ours : ClaimOutcome::AnotherIsAlive; });
 }
 
 Result<bool> ReleaseClaim(const GatewayClaim &claim)

@@ -19,6 +19,9 @@ struct MarksWritten
     QList<GroupId> groupsUsedUp;
     QList<GroupId> groupsLifted;
     int timeMarks = 0; // of users whose time of the week began or ended
+
+    [[nodiscard]] bool IsEmpty() const { return *this == MarksWritten(); }
+    bool operator==(const MarksWritten &) const = default;
 };
 
 // Writes where the rows differ from the standings read of them: blocks of who has nothing left or has

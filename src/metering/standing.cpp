@@ -211,6 +211,12 @@ void Add(const Judging &judging, GroupId group, Standings &standings)
 
 } // namespace
 
+const Standing *StandingOf(const Standings &standings, UserId userId)
+{
+    const auto found = std::ranges::lower_bound(standings.users, userId, {}, &Standing::user);
+    return found != standings.users.end() && found->user == userId ? &*found : nullptr;
+}
+
 Result<Standings>
 ReadStandings(const Moment &now, const Prices &prices, const QSet<UserId> &loggedIn)
 {
@@ -224,6 +230,7 @@ ReadStandings(const Moment &now, const Prices &prices, const QSet<UserId> &logge
                },
                [&](const KnownUser &user) { Add(Judging(user, now), user.groupId, standings); })
         .map([&](bool) {
+            standings.users.shrink_to_fit(); // they are kept for long
             std::ranges::sort(standings.users, {}, &Standing::user);
             return std::move(standings);
         });

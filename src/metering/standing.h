@@ -54,6 +54,9 @@ struct Standings
     QDateTime nextChange; // when a time of the week begins or ends, at the latest the next midnight
 };
 
+// Null when the user is not monitored.
+[[nodiscard]] const Standing *StandingOf(const Standings &standings, UserId userId);
+
 // As the rows say at `now`, in few statements however many users there are. A block by the service for
 // what was used up is judged anew: it refuses nobody who has something left. `loggedIn`: those who have
 // proved who they are.

@@ -223,3 +223,38 @@ TEST_F(TakeOver, FlowtablesAreTold)
     EXPECT_TRUE(table->TakeEvents().value().newFlowtables.isEmpty());
     ASSERT_TRUE(FlushRuleset());
 }
+
+// Whoever sends them and whatever becomes of them: where the mark stays, no counter has changed.
+TEST_F(TakeOver, EachPacketChangesTheMark)
+{
+    AddClient(1, {kHere});
+    AddClient(2, {u"10.77.0.2"_s}).refused = true;
+    Begin();
+    const auto mark = [this] {
+        const auto read = table->ReadPackets();
+        EXPECT_TRUE(read) << TextOf(read);
+        EXPECT_TRUE(read && *read);
+        return read ? read->value_or(PacketMark()) : PacketMark();
+    };
+    PacketMark last = mark();
+    EXPECT_EQ(mark(), last);
+    const std::function<void()> traffic[] = {[this] { Send(kHere, kThere, 100, 1); },
+                                             [this] { Receive(kHere, kThere, 100, 1); },
+                                             [this] { Send(u"10.77.0.2"_s, kThere, 100, 1); },
+                                             [this] { Send(u"10.77.0.3"_s, kThere, 100, 1); },
+                                             [this] { Send(kHere6, kThere6, 100, 1); }};
+    for (const auto &pass : traffic) {
+        pass();
+        const PacketMark now = mark();
+        EXPECT_NE(now, last) << "traffic " << &pass - traffic;
+        last = now;
+        EXPECT_EQ(mark(), last);
+    }
+    policy.network.refuseUnknown = true; // other rules
+    Apply();
+    EXPECT_NE(mark(), last);
+    FlushTable();
+    const auto flushed = table->ReadPackets();
+    ASSERT_TRUE(flushed) << TextOf(flushed);
+    EXPECT_EQ(*flushed, std::nullopt);
+}

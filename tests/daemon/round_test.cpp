@@ -1,0 +1,112 @@
+// A round of the service's work on the database: what it reads anew, and when it need not.
+#include "daemon/round.h"
+
+#include "support/core/engine_fixture.h"
+
+#include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Rounds : public EngineFixture
+{
+protected:
+    void SetUp() override
+    {
+        EngineFixture::SetUp();
+        Execute("INSERT INTO users (username, ip_addr, group_id, monitored, mode) "
+                "VALUES ('anna', '10.77.0.1', 80, true, 0)");
+        ASSERT_EQ(LastFailure(), std::nullopt);
+        round.claim = {u"here"_s, u"machine"_s, 7};
+        round.now = QDateTime({2026, 11, 21}, QTime(12, 0));
+        ASSERT_EQ(ClaimGateway(round.claim, round.now, std::chrono::seconds(60)),
+                  ClaimOutcome::Ours);
+    }
+
+    RoundOutcome Run()
+    {
+        auto outcome = RunRound(round);
+        EXPECT_TRUE(outcome) << (outcome ? "" : qPrintable(outcome.error().text));
+        return outcome ? *std::move(outcome) : RoundOutcome();
+    }
+
+    // Until the engine is sure that nobody writes: one of them tells whole seconds.
+    void KnowAll()
+    {
+        constexpr int kPatienceMs = 10000;
+        QElapsedTimer timer;
+        timer.start();
+        do {
+            const RoundOutcome outcome = Run();
+            ASSERT_TRUE(outcome.known);
+            EXPECT_EQ(outcome.known->standings.users.size(), 1U);
+            round.known = outcome.mark;
+        } while (!round.known.rests && timer.elapsed() < kPatienceMs);
+    }
+
+    Round round;
+};
+
+} // namespace
+
+TB_ON_EVERY_ENGINE(Rounds);
+
+TEST_P(Rounds, ReadNothingAnewWhileNobodyWrites)
+{
+    KnowAll();
+    for (int i = 0; i < 3; ++i) {
+        const RoundOutcome outcome = Run();
+        EXPECT_FALSE(outcome.known) << i;
+        round.known = outcome.mark;
+    }
+    EXPECT_EQ(RowsOf("SELECT instance FROM service_gateways WHERE seen <> ''"),
+              QStringList {u"machine"_s});
+}
+
+TEST_P(Rounds, ReadWhatTheConsoleHasWritten)
+{
+    KnowAll();
+    RunBeside("UPDATE users SET blocked = true, blockreason = 3 WHERE user_id = 1");
+    const RoundOutcome outcome = Run();
+    ASSERT_TRUE(outcome.known);
+    EXPECT_TRUE(outcome.known->standings.users.front().refused);
+}
+
+// Each of these is reason enough to read all, although nobody wrote.
+TEST_P(Rounds, ReadAnewAfterWhatTheyWriteThemselves)
+{
+    KnowAll();
+    const Round idle = round;
+    const QDateTime later = round.now.addSecs(60);
+    const Count count {.gatewayId = round.claim.gatewayId,
+                       .generation = round.claim.generation,
+                       .at = later,
+                       .counters = {{u"10.77.0.1"_s, false, UserId {1}, 1000, 500}},
+                       .online = {},
+                       .usedUp = {},
+                       .usedUpGroups = {}};
+    const std::function<void(Round &)> causes[] = {
+        [&](Round &asked) { asked.counts = {count}; },
+        [](Round &asked) { asked.beginsDay = true; },
+        [](Round &asked) {
+            asked.stations = {{u"10.77.0.9"_s, {}, u"gate"_s}};
+        },
+        [](Round &asked) {
+            asked.forgotten = {{u"10.77.0.1"_s, false}};
+        },
+        [](Round &asked) { asked.known = {}; }};
+    for (const auto &cause : causes) {
+        round = idle;
+        cause(round);
+        EXPECT_TRUE(Run().known) << "cause " << &cause - causes;
+    }
+}
+
+TEST_P(Rounds, GiveTheIdBackAlsoWhenNothingIsNew)
+{
+    KnowAll();
+    round.isLast = true;
+    EXPECT_FALSE(Run().known);
+    EXPECT_EQ(RowsOf("SELECT seen FROM service_gateways"), QStringList {QString()});
+}
