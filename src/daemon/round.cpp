@@ -122,13 +122,34 @@ private:
         }
     }
 
+    // One that the engine refuses keeps neither the others nor the rest of the round from going on.
     void FindUsers()
     {
-        if (!failure && !round.stations.empty()) {
-            if (auto taken = Take(TakeStations(round.stations, round.stationRules))) {
-                outcome.stations = *std::move(taken);
+        if (failure || round.stations.empty() || TakeAll(round.stations)) {
+            return;
+        }
+        for (const Station &each : round.stations) {
+            if (!failure && !TakeAll({each})) {
+                outcome.refusedStations
+                    << u"The workstation %1 cannot be written: %2"_s.arg(each.ip, whyRefused);
             }
         }
+    }
+
+    // False when the engine refuses them, for whyRefused.
+    bool TakeAll(const std::vector<Station> &stations)
+    {
+        auto taken = TakeStations(stations, round.stationRules);
+        if (!taken && taken.error().kind == Failure::Kind::Refused) {
+            whyRefused = taken.error().text;
+            return false;
+        }
+        if (auto written = Take(std::move(taken))) {
+            outcome.stations.made << written->made;
+            outcome.stations.moved << written->moved;
+            outcome.stations.completed << written->completed;
+        }
+        return true;
     }
 
     void Read()
@@ -160,6 +181,7 @@ private:
 
     const Round &round;
     RoundOutcome outcome;
+    QString whyRefused;
     std::optional<Failure> failure;
 };
 

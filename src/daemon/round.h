@@ -12,6 +12,8 @@
 #include "metering/new_users.h"
 #include "metering/standing.h"
 
+#include <QStringList>
+
 #include <chrono>
 #include <vector>
 
@@ -46,6 +48,7 @@ struct RoundOutcome
     std::vector<Counted> counted; // of each of the counts, and of the day that began
     MarksWritten marks;
     StationsTaken stations;
+    QStringList refusedStations; // a sentence on each that the database did not take
     DataMark mark; // of what is known now
     std::optional<Known> known; // nothing: what the asker knows holds still
 };

@@ -39,6 +39,9 @@ void TellOfRound(const RoundOutcome &outcome)
         TellBlocks(each);
     }
     TellBlocks(outcome.marks);
+    for (const QString &refused : outcome.refusedStations) {
+        journal::Warning(refused);
+    }
     TellUsers(outcome.stations.made, u"a new workstation"_s);
     TellUsers(outcome.stations.moved, u"the address has changed"_s);
 }

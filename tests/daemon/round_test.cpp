@@ -110,3 +110,20 @@ TEST_P(Rounds, GiveTheIdBackAlsoWhenNothingIsNew)
     EXPECT_FALSE(Run().known);
     EXPECT_EQ(RowsOf("SELECT seen FROM service_gateways"), QStringList {QString()});
 }
+
+// Who may what is read all the same, and the other workstation becomes a user.
+TEST_P(Rounds, GoOnWithoutAWorkstationThatTheDatabaseRefuses)
+{
+    RunBeside("CREATE UNIQUE INDEX macs_once ON users (mac_addr)");
+    const QString mac = u"001122334455"_s;
+    round.stations = {{u"10.77.0.8"_s, mac, u"gate"_s}, {u"10.77.0.9"_s, mac, u"twin"_s}};
+    const RoundOutcome outcome = Run();
+    RunBeside(Engine() == u"mariadb" ? "DROP INDEX macs_once ON users" : "DROP INDEX macs_once");
+    EXPECT_TRUE(outcome.known);
+    EXPECT_EQ(outcome.stations.made.size(), 1);
+    ASSERT_EQ(outcome.refusedStations.size(), 1);
+    EXPECT_TRUE(outcome.refusedStations.front().startsWith(
+        u"The workstation 10.77.0.9 cannot be written: "));
+    EXPECT_EQ(RowsOf("SELECT username FROM users ORDER BY username"),
+              (QStringList {u"anna"_s, u"gate"_s}));
+}
