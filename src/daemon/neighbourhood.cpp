@@ -56,7 +56,7 @@ GatewayResult<void> Neighbourhood::Look(const Reading &reading,
 
 std::vector<Station> Neighbourhood::Take(const Standings &standings, const AddressBook &book)
 {
-    std::vector<Station> stations = finder.Take();
+    std::vector<Station> stations = finder.Take(std::chrono::steady_clock::now());
     for (const auto &[address, seen] : hardware.asKeyValueRange()) {
         const Standing *const user = StandingOf(standings, book.Present().value(address));
         if (user != nullptr && NetAddress::From(user->ip) == address && seen.Text() != user->mac

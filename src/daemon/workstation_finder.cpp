@@ -76,14 +76,22 @@ void WorkstationFinder::SetReady(const NetAddress &address, const QString &name)
     emit Named();
 }
 
-std::vector<Station> WorkstationFinder::Take()
+std::vector<Station> WorkstationFinder::Take(std::chrono::steady_clock::time_point now)
 {
+    if (now - turn >= kTurn) {
+        turn = now;
+        takenInTurn = 0;
+    }
     std::vector<Station> ready;
     for (Found &each : found) {
-        if (each.ready && !each.taken && ready.size() < kMostAtOnce) {
+        if (each.ready && !each.taken && takenInTurn < kMostAtOnce) {
             each.taken = true;
+            ++takenInTurn;
             ready.push_back(each.station);
         }
+    }
+    if (!ready.empty() && takenInTurn == kMostAtOnce) {
+        QTimer::singleShot(kTurn, this, &WorkstationFinder::Named);
     }
     return ready;
 }

@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QObject>
 
+#include <chrono>
 #include <vector>
 
 class WorkstationFinder : public QObject
@@ -24,10 +25,12 @@ public:
               const QHash<NetAddress, UserId> &owners,
               const QHash<NetAddress, HardwareAddress> &hardware);
 
-    // Those whose name is known, or was not told within a second. At most kMostAtOnce, so that a flood
-    // of made-up addresses does not fill the database.
+    // Those whose name is known, or was not told within a second. At most kMostAtOnce in kTurn, so that a flood
+    // of made-up addresses does not fill the database; Named tells when there may be more. `now` never
+    // goes back.
     static constexpr size_t kMostAtOnce = 50;
-    [[nodiscard]] std::vector<Station> Take();
+    static constexpr std::chrono::seconds kTurn {2};
+    [[nodiscard]] std::vector<Station> Take(std::chrono::steady_clock::time_point now);
 
     // What could not be written is found still.
     void PutBack(const std::vector<Station> &unwritten);
@@ -48,5 +51,7 @@ private:
     void SetReady(const NetAddress &address, const QString &name);
 
     QHash<NetAddress, Found> found;
+    std::chrono::steady_clock::time_point turn {}; // when the present one began
+    size_t takenInTurn = 0;
     int asked = 0; // names that are under way
 };
