@@ -5387,7 +5387,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
     <message>
         <source>Day</source>
-        <translation>Ta&amp;g</translation>
+        <translation>Tag</translation>
     </message>
     <message>
         <source>Specify time range</source>

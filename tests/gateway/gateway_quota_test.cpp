@@ -186,12 +186,13 @@ TEST_F(ClientQuotas, QuotasAreMadeAndRaisedAmidManySmallPackets)
         }
     });
     for (int i = 0; i < 30; ++i) {
+        // Far enough that a busy machine makes the quota before the packets have come there.
         const quint64 start = Counted(kHere).received;
-        policy.clients[1].receivedUntil = start + 100000;
+        policy.clients[1].receivedUntil = start + 500'000;
         Apply();
-        policy.clients[1].receivedUntil = start + 100000 + static_cast<quint64>(i) * 4000;
+        policy.clients[1].receivedUntil = start + 500'000 + static_cast<quint64>(i) * 4000;
         Apply();
-        const quint64 limit = start + 400000;
+        const quint64 limit = start + 2'000'000;
         policy.clients[1].receivedUntil = limit;
         Apply();
         for (int wait = 0; Read().usedUpClients.empty() && wait < 1000; ++wait) {

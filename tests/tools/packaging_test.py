@@ -19,6 +19,7 @@ def unit(folder):
     text = (PACKAGING / "tollbrooksvc.service.in").read_text()
     text = text.replace("@CMAKE_INSTALL_FULL_BINDIR@/tollbrooksvc", "/bin/true")
     text = text.replace("@CMAKE_INSTALL_FULL_DATADIR@", "/usr/share")
+    text = text.replace("man:tollbrooksvc(8) ", "")  # it would be looked for among the installed ones
     path = pathlib.Path(folder) / "tollbrooksvc.service"
     path.write_text(text)
     return path

@@ -226,6 +226,10 @@ public:
     {
         if (label != nullptr) {
             label->setText(text);
+            // The letter that is underlined stands a little apart from its neighbours, which the label's
+            // size does not know.
+            constexpr int kApart = 2;
+            label->setContentsMargins(0, 0, kApart, 0);
         } else {
             button->setText(text);
         }

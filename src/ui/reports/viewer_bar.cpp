@@ -138,7 +138,6 @@ void ViewerBar::AddFind()
     find = new QLineEdit;
     SetNames(*find, u"find"_s, tr("Find text"));
     find->setPlaceholderText(tr("Find text"));
-    find->setMinimumWidth(fontMetrics().averageCharWidth() * 14); // else it shrinks to nothing first
     find->setMaximumWidth(180);
     TakeReturn(*find, [this] { AskFind(); });
     addWidget(find);
