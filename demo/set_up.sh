@@ -93,5 +93,14 @@ end_demo() {
     for pid in ${console_pid:-} ${service_pid:-} ${bus_pid:-}; do
         kill "$pid" 2>/dev/null || true
     done
+    # Nobody waits for ever for one that does not end.
+    for _ in {1..100}; do
+        [[ -n $(jobs -pr) ]] || return 0
+        sleep 0.1
+    done
+    for pid in $(jobs -pr); do
+        echo "Process $pid does not end and is killed: $(ps -o args= -p "$pid")" >&2
+        kill -KILL "$pid" 2>/dev/null || true
+    done
     wait
 }

@@ -711,29 +711,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
-    <name>Adapters</name>
-    <message>
-        <source>Ethernet adapter</source>
-        <translation>Ethernet-Adapter</translation>
-    </message>
-    <message>
-        <source>Wireless adapter</source>
-        <translation>WLAN-Adapter</translation>
-    </message>
-    <message>
-        <source>Point-to-point adapter</source>
-        <translation>Punkt-zu-Punkt-Adapter</translation>
-    </message>
-    <message>
-        <source>Virtual adapter</source>
-        <translation>Virtueller Adapter</translation>
-    </message>
-    <message>
-        <source>Network adapter</source>
-        <translation>Netzwerkadapter</translation>
-    </message>
-</context>
-<context>
     <name>AddMemberDialog</name>
     <message>
         <source>Add user to the group</source>
@@ -5520,6 +5497,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Storing the users...</source>
         <translation>Die Benutzer werden gespeichert …</translation>
+    </message>
+    <message>
+        <source>The block of these users was changed meanwhile and stays: %1</source>
+        <translation>Die Sperre dieser Benutzer wurde inzwischen geändert und bleibt: %1</translation>
     </message>
 </context>
 <context>

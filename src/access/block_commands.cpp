@@ -18,13 +18,19 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(BlockCommands)
 };
 
+struct BlockedUser
+{
+    StoredBlock block;
+    QString name;
+};
+
 // Nothing for a user that is gone.
-std::optional<StoredBlock> ReadBlock(ActionRun &run, UserId userId)
+std::optional<BlockedUser> ReadBlock(ActionRun &run, UserId userId)
 {
     return run.Take(ReadOne(
-        "SELECT blocked, blockreason FROM users WHERE user_id = (?)",
+        "SELECT blocked, blockreason, username FROM users WHERE user_id = (?)",
         [](const Row &row) {
-            return StoredBlock {row.Flag(1), row.Code<BlockReason>(2)};
+            return BlockedUser {{row.Flag(1), row.Code<BlockReason>(2)}, row.Text(3)};
         },
         userId));
 }
@@ -68,10 +74,10 @@ void Run(ActionRun &run,
     changed.clear();
     LockUsers(run, userIds);
     for (const UserId userId : PresentUsers(run, userIds)) {
-        const auto block = ReadBlock(run, userId);
-        if (block && command.concerns(*block)) {
+        const auto user = ReadBlock(run, userId);
+        if (user && command.concerns(user->block)) {
             command.change(run, userId);
-            changed.push_back({userId, *block, command.after(*block)});
+            changed.push_back({userId, user->block, command.after(user->block)});
         }
     }
     if (changed.empty()) {
@@ -86,6 +92,23 @@ Action ActionOf(ActionId id,
 {
     return {id,
             [&command, userIds, changed](ActionRun &run) { Run(run, command, userIds, *changed); }};
+}
+
+// The changes that still stand; the names of the users of the others, but for those who are gone.
+std::vector<BlockChange>
+StandingOf(ActionRun &run, const std::vector<BlockChange> &changes, QStringList &changedSince)
+{
+    changedSince.clear();
+    std::vector<BlockChange> standing;
+    for (const BlockChange &change : changes) {
+        const auto user = ReadBlock(run, change.userId);
+        if (user && user->block == change.after) {
+            standing.push_back(change);
+        } else if (user) {
+            changedSince << user->name;
+        }
+    }
+    return standing;
 }
 
 // The column's value after the change; nothing where it is as it was.
@@ -111,20 +134,20 @@ Action UnblockUsersAction(const std::vector<UserId> &userIds, const BlockChanges
     return ActionOf(ActionId::UnblockUsers, kUnblock, userIds, changed);
 }
 
-Action UndoBlocksAction(const std::vector<BlockChange> &changes)
+Action UndoBlocksAction(const std::vector<BlockChange> &changes,
+                        const std::shared_ptr<QStringList> &changedSince)
 {
     std::vector<UserId> userIds(changes.size());
     std::ranges::transform(changes, userIds.begin(), &BlockChange::userId);
-    return {ActionId::UndoBlocks, [changes, userIds](ActionRun &run) {
+    return {ActionId::UndoBlocks, [changes, userIds, changedSince](ActionRun &run) {
                 LockUsers(run, userIds);
-                for (const BlockChange &change : changes) {
-                    if (ReadBlock(run, change.userId) != change.after) {
-                        run.Refuse(Words::tr(
-                            "The block of these users was changed meanwhile. Nothing was undone."));
-                        return;
-                    }
+                const std::vector<BlockChange> standing = StandingOf(run, changes, *changedSince);
+                if (standing.empty()) {
+                    run.Refuse(Words::tr(
+                        "The block of these users was changed meanwhile. Nothing was undone."));
+                    return;
                 }
-                for (const auto &[userId, before, after] : changes) {
+                for (const auto &[userId, before, after] : standing) {
                     if (before.blocked) {
                         BlockUser(run, userId, before.reason);
                     } else {

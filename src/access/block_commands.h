@@ -5,6 +5,8 @@
 #include "actions/action.h"
 #include "db/ids.h"
 
+#include <QStringList>
+
 #include <memory>
 #include <vector>
 
@@ -31,9 +33,10 @@ using BlockChanges = std::shared_ptr<std::vector<BlockChange>>;
 [[nodiscard]] Action UnblockUsersAction(const std::vector<UserId> &userIds,
                                         const BlockChanges &changed);
 
-// Blocks and unblocks the users as they were before. Refused when the block of any of them is no longer
-// as the change left it.
-[[nodiscard]] Action UndoBlocksAction(const std::vector<BlockChange> &changes);
+// Blocks and unblocks the users as they were before. Whose block is no longer as the change left it keeps
+// it; `changedSince` gets the names of those users. Refused when that is everybody.
+[[nodiscard]] Action UndoBlocksAction(const std::vector<BlockChange> &changes,
+                                      const std::shared_ptr<QStringList> &changedSince);
 
 // A user whose block is another one after an action, whatever action it was.
 struct ChangedBlock

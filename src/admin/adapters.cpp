@@ -2,7 +2,6 @@
 
 #include "config/config_store.h"
 
-#include <QCoreApplication>
 #include <QNetworkInterface>
 
 #include <algorithm>
@@ -11,27 +10,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Words
-{
-    Q_DECLARE_TR_FUNCTIONS(Adapters)
-};
-
 constexpr qsizetype kDevicePathLength = 15; // \Device\Packet_
 
+// Part of what the settings keep, and the service looks for: the same in every language.
 QString KindOf(QNetworkInterface::InterfaceType type)
 {
     switch (type) {
     case QNetworkInterface::Ethernet:
-        return Words::tr("Ethernet adapter");
+        return u"Ethernet adapter"_s;
     case QNetworkInterface::Wifi:
-        return Words::tr("Wireless adapter");
+        return u"Wireless adapter"_s;
     case QNetworkInterface::Ppp:
     case QNetworkInterface::Slip:
-        return Words::tr("Point-to-point adapter");
+        return u"Point-to-point adapter"_s;
     case QNetworkInterface::Virtual:
-        return Words::tr("Virtual adapter");
+        return u"Virtual adapter"_s;
     default:
-        return Words::tr("Network adapter");
+        return u"Network adapter"_s;
     }
 }
 

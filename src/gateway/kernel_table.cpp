@@ -134,7 +134,7 @@ GatewayResult<bool> KernelTable::TakeOver()
     NetlinkWriter messages;
     MakeTable(messages, **comment);
     MakeChains(messages);
-    const GatewayResult<void> made = socket.Commit(std::move(messages), u"Taking over the table"_s);
+    const GatewayResult<void> made = socket.Commit(messages, u"Taking over the table"_s);
     if (!made && made.error().kind != GatewayFailure::Kind::Refused) {
         return tl::unexpected(made.error());
     }
@@ -153,7 +153,7 @@ GatewayResult<void> KernelTable::MakeNew()
         NetlinkWriter messages;
         MakeTable(messages, CommentFor(generation));
         MakeChains(messages);
-        return socket.Commit(std::move(messages), u"Making the table"_s);
+        return socket.Commit(messages, u"Making the table"_s);
     });
 }
 
@@ -376,7 +376,7 @@ GatewayResult<void> KernelTable::Remove()
             }
             NetlinkWriter messages;
             RemoveTable(messages);
-            return socket.Commit(std::move(messages), u"Removing the table"_s);
+            return socket.Commit(messages, u"Removing the table"_s);
         });
 }
 

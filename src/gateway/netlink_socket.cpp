@@ -167,7 +167,7 @@ GatewayResult<NetlinkView> NetlinkSocket::Receive(const QString &what)
     return NetlinkView(buffer).first(static_cast<size_t>(size));
 }
 
-GatewayResult<void> NetlinkSocket::Commit(NetlinkWriter messages, const QString &what)
+GatewayResult<void> NetlinkSocket::Commit(const NetlinkWriter &messages, const QString &what)
 {
     const quint32 first = ++sequence;
     const quint32 last = sequence += CountMessages(messages);
@@ -196,6 +196,20 @@ GatewayResult<void> NetlinkSocket::Commit(NetlinkWriter messages, const QString 
     return outcome;
 }
 
+// What the message that ends a dump says of it.
+GatewayResult<NetlinkSocket::Attempt> NetlinkSocket::EndOfDump(const NetlinkMessage &last,
+                                                               const QString &what)
+{
+    const std::optional<int> error = last.Error();
+    if (!error) {
+        return tl::unexpected(Unreadable(what));
+    }
+    if (*error != 0 && !IsPassing(*error)) {
+        return tl::unexpected(FailureOf(*error, what));
+    }
+    return *error == 0 ? Attempt::Done : Attempt::Again;
+}
+
 GatewayResult<NetlinkSocket::Attempt>
 NetlinkSocket::DumpOnce(FunctionRef<bool(const NetlinkMessage &)> take, const QString &what)
 {
@@ -214,14 +228,9 @@ NetlinkSocket::DumpOnce(FunctionRef<bool(const NetlinkMessage &)> take, const QS
                 attempt = Attempt::Again;
             }
             if (message->type == NLMSG_ERROR || message->type == NLMSG_DONE) {
-                const std::optional<int> error = message->Error();
-                if (!error) {
-                    return tl::unexpected(Unreadable(what));
-                }
-                if (*error != 0 && !IsPassing(*error)) {
-                    return tl::unexpected(FailureOf(*error, what));
-                }
-                return *error == 0 ? attempt : Attempt::Again;
+                return EndOfDump(*message, what).map([attempt](Attempt end) {
+                    return end == Attempt::Done ? attempt : end;
+                });
             }
             if (!take(*message)) {
                 return tl::unexpected(Unreadable(what));

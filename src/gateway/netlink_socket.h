@@ -18,7 +18,7 @@ public:
 
     // Sends `messages` as one datagram, which a batch of nftables makes one transaction, and waits
     // until the kernel has done all of it or nothing. `what` names it for people.
-    [[nodiscard]] GatewayResult<void> Commit(NetlinkWriter messages, const QString &what);
+    [[nodiscard]] GatewayResult<void> Commit(const NetlinkWriter &messages, const QString &what);
 
     // Sends one request and hands over each message of the answer. `take` gives false for one that
     // it cannot read. A dump that something changed meanwhile is asked for again: `restart` is
@@ -47,6 +47,8 @@ private:
     enum class Attempt { Done, Again };
     [[nodiscard]] GatewayResult<void> Send(const NetlinkBytes &bytes, const QString &what) const;
     [[nodiscard]] GatewayResult<NetlinkView> Receive(const QString &what);
+    [[nodiscard]] static GatewayResult<Attempt> EndOfDump(const NetlinkMessage &last,
+                                                          const QString &what);
     [[nodiscard]] GatewayResult<Attempt> DumpOnce(FunctionRef<bool(const NetlinkMessage &)> take,
                                                   const QString &what);
 

@@ -24,8 +24,8 @@ std::vector<Owned> OwnedAddresses(const Policy &policy, const std::vector<NetAdd
         }
     }
     std::ranges::stable_sort(owned, {}, &Owned::address);
-    const auto doubled = std::ranges::unique(owned, {}, &Owned::address);
-    owned.erase(doubled.begin(), doubled.end());
+    const auto isSame = [](const Owned &a, const Owned &b) { return a.address == b.address; };
+    owned.erase(std::unique(owned.begin(), owned.end(), isSame), owned.end());
     return owned;
 }
 
@@ -111,8 +111,7 @@ void AddRetired(TableContent &content,
 void MakeUnique(Elements &elements)
 {
     std::ranges::sort(elements);
-    const auto doubled = std::ranges::unique(elements);
-    elements.erase(doubled.begin(), doubled.end());
+    elements.erase(std::unique(elements.begin(), elements.end()), elements.end());
 }
 
 void AddMembers(QuotaMembers &members, QuotaId::Kind kind, const Elements &map)
@@ -139,8 +138,7 @@ TableContent ContentFor(const Policy &policy, const TableContent &standing)
 {
     std::vector<NetAddress> excluded = policy.network.excluded;
     std::ranges::sort(excluded);
-    const auto doubled = std::ranges::unique(excluded);
-    excluded.erase(doubled.begin(), doubled.end());
+    excluded.erase(std::unique(excluded.begin(), excluded.end()), excluded.end());
 
     TableContent content;
     for (const Owned &owned : OwnedAddresses(policy, excluded)) {

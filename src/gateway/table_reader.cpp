@@ -85,8 +85,10 @@ void Sort(ReadElements &elements)
     std::ranges::sort(elements, [](const ReadElement &a, const ReadElement &b) {
         return std::tie(a.element, b.bytes) < std::tie(b.element, a.bytes);
     });
-    const auto doubled = std::ranges::unique(elements, {}, &ReadElement::element);
-    elements.erase(doubled.begin(), doubled.end());
+    const auto isSame = [](const ReadElement &a, const ReadElement &b) {
+        return a.element == b.element;
+    };
+    elements.erase(std::unique(elements.begin(), elements.end(), isSame), elements.end());
 }
 
 // Of a rule that begins with a counter.

@@ -288,6 +288,17 @@ void MakeInput(NetlinkWriter &writer, const NetworkRules &network)
     RuleWriter(writer, kGatewayChain).Goto("refuse");
 }
 
+// The chains that the map's elements lead to.
+void MakeVerdictChains(NetlinkWriter &writer, SetId map, Family family)
+{
+    for (quint32 value = 1; value <= static_cast<quint32>(kLastVerdict); ++value) {
+        const QByteArray chain = ChainOf(static_cast<PacketVerdict>(value), map, family);
+        if (!chain.isEmpty()) {
+            MakeChain(writer, chain);
+        }
+    }
+}
+
 } // namespace
 
 bool IsContiguous(Ipv4 mask)
@@ -348,12 +359,7 @@ void MakeChains(NetlinkWriter &writer)
             MakeChain(writer, Numbered(stem, family));
         }
         for (const SetId map : {SetId::From, SetId::To}) {
-            for (quint32 value = 1; value <= static_cast<quint32>(kLastVerdict); ++value) {
-                const QByteArray chain = ChainOf(static_cast<PacketVerdict>(value), map, family);
-                if (!chain.isEmpty()) {
-                    MakeChain(writer, chain);
-                }
-            }
+            MakeVerdictChains(writer, map, family);
         }
     }
 }

@@ -129,7 +129,7 @@ CommitPieces(NetlinkSocket &socket, const MessagePieces &pieces, const QString &
     for (const NetlinkWriter &piece : pieces) {
         if (!batch.IsEmpty()
             && batch.Bytes().size() + piece.Bytes().size() > socket.LargestBatch()) {
-            if (GatewayResult<void> done = socket.Commit(std::move(batch), what); !done) {
+            if (GatewayResult<void> done = socket.Commit(batch, what); !done) {
                 return done;
             }
             batch = NetlinkWriter();
@@ -138,5 +138,5 @@ CommitPieces(NetlinkSocket &socket, const MessagePieces &pieces, const QString &
             batch.Append(piece);
         }
     }
-    return batch.IsEmpty() ? GatewayResult<void>() : socket.Commit(std::move(batch), what);
+    return batch.IsEmpty() ? GatewayResult<void>() : socket.Commit(batch, what);
 }

@@ -49,6 +49,7 @@ protected:
     FakeService service {bus};
     std::shared_ptr<ServiceLink> link;
     BlockChanges changed = std::make_shared<std::vector<BlockChange>>();
+    std::shared_ptr<QStringList> since = std::make_shared<QStringList>();
 };
 
 } // namespace
@@ -92,30 +93,45 @@ TEST_P(BlockCommands, AreUndoneForThoseWhomTheyChanged)
 {
     ASSERT_TRUE(Run(BlockUsersAction(kAll, changed)).IsDone());
     static_cast<void>(service.TakeCalls());
-    EXPECT_TRUE(Run(UndoBlocksAction(*changed)).IsDone());
+    EXPECT_TRUE(Run(UndoBlocksAction(*changed, since)).IsDone());
     EXPECT_EQ(RowsOf(kUsers),
               QStringList({u"1|0|3"_s, u"2|1|1"_s, u"3|1|3"_s, u"4|1|4"_s, u"5|1|9"_s}));
     EXPECT_THAT(service.TakeCalls(),
                 testing::ElementsAre(
                     u"UnblockUser 1"_s, u"BlockUser 2"_s, u"BlockUser 4"_s, u"BlockUser 5"_s));
     ASSERT_TRUE(Run(UnblockUsersAction({UserId {3}}, changed)).IsDone());
-    EXPECT_TRUE(Run(UndoBlocksAction(*changed)).IsDone());
+    EXPECT_TRUE(Run(UndoBlocksAction(*changed, since)).IsDone());
     EXPECT_EQ(RowsOf(kUsers).at(2), u"3|1|3"_s);
 }
 
 TEST_P(BlockCommands, AreNotUndoneOverWhatSomebodyElseDidMeanwhile)
 {
-    const QString refusal =
-        u"The block of these users was changed meanwhile. Nothing was undone."_s;
-    for (const char *meanwhile : {"UPDATE users SET blocked = false WHERE user_id = 2",
-                                  "UPDATE users SET blockreason = 1 WHERE user_id = 1",
-                                  "DELETE FROM users WHERE user_id = 2"}) {
+    struct Case
+    {
+        const char *meanwhile;
+        QStringList left; // of both users
+        QStringList told; // whose block stays
+    };
+    const Case cases[] = {
+        {"UPDATE users SET blocked = false WHERE user_id = 2", {u"1|0"_s, u"2|0"_s}, {u"bert"_s}},
+        {"UPDATE users SET blockreason = 1 WHERE user_id = 1", {u"1|1"_s, u"2|1"_s}, {u"anna"_s}},
+        {"DELETE FROM users WHERE user_id = 2", {u"1|0"_s}, {}}};
+    for (const auto &[meanwhile, left, told] : cases) {
         Execute("UPDATE users SET blocked = false WHERE user_id = 1");
         Execute("UPDATE users SET blocked = true, blockreason = 1 WHERE user_id = 2");
         ASSERT_TRUE(Run(BlockUsersAction({UserId {1}, UserId {2}}, changed)).IsDone());
         RunBeside(meanwhile);
-        EXPECT_EQ(Refusal(UndoBlocksAction(*changed)), refusal) << meanwhile;
+        EXPECT_TRUE(Run(UndoBlocksAction(*changed, since)).IsDone()) << meanwhile;
+        EXPECT_EQ(RowsOf("SELECT user_id, blocked FROM users WHERE user_id < 3 ORDER BY user_id"),
+                  left)
+            << meanwhile;
+        EXPECT_EQ(*since, told) << meanwhile;
     }
+    Execute("UPDATE users SET blocked = false");
+    ASSERT_TRUE(Run(BlockUsersAction({UserId {1}}, changed)).IsDone());
+    RunBeside("UPDATE users SET blockreason = 1 WHERE user_id = 1");
+    EXPECT_EQ(Refusal(UndoBlocksAction(*changed, since)),
+              u"The block of these users was changed meanwhile. Nothing was undone."_s);
 }
 
 TEST_P(BlockCommands, TellWhoseBlockIsTheAdministrators)
@@ -128,7 +144,7 @@ TEST_P(BlockCommands, TellWhoseBlockIsTheAdministrators)
                                               ChangedBlock {UserId {2}, true},
                                               ChangedBlock {UserId {4}, true},
                                               ChangedBlock {UserId {5}, true}));
-    EXPECT_THAT(changedBy(UndoBlocksAction(*changed)),
+    EXPECT_THAT(changedBy(UndoBlocksAction(*changed, since)),
                 testing::UnorderedElementsAre(ChangedBlock {UserId {1}, false},
                                               ChangedBlock {UserId {2}, false},
                                               ChangedBlock {UserId {4}, false},

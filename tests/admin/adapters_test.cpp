@@ -3,8 +3,10 @@
 #include "admin/setup.h"
 #include "config/config_store.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -40,6 +42,25 @@ TEST(Adapters, TheMachineHasItsLoopback)
         hidden += adapter.hidden ? 1 : 0;
     }
     EXPECT_EQ(hidden, 1);
+}
+
+// The settings keep the description, and a service of another language looks for it.
+TEST(Adapters, AreDescribedAlikeInEveryLanguage)
+{
+    struct Changed : QTranslator
+    {
+        [[nodiscard]] bool isEmpty() const override { return false; }
+        QString translate(const char *, const char *text, const char *, int) const override
+        {
+            return u"changed "_s + QString::fromUtf8(text);
+        }
+    };
+    int argumentCount = 0;
+    const QCoreApplication application(argumentCount, nullptr);
+    const QList<Adapter> before = SystemAdapters();
+    Changed translator;
+    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
+    EXPECT_EQ(SystemAdapters(), before);
 }
 
 TEST(Adapters, TheBindingHasAKeyOfItsOwn)

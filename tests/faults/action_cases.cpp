@@ -222,7 +222,8 @@ Action UndoBothBlocks()
 {
     const StoredBlock now {true, BlockReason::Administrator};
     return UndoBlocksAction({{kAnna, {true, BlockReason::TrafficUsedUp}, now},
-                             {kBert, {false, BlockReason::None}, now}});
+                             {kBert, {false, BlockReason::None}, now}},
+                            std::make_shared<QStringList>());
 }
 
 } // namespace

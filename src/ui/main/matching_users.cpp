@@ -16,7 +16,7 @@ void MatchingUsers::Choose(const UserFilter &filter, ListOrder order, QWidget &w
     auto found = AwaitBeside(services, &window, tr("Reading the users..."), [filter, order] {
         return FindUserIds(filter, order);
     });
-    Take(found ? *std::move(found) : std::vector<UserId>());
+    Take(found ? std::move(*found) : std::vector<UserId>());
     emit Changed();
     if (!found) {
         TellUnread(services, tr("The users could not be read."), found.error());

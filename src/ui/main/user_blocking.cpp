@@ -1,6 +1,7 @@
 #include "ui/main/user_blocking.h"
 
 #include "app/perform.h"
+#include "base/names_line.h"
 
 #include <QWidget>
 
@@ -50,10 +51,15 @@ void UserBlocking::Undo()
     if (changes.empty()) {
         return;
     }
-    const Outcome outcome =
-        PerformTelling(services, &window, tr("Storing the users..."), UndoBlocksAction(changes));
+    const auto changedSince = std::make_shared<QStringList>();
+    const Outcome outcome = PerformTelling(
+        services, &window, tr("Storing the users..."), UndoBlocksAction(changes, changedSince));
     if (outcome.IsDone()) {
         emit Done();
+        if (!changedSince->isEmpty()) {
+            services.prompt.Tell(tr("The block of these users was changed meanwhile and stays: %1")
+                                     .arg(NamesLine(*changedSince)));
+        }
     } else if (outcome.state == Outcome::State::Refused) {
         Offer({}, {});
     }
