@@ -210,34 +210,44 @@ GatewayResult<NetlinkSocket::Attempt> NetlinkSocket::EndOfDump(const NetlinkMess
     return *error == 0 ? Attempt::Done : Attempt::Again;
 }
 
+// Whether the dump ends with these messages. `attempt` becomes what is to be done with it.
+GatewayResult<bool> NetlinkSocket::TakeDumped(NetlinkView rest,
+                                              FunctionRef<bool(const NetlinkMessage &)> take,
+                                              Attempt &attempt,
+                                              const QString &what) const
+{
+    while (const std::optional<NetlinkMessage> message = TakeMessage(rest)) {
+        if (message->sequence != sequence) {
+            continue;
+        }
+        if ((message->flags & NLM_F_DUMP_INTR) != 0) {
+            attempt = Attempt::Again;
+        }
+        if (message->type == NLMSG_ERROR || message->type == NLMSG_DONE) {
+            return EndOfDump(*message, what).map([&attempt](Attempt end) {
+                attempt = end == Attempt::Done ? attempt : end;
+                return true;
+            });
+        }
+        if (!take(*message)) {
+            return tl::unexpected(Unreadable(what));
+        }
+    }
+    return rest.empty() ? GatewayResult<bool>(false) : tl::unexpected(Unreadable(what));
+}
+
 GatewayResult<NetlinkSocket::Attempt>
 NetlinkSocket::DumpOnce(FunctionRef<bool(const NetlinkMessage &)> take, const QString &what)
 {
     Attempt attempt = Attempt::Done;
     while (true) {
-        const GatewayResult<NetlinkView> received = Receive(what);
-        if (!received) {
-            return tl::unexpected(received.error());
+        const GatewayResult<bool> ended = Receive(what).and_then(
+            [&](NetlinkView received) { return TakeDumped(received, take, attempt, what); });
+        if (!ended) {
+            return tl::unexpected(ended.error());
         }
-        NetlinkView rest = *received;
-        while (const std::optional<NetlinkMessage> message = TakeMessage(rest)) {
-            if (message->sequence != sequence) {
-                continue;
-            }
-            if ((message->flags & NLM_F_DUMP_INTR) != 0) {
-                attempt = Attempt::Again;
-            }
-            if (message->type == NLMSG_ERROR || message->type == NLMSG_DONE) {
-                return EndOfDump(*message, what).map([attempt](Attempt end) {
-                    return end == Attempt::Done ? attempt : end;
-                });
-            }
-            if (!take(*message)) {
-                return tl::unexpected(Unreadable(what));
-            }
-        }
-        if (!rest.empty()) {
-            return tl::unexpected(Unreadable(what));
+        if (*ended) {
+            return attempt;
         }
     }
 }

@@ -49,6 +49,10 @@ private:
     [[nodiscard]] GatewayResult<NetlinkView> Receive(const QString &what);
     [[nodiscard]] static GatewayResult<Attempt> EndOfDump(const NetlinkMessage &last,
                                                           const QString &what);
+    [[nodiscard]] GatewayResult<bool> TakeDumped(NetlinkView rest,
+                                                 FunctionRef<bool(const NetlinkMessage &)> take,
+                                                 Attempt &attempt,
+                                                 const QString &what) const;
     [[nodiscard]] GatewayResult<Attempt> DumpOnce(FunctionRef<bool(const NetlinkMessage &)> take,
                                                   const QString &what);
 

@@ -21,8 +21,8 @@ constexpr quint32 kIpv6User = 21;
 constexpr quint64 kHardware = 0x020000000001; // of all workstations
 constexpr quint16 kPort = 4000;
 constexpr int kFragmented = 8000; // bytes of a datagram that travels in six fragments
-constexpr quint64 kHeadersOfWhole = 5 * 20; // bytes of headers on the link for it besides one
-constexpr quint64 kHeadersOfHalf = 2 * 20; // and for one of half its size
+constexpr quint64 kHeadersOfWhole = 100; // bytes of headers on the link for it besides one
+constexpr quint64 kHeadersOfHalf = 40; // and for one of half its size
 constexpr int kDatagrams = 10;
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "ui/main/saved_filters.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QClipboard>
 #include <QCompleter>
 #include <QDialog>
