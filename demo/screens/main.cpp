@@ -1,6 +1,7 @@
 // tollbrook-screens: draws the console's windows into PNG files, for the documentation and for a
 // machine without a display.
 #include "accounts/currency.h"
+#include "admin/adapters.h"
 #include "app/administrator_app.h"
 #include "demo/screens/studio.h"
 #include "ui/common/message_box_prompt.h"
@@ -64,6 +65,9 @@ void ReadCommandLine(QCommandLineParser &parser)
 QSet<QString> NamesOfDemonstration(const AppServices &services)
 {
     QSet<QString> names {CurrentCurrency(services.settings).name};
+    for (const Adapter &adapter : SystemAdapters()) {
+        names << adapter.description;
+    }
     for (const char *sqlText : {"SELECT username FROM users",
                                 "SELECT name FROM groups",
                                 "SELECT proto_name FROM protocols"}) {
