@@ -161,6 +161,17 @@ void EngineFixture::AwaitLockWait(int connections)
     }
 }
 
+bool EngineFixture::IsTrueInTime(const std::function<bool()> &holds)
+{
+    const QDeadlineTimer patience(10000);
+    while (!holds()) {
+        if (patience.hasExpired()) {
+            return false;
+        }
+    }
+    return true;
+}
+
 int EngineFixture::EndOtherConnections(const QString &words)
 {
     const bool onPostgresql = Engine() == u"postgresql"_s;

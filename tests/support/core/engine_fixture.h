@@ -16,6 +16,8 @@
 #include "db/direct_connection.h"
 #include "support/core/database_fixture.h"
 
+#include <functional>
+
 class EngineFixture : public testing::TestWithParam<const char *>
 {
 protected:
@@ -33,6 +35,10 @@ protected:
 
     // Servers: returns once so many connections to the database wait for locks that others hold.
     static void AwaitLockWait(int connections = 1);
+
+    // Asks until `holds` is true, once at least; false after ten seconds. The tests beside this one
+    // have databases of their own at the same server, and some of what it tells is told of all.
+    static bool IsTrueInTime(const std::function<bool()> &holds);
 
     // Has the server end the other connections to the database, or those whose running statement
     // holds `words`; how many those were.
