@@ -2223,6 +2223,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>There is a filter with this name. Replace it?</source>
         <translation>Es gibt einen Filter mit diesem Namen. Ersetzen?</translation>
     </message>
+    <message>
+        <source>Remove this filter?</source>
+        <translation>Diesen Filter entfernen?</translation>
+    </message>
 </context>
 <context>
     <name>FrameMenus</name>
@@ -3412,6 +3416,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
             <numerusform>Bitte geben Sie eine Zahl zwischen %1 und %2 mit höchstens %n Nachkommastelle ein.</numerusform>
             <numerusform>Bitte geben Sie eine Zahl zwischen %1 und %2 mit höchstens %n Nachkommastellen ein.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways. Please enter &quot;%2&quot;.</source>
+        <translation>„%1“ kann auf zwei Arten gelesen werden. Bitte geben Sie „%2“ ein.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways. Please enter &quot;%2&quot; or &quot;%3&quot;.</source>
+        <translation>„%1“ kann auf zwei Arten gelesen werden. Bitte geben Sie „%2“ oder „%3“ ein.</translation>
     </message>
 </context>
 <context>

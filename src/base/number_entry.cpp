@@ -64,9 +64,9 @@ std::optional<QString> WithoutGroups(const QString &whole, const Marks &marks)
     return isGrouped && inGroup != kGroupDigits ? std::nullopt : std::optional(digits);
 }
 
-// Where the decimal mark stands, the length when there is none, nothing when it cannot be told. The
-// last mark is the decimal one, unless it can only separate groups, as the second of two.
-std::optional<qsizetype> DecimalPlace(const QString &text, const Marks &marks)
+// Where the decimal mark stands, the length when there is none. The last mark is the decimal one, unless
+// it can only separate groups, as the second of two.
+tl::expected<qsizetype, NumberFault> DecimalPlace(const QString &text, const Marks &marks)
 {
     const auto isMark = [](QChar c) { return !IsDigit(c); };
     const auto last = std::find_if(text.rbegin(), text.rend(), isMark);
@@ -80,8 +80,10 @@ std::optional<qsizetype> DecimalPlace(const QString &text, const Marks &marks)
     if (text.count(*last) > 1) {
         return text.size();
     }
-    const bool mayGroup = WithoutGroups(text, marks).has_value();
-    return mayGroup ? std::nullopt : std::optional(place);
+    if (WithoutGroups(text, marks)) {
+        return tl::unexpected(NumberFault::Ambiguous);
+    }
+    return place;
 }
 
 struct Parts
@@ -90,17 +92,23 @@ struct Parts
     QString decimals;
 };
 
-std::optional<Parts> PartsOf(const QString &text, const Marks &marks)
+tl::expected<Parts, NumberFault> PartsOf(const QString &text, const Marks &marks)
 {
     const auto place = DecimalPlace(text, marks);
-    const auto whole = place ? WithoutGroups(text.left(*place), marks) : std::nullopt;
+    if (!place) {
+        return tl::unexpected(place.error());
+    }
+    const auto whole = WithoutGroups(text.left(*place), marks);
     if (!whole) {
-        return std::nullopt;
+        return tl::unexpected(NumberFault::Unreadable);
     }
     Parts parts {*whole, text.mid(*place + 1)};
     const bool isNumber = std::ranges::all_of(std::as_const(parts.decimals), IsDigit)
         && !(parts.whole.isEmpty() && parts.decimals.isEmpty());
-    return isNumber ? std::optional(parts) : std::nullopt;
+    if (!isNumber) {
+        return tl::unexpected(NumberFault::Unreadable);
+    }
+    return parts;
 }
 
 } // namespace
@@ -114,7 +122,10 @@ NumberFrom(const QString &typed, const NumberBounds &bounds, const QLocale &loca
     }
     const auto parts =
         PartsOf(text, {FirstOf(locale.decimalPoint()), FirstOf(locale.groupSeparator())});
-    if (!parts || parts->decimals.size() > bounds.decimals) {
+    if (!parts) {
+        return tl::unexpected(parts.error());
+    }
+    if (parts->decimals.size() > bounds.decimals) {
         return tl::unexpected(NumberFault::Unreadable);
     }
     bool fits = false; // a double can be too small for what was typed

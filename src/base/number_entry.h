@@ -19,15 +19,16 @@ struct NumberBounds
 
 enum class NumberFault {
     Blank, // nothing but blanks
-    Unreadable, // no number, one that could mean two, or one with more decimals than are taken
+    Unreadable, // no number, or one with more decimals than are taken
+    Ambiguous, // its one mark separates thousands or decimals
     OutOfRange,
 };
 
 // Reads what was typed. The decimal mark is a point or what `locale` writes for it. The locale's group
 // separator (a blank for any kind of blank, an apostrophe for either kind) is understood where it
 // stands between whole groups of three digits and cannot be the decimal mark: "1.234" in German is
-// Unreadable, since it may mean either; "1.234,5", "1.234.567" and "0.123" mean one number only. A
-// decimal mark at the end says nothing: "5." is 5 everywhere, and "5," where a comma is the decimal mark;
-// a group separator at the end is Unreadable. A sign or an exponent is Unreadable. Blanks around the number do not count.
+// Ambiguous; "1.234,5", "1.234.567" and "0.123" mean one number only. A decimal mark at the end says
+// nothing: "5." is 5 everywhere, and "5," where a comma is the decimal mark; a group separator at the end
+// is Unreadable. A sign or an exponent is Unreadable. Blanks around the number do not count.
 [[nodiscard]] tl::expected<double, NumberFault>
 NumberFrom(const QString &typed, const NumberBounds &bounds, const QLocale &locale = QLocale());

@@ -16,6 +16,7 @@ struct Case
 constexpr NumberBounds kAmount {.least = 0.0, .most = 1e9, .decimals = 2};
 
 const tl::unexpected<NumberFault> kUnreadable(NumberFault::Unreadable);
+const tl::unexpected<NumberFault> kAmbiguous(NumberFault::Ambiguous);
 const tl::unexpected<NumberFault> kOutside(NumberFault::OutOfRange);
 const tl::unexpected<NumberFault> kBlank(NumberFault::Blank);
 
@@ -54,7 +55,6 @@ TEST(NumberEntry, MeansTheSameEverywhere)
                 {u"1e3"_s, kUnreadable},
                 {u"0x10"_s, kUnreadable},
                 {u"1.2.3"_s, kUnreadable},
-                {u"12.345"_s, kUnreadable}, // more decimals than are taken, or groups
                 {u"12 Mb"_s, kUnreadable},
                 {u"inf"_s, kUnreadable},
                 {u"nan"_s, kUnreadable}});
@@ -68,6 +68,7 @@ TEST(NumberEntry, PointAndCommaInEnglish)
                {{u"1,234"_s, 1234.0}, // a comma is no decimal mark here
                 {u"1,234.56"_s, 1234.56},
                 {u"1,234,567"_s, 1234567.0},
+                {u"12.345"_s, kUnreadable}, // too many decimals
                 {u"2,5"_s, kUnreadable},
                 {u"1,23"_s, kUnreadable},
                 {u"12,34,567"_s, kUnreadable},
@@ -90,8 +91,8 @@ TEST(NumberEntry, PointAndCommaInGerman)
                 {u"1.234,56"_s, 1234.56},
                 {u"1.234.567"_s, 1234567.0},
                 {u"1.234.567,8"_s, 1234567.8},
-                {u"1.234"_s, kUnreadable}, // a thousand or one and a bit
-                {u"999.999"_s, kUnreadable},
+                {u"1.234"_s, kAmbiguous}, // a thousand or one and a bit
+                {u"999.999"_s, kAmbiguous},
                 {u"1234.5"_s, 1234.5},
                 {u"1,234"_s, kUnreadable}, // too many decimals
                 {u"1,234.56"_s, kUnreadable},
@@ -103,7 +104,7 @@ TEST(NumberEntry, PointAndCommaInGerman)
     constexpr NumberBounds exact {.least = 0.0, .most = 1e9, .decimals = 6};
     Expect("de_DE",
            {{u"0.123"_s, 0.123}, // no thousands begin with a nought
-            {u"1.234"_s, kUnreadable},
+            {u"1.234"_s, kAmbiguous},
             {u"1234.567"_s, 1234.567},
             {u"1,234"_s, 1.234},
             {u"1.2345"_s, 1.2345}},
@@ -192,5 +193,5 @@ TEST(NumberEntry, WholeNumbersWithinBounds)
         Expect(locale, {{u"2147483647"_s, 2147483647.0}, {u"2147483648"_s, kOutside}}, {});
     }
     Expect("C", {{u"1,000"_s, 1000.0}}, {});
-    Expect("de_DE", {{u"1.000"_s, kUnreadable}, {u"1.000.000"_s, 1000000.0}}, {});
+    Expect("de_DE", {{u"1.000"_s, kAmbiguous}, {u"1.000.000"_s, 1000000.0}}, {});
 }

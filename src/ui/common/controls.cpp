@@ -80,8 +80,9 @@ bool HoldsNumber(Prompt &prompt, NumberField &field, const QString &missing)
 {
     const auto entered = field.Entered();
     if (!entered) {
-        const bool isOutside = entered.error() == NumberFault::OutOfRange;
-        Refuse(prompt, field, isOutside || missing.isEmpty() ? field.Request() : missing);
+        const bool isNumber =
+            entered.error() == NumberFault::OutOfRange || entered.error() == NumberFault::Ambiguous;
+        Refuse(prompt, field, isNumber || missing.isEmpty() ? field.Request() : missing);
     }
     return entered.has_value();
 }

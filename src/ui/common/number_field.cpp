@@ -62,6 +62,12 @@ bool NumberField::IsWrong() const
     return !Entered() && !IsBlank();
 }
 
+bool NumberField::IsAmbiguous() const
+{
+    const auto entered = Entered();
+    return !entered && entered.error() == NumberFault::Ambiguous;
+}
+
 void NumberField::SetNumber(quint32 number)
 {
     setText(QString::number(number));
@@ -72,8 +78,24 @@ void NumberField::SetAmount(double amount)
     setText(AmountText(amount));
 }
 
+QString NumberField::RequestOfOneMeaning() const
+{
+    const QLocale locale;
+    const QString typed = text().trimmed();
+    const QString thousands = QString(typed).remove(locale.groupSeparator());
+    const QString decimals = QString(typed).replace(locale.groupSeparator(), locale.decimalPoint());
+    if (!NumberFrom(decimals, bounds)) {
+        return tr("\"%1\" can be read in two ways. Please enter \"%2\".").arg(typed, thousands);
+    }
+    return tr("\"%1\" can be read in two ways. Please enter \"%2\" or \"%3\".")
+        .arg(typed, thousands, decimals);
+}
+
 QString NumberField::Request() const
 {
+    if (IsAmbiguous()) {
+        return RequestOfOneMeaning();
+    }
     const auto inWords = [](double bound) {
         return QString::number(bound, 'f', QLocale::FloatingPointShortest);
     };

@@ -34,7 +34,9 @@ public:
     void SetNumber(quint32 number);
     void SetAmount(double amount); // as AmountText
 
-    // What the field takes, as a request.
+    [[nodiscard]] bool IsAmbiguous() const; // thousands or decimals, which only the typist knows
+
+    // What the field takes, or how what stands there must be written to mean one number, as a request.
     [[nodiscard]] QString Request() const;
 
 signals:
@@ -46,6 +48,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    [[nodiscard]] QString RequestOfOneMeaning() const;
     void Judge();
     void Step(int by);
 

@@ -246,7 +246,7 @@ void FindBar::FillSavedFilters(QMenu &menu)
             field->setFocus(Qt::OtherFocusReason);
         });
         connect(removals->addAction(shown), &QAction::triggered, this, [this, name] {
-            TellUnkept(saved_filters::Remove(name));
+            RemoveFilter(name);
         });
     }
     if (!menu.isEmpty()) {
@@ -265,6 +265,13 @@ void FindBar::SaveFilter()
     dialog.SetCheck([this](const QString &name) { return MaySaveAs(name); });
     if (dialog.exec() == QDialog::Accepted) {
         TellUnkept(saved_filters::Save(dialog.Name(), field->text()));
+    }
+}
+
+void FindBar::RemoveFilter(const QString &name)
+{
+    if (prompt.AskToDestroy(tr("Remove this filter?"), NamesLine({name}))) {
+        TellUnkept(saved_filters::Remove(name));
     }
 }
 

@@ -46,6 +46,7 @@ private:
     void TellNobody();
     void FillSavedFilters(QMenu &menu);
     void SaveFilter();
+    void RemoveFilter(const QString &name);
     [[nodiscard]] bool MaySaveAs(const QString &name) const;
     void TellUnkept(bool kept);
 

@@ -52,10 +52,10 @@ CurrencyEntry CurrencyDialog::Entry() const
 void CurrencyDialog::accept()
 {
     if (const auto problem = CheckEntry(Entry())) {
-        Refuse(prompt,
-               problem == CurrencyProblem::SymbolMissing ? *symbol
-                                                         : static_cast<QLineEdit &>(*rate),
-               TextOf(*problem));
+        auto &field =
+            problem == CurrencyProblem::SymbolMissing ? static_cast<QLineEdit &>(*symbol) : *rate;
+        const bool isAmbiguous = problem == CurrencyProblem::RateWrong && rate->IsAmbiguous();
+        Refuse(prompt, field, isAmbiguous ? rate->Request() : TextOf(*problem));
         return;
     }
     QDialog::accept();

@@ -140,6 +140,12 @@ TEST(NumberField, ReadsAmountsAsTheLocaleWritesThem)
     EXPECT_EQ(field.text(), u"1.234"_s);
     EXPECT_EQ(field.Amount(), std::nullopt);
     EXPECT_TRUE(field.IsWrong());
+    EXPECT_EQ(field.Request(), u"\"1.234\" can be read in two ways. Please enter \"1234\"."_s);
+    NumberField exact({.least = 0, .most = 1e9, .decimals = 6});
+    exact.setText(u"1.234"_s);
+    EXPECT_EQ(exact.Request(),
+              u"\"1.234\" can be read in two ways. Please enter \"1234\" or \"1,234\"."_s);
+    Type(field, u"1,234"_s);
     EXPECT_EQ(field.Request(),
               u"Please enter a number between 0 and 1000000000, with at most 2 decimals."_s);
     field.SetAmount(1234567.5);

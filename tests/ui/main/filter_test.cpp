@@ -314,12 +314,18 @@ TEST_F(Filters, AreSavedUnderAName)
     EXPECT_EQ(Names().join(u' '), u"dora"_s);
     EXPECT_EQ(Field().text(), u"group:sales berg"_s);
     EXPECT_EQ(frame->focusWidget(), &Field());
-    OpenSaved([](QMenu &menu) {
-        auto *removals = menu.actions().constLast()->menu();
-        ASSERT_NE(removals, nullptr);
-        removals->actions().constFirst()->trigger();
-        menu.close();
-    });
+    for (const bool answer : {false, true}) {
+        EXPECT_EQ(saved_filters::Names(), QStringList(u"Sales & Co/1"_s));
+        prompt.AnswerWith({answer});
+        OpenSaved([](QMenu &menu) {
+            auto *removals = menu.actions().constLast()->menu();
+            ASSERT_NE(removals, nullptr);
+            removals->actions().constFirst()->trigger();
+            menu.close();
+        });
+        EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Remove this filter?"_s));
+        EXPECT_EQ(prompt.TakeGoing(), QStringList(u"Sales & Co/1"_s));
+    }
     OpenSaved([](QMenu &menu) {
         EXPECT_EQ(MenuTexts(menu), QStringList({u"Save filter..."_s, u"~Remove"_s}));
         menu.close();
