@@ -57,8 +57,8 @@ Part UsedAmount(const ValueList &today, const ValueList &month, const ValueList 
         "users.user_id AND period = 2 AND current_time >= (?)), 0) ",
         month);
     Add(part,
-        QByteArray("WHEN mode = 2 THEN (SELECT SUM(usage) FROM billing WHERE object_id = "
-                   "users.user_id AND billing.mode = 2")
+        QByteArray("WHEN mode = 2 THEN (SELECT SUM(CASE WHEN moneydata > 0 THEN moneyusage ELSE "
+                   "usage END) FROM billing WHERE object_id = users.user_id AND billing.mode = 2")
             + kNotExpired + ") ELSE 0 END",
         lastDay);
     return part;

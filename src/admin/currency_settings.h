@@ -2,6 +2,7 @@
 #pragma once
 
 #include "admin/edited_settings.h"
+#include "base/amount_text.h"
 #include "base/number_entry.h"
 
 #include <QList>
@@ -59,7 +60,7 @@ struct CurrencyEntry
 {
     QString symbol;
     QString title;
-    QString rate = QStringLiteral("1.00");
+    QString rate = AmountText(1.0);
 };
 
 // The entry that the dialog opens with for the defined currency; its parts are cut as they were

@@ -126,7 +126,8 @@ NumberFrom(const QString &typed, const NumberBounds &bounds, const QLocale &loca
         return tl::unexpected(parts.error());
     }
     if (parts->decimals.size() > bounds.decimals) {
-        return tl::unexpected(NumberFault::Unreadable);
+        return tl::unexpected(bounds.decimals == 0 ? NumberFault::Unreadable
+                                                   : NumberFault::TooPrecise);
     }
     bool fits = false; // a double can be too small for what was typed
     const double number = QString(parts->whole + u'.' + parts->decimals).toDouble(&fits);

@@ -19,8 +19,9 @@ struct NumberBounds
 
 enum class NumberFault {
     Blank, // nothing but blanks
-    Unreadable, // no number, or one with more decimals than are taken
+    Unreadable, // where no decimals are taken, any are
     Ambiguous, // its one mark separates thousands or decimals
+    TooPrecise, // it has more decimals than the few that are taken
     OutOfRange,
 };
 

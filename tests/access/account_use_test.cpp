@@ -108,7 +108,8 @@ TEST_P(AccountUsesRead, PutTheListInOrder)
         "VALUES (1, 'day', 1, 100, 1, 0, 2), (2, 'month', 5, 500, 2, 9, 2), "
         "(3, 'nothing yet', 1, 70, 2, 0, 2), (4, 'over', 1, 10, 2, 0, 2), "
         "(5, 'hours', 4, 0, 2, 40, 2), (6, 'hours today', 4, 0, 2, 3, 1), "
-        "(7, 'pre-paid', 2, 0, 2, 0, 2), (8, 'unbounded', 2, 0, 2, 0, 2), (9, 'free', 0, 0, 2, 0, 2)");
+        "(7, 'pre-paid', 2, 0, 2, 0, 2), (8, 'unbounded', 2, 0, 2, 0, 2), (9, 'free', 0, 0, 2, 0, 2), "
+        "(10, 'money', 2, 0, 2, 0, 2)");
     const auto use = [](const char *sqlText, quint32 user, quint32 period, QDate day, double data) {
         Execute(sqlText, user, period, DayOf(day), data);
     };
@@ -125,15 +126,17 @@ TEST_P(AccountUsesRead, PutTheListInOrder)
     use(time, 6, 1, kToday, 1);
     Execute("INSERT INTO billing (mode, object_id, data, usage, expiredday) VALUES "
             "(2, 7, 100, 30, ''), (2, 7, 900, 5, '2026.11.20'), (2, 8, NULL, 800, '')");
+    Execute("INSERT INTO billing (mode, object_id, data, usage, moneydata, moneyusage, expiredday) "
+            "VALUES (2, 10, NULL, 900, 50, 2, '')");
 
     EXPECT_EQ(NamesBy(user_order::kUsed, false).join(u','),
-              u"month,over,day,nothing yet,unbounded,pre-paid,hours,hours today,free"_s);
+              u"month,over,day,nothing yet,unbounded,pre-paid,money,hours,hours today,free"_s);
     EXPECT_EQ(NamesBy(user_order::kUsed, true).join(u','),
-              u"nothing yet,day,over,month,pre-paid,unbounded,hours today,hours,free"_s);
+              u"nothing yet,day,over,month,money,pre-paid,unbounded,hours today,hours,free"_s);
     EXPECT_EQ(NamesBy(user_order::kLeft, true).join(u','),
-              u"over,month,day,nothing yet,pre-paid,unbounded,hours,hours today,free"_s);
+              u"over,month,day,nothing yet,money,pre-paid,unbounded,hours,hours today,free"_s);
     EXPECT_EQ(NamesBy(user_order::kLeft, false).join(u','),
-              u"nothing yet,day,month,over,unbounded,pre-paid,hours today,hours,free"_s);
+              u"nothing yet,day,month,over,unbounded,pre-paid,money,hours today,hours,free"_s);
 }
 
 // Whatever the demonstration holds: what is shown stands in the order in which it is shown.

@@ -17,6 +17,7 @@ constexpr NumberBounds kAmount {.least = 0.0, .most = 1e9, .decimals = 2};
 
 const tl::unexpected<NumberFault> kUnreadable(NumberFault::Unreadable);
 const tl::unexpected<NumberFault> kAmbiguous(NumberFault::Ambiguous);
+const tl::unexpected<NumberFault> kPrecise(NumberFault::TooPrecise);
 const tl::unexpected<NumberFault> kOutside(NumberFault::OutOfRange);
 const tl::unexpected<NumberFault> kBlank(NumberFault::Blank);
 
@@ -68,7 +69,7 @@ TEST(NumberEntry, PointAndCommaInEnglish)
                {{u"1,234"_s, 1234.0}, // a comma is no decimal mark here
                 {u"1,234.56"_s, 1234.56},
                 {u"1,234,567"_s, 1234567.0},
-                {u"12.345"_s, kUnreadable}, // too many decimals
+                {u"12.345"_s, kPrecise},
                 {u"2,5"_s, kUnreadable},
                 {u"1,23"_s, kUnreadable},
                 {u"12,34,567"_s, kUnreadable},
@@ -94,7 +95,7 @@ TEST(NumberEntry, PointAndCommaInGerman)
                 {u"1.234"_s, kAmbiguous}, // a thousand or one and a bit
                 {u"999.999"_s, kAmbiguous},
                 {u"1234.5"_s, 1234.5},
-                {u"1,234"_s, kUnreadable}, // too many decimals
+                {u"1,234"_s, kPrecise},
                 {u"1,234.56"_s, kUnreadable},
                 {u"1.23.456"_s, kUnreadable},
                 {u"1.2345,6"_s, kUnreadable},
@@ -164,7 +165,7 @@ TEST(NumberEntry, BlanksInFrench)
             {u"12 34"_s, kUnreadable},
             {u"1  234"_s, kUnreadable},
             {u"1.234,56"_s, kUnreadable},
-            {u"1.234"_s, kUnreadable}});
+            {u"1.234"_s, kPrecise}});
 }
 
 TEST(NumberEntry, ApostrophesInSwitzerland)

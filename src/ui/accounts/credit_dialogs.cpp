@@ -26,7 +26,7 @@ CreditDialog::CreditDialog(Prompt &messages, Currency shown, QWidget *parent)
     , prompt(messages)
     , currency(std::move(shown))
     , kinds(new QButtonGroup(this))
-    , amount(new NumberField({.most = kMostCredit, .decimals = 2}, this))
+    , amount(new NumberField({.least = 0.01, .most = kMostCredit, .decimals = 2}, this))
     , unit(new QLabel(this))
 {
     setWindowTitle(tr("Add credit"));
@@ -93,7 +93,7 @@ void CreditDialog::KindChanged()
 void CreditDialog::accept()
 {
     if (const auto problem = CheckAmount(Kind(), amount->Amount(), currency.rate)) {
-        Refuse(prompt, *amount, *problem);
+        RefuseNumber(prompt, *amount, *problem);
         return;
     }
     DayField *expiryField = ExpiryField();

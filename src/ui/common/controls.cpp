@@ -76,13 +76,17 @@ void Refuse(Prompt &prompt, QLineEdit &field, const QString &text)
     field.selectAll();
 }
 
+void RefuseNumber(Prompt &prompt, NumberField &field, const QString &text)
+{
+    Refuse(prompt, field, field.IsUnclear() ? field.Request() : text);
+}
+
 bool HoldsNumber(Prompt &prompt, NumberField &field, const QString &missing)
 {
     const auto entered = field.Entered();
     if (!entered) {
-        const bool isNumber =
-            entered.error() == NumberFault::OutOfRange || entered.error() == NumberFault::Ambiguous;
-        Refuse(prompt, field, isNumber || missing.isEmpty() ? field.Request() : missing);
+        const bool isOutside = entered.error() == NumberFault::OutOfRange;
+        RefuseNumber(prompt, field, isOutside || missing.isEmpty() ? field.Request() : missing);
     }
     return entered.has_value();
 }

@@ -45,8 +45,11 @@ void Complain(Prompt &prompt, const QString &text);
 // As above, with the focus on the field afterwards; what was typed stays, chosen to be typed over.
 void Refuse(Prompt &prompt, QLineEdit &field, const QString &text);
 
+// As Refuse; of a number that must only be written otherwise the field's own request tells more.
+void RefuseNumber(Prompt &prompt, NumberField &field, const QString &text);
+
 // Whether the field holds a number that it takes. Tells so when it does not: in the words of `missing`,
-// or of the field's own request when there are none or the number is out of its bounds.
+// or of the field's own request when there are none or what stands there is a number.
 [[nodiscard]] bool HoldsNumber(Prompt &prompt, NumberField &field, const QString &missing = {});
 
 // Whether the field holds a day or a time. Tells so, in the words of its request, when it does not.

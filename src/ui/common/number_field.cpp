@@ -62,10 +62,12 @@ bool NumberField::IsWrong() const
     return !Entered() && !IsBlank();
 }
 
-bool NumberField::IsAmbiguous() const
+bool NumberField::IsUnclear() const
 {
     const auto entered = Entered();
-    return !entered && entered.error() == NumberFault::Ambiguous;
+    return !entered
+        && (entered.error() == NumberFault::Ambiguous
+            || entered.error() == NumberFault::TooPrecise);
 }
 
 void NumberField::SetNumber(quint32 number)
@@ -93,7 +95,7 @@ QString NumberField::RequestOfOneMeaning() const
 
 QString NumberField::Request() const
 {
-    if (IsAmbiguous()) {
+    if (const auto entered = Entered(); !entered && entered.error() == NumberFault::Ambiguous) {
         return RequestOfOneMeaning();
     }
     const auto inWords = [](double bound) {

@@ -34,7 +34,7 @@ public:
     void SetNumber(quint32 number);
     void SetAmount(double amount); // as AmountText
 
-    [[nodiscard]] bool IsAmbiguous() const; // thousands or decimals, which only the typist knows
+    [[nodiscard]] bool IsUnclear() const; // a number that must be written otherwise
 
     // What the field takes, or how what stands there must be written to mean one number, as a request.
     [[nodiscard]] QString Request() const;

@@ -534,19 +534,28 @@ void CAdministratorView::MoveByKey(QKeyEvent *event)
     }
 }
 
-// The right button opens the menu of what is chosen.
+// On a row that is chosen the right button opens the menu of all, and the left one may begin to drag them.
 void CAdministratorView::mousePressEvent(QMouseEvent *event)
 {
     const QModelIndex row = indexAt(event->position().toPoint());
-    if (event->button() != Qt::RightButton || !selectionModel()->isSelected(row)) {
+    if (event->modifiers() != Qt::NoModifier || !selectionModel()->isSelected(row)) {
         EndMatching();
     }
     IdListPane::mousePressEvent(event);
 }
 
+void CAdministratorView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QItemSelection before = selectionModel()->selection();
+    IdListPane::mouseReleaseEvent(event);
+    if (selectionModel()->selection() != before) {
+        matching.End();
+    }
+}
+
 void CAdministratorView::startDrag(Qt::DropActions /*actions*/)
 {
-    const QList<UserId> dragged = SelectedIds();
+    const QList<UserId> dragged = ChosenIds();
     if (dragged.isEmpty()) {
         return;
     }

@@ -109,6 +109,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void MoveByKey(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void startDrag(Qt::DropActions actions) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "ui/main/focus_round.h"
 
+#include <QApplication>
 #include <QShortcut>
 #include <QWidget>
 
@@ -25,6 +26,9 @@ void Go(const QWidget &window, const std::vector<FocusStop> &stops, int step)
         next = (next + step + count) % count;
         const FocusStop &stop = stops[static_cast<size_t>(next)];
         if (stop.area->isVisible()) {
+            if (QWidget *popup = QApplication::activePopupWidget()) {
+                popup->close(); // the words offered for what is typed, which stay without the field
+            }
             stop.takeFocus();
             return;
         }

@@ -3,6 +3,7 @@
 #include "access/group_list.h"
 #include "access/user_list.h"
 #include "ui/common/icons.h"
+#include "ui/common/keyboard_order.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/administrator_view.h"
 #include "ui/main/administrator_view_grp.h"
@@ -17,7 +18,9 @@
 #include "ui/main/why_panel.h"
 #include "ui/main/why_side.h"
 
+#include <QAbstractButton>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
@@ -93,6 +96,7 @@ void CSplitterFrame::CreateBars()
             &QShortcut::activated,
             findBar,
             &FindBar::TakeFocus);
+    GiveMnemonics(*findBar, TakenLetters());
     status = new FrameStatusBar(this);
     setStatusBar(status);
     setContextMenuPolicy(Qt::NoContextMenu); // both bars stay
@@ -107,6 +111,18 @@ void CSplitterFrame::CreateBars()
     Follow(*groups, *users);
     FollowService();
     FollowChanges();
+}
+
+QSet<QChar> CSplitterFrame::TakenLetters() const
+{
+    QSet<QChar> letters;
+    for (const QAction *opened : menuBar()->actions()) {
+        letters << MnemonicIn(opened->text());
+    }
+    for (const auto *button : why->Panel().findChildren<QAbstractButton *>()) {
+        letters << MnemonicIn(button->text());
+    }
+    return letters;
 }
 
 void CSplitterFrame::FollowService()

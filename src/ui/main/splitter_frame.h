@@ -5,6 +5,7 @@
 #include "ui/main/frame_dialogs.h"
 
 #include <QMainWindow>
+#include <QSet>
 #include <QTimer>
 
 class AutoRefresh;
@@ -70,6 +71,8 @@ protected:
 private:
     void CreatePanes();
     void CreateBars();
+    // By Alt and a letter, in the menu bar and in the panel beside the lists.
+    [[nodiscard]] QSet<QChar> TakenLetters() const;
     void FollowService();
     void FollowChanges();
     void CreateTimers();

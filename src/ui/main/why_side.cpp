@@ -43,15 +43,29 @@ WhySide::WhySide(const AppServices &appServices, CSplitterFrame &owner, QSplitte
     panel->hide();
     RememberParts(panes, u"whyPanel"_s);
     show->setChecked(Remembered(kShown).toBool());
-    panel->setVisible(show->isChecked());
+    Show(show->isChecked());
     FollowLists();
     AddKeys();
 }
 
 void WhySide::SetShown(bool shown)
 {
-    panel->setVisible(shown);
+    Show(shown);
     Remember(kShown, shown);
+}
+
+// Of a panel that nobody has seen yet a width of nothing is kept, which would leave it the least that its
+// words need, and so another one for each user.
+void WhySide::Show(bool shown)
+{
+    panel->setVisible(shown);
+    QList<int> widths = panes.sizes();
+    const int wanted = panel->sizeHint().width();
+    if (shown && widths.constLast() <= panel->minimumSizeHint().width()) {
+        widths.front() += widths.constLast() - wanted;
+        widths.back() = wanted;
+        panes.setSizes(widths);
+    }
 }
 
 void WhySide::FollowLists()

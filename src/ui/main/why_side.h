@@ -33,6 +33,7 @@ private:
     void FollowLists();
     void AddKeys();
     void SetShown(bool shown);
+    void Show(bool shown);
     [[nodiscard]] Targets<UserId> TargetsOfPanel() const;
     void RunFor(const Targets<UserId> &targets, void (UserBlocking::*run)(const QList<UserId> &));
     void Run(WhyCommand command, bool ofGroup, UserId userId, GroupId groupId);

@@ -52,10 +52,11 @@ CurrencyEntry CurrencyDialog::Entry() const
 void CurrencyDialog::accept()
 {
     if (const auto problem = CheckEntry(Entry())) {
-        auto &field =
-            problem == CurrencyProblem::SymbolMissing ? static_cast<QLineEdit &>(*symbol) : *rate;
-        const bool isAmbiguous = problem == CurrencyProblem::RateWrong && rate->IsAmbiguous();
-        Refuse(prompt, field, isAmbiguous ? rate->Request() : TextOf(*problem));
+        if (problem == CurrencyProblem::SymbolMissing) {
+            Refuse(prompt, *symbol, TextOf(*problem));
+        } else {
+            RefuseNumber(prompt, *rate, TextOf(*problem));
+        }
         return;
     }
     QDialog::accept();

@@ -314,10 +314,14 @@ void PurgeDialog::TellEnd(const Trouble &trouble)
                          Prompt::Icon::Error);
 }
 
+// A button that is disabled loses the focus, which would end up at Help.
 void PurgeDialog::SetBusy(bool nowBusy)
 {
     busy = nowBusy;
     EnableControls();
+    if (!busy) {
+        close->setFocus();
+    }
 }
 
 void PurgeDialog::reject()

@@ -130,6 +130,7 @@ bool PurgePeriodBox::IsInOrder(Prompt &prompt)
                 Prompt::Icon::Warning);
     until->SetDay(*since->Day());
     until->setFocus();
+    until->selectAll();
     return false;
 }
 

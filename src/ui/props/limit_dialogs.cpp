@@ -101,10 +101,8 @@ RateDialog::RateDialog(Prompt &messages, double rate, QWidget *parent)
 
 void RateDialog::accept()
 {
-    if (field->Amount()) {
+    if (HoldsNumber(prompt, *field, tr("Please enter the rate as a number from 0 to 1000000000"))) {
         QDialog::accept();
-    } else {
-        Refuse(prompt, *field, tr("Please enter the rate as a number from 0 to 1000000000"));
     }
 }
 

@@ -2,12 +2,11 @@
 
 #include "ui/common/accessible.h"
 
+#include <QBoxLayout>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -43,7 +42,7 @@ QSize WhyLines::sizeHint() const
     return {fontMetrics().averageCharWidth() * kCharacters, fontMetrics().lineSpacing() * kLines};
 }
 
-// The buttons stand in one row, which cannot be scrolled to.
+// A button cannot be scrolled to from side to side.
 QSize WhyLines::minimumSizeHint() const
 {
     const int bar = verticalScrollBar()->sizeHint().width();
@@ -85,6 +84,11 @@ void WhyLines::Show(const WhyAccess &why, const QString &difference)
     if (!difference.isEmpty()) {
         AddText(difference, false);
     }
+    QWidget *previous = this; // in the order of Tab, whose end they would stand at
+    for (auto *button : content->findChildren<QPushButton *>()) {
+        setTabOrder(previous, button);
+        previous = button;
+    }
 }
 
 void WhyLines::ShowText(const QString &text)
@@ -113,14 +117,20 @@ void WhyLines::AddCommands(const WhyLine &line)
     if (line.commands.isEmpty()) {
         return;
     }
-    auto *row = new QHBoxLayout;
+    auto *row = new QBoxLayout(QBoxLayout::LeftToRight);
+    int width = 0;
     for (const WhyCommand command : line.commands) {
         auto *button = new QPushButton(WhyCommandText(command, line.ofGroup));
         button->setAccessibleDescription(line.text);
-        row->addWidget(button);
+        row->addWidget(button, 0, Qt::AlignLeft);
+        width += button->sizeHint().width() + row->spacing();
         connect(button, &QPushButton::clicked, this, [this, command, ofGroup = line.ofGroup] {
             emit CommandChosen(command, ofGroup);
         });
+    }
+    if (width
+        > sizeHint().width()) { // each beneath the other, where the row would widen the window
+        row->setDirection(QBoxLayout::TopToBottom);
     }
     row->addStretch();
     column->addLayout(row);

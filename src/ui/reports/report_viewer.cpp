@@ -264,7 +264,8 @@ void ReportViewer::SaveTo(const QString &fileName)
                 Say(tr("The report was not saved."));
                 break;
             default:
-                prompt.Tell(problem->text, Prompt::Icon::Warning);
+                prompt.Tell(tr("The report was not saved.") + u"\n\n" + problem->text,
+                            Prompt::Icon::Warning);
             }
         });
 }

@@ -239,7 +239,6 @@ TEST_F(AccountWindow, RefusesAmountsAndDaysThatMakeNoCredit)
                                      "1e3",
                                      "1 000",
                                      "2,5",
-                                     "2.505",
                                      "1000000000.01"}) {
                 Type(amount, QString::fromLatin1(text));
                 PressKey(Qt::Key_Return);
@@ -247,6 +246,11 @@ TEST_F(AccountWindow, RefusesAmountsAndDaysThatMakeNoCredit)
                 EXPECT_EQ(amount.text(), QString::fromLatin1(text)) << "all stays as it was typed";
                 EXPECT_TRUE(amount.hasFocus());
             }
+            Type(amount, u"2.505"_s);
+            PressKey(Qt::Key_Return);
+            EXPECT_EQ(prompt.TakeSaid(),
+                      QStringList {u"Please enter a number between 0.01 and 1000000000, with at "
+                                   "most 2 decimals."_s});
             Type(amount, u"2.5"_s);
             Click(credit, "noExpiry");
             Type(Find(credit, "expiryDay"), u"2026-11-31"_s);

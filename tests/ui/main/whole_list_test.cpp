@@ -1,11 +1,13 @@
 // What works on all users that match, whatever the list holds of them: printing and choosing them all.
 #include "list_fixture.h"
 #include "support/windows/modal.h"
+#include "ui/main/dragged_users.h"
 #include "ui/main/list_print.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QDialog>
+#include <QDrag>
 #include <QFile>
 #include <QHeaderView>
 #include <QLabel>
@@ -320,6 +322,27 @@ TEST_F(WholeList, IsOfferedWhereUsersAreHeldBack)
     expectOffered(true);
     TypeFilter(u"nobody"_s);
     EXPECT_FALSE(Command("selectMatching").isEnabled());
+}
+
+// Dragged by one of their rows, like rows that were chosen one by one; a click chooses that row alone.
+TEST_F(WholeList, AllAreDraggedByARowOfTheirs)
+{
+    ShowMany();
+    TypeFilter(u"user1"_s);
+    ChooseAll();
+    qsizetype dragged = 0;
+    Users().SetRunDrag([&](QDrag &drag) { dragged = UsersIn(*drag.mimeData()).size(); });
+    const QPoint place = Users().visualRect(Users().model()->index(1, 0)).center();
+    QTest::mousePress(Users().viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseMove(Users().viewport(), place + QPoint(30, 0));
+    QTest::mouseMove(Users().viewport(), place + QPoint(60, 0));
+    EXPECT_EQ(dragged, 1100);
+    EXPECT_TRUE(Users().CommandTargets().areAllMatching) << "a drag that ends nowhere leaves them";
+    QTest::mouseRelease(Users().viewport(), Qt::LeftButton, {}, place + QPoint(60, 0));
+    ChooseAll();
+    ClickCell(Users(), 2, 0);
+    EXPECT_FALSE(Users().CommandTargets().areAllMatching);
+    EXPECT_EQ(Users().SelectedIds().size(), 1);
 }
 
 TEST_F(WholeList, TheCommandsNameTheNumberAndWorkOnAll)

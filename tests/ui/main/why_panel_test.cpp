@@ -2,9 +2,14 @@
 #include "ui/main/why_panel.h"
 
 #include "list_fixture.h"
+#include "ui/common/keyboard_order.h"
 #include "ui/props/why_lines.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QSplitter>
 #include <QToolButton>
@@ -119,6 +124,37 @@ TEST_F(WhyPanelTest, IsWideEnoughForTheCommandsThatItComesToShow)
         const QPoint end = button->mapTo(lines.viewport(), button->rect().bottomRight());
         EXPECT_LT(end.x(), lines.viewport()->width()) << qPrintable(button->text());
     }
+}
+
+// Before anybody has seen it, the panel has no width that could be kept.
+TEST_F(WhyPanelTest, IsAsWideForEverybodyAfterAStartWithoutIt)
+{
+    ShowFrame();
+    CloseFrame();
+    ShowPanel();
+    const int width = Panel().width();
+    EXPECT_GE(width, Panel().sizeHint().width());
+    for (int row = 0; row < Users().model()->rowCount(); ++row) {
+        Click(row);
+        EXPECT_EQ(Panel().width(), width) << row;
+    }
+}
+
+TEST_F(WhyPanelTest, TabGoesThroughItFromTheTop)
+{
+    ShowPanel();
+    Click(2);
+    Find<WhyLines>(Panel(), "whyLines").setFocus();
+    QStringList passed;
+    for (int i = 0; i < 4; ++i) {
+        Press(Qt::Key_Tab);
+        const auto *button = qobject_cast<QPushButton *>(QApplication::focusWidget());
+        passed << (button != nullptr ? button->text() : QString());
+    }
+    const qsizetype block = passed.indexOf(u"&Block"_s);
+    EXPECT_GT(block, 0) << "behind the commands of the lines";
+    EXPECT_EQ(passed.indexOf(u"U&nblock"_s), block + 1);
+    EXPECT_FALSE(passed.first(block).contains(QString()));
 }
 
 TEST_F(WhyPanelTest, TellsOfTheSelectedUser)
@@ -336,6 +372,41 @@ TEST_F(WhyPanelTest, F6GoesRoundListsFindBarAndPanel)
     Users().setFocus();
     Press(Qt::Key_F6, Qt::ShiftModifier);
     EXPECT_EQ(place(), u"findUser"_s);
+}
+
+// What is offered for the typed words belongs to the field alone.
+TEST_F(WhyPanelTest, F6ClosesTheWordsOfTheFindBar)
+{
+    ShowPanel();
+    auto &field = Find<QLineEdit>(*frame, "findUser");
+    field.setFocus();
+    QTest::keyClicks(&field, u"gr"_s);
+    const QWidget *words = field.findChild<QCompleter *>()->popup();
+    ASSERT_TRUE(words->isVisible());
+    Press(Qt::Key_F6);
+    EXPECT_FALSE(words->isVisible());
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"whyLines"_s);
+}
+
+TEST_F(WhyPanelTest, TheFindBarsLettersAreItsOwn)
+{
+    ShowPanel();
+    QStringList letters;
+    for (const QAction *menu : frame->menuBar()->actions()) {
+        letters << MnemonicIn(menu->text());
+    }
+    for (const auto *button : Panel().findChildren<QPushButton *>()) {
+        letters << MnemonicIn(button->text());
+    }
+    const auto &bar = Find<QWidget>(*frame, "findBar");
+    for (const auto *label : bar.findChildren<QLabel *>()) {
+        if (label->buddy() != nullptr) {
+            letters << MnemonicIn(label->text());
+            EXPECT_FALSE(letters.constLast().isEmpty());
+        }
+    }
+    letters << MnemonicIn(Find<QToolButton>(*frame, "savedFilters").text());
+    EXPECT_EQ(letters.removeDuplicates(), 0) << qPrintable(letters.join(u' '));
 }
 
 TEST_F(WhyPanelTest, FitsASmallScreen)

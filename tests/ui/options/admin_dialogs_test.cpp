@@ -152,11 +152,13 @@ TEST_F(PurgeWindow, RefusesAPeriodThatEndsBeforeItBegins)
         prompt.TakeSaid(),
         QStringList {u"You entered incorrect time period. Please re-enter one of the dates"_s});
     EXPECT_EQ(Find<QLineEdit>(dialog, "until").text(), u"2026-03-02"_s);
+    EXPECT_EQ(Find<QLineEdit>(dialog, "until").selectedText(), u"2026-03-02"_s);
     EXPECT_EQ(Rows("SELECT current_time FROM traffic_use").size(), 3);
     // The same day at both ends keeps exactly that day.
     prompt.AnswerWith({true});
     Click(dialog, "purge");
     EXPECT_EQ(Rows("SELECT current_time FROM traffic_use"), QStringList {u"2026-03-02"_s});
+    EXPECT_EQ(dialog.focusWidget()->objectName(), u"close"_s) << "not at Help";
 }
 
 TEST_F(PurgeWindow, DaysStayAsTheyAreTypedAndAreRefusedWhenTheyAreNone)
