@@ -295,9 +295,9 @@ Result<bool> ReadGroups(AccountMoment moment, GroupAccounts &groups)
                    [&moment](const Row &row) {
                        return Entry {row.Id<GroupId>(10), {GroupRulesIn(row, moment.price), 0, 0}};
                    })
-        .map([&groups](std::vector<Entry> read) {
-            for (auto &[groupId, account] : read) {
-                groups.insert(groupId, std::move(account));
+        .map([&groups](const std::vector<Entry> &read) {
+            for (const auto &[groupId, account] : read) {
+                groups.insert(groupId, account);
             }
             return true;
         });
