@@ -32,6 +32,11 @@ bool KeyReader::IsOfAnotherKind(const TextValue &value) const
     return document.Holds(NameOf(value)) && !document.Text(NameOf(value));
 }
 
+bool KeyReader::IsOfAnotherKind(const NumberFamily &family, int index) const
+{
+    return document.Holds(NameOf(family, index)) && !ReadNumber(family, index);
+}
+
 qint32 KeyReader::ReadInteger(const TextValue &value, qsizetype bufferBytes) const
 {
     return IntegerFrom(ReadText(value, bufferBytes).value_or(QString()));

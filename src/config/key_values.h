@@ -21,8 +21,9 @@ public:
     [[nodiscard]] std::optional<QString> ReadText(const TextValue &value,
                                                   qsizetype bufferBytes = kBufferBytes) const;
 
-    // True when there is such a value and it is no text.
+    // True when there is such a value and it is no text, or no number.
     [[nodiscard]] bool IsOfAnotherKind(const TextValue &value) const;
+    [[nodiscard]] bool IsOfAnotherKind(const NumberFamily &family, int index) const;
 
     // The text read the C way; 0 when it is missing.
     [[nodiscard]] qint32 ReadInteger(const TextValue &value,

@@ -108,13 +108,43 @@ public:
         field = word == other;
     }
 
+    // Whether the number is there; what is missing is bad, too.
+    bool HasNumber(const KeyReader &reader, const NumberFamily &family, int index)
+    {
+        const bool has = reader.ReadNumber(family, index).has_value();
+        if (!has) {
+            NoteNoNumber(family, index);
+        }
+        return has;
+    }
+
+    // Whether it is a number, or missing.
+    bool MayBeNumber(const KeyReader &reader, const NumberFamily &family, int index)
+    {
+        const bool isOther = reader.IsOfAnotherKind(family, index);
+        if (isOther) {
+            NoteNoNumber(family, index);
+        }
+        return !isOther;
+    }
+
     void Note(const TextValue &value, const QString &whatIsWrong)
     {
-        faults << u"%1 in %2 %3."_s.arg(
-            QLatin1StringView(value.name), store.FileOf(key), whatIsWrong);
+        Note(QString::fromLatin1(value.name), whatIsWrong);
     }
 
 private:
+    void NoteNoNumber(const NumberFamily &family, int index)
+    {
+        Note(QString::fromLatin1(family.prefix) + QString::number(index),
+             u"is to be a number without quotation marks"_s);
+    }
+
+    void Note(const QString &name, const QString &whatIsWrong)
+    {
+        faults << u"%1 in %2 %3."_s.arg(name, store.FileOf(key), whatIsWrong);
+    }
+
     const ConfigStore &store;
     QStringList &faults;
     ConfigKeyId key = ConfigKeyId::Base;
@@ -160,11 +190,44 @@ void ReadPrice(const KeyReader &key, SettingsReader &reader, ServiceSettings &se
     settings.price = price;
 }
 
-void ReadProfile(const KeyReader &key, ServiceSettings &settings)
+// New users come in with all of it or with what was read before, so that none of them is without a limit
+// that was meant.
+void ReadProfile(const KeyReader &key, SettingsReader &reader, ServiceSettings &settings)
 {
+    bool areTexts = true;
+    for (const TextValue &value : {values::kDefMode,
+                                   values::kDefTrafficLimit,
+                                   values::kDefTimeLimit,
+                                   values::kDefAccPeriod,
+                                   values::kDefAuthReq,
+                                   values::kDefBlocked}) {
+        areTexts = reader.Text(key, value).has_value() && areTexts;
+    }
+    if (!areTexts) {
+        return;
+    }
     const bool required = settings.newUser.authRequired;
     settings.newUser = LoadDefaultProfile(key, KeyReader::kBufferBytes);
     settings.newUser.authRequired = settings.newUser.authRequired || required;
+}
+
+// A range whose mask is not known would hold every address there is.
+void ReadAddresses(const KeyReader &key, SettingsReader &reader, ServiceSettings &settings)
+{
+    int count = -1;
+    reader.Take(key, values::kRangeNum, 0, 0, kMaxRanges, count);
+    bool areRead = count >= 0;
+    for (int i = 0; i < count; ++i) {
+        areRead = reader.HasNumber(key, values::kNet, i) && areRead;
+        areRead = reader.HasNumber(key, values::kMask, i) && areRead;
+    }
+    for (int i = 0; i < kMaxWizardExclusions; ++i) {
+        areRead = reader.MayBeNumber(key, values::kExclude, i) && areRead;
+    }
+    if (areRead) {
+        settings.local = LoadRanges(key);
+        settings.excluded = LoadExclusions(key, kMaxWizardExclusions);
+    }
 }
 
 } // namespace
@@ -177,13 +240,12 @@ ReadSettings ReadServiceSettings(const ConfigStore &store, const ServiceSettings
     reader.Read(ConfigKeyId::Base, [&](const KeyReader &key) { ReadBase(key, reader, settings); });
     reader.Read(ConfigKeyId::Price,
                 [&](const KeyReader &key) { ReadPrice(key, reader, settings); });
-    reader.Read(ConfigKeyId::DefProfile, [&](const KeyReader &key) { ReadProfile(key, settings); });
-    reader.Read(ConfigKeyId::LocalIp, [&settings](const KeyReader &key) {
-        settings.local = LoadRanges(key);
-        settings.excluded = LoadExclusions(key, kMaxWizardExclusions);
-    });
-    reader.Read(ConfigKeyId::AdapterBind, [&settings](const KeyReader &key) {
-        settings.adapter = key.ReadText(values::kBoundNic).value_or(QString());
+    reader.Read(ConfigKeyId::DefProfile,
+                [&](const KeyReader &key) { ReadProfile(key, reader, settings); });
+    reader.Read(ConfigKeyId::LocalIp,
+                [&](const KeyReader &key) { ReadAddresses(key, reader, settings); });
+    reader.Read(ConfigKeyId::AdapterBind, [&](const KeyReader &key) {
+        settings.adapter = reader.Text(key, values::kBoundNic).value_or(settings.adapter);
     });
     return read;
 }

@@ -117,6 +117,49 @@ TEST_F(SettingsOfService, OfAnotherKindThanTextAndBadPricesStayAsTheyWere)
     EXPECT_EQ(ReadServiceSettings(store, before).settings.price, 0);
 }
 
+// A mask that is no number would be none, and every address a local one.
+TEST_F(SettingsOfService, AddressesThatAreNotAllNumbersStayAsTheyWere)
+{
+    ServiceSettings before;
+    before.local = {{0x0A000000, 0xFFFF0000}};
+    before.excluded = {0x0A00FFFE};
+    const std::pair<QByteArray, QString> cases[] = {
+        {"rangenum = \"2\"\nnet0 = 1\nmask0 = 1\nnet1 = 2", u"mask1"_s},
+        {"rangenum = \"1\"\nnet0 = 1\nmask0 = \"4294901760\"", u"mask0"_s},
+        {"rangenum = \"1\"\nnet0 = \"1\"\nmask0 = 1", u"net0"_s},
+        {"rangenum = 1\nnet0 = 1\nmask0 = 1", u"rangenum"_s},
+        {"rangenum = \"51\"", u"rangenum"_s},
+        {"rangenum = \"one\"", u"rangenum"_s},
+        {"rangenum = \"1\"\nnet0 = 1\nmask0 = 1\nexclude0 = \"1\"", u"exclude0"_s}};
+    for (const auto &[text, fault] : cases) {
+        Write(ConfigKeyId::LocalIp, text);
+        const ReadSettings read = ReadServiceSettings(store, before);
+        ASSERT_EQ(read.faults.size(), 1) << text.constData();
+        EXPECT_TRUE(read.faults.first().startsWith(fault + u" in "))
+            << qPrintable(read.faults.first());
+        EXPECT_EQ(read.settings.local, before.local) << text.constData();
+        EXPECT_EQ(read.settings.excluded, before.excluded) << text.constData();
+    }
+}
+
+// New users would be without the limit that was meant.
+TEST_F(SettingsOfService, AProfileWithAValueOfAnotherKindStaysAsItWas)
+{
+    Write(ConfigKeyId::DefProfile, "Mode = \"1\"\nTrafficLimit = \"500\"\n");
+    const ServiceSettings before = ReadServiceSettings(store, {}).settings;
+    for (const TextValue &value : {values::kDefMode,
+                                   values::kDefTrafficLimit,
+                                   values::kDefTimeLimit,
+                                   values::kDefAccPeriod,
+                                   values::kDefAuthReq,
+                                   values::kDefBlocked}) {
+        Write(ConfigKeyId::DefProfile, QByteArray(value.name) + " = 1\n");
+        const ReadSettings read = ReadServiceSettings(store, before);
+        EXPECT_EQ(read.faults.size(), 1) << value.name;
+        EXPECT_TRUE(read.settings == before) << value.name;
+    }
+}
+
 TEST_F(SettingsOfService, OfABrokenFileStayAsTheyWere)
 {
     ServiceSettings before;
