@@ -194,16 +194,18 @@ void ReadPrice(const KeyReader &key, SettingsReader &reader, ServiceSettings &se
 // that was meant.
 void ReadProfile(const KeyReader &key, SettingsReader &reader, ServiceSettings &settings)
 {
-    bool areTexts = true;
+    bool areNumbers = true;
     for (const TextValue &value : {values::kDefMode,
                                    values::kDefTrafficLimit,
                                    values::kDefTimeLimit,
                                    values::kDefAccPeriod,
                                    values::kDefAuthReq,
                                    values::kDefBlocked}) {
-        areTexts = reader.Text(key, value).has_value() && areTexts;
+        qint64 number = -1;
+        reader.Take(key, value, 0, 0, std::numeric_limits<qint32>::max(), number);
+        areNumbers = number >= 0 && areNumbers;
     }
-    if (!areTexts) {
+    if (!areNumbers) {
         return;
     }
     const bool required = settings.newUser.authRequired;

@@ -143,7 +143,7 @@ TEST_F(SettingsOfService, AddressesThatAreNotAllNumbersStayAsTheyWere)
 }
 
 // New users would be without the limit that was meant.
-TEST_F(SettingsOfService, AProfileWithAValueOfAnotherKindStaysAsItWas)
+TEST_F(SettingsOfService, AProfileWithABadValueStaysAsItWas)
 {
     Write(ConfigKeyId::DefProfile, "Mode = \"1\"\nTrafficLimit = \"500\"\n");
     const ServiceSettings before = ReadServiceSettings(store, {}).settings;
@@ -153,10 +153,12 @@ TEST_F(SettingsOfService, AProfileWithAValueOfAnotherKindStaysAsItWas)
                                    values::kDefAccPeriod,
                                    values::kDefAuthReq,
                                    values::kDefBlocked}) {
-        Write(ConfigKeyId::DefProfile, QByteArray(value.name) + " = 1\n");
-        const ReadSettings read = ReadServiceSettings(store, before);
-        EXPECT_EQ(read.faults.size(), 1) << value.name;
-        EXPECT_TRUE(read.settings == before) << value.name;
+        for (const char *const bad : {" = 1", " = \"all\"", " = \"-1\""}) {
+            Write(ConfigKeyId::DefProfile, QByteArray(value.name) + bad);
+            const ReadSettings read = ReadServiceSettings(store, before);
+            EXPECT_EQ(read.faults.size(), 1) << value.name << bad;
+            EXPECT_TRUE(read.settings == before) << value.name << bad;
+        }
     }
 }
 
