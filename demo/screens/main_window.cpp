@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -73,25 +74,43 @@ void DrawHelp(Studio &studio)
     }
 }
 
-void WaitUntil(const std::function<bool()> &isDone)
+// What does not come about in time is a failure.
+void WaitUntil(Studio &studio, const QString &what, const std::function<bool()> &isDone)
 {
+    constexpr int kLookAgainMs = 30;
+    constexpr int kPatienceMs = 20000;
+    QTimer wake;
+    wake.start(kLookAgainMs);
+    const QDeadlineTimer patience(kPatienceMs);
     while (!isDone()) {
+        if (patience.hasExpired()) {
+            studio.Fail(what + u" does not come about"_s);
+            return;
+        }
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 }
 
-void Trigger(Studio &studio, const QString &action)
+// Commands follow the selection a moment later.
+void Trigger(Studio &studio, const QString &name)
 {
-    QCoreApplication::processEvents(); // commands follow the selection with the next event
-    studio.Frame().findChild<QAction *>(action)->trigger();
+    auto *action = studio.Frame().findChild<QAction *>(name);
+    WaitUntil(studio, name, [action] { return action->isEnabled(); });
+    action->trigger();
 }
 
+// The count is the last that a search tells. Whether it is under way cannot be asked: it may begin and end
+// between two looks.
 void Filter(Studio &studio, const QString &text)
 {
+    bool isOver = false;
+    const QObject context;
     const UserFinder &finder = studio.Frame().Users().Finder();
+    const auto end = [&isOver] { isOver = true; };
+    QObject::connect(&finder, &UserFinder::Counted, &context, end);
+    QObject::connect(&finder, &UserFinder::Failed, &context, end);
     studio.Frame().findChild<QLineEdit *>(u"findUser"_s)->setText(text);
-    WaitUntil([&] { return finder.IsSearching(); }); // a moment after the last key
-    WaitUntil([&] { return !finder.IsSearching(); });
+    WaitUntil(studio, text, [&isOver] { return isOver; });
 }
 
 // What is said of somebody who may send, of the first one blocked, and of somebody who must log in.
@@ -105,8 +124,9 @@ void DrawWhyPanel(Studio &studio, QTreeView &users)
     for (const QString &filter : {u"mode:traffic"_s, u"blocked"_s, u"over"_s, u"mode:provider"_s}) {
         Filter(studio, filter);
         Select(users, 0, 0);
-        WaitUntil(
-            [&] { return !verdict.text().isEmpty() && !studio.Services().database.IsBusy(); });
+        WaitUntil(studio, u"the verdict"_s, [&] {
+            return !verdict.text().isEmpty() && !studio.Services().database.IsBusy();
+        });
         studio.Draw(u"why-"_s + filter.section(u':', -1), studio.Frame());
         users.clearSelection();
     }
@@ -126,13 +146,13 @@ void DrawAccountColumns(Studio &studio)
         list.ToggleColumn(column);
     }
     list.FillList(user_order::kLeft, true);
-    WaitUntil([&] { return !list.Finder().IsSearching(); });
+    WaitUntil(studio, u"the order"_s, [&] { return !list.Finder().IsSearching(); });
     studio.Draw(u"accounts-listed"_s, studio.Frame());
     for (const UserColumn column : columns) {
         list.ToggleColumn(column);
     }
     list.FillList(user_order::kUserName, true);
-    WaitUntil([&] { return !studio.Services().database.IsBusy(); });
+    WaitUntil(studio, u"the list"_s, [&] { return !studio.Services().database.IsBusy(); });
 }
 
 void DrawFilter(Studio &studio)
@@ -145,7 +165,7 @@ void DrawFilter(Studio &studio)
     Filter(studio, u"an blocked"_s);
     studio.Draw(u"filter"_s, studio.Frame());
     field.setText(u"mode:nobody"_s);
-    WaitUntil([&] { return note.text().contains(u"nobody"_s); });
+    WaitUntil(studio, u"the refusal"_s, [&] { return note.text().contains(u"nobody"_s); });
     studio.Draw(u"filter-refused"_s, studio.Frame());
     field.clear();
 }
@@ -160,6 +180,7 @@ void DrawMainWindow(Studio &studio)
 
     Select(users, 3, 3);
     studio.DrawMenu(u"user-menu"_s, [&] { RightClick(users); });
+    Select(users, 3, 3); // the menu may have taken it along
     studio.DrawDialog(u"change-group"_s, [&] { Trigger(studio, u"changeGroup"_s); });
     Select(users, 3, 6);
     studio.DrawMenu(u"users-menu"_s, [&] { RightClick(users); });

@@ -51,6 +51,9 @@ public:
     // From now on the texts of what is drawn are looked at; those in `data` come from the database.
     void CheckTexts(const QSet<QString> &data) { knownTexts = data; }
 
+    // Tells of it and counts it.
+    void Fail(const QString &what);
+
     // How many windows did not open in time or could not be saved, and
     // how many of their texts are not translated or cut.
     [[nodiscard]] int Failures() const { return failures; }
@@ -58,7 +61,6 @@ public:
 private:
     void Save(const QString &name, const QPixmap &picture);
     void Check(const QString &name, QWidget &window);
-    void Fail(const QString &what);
     void WhenOpen(const QString &name,
                   QWidget *(*find)(),
                   const std::function<void(QWidget &)> &act,
