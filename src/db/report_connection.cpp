@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <condition_variable>
 #include <cstring>
 #include <string>
 #include <tuple>
@@ -403,7 +405,23 @@ std::string_view ReportConnection::Text(int row, int column) const
 void ReportConnection::Cancel()
 {
     cancelled = true;
-    SQLCancel(handles->canceller != SQL_NULL_HANDLE ? handles->canceller : handles->statement);
+    const std::lock_guard lock(guard);
+    if (!asking.joinable()) {
+        asking = std::jthread([this](const std::stop_token &end) { AskToStop(end); });
+    }
+}
+
+// Again and again: a statement that was just about to begin has not heard of it.
+void ReportConnection::AskToStop(const std::stop_token &end)
+{
+    constexpr std::chrono::milliseconds kAskAgain {50};
+    std::mutex unshared;
+    std::unique_lock lock(unshared);
+    std::condition_variable_any ended;
+    while (!end.stop_requested()) {
+        SQLCancel(handles->canceller != SQL_NULL_HANDLE ? handles->canceller : handles->statement);
+        ended.wait_for(lock, end, kAskAgain, [] { return false; });
+    }
 }
 
 bool ReportConnection::Fail(qint16 handleType, void *handle)

@@ -10,9 +10,12 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 // How a column is read, whatever type the driver says it has: some describe a sum too small.
@@ -72,7 +75,8 @@ public:
     [[nodiscard]] double Amount(int row, int column) const;
     [[nodiscard]] std::string_view Text(int row, int column) const; // UTF-8
 
-    // Ends the statement that runs, from any thread; every later one fails at once.
+    // Ends the statement that runs, from any thread; every later one fails at once. The driver is asked
+    // on a thread of its own, whose function may hang as long as the server does.
     void Cancel();
     [[nodiscard]] bool IsCancelled() const { return cancelled; }
 
@@ -102,6 +106,7 @@ private:
     [[nodiscard]] bool Fail(qint16 handleType, void *handle);
     void EndTransaction();
     void CloseCursor();
+    void AskToStop(const std::stop_token &end);
 
     struct Handles; // what the driver manager knows the connection by
     struct Column; // the block's buffer of one column
@@ -115,4 +120,6 @@ private:
     QString problem;
     bool lost = false; // the server ended the connection: nothing more is asked of it
     std::atomic<bool> cancelled = false;
+    std::mutex guard; // of `asking`
+    std::jthread asking; // the driver to stop; ends before the handles go
 };

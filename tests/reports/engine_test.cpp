@@ -14,6 +14,7 @@
 #include <QFile>
 
 #include <thread>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -198,6 +199,28 @@ TEST_P(MadeReport, CancelEndsAReportThatRuns)
     EXPECT_LT(watch.elapsed(), 250);
     EXPECT_FALSE(table);
     EXPECT_EQ(problem.kind, ReportProblem::Kind::Cancelled);
+}
+
+// Also in the moment between the last look at the cancel and the statement's beginning.
+TEST_P(MadeReport, CancelEndsAReportWheneverItComes)
+{
+    auto request = RequestFor(Dsn(), 13, kAutumn);
+    request.query =
+        u"SELECT a.sitename, a.site_ip FROM Sites a, SiteAccess b, SiteAccess c, SiteAccess d, "
+        "SiteAccess e, traffic_use f, traffic_use g"_s;
+    constexpr int kMoments = 40;
+    constexpr qint64 kStepNs = 40'000; // a file is open at once, a server's connection later
+    for (int moment = 0; moment < kMoments; ++moment) {
+        RunControl control;
+        ReportProblem problem;
+        std::thread worker([&] { std::ignore = MakeReport(request, control, problem); });
+        QElapsedTimer watch;
+        watch.start();
+        while (watch.nsecsElapsed() < moment * moment * kStepNs) { }
+        control.Cancel();
+        worker.join();
+        EXPECT_EQ(problem.kind, ReportProblem::Kind::Cancelled) << moment;
+    }
 }
 
 TEST_P(MadeReportOfServer, AServerLostWhileAReportRunsIsTold)
