@@ -216,7 +216,7 @@ TEST_P(MadeReport, CancelEndsAReportWheneverItComes)
         std::thread worker([&] { std::ignore = MakeReport(request, control, problem); });
         QElapsedTimer watch;
         watch.start();
-        while (watch.nsecsElapsed() < moment * moment * kStepNs) { }
+        while (watch.nsecsElapsed() < kStepNs * moment * moment) { }
         control.Cancel();
         worker.join();
         EXPECT_EQ(problem.kind, ReportProblem::Kind::Cancelled) << moment;
