@@ -313,6 +313,7 @@ TEST_P(SchemaUpgrades, MayRunAtTheSameTime)
         std::array<UpgradeOutcome, 3> outcomes;
         {
             std::vector<std::jthread> threads;
+            threads.reserve(outcomes.size());
             for (UpgradeOutcome &outcome : outcomes) {
                 threads.emplace_back([&outcome, dsn = Dsn()] {
                     outcome = UpgradeSchema(dsn, UpgradeMode::Run, kQuiet);
