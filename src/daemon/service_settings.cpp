@@ -195,15 +195,12 @@ void ReadPrice(const KeyReader &key, SettingsReader &reader, ServiceSettings &se
 void ReadProfile(const KeyReader &key, SettingsReader &reader, ServiceSettings &settings)
 {
     bool areNumbers = true;
-    for (const TextValue &value : {values::kDefMode,
-                                   values::kDefTrafficLimit,
-                                   values::kDefTimeLimit,
-                                   values::kDefAccPeriod,
-                                   values::kDefAuthReq,
-                                   values::kDefBlocked}) {
-        qint64 number = -1;
-        reader.Take(key, value, 0, 0, std::numeric_limits<qint32>::max(), number);
-        areNumbers = number >= 0 && areNumbers;
+    for (const TextValue &value : values::kAllTexts) {
+        if (value.key == ConfigKeyId::DefProfile) {
+            qint64 number = -1;
+            reader.Take(key, value, 0, 0, std::numeric_limits<qint32>::max(), number);
+            areNumbers = number >= 0 && areNumbers;
+        }
     }
     if (!areNumbers) {
         return;
