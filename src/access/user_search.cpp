@@ -5,6 +5,7 @@
 #include "db/query.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 #include <iterator>
@@ -254,12 +255,12 @@ QByteArray Read(const char *sqlText, const char *how)
     return QByteArray(sqlText).replace(" WHERE ", how);
 }
 
-// A text in the middle of a name is found by no index. To look at the rows in the order of one costs
-// many times as much as to look at them as they lie, where few are found.
-QByteArray Begun(const char *sqlText, const UserFilter &filter)
+// A text in the middle of a name is found by no index, and no index has the order of accounts. To look
+// at the rows in the order of one costs many times as much as to look at them as they lie.
+QByteArray Begun(const char *sqlText, const UserFilter &filter, bool byAccount = false)
 {
-    const bool byIndex =
-        filter.texts.isEmpty() || !filter.groups.isEmpty() || !filter.spans.isEmpty();
+    const bool byIndex = !filter.groups.isEmpty() || !filter.spans.isEmpty()
+        || (filter.texts.isEmpty() && !byAccount);
     return byIndex ? QByteArray(sqlText) : Read(sqlText, " SCANNED WHERE ");
 }
 
@@ -273,10 +274,12 @@ void AddOrder(Statement &statement, ListOrder order)
     }
 }
 
-Statement EveryRow(const UserFilter &filter, ListOrder order)
+// `besides` is one more condition, with " AND " before it.
+Statement EveryRow(const UserFilter &filter, ListOrder order, const char *besides = "")
 {
-    Statement statement {Begun(user_list::kSelect, filter)};
+    Statement statement {Begun(user_list::kSelect, filter, user_order::IsByAccount(order.column))};
     AddConditions(statement, filter, Rows::Many);
+    statement << besides;
     AddOrder(statement, order);
     return statement;
 }
@@ -334,6 +337,31 @@ Result<UserList> First(Statement statement, bool withGroupNames)
     return user_list::Read(statement.text, statement.values, 0, withGroupNames);
 }
 
+// Behind the rows that are there, without those that changed their mode meanwhile and come again.
+UserList Joined(UserList list, const UserList &others)
+{
+    const QSet<UserId> there(list.rowUserIds.begin(), list.rowUserIds.end());
+    for (qsizetype row = 0; row < others.rows.size() && list.rows.size() < kUserListCapacity;
+         ++row) {
+        if (!there.contains(others.rowUserIds[row])) {
+            list.rows.append(others.rows[row]);
+            list.rowUserIds.append(others.rowUserIds[row]);
+        }
+    }
+    return list;
+}
+
+// Users of traffic stand before all others: where they fill the list, no other's account is looked at.
+Result<UserList> FirstByAccount(const UserFilter &filter, ListOrder order, bool withGroupNames)
+{
+    auto list = First(EveryRow(filter, order, " AND mode IN (1, 5)"), withGroupNames);
+    if (!list || list->rows.size() == kUserListCapacity) {
+        return list;
+    }
+    return First(EveryRow(filter, order, " AND NOT mode IN (1, 5)"), withGroupNames)
+        .map([&list](const UserList &others) { return Joined(*std::move(list), others); });
+}
+
 } // namespace
 
 bool HasQuickSearch(const UserFilter &filter)
@@ -348,7 +376,8 @@ Result<UserList> FindUsersQuickly(const UserFilter &filter, ListOrder order, boo
 
 Result<UserList> FindUsers(const UserFilter &filter, ListOrder order, bool withGroupNames)
 {
-    return First(EveryRow(filter, order), withGroupNames);
+    return user_order::IsByAccount(order.column) ? FirstByAccount(filter, order, withGroupNames)
+                                                 : First(EveryRow(filter, order), withGroupNames);
 }
 
 Result<std::vector<UserId>> FindUserIds(const UserFilter &filter, ListOrder order)
