@@ -108,7 +108,7 @@ void RunningService::AwaitCounts(int counts, const std::function<void()> &meanwh
     QString last = LastCount();
     for (int counted = 0; counted < counts;) {
         if (patience.hasExpired()) {
-            Fail(u"The service does not count any more."_s);
+            Fail(u"The service does not count any more: "_s + QString::fromUtf8(service.readAll()));
         }
         meanwhile();
         QThread::msleep(100);

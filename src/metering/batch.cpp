@@ -223,6 +223,37 @@ private:
     AccountChanges changes;
 };
 
+// How long it took, without the turn of others behind it, decides how large the next batch is.
+Result<Counted> WriteBatch(Parts::const_iterator begin,
+                           Parts::const_iterator end,
+                           const Accounting &accounting,
+                           const QSet<GroupId> &groups,
+                           BatchSize &size)
+{
+    Counted counted;
+    const BatchSize::Measure measure(size);
+    return books::InTransaction([&](Books &books) {
+               counted = {};
+               LockCounters(books, accounting.count.gatewayId);
+               Batch(books, accounting, counted).Run(begin, end, groups);
+           })
+        .map([&counted](bool) { return std::move(counted); });
+}
+
+// No user is in two batches; a group may be settled in several.
+void Add(Counted &whole, Counted &&batch)
+{
+    whole.received += batch.received;
+    whole.sent += batch.sent;
+    whole.users += batch.users;
+    whole.trafficUsedUp += batch.trafficUsedUp;
+    whole.timeUsedUp += batch.timeUsedUp;
+    whole.groupsUsedUp += batch.groupsUsedUp;
+    whole.lifted += batch.lifted;
+    whole.groupsLifted += batch.groupsLifted;
+    whole.accountedReceived.merge(batch.accountedReceived);
+}
+
 } // namespace
 
 Result<Counted> WriteParts(const Parts &parts, const Accounting &accounting)
@@ -235,17 +266,11 @@ Result<Counted> WriteParts(const Parts &parts, const Accounting &accounting)
         for (size_t taken = 0; taken < size.Now() && end != parts.end(); ++taken) {
             ++end;
         }
-        Counted withBatch;
-        const BatchSize::Measure measure(size);
-        const auto written = books::InTransaction([&](Books &books) {
-            withBatch = counted;
-            LockCounters(books, accounting.count.gatewayId);
-            Batch(books, accounting, withBatch).Run(begin, end, groups);
-        });
-        if (!written) {
-            return tl::unexpected(written.error());
+        auto batch = WriteBatch(begin, end, accounting, groups, size);
+        if (!batch) {
+            return batch;
         }
-        counted = std::move(withBatch);
+        Add(counted, *std::move(batch));
         groups.clear();
         begin = end;
         if (size.ShutsOutWriters() && begin != parts.end()) {
