@@ -1,6 +1,7 @@
 // How counts become records, charged credits and blocks.
 #include "metering/new_period.h"
 #include "metering_fixture.h"
+#include "support/core/statement_recorder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -449,4 +450,9 @@ TEST_P(Counting, ManyUsersAreCountedInBatches)
               QStringList {u"1500|1500|1125750"_s});
     EXPECT_EQ(Rows("SELECT data, senddata * 1048576 FROM traffic_use WHERE period = 1"),
               QStringList {u"1500|1125750"_s});
+
+    // The turns that a batch leaves to others are no reason to make the next one smaller.
+    StatementRecorder recorder;
+    EXPECT_EQ(Write().users, 0);
+    EXPECT_LT(recorder.Take().count(u"COMMIT"_s), 40);
 }
