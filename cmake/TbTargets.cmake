@@ -13,6 +13,13 @@ if(TB_SANITIZE)
     target_link_options(tb_flags INTERFACE -fsanitize=${TB_SANITIZE})
 endif()
 
+# What a program that others install is hardened with; Debian's compiler makes it position independent.
+if(TB_HARDEN)
+    target_compile_options(tb_flags INTERFACE -fstack-protector-strong -fstack-clash-protection
+        -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+    target_link_options(tb_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
+
 # moc output is compiled below the build folder; keep the linter's opinion away from it.
 file(WRITE ${CMAKE_BINARY_DIR}/.clang-tidy
      "Checks: '-*,llvm-twine-local'\nInheritParentConfig: false\n")

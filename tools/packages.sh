@@ -8,6 +8,8 @@ run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins qt6-translations-l10n fo
 test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugins
     fonts-dejavu-core python3 python3-openpyxl poppler-utils clang-format systemd)
 server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
+package_packages=(dpkg-dev file)
+try_packages=(lintian devscripts appstream desktop-file-utils mmdebstrap)
 tidy_packages=(clang clang-tidy)
 bench_packages=(libbenchmark-dev sqlite3 xvfb xauth nftables)
 

@@ -1,5 +1,6 @@
 """What the installation of a gateway's service brings: the unit is tight, and its account is what it says."""
 import pathlib
+import re
 import subprocess
 import tempfile
 import unittest
@@ -85,6 +86,45 @@ class Kernel(unittest.TestCase):
                  in settings(PACKAGING / "60-tollbrook-gateway.conf")]
         self.assertEqual(names, [f"net.{family}.neigh.default.gc_thresh{number}"
                                  for family in ("ipv4", "ipv6") for number in (1, 2, 3)])
+
+
+PROGRAMS = {"tollbrook-admin": 1, "tollbrook-db": 1, "tollbrook-report": 1, "tollbrooksvc": 8}
+
+
+def options(text):
+    return set(re.findall(r"--([a-z]+(?:-[a-z]+)*)", text))
+
+
+class Completion(unittest.TestCase):
+    def test_knows_the_options_that_the_manual_pages_tell_of(self):
+        for program, section in PROGRAMS.items():
+            manual = (PACKAGING / "man" / f"{program}.{section}").read_text().replace("\\-", "-")
+            for file in (f"bash/{program}", f"zsh/_{program}"):
+                known = options((PACKAGING / "completions" / file).read_text())
+                self.assertEqual(known - {"help", "version"}, options(manual) - {"help", "version"}, file)
+
+    def test_gives_bash_the_words_that_fit(self):
+        script = PACKAGING / "completions" / "bash" / "tollbrook-db"
+        status, said = run("bash", "-c", f"source {script}; COMP_WORDS=(tollbrook-db --d); COMP_CWORD=1; "
+                           "_tollbrook_db; printf '%s ' \"${COMPREPLY[@]}\"")
+        self.assertEqual((status, said), (0, "--dsn --dry-run --days "))
+
+
+class Scripts(unittest.TestCase):
+    """What dpkg runs as root."""
+
+    def test_of_packages_can_be_read_by_the_shell(self):
+        scripts = sorted((PACKAGING / "debian").glob("*/*"))
+        self.assertEqual(len(scripts), 6)
+        for script in scripts:
+            self.assertEqual(run("sh", "-n", str(script)), (0, ""), script)
+            self.assertTrue(script.stat().st_mode & 0o100, script)
+            self.assertIn("\nset -e\n", script.read_text(), script)
+
+    def test_know_the_data_source_that_is_installed_when_they_remove_it(self):
+        source = (PACKAGING / "bill.odbc.ini").read_text().split()
+        removed = (PACKAGING / "debian" / "common" / "postrm").read_text()
+        self.assertEqual(re.findall(r"'(\[\w+\]|\w+=[^']+)'", removed), source)
 
 
 if __name__ == "__main__":
