@@ -293,7 +293,12 @@ private:
         const auto name = in.substr(at + 1, end - at - 1);
         const auto start = out.size();
         out += dialect.identifierQuote;
-        AppendLower(name);
+        for (const char c : name) {
+            out += Lower(c);
+            if (c == dialect.identifierQuote) {
+                out += c; // doubled, or the name would end there
+            }
+        }
         out += dialect.identifierQuote;
         at = std::min(end + 1, in.size());
         CompareByDayAfter(name, start);

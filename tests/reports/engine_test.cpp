@@ -12,6 +12,7 @@
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QTemporaryFile>
 
 #include <thread>
 #include <tuple>
@@ -267,6 +268,9 @@ TEST_P(MadeReport, FailuresSayWhatFailed)
          "no such layout file"},
         {[](auto &request) { request.layoutPath.clear(); }, Kind::Layout, "no such layout file"},
         {[](auto &request) { request.query = u"SELECT nothing FROM nobody"_s; },
+         Kind::Arguments,
+         "there is no table \"nobody\" that a report may read"},
+        {[](auto &request) { request.query = u"SELECT SUM(username, mode) AS data FROM users"_s; },
          Kind::Database,
          ""},
         {[](auto &request) { request.query = u"SELECT username FROM users"_s; },
@@ -286,6 +290,51 @@ TEST_P(MadeReport, FailuresSayWhatFailed)
         EXPECT_TRUE(problem.text.contains(QLatin1StringView(words))) << problem.text.toStdString();
         EXPECT_FALSE(problem.text.isEmpty());
     }
+}
+
+// Each of them gave what it asks for, or ran what it names, on one of the engines.
+TEST_P(MadeReport, AQueryRunsNothingAndReadsNoFile)
+{
+    QTemporaryFile secret; // that the servers can read
+    ASSERT_TRUE(secret.open() && secret.write("a secret") > 0 && secret.flush()
+                && secret.setPermissions(QFile::ReadOwner | QFile::ReadOther));
+    const QString file = secret.fileName();
+    const QStringList expressions {u"\"load_extension\"('%1')"_s.arg(QStringLiteral(TB_EXTENSION)),
+                                   u"`load_extension`('%1')"_s.arg(QStringLiteral(TB_EXTENSION)),
+                                   u"\"pg_read_file\"('%1')"_s.arg(file),
+                                   u"`load_file`('%1')"_s.arg(file)};
+    for (const QString &expression : expressions) {
+        auto request = RequestFor(Dsn(), 0);
+        request.query =
+            u"SELECT %1 AS username, '' AS ip_addr, 0 AS data, 0 AS senddata"_s.arg(expression);
+        RunControl control;
+        ReportProblem problem;
+        EXPECT_FALSE(MakeReport(request, control, problem)) << expression.toStdString();
+        EXPECT_EQ(problem.kind, ReportProblem::Kind::Arguments) << expression.toStdString();
+    }
+    EXPECT_FALSE(qEnvironmentVariableIsSet("TB_EXTENSION_HAS_RUN"));
+}
+
+// Also a statement that no check has seen.
+TEST_P(MadeReport, TheConnectionTakesReadingStatementsOneAtATime)
+{
+    const QString refused[] = {
+        u"UPDATE users SET blocked = 1"_s,
+        u"DELETE FROM users"_s,
+        u"CREATE TABLE extra (number integer)"_s,
+        u"SELECT 1; UPDATE users SET blocked = 1"_s,
+        u"SELECT load_extension('%1')"_s.arg(QStringLiteral(TB_EXTENSION)),
+    };
+    const auto connection = Open();
+    for (const QString &statement : refused) {
+        EXPECT_FALSE(connection->Run(statement) && connection->FetchBlock() >= 0)
+            << statement.toStdString();
+        EXPECT_FALSE(connection->Problem().isEmpty()) << statement.toStdString();
+    }
+    EXPECT_FALSE(qEnvironmentVariableIsSet("TB_EXTENSION_HAS_RUN"));
+    EXPECT_TRUE(connection->Run(u"SELECT ';' AS word FROM users WHERE username <> \';\'"_s));
+    RunQuery("SELECT SUM(blocked) FROM users", FetchMode::One);
+    EXPECT_EQ(queryResult.Integer(1), 0U);
 }
 
 TEST_P(MadeReport, FiltersOfferTheMonitoredUsersAndTheGroups)
