@@ -53,11 +53,12 @@ struct Arguments
     QCommandLineOption list {u"list"_s, u"Lists the reports with their numbers."_s};
     QCommandLineOption report {
         u"report"_s, u"The report, by number, title or layout file."_s, u"NAME|NUMBER"_s};
-    QCommandLineOption period {u"period"_s,
-                               u"all (unless given), today, week, month, or FROM..TO as "
-                               "2026-11-01..2026-11-21."_s,
-                               u"PERIOD"_s,
-                               u"all"_s};
+    QCommandLineOption period {
+        u"period"_s,
+        PeriodWords().join(u", "_s)
+            + u", or FROM..TO as 2026-11-01..2026-11-21; all unless given."_s,
+        u"PERIOD"_s,
+        u"all"_s};
     QCommandLineOption users {
         u"users"_s, u"Only these users, as a,b; counts with a period only."_s, u"NAMES"_s};
     QCommandLineOption groups {
@@ -71,21 +72,6 @@ struct Arguments
     QCommandLineOption failIfEmpty {u"fail-if-empty"_s,
                                     u"Exit status 1 when there is nothing to report."_s};
 };
-
-std::optional<ReportPeriod> PeriodFrom(const QString &text)
-{
-    const QStringList words {u"all"_s, u"today"_s, u"week"_s, u"month"_s};
-    if (const auto place = words.indexOf(text); place >= 0) {
-        return PeriodUpTo(Today(), static_cast<PeriodChoice>(place));
-    }
-    const QStringList ends = text.split(u".."_s);
-    const QDate from = QDate::fromString(ends.first(), Qt::ISODate);
-    const QDate to = QDate::fromString(ends.last(), Qt::ISODate);
-    if (ends.size() != 2 || !from.isValid() || !to.isValid() || from > to) {
-        return std::nullopt;
-    }
-    return ReportPeriod {PeriodChoice::Custom, DayOf(from), DayOf(to)};
-}
 
 struct WantedNames
 {
@@ -194,7 +180,7 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
         return Fail(BadArguments,
                     u"no such report: \"%1\"; see --list"_s.arg(parser.value(arguments.report)));
     }
-    const auto period = PeriodFrom(parser.value(arguments.period));
+    const auto period = PeriodNamed(parser.value(arguments.period), Today());
     if (!period) {
         return Fail(BadArguments, u"no such period: \"%1\""_s.arg(parser.value(arguments.period)));
     }

@@ -138,6 +138,19 @@ QString PeriodCondition(ReportCategory category, const ReportPeriod &period)
         + start + u" <= " + DayText(column, period.to, column.upperEnd);
 }
 
+struct PeriodWord
+{
+    QStringView word;
+    PeriodChoice choice;
+};
+
+constexpr PeriodWord kPeriodWords[] = {{u"all", PeriodChoice::All},
+                                       {u"today", PeriodChoice::Today},
+                                       {u"week", PeriodChoice::LastWeek},
+                                       {u"month", PeriodChoice::LastMonth},
+                                       {u"previous-month", PeriodChoice::PreviousMonth},
+                                       {u"this-year", PeriodChoice::ThisYear}};
+
 struct ClauseTexts
 {
     QStringView firstOf; // of the ids that are wanted
@@ -167,15 +180,47 @@ QString Clause(const ReportFilter<IdType> &filter, const ClauseTexts &texts)
 
 ReportPeriod PeriodUpTo(QDate today, PeriodChoice choice)
 {
-    const Day last = DayOf(today);
+    const auto until = [choice](QDate from, QDate to) {
+        return ReportPeriod {choice, DayOf(from), DayOf(to)};
+    };
+    const QDate month(today.year(), today.month(), 1);
     switch (choice) {
     case PeriodChoice::LastWeek:
-        return {choice, FirstDayOfLastWeek(today), last};
+        return until(today.addDays(-6), today);
     case PeriodChoice::LastMonth:
-        return {choice, FirstDayOfLastMonth(today), last};
+        return until(today.addMonths(-1), today);
+    case PeriodChoice::PreviousMonth:
+        return until(month.addMonths(-1), month.addDays(-1));
+    case PeriodChoice::ThisYear:
+        return until({today.year(), 1, 1}, today);
     default:
-        return {choice, last, last};
+        return until(today, today);
     }
+}
+
+QStringList PeriodWords()
+{
+    QStringList words;
+    for (const PeriodWord &period : kPeriodWords) {
+        words += period.word.toString();
+    }
+    return words;
+}
+
+std::optional<ReportPeriod> PeriodNamed(const QString &text, QDate today)
+{
+    for (const PeriodWord &period : kPeriodWords) {
+        if (text == period.word) {
+            return PeriodUpTo(today, period.choice);
+        }
+    }
+    const QStringList ends = text.split(u".."_s);
+    const QDate from = QDate::fromString(ends.first(), Qt::ISODate);
+    const QDate to = QDate::fromString(ends.last(), Qt::ISODate);
+    if (ends.size() != 2 || !from.isValid() || !to.isValid() || from > to) {
+        return std::nullopt;
+    }
+    return ReportPeriod {PeriodChoice::Custom, DayOf(from), DayOf(to)};
 }
 
 QString UserFilterClause(const ReportFilter<UserId> &filter)

@@ -5,12 +5,13 @@
 #include "db/ids.h"
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
-enum class PeriodChoice { All, Today, LastWeek, LastMonth, Custom };
+#include <optional>
 
-// A period as it is chosen: both days belong to it. The simple arithmetic of "last week" and "last
-// month" can name a day that does not exist, which goes into the text as it is.
+enum class PeriodChoice { All, Today, LastWeek, LastMonth, Custom, PreviousMonth, ThisYear };
+
+// A period as it is chosen: both days belong to it.
 struct ReportPeriod
 {
     PeriodChoice choice = PeriodChoice::All;
@@ -18,8 +19,15 @@ struct ReportPeriod
     Day to;
 };
 
-// The period of a choice other than Custom, up to and including `today`.
+// The period of a choice other than Custom, by the calendar. Last week is `today` and the six days before
+// it; last month begins on its day of the month before, or that month's last; the previous month is that
+// of the calendar, and ends before `today`.
 [[nodiscard]] ReportPeriod PeriodUpTo(QDate today, PeriodChoice choice);
+
+// A period as it is named where nobody clicks: a word of PeriodWords(), or FROM..TO in days such as
+// 2026-11-21. Nothing for another text.
+[[nodiscard]] std::optional<ReportPeriod> PeriodNamed(const QString &text, QDate today);
+[[nodiscard]] QStringList PeriodWords();
 
 // The ids of the two lists of a filter dialog.
 template <typename IdType>

@@ -190,15 +190,45 @@ TEST(Selection, APeriodComparesTheColumnOfTheCategory)
         EXPECT_EQ(ConditionOf(row, today), QLatin1StringView(day));
         EXPECT_EQ(ConditionOf(row, kRange), QLatin1StringView(range));
     }
-    // Kept: the simple arithmetic names days that do not exist, and borrows no year.
-    EXPECT_EQ(
-        ConditionOf(0, PeriodUpTo({2026, 3, 6}, PeriodChoice::LastWeek)),
-        u" and traffic_use.current_time >= #2026/02/30# and traffic_use.current_time <= #2026/03/06#"_s);
-    EXPECT_EQ(
-        ConditionOf(0, PeriodUpTo({2026, 1, 5}, PeriodChoice::LastMonth)),
-        u" and traffic_use.current_time >= #2026/12/05# and traffic_use.current_time <= #2026/01/05#"_s);
     for (int row = 0; row < kReportCount; ++row) {
         EXPECT_TRUE(QueryText(row, {}, u" AND (users.user_id = 1)"_s, {}).isEmpty()) << row;
+    }
+}
+
+TEST(Selection, PeriodsGoByTheCalendar)
+{
+    struct Case
+    {
+        QDate today;
+        const char *word;
+        Day from;
+        Day to;
+    };
+    const Case cases[] = {
+        {{2026, 11, 21}, "today", {2026, 11, 21}, {2026, 11, 21}},
+        {{2026, 11, 21}, "week", {2026, 11, 15}, {2026, 11, 21}},
+        {{2026, 3, 6}, "week", {2026, 2, 28}, {2026, 3, 6}},
+        {{2026, 1, 5}, "week", {2025, 12, 30}, {2026, 1, 5}},
+        {{2026, 11, 21}, "month", {2026, 10, 21}, {2026, 11, 21}},
+        {{2026, 1, 5}, "month", {2025, 12, 5}, {2026, 1, 5}},
+        {{2026, 3, 31}, "month", {2026, 2, 28}, {2026, 3, 31}},
+        {{2028, 3, 31}, "month", {2028, 2, 29}, {2028, 3, 31}},
+        {{2026, 3, 31}, "previous-month", {2026, 2, 1}, {2026, 2, 28}},
+        {{2026, 1, 1}, "previous-month", {2025, 12, 1}, {2025, 12, 31}},
+        {{2026, 11, 21}, "this-year", {2026, 1, 1}, {2026, 11, 21}},
+        {{2026, 1, 1}, "this-year", {2026, 1, 1}, {2026, 1, 1}},
+        {{2026, 1, 1}, "2024-02-29..2026-11-21", {2024, 2, 29}, {2026, 11, 21}},
+    };
+    for (const auto &[today, word, from, to] : cases) {
+        const auto period = PeriodNamed(QString::fromLatin1(word), today);
+        ASSERT_TRUE(period) << word;
+        EXPECT_EQ(period->from, from) << word << qPrintable(today.toString());
+        EXPECT_EQ(period->to, to) << word << qPrintable(today.toString());
+    }
+    EXPECT_EQ(PeriodNamed(u"all"_s, {2026, 1, 1})->choice, PeriodChoice::All);
+    for (const char *other :
+         {"", "yesterday", "2026-02-30..2026-03-01", "2026-03-01..2026-02-01"}) {
+        EXPECT_FALSE(PeriodNamed(QString::fromLatin1(other), {2026, 1, 1})) << other;
     }
 }
 
