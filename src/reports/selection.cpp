@@ -159,21 +159,38 @@ struct ClauseTexts
     QStringView nextNotOf;
 };
 
+constexpr ClauseTexts kUserTexts {u" AND (users.user_id = ",
+                                  u" OR users.user_id = ",
+                                  u" AND (users.user_id <> ",
+                                  u" AND users.user_id <> "};
+
+// Kept: the exclusion of groups is joined with "or", unlike that of users.
+constexpr ClauseTexts kGroupTexts {u" and (users.group_id = ",
+                                   u" or users.group_id = ",
+                                   u" and (users.group_id <> ",
+                                   u" or users.group_id <> "};
+
+template <typename IdType>
+QString Joined(const QList<IdType> &ids, QStringView first, QStringView next)
+{
+    QString clause;
+    for (const IdType id : ids) {
+        clause += (clause.isEmpty() ? first : next) + QString::number(id.value);
+    }
+    return clause.isEmpty() ? clause : clause + u')';
+}
+
 template <typename IdType>
 QString Clause(const ReportFilter<IdType> &filter, const ClauseTexts &texts)
 {
-    if (filter.taken.isEmpty() || filter.left.isEmpty()) {
+    switch (UserFilterEffect(filter.taken.size(), filter.left.size())) {
+    case FilterEffect::None:
         return {};
+    case FilterEffect::Only:
+        return Joined(filter.taken, texts.firstOf, texts.nextOf);
+    default:
+        return Joined(filter.left, texts.firstNotOf, texts.nextNotOf);
     }
-    const bool wanted = filter.taken.size() < filter.left.size();
-    const QList<IdType> &ids = wanted ? filter.taken : filter.left;
-    QString clause;
-    for (const IdType id : ids) {
-        const QStringView next = wanted ? texts.nextOf : texts.nextNotOf;
-        const QStringView first = wanted ? texts.firstOf : texts.firstNotOf;
-        clause += (clause.isEmpty() ? first : next) + QString::number(id.value);
-    }
-    return clause + u')';
 }
 
 } // namespace
@@ -223,23 +240,38 @@ std::optional<ReportPeriod> PeriodNamed(const QString &text, QDate today)
     return ReportPeriod {PeriodChoice::Custom, DayOf(from), DayOf(to)};
 }
 
-QString UserFilterClause(const ReportFilter<UserId> &filter)
+FilterEffect UserFilterEffect(qsizetype taken, qsizetype left)
 {
-    return Clause(filter,
-                  {u" AND (users.user_id = ",
-                   u" OR users.user_id = ",
-                   u" AND (users.user_id <> ",
-                   u" AND users.user_id <> "});
+    if (taken == 0 || left == 0) {
+        return FilterEffect::None;
+    }
+    return taken < left ? FilterEffect::Only : FilterEffect::AllBut;
 }
 
-// Kept: the exclusion of groups is joined with "or", unlike that of users.
+FilterEffect GroupFilterEffect(qsizetype taken, qsizetype left)
+{
+    const FilterEffect effect = UserFilterEffect(taken, left);
+    return effect == FilterEffect::AllBut && left > 1 ? FilterEffect::Everybody : effect;
+}
+
+QString UserFilterClause(const ReportFilter<UserId> &filter)
+{
+    return Clause(filter, kUserTexts);
+}
+
 QString GroupFilterClause(const ReportFilter<GroupId> &filter)
 {
-    return Clause(filter,
-                  {u" and (users.group_id = ",
-                   u" or users.group_id = ",
-                   u" and (users.group_id <> ",
-                   u" or users.group_id <> "});
+    return Clause(filter, kGroupTexts);
+}
+
+QString OnlyUsersClause(const QList<UserId> &ids)
+{
+    return Joined(ids, kUserTexts.firstOf, kUserTexts.nextOf);
+}
+
+QString OnlyGroupsClause(const QList<GroupId> &ids)
+{
+    return Joined(ids, kGroupTexts.firstOf, kGroupTexts.nextOf);
 }
 
 FilterUse FiltersOf(int row)

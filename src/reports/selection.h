@@ -42,6 +42,18 @@ struct ReportFilter
 [[nodiscard]] QString UserFilterClause(const ReportFilter<UserId> &filter);
 [[nodiscard]] QString GroupFilterClause(const ReportFilter<GroupId> &filter);
 
+// The clause that keeps exactly these, however many others there are; empty for none.
+[[nodiscard]] QString OnlyUsersClause(const QList<UserId> &ids);
+[[nodiscard]] QString OnlyGroupsClause(const QList<GroupId> &ids);
+
+// What a filter makes a report be of: everybody, for want of a clause; only those taken; all but those
+// left, and so also whoever was not offered; or everybody in spite of its clause.
+enum class FilterEffect { None, Only, AllBut, Everybody };
+
+// By how many stand in the two lists.
+[[nodiscard]] FilterEffect UserFilterEffect(qsizetype taken, qsizetype left);
+[[nodiscard]] FilterEffect GroupFilterEffect(qsizetype taken, qsizetype left);
+
 // Which of the two further filters the dialog offers for a row of the catalogue.
 struct FilterUse
 {
