@@ -337,6 +337,30 @@ TEST_P(MadeReport, TheConnectionTakesReadingStatementsOneAtATime)
     EXPECT_EQ(queryResult.Integer(1), 0U);
 }
 
+// An engine bears a thousand terms of a clause as it is written.
+TEST_P(MadeReport, AFilterMayNameAHundredThousand)
+{
+    constexpr quint32 kMany = 100'000;
+    constexpr quint32 kFirst = 3; // of the nine users, whose groups are 80 and 81
+    FilterNumbers few; // takes them
+    for (quint32 number = kFirst; number < kFirst + kMany; ++number) {
+        few.taken += number;
+    }
+    few.left.fill(7'000'000, kMany + 1);
+    const FilterNumbers many {few.taken, few.taken}; // leaves them out
+    const auto rows = [&](const QString &userClause, const QString &groupClause) {
+        const auto table = ReportOf(RequestFor(Dsn(), 0, kAutumn, userClause, groupClause));
+        return table ? table->rows.Count() : -1;
+    };
+    const qint64 all = rows({}, {});
+    EXPECT_EQ(rows(UserFilterClause(few.Filter<UserId>()), {}), all - (kFirst - 1));
+    EXPECT_EQ(
+        rows(UserFilterClause(many.Filter<UserId>()), GroupFilterClause(few.Filter<GroupId>())),
+        kFirst - 1);
+    // Kept: leaving out several groups leaves out none.
+    EXPECT_EQ(rows({}, GroupFilterClause(many.Filter<GroupId>())), all);
+}
+
 TEST_P(MadeReport, FiltersOfferTheMonitoredUsersAndTheGroups)
 {
     Execute("UPDATE users SET monitored = false WHERE username = 'anna'");
