@@ -65,7 +65,9 @@ struct Arguments
     QCommandLineOption groups {
         u"groups"_s, u"Only these groups, as a,b; needs a period."_s, u"NAMES"_s};
     QCommandLineOption output {
-        u"output"_s, u"The file to write: .pdf, .csv, .html or .xlsx."_s, u"FILE"_s};
+        u"output"_s, u"The file to write: %1."_s.arg(EndingsInWords()), u"FILE"_s};
+    QCommandLineOption csvBom {
+        u"csv-bom"_s, u"Begins a .csv with a byte order mark, for spreadsheets that need it."_s};
     QCommandLineOption dsn {
         u"dsn"_s, u"The ODBC data source; bill unless given."_s, u"NAME"_s, u"bill"_s};
     QCommandLineOption config {
@@ -175,13 +177,22 @@ int StatusOf(ReportProblem::Kind kind)
     }
 }
 
-int Make(const ReportRequest &request, const QString &output, bool failIfEmpty)
+struct Target
+{
+    QString file;
+    OutputOptions options;
+    bool failIfEmpty = false;
+};
+
+int Make(const ReportRequest &request, const Target &target)
 {
     RunControl control;
     ReportProblem problem;
     const ReportTablePtr table = MakeReport(request, control, problem);
-    const bool isMissed = table && table->IsEmpty() && failIfEmpty; // the former file stays then
-    if (!table || (!isMissed && !WriteReport(table, output, control, problem))) {
+    const bool isMissed =
+        table && table->IsEmpty() && target.failIfEmpty; // the former file stays then
+    if (!table
+        || (!isMissed && !WriteReport(table, target.file, control, problem, target.options))) {
         return Fail(static_cast<Status>(StatusOf(problem.kind)), problem.text);
     }
     if (AgeOf(table->schemaVersion) == SchemaAge::Older) {
@@ -204,7 +215,7 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
     }
     const QString output = parser.value(arguments.output);
     if (!FormatOf(output)) {
-        return Fail(BadArguments, u"--output must name a .pdf, .csv, .html or .xlsx file"_s);
+        return Fail(BadArguments, u"--output must name a %1 file"_s.arg(EndingsInWords()));
     }
     const WantedNames names = NamesOf(parser, arguments);
     if (names.isMissing) {
@@ -227,7 +238,10 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
     request.connectionText = ReportConnectionText(program.dataSource);
     request.period = PeriodInWords(*period);
     request.filter = filters.InWords();
-    return Make(request, output, parser.isSet(arguments.failIfEmpty));
+    return Make(request,
+                {.file = output,
+                 .options = {.csvBom = parser.isSet(arguments.csvBom)},
+                 .failIfEmpty = parser.isSet(arguments.failIfEmpty)});
 }
 
 } // namespace
@@ -253,6 +267,7 @@ int main(int argc, char **argv)
                        arguments.users,
                        arguments.groups,
                        arguments.output,
+                       arguments.csvBom,
                        arguments.dsn,
                        arguments.config,
                        arguments.failIfEmpty});

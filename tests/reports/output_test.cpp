@@ -72,6 +72,20 @@ print('\0'.join(row[0] for row in rows), end='')
     }
 }
 
+TEST_F(Written, ACsvFileBeginsWithTheMarkWhenItIsAskedFor)
+{
+    const auto table = ReportOf(RequestFor(Dsn(), 0));
+    QByteArray texts[2];
+    for (const bool marked : {false, true}) {
+        QBuffer device(&texts[marked ? 1 : 0]);
+        device.open(QIODevice::WriteOnly);
+        RunControl control;
+        EXPECT_TRUE(WriteCsv(*table, device, control, {.csvBom = marked}));
+    }
+    EXPECT_TRUE(texts[0].startsWith("User,"));
+    EXPECT_EQ(texts[1], "\xef\xbb\xbf" + texts[0]);
+}
+
 TEST_F(Written, OddNamesAndNumbersSurviveXlsx)
 {
     const QString read = OutputOf(QStringLiteral(TB_PYTHON),
