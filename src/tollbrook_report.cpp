@@ -1,4 +1,5 @@
 // Makes one report without a screen: for timers and scripts.
+#include "db/data_source.h"
 #include "db/query.h"
 #include "db/schema_version.h"
 #include "db/session.h"
@@ -146,7 +147,10 @@ int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters
         return Fail(Database, version.error().text);
     }
     if (!version) {
-        return Fail(Database, u"the data source \"%1\" cannot be opened"_s.arg(program.dataSource));
+        return Fail(Database,
+                    u"the data source \"%1\" cannot be opened. %2"_s
+                        .arg(program.dataSource, MissingSourceAdvice(program.dataSource))
+                        .trimmed());
     }
     QStringList unknown;
     const auto users = LookUp(names.users, AllUsers, filters.users, unknown);
@@ -195,11 +199,15 @@ int Make(const ReportRequest &request, const Target &target)
         || (!isMissed && !WriteReport(table, target.file, control, problem, target.options))) {
         return Fail(static_cast<Status>(StatusOf(problem.kind)), problem.text);
     }
+    const QString source = ParseConnectionText(request.connectionText).dsn;
     if (AgeOf(table->schemaVersion) == SchemaAge::Older) {
-        Warn(
-            OlderSchemaText(table->schemaVersion, ParseConnectionText(request.connectionText).dsn));
+        Warn(OlderSchemaText(table->schemaVersion, source));
     }
-    return isMissed ? Fail(Empty, u"there is nothing to report"_s) : Done;
+    if (isMissed) {
+        return Fail(Empty, u"there is nothing to report in the data source \"%1\""_s.arg(source));
+    }
+    QTextStream(stdout) << u"%1: made from the data source \"%2\"\n"_s.arg(target.file, source);
+    return Done;
 }
 
 int Run(const QCommandLineParser &parser, const Arguments &arguments)

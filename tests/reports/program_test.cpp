@@ -105,6 +105,10 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
         {with({u"--colour"_s}), 2, "colour"},
         {with({u"stray"_s}), 2, "stray"},
         {with({u"--dsn"_s, u"nowhere"_s}), 3, "tollbrook-report: data source \"nowhere\": "},
+        {with({u"--dsn"_s, u"nowhere"_s}), 3, "no section [nowhere] in odbc.ini: add one"},
+        {with({u"--dsn"_s, u"nowhere"_s, u"--users"_s, u"anna"_s, u"--period"_s, u"month"_s}),
+         3,
+         "\"nowhere\" cannot be opened. There is no section [nowhere]"},
         {with({u"--output"_s, Out(u"none/a.pdf"_s)}), 5, "does not exist"},
     };
     for (const auto &[arguments, status, words] : cases) {
@@ -230,6 +234,13 @@ TEST_F(Program, AnEmptyReportLeavesTheFormerFileWhenItIsAskedTo)
     EXPECT_EQ(Run(arguments), 0);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().startsWith("User,"));
+}
+
+TEST_F(Program, SaysWhichDataSourceItHasRead)
+{
+    const QString file = Out(u"d.csv"_s);
+    EXPECT_EQ(Run({u"--report"_s, u"0"_s, u"--dsn"_s, Dsn(), u"--output"_s, file}), 0);
+    EXPECT_EQ(printed, u"%1: made from the data source \"%2\"\n"_s.arg(file, Dsn()));
 }
 
 TEST_F(Program, TellsItsVersion)
