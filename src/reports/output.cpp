@@ -67,8 +67,10 @@ bool WriteReport(const ReportTablePtr &table,
     }
     QString words;
     OutputFile file;
-    if (file.Open(fileName) && WriteDevice(table, *format, options, file.Device(), control, words)
-        && file.Keep()) {
+    const bool written =
+        file.Open(fileName) && WriteDevice(table, *format, options, file.Device(), control, words);
+    words = words.isEmpty() ? table->rows.ReadProblem() : words; // the file lacks rows then
+    if (written && words.isEmpty() && file.Keep()) {
         return true;
     }
     for (const QString &reason : {file.Problem(), file.Device().errorString()}) {

@@ -1,5 +1,6 @@
 #include "reports/output.h"
 
+#include "reports/broken_store.h"
 #include "reports/catalogue.h"
 #include "reports/chart_painter.h"
 #include "reports/paper.h"
@@ -328,7 +329,8 @@ TEST_F(Written, AFailureLeavesTheFormerFile)
     QFile former(file);
     ASSERT_TRUE(former.open(QIODevice::WriteOnly) && former.write("former") == 6);
     former.close();
-    for (const QString &suffix : {u"csv"_s, u"pdf"_s, u"html"_s, u"xlsx"_s}) {
+    for (const FormatEntry &entry : OutputFormats()) {
+        const QString suffix = entry.ending.toString();
         RunControl cancelled;
         cancelled.Cancel();
         ReportProblem problem;
@@ -346,6 +348,29 @@ TEST_F(Written, AFailureLeavesTheFormerFile)
     EXPECT_EQ(former.readAll(), "former");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
               QStringList(u"kept.csv"_s));
+}
+
+TEST_F(Written, RowsThatCannotBeReadMakeNoFile)
+{
+    LayoutError error;
+    const auto table = std::make_shared<ReportTable>();
+    table->layout = ParseLayout("title = 'T'\nquery = 'SELECT name FROM groups'\n"
+                                "[[column]]\nname = 'name'\n",
+                                u"t"_s,
+                                error)
+                        .value();
+    FillAndBreak(table->rows);
+    table->allCount = table->rows.Count();
+    table->totals = CellRow(1);
+    for (const FormatEntry &entry : OutputFormats()) {
+        const QString file = folder.filePath(u"broken."_s + entry.ending);
+        RunControl control;
+        ReportProblem problem;
+        EXPECT_FALSE(WriteReport(table, file, control, problem));
+        EXPECT_EQ(problem.kind, ReportProblem::Kind::Output);
+        EXPECT_TRUE(problem.text.contains(u"cannot be read"_s)) << problem.text.toStdString();
+        EXPECT_FALSE(QFile::exists(file));
+    }
 }
 
 TEST_F(Written, AFullDiskIsTold)
