@@ -4350,8 +4350,8 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>das Laden von Erweiterungen lässt sich nicht abschalten</translation>
     </message>
     <message>
-        <source>a report runs one statement at a time</source>
-        <translation>ein Bericht führt immer nur eine Anweisung aus</translation>
+        <source>a report runs one query at a time, and nothing else</source>
+        <translation>ein Bericht führt immer nur eine Abfrage aus und nichts anderes</translation>
     </message>
 </context>
 <context>

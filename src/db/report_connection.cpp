@@ -9,6 +9,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -43,6 +44,15 @@ SQLSMALLINT HostType(ReadAs as, const Dialect &dialect)
         return SQL_C_CHAR;
     }
     return as == ReadAs::Integer ? SQL_C_SBIGINT : SQL_C_DOUBLE;
+}
+
+// Others could take back what was set up for the connection.
+bool IsQuery(QStringView text)
+{
+    static const QRegularExpression kStart(u"^\\s*(SELECT|WITH)\\b"_s,
+                                           QRegularExpression::CaseInsensitiveOption);
+    constexpr qsizetype kEnough = 256;
+    return kStart.match(text.left(kEnough).toString()).hasMatch();
 }
 
 // One of the drivers sends all statements of a text, however the connection is set up.
@@ -252,8 +262,8 @@ bool ReportConnection::Try(const QString &statement,
     }
     CloseCursor();
     gathered.reset();
-    if (HoldsMoreThanOne(statement)) {
-        problem = Words::tr("a report runs one statement at a time");
+    if (!IsQuery(statement) || HoldsMoreThanOne(statement)) {
+        problem = Words::tr("a report runs one query at a time, and nothing else");
         return false;
     }
     qCDebug(logStatement).noquote() << statement;

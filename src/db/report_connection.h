@@ -50,8 +50,8 @@ public:
     // The version of the database's schema (schema_version.h).
     [[nodiscard]] int SchemaVersion() const { return schemaVersion; }
 
-    // Runs one statement, in the spelling of the code: a dialect writes it for the engine. False,
-    // with Problem() filled, when it fails or is more than one; the connection can then run another.
+    // Runs one query, in the spelling of the code: a dialect writes it for the engine. False, with
+    // Problem() filled, when it fails or is anything else; the connection can then run another.
     [[nodiscard]] bool Run(const QString &statement);
 
     // The same for a statement of which many rows may come: never are all of them in memory, unless

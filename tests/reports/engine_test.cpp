@@ -342,6 +342,12 @@ TEST_P(MadeReport, TheConnectionTakesReadingStatementsOneAtATime)
         u"UPDATE users SET blocked = 1"_s,
         u"DELETE FROM users"_s,
         u"CREATE TABLE extra (number integer)"_s,
+        u"PRAGMA query_only=0"_s,
+        u"ATTACH DATABASE ':memory:' AS extra"_s,
+        u"SET SESSION TRANSACTION READ WRITE"_s,
+        u"SET default_transaction_read_only=off"_s,
+        u"COMMIT"_s,
+        u"WITH gone AS (DELETE FROM users RETURNING user_id) SELECT user_id FROM gone"_s,
         u"SELECT 1; UPDATE users SET blocked = 1"_s,
         u"SELECT load_extension('%1')"_s.arg(QStringLiteral(TB_EXTENSION)),
     };
@@ -390,6 +396,9 @@ TEST_P(MadeReport, FiltersOfferTheMonitoredUsersAndTheGroups)
     for (const auto &[id, name] : *users) {
         EXPECT_EQ(NameOf(id).value_or(std::nullopt), std::optional(name));
     }
+    const auto all = AllUsers();
+    ASSERT_TRUE(all);
+    EXPECT_EQ(static_cast<qsizetype>(all->size()), OddNames().size());
     const auto groups = OfferedGroups();
     ASSERT_TRUE(groups);
     ASSERT_EQ(groups->size(), 2U);
@@ -400,5 +409,6 @@ TEST_P(MadeReport, FiltersOfferTheMonitoredUsersAndTheGroups)
 TEST_P(MadeReport, FiltersThatCannotBeReadOfferNotNobody)
 {
     EXPECT_EQ(UntoldFailures(Dsn(), [] { return OfferedUsers().has_value(); }), QStringList());
+    EXPECT_EQ(UntoldFailures(Dsn(), [] { return AllUsers().has_value(); }), QStringList());
     EXPECT_EQ(UntoldFailures(Dsn(), [] { return OfferedGroups().has_value(); }), QStringList());
 }
