@@ -4,6 +4,8 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -24,6 +26,15 @@ bool LooksEncoded(QStringView text)
     return text.startsWith(u"_x"_s) && kShape.match(text.left(7).toString()).hasMatch();
 }
 
+// Most texts are: a report may write a million of them.
+bool IsPlain(const QString &text)
+{
+    return text.size() <= kCellCharacters && !text.contains(u"_x"_s)
+        && std::ranges::all_of(text, [](QChar c) {
+               return !c.isSurrogate() && !c.isNull() && c.unicode() < 0xfffe;
+           });
+}
+
 QString CutTo(const QString &text, qsizetype most)
 {
     const bool splits = text.size() > most && text[most - 1].isHighSurrogate();
@@ -34,6 +45,9 @@ QString CutTo(const QString &text, qsizetype most)
 
 QByteArray SheetText(const QString &text)
 {
+    if (IsPlain(text)) {
+        return text.toUtf8();
+    }
     QString written;
     for (qsizetype at = 0; at < text.size(); ++at) {
         QString next(text[at]);
