@@ -350,6 +350,17 @@ TEST_F(Written, AFailureLeavesTheFormerFile)
               QStringList(u"kept.csv"_s));
 }
 
+TEST_F(Written, AFileIsItsWritersAloneInEveryFormat)
+{
+    for (const FormatEntry &entry : OutputFormats()) {
+        const QFile file(Write(0, entry.ending.toString()));
+        const auto rights = file.permissions();
+        EXPECT_FALSE(rights.testAnyFlags(QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup
+                                         | QFile::WriteOther))
+            << file.fileName().toStdString();
+    }
+}
+
 TEST_F(Written, RowsThatCannotBeReadMakeNoFile)
 {
     LayoutError error;
