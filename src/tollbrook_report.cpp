@@ -1,4 +1,5 @@
 // Makes one report without a screen: for timers and scripts.
+#include "db/data_source.h"
 #include "db/query.h"
 #include "db/schema_version.h"
 #include "db/session.h"
@@ -50,86 +51,89 @@ int List()
 struct Arguments
 {
     QCommandLineOption help {u"help"_s, u"Shows this help."_s};
+    QCommandLineOption version {u"version"_s, u"Shows the version."_s};
     QCommandLineOption list {u"list"_s, u"Lists the reports with their numbers."_s};
     QCommandLineOption report {
         u"report"_s, u"The report, by number, title or layout file."_s, u"NAME|NUMBER"_s};
-    QCommandLineOption period {u"period"_s,
-                               u"all (unless given), today, week, month, or FROM..TO as "
-                               "2026-11-01..2026-11-21."_s,
-                               u"PERIOD"_s,
-                               u"all"_s};
+    QCommandLineOption period {
+        u"period"_s,
+        PeriodWords().join(u", "_s)
+            + u", or FROM..TO as 2026-11-01..2026-11-21; all unless given."_s,
+        u"PERIOD"_s,
+        u"all"_s};
     QCommandLineOption users {
-        u"users"_s, u"Only these users, as a,b; counts with a period only."_s, u"NAMES"_s};
+        u"users"_s, u"Only these users, as a,b; needs a period."_s, u"NAMES"_s};
     QCommandLineOption groups {
-        u"groups"_s, u"Only these groups, as a,b; counts with a period only."_s, u"NAMES"_s};
+        u"groups"_s, u"Only these groups, as a,b; needs a period."_s, u"NAMES"_s};
     QCommandLineOption output {
-        u"output"_s, u"The file to write: .pdf, .csv, .html or .xlsx."_s, u"FILE"_s};
+        u"output"_s, u"The file to write: %1."_s.arg(EndingsInWords()), u"FILE"_s};
+    QCommandLineOption csvBom {
+        u"csv-bom"_s, u"Begins a .csv with a byte order mark, for spreadsheets that need it."_s};
     QCommandLineOption dsn {
         u"dsn"_s, u"The ODBC data source; bill unless given."_s, u"NAME"_s, u"bill"_s};
     QCommandLineOption config {
         u"config"_s, u"The folder of settings, which tells where the layouts are."_s, u"DIR"_s};
     QCommandLineOption failIfEmpty {u"fail-if-empty"_s,
-                                    u"Exit status 1 when there is nothing to report."_s};
+                                    u"Exit status 1 when there is nothing to report; a former file "
+                                    "stays."_s};
 };
 
-std::optional<ReportPeriod> PeriodFrom(const QString &text)
-{
-    const QStringList words {u"all"_s, u"today"_s, u"week"_s, u"month"_s};
-    if (const auto place = words.indexOf(text); place >= 0) {
-        return PeriodUpTo(Today(), static_cast<PeriodChoice>(place));
-    }
-    const QStringList ends = text.split(u".."_s);
-    const QDate from = QDate::fromString(ends.first(), Qt::ISODate);
-    const QDate to = QDate::fromString(ends.last(), Qt::ISODate);
-    if (ends.size() != 2 || !from.isValid() || !to.isValid() || from > to) {
-        return std::nullopt;
-    }
-    return ReportPeriod {PeriodChoice::Custom, DayOf(from), DayOf(to)};
-}
-
+// The names that a report is to be narrowed to.
 struct WantedNames
 {
     QStringList users;
     QStringList groups;
+    bool isMissing = false; // a list is given and names nobody
 
     [[nodiscard]] bool IsEmpty() const { return users.isEmpty() && groups.isEmpty(); }
 };
 
 WantedNames NamesOf(const QCommandLineParser &parser, const Arguments &arguments)
 {
-    return {NamesFrom(parser.values(arguments.users).join(u',')),
-            NamesFrom(parser.values(arguments.groups).join(u','))};
+    WantedNames names {NamesFrom(parser.values(arguments.users).join(u',')),
+                       NamesFrom(parser.values(arguments.groups).join(u','))};
+    names.isMissing = (parser.isSet(arguments.users) && names.users.isEmpty())
+        || (parser.isSet(arguments.groups) && names.groups.isEmpty());
+    return names;
 }
 
 struct Filters
 {
     QString userClause;
     QString groupClause;
-    QString words;
+    FilterScope users;
+    FilterScope groups;
+
+    [[nodiscard]] QString InWords() const
+    {
+        return userClause.isEmpty() && groupClause.isEmpty() ? QString()
+                                                             : FilterInWords(users, groups);
+    }
 };
 
-// The clauses of the names that there are; puts the others into `unknown`.
-std::optional<Failure>
-LookUp(const QStringList &users, const QStringList &groups, Filters &filters, QStringList &unknown)
+// The ids of those that bear the names, which are noted in `scope`; the others in `unknown`.
+template <typename IdType>
+Result<QList<IdType>> LookUp(const QStringList &names,
+                             Result<std::vector<Named<IdType>>> (*offers)(),
+                             FilterScope &scope,
+                             QStringList &unknown)
 {
+    QList<IdType> ids;
+    if (names.isEmpty()) {
+        return ids;
+    }
+    const auto offered = offers();
+    if (!offered) {
+        return tl::unexpected(offered.error());
+    }
     QStringList notFound;
-    if (!users.isEmpty()) {
-        const auto offered = OfferedUsers();
-        if (!offered) {
-            return offered.error();
-        }
-        filters.userClause = UserFilterClause(FilterOf(*offered, users, notFound));
-        unknown += notFound;
+    for (const auto &[id, name] : BearersOf(names, *offered, notFound)) {
+        ids += id;
+        scope.names += name;
     }
-    if (!groups.isEmpty()) {
-        const auto offered = OfferedGroups();
-        if (!offered) {
-            return offered.error();
-        }
-        filters.groupClause = GroupFilterClause(FilterOf(*offered, groups, notFound));
-        unknown += notFound;
-    }
-    return std::nullopt;
+    scope.effect = FilterEffect::Only;
+    unknown += notFound;
+    return ids;
 }
 
 // Looks the names up in the database. A status other than Done ends the program.
@@ -143,18 +147,23 @@ int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters
         return Fail(Database, version.error().text);
     }
     if (!version) {
-        return Fail(Database, u"the data source \"%1\" cannot be opened"_s.arg(program.dataSource));
+        return Fail(Database,
+                    u"the data source \"%1\" cannot be opened. %2"_s
+                        .arg(program.dataSource, MissingSourceAdvice(program.dataSource))
+                        .trimmed());
     }
     QStringList unknown;
-    const auto problem = LookUp(names.users, names.groups, filters, unknown);
+    const auto users = LookUp(names.users, AllUsers, filters.users, unknown);
+    const auto groups = LookUp(names.groups, OfferedGroups, filters.groups, unknown);
     DisconnectDatabase();
-    if (problem) {
-        return Fail(Database, problem->text);
+    if (!users || !groups) {
+        return Fail(Database, users ? groups.error().text : users.error().text);
     }
     if (!unknown.isEmpty()) {
         return Fail(BadArguments, u"nobody is named \"%1\""_s.arg(unknown.join(u"\", \""_s)));
     }
-    filters.words = FilterInWords(names.users, names.groups);
+    filters.userClause = OnlyUsersClause(*users);
+    filters.groupClause = OnlyGroupsClause(*groups);
     return Done;
 }
 
@@ -172,19 +181,33 @@ int StatusOf(ReportProblem::Kind kind)
     }
 }
 
-int Make(const ReportRequest &request, const QString &output, bool failIfEmpty)
+struct Target
+{
+    QString file;
+    OutputOptions options;
+    bool failIfEmpty = false;
+};
+
+int Make(const ReportRequest &request, const Target &target)
 {
     RunControl control;
     ReportProblem problem;
     const ReportTablePtr table = MakeReport(request, control, problem);
-    if (!table || !WriteReport(table, output, control, problem)) {
+    const bool isMissed =
+        table && table->IsEmpty() && target.failIfEmpty; // the former file stays then
+    if (!table
+        || (!isMissed && !WriteReport(table, target.file, control, problem, target.options))) {
         return Fail(static_cast<Status>(StatusOf(problem.kind)), problem.text);
     }
+    const QString source = ParseConnectionText(request.connectionText).dsn;
     if (AgeOf(table->schemaVersion) == SchemaAge::Older) {
-        Warn(
-            OlderSchemaText(table->schemaVersion, ParseConnectionText(request.connectionText).dsn));
+        Warn(OlderSchemaText(table->schemaVersion, source));
     }
-    return failIfEmpty && table->IsEmpty() ? Fail(Empty, u"there is nothing to report"_s) : Done;
+    if (isMissed) {
+        return Fail(Empty, u"there is nothing to report in the data source \"%1\""_s.arg(source));
+    }
+    QTextStream(stdout) << u"%1: made from the data source \"%2\"\n"_s.arg(target.file, source);
+    return Done;
 }
 
 int Run(const QCommandLineParser &parser, const Arguments &arguments)
@@ -194,15 +217,21 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
         return Fail(BadArguments,
                     u"no such report: \"%1\"; see --list"_s.arg(parser.value(arguments.report)));
     }
-    const auto period = PeriodFrom(parser.value(arguments.period));
+    const auto period = PeriodNamed(parser.value(arguments.period), Today());
     if (!period) {
         return Fail(BadArguments, u"no such period: \"%1\""_s.arg(parser.value(arguments.period)));
     }
     const QString output = parser.value(arguments.output);
     if (!FormatOf(output)) {
-        return Fail(BadArguments, u"--output must name a .pdf, .csv, .html or .xlsx file"_s);
+        return Fail(BadArguments, u"--output must name a %1 file"_s.arg(EndingsInWords()));
     }
     const WantedNames names = NamesOf(parser, arguments);
+    if (names.isMissing) {
+        return Fail(BadArguments, u"--users and --groups must name somebody"_s);
+    }
+    if (!names.IsEmpty() && period->choice == PeriodChoice::All) {
+        return Fail(BadArguments, u"users and groups apply only with a period; see --period"_s);
+    }
     const StartedProgram program({.configFolder = parser.value(arguments.config),
                                   .dataSource = parser.value(arguments.dsn),
                                   .opensDatabase = !names.IsEmpty()});
@@ -210,18 +239,17 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
     if (const int status = ReadFilters(names, program, filters); status != Done) {
         return status;
     }
-    if (period->choice == PeriodChoice::All && !filters.words.isEmpty()) {
-        Warn(u"users and groups apply only with a period; this report is of all of them"_s);
-        filters = {};
-    }
     ReportRequest request;
     request.layoutPath =
         LayoutPath(program.settings.ReadText(values::kPath).value_or(QString()), row);
     request.query = QueryText(row, *period, filters.userClause, filters.groupClause);
     request.connectionText = ReportConnectionText(program.dataSource);
     request.period = PeriodInWords(*period);
-    request.filter = filters.words;
-    return Make(request, output, parser.isSet(arguments.failIfEmpty));
+    request.filter = filters.InWords();
+    return Make(request,
+                {.file = output,
+                 .options = {.csvBom = parser.isSet(arguments.csvBom)},
+                 .failIfEmpty = parser.isSet(arguments.failIfEmpty)});
 }
 
 } // namespace
@@ -240,12 +268,14 @@ int main(int argc, char **argv)
         "5 output."_s);
     const Arguments arguments;
     parser.addOptions({arguments.help,
+                       arguments.version,
                        arguments.list,
                        arguments.report,
                        arguments.period,
                        arguments.users,
                        arguments.groups,
                        arguments.output,
+                       arguments.csvBom,
                        arguments.dsn,
                        arguments.config,
                        arguments.failIfEmpty});
@@ -254,6 +284,10 @@ int main(int argc, char **argv)
     }
     if (parser.isSet(arguments.help)) {
         QTextStream(stdout) << parser.helpText();
+        return Done;
+    }
+    if (parser.isSet(arguments.version)) {
+        QTextStream(stdout) << "tollbrook-report " TB_VERSION "\n";
         return Done;
     }
     if (parser.isSet(arguments.list)) {

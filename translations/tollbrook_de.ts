@@ -1951,6 +1951,13 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>DataSource</name>
+    <message>
+        <source>There is no section [%1] in odbc.ini: add one for the database that the setting &quot;bill dsn&quot; names.</source>
+        <translation>In odbc.ini gibt es keinen Abschnitt [%1]: Legen Sie einen für die Datenbank an, die die Einstellung „bill dsn“ nennt.</translation>
+    </message>
+</context>
+<context>
     <name>DayField</name>
     <message>
         <source>Calendar</source>
@@ -2983,14 +2990,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>ListExport</name>
     <message>
-        <source>Spreadsheet (*.xlsx)</source>
-        <translation>Tabelle (*.xlsx)</translation>
-    </message>
-    <message>
-        <source>Text with commas (*.csv)</source>
-        <translation>Text mit Kommas (*.csv)</translation>
-    </message>
-    <message>
         <source>Export list</source>
         <translation>Liste exportieren</translation>
     </message>
@@ -3455,6 +3454,36 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Options</source>
         <translation>Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>a symbolic link of somebody else leads there</source>
+        <translation>ein symbolischer Verweis eines anderen Benutzers führt dorthin</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFormat</name>
+    <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Text with commas (*.csv)</source>
+        <translation>Text mit Kommas (*.csv)</translation>
+    </message>
+    <message>
+        <source>Web page (*.html)</source>
+        <translation>Webseite (*.html)</translation>
+    </message>
+    <message>
+        <source>Spreadsheet (*.xlsx)</source>
+        <translation>Tabelle (*.xlsx)</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 oder %2</translation>
     </message>
 </context>
 <context>
@@ -4043,6 +4072,46 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>a parenthesis is not closed</source>
         <translation>eine Klammer wird nicht geschlossen</translation>
     </message>
+    <message>
+        <source>%1 is not a name</source>
+        <translation>%1 ist kein Name</translation>
+    </message>
+    <message>
+        <source>%1 is neither a word nor a number</source>
+        <translation>%1 ist weder ein Wort noch eine Zahl</translation>
+    </message>
+    <message>
+        <source>the query&apos;s parentheses are nested too deeply</source>
+        <translation>die Klammern der Abfrage sind zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>%1 needs a blank behind it</source>
+        <translation>hinter %1 gehört ein Leerzeichen</translation>
+    </message>
+    <message>
+        <source>there is no column &quot;%1&quot; that a report may read</source>
+        <translation>es gibt keine Spalte „%1“, die ein Bericht lesen darf</translation>
+    </message>
+    <message>
+        <source>a report&apos;s query names its columns instead of *</source>
+        <translation>die Abfrage eines Berichts nennt ihre Spalten statt *</translation>
+    </message>
+    <message>
+        <source>there is no table &quot;%1&quot; that a report may read</source>
+        <translation>es gibt keine Tabelle „%1“, die ein Bericht lesen darf</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name in a report&apos;s query</source>
+        <translation>„%1“ kann in der Abfrage eines Berichts kein Name sein</translation>
+    </message>
+    <message>
+        <source>the query ends too early</source>
+        <translation>die Abfrage endet zu früh</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot stand there in a report&apos;s query</source>
+        <translation>„%1“ kann in der Abfrage eines Berichts nicht an dieser Stelle stehen</translation>
+    </message>
 </context>
 <context>
     <name>RangeEditor</name>
@@ -4276,6 +4345,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>the database gave no reason</source>
         <translation>die Datenbank hat keinen Grund genannt</translation>
     </message>
+    <message>
+        <source>the loading of extensions cannot be turned off</source>
+        <translation>das Laden von Erweiterungen lässt sich nicht abschalten</translation>
+    </message>
+    <message>
+        <source>a report runs one query at a time, and nothing else</source>
+        <translation>ein Bericht führt immer nur eine Abfrage aus und nichts anderes</translation>
+    </message>
 </context>
 <context>
     <name>ReportFilterDialog</name>
@@ -4353,6 +4430,26 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>all users and groups</source>
         <translation>alle Benutzer und Gruppen</translation>
+    </message>
+    <message>
+        <source>all users but %1</source>
+        <translation>alle Benutzer außer %1</translation>
+    </message>
+    <message>
+        <source>all groups but %1</source>
+        <translation>alle Gruppen außer %1</translation>
+    </message>
+    <message>
+        <source>The report will be on all users but those on the right, also on users that are not monitored.</source>
+        <translation>Der Bericht umfasst alle Benutzer außer denen auf der rechten Seite, auch nicht überwachte.</translation>
+    </message>
+    <message>
+        <source>The report will be on all users but those of the group on the right, also on users without a group.</source>
+        <translation>Der Bericht umfasst alle Benutzer außer denen der Gruppe auf der rechten Seite, auch Benutzer ohne Gruppe.</translation>
+    </message>
+    <message>
+        <source>Leaving out several groups leaves out none: the report will be on everybody.</source>
+        <translation>Werden mehrere Gruppen ausgelassen, so wird keine ausgelassen: Der Bericht umfasst alle.</translation>
     </message>
 </context>
 <context>
@@ -4641,10 +4738,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>ReportOutput</name>
     <message>
-        <source>%1: the name must end in .pdf, .csv, .html or .xlsx</source>
-        <translation>%1: der Name muss auf .pdf, .csv, .html oder .xlsx enden</translation>
-    </message>
-    <message>
         <source>the folder %1 does not exist</source>
         <translation>der Ordner %1 besteht nicht</translation>
     </message>
@@ -4655,6 +4748,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>%1 cannot be written: %2</source>
         <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>%1: the name must end in %2</source>
+        <translation>%1: Der Name muss auf %2 enden</translation>
     </message>
 </context>
 <context>
@@ -4707,6 +4804,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>%1 (continued)</source>
         <translation>%1 (Fortsetzung)</translation>
     </message>
+    <message>
+        <source>(this row cannot be read)</source>
+        <translation>(diese Zeile kann nicht gelesen werden)</translation>
+    </message>
 </context>
 <context>
     <name>ReportSheet</name>
@@ -4721,6 +4822,34 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>a row could not be written</source>
         <translation>eine Zeile konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Total of these %1</source>
+        <translation>Summe dieser %1</translation>
+    </message>
+    <message>
+        <source>Total of all %1</source>
+        <translation>Summe aller %1</translation>
+    </message>
+    <message>
+        <source>Period: %1</source>
+        <translation>Zeitraum: %1</translation>
+    </message>
+    <message>
+        <source>all users and groups</source>
+        <translation>alle Benutzer und Gruppen</translation>
+    </message>
+    <message>
+        <source>Filter: %1</source>
+        <translation>Filter: %1</translation>
+    </message>
+    <message>
+        <source>Made %1</source>
+        <translation>Erstellt %1</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>Bericht</translation>
     </message>
 </context>
 <context>
@@ -4755,22 +4884,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>%1 rows read</source>
         <translation>%1 Zeilen gelesen</translation>
-    </message>
-    <message>
-        <source>PDF (*.pdf)</source>
-        <translation>PDF (*.pdf)</translation>
-    </message>
-    <message>
-        <source>Spreadsheet (*.xlsx)</source>
-        <translation>Tabelle (*.xlsx)</translation>
-    </message>
-    <message>
-        <source>Text with commas (*.csv)</source>
-        <translation>Text mit Kommas (*.csv)</translation>
-    </message>
-    <message>
-        <source>Web page (*.html)</source>
-        <translation>Webseite (*.html)</translation>
     </message>
     <message>
         <source>Save report</source>
@@ -4897,6 +5010,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>the temporary folder %1 cannot be written: %2</source>
         <translation>in den temporären Ordner %1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>the temporary folder %1 cannot be read: %2</source>
+        <translation>der temporäre Ordner %1 kann nicht gelesen werden: %2</translation>
     </message>
 </context>
 <context>

@@ -24,11 +24,12 @@ struct Day
 // 2026-11-21. Not valid when it begins with none. Cheap enough for every row of a list.
 [[nodiscard]] QDate DateIn(QStringView text, QChar separator);
 
-// Kept simple on purpose: the day less 6, and below day 7 the day plus 24 in the month before. No
+// For the purge and an account's history alone; reports go by the calendar. Kept simple on purpose: the
+// day less 6, and below day 7 the day plus 24 in the month before. No
 // year is borrowed (January goes to December of the same year) and no month's length is looked at.
 [[nodiscard]] Day FirstDayOfLastWeek(QDate today);
 
-// Kept simple on purpose: the same day of the month before; January goes to December of the same
+// Likewise for those alone, and kept simple on purpose: the same day of the month before; January goes to December of the same
 // year.
 [[nodiscard]] Day FirstDayOfLastMonth(QDate today);
 

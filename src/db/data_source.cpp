@@ -3,6 +3,7 @@
 #include "db/direct_connection.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -12,6 +13,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(DataSource)
+};
 
 struct Option
 {
@@ -87,4 +93,15 @@ QString RecommendedSection(const QString &dsn)
         }
     }
     return text;
+}
+
+QString MissingSourceAdvice(const QString &dsn)
+{
+    if (!Keys(dsn.toUtf8()).isEmpty()) {
+        return {};
+    }
+    return Words::tr(
+               "There is no section [%1] in odbc.ini: add one for the database that the setting "
+               "\"bill dsn\" names.")
+        .arg(dsn);
 }

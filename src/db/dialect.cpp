@@ -2,6 +2,7 @@
 
 #include "base/day.h"
 #include "base/text.h"
+#include "db/number_chain.h"
 
 #include <sql.h>
 #include <sqlext.h>
@@ -271,6 +272,8 @@ private:
             DateLiteral();
         } else if (IsWordStart(c)) {
             Word();
+        } else if (c == '(' && LongChain()) {
+            return;
         } else {
             if (c == '?') {
                 ++parameter;
@@ -278,6 +281,55 @@ private:
             out += c;
             ++at;
         }
+    }
+
+    // Writes the chain that begins here as a list, if one does that is long.
+    bool LongChain()
+    {
+        constexpr size_t kLong = 16;
+        const auto chain = NumberChainAt(in, at);
+        if (!chain || chain->numbers.size() < kLong) {
+            return false;
+        }
+        const bool isEqual = chain->comparison == "=";
+        const bool isOther = chain->comparison == "<>";
+        if ((isEqual && !chain->isAnd) || (isOther && chain->isAnd)) {
+            AppendList(*chain, isEqual ? " in (" : " not in (");
+        } else if (isOther) {
+            AppendEitherOther(*chain);
+        } else {
+            return false;
+        }
+        at = chain->end;
+        return true;
+    }
+
+    void AppendList(const NumberChain &chain, std::string_view opening)
+    {
+        out += '(';
+        out += Translate(dialect, chain.column);
+        out += opening;
+        for (const auto number : chain.numbers) {
+            out += out.back() == '(' ? "" : ",";
+            out += number;
+        }
+        out += "))";
+    }
+
+    // (a <> 1 OR a <> 2 OR ...) is true of whatever is there as soon as two of the numbers differ.
+    void AppendEitherOther(const NumberChain &chain)
+    {
+        const auto first = chain.numbers.front();
+        const auto other =
+            std::find_if(chain.numbers.begin(), chain.numbers.end(), [first](auto number) {
+                return AmountFrom(number) != AmountFrom(first);
+            });
+        const std::string column = Translate(dialect, chain.column);
+        out += '(' + column + " <> " + std::string(first);
+        if (other != chain.numbers.end()) {
+            out += " or " + column + " <> " + std::string(*other);
+        }
+        out += ')';
     }
 
     void QuotedText(char quote)
@@ -293,7 +345,12 @@ private:
         const auto name = in.substr(at + 1, end - at - 1);
         const auto start = out.size();
         out += dialect.identifierQuote;
-        AppendLower(name);
+        for (const char c : name) {
+            out += Lower(c);
+            if (c == dialect.identifierQuote) {
+                out += c; // doubled, or the name would end there
+            }
+        }
         out += dialect.identifierQuote;
         at = std::min(end + 1, in.size());
         CompareByDayAfter(name, start);

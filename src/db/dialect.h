@@ -107,7 +107,8 @@ using ParameterChanges = std::array<ParameterChange, kMaxParameters>;
 
 // Writes `statement` in the engine's spelling into `translated`: names in lower case and quoted where
 // an engine reserves them, back-quoted names, true and false as 1 and 0, #2026/11/21# as a date, and
-// comparisons of billing.date, a date and time, by day. Texts in quotes stay as they are. `kinds`
+// comparisons of billing.date, a date and time, by day, and a column's comparison with many numbers in
+// parentheses, (a = 1 OR a = 2 OR ...), as a list. Texts in quotes stay as they are. `kinds`
 // tells what is bound; `changes` receives what must be done to it.
 void Translate(const Dialect &dialect,
                std::string_view statement,

@@ -2,12 +2,14 @@
 
 #include "base/text.h"
 #include "db/dialect.h"
+#include "db/extension_ban.h"
 #include "db/failure_log.h"
 #include "db/odbc.h"
 #include "db/schema_version.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -42,6 +44,32 @@ SQLSMALLINT HostType(ReadAs as, const Dialect &dialect)
         return SQL_C_CHAR;
     }
     return as == ReadAs::Integer ? SQL_C_SBIGINT : SQL_C_DOUBLE;
+}
+
+// Others could take back what was set up for the connection.
+bool IsQuery(QStringView text)
+{
+    static const QRegularExpression kStart(u"^\\s*(SELECT|WITH)\\b"_s,
+                                           QRegularExpression::CaseInsensitiveOption);
+    constexpr qsizetype kEnough = 256;
+    return kStart.match(text.left(kEnough).toString()).hasMatch();
+}
+
+// One of the drivers sends all statements of a text, however the connection is set up.
+bool HoldsMoreThanOne(QStringView text)
+{
+    QChar quote;
+    for (const QChar c : text) {
+        if (quote.isNull() && c == u';') {
+            return true;
+        }
+        if (quote.isNull() && (c == u'\'' || c == u'"' || c == u'`')) {
+            quote = c;
+        } else if (c == quote) {
+            quote = {};
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -100,8 +128,9 @@ std::unique_ptr<ReportConnection> ReportConnection::Open(const QString &dsn,
                                                          QString &problem)
 {
     std::unique_ptr<ReportConnection> connection(new ReportConnection);
-    if (connection->Connect(dsn, user, password) && connection->KnowsSchema()
-        && connection->ForbidWriting()) {
+    const ExtensionBan ban;
+    if (connection->Connect(dsn, user, password) && connection->ForbidExtensions(ban)
+        && connection->KnowsSchema() && connection->ForbidWriting()) {
         return connection;
     }
     problem = connection->Problem();
@@ -168,6 +197,16 @@ bool ReportConnection::KnowsSchema()
     return version.has_value();
 }
 
+// The embedded engine would run a library's code in this very process.
+bool ReportConnection::ForbidExtensions(const ExtensionBan &ban)
+{
+    if (handles->dialect != &kSqlite || ban.Enforce()) {
+        return true;
+    }
+    problem = Words::tr("the loading of extensions cannot be turned off");
+    return false;
+}
+
 bool ReportConnection::ForbidWriting()
 {
     if (!Execute(ReadOnlyStatement(*handles->dialect))) {
@@ -223,6 +262,10 @@ bool ReportConnection::Try(const QString &statement,
     }
     CloseCursor();
     gathered.reset();
+    if (!IsQuery(statement) || HoldsMoreThanOne(statement)) {
+        problem = Words::tr("a report runs one query at a time, and nothing else");
+        return false;
+    }
     qCDebug(logStatement).noquote() << statement;
     const QByteArray bytes = statement.toUtf8();
     const std::string_view text(bytes.constData(), static_cast<size_t>(bytes.size()));

@@ -27,6 +27,8 @@ struct ReadColumn
     ReadAs as = ReadAs::Text;
 };
 
+class ExtensionBan;
+
 // Belongs to the thread that reads, save Cancel(). All statements of one connection see the
 // database as it was when the first of them began; gathered rows as it was when they were gathered.
 class ReportConnection
@@ -37,7 +39,8 @@ public:
         1024; // of one value, its terminator included; the rest is cut
 
     // An empty password stands for the data source's own. Null, and `problem` filled, when it
-    // cannot be opened, cannot be made unable to write, or has a newer schema than the program.
+    // cannot be opened, cannot be made unable to write and to load extensions, or has a newer schema
+    // than the program.
     [[nodiscard]] static std::unique_ptr<ReportConnection>
     Open(const QString &dsn, const QString &user, const QString &password, QString &problem);
     ~ReportConnection();
@@ -47,8 +50,8 @@ public:
     // The version of the database's schema (schema_version.h).
     [[nodiscard]] int SchemaVersion() const { return schemaVersion; }
 
-    // Runs one statement, in the spelling of the code: a dialect writes it for the engine. False,
-    // with Problem() filled, when it fails; the connection can then run another.
+    // Runs one query, in the spelling of the code: a dialect writes it for the engine. False, with
+    // Problem() filled, when it fails or is anything else; the connection can then run another.
     [[nodiscard]] bool Run(const QString &statement);
 
     // The same for a statement of which many rows may come: never are all of them in memory, unless
@@ -95,6 +98,7 @@ private:
     [[nodiscard]] bool KnowsSchema();
     [[nodiscard]] std::optional<int> AskForNumber(const std::string &query);
     [[nodiscard]] bool ForbidWriting();
+    [[nodiscard]] bool ForbidExtensions(const ExtensionBan &ban);
     [[nodiscard]] bool BeginReading();
     // Runs what `run` makes of the statement in the engine's spelling.
     [[nodiscard]] bool Try(const QString &statement,

@@ -150,12 +150,17 @@ int FindReport(const QString &name)
     if (isNumber) {
         return number >= 0 && number < kReportCount ? number : -1;
     }
+    const auto isSame = [](const QString &one, const QString &other) {
+        return one.compare(other, Qt::CaseInsensitive) == 0;
+    };
+    const QString wanted = name.trimmed();
     for (int row = 0; row < kReportCount; ++row) {
         const auto &entry = ReportCatalogue().at(static_cast<size_t>(row));
-        const QString file = QFileInfo(FileNameOf(entry.layoutFile.toString())).completeBaseName();
-        if (QString::fromUtf8(entry.title).trimmed().compare(name.trimmed(), Qt::CaseInsensitive)
-                == 0
-            || file.compare(name, Qt::CaseInsensitive) == 0) {
+        const QString path = FileNameOf(entry.layoutFile.toString());
+        const QFileInfo file(path);
+        if (isSame(wanted, QString::fromUtf8(entry.title).trimmed())
+            || isSame(FileNameOf(wanted), path) || isSame(wanted, file.fileName())
+            || isSame(wanted, file.completeBaseName())) {
             return row;
         }
     }

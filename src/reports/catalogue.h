@@ -31,6 +31,7 @@ constexpr int kReportCount = 16;
 // The path as this system's files are named: a back-slash separates folders too.
 [[nodiscard]] QString FileNameOf(QString layoutPath);
 
-// The row that a person names on a command line: its number, its title without regard to case and
-// outer blanks, or its layout file's base name. -1 when it is none of them.
+// The row that a person names on a command line: its number, its title or its layout file, as they are
+// listed or the file's name or base name alone, without regard to case and outer blanks. -1 when it is
+// none of them.
 [[nodiscard]] int FindReport(const QString &name);

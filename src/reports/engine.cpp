@@ -1,5 +1,6 @@
 #include "reports/engine.h"
 
+#include "db/data_source.h"
 #include "reports/chart_builder.h"
 #include "reports/query_check.h"
 #include "reports/table_builder.h"
@@ -38,6 +39,13 @@ ReportTablePtr Fill(const std::shared_ptr<ReportTable> &table,
                                  : table;
 }
 
+QString UnopenedText(const QString &dsn, const QString &words)
+{
+    const QString advice = MissingSourceAdvice(dsn);
+    const QString text = Words::tr("data source \"%1\": %2").arg(dsn, words);
+    return advice.isEmpty() ? text : text + u'\n' + advice;
+}
+
 } // namespace
 
 ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, ReportProblem &problem)
@@ -55,10 +63,7 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     QString words;
     const auto connection = ReportConnection::Open(source.dsn, source.user, source.password, words);
     if (!connection) {
-        return Fail(problem,
-                    control,
-                    Kind::Database,
-                    Words::tr("data source \"%1\": %2").arg(source.dsn, words));
+        return Fail(problem, control, Kind::Database, UnopenedText(source.dsn, words));
     }
     const RunControl::Stopper stopper(control, [&] { connection->Cancel(); });
     const auto table = std::make_shared<ReportTable>();

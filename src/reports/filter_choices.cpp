@@ -2,6 +2,8 @@
 
 #include "db/query.h"
 
+#include <QHash>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,11 +18,56 @@ Result<std::vector<Named<IdType>>> Offered(const char *sqlText)
     });
 }
 
+// In the order of the ids.
+template <typename IdType>
+QStringList NamesOf(const QList<IdType> &ids, const std::vector<Named<IdType>> &offered)
+{
+    QHash<IdType, QString> names;
+    for (const auto &[id, name] : offered) {
+        names.insert(id, name);
+    }
+    QStringList named;
+    for (const IdType id : ids) {
+        named << names.value(id);
+    }
+    return named;
+}
+
+template <typename IdType>
+FilterScope NamedScope(FilterEffect effect,
+                       const ReportFilter<IdType> &filter,
+                       const std::vector<Named<IdType>> &offered)
+{
+    switch (effect) {
+    case FilterEffect::Only:
+        return {effect, NamesOf(filter.taken, offered)};
+    case FilterEffect::AllBut:
+        return {effect, NamesOf(filter.left, offered)};
+    default:
+        return {effect, {}};
+    }
+}
+
 } // namespace
+
+FilterScope ScopeOf(const ReportFilter<UserId> &filter, const std::vector<Named<UserId>> &offered)
+{
+    return NamedScope(UserFilterEffect(filter.taken.size(), filter.left.size()), filter, offered);
+}
+
+FilterScope ScopeOf(const ReportFilter<GroupId> &filter, const std::vector<Named<GroupId>> &offered)
+{
+    return NamedScope(GroupFilterEffect(filter.taken.size(), filter.left.size()), filter, offered);
+}
 
 Result<std::vector<Named<UserId>>> OfferedUsers()
 {
     return Offered<UserId>("SELECT username, user_id FROM users WHERE monitored = true");
+}
+
+Result<std::vector<Named<UserId>>> AllUsers()
+{
+    return Offered<UserId>("SELECT username, user_id FROM users");
 }
 
 Result<std::vector<Named<GroupId>>> OfferedGroups()
@@ -29,44 +76,51 @@ Result<std::vector<Named<GroupId>>> OfferedGroups()
 }
 
 template <typename IdType>
-ReportFilter<IdType>
-FilterOf(const std::vector<Named<IdType>> &offered, const QStringList &names, QStringList &unknown)
+std::vector<Named<IdType>>
+BearersOf(const QStringList &names, const std::vector<Named<IdType>> &offered, QStringList &unknown)
 {
-    ReportFilter<IdType> filter;
-    unknown = names;
-    for (const auto &[id, name] : offered) {
-        const bool taken = names.contains(name, Qt::CaseInsensitive);
-        (taken ? filter.taken : filter.left) += id;
-        unknown.removeIf([&bearer = name](const QString &wanted) {
-            return wanted.compare(bearer, Qt::CaseInsensitive) == 0;
-        });
+    QHash<QString, bool> isBorne;
+    for (const QString &name : names) {
+        isBorne.insert(name.toCaseFolded(), false);
     }
-    return filter;
+    std::vector<Named<IdType>> bearers;
+    for (const auto &[id, name] : offered) {
+        if (const auto wanted = isBorne.find(name.toCaseFolded()); wanted != isBorne.end()) {
+            *wanted = true;
+            bearers.push_back({id, name});
+        }
+    }
+    unknown = names;
+    unknown.removeIf([&](const QString &name) { return isBorne.value(name.toCaseFolded()); });
+    return bearers;
 }
 
-template ReportFilter<UserId>
-FilterOf(const std::vector<Named<UserId>> &, const QStringList &, QStringList &);
-template ReportFilter<GroupId>
-FilterOf(const std::vector<Named<GroupId>> &, const QStringList &, QStringList &);
+template std::vector<Named<UserId>>
+BearersOf(const QStringList &, const std::vector<Named<UserId>> &, QStringList &);
+template std::vector<Named<GroupId>>
+BearersOf(const QStringList &, const std::vector<Named<GroupId>> &, QStringList &);
 
 QStringList NamesFrom(const QString &list)
 {
     QStringList names;
     QString name;
     bool quoted = false;
+    qsizetype kept = 0; // characters of the name that are not blanks behind it
+    const auto take = [&] { names += std::exchange(name, {}).left(std::exchange(kept, 0)); };
     for (qsizetype at = 0; at < list.size(); ++at) {
         const QChar c = list[at];
         const bool doubled = quoted && c == u'"' && at + 1 < list.size() && list[at + 1] == u'"';
         if (c == u'"' && !doubled) {
             quoted = !quoted;
         } else if (c == u',' && !quoted) {
-            names += std::exchange(name, {});
-        } else {
+            take();
+        } else if (quoted || !c.isSpace() || !name.isEmpty()) {
             name += c;
+            kept = quoted || !c.isSpace() ? name.size() : kept;
             at += doubled ? 1 : 0;
         }
     }
-    names += name;
+    take();
     names.removeAll(QString());
     return names;
 }

@@ -17,18 +17,32 @@ struct Named
 
 // In the database's own order.
 [[nodiscard]] Result<std::vector<Named<UserId>>> OfferedUsers(); // those that are monitored
+[[nodiscard]] Result<std::vector<Named<UserId>>> AllUsers(); // also those that are not
 [[nodiscard]] Result<std::vector<Named<GroupId>>> OfferedGroups();
 
-// The filter that takes the named ones out of `offered` and leaves the others; a name takes all
-// that bear it. Names that nobody bears are put into `unknown`.
+// Those of `offered` that bear one of the names, in any letter case; a name takes all that bear it.
+// Names that nobody bears are put into `unknown`.
 template <typename IdType>
-[[nodiscard]] ReportFilter<IdType>
-FilterOf(const std::vector<Named<IdType>> &offered, const QStringList &names, QStringList &unknown);
-extern template ReportFilter<UserId>
-FilterOf(const std::vector<Named<UserId>> &, const QStringList &, QStringList &);
-extern template ReportFilter<GroupId>
-FilterOf(const std::vector<Named<GroupId>> &, const QStringList &, QStringList &);
+[[nodiscard]] std::vector<Named<IdType>> BearersOf(const QStringList &names,
+                                                   const std::vector<Named<IdType>> &offered,
+                                                   QStringList &unknown);
+extern template std::vector<Named<UserId>>
+BearersOf(const QStringList &, const std::vector<Named<UserId>> &, QStringList &);
+extern template std::vector<Named<GroupId>>
+BearersOf(const QStringList &, const std::vector<Named<GroupId>> &, QStringList &);
 
-// "a,b" as names; one with a comma or a quotation mark stands between quotation marks, doubled
-// inside.
+// What a filter makes a report be of, with the names that say so: those taken, or those left out.
+struct FilterScope
+{
+    FilterEffect effect = FilterEffect::None;
+    QStringList names; // none for everybody
+};
+
+[[nodiscard]] FilterScope ScopeOf(const ReportFilter<UserId> &filter,
+                                  const std::vector<Named<UserId>> &offered);
+[[nodiscard]] FilterScope ScopeOf(const ReportFilter<GroupId> &filter,
+                                  const std::vector<Named<GroupId>> &offered);
+
+// "a, b" as names, without the blanks around them; one with a comma, a quotation mark or a blank at its
+// end stands between quotation marks, doubled inside.
 [[nodiscard]] QStringList NamesFrom(const QString &list);

@@ -131,7 +131,11 @@ private:
         if (column.name.isEmpty()) {
             table.Fail(table.Line("name"), Words::tr("a column's \"name\" is missing"));
         }
-        if (column.name.contains(u'`') || Find(column.name) >= 0) {
+        // It is written between the engine's quotes, whichever those are.
+        const bool isQuotable = std::ranges::none_of(column.name, [](QChar c) {
+            return u"`\"'\\"_s.contains(c) || c.category() == QChar::Other_Control;
+        });
+        if (!isQuotable || Find(column.name) >= 0) {
             table.Fail(table.Line("name"),
                        Words::tr("\"%1\" is no name, or a second one").arg(column.name.left(80)));
         }

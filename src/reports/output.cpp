@@ -1,10 +1,10 @@
 #include "reports/output.h"
 
+#include "reports/output_file.h"
 #include "reports/paper.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +25,7 @@ bool Fail(ReportProblem &problem, RunControl &control, const QString &text)
 
 bool WriteDevice(const ReportTablePtr &table,
                  OutputFormat format,
+                 const OutputOptions &options,
                  QIODevice &device,
                  RunControl &control,
                  QString &words)
@@ -33,7 +34,7 @@ bool WriteDevice(const ReportTablePtr &table,
     case OutputFormat::Pdf:
         return WritePdf(table, device, control);
     case OutputFormat::Csv:
-        return WriteCsv(*table, device, control);
+        return WriteCsv(*table, device, control, options);
     case OutputFormat::Html:
         return WriteHtml(*table, device, control);
     case OutputFormat::Xlsx:
@@ -44,25 +45,18 @@ bool WriteDevice(const ReportTablePtr &table,
 
 } // namespace
 
-std::optional<OutputFormat> FormatOf(const QString &fileName)
-{
-    const QString suffix = QFileInfo(fileName).suffix().toLower();
-    const QStringList known {u"pdf"_s, u"csv"_s, u"html"_s, u"xlsx"_s};
-    const auto place = known.indexOf(suffix);
-    return place < 0 ? std::nullopt : std::optional(static_cast<OutputFormat>(place));
-}
-
 bool WriteReport(const ReportTablePtr &table,
                  const QString &fileName,
                  RunControl &control,
-                 ReportProblem &problem)
+                 ReportProblem &problem,
+                 const OutputOptions &options)
 {
     const auto format = FormatOf(fileName);
     const QFileInfo folder(QFileInfo(fileName).absolutePath());
     if (!format) {
         return Fail(problem,
                     control,
-                    Words::tr("%1: the name must end in .pdf, .csv, .html or .xlsx").arg(fileName));
+                    Words::tr("%1: the name must end in %2").arg(fileName, EndingsInWords()));
     }
     if (!folder.isDir()) {
         return Fail(
@@ -72,17 +66,15 @@ bool WriteReport(const ReportTablePtr &table,
         return Fail(problem, control, Words::tr("no font is installed; install fonts-dejavu-core"));
     }
     QString words;
-    QSaveFile file(fileName);
-    // A commit does not notice that what was left in the buffer found no room.
-    const bool written = file.open(QIODevice::WriteOnly)
-        && WriteDevice(table, *format, file, control, words) && file.flush();
-    if (!written) {
-        words = words.isEmpty() ? file.errorString() : words; // closing forgets it
-        file.cancelWriting();
-    }
-    if (file.commit() && written) {
+    OutputFile file;
+    const bool written =
+        file.Open(fileName) && WriteDevice(table, *format, options, file.Device(), control, words);
+    words = words.isEmpty() ? table->rows.ReadProblem() : words; // the file lacks rows then
+    if (written && words.isEmpty() && file.Keep()) {
         return true;
     }
-    words = words.isEmpty() ? file.errorString() : words;
+    for (const QString &reason : {file.Problem(), file.Device().errorString()}) {
+        words = words.isEmpty() ? reason : words;
+    }
     return Fail(problem, control, Words::tr("%1 cannot be written: %2").arg(fileName, words));
 }

@@ -1,29 +1,31 @@
 // A report as a file: PDF, CSV, HTML or XLSX.
 #pragma once
 
+#include "reports/output_format.h"
 #include "reports/report_run.h"
 #include "reports/report_table.h"
 
-#include <optional>
-
 class QIODevice;
 
-enum class OutputFormat { Pdf, Csv, Html, Xlsx };
+struct OutputOptions
+{
+    bool csvBom = false; // begins a CSV file with the mark by which some spreadsheets know UTF-8
+};
 
-// By the file name's extension in any case; nothing for another one.
-[[nodiscard]] std::optional<OutputFormat> FormatOf(const QString &fileName);
-
-// Writes the file through a temporary one beside it and a rename: the name holds the whole report,
-// or what it held before. False, and `problem` filled, on a full disk, a missing folder, or a
-// cancel.
+// Writes the file whole or leaves what its name held before (output_file.h). False, and `problem` filled,
+// on a full disk, a missing folder, somebody else's symbolic link, or a cancel.
 [[nodiscard]] bool WriteReport(const ReportTablePtr &table,
                                const QString &fileName,
                                RunControl &control,
-                               ReportProblem &problem);
+                               ReportProblem &problem,
+                               const OutputOptions &options = {});
 
 // The single formats, for WriteReport and for tests. False when cancelled or the device fails.
 [[nodiscard]] bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &control);
-[[nodiscard]] bool WriteCsv(const ReportTable &table, QIODevice &device, RunControl &control);
+[[nodiscard]] bool WriteCsv(const ReportTable &table,
+                            QIODevice &device,
+                            RunControl &control,
+                            const OutputOptions &options = {});
 [[nodiscard]] bool WriteHtml(const ReportTable &table, QIODevice &device, RunControl &control);
 
 // The same; `words` says what failed beside the device.

@@ -16,11 +16,17 @@ QString CsvField(const QString &text, bool isText)
     return plain ? field : u'"' + field.replace(u'"', u"\"\""_s) + u'"';
 }
 
-bool WriteCsv(const ReportTable &table, QIODevice &device, RunControl &control)
+bool WriteCsv(const ReportTable &table,
+              QIODevice &device,
+              RunControl &control,
+              const OutputOptions &options)
 {
     constexpr qint64 kAtOnce = 4096;
     const auto columns = table.layout.DataColumns();
     PieceWriter out(device);
+    if (options.csvBom) {
+        out.Write(QString(QChar::ByteOrderMark));
+    }
     QStringList fields;
     for (const int place : columns) {
         const LayoutColumn &column = table.layout.columns.at(place);

@@ -1,11 +1,13 @@
 #include "reports/output.h"
 #include "reports/piece_writer.h"
 #include "reports/xlsx_library.h"
+#include "reports/xlsx_text.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryFile>
 
+#include <cmath>
 #include <cstdio>
 #include <future>
 #include <thread>
@@ -20,7 +22,35 @@ struct Words
 };
 
 constexpr qint64 kSheetRows = 1'048'576; // the format's own limit
-constexpr qsizetype kCellCharacters = 32'767; // likewise
+
+// How a column's cells are shown; empty for texts.
+QByteArray ShapeOf(const LayoutColumn &column)
+{
+    if (column.type == ColumnType::Day) {
+        return "yyyy-mm-dd";
+    }
+    if (column.type == ColumnType::Time) {
+        return "yyyy-mm-dd hh:mm:ss";
+    }
+    if (!column.IsNumber()) {
+        return {};
+    }
+    return column.decimals > 0 ? "#,##0." + QByteArray(column.decimals, '0') : QByteArray("#,##0");
+}
+
+// The cell as a number that the format knows: a number as it is shown, a day, a moment.
+std::optional<double> SheetNumber(const LayoutColumn &column, const Cell &cell)
+{
+    if (cell.index() == 0) {
+        return std::nullopt;
+    }
+    if (column.type == ColumnType::Day || column.type == ColumnType::Time) {
+        return SheetMoment(PlainText(column, cell));
+    }
+    const bool isNumber = column.IsNumber() && !std::holds_alternative<QString>(cell)
+        && std::isfinite(NumberIn(cell));
+    return isNumber ? std::optional(PlainText(column, cell).toDouble()) : std::nullopt;
+}
 
 lxw_col_t ColumnNumber(qsizetype place)
 {
@@ -85,10 +115,12 @@ public:
             control.SetProgress(first, table.rows.Count());
         }
         if (table.HasTotals() && !table.IsEmpty()) {
-            CellRow totals = table.totals;
-            Cell &label = totals[static_cast<size_t>(columns.front())];
-            label = label.index() == 0 ? Cell(Words::tr("Total")) : label;
-            WriteRow(totals, true);
+            WriteTotals(table.IsCut() ? Words::tr("Total of these %1").arg(table.rows.Count())
+                                      : Words::tr("Total"),
+                        table.totals);
+            if (table.IsCut()) {
+                WriteTotals(Words::tr("Total of all %1").arg(table.allCount), table.allTotals);
+            }
         }
         return good && !control.IsCancelled();
     }
@@ -118,17 +150,16 @@ private:
         strong = xlsx.workbook_add_format(workbook);
         xlsx.format_set_bold(strong);
         xlsx.format_set_bg_color(strong, 0xE9EDF2);
+        large = xlsx.workbook_add_format(workbook);
+        xlsx.format_set_bold(large);
+        xlsx.format_set_font_size(large, 14);
         for (const int place : columns) {
-            const LayoutColumn &column = table.layout.columns.at(place);
-            QByteArray shape = "#,##0";
-            if (column.decimals > 0) {
-                shape += "." + QByteArray(column.decimals, '0');
-            }
+            const QByteArray shape = ShapeOf(table.layout.columns.at(place));
             lxw_format *plain = xlsx.workbook_add_format(workbook);
             lxw_format *total = xlsx.workbook_add_format(workbook);
             xlsx.format_set_bold(total);
             xlsx.format_set_top(total, LXW_BORDER_DOUBLE);
-            if (column.IsNumber()) {
+            if (!shape.isEmpty()) {
                 xlsx.format_set_num_format(plain, shape.constData());
                 xlsx.format_set_num_format(total, shape.constData());
             }
@@ -138,26 +169,50 @@ private:
 
     void StartSheet()
     {
-        sheet = xlsx.workbook_add_worksheet(workbook, nullptr);
+        const QByteArray name = SheetName(table.layout.title, static_cast<int>(sheets.size()) + 1);
+        sheet = xlsx.workbook_add_worksheet(workbook, name.constData());
         good = good && sheet != nullptr; // there is no room for its temporary file
         if (!good) {
             return;
         }
         sheets.push_back(sheet);
+        nextRow = 0;
+        WriteAbove();
         for (qsizetype place = 0; place < columns.size(); ++place) {
             const LayoutColumn &column = table.layout.columns.at(columns.at(place));
             const double width = column.IsNumber() ? 16 : 24;
             xlsx.worksheet_set_column(
                 sheet, ColumnNumber(place), ColumnNumber(place), width, nullptr);
             const QString unit = column.unit.isEmpty() ? QString() : u" ("_s + column.unit + u')';
-            xlsx.worksheet_write_string(sheet,
-                                        0,
-                                        ColumnNumber(place),
-                                        (column.heading + unit).toUtf8().constData(),
-                                        strong);
+            WriteText(place, column.heading + unit, strong);
         }
-        xlsx.worksheet_freeze_panes(sheet, 1, 0);
-        nextRow = 1;
+        ++nextRow;
+        xlsx.worksheet_freeze_panes(sheet, static_cast<lxw_row_t>(nextRow), 0);
+    }
+
+    // What the report is, and of what.
+    void WriteAbove()
+    {
+        const auto line = [this](const QString &text, lxw_format *format) {
+            WriteText(0, text, format);
+            ++nextRow;
+        };
+        line(table.layout.title, large);
+        if (!table.period.isEmpty()) {
+            line(Words::tr("Period: %1").arg(table.period), nullptr);
+        }
+        const QString filter =
+            table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter;
+        line(Words::tr("Filter: %1").arg(filter), nullptr);
+        line(Words::tr("Made %1").arg(table.made.toString(u"yyyy-MM-dd HH:mm:ss"_s)), nullptr);
+        ++nextRow;
+    }
+
+    void WriteTotals(const QString &words, CellRow totals)
+    {
+        Cell &label = totals[static_cast<size_t>(columns.front())];
+        label = label.index() == 0 ? Cell(words) : label;
+        WriteRow(totals, true);
     }
 
     void WriteRow(const CellRow &row, bool isTotal)
@@ -178,16 +233,23 @@ private:
         const auto row = static_cast<lxw_row_t>(nextRow);
         const auto [plain, total] = formats[static_cast<size_t>(place)];
         lxw_format *format = isTotal ? total : plain;
-        lxw_error error = LXW_NO_ERROR;
-        if (cell.index() != 0 && column.IsNumber()) {
-            error = xlsx.worksheet_write_number(
-                sheet, row, ColumnNumber(place), NumberIn(cell), format);
+        if (const auto number = SheetNumber(column, cell)) {
+            good = xlsx.worksheet_write_number(sheet, row, ColumnNumber(place), *number, format)
+                    == LXW_NO_ERROR
+                && good;
         } else {
-            const QString text = PlainText(column, cell).left(kCellCharacters);
-            error = xlsx.worksheet_write_string(
-                sheet, row, ColumnNumber(place), text.toUtf8().constData(), format);
+            WriteText(place, PlainText(column, cell), format);
         }
-        good = good && error == LXW_NO_ERROR;
+    }
+
+    void WriteText(qsizetype place, const QString &text, lxw_format *format)
+    {
+        const auto row = static_cast<lxw_row_t>(nextRow);
+        const QByteArray written = SheetText(text);
+        good = xlsx.worksheet_write_string(
+                   sheet, row, ColumnNumber(place), written.constData(), format)
+                == LXW_NO_ERROR
+            && good;
     }
 
     struct ColumnFormats
@@ -205,6 +267,7 @@ private:
     std::vector<lxw_worksheet *> sheets;
     lxw_worksheet *sheet = nullptr; // the last of them
     lxw_format *strong = nullptr;
+    lxw_format *large = nullptr;
     std::vector<ColumnFormats> formats;
     qint64 nextRow = 0;
     bool good = true;

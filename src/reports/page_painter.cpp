@@ -191,7 +191,11 @@ void PagePainter::PaintItem(const PageItem &item)
         PaintGroupHeading(item);
         break;
     case PageItem::Kind::Row:
-        PaintRow(item);
+        if (item.index - firstRow < static_cast<qint64>(rows.size())) {
+            PaintRow(item);
+        } else {
+            PaintUnread();
+        }
         break;
     case PageItem::Kind::Sum: {
         const ReportGroup &group = table.groups[static_cast<size_t>(item.index)];
@@ -203,6 +207,13 @@ void PagePainter::PaintItem(const PageItem &item)
         return;
     }
     top += paper::kLine * item.lines;
+}
+
+// The temporary file has failed, of which RowStore::ReadProblem() tells.
+void PagePainter::PaintUnread()
+{
+    const QRectF line(paper::kMargin, top, width - 2 * paper::kMargin, paper::kLine);
+    Write(line, Words::tr("(this row cannot be read)"), Style::Text);
 }
 
 void PagePainter::PaintGroupHeading(const PageItem &item)

@@ -27,6 +27,7 @@ private:
     void PaintItem(const PageItem &item);
     void PaintGroupHeading(const PageItem &item);
     void PaintRow(const PageItem &item);
+    void PaintUnread();
     void PaintSums(const QString &label, const CellRow &sums, double ruleWidth);
     void PaintClosing();
     void PaintFooter();

@@ -1,10 +1,12 @@
 #include "reports/query_check.h"
 
+#include "reports/query_grammar.h"
+
 #include <QCoreApplication>
 #include <QRegularExpression>
 #include <QSet>
 
-#include <vector>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -15,63 +17,7 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(QueryCheck)
 };
 
-struct Token
-{
-    enum class Kind { Word, Text, Sign };
-    Kind kind;
-    QStringView text;
-    qsizetype at; // where it begins in the query
-    int depth; // how many parentheses are open around it
-
-    [[nodiscard]] bool Is(QStringView word) const
-    {
-        return kind == Kind::Word && text.compare(word, Qt::CaseInsensitive) == 0;
-    }
-};
-
-bool IsWordCharacter(QChar c)
-{
-    return c.isLetterOrNumber() || c == u'_';
-}
-
-constexpr qsizetype kDayLiteralLength = 12; // #2026/11/21#
-
-bool IsDayLiteral(QStringView text)
-{
-    static const QRegularExpression kShape(u"^#\\d{4}/\\d{2}/\\d{2}#$"_s);
-    return kShape.match(text.toString()).hasMatch();
-}
-
-std::vector<Token> TokensOf(QStringView query)
-{
-    std::vector<Token> tokens;
-    int depth = 0;
-    for (qsizetype at = 0; at < query.size();) {
-        const QChar c = query[at];
-        qsizetype end = at + 1;
-        auto kind = Token::Kind::Sign;
-        if (c == u'\'' || c == u'"' || c == u'`') {
-            const auto closing = query.indexOf(c, at + 1);
-            end = closing < 0 ? query.size() : closing + 1;
-            kind = Token::Kind::Text;
-        } else if (c == u'#' && IsDayLiteral(query.mid(at, kDayLiteralLength))) {
-            end = at + kDayLiteralLength;
-            kind = Token::Kind::Text;
-        } else if (IsWordCharacter(c)) {
-            while (end < query.size() && IsWordCharacter(query[end])) {
-                ++end;
-            }
-            kind = Token::Kind::Word;
-        }
-        depth -= c == u')' ? 1 : 0;
-        if (!c.isSpace()) {
-            tokens.push_back({kind, query.sliced(at, end - at), at, depth});
-        }
-        depth += c == u'(' ? 1 : 0;
-        at = end;
-    }
-    return tokens;
-}
+constexpr int kMostDepth = 50; // of parentheses
 
 const QSet<QString> &WordsThatDo()
 {
@@ -86,104 +32,127 @@ const QSet<QString> &WordsThatDo()
     return kWords;
 }
 
-// Words that may stand before an opening parenthesis: harmless functions and the grammar's own.
-const QSet<QString> &WordsBeforeParentheses()
+bool IsAscii(QStringView text)
 {
-    static const QSet<QString> kWords {
-        u"abs"_s,       u"all"_s,      u"and"_s,     u"any"_s,       u"as"_s,       u"avg"_s,
-        u"between"_s,   u"by"_s,       u"case"_s,    u"cast"_s,      u"coalesce"_s, u"concat"_s,
-        u"count"_s,     u"distinct"_s, u"else"_s,    u"except"_s,    u"exists"_s,   u"from"_s,
-        u"having"_s,    u"ifnull"_s,   u"in"_s,      u"intersect"_s, u"join"_s,     u"length"_s,
-        u"like"_s,      u"lower"_s,    u"max"_s,     u"min"_s,       u"not"_s,      u"nullif"_s,
-        u"on"_s,        u"or"_s,       u"replace"_s, u"round"_s,     u"select"_s,   u"substr"_s,
-        u"substring"_s, u"sum"_s,      u"then"_s,    u"trim"_s,      u"union"_s,    u"upper"_s,
-        u"using"_s,     u"values"_s,   u"when"_s,    u"where"_s};
-    return kWords;
+    return std::ranges::all_of(text,
+                               [](QChar c) { return c.unicode() >= u' ' && c.unicode() < 0x7f; });
 }
 
-std::optional<QString> TokenProblem(const Token &token, const Token *next)
+std::optional<QString> QuotedProblem(const QueryToken &token)
 {
-    if (token.kind == Token::Kind::Text) {
-        const bool open = token.text.size() < 2 || token.text.back() != token.text.front();
-        if (open) {
-            return Words::tr("a quoted text has no end");
-        }
-        return token.text.contains(u'\\')
-            ? std::optional(Words::tr("a quoted text holds a back-slash"))
-            : std::nullopt;
+    if (token.text.size() < 2 || token.text.back() != token.text.front()) {
+        return Words::tr("a quoted text has no end");
     }
-    if (token.kind == Token::Kind::Word) {
-        const QString word = token.text.toString().toLower();
-        if (WordsThatDo().contains(word)) {
-            return Words::tr("a report only reads, but its query says \"%1\"").arg(token.text);
-        }
-        const bool called = next != nullptr && next->text == u"(" && !word.front().isDigit();
-        if (called && !WordsBeforeParentheses().contains(word)) {
-            return Words::tr("the function \"%1\" is not one that a report's query may use")
-                .arg(token.text);
-        }
-        return std::nullopt;
+    if (token.text.contains(u'\\')) {
+        return Words::tr("a quoted text holds a back-slash");
     }
-    if (QStringView(u"?$@:\\{}[]~#").contains(token.text)) {
+    const QStringView inside = token.text.sliced(1).chopped(1);
+    const bool isOdd = inside.isEmpty() || inside.contains(u'"') || inside.contains(u'`')
+        || inside.contains(u'\'') || inside.contains(QChar::Null);
+    return token.kind == QueryToken::Kind::Name && isOdd
+        ? std::optional(Words::tr("%1 is not a name").arg(token.text.left(80)))
+        : std::nullopt;
+}
+
+std::optional<QString> WordProblem(const QueryToken &token)
+{
+    static const QRegularExpression kNumber(u"^[0-9]+([.][0-9]+)?$"_s);
+    const bool isOddNumber =
+        token.kind == QueryToken::Kind::Number && !kNumber.match(token.text.toString()).hasMatch();
+    if (isOddNumber || !IsAscii(token.text)) {
+        return Words::tr("%1 is neither a word nor a number").arg(token.text.left(80));
+    }
+    return WordsThatDo().contains(token.text.toString().toLower())
+        ? std::optional(Words::tr("a report only reads, but its query says \"%1\"").arg(token.text))
+        : std::nullopt;
+}
+
+std::optional<QString> SignProblem(const QueryToken &token, const QueryToken &next)
+{
+    if (!QStringView(u"()+-*/%=<>!|.,;").contains(token.text)) {
         return Words::tr("the sign %1 is not one that a report's query may use").arg(token.text);
     }
-    const bool touching = next != nullptr && next->at == token.at + 1;
-    if (touching
-        && ((token.text == u"-" && next->text == u"-")
-            || (token.text == u"/" && next->text == u"*"))) {
-        return Words::tr("a query holds no comments; write them outside it");
+    const bool opensComment =
+        (token.text == u"-" && next.text == u"-") || (token.text == u"/" && next.text == u"*");
+    return opensComment && next.Touches(token)
+        ? std::optional(Words::tr("a query holds no comments; write them outside it"))
+        : std::nullopt;
+}
+
+// Engines make a text of another kind of what touches a quotation mark: E'', U&"", _utf8'', "a""b".
+bool IsQuoteTouched(const QueryToken &token, const QueryToken &next)
+{
+    const auto isLoose = [](const QueryToken &one) {
+        return one.kind == QueryToken::Kind::Sign || one.kind == QueryToken::Kind::End;
+    };
+    return (token.IsQuoted() || next.IsQuoted()) && !isLoose(token) && !isLoose(next)
+        && next.Touches(token);
+}
+
+std::optional<QString> TokenProblem(const QueryToken &token, const QueryToken &next)
+{
+    if (token.depth < 0) {
+        return Words::tr("a parenthesis is closed that was not opened");
     }
-    return std::nullopt;
+    if (token.depth > kMostDepth) {
+        return Words::tr("the query's parentheses are nested too deeply");
+    }
+    if (token.IsSign(u";") && next.kind != QueryToken::Kind::End) {
+        return Words::tr("the query holds more than one statement");
+    }
+    if (IsQuoteTouched(token, next)) {
+        return Words::tr("%1 needs a blank behind it").arg(token.text.left(80));
+    }
+    if (token.IsQuoted()) {
+        return QuotedProblem(token);
+    }
+    return token.kind == QueryToken::Kind::Sign ? SignProblem(token, next) : WordProblem(token);
 }
 
 } // namespace
 
+// Each of the two would be enough against what is known: the signs and words that are not taken
+// anywhere, and the grammar, which takes only what it knows.
 std::optional<QString> QueryProblem(const QString &query)
 {
     const auto tokens = TokensOf(query);
-    if (tokens.empty()) {
+    const QueryToken &first = tokens.front();
+    if (first.kind == QueryToken::Kind::End) {
         return Words::tr("the query is empty");
     }
-    if (!tokens.front().Is(u"select") && !tokens.front().Is(u"with")) {
+    if (!first.IsWord(u"select") && !first.IsWord(u"with")) {
         return Words::tr("a report's query begins with SELECT, not with \"%1\"")
-            .arg(tokens.front().text);
+            .arg(first.text.left(80));
     }
-    for (size_t place = 0; place < tokens.size(); ++place) {
-        const bool last = place + 1 == tokens.size();
-        const Token &token = tokens[place];
-        if (token.text == u";" && !last) {
-            return Words::tr("the query holds more than one statement");
-        }
-        if (token.depth < 0) {
-            return Words::tr("a parenthesis is closed that was not opened");
-        }
-        if (auto problem = TokenProblem(token, last ? nullptr : &tokens[place + 1])) {
+    for (size_t place = 0; place + 1 < tokens.size(); ++place) {
+        if (auto problem = TokenProblem(tokens[place], tokens[place + 1])) {
             return problem;
         }
     }
-    const Token &end = tokens.back();
-    return end.depth > 0 || end.text == u"("
-        ? std::optional(Words::tr("a parenthesis is not closed"))
-        : std::nullopt;
+    if (tokens.back().depth > 0) {
+        return Words::tr("a parenthesis is not closed");
+    }
+    return QueryGrammar(tokens).Problem();
 }
 
 QString WithoutOrder(const QString &query)
 {
     auto tokens = TokensOf(query);
     qsizetype end = query.size();
-    if (!tokens.empty() && tokens.back().text == u";") {
+    tokens.pop_back();
+    if (!tokens.empty() && tokens.back().IsSign(u";")) {
         end = tokens.back().at;
         tokens.pop_back();
     }
     for (size_t place = tokens.size(); place-- > 0;) {
-        const Token &token = tokens[place];
+        const QueryToken &token = tokens[place];
         if (token.depth > 0) {
             continue;
         }
-        if (token.Is(u"limit") || token.Is(u"offset") || token.Is(u"fetch")) {
+        if (token.IsWord(u"limit") || token.IsWord(u"offset") || token.IsWord(u"fetch")) {
             break;
         }
-        if (token.Is(u"order")) {
+        if (token.IsWord(u"order")) {
             end = token.at;
             break;
         }

@@ -6,9 +6,9 @@
 
 #include <optional>
 
-// Why the text is not one reading statement that a report may run; nothing when it is one.
-// Comments, back-slashes, parameters and functions beyond the common ones are refused, since
-// engines differ in what they make of them.
+// Why the text is not one reading statement that a report may run; nothing when it is one. It may name
+// the tables and columns that a report reads (readable_names.h) and call the common functions; whatever
+// else an engine may know, quoted or not, is refused.
 [[nodiscard]] std::optional<QString> QueryProblem(const QString &query);
 
 // The query fit to stand in parentheses: without a last ";" and without its own ORDER BY, unless a

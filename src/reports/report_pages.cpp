@@ -123,9 +123,10 @@ PageOutline ReportPages::Outline(const RunControl *control) const
         if (control != nullptr && control->IsCancelled()) {
             break;
         }
-        const int lines = RowLines(table->rows.Read(row, 1).front());
-        if (lines > 1) {
-            outline.tallRows.emplace_back(row, lines);
+        for (const CellRow &read : table->rows.Read(row, 1)) {
+            if (const int lines = RowLines(read); lines > 1) {
+                outline.tallRows.emplace_back(row, lines);
+            }
         }
     }
     outline.closingLines = table->IsEmpty() ? 0 : table->IsCut() ? 3 : 2;

@@ -156,7 +156,15 @@ bool RowStore::Flush()
     return true;
 }
 
-QByteArray RowStore::BytesFrom(qint64 stride, qint64 strides) const
+QString RowStore::ReadProblem() const
+{
+    return readError == 0
+        ? QString()
+        : Words::tr("the temporary folder %1 cannot be read: %2")
+              .arg(QDir::tempPath(), QString::fromLocal8Bit(std::strerror(readError)));
+}
+
+std::optional<QByteArray> RowStore::BytesFrom(qint64 stride, qint64 strides) const
 {
     const auto start = strideStarts[static_cast<size_t>(stride)];
     const auto last = static_cast<size_t>(stride + strides);
@@ -169,8 +177,11 @@ QByteArray RowStore::BytesFrom(qint64 stride, qint64 strides) const
     while (done < bytes.size()) {
         const auto now = ::pread(
             file, bytes.data() + done, static_cast<size_t>(bytes.size() - done), start + done);
-        if (now <= 0 && errno != EINTR) {
-            return {};
+        if (now == 0 || (now < 0 && errno != EINTR)) {
+            int none = 0;
+            readError.compare_exchange_strong(none,
+                                              now == 0 ? EIO : errno); // 0: it has been cut short
+            return std::nullopt;
         }
         done += now > 0 ? now : 0;
     }
@@ -185,8 +196,11 @@ std::vector<CellRow> RowStore::Read(qint64 first, qint64 wanted) const
         return rows;
     }
     const qint64 stride = first / kStrideRows;
-    const QByteArray bytes = BytesFrom(stride, (end - 1) / kStrideRows - stride + 1);
-    Reader reader(bytes);
+    const auto bytes = BytesFrom(stride, (end - 1) / kStrideRows - stride + 1);
+    if (!bytes) {
+        return rows;
+    }
+    Reader reader(*bytes);
     rows.reserve(static_cast<size_t>(end - first));
     for (qint64 row = stride * kStrideRows; row < end && !reader.AtEnd(); ++row) {
         CellRow cells = reader.Row();

@@ -5,6 +5,9 @@
 
 #include <QByteArray>
 
+#include <atomic>
+#include <optional>
+
 // Appending belongs to one thread; once finished, any number of threads may read at the same time.
 class RowStore
 {
@@ -20,15 +23,21 @@ public:
 
     [[nodiscard]] qint64 Count() const { return count; }
 
-    // The rows from `first`, fewer than `wanted` at the end. Fast for rows that follow each other.
+    // The rows from `first`, fewer than `wanted` at the end. Fast for rows that follow each other. None
+    // where one of them cannot be read, of which ReadProblem() tells.
     [[nodiscard]] std::vector<CellRow> Read(qint64 first, qint64 wanted) const;
 
     [[nodiscard]] const QString &Problem() const { return problem; }
 
+    // Why rows could not be read, once that has happened, from any thread; empty while all could. What was
+    // made of the rows is then not whole.
+    [[nodiscard]] QString ReadProblem() const;
+
 private:
     [[nodiscard]] bool Open();
     [[nodiscard]] bool Flush();
-    [[nodiscard]] QByteArray BytesFrom(qint64 stride, qint64 strides) const;
+    // Nothing when the file cannot be read.
+    [[nodiscard]] std::optional<QByteArray> BytesFrom(qint64 stride, qint64 strides) const;
 
     int file = -1; // not opened while all rows fit into the buffer
     QByteArray buffer; // rows not yet written
@@ -36,4 +45,5 @@ private:
     qint64 count = 0;
     std::vector<qint64> strideStarts; // where every 64th row begins
     QString problem;
+    mutable std::atomic<int> readError = 0; // the system's number of the first one
 };

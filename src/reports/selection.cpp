@@ -138,6 +138,19 @@ QString PeriodCondition(ReportCategory category, const ReportPeriod &period)
         + start + u" <= " + DayText(column, period.to, column.upperEnd);
 }
 
+struct PeriodWord
+{
+    QStringView word;
+    PeriodChoice choice;
+};
+
+constexpr PeriodWord kPeriodWords[] = {{u"all", PeriodChoice::All},
+                                       {u"today", PeriodChoice::Today},
+                                       {u"week", PeriodChoice::LastWeek},
+                                       {u"month", PeriodChoice::LastMonth},
+                                       {u"previous-month", PeriodChoice::PreviousMonth},
+                                       {u"this-year", PeriodChoice::ThisYear}};
+
 struct ClauseTexts
 {
     QStringView firstOf; // of the ids that are wanted
@@ -146,55 +159,119 @@ struct ClauseTexts
     QStringView nextNotOf;
 };
 
+constexpr ClauseTexts kUserTexts {u" AND (users.user_id = ",
+                                  u" OR users.user_id = ",
+                                  u" AND (users.user_id <> ",
+                                  u" AND users.user_id <> "};
+
+// Kept: the exclusion of groups is joined with "or", unlike that of users.
+constexpr ClauseTexts kGroupTexts {u" and (users.group_id = ",
+                                   u" or users.group_id = ",
+                                   u" and (users.group_id <> ",
+                                   u" or users.group_id <> "};
+
+template <typename IdType>
+QString Joined(const QList<IdType> &ids, QStringView first, QStringView next)
+{
+    QString clause;
+    for (const IdType id : ids) {
+        clause += (clause.isEmpty() ? first : next) + QString::number(id.value);
+    }
+    return clause.isEmpty() ? clause : clause + u')';
+}
+
 template <typename IdType>
 QString Clause(const ReportFilter<IdType> &filter, const ClauseTexts &texts)
 {
-    if (filter.taken.isEmpty() || filter.left.isEmpty()) {
+    switch (UserFilterEffect(filter.taken.size(), filter.left.size())) {
+    case FilterEffect::None:
         return {};
+    case FilterEffect::Only:
+        return Joined(filter.taken, texts.firstOf, texts.nextOf);
+    default:
+        return Joined(filter.left, texts.firstNotOf, texts.nextNotOf);
     }
-    const bool wanted = filter.taken.size() < filter.left.size();
-    const QList<IdType> &ids = wanted ? filter.taken : filter.left;
-    QString clause;
-    for (const IdType id : ids) {
-        const QStringView next = wanted ? texts.nextOf : texts.nextNotOf;
-        const QStringView first = wanted ? texts.firstOf : texts.firstNotOf;
-        clause += (clause.isEmpty() ? first : next) + QString::number(id.value);
-    }
-    return clause + u')';
 }
 
 } // namespace
 
 ReportPeriod PeriodUpTo(QDate today, PeriodChoice choice)
 {
-    const Day last = DayOf(today);
+    const auto until = [choice](QDate from, QDate to) {
+        return ReportPeriod {choice, DayOf(from), DayOf(to)};
+    };
+    const QDate month(today.year(), today.month(), 1);
     switch (choice) {
     case PeriodChoice::LastWeek:
-        return {choice, FirstDayOfLastWeek(today), last};
+        return until(today.addDays(-6), today);
     case PeriodChoice::LastMonth:
-        return {choice, FirstDayOfLastMonth(today), last};
+        return until(today.addMonths(-1), today);
+    case PeriodChoice::PreviousMonth:
+        return until(month.addMonths(-1), month.addDays(-1));
+    case PeriodChoice::ThisYear:
+        return until({today.year(), 1, 1}, today);
     default:
-        return {choice, last, last};
+        return until(today, today);
     }
+}
+
+QStringList PeriodWords()
+{
+    QStringList words;
+    for (const PeriodWord &period : kPeriodWords) {
+        words += period.word.toString();
+    }
+    return words;
+}
+
+std::optional<ReportPeriod> PeriodNamed(const QString &text, QDate today)
+{
+    for (const PeriodWord &period : kPeriodWords) {
+        if (text == period.word) {
+            return PeriodUpTo(today, period.choice);
+        }
+    }
+    const QStringList ends = text.split(u".."_s);
+    const QDate from = QDate::fromString(ends.first(), Qt::ISODate);
+    const QDate to = QDate::fromString(ends.last(), Qt::ISODate);
+    if (ends.size() != 2 || !from.isValid() || !to.isValid() || from > to) {
+        return std::nullopt;
+    }
+    return ReportPeriod {PeriodChoice::Custom, DayOf(from), DayOf(to)};
+}
+
+FilterEffect UserFilterEffect(qsizetype taken, qsizetype left)
+{
+    if (taken == 0 || left == 0) {
+        return FilterEffect::None;
+    }
+    return taken < left ? FilterEffect::Only : FilterEffect::AllBut;
+}
+
+FilterEffect GroupFilterEffect(qsizetype taken, qsizetype left)
+{
+    const FilterEffect effect = UserFilterEffect(taken, left);
+    return effect == FilterEffect::AllBut && left > 1 ? FilterEffect::Everybody : effect;
 }
 
 QString UserFilterClause(const ReportFilter<UserId> &filter)
 {
-    return Clause(filter,
-                  {u" AND (users.user_id = ",
-                   u" OR users.user_id = ",
-                   u" AND (users.user_id <> ",
-                   u" AND users.user_id <> "});
+    return Clause(filter, kUserTexts);
 }
 
-// Kept: the exclusion of groups is joined with "or", unlike that of users.
 QString GroupFilterClause(const ReportFilter<GroupId> &filter)
 {
-    return Clause(filter,
-                  {u" and (users.group_id = ",
-                   u" or users.group_id = ",
-                   u" and (users.group_id <> ",
-                   u" or users.group_id <> "});
+    return Clause(filter, kGroupTexts);
+}
+
+QString OnlyUsersClause(const QList<UserId> &ids)
+{
+    return Joined(ids, kUserTexts.firstOf, kUserTexts.nextOf);
+}
+
+QString OnlyGroupsClause(const QList<GroupId> &ids)
+{
+    return Joined(ids, kGroupTexts.firstOf, kGroupTexts.nextOf);
 }
 
 FilterUse FiltersOf(int row)

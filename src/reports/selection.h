@@ -5,12 +5,13 @@
 #include "db/ids.h"
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
-enum class PeriodChoice { All, Today, LastWeek, LastMonth, Custom };
+#include <optional>
 
-// A period as it is chosen: both days belong to it. The simple arithmetic of "last week" and "last
-// month" can name a day that does not exist, which goes into the text as it is.
+enum class PeriodChoice { All, Today, LastWeek, LastMonth, Custom, PreviousMonth, ThisYear };
+
+// A period as it is chosen: both days belong to it.
 struct ReportPeriod
 {
     PeriodChoice choice = PeriodChoice::All;
@@ -18,8 +19,15 @@ struct ReportPeriod
     Day to;
 };
 
-// The period of a choice other than Custom, up to and including `today`.
+// The period of a choice other than Custom, by the calendar. Last week is `today` and the six days before
+// it; last month begins on its day of the month before, or that month's last; the previous month is that
+// of the calendar, and ends before `today`.
 [[nodiscard]] ReportPeriod PeriodUpTo(QDate today, PeriodChoice choice);
+
+// A period as it is named where nobody clicks: a word of PeriodWords(), or FROM..TO in days such as
+// 2026-11-21. Nothing for another text.
+[[nodiscard]] std::optional<ReportPeriod> PeriodNamed(const QString &text, QDate today);
+[[nodiscard]] QStringList PeriodWords();
 
 // The ids of the two lists of a filter dialog.
 template <typename IdType>
@@ -33,6 +41,18 @@ struct ReportFilter
 // a tie; empty when one of the lists is.
 [[nodiscard]] QString UserFilterClause(const ReportFilter<UserId> &filter);
 [[nodiscard]] QString GroupFilterClause(const ReportFilter<GroupId> &filter);
+
+// The clause that keeps exactly these, however many others there are; empty for none.
+[[nodiscard]] QString OnlyUsersClause(const QList<UserId> &ids);
+[[nodiscard]] QString OnlyGroupsClause(const QList<GroupId> &ids);
+
+// What a filter makes a report be of: everybody, for want of a clause; only those taken; all but those
+// left, and so also whoever was not offered; or everybody in spite of its clause.
+enum class FilterEffect { None, Only, AllBut, Everybody };
+
+// By how many stand in the two lists.
+[[nodiscard]] FilterEffect UserFilterEffect(qsizetype taken, qsizetype left);
+[[nodiscard]] FilterEffect GroupFilterEffect(qsizetype taken, qsizetype left);
 
 // Which of the two further filters the dialog offers for a row of the catalogue.
 struct FilterUse

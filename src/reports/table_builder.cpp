@@ -192,7 +192,12 @@ bool TableBuilder::Regroup()
     }
     for (const auto &[key, group] : collectedGroups) {
         for (const quint32 row : rowsOf[group]) {
-            if (query.IsCancelled() || !TakeInOrder(collected.Read(row, 1).front())) {
+            const auto read = collected.Read(row, 1);
+            if (read.empty()) {
+                problem = {ReportProblem::Kind::Output, collected.ReadProblem()};
+                return false;
+            }
+            if (query.IsCancelled() || !TakeInOrder(read.front())) {
                 return false;
             }
         }

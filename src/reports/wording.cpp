@@ -39,14 +39,41 @@ QString PeriodInWords(const ReportPeriod &period)
     return period.from == period.to ? last : Words::tr("%1 to %2").arg(InWords(period.from), last);
 }
 
-QString FilterInWords(const QStringList &users, const QStringList &groups)
+QString FilterInWords(const FilterScope &users, const FilterScope &groups)
 {
     QStringList parts;
-    if (!users.isEmpty()) {
-        parts += Words::tr("users %1").arg(Listed(users));
+    if (!users.names.isEmpty()) {
+        const QString whom = Listed(users.names);
+        parts += users.effect == FilterEffect::AllBut ? Words::tr("all users but %1").arg(whom)
+                                                      : Words::tr("users %1").arg(whom);
     }
-    if (!groups.isEmpty()) {
-        parts += Words::tr("groups %1").arg(Listed(groups));
+    if (!groups.names.isEmpty()) {
+        const QString which = Listed(groups.names);
+        parts += groups.effect == FilterEffect::AllBut ? Words::tr("all groups but %1").arg(which)
+                                                       : Words::tr("groups %1").arg(which);
     }
     return parts.isEmpty() ? Words::tr("all users and groups") : parts.join(u"; "_s);
+}
+
+QString UserFilterWarning(FilterEffect effect)
+{
+    return effect == FilterEffect::AllBut ? Words::tr(
+               "The report will be on all users but those on the right, also on users that are "
+               "not monitored.")
+                                          : QString();
+}
+
+QString GroupFilterWarning(FilterEffect effect)
+{
+    switch (effect) {
+    case FilterEffect::AllBut:
+        return Words::tr(
+            "The report will be on all users but those of the group on the right, also "
+            "on users without a group.");
+    case FilterEffect::Everybody:
+        return Words::tr(
+            "Leaving out several groups leaves out none: the report will be on everybody.");
+    default:
+        return {};
+    }
 }

@@ -1,13 +1,16 @@
 // How a report's heading says what it was made on.
 #pragma once
 
-#include "reports/selection.h"
-
-#include <QStringList>
+#include "reports/filter_choices.h"
 
 // "all available", "2026-11-21", "2026-11-15 to 2026-11-21".
 [[nodiscard]] QString PeriodInWords(const ReportPeriod &period);
 
-// "users anna, bert; groups Office", or "all users and groups"; names beyond the first dozen are
-// counted.
-[[nodiscard]] QString FilterInWords(const QStringList &users, const QStringList &groups);
+// What really is in the table: "users anna, bert; groups Office", "all users but anna", or "all users and
+// groups"; names beyond the first dozen are counted.
+[[nodiscard]] QString FilterInWords(const FilterScope &users, const FilterScope &groups);
+
+// What a person who has chosen so should know before the report is made: that it is of more than was
+// chosen. Empty when it is not.
+[[nodiscard]] QString UserFilterWarning(FilterEffect effect);
+[[nodiscard]] QString GroupFilterWarning(FilterEffect effect);

@@ -25,6 +25,7 @@ struct Loaded
         find(functions.worksheet_write_string, "worksheet_write_string");
         find(functions.format_set_bg_color, "format_set_bg_color");
         find(functions.format_set_bold, "format_set_bold");
+        find(functions.format_set_font_size, "format_set_font_size");
         find(functions.format_set_num_format, "format_set_num_format");
         find(functions.format_set_top, "format_set_top");
         find(functions.lxw_workbook_free, "lxw_workbook_free");

@@ -19,6 +19,7 @@ struct XlsxLibrary
     decltype(::worksheet_write_string) *worksheet_write_string;
     decltype(::format_set_bg_color) *format_set_bg_color;
     decltype(::format_set_bold) *format_set_bold;
+    decltype(::format_set_font_size) *format_set_font_size;
     decltype(::format_set_num_format) *format_set_num_format;
     decltype(::format_set_top) *format_set_top;
     decltype(::lxw_workbook_free) *lxw_workbook_free;

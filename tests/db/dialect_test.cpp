@@ -39,6 +39,7 @@ constexpr Spelling kSpellings[] = {
     {"SELECT 'open Groups", "select 'open Groups", nullptr},
     {"SELECT `open Groups", "select \"open groups\"", "select `open groups`"},
     {"", "", nullptr},
+    {"SELECT a AS `b\" c`", "select a as \"b\"\" c\"", "select a as `b\" c`"},
     // Days
     {"WHERE traffic_use.current_time = #2026/11/21#",
      "where traffic_use.\"current_time\" = '2026-11-21'",
@@ -97,6 +98,48 @@ struct DayParameter
     const char *spelled;
     ParameterChange change;
 };
+
+// A thousand of them are too many for an engine as they are written.
+TEST(Dialects, WriteAColumnsComparisonWithManyNumbersAsAList)
+{
+    const auto chain = [](const std::string &term, const std::string &joint, int count) {
+        std::string text = "x (";
+        for (int number = 1; number <= count; ++number) {
+            text += (number > 1 ? joint : std::string()) + term + std::to_string(number);
+        }
+        return text + ") y";
+    };
+    const auto list = [](int count) {
+        std::string text;
+        for (int number = 1; number <= count; ++number) {
+            text += (number > 1 ? "," : "") + std::to_string(number);
+        }
+        return text;
+    };
+    const auto same = [&](const std::string &term, const std::string &joint) {
+        return std::pair(chain(term, joint, 20), chain(term, joint, 20));
+    };
+    const std::pair<std::string, std::string> cases[] = {
+        {chain("users.user_id = ", " OR ", 20), "x (users.user_id in (" + list(20) + ")) y"},
+        {chain("users.user_id <> ", " AND ", 20), "x (users.user_id not in (" + list(20) + ")) y"},
+        {chain("Users.Group_id <> ", " or ", 20),
+         "x (users.group_id <> 1 or users.group_id <> 2) y"},
+        same("a = ", " and "),
+        same("a < ", " or "),
+        same("a ", " or "),
+        same("", " + "),
+        {chain("a = ", " or ", 3), chain("a = ", " or ", 3)},
+        {"(a = 1 or b = 2)", "(a = 1 or b = 2)"},
+        {"(a = 1 or (?))", "(a = 1 or (?))"},
+        {"(a = 1", "(a = 1"},
+        {"(", "("},
+    };
+    for (const auto &[written, wanted] : cases) {
+        for (const Dialect *dialect : {&kSqlite, &kPostgresql, &kMariadb}) {
+            EXPECT_EQ(Translate(*dialect, written), wanted);
+        }
+    }
+}
 
 TEST(Dialects, CompareABoundDayWithTheWholeDay)
 {

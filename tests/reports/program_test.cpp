@@ -87,7 +87,13 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
         {with({u"--period"_s, u"2001-01-01..2001-01-02"_s, u"--fail-if-empty"_s}),
          1,
          "nothing to report"},
-        {with({u"--users"_s, u"anna"_s}), 0, "apply only with a period"},
+        {with({u"--report"_s, u"reports\\webtop.rpt"_s}), 0, ""},
+        {with({u"--users"_s, u"anna"_s}), 2, "apply only with a period"},
+        {with({u"--users"_s, u""_s, u"--period"_s, u"month"_s}), 2, "must name somebody"},
+        {with({u"--groups"_s, u" , "_s, u"--period"_s, u"month"_s}), 2, "must name somebody"},
+        {with({u"--users"_s, u"anna"_s, u"--groups"_s, u""_s, u"--period"_s, u"month"_s}),
+         2,
+         "must name somebody"},
         {with({u"--report"_s, u"16"_s}), 2, "no such report"},
         {with({u"--report"_s, u""_s}), 2, "no such report"},
         {with({u"--period"_s, u"2026-11-21..2026-11-01"_s}), 2, "no such period"},
@@ -99,6 +105,10 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
         {with({u"--colour"_s}), 2, "colour"},
         {with({u"stray"_s}), 2, "stray"},
         {with({u"--dsn"_s, u"nowhere"_s}), 3, "tollbrook-report: data source \"nowhere\": "},
+        {with({u"--dsn"_s, u"nowhere"_s}), 3, "no section [nowhere] in odbc.ini: add one"},
+        {with({u"--dsn"_s, u"nowhere"_s, u"--users"_s, u"anna"_s, u"--period"_s, u"month"_s}),
+         3,
+         "\"nowhere\" cannot be opened. There is no section [nowhere]"},
         {with({u"--output"_s, Out(u"none/a.pdf"_s)}), 5, "does not exist"},
     };
     for (const auto &[arguments, status, words] : cases) {
@@ -166,6 +176,79 @@ TEST_F(Program, NarrowsToUsersAndGroupsWithinAPeriod)
     QFile file(Out(u"b.csv"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().count('\n'), 3); // headings and two users
+}
+
+// Of two groups one is half of them, for which a dialog would write whom to leave out.
+TEST_F(Program, AReportIsOfThoseNamedAndOfNobodyElse)
+{
+    Execute("INSERT INTO groups (group_id, name) VALUES (82, 'Yard'), (83, 'Empty')");
+    Execute("UPDATE users SET group_id = 82 WHERE username = 'anna'");
+    Execute("UPDATE users SET monitored = 0");
+    Execute("UPDATE users SET monitored = 1 WHERE username = 'anna'");
+    struct Case
+    {
+        QStringList narrowing;
+        int users;
+    };
+    const Case cases[] = {
+        {{u"--users"_s, u"anna"_s}, 1}, // the only one that is monitored
+        {{u"--users"_s, u" anna , @ZO\u00cb"_s}, 2}, // one that is not
+        {{u"--groups"_s, u"Yard, Empty"_s}, 1}, // half of them
+        {{u"--users"_s, u"anna"_s, u"--groups"_s, u"Empty"_s}, 0},
+    };
+    for (const auto &[narrowing, users] : cases) {
+        ASSERT_EQ(Run(narrowing
+                      + QStringList {u"--report"_s,
+                                     u"0"_s,
+                                     u"--dsn"_s,
+                                     Dsn(),
+                                     u"--period"_s,
+                                     u"2026-11-01..2026-11-30"_s,
+                                     u"--output"_s,
+                                     Out(u"b.csv"_s)}),
+                  0)
+            << said.toStdString();
+        QFile file(Out(u"b.csv"_s));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll().count('\n'), 1 + users) << narrowing.join(u' ').toStdString();
+    }
+}
+
+TEST_F(Program, AnEmptyReportLeavesTheFormerFileWhenItIsAskedTo)
+{
+    QFile file(Out(u"c.csv"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("yesterday") == 9);
+    file.close();
+    QStringList arguments {u"--report"_s,
+                           u"0"_s,
+                           u"--dsn"_s,
+                           Dsn(),
+                           u"--period"_s,
+                           u"2001-01-01..2001-01-02"_s,
+                           u"--output"_s,
+                           file.fileName()};
+    EXPECT_EQ(Run(arguments + QStringList {u"--fail-if-empty"_s}), 1);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "yesterday");
+    file.close();
+    EXPECT_EQ(Run(arguments), 0);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().startsWith("User,"));
+}
+
+TEST_F(Program, SaysWhichDataSourceItHasRead)
+{
+    const QString file = Out(u"d.csv"_s);
+    EXPECT_EQ(Run({u"--report"_s, u"0"_s, u"--dsn"_s, Dsn(), u"--output"_s, file}), 0);
+    EXPECT_EQ(printed, u"%1: made from the data source \"%2\"\n"_s.arg(file, Dsn()));
+}
+
+TEST_F(Program, TellsItsVersion)
+{
+    EXPECT_EQ(Run({u"--version"_s}), 0);
+    EXPECT_TRUE(printed.startsWith(u"tollbrook-report "_s) && printed.endsWith(u'\n'))
+        << printed.toStdString();
+    EXPECT_EQ(printed.count(u'.'), 2) << printed.toStdString();
 }
 
 TEST_F(Program, NoFontAndAFullDiskAreTold)

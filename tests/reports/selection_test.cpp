@@ -81,6 +81,9 @@ TEST(Catalogue, LayoutsAreFoundBelowTheFolderAndByName)
                                                       {u"-1", -1},
                                                       {u"traffic (summary)", 0},
                                                       {u"WEBTOP", 14},
+                                                      {u"reports\\webtop.rpt", 14},
+                                                      {u"reports/webtop.rpt", 14},
+                                                      {u"webtop.rpt", 14},
                                                       {u"provbilltop10", 12},
                                                       {u"Time", -1},
                                                       {u"", -1}};
@@ -190,15 +193,45 @@ TEST(Selection, APeriodComparesTheColumnOfTheCategory)
         EXPECT_EQ(ConditionOf(row, today), QLatin1StringView(day));
         EXPECT_EQ(ConditionOf(row, kRange), QLatin1StringView(range));
     }
-    // Kept: the simple arithmetic names days that do not exist, and borrows no year.
-    EXPECT_EQ(
-        ConditionOf(0, PeriodUpTo({2026, 3, 6}, PeriodChoice::LastWeek)),
-        u" and traffic_use.current_time >= #2026/02/30# and traffic_use.current_time <= #2026/03/06#"_s);
-    EXPECT_EQ(
-        ConditionOf(0, PeriodUpTo({2026, 1, 5}, PeriodChoice::LastMonth)),
-        u" and traffic_use.current_time >= #2026/12/05# and traffic_use.current_time <= #2026/01/05#"_s);
     for (int row = 0; row < kReportCount; ++row) {
         EXPECT_TRUE(QueryText(row, {}, u" AND (users.user_id = 1)"_s, {}).isEmpty()) << row;
+    }
+}
+
+TEST(Selection, PeriodsGoByTheCalendar)
+{
+    struct Case
+    {
+        QDate today;
+        const char *word;
+        Day from;
+        Day to;
+    };
+    const Case cases[] = {
+        {{2026, 11, 21}, "today", {2026, 11, 21}, {2026, 11, 21}},
+        {{2026, 11, 21}, "week", {2026, 11, 15}, {2026, 11, 21}},
+        {{2026, 3, 6}, "week", {2026, 2, 28}, {2026, 3, 6}},
+        {{2026, 1, 5}, "week", {2025, 12, 30}, {2026, 1, 5}},
+        {{2026, 11, 21}, "month", {2026, 10, 21}, {2026, 11, 21}},
+        {{2026, 1, 5}, "month", {2025, 12, 5}, {2026, 1, 5}},
+        {{2026, 3, 31}, "month", {2026, 2, 28}, {2026, 3, 31}},
+        {{2028, 3, 31}, "month", {2028, 2, 29}, {2028, 3, 31}},
+        {{2026, 3, 31}, "previous-month", {2026, 2, 1}, {2026, 2, 28}},
+        {{2026, 1, 1}, "previous-month", {2025, 12, 1}, {2025, 12, 31}},
+        {{2026, 11, 21}, "this-year", {2026, 1, 1}, {2026, 11, 21}},
+        {{2026, 1, 1}, "this-year", {2026, 1, 1}, {2026, 1, 1}},
+        {{2026, 1, 1}, "2024-02-29..2026-11-21", {2024, 2, 29}, {2026, 11, 21}},
+    };
+    for (const auto &[today, word, from, to] : cases) {
+        const auto period = PeriodNamed(QString::fromLatin1(word), today);
+        ASSERT_TRUE(period) << word;
+        EXPECT_EQ(period->from, from) << word << qPrintable(today.toString());
+        EXPECT_EQ(period->to, to) << word << qPrintable(today.toString());
+    }
+    EXPECT_EQ(PeriodNamed(u"all"_s, {2026, 1, 1})->choice, PeriodChoice::All);
+    for (const char *other :
+         {"", "yesterday", "2026-02-30..2026-03-01", "2026-03-01..2026-02-01"}) {
+        EXPECT_FALSE(PeriodNamed(QString::fromLatin1(other), {2026, 1, 1})) << other;
     }
 }
 
@@ -273,17 +306,59 @@ TEST(Filters, NamesAreReadAndFound)
     EXPECT_EQ(NamesFrom(u"anna,bert"_s), QStringList({u"anna"_s, u"bert"_s}));
     EXPECT_EQ(NamesFrom(u"\"O'Hara, \"\"Frank\"\"\",x"_s),
               QStringList({u"O'Hara, \"Frank\""_s, u"x"_s}));
-    EXPECT_EQ(NamesFrom(u",,"_s), QStringList());
+    EXPECT_EQ(NamesFrom(u" anna , bert b "_s), QStringList({u"anna"_s, u"bert b"_s}));
+    EXPECT_EQ(NamesFrom(u"\" anna \" ,\t\"b\"\"\" "_s), QStringList({u" anna "_s, u"b\""_s}));
+    for (const char *nobody : {"", ",,", " , ", "\"\""}) {
+        EXPECT_EQ(NamesFrom(QString::fromLatin1(nobody)), QStringList());
+    }
     QStringList unknown;
     const std::vector<Named<UserId>> offered = {{UserId {1}, u"anna"_s},
                                                 {UserId {2}, u"Bert"_s},
                                                 {UserId {3}, u"anna"_s},
                                                 {UserId {4}, u"eva"_s}};
-    const auto filter = FilterOf(offered, {u"ANNA"_s, u"zoe"_s}, unknown);
-    EXPECT_EQ(filter.taken, (QList {UserId {1}, UserId {3}}));
-    EXPECT_EQ(filter.left, (QList {UserId {2}, UserId {4}}));
+    const auto bearers = BearersOf({u"ANNA"_s, u"zoe"_s}, offered, unknown);
+    ASSERT_EQ(bearers.size(), 2U);
+    EXPECT_EQ(bearers[0].id, UserId {1});
+    EXPECT_EQ(bearers[1].id, UserId {3});
     EXPECT_EQ(unknown, QStringList(u"zoe"_s));
+    EXPECT_EQ(OnlyUsersClause({UserId {1}, UserId {3}}),
+              u" AND (users.user_id = 1 OR users.user_id = 3)"_s);
+    EXPECT_EQ(OnlyGroupsClause({GroupId {7}}), u" and (users.group_id = 7)"_s);
     EXPECT_EQ(PeriodInWords({}), u"all available"_s);
     EXPECT_EQ(PeriodInWords(kRange), u"2026-11-01 to 2026-11-21"_s);
-    EXPECT_EQ(FilterInWords({u"anna"_s}, {u"Office"_s}), u"users anna; groups Office"_s);
+}
+
+// The heading names what the clause leaves in the table, which is not always what was chosen.
+TEST(Filters, WordsSayWhatIsInTheTable)
+{
+    std::vector<Named<UserId>> users;
+    std::vector<Named<GroupId>> groups;
+    for (quint32 number = 1; number <= 5; ++number) {
+        users.push_back({UserId {number}, u"u%1"_s.arg(number)});
+        groups.push_back({GroupId {number}, u"g%1"_s.arg(number)});
+    }
+    struct Case
+    {
+        FilterNumbers filter;
+        const char16_t *ofUsers;
+        const char16_t *ofGroups;
+        bool warnsOfUsers;
+        bool warnsOfGroups;
+    };
+    const Case cases[] = {
+        {{{1, 2}, {3, 4, 5}}, u"users u1, u2", u"groups g1, g2", false, false},
+        {{{1, 2, 3}, {4, 5}}, u"all users but u4, u5", u"all users and groups", true, true},
+        {{{1}, {5}}, u"all users but u5", u"all groups but g5", true, true},
+        {{{1, 2, 3, 4}, {5}}, u"all users but u5", u"all groups but g5", true, true},
+        {{{1, 2, 3, 4, 5}, {}}, u"all users and groups", u"all users and groups", false, false},
+        {{{}, {1, 2, 3, 4, 5}}, u"all users and groups", u"all users and groups", false, false},
+    };
+    for (const auto &[filter, ofUsers, ofGroups, warnsOfUsers, warnsOfGroups] : cases) {
+        const auto userScope = ScopeOf(filter.Filter<UserId>(), users);
+        const auto groupScope = ScopeOf(filter.Filter<GroupId>(), groups);
+        EXPECT_EQ(FilterInWords(userScope, {}), QString::fromUtf16(ofUsers));
+        EXPECT_EQ(FilterInWords({}, groupScope), QString::fromUtf16(ofGroups));
+        EXPECT_EQ(!UserFilterWarning(userScope.effect).isEmpty(), warnsOfUsers);
+        EXPECT_EQ(!GroupFilterWarning(groupScope.effect).isEmpty(), warnsOfGroups);
+    }
 }

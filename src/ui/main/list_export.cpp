@@ -22,9 +22,8 @@ struct Words
 // Empty when none was chosen.
 QString ChooseFile(QWidget &parent)
 {
-    const QStringList endings {u"xlsx"_s, u"csv"_s};
-    const QStringList kinds {Words::tr("Spreadsheet (*.xlsx)"),
-                             Words::tr("Text with commas (*.csv)")};
+    const QStringList endings {EndingOf(OutputFormat::Xlsx), EndingOf(OutputFormat::Csv)};
+    const QStringList kinds {KindOf(OutputFormat::Xlsx), KindOf(OutputFormat::Csv)};
     QFileDialog dialog(&parent, Words::tr("Export list"));
     dialog.setObjectName(u"exportList"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);

@@ -1,5 +1,6 @@
 #include "ui/reports/filter_dialog.h"
 
+#include "reports/wording.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 
@@ -9,7 +10,9 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent) : Dialog(parent)
+using namespace Qt::StringLiterals;
+
+ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent) : Dialog(parent), of(what)
 {
     const bool ofUsers = what == Of::Users;
     setWindowTitle(ofUsers ? tr("Users to report on") : tr("Groups to report on"));
@@ -43,8 +46,27 @@ ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent) : Dialog(parent
     auto *note = new QLabel(tr("With none or all of them chosen the report is made on everybody."));
     note->setWordWrap(true);
     grid->addWidget(note, 2, 0, 1, 3);
-    grid->addWidget(OkAndCancel(*this), 3, 0, 1, 3);
-    resize(560, 420);
+    warning = new QLabel;
+    warning->setObjectName(u"warning"_s);
+    warning->setWordWrap(true);
+    warning->setMinimumHeight(2 * fontMetrics().lineSpacing()); // so that nothing moves as it comes
+    grid->addWidget(warning, 3, 0, 1, 3);
+    grid->addWidget(OkAndCancel(*this), 4, 0, 1, 3);
+    for (const auto *list : {taken, left}) {
+        connect(list->model(),
+                &QAbstractItemModel::rowsInserted,
+                this,
+                &ReportFilterDialog::ShowWarning);
+    }
+    resize(560, 460);
+}
+
+// A name is put into one list after it was taken from the other: then the two are complete.
+void ReportFilterDialog::ShowWarning()
+{
+    warning->setText(of == Of::Users
+                         ? UserFilterWarning(UserFilterEffect(taken->count(), left->count()))
+                         : GroupFilterWarning(GroupFilterEffect(taken->count(), left->count())));
 }
 
 void ReportFilterDialog::Add(QListWidget &list, const QString &name, quint32 id)

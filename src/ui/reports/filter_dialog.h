@@ -52,7 +52,10 @@ private:
     void MoveWhenChosen(QListWidget &from, QListWidget &to);
     static void Move(QListWidget &from, QListWidget &to);
     static void MoveAll(QListWidget &from, QListWidget &to);
+    void ShowWarning();
 
+    const Of of;
     QListWidget *taken;
     QListWidget *left;
+    QLabel *warning; // that the report will be on more than was chosen
 };

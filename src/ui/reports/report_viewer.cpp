@@ -227,11 +227,12 @@ void ReportViewer::Print()
 
 void ReportViewer::SaveAs()
 {
-    const QStringList endings {u"pdf"_s, u"xlsx"_s, u"csv"_s, u"html"_s};
-    const QStringList kinds {tr("PDF (*.pdf)"),
-                             tr("Spreadsheet (*.xlsx)"),
-                             tr("Text with commas (*.csv)"),
-                             tr("Web page (*.html)")};
+    QStringList endings;
+    QStringList kinds;
+    for (const FormatEntry &entry : OutputFormats()) {
+        endings += entry.ending.toString();
+        kinds += KindOf(entry.format);
+    }
     QFileDialog dialog(this, tr("Save report"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(kinds);

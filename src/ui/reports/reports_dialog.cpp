@@ -14,7 +14,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QHash>
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
@@ -33,21 +32,6 @@ DayField *DayPicker(const char *objectName)
     auto *picker = new DayField(Today());
     picker->setObjectName(QLatin1StringView(objectName));
     return picker;
-}
-
-// In the order of the ids.
-template <typename IdType>
-QStringList NamesOf(const QList<IdType> &ids, const std::vector<Named<IdType>> &offered)
-{
-    QHash<IdType, QString> names;
-    for (const auto &[id, name] : offered) {
-        names.insert(id, name);
-    }
-    QStringList named;
-    for (const IdType id : ids) {
-        named << names.value(id);
-    }
-    return named;
 }
 
 } // namespace
@@ -237,7 +221,7 @@ void ReportsDialog::Choose(ReportFilterDialog::Of what,
     dialog.Offer(*offered, chosen.filter);
     if (dialog.exec() == QDialog::Accepted) {
         chosen.filter = dialog.Filter<IdType>();
-        chosen.names = NamesOf(chosen.filter.taken, *offered);
+        chosen.scope = ScopeOf(chosen.filter, *offered);
         ShowFilterNote();
     }
 }
@@ -245,10 +229,9 @@ void ReportsDialog::Choose(ReportFilterDialog::Of what,
 // Empty without a filter.
 QString ReportsDialog::FilterWords() const
 {
-    const QStringList userNames = userFilter.Narrowing();
-    const QStringList groupNames = groupFilter.Narrowing();
-    const bool none = userNames.isEmpty() && groupNames.isEmpty();
-    return none ? QString() : FilterInWords(userNames, groupNames);
+    const bool none = userFilter.scope.effect == FilterEffect::None
+        && groupFilter.scope.effect == FilterEffect::None;
+    return none ? QString() : FilterInWords(userFilter.scope, groupFilter.scope);
 }
 
 PeriodChoice ReportsDialog::Choice() const

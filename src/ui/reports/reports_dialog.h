@@ -33,18 +33,12 @@ public:
     void Generate();
 
 private:
-    // A filter with the names of those that it takes, as they were offered.
+    // A filter with what it makes a report be of, as its names were offered.
     template <typename IdType>
     struct ChosenFilter
     {
         ReportFilter<IdType> filter;
-        QStringList names;
-
-        // Empty when it leaves nobody: the report is then made on everybody.
-        [[nodiscard]] QStringList Narrowing() const
-        {
-            return filter.left.isEmpty() ? QStringList() : names;
-        }
+        FilterScope scope;
     };
 
     [[nodiscard]] QWidget *BuildChoices();

@@ -172,7 +172,7 @@ bool EngineFixture::IsTrueInTime(const std::function<bool()> &holds)
     return true;
 }
 
-int EngineFixture::EndOtherConnections(const QString &words)
+QList<quint32> EngineFixture::OtherConnections(const QString &words)
 {
     const bool onPostgresql = Engine() == u"postgresql"_s;
     const QString others = onPostgresql
@@ -181,13 +181,18 @@ int EngineFixture::EndOtherConnections(const QString &words)
         : u"SELECT id FROM information_schema.processlist WHERE id <> connection_id() "
           "AND db = DATABASE() AND COALESCE(info, '') LIKE '%%1%'"_s;
     QList<quint32> found;
-    {
-        RowCursor cursor(others.arg(words).toUtf8().constData());
-        while (cursor.Next()) {
-            found += queryResult.Integer(1);
-        }
+    RowCursor cursor(others.arg(words).toUtf8().constData());
+    while (cursor.Next()) {
+        found += queryResult.Integer(1);
     }
-    for (const quint32 id : std::as_const(found)) {
+    return found;
+}
+
+int EngineFixture::EndOtherConnections(const QString &words)
+{
+    const bool onPostgresql = Engine() == u"postgresql"_s;
+    const QList<quint32> found = OtherConnections(words);
+    for (const quint32 id : found) {
         const QString end = onPostgresql ? u"SELECT pg_terminate_backend(%1)"_s : u"KILL %1"_s;
         RunQuery(end.arg(id).toUtf8().constData(), FetchMode::One);
     }

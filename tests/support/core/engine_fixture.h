@@ -40,6 +40,10 @@ protected:
     // have databases of their own at the same server, and some of what it tells is told of all.
     static bool IsTrueInTime(const std::function<bool()> &holds);
 
+    // Servers: the numbers of the other connections to the database, or of those whose running statement
+    // holds `words`.
+    static QList<quint32> OtherConnections(const QString &words = {});
+
     // Has the server end the other connections to the database, or those whose running statement
     // holds `words`; how many those were.
     static int EndOtherConnections(const QString &words = {});

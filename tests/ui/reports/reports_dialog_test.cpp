@@ -349,6 +349,34 @@ TEST_F(Reports, UsersAndGroupsNarrowAReportWithAPeriod)
     EXPECT_TRUE(Puts(puts).filter(u" AND (users.user_id = "_s).size() == 1);
 }
 
+// Beyond half of the names the clause says whom to leave out, and lets in who was never offered.
+TEST_F(Reports, MoreThanWasChosenIsSaidBeforeAndInTheHeading)
+{
+    Execute("UPDATE users SET monitored = 0 WHERE user_id = 2");
+    Select(0);
+    Click(*dialog, "lastMonth");
+    QString leftOut;
+    const WhileModal choose([&](QDialog &filter) {
+        auto &left = Find<QListWidget>(filter, "left");
+        const auto &warning = Find<QLabel>(filter, "warning");
+        ClickCell(left, 0, 0);
+        Click(filter, "take");
+        EXPECT_EQ(warning.text(), QString());
+        left.selectAll();
+        left.item(0)->setSelected(false);
+        leftOut = left.item(0)->text();
+        Click(filter, "take");
+        EXPECT_TRUE(warning.text().contains(u"not monitored"_s)) << warning.text().toStdString();
+        Grab(filter, u"reports-filter-warning"_s);
+        Click(filter, "ok");
+    });
+    Click(*dialog, "users");
+    ClickGenerate();
+    EXPECT_EQ(dialog->Viewer().Table()->filter, u"all users but "_s + leftOut);
+    EXPECT_EQ(dialog->Viewer().Table()->rows.Count(),
+              OddNames().size() - 1); // the unmonitored one too
+}
+
 TEST_F(Reports, AFilterIsKeptWhenItsNamesCannotBeRead)
 {
     for (const char *name : {"users", "groups"}) {
@@ -380,8 +408,9 @@ TEST_F(Reports, ForeignTextsAreNoMarkupAndTakeNoRoomFromThePages)
     const int pagesWidth = dialog->Viewer().View().width();
     const WhileModal take([&](QDialog &filter) {
         auto &left = Find<QListWidget>(filter, "left");
-        left.selectAll();
-        left.item(0)->setSelected(false);
+        for (const QString &part : {u"<b>"_s, u"www"_s, u"Hara"_s}) {
+            left.findItems(part, Qt::MatchContains).front()->setSelected(true);
+        }
         Click(filter, "take");
         Click(filter, "ok");
     });
@@ -460,6 +489,18 @@ TEST_F(Reports, FailuresAreToldInTheDialog)
     Settings().WriteText(values::kPath, {});
     ClickGenerate();
     EXPECT_EQ(Message(), u"reports/trafall.rpt: there is no such layout file"_s);
+}
+
+TEST_F(Reports, AMissingDataSourceIsNamedWithWhatToDo)
+{
+    const QByteArray described = qgetenv("ODBCINI");
+    qputenv("ODBCINI", QFile::encodeName(folder.filePath(u"no.ini"_s)));
+    Select(0);
+    ClickGenerate();
+    qputenv("ODBCINI", described);
+    EXPECT_TRUE(Message().startsWith(u"data source \"bill\": "_s)) << Message().toStdString();
+    EXPECT_TRUE(Message().contains(u"no section [bill] in odbc.ini"_s)) << Message().toStdString();
+    Grab(*dialog, u"reports-no-source"_s);
 }
 
 TEST_F(Reports, SettingsThatCannotBeReadAreToldInPlaceOfAMissingLayout)
