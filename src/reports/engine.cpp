@@ -22,6 +22,16 @@ Fail(ReportProblem &problem, RunControl &control, ReportProblem::Kind kind, cons
     return nullptr;
 }
 
+// A layout cannot know what a site calls the units in which money is stored.
+void NameCurrency(Layout &layout, const QString &currency)
+{
+    for (LayoutColumn &column : layout.columns) {
+        if (column.isMoney && !currency.isEmpty()) {
+            column.unit = currency;
+        }
+    }
+}
+
 ReportTablePtr Fill(const std::shared_ptr<ReportTable> &table,
                     ReportQuery &query,
                     RunControl &control,
@@ -63,7 +73,11 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     const RunControl::Stopper stopper(control, [&] { connection->Cancel(); });
     const auto table = std::make_shared<ReportTable>();
     table->layout = *layout;
+    NameCurrency(table->layout, request.currency);
     table->period = request.period;
+    table->firstDay = request.firstDay;
+    table->lastDay = request.lastDay;
+    table->setup = request.setup;
     table->filter = request.filter;
     table->made = request.made;
     table->schemaVersion = connection->SchemaVersion();

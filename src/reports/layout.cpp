@@ -26,6 +26,7 @@ QString Shown(const QString &text)
 }
 
 constexpr int kMaxColumns = 15;
+constexpr auto kMoneyUnit = u"base units"; // what a layout calls money
 
 class LayoutReader
 {
@@ -43,6 +44,7 @@ public:
                        u"order"_s,
                        u"top"_s,
                        u"noun"_s,
+                       u"note"_s,
                        u"column"_s,
                        u"chart"_s});
         ReadTop(top);
@@ -64,6 +66,7 @@ private:
             top.Choice("rows", {u"each"_s, u"summed"_s}) == 1 ? RowRule::Summed : RowRule::Each;
         layout.top = top.Integer("top", 0, 0, 1000);
         layout.noun = Shown(top.Text("noun", u"rows"_s));
+        layout.note = Shown(top.Text("note"));
         layout.query = top.Text("query").trimmed();
         if (layout.title.isEmpty()) {
             top.Fail(1, Words::tr("\"title\" is missing"));
@@ -110,6 +113,7 @@ private:
         column.type = static_cast<ColumnType>(table.Choice(
             "type",
             {u"text"_s, u"integer"_s, u"amount"_s, u"day"_s, u"time"_s, u"flag"_s, u"count"_s}));
+        column.isMoney = table.Text("unit") == kMoneyUnit;
         column.unit = Shown(table.Text("unit"));
         column.decimals =
             column.type == ColumnType::Amount ? table.Integer("decimals", 2, 0, 6) : 0;

@@ -25,6 +25,7 @@ struct LayoutColumn
     QString heading;
     ColumnType type = ColumnType::Text;
     QString unit; // printed under the heading; empty for none
+    bool isMoney = false; // its unit is named by the site's settings, where they are known
     int decimals = 2; // of an amount, 0 to 6
     double width = 1; // share of the page's width
     bool total = false; // summed for groups and the report; in summed rows also within the row
@@ -84,6 +85,8 @@ struct Layout
     QList<OrderKey> order; // behind the group
     int top = 0; // the first rows in that order; 0 for all; for summed rows
     QString noun; // what a printed row is one of, such as "users"
+    QString
+        note; // printed below the heading: what a reader could take for an error; empty for none
     LayoutChart chart;
 
     // Columns that stand in a row of data files, and those in a printed row, where a group's are

@@ -17,10 +17,10 @@ bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &contro
     const ReportPages pages(table, &control);
     QPdfWriter writer(&device);
     writer.setResolution(kDotsPerInch);
-    writer.setTitle(table->layout.title);
+    const QString period = table->period.isEmpty() ? QString() : u", "_s + table->period;
+    writer.setTitle(table->layout.title + period);
     writer.setCreator(u"Tollbrook Administrator"_s);
-    const auto orientation = pages.IsLandscape() ? QPageLayout::Landscape : QPageLayout::Portrait;
-    writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), orientation, QMarginsF()));
+    writer.setPageLayout(pages.Sheet());
     QPainter painter;
     if (!painter.begin(&writer)) {
         return false;

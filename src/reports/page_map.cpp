@@ -25,6 +25,18 @@ PageMap::PageMap(PageOutline whatToPlace, int onFirst, int onOthers)
     , linesOnFirst(onFirst < kLeastFirstLines ? 0 : onFirst) // fewer are left blank
     , linesOnOthers(std::max(onOthers, kLeastLines))
 {
+    BreakPages();
+}
+
+void PageMap::LeaveFirstBlank()
+{
+    linesOnFirst = 0;
+    BreakPages();
+}
+
+void PageMap::BreakPages()
+{
+    starts.clear();
     Place place;
     place.phase = outline.groups.empty() ? Phase::Closing : Phase::Heading;
     do {

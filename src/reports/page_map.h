@@ -43,6 +43,9 @@ public:
     static constexpr int kLeastFirstLines = 8;
     static constexpr int kMostRowLines = 12;
 
+    // Leaves the first page to something else: everything begins on the second.
+    void LeaveFirstBlank();
+
     [[nodiscard]] int Count() const { return static_cast<int>(starts.size()); }
 
     // From the top; page 0 is the first.
@@ -61,6 +64,8 @@ private:
         Phase phase = Phase::Heading;
         qint64 row = 0;
     };
+
+    void BreakPages();
 
     struct Filling; // a page on its way to being full
 

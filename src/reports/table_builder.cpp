@@ -46,27 +46,22 @@ bool TableBuilder::Failed(bool inStore)
 TableBuilder::TableBuilder(ReportTable &toFill, ReportQuery &fromQuery)
     : table(toFill)
     , query(fromQuery)
+    , collector(toFill)
     , totals(toFill.layout.columns)
     , groupTotals(toFill.layout.columns)
-{
-    for (const int place : table.layout.PrintedColumns()) {
-        if (table.layout.columns.at(place).type == ColumnType::Text) {
-            textLimits.emplace_back(static_cast<size_t>(place),
-                                    LineCharacters(table.layout, place));
-        }
-    }
-}
+{ }
 
 bool TableBuilder::Store(const CellRow &row)
 {
-    const bool isLong = std::any_of(textLimits.begin(), textLimits.end(), [&](const auto &limit) {
-        const auto *text = std::get_if<QString>(&row[limit.first]);
-        return text != nullptr && text->size() > limit.second;
-    });
-    if (isLong) {
-        table.longRows.push_back(table.rows.Count());
+    return collector.Store(row) || Failed(true);
+}
+
+// Sums take more room than what they are the sums of.
+void TableBuilder::NoteSums(const CellRow &sums)
+{
+    for (size_t place = 0; place < sums.size(); ++place) {
+        table.reach[place].Take(NumberIn(sums[place]));
     }
-    return table.rows.Append(row) || Failed(true);
 }
 
 bool TableBuilder::BuildSummed()
@@ -117,6 +112,8 @@ bool TableBuilder::BuildSummed()
     table.allCount = static_cast<qint64>(rows.size());
     table.allTotals = all.Cells();
     table.totals = printed.Cells();
+    NoteSums(table.totals);
+    NoteSums(table.allTotals);
     return true;
 }
 
@@ -133,6 +130,7 @@ bool TableBuilder::BuildEach()
     table.allCount = table.rows.Count();
     table.totals = totals.Cells();
     table.allTotals = table.totals;
+    NoteSums(table.totals);
     return true;
 }
 
@@ -157,6 +155,7 @@ void TableBuilder::FinishGroup()
 {
     if (!table.groups.empty()) {
         table.groups.back().totals = groupTotals.Cells();
+        NoteSums(table.groups.back().totals);
     }
 }
 

@@ -27,20 +27,16 @@ std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, const P
     if (wishes.copies > 0) {
         printer->setCopyCount(wishes.copies);
     }
-    printer->setPageOrientation(wishes.landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+    if (wishes.sheet.isValid()) {
+        printer->setPageSize(wishes.sheet.pageSize());
+        printer->setPageOrientation(wishes.sheet.orientation());
+    }
     QPrintDialog dialog(printer.get(), &parent);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange, wishes.pageCount > 0);
     if (wishes.pageCount > 0) {
         dialog.setMinMax(1, wishes.pageCount);
     }
     return dialog.exec() == QDialog::Accepted ? printer : nullptr;
-}
-
-void UseReportPaper(QPrinter &printer, const ReportPages &pages)
-{
-    printer.setPageOrientation(pages.IsLandscape() ? QPageLayout::Landscape
-                                                   : QPageLayout::Portrait);
-    printer.setPageSize(QPageSize(QPageSize::A4));
 }
 
 QSizeF SheetOf(const QPrinter &printer)

@@ -43,7 +43,9 @@ public:
     void Print();
     void SaveAs(); // asks for the name
     void SaveTo(const QString &fileName);
-    void Find(const QString &text); // from the next page on, and from the first again
+    // From the page shown on, or behind the last place that was found there; behind the last page from
+    // the first again.
+    void Find(const QString &text);
     void Cancel() { job.Cancel(); }
 
     [[nodiscard]] bool IsBusy() const { return job.IsRunning(); }
@@ -67,6 +69,7 @@ private:
     void Run();
     [[nodiscard]] static Outcome MakePages(const ReportRequest &wanted, RunControl &control);
     void Show(const Outcome &outcome);
+    void ShowFound(const QString &text, const std::optional<PageHit> &now);
     void ShowProgress(qint64 done, qint64 whole);
     void SetBusy(bool busy);
     void Say(const QString &text);
@@ -76,6 +79,8 @@ private:
     int copies = 0;
     ReportTablePtr table;
     std::shared_ptr<const ReportPages> pages;
+    QString searched; // the text that was found last
+    std::optional<PageHit> found; // and where
 
     ViewerBar *bar;
     PageView *view;

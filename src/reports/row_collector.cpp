@@ -1,0 +1,44 @@
+#include "reports/row_collector.h"
+
+#include <algorithm>
+
+RowCollector::RowCollector(ReportTable &toFill) : table(toFill)
+{
+    const Layout &layout = table.layout;
+    table.reach.resize(static_cast<size_t>(layout.columns.size()));
+    for (const int column : layout.PrintedColumns()) {
+        const auto place = static_cast<size_t>(column);
+        const LayoutColumn &told = layout.columns.at(column);
+        if (told.IsNumber()) {
+            numbers.push_back(place);
+        } else if (told.type == ColumnType::Text) {
+            texts.emplace_back(place, LeastEms(layout, column));
+        } else {
+            lines.push_back(place);
+        }
+    }
+}
+
+bool RowCollector::Store(const CellRow &row)
+{
+    float need = 0;
+    for (const auto &[place, fits] : texts) {
+        if (const auto *text = std::get_if<QString>(&row[place])) {
+            const double ems = EmsOf(*text);
+            table.reach[place].ems = std::max(table.reach[place].ems, ems);
+            need = std::max(need, static_cast<float>(ems / fits));
+        }
+    }
+    if (need > 1) {
+        table.longRows.push_back({table.rows.Count(), need});
+    }
+    for (const size_t place : lines) {
+        const LayoutColumn &column = table.layout.columns.at(static_cast<qsizetype>(place));
+        table.reach[place].ems =
+            std::max(table.reach[place].ems, EmsOf(DisplayText(column, row[place])));
+    }
+    for (const size_t place : numbers) {
+        table.reach[place].Take(NumberIn(row[place]));
+    }
+    return table.rows.Append(row);
+}

@@ -1,0 +1,20 @@
+// Puts rows into a report's table, and notes how much room the columns need on paper.
+#pragma once
+
+#include "reports/report_table.h"
+
+class RowCollector
+{
+public:
+    // The table has its layout already, and no rows.
+    explicit RowCollector(ReportTable &toFill);
+
+    // False when the table's store takes no more.
+    [[nodiscard]] bool Store(const CellRow &row);
+
+private:
+    ReportTable &table;
+    std::vector<std::pair<size_t, double>> texts; // columns that wrap, with the ems that always fit
+    std::vector<size_t> lines; // columns of days, times and flags
+    std::vector<size_t> numbers;
+};
