@@ -87,8 +87,10 @@ private:
         std::vector<double> values;
         size_t sum = 0;
         for (const int place : wanted.values) {
-            const bool counted = table.layout.columns.at(place).type == ColumnType::Count;
-            values.push_back(counted ? static_cast<double>(row.count) : row.sums[sum++].Value());
+            const LayoutColumn &column = table.layout.columns.at(place);
+            const double rate = column.isMoney ? table.currency.rate : 1;
+            values.push_back(column.type == ColumnType::Count ? static_cast<double>(row.count)
+                                                              : row.sums[sum++].Value() * rate);
         }
         return values;
     }

@@ -13,6 +13,12 @@ constexpr int kUsualPixels = 85;
 constexpr int kLeastPixels = 62; // smaller type would be hard to read: larger units come first
 constexpr int kPixelStep = 4;
 constexpr double kPadding = 2 * paper::kCellPadding;
+constexpr double kNumberPadding =
+    kPadding + 40; // two numbers beside each other are not read as one
+constexpr double kAddressEms = 9; // texts as short as an address are never broken
+constexpr double kNameEms =
+    22; // longer ones take several lines before a table takes the whole page
+constexpr double kMostHeading = 620; // longer headings may be cut
 constexpr double kBetween = 190; // columns of a table that is narrower than the page
 constexpr double kNarrow = 0.78; // of the room: a table that needs more takes all of it
 
@@ -70,22 +76,26 @@ private:
     {
         const LayoutColumn &told = Told(column);
         const ColumnReach &reached = ReachOf(column);
+        const double heading = std::min(HeadingWidth(column, told), kMostHeading);
         if (told.type == ColumnType::Text) {
-            return LeastEms(table.layout, column.place) * plan.pixels + kPadding;
+            const double whole = std::min(reached.ems, kAddressEms);
+            const double ems = std::max(LeastEms(table.layout, column.place), whole);
+            return std::max(heading, ems * plan.pixels) + kPadding;
         }
         if (!told.IsNumber()) {
             constexpr double kMostEms = 24; // a text in place of a day
-            return std::min(reached.ems, kMostEms) * plan.pixels + kPadding;
+            return std::max(heading, std::min(reached.ems, kMostEms) * plan.pixels) + kPadding;
         }
         const QFontMetricsF &metrics = paper::Metrics(Style::Strong, plan.pixels);
-        double width =
-            paper::Metrics(Style::Unit).horizontalAdvance(ColumnPlan::UnitOf(column, told));
+        double width = std::max(
+            heading,
+            paper::Metrics(Style::Unit).horizontalAdvance(ColumnPlan::UnitOf(column, told)));
         for (const double number : {reached.least, reached.most}) {
             width = std::max(
                 width,
                 metrics.horizontalAdvance(ColumnPlan::TextOf(column, told, CellOf(told, number))));
         }
-        return width + kPadding;
+        return width + kNumberPadding;
     }
 
     [[nodiscard]] static Cell CellOf(const LayoutColumn &told, double number)
@@ -102,7 +112,9 @@ private:
         const LayoutColumn &told = Told(column);
         const double heading = HeadingWidth(column, told) + kPadding;
         return told.type == ColumnType::Text
-            ? std::max(heading, ReachOf(column).ems * plan.pixels + kPadding)
+            ? std::max({heading,
+                        std::min(ReachOf(column).ems, kNameEms) * plan.pixels + kPadding,
+                        Least(column)})
             : std::max(heading, Least(column));
     }
 
@@ -133,7 +145,12 @@ private:
         for (const PlannedColumn &column : plan.columns) {
             widths.push_back(measure(column));
         }
-        widths.front() += LeadLack(widths);
+        const double lack = LeadLack(widths);
+        size_t widest = 0;
+        for (size_t place = 0; place < widths.size() && !HasSum(plan.columns[place]); ++place) {
+            widest = widths[place] > widths[widest] ? place : widest;
+        }
+        widths[widest] += lack;
         return widths;
     }
 

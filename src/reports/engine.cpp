@@ -22,12 +22,12 @@ Fail(ReportProblem &problem, RunControl &control, ReportProblem::Kind kind, cons
     return nullptr;
 }
 
-// A layout cannot know what a site calls the units in which money is stored.
-void NameCurrency(Layout &layout, const QString &currency)
+// A layout cannot know what a site calls its money.
+void NameMoney(ReportTable &table)
 {
-    for (LayoutColumn &column : layout.columns) {
-        if (column.isMoney && !currency.isEmpty()) {
-            column.unit = currency;
+    for (LayoutColumn &column : table.layout.columns) {
+        if (column.isMoney && !table.currency.name.isEmpty()) {
+            column.unit = table.currency.name;
         }
     }
 }
@@ -73,12 +73,8 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     const RunControl::Stopper stopper(control, [&] { connection->Cancel(); });
     const auto table = std::make_shared<ReportTable>();
     table->layout = *layout;
-    NameCurrency(table->layout, request.currency);
-    table->period = request.period;
-    table->firstDay = request.firstDay;
-    table->lastDay = request.lastDay;
-    table->setup = request.setup;
-    table->filter = request.filter;
+    static_cast<ReportSubject &>(*table) = request;
+    NameMoney(*table);
     table->made = request.made;
     table->schemaVersion = connection->SchemaVersion();
     ReportQuery query(table->layout, request.query, *connection, control);

@@ -17,6 +17,8 @@ enum class ColumnType {
     Time, // a day and a time of day, shown as 2026-11-21 09:30:00
     Flag, // 0 or 1, shown by the column's two words
     Count, // how many rows of the query stand behind the printed one
+    Rank, // 1 for the first printed row, 2 for the next; of summed rows
+    Share, // what a row's number is of that of all rows, in percent; of summed rows
 };
 
 struct LayoutColumn
@@ -32,16 +34,27 @@ struct LayoutColumn
     bool hidden = false; // read for the order or the chart, not printed
     QList<int> adds; // a computed column: the sum of these columns ...
     QList<int> less; // ... less these
+    int of = -1; // the column with a total that a share is of
+    QString blank; // shown in a row whose text or day is empty
     QStringList words {QStringLiteral("no"), QStringLiteral("yes")}; // of a flag: for 0, for 1
 
     [[nodiscard]] bool IsComputed() const { return !adds.isEmpty() || !less.isEmpty(); }
     [[nodiscard]] bool IsNumber() const
     {
         return type == ColumnType::Integer || type == ColumnType::Amount
-            || type == ColumnType::Count;
+            || type == ColumnType::Count || type == ColumnType::Rank || type == ColumnType::Share;
+    }
+    // Has decimals.
+    [[nodiscard]] bool IsFraction() const
+    {
+        return type == ColumnType::Amount || type == ColumnType::Share;
     }
     // Read from the query, rather than counted or computed from what was.
-    [[nodiscard]] bool IsRead() const { return type != ColumnType::Count && !IsComputed(); }
+    [[nodiscard]] bool IsRead() const
+    {
+        return type != ColumnType::Count && type != ColumnType::Rank && type != ColumnType::Share
+            && !IsComputed();
+    }
 };
 
 enum class RowRule {

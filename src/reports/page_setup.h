@@ -1,6 +1,8 @@
 // How a site wants its reports on paper: the sheets, and whose reports they are.
 #pragma once
 
+#include "config/config_store.h"
+
 #include <QImage>
 #include <QPageLayout>
 #include <QPageSize>
@@ -30,3 +32,19 @@ struct PageSetup
         return !organisation.isEmpty() || !address.isEmpty() || !logo.isNull();
     }
 };
+
+// The sizes of paper that are offered, the usual one first.
+[[nodiscard]] const QList<QPageSize::PageSizeId> &OfferedPapers();
+
+constexpr qsizetype kMostSetupBytes = 1023; // of a text of the set-up
+
+// What the settings hold; a paper or a turn that is not known counts as missing.
+[[nodiscard]] PageSetup ReadPageSetup(const ConfigStore &settings);
+SettingsResult WritePageSetup(const ConfigStore &settings, const PageSetup &setup);
+
+// The picture in the file, no larger than a page's heading needs it; null when there is none that can be
+// read.
+[[nodiscard]] QImage LogoIn(const QString &file);
+
+// What is to be told when a logo is wanted and cannot be read; empty otherwise.
+[[nodiscard]] QString LogoProblem(const PageSetup &setup);

@@ -2,10 +2,9 @@
 // painted.
 #pragma once
 
-#include "reports/page_setup.h"
+#include "reports/report_subject.h"
 #include "reports/row_store.h"
 
-#include <QDate>
 #include <QDateTime>
 
 #include <algorithm>
@@ -64,15 +63,10 @@ struct ReportChart
 };
 
 // Rows hold a cell for each column of the layout.
-struct ReportTable
+struct ReportTable : ReportSubject
 {
     Layout layout;
-    QString period; // in words, for the heading
-    QDate firstDay; // of the period; invalid for all that there is
-    QDate lastDay;
-    QString filter; // in words; empty for none
     QDateTime made;
-    PageSetup setup;
     int schemaVersion = 0; // of the database that the rows come from (db/schema_version.h)
 
     RowStore rows;

@@ -30,6 +30,17 @@ bool Precedes(const QList<OrderKey> &order, const CellRow &one, const CellRow &o
 
 } // namespace
 
+// Money comes in base units.
+void TableBuilder::Convert(CellRow &row) const
+{
+    for (size_t place = 0; place < row.size(); ++place) {
+        if (table.layout.columns.at(static_cast<qsizetype>(place)).isMoney
+            && table.currency.rate != 1 && row[place].index() != 0) {
+            row[place] = NumberIn(row[place]) * table.currency.rate;
+        }
+    }
+}
+
 bool TableBuilder::Build()
 {
     const bool built = table.layout.rows == RowRule::Summed ? BuildSummed() : BuildEach();
@@ -88,6 +99,7 @@ bool TableBuilder::BuildSummed()
                 row[static_cast<size_t>(place)] = summed.count;
             }
         }
+        Convert(row);
         Compute(columns, row);
         rows.push_back(std::move(row));
     });
@@ -97,30 +109,50 @@ bool TableBuilder::BuildSummed()
     std::stable_sort(rows.begin(), rows.end(), [&](const CellRow &one, const CellRow &other) {
         return Precedes(table.layout.order, one, other);
     });
-    RowTotals printed(columns);
     RowTotals all(columns);
-    const auto top = table.layout.top > 0 ? static_cast<size_t>(table.layout.top) : rows.size();
-    for (size_t place = 0; place < rows.size(); ++place) {
-        all.Add(rows[place]);
-        if (place < top) {
-            printed.Add(rows[place]);
-            if (!Store(rows[place])) {
-                return false;
-            }
-        }
+    for (const CellRow &row : rows) {
+        all.Add(row);
     }
     table.allCount = static_cast<qint64>(rows.size());
     table.allTotals = all.Cells();
+    if (table.layout.top > 0 && rows.size() > static_cast<size_t>(table.layout.top)) {
+        rows.resize(static_cast<size_t>(table.layout.top));
+    }
+    RowTotals printed(columns);
+    for (size_t place = 0; place < rows.size(); ++place) {
+        Rate(rows[place], static_cast<qint64>(place) + 1);
+        printed.Add(rows[place]);
+        if (!Store(rows[place])) {
+            return false;
+        }
+    }
+    Rate(table.allTotals, 0);
     table.totals = printed.Cells();
     NoteSums(table.totals);
     NoteSums(table.allTotals);
     return true;
 }
 
+// Fills in a row's rank, and its shares of all rows; rank 0 is that of a sum, which has none.
+void TableBuilder::Rate(CellRow &row, qint64 rank) const
+{
+    for (size_t place = 0; place < row.size(); ++place) {
+        const LayoutColumn &column = table.layout.columns.at(static_cast<qsizetype>(place));
+        if (column.type == ColumnType::Rank) {
+            row[place] = rank > 0 ? Cell(rank) : Cell();
+        } else if (column.type == ColumnType::Share) {
+            const auto of = static_cast<size_t>(column.of);
+            const double whole = NumberIn(table.allTotals[of]);
+            row[place] = whole != 0 ? Cell(100 * NumberIn(row[of]) / whole) : Cell();
+        }
+    }
+}
+
 bool TableBuilder::BuildEach()
 {
     const bool grouped = !table.layout.group.isEmpty();
     const bool done = query.Rows([&](CellRow &&row) {
+        Convert(row);
         return grouped && !query.IsSummedByDatabase() ? Collect(row) : TakeInOrder(row);
     });
     if (!done || !Regroup()) {

@@ -18,6 +18,8 @@ public:
 private:
     [[nodiscard]] bool BuildSummed();
     [[nodiscard]] bool BuildEach();
+    void Convert(CellRow &row) const;
+    void Rate(CellRow &row, qint64 rank) const;
     [[nodiscard]] bool Store(const CellRow &row);
     [[nodiscard]] bool TakeInOrder(const CellRow &row);
     void FinishGroup();

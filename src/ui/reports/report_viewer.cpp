@@ -119,10 +119,9 @@ void ReportViewer::PutProperty(int number, const QVariant &value)
     }
 }
 
-void ReportViewer::SetHeading(const QString &period, const QString &filter)
+void ReportViewer::SetSubject(const ReportSubject &subject)
 {
-    request.period = period;
-    request.filter = filter;
+    static_cast<ReportSubject &>(request) = subject;
 }
 
 void ReportViewer::Run()
@@ -172,7 +171,7 @@ void ReportViewer::Show(const Outcome &outcome)
         Say(tr("No font is installed; install fonts-dejavu-core"));
         return;
     }
-    Say({}); // no more of the progress
+    Say(LogoProblem(table->setup)); // no more of the progress
     view->SetPages(pages);
     view->setFocus();
 }

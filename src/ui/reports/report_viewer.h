@@ -37,8 +37,9 @@ public:
 
     void PutProperty(int number, const QVariant &value);
 
-    // What the report's heading says of its period and filter.
-    void SetHeading(const QString &period, const QString &filter);
+    // What the next report is made on beside its query: what its heading says of its period and filter,
+    // the period's days, the site's paper and currency.
+    void SetSubject(const ReportSubject &subject);
 
     void Print();
     void SaveAs(); // asks for the name

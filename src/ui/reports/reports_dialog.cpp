@@ -315,8 +315,8 @@ void ReportsDialog::Generate()
                                               period,
                                               UserFilterClause(userFilter.filter),
                                               GroupFilterClause(groupFilter.filter));
-    Viewer().SetHeading(PeriodInWords(period),
-                        period.choice == PeriodChoice::All ? QString() : FilterWords());
+    Viewer().SetSubject(SubjectOf(
+        services.settings, period, period.choice == PeriodChoice::All ? QString() : FilterWords()));
     Drive(row, query);
     if (generate->hasFocus()) {
         catalogue->setFocus(); // else it goes on to "Help"; Return generates here too
