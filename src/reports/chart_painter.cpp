@@ -96,6 +96,8 @@ struct Words
 
 constexpr double kTitleHeight = 200;
 constexpr double kAxisHeight = 150;
+constexpr double kLegendGap = 140; // before each colour
+constexpr double kLegendMark = 120; // the colour, and what stands between it and its name
 
 QString Number(double value, int decimals)
 {
@@ -203,22 +205,30 @@ private:
                 + (chart.step == ChartStep::Week ? Words::tr("summed by week")
                                                  : Words::tr("summed by month"));
         }
-        double right = place.right();
-        for (qsizetype series = chart.seriesNames.size() - 1;
-             series >= 0 && chart.seriesNames.size() > 1;
-             --series) {
-            const QString &name = chart.seriesNames.at(series);
-            const double textWidth = paper::Metrics(Style::Small).horizontalAdvance(name);
-            canvas.Write({right - textWidth - 4, place.top(), textWidth + 4, 150},
-                         name,
-                         {.style = Style::Small});
-            canvas.Fill({right - textWidth - 120, place.top() + 40, 80, 70},
-                        paper::kSeries[series]);
-            right -= textWidth + 260;
-        }
-        canvas.WriteWhole({place.left(), place.top(), right - place.left(), 150},
+        const double legend = LegendWidth();
+        canvas.WriteWhole({place.left(), place.top(), place.width() - legend, 150},
                           title,
                           {.style = Style::Strong});
+        double left = place.right() - legend;
+        for (qsizetype series = 0; series < chart.seriesNames.size() && legend > 0; ++series) {
+            const QString &name = chart.seriesNames.at(series);
+            const double width = paper::Metrics(Style::Small).horizontalAdvance(name);
+            canvas.Fill({left + kLegendGap, place.top() + 40, 80, 70}, paper::kSeries[series]);
+            left += kLegendGap + kLegendMark;
+            canvas.Write({left, place.top(), width + 1, 150}, name, {.style = Style::Small});
+            left += width;
+        }
+    }
+
+    // What the colours mean; nothing where there is one.
+    [[nodiscard]] double LegendWidth() const
+    {
+        double width = 0;
+        for (const QString &name : chart.seriesNames) {
+            width +=
+                kLegendGap + kLegendMark + paper::Metrics(Style::Small).horizontalAdvance(name);
+        }
+        return chart.seriesNames.size() < 2 ? 0 : width + 1;
     }
 
     void PaintBars(const QRectF &place)
@@ -362,7 +372,7 @@ private:
             const double x = plot.left() + width * static_cast<double>(step);
             canvas.Line({x, plot.bottom()}, {x, plot.bottom() + 30}, 4, paper::kFaint);
             // The last one may stand so far to the right that its text begins before its mark.
-            const double left = std::min(x, plot.right() + 20 - labelWidth);
+            const double left = std::min(x, plot.right() + 16 - labelWidth);
             canvas.WriteWhole({left, plot.bottom() + 30, labelWidth + 4, 110},
                               chart.steps[step].toString(form),
                               {.style = Style::Small, .colour = paper::kFaint});

@@ -76,7 +76,7 @@ private:
     {
         const LayoutColumn &told = Told(column);
         const ColumnReach &reached = ReachOf(column);
-        const double heading = std::min(HeadingWidth(column, told), kMostHeading);
+        const double heading = std::min(HeadingWidth(column, told), roomForHeadings);
         if (told.type == ColumnType::Text) {
             const double whole = std::min(reached.ems, kAddressEms);
             const double ems = std::max(LeastEms(table.layout, column.place), whole);
@@ -166,12 +166,18 @@ private:
 
     [[nodiscard]] bool Fits() const { return Sum(LeastWidths()) <= room; }
 
-    // Smaller type first, then larger units, then type of any size. False at the very end.
+    // Smaller type first, then headings that may be cut, then larger units, then type of any size. False
+    // at the very end.
     bool MakeSmaller()
     {
         const int smaller = plan.pixels - kPixelStep;
         if (smaller >= kLeastPixels) {
             plan.pixels = smaller;
+            return true;
+        }
+        if (roomForHeadings > 0) {
+            roomForHeadings = 0;
+            plan.pixels = kUsualPixels;
             return true;
         }
         if (EnlargeUnits()) {
@@ -254,6 +260,7 @@ private:
     const double room;
     const QStringList &leadTexts;
     std::vector<ColumnReach> reach; // of a table that has noted none
+    double roomForHeadings = kMostHeading; // that a column gives its heading at most
     ColumnPlan plan;
 };
 
