@@ -59,6 +59,7 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     connect(bar, &ViewerBar::FindAsked, this, &ReportViewer::Find);
     connect(bar, &ViewerBar::PrintAsked, this, &ReportViewer::Print);
     connect(bar, &ViewerBar::SaveAsked, this, &ReportViewer::SaveAs);
+    connect(bar, &ViewerBar::PageSetupAsked, this, &ReportViewer::PageSetupAsked);
     connect(&job, &ReportJob::Started, this, [this] { SetBusy(true); });
     connect(&job, &ReportJob::Progressed, this, &ReportViewer::ShowProgress);
     connect(&job, &ReportJob::Ended, this, [this] {
@@ -122,6 +123,14 @@ void ReportViewer::PutProperty(int number, const QVariant &value)
 void ReportViewer::SetSubject(const ReportSubject &subject)
 {
     static_cast<ReportSubject &>(request) = subject;
+}
+
+void ReportViewer::RunAgain(const PageSetup &setup)
+{
+    request.setup = setup;
+    if (table) {
+        Run();
+    }
 }
 
 void ReportViewer::Run()
@@ -237,9 +246,13 @@ void ReportViewer::Print()
          .sheet = pages ? pages->Sheet() : QPageLayout(),
          .withoutPrinter = QCoreApplication::translate(
              "PrintPages", "No printer is installed. The report can be saved as PDF.")});
-    if (!printer || !pages) {
-        return;
+    if (printer && pages) {
+        PrintOn(printer);
     }
+}
+
+void ReportViewer::PrintOn(const std::shared_ptr<QPrinter> &printer)
+{
     const auto outcome = std::make_shared<QString>();
     job.Start(
         [printed = table, printer, outcome](RunControl &control) {

@@ -11,6 +11,7 @@
 
 class PageView;
 class QLabel;
+class QPrinter;
 class QProgressBar;
 class ViewerBar;
 
@@ -41,7 +42,8 @@ public:
     // the period's days, the site's paper and currency.
     void SetSubject(const ReportSubject &subject);
 
-    void Print();
+    void Print(); // asks for the printer
+    void PrintOn(const std::shared_ptr<QPrinter> &printer); // on the paper that it has
     void SaveAs(); // asks for the name
     void SaveTo(const QString &fileName);
     // From the page shown on, or behind the last place that was found there; behind the last page from
@@ -53,7 +55,11 @@ public:
     [[nodiscard]] ReportTablePtr Table() const { return table; }
     [[nodiscard]] PageView &View() { return *view; }
 
+    // Makes the report that shows again, on the site's present paper; nothing without one.
+    void RunAgain(const PageSetup &setup);
+
 signals:
+    void PageSetupAsked();
     void PropertyPut(int number, const QVariant &value);
     void Ready(); // a run, an export, a print or a search has ended
 

@@ -328,10 +328,10 @@ TEST_F(Reports, UsersAndGroupsNarrowAReportWithAPeriod)
     QString name;
     {
         const WhileModal choose([&](QDialog &filter) {
-            name = Find<QListWidget>(filter, "left").item(2)->text();
-            ClickCell(Find<QListWidget>(filter, "left"), 2, 0);
+            name = RowTexts(Find<QListView>(filter, "left")).value(2);
+            ClickCell(Find<QListView>(filter, "left"), 2, 0);
             Click(filter, "take");
-            EXPECT_EQ(Find<QListWidget>(filter, "taken").count(), 1);
+            EXPECT_EQ(Find<QListView>(filter, "taken").model()->rowCount(), 1);
             Grab(filter, u"reports-filter"_s);
             Click(filter, "ok");
         });
@@ -353,7 +353,7 @@ TEST_F(Reports, AFilterIsKeptWhenItsNamesCannotBeRead)
 {
     for (const char *name : {"users", "groups"}) {
         const WhileModal take([&](QDialog &filter) {
-            ClickCell(Find<QListWidget>(filter, "left"), 0, 0);
+            ClickCell(Find<QListView>(filter, "left"), 0, 0);
             Click(filter, "take");
             Click(filter, "ok");
         });
@@ -379,9 +379,9 @@ TEST_F(Reports, ForeignTextsAreNoMarkupAndTakeNoRoomFromThePages)
     ClickGenerate();
     const int pagesWidth = dialog->Viewer().View().width();
     const WhileModal take([&](QDialog &filter) {
-        auto &left = Find<QListWidget>(filter, "left");
+        auto &left = Find<QListView>(filter, "left");
         left.selectAll();
-        left.item(0)->setSelected(false);
+        left.selectionModel()->select(left.model()->index(0, 0), QItemSelectionModel::Deselect);
         Click(filter, "take");
         Click(filter, "ok");
     });
@@ -419,19 +419,19 @@ TEST_F(Reports, EachKeyOfAFilterDialogIsThereOnce)
 TEST_F(Reports, ReturnMovesNamesOfAFilterOneByOne)
 {
     const WhileModal choose([](QDialog &filter) {
-        auto &taken = Find<QListWidget>(filter, "taken");
-        auto &left = Find<QListWidget>(filter, "left");
-        const int offered = left.count();
+        auto &taken = Find<QListView>(filter, "taken");
+        auto &left = Find<QListView>(filter, "left");
+        const int offered = left.model()->rowCount();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&filter));
         for (int name = 1; name <= 2; ++name) {
             ClickCell(left, 0, 0);
             QTest::keyClick(&left, Qt::Key_Return);
-            EXPECT_EQ(taken.count(), name);
+            EXPECT_EQ(taken.model()->rowCount(), name);
         }
         ClickCell(taken, 0, 0);
         QTest::keyClick(&taken, Qt::Key_Enter);
-        EXPECT_EQ(taken.count(), 1);
-        EXPECT_EQ(left.count(), offered - 1);
+        EXPECT_EQ(taken.model()->rowCount(), 1);
+        EXPECT_EQ(left.model()->rowCount(), offered - 1);
         EXPECT_TRUE(filter.isVisible());
         Click(filter, "ok");
     });
