@@ -21,6 +21,8 @@ bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &contro
     writer.setTitle(table->layout.title + period);
     writer.setCreator(u"Tollbrook Administrator"_s);
     writer.setPageLayout(pages.Sheet());
+    // Paper that is too small for a table's least room holds a page made smaller.
+    const double scale = pages.Sheet().fullRect(QPageLayout::Point).width() / pages.Size().width();
     QPainter painter;
     if (!painter.begin(&writer)) {
         return false;
@@ -29,7 +31,7 @@ bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &contro
         if (page > 0 && !writer.newPage()) {
             return false;
         }
-        pages.Paint(painter, page, kDotsPerInch / 72.0);
+        pages.Paint(painter, page, scale * kDotsPerInch / 72.0);
         control.SetProgress(page + 1, pages.Count());
     }
     return painter.end() && !control.IsCancelled();

@@ -44,6 +44,7 @@ PageSetupDialog::PageSetupDialog(const AppServices &appServices, QWidget *parent
     address->setTabChangesFocus(true);
     address->setFixedHeight(5 * fontMetrics().lineSpacing());
     picture->setFixedHeight(kPictureHeight);
+    picture->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto *browse = MakeButton<QPushButton>(tr("Browse..."), "browse");
     browse->setAutoDefault(false);
     connect(browse, &QPushButton::clicked, this, &PageSetupDialog::Browse);

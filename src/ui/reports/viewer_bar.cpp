@@ -44,6 +44,7 @@ ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     save = Command("save", tr("Save as..."), QKeySequence::Save, &ViewerBar::SaveAsked);
     save->setIcon(IconOf(Picture::Save));
     pageSetup = Command("pageSetup", tr("Page setup..."), {}, &ViewerBar::PageSetupAsked);
+    pageSetup->setIcon(IconOf(Picture::PageSetup));
     connect(&view, &PageView::CurrentPageChanged, this, &ViewerBar::ShowPage);
 }
 
