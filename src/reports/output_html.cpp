@@ -3,6 +3,7 @@
 #include "reports/page_painter.h"
 #include "reports/piece_writer.h"
 #include "reports/svg_canvas.h"
+#include "reports/wording.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -66,9 +67,7 @@ private:
         const QString filter =
             table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter;
         const QString made = table.made.toString(u"yyyy-MM-dd HH:mm:ss"_s);
-        //: The two letters that stand for the language of these texts
-        const QString language = Words::tr("en");
-        out.Write(u"<!DOCTYPE html>\n<html lang=\"" + language
+        out.Write(u"<!DOCTYPE html>\n<html lang=\"" + LanguageOfTexts()
                   + u"\"><head><meta charset=\"utf-8\"><title>" + title + u"</title><style>"
                   + QStringView(kStyle) + u"</style></head><body>\n");
         WriteOwner();

@@ -1,5 +1,7 @@
 #include "reports/output.h"
+#include "reports/pdf_outline.h"
 #include "reports/report_pages.h"
+#include "reports/wording.h"
 
 #include <QPainter>
 #include <QPdfWriter>
@@ -10,12 +12,27 @@ namespace {
 
 constexpr int kDotsPerInch = 600;
 
+// The page of each group, for readers that list them beside the pages.
+std::vector<PdfBookmark> BookmarksOf(const ReportPages &pages, double scale)
+{
+    const ReportTable &table = pages.Table();
+    const double height = pages.Size().height();
+    std::vector<PdfBookmark> bookmarks;
+    for (size_t group = 0; group < table.groups.size(); ++group) {
+        bookmarks.push_back({GroupTitle(table, table.groups[group]),
+                             pages.PageOfGroup(group),
+                             (height - pages.TopOfGroup(group)) * scale});
+    }
+    return bookmarks;
 }
+
+} // namespace
 
 bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &control)
 {
     const ReportPages pages(table, &control);
-    QPdfWriter writer(&device);
+    TailKeeper file(device, PdfTailBytes(pages.Count()));
+    QPdfWriter writer(&file);
     writer.setResolution(kDotsPerInch);
     const QString period = table->period.isEmpty() ? QString() : u", "_s + table->period;
     writer.setTitle(table->layout.title + period);
@@ -34,5 +51,6 @@ bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &contro
         pages.Paint(painter, page, scale * kDotsPerInch / 72.0);
         control.SetProgress(page + 1, pages.Count());
     }
-    return painter.end() && !control.IsCancelled();
+    return painter.end() && !control.IsCancelled()
+        && AppendToPdf(file, BookmarksOf(pages, scale), LanguageOfTexts());
 }

@@ -75,6 +75,20 @@ int ReportPages::PageOfGroup(size_t group) const
     return map.PageOfRow(table->groups[group].first);
 }
 
+double ReportPages::TopOfGroup(size_t group) const
+{
+    const int page = PageOfGroup(group);
+    double top = paper::kMargin + paper::kColumnHeading
+        + (page == 0 ? FirstHeadingHeight() + ChartRoom() : paper::kOtherHeading);
+    for (const PageItem &item : map.Page(page)) {
+        if (item.kind == PageItem::Kind::Heading && item.index == static_cast<qint64>(group)) {
+            break;
+        }
+        top += paper::kLine * item.lines;
+    }
+    return top / 10;
+}
+
 double ReportPages::ChartRoom() const
 {
     return ChartHeight(table->chart);

@@ -48,6 +48,9 @@ public:
     // The page, from 0, on which a group of the table begins.
     [[nodiscard]] int PageOfGroup(size_t group) const;
 
+    // Where its heading stands there, in points from the page's upper edge.
+    [[nodiscard]] double TopOfGroup(size_t group) const;
+
     // Paints page 0 to Count()-1 with its top left corner at the painter's origin. Any page at any
     // time and on any thread.
     void Paint(QPainter &painter, int page, double pixelsPerPoint) const;

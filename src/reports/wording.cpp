@@ -50,3 +50,9 @@ QString FilterInWords(const QStringList &users, const QStringList &groups)
     }
     return parts.isEmpty() ? Words::tr("all users and groups") : parts.join(u"; "_s);
 }
+
+QString LanguageOfTexts()
+{
+    //: The two letters that stand for the language of these texts
+    return Words::tr("en");
+}

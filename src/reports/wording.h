@@ -11,3 +11,6 @@
 // "users anna, bert; groups Office", or "all users and groups"; names beyond the first dozen are
 // counted.
 [[nodiscard]] QString FilterInWords(const QStringList &users, const QStringList &groups);
+
+// The two letters that stand for the language of the reports' texts, "en".
+[[nodiscard]] QString LanguageOfTexts();

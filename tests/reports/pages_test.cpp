@@ -1,13 +1,15 @@
 // What stands on the pages of a report, and where.
 #include "reports/catalogue.h"
 #include "reports/chart_painter.h"
+#include "reports/output.h"
 #include "reports/page_painter.h"
 #include "reports/report_fixture.h"
 #include "reports/row_collector.h"
 #include "reports/total.h"
 #include "support/core/database_fixture.h"
 
-#include <QPainter>
+#include <QFile>
+#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
@@ -145,9 +147,27 @@ ReportChart AreaFrom(QDate first, int steps, ChartStep step, double most)
     return chart;
 }
 
+QString OutputOf(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished(60'000)) << program.toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
 class OnPaper : public DatabaseFixture
 {
 protected:
+    QString PdfOf(const ReportTablePtr &table)
+    {
+        const QString name = folder.filePath(u"report.pdf"_s);
+        RunControl control;
+        ReportProblem problem;
+        EXPECT_TRUE(WriteReport(table, name, control, problem)) << problem.text.toStdString();
+        return name;
+    }
+
     void SetUp() override
     {
         DatabaseFixture::SetUp();
@@ -478,4 +498,56 @@ TEST_F(OnPaper, TheSetUpDecidesPaperAndHead)
             TextsOf(pages, 0).mid(0, 4),
             QStringList({u"Harbour Net"_s, u"Quay 4"_s, u"24103 Kiel"_s, u"Traffic (Summary)"_s}));
     }
+}
+
+TEST_F(OnPaper, APdfHasABookmarkForEachGroup)
+{
+    for (const int row : {2, 15}) {
+        const auto table = ReportOf(RequestFor(Dsn(), row));
+        const ReportPages pages(table);
+        const QString file = PdfOf(table);
+        const QString outline = OutputOf(u"pdftohtml"_s, {u"-xml"_s, u"-stdout"_s, u"-i"_s, file});
+        for (size_t group = 0; group < table->groups.size(); ++group) {
+            const QString item = u"<item page=\"%1\">%2</item>"_s.arg(pages.PageOfGroup(group) + 1)
+                                     .arg(GroupTitle(*table, table->groups[group]).toHtmlEscaped());
+            EXPECT_TRUE(outline.contains(item)) << item.toStdString();
+        }
+        EXPECT_EQ(outline.count(u"<item "_s), static_cast<qsizetype>(table->groups.size()));
+    }
+    EXPECT_FALSE(OutputOf(u"pdftohtml"_s,
+                          {u"-xml"_s, u"-stdout"_s, u"-i"_s, PdfOf(ReportOf(RequestFor(Dsn(), 0)))})
+                     .contains(u"<item "));
+}
+
+// The heading of each group stands where its bookmark leads.
+TEST_F(OnPaper, ABookmarkLeadsToItsHeading)
+{
+    const ReportPages pages(ReportOf(RequestFor(Dsn(), 11))); // below a chart
+    const ReportPages visits(ReportOf(RequestFor(Dsn(), 15)));
+    for (const ReportPages *shown : {&pages, &visits}) {
+        const ReportTable &table = shown->Table();
+        for (size_t group = 0; group < table.groups.size(); ++group) {
+            const auto texts = shown->Texts(shown->PageOfGroup(group));
+            const double top = shown->TopOfGroup(group);
+            EXPECT_TRUE(std::ranges::any_of(texts, [&](const PlacedText &text) {
+                return text.text == GroupTitle(table, table.groups[group])
+                    && std::abs(text.place.top() / 10 - top) < 0.1;
+            })) << group;
+        }
+    }
+}
+
+TEST_F(OnPaper, APdfIsTitledAndOnTheChosenPaper)
+{
+    auto request = RequestFor(Dsn(), 0, {PeriodChoice::Custom, {2026, 11, 1}, {2026, 11, 20}});
+    request.setup.paper = QPageSize::A5;
+    request.setup.turn = PageSetup::Turn::Landscape; // lower than a table needs: made smaller
+    const QString file = PdfOf(ReportOf(request));
+    const QString told = OutputOf(u"pdfinfo"_s, {file});
+    EXPECT_TRUE(told.contains(u"Traffic (Summary), 2026-11-01 to 2026-11-20"_s));
+    EXPECT_TRUE(told.contains(u"595 x 420 pts"_s)) << told.toStdString();
+    EXPECT_TRUE(OutputOf(u"pdftotext"_s, {file, u"-"_s}).contains(u"Page 1 of "_s));
+    QFile bytes(file);
+    ASSERT_TRUE(bytes.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(bytes.readAll().contains("/Lang (en)"));
 }
