@@ -190,18 +190,36 @@ void PagePainter::PaintChart()
     }
 }
 
-// What the report comes to, and its largest groups with their pages.
+// What the report comes to, and its largest groups with their pages, or its largest rows.
 void PagePainter::PaintSummary()
 {
-    constexpr int kMostGroups = 10;
+    constexpr int kMost = 10;
     constexpr int kOtherLines = 6; // the title, the closing lines and what stands between
-    const int room = pages.LinesBelow(top - paper::kMargin) - kOtherLines;
-    const auto groups = pages.LargestGroups(static_cast<size_t>(std::clamp(room, 0, kMostGroups)));
+    const int room = std::clamp(pages.LinesBelow(top - paper::kMargin) - kOtherLines, 0, kMost);
+    const bool hasGroups = !table.groups.empty();
     canvas.Write(Line(paper::kLine),
                  Words::tr("Summary"),
                  {.style = Style::Strong, .colour = paper::kAccent});
     top += 1.5 * paper::kLine;
-    PaintColumnHeadings();
+    if (!hasGroups || table.HasTotals()) {
+        PaintColumnHeadings(hasGroups);
+    }
+    const int shown = hasGroups ? PaintLargestGroups(room) : PaintLargestRows(room);
+    const qint64 all = hasGroups ? static_cast<qint64>(table.groups.size()) : table.rows.Count();
+    if (shown > 0 && all > shown) {
+        LayoutColumn number;
+        number.type = ColumnType::Count;
+        canvas.Write(Line(paper::kLine).adjusted(paper::kCellPadding, 0, 0, 0),
+                     Words::tr("These are the largest of %1.").arg(DisplayText(number, all)),
+                     Faint(Style::Small));
+        top += paper::kLine;
+    }
+    PaintClosing();
+}
+
+int PagePainter::PaintLargestGroups(int most)
+{
+    const auto groups = pages.LargestGroups(static_cast<size_t>(most));
     for (const size_t group : groups) {
         const ReportGroup &told = table.groups[group];
         const QString name = table.HasTotals()
@@ -213,16 +231,26 @@ void PagePainter::PaintSummary()
         top += paper::kLine;
         Rule(3, paper::kRule, pages.plan.width);
     }
-    if (table.groups.size() > groups.size()) {
-        LayoutColumn number;
-        number.type = ColumnType::Count;
-        canvas.Write(Line(paper::kLine).adjusted(paper::kCellPadding, 0, 0, 0),
-                     Words::tr("These are the largest of %1.")
-                         .arg(DisplayText(number, static_cast<qint64>(table.groups.size()))),
-                     Faint(Style::Small));
-        top += paper::kLine;
+    return static_cast<int>(groups.size());
+}
+
+int PagePainter::PaintLargestRows(int most)
+{
+    int painted = 0;
+    for (const qint64 number : table.largestRows) {
+        if (painted == most) {
+            break;
+        }
+        for (const CellRow &row : table.rows.Read(number, 1)) {
+            for (const PlannedColumn &column : pages.plan.columns) {
+                PaintCell(column, row, 1);
+            }
+            top += paper::kLine;
+            Rule(3, paper::kRule, pages.plan.width);
+            ++painted;
+        }
     }
-    PaintClosing();
+    return painted;
 }
 
 void PagePainter::PaintEmpty()
@@ -268,12 +296,15 @@ QRectF PagePainter::CellPlace(const PlannedColumn &column, double cellHeight) co
             cellHeight};
 }
 
-void PagePainter::PaintColumnHeadings()
+void PagePainter::PaintColumnHeadings(bool onlyOfSums)
 {
     constexpr double kBandHeight = paper::kColumnHeading - 30;
     canvas.Fill({paper::kMargin, top, pages.plan.width, kBandHeight}, paper::kBand);
     for (const PlannedColumn &column : pages.plan.columns) {
         const LayoutColumn &told = table.layout.columns.at(column.place);
+        if (onlyOfSums && !told.total) {
+            continue;
+        }
         const QRectF place = CellPlace(column, kBandHeight);
         const auto side = told.IsNumber() ? Qt::AlignRight : Qt::AlignLeft;
         const QString unit = ColumnPlan::UnitOf(column, told);

@@ -37,9 +37,11 @@ private:
     void PaintOtherHeading();
     void PaintChart();
     void PaintSummary();
+    int PaintLargestGroups(int most);
+    int PaintLargestRows(int most);
     void PaintEmpty();
     void PaintItems();
-    void PaintColumnHeadings();
+    void PaintColumnHeadings(bool onlyOfSums = false);
     void PaintItem(const PageItem &item);
     void PaintGroupHeading(const PageItem &item);
     void PaintRow(const PageItem &item);

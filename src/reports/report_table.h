@@ -72,6 +72,7 @@ struct ReportTable : ReportSubject
     RowStore rows;
     std::vector<ColumnReach> reach; // for each column; empty where there are no rows
     std::vector<LongRow> longRows; // in order
+    std::vector<qint64> largestRows; // by the first column with a total, the largest first; a few
     std::vector<ReportGroup> groups; // empty without groups
     CellRow totals; // of the rows printed
     qint64 allCount = 0; // rows before the first were taken, and their totals

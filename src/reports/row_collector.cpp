@@ -11,6 +11,7 @@ RowCollector::RowCollector(ReportTable &toFill) : table(toFill)
         const LayoutColumn &told = layout.columns.at(column);
         if (told.IsNumber()) {
             numbers.push_back(place);
+            measure = !measure && told.total ? place : measure;
         } else if (told.type == ColumnType::Text) {
             texts.emplace_back(place, LeastEms(layout, column));
         } else {
@@ -40,5 +41,25 @@ bool RowCollector::Store(const CellRow &row)
     for (const size_t place : numbers) {
         table.reach[place].Take(NumberIn(row[place]));
     }
+    if (measure) {
+        NoteLargest(row);
+    }
     return table.rows.Append(row);
+}
+
+void RowCollector::NoteLargest(const CellRow &row)
+{
+    constexpr size_t kMost = 10;
+    const double size = NumberIn(row[*measure]);
+    if (largest.size() == kMost && size <= largest.back()) {
+        return;
+    }
+    const auto place = std::upper_bound(largest.begin(), largest.end(), size, std::greater<>());
+    table.largestRows.insert(table.largestRows.begin() + (place - largest.begin()),
+                             table.rows.Count());
+    largest.insert(place, size);
+    if (largest.size() > kMost) {
+        largest.pop_back();
+        table.largestRows.pop_back();
+    }
 }

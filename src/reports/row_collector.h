@@ -3,6 +3,8 @@
 
 #include "reports/report_table.h"
 
+#include <optional>
+
 class RowCollector
 {
 public:
@@ -13,8 +15,12 @@ public:
     [[nodiscard]] bool Store(const CellRow &row);
 
 private:
+    void NoteLargest(const CellRow &row);
+
     ReportTable &table;
     std::vector<std::pair<size_t, double>> texts; // columns that wrap, with the ems that always fit
     std::vector<size_t> lines; // columns of days, times and flags
     std::vector<size_t> numbers;
+    std::optional<size_t> measure; // the column by which a row is large
+    std::vector<double> largest; // of the table's largest rows
 };
