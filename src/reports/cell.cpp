@@ -141,7 +141,8 @@ QString PlainText(const LayoutColumn &column, const Cell &cell)
 QString DisplayText(const LayoutColumn &column, const Cell &cell)
 {
     const QString text = PlainText(column, cell);
-    return column.IsNumber() ? Grouped(text) : text;
+    // What stands in place of a number, as before a sum, is a text.
+    return column.IsNumber() && !std::holds_alternative<QString>(cell) ? Grouped(text) : text;
 }
 
 QString OneLine(QString text)

@@ -155,18 +155,29 @@ private:
         }
     }
 
-    // Sums say in the first column what they are, where that has no sum itself.
-    void WriteSums(CellRow sums, const QString &label, QStringView style)
+    // Sums say before the first of them what they are, where there is room for it.
+    void WriteSums(const CellRow &sums, const QString &label, QStringView style)
     {
-        Cell &first = sums[static_cast<size_t>(columns.front())];
-        first = first.index() == 0 ? Cell(label) : first;
-        WriteRow(sums, style);
+        const auto first = std::ranges::find_if(
+            columns, [&](int place) { return sums[static_cast<size_t>(place)].index() != 0; });
+        const auto before = first - columns.begin();
+        out.Write(u"<tr class=\""_s + style + u"\">");
+        if (before > 0) {
+            out.Write(u"<td colspan=\"%1\">"_s.arg(before) + Escaped(label) + u"</td>");
+        }
+        WriteCells(sums, before);
     }
 
     void WriteRow(const CellRow &row, QStringView style)
     {
         out.Write(style.isEmpty() ? u"<tr>"_s : u"<tr class=\""_s + style + u"\">");
-        for (const int place : columns) {
+        WriteCells(row, 0);
+    }
+
+    // The cells of a line from a column on, and its end.
+    void WriteCells(const CellRow &row, qsizetype from)
+    {
+        for (const int place : columns.sliced(from)) {
             const LayoutColumn &column = layout.columns.at(place);
             out.Write(TagOf(column) + Escaped(DisplayText(column, row[static_cast<size_t>(place)]))
                       + u"</td>");

@@ -179,7 +179,7 @@ private:
         const auto [plain, total] = formats[static_cast<size_t>(place)];
         lxw_format *format = isTotal ? total : plain;
         lxw_error error = LXW_NO_ERROR;
-        if (cell.index() != 0 && column.IsNumber()) {
+        if (cell.index() != 0 && column.IsNumber() && !std::holds_alternative<QString>(cell)) {
             error = xlsx.worksheet_write_number(
                 sheet, row, ColumnNumber(place), NumberIn(cell), format);
         } else {

@@ -8,6 +8,7 @@
 #include "reports/total.h"
 #include "support/core/database_fixture.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QProcess>
 
@@ -361,6 +362,19 @@ TEST_F(OnPaper, TheFirstTenHaveARankAndAShareOfAll)
     EXPECT_EQ(table->totals[0].index(), 0U); // a sum has no rank
     Execute("UPDATE time_use SET data = 0");
     EXPECT_EQ(ReportOf(RequestFor(Dsn(), 7))->rows.Read(0, 1)[0][3].index(), 0U);
+}
+
+TEST_F(OnPaper, AWebPageNamesItsSumsBesideARank)
+{
+    for (const int row : {0, 1, 7, 12, 14}) {
+        QBuffer device;
+        device.open(QIODevice::WriteOnly);
+        RunControl control;
+        const auto table = ReportOf(RequestFor(Dsn(), row));
+        EXPECT_TRUE(WriteHtml(*table, device, control));
+        EXPECT_EQ(device.data().count(">Total</td>"), 1) << row;
+        EXPECT_EQ(device.data().count(">Total of all</td>"), table->IsCut() ? 1 : 0) << row;
+    }
 }
 
 TEST_F(OnPaper, AGroupOfOneHasNoSumLine)
