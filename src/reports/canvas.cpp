@@ -11,6 +11,14 @@ void Canvas::Write(const QRectF &place, const QString &text, const TextLook &loo
     }
 }
 
+void Canvas::WriteFitting(const QRectF &place, const QString &text, const TextLook &look)
+{
+    if (!text.isEmpty()) {
+        Say(place, text, look);
+        Draw(place, text, look);
+    }
+}
+
 void Canvas::WriteWhole(const QRectF &place, const QString &text, TextLook look)
 {
     if (text.isEmpty()) {

@@ -40,6 +40,9 @@ public:
     // Says and draws a line that is cut with an ellipsis where it is too long. Nothing for no text.
     void Write(const QRectF &place, const QString &text, const TextLook &look);
 
+    // The same for what is known to find room.
+    void WriteFitting(const QRectF &place, const QString &text, const TextLook &look);
+
     // The same for what holds a number, which is never cut: its type is made smaller.
     void WriteWhole(const QRectF &place, const QString &text, TextLook look);
 };

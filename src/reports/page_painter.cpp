@@ -381,6 +381,10 @@ void PagePainter::PaintCell(const PlannedColumn &column, const CellRow &row, int
                          .side = told.IsNumber() ? Qt::AlignRight : Qt::AlignLeft,
                          .pixels = pages.plan.pixels};
     QRectF place = CellPlace(column, paper::kLine);
+    if (told.IsNumber()) {
+        canvas.WriteFitting(place, text, look); // the plan has seen to that
+        return;
+    }
     if (told.type != ColumnType::Text) {
         canvas.WriteWhole(place, text, look);
         return;
