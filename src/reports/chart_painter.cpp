@@ -22,7 +22,7 @@ double ChartHeight(const ReportChart &chart)
         return 2300;
     case ChartKind::DaysOfEach: {
         const size_t lines = (chart.panels.size() + 1) / 2;
-        return 420.0 + 770.0 * static_cast<double>(lines);
+        return 420.0 + 720.0 * static_cast<double>(lines);
     }
     case ChartKind::None:
         break;

@@ -43,7 +43,8 @@ bool ReadEnd(const QByteArray &tail, PdfEnd &end)
     if (root < 0 || from < 0 || to < from || header < 0) {
         return false;
     }
-    end.pageRoot = tail.left(header).mid(tail.lastIndexOf('\n', header) + 1).toInt();
+    const auto line = tail.lastIndexOf('\n', header) + 1;
+    end.pageRoot = tail.mid(line, header - line).toInt();
     // "6 0 R 13 0 R"; of thousands of pages no copy is made.
     const char *at = tail.constData() + from + 1;
     const char *const last = tail.constData() + to;
@@ -201,6 +202,9 @@ bool AppendToPdf(TailKeeper &written,
     if (written.HasFailed()) {
         return false; // the toolkit does not tell
     }
-    return !ReadEnd(written.Tail(), end)
-        || Appendix(written, written.Written(), end).Write(bookmarks, language);
+    const bool isKnown = ReadEnd(written.Tail(), end)
+        && std::ranges::all_of(bookmarks, [&](const PdfBookmark &bookmark) {
+                             return static_cast<size_t>(bookmark.page) < end.pages.size();
+                         });
+    return !isKnown || Appendix(written, written.Written(), end).Write(bookmarks, language);
 }
