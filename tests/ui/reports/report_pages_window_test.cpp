@@ -116,6 +116,10 @@ TEST_F(ReportPagesWindow, ScrollingTurnsToThePageThatShowsMost)
     EXPECT_EQ(Number(), u"1"_s);
     dialog->resize(dialog->width() + 50, dialog->height() - 100); // scrolls nothing
     EXPECT_EQ(Number(), u"1"_s);
+    Click(*dialog, "lastPageButton");
+    ClickGenerate(); // a fresh report shows its first page
+    EXPECT_EQ(Number(), u"1"_s);
+    EXPECT_EQ(bar.value(), 0);
 }
 
 TEST_F(ReportPagesWindow, FindGoesFromPlaceToPlaceAndShowsEach)
@@ -236,8 +240,7 @@ TEST_F(ReportPagesWindow, TheChosenKindWinsOverADotInTheName)
 
 TEST_F(ReportPagesWindow, ThePaperOfTheDialogIsPrintedOn)
 {
-    Select(0);
-    ClickGenerate();
+    MakeLong();
     auto printer = std::make_shared<QPrinter>();
     const QString file = folder.filePath(u"printed.pdf"_s);
     printer->setOutputFormat(QPrinter::PdfFormat);
@@ -250,7 +253,13 @@ TEST_F(ReportPagesWindow, ThePaperOfTheDialogIsPrintedOn)
     QProcess reader;
     reader.start(u"pdfinfo"_s, {file});
     ASSERT_TRUE(reader.waitForFinished());
-    EXPECT_TRUE(reader.readAllStandardOutput().contains("595 x 420 pts"));
+    const QByteArray told = reader.readAllStandardOutput();
+    EXPECT_TRUE(told.contains("595 x 420 pts"));
+    // Laid out for that paper, not made smaller from the site's.
+    const int pages = ReportPages(dialog->Viewer().Table(), QSizeF(595, 420), nullptr).Count();
+    EXPECT_NE(pages, View().Pages()->Count());
+    EXPECT_EQ(QString::fromUtf8(told).section(u"Pages:"_s, 1).section(u'\n', 0, 0).trimmed(),
+              QString::number(pages));
 }
 
 TEST_F(ReportPagesWindow, ThePageSetUpIsKeptAndShown)
