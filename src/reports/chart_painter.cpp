@@ -268,15 +268,27 @@ private:
         canvas.Line(plot.topLeft(), plot.bottomLeft(), 6, paper::kFaint);
     }
 
-    // Two beside each other; all with one scale, so that heights compare.
+    // Two beside each other, or more where the place is low; all with one scale, so that heights compare.
     void PaintPanels(const QRectF &place)
     {
+        constexpr double kGap = 200;
+        constexpr double kLeastHeight = 540;
+        constexpr size_t kMostBeside = 5;
         const auto ticks = AxisTicks(most / scale.divisor, 3);
-        const size_t lines = (chart.panels.size() + 1) / 2;
-        const QSizeF size((place.width() - 200) / 2, place.height() / static_cast<double>(lines));
-        for (size_t number = 0; number < chart.panels.size(); ++number) {
-            const double left = place.left() + (number % 2 == 0 ? 0 : size.width() + 200);
-            const double top = place.top() + size.height() * static_cast<double>(number / 2);
+        const size_t panels = chart.panels.size();
+        size_t beside = 2;
+        const auto heightOf = [&] {
+            return place.height() / static_cast<double>((panels + beside - 1) / beside);
+        };
+        while (heightOf() < kLeastHeight && beside < kMostBeside) {
+            ++beside;
+        }
+        const auto count = static_cast<double>(beside);
+        const QSizeF size((place.width() - kGap * (count - 1)) / count, heightOf());
+        for (size_t number = 0; number < panels; ++number) {
+            const double left =
+                place.left() + (size.width() + kGap) * static_cast<double>(number % beside);
+            const double top = place.top() + size.height() * static_cast<double>(number / beside);
             const QRectF whole(QPointF(left, top), size);
             const ChartPanel &panel = chart.panels[number];
             const QString peak = PeakText(panel);

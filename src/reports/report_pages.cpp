@@ -89,9 +89,11 @@ double ReportPages::TopOfGroup(size_t group) const
     return top / 10;
 }
 
+// On low sheets a chart is made lower, and stands alone on the first page.
 double ReportPages::ChartRoom() const
 {
-    return ChartHeight(table->chart);
+    const double room = size.height() - 2 * paper::kMargin - paper::kFooter - FirstHeadingHeight();
+    return std::min(ChartHeight(table->chart), room);
 }
 
 QStringList ReportPages::AddressLines() const

@@ -40,7 +40,8 @@ std::optional<UnitScale> UnitScale::Larger(const QString &ownUnit) const
         return std::nullopt;
     }
     const QStringList bytes {u"GB"_s, u"TB"_s, u"PB"_s, u"EB"_s};
-    const bool isBytes = ownUnit == u"MB";
+    // As the layouts' texts have it in the language of the program.
+    const bool isBytes = ownUnit == QCoreApplication::translate("ReportLayouts", "MB");
     return UnitScale {divisor * (isBytes ? 1024 : 1000),
                       isBytes ? bytes.at(steps) : Thousands(steps + 1, ownUnit),
                       steps + 1};

@@ -247,6 +247,23 @@ TEST(Numbers, OfChartsAreNeverCut)
     }
 }
 
+TEST(Axis, StandsUprightWhereTheSheetIsLow)
+{
+    ReportChart chart = AreaFrom({2026, 1, 1}, 30, ChartStep::Day, 50);
+    chart.panels.resize(10, chart.panels.front());
+    for (const double height : {4000.0, 2500.0, 1500.0}) {
+        LineCanvas canvas;
+        PaintReportChart(canvas, {0, 0, 5113, height}, chart);
+        double top = 0; // of the highest number of the axis that was drawn last
+        for (const DrawnLine &line : canvas.lines) {
+            top = line.text == u"60" ? line.place.top() : top;
+            EXPECT_TRUE(line.text != u"2026-01-01" || line.place.top() > top + 200) << height;
+            EXPECT_LE(line.place.bottom(), height);
+        }
+        EXPECT_GT(top, 0);
+    }
+}
+
 TEST(Axis, HasEvenMarksOverTheWholePeriod)
 {
     struct Case
@@ -529,6 +546,29 @@ TEST_F(OnPaper, TheSetUpDecidesPaperAndHead)
         EXPECT_EQ(
             TextsOf(pages, 0).mid(0, 4),
             QStringList({u"Harbour Net"_s, u"Quay 4"_s, u"24103 Kiel"_s, u"Traffic (Summary)"_s}));
+    }
+}
+
+TEST_F(OnPaper, NothingReachesIntoTheFooterOfALowSheet)
+{
+    for (const int row : {1, 3, 7, 9, 10, 11}) {
+        for (const auto paper : {QPageSize::A4, QPageSize::A5}) {
+            auto request = RequestFor(Dsn(), row);
+            request.setup.paper = paper;
+            request.setup.turn = PageSetup::Turn::Landscape;
+            request.setup.organisation = u"Harbour Net"_s;
+            request.setup.address = u"1\n2\n3\n4\n5"_s;
+            const ReportPages pages(ReportOf(request));
+            const double footer = pages.Size().height() * 10 - paper::kMargin - 150;
+            for (int page = 0; page < pages.Count(); ++page) {
+                auto lines = LinesOf(pages, page);
+                ASSERT_GT(lines.size(), 2U) << row;
+                lines.resize(lines.size() - 2); // the footer's own
+                for (const DrawnLine &line : lines) {
+                    EXPECT_LE(line.place.bottom(), footer) << row << line.text.toStdString();
+                }
+            }
+        }
     }
 }
 
