@@ -33,9 +33,6 @@ public:
         for (const int place : table.layout.PrintedColumns()) {
             plan.columns.push_back({place, 0, 0, {}});
         }
-        if (table.reach.empty()) {
-            reach.resize(static_cast<size_t>(table.layout.columns.size()));
-        }
     }
 
     [[nodiscard]] ColumnPlan Plan()
@@ -60,7 +57,7 @@ private:
 
     [[nodiscard]] const ColumnReach &ReachOf(const PlannedColumn &column) const
     {
-        return (table.reach.empty() ? reach : table.reach)[static_cast<size_t>(column.place)];
+        return table.reach[static_cast<size_t>(column.place)];
     }
 
     [[nodiscard]] static double HeadingWidth(const PlannedColumn &column, const LayoutColumn &told)
@@ -259,7 +256,6 @@ private:
     const ReportTable &table;
     const double room;
     const QStringList &leadTexts;
-    std::vector<ColumnReach> reach; // of a table that has noted none
     double roomForHeadings = kMostHeading; // that a column gives its heading at most
     ColumnPlan plan;
 };

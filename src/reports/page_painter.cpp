@@ -410,9 +410,11 @@ void PagePainter::PaintSums(const QString &label, const CellRow &sums, Style sty
         }
     }
     const double left = paper::kMargin + paper::kCellPadding;
-    canvas.Write({left, top, labelEnd - left, paper::kLine},
-                 label,
-                 {.style = style, .pixels = pages.plan.pixels});
+    if (labelEnd > left) { // else the first column has a sum itself
+        canvas.Write({left, top, labelEnd - left, paper::kLine},
+                     label,
+                     {.style = style, .pixels = pages.plan.pixels});
+    }
     for (const PlannedColumn &column : pages.plan.columns) {
         const Cell &cell = sums[static_cast<size_t>(column.place)];
         const LayoutColumn &told = table.layout.columns.at(column.place);

@@ -70,7 +70,7 @@ struct ReportTable : ReportSubject
     int schemaVersion = 0; // of the database that the rows come from (db/schema_version.h)
 
     RowStore rows;
-    std::vector<ColumnReach> reach; // for each column; empty where there are no rows
+    std::vector<ColumnReach> reach; // for each column (RowCollector)
     std::vector<LongRow> longRows; // in order
     std::vector<qint64> largestRows; // by the first column with a total, the largest first; a few
     std::vector<ReportGroup> groups; // empty without groups

@@ -300,6 +300,10 @@ TEST_F(ReportPagesWindow, ThePageSetUpIsKeptAndShown)
     ClickGenerate(); // without it the report is made all the same
     EXPECT_EQ(Message(), u"The logo %1 cannot be read."_s.arg(logo));
     EXPECT_TRUE(dialog->Viewer().Table());
+    Settings().WriteText(values::kReportPaper, u"Papyrus"_s);
+    Settings().WriteText(values::kReportTurn, u"sideways"_s);
+    EXPECT_EQ(ReadPageSetup(Settings()).paper, QPageSize::A4);
+    EXPECT_EQ(ReadPageSetup(Settings()).turn, PageSetup::Turn::AsReport);
 }
 
 TEST_F(ReportPagesWindow, WindowsFitASmallScreen)
