@@ -14,8 +14,13 @@ RowCollector::RowCollector(ReportTable &toFill) : table(toFill)
             measure = !measure && told.total ? place : measure;
         } else if (told.type == ColumnType::Text) {
             texts.emplace_back(place, LeastEms(layout, column));
+        } else if (told.type == ColumnType::Flag) {
+            for (const QString &word : told.words) {
+                table.reach[place].ems = std::max(table.reach[place].ems, EmsOf(word));
+            }
         } else {
-            lines.push_back(place);
+            table.reach[place].ems = EmsOf(told.blank);
+            days.emplace_back(place, 0);
         }
     }
 }
@@ -33,10 +38,12 @@ bool RowCollector::Store(const CellRow &row)
     if (need > 1) {
         table.longRows.push_back({table.rows.Count(), need});
     }
-    for (const size_t place : lines) {
-        const LayoutColumn &column = table.layout.columns.at(static_cast<qsizetype>(place));
-        table.reach[place].ems =
-            std::max(table.reach[place].ems, EmsOf(DisplayText(column, row[place])));
+    for (auto &[place, longest] : days) {
+        const auto *text = std::get_if<QString>(&row[place]);
+        if (text != nullptr && text->size() > longest) { // nearly all are of one length
+            longest = text->size();
+            table.reach[place].ems = std::max(table.reach[place].ems, EmsOf(*text));
+        }
     }
     for (const size_t place : numbers) {
         table.reach[place].Take(NumberIn(row[place]));

@@ -19,7 +19,7 @@ private:
 
     ReportTable &table;
     std::vector<std::pair<size_t, double>> texts; // columns that wrap, with the ems that always fit
-    std::vector<size_t> lines; // columns of days, times and flags
+    std::vector<std::pair<size_t, qsizetype>> days; // and times, with the longest so far
     std::vector<size_t> numbers;
     std::optional<size_t> measure; // the column by which a row is large
     std::vector<double> largest; // of the table's largest rows

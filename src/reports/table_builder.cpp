@@ -33,9 +33,12 @@ bool Precedes(const QList<OrderKey> &order, const CellRow &one, const CellRow &o
 // Money comes in base units.
 void TableBuilder::Convert(CellRow &row) const
 {
+    if (table.currency.rate == 1) {
+        return;
+    }
     for (size_t place = 0; place < row.size(); ++place) {
         if (table.layout.columns.at(static_cast<qsizetype>(place)).isMoney
-            && table.currency.rate != 1 && row[place].index() != 0) {
+            && row[place].index() != 0) {
             row[place] = NumberIn(row[place]) * table.currency.rate;
         }
     }

@@ -64,7 +64,7 @@ void PrintList(const AppServices &services, QWidget &parent, const ListToExport 
     const auto printer =
         ChoosePrinter(services.prompt,
                       parent,
-                      {.sheet = PageSetup().SheetFor(list.columns.size() > kMostColumnsUpright),
+                      {.landscape = list.columns.size() > kMostColumnsUpright,
                        .withoutPrinter = Words::tr(
                            "No printer is installed. The list can be exported as a file.")});
     if (printer) {

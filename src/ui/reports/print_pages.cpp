@@ -27,10 +27,10 @@ std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, const P
     if (wishes.copies > 0) {
         printer->setCopyCount(wishes.copies);
     }
-    if (wishes.sheet.isValid()) {
-        printer->setPageSize(wishes.sheet.pageSize());
-        printer->setPageOrientation(wishes.sheet.orientation());
+    if (wishes.paper.isValid()) {
+        printer->setPageSize(wishes.paper);
     }
+    printer->setPageOrientation(wishes.landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
     QPrintDialog dialog(printer.get(), &parent);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange, wishes.pageCount > 0);
     if (wishes.pageCount > 0) {

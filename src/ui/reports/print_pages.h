@@ -15,7 +15,8 @@ struct PrintWishes
 {
     int copies = 0; // 0: the printer's own number
     int pageCount = 0; // 0 while nobody knows it: no pages are chosen then
-    QPageLayout sheet {}; // the paper that is offered; invalid for the printer's own
+    QPageSize paper {}; // invalid for the printer's own
+    bool landscape = false;
     QString withoutPrinter; // told when no printer is installed
 };
 

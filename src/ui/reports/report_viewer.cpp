@@ -243,7 +243,8 @@ void ReportViewer::Print()
         *this,
         {.copies = copies,
          .pageCount = pages ? pages->Count() : 0,
-         .sheet = pages ? pages->Sheet() : QPageLayout(),
+         .paper = pages ? pages->Sheet().pageSize() : QPageSize(),
+         .landscape = pages && pages->Sheet().orientation() == QPageLayout::Landscape,
          .withoutPrinter = QCoreApplication::translate(
              "PrintPages", "No printer is installed. The report can be saved as PDF.")});
     if (printer && pages) {
