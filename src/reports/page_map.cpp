@@ -108,7 +108,7 @@ bool PageMap::PlaceRows(Filling &filling) const
     const qint64 end = group.first + group.count;
     if (filling.fresh && filling.at.row > group.first) {
         filling.Put(
-            PageItem::Kind::Continued, static_cast<qint64>(filling.at.group), group.headingLines);
+            PageItem::Kind::Continued, static_cast<qint64>(filling.at.group), group.continuedLines);
     }
     auto [rows, lines] = RowsThatFit(filling.at.row, end, filling.left);
     // The sum does not stand alone on the next page.
@@ -141,7 +141,7 @@ bool PageMap::PlaceSum(Filling &filling) const
     }
     if (filling.fresh && group.headingLines > 0) {
         filling.Put(
-            PageItem::Kind::Continued, static_cast<qint64>(filling.at.group), group.headingLines);
+            PageItem::Kind::Continued, static_cast<qint64>(filling.at.group), group.continuedLines);
     }
     filling.Put(PageItem::Kind::Sum, static_cast<qint64>(filling.at.group), group.sumLines);
     ++filling.at.group;

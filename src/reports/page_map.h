@@ -13,8 +13,9 @@ struct PageOutline
     {
         qint64 first = 0; // row
         qint64 count = 0; // rows, at least 1
-        int headingLines = 0; // repeated at the top of each page that the group goes on on
+        int headingLines = 0;
         int sumLines = 0;
+        int continuedLines = headingLines; // at the top of each page that the group goes on on
     };
 
     std::vector<Group> groups; // without groups, one of all rows that has no heading

@@ -34,6 +34,16 @@ QSizeF UsualSheet(const ReportTable &table)
     return table.setup.SheetFor(table.layout.landscape).fullRect(QPageLayout::Point).size();
 }
 
+int HeadingLines(const QString &title, double width)
+{
+    constexpr double kEm = 85 * 1.2; // strong type is wider
+    if (EmsOf(title) * kEm < width) {
+        return 1; // there may be a million of them
+    }
+    return static_cast<int>(
+        paper::Wrapped(title, paper::Style::Strong, width, kMostHeadingLines).size());
+}
+
 // What stands before the first sum of a line of sums, at its longest.
 QStringList Leads(const ReportTable &table)
 {
@@ -155,14 +165,12 @@ PageOutline ReportPages::Outline(const RunControl *control) const
     const double width = Room() - 2 * paper::kCellPadding;
     PageOutline outline;
     for (const ReportGroup &group : table->groups) {
-        const auto heading = paper::Wrapped(ContinuedTitle(GroupTitle(*table, group)),
-                                            paper::Style::Strong,
-                                            width,
-                                            kMostHeadingLines);
+        const QString title = GroupTitle(*table, group);
         outline.groups.push_back({group.first,
                                   group.count,
-                                  static_cast<int>(heading.size()),
-                                  HasSumLine(group) ? kSumLines : kSumLines - 1});
+                                  HeadingLines(title, width),
+                                  HasSumLine(group) ? kSumLines : kSumLines - 1,
+                                  HeadingLines(ContinuedTitle(title), width)});
     }
     if (table->groups.empty() && !table->IsEmpty()) {
         outline.groups.push_back({0, table->rows.Count(), 0, 0});
