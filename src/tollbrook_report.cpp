@@ -240,12 +240,14 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
         return status;
     }
     ReportRequest request;
+    static_cast<ReportSubject &>(request) = SubjectOf(program.settings, *period, filters.InWords());
+    if (const QString problem = LogoProblem(request.setup); !problem.isEmpty()) {
+        Warn(problem);
+    }
     request.layoutPath =
         LayoutPath(program.settings.ReadText(values::kPath).value_or(QString()), row);
     request.query = QueryText(row, *period, filters.userClause, filters.groupClause);
     request.connectionText = ReportConnectionText(program.dataSource);
-    request.period = PeriodInWords(*period);
-    request.filter = filters.InWords();
     return Make(request,
                 {.file = output,
                  .options = {.csvBom = parser.isSet(arguments.csvBom)},

@@ -9,7 +9,7 @@ import pathlib
 import sys
 import tomllib
 
-SHOWN = ("title", "noun", "heading", "unit")
+SHOWN = ("title", "noun", "note", "heading", "unit", "blank")
 
 
 def texts_of(table):

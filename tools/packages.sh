@@ -6,7 +6,7 @@ build_packages=(g++ cmake ninja-build pkg-config ccache mold python3
     libexpected-dev libsystemd-dev)
 run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugins
-    fonts-dejavu-core python3 python3-openpyxl poppler-utils clang-format systemd)
+    fonts-dejavu-core python3 python3-openpyxl poppler-utils chromium clang-format systemd)
 server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
 package_packages=(dpkg-dev file)
 try_packages=(lintian devscripts appstream desktop-file-utils mmdebstrap)

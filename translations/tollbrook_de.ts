@@ -2851,6 +2851,18 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>the file is larger than a layout can be (%1 KiB)</source>
         <translation>die Datei ist größer, als ein Layout sein kann (%1 KiB)</translation>
     </message>
+    <message>
+        <source>a rank has no total</source>
+        <translation>ein Rang hat keine Summe</translation>
+    </message>
+    <message>
+        <source>a share is of a column with a total</source>
+        <translation>ein Anteil gilt für eine Spalte mit Summe</translation>
+    </message>
+    <message>
+        <source>ranks and shares need rows = &quot;summed&quot;</source>
+        <translation>Ränge und Anteile verlangen rows = &quot;summed&quot;</translation>
+    </message>
 </context>
 <context>
     <name>LayoutTable</name>
@@ -3495,6 +3507,80 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Group: </source>
         <translation>Gruppe: </translation>
+    </message>
+</context>
+<context>
+    <name>PageSetup</name>
+    <message>
+        <source>The logo %1 cannot be read.</source>
+        <translation>Das Logo %1 lässt sich nicht lesen.</translation>
+    </message>
+</context>
+<context>
+    <name>PageSetupDialog</name>
+    <message>
+        <source>Page setup of reports</source>
+        <translation>Seite der Berichte einrichten</translation>
+    </message>
+    <message>
+        <source>As each report needs it</source>
+        <translation>Wie der Bericht es braucht</translation>
+    </message>
+    <message>
+        <source>Portrait</source>
+        <translation>Hochformat</translation>
+    </message>
+    <message>
+        <source>Landscape</source>
+        <translation>Querformat</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen …</translation>
+    </message>
+    <message>
+        <source>Paper:</source>
+        <translation>Papier:</translation>
+    </message>
+    <message>
+        <source>Orientation:</source>
+        <translation>Ausrichtung:</translation>
+    </message>
+    <message>
+        <source>Organisation:</source>
+        <translation>Organisation:</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>Anschrift:</translation>
+    </message>
+    <message>
+        <source>Logo (PNG, JPEG):</source>
+        <translation>Logo (PNG, JPEG):</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg)</source>
+        <translation>Bilder (*.png *.jpg *.jpeg)</translation>
+    </message>
+    <message>
+        <source>No logo</source>
+        <translation>Kein Logo</translation>
+    </message>
+    <message>
+        <source>The logo</source>
+        <translation>Das Logo</translation>
+    </message>
+    <message>
+        <source>This file holds no picture that can be read. Choose a PNG or JPEG file.</source>
+        <translation>Diese Datei enthält kein lesbares Bild. Wählen Sie eine PNG- oder JPEG-Datei.</translation>
+    </message>
+    <message>
+        <source>The address is too long.</source>
+        <translation>Die Anschrift ist zu lang.</translation>
     </message>
 </context>
 <context>
@@ -4331,8 +4417,20 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Spitze %1 am %2</translation>
     </message>
     <message>
-        <source>All values are zero</source>
-        <translation>Alle Werte sind null</translation>
+        <source>summed by week</source>
+        <translation>nach Wochen summiert</translation>
+    </message>
+    <message>
+        <source>summed by month</source>
+        <translation>nach Monaten summiert</translation>
+    </message>
+    <message>
+        <source>peak %1 in the week of %2</source>
+        <translation>Spitze %1 in der Woche ab %2</translation>
+    </message>
+    <message>
+        <source>peak %1 in %2</source>
+        <translation>Spitze %1 im Monat %2</translation>
     </message>
 </context>
 <context>
@@ -4404,6 +4502,18 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>(no name)</source>
         <translation>(ohne Namen)</translation>
     </message>
+    <message>
+        <source>Search those chosen</source>
+        <translation>In der Auswahl suchen</translation>
+    </message>
+    <message>
+        <source>Search the others</source>
+        <translation>In den übrigen suchen</translation>
+    </message>
+    <message>
+        <source>With a search only those that it finds</source>
+        <translation>Bei einer Suche nur die gefundenen</translation>
+    </message>
 </context>
 <context>
     <name>ReportHeading</name>
@@ -4451,6 +4561,11 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Leaving out several groups leaves out none: the report will be on everybody.</source>
         <translation>Werden mehrere Gruppen ausgelassen, so wird keine ausgelassen: Der Bericht umfasst alle.</translation>
     </message>
+    <message>
+        <source>en</source>
+        <extracomment>The two letters that stand for the language of these texts</extracomment>
+        <translation>de</translation>
+    </message>
 </context>
 <context>
     <name>ReportHtml</name>
@@ -4465,11 +4580,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>all users and groups</source>
         <translation>alle Benutzer und Gruppen</translation>
-    </message>
-    <message>
-        <source>en</source>
-        <extracomment>The two letters that stand for the language of these texts</extracomment>
-        <translation>de</translation>
     </message>
     <message>
         <source>Period: %1</source>
@@ -4734,6 +4844,34 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>yes</source>
         <translation>ja</translation>
     </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Rank</source>
+        <translation>Rang</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>Anteil</translation>
+    </message>
+    <message>
+        <source>The records of all time accounts stand under each user who has such an account: the sums count a record once for every such user.</source>
+        <translation>Unter jedem Benutzer mit einem Zeitkonto stehen die Datensätze aller Zeitkonten: Die Summen zählen einen Datensatz je solchem Benutzer einmal.</translation>
+    </message>
+    <message>
+        <source>The records of all traffic accounts stand under each user who has such an account: the sums count a record once for every such user.</source>
+        <translation>Unter jedem Benutzer mit einem Volumenkonto stehen die Datensätze aller Volumenkonten: Die Summen zählen einen Datensatz je solchem Benutzer einmal.</translation>
+    </message>
+    <message>
+        <source>The records of limits are counted as well as those of days: the sums may be larger than those of &quot;Traffic (Summary)&quot;.</source>
+        <translation>Die Datensätze der Limits sind mitgezählt: Die Summen können größer sein als die von „Datenverkehr (Übersicht)“.</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>nie</translation>
+    </message>
 </context>
 <context>
     <name>ReportOutput</name>
@@ -4808,6 +4946,22 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>(this row cannot be read)</source>
         <translation>(diese Zeile kann nicht gelesen werden)</translation>
     </message>
+    <message>
+        <source>Summary</source>
+        <translation>Zusammenfassung</translation>
+    </message>
+    <message>
+        <source>These are the largest of %1.</source>
+        <translation>Dies sind die größten von %1.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>page %1: %2</source>
+        <translation>Seite %1: %2</translation>
+    </message>
 </context>
 <context>
     <name>ReportSheet</name>
@@ -4860,6 +5014,43 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>ReportUnit</name>
+    <message>
+        <source>thousands</source>
+        <translation>Tausend</translation>
+    </message>
+    <message>
+        <source>millions</source>
+        <translation>Millionen</translation>
+    </message>
+    <message>
+        <source>billions</source>
+        <translation>Milliarden</translation>
+    </message>
+    <message>
+        <source>trillions</source>
+        <translation>Billionen</translation>
+    </message>
+    <message>
+        <source>thousand %1</source>
+        <translation>Tausend %1</translation>
+    </message>
+    <message>
+        <source>million %1</source>
+        <translation>Millionen %1</translation>
+    </message>
+    <message>
+        <source>billion %1</source>
+        <extracomment>1 000 000 000</extracomment>
+        <translation>Milliarden %1</translation>
+    </message>
+    <message>
+        <source>trillion %1</source>
+        <extracomment>1 000 000 000 000</extracomment>
+        <translation>Billionen %1</translation>
+    </message>
+</context>
+<context>
     <name>ReportViewer</name>
     <message>
         <source>Stop</source>
@@ -4908,6 +5099,12 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>&quot;%1&quot; is not in this report.</source>
         <translation>„%1“ kommt in diesem Bericht nicht vor.</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 gibt es bereits.
+Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
@@ -4999,6 +5196,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Select a report, the period and, if you like, users or groups, and press &quot;Generate report&quot;. Users and groups narrow a report only together with a period. The report can be printed or saved as PDF, CSV, HTML or XLSX.</source>
         <translation>Wählen Sie einen Bericht, den Zeitraum und, wenn Sie mögen, Benutzer oder Gruppen, und drücken Sie „Bericht erstellen“. Benutzer und Gruppen engen einen Bericht nur zusammen mit einem Zeitraum ein. Der Bericht kann gedruckt oder als PDF, CSV, HTML oder XLSX gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
     </message>
 </context>
 <context>
@@ -5825,6 +6026,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Zoom</source>
         <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Page setup...</source>
+        <translation>Seite einrichten …</translation>
     </message>
 </context>
 <context>

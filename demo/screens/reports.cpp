@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QEventLoop>
+#include <QListView>
 #include <QListWidget>
 
 using namespace Qt::StringLiterals;
@@ -27,9 +28,10 @@ void Generate(ReportsDialog &reports, int row)
 
 void TakeSome(QDialog &filter)
 {
-    auto *left = filter.findChild<QListWidget *>(u"left"_s);
+    auto *left = filter.findChild<QListView *>(u"left"_s);
     for (int row = 0; row < 3; ++row) {
-        left->setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
+        left->selectionModel()->setCurrentIndex(left->model()->index(row, 0),
+                                                QItemSelectionModel::ClearAndSelect);
         Press(filter, u"take"_s);
     }
 }

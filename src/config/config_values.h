@@ -94,6 +94,13 @@ inline constexpr TextValue kCurrencySymbol {K::Base, "currencysymbol"};
 inline constexpr TextValue kCurrencyRate {K::Base, "currencyrate"}; // currency per base unit
 inline constexpr TextValue kTrafPrice {K::Price, "trafprice"}; // base units per megabyte
 
+// Reports on paper.
+inline constexpr TextValue kReportPaper {K::Base, "ReportPaper"}; // A4, A5, A3, Letter or Legal
+inline constexpr TextValue kReportTurn {K::Base, "ReportTurn"}; // "portrait", "landscape" or empty
+inline constexpr TextValue kReportOwner {K::Base, "ReportOwner"}; // the organisation's name
+inline constexpr TextValue kReportAddress {K::Base, "ReportAddress"}; // in lines
+inline constexpr TextValue kReportLogo {K::Base, "ReportLogo"}; // a picture's file
+
 // Address ranges and exclusions.
 inline constexpr TextValue kRangeNum {K::LocalIp, "rangenum"}; // how many ranges
 inline constexpr NumberFamily kNet {K::LocalIp, "net"};
@@ -159,6 +166,11 @@ inline constexpr std::array kAllTexts {kBillDsn,
                                        kCurrencySymbol,
                                        kCurrencyRate,
                                        kTrafPrice,
+                                       kReportPaper,
+                                       kReportTurn,
+                                       kReportOwner,
+                                       kReportAddress,
+                                       kReportLogo,
                                        kRangeNum,
                                        kDefMode,
                                        kDefTrafficLimit,

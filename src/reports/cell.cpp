@@ -82,9 +82,11 @@ Cell CellFrom(const LayoutColumn &column, std::string_view utf8)
     switch (column.type) {
     case ColumnType::Integer:
     case ColumnType::Count:
+    case ColumnType::Rank:
     case ColumnType::Flag:
         return WholeNumberFrom(utf8);
     case ColumnType::Amount:
+    case ColumnType::Share:
         return AmountFrom(utf8);
     case ColumnType::Day:
     case ColumnType::Time:
@@ -123,7 +125,7 @@ int Compare(const Cell &one, const Cell &other)
 QString PlainText(const LayoutColumn &column, const Cell &cell)
 {
     if (const auto *text = std::get_if<QString>(&cell)) {
-        return *text;
+        return text->isEmpty() ? column.blank : *text;
     }
     if (const auto *amount = std::get_if<double>(&cell)) {
         return AmountText(*amount, column.decimals);
@@ -139,7 +141,8 @@ QString PlainText(const LayoutColumn &column, const Cell &cell)
 QString DisplayText(const LayoutColumn &column, const Cell &cell)
 {
     const QString text = PlainText(column, cell);
-    return column.IsNumber() ? Grouped(text) : text;
+    // What stands in place of a number, as before a sum, is a text.
+    return column.IsNumber() && !std::holds_alternative<QString>(cell) ? Grouped(text) : text;
 }
 
 QString OneLine(QString text)

@@ -10,6 +10,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kMostDays = 36'600; // a hundred years; days before them are left out
+constexpr qint64 kDaysByDay = 90; // longer periods are summed by week
+constexpr qint64 kDaysByWeek = 366; // longer ones by month
 
 struct LabelSums
 {
@@ -85,8 +87,10 @@ private:
         std::vector<double> values;
         size_t sum = 0;
         for (const int place : wanted.values) {
-            const bool counted = table.layout.columns.at(place).type == ColumnType::Count;
-            values.push_back(counted ? static_cast<double>(row.count) : row.sums[sum++].Value());
+            const LayoutColumn &column = table.layout.columns.at(place);
+            const double rate = column.isMoney ? table.currency.rate : 1;
+            values.push_back(column.type == ColumnType::Count ? static_cast<double>(row.count)
+                                                              : row.sums[sum++].Value() * rate);
         }
         return values;
     }
@@ -128,7 +132,7 @@ private:
                 panel.series[value].push_back(label.values[value]);
             }
         }
-        chart.panels.push_back(std::move(panel));
+        Add(std::move(panel));
         return true;
     }
 
@@ -146,17 +150,57 @@ private:
         }
     }
 
-    [[nodiscard]] ChartPanel PanelOf(const DayValues &days, qint64 first, qint64 last) const
+    // Where an axis begins and ends: with the period, or with the days that there are.
+    void LayOutSteps(qint64 firstOfData, qint64 lastOfData)
+    {
+        const bool bounded = table.firstDay.isValid() && table.lastDay.isValid();
+        const qint64 last = bounded ? table.lastDay.toJulianDay() : lastOfData;
+        first = bounded ? table.firstDay.toJulianDay() : firstOfData;
+        first = std::max(first, last - kMostDays);
+        const qint64 days = last - first + 1;
+        chart.step = days > kDaysByWeek ? ChartStep::Month
+            : days > kDaysByDay         ? ChartStep::Week
+                                        : ChartStep::Day;
+        stepOfDay.resize(static_cast<size_t>(days));
+        for (qint64 day = first; day <= last; ++day) {
+            const QDate date = QDate::fromJulianDay(day);
+            const bool begins = chart.steps.empty() || chart.step == ChartStep::Day
+                || (chart.step == ChartStep::Week && date.dayOfWeek() == Qt::Monday)
+                || (chart.step == ChartStep::Month && date.day() == 1);
+            if (begins) {
+                chart.steps.push_back(date);
+            }
+            stepOfDay[static_cast<size_t>(day - first)] = chart.steps.size() - 1;
+        }
+    }
+
+    [[nodiscard]] ChartPanel PanelOf(const DayValues &days) const
     {
         ChartPanel panel;
         panel.series.resize(static_cast<size_t>(wanted.values.size()),
-                            std::vector<double>(static_cast<size_t>(last - first + 1)));
+                            std::vector<double>(chart.steps.size()));
         for (auto day = days.lower_bound(first); day != days.end(); ++day) {
-            for (size_t value = 0; value < panel.series.size(); ++value) {
-                panel.series[value][static_cast<size_t>(day->first - first)] = day->second[value];
+            const auto place = static_cast<size_t>(day->first - first);
+            for (size_t value = 0; value < panel.series.size() && place < stepOfDay.size();
+                 ++value) {
+                panel.series[value][stepOfDay[place]] += day->second[value];
             }
         }
         return panel;
+    }
+
+    [[nodiscard]] static bool IsAllZero(const ChartPanel &panel)
+    {
+        return std::ranges::all_of(panel.series, [](const std::vector<double> &values) {
+            return std::ranges::all_of(values, [](double value) { return value <= 0; });
+        });
+    }
+
+    void Add(ChartPanel panel)
+    {
+        if (!IsAllZero(panel)) {
+            chart.panels.push_back(std::move(panel));
+        }
     }
 
     [[nodiscard]] bool BuildDays()
@@ -165,10 +209,8 @@ private:
         const bool done = query.Sum(SumBy({wanted.day}),
                                     [&](SummedRow &&row) { AddDay(days, row.keys.front(), row); });
         if (!days.empty()) {
-            const qint64 last = days.rbegin()->first;
-            const qint64 first = std::max(days.begin()->first, last - kMostDays);
-            chart.firstDay = QDate::fromJulianDay(first);
-            chart.panels.push_back(PanelOf(days, first, last));
+            LayOutSteps(days.begin()->first, days.rbegin()->first);
+            Add(PanelOf(days));
         }
         return done;
     }
@@ -197,23 +239,22 @@ private:
     // All panels show the same days, so that peaks of the same day stand above each other.
     void AddPanels(const std::vector<LabelSums> &labels, std::map<QString, DayValues> &daysOf)
     {
-        qint64 first = std::numeric_limits<qint64>::max();
-        qint64 last = 0;
+        qint64 firstOfData = std::numeric_limits<qint64>::max();
+        qint64 lastOfData = 0;
         for (const auto &[label, days] : daysOf) {
             if (!days.empty()) {
-                first = std::min(first, days.begin()->first);
-                last = std::max(last, days.rbegin()->first);
+                firstOfData = std::min(firstOfData, days.begin()->first);
+                lastOfData = std::max(lastOfData, days.rbegin()->first);
             }
         }
-        if (last == 0) {
+        if (lastOfData == 0) {
             return;
         }
-        first = std::max(first, last - kMostDays);
-        chart.firstDay = QDate::fromJulianDay(first);
+        LayOutSteps(firstOfData, lastOfData);
         for (const LabelSums &label : labels) {
-            ChartPanel panel = PanelOf(daysOf[label.label.toCaseFolded()], first, last);
+            ChartPanel panel = PanelOf(daysOf[label.label.toCaseFolded()]);
             panel.title = label.label;
-            chart.panels.push_back(std::move(panel));
+            Add(std::move(panel));
         }
     }
 
@@ -221,6 +262,8 @@ private:
     ReportQuery &query;
     const LayoutChart &wanted;
     ReportChart &chart;
+    qint64 first = 0; // day of the axis
+    std::vector<size_t> stepOfDay; // for each day of the axis
 };
 
 } // namespace

@@ -1,16 +1,34 @@
 #include "reports/chart_painter.h"
 
-#include "reports/paper.h"
+#include "reports/unit_scale.h"
 
 #include <QCoreApplication>
-#include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 using paper::Style;
+
+double ChartHeight(const ReportChart &chart)
+{
+    if (chart.panels.empty()) {
+        return 0;
+    }
+    switch (chart.kind) {
+    case ChartKind::Bars:
+        return 420.0 + 220.0 * static_cast<double>(chart.labels.size());
+    case ChartKind::Days:
+        return 2300;
+    case ChartKind::DaysOfEach: {
+        const size_t lines = (chart.panels.size() + 1) / 2;
+        return 420.0 + 720.0 * static_cast<double>(lines);
+    }
+    case ChartKind::None:
+        break;
+    }
+    return 0;
+}
 
 std::vector<double> AxisTicks(double most, int ticks)
 {
@@ -33,6 +51,42 @@ std::vector<double> AxisTicks(double most, int ticks)
     return values;
 }
 
+std::vector<size_t> MarkedSteps(const ReportChart &chart, int most)
+{
+    const size_t steps = chart.steps.size();
+    const bool isMonths = chart.step == ChartStep::Month;
+    size_t every = 1;
+    const auto room = static_cast<size_t>(std::max(most, 1));
+    const size_t days[] = {1, 2, 7, 14, 28, 56, 112};
+    const size_t weeks[] = {1, 2, 4, 8, 13, 26, 52};
+    const size_t months[] = {1, 2, 3, 6, 12, 24, 60, 120, 240, 600, 1200};
+    const auto choose = [&](const auto &distances) {
+        for (const size_t distance : distances) {
+            every = distance;
+            if ((steps + distance - 1) / distance <= room) {
+                return;
+            }
+        }
+    };
+    if (isMonths) {
+        choose(months);
+    } else if (chart.step == ChartStep::Week) {
+        choose(weeks);
+    } else {
+        choose(days);
+    }
+    std::vector<size_t> marked;
+    size_t first = 0;
+    while (isMonths && first < steps
+           && (chart.steps[first].month() - 1) % std::min<int>(static_cast<int>(every), 12) != 0) {
+        ++first;
+    }
+    for (size_t step = first; step < steps; step += every) {
+        marked.push_back(step);
+    }
+    return marked;
+}
+
 namespace {
 
 struct Words
@@ -42,23 +96,28 @@ struct Words
 
 constexpr double kTitleHeight = 200;
 constexpr double kAxisHeight = 150;
-constexpr double kAxisWidth = 520;
+constexpr double kLegendGap = 140; // before each colour
+constexpr double kLegendMark = 120; // the colour, and what stands between it and its name
 
-QString Number(const ReportChart &chart, double value)
+QString Number(double value, int decimals)
 {
     LayoutColumn column;
     column.type = ColumnType::Amount;
-    column.decimals = chart.decimals;
+    column.decimals = decimals;
     return DisplayText(column, value);
 }
 
-QString TickText(double value)
+// As few decimals as tell all ticks of an axis exactly.
+int DecimalsOf(const std::vector<double> &ticks)
 {
-    LayoutColumn column;
-    column.type = ColumnType::Amount;
-    const double rest = value - std::floor(value);
-    column.decimals = rest == 0 ? 0 : value < 1 ? 2 : 1;
-    return DisplayText(column, value);
+    constexpr int kMostDecimals = 6;
+    double scaled = ticks.at(1);
+    int decimals = 0;
+    while (decimals < kMostDecimals && std::abs(scaled - std::round(scaled)) > 1e-6) {
+        scaled *= 10;
+        ++decimals;
+    }
+    return decimals;
 }
 
 double StackAt(const ChartPanel &panel, size_t point)
@@ -80,27 +139,36 @@ double HighestOf(const ChartPanel &panel)
     return highest;
 }
 
+QString WithUnit(const QString &number, const QString &unit)
+{
+    return unit.isEmpty() ? number : number + QChar(QChar::Nbsp) + unit;
+}
+
 class ChartPainter
 {
 public:
-    ChartPainter(QPainter &onPainter, const ReportChart &ofChart)
-        : painter(onPainter)
-        , chart(ofChart)
-    { }
+    ChartPainter(Canvas &onCanvas, const ReportChart &ofChart) : canvas(onCanvas), chart(ofChart)
+    {
+        for (const ChartPanel &panel : chart.panels) {
+            most = std::max(most, HighestOf(panel));
+        }
+    }
 
     void Paint(QRectF place)
     {
-        PaintTitle(place);
+        const bool hasAxis = chart.kind != ChartKind::Bars;
+        if (hasAxis) {
+            ChooseUnit();
+        }
+        PaintTitle(place, hasAxis);
         place.setTop(place.top() + kTitleHeight);
         switch (chart.kind) {
         case ChartKind::Bars:
             PaintBars(place);
             break;
-        case ChartKind::Days: {
-            const auto ticks = AxisTicks(HighestOf(chart.panels.front()), 5);
-            PaintArea(place, chart.panels.front(), ticks);
+        case ChartKind::Days:
+            PaintArea(place, chart.panels.front(), AxisTicks(most / scale.divisor, 5));
             break;
-        }
         case ChartKind::DaysOfEach:
             PaintPanels(place);
             break;
@@ -110,101 +178,129 @@ public:
     }
 
 private:
-    void Write(const QRectF &place, const QString &text, Style style, Qt::Alignment alignment)
+    [[nodiscard]] QString Unit() const { return scale.steps > 0 ? scale.unit : chart.unit; }
+
+    // An axis has no room for more digits than these.
+    void ChooseUnit()
     {
-        painter.setFont(paper::Font(style));
-        painter.drawText(place,
-                         static_cast<int>(alignment | Qt::AlignVCenter),
-                         paper::Elided(text, style, place.width()));
+        constexpr double kTooMany = 1e6;
+        while (most / scale.divisor >= kTooMany) {
+            const auto larger = scale.Larger(chart.unit);
+            if (!larger) {
+                return;
+            }
+            scale = *larger;
+        }
     }
 
     // The title at the left, what the colours mean at the right.
-    void PaintTitle(const QRectF &place)
+    void PaintTitle(const QRectF &place, bool hasAxis)
     {
-        painter.setPen(paper::kInk);
-        const QString unit = chart.unit.isEmpty() ? QString() : u", "_s + chart.unit;
-        Write(QRectF(place.left(), place.top(), place.width() * 0.7, 150),
-              chart.title + unit,
-              Style::Strong,
-              Qt::AlignLeft);
-        if (chart.seriesNames.size() < 2) {
-            return;
+        QString title = chart.title;
+        if (hasAxis && !Unit().isEmpty()) {
+            title += u", "_s + Unit();
         }
-        double right = place.right();
-        for (qsizetype series = chart.seriesNames.size() - 1; series >= 0; --series) {
+        if (hasAxis && chart.step != ChartStep::Day) {
+            title += u", "_s
+                + (chart.step == ChartStep::Week ? Words::tr("summed by week")
+                                                 : Words::tr("summed by month"));
+        }
+        const double legend = LegendWidth();
+        canvas.WriteWhole({place.left(), place.top(), place.width() - legend, 150},
+                          title,
+                          {.style = Style::Strong});
+        double left = place.right() - legend;
+        for (qsizetype series = 0; series < chart.seriesNames.size() && legend > 0; ++series) {
             const QString &name = chart.seriesNames.at(series);
-            const double textWidth = paper::Metrics(Style::Small).horizontalAdvance(name);
-            Write(QRectF(right - textWidth - 4, place.top(), textWidth + 4, 150),
-                  name,
-                  Style::Small,
-                  Qt::AlignLeft);
-            painter.fillRect(QRectF(right - textWidth - 120, place.top() + 40, 80, 70),
-                             paper::kSeries[series]);
-            right -= textWidth + 260;
+            const double width = paper::Metrics(Style::Small).horizontalAdvance(name);
+            canvas.Fill({left + kLegendGap, place.top() + 40, 80, 70}, paper::kSeries[series]);
+            left += kLegendGap + kLegendMark;
+            canvas.Write({left, place.top(), width + 1, 150}, name, {.style = Style::Small});
+            left += width;
         }
+    }
+
+    // What the colours mean; nothing where there is one.
+    [[nodiscard]] double LegendWidth() const
+    {
+        double width = 0;
+        for (const QString &name : chart.seriesNames) {
+            width +=
+                kLegendGap + kLegendMark + paper::Metrics(Style::Small).horizontalAdvance(name);
+        }
+        return chart.seriesNames.size() < 2 ? 0 : width + 1;
     }
 
     void PaintBars(const QRectF &place)
     {
         const double labelWidth = place.width() * 0.26;
-        const double numberWidth = 700;
-        const QRectF plot = place.adjusted(labelWidth, 0, -numberWidth, 0);
         const ChartPanel &panel = chart.panels.front();
-        const double most = HighestOf(panel);
         const auto bars = static_cast<size_t>(chart.labels.size());
+        QStringList numbers;
+        double numberWidth = 0;
+        for (size_t bar = 0; bar < bars; ++bar) {
+            numbers += WithUnit(Number(StackAt(panel, bar), chart.decimals), chart.unit);
+            numberWidth = std::max(numberWidth,
+                                   paper::Metrics(Style::Text).horizontalAdvance(numbers.back()));
+        }
+        numberWidth = std::min(numberWidth + 80, place.width() * 0.45);
+        const QRectF plot = place.adjusted(labelWidth, 0, -numberWidth, 0);
         const double step = place.height() / static_cast<double>(std::max<size_t>(bars, 1));
         for (size_t bar = 0; bar < bars; ++bar) {
             const double top = place.top() + step * static_cast<double>(bar);
-            const QRectF line(place.left(), top, place.width(), step);
-            painter.setPen(paper::kInk);
-            Write(QRectF(line.left(), top, labelWidth - 80, step),
-                  OneLine(chart.labels.at(static_cast<qsizetype>(bar))),
-                  Style::Text,
-                  Qt::AlignRight);
+            canvas.Write({place.left(), top, labelWidth - 80, step},
+                         OneLine(chart.labels.at(static_cast<qsizetype>(bar))),
+                         {.style = Style::Text, .side = Qt::AlignRight});
             double left = plot.left();
             for (size_t series = 0; series < panel.series.size(); ++series) {
                 const double value = std::max(panel.series[series][bar], 0.0);
                 const double length = most > 0 ? plot.width() * value / most : 0;
-                painter.fillRect(QRectF(left, top + step * 0.16, length, step * 0.68),
-                                 paper::kSeries[series]);
+                if (length > 0) {
+                    canvas.Fill({left, top + step * 0.16, length, step * 0.68},
+                                paper::kSeries[series]);
+                }
                 left += length;
             }
-            Write(QRectF(left + 60, top, numberWidth - 60, step),
-                  Number(chart, StackAt(panel, bar)),
-                  Style::Text,
-                  Qt::AlignLeft);
+            canvas.WriteWhole({left + 60, top, numberWidth - 60, step},
+                              numbers.at(static_cast<qsizetype>(bar)),
+                              {.style = Style::Text});
         }
-        painter.setPen(QPen(paper::kFaint, 6));
-        painter.drawLine(plot.topLeft(), plot.bottomLeft());
-        painter.setPen(paper::kInk);
+        canvas.Line(plot.topLeft(), plot.bottomLeft(), 6, paper::kFaint);
     }
 
-    // Two beside each other; all with one scale, so that heights compare.
+    // Two beside each other, or more where the place is low; all with one scale, so that heights compare.
     void PaintPanels(const QRectF &place)
     {
-        double most = 0;
-        for (const ChartPanel &panel : chart.panels) {
-            most = std::max(most, HighestOf(panel));
+        constexpr double kGap = 200;
+        constexpr double kLeastHeight = 540;
+        constexpr size_t kMostBeside = 5;
+        const auto ticks = AxisTicks(most / scale.divisor, 3);
+        const size_t panels = chart.panels.size();
+        size_t beside = 2;
+        const auto heightOf = [&] {
+            return place.height() / static_cast<double>((panels + beside - 1) / beside);
+        };
+        while (heightOf() < kLeastHeight && beside < kMostBeside) {
+            ++beside;
         }
-        const auto ticks = AxisTicks(most, 3);
-        const size_t lines = (chart.panels.size() + 1) / 2;
-        const QSizeF size((place.width() - 200) / 2, place.height() / static_cast<double>(lines));
-        for (size_t number = 0; number < chart.panels.size(); ++number) {
-            const double left = place.left() + (number % 2 == 0 ? 0 : size.width() + 200);
-            const size_t line = number / 2;
-            const double top = place.top() + size.height() * static_cast<double>(line);
+        const auto count = static_cast<double>(beside);
+        const QSizeF size((place.width() - kGap * (count - 1)) / count, heightOf());
+        for (size_t number = 0; number < panels; ++number) {
+            const double left =
+                place.left() + (size.width() + kGap) * static_cast<double>(number % beside);
+            const double top = place.top() + size.height() * static_cast<double>(number / beside);
             const QRectF whole(QPointF(left, top), size);
             const ChartPanel &panel = chart.panels[number];
-            painter.setPen(paper::kInk);
-            Write(QRectF(whole.left(), whole.top(), size.width() * 0.5, 130),
-                  OneLine(panel.title),
-                  Style::Heading,
-                  Qt::AlignLeft);
-            painter.setPen(paper::kFaint);
-            Write(QRectF(whole.left() + size.width() * 0.5, whole.top(), size.width() * 0.5, 130),
-                  PeakText(panel),
-                  Style::Small,
-                  Qt::AlignRight);
+            const QString peak = PeakText(panel);
+            const double peakWidth = std::min(
+                paper::Metrics(Style::Small).horizontalAdvance(peak) + 4, size.width() * 0.7);
+            canvas.Write({left, top, size.width() - peakWidth - 60, 130},
+                         OneLine(panel.title),
+                         {.style = Style::Heading});
+            canvas.WriteWhole(
+                {whole.right() - peakWidth, top, peakWidth, 130},
+                peak,
+                {.style = Style::Small, .colour = paper::kFaint, .side = Qt::AlignRight});
             PaintArea(whole.adjusted(0, 140, 0, -40), panel, ticks);
         }
     }
@@ -212,98 +308,98 @@ private:
     [[nodiscard]] QString PeakText(const ChartPanel &panel) const
     {
         size_t peak = 0;
-        for (size_t day = 0; day < panel.series.front().size(); ++day) {
-            peak = StackAt(panel, day) > StackAt(panel, peak) ? day : peak;
+        for (size_t step = 0; step < panel.series.front().size(); ++step) {
+            peak = StackAt(panel, step) > StackAt(panel, peak) ? step : peak;
         }
-        const QString day = chart.firstDay.addDays(static_cast<qint64>(peak)).toString(Qt::ISODate);
-        return Words::tr("peak %1 on %2").arg(Number(chart, StackAt(panel, peak)), day);
+        const QString number =
+            Number(StackAt(panel, peak) / scale.divisor, std::max(chart.decimals, 0));
+        const QDate day = chart.steps[peak];
+        switch (chart.step) {
+        case ChartStep::Week:
+            return Words::tr("peak %1 in the week of %2").arg(number, day.toString(Qt::ISODate));
+        case ChartStep::Month:
+            return Words::tr("peak %1 in %2").arg(number, day.toString(u"yyyy-MM"_s));
+        case ChartStep::Day:
+            break;
+        }
+        return Words::tr("peak %1 on %2").arg(number, day.toString(Qt::ISODate));
     }
 
     void PaintArea(const QRectF &place, const ChartPanel &panel, const std::vector<double> &ticks)
     {
-        const QRectF plot = place.adjusted(kAxisWidth, 20, -20, -kAxisHeight);
-        PaintValueAxis(plot, ticks);
-        const size_t days = panel.series.front().size();
-        const double step = plot.width() / static_cast<double>(days);
-        painter.setPen(Qt::NoPen);
+        const int decimals = DecimalsOf(ticks);
+        double axisWidth = 0;
+        for (const double tick : ticks) {
+            axisWidth = std::max(
+                axisWidth, paper::Metrics(Style::Small).horizontalAdvance(Number(tick, decimals)));
+        }
+        const QRectF plot = place.adjusted(axisWidth + 70, 20, -20, -kAxisHeight);
+        for (const double tick : ticks) {
+            const double y = plot.bottom() - plot.height() * tick / ticks.back();
+            canvas.Line({plot.left(), y},
+                        {plot.right(), y},
+                        tick == 0 ? 6 : 3,
+                        tick == 0 ? paper::kFaint : paper::kRule);
+            canvas.WriteWhole(
+                {place.left(), y - 60, axisWidth + 20, 120},
+                Number(tick, decimals),
+                {.style = Style::Small, .colour = paper::kFaint, .side = Qt::AlignRight});
+        }
         for (size_t series = panel.series.size(); series-- > 0;) {
-            painter.setBrush(paper::kSeries[series]);
-            painter.drawPath(Outline(plot, panel, series, ticks.back()));
+            canvas.FillPath(Outline(plot, panel, series, ticks.back() * scale.divisor),
+                            paper::kSeries[series]);
         }
-        painter.setBrush(Qt::NoBrush);
-        if (HighestOf(panel) <= 0) {
-            painter.setPen(paper::kFaint);
-            Write(plot, Words::tr("All values are zero"), Style::Small, Qt::AlignHCenter);
-        }
-        PaintDayAxis(plot, static_cast<qint64>(days), step);
+        PaintDayAxis(plot);
     }
 
-    // Steps of a day's width from the ground up to the sum of this series and those below it.
+    // A flat top for each step, from the ground up to the sum of this series and those below it.
     [[nodiscard]] static QPainterPath
-    Outline(const QRectF &plot, const ChartPanel &panel, size_t upTo, double most)
+    Outline(const QRectF &plot, const ChartPanel &panel, size_t upTo, double top)
     {
-        const size_t days = panel.series.front().size();
-        const double step = plot.width() / static_cast<double>(days);
+        const size_t steps = panel.series.front().size();
+        const double width = plot.width() / static_cast<double>(steps);
         QPainterPath path(plot.bottomLeft());
-        for (size_t day = 0; day < days; ++day) {
+        for (size_t step = 0; step < steps; ++step) {
             double sum = 0;
             for (size_t series = 0; series <= upTo; ++series) {
-                sum += std::max(panel.series[series][day], 0.0);
+                sum += std::max(panel.series[series][step], 0.0);
             }
-            const double y = plot.bottom() - plot.height() * sum / most;
-            path.lineTo(plot.left() + step * static_cast<double>(day), y);
-            path.lineTo(plot.left() + step * static_cast<double>(day + 1), y);
+            const double y = plot.bottom() - plot.height() * sum / top;
+            path.lineTo(plot.left() + width * static_cast<double>(step), y);
+            path.lineTo(plot.left() + width * static_cast<double>(step + 1), y);
         }
         path.lineTo(plot.bottomRight());
         path.closeSubpath();
         return path;
     }
 
-    void PaintValueAxis(const QRectF &plot, const std::vector<double> &ticks)
+    void PaintDayAxis(const QRectF &plot)
     {
-        for (const double tick : ticks) {
-            const double y = plot.bottom() - plot.height() * tick / ticks.back();
-            painter.setPen(QPen(tick == 0 ? paper::kFaint : paper::kRule, tick == 0 ? 6 : 3));
-            painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
-            painter.setPen(paper::kFaint);
-            Write(QRectF(plot.left() - kAxisWidth, y - 60, kAxisWidth - 50, 120),
-                  TickText(tick),
-                  Style::Small,
-                  Qt::AlignRight);
+        const QString form = chart.step == ChartStep::Month ? u"yyyy-MM"_s : u"yyyy-MM-dd"_s;
+        const double labelWidth =
+            paper::Metrics(Style::Small).horizontalAdvance(chart.steps.front().toString(form));
+        const double width = plot.width() / static_cast<double>(chart.steps.size());
+        for (const size_t step :
+             MarkedSteps(chart, static_cast<int>(plot.width() / (labelWidth * 1.25)))) {
+            const double x = plot.left() + width * static_cast<double>(step);
+            canvas.Line({x, plot.bottom()}, {x, plot.bottom() + 30}, 4, paper::kFaint);
+            // The last one may stand so far to the right that its text begins before its mark.
+            const double left = std::min(x, plot.right() + 16 - labelWidth);
+            canvas.WriteWhole({left, plot.bottom() + 30, labelWidth + 4, 110},
+                              chart.steps[step].toString(form),
+                              {.style = Style::Small, .colour = paper::kFaint});
         }
     }
 
-    // The first days of months or years as far as they stand apart; days when there are few.
-    void PaintDayAxis(const QRectF &plot, qint64 days, double step)
-    {
-        constexpr double kLabelWidth = 480;
-        const double room = kLabelWidth * 1.2;
-        double freeFrom = plot.left();
-        for (qint64 day = 0; day < days; ++day) {
-            const QDate date = chart.firstDay.addDays(day);
-            const double x = plot.left() + step * static_cast<double>(day);
-            const bool marked = days <= 45 || date.day() == 1;
-            if (!marked || x < freeFrom || x + kLabelWidth > plot.right() + 120) {
-                continue;
-            }
-            painter.setPen(QPen(paper::kFaint, 4));
-            painter.drawLine(QPointF(x, plot.bottom()), QPointF(x, plot.bottom() + 30));
-            painter.setPen(paper::kFaint);
-            Write(QRectF(x, plot.bottom() + 30, kLabelWidth, 110),
-                  date.toString(Qt::ISODate),
-                  Style::Small,
-                  Qt::AlignLeft);
-            freeFrom = x + room;
-        }
-    }
-
-    QPainter &painter;
+    Canvas &canvas;
     const ReportChart &chart;
+    double most = 0; // the highest of all stacks
+    UnitScale scale;
 };
 
 } // namespace
 
-void PaintReportChart(QPainter &painter, const QRectF &place, const ReportChart &chart)
+void PaintReportChart(Canvas &canvas, const QRectF &place, const ReportChart &chart)
 {
-    ChartPainter(painter, chart).Paint(place);
+    ChartPainter(canvas, chart).Paint(place);
 }

@@ -23,6 +23,16 @@ Fail(ReportProblem &problem, RunControl &control, ReportProblem::Kind kind, cons
     return nullptr;
 }
 
+// A layout cannot know what a site calls its money.
+void NameMoney(ReportTable &table)
+{
+    for (LayoutColumn &column : table.layout.columns) {
+        if (column.isMoney && !table.currency.name.isEmpty()) {
+            column.unit = table.currency.name;
+        }
+    }
+}
+
 ReportTablePtr Fill(const std::shared_ptr<ReportTable> &table,
                     ReportQuery &query,
                     RunControl &control,
@@ -68,8 +78,8 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     const RunControl::Stopper stopper(control, [&] { connection->Cancel(); });
     const auto table = std::make_shared<ReportTable>();
     table->layout = *layout;
-    table->period = request.period;
-    table->filter = request.filter;
+    static_cast<ReportSubject &>(*table) = request;
+    NameMoney(*table);
     table->made = request.made;
     table->schemaVersion = connection->SchemaVersion();
     ReportQuery query(table->layout, request.query, *connection, control);

@@ -5,13 +5,11 @@
 #include "reports/report_run.h"
 #include "reports/report_table.h"
 
-struct ReportRequest
+struct ReportRequest : ReportSubject
 {
     QString layoutPath;
     QString query; // empty: the layout's stored one
     QString connectionText;
-    QString period; // in words, for the heading
-    QString filter;
     QDateTime made = QDateTime::currentDateTime();
 };
 

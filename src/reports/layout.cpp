@@ -26,6 +26,12 @@ QString Shown(const QString &text)
 }
 
 constexpr int kMaxColumns = 15;
+constexpr auto kMoneyUnit = u"base units"; // what a layout calls money
+
+bool IsReadOrCounted(const LayoutColumn &column)
+{
+    return column.IsRead() || column.type == ColumnType::Count;
+}
 
 class LayoutReader
 {
@@ -43,6 +49,7 @@ public:
                        u"order"_s,
                        u"top"_s,
                        u"noun"_s,
+                       u"note"_s,
                        u"column"_s,
                        u"chart"_s});
         ReadTop(top);
@@ -64,6 +71,7 @@ private:
             top.Choice("rows", {u"each"_s, u"summed"_s}) == 1 ? RowRule::Summed : RowRule::Each;
         layout.top = top.Integer("top", 0, 0, 1000);
         layout.noun = Shown(top.Text("noun", u"rows"_s));
+        layout.note = Shown(top.Text("note"));
         layout.query = top.Text("query").trimmed();
         if (layout.title.isEmpty()) {
             top.Fail(1, Words::tr("\"title\" is missing"));
@@ -103,21 +111,34 @@ private:
                          u"hidden"_s,
                          u"adds"_s,
                          u"less"_s,
+                         u"of"_s,
+                         u"blank"_s,
                          u"words"_s});
         LayoutColumn column;
         column.name = table.Text("name");
         column.heading = Shown(table.Text("heading", column.name));
-        column.type = static_cast<ColumnType>(table.Choice(
-            "type",
-            {u"text"_s, u"integer"_s, u"amount"_s, u"day"_s, u"time"_s, u"flag"_s, u"count"_s}));
+        column.type = static_cast<ColumnType>(table.Choice("type",
+                                                           {u"text"_s,
+                                                            u"integer"_s,
+                                                            u"amount"_s,
+                                                            u"day"_s,
+                                                            u"time"_s,
+                                                            u"flag"_s,
+                                                            u"count"_s,
+                                                            u"rank"_s,
+                                                            u"share"_s}));
+        column.isMoney = table.Text("unit") == kMoneyUnit;
         column.unit = Shown(table.Text("unit"));
+        const bool isShare = column.type == ColumnType::Share;
         column.decimals =
-            column.type == ColumnType::Amount ? table.Integer("decimals", 2, 0, 6) : 0;
+            column.IsFraction() ? table.Integer("decimals", isShare ? 1 : 2, 0, 6) : 0;
         column.width = table.Number("width", 1, 0.1, 100);
         column.total = table.Flag("total");
         column.hidden = table.Flag("hidden");
         column.adds = ColumnsNamed(table, "adds");
         column.less = ColumnsNamed(table, "less");
+        column.of = isShare ? Column(table, "of", table.Text("of")) : -1;
+        column.blank = Shown(table.Text("blank"));
         if (table.Has("words")) {
             column.words = table.Texts("words");
         }
@@ -147,11 +168,21 @@ private:
             table.Fail(table.Line("type"),
                        Words::tr("a computed column is an amount or an integer"));
         }
+        if (column.type == ColumnType::Rank && column.total) {
+            table.Fail(table.Line("total"), Words::tr("a rank has no total"));
+        }
+        if (column.of >= 0 && !layout.columns.at(column.of).total) {
+            table.Fail(table.Line("of"), Words::tr("a share is of a column with a total"));
+        }
+        if ((column.type == ColumnType::Rank || column.type == ColumnType::Share)
+            && layout.rows == RowRule::Each) {
+            table.Fail(table.Line("type"), Words::tr("ranks and shares need rows = \"summed\""));
+        }
         if (column.words.size() != 2) {
             table.Fail(table.Line("words"), Words::tr("\"words\" are two: for 0 and for 1"));
         }
         for (const int part : column.adds + column.less) {
-            if (!layout.columns.at(part).IsNumber() || layout.columns.at(part).IsComputed()) {
+            if (!layout.columns.at(part).IsNumber() || !IsReadOrCounted(layout.columns.at(part))) {
                 table.Fail(table.Line("adds"),
                            Words::tr("a column is computed from numbers that are read"));
             }
@@ -231,12 +262,13 @@ private:
             table.Fail(table.Line("values"), Words::tr("a chart draws one or two values"));
         }
         for (const int value : chart.values) {
-            if (!layout.columns.at(value).total || layout.columns.at(value).IsComputed()) {
+            if (!layout.columns.at(value).total || !IsReadOrCounted(layout.columns.at(value))) {
                 table.Fail(table.Line("values"),
                            Words::tr("a chart draws read or counted columns with a total"));
             }
         }
-        if (chart.day >= 0 && layout.columns.at(chart.day).type != ColumnType::Day) {
+        if (chart.day >= 0 && layout.columns.at(chart.day).type != ColumnType::Day
+            && layout.columns.at(chart.day).type != ColumnType::Time) {
             table.Fail(table.Line("day"), Words::tr("\"day\" is not a column of days"));
         }
         if (chart.label >= 0 && layout.columns.at(chart.label).type != ColumnType::Text) {

@@ -17,6 +17,8 @@ enum class ColumnType {
     Time, // a day and a time of day, shown as 2026-11-21 09:30:00
     Flag, // 0 or 1, shown by the column's two words
     Count, // how many rows of the query stand behind the printed one
+    Rank, // 1 for the first printed row, 2 for the next; of summed rows
+    Share, // what a row's number is of that of all rows, in percent; of summed rows
 };
 
 struct LayoutColumn
@@ -25,22 +27,34 @@ struct LayoutColumn
     QString heading;
     ColumnType type = ColumnType::Text;
     QString unit; // printed under the heading; empty for none
+    bool isMoney = false; // its unit is named by the site's settings, where they are known
     int decimals = 2; // of an amount, 0 to 6
     double width = 1; // share of the page's width
     bool total = false; // summed for groups and the report; in summed rows also within the row
     bool hidden = false; // read for the order or the chart, not printed
     QList<int> adds; // a computed column: the sum of these columns ...
     QList<int> less; // ... less these
+    int of = -1; // the column with a total that a share is of
+    QString blank; // shown in a row whose text or day is empty
     QStringList words {QStringLiteral("no"), QStringLiteral("yes")}; // of a flag: for 0, for 1
 
     [[nodiscard]] bool IsComputed() const { return !adds.isEmpty() || !less.isEmpty(); }
     [[nodiscard]] bool IsNumber() const
     {
         return type == ColumnType::Integer || type == ColumnType::Amount
-            || type == ColumnType::Count;
+            || type == ColumnType::Count || type == ColumnType::Rank || type == ColumnType::Share;
+    }
+    // Has decimals.
+    [[nodiscard]] bool IsFraction() const
+    {
+        return type == ColumnType::Amount || type == ColumnType::Share;
     }
     // Read from the query, rather than counted or computed from what was.
-    [[nodiscard]] bool IsRead() const { return type != ColumnType::Count && !IsComputed(); }
+    [[nodiscard]] bool IsRead() const
+    {
+        return type != ColumnType::Count && type != ColumnType::Rank && type != ColumnType::Share
+            && !IsComputed();
+    }
 };
 
 enum class RowRule {
@@ -84,6 +98,8 @@ struct Layout
     QList<OrderKey> order; // behind the group
     int top = 0; // the first rows in that order; 0 for all; for summed rows
     QString noun; // what a printed row is one of, such as "users"
+    QString
+        note; // printed below the heading: what a reader could take for an error; empty for none
     LayoutChart chart;
 
     // Columns that stand in a row of data files, and those in a printed row, where a group's are

@@ -25,6 +25,18 @@ PageMap::PageMap(PageOutline whatToPlace, int onFirst, int onOthers)
     , linesOnFirst(onFirst < kLeastFirstLines ? 0 : onFirst) // fewer are left blank
     , linesOnOthers(std::max(onOthers, kLeastLines))
 {
+    BreakPages();
+}
+
+void PageMap::LeaveFirstBlank()
+{
+    linesOnFirst = 0;
+    BreakPages();
+}
+
+void PageMap::BreakPages()
+{
+    starts.clear();
     Place place;
     place.phase = outline.groups.empty() ? Phase::Closing : Phase::Heading;
     do {
@@ -96,7 +108,7 @@ bool PageMap::PlaceRows(Filling &filling) const
     const qint64 end = group.first + group.count;
     if (filling.fresh && filling.at.row > group.first) {
         filling.Put(
-            PageItem::Kind::Continued, static_cast<qint64>(filling.at.group), group.headingLines);
+            PageItem::Kind::Continued, static_cast<qint64>(filling.at.group), group.continuedLines);
     }
     auto [rows, lines] = RowsThatFit(filling.at.row, end, filling.left);
     // The sum does not stand alone on the next page.
@@ -129,7 +141,7 @@ bool PageMap::PlaceSum(Filling &filling) const
     }
     if (filling.fresh && group.headingLines > 0) {
         filling.Put(
-            PageItem::Kind::Continued, static_cast<qint64>(filling.at.group), group.headingLines);
+            PageItem::Kind::Continued, static_cast<qint64>(filling.at.group), group.continuedLines);
     }
     filling.Put(PageItem::Kind::Sum, static_cast<qint64>(filling.at.group), group.sumLines);
     ++filling.at.group;

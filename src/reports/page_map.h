@@ -13,8 +13,9 @@ struct PageOutline
     {
         qint64 first = 0; // row
         qint64 count = 0; // rows, at least 1
-        int headingLines = 0; // repeated at the top of each page that the group goes on on
+        int headingLines = 0;
         int sumLines = 0;
+        int continuedLines = headingLines; // at the top of each page that the group goes on on
     };
 
     std::vector<Group> groups; // without groups, one of all rows that has no heading
@@ -43,6 +44,9 @@ public:
     static constexpr int kLeastFirstLines = 8;
     static constexpr int kMostRowLines = 12;
 
+    // Leaves the first page to something else: everything begins on the second.
+    void LeaveFirstBlank();
+
     [[nodiscard]] int Count() const { return static_cast<int>(starts.size()); }
 
     // From the top; page 0 is the first.
@@ -61,6 +65,8 @@ private:
         Phase phase = Phase::Heading;
         qint64 row = 0;
     };
+
+    void BreakPages();
 
     struct Filling; // a page on its way to being full
 

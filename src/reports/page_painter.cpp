@@ -14,6 +14,14 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(ReportPage)
 };
 
+constexpr double kLogoHeight = 420;
+constexpr double kOrganisationLine = 150;
+
+TextLook Faint(Style style, Qt::AlignmentFlag side = Qt::AlignLeft)
+{
+    return {style, paper::kFaint, side};
+}
+
 } // namespace
 
 QString ContinuedTitle(const QString &title)
@@ -21,21 +29,53 @@ QString ContinuedTitle(const QString &title)
     return Words::tr("%1 (continued)").arg(title);
 }
 
-PagePainter::PagePainter(const ReportPages &ofPages, QPainter &onPainter, int pageNumber)
+QString CountedRows(const ReportTable &table, qint64 count)
+{
+    LayoutColumn number;
+    number.type = ColumnType::Count;
+    QString noun = table.layout.noun;
+    if (count == 1 && noun.endsWith(u's')) {
+        noun.chop(1);
+    }
+    return DisplayText(number, count) + u' ' + noun;
+}
+
+QString ClosingLabel(const ReportTable &table)
+{
+    const qint64 count = table.rows.Count();
+    if (!table.groups.empty()) {
+        return Words::tr("Grand total, %1").arg(CountedRows(table, count));
+    }
+    return table.IsCut() ? Words::tr("Total of these %1").arg(count)
+                         : Words::tr("Total, %1").arg(CountedRows(table, count));
+}
+
+QString AllLabel(const ReportTable &table)
+{
+    return table.IsCut() ? Words::tr("Total of all %1").arg(CountedRows(table, table.allCount))
+                         : QString();
+}
+
+double HeadHeight(const ReportTable &table, qsizetype addressLines)
+{
+    const double texts = kOrganisationLine * (table.setup.organisation.isEmpty() ? 0 : 1)
+        + paper::kHeadingLine * static_cast<double>(addressLines);
+    return std::max(texts, table.setup.logo.isNull() ? 0 : kLogoHeight) + 160;
+}
+
+PagePainter::PagePainter(const ReportPages &ofPages, Canvas &onCanvas, int pageNumber)
     : pages(ofPages)
     , table(*ofPages.table)
-    , painter(onPainter)
+    , canvas(onCanvas)
     , page(pageNumber)
     , width(ofPages.Size().width() * 10)
     , height(ofPages.Size().height() * 10)
 { }
 
-void PagePainter::Paint(double scale)
+void PagePainter::Paint()
 {
-    painter.save();
-    painter.scale(scale, scale);
-    painter.setRenderHint(QPainter::Antialiasing);
     if (page == 0) {
+        PaintHead();
         PaintFirstHeading();
         PaintChart();
     } else {
@@ -43,7 +83,195 @@ void PagePainter::Paint(double scale)
     }
     if (table.IsEmpty()) {
         PaintEmpty();
+    } else if (page == 0 && pages.HasSummary()) {
+        PaintSummary();
+    } else {
+        PaintItems();
     }
+    PaintFooter();
+}
+
+QRectF PagePainter::Line(double lineHeight) const
+{
+    return {paper::kMargin, top, width - 2 * paper::kMargin, lineHeight};
+}
+
+void PagePainter::Rule(double thickness, const QColor &colour, double length)
+{
+    canvas.Line({paper::kMargin, top}, {paper::kMargin + length, top}, thickness, colour);
+}
+
+void PagePainter::PaintHead()
+{
+    const PageSetup &setup = table.setup;
+    if (!setup.HasHead()) {
+        return;
+    }
+    const QStringList address = pages.AddressLines();
+    const double below = top + HeadHeight(table, address.size());
+    QRectF line = Line(kOrganisationLine);
+    if (!setup.logo.isNull()) {
+        const QSizeF shown =
+            QSizeF(setup.logo.size()).scaled(line.width() / 3, kLogoHeight, Qt::KeepAspectRatio);
+        canvas.Picture({QPointF(line.right() - shown.width(), top), shown}, setup.logo);
+        line.setRight(line.right() - shown.width() - 120);
+    }
+    canvas.Write(line, setup.organisation, {.style = Style::Strong});
+    if (!setup.organisation.isEmpty()) {
+        line.translate(0, kOrganisationLine);
+    }
+    line.setHeight(paper::kHeadingLine);
+    for (const QString &text : address) {
+        canvas.Write(line, text, Faint(Style::Period));
+        line.translate(0, paper::kHeadingLine);
+    }
+    top = below;
+}
+
+void PagePainter::PaintFirstHeading()
+{
+    const double ends = top + pages.FirstHeadingHeight()
+        - (table.setup.HasHead() ? HeadHeight(table, pages.AddressLines().size()) : 0);
+    canvas.WriteWhole(
+        Line(260), table.layout.title, {.style = Style::Title, .colour = paper::kAccent});
+    top += 270;
+    QRectF line = Line(140);
+    const QString made = table.made.toString(u"yyyy-MM-dd HH:mm:ss"_s);
+    if (!table.period.isEmpty()) {
+        canvas.WriteWhole(line.adjusted(0, 0, -line.width() * 0.3, 0),
+                          Words::tr("Period: %1").arg(table.period),
+                          {.style = Style::Period});
+    }
+    canvas.Write(line, Words::tr("Made %1").arg(made), Faint(Style::Period, Qt::AlignRight));
+    top += 150;
+    const QString filter =
+        Words::tr("Filter: %1")
+            .arg(
+                OneLine(table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter));
+    line = Line(paper::kHeadingLine);
+    canvas.Say(line.adjusted(0, 0, 0, line.height()), filter, {.style = Style::Period});
+    QStringList lines = paper::Wrapped(filter, Style::Period, line.width(), 2);
+    for (const QString &text : std::as_const(lines)) {
+        canvas.Draw(line, text, {.style = Style::Period});
+        line.translate(0, paper::kHeadingLine);
+    }
+    lines = pages.NoteLines();
+    if (!lines.isEmpty()) {
+        canvas.Say(line, table.layout.note, Faint(Style::Period));
+    }
+    for (const QString &text : std::as_const(lines)) {
+        canvas.Draw(line, text, Faint(Style::Period));
+        line.translate(0, paper::kHeadingLine);
+    }
+    top = ends - 60;
+    Rule(14, paper::kAccent, line.width());
+    top = ends;
+}
+
+void PagePainter::PaintOtherHeading()
+{
+    const QRectF line = Line(150);
+    canvas.Write(
+        line.adjusted(0, 0, -line.width() / 2, 0), table.layout.title, Faint(Style::Heading));
+    canvas.WriteWhole(line.adjusted(line.width() / 2, 0, 0, 0),
+                      table.period,
+                      Faint(Style::Small, Qt::AlignRight));
+    top += paper::kOtherHeading - 60;
+    Rule(6, paper::kRule, line.width());
+    top += 60;
+}
+
+void PagePainter::PaintChart()
+{
+    const double room = pages.ChartRoom();
+    if (room > 0) {
+        PaintReportChart(canvas, Line(room - 160), table.chart);
+        top += room;
+    }
+}
+
+// What the report comes to, and its largest groups with their pages, or its largest rows.
+void PagePainter::PaintSummary()
+{
+    constexpr int kMost = 10;
+    constexpr int kOtherLines = 6; // the title, the closing lines and what stands between
+    const int room = std::clamp(pages.LinesBelow(top - paper::kMargin) - kOtherLines, 0, kMost);
+    const bool hasGroups = !table.groups.empty();
+    canvas.Write(Line(paper::kLine),
+                 Words::tr("Summary"),
+                 {.style = Style::Strong, .colour = paper::kAccent});
+    top += 1.5 * paper::kLine;
+    if (!hasGroups || table.HasTotals()) {
+        PaintColumnHeadings(hasGroups);
+    }
+    const int shown = hasGroups ? PaintLargestGroups(room) : PaintLargestRows(room);
+    const qint64 all = hasGroups ? static_cast<qint64>(table.groups.size()) : table.rows.Count();
+    if (shown > 0 && all > shown) {
+        LayoutColumn number;
+        number.type = ColumnType::Count;
+        canvas.Write(Line(paper::kLine).adjusted(paper::kCellPadding, 0, 0, 0),
+                     Words::tr("These are the largest of %1.").arg(DisplayText(number, all)),
+                     Faint(Style::Small));
+        top += paper::kLine;
+    }
+    PaintClosing();
+}
+
+int PagePainter::PaintLargestGroups(int most)
+{
+    const auto groups = pages.LargestGroups(static_cast<size_t>(most));
+    for (const size_t group : groups) {
+        const ReportGroup &told = table.groups[group];
+        const QString name = table.HasTotals()
+            ? GroupTitle(table, told)
+            : Words::tr("%1: %2").arg(GroupTitle(table, told), CountedRows(table, told.count));
+        PaintSums(Words::tr("page %1: %2").arg(pages.PageOfGroup(group) + 1).arg(name),
+                  told.totals,
+                  Style::Text);
+        top += paper::kLine;
+        Rule(3, paper::kRule, pages.plan.width);
+    }
+    return static_cast<int>(groups.size());
+}
+
+int PagePainter::PaintLargestRows(int most)
+{
+    int painted = 0;
+    for (const qint64 number : table.largestRows) {
+        if (painted == most) {
+            break;
+        }
+        for (const CellRow &row : table.rows.Read(number, 1)) {
+            for (const PlannedColumn &column : pages.plan.columns) {
+                PaintCell(column, row, 1);
+            }
+            top += paper::kLine;
+            Rule(3, paper::kRule, pages.plan.width);
+            ++painted;
+        }
+    }
+    return painted;
+}
+
+void PagePainter::PaintEmpty()
+{
+    const QRectF box(paper::kMargin, top + 400, width - 2 * paper::kMargin, 900);
+    for (const auto &[from, to] : {std::pair(box.topLeft(), box.topRight()),
+                                   std::pair(box.topRight(), box.bottomRight()),
+                                   std::pair(box.bottomRight(), box.bottomLeft()),
+                                   std::pair(box.bottomLeft(), box.topLeft())}) {
+        canvas.Line(from, to, 8, paper::kRule);
+    }
+    canvas.WriteWhole(box.adjusted(60, 150, -60, -450),
+                      Words::tr("Nothing to report"),
+                      {.style = Style::Title, .side = Qt::AlignHCenter});
+    canvas.WriteWhole(box.adjusted(60, 450, -60, -200),
+                      Words::tr("The database holds no data for this period and filter."),
+                      Faint(Style::Period, Qt::AlignHCenter));
+}
+
+void PagePainter::PaintItems()
+{
     const auto items = pages.map.Page(page);
     for (const PageItem &item : items) {
         if (item.kind == PageItem::Kind::Row) {
@@ -58,129 +286,34 @@ void PagePainter::Paint(double scale)
     for (const PageItem &item : items) {
         PaintItem(item);
     }
-    PaintFooter();
-    painter.restore();
 }
 
-// A text on one line at the middle of its place, cut when it is too long.
-void PagePainter::Write(const QRectF &place, const QString &text, Style style, bool right)
+QRectF PagePainter::CellPlace(const PlannedColumn &column, double cellHeight) const
 {
-    WriteFitting(place, paper::Elided(text, style, place.width()), style, right);
+    return {paper::kMargin + column.left + paper::kCellPadding,
+            top,
+            column.width - 2 * paper::kCellPadding,
+            cellHeight};
 }
 
-void PagePainter::WriteFitting(const QRectF &place, const QString &text, Style style, bool right)
+void PagePainter::PaintColumnHeadings(bool onlyOfSums)
 {
-    if (text.isEmpty()) {
-        return;
-    }
-    const QFontMetricsF &metrics = paper::Metrics(style);
-    painter.setFont(paper::Font(style));
-    const double left = right ? place.right() - metrics.horizontalAdvance(text) : place.left();
-    const double line = place.center().y() + (metrics.ascent() - metrics.descent()) / 2;
-    painter.drawText(QPointF(left, line), text);
-}
-
-void PagePainter::Rule(double thickness, const QColor &colour)
-{
-    painter.setPen(QPen(colour, thickness));
-    painter.drawLine(QPointF(paper::kMargin, top), QPointF(width - paper::kMargin, top));
-    painter.setPen(paper::kInk);
-}
-
-void PagePainter::PaintFirstHeading()
-{
-    const QRectF whole(paper::kMargin, top, width - 2 * paper::kMargin, 260);
-    painter.setPen(paper::kAccent);
-    Write(whole, table.layout.title, Style::Title);
-    painter.setPen(paper::kFaint);
-    const QString made = table.made.toString(u"yyyy-MM-dd HH:mm:ss"_s);
-    Write(QRectF(whole.left(), top + 270, whole.width(), 140),
-          Words::tr("Made %1").arg(made),
-          Style::Period,
-          true);
-    painter.setPen(paper::kInk);
-    const QRectF left(whole.left(), top + 270, whole.width() * 0.7, 140);
-    if (!table.period.isEmpty()) {
-        Write(left, Words::tr("Period: %1").arg(table.period), Style::Period);
-    }
-    const QString filter =
-        table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter;
-    const auto lines = paper::Wrapped(
-        Words::tr("Filter: %1").arg(OneLine(filter)), Style::Period, whole.width(), 2);
-    for (qsizetype line = 0; line < lines.size(); ++line) {
-        Write(QRectF(whole.left(), top + 420 + 130 * static_cast<double>(line), whole.width(), 130),
-              lines.at(line),
-              Style::Period);
-    }
-    top += paper::kFirstHeading - 60;
-    Rule(14, paper::kAccent);
-    top += 60;
-}
-
-void PagePainter::PaintOtherHeading()
-{
-    const QRectF line(paper::kMargin, top, width - 2 * paper::kMargin, 150);
-    painter.setPen(paper::kFaint);
-    Write(line, table.layout.title, Style::Heading);
-    Write(line.adjusted(line.width() / 2, 0, 0, 0), table.period, Style::Small, true);
-    top += paper::kOtherHeading - 60;
-    Rule(6, paper::kRule);
-    top += 60;
-}
-
-void PagePainter::PaintChart()
-{
-    const double chartHeight = pages.ChartHeight();
-    if (chartHeight > 0) {
-        PaintReportChart(painter,
-                         QRectF(paper::kMargin, top, width - 2 * paper::kMargin, chartHeight - 160),
-                         table.chart);
-        top += chartHeight;
-    }
-}
-
-void PagePainter::PaintEmpty()
-{
-    const QRectF box(paper::kMargin, top + 400, width - 2 * paper::kMargin, 900);
-    painter.setPen(QPen(paper::kRule, 8));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(box, 60, 60);
-    painter.setPen(paper::kInk);
-    painter.setFont(paper::Font(Style::Title));
-    painter.drawText(
-        box.adjusted(0, 150, 0, -450), Qt::AlignCenter, Words::tr("Nothing to report"));
-    painter.setPen(paper::kFaint);
-    painter.setFont(paper::Font(Style::Period));
-    painter.drawText(box.adjusted(0, 450, 0, -200),
-                     Qt::AlignCenter,
-                     Words::tr("The database holds no data for this period and filter."));
-}
-
-QRectF PagePainter::CellPlace(const ReportPages::PrintedColumn &column, double cellHeight) const
-{
-    return {
-        column.left + paper::kCellPadding, top, column.width - 2 * paper::kCellPadding, cellHeight};
-}
-
-void PagePainter::PaintColumnHeadings()
-{
-    painter.fillRect(
-        QRectF(paper::kMargin, top, width - 2 * paper::kMargin, paper::kColumnHeading - 30),
-        paper::kBand);
-    for (const auto &column : pages.columns) {
+    constexpr double kBandHeight = paper::kColumnHeading - 30;
+    canvas.Fill({paper::kMargin, top, pages.plan.width, kBandHeight}, paper::kBand);
+    for (const PlannedColumn &column : pages.plan.columns) {
         const LayoutColumn &told = table.layout.columns.at(column.place);
-        const QRectF place = CellPlace(column, paper::kColumnHeading - 30);
-        painter.setPen(paper::kInk);
-        const bool hasUnit = !told.unit.isEmpty();
-        Write(hasUnit ? place.adjusted(0, 20, 0, -110) : place,
-              told.heading,
-              Style::Heading,
-              told.IsNumber());
-        painter.setPen(paper::kFaint);
-        Write(place.adjusted(0, 130, 0, -15), told.unit, Style::Unit, told.IsNumber());
+        if (onlyOfSums && !told.total) {
+            continue;
+        }
+        const QRectF place = CellPlace(column, kBandHeight);
+        const auto side = told.IsNumber() ? Qt::AlignRight : Qt::AlignLeft;
+        const QString unit = ColumnPlan::UnitOf(column, told);
+        canvas.Write(unit.isEmpty() ? place : place.adjusted(0, 20, 0, -110),
+                     told.heading,
+                     {.style = Style::Heading, .side = side});
+        canvas.WriteWhole(place.adjusted(0, 130, 0, -15), unit, Faint(Style::Unit, side));
     }
     top += paper::kColumnHeading;
-    painter.setPen(paper::kInk);
 }
 
 void PagePainter::PaintItem(const PageItem &item)
@@ -188,6 +321,7 @@ void PagePainter::PaintItem(const PageItem &item)
     switch (item.kind) {
     case PageItem::Kind::Heading:
     case PageItem::Kind::Continued:
+        isTinted = false;
         PaintGroupHeading(item);
         break;
     case PageItem::Kind::Row:
@@ -199,7 +333,10 @@ void PagePainter::PaintItem(const PageItem &item)
         break;
     case PageItem::Kind::Sum: {
         const ReportGroup &group = table.groups[static_cast<size_t>(item.index)];
-        PaintSums(Counted(group.count), group.totals, 5);
+        if (HasSumLine(group)) {
+            Rule(5, paper::kInk, pages.plan.width);
+            PaintSums(CountedRows(table, group.count), group.totals, Style::Strong);
+        }
         break;
     }
     case PageItem::Kind::Closing:
@@ -212,105 +349,111 @@ void PagePainter::PaintItem(const PageItem &item)
 // The temporary file has failed, of which RowStore::ReadProblem() tells.
 void PagePainter::PaintUnread()
 {
-    const QRectF line(paper::kMargin, top, width - 2 * paper::kMargin, paper::kLine);
-    Write(line, Words::tr("(this row cannot be read)"), Style::Text);
+    canvas.Write(
+        Line(paper::kLine), Words::tr("(this row cannot be read)"), {.style = Style::Text});
 }
 
 void PagePainter::PaintGroupHeading(const PageItem &item)
 {
-    const QRectF place(paper::kMargin, top, width - 2 * paper::kMargin, paper::kLine * item.lines);
     QString title = GroupTitle(table, table.groups[static_cast<size_t>(item.index)]);
     if (item.kind == PageItem::Kind::Continued) {
         title = ContinuedTitle(title);
     }
-    const double textWidth = place.width() - 2 * paper::kCellPadding;
-    const auto lines = paper::Wrapped(title, Style::Strong, textWidth, kMostHeadingLines);
-    painter.setPen(paper::kAccent);
-    for (qsizetype line = 0; line < lines.size(); ++line) {
-        WriteFitting(QRectF(place.left() + paper::kCellPadding,
-                            top + paper::kLine * static_cast<double>(line),
-                            textWidth,
-                            paper::kLine),
-                     lines.at(line),
-                     Style::Strong,
-                     false);
+    QRectF line = Line(paper::kLine).adjusted(paper::kCellPadding, 0, -paper::kCellPadding, 0);
+    const TextLook look {.style = Style::Strong, .colour = paper::kAccent};
+    canvas.Say(line.adjusted(0, 0, 0, paper::kLine * (item.lines - 1)), title, look);
+    for (const QString &text :
+         paper::Wrapped(title, Style::Strong, line.width(), kMostHeadingLines)) {
+        canvas.Draw(line, text, look);
+        line.translate(0, paper::kLine);
     }
-    painter.setPen(paper::kInk);
 }
 
 void PagePainter::PaintRow(const PageItem &item)
 {
-    const CellRow &row = rows[static_cast<size_t>(item.index - firstRow)];
-    for (const auto &column : pages.columns) {
-        const LayoutColumn &told = table.layout.columns.at(column.place);
-        const QString text = OneLine(DisplayText(told, row[static_cast<size_t>(column.place)]));
-        QRectF place = CellPlace(column, paper::kLine);
-        if (item.lines == 1) {
-            Write(place, text, Style::Text, told.IsNumber());
-            continue;
-        }
-        for (const QString &line : paper::Wrapped(text, Style::Text, place.width(), item.lines)) {
-            WriteFitting(place, line, Style::Text, told.IsNumber());
-            place.translate(0, paper::kLine);
-        }
+    const double high = paper::kLine * item.lines;
+    if (isTinted) {
+        canvas.Fill({paper::kMargin, top, pages.plan.width, high}, paper::kTint);
     }
-    const double below = top + paper::kLine * item.lines;
-    painter.setPen(QPen(paper::kRule, 3));
-    painter.drawLine(QPointF(paper::kMargin, below), QPointF(width - paper::kMargin, below));
-    painter.setPen(paper::kInk);
+    isTinted = !isTinted;
+    const CellRow &row = rows[static_cast<size_t>(item.index - firstRow)];
+    for (const PlannedColumn &column : pages.plan.columns) {
+        PaintCell(column, row, item.lines);
+    }
+    const QPointF below(paper::kMargin, top + high);
+    canvas.Line(below, below + QPointF(pages.plan.width, 0), 3, paper::kRule);
 }
 
-void PagePainter::PaintSums(const QString &label, const CellRow &sums, double ruleWidth)
+void PagePainter::PaintCell(const PlannedColumn &column, const CellRow &row, int lines)
 {
-    Rule(ruleWidth, paper::kInk);
+    const LayoutColumn &told = table.layout.columns.at(column.place);
+    const QString text = ColumnPlan::TextOf(column, told, row[static_cast<size_t>(column.place)]);
+    const TextLook look {.style = Style::Text,
+                         .side = told.IsNumber() ? Qt::AlignRight : Qt::AlignLeft,
+                         .pixels = pages.plan.pixels};
+    QRectF place = CellPlace(column, paper::kLine);
+    if (told.IsNumber()) {
+        canvas.WriteFitting(place, text, look); // the plan has seen to that
+        return;
+    }
+    if (told.type != ColumnType::Text) {
+        canvas.WriteWhole(place, text, look);
+        return;
+    }
+    if (lines == 1) {
+        canvas.Write(place, text, look);
+        return;
+    }
+    canvas.Say(place.adjusted(0, 0, 0, paper::kLine * (lines - 1)), text, look);
+    for (const QString &line :
+         paper::Wrapped(text, look.style, place.width(), lines, look.pixels)) {
+        canvas.Draw(place, line, look);
+        place.translate(0, paper::kLine);
+    }
+}
+
+void PagePainter::PaintSums(const QString &label, const CellRow &sums, Style style)
+{
     double labelEnd = width - paper::kMargin;
-    for (const auto &column : pages.columns) {
-        const Cell &cell = sums[static_cast<size_t>(column.place)];
-        if (cell.index() == 0) {
-            continue;
+    for (const PlannedColumn &column : pages.plan.columns) {
+        if (sums[static_cast<size_t>(column.place)].index() != 0) {
+            labelEnd = std::min(labelEnd, CellPlace(column, 0).left());
         }
-        labelEnd = std::min(labelEnd, column.left);
-        const LayoutColumn &told = table.layout.columns.at(column.place);
-        Write(CellPlace(column, paper::kLine), DisplayText(told, cell), Style::Strong, true);
     }
     const double left = paper::kMargin + paper::kCellPadding;
-    Write(QRectF(left, top, labelEnd - left, paper::kLine), label, Style::Strong);
+    if (labelEnd > left) { // else the first column has a sum itself
+        canvas.Write({left, top, labelEnd - left, paper::kLine},
+                     label,
+                     {.style = style, .pixels = pages.plan.pixels});
+    }
+    for (const PlannedColumn &column : pages.plan.columns) {
+        const Cell &cell = sums[static_cast<size_t>(column.place)];
+        const LayoutColumn &told = table.layout.columns.at(column.place);
+        canvas.WriteWhole(CellPlace(column, paper::kLine),
+                          cell.index() == 0 ? QString() : ColumnPlan::TextOf(column, told, cell),
+                          {.style = style, .side = Qt::AlignRight, .pixels = pages.plan.pixels});
+    }
 }
 
 void PagePainter::PaintClosing()
 {
     top += paper::kLine / 2;
-    const bool cut = table.IsCut();
-    QString label = Words::tr("Total, %1").arg(Counted(table.rows.Count()));
-    if (!table.groups.empty()) {
-        label = Words::tr("Grand total, %1").arg(Counted(table.rows.Count()));
-    } else if (cut) {
-        label = Words::tr("Total of these %1").arg(table.rows.Count());
-    }
-    PaintSums(label, table.totals, 12);
-    if (cut) {
+    Rule(12, paper::kInk, pages.plan.width);
+    PaintSums(ClosingLabel(table), table.totals, Style::Strong);
+    if (table.IsCut()) {
         top += paper::kLine;
-        PaintSums(Words::tr("Total of all %1").arg(Counted(table.allCount)), table.allTotals, 3);
+        Rule(3, paper::kInk, pages.plan.width);
+        PaintSums(AllLabel(table), table.allTotals, Style::Strong);
     }
-}
-
-QString PagePainter::Counted(qint64 count) const
-{
-    LayoutColumn number;
-    number.type = ColumnType::Count;
-    QString noun = table.layout.noun;
-    if (count == 1 && noun.endsWith(u's')) {
-        noun.chop(1);
-    }
-    return DisplayText(number, count) + u' ' + noun;
 }
 
 void PagePainter::PaintFooter()
 {
     top = height - paper::kMargin - 150;
-    Rule(3, paper::kRule);
-    const QRectF line(paper::kMargin, top + 30, width - 2 * paper::kMargin, 120);
-    painter.setPen(paper::kFaint);
-    Write(line, u"Tollbrook Administrator"_s, Style::Small);
-    Write(line, Words::tr("Page %1 of %2").arg(page + 1).arg(pages.Count()), Style::Small, true);
+    Rule(3, paper::kRule, width - 2 * paper::kMargin);
+    top += 30;
+    canvas.Write(Line(120), u"Tollbrook Administrator"_s, Faint(Style::Small));
+    canvas.WriteWhole(Line(120),
+                      Words::tr("Page %1 of %2").arg(page + 1).arg(pages.Count()),
+                      Faint(Style::Small, Qt::AlignRight));
 }

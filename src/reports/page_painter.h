@@ -1,50 +1,68 @@
 // Draws one page of a report; lengths are those of paper.h.
 #pragma once
 
-#include "reports/paper.h"
 #include "reports/report_pages.h"
-
-#include <QPainter>
 
 // What stands above the rows of a group that began on a page before.
 [[nodiscard]] QString ContinuedTitle(const QString &title);
+
+// "3 users"; the number of a table's rows with what they are.
+[[nodiscard]] QString CountedRows(const ReportTable &table, qint64 count);
+
+// What stands before the totals of the rows printed, and of all rows.
+[[nodiscard]] QString ClosingLabel(const ReportTable &table);
+[[nodiscard]] QString AllLabel(const ReportTable &table);
+
+// A group of one row is its own sum.
+[[nodiscard]] inline bool HasSumLine(const ReportGroup &group)
+{
+    return group.count > 1;
+}
+
+// How high the organisation's name, address and logo stand above a report's title.
+[[nodiscard]] double HeadHeight(const ReportTable &table, qsizetype addressLines);
 
 constexpr int kMostHeadingLines = 4;
 
 class PagePainter
 {
 public:
-    PagePainter(const ReportPages &ofPages, QPainter &onPainter, int pageNumber);
+    PagePainter(const ReportPages &ofPages, Canvas &onCanvas, int pageNumber);
 
-    void Paint(double scale);
+    void Paint();
 
 private:
+    void PaintHead();
     void PaintFirstHeading();
     void PaintOtherHeading();
     void PaintChart();
+    void PaintSummary();
+    int PaintLargestGroups(int most);
+    int PaintLargestRows(int most);
     void PaintEmpty();
-    void PaintColumnHeadings();
+    void PaintItems();
+    void PaintColumnHeadings(bool onlyOfSums = false);
     void PaintItem(const PageItem &item);
     void PaintGroupHeading(const PageItem &item);
     void PaintRow(const PageItem &item);
     void PaintUnread();
-    void PaintSums(const QString &label, const CellRow &sums, double ruleWidth);
+    void PaintCell(const PlannedColumn &column, const CellRow &row, int lines);
+    void PaintSums(const QString &label, const CellRow &sums, paper::Style style);
     void PaintClosing();
     void PaintFooter();
 
-    void Write(const QRectF &place, const QString &text, paper::Style style, bool right = false);
-    void WriteFitting(const QRectF &place, const QString &text, paper::Style style, bool right);
-    void Rule(double width, const QColor &colour);
-    [[nodiscard]] QRectF CellPlace(const ReportPages::PrintedColumn &column, double height) const;
-    [[nodiscard]] QString Counted(qint64 count) const;
+    void Rule(double thickness, const QColor &colour, double length);
+    [[nodiscard]] QRectF CellPlace(const PlannedColumn &column, double height) const;
+    [[nodiscard]] QRectF Line(double height) const; // of the page, from `top` on
 
     const ReportPages &pages;
     const ReportTable &table;
-    QPainter &painter;
+    Canvas &canvas;
     int page;
     double width; // of the page
     double height;
     double top = paper::kMargin; // of what is painted next
     std::vector<CellRow> rows; // read ahead, from firstRow
     qint64 firstRow = 0;
+    bool isTinted = false; // the next row
 };

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QTextLayout>
 
-#include <array>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -12,7 +12,14 @@ namespace paper {
 
 namespace {
 
-constexpr int kStyles = 7;
+struct Usual
+{
+    int pixels;
+    bool strong;
+};
+
+constexpr Usual kUsual[] = {
+    {190, true}, {95, false}, {80, true}, {70, false}, {85, false}, {85, true}, {70, false}};
 
 QFont Make(int size, bool strong)
 {
@@ -26,46 +33,55 @@ QFont Make(int size, bool strong)
     return font;
 }
 
-} // namespace
+struct Face
+{
+    QFont font;
+    QFontMetricsF metrics;
+};
 
-const QFont &Font(Style style)
+const Face &FaceOf(Style style, int pixels)
 {
     // One set for each thread: painting on a worker and on the screen share nothing.
-    thread_local const std::array<QFont, kStyles> kFonts {Make(190, true),
-                                                          Make(95, false),
-                                                          Make(80, true),
-                                                          Make(70, false),
-                                                          Make(85, false),
-                                                          Make(85, true),
-                                                          Make(70, false)};
-    return kFonts[static_cast<size_t>(style)];
+    thread_local std::map<std::pair<Style, int>, Face> faces;
+    const auto known = faces.find({style, pixels});
+    if (known != faces.end()) {
+        return known->second;
+    }
+    const Usual &usual = kUsual[static_cast<size_t>(style)];
+    const QFont font = Make(pixels > 0 ? pixels : usual.pixels, usual.strong);
+    return faces.emplace(std::pair(style, pixels), Face {font, QFontMetricsF(font)}).first->second;
 }
 
-const QFontMetricsF &Metrics(Style style)
+} // namespace
+
+const QFont &Font(Style style, int pixels)
 {
-    using enum Style;
-    thread_local const std::array<QFontMetricsF, kStyles> kMetrics {QFontMetricsF(Font(Title)),
-                                                                    QFontMetricsF(Font(Period)),
-                                                                    QFontMetricsF(Font(Heading)),
-                                                                    QFontMetricsF(Font(Unit)),
-                                                                    QFontMetricsF(Font(Text)),
-                                                                    QFontMetricsF(Font(Strong)),
-                                                                    QFontMetricsF(Font(Small))};
-    return kMetrics[static_cast<size_t>(style)];
+    return FaceOf(style, pixels).font;
 }
 
-QString Elided(const QString &text, Style style, double width)
+const QFontMetricsF &Metrics(Style style, int pixels)
 {
-    const QFontMetricsF &metrics = Metrics(style);
+    return FaceOf(style, pixels).metrics;
+}
+
+int SmallerPixels(Style style, int pixels, double share)
+{
+    const int from = pixels > 0 ? pixels : kUsual[static_cast<size_t>(style)].pixels;
+    return std::max(1, static_cast<int>(from * share));
+}
+
+QString Elided(const QString &text, Style style, double width, int pixels)
+{
+    const QFontMetricsF &metrics = Metrics(style, pixels);
     if (static_cast<double>(text.size()) * metrics.height() < width) {
         return text; // no letter is wider than a line is high
     }
     return metrics.elidedText(text, Qt::ElideRight, width);
 }
 
-QStringList Wrapped(const QString &text, Style style, double width, int most)
+QStringList Wrapped(const QString &text, Style style, double width, int most, int pixels)
 {
-    QTextLayout shaped(text, Font(style)); // the whole text is measured once
+    QTextLayout shaped(text, Font(style, pixels)); // the whole text is measured once
     shaped.setTextOption([] {
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -82,7 +98,7 @@ QStringList Wrapped(const QString &text, Style style, double width, int most)
     }
     shaped.endLayout();
     if (start < text.size() || lines.isEmpty()) {
-        lines += Elided(text.mid(start), style, width);
+        lines += Elided(text.mid(start), style, width, pixels);
     }
     return lines;
 }

@@ -1,22 +1,20 @@
 #include "reports/report_pages.h"
 
+#include "reports/chart_painter.h"
 #include "reports/page_painter.h"
-#include "reports/paper.h"
 #include "reports/report_run.h"
 
+#include <QPainter>
+
 #include <algorithm>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kSumLines = 2; // the sum and a blank one behind it
-
-QSizeF UsualSheet(const Layout &layout)
-{
-    const QSizeF standing(paper::kShortSide / 10, paper::kLongSide / 10);
-    return layout.landscape ? standing.transposed() : standing;
-}
+constexpr int kPagesWithoutSummary = 20;
 
 // What surrounds the rows of a page.
 constexpr double kFrame = 2 * paper::kMargin + paper::kColumnHeading + paper::kFooter;
@@ -31,57 +29,101 @@ QSizeF Enlarged(QSizeF sheet)
     return page * std::max({1.0, kLeastWidth / page.width(), kLeastHeight / page.height()});
 }
 
+QSizeF UsualSheet(const ReportTable &table)
+{
+    return table.setup.SheetFor(table.layout.landscape).fullRect(QPageLayout::Point).size();
+}
+
+int HeadingLines(const QString &title, double width)
+{
+    constexpr double kEm = 85 * 1.2; // strong type is wider
+    if (EmsOf(title) * kEm < width) {
+        return 1; // there may be a million of them
+    }
+    return static_cast<int>(
+        paper::Wrapped(title, paper::Style::Strong, width, kMostHeadingLines).size());
+}
+
+// What stands before the first sum of a line of sums, at its longest.
+QStringList Leads(const ReportTable &table)
+{
+    QStringList leads = {ClosingLabel(table), AllLabel(table)};
+    qint64 most = 0;
+    for (const ReportGroup &group : table.groups) {
+        most = std::max(most, group.count);
+    }
+    return leads << CountedRows(table, most);
+}
+
 } // namespace
 
 ReportPages::ReportPages(const ReportTablePtr &ofTable, const RunControl *control)
-    : ReportPages(ofTable, UsualSheet(ofTable->layout), control)
+    : ReportPages(ofTable, UsualSheet(*ofTable), control)
 { }
 
 ReportPages::ReportPages(ReportTablePtr ofTable, QSizeF sheet, const RunControl *control)
     : table(std::move(ofTable))
     , size(Enlarged(sheet))
-    , columns(PrintedColumns())
+    , plan(PlanColumns(*table, Room(), Leads(*table)))
     , map(Outline(control),
-          LinesBelow(paper::kFirstHeading + ChartHeight()),
+          LinesBelow(FirstHeadingHeight() + ChartRoom()),
           LinesBelow(paper::kOtherHeading))
-{ }
-
-std::vector<ReportPages::PrintedColumn> ReportPages::PrintedColumns() const
+    , hasSummary(map.Count() > kPagesWithoutSummary)
 {
-    const Layout &layout = table->layout;
-    double whole = 0;
-    const auto places = layout.PrintedColumns();
-    for (const int place : places) {
-        whole += layout.columns.at(place).width;
+    if (hasSummary) {
+        map.LeaveFirstBlank();
     }
-    const double share = (size.width() - 2 * paper::kMargin) / whole;
-    std::vector<PrintedColumn> printed;
-    double left = paper::kMargin;
-    for (const int place : places) {
-        printed.push_back({place, left, layout.columns.at(place).width * share});
-        left += printed.back().width;
-    }
-    return printed;
 }
 
-double ReportPages::ChartHeight() const
+QPageLayout ReportPages::Sheet() const
 {
-    if (table->chart.panels.empty()) {
-        return 0;
+    return table->setup.SheetFor(table->layout.landscape);
+}
+
+int ReportPages::PageOfGroup(size_t group) const
+{
+    return map.PageOfRow(table->groups[group].first);
+}
+
+double ReportPages::TopOfGroup(size_t group) const
+{
+    const int page = PageOfGroup(group);
+    double top = paper::kMargin + paper::kColumnHeading
+        + (page == 0 ? FirstHeadingHeight() + ChartRoom() : paper::kOtherHeading);
+    for (const PageItem &item : map.Page(page)) {
+        if (item.kind == PageItem::Kind::Heading && item.index == static_cast<qint64>(group)) {
+            break;
+        }
+        top += paper::kLine * item.lines;
     }
-    switch (table->chart.kind) {
-    case ChartKind::Bars:
-        return 420.0 + 220.0 * static_cast<double>(table->chart.labels.size());
-    case ChartKind::Days:
-        return 2300;
-    case ChartKind::DaysOfEach: {
-        const size_t lines = (table->chart.panels.size() + 1) / 2;
-        return 420.0 + 770.0 * static_cast<double>(lines);
-    }
-    case ChartKind::None:
-        break;
-    }
-    return 0;
+    return top / 10;
+}
+
+// On low sheets a chart is made lower, and stands alone on the first page.
+double ReportPages::ChartRoom() const
+{
+    const double room = size.height() - 2 * paper::kMargin - paper::kFooter - FirstHeadingHeight();
+    return std::min(ChartHeight(table->chart), room);
+}
+
+QStringList ReportPages::AddressLines() const
+{
+    constexpr int kMostLines = 5;
+    return table->setup.address.split(u'\n', Qt::SkipEmptyParts).mid(0, kMostLines);
+}
+
+QStringList ReportPages::NoteLines() const
+{
+    constexpr int kMostLines = 4;
+    return table->layout.note.isEmpty()
+        ? QStringList()
+        : paper::Wrapped(table->layout.note, paper::Style::Period, Room(), kMostLines);
+}
+
+double ReportPages::FirstHeadingHeight() const
+{
+    return paper::kFirstHeading + paper::kHeadingLine * static_cast<double>(NoteLines().size())
+        + (table->setup.HasHead() ? HeadHeight(*table, AddressLines().size()) : 0);
 }
 
 int ReportPages::LinesBelow(double headingHeight) const
@@ -92,36 +134,54 @@ int ReportPages::LinesBelow(double headingHeight) const
 int ReportPages::RowLines(const CellRow &row) const
 {
     qsizetype lines = 1;
-    for (const PrintedColumn &column : columns) {
+    for (const PlannedColumn &column : plan.columns) {
         if (const auto *text = std::get_if<QString>(&row[static_cast<size_t>(column.place)])) {
             const double width = column.width - 2 * paper::kCellPadding;
             lines = std::max(
                 lines,
-                paper::Wrapped(OneLine(*text), paper::Style::Text, width, PageMap::kMostRowLines)
+                paper::Wrapped(
+                    OneLine(*text), paper::Style::Text, width, PageMap::kMostRowLines, plan.pixels)
                     .size());
         }
     }
     return static_cast<int>(lines);
 }
 
+// How many times the least width of its column each column of texts has at least.
+double ReportPages::RoomForTexts() const
+{
+    double room = std::numeric_limits<double>::max();
+    for (const PlannedColumn &column : plan.columns) {
+        if (table->layout.columns.at(column.place).type == ColumnType::Text) {
+            const double ems = (column.width - 2 * paper::kCellPadding) / plan.pixels;
+            room = std::min(room, ems / LeastEms(table->layout, column.place));
+        }
+    }
+    return room;
+}
+
 PageOutline ReportPages::Outline(const RunControl *control) const
 {
-    const double width = size.width() - 2 * paper::kMargin - 2 * paper::kCellPadding;
+    const double width = Room() - 2 * paper::kCellPadding;
     PageOutline outline;
     for (const ReportGroup &group : table->groups) {
-        const auto heading = paper::Wrapped(ContinuedTitle(GroupTitle(*table, group)),
-                                            paper::Style::Strong,
-                                            width,
-                                            kMostHeadingLines);
-        outline.groups.push_back(
-            {group.first, group.count, static_cast<int>(heading.size()), kSumLines});
+        const QString title = GroupTitle(*table, group);
+        outline.groups.push_back({group.first,
+                                  group.count,
+                                  HeadingLines(title, width),
+                                  HasSumLine(group) ? kSumLines : kSumLines - 1,
+                                  HeadingLines(ContinuedTitle(title), width)});
     }
     if (table->groups.empty() && !table->IsEmpty()) {
         outline.groups.push_back({0, table->rows.Count(), 0, 0});
     }
-    for (const qint64 row : table->longRows) {
+    const auto room = static_cast<float>(RoomForTexts());
+    for (const auto &[row, need] : table->longRows) {
         if (control != nullptr && control->IsCancelled()) {
             break;
+        }
+        if (need <= room) {
+            continue;
         }
         for (const CellRow &read : table->rows.Read(row, 1)) {
             if (const int lines = RowLines(read); lines > 1) {
@@ -133,45 +193,82 @@ PageOutline ReportPages::Outline(const RunControl *control) const
     return outline;
 }
 
+std::vector<size_t> ReportPages::LargestGroups(size_t most) const
+{
+    const auto &columns = table->layout.columns;
+    const auto summed =
+        std::find_if(plan.columns.begin(), plan.columns.end(), [&](const PlannedColumn &column) {
+            return columns.at(column.place).total;
+        });
+    const auto sizeOf = [&](size_t group) {
+        const ReportGroup &told = table->groups[group];
+        return summed == plan.columns.end()
+            ? static_cast<double>(told.count)
+            : NumberIn(told.totals[static_cast<size_t>(summed->place)]);
+    };
+    std::vector<size_t> groups(table->groups.size());
+    std::iota(groups.begin(), groups.end(), size_t {0});
+    const auto end = groups.begin() + static_cast<qsizetype>(std::min(most, groups.size()));
+    std::partial_sort(groups.begin(), end, groups.end(), [&](size_t one, size_t other) {
+        return sizeOf(one) != sizeOf(other) ? sizeOf(one) > sizeOf(other) : one < other;
+    });
+    groups.erase(end, groups.end());
+    return groups;
+}
+
 void ReportPages::Paint(QPainter &painter, int page, double pixelsPerPoint) const
 {
-    PagePainter(*this, painter, page).Paint(pixelsPerPoint / 10);
+    painter.save();
+    painter.scale(pixelsPerPoint / 10, pixelsPerPoint / 10);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PainterCanvas canvas(painter);
+    PagePainter(*this, canvas, page).Paint();
+    painter.restore();
 }
 
-int ReportPages::FindText(const QString &text, int page, const RunControl *control) const
+std::vector<PlacedText> ReportPages::Texts(int page) const
 {
-    for (int now = page; now < Count() && (control == nullptr || !control->IsCancelled()); ++now) {
-        if (PageText(now).contains(text, Qt::CaseInsensitive)) {
-            return now;
-        }
-    }
-    return -1;
-}
-
-QString ReportPages::RowText(const CellRow &row) const
-{
-    QString text;
-    for (const PrintedColumn &column : columns) {
-        text += u'\n'
-            + OneLine(DisplayText(table->layout.columns.at(column.place),
-                                  row[static_cast<size_t>(column.place)]));
-    }
-    return text;
+    TextCanvas canvas;
+    PagePainter(*this, canvas, page).Paint();
+    return std::move(canvas.texts);
 }
 
 QString ReportPages::PageText(int page) const
 {
-    QString text = page == 0 ? table->layout.title + u'\n' + table->period + u'\n' + table->filter
-            + u'\n' + table->chart.labels.join(u'\n')
-                             : QString();
-    for (const PageItem &item : map.Page(page)) {
-        if (item.kind == PageItem::Kind::Row) {
-            for (const CellRow &row : table->rows.Read(item.index, 1)) {
-                text += RowText(row);
+    QString words;
+    double line = -1;
+    for (const PlacedText &text : Texts(page)) {
+        const double top = text.place.center().y();
+        const bool goesOn = std::abs(top - line) < 1;
+        words += (words.isEmpty() ? QString() : goesOn ? u"\t"_s : u"\n"_s) + text.text;
+        line = top;
+    }
+    return words;
+}
+
+std::optional<PageHit> ReportPages::FindText(const QString &text,
+                                             int from,
+                                             const std::optional<PageHit> &after,
+                                             const RunControl *control) const
+{
+    // The page on which it begins is looked at twice: behind the last hit, and in the end before it.
+    for (int step = 0; step <= Count() && (control == nullptr || !control->IsCancelled()); ++step) {
+        const int page = (from + step) % Count();
+        const auto texts = Texts(page);
+        const bool behind = step == 0 && after && after->page == page;
+        for (size_t place = behind ? static_cast<size_t>(after->text) : 0; place < texts.size();
+             ++place) {
+            const bool sameText = behind && static_cast<int>(place) == after->text;
+            const qsizetype letter = texts[place].text.indexOf(
+                text, sameText ? after->letter + 1 : 0, Qt::CaseInsensitive);
+            if (letter >= 0) {
+                const QRectF found = texts[place].PlaceOf(letter, text.size());
+                return PageHit {page,
+                                static_cast<int>(place),
+                                letter,
+                                {found.topLeft() / 10, found.size() / 10}};
             }
-        } else if (item.kind == PageItem::Kind::Heading) {
-            text += u'\n' + GroupTitle(*table, table->groups[static_cast<size_t>(item.index)]);
         }
     }
-    return text;
+    return std::nullopt;
 }

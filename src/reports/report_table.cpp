@@ -2,6 +2,9 @@
 
 #include <QCoreApplication>
 
+#include <array>
+#include <string_view>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -10,6 +13,30 @@ struct Words
 {
     Q_DECLARE_TR_FUNCTIONS(ReportTable)
 };
+
+// Letters of the pages' font in classes of like width, each by its widest.
+double EmsOfLetter(QChar letter)
+{
+    const char16_t code = letter.unicode();
+    if (code < 0x80) {
+        static constexpr auto kAscii = [] {
+            std::array<double, 0x80> ems {};
+            ems.fill(0.65);
+            const auto set = [&](std::string_view letters, double width) {
+                for (const char c : letters) {
+                    ems[static_cast<size_t>(c)] = width;
+                }
+            };
+            set("ijlI.,:;'| ", 0.35);
+            set("frt()[]/\\-!", 0.42);
+            set("ABCDEGHJKNOPQRSTUVXYZ&+<=>~^#w_", 0.85);
+            set("MWm@%", 1.01);
+            return ems;
+        }();
+        return kAscii[code];
+    }
+    return code < 0x250 ? 0.85 : 1.1;
+}
 
 QString Line(const Layout &layout, const CellRow &row)
 {
@@ -30,7 +57,7 @@ QString ChartText(const ReportChart &chart)
         for (size_t point = 0; point < points; ++point) {
             QString label = chart.kind == ChartKind::Bars
                 ? OneLine(chart.labels.at(static_cast<qsizetype>(point)))
-                : chart.firstDay.addDays(static_cast<qint64>(point)).toString(Qt::ISODate);
+                : chart.steps[point].toString(Qt::ISODate);
             for (const auto &values : panel.series) {
                 label += u" | "_s + QString::number(values[point], 'f', chart.decimals);
             }
@@ -42,16 +69,26 @@ QString ChartText(const ReportChart &chart)
 
 } // namespace
 
-qsizetype LineCharacters(const Layout &layout, int column)
+double EmsOf(QStringView text)
 {
-    constexpr double kLineCharacters = 85; // of a wide text on a portrait page
+    double ems = 0;
+    for (const QChar letter : text) {
+        ems += EmsOfLetter(letter);
+    }
+    return ems;
+}
+
+double LeastEms(const Layout &layout, int column)
+{
+    constexpr double kEmsOfPage =
+        60; // between the margins of a portrait page, in the size of its texts
+    constexpr double kLeastShare = 0.5; // the rest may go to numbers
     double whole = 0;
-    const auto printed = layout.PrintedColumns();
-    for (const int place : printed) {
+    for (const int place : layout.PrintedColumns()) {
         whole += layout.columns.at(place).width;
     }
-    const double share = printed.contains(column) ? layout.columns.at(column).width / whole : 0;
-    return static_cast<qsizetype>(share * kLineCharacters * (layout.landscape ? 1.4 : 1));
+    const double share = kLeastShare * layout.columns.at(column).width / whole;
+    return std::max(2.0, share * kEmsOfPage * (layout.landscape ? 1.4 : 1) - 1);
 }
 
 bool ReportTable::HasTotals() const

@@ -30,6 +30,20 @@ bool Precedes(const QList<OrderKey> &order, const CellRow &one, const CellRow &o
 
 } // namespace
 
+// Money comes in base units.
+void TableBuilder::Convert(CellRow &row) const
+{
+    if (table.currency.rate == 1) {
+        return;
+    }
+    for (size_t place = 0; place < row.size(); ++place) {
+        if (table.layout.columns.at(static_cast<qsizetype>(place)).isMoney
+            && row[place].index() != 0) {
+            row[place] = NumberIn(row[place]) * table.currency.rate;
+        }
+    }
+}
+
 bool TableBuilder::Build()
 {
     const bool built = table.layout.rows == RowRule::Summed ? BuildSummed() : BuildEach();
@@ -46,27 +60,22 @@ bool TableBuilder::Failed(bool inStore)
 TableBuilder::TableBuilder(ReportTable &toFill, ReportQuery &fromQuery)
     : table(toFill)
     , query(fromQuery)
+    , collector(toFill)
     , totals(toFill.layout.columns)
     , groupTotals(toFill.layout.columns)
-{
-    for (const int place : table.layout.PrintedColumns()) {
-        if (table.layout.columns.at(place).type == ColumnType::Text) {
-            textLimits.emplace_back(static_cast<size_t>(place),
-                                    LineCharacters(table.layout, place));
-        }
-    }
-}
+{ }
 
 bool TableBuilder::Store(const CellRow &row)
 {
-    const bool isLong = std::any_of(textLimits.begin(), textLimits.end(), [&](const auto &limit) {
-        const auto *text = std::get_if<QString>(&row[limit.first]);
-        return text != nullptr && text->size() > limit.second;
-    });
-    if (isLong) {
-        table.longRows.push_back(table.rows.Count());
+    return collector.Store(row) || Failed(true);
+}
+
+// Sums take more room than what they are the sums of.
+void TableBuilder::NoteSums(const CellRow &sums)
+{
+    for (size_t place = 0; place < sums.size(); ++place) {
+        table.reach[place].Take(NumberIn(sums[place]));
     }
-    return table.rows.Append(row) || Failed(true);
 }
 
 bool TableBuilder::BuildSummed()
@@ -93,6 +102,7 @@ bool TableBuilder::BuildSummed()
                 row[static_cast<size_t>(place)] = summed.count;
             }
         }
+        Convert(row);
         Compute(columns, row);
         rows.push_back(std::move(row));
     });
@@ -102,28 +112,50 @@ bool TableBuilder::BuildSummed()
     std::stable_sort(rows.begin(), rows.end(), [&](const CellRow &one, const CellRow &other) {
         return Precedes(table.layout.order, one, other);
     });
-    RowTotals printed(columns);
     RowTotals all(columns);
-    const auto top = table.layout.top > 0 ? static_cast<size_t>(table.layout.top) : rows.size();
-    for (size_t place = 0; place < rows.size(); ++place) {
-        all.Add(rows[place]);
-        if (place < top) {
-            printed.Add(rows[place]);
-            if (!Store(rows[place])) {
-                return false;
-            }
-        }
+    for (const CellRow &row : rows) {
+        all.Add(row);
     }
     table.allCount = static_cast<qint64>(rows.size());
     table.allTotals = all.Cells();
+    if (table.layout.top > 0 && rows.size() > static_cast<size_t>(table.layout.top)) {
+        rows.resize(static_cast<size_t>(table.layout.top));
+    }
+    RowTotals printed(columns);
+    for (size_t place = 0; place < rows.size(); ++place) {
+        Rate(rows[place], static_cast<qint64>(place) + 1);
+        printed.Add(rows[place]);
+        if (!Store(rows[place])) {
+            return false;
+        }
+    }
+    Rate(table.allTotals, 0);
     table.totals = printed.Cells();
+    NoteSums(table.totals);
+    NoteSums(table.allTotals);
     return true;
+}
+
+// Fills in a row's rank, and its shares of all rows; rank 0 is that of a sum, which has none.
+void TableBuilder::Rate(CellRow &row, qint64 rank) const
+{
+    for (size_t place = 0; place < row.size(); ++place) {
+        const LayoutColumn &column = table.layout.columns.at(static_cast<qsizetype>(place));
+        if (column.type == ColumnType::Rank) {
+            row[place] = rank > 0 ? Cell(rank) : Cell();
+        } else if (column.type == ColumnType::Share) {
+            const auto of = static_cast<size_t>(column.of);
+            const double whole = NumberIn(table.allTotals[of]);
+            row[place] = whole != 0 ? Cell(100 * NumberIn(row[of]) / whole) : Cell();
+        }
+    }
 }
 
 bool TableBuilder::BuildEach()
 {
     const bool grouped = !table.layout.group.isEmpty();
     const bool done = query.Rows([&](CellRow &&row) {
+        Convert(row);
         return grouped && !query.IsSummedByDatabase() ? Collect(row) : TakeInOrder(row);
     });
     if (!done || !Regroup()) {
@@ -133,6 +165,7 @@ bool TableBuilder::BuildEach()
     table.allCount = table.rows.Count();
     table.totals = totals.Cells();
     table.allTotals = table.totals;
+    NoteSums(table.totals);
     return true;
 }
 
@@ -157,6 +190,7 @@ void TableBuilder::FinishGroup()
 {
     if (!table.groups.empty()) {
         table.groups.back().totals = groupTotals.Cells();
+        NoteSums(table.groups.back().totals);
     }
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "reports/report_query.h"
-#include "reports/report_table.h"
+#include "reports/row_collector.h"
 
 #include <map>
 
@@ -18,9 +18,12 @@ public:
 private:
     [[nodiscard]] bool BuildSummed();
     [[nodiscard]] bool BuildEach();
+    void Convert(CellRow &row) const;
+    void Rate(CellRow &row, qint64 rank) const;
     [[nodiscard]] bool Store(const CellRow &row);
     [[nodiscard]] bool TakeInOrder(const CellRow &row);
     void FinishGroup();
+    void NoteSums(const CellRow &sums);
     [[nodiscard]] bool Collect(const CellRow &row);
     [[nodiscard]] bool FailedToCollect();
     [[nodiscard]] bool Regroup();
@@ -28,8 +31,7 @@ private:
 
     ReportTable &table;
     ReportQuery &query;
-    std::vector<std::pair<size_t, qsizetype>>
-        textLimits; // printed columns of texts, characters of a line
+    RowCollector collector;
     RowTotals totals;
     RowTotals groupTotals; // of the last group
     RowStore collected; // rows as they came, where the database did not sort them

@@ -1,6 +1,6 @@
 #include "reports/user_table.h"
 
-#include <algorithm>
+#include "reports/row_collector.h"
 
 namespace {
 
@@ -31,20 +31,6 @@ CellRow CellsOf(const UserRow &user, const QList<UserTableColumn> &columns)
     return cells;
 }
 
-// A text that is too long for its column takes several lines on paper.
-bool Store(ReportTable &table, const QList<UserTableColumn> &columns, const UserRow &user)
-{
-    const CellRow cells = CellsOf(user, columns);
-    int column = 0;
-    const bool isLong = std::ranges::any_of(cells, [&](const Cell &cell) {
-        return std::get<QString>(cell).size() > LineCharacters(table.layout, column++);
-    });
-    if (isLong) {
-        table.longRows.push_back(table.rows.Count());
-    }
-    return table.rows.Append(cells);
-}
-
 } // namespace
 
 Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
@@ -57,16 +43,20 @@ Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
         return tl::unexpected(uses.error());
     }
     auto table = EmptyTable(columns, head);
+    auto collector = std::make_unique<RowCollector>(*table);
     bool stored = true;
     auto failure = ForEachFoundUser(
         filter,
         order,
-        [&] { table = EmptyTable(columns, head); },
+        [&] {
+            table = EmptyTable(columns, head);
+            collector = std::make_unique<RowCollector>(*table);
+        },
         [&](UserRow user, UserId userId) {
             if (const auto use = uses->constFind(userId); use != uses->constEnd()) {
                 user.use = *use;
             }
-            stored = Store(*table, columns, user);
+            stored = collector->Store(CellsOf(user, columns));
             return stored;
         });
     if (!failure && !(stored && table->rows.Finish())) {

@@ -77,3 +77,9 @@ QString GroupFilterWarning(FilterEffect effect)
         return {};
     }
 }
+
+QString LanguageOfTexts()
+{
+    //: The two letters that stand for the language of these texts
+    return Words::tr("en");
+}

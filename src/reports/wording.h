@@ -14,3 +14,6 @@
 // chosen. Empty when it is not.
 [[nodiscard]] QString UserFilterWarning(FilterEffect effect);
 [[nodiscard]] QString GroupFilterWarning(FilterEffect effect);
+
+// The two letters that stand for the language of the reports' texts, "en".
+[[nodiscard]] QString LanguageOfTexts();

@@ -88,6 +88,17 @@ TEST(PageMap, AGroupThatGoesOnRepeatsItsHeading)
     EXPECT_EQ(map.Page(1).back(), (PageItem {Kind::Sum, 0, 2}));
 }
 
+TEST(PageMap, AContinuedHeadingMayTakeMoreLines)
+{
+    PageOutline outline;
+    outline.groups = {{0, 30, 1, 2, 3}};
+    const PageMap map(outline, 20, 20);
+    ASSERT_EQ(map.Count(), 2);
+    EXPECT_EQ(map.Page(0).front(), (PageItem {Kind::Heading, 0, 1}));
+    EXPECT_EQ(map.Page(0).back(), (PageItem {Kind::Row, 18, 1}));
+    EXPECT_EQ(map.Page(1).front(), (PageItem {Kind::Continued, 0, 3}));
+}
+
 TEST(PageMap, ASumTakesARowAlongToTheNextPage)
 {
     PageOutline outline;

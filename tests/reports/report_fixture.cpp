@@ -118,6 +118,10 @@ ReportRequest RequestFor(const QString &dsn,
     request.query = QueryText(row, period, userClause, groupClause);
     request.connectionText = ReportConnectionText(dsn);
     request.period = PeriodInWords(period);
+    if (period.choice != PeriodChoice::All) {
+        request.firstDay = ExistingDate(period.from);
+        request.lastDay = ExistingDate(period.to);
+    }
     request.made = QDateTime(QDate(2026, 11, 21), QTime(9, 30));
     return request;
 }

@@ -29,9 +29,9 @@ constexpr const char *kFileNames[] = {
     "print",          "save",
     "network",        "tariff",
     "protocols",      "binding",
-    "calendar",
+    "calendar",       "page-setup",
 };
-static_assert(std::size(kFileNames) == static_cast<size_t>(Picture::Calendar) + 1);
+static_assert(std::size(kFileNames) == static_cast<size_t>(Picture::PageSetup) + 1);
 
 // In a selected row: the picture's own file for that, else the same untinted, since a style would
 // blend it with the highlight.

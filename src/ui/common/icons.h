@@ -43,6 +43,7 @@ enum class Picture {
     Protocols,
     Binding,
     Calendar,
+    PageSetup,
 };
 
 // Loaded once and shared; cheap to call for every cell.

@@ -6,28 +6,34 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QListWidget>
+#include <QLineEdit>
+#include <QListView>
 #include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent) : Dialog(parent), of(what)
+ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent)
+    : Dialog(parent)
+    , of(what)
+    , taken(NameList::Make(this, "taken", tr("Search those chosen")))
+    , left(NameList::Make(this, "left", tr("Search the others")))
 {
     const bool ofUsers = what == Of::Users;
     setWindowTitle(ofUsers ? tr("Users to report on") : tr("Groups to report on"));
-    taken = MakeList("taken");
-    left = MakeList("left");
     auto *take = MakeButton<QPushButton>(tr("< &Add"), "take");
     auto *takeAll = MakeButton<QPushButton>(tr("<< Add a&ll"), "takeAll");
     auto *drop = MakeButton<QPushButton>(tr("&Remove >"), "drop");
     auto *dropAll = MakeButton<QPushButton>(tr("R&emove all >>"), "dropAll");
-    connect(take, &QPushButton::clicked, this, [this] { Move(*left, *taken); });
-    connect(takeAll, &QPushButton::clicked, this, [this] { MoveAll(*left, *taken); });
-    connect(drop, &QPushButton::clicked, this, [this] { Move(*taken, *left); });
-    connect(dropAll, &QPushButton::clicked, this, [this] { MoveAll(*taken, *left); });
-    MoveWhenChosen(*left, *taken);
-    MoveWhenChosen(*taken, *left);
+    connect(take, &QPushButton::clicked, this, [this] { left.MoveChosenTo(taken); });
+    connect(takeAll, &QPushButton::clicked, this, [this] { left.MoveShownTo(taken); });
+    connect(drop, &QPushButton::clicked, this, [this] { taken.MoveChosenTo(left); });
+    connect(dropAll, &QPushButton::clicked, this, [this] { taken.MoveShownTo(left); });
+    for (auto *button : {takeAll, dropAll}) {
+        button->setToolTip(tr("With a search only those that it finds"));
+    }
+    MoveWhenChosen(left, taken);
+    MoveWhenChosen(taken, left);
     auto *buttons = new QVBoxLayout;
     buttons->addStretch();
     for (auto *button : {take, takeAll, drop, dropAll}) {
@@ -38,84 +44,50 @@ ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent) : Dialog(parent
     auto *grid = new QGridLayout(this);
     const QString these = ofUsers ? tr("Report on &these users:") : tr("Report on &these groups:");
     const QString others = ofUsers ? tr("&Other users:") : tr("&Other groups:");
-    grid->addWidget(LabelFor(these, *taken), 0, 0);
-    grid->addWidget(LabelFor(others, *left), 0, 2);
-    grid->addWidget(taken, 1, 0);
-    grid->addLayout(buttons, 1, 1);
-    grid->addWidget(left, 1, 2);
+    grid->addWidget(LabelFor(these, *taken.view), 0, 0);
+    grid->addWidget(LabelFor(others, *left.view), 0, 2);
+    grid->addWidget(taken.search, 1, 0);
+    grid->addWidget(left.search, 1, 2);
+    grid->addWidget(taken.view, 2, 0);
+    grid->addLayout(buttons, 2, 1);
+    grid->addWidget(left.view, 2, 2);
     auto *note = new QLabel(tr("With none or all of them chosen the report is made on everybody."));
     note->setWordWrap(true);
-    grid->addWidget(note, 2, 0, 1, 3);
+    grid->addWidget(note, 3, 0, 1, 3);
     warning = new QLabel;
     warning->setObjectName(u"warning"_s);
     warning->setWordWrap(true);
     warning->setMinimumHeight(2 * fontMetrics().lineSpacing()); // so that nothing moves as it comes
-    grid->addWidget(warning, 3, 0, 1, 3);
-    grid->addWidget(OkAndCancel(*this), 4, 0, 1, 3);
-    for (const auto *list : {taken, left}) {
-        connect(list->model(),
-                &QAbstractItemModel::rowsInserted,
-                this,
-                &ReportFilterDialog::ShowWarning);
+    grid->addWidget(warning, 4, 0, 1, 3);
+    grid->addWidget(OkAndCancel(*this), 5, 0, 1, 3);
+    for (const NameList *list : {&taken, &left}) {
+        connect(list->model, &NameModel::modelReset, this, &ReportFilterDialog::ShowWarning);
     }
     resize(560, 460);
 }
 
-// A name is put into one list after it was taken from the other: then the two are complete.
+// What is put into one list was taken from the other before: then the two are complete.
 void ReportFilterDialog::ShowWarning()
 {
-    warning->setText(of == Of::Users
-                         ? UserFilterWarning(UserFilterEffect(taken->count(), left->count()))
-                         : GroupFilterWarning(GroupFilterEffect(taken->count(), left->count())));
+    const auto those = static_cast<qsizetype>(taken.model->Names().size());
+    const auto others = static_cast<qsizetype>(left.model->Names().size());
+    warning->setText(of == Of::Users ? UserFilterWarning(UserFilterEffect(those, others))
+                                     : GroupFilterWarning(GroupFilterEffect(those, others)));
 }
 
-void ReportFilterDialog::Add(QListWidget &list, const QString &name, quint32 id)
+QString ReportFilterDialog::ShownName(const QString &name)
 {
-    auto *item = new QListWidgetItem(name.isEmpty() ? tr("(no name)") : name, &list);
-    item->setData(Qt::UserRole, id);
-}
-
-QList<quint32> ReportFilterDialog::NumbersIn(const QListWidget &list)
-{
-    QList<quint32> numbers;
-    for (int row = 0; row < list.count(); ++row) {
-        numbers += list.item(row)->data(Qt::UserRole).toUInt();
-    }
-    return numbers;
-}
-
-QListWidget *ReportFilterDialog::MakeList(const char *name)
-{
-    auto *list = new QListWidget;
-    list->setObjectName(QLatin1StringView(name));
-    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    list->setUniformItemSizes(true);
-    return list;
+    return name.isEmpty() ? tr("(no name)") : name;
 }
 
 // By a double click, or by Return: as a shortcut it does not press the dialog's button besides.
-void ReportFilterDialog::MoveWhenChosen(QListWidget &from, QListWidget &to)
+void ReportFilterDialog::MoveWhenChosen(NameList &from, NameList &to)
 {
-    const auto move = [&from, &to] { Move(from, to); };
-    connect(&from, &QListWidget::itemDoubleClicked, this, move);
+    const auto move = [&from, &to] { from.MoveChosenTo(to); };
+    connect(from.view, &QListView::doubleClicked, this, move);
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *shortcut = new QShortcut(key, &from);
+        auto *shortcut = new QShortcut(key, from.view);
         shortcut->setContext(Qt::WidgetShortcut);
         connect(shortcut, &QShortcut::activated, this, move);
     }
-}
-
-void ReportFilterDialog::Move(QListWidget &from, QListWidget &to)
-{
-    for (QListWidgetItem *item : from.selectedItems()) {
-        to.addItem(from.takeItem(from.row(item)));
-    }
-}
-
-void ReportFilterDialog::MoveAll(QListWidget &from, QListWidget &to)
-{
-    while (from.count() > 0) {
-        to.addItem(from.takeItem(from.count() - 1));
-    }
-    to.sortItems();
 }

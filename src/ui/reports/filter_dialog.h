@@ -3,10 +3,9 @@
 
 #include "reports/filter_choices.h"
 #include "ui/common/dialog.h"
+#include "ui/reports/name_list.h"
 
 #include <QSet>
-
-class QListWidget;
 
 class ReportFilterDialog : public Dialog
 {
@@ -22,40 +21,40 @@ public:
     void Offer(const std::vector<Named<IdType>> &offered, const ReportFilter<IdType> &filter)
     {
         const QSet<IdType> wanted(filter.taken.begin(), filter.taken.end());
+        std::vector<ListedName> those;
+        std::vector<ListedName> others;
         for (const auto &[id, name] : offered) {
-            Add(wanted.contains(id) ? *taken : *left, name, id.value);
+            (wanted.contains(id) ? those : others).push_back({id.value, ShownName(name)});
         }
+        taken.model->SetNames(std::move(those));
+        left.model->SetNames(std::move(others));
     }
 
     // The two lists as they stand, in their order; with the kind of ids that were offered.
     template <typename IdType>
     [[nodiscard]] ReportFilter<IdType> Filter() const
     {
-        return {IdsIn<IdType>(*taken), IdsIn<IdType>(*left)};
+        return {IdsIn<IdType>(taken), IdsIn<IdType>(left)};
     }
 
 private:
-    static void Add(QListWidget &list, const QString &name, quint32 id);
-    [[nodiscard]] static QList<quint32> NumbersIn(const QListWidget &list);
+    [[nodiscard]] static QString ShownName(const QString &name);
 
     template <typename IdType>
-    [[nodiscard]] static QList<IdType> IdsIn(const QListWidget &list)
+    [[nodiscard]] static QList<IdType> IdsIn(const NameList &list)
     {
         QList<IdType> ids;
-        for (const quint32 number : NumbersIn(list)) {
-            ids += IdType {number};
+        for (const ListedName &listed : list.model->Names()) {
+            ids += IdType {listed.id};
         }
         return ids;
     }
 
-    [[nodiscard]] QListWidget *MakeList(const char *name);
-    void MoveWhenChosen(QListWidget &from, QListWidget &to);
-    static void Move(QListWidget &from, QListWidget &to);
-    static void MoveAll(QListWidget &from, QListWidget &to);
+    void MoveWhenChosen(NameList &from, NameList &to);
     void ShowWarning();
 
     const Of of;
-    QListWidget *taken;
-    QListWidget *left;
+    NameList taken;
+    NameList left;
     QLabel *warning; // that the report will be on more than was chosen
 };

@@ -1,7 +1,10 @@
 #include "ui/reports/page_view.h"
 
+#include "ui/reports/page_view_accessible.h"
+
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +16,14 @@ constexpr int kPicturesKept = 6;
 constexpr double kLeastZoom = 0.2;
 constexpr double kMostZoom = 4;
 
+// Light enough for the letters below it, and framed for those who do not tell its colour from white.
+void PaintHit(QPainter &painter, const QRectF &place)
+{
+    painter.fillRect(place.adjusted(-2, -1, 2, 1), QColor(0xff, 0xd0, 0x00, 0x70));
+    painter.setPen(QPen(QColor(0xb3, 0x6b, 0x00), 1));
+    painter.drawRect(place.adjusted(-2, -1, 2, 1));
+}
+
 } // namespace
 
 PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent), pictures(kPicturesKept)
@@ -22,24 +33,28 @@ PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent), pictures(kPic
     viewport()->setBackgroundRole(QPalette::Mid);
     viewport()->setAutoFillBackground(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    MakeReadable();
 }
 
 void PageView::SetPages(std::shared_ptr<const ReportPages> newPages)
 {
     pages = std::move(newPages);
     pictures.clear();
+    hit = {};
+    current = 0;
     if (fitsWidth) {
         FitWidth();
     }
     ArrangeBars();
-    verticalScrollBar()->setValue(0);
+    ScrollTo(0);
     viewport()->update();
     emit CurrentPageChanged(0);
+    TellTextChanged(*this);
 }
 
 QSizeF PageView::PageSize() const
 {
-    return pages ? pages->Size() * (zoom * logicalDpiX() / 72.0) : QSizeF();
+    return pages ? pages->Size() * PixelsPerPoint() : QSizeF();
 }
 
 double PageView::Step() const
@@ -47,22 +62,89 @@ double PageView::Step() const
     return PageSize().height() + kGap;
 }
 
-int PageView::CurrentPage() const
+// Of pages that show as much as each other, the first.
+int PageView::PageShownMost() const
 {
-    if (!pages) {
-        return 0;
+    const double top = verticalScrollBar()->value();
+    const double bottom = top + viewport()->height();
+    const int first = std::clamp(static_cast<int>(top / Step()), 0, pages->Count() - 1);
+    int best = first;
+    double most = 0;
+    for (int page = first; page < pages->Count() && page * Step() < bottom; ++page) {
+        const double from = std::max(top, kGap + page * Step());
+        const double to = std::min(bottom, (page + 1) * Step());
+        if (to - from > most + 1) {
+            most = to - from;
+            best = page;
+        }
     }
-    const double middle = verticalScrollBar()->value() + viewport()->height() / 2.0;
-    return std::clamp(static_cast<int>(middle / Step()), 0, pages->Count() - 1);
+    return best;
 }
 
 void PageView::GoTo(int page)
 {
     if (pages) {
         const int wanted = std::clamp(page, 0, pages->Count() - 1);
-        verticalScrollBar()->setValue(static_cast<int>(wanted * Step()));
-        emit CurrentPageChanged(wanted);
+        ScrollTo(wanted);
+        SetCurrent(wanted);
     }
+}
+
+// The last pages of a report cannot stand at the top: they are gone to all the same.
+void PageView::ScrollTo(int page)
+{
+    const QScopedValueRollback going(goesToPage, true);
+    verticalScrollBar()->setValue(static_cast<int>(page * Step()));
+}
+
+void PageView::SetCurrent(int page)
+{
+    if (page != current) {
+        current = page;
+        viewport()->update();
+        emit CurrentPageChanged(page);
+        TellTextChanged(*this);
+    }
+}
+
+void PageView::ShowHit(int page, const QRectF &place)
+{
+    hitPage = page;
+    hit = place;
+    if (!hit.isNull()) {
+        SetCurrent(page);
+        ScrollIntoSight(page, hit);
+    }
+    viewport()->update();
+}
+
+void PageView::ScrollIntoSight(int page, const QRectF &place)
+{
+    const QRectF now = PlaceInView(page, place);
+    const QScopedValueRollback going(goesToPage, true);
+    const QRectF seen = QRectF(viewport()->rect()).adjusted(kGap, kGap, -kGap, -kGap);
+    if (now.top() < seen.top() || now.bottom() > seen.bottom()) {
+        verticalScrollBar()->setValue(
+            static_cast<int>(verticalScrollBar()->value() + now.center().y() - seen.center().y()));
+    }
+    if (now.left() < seen.left() || now.right() > seen.right()) {
+        horizontalScrollBar()->setValue(static_cast<int>(horizontalScrollBar()->value()
+                                                         + now.center().x() - seen.center().x()));
+    }
+}
+
+double PageView::LeftEdge() const
+{
+    const double width = PageSize().width();
+    return width + 2 * kGap <= viewport()->width() ? (viewport()->width() - width) / 2
+                                                   : kGap - horizontalScrollBar()->value();
+}
+
+QRectF PageView::PlaceInView(int page, const QRectF &place) const
+{
+    const double top = kGap + page * Step() - verticalScrollBar()->value();
+    return {QPointF(LeftEdge(), top) + place.topLeft() * PixelsPerPoint(),
+            place.size() * PixelsPerPoint()};
 }
 
 void PageView::SetZoom(double factor)
@@ -82,7 +164,6 @@ void PageView::FitWidth()
 
 void PageView::Rezoom(double factor)
 {
-    const int page = CurrentPage();
     const double wanted = std::clamp(factor, kLeastZoom, kMostZoom);
     if (wanted == zoom) {
         return;
@@ -90,12 +171,14 @@ void PageView::Rezoom(double factor)
     zoom = wanted;
     pictures.clear();
     ArrangeBars();
-    GoTo(page);
+    ScrollTo(current);
     viewport()->update();
 }
 
+// The bars' values may be cut by their new ranges, which turns no page.
 void PageView::ArrangeBars()
 {
+    const QScopedValueRollback going(goesToPage, true);
     const double whole = pages ? pages->Count() * Step() + kGap : 0;
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setSingleStep(40);
@@ -114,7 +197,7 @@ QPixmap PageView::Picture(int page)
     picture.setDevicePixelRatio(devicePixelRatioF());
     picture.fill(Qt::white); // paper is white on a dark desktop too
     QPainter painter(&picture);
-    pages->Paint(painter, page, zoom * logicalDpiX() / 72.0);
+    pages->Paint(painter, page, PixelsPerPoint());
     painter.end();
     pictures.insert(page, new QPixmap(picture));
     return picture;
@@ -126,10 +209,7 @@ void PageView::paintEvent(QPaintEvent *event)
         return;
     }
     QPainter painter(viewport());
-    const double width = PageSize().width();
-    const double left = width + 2 * kGap <= viewport()->width()
-        ? (viewport()->width() - width) / 2
-        : kGap - horizontalScrollBar()->value();
+    const double left = LeftEdge();
     const double scrolled = verticalScrollBar()->value();
     const int first =
         std::max(0, static_cast<int>((scrolled + event->rect().top() - kGap) / Step()));
@@ -139,6 +219,15 @@ void PageView::paintEvent(QPaintEvent *event)
             break;
         }
         painter.drawPixmap(QPointF(left, top), Picture(page));
+        const QRectF place(QPointF(left, top), PageSize());
+        if (page == hitPage && !hit.isNull()) {
+            PaintHit(painter, PlaceInView(page, hit));
+        }
+        // Where several pages show, the one whose number stands in the bar is framed.
+        if (page == current && 2 * Step() <= viewport()->height()) {
+            painter.setPen(QPen(palette().highlight(), 3));
+            painter.drawRect(place.adjusted(-3, -3, 3, 3));
+        }
     }
 }
 
@@ -154,7 +243,9 @@ void PageView::resizeEvent(QResizeEvent *event)
 void PageView::scrollContentsBy(int, int)
 {
     viewport()->update();
-    emit CurrentPageChanged(CurrentPage());
+    if (pages && !goesToPage) {
+        SetCurrent(PageShownMost());
+    }
 }
 
 void PageView::keyPressEvent(QKeyEvent *event)

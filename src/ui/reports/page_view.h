@@ -17,12 +17,21 @@ public:
     void SetPages(std::shared_ptr<const ReportPages> newPages); // null shows nothing
     [[nodiscard]] const ReportPages *Pages() const { return pages.get(); }
 
-    [[nodiscard]] int CurrentPage() const; // from 0; the one that takes most of the upper half
+    // From 0: the page that was gone to, until the pages are scrolled; then the one that shows most.
+    [[nodiscard]] int CurrentPage() const { return current; }
     void GoTo(int page);
+
+    // Marks what was found and scrolls it into sight; a null place takes the mark away.
+    void ShowHit(int page, const QRectF &place);
 
     void SetZoom(double factor); // 1 is the size on paper; fit to width ends
     void FitWidth();
     [[nodiscard]] double Zoom() const { return zoom; }
+
+    void ScrollIntoSight(int page, const QRectF &place); // points on the page
+
+    // Where a place of a page, in points, stands in the viewport.
+    [[nodiscard]] QRectF PlaceInView(int page, const QRectF &place) const;
 
 signals:
     void CurrentPageChanged(int page);
@@ -35,6 +44,11 @@ protected:
 
 private:
     void ArrangeBars();
+    void SetCurrent(int page);
+    void ScrollTo(int page);
+    [[nodiscard]] int PageShownMost() const;
+    [[nodiscard]] double LeftEdge() const; // of the pages, in the viewport
+    [[nodiscard]] double PixelsPerPoint() const { return zoom * logicalDpiX() / 72.0; }
     void Rezoom(double factor);
     [[nodiscard]] QSizeF PageSize() const; // pixels
     [[nodiscard]] double Step() const; // from one page's top to the next
@@ -44,4 +58,8 @@ private:
     QCache<int, QPixmap> pictures;
     double zoom = 1;
     bool fitsWidth = true;
+    int current = 0;
+    bool goesToPage = false; // the bar moves because a page is gone to
+    int hitPage = 0;
+    QRectF hit; // points on that page; null for none
 };

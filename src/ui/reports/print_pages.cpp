@@ -27,6 +27,9 @@ std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, const P
     if (wishes.copies > 0) {
         printer->setCopyCount(wishes.copies);
     }
+    if (wishes.paper.isValid()) {
+        printer->setPageSize(wishes.paper);
+    }
     printer->setPageOrientation(wishes.landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
     QPrintDialog dialog(printer.get(), &parent);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange, wishes.pageCount > 0);
@@ -34,13 +37,6 @@ std::shared_ptr<QPrinter> ChoosePrinter(Prompt &prompt, QWidget &parent, const P
         dialog.setMinMax(1, wishes.pageCount);
     }
     return dialog.exec() == QDialog::Accepted ? printer : nullptr;
-}
-
-void UseReportPaper(QPrinter &printer, const ReportPages &pages)
-{
-    printer.setPageOrientation(pages.IsLandscape() ? QPageLayout::Landscape
-                                                   : QPageLayout::Portrait);
-    printer.setPageSize(QPageSize(QPageSize::A4));
 }
 
 QSizeF SheetOf(const QPrinter &printer)

@@ -15,6 +15,7 @@ struct PrintWishes
 {
     int copies = 0; // 0: the printer's own number
     int pageCount = 0; // 0 while nobody knows it: no pages are chosen then
+    QPageSize paper {}; // invalid for the printer's own
     bool landscape = false;
     QString withoutPrinter; // told when no printer is installed
 };
@@ -23,9 +24,6 @@ struct PrintWishes
 // printer, which is told, or none was chosen.
 [[nodiscard]] std::shared_ptr<QPrinter>
 ChoosePrinter(Prompt &prompt, QWidget &parent, const PrintWishes &wishes);
-
-// Has the printer take the sheets that a report is laid out for.
-void UseReportPaper(QPrinter &printer, const ReportPages &pages);
 
 // The paper that was chosen, in points.
 [[nodiscard]] QSizeF SheetOf(const QPrinter &printer);

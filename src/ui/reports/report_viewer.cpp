@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
@@ -17,6 +18,22 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// The kind that was chosen wins over whatever stands behind a dot of the name; the ending of another
+// kind is replaced.
+QString WithEnding(const QString &name, const QString &ending, const QStringList &endings)
+{
+    const QString last = QFileInfo(name).suffix().toLower();
+    if (last == ending) {
+        return name;
+    }
+    const QString bare = endings.contains(last) ? name.chopped(last.size() + 1) : name;
+    return bare + u'.' + ending;
+}
+
+} // namespace
 
 ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     : QWidget(parent)
@@ -42,6 +59,7 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     connect(bar, &ViewerBar::FindAsked, this, &ReportViewer::Find);
     connect(bar, &ViewerBar::PrintAsked, this, &ReportViewer::Print);
     connect(bar, &ViewerBar::SaveAsked, this, &ReportViewer::SaveAs);
+    connect(bar, &ViewerBar::PageSetupAsked, this, &ReportViewer::PageSetupAsked);
     connect(&job, &ReportJob::Started, this, [this] { SetBusy(true); });
     connect(&job, &ReportJob::Progressed, this, &ReportViewer::ShowProgress);
     connect(&job, &ReportJob::Ended, this, [this] {
@@ -102,10 +120,17 @@ void ReportViewer::PutProperty(int number, const QVariant &value)
     }
 }
 
-void ReportViewer::SetHeading(const QString &period, const QString &filter)
+void ReportViewer::SetSubject(const ReportSubject &subject)
 {
-    request.period = period;
-    request.filter = filter;
+    static_cast<ReportSubject &>(request) = subject;
+}
+
+void ReportViewer::RunAgain(const PageSetup &setup)
+{
+    request.setup = setup;
+    if (table) {
+        Run();
+    }
 }
 
 void ReportViewer::Run()
@@ -122,6 +147,7 @@ void ReportViewer::Run()
     view->SetPages(nullptr);
     pages.reset();
     table.reset();
+    found.reset();
     Say({});
     job.Start(
         [wanted = request, outcome](RunControl &control) { *outcome = MakePages(wanted, control); },
@@ -154,7 +180,7 @@ void ReportViewer::Show(const Outcome &outcome)
         Say(tr("No font is installed; install fonts-dejavu-core"));
         return;
     }
-    Say({}); // no more of the progress
+    Say(LogoProblem(table->setup)); // no more of the progress
     view->SetPages(pages);
     view->setFocus();
 }
@@ -188,18 +214,26 @@ void ReportViewer::Find(const QString &text)
     if (!pages) {
         return;
     }
-    const auto found = std::make_shared<int>(-1);
+    const bool goesOn = found && found->page == view->CurrentPage()
+        && searched.compare(text, Qt::CaseInsensitive) == 0;
+    const auto now = std::make_shared<std::optional<PageHit>>();
     job.Start(
-        [searched = pages, text, from = view->CurrentPage() + 1, found](RunControl &control) {
-            *found = searched->FindText(text, from, &control);
-            if (*found < 0) { // from the beginning again
-                *found = searched->FindText(text, 0, &control);
-            }
-        },
-        [this, text, found] {
-            Say(*found < 0 ? tr("\"%1\" is not in this report.").arg(text) : QString());
-            view->GoTo(*found < 0 ? view->CurrentPage() : *found);
-        });
+        [in = pages, text, from = view->CurrentPage(), after = goesOn ? found : std::nullopt, now](
+            RunControl &control) { *now = in->FindText(text, from, after, &control); },
+        [this, text, now] { ShowFound(text, *now); });
+}
+
+void ReportViewer::ShowFound(const QString &text, const std::optional<PageHit> &now)
+{
+    searched = text;
+    found = now;
+    if (found) {
+        Say({});
+        view->ShowHit(found->page, found->place);
+    } else {
+        Say(tr("\"%1\" is not in this report.").arg(text));
+        view->ShowHit(0, {});
+    }
 }
 
 void ReportViewer::Print()
@@ -209,17 +243,22 @@ void ReportViewer::Print()
         *this,
         {.copies = copies,
          .pageCount = pages ? pages->Count() : 0,
-         .landscape = pages && pages->IsLandscape(),
+         .paper = pages ? pages->Sheet().pageSize() : QPageSize(),
+         .landscape = pages && pages->Sheet().orientation() == QPageLayout::Landscape,
          .withoutPrinter = QCoreApplication::translate(
              "PrintPages", "No printer is installed. The report can be saved as PDF.")});
-    if (!printer || !pages) {
-        return;
+    if (printer && pages) {
+        PrintOn(printer);
     }
-    UseReportPaper(*printer, *pages);
+}
+
+void ReportViewer::PrintOn(const std::shared_ptr<QPrinter> &printer)
+{
     const auto outcome = std::make_shared<QString>();
     job.Start(
-        [printed = pages, printer, outcome](RunControl &control) {
-            const int sent = PrintPages(*printed, *printer, control);
+        [printed = table, printer, outcome](RunControl &control) {
+            const ReportPages sheets(printed, SheetOf(*printer), &control);
+            const int sent = PrintPages(sheets, *printer, control);
             *outcome = ReportPrintedText(*printer, sent, control.IsCancelled());
         },
         [this, outcome] { Say(*outcome); });
@@ -236,14 +275,17 @@ void ReportViewer::SaveAs()
     QFileDialog dialog(this, tr("Save report"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(kinds);
-    const auto takeEnding = [&](const QString &kind) {
-        dialog.setDefaultSuffix(endings.value(kinds.indexOf(kind)));
-    };
-    connect(&dialog, &QFileDialog::filterSelected, &dialog, takeEnding);
-    takeEnding(kinds.front());
-    dialog.selectFile(QString(table->layout.title).replace(u'/', u'-')); // the ending is added
-    if (dialog.exec() == QDialog::Accepted) {
-        SaveTo(dialog.selectedFiles().constFirst());
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // the ending is added behind it
+    dialog.selectFile(QString(table->layout.title).replace(u'/', u'-'));
+    while (dialog.exec() == QDialog::Accepted) {
+        const QString ending = endings.value(kinds.indexOf(dialog.selectedNameFilter()));
+        const QString name = WithEnding(dialog.selectedFiles().constFirst(), ending, endings);
+        const bool isThere = QFileInfo::exists(name);
+        if (!isThere
+            || prompt.Ask(tr("%1 already exists.\nDo you want to replace it?").arg(name))) {
+            SaveTo(name);
+            return;
+        }
     }
 }
 

@@ -11,6 +11,7 @@
 
 class PageView;
 class QLabel;
+class QPrinter;
 class QProgressBar;
 class ViewerBar;
 
@@ -37,20 +38,28 @@ public:
 
     void PutProperty(int number, const QVariant &value);
 
-    // What the report's heading says of its period and filter.
-    void SetHeading(const QString &period, const QString &filter);
+    // What the next report is made on beside its query: what its heading says of its period and filter,
+    // the period's days, the site's paper and currency.
+    void SetSubject(const ReportSubject &subject);
 
-    void Print();
+    void Print(); // asks for the printer
+    void PrintOn(const std::shared_ptr<QPrinter> &printer); // on the paper that it has
     void SaveAs(); // asks for the name
     void SaveTo(const QString &fileName);
-    void Find(const QString &text); // from the next page on, and from the first again
+    // From the page shown on, or behind the last place that was found there; behind the last page from
+    // the first again.
+    void Find(const QString &text);
     void Cancel() { job.Cancel(); }
 
     [[nodiscard]] bool IsBusy() const { return job.IsRunning(); }
     [[nodiscard]] ReportTablePtr Table() const { return table; }
     [[nodiscard]] PageView &View() { return *view; }
 
+    // Makes the report that shows again, on the site's present paper; nothing without one.
+    void RunAgain(const PageSetup &setup);
+
 signals:
+    void PageSetupAsked();
     void PropertyPut(int number, const QVariant &value);
     void Ready(); // a run, an export, a print or a search has ended
 
@@ -67,6 +76,7 @@ private:
     void Run();
     [[nodiscard]] static Outcome MakePages(const ReportRequest &wanted, RunControl &control);
     void Show(const Outcome &outcome);
+    void ShowFound(const QString &text, const std::optional<PageHit> &now);
     void ShowProgress(qint64 done, qint64 whole);
     void SetBusy(bool busy);
     void Say(const QString &text);
@@ -76,6 +86,8 @@ private:
     int copies = 0;
     ReportTablePtr table;
     std::shared_ptr<const ReportPages> pages;
+    QString searched; // the text that was found last
+    std::optional<PageHit> found; // and where
 
     ViewerBar *bar;
     PageView *view;

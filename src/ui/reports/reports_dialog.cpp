@@ -9,15 +9,17 @@
 #include "ui/common/moment_field.h"
 #include "ui/common/window_memory.h"
 #include "ui/reports/crystal_ctrl.h"
+#include "ui/reports/page_setup_dialog.h"
 #include "ui/reports/report_viewer.h"
 
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
-#include <QScreen>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -102,8 +104,10 @@ QWidget *ReportsDialog::BuildPeriod()
     since = DayPicker("since");
     until = DayPicker("until");
     auto *column = new QVBoxLayout(box);
+    auto *choices = new QGridLayout; // two beside each other, for screens of little height
+    column->addLayout(choices);
     for (auto *choice : {allAvailable, today, lastWeek, lastMonth, custom}) {
-        column->addWidget(choice);
+        choices->addWidget(choice, choices->count() / 2, choices->count() % 2);
         connect(choice, &QRadioButton::toggled, this, &ReportsDialog::EnablePickers);
     }
     auto *customBox = new QGroupBox(tr("Custom period"));
@@ -130,12 +134,21 @@ QWidget *ReportsDialog::BuildFilters()
     filterNote->setTextFormat(Qt::PlainText); // names are no mark-up
     filterNote->setSizePolicy(QSizePolicy::Ignored,
                               QSizePolicy::Preferred); // nor widen the choices
+    filterNote->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    filterNoteArea = new QScrollArea;
+    SetNames(*filterNoteArea, u"filterNoteArea"_s, tr("Filter"));
+    filterNoteArea->setFrameShape(QFrame::NoFrame);
+    filterNoteArea->setWidgetResizable(true);
+    filterNoteArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    filterNoteArea->setWidget(filterNote);
+    filterNoteArea->setFixedHeight(3 * fontMetrics().lineSpacing());
+    filterNoteArea->hide();
     auto *box = new QWidget;
     auto *column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(users);
     column->addWidget(groups);
-    column->addWidget(filterNote);
+    column->addWidget(filterNoteArea);
     return box;
 }
 
@@ -152,6 +165,7 @@ QWidget *ReportsDialog::BuildButtons()
     connect(help, &QPushButton::clicked, this, &ReportsDialog::ShowHelp);
     connect(cancel, &QPushButton::clicked, this, &ReportsDialog::reject);
     connect(&Viewer(), &ReportViewer::Ready, this, [this] { generate->setEnabled(true); });
+    connect(&Viewer(), &ReportViewer::PageSetupAsked, this, &ReportsDialog::SetUpPages);
     auto *row = new QWidget;
     auto *buttons = new QHBoxLayout(row);
     buttons->setContentsMargins(0, 0, 0, 0);
@@ -199,6 +213,7 @@ void ReportsDialog::ShowFilterNote()
 {
     const QString words = FilterWords();
     const bool unused = allAvailable->isChecked() && !words.isEmpty();
+    filterNoteArea->setVisible(!words.isEmpty());
     filterNote->setText(unused ? words + u" - filters apply only with a period." : words);
 }
 
@@ -298,8 +313,8 @@ void ReportsDialog::Generate()
                                               period,
                                               UserFilterClause(userFilter.filter),
                                               GroupFilterClause(groupFilter.filter));
-    Viewer().SetHeading(PeriodInWords(period),
-                        period.choice == PeriodChoice::All ? QString() : FilterWords());
+    Viewer().SetSubject(SubjectOf(
+        services.settings, period, period.choice == PeriodChoice::All ? QString() : FilterWords()));
     Drive(row, query);
     if (generate->hasFocus()) {
         catalogue->setFocus(); // else it goes on to "Help"; Return generates here too
@@ -325,6 +340,18 @@ void ReportsDialog::Drive(int row, const QString &query)
         control->SetQuery(query.toUtf8());
     }
     control->SetAction(1);
+}
+
+void ReportsDialog::SetUpPages()
+{
+    if (!AreSettingsReadable()) {
+        return;
+    }
+    PageSetupDialog dialog(services, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        Viewer().RunAgain(ReadPageSetup(services.settings));
+        generate->setEnabled(!Viewer().IsBusy());
+    }
 }
 
 void ReportsDialog::ShowHelp()

@@ -18,6 +18,7 @@ class QLabel;
 class QListWidget;
 class QPushButton;
 class QRadioButton;
+class QScrollArea;
 class ReportViewer;
 
 class ReportsDialog : public Dialog
@@ -54,6 +55,7 @@ private:
                 Result<std::vector<Named<IdType>>> (*offers)(),
                 ChosenFilter<IdType> &chosen);
     void ShowHelp();
+    void SetUpPages();
     void KeepSelected();
     [[nodiscard]] int SelectedRow() const;
     [[nodiscard]] PeriodChoice Choice() const;
@@ -76,6 +78,7 @@ private:
     QPushButton *users;
     QPushButton *groups;
     QLabel *filterNote;
+    QScrollArea *filterNoteArea; // a long note is scrolled
     QPushButton *generate;
     CCrystalCtrl *control;
 

@@ -43,6 +43,8 @@ ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     print->setIcon(IconOf(Picture::Print));
     save = Command("save", tr("Save as..."), QKeySequence::Save, &ViewerBar::SaveAsked);
     save->setIcon(IconOf(Picture::Save));
+    pageSetup = Command("pageSetup", tr("Page setup..."), {}, &ViewerBar::PageSetupAsked);
+    pageSetup->setIcon(IconOf(Picture::PageSetup));
     connect(&view, &PageView::CurrentPageChanged, this, &ViewerBar::ShowPage);
 }
 
@@ -50,6 +52,7 @@ void ViewerBar::SetUsable(bool hasPages, bool isBusy)
 {
     print->setEnabled(hasPages && !isBusy);
     save->setEnabled(hasPages && !isBusy);
+    pageSetup->setEnabled(!isBusy);
     find->setEnabled(hasPages); // keeps the focus during its own search
     ShowPage(view.CurrentPage());
 }
@@ -70,7 +73,10 @@ QAction *ViewerBar::Command(const char *name,
     action->setObjectName(QLatin1StringView(name));
     action->setShortcut(key);
     action->setShortcutContext(Qt::WindowShortcut);
-    action->setToolTip(u"%1 (%2)"_s.arg(PlainLabel(text), key.toString(QKeySequence::NativeText)));
+    if (!key.isEmpty()) {
+        action->setToolTip(
+            u"%1 (%2)"_s.arg(PlainLabel(text), key.toString(QKeySequence::NativeText)));
+    }
     connect(action, &QAction::triggered, this, act);
     widgetForAction(action)->setObjectName(QLatin1StringView(name) + u"Button");
     widgetForAction(action)->setFocusPolicy(Qt::TabFocus);

@@ -32,6 +32,7 @@ signals:
     void FindAsked(const QString &text); // never empty
     void PrintAsked();
     void SaveAsked();
+    void PageSetupAsked();
 
 private:
     void AddPageButtons();
@@ -66,5 +67,6 @@ private:
     QLineEdit *find;
     QAction *print;
     QAction *save;
+    QAction *pageSetup;
     QList<QAction *> pageButtons;
 };

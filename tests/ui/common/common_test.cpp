@@ -567,7 +567,7 @@ TEST(MessageBoxPrompt, ALongMessageScrolls)
 
 TEST(Icons, EachPictureIsDrawn)
 {
-    constexpr int kCount = static_cast<int>(Picture::Calendar) + 1;
+    constexpr int kCount = static_cast<int>(Picture::PageSetup) + 1;
     constexpr int kCell = 40;
     QImage sheet(kCell * kCount, kCell * 2, QImage::Format_ARGB32);
     sheet.fill(Qt::white);

@@ -1,76 +1,18 @@
-#include "ui/reports/reports_dialog.h"
-
-#include "report_fixture.h"
-#include "reports/catalogue.h"
-#include "support/core/test_data_source.h"
-#include "support/windows/modal.h"
-#include "support/windows/widgets.h"
-#include "support/windows/window_fixture.h"
+#include "reports_fixture.h"
 #include "ui/common/number_field.h"
 #include "ui/reports/crystal_ctrl.h"
-#include "ui/reports/page_view.h"
 #include "ui/reports/print_pages.h"
 #include "ui/reports/report_job.h"
-#include "ui/reports/report_viewer.h"
 
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
-#include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPrinter>
-#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QDate kToday(2026, 11, 21);
-
-class Reports : public WindowFixture
-{
-protected:
-    void SetUp() override
-    {
-        WindowFixture::SetUp();
-        FillReportData();
-        // The dialog always reads the data source "bill".
-        test_data_source::Define(
-            u"bill"_s,
-            u"Driver=SQLite3\nDatabase=%1\nStepAPI=1\nTimeout=5000"_s.arg(DatabaseFile()));
-        QFile::link(QStringLiteral(TB_SOURCE_DIR "/src/reports/layouts"),
-                    folder.filePath(u"reports"_s));
-        Settings().WriteText(values::kPath, folder.path() + u'/');
-        dialog = std::make_unique<ReportsDialog>(Services());
-        dialog->show();
-    }
-
-    void Select(int row) { ClickCell(Find<QListWidget>(*dialog, "catalogue"), row, 0); }
-
-    void ClickGenerate()
-    {
-        QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
-        Click(*dialog, "generate");
-        if (dialog->Viewer().IsBusy()) {
-            EXPECT_TRUE(ready.wait(20'000));
-        }
-    }
-
-    static void MultiplyVisits(int times)
-    {
-        for (int copies = 0; copies < times; ++copies) {
-            Execute(
-                "INSERT INTO SiteAccess (user_id, site_id, access_time) SELECT user_id, site_id, "
-                "access_time FROM SiteAccess");
-        }
-    }
-
-    QString Message() { return Find<QLabel>(*dialog, "message").text(); }
-
-    const TodayOverride today {kToday};
-    std::unique_ptr<ReportsDialog> dialog;
-};
 
 // A property put, as "number=value".
 QStringList Puts(const QSignalSpy &spy)
@@ -328,10 +270,10 @@ TEST_F(Reports, UsersAndGroupsNarrowAReportWithAPeriod)
     QString name;
     {
         const WhileModal choose([&](QDialog &filter) {
-            name = Find<QListWidget>(filter, "left").item(2)->text();
-            ClickCell(Find<QListWidget>(filter, "left"), 2, 0);
+            name = RowTexts(Find<QListView>(filter, "left")).value(2);
+            ClickCell(Find<QListView>(filter, "left"), 2, 0);
             Click(filter, "take");
-            EXPECT_EQ(Find<QListWidget>(filter, "taken").count(), 1);
+            EXPECT_EQ(Find<QListView>(filter, "taken").model()->rowCount(), 1);
             Grab(filter, u"reports-filter"_s);
             Click(filter, "ok");
         });
@@ -357,14 +299,15 @@ TEST_F(Reports, MoreThanWasChosenIsSaidBeforeAndInTheHeading)
     Click(*dialog, "lastMonth");
     QString leftOut;
     const WhileModal choose([&](QDialog &filter) {
-        auto &left = Find<QListWidget>(filter, "left");
+        auto &left = Find<QListView>(filter, "left");
         const auto &warning = Find<QLabel>(filter, "warning");
         ClickCell(left, 0, 0);
         Click(filter, "take");
         EXPECT_EQ(warning.text(), QString());
+        const QModelIndex first = left.model()->index(0, 0);
         left.selectAll();
-        left.item(0)->setSelected(false);
-        leftOut = left.item(0)->text();
+        left.selectionModel()->select(first, QItemSelectionModel::Deselect);
+        leftOut = first.data().toString();
         Click(filter, "take");
         EXPECT_TRUE(warning.text().contains(u"not monitored"_s)) << warning.text().toStdString();
         Grab(filter, u"reports-filter-warning"_s);
@@ -381,7 +324,7 @@ TEST_F(Reports, AFilterIsKeptWhenItsNamesCannotBeRead)
 {
     for (const char *name : {"users", "groups"}) {
         const WhileModal take([&](QDialog &filter) {
-            ClickCell(Find<QListWidget>(filter, "left"), 0, 0);
+            ClickCell(Find<QListView>(filter, "left"), 0, 0);
             Click(filter, "take");
             Click(filter, "ok");
         });
@@ -407,9 +350,11 @@ TEST_F(Reports, ForeignTextsAreNoMarkupAndTakeNoRoomFromThePages)
     ClickGenerate();
     const int pagesWidth = dialog->Viewer().View().width();
     const WhileModal take([&](QDialog &filter) {
-        auto &left = Find<QListWidget>(filter, "left");
+        auto &left = Find<QListView>(filter, "left");
         for (const QString &part : {u"<b>"_s, u"www"_s, u"Hara"_s}) {
-            left.findItems(part, Qt::MatchContains).front()->setSelected(true);
+            const auto found = left.model()->match(
+                left.model()->index(0, 0), Qt::DisplayRole, part, 1, Qt::MatchContains);
+            left.selectionModel()->select(found.value(0), QItemSelectionModel::Select);
         }
         Click(filter, "take");
         Click(filter, "ok");
@@ -448,19 +393,19 @@ TEST_F(Reports, EachKeyOfAFilterDialogIsThereOnce)
 TEST_F(Reports, ReturnMovesNamesOfAFilterOneByOne)
 {
     const WhileModal choose([](QDialog &filter) {
-        auto &taken = Find<QListWidget>(filter, "taken");
-        auto &left = Find<QListWidget>(filter, "left");
-        const int offered = left.count();
+        auto &taken = Find<QListView>(filter, "taken");
+        auto &left = Find<QListView>(filter, "left");
+        const int offered = left.model()->rowCount();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&filter));
         for (int name = 1; name <= 2; ++name) {
             ClickCell(left, 0, 0);
             QTest::keyClick(&left, Qt::Key_Return);
-            EXPECT_EQ(taken.count(), name);
+            EXPECT_EQ(taken.model()->rowCount(), name);
         }
         ClickCell(taken, 0, 0);
         QTest::keyClick(&taken, Qt::Key_Enter);
-        EXPECT_EQ(taken.count(), 1);
-        EXPECT_EQ(left.count(), offered - 1);
+        EXPECT_EQ(taken.model()->rowCount(), 1);
+        EXPECT_EQ(left.model()->rowCount(), offered - 1);
         EXPECT_TRUE(filter.isVisible());
         Click(filter, "ok");
     });
