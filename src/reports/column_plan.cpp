@@ -55,9 +55,11 @@ private:
         return table.layout.columns.at(column.place);
     }
 
-    [[nodiscard]] const ColumnReach &ReachOf(const PlannedColumn &column) const
+    // Nothing is known of a table that no RowCollector has filled.
+    [[nodiscard]] ColumnReach ReachOf(const PlannedColumn &column) const
     {
-        return table.reach[static_cast<size_t>(column.place)];
+        const auto place = static_cast<size_t>(column.place);
+        return place < table.reach.size() ? table.reach[place] : ColumnReach();
     }
 
     [[nodiscard]] static double HeadingWidth(const PlannedColumn &column, const LayoutColumn &told)
@@ -72,7 +74,7 @@ private:
     [[nodiscard]] double Least(const PlannedColumn &column) const
     {
         const LayoutColumn &told = Told(column);
-        const ColumnReach &reached = ReachOf(column);
+        const ColumnReach reached = ReachOf(column);
         const double heading = std::min(HeadingWidth(column, told), roomForHeadings);
         if (told.type == ColumnType::Text) {
             const double whole = std::min(reached.ems, kAddressEms);

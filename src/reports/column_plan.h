@@ -27,6 +27,6 @@ struct ColumnPlan
     [[nodiscard]] static QString UnitOf(const PlannedColumn &column, const LayoutColumn &told);
 };
 
-// The table was filled by a RowCollector. `leads` are the texts that stand before the first sum of a line of sums.
+// `leads` are the texts that stand before the first sum of a line of sums.
 [[nodiscard]] ColumnPlan
 PlanColumns(const ReportTable &table, double room, const QStringList &leads);
