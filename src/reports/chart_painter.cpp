@@ -278,7 +278,8 @@ private:
         const size_t panels = chart.panels.size();
         size_t beside = 2;
         const auto heightOf = [&] {
-            return place.height() / static_cast<double>((panels + beside - 1) / beside);
+            const size_t below = (panels + beside - 1) / beside;
+            return place.height() / static_cast<double>(below);
         };
         while (heightOf() < kLeastHeight && beside < kMostBeside) {
             ++beside;
@@ -288,7 +289,8 @@ private:
         for (size_t number = 0; number < panels; ++number) {
             const double left =
                 place.left() + (size.width() + kGap) * static_cast<double>(number % beside);
-            const double top = place.top() + size.height() * static_cast<double>(number / beside);
+            const size_t above = number / beside;
+            const double top = place.top() + size.height() * static_cast<double>(above);
             const QRectF whole(QPointF(left, top), size);
             const ChartPanel &panel = chart.panels[number];
             const QString peak = PeakText(panel);

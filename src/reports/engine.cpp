@@ -78,7 +78,7 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     const RunControl::Stopper stopper(control, [&] { connection->Cancel(); });
     const auto table = std::make_shared<ReportTable>();
     table->layout = *layout;
-    static_cast<ReportSubject &>(*table) = request;
+    static_cast<ReportSubject &>(*table) = static_cast<const ReportSubject &>(request);
     NameMoney(*table);
     table->made = request.made;
     table->schemaVersion = connection->SchemaVersion();

@@ -14,26 +14,36 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(ReportTable)
 };
 
+struct LetterClass
+{
+    std::string_view letters;
+    double ems;
+};
+
 // Letters of the pages' font in classes of like width, each by its widest.
+constexpr LetterClass kLetterClasses[] = {
+    {"ijlI.,:;'| ", 0.35},
+    {"frt()[]/\\-!", 0.42},
+    {"ABCDEGHJKNOPQRSTUVXYZ&+<=>~^#w_", 0.85},
+    {"MWm@%", 1.01},
+};
+
+constexpr auto kAsciiEms = [] {
+    std::array<double, 0x80> ems {};
+    ems.fill(0.65);
+    for (const LetterClass &each : kLetterClasses) {
+        for (const char letter : each.letters) {
+            ems[static_cast<unsigned char>(letter)] = each.ems;
+        }
+    }
+    return ems;
+}();
+
 double EmsOfLetter(QChar letter)
 {
     const char16_t code = letter.unicode();
-    if (code < 0x80) {
-        static constexpr auto kAscii = [] {
-            std::array<double, 0x80> ems {};
-            ems.fill(0.65);
-            const auto set = [&](std::string_view letters, double width) {
-                for (const char c : letters) {
-                    ems[static_cast<size_t>(c)] = width;
-                }
-            };
-            set("ijlI.,:;'| ", 0.35);
-            set("frt()[]/\\-!", 0.42);
-            set("ABCDEGHJKNOPQRSTUVXYZ&+<=>~^#w_", 0.85);
-            set("MWm@%", 1.01);
-            return ems;
-        }();
-        return kAscii[code];
+    if (code < kAsciiEms.size()) {
+        return kAsciiEms[code];
     }
     return code < 0x250 ? 0.85 : 1.1;
 }

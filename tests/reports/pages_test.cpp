@@ -11,6 +11,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -139,7 +140,7 @@ ReportChart AreaFrom(QDate first, int steps, ChartStep step, double most)
     ChartPanel panel {u"anna"_s, {{}, {}}};
     for (int place = 0; place < steps; ++place) {
         chart.steps.push_back(step == ChartStep::Month      ? first.addMonths(place)
-                                  : step == ChartStep::Week ? first.addDays(7 * place)
+                                  : step == ChartStep::Week ? first.addDays(qint64 {7} * place)
                                                             : first.addDays(place));
         panel.series[0].push_back(most * (place + 1) / steps);
         panel.series[1].push_back(0);

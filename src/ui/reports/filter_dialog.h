@@ -7,6 +7,8 @@
 
 #include <QSet>
 
+class QLabel;
+
 class ReportFilterDialog : public Dialog
 {
     Q_OBJECT

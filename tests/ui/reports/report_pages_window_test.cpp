@@ -210,13 +210,13 @@ TEST_F(ReportPagesWindow, TheChosenKindWinsOverADotInTheName)
         {u"other.csv"_s, u"xlsx"_s, u"other.xlsx"_s},
         {u"same.HTML"_s, u"html"_s, u"same.HTML"_s},
     };
-    for (const auto &[typed, kind, saved] : cases) {
+    for (const Case &each : cases) {
         const auto choose = [&](QDialog &box) {
             auto &files = dynamic_cast<QFileDialog &>(box);
             auto &kinds = Find<QComboBox>(files, "fileTypeCombo");
-            kinds.setCurrentIndex(kinds.findText(kind, Qt::MatchContains));
+            kinds.setCurrentIndex(kinds.findText(each.kind, Qt::MatchContains));
             emit kinds.textActivated(kinds.currentText());
-            Type(Find<QLineEdit>(files, "fileNameEdit"), folder.filePath(typed));
+            Type(Find<QLineEdit>(files, "fileNameEdit"), folder.filePath(each.typed));
             box.accept();
         };
         QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
@@ -225,7 +225,7 @@ TEST_F(ReportPagesWindow, TheChosenKindWinsOverADotInTheName)
             Click(*dialog, "saveButton");
         }
         ASSERT_TRUE(ready.count() > 0 || ready.wait(20'000));
-        EXPECT_TRUE(QFile::exists(folder.filePath(saved))) << saved.toStdString();
+        EXPECT_TRUE(QFile::exists(folder.filePath(each.saved))) << each.saved.toStdString();
         EXPECT_TRUE(prompt.TakeSaid().isEmpty());
         // What is there already is replaced only when that is wanted.
         prompt.AnswerWith({true});
@@ -233,7 +233,7 @@ TEST_F(ReportPagesWindow, TheChosenKindWinsOverADotInTheName)
         Click(*dialog, "saveButton");
         EXPECT_EQ(prompt.TakeSaid(),
                   QStringList(u"%1 already exists.\nDo you want to replace it?"_s.arg(
-                      folder.filePath(saved))));
+                      folder.filePath(each.saved))));
         ASSERT_TRUE(ready.count() > 1 || ready.wait(20'000));
     }
 }
