@@ -468,8 +468,10 @@ TEST_F(OnPaper, ALongReportBeginsWithASummary)
 
 TEST(Summary, OfRowsWithoutGroupsNamesTheLargest)
 {
+    constexpr int kRows = 1200;
     std::vector<CellRow> rows;
-    for (int row = 0; row < 1200; ++row) {
+    rows.reserve(kRows);
+    for (int row = 0; row < kRows; ++row) {
         rows.push_back(RowOf(u"user %1"_s.arg(row), 1, (row * 7919) % 1201));
     }
     const ReportPages pages(TableOf(LayoutOf(1), rows));
