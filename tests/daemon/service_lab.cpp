@@ -218,6 +218,9 @@ int ServiceLab::Stop()
     EXPECT_TRUE(service->waitForFinished(2 * kPatience)) << "it does not end";
     const auto ended = std::exchange(service, nullptr);
     EXPECT_EQ(ended->exitStatus(), QProcess::NormalExit);
+    if (ended->exitCode() != 0) {
+        ADD_FAILURE() << ended->readAll().toStdString();
+    }
     return ended->exitCode();
 }
 
