@@ -52,25 +52,44 @@ private:
     [[nodiscard]] bool IsBefore(QDate day) const { return from.isValid() && day < from; }
     [[nodiscard]] bool IsWithin(QDate day) const { return !IsBefore(day) && !IsBehind(day); }
 
-    void SetUnrecordedApart()
+    // What was used before the first day with days lies in this period.
+    [[nodiscard]] bool HasUnknownDays() const
     {
         const QDate since = period.recordedSince;
         const bool isReached = from.isValid() && since.isValid() && from >= since;
-        if (isReached || std::ranges::none_of(credits, HasUnrecordedUse)) {
+        return !isReached && std::ranges::any_of(credits, [&](const StatementCredit &credit) {
+            return HasUnrecordedUse(credit) && (!since.isValid() || credit.given < since);
+        });
+    }
+
+    void SetUnrecordedApart()
+    {
+        if (!HasUnknownDays()) {
             return;
         }
-        if (since.isValid() && !IsBehind(since)) {
-            from = since;
-        } else {
-            hasBalance = false;
-        }
+        const bool hasDays = period.recordedSince.isValid() && !IsBehind(period.recordedSince);
+        from = hasDays ? period.recordedSince : from;
+        hasTotalsOnly = !hasDays;
+        hasBalance = hasBalance && hasDays;
         for (const StatementCredit &credit : credits) {
-            if (HasUnrecordedUse(credit) && !IsBehind(credit.given)) {
-                StatementLine line {.kind = Kind::TotalOnly, .day = since, .credit = &credit};
-                line.used.amount = credit.used.amount - credit.recorded.amount;
-                line.used.money = credit.used.money - credit.recorded.money;
-                lines.push_back(line);
+            if (hasTotalsOnly ? !IsBehind(credit.given) : IsBefore(credit.given)) {
+                TellUnrecorded(credit, period.recordedSince);
             }
+        }
+    }
+
+    void TellUnrecorded(const StatementCredit &credit, QDate before)
+    {
+        if (!HasUnrecordedUse(credit)) {
+            return;
+        }
+        StatementLine line {.kind = Kind::TotalOnly, .day = before, .credit = &credit};
+        line.used.amount = credit.used.amount - credit.recorded.amount;
+        line.used.money = credit.used.money - credit.recorded.money;
+        if (IsWithin(credit.given)) {
+            Change(line, BaseUnits {-line.used.money.value});
+        } else {
+            lines.push_back(line); // the opening balance is without it already
         }
     }
 
@@ -145,6 +164,9 @@ private:
     {
         if (IsWithin(credit.given)) {
             Change({.kind = Kind::Given, .day = credit.given, .credit = &credit}, credit.money);
+            if (!hasTotalsOnly) {
+                TellUnrecorded(credit, {});
+            }
         }
         const double left = credit.amount - (credit.used.amount - credit.after.amount);
         const bool isLeft = !credit.isClosed && left > 0 && IsBefore(credit.given);
@@ -184,6 +206,7 @@ private:
     double rate;
     QDate from; // of what is told by days
     bool hasBalance;
+    bool hasTotalsOnly = false; // no day of the period has its days
     Cents balance;
     std::vector<StatementLine> lines;
 };

@@ -51,7 +51,7 @@ struct StatementPeriod
 struct StatementLine
 {
     enum class Kind {
-        TotalOnly, // what was used up to `day`, which is known without its days
+        TotalOnly, // what was used without days, before `day` where there is one
         Opening, // balance, at the beginning of `day`
         Given, // on `day`
         Used, // in the period

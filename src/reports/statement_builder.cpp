@@ -29,9 +29,10 @@ enum Column : size_t {
     UsedTime,
     Money,
     Balance,
+    UserNumber,
 };
 
-constexpr int kColumns = Balance + 1;
+constexpr int kColumns = UserNumber + 1;
 constexpr int kVersionWithUse = 1; // of the schema, from which on credit_use is there
 
 LayoutColumn TextColumn(const char *name, const QString &heading, double width)
@@ -125,10 +126,13 @@ Layout StatementLayout()
                       AmountColumn("received", Words::tr("Received"), megabytes, true),
                       AmountColumn("sent", Words::tr("Sent"), megabytes, true),
                       AmountColumn("time", Words::tr("Time"), hours, true),
-                      AmountColumn("used_traffic", Words::tr("Of credits"), megabytes, true),
-                      AmountColumn("used_time", Words::tr("Of credits"), hours, true),
+                      AmountColumn("used_traffic", Words::tr("Used"), megabytes, true),
+                      AmountColumn("used_time", Words::tr("Used"), hours, true),
                       AmountColumn("money", Words::tr("Amount"), {}, false),
-                      AmountColumn("balance", Words::tr("Balance"), {}, false)};
+                      AmountColumn("balance", Words::tr("Balance"), {}, false),
+                      TextColumn(kUserNumberColumn, {}, 1)};
+    layout.columns[UserNumber].type = ColumnType::Integer;
+    layout.columns[UserNumber].hidden = true;
     layout.columns[DayOfRow].type = ColumnType::Day;
     layout.group = {UserName, FullName, Address};
     return layout;
@@ -216,6 +220,7 @@ bool StatementBuilder::ReadUsers()
             user.isPrePaid =
                 connection.Integer(row, 1) == static_cast<qint64>(AccountingMode::Provider);
             user.named.resize(kColumns);
+            user.named[UserNumber] = user.id;
             for (const size_t column : {UserName, FullName, Address}) {
                 user.named[column] =
                     TextFromUtf8(connection.Text(row, static_cast<int>(column) + 2));
@@ -511,7 +516,7 @@ QString StatementBuilder::TextOf(const StatementLine &line) const
             ? Words::tr("Used of the credit of %1 before this day, known as a total only: %2")
             : Words::tr("Used of the credit of %1, known as a total only: %2");
         const QString money = line.credit->IsOfMoney()
-            ? u"; "_s + Amount(line.used.money.value * table.currency.rate) + u' '
+            ? u", "_s + Amount(line.used.money.value * table.currency.rate) + u' '
                 + table.layout.columns.at(Money).unit
             : QString();
         return text.arg(InWords(line.credit->given), used + money);

@@ -18,6 +18,9 @@ struct StatementFilter
     QString groupClause;
 };
 
+// The column, which is not printed, of the user's number in the database.
+inline constexpr auto kUserNumberColumn = "user_id";
+
 // What the columns of a statement are.
 [[nodiscard]] Layout StatementLayout();
 

@@ -29,7 +29,7 @@ QStringList Puts(const QSignalSpy &spy)
 TEST_F(Reports, OpensWithoutASelectionButTheFirstDescription)
 {
     auto &catalogue = Find<QListWidget>(*dialog, "catalogue");
-    EXPECT_EQ(catalogue.count(), kReportCount);
+    EXPECT_EQ(catalogue.count(), kListedCount);
     EXPECT_EQ(catalogue.item(0)->text(), u"Traffic (Summary) "_s);
     EXPECT_TRUE(catalogue.selectedItems().isEmpty()); // kept: the search finds no title
     EXPECT_EQ(Find<QLabel>(*dialog, "description").text(), DescriptionOf(ReportCatalogue()[0]));
