@@ -2,12 +2,11 @@
 
 #include "access/credit_expiry.h"
 #include "base/text.h"
-#include "db/schema_version.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 
 using namespace Qt::StringLiterals;
+using namespace statement;
 
 namespace {
 
@@ -16,42 +15,7 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(Statement)
 };
 
-enum Column : size_t {
-    UserName,
-    FullName,
-    Address,
-    DayOfRow,
-    What,
-    Received,
-    Sent,
-    Time,
-    UsedTraffic,
-    UsedTime,
-    Money,
-    Balance,
-    UserNumber,
-};
-
-constexpr int kColumns = UserNumber + 1;
 constexpr int kVersionWithUse = 1; // of the schema, from which on credit_use is there
-
-LayoutColumn TextColumn(const char *name, const QString &heading, double width)
-{
-    LayoutColumn column;
-    column.name = QLatin1StringView(name);
-    column.heading = heading;
-    column.width = width;
-    return column;
-}
-
-LayoutColumn AmountColumn(const char *name, const QString &heading, const QString &unit, bool total)
-{
-    LayoutColumn column = TextColumn(name, heading, 12);
-    column.type = ColumnType::Amount;
-    column.unit = unit;
-    column.total = total;
-    return column;
-}
 
 // "#2026/11/21#": how a query's text writes a day, which the dialect spells.
 QString InQuery(QDate day)
@@ -85,18 +49,6 @@ QDate DateFrom(std::string_view text)
     return QDate::fromString(TextFromUtf8(text).left(10), Qt::ISODate);
 }
 
-QString Amount(double value)
-{
-    LayoutColumn column;
-    column.type = ColumnType::Amount;
-    return DisplayText(column, value);
-}
-
-QString InWords(QDate day)
-{
-    return day.toString(Qt::ISODate);
-}
-
 bool SaysNothing(const StatementLine &line)
 {
     using enum StatementLine::Kind;
@@ -109,34 +61,6 @@ Cell UnlessNothing(double value)
 }
 
 } // namespace
-
-Layout StatementLayout()
-{
-    const QString megabytes = Words::tr("MB");
-    const QString hours = Words::tr("h");
-    Layout layout;
-    layout.title = Words::tr("Statement");
-    layout.noun = Words::tr("lines");
-    layout.pageForEach = true;
-    layout.columns = {TextColumn("username", Words::tr("User"), 20),
-                      TextColumn("fullname", Words::tr("Name"), 20),
-                      TextColumn("ip_addr", Words::tr("IP address"), 16),
-                      TextColumn("day", Words::tr("Day"), 13),
-                      TextColumn("what", Words::tr("What"), 36),
-                      AmountColumn("received", Words::tr("Received"), megabytes, true),
-                      AmountColumn("sent", Words::tr("Sent"), megabytes, true),
-                      AmountColumn("time", Words::tr("Time"), hours, true),
-                      AmountColumn("used_traffic", Words::tr("Used"), megabytes, true),
-                      AmountColumn("used_time", Words::tr("Used"), hours, true),
-                      AmountColumn("money", Words::tr("Amount"), {}, false),
-                      AmountColumn("balance", Words::tr("Balance"), {}, false),
-                      TextColumn(kUserNumberColumn, {}, 1)};
-    layout.columns[UserNumber].type = ColumnType::Integer;
-    layout.columns[UserNumber].hidden = true;
-    layout.columns[DayOfRow].type = ColumnType::Day;
-    layout.group = {UserName, FullName, Address};
-    return layout;
-}
 
 StatementBuilder::StatementBuilder(ReportTable &toFill,
                                    const StatementFilter &chosen,
@@ -416,7 +340,8 @@ bool StatementBuilder::Begin(const User &user, const std::vector<StatementLine> 
     hasBegun = true;
     groupTotals = RowTotals(table.layout.columns);
     table.groups.push_back({user.named, table.rows.Count(), 0, {}});
-    return std::ranges::all_of(account, [&](const auto &line) { return Store(RowOf(user, line)); });
+    return std::ranges::all_of(
+        account, [&](const auto &line) { return Store(AccountRow(table, user.named, line)); });
 }
 
 bool StatementBuilder::Finish(const User &user)
@@ -455,78 +380,4 @@ bool StatementBuilder::Store(const CellRow &row)
         return false;
     }
     return true;
-}
-
-CellRow StatementBuilder::RowOf(const User &user, const StatementLine &line) const
-{
-    constexpr double kCentsOfOne = 100;
-    using enum StatementLine::Kind;
-    CellRow row = user.named;
-    row[DayOfRow] = line.day.isValid() ? Cell(InWords(line.day)) : Cell();
-    row[What] = TextOf(line);
-    if (line.kind == Used) {
-        const size_t column = line.credit->mode == BillingMode::Time ? UsedTime : UsedTraffic;
-        row[column] = line.used.amount;
-    }
-    if (line.isMoney) {
-        const bool isBalance = line.kind == Opening || line.kind == Closing;
-        row[Money] =
-            isBalance ? Cell() : Cell(static_cast<double>(line.change.value) / kCentsOfOne);
-        row[Balance] = static_cast<double>(line.balance.value) / kCentsOfOne;
-    }
-    return row;
-}
-
-QString StatementBuilder::AmountOf(const StatementCredit &credit) const
-{
-    if (credit.IsOfMoney()) {
-        return Amount(credit.money.value * table.currency.rate) + u' '
-            + table.layout.columns.at(Money).unit;
-    }
-    if (credit.amount <= 0) {
-        return Words::tr("unlimited");
-    }
-    const size_t column = credit.mode == BillingMode::Time ? UsedTime : UsedTraffic;
-    return Amount(credit.amount) + u' '
-        + table.layout.columns.at(static_cast<qsizetype>(column)).unit;
-}
-
-QString StatementBuilder::TextOf(const StatementLine &line) const
-{
-    using enum StatementLine::Kind;
-    switch (line.kind) {
-    case Opening:
-        return Words::tr("Opening balance");
-    case Closing:
-        return Words::tr("Closing balance");
-    case Rounding:
-        return Words::tr("Rounding");
-    case Lapsed:
-        return Words::tr("Rest of the credit of %1, closed").arg(InWords(line.credit->given));
-    case Given:
-        return line.credit->lastDay.isValid()
-            ? Words::tr("Credit given: %1, until %2")
-                  .arg(AmountOf(*line.credit), InWords(line.credit->lastDay))
-            : Words::tr("Credit given: %1").arg(AmountOf(*line.credit));
-    case TotalOnly: {
-        const bool isTime = line.credit->mode == BillingMode::Time;
-        const QString used = Amount(line.used.amount) + u' '
-            + table.layout.columns.at(isTime ? UsedTime : UsedTraffic).unit;
-        const QString text = line.day.isValid()
-            ? Words::tr("Used of the credit of %1 before this day, known as a total only: %2")
-            : Words::tr("Used of the credit of %1, known as a total only: %2");
-        const QString money = line.credit->IsOfMoney()
-            ? u", "_s + Amount(line.used.money.value * table.currency.rate) + u' '
-                + table.layout.columns.at(Money).unit
-            : QString();
-        return text.arg(InWords(line.credit->given), used + money);
-    }
-    case Used:
-        break;
-    }
-    const QString text = Words::tr("Used of the credit of %1: %2")
-                             .arg(InWords(line.credit->given), AmountOf(*line.credit));
-    return line.credit->amount > 0 && !line.credit->isClosed
-        ? Words::tr("%1, %2 left").arg(text, Amount(line.left))
-        : text;
 }

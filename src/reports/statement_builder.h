@@ -5,7 +5,7 @@
 #include "db/report_connection.h"
 #include "reports/report_run.h"
 #include "reports/row_collector.h"
-#include "reports/statement.h"
+#include "reports/statement_rows.h"
 #include "reports/total.h"
 
 #include <unordered_map>
@@ -17,12 +17,6 @@ struct StatementFilter
     QString userClause;
     QString groupClause;
 };
-
-// The column, which is not printed, of the user's number in the database.
-inline constexpr auto kUserNumberColumn = "user_id";
-
-// What the columns of a statement are.
-[[nodiscard]] Layout StatementLayout();
 
 class StatementBuilder
 {
@@ -72,9 +66,6 @@ private:
     [[nodiscard]] bool Finish(const User &user);
     [[nodiscard]] bool FinishUpTo(size_t place);
     [[nodiscard]] bool Store(const CellRow &row);
-    [[nodiscard]] CellRow RowOf(const User &user, const StatementLine &line) const;
-    [[nodiscard]] QString TextOf(const StatementLine &line) const;
-    [[nodiscard]] QString AmountOf(const StatementCredit &credit) const;
     [[nodiscard]] QString Clauses() const;
 
     ReportTable &table;

@@ -1,6 +1,6 @@
 #include "reports/statement_files.h"
 
-#include "reports/statement_builder.h"
+#include "reports/statement_rows.h"
 #include "reports/wording.h"
 
 #include <QFileInfo>
@@ -21,17 +21,9 @@ QString SafeName(const QString &name)
     return safe;
 }
 
-qint64 NumberOfUser(const ReportTable &table, const ReportGroup &group)
+QString NameOfUser(const ReportGroup &group)
 {
-    const auto &columns = table.layout.columns;
-    const auto number =
-        std::ranges::find(columns, QLatin1StringView(kUserNumberColumn), &LayoutColumn::name);
-    return std::get<qint64>(group.keys[static_cast<size_t>(number - columns.begin())]);
-}
-
-QString NameOfUser(const ReportTable &table, const ReportGroup &group)
-{
-    return std::get<QString>(group.keys[static_cast<size_t>(table.layout.group.constFirst())]);
+    return std::get<QString>(group.keys[statement::UserName]);
 }
 
 // A table of the group alone; null, with the problem told by the whole table's rows, when it cannot be read.
@@ -39,8 +31,7 @@ ReportTablePtr OnlyGroup(const ReportTable &whole, const ReportGroup &group)
 {
     const auto table = std::make_shared<ReportTable>();
     static_cast<ReportSubject &>(*table) = whole;
-    table->filter =
-        FilterInWords({.effect = FilterEffect::Only, .names = {NameOfUser(whole, group)}}, {});
+    table->filter = FilterInWords({.effect = FilterEffect::Only, .names = {NameOfUser(group)}}, {});
     table->layout = whole.layout;
     table->made = whole.made;
     table->schemaVersion = whole.schemaVersion;
@@ -76,7 +67,8 @@ QStringList StatementFileNames(const ReportTable &table, const QString &fileName
 {
     QStringList names;
     for (const ReportGroup &group : table.groups) {
-        names += StatementFileName(fileName, NameOfUser(table, group), NumberOfUser(table, group));
+        const auto number = std::get<qint64>(group.keys[statement::UserNumber]);
+        names += StatementFileName(fileName, NameOfUser(group), number);
     }
     return names;
 }
