@@ -5582,38 +5582,6 @@ Sollen sie ersetzt werden?</translation>
         <translation>Rundung</translation>
     </message>
     <message>
-        <source>Rest of the credit of %1 (%2), closed</source>
-        <translation>Rest des Guthabens von %1 (%2), geschlossen</translation>
-    </message>
-    <message>
-        <source>unlimited</source>
-        <translation>unbegrenzt</translation>
-    </message>
-    <message>
-        <source>Credit given: %1, until %2</source>
-        <translation>Guthaben gegeben: %1, bis %2</translation>
-    </message>
-    <message>
-        <source>Credit given: %1</source>
-        <translation>Guthaben gegeben: %1</translation>
-    </message>
-    <message>
-        <source>Used of the credit of %1 before this day, known as a total only: %2</source>
-        <translation>Vom Guthaben vom %1 vor diesem Tag verbraucht, nur als Summe bekannt: %2</translation>
-    </message>
-    <message>
-        <source>Used of the credit of %1, known as a total only: %2</source>
-        <translation>Vom Guthaben vom %1 verbraucht, nur als Summe bekannt: %2</translation>
-    </message>
-    <message>
-        <source>Used of the credit of %1 (%2)</source>
-        <translation>Verbraucht vom Guthaben von %1 (%2)</translation>
-    </message>
-    <message>
-        <source>Used of the unlimited credit (%1)</source>
-        <translation>Verbraucht vom unbegrenzten Guthaben (%1)</translation>
-    </message>
-    <message>
         <source>%1, %2 left</source>
         <translation>%1, es bleiben %2</translation>
     </message>
@@ -5676,6 +5644,34 @@ Sollen sie ersetzt werden?</translation>
     <message>
         <source>Balance</source>
         <translation>Saldo</translation>
+    </message>
+    <message>
+        <source>Rest of %1 (%2), closed</source>
+        <translation>Rest von %1 (%2), geschlossen</translation>
+    </message>
+    <message>
+        <source>unlimited use</source>
+        <translation>unbegrenzter Nutzung</translation>
+    </message>
+    <message>
+        <source>Credit of %1, until %2</source>
+        <translation>Guthaben von %1, bis %2</translation>
+    </message>
+    <message>
+        <source>Credit of %1</source>
+        <translation>Guthaben von %1</translation>
+    </message>
+    <message>
+        <source>Used of %1 (%2) before this day, known as a total only: %3</source>
+        <translation>Verbraucht von %1 (%2) vor diesem Tag, nur als Summe bekannt: %3</translation>
+    </message>
+    <message>
+        <source>Used of %1 (%2), known as a total only: %3</source>
+        <translation>Verbraucht von %1 (%2), nur als Summe bekannt: %3</translation>
+    </message>
+    <message>
+        <source>Used of %1 (%2)</source>
+        <translation>Verbraucht von %1 (%2)</translation>
     </message>
 </context>
 <context>

@@ -58,7 +58,7 @@ public:
         case Rounding:
             return Words::tr("Rounding");
         case Lapsed:
-            return Words::tr("Rest of the credit of %1 (%2), closed")
+            return Words::tr("Rest of %1 (%2), closed")
                 .arg(Of(*line.credit), InWords(line.credit->given));
         case Given:
             return OfGiven(*line.credit);
@@ -87,14 +87,15 @@ private:
         if (credit.IsOfMoney()) {
             return InMoney(credit.money);
         }
-        return credit.amount > 0 ? In(UseColumnOf(credit), credit.amount) : Words::tr("unlimited");
+        return credit.amount > 0 ? In(UseColumnOf(credit), credit.amount)
+                                 : Words::tr("unlimited use");
     }
 
     [[nodiscard]] QString OfGiven(const StatementCredit &credit) const
     {
         return credit.lastDay.isValid()
-            ? Words::tr("Credit given: %1, until %2").arg(Of(credit), InWords(credit.lastDay))
-            : Words::tr("Credit given: %1").arg(Of(credit));
+            ? Words::tr("Credit of %1, until %2").arg(Of(credit), InWords(credit.lastDay))
+            : Words::tr("Credit of %1").arg(Of(credit));
     }
 
     [[nodiscard]] QString OfTotal(const StatementLine &line) const
@@ -102,18 +103,15 @@ private:
         QString used = In(UseColumnOf(*line.credit), line.used.amount);
         used += line.credit->IsOfMoney() ? u", "_s + InMoney(line.used.money) : QString();
         const QString text = line.day.isValid()
-            ? Words::tr("Used of the credit of %1 before this day, known as a total only: %2")
-            : Words::tr("Used of the credit of %1, known as a total only: %2");
-        return text.arg(InWords(line.credit->given), used);
+            ? Words::tr("Used of %1 (%2) before this day, known as a total only: %3")
+            : Words::tr("Used of %1 (%2), known as a total only: %3");
+        return text.arg(Of(*line.credit), InWords(line.credit->given), used);
     }
 
     [[nodiscard]] QString OfUsed(const StatementLine &line) const
     {
         const StatementCredit &credit = *line.credit;
-        const QString given = InWords(credit.given);
-        const QString text = credit.IsOfMoney() || credit.amount > 0
-            ? Words::tr("Used of the credit of %1 (%2)").arg(Of(credit), given)
-            : Words::tr("Used of the unlimited credit (%1)").arg(given);
+        const QString text = Words::tr("Used of %1 (%2)").arg(Of(credit), InWords(credit.given));
         return credit.amount > 0 && !credit.isClosed
             ? Words::tr("%1, %2 left").arg(text, In(UseColumnOf(credit), line.left))
             : text;
@@ -136,7 +134,7 @@ Layout StatementLayout()
                       TextColumn(u"fullname"_s, Words::tr("Name"), 20),
                       TextColumn(u"ip_addr"_s, Words::tr("IP address"), 16),
                       TextColumn(u"day"_s, Words::tr("Day"), 13),
-                      TextColumn(u"what"_s, Words::tr("What"), 36),
+                      TextColumn(u"what"_s, Words::tr("What"), 100),
                       AmountColumn(u"received"_s, Words::tr("Received"), megabytes),
                       AmountColumn(u"sent"_s, Words::tr("Sent"), megabytes),
                       AmountColumn(u"time"_s, Words::tr("Time"), hours),

@@ -390,7 +390,7 @@ TEST_P(Statements, KnowTotalsOnlyWhereTheDatabaseHasNoDaysOfCredits)
     ASSERT_TRUE(table);
     const QString text = AsText(*table);
     EXPECT_TRUE(text.contains(
-        u"Used of the credit of 2026-11-02, known as a total only: 12.00 MB, 1.50 Taler"_s))
+        u"Used of 50.00 Taler (2026-11-02), known as a total only: 12.00 MB, 1.50 Taler"_s))
         << text.toStdString();
     EXPECT_FALSE(text.contains(u"balance"_s)) << text.toStdString();
 }
