@@ -8,11 +8,13 @@
 #include "reports/filter_choices.h"
 #include "reports/output.h"
 #include "reports/selection.h"
+#include "reports/statement_files.h"
 #include "reports/wording.h"
 #include "startup/language.h"
 #include "startup/start_up.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QTextStream>
 
@@ -39,8 +41,8 @@ void Warn(const QString &text)
 int List()
 {
     QTextStream out(stdout);
-    for (int row = 0; row < kReportCount; ++row) {
-        const ReportEntry &entry = ReportCatalogue().at(static_cast<size_t>(row));
+    for (int row = 0; row < kListedCount; ++row) {
+        const ReportEntry &entry = EntryOf(row);
         out << u"%1  %2  %3\n"_s.arg(row, 2)
                    .arg(QString::fromUtf8(entry.title).trimmed(), -26)
                    .arg(entry.layoutFile);
@@ -61,12 +63,17 @@ struct Arguments
             + u", or FROM..TO as 2026-11-01..2026-11-21; all unless given."_s,
         u"PERIOD"_s,
         u"all"_s};
-    QCommandLineOption users {
-        u"users"_s, u"Only these users, as a,b; needs a period."_s, u"NAMES"_s};
-    QCommandLineOption groups {
-        u"groups"_s, u"Only these groups, as a,b; needs a period."_s, u"NAMES"_s};
+    QCommandLineOption users {u"users"_s,
+                              u"Only these users, as a,b; needs a period, save for statements."_s,
+                              u"NAMES"_s};
+    QCommandLineOption groups {u"groups"_s,
+                               u"Only these groups, as a,b; needs a period, save for statements."_s,
+                               u"NAMES"_s};
     QCommandLineOption output {
         u"output"_s, u"The file to write: %1."_s.arg(EndingsInWords()), u"FILE"_s};
+    QCommandLineOption split {
+        u"split"_s,
+        u"Writes a file for each statement; its name has the user's in it, as FILE-anna-17.pdf."_s};
     QCommandLineOption csvBom {
         u"csv-bom"_s, u"Begins a .csv with a byte order mark, for spreadsheets that need it."_s};
     QCommandLineOption dsn {
@@ -186,7 +193,28 @@ struct Target
     QString file;
     OutputOptions options;
     bool failIfEmpty = false;
+    bool split = false; // a file for each statement
 };
+
+// What was written in words; nothing, and `problem` filled, when not all of it was.
+std::optional<QString> Write(const ReportTablePtr &table,
+                             const Target &target,
+                             RunControl &control,
+                             ReportProblem &problem)
+{
+    if (!target.split) {
+        return WriteReport(table, target.file, control, problem, target.options)
+            ? std::optional(target.file)
+            : std::nullopt;
+    }
+    qsizetype written = 0;
+    if (WriteStatementFiles(table, target.file, control, problem, written, target.options)) {
+        return u"%1 statements in the folder %2"_s.arg(QString::number(written),
+                                                       QFileInfo(target.file).path());
+    }
+    problem.text += u" (%1 of %2 statements are written)"_s.arg(written).arg(table->groups.size());
+    return std::nullopt;
+}
 
 int Make(const ReportRequest &request, const Target &target)
 {
@@ -195,8 +223,8 @@ int Make(const ReportRequest &request, const Target &target)
     const ReportTablePtr table = MakeReport(request, control, problem);
     const bool isMissed =
         table && table->IsEmpty() && target.failIfEmpty; // the former file stays then
-    if (!table
-        || (!isMissed && !WriteReport(table, target.file, control, problem, target.options))) {
+    const auto written = table && !isMissed ? Write(table, target, control, problem) : std::nullopt;
+    if (!written && !isMissed) {
         return Fail(static_cast<Status>(StatusOf(problem.kind)), problem.text);
     }
     const QString source = ParseConnectionText(request.connectionText).dsn;
@@ -206,7 +234,7 @@ int Make(const ReportRequest &request, const Target &target)
     if (isMissed) {
         return Fail(Empty, u"there is nothing to report in the data source \"%1\""_s.arg(source));
     }
-    QTextStream(stdout) << u"%1: made from the data source \"%2\"\n"_s.arg(target.file, source);
+    QTextStream(stdout) << u"%1: made from the data source \"%2\"\n"_s.arg(*written, source);
     return Done;
 }
 
@@ -229,7 +257,11 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
     if (names.isMissing) {
         return Fail(BadArguments, u"--users and --groups must name somebody"_s);
     }
-    if (!names.IsEmpty() && period->choice == PeriodChoice::All) {
+    const bool ofStatements = row == kStatementRow;
+    if (parser.isSet(arguments.split) && !ofStatements) {
+        return Fail(BadArguments, u"--split is for statements; see --list"_s);
+    }
+    if (!names.IsEmpty() && period->choice == PeriodChoice::All && !ofStatements) {
         return Fail(BadArguments, u"users and groups apply only with a period; see --period"_s);
     }
     const StartedProgram program({.configFolder = parser.value(arguments.config),
@@ -244,14 +276,19 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
     if (const QString problem = LogoProblem(request.setup); !problem.isEmpty()) {
         Warn(problem);
     }
-    request.layoutPath =
-        LayoutPath(program.settings.ReadText(values::kPath).value_or(QString()), row);
-    request.query = QueryText(row, *period, filters.userClause, filters.groupClause);
+    if (ofStatements) {
+        request.statement = {filters.userClause, filters.groupClause};
+    } else {
+        request.layoutPath =
+            LayoutPath(program.settings.ReadText(values::kPath).value_or(QString()), row);
+        request.query = QueryText(row, *period, filters.userClause, filters.groupClause);
+    }
     request.connectionText = ReportConnectionText(program.dataSource);
     return Make(request,
                 {.file = output,
                  .options = {.csvBom = parser.isSet(arguments.csvBom)},
-                 .failIfEmpty = parser.isSet(arguments.failIfEmpty)});
+                 .failIfEmpty = parser.isSet(arguments.failIfEmpty),
+                 .split = parser.isSet(arguments.split)});
 }
 
 } // namespace
@@ -277,6 +314,7 @@ int main(int argc, char **argv)
                        arguments.users,
                        arguments.groups,
                        arguments.output,
+                       arguments.split,
                        arguments.csvBom,
                        arguments.dsn,
                        arguments.config,

@@ -4409,6 +4409,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>This report presents user site access. You can customize this report by user or time period.</source>
         <translation>Dieser Bericht zeigt, auf welche Websites die Benutzer zugegriffen haben. Sie können den Bericht auf Benutzer oder einen Zeitraum einschränken.</translation>
     </message>
+    <message>
+        <source>Statement</source>
+        <translation>Kontoauszug</translation>
+    </message>
+    <message>
+        <source>A statement for each user, on pages of its own: the account with its balances, what was used of credits, traffic and time by day. You can choose the user(s), the group(s) and the period.</source>
+        <translation>Ein Kontoauszug für jeden Benutzer, auf eigenen Seiten: das Konto mit seinen Salden, was von Guthaben verbraucht wurde, Verkehr und Zeit nach Tagen. Benutzer, Gruppen und Zeitraum können gewählt werden.</translation>
+    </message>
 </context>
 <context>
     <name>ReportChart</name>
@@ -4962,6 +4970,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>page %1: %2</source>
         <translation>Seite %1: %2</translation>
     </message>
+    <message>
+        <source>Total</source>
+        <translation>Summe</translation>
+    </message>
 </context>
 <context>
     <name>ReportSheet</name>
@@ -5105,6 +5117,22 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 Do you want to replace it?</source>
         <translation>%1 gibt es bereits.
 Soll die Datei ersetzt werden?</translation>
+    </message>
+    <message>
+        <source>Do you want a file of its own for each user?
+The users&apos; names become part of the files&apos; names.</source>
+        <translation>Soll jeder Benutzer eine eigene Datei bekommen?
+Die Namen der Benutzer werden Teil der Dateinamen.</translation>
+    </message>
+    <message>
+        <source>%1 and perhaps others already exist.
+Do you want to replace them?</source>
+        <translation>%1 und vielleicht weitere sind bereits vorhanden.
+Sollen sie ersetzt werden?</translation>
+    </message>
+    <message>
+        <source>%1 of %2 statements were saved in %3</source>
+        <translation>%1 von %2 Kontoauszügen wurden in %3 gespeichert</translation>
     </message>
 </context>
 <context>
@@ -5525,6 +5553,125 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Access type</source>
         <translation>Zugangsart</translation>
+    </message>
+</context>
+<context>
+    <name>Statement</name>
+    <message>
+        <source>base units</source>
+        <translation>Basiseinheiten</translation>
+    </message>
+    <message>
+        <source>the users have changed while they were read</source>
+        <translation>die Benutzer haben sich geändert, während sie gelesen wurden</translation>
+    </message>
+    <message>
+        <source>Nothing was used in this period.</source>
+        <translation>In diesem Zeitraum wurde nichts verbraucht.</translation>
+    </message>
+    <message>
+        <source>Opening balance</source>
+        <translation>Anfangssaldo</translation>
+    </message>
+    <message>
+        <source>Closing balance</source>
+        <translation>Endsaldo</translation>
+    </message>
+    <message>
+        <source>Rounding</source>
+        <translation>Rundung</translation>
+    </message>
+    <message>
+        <source>%1, %2 left</source>
+        <translation>%1, es bleiben %2</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>MB</translation>
+    </message>
+    <message>
+        <source>h</source>
+        <translation>h</translation>
+    </message>
+    <message>
+        <source>Statement</source>
+        <translation>Kontoauszug</translation>
+    </message>
+    <message>
+        <source>lines</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>IP-Adresse</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Received</source>
+        <translation>Empfangen</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>Gesendet</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Used</source>
+        <translation>Verbraucht</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>Saldo</translation>
+    </message>
+    <message>
+        <source>Rest of %1 (%2), closed</source>
+        <translation>Rest von %1 (%2), geschlossen</translation>
+    </message>
+    <message>
+        <source>unlimited use</source>
+        <translation>unbegrenzter Nutzung</translation>
+    </message>
+    <message>
+        <source>Credit of %1, until %2</source>
+        <translation>Guthaben von %1, bis %2</translation>
+    </message>
+    <message>
+        <source>Credit of %1</source>
+        <translation>Guthaben von %1</translation>
+    </message>
+    <message>
+        <source>Used of %1 (%2) before this day, known as a total only: %3</source>
+        <translation>Verbraucht von %1 (%2) vor diesem Tag, nur als Summe bekannt: %3</translation>
+    </message>
+    <message>
+        <source>Used of %1 (%2), known as a total only: %3</source>
+        <translation>Verbraucht von %1 (%2), nur als Summe bekannt: %3</translation>
+    </message>
+    <message>
+        <source>Used of %1 (%2)</source>
+        <translation>Verbraucht von %1 (%2)</translation>
     </message>
 </context>
 <context>

@@ -116,7 +116,21 @@ constexpr std::array<ReportEntry, kReportCount> kRows {{
      SiteAccess},
 }};
 
+constexpr ReportEntry kStatement {
+    QT_TRANSLATE_NOOP("ReportCatalogue", "Statement"),
+    QT_TRANSLATE_NOOP(
+        "ReportCatalogue",
+        "A statement for each user, on pages of its own: the account with its balances, what was used of "
+        "credits, traffic and time by day. You can choose the user(s), the group(s) and the period."),
+    {},
+    Billing};
+
 } // namespace
+
+const ReportEntry &EntryOf(int row)
+{
+    return row == kStatementRow ? kStatement : kRows.at(static_cast<size_t>(row));
+}
 
 QString TitleOf(const ReportEntry &entry)
 {
@@ -148,14 +162,14 @@ int FindReport(const QString &name)
     bool isNumber = false;
     const int number = name.toInt(&isNumber);
     if (isNumber) {
-        return number >= 0 && number < kReportCount ? number : -1;
+        return number >= 0 && number < kListedCount ? number : -1;
     }
     const auto isSame = [](const QString &one, const QString &other) {
         return one.compare(other, Qt::CaseInsensitive) == 0;
     };
     const QString wanted = name.trimmed();
-    for (int row = 0; row < kReportCount; ++row) {
-        const auto &entry = ReportCatalogue().at(static_cast<size_t>(row));
+    for (int row = 0; row < kListedCount && !wanted.isEmpty(); ++row) {
+        const auto &entry = EntryOf(row);
         const QString path = FileNameOf(entry.layoutFile.toString());
         const QFileInfo file(path);
         if (isSame(wanted, QString::fromUtf8(entry.title).trimmed())

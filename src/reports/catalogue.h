@@ -1,4 +1,5 @@
-// The sixteen prepared reports that the console offers, in the order of its list.
+// The reports that the console offers, in the order of its list: sixteen that layout files describe, and
+// users' statements.
 #pragma once
 
 #include <QString>
@@ -12,13 +13,18 @@ struct ReportEntry
 {
     const char *title; // in English, trailing blanks included
     const char *description; // in English
-    QStringView layoutFile; // below the installation folder, with a back-slash
+    QStringView layoutFile; // below the installation folder, with a back-slash; none for statements
     ReportCategory category;
 };
 
-constexpr int kReportCount = 16;
+constexpr int kReportCount = 16; // of those with a layout file
+constexpr int kStatementRow = kReportCount;
+constexpr int kListedCount = kStatementRow + 1;
 
 [[nodiscard]] const std::array<ReportEntry, kReportCount> &ReportCatalogue();
+
+// Of any row that is listed.
+[[nodiscard]] const ReportEntry &EntryOf(int row);
 
 // As they are listed, in the language of the program.
 [[nodiscard]] QString TitleOf(const ReportEntry &entry);

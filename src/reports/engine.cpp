@@ -49,6 +49,17 @@ ReportTablePtr Fill(const std::shared_ptr<ReportTable> &table,
                                  : table;
 }
 
+ReportTablePtr FillStatements(const std::shared_ptr<ReportTable> &table,
+                              StatementBuilder builder,
+                              RunControl &control,
+                              ReportProblem &problem)
+{
+    if (!builder.Build()) {
+        return Fail(problem, control, builder.Problem().kind, builder.Problem().text);
+    }
+    return table;
+}
+
 QString UnopenedText(const QString &dsn, const QString &words)
 {
     const QString advice = MissingSourceAdvice(dsn);
@@ -62,7 +73,8 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
 {
     using Kind = ReportProblem::Kind;
     LayoutError error;
-    const auto layout = ReadLayout(request.layoutPath, error);
+    const auto layout = request.statement ? std::optional(StatementLayout())
+                                          : ReadLayout(request.layoutPath, error);
     if (!layout) {
         return Fail(problem, control, Kind::Layout, error.Message());
     }
@@ -82,6 +94,10 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     NameMoney(*table);
     table->made = request.made;
     table->schemaVersion = connection->SchemaVersion();
+    if (request.statement) {
+        return FillStatements(
+            table, {*table, *request.statement, *connection, control}, control, problem);
+    }
     ReportQuery query(table->layout, request.query, *connection, control);
     return Fill(table, query, control, problem);
 }

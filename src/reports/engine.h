@@ -4,11 +4,13 @@
 #include "reports/connection_text.h"
 #include "reports/report_run.h"
 #include "reports/report_table.h"
+#include "reports/statement_builder.h"
 
 struct ReportRequest : ReportSubject
 {
     QString layoutPath;
     QString query; // empty: the layout's stored one
+    std::optional<StatementFilter> statement; // statements of these users, without layout and query
     QString connectionText;
     QDateTime made = QDateTime::currentDateTime();
 };

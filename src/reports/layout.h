@@ -95,6 +95,8 @@ struct Layout
     RowRule rows = RowRule::Each;
     QList<LayoutColumn> columns;
     QList<int> group; // printed as headings with a sum of their own; for rows of each
+    bool pageForEach =
+        false; // each group is a letter of its own: it begins on a page with all headings
     QList<OrderKey> order; // behind the group
     int top = 0; // the first rows in that order; 0 for all; for summed rows
     QString noun; // what a printed row is one of, such as "users"

@@ -61,6 +61,25 @@ int PageMap::PageOfRow(qint64 row) const
     return std::max(0, static_cast<int>(after - starts.begin()) - 1);
 }
 
+int PageMap::Capacity(int page) const
+{
+    if (outline.pageForEach && BeginsGroup(page)) {
+        return std::max(linesOnFirst, kLeastFirstLines);
+    }
+    return page == 0 ? linesOnFirst : linesOnOthers;
+}
+
+size_t PageMap::GroupOfPage(int page) const
+{
+    const size_t group = starts[static_cast<size_t>(page)].group;
+    return outline.groups.empty() ? 0 : std::min(group, outline.groups.size() - 1);
+}
+
+bool PageMap::BeginsGroup(int page) const
+{
+    return starts[static_cast<size_t>(page)].phase == Phase::Heading;
+}
+
 PageMap::Place PageMap::FillPage(Place place, int capacity, std::vector<PageItem> *items) const
 {
     Filling filling {place, capacity, true, items};
@@ -93,7 +112,8 @@ bool PageMap::PlaceHeading(Filling &filling) const
     const auto &group = outline.groups[filling.at.group];
     const int rows =
         LinesOf(group.first) + (group.count > 1 ? LinesOf(group.first + 1) : group.sumLines);
-    if (!filling.fresh && filling.left < group.headingLines + rows) {
+    const bool isFull = outline.pageForEach || filling.left < group.headingLines + rows;
+    if (!filling.fresh && isFull) {
         return false;
     }
     filling.Put(PageItem::Kind::Heading, static_cast<qint64>(filling.at.group), group.headingLines);

@@ -19,6 +19,7 @@ struct PageOutline
     };
 
     std::vector<Group> groups; // without groups, one of all rows that has no heading
+    bool pageForEach = false; // each group begins on a page that holds as many lines as the first
     int closingLines = 0; // behind the last group, kept together
     std::vector<std::pair<qint64, int>> tallRows; // rows of more than one line, in order
 };
@@ -52,6 +53,12 @@ public:
     // From the top; page 0 is the first.
     [[nodiscard]] std::vector<PageItem> Page(int page) const;
 
+    // The group that a page begins with or goes on with; 0 without groups.
+    [[nodiscard]] size_t GroupOfPage(int page) const;
+
+    // It begins there, at the page's top.
+    [[nodiscard]] bool BeginsGroup(int page) const;
+
     // The page on which a row stands.
     [[nodiscard]] int PageOfRow(qint64 row) const;
 
@@ -70,7 +77,7 @@ private:
 
     struct Filling; // a page on its way to being full
 
-    [[nodiscard]] int Capacity(int page) const { return page == 0 ? linesOnFirst : linesOnOthers; }
+    [[nodiscard]] int Capacity(int page) const;
     [[nodiscard]] Place FillPage(Place place, int capacity, std::vector<PageItem> *items) const;
     [[nodiscard]] bool PlaceHeading(Filling &filling) const;
     [[nodiscard]] bool PlaceRows(Filling &filling) const;

@@ -74,7 +74,7 @@ PagePainter::PagePainter(const ReportPages &ofPages, Canvas &onCanvas, int pageN
 
 void PagePainter::Paint()
 {
-    if (page == 0) {
+    if (pages.HasAllHeadings(page)) {
         PaintHead();
         PaintFirstHeading();
         PaintChart();
@@ -144,15 +144,13 @@ void PagePainter::PaintFirstHeading()
     }
     canvas.Write(line, Words::tr("Made %1").arg(made), Faint(Style::Period, Qt::AlignRight));
     top += 150;
-    const QString filter =
-        Words::tr("Filter: %1")
-            .arg(
-                OneLine(table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter));
+    const TextLook look {.style = table.layout.pageForEach ? Style::Strong : Style::Period};
+    const QString whom = FilterOrAddressee();
     line = Line(paper::kHeadingLine);
-    canvas.Say(line.adjusted(0, 0, 0, line.height()), filter, {.style = Style::Period});
-    QStringList lines = paper::Wrapped(filter, Style::Period, line.width(), 2);
+    canvas.Say(line.adjusted(0, 0, 0, line.height()), whom, look);
+    QStringList lines = paper::Wrapped(whom, look.style, line.width(), 2);
     for (const QString &text : std::as_const(lines)) {
-        canvas.Draw(line, text, {.style = Style::Period});
+        canvas.Draw(line, text, look);
         line.translate(0, paper::kHeadingLine);
     }
     lines = pages.NoteLines();
@@ -168,11 +166,23 @@ void PagePainter::PaintFirstHeading()
     top = ends;
 }
 
+// A letter does not name whom else there are letters for.
+QString PagePainter::FilterOrAddressee() const
+{
+    if (table.layout.pageForEach && !table.groups.empty()) {
+        return pages.LetterTitle(page);
+    }
+    return Words::tr("Filter: %1")
+        .arg(OneLine(table.filter.isEmpty() ? Words::tr("all users and groups") : table.filter));
+}
+
 void PagePainter::PaintOtherHeading()
 {
     const QRectF line = Line(150);
-    canvas.Write(
-        line.adjusted(0, 0, -line.width() / 2, 0), table.layout.title, Faint(Style::Heading));
+    const QString whom = pages.LetterTitle(page);
+    canvas.Write(line.adjusted(0, 0, -line.width() / 2, 0),
+                 whom.isEmpty() ? table.layout.title : table.layout.title + u", "_s + whom,
+                 Faint(Style::Heading));
     canvas.WriteWhole(line.adjusted(line.width() / 2, 0, 0, 0),
                       table.period,
                       Faint(Style::Small, Qt::AlignRight));
@@ -335,7 +345,10 @@ void PagePainter::PaintItem(const PageItem &item)
         const ReportGroup &group = table.groups[static_cast<size_t>(item.index)];
         if (HasSumLine(group)) {
             Rule(5, paper::kInk, pages.plan.width);
-            PaintSums(CountedRows(table, group.count), group.totals, Style::Strong);
+            PaintSums(table.layout.pageForEach ? Words::tr("Total")
+                                               : CountedRows(table, group.count),
+                      group.totals,
+                      Style::Strong);
         }
         break;
     }
@@ -453,7 +466,8 @@ void PagePainter::PaintFooter()
     Rule(3, paper::kRule, width - 2 * paper::kMargin);
     top += 30;
     canvas.Write(Line(120), u"Tollbrook Administrator"_s, Faint(Style::Small));
+    const auto [number, count] = pages.NumberOf(page);
     canvas.WriteWhole(Line(120),
-                      Words::tr("Page %1 of %2").arg(page + 1).arg(pages.Count()),
+                      Words::tr("Page %1 of %2").arg(number).arg(count),
                       Faint(Style::Small, Qt::AlignRight));
 }

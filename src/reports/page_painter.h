@@ -34,6 +34,7 @@ public:
 private:
     void PaintHead();
     void PaintFirstHeading();
+    [[nodiscard]] QString FilterOrAddressee() const;
     void PaintOtherHeading();
     void PaintChart();
     void PaintSummary();

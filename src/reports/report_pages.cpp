@@ -20,13 +20,14 @@ constexpr int kPagesWithoutSummary = 20;
 constexpr double kFrame = 2 * paper::kMargin + paper::kColumnHeading + paper::kFooter;
 
 // Enlarged until the least number of lines finds room.
-QSizeF Enlarged(QSizeF sheet)
+QSizeF Enlarged(QSizeF sheet, double leastOfFirst)
 {
     constexpr double kLeastWidth = 4000;
     constexpr double kLeastHeight =
         kFrame + paper::kOtherHeading + PageMap::kLeastLines * paper::kLine;
     const QSizeF page = sheet * 10;
-    return page * std::max({1.0, kLeastWidth / page.width(), kLeastHeight / page.height()});
+    const double least = std::max(kLeastHeight, leastOfFirst);
+    return page * std::max({1.0, kLeastWidth / page.width(), least / page.height()});
 }
 
 QSizeF UsualSheet(const ReportTable &table)
@@ -63,12 +64,12 @@ ReportPages::ReportPages(const ReportTablePtr &ofTable, const RunControl *contro
 
 ReportPages::ReportPages(ReportTablePtr ofTable, QSizeF sheet, const RunControl *control)
     : table(std::move(ofTable))
-    , size(Enlarged(sheet))
+    , size(Enlarged(sheet, LeastOfLetter()))
     , plan(PlanColumns(*table, Room(), Leads(*table)))
     , map(Outline(control),
           LinesBelow(FirstHeadingHeight() + ChartRoom()),
           LinesBelow(paper::kOtherHeading))
-    , hasSummary(map.Count() > kPagesWithoutSummary)
+    , hasSummary(!table->layout.pageForEach && map.Count() > kPagesWithoutSummary)
 {
     if (hasSummary) {
         map.LeaveFirstBlank();
@@ -85,8 +86,42 @@ int ReportPages::PageOfGroup(size_t group) const
     return map.PageOfRow(table->groups[group].first);
 }
 
+bool ReportPages::HasAllHeadings(int page) const
+{
+    return page == 0 || (table->layout.pageForEach && map.BeginsGroup(page));
+}
+
+std::pair<int, int> ReportPages::NumberOf(int page) const
+{
+    if (!table->layout.pageForEach || table->groups.empty()) {
+        return {page + 1, Count()};
+    }
+    const size_t group = map.GroupOfPage(page);
+    const int first = PageOfGroup(group);
+    const int end = group + 1 < table->groups.size() ? PageOfGroup(group + 1) : Count();
+    return {page - first + 1, end - first};
+}
+
+QString ReportPages::LetterTitle(int page) const
+{
+    return table->layout.pageForEach && !table->groups.empty()
+        ? GroupTitle(*table, table->groups[map.GroupOfPage(page)])
+        : QString();
+}
+
+// A letter's first page holds a few lines below its headings.
+double ReportPages::LeastOfLetter() const
+{
+    return table->layout.pageForEach
+        ? kFrame + FirstHeadingHeight() + PageMap::kLeastFirstLines * paper::kLine
+        : 0;
+}
+
 double ReportPages::TopOfGroup(size_t group) const
 {
+    if (table->layout.pageForEach) {
+        return 0;
+    }
     const int page = PageOfGroup(group);
     double top = paper::kMargin + paper::kColumnHeading
         + (page == 0 ? FirstHeadingHeight() + ChartRoom() : paper::kOtherHeading);
@@ -164,13 +199,15 @@ PageOutline ReportPages::Outline(const RunControl *control) const
 {
     const double width = Room() - 2 * paper::kCellPadding;
     PageOutline outline;
+    outline.pageForEach = table->layout.pageForEach;
     for (const ReportGroup &group : table->groups) {
         const QString title = GroupTitle(*table, group);
-        outline.groups.push_back({group.first,
-                                  group.count,
-                                  HeadingLines(title, width),
-                                  HasSumLine(group) ? kSumLines : kSumLines - 1,
-                                  HeadingLines(ContinuedTitle(title), width)});
+        outline.groups.push_back(
+            {group.first,
+             group.count,
+             outline.pageForEach ? 0 : HeadingLines(title, width),
+             HasSumLine(group) ? kSumLines : kSumLines - 1,
+             outline.pageForEach ? 0 : HeadingLines(ContinuedTitle(title), width)});
     }
     if (table->groups.empty() && !table->IsEmpty()) {
         outline.groups.push_back({0, table->rows.Count(), 0, 0});
@@ -189,7 +226,8 @@ PageOutline ReportPages::Outline(const RunControl *control) const
             }
         }
     }
-    outline.closingLines = table->IsEmpty() ? 0 : table->IsCut() ? 3 : 2;
+    const bool hasClosing = !table->IsEmpty() && !outline.pageForEach;
+    outline.closingLines = !hasClosing ? 0 : table->IsCut() ? 3 : 2;
     return outline;
 }
 

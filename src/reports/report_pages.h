@@ -48,6 +48,16 @@ public:
     // The page, from 0, on which a group of the table begins.
     [[nodiscard]] int PageOfGroup(size_t group) const;
 
+    // Whether the page is the first one, or the first of a letter (Layout::pageForEach): it has all the
+    // headings.
+    [[nodiscard]] bool HasAllHeadings(int page) const;
+
+    // The page's number, from 1, and of how many: of its letter's pages, or of all.
+    [[nodiscard]] std::pair<int, int> NumberOf(int page) const;
+
+    // Whom the page's letter goes to; empty in other reports.
+    [[nodiscard]] QString LetterTitle(int page) const;
+
     // Where its heading stands there, in points from the page's upper edge.
     [[nodiscard]] double TopOfGroup(size_t group) const;
 
@@ -75,6 +85,7 @@ private:
     [[nodiscard]] int RowLines(const CellRow &row) const;
     [[nodiscard]] double RoomForTexts() const;
     [[nodiscard]] double ChartRoom() const;
+    [[nodiscard]] double LeastOfLetter() const;
     [[nodiscard]] double FirstHeadingHeight() const;
     [[nodiscard]] int LinesBelow(double headingHeight) const;
     [[nodiscard]] QStringList NoteLines() const;

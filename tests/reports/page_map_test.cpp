@@ -51,6 +51,26 @@ void ExpectWhole(const PageOutline &outline, int onFirst, int onOthers)
 
 } // namespace
 
+TEST(PageMap, LettersBeginOnPagesOfTheirOwnThatHoldAsMuchAsTheFirst)
+{
+    PageOutline letters;
+    letters.pageForEach = true;
+    letters.groups = {{0, 3, 0, 2}, {3, 30, 0, 2}, {33, 1, 0, 1}};
+    const PageMap map(letters, 10, 25);
+    ASSERT_EQ(map.Count(), 4);
+    const size_t groups[] = {0, 1, 1, 2};
+    const int lines[] = {5, 10, 22, 2};
+    for (int page = 0; page < 4; ++page) {
+        EXPECT_EQ(map.GroupOfPage(page), groups[page]);
+        EXPECT_EQ(map.BeginsGroup(page), page != 2);
+        EXPECT_EQ(LinesOn(map.Page(page)), lines[page]) << page;
+    }
+    EXPECT_EQ(map.PageOfRow(12), 1);
+    EXPECT_EQ(map.PageOfRow(13), 2);
+    // Where the headings take the page, a letter has a few lines all the same.
+    EXPECT_EQ(LinesOn(PageMap(letters, 0, 25).Page(1)), PageMap::kLeastFirstLines);
+}
+
 TEST(PageMap, EveryRowStandsOnOnePage)
 {
     for (const qint64 size : {1, 2, 3, 18, 19, 20, 21, 22, 40, 41, 60, 199}) {

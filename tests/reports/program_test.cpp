@@ -64,7 +64,8 @@ protected:
 TEST_F(Program, ListsTheReports)
 {
     EXPECT_EQ(Run({u"--list"_s}), 0);
-    EXPECT_EQ(printed.count(u'\n'), 16);
+    EXPECT_EQ(printed.count(u'\n'), 17);
+    EXPECT_TRUE(printed.contains(u"16  Statement"));
     EXPECT_TRUE(printed.contains(u"12  Top 10 Payers"));
 }
 
@@ -94,7 +95,9 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
         {with({u"--users"_s, u"anna"_s, u"--groups"_s, u""_s, u"--period"_s, u"month"_s}),
          2,
          "must name somebody"},
-        {with({u"--report"_s, u"16"_s}), 2, "no such report"},
+        {with({u"--report"_s, u"17"_s}), 2, "no such report"},
+        {with({u"--report"_s, u"statement"_s, u"--users"_s, u"anna"_s}), 0, ""},
+        {with({u"--split"_s}), 2, "--split is for statements"},
         {with({u"--report"_s, u""_s}), 2, "no such report"},
         {with({u"--period"_s, u"2026-11-21..2026-11-01"_s}), 2, "no such period"},
         {with({u"--period"_s, u"yesterday"_s}), 2, "no such period"},
@@ -126,6 +129,55 @@ TEST_F(Program, TellsByItsExitStatusHowItWent)
     Execute("DROP TABLE groups");
     EXPECT_EQ(Run(with({u"--groups"_s, u"Workshop"_s, u"--period"_s, u"month"_s})), 3);
     EXPECT_TRUE(said.contains(u"tollbrook-report: [SQLite]no such table")) << said.toStdString();
+}
+
+TEST_F(Program, WritesAFileForEachStatement)
+{
+    const QStringList arguments {u"--report"_s,
+                                 u"16"_s,
+                                 u"--dsn"_s,
+                                 Dsn(),
+                                 u"--period"_s,
+                                 u"2026-11-01..2026-11-30"_s,
+                                 u"--split"_s,
+                                 u"--output"_s};
+    QDir(folder.path()).mkpath(u"each"_s);
+    ASSERT_EQ(Run(arguments + QStringList {Out(u"each/s.csv"_s)}), 0) << said.toStdString();
+    EXPECT_TRUE(printed.startsWith(u"9 statements in the folder "_s)) << printed.toStdString();
+    const QStringList names = QDir(Out(u"each"_s)).entryList(QDir::Files, QDir::Name);
+    const QStringList wanted {u"s-_1_1-3.csv"_s,
+                              u"s-_Zo\u00eb-8.csv"_s,
+                              u"s-__-blank-9.csv"_s,
+                              u"s-_b__amp_-6.csv"_s,
+                              u"s-anna-1.csv"_s,
+                              u"s-O_Hara___Frank_-2.csv"_s,
+                              u"s-two_lines-4.csv"_s,
+                              u"s-%1-7.csv"_s.arg(QString(50, u'w')),
+                              u"s-\u05d3\u05d5\u05d3-5.csv"_s};
+    EXPECT_EQ(QSet<QString>(names.begin(), names.end()),
+              QSet<QString>(wanted.begin(), wanted.end()))
+        << names.join(u' ').toStdString();
+    QFile anna(Out(u"each/s-anna-1.csv"_s));
+    ASSERT_TRUE(anna.open(QIODevice::ReadOnly));
+    const auto lines = anna.readAll().trimmed().split('\n');
+    EXPECT_GT(lines.size(), 4);
+    EXPECT_TRUE(std::all_of(lines.begin() + 1, lines.end(), [](const QByteArray &line) {
+        return line.startsWith("anna,");
+    }));
+}
+
+TEST_F(Program, TellsHowManyStatementsAreWrittenWhenOneCannotBe)
+{
+    QDir(folder.path()).mkpath(u"s-anna-1.csv/in the way"_s);
+    EXPECT_EQ(Run({u"--report"_s,
+                   u"16"_s,
+                   u"--dsn"_s,
+                   Dsn(),
+                   u"--split"_s,
+                   u"--output"_s,
+                   Out(u"s.csv"_s)}),
+              5);
+    EXPECT_TRUE(said.contains(u" of 9 statements are written)"_s)) << said.toStdString();
 }
 
 TEST_F(Program, TellsOfAnOlderSchemaAndRefusesANewerOne)

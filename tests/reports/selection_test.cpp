@@ -77,7 +77,9 @@ TEST(Catalogue, LayoutsAreFoundBelowTheFolderAndByName)
     EXPECT_EQ(FileNameOf(u"C\\reports\\timeall.rpt"_s), u"C/reports/timeall.rpt"_s);
     const std::pair<const char16_t *, int> names[] = {{u"0", 0},
                                                       {u"15", 15},
-                                                      {u"16", -1},
+                                                      {u"16", kStatementRow},
+                                                      {u"Statement ", kStatementRow},
+                                                      {u"17", -1},
                                                       {u"-1", -1},
                                                       {u"traffic (summary)", 0},
                                                       {u"WEBTOP", 14},

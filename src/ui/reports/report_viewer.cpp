@@ -2,6 +2,7 @@
 
 #include "reports/output.h"
 #include "reports/paper.h"
+#include "reports/statement_files.h"
 #include "ui/common/accessible.h"
 #include "ui/reports/page_view.h"
 #include "ui/reports/print_pages.h"
@@ -138,7 +139,7 @@ void ReportViewer::Run()
     if (job.IsRunning()) {
         return;
     }
-    if (request.layoutPath.isEmpty()) {
+    if (request.layoutPath.isEmpty() && !request.statement) {
         Say(tr("Please select a report"));
         return;
     }
@@ -280,13 +281,58 @@ void ReportViewer::SaveAs()
     while (dialog.exec() == QDialog::Accepted) {
         const QString ending = endings.value(kinds.indexOf(dialog.selectedNameFilter()));
         const QString name = WithEnding(dialog.selectedFiles().constFirst(), ending, endings);
-        const bool isThere = QFileInfo::exists(name);
-        if (!isThere
-            || prompt.Ask(tr("%1 already exists.\nDo you want to replace it?").arg(name))) {
-            SaveTo(name);
+        const bool each = AsksForEach();
+        if (MayReplace(name, each)) {
+            each ? SaveEachTo(name) : SaveTo(name);
             return;
         }
     }
+}
+
+bool ReportViewer::AsksForEach()
+{
+    return table->layout.pageForEach && table->groups.size() > 1
+        && prompt.Ask(
+            tr("Do you want a file of its own for each user?\nThe users' names become part of "
+               "the files' names."));
+}
+
+bool ReportViewer::MayReplace(const QString &fileName, bool each)
+{
+    const QStringList names = each ? StatementFileNames(*table, fileName) : QStringList {fileName};
+    const auto isThere = [](const QString &name) { return QFileInfo::exists(name); };
+    const auto first = std::find_if(names.begin(), names.end(), isThere);
+    return first == names.end()
+        || prompt.Ask(each
+                          ? tr("%1 and perhaps others already exist.\nDo you want to replace them?")
+                                .arg(*first)
+                          : tr("%1 already exists.\nDo you want to replace it?").arg(*first));
+}
+
+void ReportViewer::SaveEachTo(const QString &fileName)
+{
+    struct Saved
+    {
+        ReportProblem problem;
+        qsizetype written = 0;
+    };
+    const auto saved = std::make_shared<Saved>();
+    job.Start(
+        [whole = table, fileName, saved](RunControl &control) {
+            if (WriteStatementFiles(whole, fileName, control, saved->problem, saved->written)) {
+                saved->problem = {};
+            }
+        },
+        [this, fileName, saved, all = table->groups.size()] {
+            const QString folder = QFileInfo(fileName).absolutePath();
+            const QString written =
+                tr("%1 of %2 statements were saved in %3").arg(saved->written).arg(all).arg(folder);
+            if (saved->problem.kind == ReportProblem::Kind::Output) {
+                prompt.Tell(written + u"\n\n" + saved->problem.text, Prompt::Icon::Warning);
+            } else {
+                Say(written);
+            }
+        });
 }
 
 void ReportViewer::SaveTo(const QString &fileName)

@@ -42,10 +42,14 @@ public:
     // the period's days, the site's paper and currency.
     void SetSubject(const ReportSubject &subject);
 
+    // Statements instead of what the layout and the query say; nothing for a report of those.
+    void SetStatements(const std::optional<StatementFilter> &chosen) { request.statement = chosen; }
+
     void Print(); // asks for the printer
     void PrintOn(const std::shared_ptr<QPrinter> &printer); // on the paper that it has
     void SaveAs(); // asks for the name
     void SaveTo(const QString &fileName);
+    void SaveEachTo(const QString &fileName); // a file for each statement (statement_files.h)
     // From the page shown on, or behind the last place that was found there; behind the last page from
     // the first again.
     void Find(const QString &text);
@@ -78,6 +82,8 @@ private:
     void Show(const Outcome &outcome);
     void ShowFound(const QString &text, const std::optional<PageHit> &now);
     void ShowProgress(qint64 done, qint64 whole);
+    [[nodiscard]] bool MayReplace(const QString &fileName, bool each);
+    [[nodiscard]] bool AsksForEach();
     void SetBusy(bool busy);
     void Say(const QString &text);
 

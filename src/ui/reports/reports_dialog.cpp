@@ -70,8 +70,8 @@ QWidget *ReportsDialog::BuildChoices()
 {
     catalogue = new QListWidget;
     SetNames(*catalogue, u"catalogue"_s, tr("Reports"));
-    for (const ReportEntry &entry : ReportCatalogue()) {
-        catalogue->addItem(TitleOf(entry));
+    for (int row = 0; row < kListedCount; ++row) {
+        catalogue->addItem(TitleOf(EntryOf(row)));
     }
     description = new QLabel;
     description->setObjectName(u"description"_s);
@@ -188,10 +188,11 @@ void ReportsDialog::ShowSelected(int row)
     if (row < 0) {
         return;
     }
-    description->setText(DescriptionOf(ReportCatalogue().at(static_cast<size_t>(row))));
+    description->setText(DescriptionOf(EntryOf(row)));
     const FilterUse use = FiltersOf(row);
     users->setEnabled(use.users);
     groups->setEnabled(use.groups);
+    ShowFilterNote();
 }
 
 // A click with Ctrl would take the selection back, while the viewer still holds the row's layout.
@@ -212,7 +213,8 @@ void ReportsDialog::EnablePickers()
 void ReportsDialog::ShowFilterNote()
 {
     const QString words = FilterWords();
-    const bool unused = allAvailable->isChecked() && !words.isEmpty();
+    const bool unused =
+        allAvailable->isChecked() && !words.isEmpty() && SelectedRow() != kStatementRow;
     filterNoteArea->setVisible(!words.isEmpty());
     filterNote->setText(unused ? words + u" - filters apply only with a period." : words);
 }
@@ -308,13 +310,16 @@ void ReportsDialog::Generate()
     }
     const int row = SelectedRow();
     const ReportPeriod period = Period();
-    const QString query = row < 0 ? QString()
-                                  : QueryText(row,
-                                              period,
-                                              UserFilterClause(userFilter.filter),
-                                              GroupFilterClause(groupFilter.filter));
-    Viewer().SetSubject(SubjectOf(
-        services.settings, period, period.choice == PeriodChoice::All ? QString() : FilterWords()));
+    const QString userClause = UserFilterClause(userFilter.filter);
+    const QString groupClause = GroupFilterClause(groupFilter.filter);
+    const bool ofStatements = row == kStatementRow;
+    const bool isNarrowed = ofStatements || period.choice != PeriodChoice::All;
+    const QString query =
+        row < 0 || ofStatements ? QString() : QueryText(row, period, userClause, groupClause);
+    Viewer().SetSubject(
+        SubjectOf(services.settings, period, isNarrowed ? FilterWords() : QString()));
+    Viewer().SetStatements(ofStatements ? std::optional(StatementFilter {userClause, groupClause})
+                                        : std::nullopt);
     Drive(row, query);
     if (generate->hasFocus()) {
         catalogue->setFocus(); // else it goes on to "Help"; Return generates here too
@@ -327,7 +332,7 @@ void ReportsDialog::Drive(int row, const QString &query)
 {
     control->SetConnection(ReportConnectionText().toUtf8());
     control->SetOutputMode(2);
-    if (row >= 0) {
+    if (row >= 0 && row != kStatementRow) { // which has no layout file
         const QString folder = services.settings.ReadText(values::kPath).value_or(QString());
         control->SetLayoutFile(LayoutPath(folder, row).toUtf8());
     }

@@ -1,4 +1,4 @@
-// "Reports": chooses one of sixteen, narrows it, and shows it beside.
+// "Reports": chooses one of the catalogue, narrows it, and shows it beside.
 #pragma once
 
 #include "reports/catalogue.h"

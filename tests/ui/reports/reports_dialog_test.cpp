@@ -29,7 +29,7 @@ QStringList Puts(const QSignalSpy &spy)
 TEST_F(Reports, OpensWithoutASelectionButTheFirstDescription)
 {
     auto &catalogue = Find<QListWidget>(*dialog, "catalogue");
-    EXPECT_EQ(catalogue.count(), kReportCount);
+    EXPECT_EQ(catalogue.count(), kListedCount);
     EXPECT_EQ(catalogue.item(0)->text(), u"Traffic (Summary) "_s);
     EXPECT_TRUE(catalogue.selectedItems().isEmpty()); // kept: the search finds no title
     EXPECT_EQ(Find<QLabel>(*dialog, "description").text(), DescriptionOf(ReportCatalogue()[0]));
@@ -41,10 +41,9 @@ TEST_F(Reports, OpensWithoutASelectionButTheFirstDescription)
 
 TEST_F(Reports, ARowShowsItsDescriptionAndEnablesItsFilters)
 {
-    for (int row = 0; row < kReportCount; ++row) {
+    for (int row = 0; row < kListedCount; ++row) {
         Select(row);
-        EXPECT_EQ(Find<QLabel>(*dialog, "description").text(),
-                  DescriptionOf(ReportCatalogue()[static_cast<size_t>(row)]));
+        EXPECT_EQ(Find<QLabel>(*dialog, "description").text(), DescriptionOf(EntryOf(row)));
         EXPECT_EQ(Find<QWidget>(*dialog, "users").isEnabled(), row != 1 && row != 3);
         EXPECT_EQ(Find<QWidget>(*dialog, "groups").isEnabled(), row != 1 && row != 3);
     }
@@ -126,7 +125,7 @@ TEST_F(Reports, FromAfterToRunsNothing)
 
 TEST_F(Reports, EveryRowIsShown)
 {
-    for (int row = 0; row < kReportCount; ++row) {
+    for (int row = 0; row < kListedCount; ++row) {
         Select(row);
         ClickGenerate();
         ASSERT_TRUE(dialog->Viewer().Table()) << row << Message().toStdString();
@@ -239,6 +238,52 @@ TEST_F(Reports, ASavedFileEndsAsTheKindThatWasChosen)
         ASSERT_TRUE(ready.count() > 0 || ready.wait(20'000));
         EXPECT_TRUE(QFile::exists(name + u'.' + ending)) << Message().toStdString();
     }
+}
+
+TEST_F(Reports, StatementsAreOnPagesOfTheirOwnAndNameNobodyElse)
+{
+    Select(kStatementRow);
+    ClickGenerate();
+    const auto pages = dialog->Viewer().View().Pages();
+    ASSERT_TRUE(pages) << Message().toStdString();
+    ASSERT_EQ(pages->Table().groups.size(), 9U);
+    QSet<int> begins;
+    for (size_t group = 0; group < 9; ++group) {
+        const int page = pages->PageOfGroup(group);
+        begins += page;
+        const QString text = pages->PageText(page);
+        EXPECT_TRUE(text.contains(u"Statement"_s) && text.contains(u"Page 1 of "_s))
+            << text.toStdString();
+        for (size_t other = 0; other < 9; ++other) {
+            const QString name = GroupTitle(pages->Table(), pages->Table().groups[other]);
+            EXPECT_EQ(text.contains(name), other == group) << text.toStdString();
+        }
+    }
+    EXPECT_EQ(begins.size(), 9);
+    Grab(*dialog, u"reports-statement"_s);
+    Select(0); // a report of a layout again
+    ClickGenerate();
+    EXPECT_TRUE(dialog->Viewer().View().Pages()->PageText(0).contains(u"Traffic (Summary)"_s));
+}
+
+TEST_F(Reports, StatementsAreSavedAsAFileForEachUserWhereThatIsWanted)
+{
+    Select(kStatementRow);
+    ClickGenerate();
+    for (const bool each : {true, false}) {
+        const WhileModal choose([&](QDialog &dialogBox) {
+            Type(Find<QLineEdit>(dynamic_cast<QFileDialog &>(dialogBox), "fileNameEdit"),
+                 folder.filePath(u"letter"_s));
+            dialogBox.accept();
+        });
+        prompt.AnswerWith({each});
+        QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
+        Click(*dialog, "saveButton");
+        ASSERT_TRUE(ready.count() > 0 || ready.wait(60'000));
+        EXPECT_EQ(QDir(folder.path()).entryList({u"letter-*.pdf"_s}).size(), 9);
+        EXPECT_EQ(QFile::exists(folder.filePath(u"letter.pdf"_s)), !each);
+    }
+    EXPECT_EQ(prompt.TakeSaid().size(), 2);
 }
 
 TEST_F(Reports, ReturnInAFieldOfTheViewerGeneratesNothing)
