@@ -3253,6 +3253,13 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>LookLock</name>
+    <message>
+        <source>You may look at everything here and change nothing.</source>
+        <translation>Sie können sich hier alles ansehen und nichts ändern.</translation>
+    </message>
+</context>
+<context>
     <name>ManyUsersDialog</name>
     <message>
         <source>Changing the users...</source>
@@ -3581,6 +3588,13 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>The address is too long.</source>
         <translation>Die Anschrift ist zu lang.</translation>
+    </message>
+</context>
+<context>
+    <name>Perform</name>
+    <message>
+        <source>You may look at everything and change nothing: for this one must be in the group tollbrook.</source>
+        <translation>Sie können sich alles ansehen und nichts ändern: dafür muss man in der Gruppe tollbrook sein.</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "app/waiting.h"
 #include "db/query.h"
 #include "db/schema_version.h"
+#include "startup/rights.h"
 
 #include <QFontDatabase>
 #include <QThreadPool>
@@ -64,6 +65,7 @@ void CAdministratorApp::MakeServices()
     program->connection.OnSettled([this](bool allHeard) { emit news.ServiceSettled(allHeard); });
     services.emplace(AppServices {
         program->settings, database, program->control, program->connection, news, *prompt});
+    services->onlyLooks = MayOnlyLook();
 }
 
 // The session opens beside the window; here is waited for it.

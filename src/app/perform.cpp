@@ -3,6 +3,8 @@
 #include "access/block_commands.h"
 #include "app/answering.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 void KeepBlockMoments(const AppServices &services, const QList<Change> &changes)
@@ -16,7 +18,23 @@ void KeepBlockMoments(const AppServices &services, const QList<Change> &changes)
     }
 }
 
+QString OnlyLooksText()
+{
+    return QCoreApplication::translate(
+        "Perform",
+        "You may look at everything and change nothing: for this one must be in the group "
+        "tollbrook.");
+}
+
 } // namespace
+
+bool MayChange(const AppServices &services)
+{
+    if (services.onlyLooks) {
+        services.prompt.Tell(OnlyLooksText());
+    }
+    return !services.onlyLooks;
+}
 
 Outcome PerformQuietly(const AppServices &services,
                        QWidget *parent,
@@ -24,6 +42,12 @@ Outcome PerformQuietly(const AppServices &services,
                        const Action &action,
                        SessionThread::Patience patience)
 {
+    if (services.onlyLooks) {
+        Outcome refused;
+        refused.state = Outcome::State::Refused;
+        refused.refusal = OnlyLooksText();
+        return refused;
+    }
     return AwaitAnswered(
         services,
         parent,

@@ -6,6 +6,10 @@
 
 class QWidget;
 
+// False, which is told, for somebody who may only look. To be asked before anything is asked of a person
+// that leads to a change.
+[[nodiscard]] bool MayChange(const AppServices &services);
+
 // Runs the action on the session's thread while `parent` waits, asks its questions while no
 // transaction is open, and runs it again with the answers, as often as new questions come up. True
 // when it was done; whatever else became of it is told in one message, and the window stays open.

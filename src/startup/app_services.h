@@ -22,6 +22,7 @@ struct AppServices
     ChangeNews &news;
     Prompt &prompt;
     std::shared_ptr<BlockMoments> blockMoments = std::make_shared<BlockMoments>();
+    bool onlyLooks = false; // whoever runs the console changes nothing (startup/rights.h)
 };
 
 // What the main window does as it goes: closes the database session and drops the connection to the

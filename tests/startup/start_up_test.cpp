@@ -5,6 +5,7 @@
 #include "db/schema_version.h"
 #include "db/session.h"
 #include "startup/app_services.h"
+#include "startup/rights.h"
 #include "support/core/database_fixture.h"
 #include "support/core/fake_service.h"
 #include "support/core/private_bus.h"
@@ -154,6 +155,27 @@ TEST_F(StartUp, NobodyAnswersWithoutABus)
     EXPECT_EQ(program.control.Query(), std::nullopt);
     program.connection.Connect(prompt);
     EXPECT_EQ(prompt.TakeSaid(), QStringList(u"Could not create instance"_s));
+}
+
+TEST(Rights, AreTheGroupsOfWhoeverRunsTheConsole)
+{
+    const QString looks = u"tollbrook-view"_s;
+    const QString changes = u"tollbrook"_s;
+    const struct
+    {
+        bool isRoot;
+        QStringList groups;
+        bool onlyLooks;
+    } kCases[] = {
+        {false, {u"users"_s, looks}, true},
+        {false, {looks, changes}, false},
+        {false, {changes}, false},
+        {false, {}, false}, // the files' modes decide
+        {true, {looks}, false},
+    };
+    for (const auto &[isRoot, groups, onlyLooks] : kCases) {
+        EXPECT_EQ(MayOnlyLook(isRoot, groups), onlyLooks) << qPrintable(groups.join(u' '));
+    }
 }
 
 TEST(Buses, HaveTwoNames)

@@ -10,6 +10,7 @@
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/heading_line.h"
+#include "ui/common/look_lock.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -85,6 +86,8 @@ QWidget *AccountDialog::FilterLine()
     period->setObjectName(u"period"_s);
     period->addItems(HistoryPeriodNames());
     openOnly->setObjectName(u"openOnly"_s);
+    KeepForLooking(*period);
+    KeepForLooking(*openOnly);
     connect(period, &QComboBox::currentIndexChanged, this, &AccountDialog::Refill);
     connect(openOnly, &QCheckBox::toggled, this, &AccountDialog::Refill);
     auto *layout = new QHBoxLayout(line);

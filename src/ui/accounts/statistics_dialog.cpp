@@ -58,6 +58,7 @@ StatisticsDialog::StatisticsDialog(const Owner &owner, OwnerUsage usage, QWidget
     : Dialog(parent)
 {
     setWindowTitle(owner.IsUser() ? tr("User statistics") : tr("Group statistics"));
+    StaysUnlocked();
     const UsageStatistics &statistics = usage.statistics;
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(u"ok"_s);

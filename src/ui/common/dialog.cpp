@@ -3,9 +3,11 @@
 #include "ui/common/choice_keys.h"
 #include "ui/common/heading_line.h"
 #include "ui/common/keyboard_order.h"
+#include "ui/common/look_lock.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QPushButton>
 
 #include <utility>
@@ -70,6 +72,7 @@ void Dialog::setVisible(bool visible)
 {
     if (visible && !std::exchange(isArranged, true)) {
         TakeHeadingFromBeneath();
+        LockForLooking();
         SetTabOrderByReading(*this);
         GiveMnemonics(*this);
         LetKeysChoose(*this);
@@ -87,6 +90,18 @@ void Dialog::SetHeading(HeadingLine *heading)
         form->insertRow(0, heading);
     } else {
         static_cast<QBoxLayout *>(layout())->insertWidget(0, heading);
+    }
+}
+
+// The line stands where a menu would: above whatever the window is laid out as.
+void Dialog::LockForLooking()
+{
+    if (isLockable && OnlyLooks(*this)) {
+        QLabel *line = OnlyLooksLine();
+        const QMargins margins = layout()->contentsMargins();
+        line->setContentsMargins(margins.left(), margins.top(), margins.right(), 0);
+        layout()->setMenuBar(line);
+        new LookLock(*this);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "ui/common/sheet.h"
 
+#include "ui/common/look_lock.h"
+
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QShortcut>
@@ -120,7 +122,8 @@ void Sheet::TabChosen(int page)
         const QSignalBlocker blocked(tabs);
         tabs->setCurrentIndex(active);
     }
-    if (pages[active]->Leave()) {
+    // Whoever cannot change what a page refuses is not kept there by it.
+    if (OnlyLooks(*this) || pages[active]->Leave()) {
         Show(page);
     } else {
         emit Turned(active);

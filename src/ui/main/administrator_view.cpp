@@ -4,6 +4,7 @@
 #include "accounts/currency.h"
 #include "base/day.h"
 #include "ui/common/accessible.h"
+#include "ui/common/look_lock.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/account_bar.h"
 #include "ui/main/dragged_users.h"
@@ -69,6 +70,10 @@ CAdministratorView::CAdministratorView(const AppServices &appServices,
 
 CAdministratorView::~CAdministratorView()
 {
+    columns.RememberOptional();
+    if (services.onlyLooks) {
+        return;
+    }
     if (const SettingsResult saved = columns.Save(services.settings); !saved) {
         services.prompt.Tell(TextOf(saved.error()), Prompt::Icon::Warning);
     }
@@ -473,11 +478,12 @@ void CAdministratorView::FillPopUp(QMenu &menu)
     }
     const bool several = targets.ids.size() >= 2;
     menu.setObjectName(several ? u"severalUsersPopUp"_s : u"userPopUp"_s);
-    const auto changeGroup = [this] { commands.ChangeGroupOfChosen(); };
+    const auto changeGroup = Changing(*this, [this] { commands.ChangeGroupOfChosen(); });
+    const auto setLimits = Changing(*this, [this] { commands.SetLimitsOfChosen(); });
     if (several) {
         AddEntry(menu, tr("Change group..."), changeGroup);
         if (dialogs.userLimits) {
-            AddEntry(menu, tr("Set mode/limits..."), [this] { commands.SetLimitsOfChosen(); });
+            AddEntry(menu, tr("Set mode/limits..."), setLimits);
         }
     } else {
         AddEntry(menu, tr("Properties..."), Opener(dialogs.userProperties));
@@ -486,8 +492,9 @@ void CAdministratorView::FillPopUp(QMenu &menu)
         AddEntry(menu, tr("Change group..."), changeGroup);
     }
     menu.addSeparator();
-    AddEntry(menu, tr("Do not monitor"), [this] { commands.StopMonitoring(); });
-    AddEntry(menu, several ? tr("Delete") : tr("Remove"), [this] { DeleteSelected(); });
+    AddEntry(menu, tr("Do not monitor"), Changing(*this, [this] { commands.StopMonitoring(); }));
+    AddEntry(
+        menu, several ? tr("Delete") : tr("Remove"), Changing(*this, [this] { DeleteSelected(); }));
     if (MayHoldBack()) {
         menu.addSeparator();
         AddEntry(menu, tr("Select all matching"), [this] { ChooseAllMatching(); });
@@ -497,9 +504,12 @@ void CAdministratorView::FillPopUp(QMenu &menu)
 void CAdministratorView::FillPopUpOfMatching(QMenu &menu)
 {
     menu.setObjectName(u"matchingUsersPopUp"_s);
-    AddEntry(menu, tr("Change group..."), [this] { commands.ChangeGroupOfChosen(); });
+    AddEntry(
+        menu, tr("Change group..."), Changing(*this, [this] { commands.ChangeGroupOfChosen(); }));
     if (dialogs.userLimits) {
-        AddEntry(menu, tr("Set mode/limits..."), [this] { commands.SetLimitsOfChosen(); });
+        AddEntry(menu, tr("Set mode/limits..."), Changing(*this, [this] {
+                     commands.SetLimitsOfChosen();
+                 }));
     }
 }
 

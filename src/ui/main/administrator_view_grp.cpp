@@ -7,6 +7,7 @@
 #include "ui/accounts/owner_notice.h"
 #include "ui/common/accessible.h"
 #include "ui/common/heading_line.h"
+#include "ui/common/look_lock.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/dragged_users.h"
 #include "ui/main/group_list_model.h"
@@ -110,7 +111,7 @@ void CAdministratorViewGrp::AskForAccount(QObject *context, const std::function<
 void CAdministratorViewGrp::DeleteSelected()
 {
     const auto group = TargetGroup();
-    if (!group) {
+    if (!group || !MayChange(services)) {
         return;
     }
     const auto &[name, groupId] = *group;
@@ -137,7 +138,7 @@ void CAdministratorViewGrp::DeleteSelected()
 void CAdministratorViewGrp::RenameSelected()
 {
     const auto group = TargetGroup();
-    if (!group) {
+    if (!group || !MayChange(services)) {
         return;
     }
     const GroupId groupId = group->groupId;
@@ -169,8 +170,8 @@ void CAdministratorViewGrp::FillPopUp(QMenu &menu)
     AddAccountEntry(menu, dialogs.groupAccount);
     AddEntry(menu, tr("Statistics"), Opener(dialogs.groupStatistics));
     menu.addSeparator();
-    AddEntry(menu, tr("Rename..."), [this] { RenameSelected(); });
-    AddEntry(menu, tr("Delete"), [this] { DeleteSelected(); });
+    AddEntry(menu, tr("Rename..."), Changing(*this, [this] { RenameSelected(); }));
+    AddEntry(menu, tr("Delete"), Changing(*this, [this] { DeleteSelected(); }));
 }
 
 void CAdministratorViewGrp::drawRow(QPainter *painter,

@@ -33,6 +33,7 @@ FailuresDialog::FailuresDialog(QWidget *parent)
     , list(new QTreeWidget(this))
 {
     setWindowTitle(tr("Failed statements"));
+    StaysUnlocked();
     setObjectName(u"failuresDialog"_s);
     SetNames(*list, u"failures"_s, tr("Failed statements, newest first"));
     list->setHeaderLabels({tr("Time"), tr("Statement"), tr("SQLSTATE"), tr("Text")});

@@ -1,5 +1,6 @@
 #include "ui/main/frame_menus.h"
 
+#include "ui/common/look_lock.h"
 #include "ui/main/administrator_view.h"
 #include "ui/main/administrator_view_grp.h"
 #include "ui/main/auto_refresh.h"
@@ -58,7 +59,7 @@ void FrameMenus::MakeFileMenu()
     QMenu &menu = *frame.menuBar()->addMenu(tr("&File"));
     Add(menu,
         {"purge", tr("&Purge database..."), tr("Remove accumulated records"), Picture::Purge},
-        RefreshingOpener(frame, frame.Dialogs().purge));
+        Changing(frame, RefreshingOpener(frame, frame.Dialogs().purge)));
     Add(menu,
         {"exportList",
          tr("&Export list..."),
@@ -89,19 +90,19 @@ void FrameMenus::MakeUserMenu()
     account = Add(menu, {"account", tr("&Account..."), {}, Picture::Account}, [this] {
         frame.ActivePane().OpenAccount();
     });
-    changeGroup = Add(menu, {"changeGroup", tr("Change &group..."), {}, Picture::Group}, [this] {
-        frame.Users().Commands().ChangeGroup();
-    });
+    changeGroup = Add(menu,
+                      {"changeGroup", tr("Change &group..."), {}, Picture::Group},
+                      Changing(frame, [this] { frame.Users().Commands().ChangeGroup(); }));
     menu.addSeparator();
     doNotMonitor = Add(menu,
                        {"doNotMonitor",
                         tr("Do not &monitor"),
                         tr("Move to the unmonitored list"),
                         Picture::Unmonitored},
-                       [this] { frame.Users().Commands().StopMonitoring(); });
+                       Changing(frame, [this] { frame.Users().Commands().StopMonitoring(); }));
     remove = Add(menu,
                  {"delete", tr("&Delete"), tr("Delete user or the group"), Picture::Delete},
-                 [this] { frame.ActivePane().DeleteSelected(); });
+                 Changing(frame, [this] { frame.ActivePane().DeleteSelected(); }));
     menu.addSeparator();
     selectMatching = Add(menu,
                          {"selectMatching",
@@ -255,7 +256,7 @@ void FrameMenus::MakeHelpMenu()
                  Opener(frame, dialogs.helpTopics));
     Add(menu,
         {"wizard", tr("Setup &wizard..."), tr("Starts the setup wizard"), Picture::Wizard},
-        RefreshingOpener(frame, dialogs.setupWizard));
+        Changing(frame, RefreshingOpener(frame, dialogs.setupWizard)));
     menu.addSeparator();
     Add(menu,
         {"about", tr("&About Tollbrook Administrator"), {}, Picture::About},

@@ -24,6 +24,7 @@ RefreshPeriodDialog::RefreshPeriodDialog(Prompt &messages, int minutes, QWidget 
     , period(new NumberField({.least = kLeast, .most = kMost}, this))
 {
     setWindowTitle(tr("Refresh period"));
+    StaysUnlocked();
     setObjectName(u"refreshPeriodDialog"_s);
     period->setObjectName(u"period"_s);
     period->setMaximumWidth(fontMetrics().averageCharWidth() * 10);

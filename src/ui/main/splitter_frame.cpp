@@ -4,6 +4,7 @@
 #include "access/user_list.h"
 #include "ui/common/icons.h"
 #include "ui/common/keyboard_order.h"
+#include "ui/common/look_lock.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/administrator_view.h"
 #include "ui/main/administrator_view_grp.h"
@@ -20,10 +21,12 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <QVBoxLayout>
 
 #include <utility>
 
@@ -34,6 +37,19 @@ namespace {
 constexpr int kStartDelay = 2000;
 constexpr int kPollPeriod = 60000;
 
+// The panes below the line that says that nothing can be changed.
+QWidget *BelowTheLine(QWidget *panes)
+{
+    auto *whole = new QWidget;
+    auto *column = new QVBoxLayout(whole);
+    column->setContentsMargins({});
+    QLabel *line = OnlyLooksLine();
+    line->setMargin(6);
+    column->addWidget(line);
+    column->addWidget(panes, 1);
+    return whole;
+}
+
 } // namespace
 
 CSplitterFrame::CSplitterFrame(const AppServices &appServices, FrameDialogs windows)
@@ -43,6 +59,9 @@ CSplitterFrame::CSplitterFrame(const AppServices &appServices, FrameDialogs wind
     setObjectName(u"frame"_s);
     setWindowTitle(tr("Tollbrook Administrator"));
     setWindowIcon(IconOf(Picture::Application));
+    if (services.onlyLooks) {
+        LetOnlyLook(*this);
+    }
     CreatePanes();
     CreateBars();
     ReadSettings();
@@ -71,7 +90,7 @@ void CSplitterFrame::CreatePanes()
     splitter->setStretchFactor(1, 1);
     RememberParts(*splitter, u"main"_s);
     panes->addWidget(splitter);
-    setCentralWidget(panes);
+    setCentralWidget(services.onlyLooks ? BelowTheLine(panes) : panes);
     connect(
         groups,
         &CAdministratorViewGrp::UsersDropped,
@@ -195,7 +214,7 @@ void CSplitterFrame::FirstStart(ServiceAtStart found)
     users->FirstFill();
     groups->FillGroups();
     const bool firstTime = services.settings.ReadInteger(values::kFirstStart) == 1;
-    if (firstTime) {
+    if (firstTime && !services.onlyLooks) {
         RunSetupWizard();
     } else if (!service->IsConnected()) {
         service->OpenReconnect(this);
@@ -206,6 +225,9 @@ void CSplitterFrame::FirstStart(ServiceAtStart found)
 // Another program may hold the settings for a moment: the window goes on meanwhile.
 void CSplitterFrame::KeepThatItStarted()
 {
+    if (services.onlyLooks) {
+        return;
+    }
     services.database.Start(
         this,
         [&settings = services.settings] {
@@ -334,6 +356,9 @@ void CSplitterFrame::ReadSettings()
 
 void CSplitterFrame::WriteSettings() const
 {
+    if (services.onlyLooks) {
+        return;
+    }
     const SettingsResult sorted = services.settings.WriteInteger(values::kSortBy, sortOrder);
     const SettingsResult refreshed = autoRefresh->Save(services.settings);
     TellUnkept(sorted ? refreshed : sorted);

@@ -116,11 +116,15 @@ void UserColumns::Load(const ConfigStore &config)
     }
 }
 
-SettingsResult UserColumns::Save(const ConfigStore &config) const
+void UserColumns::RememberOptional() const
 {
     for (const UserColumn column : ColumnsThat(IsOfAccount)) {
         Remember(MemoryKey(column), IsVisible(column));
     }
+}
+
+SettingsResult UserColumns::Save(const ConfigStore &config) const
+{
     return config.Edit(ConfigKeyId::Ui, [this](KeyEditor &key) {
         for (const UserColumn column : StoredColumns()) {
             key.WriteFlag(TraitsOf(column).visible, IsVisible(column));

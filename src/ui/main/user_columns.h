@@ -57,7 +57,8 @@ struct UserColumns
     // Kept in the store's key for the lists; a key that cannot be opened leaves everything as it is.
     // The columns of the account are kept with what a person has made of the windows.
     void Load(const ConfigStore &config);
-    [[nodiscard]] SettingsResult Save(const ConfigStore &config) const;
+    void RememberOptional() const; // the columns of the account
+    [[nodiscard]] SettingsResult Save(const ConfigStore &config) const; // the others
 
     [[nodiscard]] bool IsVisible(UserColumn column) const;
     [[nodiscard]] bool ShowAccounts() const; // a column of the account is visible

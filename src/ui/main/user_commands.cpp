@@ -18,6 +18,9 @@ UserCommands::UserCommands(const AppServices &appServices,
 
 bool UserCommands::MayChange(const Targets<UserId> &targets) const
 {
+    if (!::MayChange(services)) {
+        return false;
+    }
     if (!targets.areAllMatching) {
         return true;
     }
@@ -33,7 +36,7 @@ void UserCommands::ChangeGroup()
     const Targets<UserId> targets = list.CommandTargets();
     if (targets.areAllMatching) {
         ChangeGroupOfChosen();
-    } else if (!targets.ids.isEmpty()) {
+    } else if (!targets.ids.isEmpty() && MayChange(targets)) {
         MoveToChosenGroup({targets.ids.front()}); // kept: only the pop-up menu moves several users
     }
 }
@@ -60,6 +63,9 @@ void UserCommands::MoveToGroup(const QList<UserId> &userIds, GroupId groupId, co
 {
     const QString group = NamesLine({name});
     const QString who = NamesLine(list.FirstNames(userIds), userIds.size());
+    if (!::MayChange(services)) {
+        return;
+    }
     const bool wanted = userIds.size() == 1
         ? services.prompt.Ask(tr("Move %1 to the group %2?").arg(who, group))
         : services.prompt.AskToDestroy(tr("This will move %1 users to the group %2. Continue?")
@@ -87,7 +93,7 @@ void UserCommands::MoveToChosenGroup(const QList<UserId> &userIds)
 
 void UserCommands::Delete()
 {
-    if (TellsOfMatching()) {
+    if (TellsOfMatching() || !::MayChange(services)) {
         return;
     }
     const auto ask = [this](const Targets<UserId> &deleted) {
@@ -102,7 +108,7 @@ void UserCommands::Delete()
 
 void UserCommands::StopMonitoring()
 {
-    if (TellsOfMatching()) {
+    if (TellsOfMatching() || !::MayChange(services)) {
         return;
     }
     const auto ask = [this](const Targets<UserId> &moved) {

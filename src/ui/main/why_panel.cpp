@@ -3,6 +3,7 @@
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/icons.h"
+#include "ui/common/look_lock.h"
 #include "ui/props/why_lines.h"
 
 #include <QBoxLayout>
@@ -66,6 +67,8 @@ void WhyPanel::CreateControls()
 
 void WhyPanel::CreateButtons()
 {
+    block->setVisible(!OnlyLooks(*this));
+    unblock->setVisible(!OnlyLooks(*this));
     block->setToolTip(tr("Blocks the chosen users at once (Ctrl+B)"));
     unblock->setToolTip(tr("Lifts the administrator's block of the chosen users (Ctrl+Shift+B)"));
     auto *buttons = new QHBoxLayout;

@@ -59,6 +59,9 @@ bool PerformSave(const AppServices &services,
                  QWidget *parent,
                  const std::function<SaveReport(const Answers &)> &save)
 {
+    if (!MayChange(services)) {
+        return false;
+    }
     const SaveReport report = AwaitAnswered(
         services,
         parent,

@@ -1,6 +1,7 @@
 #include "ui/props/why_lines.h"
 
 #include "ui/common/accessible.h"
+#include "ui/common/look_lock.h"
 
 #include <QBoxLayout>
 #include <QEvent>
@@ -77,7 +78,7 @@ void WhyLines::Show(const WhyAccess &why, const QString &difference)
     Clear();
     for (const WhyLine &line : why.lines) {
         AddText(line.text, line.decides);
-        if (showsCommands) {
+        if (showsCommands && !OnlyLooks(*this)) {
             AddCommands(line);
         }
     }

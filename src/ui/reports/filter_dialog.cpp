@@ -21,6 +21,7 @@ ReportFilterDialog::ReportFilterDialog(Of what, QWidget *parent)
 {
     const bool ofUsers = what == Of::Users;
     setWindowTitle(ofUsers ? tr("Users to report on") : tr("Groups to report on"));
+    StaysUnlocked();
     auto *take = MakeButton<QPushButton>(tr("< &Add"), "take");
     auto *takeAll = MakeButton<QPushButton>(tr("<< Add a&ll"), "takeAll");
     auto *drop = MakeButton<QPushButton>(tr("&Remove >"), "drop");

@@ -43,6 +43,7 @@ ReportsDialog::ReportsDialog(const AppServices &appServices, QWidget *parent)
     , services(appServices)
 {
     setWindowTitle(tr("Reports"));
+    StaysUnlocked();
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     control = new CCrystalCtrl(this);
     control->Create(services.prompt, tr("Report"), {0, 0, 640, 480}, this, kControlId);

@@ -35,6 +35,7 @@ ReconnectDialog::ReconnectDialog(const ServiceControl &serviceControl,
     , close(new QPushButton(tr("Close"), this))
 {
     setWindowTitle(message->text());
+    StaysUnlocked();
     setObjectName(u"reconnectDialog"_s);
     LayOut();
     restoredPicture->hide();

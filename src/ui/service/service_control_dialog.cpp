@@ -1,6 +1,7 @@
 #include "ui/service/service_control_dialog.h"
 
 #include "ui/common/accessible.h"
+#include "ui/common/look_lock.h"
 #include "ui/service/service_pictures.h"
 
 #include <QGridLayout>
@@ -22,6 +23,7 @@ ServiceControlDialog::ServiceControlDialog(const ServiceControl &serviceControl,
     setWindowTitle(tr("Service control"));
     setObjectName(u"serviceControl"_s);
     LayOut();
+    KeepForLooking(*close);
     connect(start, &QPushButton::clicked, this, [this] { Carry(StartService); });
     connect(stop, &QPushButton::clicked, this, [this] { Carry(StopService); });
     connect(close, &QPushButton::clicked, this, &QDialog::reject);

@@ -1,0 +1,11 @@
+// What whoever runs the console may do.
+#pragma once
+
+#include <QStringList>
+
+// True for a member of the group tollbrook-view who is not in the group tollbrook as well: such a person
+// looks at everything and changes nothing. Never for root.
+[[nodiscard]] bool MayOnlyLook();
+
+// The same of somebody in these groups.
+[[nodiscard]] bool MayOnlyLook(bool isRoot, const QStringList &groups);
