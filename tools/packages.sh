@@ -1,13 +1,13 @@
-# The Debian 12 packages by name, and what installs those that are missing. Read in by run and test.
+# The Debian packages by name, the same in Debian 12 and 13, and what installs those that are missing. Read in by run and test.
 # shellcheck shell=bash disable=SC2034
 
 build_packages=(g++ cmake ninja-build pkg-config ccache mold python3
     qt6-base-dev qt6-svg-dev qt6-l10n-tools unixodbc-dev libtomlplusplus-dev libxlsxwriter-dev
-    libexpected-dev libsystemd-dev)
+    libexpected-dev libsystemd-dev zlib1g-dev libminizip-dev)
 run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugins
     fonts-dejavu-core python3 python3-openpyxl poppler-utils chromium clang-format systemd)
-server_packages=(postgresql-15 odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
+server_packages=(postgresql odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
 package_packages=(dpkg-dev file)
 try_packages=(lintian devscripts appstream desktop-file-utils mmdebstrap)
 tidy_packages=(clang clang-tidy)
@@ -37,7 +37,7 @@ require_packages() {
         return
     fi
     if ! command -v apt-get >/dev/null; then
-        echo "This needs Debian 12 with the packages ${missing[*]}" >&2
+        echo "This needs Debian 12 or 13 with the packages ${missing[*]}" >&2
         exit 1
     fi
     if [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; then

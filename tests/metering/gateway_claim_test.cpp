@@ -3,6 +3,8 @@
 
 #include "support/core/engine_fixture.h"
 
+#include <QTimeZone>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -25,7 +27,7 @@ protected:
         return outcome.value_or(ClaimOutcome::AnotherIsAlive);
     }
 
-    static inline const QDateTime kNow {QDate(2026, 11, 21), QTime(12, 0), Qt::UTC};
+    static inline const QDateTime kNow {QDate(2026, 11, 21), QTime(12, 0), QTimeZone::utc()};
     const GatewayClaim east {u"house"_s, u"east"_s, 5};
     const GatewayClaim west {u"house"_s, u"west"_s, 7};
 };
