@@ -28,7 +28,9 @@ QStringList NamesOf(const QList<IdType> &ids, const std::vector<Named<IdType>> &
     }
     QStringList named;
     for (const IdType id : ids) {
-        named << names.value(id);
+        if (const auto name = names.constFind(id); name != names.constEnd()) {
+            named << *name;
+        }
     }
     return named;
 }
@@ -58,6 +60,18 @@ FilterScope ScopeOf(const ReportFilter<UserId> &filter, const std::vector<Named<
 FilterScope ScopeOf(const ReportFilter<GroupId> &filter, const std::vector<Named<GroupId>> &offered)
 {
     return NamedScope(GroupFilterEffect(filter.taken.size(), filter.left.size()), filter, offered);
+}
+
+FilterScope ScopeOf(const KeptFilter<UserId> &filter, const std::vector<Named<UserId>> &all)
+{
+    return {filter.effect, NamesOf(filter.ids, all)};
+}
+
+FilterScope ScopeOf(const KeptFilter<GroupId> &filter, const std::vector<Named<GroupId>> &all)
+{
+    const bool leavesOutNone = filter.effect == FilterEffect::AllBut && filter.ids.size() > 1;
+    return leavesOutNone ? FilterScope {FilterEffect::Everybody, {}}
+                         : FilterScope {filter.effect, NamesOf(filter.ids, all)};
 }
 
 Result<std::vector<Named<UserId>>> OfferedUsers()
@@ -99,6 +113,44 @@ template std::vector<Named<UserId>>
 BearersOf(const QStringList &, const std::vector<Named<UserId>> &, QStringList &);
 template std::vector<Named<GroupId>>
 BearersOf(const QStringList &, const std::vector<Named<GroupId>> &, QStringList &);
+
+template <typename IdType>
+Result<KeptFilter<IdType>> LookUp(const QStringList &names,
+                                  const KeptFilter<IdType> &kept,
+                                  Result<std::vector<Named<IdType>>> (*offers)(),
+                                  FilterScope &scope,
+                                  QStringList &unknown)
+{
+    if (names.isEmpty() && kept.effect == FilterEffect::None) {
+        return kept;
+    }
+    const auto offered = offers();
+    if (!offered) {
+        return tl::unexpected(offered.error());
+    }
+    KeptFilter<IdType> filter = kept;
+    if (!names.isEmpty()) {
+        filter = {FilterEffect::Only, {}};
+        QStringList notFound;
+        for (const auto &bearer : BearersOf(names, *offered, notFound)) {
+            filter.ids += bearer.id;
+        }
+        unknown += notFound;
+    }
+    scope = ScopeOf(filter, *offered);
+    return filter;
+}
+
+template Result<KeptFilter<UserId>> LookUp(const QStringList &,
+                                           const KeptFilter<UserId> &,
+                                           Result<std::vector<Named<UserId>>> (*)(),
+                                           FilterScope &,
+                                           QStringList &);
+template Result<KeptFilter<GroupId>> LookUp(const QStringList &,
+                                            const KeptFilter<GroupId> &,
+                                            Result<std::vector<Named<GroupId>>> (*)(),
+                                            FilterScope &,
+                                            QStringList &);
 
 QStringList NamesFrom(const QString &list)
 {
