@@ -7,6 +7,7 @@
 #include "reports/engine.h"
 #include "reports/filter_choices.h"
 #include "reports/report_delivery.h"
+#include "reports/report_status.h"
 #include "reports/report_timer.h"
 #include "reports/selection.h"
 #include "reports/wording.h"
@@ -26,21 +27,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Status {
-    Done = 0,
-    Empty = 1,
-    BadArguments = 2,
-    Database = 3,
-    LayoutFile = 4,
-    Output = 5,
-    Mail = 6,
-    Timer = 7
-};
+using enum ReportStatus;
+constexpr int kDone = static_cast<int>(Done);
 
-int Fail(Status status, const QString &text)
+int Fail(ReportStatus status, const QString &text)
 {
     QTextStream(stderr) << "tollbrook-report: " << text << Qt::endl;
-    return status;
+    return static_cast<int>(status);
 }
 
 void Warn(const QString &text)
@@ -57,7 +50,7 @@ int List()
                    .arg(QString::fromUtf8(entry.title).trimmed(), -26)
                    .arg(entry.layoutFile);
     }
-    return Done;
+    return kDone;
 }
 
 struct Arguments
@@ -161,18 +154,11 @@ struct Task
     }
 };
 
-// Nobody is left of those that a saved report is on: to go on would be a report on nobody, unsaid. Where
-// only some are gone, the heading names the others.
-bool IsEverybodyGone(const FilterScope &scope)
-{
-    return scope.effect == FilterEffect::Only && scope.names.isEmpty();
-}
-
 // Looks the users and groups up in the database. A status other than Done ends the program.
 int ReadFilters(const Task &task, const StartedProgram &program, Filters &filters)
 {
     if (!task.IsNarrowed()) {
-        return Done;
+        return kDone;
     }
     ConnectDatabase(program.dataSource.toUtf8().constData());
     const auto version = OpenedSchemaVersion();
@@ -197,16 +183,18 @@ int ReadFilters(const Task &task, const StartedProgram &program, Filters &filter
     if (!unknown.isEmpty()) {
         return Fail(BadArguments, u"nobody is named \"%1\""_s.arg(unknown.join(u"\", \""_s)));
     }
-    if (IsEverybodyGone(filters.users) || IsEverybodyGone(filters.groups)) {
+    // A report on nobody would pass for one that has nothing to report. Where only some are gone, the heading
+    // names the others.
+    if (IsOnNobody(filters.users) || IsOnNobody(filters.groups)) {
         return Fail(BadArguments,
                     u"none of the users or groups that the report is on exists any more"_s);
     }
     filters.userClause = KeptUsersClause(*users);
     filters.groupClause = KeptGroupsClause(*groups);
-    return Done;
+    return kDone;
 }
 
-int StatusOf(ReportProblem::Kind kind)
+ReportStatus StatusOf(ReportProblem::Kind kind)
 {
     switch (kind) {
     case ReportProblem::Kind::Database:
@@ -230,7 +218,7 @@ int Make(const ReportRequest &request, const SavedReport &target, const OutputOp
     const auto written =
         table && !isMissed ? WriteAsSaved(table, target, options, control, problem) : std::nullopt;
     if (!written && !isMissed) {
-        return Fail(static_cast<Status>(StatusOf(problem.kind)), problem.text);
+        return Fail(StatusOf(problem.kind), problem.text);
     }
     const QString source = ParseConnectionText(request.connectionText).dsn;
     if (AgeOf(table->schemaVersion) == SchemaAge::Older) {
@@ -241,14 +229,14 @@ int Make(const ReportRequest &request, const SavedReport &target, const OutputOp
     }
     QTextStream(stdout) << u"%1: made from the data source \"%2\"\n"_s.arg(*written, source);
     if (target.mail.isEmpty()) {
-        return Done;
+        return kDone;
     }
     QString unsent;
     if (!MailReport(*table, target, unsent)) {
         return Fail(Mail, unsent);
     }
     QTextStream(stdout) << u"%1: sent to %2\n"_s.arg(target.output, target.mail);
-    return Done;
+    return kDone;
 }
 
 // The options that say what a saved report says already.
@@ -295,7 +283,7 @@ int ReadSaved(const QCommandLineParser &parser,
         task.report.mail.clear();
     }
     task.period = PeriodNamed(report->period, Today()).value_or(ReportPeriod());
-    return Done;
+    return kDone;
 }
 
 // What the command line says. A status other than Done ends the program.
@@ -337,7 +325,7 @@ int ReadArguments(const QCommandLineParser &parser, const Arguments &arguments, 
     SavedReport checked = task.report; // the rest of the rules is the same for saved ones
     checked.output = QFileInfo(checked.output).absoluteFilePath();
     const QString problem = ProblemOf(checked);
-    return problem.isEmpty() ? Done : Fail(BadArguments, problem);
+    return problem.isEmpty() ? kDone : Fail(BadArguments, problem);
 }
 
 int Run(const QCommandLineParser &parser, const Arguments &arguments)
@@ -350,8 +338,8 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
         ? ReadSaved(parser, arguments, program.settings, task)
         : ReadArguments(parser, arguments, task);
     Filters filters;
-    const int status = read == Done ? ReadFilters(task, program, filters) : read;
-    if (status != Done) {
+    const int status = read == kDone ? ReadFilters(task, program, filters) : read;
+    if (status != kDone) {
         return status;
     }
     ReportRequest request;
@@ -381,7 +369,7 @@ int ListSaved(const ConfigStore &settings)
     if (!names) {
         return Fail(BadArguments, TextOf(names.error()));
     }
-    int status = Done;
+    int status = kDone;
     for (const QString &name : *names) {
         if (const auto report = saved.Read(name)) {
             QTextStream(stdout) << u"%1: %2, %3, %4, %5\n"_s.arg(
@@ -426,7 +414,7 @@ int Schedule(const QCommandLineParser &parser,
         return Fail(Timer, problem);
     }
     QTextStream(stdout) << u"%1: %2\n"_s.arg(name, InWords(report->schedule));
-    return Done;
+    return kDone;
 }
 
 } // namespace
@@ -468,11 +456,11 @@ int main(int argc, char **argv)
     }
     if (parser.isSet(arguments.help)) {
         QTextStream(stdout) << parser.helpText();
-        return Done;
+        return kDone;
     }
     if (parser.isSet(arguments.version)) {
         QTextStream(stdout) << "tollbrook-report " TB_VERSION "\n";
-        return Done;
+        return kDone;
     }
     if (parser.isSet(arguments.list)) {
         return List();

@@ -89,6 +89,20 @@ Result<std::vector<Named<GroupId>>> OfferedGroups()
     return Offered<GroupId>("SELECT name, group_id FROM groups");
 }
 
+Result<ReportOffers> ReadOffers()
+{
+    auto users = OfferedUsers();
+    auto allUsers = users ? AllUsers() : users;
+    if (!allUsers) {
+        return tl::unexpected(allUsers.error());
+    }
+    auto groups = OfferedGroups();
+    if (!groups) {
+        return tl::unexpected(groups.error());
+    }
+    return ReportOffers {*std::move(users), *std::move(allUsers), *std::move(groups)};
+}
+
 template <typename IdType>
 std::vector<Named<IdType>>
 BearersOf(const QStringList &names, const std::vector<Named<IdType>> &offered, QStringList &unknown)
@@ -151,6 +165,11 @@ template Result<KeptFilter<GroupId>> LookUp(const QStringList &,
                                             Result<std::vector<Named<GroupId>>> (*)(),
                                             FilterScope &,
                                             QStringList &);
+
+bool IsOnNobody(const FilterScope &scope)
+{
+    return scope.effect == FilterEffect::Only && scope.names.isEmpty();
+}
 
 QStringList NamesFrom(const QString &list)
 {

@@ -20,6 +20,15 @@ struct Named
 [[nodiscard]] Result<std::vector<Named<UserId>>> AllUsers(); // also those that are not
 [[nodiscard]] Result<std::vector<Named<GroupId>>> OfferedGroups();
 
+// All of these.
+struct ReportOffers
+{
+    std::vector<Named<UserId>> users;
+    std::vector<Named<UserId>> allUsers;
+    std::vector<Named<GroupId>> groups;
+};
+[[nodiscard]] Result<ReportOffers> ReadOffers();
+
 // Those of `offered` that bear one of the names, in any letter case; a name takes all that bear it.
 // Names that nobody bears are put into `unknown`.
 template <typename IdType>
@@ -67,6 +76,19 @@ extern template Result<KeptFilter<GroupId>> LookUp(const QStringList &,
                                                    Result<std::vector<Named<GroupId>>> (*)(),
                                                    FilterScope &,
                                                    QStringList &);
+
+// Whether nobody is left of those that the filter takes.
+[[nodiscard]] bool IsOnNobody(const FilterScope &scope);
+
+template <typename IdType>
+[[nodiscard]] QList<IdType> IdsOf(const std::vector<Named<IdType>> &those)
+{
+    QList<IdType> ids;
+    for (const auto &each : those) {
+        ids += each.id;
+    }
+    return ids;
+}
 
 // "a, b" as names, without the blanks around them; one with a comma, a quotation mark or a blank at its
 // end stands between quotation marks, doubled inside.

@@ -32,9 +32,14 @@ QString UnitName(const QString &reportName)
 
 } // namespace
 
+QString TimeText(QTime time)
+{
+    return time.toString(time.second() == 0 ? u"HH:mm"_s : u"HH:mm:ss"_s);
+}
+
 QString CalendarText(const ReportSchedule &schedule)
 {
-    const QString time = schedule.at.toString(u"HH:mm:00"_s);
+    const QString time = schedule.at.toString(u"HH:mm:ss"_s);
     switch (schedule.every) {
     case ReportSchedule::Every::Never:
         return {};
@@ -50,7 +55,7 @@ QString CalendarText(const ReportSchedule &schedule)
 
 QString InWords(const ReportSchedule &schedule)
 {
-    const QString time = schedule.at.toString(u"HH:mm"_s);
+    const QString time = TimeText(schedule.at);
     switch (schedule.every) {
     case ReportSchedule::Every::Never:
         return Words::tr("not scheduled");

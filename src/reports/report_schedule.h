@@ -12,11 +12,14 @@ struct ReportSchedule
 
     Every every = Every::Never;
     int day = 1; // of a week: 1 is Monday, 7 Sunday; of a month: 1 to kLastDayOfMonth
-    QTime at {2, 15}; // local time; hours and minutes
+    QTime at {2, 15}; // local time, in whole seconds
 
     [[nodiscard]] bool IsSet() const { return every != Every::Never; }
     bool operator==(const ReportSchedule &) const = default;
 };
+
+// "02:15", with its seconds if there are any.
+[[nodiscard]] QString TimeText(QTime time);
 
 // As a timer's OnCalendar= says it: "Mon *-*-* 02:15:00". Empty for never.
 [[nodiscard]] QString CalendarText(const ReportSchedule &schedule);

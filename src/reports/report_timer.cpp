@@ -1,12 +1,31 @@
 #include "reports/report_timer.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QProcess>
 #include <QSaveFile>
+#include <QStandardPaths>
+
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(ReportTimer)
+};
+
+// The one that was built or installed with this program.
+QString ReportProgram()
+{
+    const QString name = u"tollbrook-report"_s;
+    const QString beside =
+        QStandardPaths::findExecutable(name, {QCoreApplication::applicationDirPath()});
+    return beside.isEmpty() ? QStandardPaths::findExecutable(name) : beside;
+}
 
 bool Tell(const TimerPlace &place, const QStringList &arguments, QString &problem)
 {
@@ -76,5 +95,30 @@ bool RunSystemctl(const QStringList &arguments, QString &problem)
     const QString said = QString::fromLocal8Bit(process.readAll()).simplified();
     problem = u"systemctl %1: %2"_s.arg(arguments.join(u' '),
                                         said.isEmpty() ? process.errorString() : said);
+    return false;
+}
+
+bool AskForTimer(const QString &reportName, const QString &configFolder, QString &problem)
+{
+    QStringList command {ReportProgram(), u"--config"_s, configFolder, u"--schedule"_s, reportName};
+    if (::geteuid() != 0) {
+        command.prepend(u"pkexec"_s);
+    }
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
+    process.start(command.constFirst(), command.mid(1));
+    if (process.state() != QProcess::NotRunning) {
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    if (process.error() == QProcess::UnknownError && process.exitStatus() == QProcess::NormalExit
+        && process.exitCode() == 0) {
+        return true;
+    }
+    const QString said = QString::fromLocal8Bit(process.readAll()).simplified();
+    problem = Words::tr("%1\nAs root, this does it: tollbrook-report --schedule \"%2\"")
+                  .arg(said.isEmpty() ? process.errorString() : said, reportName);
     return false;
 }

@@ -25,3 +25,9 @@ struct TimerPlace
 
 // The system's own systemctl, for TimerPlace.
 [[nodiscard]] bool RunSystemctl(const QStringList &arguments, QString &problem);
+
+// Has root do it, who is asked for by the system's own window: runs "tollbrook-report --schedule" for the report
+// saved below `configFolder`, and lets windows paint meanwhile. False, and `problem` filled, when it was
+// refused or failed; the words end with the command that does the same.
+[[nodiscard]] bool
+AskForTimer(const QString &reportName, const QString &configFolder, QString &problem);

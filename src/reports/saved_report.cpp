@@ -70,7 +70,7 @@ ReportSchedule ScheduleIn(const toml::table &root, LayoutError &error)
     schedule.every = static_cast<ReportSchedule::Every>(table.Choice("every", kEveryWords));
     const bool ofWeek = schedule.every == ReportSchedule::Every::Week;
     schedule.day = table.Integer("day", 1, 1, ofWeek ? 7 : ReportSchedule::kLastDayOfMonth);
-    schedule.at = QTime::fromString(table.Text("at", u"02:15"_s), u"HH:mm"_s);
+    schedule.at = QTime::fromString(table.Text("at", u"02:15"_s), Qt::ISODate);
     if (!schedule.at.isValid()) {
         table.Fail(table.Line("at"), Words::tr("\"at\" is not a time such as 02:15"));
     }
@@ -277,7 +277,7 @@ QByteArray TomlOf(const SavedReport &report)
         table.insert("schedule",
                      toml::table {{"every", every.toStdString()},
                                   {"day", report.schedule.day},
-                                  {"at", report.schedule.at.toString(u"HH:mm"_s).toStdString()}});
+                                  {"at", TimeText(report.schedule.at).toStdString()}});
     }
     std::ostringstream text;
     text << table << '\n';

@@ -305,22 +305,26 @@ template KeptFilter<UserId> Kept(const ReportFilter<UserId> &);
 template KeptFilter<GroupId> Kept(const ReportFilter<GroupId> &);
 
 template <typename IdType>
-ReportFilter<IdType> ListsOf(const KeptFilter<IdType> &filter, const QList<IdType> &offered)
+ReportFilter<IdType>
+ListsOf(const KeptFilter<IdType> &filter, const QList<IdType> &offered, const QList<IdType> &all)
 {
-    ReportFilter<IdType> lists;
     if (filter.effect == FilterEffect::None) {
-        return lists;
+        return {};
     }
-    const QSet<IdType> named(filter.ids.begin(), filter.ids.end());
-    for (const IdType id : offered) {
-        const bool isTaken = named.contains(id) == (filter.effect == FilterEffect::Only);
-        (isTaken ? lists.taken : lists.left) += id;
-    }
-    return lists;
+    const QSet<IdType> present(all.begin(), all.end());
+    QList<IdType> named = filter.ids;
+    named.removeIf([&](IdType id) { return !present.contains(id); });
+    const QSet<IdType> isNamed(named.begin(), named.end());
+    QList<IdType> others = offered;
+    others.removeIf([&](IdType id) { return isNamed.contains(id); });
+    return filter.effect == FilterEffect::Only ? ReportFilter<IdType> {named, others}
+                                               : ReportFilter<IdType> {others, named};
 }
 
-template ReportFilter<UserId> ListsOf(const KeptFilter<UserId> &, const QList<UserId> &);
-template ReportFilter<GroupId> ListsOf(const KeptFilter<GroupId> &, const QList<GroupId> &);
+template ReportFilter<UserId>
+ListsOf(const KeptFilter<UserId> &, const QList<UserId> &, const QList<UserId> &);
+template ReportFilter<GroupId>
+ListsOf(const KeptFilter<GroupId> &, const QList<GroupId> &, const QList<GroupId> &);
 
 QString KeptUsersClause(const KeptFilter<UserId> &filter)
 {

@@ -72,12 +72,15 @@ template <typename IdType>
 extern template KeptFilter<UserId> Kept(const ReportFilter<UserId> &);
 extern template KeptFilter<GroupId> Kept(const ReportFilter<GroupId> &);
 
-// The two lists again, out of all that are offered now.
+// The two lists again, out of those that are offered now. Ids of the filter that are not offered stand in
+// their list all the same, unless `all` lacks them too.
 template <typename IdType>
-[[nodiscard]] ReportFilter<IdType> ListsOf(const KeptFilter<IdType> &filter,
-                                           const QList<IdType> &offered);
-extern template ReportFilter<UserId> ListsOf(const KeptFilter<UserId> &, const QList<UserId> &);
-extern template ReportFilter<GroupId> ListsOf(const KeptFilter<GroupId> &, const QList<GroupId> &);
+[[nodiscard]] ReportFilter<IdType>
+ListsOf(const KeptFilter<IdType> &filter, const QList<IdType> &offered, const QList<IdType> &all);
+extern template ReportFilter<UserId>
+ListsOf(const KeptFilter<UserId> &, const QList<UserId> &, const QList<UserId> &);
+extern template ReportFilter<GroupId>
+ListsOf(const KeptFilter<GroupId> &, const QList<GroupId> &, const QList<GroupId> &);
 
 // The clauses of such filters; of ids that are gone too.
 [[nodiscard]] QString KeptUsersClause(const KeptFilter<UserId> &filter);

@@ -29,7 +29,7 @@ SavedReport Whole()
             .csvBom = true,
             .failIfEmpty = true,
             .mail = u"office@example.org"_s,
-            .schedule = {.every = Every::Month, .day = 28, .at = {23, 59}}};
+            .schedule = {.every = Every::Month, .day = 28, .at = {23, 59, 58}}};
 }
 
 class Saved : public testing::Test
@@ -144,6 +144,8 @@ TEST(Schedule, IsWrittenAsATimerSaysIt)
     EXPECT_EQ(CalendarText({Every::Day, 1, at}), u"*-*-* 02:15:00"_s);
     EXPECT_EQ(CalendarText({Every::Week, 1, at}), u"Mon *-*-* 02:15:00"_s);
     EXPECT_EQ(CalendarText({Every::Week, 7, at}), u"Sun *-*-* 02:15:00"_s);
+    EXPECT_EQ(CalendarText({Every::Day, 1, {2, 15, 9}}), u"*-*-* 02:15:09"_s);
+    EXPECT_EQ(TimeText({2, 15, 9}), u"02:15:09"_s);
     EXPECT_EQ(CalendarText({Every::Month, 3, at}), u"*-*-03 02:15:00"_s);
     EXPECT_EQ(TimerUnit(u"S\u00fcd 1.a-b"_s),
               u"tollbrook-report@S\\xc3\\xbcd\\x201.a\\x2db.timer"_s);

@@ -3,6 +3,7 @@
 
 #include "reports/catalogue.h"
 #include "reports/filter_choices.h"
+#include "reports/saved_report.h"
 #include "reports/selection.h"
 #include "startup/app_services.h"
 #include "ui/common/dialog.h"
@@ -34,12 +35,13 @@ public:
     void Generate();
 
 private:
-    // A filter with what it makes a report be of, as its names were offered.
+    // A filter with what it makes a report be of, as its names were offered; and the two lists of its dialog.
     template <typename IdType>
     struct ChosenFilter
     {
-        ReportFilter<IdType> filter;
+        KeptFilter<IdType> kept;
         FilterScope scope;
+        ReportFilter<IdType> lists;
     };
 
     [[nodiscard]] QWidget *BuildChoices();
@@ -54,6 +56,11 @@ private:
     void Choose(ReportFilterDialog::Of what,
                 Result<std::vector<Named<IdType>>> (*offers)(),
                 ChosenFilter<IdType> &chosen);
+    void ShowSaved();
+    void ShowTroubleOfSaved();
+    [[nodiscard]] std::optional<SavedReport> Present() const;
+    void Take(const SavedReport &report);
+    void TakePeriod(const ReportPeriod &period);
     void ShowHelp();
     void SetUpPages();
     void KeepSelected();
@@ -79,6 +86,7 @@ private:
     QPushButton *groups;
     QLabel *filterNote;
     QScrollArea *filterNoteArea; // a long note is scrolled
+    QLabel *savedNote; // that a saved report failed
     QPushButton *generate;
     CCrystalCtrl *control;
 
