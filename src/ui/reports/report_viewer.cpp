@@ -6,6 +6,7 @@
 #include "ui/common/accessible.h"
 #include "ui/reports/page_view.h"
 #include "ui/reports/print_pages.h"
+#include "ui/reports/row_table.h"
 #include "ui/reports/viewer_bar.h"
 
 #include <QCoreApplication>
@@ -16,6 +17,7 @@
 #include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -54,18 +56,28 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(bar);
-    column->addWidget(view, 1);
+    rows = new RowTable;
+    both = new QStackedWidget;
+    both->addWidget(view);
+    both->addWidget(rows);
+    column->addWidget(both, 1);
     column->addWidget(progressRow);
     column->addWidget(message);
     connect(bar, &ViewerBar::FindAsked, this, &ReportViewer::Find);
     connect(bar, &ViewerBar::PrintAsked, this, &ReportViewer::Print);
     connect(bar, &ViewerBar::SaveAsked, this, &ReportViewer::SaveAs);
     connect(bar, &ViewerBar::PageSetupAsked, this, &ReportViewer::PageSetupAsked);
+    connect(bar, &ViewerBar::TableAsked, this, &ReportViewer::TurnToTable);
+    connect(bar, &ViewerBar::FilterAsked, rows, &RowTable::StartFilter);
+    connect(rows, &RowTable::Wished, this, &ReportViewer::ChooseRowsAgain);
     connect(&job, &ReportJob::Started, this, [this] { SetBusy(true); });
     connect(&job, &ReportJob::Progressed, this, &ReportViewer::ShowProgress);
     connect(&job, &ReportJob::Ended, this, [this] {
-        SetBusy(false);
-        emit Ready();
+        ChooseRowsAgain(); // what was wished for meanwhile
+        if (!job.IsRunning()) {
+            SetBusy(false);
+            emit Ready();
+        }
     });
     SetBusy(false);
 }
@@ -149,6 +161,8 @@ void ReportViewer::Run()
     pages.reset();
     table.reset();
     found.reset();
+    rows->SetTable(nullptr);
+    shownWish.reset();
     Say({});
     job.Start(
         [wanted = request, outcome](RunControl &control) { *outcome = MakePages(wanted, control); },
@@ -182,8 +196,40 @@ void ReportViewer::Show(const Outcome &outcome)
         return;
     }
     Say(LogoProblem(table->setup)); // no more of the progress
+    rows->SetTable(table);
     view->SetPages(pages);
-    view->setFocus();
+    both->currentWidget()->setFocus();
+}
+
+void ReportViewer::TurnToTable()
+{
+    both->setCurrentIndex(bar->WantsTable() ? 1 : 0);
+    both->currentWidget()->setFocus();
+    ChooseRowsAgain();
+}
+
+// While something else runs nothing is begun; its end begins it.
+void ReportViewer::ChooseRowsAgain()
+{
+    const RowWish wish = rows->Wish();
+    if (!table || !bar->WantsTable() || job.IsRunning() || shownWish == wish) {
+        return;
+    }
+    const auto chosen = std::make_shared<std::optional<ChosenRows>>();
+    shownWish = wish;
+    job.Start(
+        [of = table, wish, chosen](RunControl &control) {
+            *chosen = ChooseRows(*of, wish, control);
+        },
+        [this, chosen] {
+            if (*chosen) {
+                Say({});
+                rows->Show(*std::move(*chosen));
+            } else {
+                const QString problem = table->rows.ReadProblem();
+                Say(problem.isEmpty() ? tr("The rows that show are those of before.") : problem);
+            }
+        });
 }
 
 void ReportViewer::ShowProgress(qint64 done, qint64 whole)

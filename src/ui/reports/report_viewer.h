@@ -4,6 +4,7 @@
 #include "base/prompt.h"
 #include "reports/engine.h"
 #include "reports/report_pages.h"
+#include "reports/row_choice.h"
 #include "ui/reports/report_job.h"
 
 #include <QVariant>
@@ -13,6 +14,8 @@ class PageView;
 class QLabel;
 class QPrinter;
 class QProgressBar;
+class QStackedWidget;
+class RowTable;
 class ViewerBar;
 
 // The numbers by which the control's properties are put.
@@ -81,6 +84,8 @@ private:
     [[nodiscard]] static Outcome MakePages(const ReportRequest &wanted, RunControl &control);
     void Show(const Outcome &outcome);
     void ShowFound(const QString &text, const std::optional<PageHit> &now);
+    void TurnToTable();
+    void ChooseRowsAgain();
     void ShowProgress(qint64 done, qint64 whole);
     [[nodiscard]] bool MayReplace(const QString &fileName, bool each);
     [[nodiscard]] bool AsksForEach();
@@ -97,6 +102,9 @@ private:
 
     ViewerBar *bar;
     PageView *view;
+    RowTable *rows;
+    QStackedWidget *both; // the pages and the rows
+    std::optional<RowWish> shownWish; // by which the rows were chosen; nothing while none are
     QLabel *message;
     QProgressBar *progress;
     QWidget *progressRow;

@@ -13,20 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// The key works on the field alone: the dialog around it would press its default button.
-void TakeReturn(QWidget &field, const std::function<void()> &act)
-{
-    auto *action = new QAction(&field);
-    action->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    QObject::connect(action, &QAction::triggered, &field, act);
-    field.addAction(action);
-}
-
-} // namespace
-
 ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     : QToolBar(parent)
     , prompt(messages)
@@ -38,6 +24,7 @@ ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     AddZoom();
     addSeparator();
     AddFind();
+    AddTable();
     addSeparator();
     print = Command("print", tr("Print..."), QKeySequence::Print, &ViewerBar::PrintAsked);
     print->setIcon(IconOf(Picture::Print));
@@ -53,7 +40,9 @@ void ViewerBar::SetUsable(bool hasPages, bool isBusy)
     print->setEnabled(hasPages && !isBusy);
     save->setEnabled(hasPages && !isBusy);
     pageSetup->setEnabled(!isBusy);
-    find->setEnabled(hasPages); // keeps the focus during its own search
+    isUsable = hasPages;
+    asTable->setEnabled(hasPages);
+    SuitTable();
     ShowPage(view.CurrentPage());
 }
 
@@ -147,12 +136,33 @@ void ViewerBar::AddFind()
     find->setMaximumWidth(180);
     TakeReturn(*find, [this] { AskFind(); });
     addWidget(find);
-    Command("findNext", tr("Find next"), QKeySequence::FindNext, &ViewerBar::AskFind)
-        ->setIcon(IconOf(Picture::Find));
+    findNext = Command("findNext", tr("Find next"), QKeySequence::FindNext, &ViewerBar::AskFind);
+    findNext->setIcon(IconOf(Picture::Find));
     connect(new QShortcut(QKeySequence::Find, this),
             &QShortcut::activated,
             this,
             &ViewerBar::StartFind);
+}
+
+void ViewerBar::AddTable()
+{
+    asTable = Command("asTable", tr("Table"), QKeySequence(u"Ctrl+T"_s), &ViewerBar::TableAsked);
+    asTable->setCheckable(true);
+    asTable->setToolTip(tr("The rows as a table that can be sorted and filtered (%1)")
+                            .arg(asTable->shortcut().toString(QKeySequence::NativeText)));
+    connect(asTable, &QAction::toggled, this, &ViewerBar::SuitTable);
+}
+
+// A table has no pages, and a filter of its own.
+void ViewerBar::SuitTable()
+{
+    const bool ofPages = !WantsTable();
+    for (QAction *button : std::as_const(pageButtons)) {
+        button->setEnabled(ofPages);
+    }
+    zoom->setEnabled(ofPages);
+    find->setEnabled(isUsable && ofPages); // keeps the focus during its own search
+    findNext->setEnabled(ofPages);
 }
 
 int ViewerBar::PageCount() const
@@ -182,6 +192,10 @@ void ViewerBar::Last()
 
 void ViewerBar::StartFind()
 {
+    if (WantsTable()) {
+        emit FilterAsked();
+        return;
+    }
     find->setFocus(Qt::ShortcutFocusReason);
     find->selectAll();
 }
