@@ -358,12 +358,20 @@ QString QueryText(int row,
                   const QString &userClause,
                   const QString &groupClause)
 {
-    if (period.choice == PeriodChoice::All) {
-        return {};
-    }
+    return period.choice == PeriodChoice::All
+        ? QString()
+        : NarrowedQueryText(row, period, userClause, groupClause);
+}
+
+QString NarrowedQueryText(int row,
+                          const ReportPeriod &period,
+                          const QString &userClause,
+                          const QString &groupClause)
+{
     const ReportCategory category = ReportCatalogue().at(static_cast<size_t>(row)).category;
-    const QString text =
-        BaseStatement(row) + PeriodCondition(category, period) + userClause + groupClause;
+    const QString within =
+        period.choice == PeriodChoice::All ? QString() : PeriodCondition(category, period);
+    const QString text = BaseStatement(row) + within + userClause + groupClause;
     const QString order = OrderText(row);
     return order.isEmpty() ? text : text + u' ' + order;
 }

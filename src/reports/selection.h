@@ -105,5 +105,11 @@ struct FilterUse
                                 const QString &userClause,
                                 const QString &groupClause);
 
+// The same, whose filters hold for all that there is too.
+[[nodiscard]] QString NarrowedQueryText(int row,
+                                        const ReportPeriod &period,
+                                        const QString &userClause,
+                                        const QString &groupClause);
+
 // What a layout file stores for the row: the base statement in its order.
 [[nodiscard]] QString StoredQuery(int row);

@@ -4,6 +4,7 @@
 #include "reports/paper.h"
 #include "reports/statement_files.h"
 #include "ui/common/accessible.h"
+#include "ui/reports/group_outline.h"
 #include "ui/reports/page_view.h"
 #include "ui/reports/print_pages.h"
 #include "ui/reports/row_table.h"
@@ -17,12 +18,15 @@
 #include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kOutlineWidth = 200; // pixels
 
 // The kind that was chosen wins over whatever stands behind a dot of the name; the ending of another
 // kind is replaced.
@@ -58,7 +62,16 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     column->addWidget(bar);
     rows = new RowTable;
     both = new QStackedWidget;
-    both->addWidget(view);
+    outline = new GroupOutline;
+    outline->setMinimumWidth(kOutlineWidth / 2);
+    outlined = new QSplitter;
+    outlined->setObjectName(u"outlined"_s);
+    outlined->setChildrenCollapsible(false);
+    outlined->addWidget(outline);
+    outlined->addWidget(view);
+    outlined->setStretchFactor(1, 1);
+    outlined->setSizes({kOutlineWidth, 3 * kOutlineWidth});
+    both->addWidget(outlined);
     both->addWidget(rows);
     column->addWidget(both, 1);
     column->addWidget(progressRow);
@@ -68,6 +81,15 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     connect(bar, &ViewerBar::SaveAsked, this, &ReportViewer::SaveAs);
     connect(bar, &ViewerBar::PageSetupAsked, this, &ReportViewer::PageSetupAsked);
     connect(bar, &ViewerBar::TableAsked, this, &ReportViewer::TurnToTable);
+    connect(bar, &ViewerBar::OutlineAsked, this, &ReportViewer::ShowOutline);
+    connect(bar, &ViewerBar::BackAsked, this, &ReportViewer::Back);
+    connect(view, &PageView::RowClicked, this, &ReportViewer::OpenRow);
+    connect(rows, &RowTable::RowOpened, this, &ReportViewer::OpenRow);
+    connect(view, &PageView::CurrentPageChanged, outline, &GroupOutline::ShowPage);
+    connect(outline, &GroupOutline::GroupChosen, this, [this](int page, const QRectF &place) {
+        view->GoTo(page);
+        view->ScrollIntoSight(page, place);
+    });
     connect(bar, &ViewerBar::FilterAsked, rows, &RowTable::StartFilter);
     connect(rows, &RowTable::Wished, this, &ReportViewer::ChooseRowsAgain);
     connect(&job, &ReportJob::Started, this, [this] { SetBusy(true); });
@@ -157,6 +179,9 @@ void ReportViewer::Run()
     }
     const auto outcome = std::make_shared<Outcome>();
     request.made = QDateTime::currentDateTime();
+    made = request;
+    outline->SetPages(nullptr);
+    ShowOutline();
     view->SetPages(nullptr);
     pages.reset();
     table.reset();
@@ -196,15 +221,75 @@ void ReportViewer::Show(const Outcome &outcome)
         return;
     }
     Say(LogoProblem(table->setup)); // no more of the progress
+    ShowTable();
+}
+
+void ReportViewer::ShowTable()
+{
     rows->SetTable(table);
+    shownWish.reset();
+    view->SetOpensRows(made.opensRows);
     view->SetPages(pages);
-    both->currentWidget()->setFocus();
+    outline->SetPages(pages);
+    ShowOutline();
+    bar->WantsTable() ? rows->setFocus() : view->setFocus();
+}
+
+void ReportViewer::ShowOutline()
+{
+    bar->ShowOutline(outline->HasGroups());
+    outline->setVisible(outline->HasGroups() && bar->WantsOutline());
+    if (outline->isVisibleTo(this) && outlined->sizes().constFirst() == 0) {
+        outlined->setSizes({kOutlineWidth, outlined->width() - kOutlineWidth});
+    }
+}
+
+void ReportViewer::OpenRow(qint64 row)
+{
+    const auto read = made.opensRows && !job.IsRunning() && table ? table->rows.Read(row, 1)
+                                                                  : std::vector<CellRow>();
+    if (!read.empty()) {
+        emit RowOpened(read.front());
+    }
+}
+
+void ReportViewer::KeepFormer()
+{
+    formers.push_back({made, table, pages, view->CurrentPage()});
+    bar->ShowBack(true);
+}
+
+void ReportViewer::ForgetFormer()
+{
+    formers.clear();
+    bar->ShowBack(false);
+}
+
+void ReportViewer::Back()
+{
+    if (formers.empty() || job.IsRunning()) {
+        return;
+    }
+    const Former former = std::move(formers.back());
+    formers.pop_back();
+    bar->ShowBack(!formers.empty());
+    request = former.request;
+    made = former.request;
+    table = former.table;
+    pages = former.pages;
+    found.reset();
+    Say({});
+    ShowTable();
+    view->GoTo(former.page);
+    SetBusy(false);
+    emit WentBack();
+    ChooseRowsAgain();
 }
 
 void ReportViewer::TurnToTable()
 {
     both->setCurrentIndex(bar->WantsTable() ? 1 : 0);
-    both->currentWidget()->setFocus();
+    bar->WantsTable() ? rows->setFocus() : view->setFocus();
     ChooseRowsAgain();
 }
 

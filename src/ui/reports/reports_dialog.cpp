@@ -170,6 +170,11 @@ QWidget *ReportsDialog::BuildButtons()
     connect(help, &QPushButton::clicked, this, &ReportsDialog::ShowHelp);
     connect(cancel, &QPushButton::clicked, this, &ReportsDialog::reject);
     connect(&Viewer(), &ReportViewer::Ready, this, [this] { generate->setEnabled(true); });
+    connect(&Viewer(), &ReportViewer::RowOpened, this, &ReportsDialog::OpenDetail);
+    connect(&Viewer(), &ReportViewer::WentBack, this, [this] {
+        made = formers.back();
+        formers.pop_back();
+    });
     connect(&Viewer(), &ReportViewer::PageSetupAsked, this, &ReportsDialog::SetUpPages);
     savedNote = new QLabel;
     savedNote->setObjectName(u"savedNote"_s);
@@ -329,14 +334,46 @@ void ReportsDialog::Generate()
     const bool isNarrowed = ofStatements || period.choice != PeriodChoice::All;
     const QString query =
         row < 0 || ofStatements ? QString() : QueryText(row, period, userClause, groupClause);
-    Viewer().SetSubject(
-        SubjectOf(services.settings, period, isNarrowed ? FilterWords() : QString()));
+    made = {row, period, userFilter.kept, groupFilter.kept, userFilter.scope, groupFilter.scope};
+    if (!isNarrowed) {
+        made = {row, period};
+    }
+    formers.clear();
+    Viewer().ForgetFormer();
+    Viewer().SetOpensRows(HasDetails(row));
+    Viewer().SetSubject(SubjectOf(services.settings, period, FilterWordsOf(made)));
     Viewer().SetStatements(ofStatements ? std::optional(StatementFilter {userClause, groupClause})
                                         : std::nullopt);
     Drive(row, query);
     if (generate->hasFocus()) {
         catalogue->setFocus(); // else it goes on to "Help"; Return generates here too
     }
+    generate->setEnabled(!Viewer().IsBusy());
+}
+
+// On the user or group of a line; the choices of this window stay as they are.
+void ReportsDialog::OpenDetail(const CellRow &line)
+{
+    const auto table = Viewer().Table();
+    const auto detail = Await(
+        services, this, tr("Reading the users..."), [summary = made, layout = table->layout, line] {
+            return DetailBehind(summary, layout, line);
+        });
+    if (!detail) {
+        TellUnread(services, tr("The users and groups cannot be read."), detail.error());
+        return;
+    }
+    if (!*detail) {
+        services.prompt.Tell(tr("The user or group of this line does not exist any more."));
+        return;
+    }
+    Viewer().KeepFormer();
+    formers.push_back(made);
+    made = **detail;
+    Viewer().SetOpensRows(HasDetails(made.row));
+    Viewer().SetSubject(SubjectOf(services.settings, made.period, FilterWordsOf(made)));
+    Viewer().SetStatements(std::nullopt);
+    Drive(made.row, QueryOf(made));
     generate->setEnabled(!Viewer().IsBusy());
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "reports/catalogue.h"
+#include "reports/drill_down.h"
 #include "reports/filter_choices.h"
 #include "reports/saved_report.h"
 #include "reports/selection.h"
@@ -70,6 +71,7 @@ private:
     [[nodiscard]] bool IsPeriodInOrder();
     [[nodiscard]] bool AreSettingsReadable();
     [[nodiscard]] QString FilterWords() const;
+    void OpenDetail(const CellRow &line);
     void Drive(int row, const QString &query);
 
     const AppServices &services;
@@ -89,6 +91,9 @@ private:
     QLabel *savedNote; // that a saved report failed
     QPushButton *generate;
     CCrystalCtrl *control;
+
+    ReportSelection made; // what the report that shows is on
+    std::vector<ReportSelection> formers; // those that "Back" leads to
 
     ChosenFilter<UserId> userFilter;
     ChosenFilter<GroupId> groupFilter;

@@ -98,6 +98,7 @@ RowTable::RowTable(QWidget *parent)
     column->setContentsMargins(0, 0, 0, 0);
     MakeFilterRow(*column);
     SetNames(*view, u"rows"_s, tr("Rows of the report"));
+    setFocusProxy(view);
     view->setModel(model);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setAlternatingRowColors(true);
@@ -113,6 +114,8 @@ RowTable::RowTable(QWidget *parent)
     view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     view->horizontalHeader()->setResizeContentsPrecision(50);
     connect(view->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &RowTable::Wished);
+    connect(view, &QTableView::doubleClicked, this, &RowTable::OpenCurrent);
+    TakeReturn(*view, [this] { OpenCurrent(); });
     column->addWidget(view, 1);
     sums->setObjectName(u"sums"_s);
     sums->setWordWrap(true);
@@ -222,6 +225,13 @@ QString RowTable::CopiedText() const
         }
     }
     return text;
+}
+
+void RowTable::OpenCurrent()
+{
+    if (const QModelIndex current = view->currentIndex(); current.isValid()) {
+        emit RowOpened(model->Chosen().rows[static_cast<size_t>(current.row())]);
+    }
 }
 
 void RowTable::Copy()

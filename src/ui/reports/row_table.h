@@ -67,10 +67,12 @@ public:
 
 signals:
     void Wished();
+    void RowOpened(qint64 row); // of the table, by a double click or Return
 
 private:
     void MakeFilterRow(QBoxLayout &column);
     void Copy();
+    void OpenCurrent();
 
     ReportTablePtr table;
     RowModel *model;

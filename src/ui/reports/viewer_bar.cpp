@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +20,9 @@ ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     , view(pages)
 {
     setIconSize({16, 16});
+    back = Command("back", tr("Back"), QKeySequence::Back, &ViewerBar::BackAsked);
+    back->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
+    back->setVisible(false);
     AddPageButtons();
     addSeparator();
     AddZoom();
@@ -41,6 +45,7 @@ void ViewerBar::SetUsable(bool hasPages, bool isBusy)
     save->setEnabled(hasPages && !isBusy);
     pageSetup->setEnabled(!isBusy);
     isUsable = hasPages;
+    back->setEnabled(!isBusy);
     asTable->setEnabled(hasPages);
     SuitTable();
     ShowPage(view.CurrentPage());
@@ -146,6 +151,12 @@ void ViewerBar::AddFind()
 
 void ViewerBar::AddTable()
 {
+    outline =
+        Command("outlineAction", tr("Groups"), QKeySequence(u"Ctrl+G"_s), &ViewerBar::OutlineAsked);
+    outline->setIcon(IconOf(Picture::Group));
+    outline->setCheckable(true);
+    outline->setChecked(true);
+    outline->setVisible(false);
     asTable = Command("asTable", tr("Table"), QKeySequence(u"Ctrl+T"_s), &ViewerBar::TableAsked);
     asTable->setCheckable(true);
     asTable->setToolTip(tr("The rows as a table that can be sorted and filtered (%1)")
@@ -161,6 +172,7 @@ void ViewerBar::SuitTable()
         button->setEnabled(ofPages);
     }
     zoom->setEnabled(ofPages);
+    outline->setEnabled(ofPages);
     find->setEnabled(isUsable && ofPages); // keeps the focus during its own search
     findNext->setEnabled(ofPages);
 }

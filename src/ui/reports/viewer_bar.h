@@ -28,6 +28,10 @@ public:
     void ShowSave(bool shown) { save->setVisible(shown); }
     void ShowPageButtons(bool shown);
 
+    void ShowBack(bool shown) { back->setVisible(shown); }
+    void ShowOutline(bool shown) { outline->setVisible(shown); }
+    [[nodiscard]] bool WantsOutline() const { return outline->isChecked(); }
+
     // Whether the rows are wanted as a table instead of the pages.
     [[nodiscard]] bool WantsTable() const { return asTable->isChecked(); }
 
@@ -36,6 +40,8 @@ signals:
     void PrintAsked();
     void SaveAsked();
     void PageSetupAsked();
+    void BackAsked();
+    void OutlineAsked(); // or the pages alone again
     void TableAsked(); // or the pages again
     void FilterAsked(); // the key of a search, while there is a table
 
@@ -72,6 +78,8 @@ private:
     QLabel *pageCount;
     QComboBox *zoom;
     QLineEdit *find;
+    QAction *back;
+    QAction *outline;
     QAction *asTable;
     QAction *findNext;
     QAction *print;

@@ -89,6 +89,7 @@ TEST_F(Table, ShowsTheSameRowsAndTheirTotals)
     {
         const DarkPalette dark;
         dialog->resize(1024, 600);
+        QApplication::processEvents();
         Grab(*dialog, u"table-dark"_s);
     }
     Click(*dialog, "asTableButton");
