@@ -28,7 +28,6 @@ ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     AddZoom();
     addSeparator();
     AddFind();
-    AddTable();
     addSeparator();
     print = Command("print", tr("Print..."), QKeySequence::Print, &ViewerBar::PrintAsked);
     print->setIcon(IconOf(Picture::Print));
@@ -36,6 +35,7 @@ ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     save->setIcon(IconOf(Picture::Save));
     pageSetup = Command("pageSetup", tr("Page setup..."), {}, &ViewerBar::PageSetupAsked);
     pageSetup->setIcon(IconOf(Picture::PageSetup));
+    AddTable(); // at the end: where room is short, the others go first
     connect(&view, &PageView::CurrentPageChanged, this, &ViewerBar::ShowPage);
 }
 
@@ -158,6 +158,7 @@ void ViewerBar::AddTable()
     outline->setChecked(true);
     outline->setVisible(false);
     asTable = Command("asTable", tr("Table"), QKeySequence(u"Ctrl+T"_s), &ViewerBar::TableAsked);
+    asTable->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
     asTable->setCheckable(true);
     asTable->setToolTip(tr("The rows as a table that can be sorted and filtered (%1)")
                             .arg(asTable->shortcut().toString(QKeySequence::NativeText)));

@@ -4,6 +4,7 @@
 #include "ui/reports/group_outline.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QTableView>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +14,13 @@ namespace {
 class DrillDown : public Reports
 {
 protected:
+    void SetUp() override
+    {
+        Reports::SetUp();
+        dialog->resize(1024, 600); // the least that windows are made for
+        QApplication::processEvents();
+    }
+
     void Make(int row)
     {
         Select(row);

@@ -18,6 +18,13 @@ namespace {
 class Table : public Reports
 {
 protected:
+    void SetUp() override
+    {
+        Reports::SetUp();
+        dialog->resize(1024, 600); // the least that windows are made for
+        QApplication::processEvents();
+    }
+
     void Make(int row)
     {
         Select(row);
