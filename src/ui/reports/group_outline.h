@@ -36,7 +36,8 @@ public:
     explicit GroupOutline(QWidget *parent = nullptr);
 
     void SetPages(std::shared_ptr<const ReportPages> newPages); // null for none
-    [[nodiscard]] bool HasGroups() const { return model->rowCount() > 0; }
+    // More than one, between which to choose.
+    [[nodiscard]] bool HasGroups() const { return model->rowCount() > 1; }
 
     // Marks the group that the page begins with, without choosing it.
     void ShowPage(int page);

@@ -264,9 +264,7 @@ void ReportsDialog::Choose(ReportFilterDialog::Of what,
 // Empty without a filter.
 QString ReportsDialog::FilterWords() const
 {
-    const bool none = userFilter.scope.effect == FilterEffect::None
-        && groupFilter.scope.effect == FilterEffect::None;
-    return none ? QString() : FilterInWords(userFilter.scope, groupFilter.scope);
+    return FilterWordsOf({.userScope = userFilter.scope, .groupScope = groupFilter.scope});
 }
 
 PeriodChoice ReportsDialog::Choice() const
@@ -335,9 +333,7 @@ void ReportsDialog::Generate()
     const QString query =
         row < 0 || ofStatements ? QString() : QueryText(row, period, userClause, groupClause);
     made = {row, period, userFilter.kept, groupFilter.kept, userFilter.scope, groupFilter.scope};
-    if (!isNarrowed) {
-        made = {row, period};
-    }
+    made = isNarrowed ? made : ReportSelection {row, period};
     formers.clear();
     Viewer().ForgetFormer();
     Viewer().SetOpensRows(HasDetails(row));

@@ -47,18 +47,19 @@ int RowModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : static_cast<int>(columns.size());
 }
 
-CellRow RowModel::RowAt(int place) const
+const CellRow *RowModel::RowAt(int place) const
 {
     const quint32 row = chosen.rows[static_cast<size_t>(place)];
     if (const CellRow *known = read.object(row)) {
-        return *known;
+        return known;
     }
-    const auto rows = table->rows.Read(row, 1);
+    auto rows = table->rows.Read(row, 1);
     if (rows.empty()) {
-        return {};
+        return nullptr;
     }
-    read.insert(row, new CellRow(rows.front()));
-    return rows.front();
+    auto *fresh = new CellRow(std::move(rows.front()));
+    read.insert(row, fresh);
+    return fresh;
 }
 
 QVariant RowModel::data(const QModelIndex &index, int role) const
@@ -73,10 +74,10 @@ QVariant RowModel::data(const QModelIndex &index, int role) const
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
         return {};
     }
-    const CellRow row = RowAt(index.row());
-    return row.empty()
+    const CellRow *row = RowAt(index.row());
+    return row == nullptr
         ? tr("cannot be read")
-        : OneLine(DisplayText(column, row[static_cast<size_t>(ColumnAt(index.column()))]));
+        : OneLine(DisplayText(column, (*row)[static_cast<size_t>(ColumnAt(index.column()))]));
 }
 
 QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -214,14 +215,14 @@ QString RowTable::CopiedText() const
     for (const QItemSelectionRange &range : std::as_const(ranges)) {
         for (int row = range.top(); row <= range.bottom() && copied < kMostCopied;
              ++row, ++copied) {
-            const CellRow cells = model->RowAt(row);
+            const CellRow *cells = model->RowAt(row);
             fields.clear();
-            for (int place = 0; place < model->columnCount() && !cells.empty(); ++place) {
+            for (int place = 0; place < model->columnCount() && cells != nullptr; ++place) {
                 const int column = model->ColumnAt(place);
                 fields += OneLine(PlainText(table->layout.columns.at(column),
-                                            cells[static_cast<size_t>(column)]));
+                                            (*cells)[static_cast<size_t>(column)]));
             }
-            text += (cells.empty() ? tr("cannot be read") : fields.join(u'\t')) + u'\n';
+            text += (cells == nullptr ? tr("cannot be read") : fields.join(u'\t')) + u'\n';
         }
     }
     return text;

@@ -29,8 +29,8 @@ public:
     // Column of the layout.
     [[nodiscard]] int ColumnAt(int place) const { return columns.value(place, RowWish::kNone); }
 
-    // The shown row's cells; empty when they cannot be read.
-    [[nodiscard]] CellRow RowAt(int place) const;
+    // The shown row's cells, until the next row is asked for; null when they cannot be read.
+    [[nodiscard]] const CellRow *RowAt(int place) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
