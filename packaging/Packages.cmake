@@ -54,7 +54,8 @@ set(CPACK_DEBIAN_COMMON_PACKAGE_DEPENDS "acl, libsqliteodbc, odbcinst, systemd |
 systemd | systemd-standalone-tmpfiles")
 set(CPACK_DEBIAN_COMMON_PACKAGE_RECOMMENDS "dbus, odbc-postgresql, odbc-mariadb")
 set(CPACK_DEBIAN_CONSOLE_PACKAGE_DEPENDS "${same}, libxlsxwriter4, qt6-qpa-plugins")
-set(CPACK_DEBIAN_CONSOLE_PACKAGE_RECOMMENDS "fonts-dejavu-core, qt6-translations-l10n")
+set(CPACK_DEBIAN_CONSOLE_PACKAGE_RECOMMENDS "fonts-dejavu-core, pkexec, qt6-translations-l10n")
+set(CPACK_DEBIAN_CONSOLE_PACKAGE_SUGGESTS "default-mta | mail-transport-agent")
 set(CPACK_DEBIAN_SERVICE_PACKAGE_DEPENDS "${same}, procps")
 set(CPACK_DEBIAN_SERVICE_PACKAGE_RECOMMENDS "tollbrook-console, nftables, polkitd")
 

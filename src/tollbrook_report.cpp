@@ -6,14 +6,16 @@
 #include "reports/catalogue.h"
 #include "reports/engine.h"
 #include "reports/filter_choices.h"
-#include "reports/output.h"
+#include "reports/report_delivery.h"
+#include "reports/report_status.h"
+#include "reports/report_timer.h"
 #include "reports/selection.h"
-#include "reports/statement_files.h"
 #include "reports/wording.h"
 #include "startup/language.h"
 #include "startup/start_up.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QTextStream>
@@ -25,12 +27,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Status { Done = 0, Empty = 1, BadArguments = 2, Database = 3, LayoutFile = 4, Output = 5 };
+using enum ReportStatus;
+constexpr int kDone = static_cast<int>(Done);
 
-int Fail(Status status, const QString &text)
+int Fail(ReportStatus status, const QString &text)
 {
     QTextStream(stderr) << "tollbrook-report: " << text << Qt::endl;
-    return status;
+    return static_cast<int>(status);
 }
 
 void Warn(const QString &text)
@@ -47,7 +50,7 @@ int List()
                    .arg(QString::fromUtf8(entry.title).trimmed(), -26)
                    .arg(entry.layoutFile);
     }
-    return Done;
+    return kDone;
 }
 
 struct Arguments
@@ -80,6 +83,24 @@ struct Arguments
         u"dsn"_s, u"The ODBC data source; bill unless given."_s, u"NAME"_s, u"bill"_s};
     QCommandLineOption config {
         u"config"_s, u"The folder of settings, which tells where the layouts are."_s, u"DIR"_s};
+    QCommandLineOption saved {
+        u"saved"_s,
+        u"Makes the saved report of this name; with --output to another file, and without mail."_s,
+        u"NAME"_s};
+    QCommandLineOption listSaved {u"list-saved"_s, u"Lists the saved reports."_s};
+    QCommandLineOption schedule {
+        u"schedule"_s,
+        u"Brings the timer of the saved report in line with its schedule; removes it when there is "
+        "no such report any more. The work of root."_s,
+        u"NAME"_s};
+    QCommandLineOption units {
+        u"units"_s,
+        u"With --schedule: writes the timer into this folder and tells nobody of it."_s,
+        u"DIR"_s};
+    QCommandLineOption mail {
+        u"mail"_s, u"Sends the file to this address, by the system's sendmail."_s, u"ADDRESS"_s};
+    QCommandLineOption groupReads {
+        u"group-reads"_s, u"A new file may be read by its group, not by its owner alone."_s};
     QCommandLineOption failIfEmpty {u"fail-if-empty"_s,
                                     u"Exit status 1 when there is nothing to report; a former file "
                                     "stays."_s};
@@ -118,37 +139,28 @@ struct Filters
     }
 };
 
-// The ids of those that bear the names, which are noted in `scope`; the others in `unknown`.
-template <typename IdType>
-Result<QList<IdType>> LookUp(const QStringList &names,
-                             Result<std::vector<Named<IdType>>> (*offers)(),
-                             FilterScope &scope,
-                             QStringList &unknown)
+// What a report is made on and what becomes of it, as the command line or a saved report says it. From the
+// command line users and groups come as names, from a saved report as numbers in `report`.
+struct Task
 {
-    QList<IdType> ids;
-    if (names.isEmpty()) {
-        return ids;
-    }
-    const auto offered = offers();
-    if (!offered) {
-        return tl::unexpected(offered.error());
-    }
-    QStringList notFound;
-    for (const auto &[id, name] : BearersOf(names, *offered, notFound)) {
-        ids += id;
-        scope.names += name;
-    }
-    scope.effect = FilterEffect::Only;
-    unknown += notFound;
-    return ids;
-}
+    SavedReport report;
+    ReportPeriod period;
+    WantedNames names;
 
-// Looks the names up in the database. A status other than Done ends the program.
-int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters &filters)
-{
-    if (names.IsEmpty()) {
-        return Done;
+    [[nodiscard]] bool IsNarrowed() const
+    {
+        return !names.IsEmpty() || report.users.effect != FilterEffect::None
+            || report.groups.effect != FilterEffect::None;
     }
+};
+
+// Looks the users and groups up in the database. A status other than Done ends the program.
+int ReadFilters(const Task &task, const StartedProgram &program, Filters &filters)
+{
+    if (!task.IsNarrowed()) {
+        return kDone;
+    }
+    ConnectDatabase(program.dataSource.toUtf8().constData());
     const auto version = OpenedSchemaVersion();
     if (!version && version.error().kind == Failure::Kind::NewerSchema) {
         return Fail(Database, version.error().text);
@@ -160,8 +172,10 @@ int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters
                         .trimmed());
     }
     QStringList unknown;
-    const auto users = LookUp(names.users, AllUsers, filters.users, unknown);
-    const auto groups = LookUp(names.groups, OfferedGroups, filters.groups, unknown);
+    const auto users =
+        LookUp(task.names.users, task.report.users, AllUsers, filters.users, unknown);
+    const auto groups =
+        LookUp(task.names.groups, task.report.groups, OfferedGroups, filters.groups, unknown);
     DisconnectDatabase();
     if (!users || !groups) {
         return Fail(Database, users ? groups.error().text : users.error().text);
@@ -169,12 +183,18 @@ int ReadFilters(const WantedNames &names, const StartedProgram &program, Filters
     if (!unknown.isEmpty()) {
         return Fail(BadArguments, u"nobody is named \"%1\""_s.arg(unknown.join(u"\", \""_s)));
     }
-    filters.userClause = OnlyUsersClause(*users);
-    filters.groupClause = OnlyGroupsClause(*groups);
-    return Done;
+    // A report on nobody would pass for one that has nothing to report. Where only some are gone, the heading
+    // names the others.
+    if (IsOnNobody(filters.users) || IsOnNobody(filters.groups)) {
+        return Fail(BadArguments,
+                    u"none of the users or groups that the report is on exists any more"_s);
+    }
+    filters.userClause = KeptUsersClause(*users);
+    filters.groupClause = KeptGroupsClause(*groups);
+    return kDone;
 }
 
-int StatusOf(ReportProblem::Kind kind)
+ReportStatus StatusOf(ReportProblem::Kind kind)
 {
     switch (kind) {
     case ReportProblem::Kind::Database:
@@ -188,44 +208,17 @@ int StatusOf(ReportProblem::Kind kind)
     }
 }
 
-struct Target
-{
-    QString file;
-    OutputOptions options;
-    bool failIfEmpty = false;
-    bool split = false; // a file for each statement
-};
-
-// What was written in words; nothing, and `problem` filled, when not all of it was.
-std::optional<QString> Write(const ReportTablePtr &table,
-                             const Target &target,
-                             RunControl &control,
-                             ReportProblem &problem)
-{
-    if (!target.split) {
-        return WriteReport(table, target.file, control, problem, target.options)
-            ? std::optional(target.file)
-            : std::nullopt;
-    }
-    qsizetype written = 0;
-    if (WriteStatementFiles(table, target.file, control, problem, written, target.options)) {
-        return u"%1 statements in the folder %2"_s.arg(QString::number(written),
-                                                       QFileInfo(target.file).path());
-    }
-    problem.text += u" (%1 of %2 statements are written)"_s.arg(written).arg(table->groups.size());
-    return std::nullopt;
-}
-
-int Make(const ReportRequest &request, const Target &target)
+int Make(const ReportRequest &request, const SavedReport &target, const OutputOptions &options)
 {
     RunControl control;
     ReportProblem problem;
     const ReportTablePtr table = MakeReport(request, control, problem);
     const bool isMissed =
         table && table->IsEmpty() && target.failIfEmpty; // the former file stays then
-    const auto written = table && !isMissed ? Write(table, target, control, problem) : std::nullopt;
+    const auto written =
+        table && !isMissed ? WriteAsSaved(table, target, options, control, problem) : std::nullopt;
     if (!written && !isMissed) {
-        return Fail(static_cast<Status>(StatusOf(problem.kind)), problem.text);
+        return Fail(StatusOf(problem.kind), problem.text);
     }
     const QString source = ParseConnectionText(request.connectionText).dsn;
     if (AgeOf(table->schemaVersion) == SchemaAge::Older) {
@@ -235,60 +228,193 @@ int Make(const ReportRequest &request, const Target &target)
         return Fail(Empty, u"there is nothing to report in the data source \"%1\""_s.arg(source));
     }
     QTextStream(stdout) << u"%1: made from the data source \"%2\"\n"_s.arg(*written, source);
-    return Done;
+    if (target.mail.isEmpty()) {
+        return kDone;
+    }
+    QString unsent;
+    if (!MailReport(*table, target, unsent)) {
+        return Fail(Mail, unsent);
+    }
+    QTextStream(stdout) << u"%1: sent to %2\n"_s.arg(target.output, target.mail);
+    return kDone;
+}
+
+// The options that say what a saved report says already.
+QStringList SelectionGiven(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    QStringList given;
+    for (const QCommandLineOption &option : {arguments.report,
+                                             arguments.period,
+                                             arguments.users,
+                                             arguments.groups,
+                                             arguments.split,
+                                             arguments.csvBom,
+                                             arguments.mail,
+                                             arguments.failIfEmpty}) {
+        if (parser.isSet(option)) {
+            given += u"--"_s + option.names().constFirst();
+        }
+    }
+    return given;
+}
+
+// What a saved report says. A status other than Done ends the program.
+int ReadSaved(const QCommandLineParser &parser,
+              const Arguments &arguments,
+              const ConfigStore &settings,
+              Task &task)
+{
+    const QString name = parser.value(arguments.saved);
+    if (const QStringList given = SelectionGiven(parser, arguments); !given.isEmpty()) {
+        return Fail(BadArguments,
+                    u"a saved report says already what %1 would"_s.arg(given.join(u", "_s)));
+    }
+    const SavedReports saved(settings);
+    if (!NameProblem(name).isEmpty() || !saved.Has(name)) {
+        return Fail(BadArguments, u"no such saved report: \"%1\"; see --list-saved"_s.arg(name));
+    }
+    const auto report = saved.Read(name);
+    if (!report) {
+        return Fail(BadArguments, TextOf(report.error()));
+    }
+    task.report = *report;
+    if (parser.isSet(arguments.output)) { // a trial, which is nobody's mail
+        task.report.output = parser.value(arguments.output);
+        task.report.mail.clear();
+    }
+    task.period = PeriodNamed(report->period, Today()).value_or(ReportPeriod());
+    return kDone;
+}
+
+// What the command line says. A status other than Done ends the program.
+int ReadArguments(const QCommandLineParser &parser, const Arguments &arguments, Task &task)
+{
+    task.report = {.row = FindReport(parser.value(arguments.report)),
+                   .period = parser.value(arguments.period),
+                   .users = {},
+                   .groups = {},
+                   .output = parser.value(arguments.output),
+                   .split = parser.isSet(arguments.split),
+                   .csvBom = parser.isSet(arguments.csvBom),
+                   .failIfEmpty = parser.isSet(arguments.failIfEmpty),
+                   .mail = parser.value(arguments.mail),
+                   .schedule = {}};
+    if (task.report.row < 0) {
+        return Fail(BadArguments,
+                    u"no such report: \"%1\"; see --list"_s.arg(parser.value(arguments.report)));
+    }
+    const auto period = PeriodNamed(task.report.period, Today());
+    if (!period) {
+        return Fail(BadArguments, u"no such period: \"%1\""_s.arg(task.report.period));
+    }
+    task.period = *period;
+    task.names = NamesOf(parser, arguments);
+    if (!FormatOf(task.report.output)) {
+        return Fail(BadArguments, u"--output must name a %1 file"_s.arg(EndingsInWords()));
+    }
+    if (task.names.isMissing) {
+        return Fail(BadArguments, u"--users and --groups must name somebody"_s);
+    }
+    const bool ofStatements = task.report.row == kStatementRow;
+    if (task.report.split && !ofStatements) {
+        return Fail(BadArguments, u"--split is for statements; see --list"_s);
+    }
+    if (!task.names.IsEmpty() && period->choice == PeriodChoice::All && !ofStatements) {
+        return Fail(BadArguments, u"users and groups apply only with a period; see --period"_s);
+    }
+    SavedReport checked = task.report; // the rest of the rules is the same for saved ones
+    checked.output = QFileInfo(checked.output).absoluteFilePath();
+    const QString problem = ProblemOf(checked);
+    return problem.isEmpty() ? kDone : Fail(BadArguments, problem);
 }
 
 int Run(const QCommandLineParser &parser, const Arguments &arguments)
 {
-    const int row = FindReport(parser.value(arguments.report));
-    if (row < 0) {
-        return Fail(BadArguments,
-                    u"no such report: \"%1\"; see --list"_s.arg(parser.value(arguments.report)));
-    }
-    const auto period = PeriodNamed(parser.value(arguments.period), Today());
-    if (!period) {
-        return Fail(BadArguments, u"no such period: \"%1\""_s.arg(parser.value(arguments.period)));
-    }
-    const QString output = parser.value(arguments.output);
-    if (!FormatOf(output)) {
-        return Fail(BadArguments, u"--output must name a %1 file"_s.arg(EndingsInWords()));
-    }
-    const WantedNames names = NamesOf(parser, arguments);
-    if (names.isMissing) {
-        return Fail(BadArguments, u"--users and --groups must name somebody"_s);
-    }
-    const bool ofStatements = row == kStatementRow;
-    if (parser.isSet(arguments.split) && !ofStatements) {
-        return Fail(BadArguments, u"--split is for statements; see --list"_s);
-    }
-    if (!names.IsEmpty() && period->choice == PeriodChoice::All && !ofStatements) {
-        return Fail(BadArguments, u"users and groups apply only with a period; see --period"_s);
-    }
     const StartedProgram program({.configFolder = parser.value(arguments.config),
                                   .dataSource = parser.value(arguments.dsn),
-                                  .opensDatabase = !names.IsEmpty()});
+                                  .opensDatabase = false});
+    Task task;
+    const int read = parser.isSet(arguments.saved)
+        ? ReadSaved(parser, arguments, program.settings, task)
+        : ReadArguments(parser, arguments, task);
     Filters filters;
-    if (const int status = ReadFilters(names, program, filters); status != Done) {
+    const int status = read == kDone ? ReadFilters(task, program, filters) : read;
+    if (status != kDone) {
         return status;
     }
     ReportRequest request;
-    static_cast<ReportSubject &>(request) = SubjectOf(program.settings, *period, filters.InWords());
+    static_cast<ReportSubject &>(request) =
+        SubjectOf(program.settings, task.period, filters.InWords());
     if (const QString problem = LogoProblem(request.setup); !problem.isEmpty()) {
         Warn(problem);
     }
-    if (ofStatements) {
+    if (task.report.row == kStatementRow) {
         request.statement = {filters.userClause, filters.groupClause};
     } else {
-        request.layoutPath =
-            LayoutPath(program.settings.ReadText(values::kPath).value_or(QString()), row);
-        request.query = QueryText(row, *period, filters.userClause, filters.groupClause);
+        request.layoutPath = LayoutPath(
+            program.settings.ReadText(values::kPath).value_or(QString()), task.report.row);
+        request.query =
+            QueryText(task.report.row, task.period, filters.userClause, filters.groupClause);
     }
     request.connectionText = ReportConnectionText(program.dataSource);
     return Make(request,
-                {.file = output,
-                 .options = {.csvBom = parser.isSet(arguments.csvBom)},
-                 .failIfEmpty = parser.isSet(arguments.failIfEmpty),
-                 .split = parser.isSet(arguments.split)});
+                task.report,
+                {.csvBom = task.report.csvBom, .groupReads = parser.isSet(arguments.groupReads)});
+}
+
+int ListSaved(const ConfigStore &settings)
+{
+    const SavedReports saved(settings);
+    const auto names = saved.Names();
+    if (!names) {
+        return Fail(BadArguments, TextOf(names.error()));
+    }
+    int status = kDone;
+    for (const QString &name : *names) {
+        if (const auto report = saved.Read(name)) {
+            QTextStream(stdout) << u"%1: %2, %3, %4, %5\n"_s.arg(
+                name,
+                QString::fromUtf8(EntryOf(report->row).title).trimmed(),
+                report->period,
+                report->output,
+                InWords(report->schedule));
+        } else {
+            status = Fail(BadArguments, TextOf(report.error()));
+        }
+    }
+    return status;
+}
+
+// A report that cannot be read may well be one that is to run: its timer stays as it is.
+int Schedule(const QCommandLineParser &parser,
+             const Arguments &arguments,
+             const ConfigStore &settings)
+{
+    const QString name = parser.value(arguments.schedule);
+    if (const QString problem = NameProblem(name); !problem.isEmpty()) {
+        return Fail(BadArguments, problem);
+    }
+    TimerPlace place;
+    if (parser.isSet(arguments.units)) {
+        place.folder = parser.value(arguments.units);
+    } else if (QDir::cleanPath(settings.Folder()) != u"/etc/tollbrook") {
+        return Fail(BadArguments,
+                    u"timers make the reports that are saved in /etc/tollbrook, not in %1"_s.arg(
+                        settings.Folder()));
+    } else {
+        place.systemctl = RunSystemctl;
+    }
+    const SavedReports saved(settings);
+    const auto report = saved.Has(name) ? saved.Read(name) : SavedReport();
+    if (!report) {
+        return Fail(BadArguments, TextOf(report.error()));
+    }
+    QString problem;
+    if (!PutTimer(name, report->schedule, place, problem)) {
+        return Fail(Timer, problem);
+    }
+    QTextStream(stdout) << u"%1: %2\n"_s.arg(name, InWords(report->schedule));
+    return kDone;
 }
 
 } // namespace
@@ -304,7 +430,7 @@ int main(int argc, char **argv)
     parser.setApplicationDescription(
         u"Makes one of the console's reports as a file.\n\n"
         "Exit status: 0 done, 1 nothing to report, 2 wrong arguments, 3 database, 4 layout, "
-        "5 output."_s);
+        "5 output, 6 mail, 7 timer."_s);
     const Arguments arguments;
     parser.addOptions({arguments.help,
                        arguments.version,
@@ -318,17 +444,23 @@ int main(int argc, char **argv)
                        arguments.csvBom,
                        arguments.dsn,
                        arguments.config,
-                       arguments.failIfEmpty});
+                       arguments.failIfEmpty,
+                       arguments.mail,
+                       arguments.groupReads,
+                       arguments.saved,
+                       arguments.listSaved,
+                       arguments.schedule,
+                       arguments.units});
     if (!parser.parse(QGuiApplication::arguments())) {
         return Fail(BadArguments, parser.errorText());
     }
     if (parser.isSet(arguments.help)) {
         QTextStream(stdout) << parser.helpText();
-        return Done;
+        return kDone;
     }
     if (parser.isSet(arguments.version)) {
         QTextStream(stdout) << "tollbrook-report " TB_VERSION "\n";
-        return Done;
+        return kDone;
     }
     if (parser.isSet(arguments.list)) {
         return List();
@@ -337,5 +469,12 @@ int main(int argc, char **argv)
         return Fail(BadArguments,
                     u"what is \"%1\"?"_s.arg(parser.positionalArguments().constFirst()));
     }
-    return Run(parser, arguments);
+    const bool asksOfSaved = parser.isSet(arguments.listSaved) || parser.isSet(arguments.schedule);
+    if (!asksOfSaved) {
+        return Run(parser, arguments);
+    }
+    const StartedProgram program(
+        {.configFolder = parser.value(arguments.config), .opensDatabase = false});
+    return parser.isSet(arguments.listSaved) ? ListSaved(program.settings)
+                                             : Schedule(parser, arguments, program.settings);
 }

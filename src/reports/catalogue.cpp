@@ -157,6 +157,13 @@ QString FileNameOf(QString layoutPath)
     return layoutPath.replace(u'\\', u'/');
 }
 
+QString ShortNameOf(int row)
+{
+    return row == kStatementRow
+        ? QString::fromUtf8(kStatement.title).toLower()
+        : QFileInfo(FileNameOf(EntryOf(row).layoutFile.toString())).completeBaseName();
+}
+
 int FindReport(const QString &name)
 {
     bool isNumber = false;

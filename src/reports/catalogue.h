@@ -37,6 +37,9 @@ constexpr int kListedCount = kStatementRow + 1;
 // The path as this system's files are named: a back-slash separates folders too.
 [[nodiscard]] QString FileNameOf(QString layoutPath);
 
+// The name by which FindReport() knows the row whatever its title becomes: that of its layout file alone.
+[[nodiscard]] QString ShortNameOf(int row);
+
 // The row that a person names on a command line: its number, its title or its layout file, as they are
 // listed or the file's name or base name alone, without regard to case and outer blanks. -1 when it is
 // none of them.

@@ -28,7 +28,9 @@ QStringList NamesOf(const QList<IdType> &ids, const std::vector<Named<IdType>> &
     }
     QStringList named;
     for (const IdType id : ids) {
-        named << names.value(id);
+        if (const auto name = names.constFind(id); name != names.constEnd()) {
+            named << *name;
+        }
     }
     return named;
 }
@@ -60,6 +62,18 @@ FilterScope ScopeOf(const ReportFilter<GroupId> &filter, const std::vector<Named
     return NamedScope(GroupFilterEffect(filter.taken.size(), filter.left.size()), filter, offered);
 }
 
+FilterScope ScopeOf(const KeptFilter<UserId> &filter, const std::vector<Named<UserId>> &all)
+{
+    return {filter.effect, NamesOf(filter.ids, all)};
+}
+
+FilterScope ScopeOf(const KeptFilter<GroupId> &filter, const std::vector<Named<GroupId>> &all)
+{
+    const bool leavesOutNone = filter.effect == FilterEffect::AllBut && filter.ids.size() > 1;
+    return leavesOutNone ? FilterScope {FilterEffect::Everybody, {}}
+                         : FilterScope {filter.effect, NamesOf(filter.ids, all)};
+}
+
 Result<std::vector<Named<UserId>>> OfferedUsers()
 {
     return Offered<UserId>("SELECT username, user_id FROM users WHERE monitored = true");
@@ -73,6 +87,20 @@ Result<std::vector<Named<UserId>>> AllUsers()
 Result<std::vector<Named<GroupId>>> OfferedGroups()
 {
     return Offered<GroupId>("SELECT name, group_id FROM groups");
+}
+
+Result<ReportOffers> ReadOffers()
+{
+    auto users = OfferedUsers();
+    auto allUsers = users ? AllUsers() : users;
+    if (!allUsers) {
+        return tl::unexpected(allUsers.error());
+    }
+    auto groups = OfferedGroups();
+    if (!groups) {
+        return tl::unexpected(groups.error());
+    }
+    return ReportOffers {*std::move(users), *std::move(allUsers), *std::move(groups)};
 }
 
 template <typename IdType>
@@ -99,6 +127,49 @@ template std::vector<Named<UserId>>
 BearersOf(const QStringList &, const std::vector<Named<UserId>> &, QStringList &);
 template std::vector<Named<GroupId>>
 BearersOf(const QStringList &, const std::vector<Named<GroupId>> &, QStringList &);
+
+template <typename IdType>
+Result<KeptFilter<IdType>> LookUp(const QStringList &names,
+                                  const KeptFilter<IdType> &kept,
+                                  Result<std::vector<Named<IdType>>> (*offers)(),
+                                  FilterScope &scope,
+                                  QStringList &unknown)
+{
+    if (names.isEmpty() && kept.effect == FilterEffect::None) {
+        return kept;
+    }
+    const auto offered = offers();
+    if (!offered) {
+        return tl::unexpected(offered.error());
+    }
+    KeptFilter<IdType> filter = kept;
+    if (!names.isEmpty()) {
+        filter = {FilterEffect::Only, {}};
+        QStringList notFound;
+        for (const auto &bearer : BearersOf(names, *offered, notFound)) {
+            filter.ids += bearer.id;
+        }
+        unknown += notFound;
+    }
+    scope = ScopeOf(filter, *offered);
+    return filter;
+}
+
+template Result<KeptFilter<UserId>> LookUp(const QStringList &,
+                                           const KeptFilter<UserId> &,
+                                           Result<std::vector<Named<UserId>>> (*)(),
+                                           FilterScope &,
+                                           QStringList &);
+template Result<KeptFilter<GroupId>> LookUp(const QStringList &,
+                                            const KeptFilter<GroupId> &,
+                                            Result<std::vector<Named<GroupId>>> (*)(),
+                                            FilterScope &,
+                                            QStringList &);
+
+bool IsOnNobody(const FilterScope &scope)
+{
+    return scope.effect == FilterEffect::Only && scope.names.isEmpty();
+}
 
 QStringList NamesFrom(const QString &list)
 {

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -150,6 +151,30 @@ QStringList LayoutTable::Texts(const char *key) const
         }
     }
     return texts;
+}
+
+QList<quint32> LayoutTable::Numbers(const char *key) const
+{
+    const toml::node *node = table.get(key);
+    if (node == nullptr) {
+        return {};
+    }
+    QList<quint32> numbers;
+    const auto *array = node->as_array();
+    for (size_t place = 0; array != nullptr && place < array->size(); ++place) {
+        const auto number = array->at(place).value_exact<int64_t>().value_or(0);
+        if (number < 1 || number > std::numeric_limits<quint32>::max()) {
+            array = nullptr;
+        } else {
+            numbers += static_cast<quint32>(number);
+        }
+    }
+    if (array == nullptr) {
+        Fail(LineOf(*node),
+             Words::tr("\"%1\" is not a list of numbers from 1").arg(QLatin1StringView(key)));
+        return {};
+    }
+    return numbers;
 }
 
 int LayoutTable::Choice(const char *key, const QStringList &choices) const

@@ -29,6 +29,7 @@ public:
     [[nodiscard]] int Integer(const char *key, int otherwise, int least, int most) const;
     [[nodiscard]] double Number(const char *key, double otherwise, double least, double most) const;
     [[nodiscard]] QStringList Texts(const char *key) const;
+    [[nodiscard]] QList<quint32> Numbers(const char *key) const; // ids of rows, from 1
     // The place of the text among `choices`; the first when the key is missing.
     [[nodiscard]] int Choice(const char *key, const QStringList &choices) const;
 

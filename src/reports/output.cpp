@@ -66,7 +66,7 @@ bool WriteReport(const ReportTablePtr &table,
         return Fail(problem, control, Words::tr("no font is installed; install fonts-dejavu-core"));
     }
     QString words;
-    OutputFile file;
+    OutputFile file(options.groupReads);
     const bool written =
         file.Open(fileName) && WriteDevice(table, *format, options, file.Device(), control, words);
     words = words.isEmpty() ? table->rows.ReadProblem() : words; // the file lacks rows then

@@ -14,7 +14,8 @@
 class OutputFile
 {
 public:
-    OutputFile() = default;
+    // A new file may be read by its group too if `groupReads`.
+    explicit OutputFile(bool groupReads = false) : mode(groupReads ? 0640 : 0600) { }
     ~OutputFile(); // removes what was not kept
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
@@ -37,6 +38,6 @@ private:
     int folder = -1;
     QByteArray name; // in the folder
     QByteArray writtenAs; // likewise, until it is kept
-    unsigned mode = 0600; // that it is kept with
+    unsigned mode; // that it is kept with
     QString problem;
 };

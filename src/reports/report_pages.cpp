@@ -117,14 +117,37 @@ double ReportPages::LeastOfLetter() const
         : 0;
 }
 
+// The upper edge of the first line below the columns' headings.
+double ReportPages::TopOfItems(int page) const
+{
+    return paper::kMargin + paper::kColumnHeading
+        + (page == 0 ? FirstHeadingHeight() + ChartRoom() : paper::kOtherHeading);
+}
+
+std::optional<qint64> ReportPages::RowAt(int page, QPointF place) const
+{
+    const double across = place.x() * 10;
+    if (across < paper::kMargin || across > size.width() - paper::kMargin) {
+        return std::nullopt;
+    }
+    double top = TopOfItems(page);
+    for (const PageItem &item : map.Page(page)) {
+        const double bottom = top + paper::kLine * item.lines;
+        if (place.y() * 10 >= top && place.y() * 10 < bottom) {
+            return item.kind == PageItem::Kind::Row ? std::optional(item.index) : std::nullopt;
+        }
+        top = bottom;
+    }
+    return std::nullopt;
+}
+
 double ReportPages::TopOfGroup(size_t group) const
 {
     if (table->layout.pageForEach) {
         return 0;
     }
     const int page = PageOfGroup(group);
-    double top = paper::kMargin + paper::kColumnHeading
-        + (page == 0 ? FirstHeadingHeight() + ChartRoom() : paper::kOtherHeading);
+    double top = TopOfItems(page);
     for (const PageItem &item : map.Page(page)) {
         if (item.kind == PageItem::Kind::Heading && item.index == static_cast<qint64>(group)) {
             break;

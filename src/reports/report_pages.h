@@ -61,6 +61,9 @@ public:
     // Where its heading stands there, in points from the page's upper edge.
     [[nodiscard]] double TopOfGroup(size_t group) const;
 
+    // The row whose lines stand at this height of the page, in points; nothing between and beside them.
+    [[nodiscard]] std::optional<qint64> RowAt(int page, QPointF place) const;
+
     // Paints page 0 to Count()-1 with its top left corner at the painter's origin. Any page at any
     // time and on any thread.
     void Paint(QPainter &painter, int page, double pixelsPerPoint) const;
@@ -80,6 +83,7 @@ public:
                                                   const RunControl *control = nullptr) const;
 
 private:
+    [[nodiscard]] double TopOfItems(int page) const;
     [[nodiscard]] double Room() const { return size.width() - 2 * paper::kMargin; }
     [[nodiscard]] PageOutline Outline(const RunControl *control) const;
     [[nodiscard]] int RowLines(const CellRow &row) const;

@@ -2,6 +2,8 @@
 
 #include "reports/catalogue.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -181,15 +183,15 @@ QString Joined(const QList<IdType> &ids, QStringView first, QStringView next)
 }
 
 template <typename IdType>
-QString Clause(const ReportFilter<IdType> &filter, const ClauseTexts &texts)
+QString Clause(const KeptFilter<IdType> &filter, const ClauseTexts &texts)
 {
-    switch (UserFilterEffect(filter.taken.size(), filter.left.size())) {
+    switch (filter.effect) {
     case FilterEffect::None:
         return {};
     case FilterEffect::Only:
-        return Joined(filter.taken, texts.firstOf, texts.nextOf);
+        return Joined(filter.ids, texts.firstOf, texts.nextOf);
     default:
-        return Joined(filter.left, texts.firstNotOf, texts.nextNotOf);
+        return Joined(filter.ids, texts.firstNotOf, texts.nextNotOf);
     }
 }
 
@@ -224,6 +226,17 @@ QStringList PeriodWords()
     return words;
 }
 
+QString NameOf(const ReportPeriod &period)
+{
+    for (const PeriodWord &each : kPeriodWords) {
+        if (each.choice == period.choice) {
+            return each.word.toString();
+        }
+    }
+    const auto text = [](Day day) { return ExistingDate(day).toString(Qt::ISODate); };
+    return text(period.from) + u".." + text(period.to);
+}
+
 std::optional<ReportPeriod> PeriodNamed(const QString &text, QDate today)
 {
     for (const PeriodWord &period : kPeriodWords) {
@@ -256,22 +269,71 @@ FilterEffect GroupFilterEffect(qsizetype taken, qsizetype left)
 
 QString UserFilterClause(const ReportFilter<UserId> &filter)
 {
-    return Clause(filter, kUserTexts);
+    return KeptUsersClause(Kept(filter));
 }
 
 QString GroupFilterClause(const ReportFilter<GroupId> &filter)
 {
-    return Clause(filter, kGroupTexts);
+    return KeptGroupsClause(Kept(filter));
 }
 
 QString OnlyUsersClause(const QList<UserId> &ids)
 {
-    return Joined(ids, kUserTexts.firstOf, kUserTexts.nextOf);
+    return KeptUsersClause({FilterEffect::Only, ids});
 }
 
 QString OnlyGroupsClause(const QList<GroupId> &ids)
 {
-    return Joined(ids, kGroupTexts.firstOf, kGroupTexts.nextOf);
+    return KeptGroupsClause({FilterEffect::Only, ids});
+}
+
+template <typename IdType>
+KeptFilter<IdType> Kept(const ReportFilter<IdType> &filter)
+{
+    const FilterEffect effect = UserFilterEffect(filter.taken.size(), filter.left.size());
+    switch (effect) {
+    case FilterEffect::None:
+        return {};
+    case FilterEffect::Only:
+        return {effect, filter.taken};
+    default:
+        return {effect, filter.left};
+    }
+}
+
+template KeptFilter<UserId> Kept(const ReportFilter<UserId> &);
+template KeptFilter<GroupId> Kept(const ReportFilter<GroupId> &);
+
+template <typename IdType>
+ReportFilter<IdType>
+ListsOf(const KeptFilter<IdType> &filter, const QList<IdType> &offered, const QList<IdType> &all)
+{
+    if (filter.effect == FilterEffect::None) {
+        return {};
+    }
+    const QSet<IdType> present(all.begin(), all.end());
+    QList<IdType> named = filter.ids;
+    named.removeIf([&](IdType id) { return !present.contains(id); });
+    const QSet<IdType> isNamed(named.begin(), named.end());
+    QList<IdType> others = offered;
+    others.removeIf([&](IdType id) { return isNamed.contains(id); });
+    return filter.effect == FilterEffect::Only ? ReportFilter<IdType> {named, others}
+                                               : ReportFilter<IdType> {others, named};
+}
+
+template ReportFilter<UserId>
+ListsOf(const KeptFilter<UserId> &, const QList<UserId> &, const QList<UserId> &);
+template ReportFilter<GroupId>
+ListsOf(const KeptFilter<GroupId> &, const QList<GroupId> &, const QList<GroupId> &);
+
+QString KeptUsersClause(const KeptFilter<UserId> &filter)
+{
+    return Clause(filter, kUserTexts);
+}
+
+QString KeptGroupsClause(const KeptFilter<GroupId> &filter)
+{
+    return Clause(filter, kGroupTexts);
 }
 
 FilterUse FiltersOf(int row)
@@ -296,12 +358,20 @@ QString QueryText(int row,
                   const QString &userClause,
                   const QString &groupClause)
 {
-    if (period.choice == PeriodChoice::All) {
-        return {};
-    }
+    return period.choice == PeriodChoice::All
+        ? QString()
+        : NarrowedQueryText(row, period, userClause, groupClause);
+}
+
+QString NarrowedQueryText(int row,
+                          const ReportPeriod &period,
+                          const QString &userClause,
+                          const QString &groupClause)
+{
     const ReportCategory category = ReportCatalogue().at(static_cast<size_t>(row)).category;
-    const QString text =
-        BaseStatement(row) + PeriodCondition(category, period) + userClause + groupClause;
+    const QString within =
+        period.choice == PeriodChoice::All ? QString() : PeriodCondition(category, period);
+    const QString text = BaseStatement(row) + within + userClause + groupClause;
     const QString order = OrderText(row);
     return order.isEmpty() ? text : text + u' ' + order;
 }

@@ -29,6 +29,9 @@ struct ReportPeriod
 [[nodiscard]] std::optional<ReportPeriod> PeriodNamed(const QString &text, QDate today);
 [[nodiscard]] QStringList PeriodWords();
 
+// The text that PeriodNamed() reads as this period, on whatever day.
+[[nodiscard]] QString NameOf(const ReportPeriod &period);
+
 // The ids of the two lists of a filter dialog.
 template <typename IdType>
 struct ReportFilter
@@ -54,6 +57,35 @@ enum class FilterEffect { None, Only, AllBut, Everybody };
 [[nodiscard]] FilterEffect UserFilterEffect(qsizetype taken, qsizetype left);
 [[nodiscard]] FilterEffect GroupFilterEffect(qsizetype taken, qsizetype left);
 
+// A filter as its clause says it: the ids that are named, and whether only those are taken or all but those.
+template <typename IdType>
+struct KeptFilter
+{
+    FilterEffect effect = FilterEffect::None; // None, Only or AllBut
+    QList<IdType> ids;
+
+    bool operator==(const KeptFilter &) const = default;
+};
+
+template <typename IdType>
+[[nodiscard]] KeptFilter<IdType> Kept(const ReportFilter<IdType> &filter);
+extern template KeptFilter<UserId> Kept(const ReportFilter<UserId> &);
+extern template KeptFilter<GroupId> Kept(const ReportFilter<GroupId> &);
+
+// The two lists again, out of those that are offered now. Ids of the filter that are not offered stand in
+// their list all the same, unless `all` lacks them too.
+template <typename IdType>
+[[nodiscard]] ReportFilter<IdType>
+ListsOf(const KeptFilter<IdType> &filter, const QList<IdType> &offered, const QList<IdType> &all);
+extern template ReportFilter<UserId>
+ListsOf(const KeptFilter<UserId> &, const QList<UserId> &, const QList<UserId> &);
+extern template ReportFilter<GroupId>
+ListsOf(const KeptFilter<GroupId> &, const QList<GroupId> &, const QList<GroupId> &);
+
+// The clauses of such filters; of ids that are gone too.
+[[nodiscard]] QString KeptUsersClause(const KeptFilter<UserId> &filter);
+[[nodiscard]] QString KeptGroupsClause(const KeptFilter<GroupId> &filter);
+
 // Which of the two further filters the dialog offers for a row of the catalogue.
 struct FilterUse
 {
@@ -72,6 +104,12 @@ struct FilterUse
                                 const ReportPeriod &period,
                                 const QString &userClause,
                                 const QString &groupClause);
+
+// The same, whose filters hold for all that there is too.
+[[nodiscard]] QString NarrowedQueryText(int row,
+                                        const ReportPeriod &period,
+                                        const QString &userClause,
+                                        const QString &groupClause);
 
 // What a layout file stores for the row: the base statement in its order.
 [[nodiscard]] QString StoredQuery(int row);

@@ -39,6 +39,28 @@ QString PeriodInWords(const ReportPeriod &period)
     return period.from == period.to ? last : Words::tr("%1 to %2").arg(InWords(period.from), last);
 }
 
+QString PeriodRuleInWords(const QString &name)
+{
+    const auto period = PeriodNamed(name, Today());
+    switch (period.value_or(ReportPeriod {PeriodChoice::Custom, {}, {}}).choice) {
+    case PeriodChoice::All:
+        return Words::tr("all available");
+    case PeriodChoice::Today:
+        return Words::tr("the day of the run");
+    case PeriodChoice::LastWeek:
+        return Words::tr("last week");
+    case PeriodChoice::LastMonth:
+        return Words::tr("last month");
+    case PeriodChoice::PreviousMonth:
+        return Words::tr("previous calendar month");
+    case PeriodChoice::ThisYear:
+        return Words::tr("this year");
+    case PeriodChoice::Custom:
+        break;
+    }
+    return period ? PeriodInWords(*period) : name;
+}
+
 QString FilterInWords(const FilterScope &users, const FilterScope &groups)
 {
     QStringList parts;

@@ -8,6 +8,8 @@
 
 // What really is in the table: "users anna, bert; groups Office", "all users but anna", or "all users and
 // groups"; names beyond the first dozen are counted.
+// A period as PeriodNamed() reads it: "previous calendar month".
+[[nodiscard]] QString PeriodRuleInWords(const QString &name);
 [[nodiscard]] QString FilterInWords(const FilterScope &users, const FilterScope &groups);
 
 // What a person who has chosen so should know before the report is made: that it is of more than was

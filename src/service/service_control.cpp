@@ -6,6 +6,8 @@
 #include <QDBusVariant>
 #include <QEventLoop>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,6 +19,8 @@ const QString kManagerName = u"org.freedesktop.systemd1"_s;
 const QString kManagerPath = u"/org/freedesktop/systemd1"_s;
 const QString kManagerInterface = u"org.freedesktop.systemd1.Manager"_s;
 const QString kUnitInterface = u"org.freedesktop.systemd1.Unit"_s;
+const QString kTimerInterface = u"org.freedesktop.systemd1.Timer"_s;
+const QString kServiceInterface = u"org.freedesktop.systemd1.Service"_s;
 const QString kUnit = u"tollbrooksvc.service"_s;
 
 QDBusMessage CallTo(const QString &path, const QString &interface, const QString &method)
@@ -37,11 +41,58 @@ std::optional<Value> Answer(const QDBusConnection &bus, const QDBusMessage &call
     return qvariant_cast<Value>(reply.arguments().constFirst());
 }
 
-QString UnitProperty(const QDBusConnection &bus, const QString &unitPath, const QString &name)
+// The object of a unit. One that is stopped and that nothing refers to is known to the manager only after it
+// is loaded; one that does not exist has an object too.
+std::optional<QString> Loaded(const QDBusConnection &bus, const QString &unit)
+{
+    QDBusMessage load = CallTo(kManagerPath, kManagerInterface, u"LoadUnit"_s);
+    load << unit;
+    const auto object = Answer<QDBusObjectPath>(bus, load);
+    return object ? std::optional(object->path()) : std::nullopt;
+}
+
+QVariant Property(const QDBusConnection &bus,
+                  const QString &unitPath,
+                  const QString &interface,
+                  const QString &name)
 {
     QDBusMessage call = CallTo(unitPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    call << kUnitInterface << name;
-    return Answer<QDBusVariant>(bus, call).value_or(QDBusVariant()).variant().toString();
+    call << interface << name;
+    return Answer<QDBusVariant>(bus, call).value_or(QDBusVariant()).variant();
+}
+
+QString UnitProperty(const QDBusConnection &bus, const QString &unitPath, const QString &name)
+{
+    return Property(bus, unitPath, kUnitInterface, name).toString();
+}
+
+// The manager counts microseconds; 0 and the largest number stand for no time at all.
+QDateTime TimeFrom(const QVariant &microseconds)
+{
+    const quint64 number = microseconds.toULongLong();
+    return number == 0 || number == std::numeric_limits<quint64>::max()
+        ? QDateTime()
+        : QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(number / 1000));
+}
+
+void ReadLastRun(const QDBusConnection &bus, const QString &servicePath, TimerState &state)
+{
+    using Result = TimerState::Result;
+    const QString activeState = UnitProperty(bus, servicePath, u"ActiveState"_s);
+    if (activeState == u"activating" || activeState == u"active") {
+        state.result = Result::Running;
+        return;
+    }
+    const auto property = [&](const QString &name) {
+        return Property(bus, servicePath, kServiceInterface, name);
+    };
+    state.last = TimeFrom(property(u"ExecMainExitTimestamp"_s));
+    const QString result = property(u"Result"_s).toString();
+    const bool hasEnded = result == u"success" || result == u"exit-code";
+    state.exitStatus = hasEnded ? property(u"ExecMainStatus"_s).toInt() : TimerState::kKilled;
+    if (state.last.isValid() || (!result.isEmpty() && result != u"success")) {
+        state.result = result == u"success" ? Result::Done : Result::Failed;
+    }
 }
 
 std::optional<ServiceControl::State> StateFrom(const QString &activeState)
@@ -81,14 +132,26 @@ ServiceControl::ServiceControl(const QDBusConnection &systemBus) : bus(systemBus
 
 std::optional<ServiceControl::State> ServiceControl::Query() const
 {
-    // A stopped unit that nothing refers to is known to the manager only after it is loaded.
-    QDBusMessage load = CallTo(kManagerPath, kManagerInterface, u"LoadUnit"_s);
-    load << kUnit;
-    const auto unit = Answer<QDBusObjectPath>(bus, load);
-    if (!unit || UnitProperty(bus, unit->path(), u"LoadState"_s) == u"not-found") {
+    const auto unit = Loaded(bus, kUnit);
+    if (!unit || UnitProperty(bus, *unit, u"LoadState"_s) == u"not-found") {
         return std::nullopt;
     }
-    return StateFrom(UnitProperty(bus, unit->path(), u"ActiveState"_s));
+    return StateFrom(UnitProperty(bus, *unit, u"ActiveState"_s));
+}
+
+std::optional<TimerState> ServiceControl::QueryTimer(const QString &timerUnit,
+                                                     const QString &serviceUnit) const
+{
+    const auto timer = Loaded(bus, timerUnit);
+    const auto service = timer ? Loaded(bus, serviceUnit) : std::nullopt;
+    if (!service) {
+        return std::nullopt;
+    }
+    TimerState state;
+    state.isThere = UnitProperty(bus, *timer, u"ActiveState"_s) == u"active";
+    state.next = TimeFrom(Property(bus, *timer, kTimerInterface, u"NextElapseUSecRealtime"_s));
+    ReadLastRun(bus, *service, state);
+    return state;
 }
 
 bool ServiceControl::Start() const

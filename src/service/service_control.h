@@ -2,9 +2,25 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDateTime>
 #include <QString>
 
 #include <optional>
+
+// A timer, and how the service that it starts ended the last time since the machine was started.
+struct TimerState
+{
+    enum class Result { NotYet, Running, Done, Failed };
+
+    bool isThere = false; // the manager knows the timer and it runs
+    QDateTime next; // invalid while nobody knows
+    QDateTime last; // when the service ended; invalid for Running and NotYet
+    Result result = Result::NotYet;
+    static constexpr int kKilled = -1;
+    int exitStatus = 0; // of the service's program; kKilled when it did not end by itself
+
+    bool operator==(const TimerState &) const = default;
+};
 
 // Queries, starts and stops `tollbrooksvc.service` through systemd's D-Bus interface.
 class ServiceControl
@@ -19,6 +35,10 @@ public:
     // Nothing when the manager does not answer within a second or does not know the service.
     [[nodiscard]] std::optional<State> Query() const;
     [[nodiscard]] bool IsRunning() const { return Query() == State::Running; }
+
+    // Nothing when the manager does not answer within a second.
+    [[nodiscard]] std::optional<TimerState> QueryTimer(const QString &timerUnit,
+                                                       const QString &serviceUnit) const;
 
     // True when the manager accepted the job; its end shows in Query. Administrators who need to
     // prove who they are, are asked by the system, with the window painted meanwhile; a refusal, or

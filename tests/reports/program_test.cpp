@@ -2,6 +2,7 @@
 #include "db/schema_scripts.h"
 #include "db/schema_version.h"
 #include "reports/report_fixture.h"
+#include "reports/saved_report.h"
 #include "support/core/database_fixture.h"
 #include "support/core/test_data_source.h"
 
@@ -51,6 +52,14 @@ protected:
         said = QString::fromUtf8(process.readAllStandardError());
         printed = QString::fromUtf8(process.readAllStandardOutput());
         return process.exitCode();
+    }
+
+    void SaveReport(const QString &name, const QByteArray &toml)
+    {
+        QDir(folder.path()).mkpath(u"saved-reports"_s);
+        QFile file(SavedReports(ConfigStore(folder.path())).FileOf(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << file.fileName().toStdString();
+        file.write(toml);
     }
 
     [[nodiscard]] QString Out(const QString &name) const { return folder.filePath(name); }
@@ -337,4 +346,139 @@ TEST_F(Program, NoFontAndAFullDiskAreTold)
         EXPECT_TRUE(said.contains(QLatin1StringView(words))) << said.toStdString();
         EXPECT_EQ(QFile::exists(Out(name)), status == 0) << name.toStdString();
     }
+}
+
+TEST_F(Program, MakesASavedReport)
+{
+    SaveReport(u"A week"_s,
+               "report = \"trafall\"\nperiod = \"2026-11-01..2026-11-30\"\nusers = [1, 2, 99]\n"
+               "output = \""
+                   + Out(u"week.csv"_s).toUtf8() + "\"\n[schedule]\nevery = \"day\"\n");
+    const QStringList saved {u"--saved"_s, u"A week"_s, u"--dsn"_s, Dsn()};
+    const auto lines = [this](const QString &name) {
+        QFile file(Out(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().count('\n') : -1;
+    };
+    ASSERT_EQ(Run(saved), 0) << said.toStdString();
+    EXPECT_EQ(lines(u"week.csv"_s), 3); // headings and two users; the third is gone
+    EXPECT_EQ(QFile::permissions(Out(u"week.csv"_s)) & QFile::ReadGroup, QFile::Permissions());
+    QFile::remove(Out(u"week.csv"_s));
+    ASSERT_EQ(Run(saved + QStringList {u"--group-reads"_s}), 0);
+    EXPECT_EQ(QFile::permissions(Out(u"week.csv"_s)) & (QFile::ReadGroup | QFile::WriteGroup),
+              QFile::ReadGroup);
+    ASSERT_EQ(Run(saved + QStringList {u"--output"_s, Out(u"trial.html"_s)}), 0);
+    EXPECT_TRUE(QFile::exists(Out(u"trial.html"_s)));
+    ASSERT_EQ(Run({u"--list-saved"_s}), 0);
+    EXPECT_EQ(printed,
+              u"A week: Traffic (Summary), 2026-11-01..2026-11-30, %1, each day at 02:15\n"_s.arg(
+                  Out(u"week.csv"_s)));
+    SaveReport(u"but"_s,
+               "report = \"trafall\"\nperiod = \"2026-11-01..2026-11-30\"\nall_users_but = [1]\n"
+               "output = \""
+                   + Out(u"but.csv"_s).toUtf8() + "\"\n");
+    ASSERT_EQ(Run({u"--saved"_s, u"but"_s, u"--dsn"_s, Dsn()}), 0) << said.toStdString();
+    EXPECT_GT(lines(u"but.csv"_s), 3);
+    QFile but(Out(u"but.csv"_s));
+    ASSERT_TRUE(but.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(but.readAll().contains("anna"));
+}
+
+TEST_F(Program, RefusesASavedReportThatIsNotWhole)
+{
+    const QByteArray rest = "output = \"" + Out(u"x.csv"_s).toUtf8() + "\"\n";
+    SaveReport(u"gone"_s, "report = \"trafall\"\nperiod = \"month\"\nusers = [99]\n" + rest);
+    SaveReport(u"damaged"_s, "report = 7\n" + rest);
+    SaveReport(u"good"_s, "report = \"trafall\"\n" + rest);
+    struct Case
+    {
+        QStringList arguments;
+        const char *words;
+    };
+    const Case cases[] = {
+        {{u"--saved"_s, u"gone"_s}, "exists any more"},
+        {{u"--saved"_s, u"damaged"_s}, "damaged.toml\" is damaged and must be mended"},
+        {{u"--saved"_s, u"none"_s}, "no such saved report: \"none\""},
+        {{u"--saved"_s, u"../good"_s}, "no such saved report"},
+        {{u"--saved"_s, u"good"_s, u"--period"_s, u"month"_s}, "already what --period would"},
+        {{u"--saved"_s, u"good"_s, u"--users"_s, u"anna"_s}, "already what --users would"},
+        {{u"--schedule"_s, u"damaged"_s, u"--units"_s, Out({})}, "is damaged"},
+        {{u"--schedule"_s, u"a/b"_s, u"--units"_s, Out({})}, "A name has letters"},
+        {{u"--schedule"_s, u"good"_s}, "are saved in /etc/tollbrook, not in"},
+        {{u"--list-saved"_s}, "damaged.toml"},
+    };
+    for (const auto &[arguments, words] : cases) {
+        EXPECT_EQ(Run(arguments + QStringList {u"--dsn"_s, Dsn()}), 2)
+            << arguments.join(u' ').toStdString();
+        EXPECT_TRUE(said.contains(QLatin1StringView(words))) << said.toStdString();
+        EXPECT_FALSE(QFile::exists(Out(u"x.csv"_s)));
+    }
+}
+
+TEST_F(Program, BringsTheTimerInLineWithTheSchedule)
+{
+    const QByteArray report =
+        "report = \"trafall\"\noutput = \"" + Out(u"x.csv"_s).toUtf8() + "\"\n";
+    SaveReport(u"a"_s, report + "[schedule]\nevery = \"month\"\nday = 3\nat = \"06:30\"\n");
+    const QStringList arguments {u"--schedule"_s, u"a"_s, u"--units"_s, folder.path()};
+    const QString timer = Out(u"tollbrook-report@a.timer"_s);
+    ASSERT_EQ(Run(arguments), 0) << said.toStdString();
+    EXPECT_EQ(printed, u"a: on day 3 of each month at 06:30\n"_s);
+    QFile file(timer);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("\nOnCalendar=*-*-03 06:30:00\n"));
+    SaveReport(u"a"_s, report);
+    ASSERT_EQ(Run(arguments), 0);
+    EXPECT_EQ(printed, u"a: not scheduled\n"_s);
+    EXPECT_FALSE(QFile::exists(timer));
+    SaveReport(u"a"_s, report + "[schedule]\nevery = \"day\"\n");
+    ASSERT_EQ(Run(arguments), 0);
+    ASSERT_TRUE(QFile::exists(timer));
+    QFile::remove(SavedReports(ConfigStore(folder.path())).FileOf(u"a"_s));
+    ASSERT_EQ(Run(arguments), 0);
+    EXPECT_FALSE(QFile::exists(timer));
+    EXPECT_EQ(Run({u"--schedule"_s, u"a"_s, u"--units"_s, Out(u"none"_s)}), 0); // nothing to remove
+    SaveReport(u"a"_s, report + "[schedule]\nevery = \"day\"\n");
+    EXPECT_EQ(Run({u"--schedule"_s, u"a"_s, u"--units"_s, Out(u"none"_s)}), 7);
+    EXPECT_TRUE(said.contains(u"cannot be written"_s)) << said.toStdString();
+}
+
+TEST_F(Program, SendsTheFileByTheSystemsSendmail)
+{
+    QDir(folder.path()).mkpath(u"bin"_s);
+    const auto sendmail = [this](const QByteArray &script) {
+        QFile file(Out(u"bin/sendmail"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\n" + script);
+        file.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+    };
+    const QString before = u"PATH='%1':$PATH"_s.arg(Out(u"bin"_s));
+    sendmail("echo \"$@\" >'" + Out(u"sent"_s).toUtf8() + "'; cat >>'" + Out(u"sent"_s).toUtf8()
+             + "'");
+    const QStringList arguments {u"--report"_s,
+                                 u"0"_s,
+                                 u"--dsn"_s,
+                                 Dsn(),
+                                 u"--output"_s,
+                                 Out(u"a.csv"_s),
+                                 u"--mail"_s,
+                                 u"office@example.org"_s};
+    ASSERT_EQ(Run(arguments, before), 0) << said.toStdString();
+    EXPECT_TRUE(printed.endsWith(u"a.csv: sent to office@example.org\n"_s))
+        << printed.toStdString();
+    QFile sent(Out(u"sent"_s));
+    QFile made(Out(u"a.csv"_s));
+    ASSERT_TRUE(sent.open(QIODevice::ReadOnly) && made.open(QIODevice::ReadOnly));
+    QByteArray message = sent.readAll();
+    EXPECT_TRUE(message.startsWith("-i -- office@example.org\nTo: office@example.org\n"));
+    EXPECT_TRUE(message.replace('\n', "").contains(made.readAll().toBase64()));
+    sendmail("cat >/dev/null; echo 'mailbox full'; exit 75\n");
+    EXPECT_EQ(Run(arguments, before), 6);
+    EXPECT_TRUE(said.contains(u"was not sent to office@example.org: "_s)) << said.toStdString();
+    EXPECT_TRUE(said.contains(u"ended with status 75. mailbox full"_s)) << said.toStdString();
+    QFile::remove(sent.fileName());
+    const QStringList empty {u"--period"_s, u"2001-01-01..2001-01-02"_s, u"--fail-if-empty"_s};
+    sendmail("touch '" + Out(u"sent"_s).toUtf8() + "'\n");
+    EXPECT_EQ(Run(arguments + empty, before), 1);
+    EXPECT_FALSE(QFile::exists(Out(u"sent"_s)));
+    EXPECT_EQ(Run(arguments + QStringList {u"--mail"_s, u"-bad"_s}, before), 2);
 }

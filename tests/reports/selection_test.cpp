@@ -364,3 +364,39 @@ TEST(Filters, WordsSayWhatIsInTheTable)
         EXPECT_EQ(!GroupFilterWarning(groupScope.effect).isEmpty(), warnsOfGroups);
     }
 }
+
+TEST(KeptFilter, SaysWhatItsListsSay)
+{
+    const QList<UserId> offered {UserId {1}, UserId {2}, UserId {3}, UserId {4}};
+    const QList<UserId> all = offered + QList {UserId {5}};
+    struct Case
+    {
+        ReportFilter<UserId> lists;
+        FilterEffect effect;
+    };
+    const Case cases[] = {
+        {{{}, offered}, FilterEffect::None},
+        {{{UserId {2}}, {UserId {1}, UserId {3}, UserId {4}}}, FilterEffect::Only},
+        {{{UserId {1}, UserId {2}}, {UserId {3}, UserId {4}}}, FilterEffect::AllBut},
+    };
+    for (const auto &[lists, effect] : cases) {
+        const auto kept = Kept(lists);
+        EXPECT_EQ(kept.effect, effect);
+        EXPECT_EQ(KeptUsersClause(kept), UserFilterClause(lists));
+        const auto again = ListsOf(kept, offered, all);
+        EXPECT_EQ(again.taken, effect == FilterEffect::None ? QList<UserId>() : lists.taken);
+        EXPECT_EQ(again.left, effect == FilterEffect::None ? QList<UserId>() : lists.left);
+    }
+    // One that is not offered stays; one that is gone does not.
+    const KeptFilter<UserId> odd {FilterEffect::Only, {UserId {5}, UserId {9}}};
+    EXPECT_EQ(ListsOf(odd, offered, all).taken, QList {UserId {5}});
+    EXPECT_EQ(ListsOf(odd, offered, all).left, offered);
+}
+
+TEST(PeriodName, IsReadAsThePeriodThatItIsOf)
+{
+    const QDate today(2026, 11, 21);
+    for (const QString &word : PeriodWords() + QStringList {u"2026-11-01..2026-11-05"_s}) {
+        EXPECT_EQ(NameOf(*PeriodNamed(word, today)), word);
+    }
+}

@@ -47,6 +47,58 @@ TEST_F(ServiceTest, StateIsThatOfTheUnit)
     EXPECT_EQ(control.Query(), std::nullopt);
 }
 
+TEST_F(ServiceTest, ATimerTellsOfItsNextRunAndOfTheLast)
+{
+    using Result = TimerState::Result;
+    const QDateTime then = QDateTime::fromMSecsSinceEpoch(1'794'000'000'000);
+    const quint64 thenMicroseconds = 1'794'000'000'000'000;
+    const auto query = [this] { return control.QueryTimer(u"a.timer"_s, u"a.service"_s); };
+    ASSERT_TRUE(query());
+    EXPECT_FALSE(query()->isThere);
+    EXPECT_FALSE(query()->next.isValid());
+    EXPECT_EQ(query()->result, Result::NotYet);
+    service.SetUnit(u"a.timer"_s,
+                    {{u"ActiveState"_s, u"active"_s},
+                     {u"NextElapseUSecRealtime"_s, QVariant(thenMicroseconds)}});
+    struct Case
+    {
+        const char *activeState;
+        const char *result;
+        quint64 ended;
+        int status;
+        Result expected;
+        int expectedStatus;
+    };
+    const Case cases[] = {
+        {"inactive", "success", 0, 0, Result::NotYet, 0},
+        {"activating", "success", thenMicroseconds, 0, Result::Running, 0},
+        {"inactive", "success", thenMicroseconds, 0, Result::Done, 0},
+        {"inactive", "success", thenMicroseconds, 1, Result::Done, 1},
+        {"failed", "exit-code", thenMicroseconds, 3, Result::Failed, 3},
+        {"failed", "signal", thenMicroseconds, 3, Result::Failed, TimerState::kKilled},
+        {"failed", "resources", 0, 0, Result::Failed, TimerState::kKilled},
+    };
+    for (const auto &[activeState, result, ended, status, expected, expectedStatus] : cases) {
+        service.SetUnit(u"a.service"_s,
+                        {{u"ActiveState"_s, QString::fromLatin1(activeState)},
+                         {u"Result"_s, QString::fromLatin1(result)},
+                         {u"ExecMainExitTimestamp"_s, QVariant(ended)},
+                         {u"ExecMainStatus"_s, status}});
+        const auto state = query();
+        ASSERT_TRUE(state);
+        EXPECT_TRUE(state->isThere);
+        EXPECT_EQ(state->next, then);
+        EXPECT_EQ(state->result, expected) << activeState << result;
+        EXPECT_EQ(state->exitStatus, expectedStatus) << result;
+        EXPECT_EQ(state->last, ended == 0 || expected == Result::Running ? QDateTime() : then);
+    }
+    service.SetUnit(u"a.timer"_s,
+                    {{u"NextElapseUSecRealtime"_s, QVariant(std::numeric_limits<quint64>::max())}});
+    EXPECT_FALSE(query()->next.isValid());
+    service.LeaveManager();
+    EXPECT_EQ(query(), std::nullopt);
+}
+
 TEST_F(ServiceTest, CommandsReplaceOtherJobsAndMayAskForAPassword)
 {
     EXPECT_TRUE(control.Start());

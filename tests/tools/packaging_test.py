@@ -58,6 +58,22 @@ class Unit(unittest.TestCase):
         self.assertIn(["PrivateUsers", "no"], settings(self.unit))  # which would take it away
 
 
+class ReportUnit(unittest.TestCase):
+    def test_is_understood_and_runs_as_the_account_of_reports(self):
+        with tempfile.TemporaryDirectory() as folder:
+            text = (PACKAGING / "tollbrook-report@.service.in").read_text()
+            text = text.replace("@CMAKE_INSTALL_FULL_BINDIR@/tollbrook-report", "/bin/true")
+            text = text.replace("@CMAKE_INSTALL_FULL_DATADIR@", "/usr/share")
+            text = text.replace("man:tollbrook-report(1) ", "")
+            path = pathlib.Path(folder) / "tollbrook-report@.service"
+            path.write_text(text)
+            one = pathlib.Path(folder) / "tollbrook-report@a\\x20b.service"
+            self.assertEqual(run("systemd-analyze", "verify", str(one)), (0, ""))
+            self.assertEqual(dict(settings(path))["User"], "tollbrook-report")
+        accounts = (PACKAGING / "tollbrook.sysusers").read_text()
+        self.assertIn("\nu tollbrook-report ", accounts)
+
+
 class Account(unittest.TestCase):
     def test_is_a_member_of_the_group(self):
         with tempfile.TemporaryDirectory() as root:

@@ -3,6 +3,7 @@
 #include "ui/common/moment_field.h"
 #include "ui/common/number_field.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDialog>
 #include <QLabel>
@@ -44,6 +45,15 @@ QDialogButtonBox *OkAndCancel(QDialog &dialog)
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     return buttons;
+}
+
+void TakeReturn(QWidget &field, const std::function<void()> &act)
+{
+    auto *action = new QAction(&field);
+    action->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(action, &QAction::triggered, &field, act);
+    field.addAction(action);
 }
 
 void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButton *chosen)

@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 
+#include <functional>
 #include <initializer_list>
 
 class MomentField;
@@ -14,6 +15,7 @@ class QDialog;
 class QLabel;
 class QLineEdit;
 class QRadioButton;
+class QWidget;
 
 // A button with its text and its object name; the text is its accessible name too, unless `says` it
 // better, as for one of several buttons "Change".
@@ -32,6 +34,9 @@ MakeButton(const QString &text, const char *objectName, const QString &says = {}
 
 // "OK" and "Cancel", connected to the dialog; OK is the default.
 [[nodiscard]] QDialogButtonBox *OkAndCancel(QDialog &dialog);
+
+// Has Return and Enter do this in the field alone: the dialog around it would press its default button.
+void TakeReturn(QWidget &field, const std::function<void()> &act);
 
 // Checks one of the buttons that exclude each other, so that Tab goes to that one from the start.
 void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButton *chosen);

@@ -3,6 +3,7 @@
 #include "ui/reports/page_view_accessible.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -245,6 +246,42 @@ void PageView::scrollContentsBy(int, int)
     viewport()->update();
     if (pages && !goesToPage) {
         SetCurrent(PageShownMost());
+    }
+}
+
+void PageView::SetOpensRows(bool opens)
+{
+    opensRows = opens;
+    viewport()->setMouseTracking(opens);
+    viewport()->unsetCursor();
+}
+
+std::optional<qint64> PageView::RowAt(QPointF place) const
+{
+    const double below = place.y() + verticalScrollBar()->value() - kGap;
+    if (!pages || !opensRows || below < 0) {
+        return std::nullopt;
+    }
+    const int page = static_cast<int>(below / Step());
+    return page < pages->Count()
+        ? pages->RowAt(page, (place - PlaceInView(page, {}).topLeft()) / PixelsPerPoint())
+        : std::nullopt;
+}
+
+void PageView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (RowAt(event->position())) {
+        viewport()->setCursor(Qt::PointingHandCursor);
+    } else {
+        viewport()->unsetCursor();
+    }
+}
+
+void PageView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const auto row = RowAt(event->position());
+    if (row && event->button() == Qt::LeftButton) {
+        emit RowClicked(*row);
     }
 }
 

@@ -33,16 +33,23 @@ public:
     // Where a place of a page, in points, stands in the viewport.
     [[nodiscard]] QRectF PlaceInView(int page, const QRectF &place) const;
 
+    // Whether a click on a row opens something: the pointer then shows it.
+    void SetOpensRows(bool opens);
+
 signals:
     void CurrentPageChanged(int page);
+    void RowClicked(qint64 row); // of the table
 
 protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    [[nodiscard]] std::optional<qint64> RowAt(QPointF place) const; // in the viewport
     void ArrangeBars();
     void SetCurrent(int page);
     void ScrollTo(int page);
@@ -59,6 +66,7 @@ private:
     double zoom = 1;
     bool fitsWidth = true;
     int current = 0;
+    bool opensRows = false;
     bool goesToPage = false; // the bar moves because a page is gone to
     int hitPage = 0;
     QRectF hit; // points on that page; null for none

@@ -4,8 +4,10 @@
 #include "reports/paper.h"
 #include "reports/statement_files.h"
 #include "ui/common/accessible.h"
+#include "ui/reports/group_outline.h"
 #include "ui/reports/page_view.h"
 #include "ui/reports/print_pages.h"
+#include "ui/reports/row_table.h"
 #include "ui/reports/viewer_bar.h"
 
 #include <QCoreApplication>
@@ -16,11 +18,15 @@
 #include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kOutlineWidth = 200; // pixels
 
 // The kind that was chosen wins over whatever stands behind a dot of the name; the ending of another
 // kind is replaced.
@@ -54,18 +60,46 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(bar);
-    column->addWidget(view, 1);
+    rows = new RowTable;
+    both = new QStackedWidget;
+    outline = new GroupOutline;
+    outline->setMinimumWidth(kOutlineWidth / 2);
+    outlined = new QSplitter;
+    outlined->setObjectName(u"outlined"_s);
+    outlined->setChildrenCollapsible(false);
+    outlined->addWidget(outline);
+    outlined->addWidget(view);
+    outlined->setStretchFactor(1, 1);
+    outlined->setSizes({kOutlineWidth, 3 * kOutlineWidth});
+    both->addWidget(outlined);
+    both->addWidget(rows);
+    column->addWidget(both, 1);
     column->addWidget(progressRow);
     column->addWidget(message);
     connect(bar, &ViewerBar::FindAsked, this, &ReportViewer::Find);
     connect(bar, &ViewerBar::PrintAsked, this, &ReportViewer::Print);
     connect(bar, &ViewerBar::SaveAsked, this, &ReportViewer::SaveAs);
     connect(bar, &ViewerBar::PageSetupAsked, this, &ReportViewer::PageSetupAsked);
+    connect(bar, &ViewerBar::TableAsked, this, &ReportViewer::TurnToTable);
+    connect(bar, &ViewerBar::OutlineAsked, this, &ReportViewer::ShowOutline);
+    connect(bar, &ViewerBar::BackAsked, this, &ReportViewer::Back);
+    connect(view, &PageView::RowClicked, this, &ReportViewer::OpenRow);
+    connect(rows, &RowTable::RowOpened, this, &ReportViewer::OpenRow);
+    connect(view, &PageView::CurrentPageChanged, outline, &GroupOutline::ShowPage);
+    connect(outline, &GroupOutline::GroupChosen, this, [this](int page, const QRectF &place) {
+        view->GoTo(page);
+        view->ScrollIntoSight(page, place);
+    });
+    connect(bar, &ViewerBar::FilterAsked, rows, &RowTable::StartFilter);
+    connect(rows, &RowTable::Wished, this, &ReportViewer::ChooseRowsAgain);
     connect(&job, &ReportJob::Started, this, [this] { SetBusy(true); });
     connect(&job, &ReportJob::Progressed, this, &ReportViewer::ShowProgress);
     connect(&job, &ReportJob::Ended, this, [this] {
-        SetBusy(false);
-        emit Ready();
+        ChooseRowsAgain(); // what was wished for meanwhile
+        if (!job.IsRunning()) {
+            SetBusy(false);
+            emit Ready();
+        }
     });
     SetBusy(false);
 }
@@ -145,10 +179,15 @@ void ReportViewer::Run()
     }
     const auto outcome = std::make_shared<Outcome>();
     request.made = QDateTime::currentDateTime();
+    made = request;
+    outline->SetPages(nullptr);
+    ShowOutline();
     view->SetPages(nullptr);
     pages.reset();
     table.reset();
     found.reset();
+    rows->SetTable(nullptr);
+    shownWish.reset();
     Say({});
     job.Start(
         [wanted = request, outcome](RunControl &control) { *outcome = MakePages(wanted, control); },
@@ -182,8 +221,100 @@ void ReportViewer::Show(const Outcome &outcome)
         return;
     }
     Say(LogoProblem(table->setup)); // no more of the progress
+    ShowTable();
+}
+
+void ReportViewer::ShowTable()
+{
+    rows->SetTable(table);
+    shownWish.reset();
+    view->SetOpensRows(made.opensRows);
     view->SetPages(pages);
-    view->setFocus();
+    outline->SetPages(pages);
+    ShowOutline();
+    bar->WantsTable() ? rows->setFocus() : view->setFocus();
+}
+
+void ReportViewer::ShowOutline()
+{
+    bar->ShowOutline(outline->HasGroups());
+    outline->setVisible(outline->HasGroups() && bar->WantsOutline());
+    if (outline->isVisibleTo(this) && outlined->sizes().constFirst() == 0) {
+        outlined->setSizes({kOutlineWidth, outlined->width() - kOutlineWidth});
+    }
+}
+
+void ReportViewer::OpenRow(qint64 row)
+{
+    const auto read = made.opensRows && !job.IsRunning() && table ? table->rows.Read(row, 1)
+                                                                  : std::vector<CellRow>();
+    if (!read.empty()) {
+        emit RowOpened(read.front());
+    }
+}
+
+void ReportViewer::KeepFormer()
+{
+    formers.push_back({made, table, pages, view->CurrentPage()});
+    bar->ShowBack(true);
+}
+
+void ReportViewer::ForgetFormer()
+{
+    formers.clear();
+    bar->ShowBack(false);
+}
+
+void ReportViewer::Back()
+{
+    if (formers.empty() || job.IsRunning()) {
+        return;
+    }
+    const Former former = std::move(formers.back());
+    formers.pop_back();
+    bar->ShowBack(!formers.empty());
+    request = former.request;
+    made = former.request;
+    table = former.table;
+    pages = former.pages;
+    found.reset();
+    Say({});
+    ShowTable();
+    view->GoTo(former.page);
+    SetBusy(false);
+    emit WentBack();
+    ChooseRowsAgain();
+}
+
+void ReportViewer::TurnToTable()
+{
+    both->setCurrentIndex(bar->WantsTable() ? 1 : 0);
+    bar->WantsTable() ? rows->setFocus() : view->setFocus();
+    ChooseRowsAgain();
+}
+
+// While something else runs nothing is begun; its end begins it.
+void ReportViewer::ChooseRowsAgain()
+{
+    const RowWish wish = rows->Wish();
+    if (!table || !bar->WantsTable() || job.IsRunning() || shownWish == wish) {
+        return;
+    }
+    const auto chosen = std::make_shared<std::optional<ChosenRows>>();
+    shownWish = wish;
+    job.Start(
+        [of = table, wish, chosen](RunControl &control) {
+            *chosen = ChooseRows(*of, wish, control);
+        },
+        [this, chosen] {
+            if (*chosen) {
+                Say({});
+                rows->Show(*std::move(*chosen));
+            } else {
+                const QString problem = table->rows.ReadProblem();
+                Say(problem.isEmpty() ? tr("The rows that show are those of before.") : problem);
+            }
+        });
 }
 
 void ReportViewer::ShowProgress(qint64 done, qint64 whole)

@@ -4,15 +4,20 @@
 #include "base/prompt.h"
 #include "reports/engine.h"
 #include "reports/report_pages.h"
+#include "reports/row_choice.h"
 #include "ui/reports/report_job.h"
 
 #include <QVariant>
 #include <QWidget>
 
+class GroupOutline;
 class PageView;
 class QLabel;
 class QPrinter;
 class QProgressBar;
+class QSplitter;
+class QStackedWidget;
+class RowTable;
 class ViewerBar;
 
 // The numbers by which the control's properties are put.
@@ -45,6 +50,13 @@ public:
     // Statements instead of what the layout and the query say; nothing for a report of those.
     void SetStatements(const std::optional<StatementFilter> &chosen) { request.statement = chosen; }
 
+    // Whether there is something behind each row of the next report: RowOpened() tells of a click.
+    void SetOpensRows(bool opens) { request.opensRows = opens; }
+
+    // The next report leads back to the one that shows; or to none any more.
+    void KeepFormer();
+    void ForgetFormer();
+
     void Print(); // asks for the printer
     void PrintOn(const std::shared_ptr<QPrinter> &printer); // on the paper that it has
     void SaveAs(); // asks for the name
@@ -65,9 +77,26 @@ public:
 signals:
     void PageSetupAsked();
     void PropertyPut(int number, const QVariant &value);
+    void RowOpened(const CellRow &row);
+    void WentBack(); // to the report that was kept last
     void Ready(); // a run, an export, a print or a search has ended
 
 private:
+    // What is asked for, and what the rows of it are good for.
+    struct Asked : ReportRequest
+    {
+        bool opensRows = false;
+    };
+
+    // A report that is led back to.
+    struct Former
+    {
+        Asked request;
+        ReportTablePtr table;
+        std::shared_ptr<const ReportPages> pages;
+        int page = 0;
+    };
+
     // What a run comes to; the pages are laid out on its thread too.
     struct Outcome
     {
@@ -81,6 +110,12 @@ private:
     [[nodiscard]] static Outcome MakePages(const ReportRequest &wanted, RunControl &control);
     void Show(const Outcome &outcome);
     void ShowFound(const QString &text, const std::optional<PageHit> &now);
+    void TurnToTable();
+    void ShowTable();
+    void ShowOutline();
+    void OpenRow(qint64 row);
+    void Back();
+    void ChooseRowsAgain();
     void ShowProgress(qint64 done, qint64 whole);
     [[nodiscard]] bool MayReplace(const QString &fileName, bool each);
     [[nodiscard]] bool AsksForEach();
@@ -88,7 +123,9 @@ private:
     void Say(const QString &text);
 
     Prompt &prompt;
-    ReportRequest request;
+    Asked request;
+    Asked made; // what shows was made of
+    std::vector<Former> formers;
     int copies = 0;
     ReportTablePtr table;
     std::shared_ptr<const ReportPages> pages;
@@ -97,6 +134,11 @@ private:
 
     ViewerBar *bar;
     PageView *view;
+    GroupOutline *outline;
+    QSplitter *outlined; // the outline and the pages
+    RowTable *rows;
+    QStackedWidget *both; // the pages and the rows
+    std::optional<RowWish> shownWish; // by which the rows were chosen; nothing while none are
     QLabel *message;
     QProgressBar *progress;
     QWidget *progressRow;

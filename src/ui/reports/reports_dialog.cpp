@@ -3,6 +3,7 @@
 #include "app/perform.h"
 #include "app/waiting.h"
 #include "reports/connection_text.h"
+#include "reports/report_runs.h"
 #include "reports/wording.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
@@ -11,6 +12,7 @@
 #include "ui/reports/crystal_ctrl.h"
 #include "ui/reports/page_setup_dialog.h"
 #include "ui/reports/report_viewer.h"
+#include "ui/reports/saved_reports_dialog.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -58,6 +60,7 @@ ReportsDialog::ReportsDialog(const AppServices &appServices, QWidget *parent)
     CheckOneOf({allAvailable, today, lastWeek, lastMonth, custom}, allAvailable);
     EnablePickers();
     SelectFirst();
+    ShowTroubleOfSaved();
     RememberParts(*split, u"reports"_s);
     RememberSize(*this, u"reports"_s, {1120, 760});
 }
@@ -158,7 +161,9 @@ QWidget *ReportsDialog::BuildButtons()
     generate = MakeButton<QPushButton>(tr("Generate report"), "generate");
     auto *help = MakeButton<QPushButton>(tr("Help"), "help");
     auto *cancel = MakeButton<QPushButton>(tr("Cancel"), "cancel");
-    for (auto *button : {users, groups, help, cancel}) {
+    auto *saved = MakeButton<QPushButton>(tr("Saved reports..."), "savedReports");
+    connect(saved, &QPushButton::clicked, this, &ReportsDialog::ShowSaved);
+    for (auto *button : {users, groups, saved, help, cancel}) {
         button->setAutoDefault(false);
     }
     generate->setDefault(true);
@@ -166,14 +171,26 @@ QWidget *ReportsDialog::BuildButtons()
     connect(help, &QPushButton::clicked, this, &ReportsDialog::ShowHelp);
     connect(cancel, &QPushButton::clicked, this, &ReportsDialog::reject);
     connect(&Viewer(), &ReportViewer::Ready, this, [this] { generate->setEnabled(true); });
+    connect(&Viewer(), &ReportViewer::RowOpened, this, &ReportsDialog::OpenDetail);
+    connect(&Viewer(), &ReportViewer::WentBack, this, [this] {
+        made = formers.back();
+        formers.pop_back();
+    });
     connect(&Viewer(), &ReportViewer::PageSetupAsked, this, &ReportsDialog::SetUpPages);
-    auto *row = new QWidget;
-    auto *buttons = new QHBoxLayout(row);
+    savedNote = new QLabel;
+    savedNote->setObjectName(u"savedNote"_s);
+    savedNote->setWordWrap(true);
+    savedNote->setTextFormat(Qt::PlainText);
+    savedNote->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    auto *box = new QWidget;
+    auto *buttons = new QGridLayout(box);
     buttons->setContentsMargins(0, 0, 0, 0);
-    for (auto *button : {generate, cancel, help}) {
-        buttons->addWidget(button);
-    }
-    return row;
+    buttons->addWidget(savedNote, 0, 0, 1, 2);
+    buttons->addWidget(generate, 1, 0);
+    buttons->addWidget(saved, 1, 1);
+    buttons->addWidget(cancel, 2, 0);
+    buttons->addWidget(help, 2, 1);
+    return box;
 }
 
 // Kept: no row is selected while the first one's description is shown.
@@ -236,10 +253,11 @@ void ReportsDialog::Choose(ReportFilterDialog::Of what,
         return;
     }
     ReportFilterDialog dialog(what, this);
-    dialog.Offer(*offered, chosen.filter);
+    dialog.Offer(*offered, chosen.lists);
     if (dialog.exec() == QDialog::Accepted) {
-        chosen.filter = dialog.Filter<IdType>();
-        chosen.scope = ScopeOf(chosen.filter, *offered);
+        chosen.lists = dialog.Filter<IdType>();
+        chosen.kept = Kept(chosen.lists);
+        chosen.scope = ScopeOf(chosen.lists, *offered);
         ShowFilterNote();
     }
 }
@@ -247,9 +265,7 @@ void ReportsDialog::Choose(ReportFilterDialog::Of what,
 // Empty without a filter.
 QString ReportsDialog::FilterWords() const
 {
-    const bool none = userFilter.scope.effect == FilterEffect::None
-        && groupFilter.scope.effect == FilterEffect::None;
-    return none ? QString() : FilterInWords(userFilter.scope, groupFilter.scope);
+    return FilterWordsOf({.userScope = userFilter.scope, .groupScope = groupFilter.scope});
 }
 
 PeriodChoice ReportsDialog::Choice() const
@@ -311,20 +327,50 @@ void ReportsDialog::Generate()
     }
     const int row = SelectedRow();
     const ReportPeriod period = Period();
-    const QString userClause = UserFilterClause(userFilter.filter);
-    const QString groupClause = GroupFilterClause(groupFilter.filter);
+    const QString userClause = KeptUsersClause(userFilter.kept);
+    const QString groupClause = KeptGroupsClause(groupFilter.kept);
     const bool ofStatements = row == kStatementRow;
     const bool isNarrowed = ofStatements || period.choice != PeriodChoice::All;
     const QString query =
         row < 0 || ofStatements ? QString() : QueryText(row, period, userClause, groupClause);
-    Viewer().SetSubject(
-        SubjectOf(services.settings, period, isNarrowed ? FilterWords() : QString()));
+    made = {row, period, userFilter.kept, groupFilter.kept, userFilter.scope, groupFilter.scope};
+    made = isNarrowed ? made : ReportSelection {row, period};
+    formers.clear();
+    Viewer().ForgetFormer();
+    Viewer().SetOpensRows(HasDetails(row));
+    Viewer().SetSubject(SubjectOf(services.settings, period, FilterWordsOf(made)));
     Viewer().SetStatements(ofStatements ? std::optional(StatementFilter {userClause, groupClause})
                                         : std::nullopt);
     Drive(row, query);
     if (generate->hasFocus()) {
         catalogue->setFocus(); // else it goes on to "Help"; Return generates here too
     }
+    generate->setEnabled(!Viewer().IsBusy());
+}
+
+// On the user or group of a line; the choices of this window stay as they are.
+void ReportsDialog::OpenDetail(const CellRow &line)
+{
+    const auto table = Viewer().Table();
+    const auto detail = Await(
+        services, this, tr("Reading the users..."), [summary = made, layout = table->layout, line] {
+            return DetailBehind(summary, layout, line);
+        });
+    if (!detail) {
+        TellUnread(services, tr("The users and groups cannot be read."), detail.error());
+        return;
+    }
+    if (!*detail) {
+        services.prompt.Tell(tr("The user or group of this line does not exist any more."));
+        return;
+    }
+    Viewer().KeepFormer();
+    formers.push_back(made);
+    made = **detail;
+    Viewer().SetOpensRows(HasDetails(made.row));
+    Viewer().SetSubject(SubjectOf(services.settings, made.period, FilterWordsOf(made)));
+    Viewer().SetStatements(std::nullopt);
+    Drive(made.row, QueryOf(made));
     generate->setEnabled(!Viewer().IsBusy());
 }
 
@@ -358,6 +404,91 @@ void ReportsDialog::SetUpPages()
         Viewer().RunAgain(ReadPageSetup(services.settings));
         generate->setEnabled(!Viewer().IsBusy());
     }
+}
+
+// What is chosen at present, as it would be saved; nothing while no report is selected.
+std::optional<SavedReport> ReportsDialog::Present() const
+{
+    if (SelectedRow() < 0) {
+        return std::nullopt;
+    }
+    SavedReport report {.row = SelectedRow(), .period = NameOf(Period())};
+    if (Choice() != PeriodChoice::All || report.row == kStatementRow) {
+        report.users = userFilter.kept;
+        report.groups = groupFilter.kept;
+    }
+    return report;
+}
+
+void ReportsDialog::ShowSaved()
+{
+    if (!IsPeriodInOrder()) {
+        return;
+    }
+    const auto present = Present();
+    const bool isNarrowed = present
+        && (present->users.effect != FilterEffect::None
+            || present->groups.effect != FilterEffect::None);
+    SavedReportsDialog dialog(services, {present, isNarrowed ? FilterWords() : QString()}, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        Take(dialog.Opened());
+    }
+    ShowTroubleOfSaved();
+}
+
+void ReportsDialog::ShowTroubleOfSaved()
+{
+    QStringList names;
+    const auto runs = ReadRuns(SavedReports(services.settings), services.control);
+    for (const ReportRun &run : runs.value_or(std::vector<ReportRun>())) {
+        if (HasTrouble(run)) {
+            names += run.name;
+        }
+    }
+    savedNote->setVisible(!runs || !names.isEmpty());
+    savedNote->setText(
+        !runs ? TextOf(runs.error())
+              : tr("Not made as planned: %1. See \"Saved reports...\".").arg(names.join(u", "_s)));
+}
+
+// The users and groups are read again: without their names nobody could see whom the report is on.
+void ReportsDialog::Take(const SavedReport &report)
+{
+    const auto offers = Await(services, this, tr("Reading the users..."), ReadOffers);
+    if (!offers) {
+        TellUnread(services, tr("The users and groups cannot be read."), offers.error());
+        return;
+    }
+    const FilterScope ofUsers = ScopeOf(report.users, offers->allUsers);
+    const FilterScope ofGroups = ScopeOf(report.groups, offers->groups);
+    if (IsOnNobody(ofUsers) || IsOnNobody(ofGroups)) {
+        services.prompt.Tell(
+            tr("None of the users or groups that the report is on exists any more."));
+        return;
+    }
+    userFilter = {report.users,
+                  ofUsers,
+                  ListsOf(report.users, IdsOf(offers->users), IdsOf(offers->allUsers))};
+    groupFilter = {report.groups,
+                   ofGroups,
+                   ListsOf(report.groups, IdsOf(offers->groups), IdsOf(offers->groups))};
+    catalogue->setCurrentRow(report.row);
+    TakePeriod(PeriodNamed(report.period, Today()).value_or(ReportPeriod()));
+    ShowFilterNote();
+}
+
+// A rule that has no button stands for its days.
+void ReportsDialog::TakePeriod(const ReportPeriod &period)
+{
+    QRadioButton *const choices[] = {allAvailable, today, lastWeek, lastMonth};
+    const auto place = static_cast<size_t>(period.choice);
+    if (place < std::size(choices)) {
+        choices[place]->setChecked(true);
+        return;
+    }
+    custom->setChecked(true);
+    since->SetDay(ExistingDate(period.from));
+    until->SetDay(ExistingDate(period.to));
 }
 
 void ReportsDialog::ShowHelp()

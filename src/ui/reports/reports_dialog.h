@@ -2,7 +2,9 @@
 #pragma once
 
 #include "reports/catalogue.h"
+#include "reports/drill_down.h"
 #include "reports/filter_choices.h"
+#include "reports/saved_report.h"
 #include "reports/selection.h"
 #include "startup/app_services.h"
 #include "ui/common/dialog.h"
@@ -34,12 +36,13 @@ public:
     void Generate();
 
 private:
-    // A filter with what it makes a report be of, as its names were offered.
+    // A filter with what it makes a report be of, as its names were offered; and the two lists of its dialog.
     template <typename IdType>
     struct ChosenFilter
     {
-        ReportFilter<IdType> filter;
+        KeptFilter<IdType> kept;
         FilterScope scope;
+        ReportFilter<IdType> lists;
     };
 
     [[nodiscard]] QWidget *BuildChoices();
@@ -54,6 +57,11 @@ private:
     void Choose(ReportFilterDialog::Of what,
                 Result<std::vector<Named<IdType>>> (*offers)(),
                 ChosenFilter<IdType> &chosen);
+    void ShowSaved();
+    void ShowTroubleOfSaved();
+    [[nodiscard]] std::optional<SavedReport> Present() const;
+    void Take(const SavedReport &report);
+    void TakePeriod(const ReportPeriod &period);
     void ShowHelp();
     void SetUpPages();
     void KeepSelected();
@@ -63,6 +71,7 @@ private:
     [[nodiscard]] bool IsPeriodInOrder();
     [[nodiscard]] bool AreSettingsReadable();
     [[nodiscard]] QString FilterWords() const;
+    void OpenDetail(const CellRow &line);
     void Drive(int row, const QString &query);
 
     const AppServices &services;
@@ -79,8 +88,12 @@ private:
     QPushButton *groups;
     QLabel *filterNote;
     QScrollArea *filterNoteArea; // a long note is scrolled
+    QLabel *savedNote; // that a saved report failed
     QPushButton *generate;
     CCrystalCtrl *control;
+
+    ReportSelection made; // what the report that shows is on
+    std::vector<ReportSelection> formers; // those that "Back" leads to
 
     ChosenFilter<UserId> userFilter;
     ChosenFilter<GroupId> groupFilter;

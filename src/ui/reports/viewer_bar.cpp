@@ -10,22 +10,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// The key works on the field alone: the dialog around it would press its default button.
-void TakeReturn(QWidget &field, const std::function<void()> &act)
-{
-    auto *action = new QAction(&field);
-    action->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    QObject::connect(action, &QAction::triggered, &field, act);
-    field.addAction(action);
-}
-
-} // namespace
 
 ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     : QToolBar(parent)
@@ -33,6 +20,9 @@ ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     , view(pages)
 {
     setIconSize({16, 16});
+    back = Command("back", tr("Back"), QKeySequence::Back, &ViewerBar::BackAsked);
+    back->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
+    back->setVisible(false);
     AddPageButtons();
     addSeparator();
     AddZoom();
@@ -45,6 +35,7 @@ ViewerBar::ViewerBar(Prompt &messages, PageView &pages, QWidget *parent)
     save->setIcon(IconOf(Picture::Save));
     pageSetup = Command("pageSetup", tr("Page setup..."), {}, &ViewerBar::PageSetupAsked);
     pageSetup->setIcon(IconOf(Picture::PageSetup));
+    AddTable(); // at the end: where room is short, the others go first
     connect(&view, &PageView::CurrentPageChanged, this, &ViewerBar::ShowPage);
 }
 
@@ -53,7 +44,10 @@ void ViewerBar::SetUsable(bool hasPages, bool isBusy)
     print->setEnabled(hasPages && !isBusy);
     save->setEnabled(hasPages && !isBusy);
     pageSetup->setEnabled(!isBusy);
-    find->setEnabled(hasPages); // keeps the focus during its own search
+    isUsable = hasPages;
+    back->setEnabled(!isBusy);
+    asTable->setEnabled(hasPages);
+    SuitTable();
     ShowPage(view.CurrentPage());
 }
 
@@ -147,12 +141,41 @@ void ViewerBar::AddFind()
     find->setMaximumWidth(180);
     TakeReturn(*find, [this] { AskFind(); });
     addWidget(find);
-    Command("findNext", tr("Find next"), QKeySequence::FindNext, &ViewerBar::AskFind)
-        ->setIcon(IconOf(Picture::Find));
+    findNext = Command("findNext", tr("Find next"), QKeySequence::FindNext, &ViewerBar::AskFind);
+    findNext->setIcon(IconOf(Picture::Find));
     connect(new QShortcut(QKeySequence::Find, this),
             &QShortcut::activated,
             this,
             &ViewerBar::StartFind);
+}
+
+void ViewerBar::AddTable()
+{
+    outline =
+        Command("outlineAction", tr("Groups"), QKeySequence(u"Ctrl+G"_s), &ViewerBar::OutlineAsked);
+    outline->setIcon(IconOf(Picture::Group));
+    outline->setCheckable(true);
+    outline->setChecked(true);
+    outline->setVisible(false);
+    asTable = Command("asTable", tr("Table"), QKeySequence(u"Ctrl+T"_s), &ViewerBar::TableAsked);
+    asTable->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
+    asTable->setCheckable(true);
+    asTable->setToolTip(tr("The rows as a table that can be sorted and filtered (%1)")
+                            .arg(asTable->shortcut().toString(QKeySequence::NativeText)));
+    connect(asTable, &QAction::toggled, this, &ViewerBar::SuitTable);
+}
+
+// A table has no pages, and a filter of its own.
+void ViewerBar::SuitTable()
+{
+    const bool ofPages = !WantsTable();
+    for (QAction *button : std::as_const(pageButtons)) {
+        button->setEnabled(ofPages);
+    }
+    zoom->setEnabled(ofPages);
+    outline->setEnabled(ofPages);
+    find->setEnabled(isUsable && ofPages); // keeps the focus during its own search
+    findNext->setEnabled(ofPages);
 }
 
 int ViewerBar::PageCount() const
@@ -182,6 +205,10 @@ void ViewerBar::Last()
 
 void ViewerBar::StartFind()
 {
+    if (WantsTable()) {
+        emit FilterAsked();
+        return;
+    }
     find->setFocus(Qt::ShortcutFocusReason);
     find->selectAll();
 }

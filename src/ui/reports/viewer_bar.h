@@ -28,16 +28,29 @@ public:
     void ShowSave(bool shown) { save->setVisible(shown); }
     void ShowPageButtons(bool shown);
 
+    void ShowBack(bool shown) { back->setVisible(shown); }
+    void ShowOutline(bool shown) { outline->setVisible(shown); }
+    [[nodiscard]] bool WantsOutline() const { return outline->isChecked(); }
+
+    // Whether the rows are wanted as a table instead of the pages.
+    [[nodiscard]] bool WantsTable() const { return asTable->isChecked(); }
+
 signals:
     void FindAsked(const QString &text); // never empty
     void PrintAsked();
     void SaveAsked();
     void PageSetupAsked();
+    void BackAsked();
+    void OutlineAsked(); // or the pages alone again
+    void TableAsked(); // or the pages again
+    void FilterAsked(); // the key of a search, while there is a table
 
 private:
     void AddPageButtons();
     void AddZoom();
     void AddFind();
+    void AddTable();
+    void SuitTable();
     [[nodiscard]] QAction *Command(const char *name,
                                    const QString &text,
                                    const QKeySequence &key,
@@ -65,8 +78,13 @@ private:
     QLabel *pageCount;
     QComboBox *zoom;
     QLineEdit *find;
+    QAction *back;
+    QAction *outline;
+    QAction *asTable;
+    QAction *findNext;
     QAction *print;
     QAction *save;
     QAction *pageSetup;
     QList<QAction *> pageButtons;
+    bool isUsable = false;
 };

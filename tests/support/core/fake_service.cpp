@@ -18,6 +18,11 @@ const QString kAccounting = u"org.tollbrook.Accounting"_s;
 const QString kUnitPath = u"/org/freedesktop/systemd1/unit/tollbrooksvc_2eservice"_s;
 const QString kTestInterface = u"org.tollbrook.Test"_s;
 
+QString PathOf(const QString &unit)
+{
+    return u"/org/freedesktop/systemd1/unit/_"_s + QString::fromLatin1(unit.toUtf8().toHex());
+}
+
 QDBusMessage TestCall(const QDBusConnection &to, const QString &member)
 {
     return QDBusMessage::createMethodCall(to.baseService(), u"/"_s, kTestInterface, member);
@@ -57,6 +62,7 @@ public:
     bool refuses = false;
     bool knowsUnit = true;
     bool answersNotices = true;
+    QHash<QString, QVariantMap> units; // by the paths of their objects
     QString noticeError; // none when it is empty
     QList<QDBusMessage> unanswered;
 
@@ -109,6 +115,17 @@ QDBusMessage FakeService::Object::Answer(const QDBusMessage &message)
     }
     if (member == u"LoadUnit" && given.value(0) == u"tollbrooksvc.service"_s) {
         return message.createReply(QVariant::fromValue(QDBusObjectPath(kUnitPath)));
+    }
+    if (member == u"LoadUnit") {
+        const QString path = PathOf(given.value(0).toString());
+        return message.createReply(QVariant::fromValue(QDBusObjectPath(path)));
+    }
+    if (member == u"Get" && message.path() != kUnitPath) {
+        const auto value = units.value(message.path(), {{u"LoadState"_s, u"not-found"_s}})
+                               .value(given.value(1).toString());
+        return value.isValid()
+            ? message.createReply(QVariant::fromValue(QDBusVariant(value)))
+            : message.createErrorReply(QDBusError::UnknownProperty, u"Not of this unit"_s);
     }
     if (member == u"Get" && message.path() == kUnitPath) {
         const QString value = Property(given.value(1).toString());
@@ -171,6 +188,12 @@ void FakeService::OnStop(const QStringList &activeStates)
 {
     const QMutexLocker locked(&object->lock);
     object->afterStop = activeStates;
+}
+
+void FakeService::SetUnit(const QString &unit, const QVariantMap &properties)
+{
+    const QMutexLocker locked(&object->lock);
+    object->units.insert(PathOf(unit), properties);
 }
 
 void FakeService::RefuseCommands()

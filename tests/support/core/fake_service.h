@@ -5,6 +5,7 @@
 
 #include <QStringList>
 #include <QThread>
+#include <QVariantMap>
 
 #include <memory>
 
@@ -23,6 +24,9 @@ public:
     // What the states become with an accepted start or stop.
     void OnStart(const QStringList &activeStates);
     void OnStop(const QStringList &activeStates);
+
+    // The manager knows another unit too, by these properties.
+    void SetUnit(const QString &unit, const QVariantMap &properties);
 
     void RefuseCommands();
     void ForgetUnit(); // the manager answers that there is no such unit

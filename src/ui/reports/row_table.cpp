@@ -1,0 +1,243 @@
+#include "ui/reports/row_table.h"
+
+#include "ui/common/accessible.h"
+#include "ui/common/controls.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QShortcut>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPause = 300; // milliseconds
+constexpr int kWidestColumn = 320; // pixels, at first
+constexpr int kMostCopied = 100'000; // rows; more belong into a file
+
+} // namespace
+
+void RowModel::Show(const ReportTablePtr &newTable, ChosenRows newChosen)
+{
+    beginResetModel();
+    table = newTable;
+    chosen = std::move(newChosen);
+    columns = table ? table->layout.DataColumns() : QList<int>();
+    read.clear();
+    endResetModel();
+}
+
+int RowModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(chosen.rows.size());
+}
+
+int RowModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(columns.size());
+}
+
+const CellRow *RowModel::RowAt(int place) const
+{
+    const quint32 row = chosen.rows[static_cast<size_t>(place)];
+    if (const CellRow *known = read.object(row)) {
+        return known;
+    }
+    auto rows = table->rows.Read(row, 1);
+    if (rows.empty()) {
+        return nullptr;
+    }
+    auto *fresh = new CellRow(std::move(rows.front()));
+    read.insert(row, fresh);
+    return fresh;
+}
+
+QVariant RowModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid()) {
+        return {};
+    }
+    const LayoutColumn &column = table->layout.columns.at(ColumnAt(index.column()));
+    if (role == Qt::TextAlignmentRole) {
+        return QVariant(Qt::AlignVCenter | (column.IsNumber() ? Qt::AlignRight : Qt::AlignLeft));
+    }
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
+        return {};
+    }
+    const CellRow *row = RowAt(index.row());
+    return row == nullptr
+        ? tr("cannot be read")
+        : OneLine(DisplayText(column, (*row)[static_cast<size_t>(ColumnAt(index.column()))]));
+}
+
+QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    return role == Qt::DisplayRole && orientation == Qt::Horizontal && table
+        ? HeadingOf(table->layout.columns.at(ColumnAt(section)))
+        : QVariant();
+}
+
+RowTable::RowTable(QWidget *parent)
+    : QWidget(parent)
+    , model(new RowModel(this))
+    , filter(new QLineEdit)
+    , where(new QComboBox)
+    , view(new QTableView)
+    , sums(new QLabel)
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    MakeFilterRow(*column);
+    SetNames(*view, u"rows"_s, tr("Rows of the report"));
+    setFocusProxy(view);
+    view->setModel(model);
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setAlternatingRowColors(true);
+    view->setWordWrap(false);
+    view->setTabKeyNavigation(false);
+    view->verticalHeader()->hide();
+    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    view->horizontalHeader()->setSectionsClickable(true);
+    view->horizontalHeader()->setHighlightSections(false);
+    view->horizontalHeader()->setSortIndicatorShown(true);
+    view->horizontalHeader()->setSortIndicatorClearable(true);
+    view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    view->horizontalHeader()->setResizeContentsPrecision(50);
+    connect(view->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &RowTable::Wished);
+    connect(view, &QTableView::doubleClicked, this, &RowTable::OpenCurrent);
+    TakeReturn(*view, [this] { OpenCurrent(); });
+    column->addWidget(view, 1);
+    sums->setObjectName(u"sums"_s);
+    sums->setWordWrap(true);
+    sums->setTextFormat(Qt::PlainText);
+    sums->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    column->addWidget(sums);
+    auto *copy = new QShortcut(QKeySequence::Copy, view);
+    copy->setContext(Qt::WidgetShortcut);
+    connect(copy, &QShortcut::activated, this, &RowTable::Copy);
+}
+
+void RowTable::MakeFilterRow(QBoxLayout &column)
+{
+    SetNames(*filter, u"rowFilter"_s, tr("Only rows with"));
+    filter->setPlaceholderText(tr("Only rows with"));
+    filter->setClearButtonEnabled(true);
+    SetNames(*where, u"rowFilterColumn"_s, tr("Column that is searched"));
+    pause.setSingleShot(true);
+    pause.setInterval(kPause);
+    connect(&pause, &QTimer::timeout, this, &RowTable::Wished);
+    connect(filter, &QLineEdit::textChanged, &pause, qOverload<>(&QTimer::start));
+    TakeReturn(*filter, [this] {
+        pause.stop();
+        emit Wished();
+    });
+    connect(where, &QComboBox::currentIndexChanged, this, &RowTable::Wished);
+    auto *row = new QHBoxLayout;
+    row->addWidget(filter, 1);
+    row->addWidget(where);
+    column.addLayout(row);
+}
+
+void RowTable::SetTable(const ReportTablePtr &newTable)
+{
+    table = newTable;
+    pause.stop();
+    const QSignalBlocker quietFilter(filter);
+    const QSignalBlocker quietChoice(where);
+    const QSignalBlocker quietHeader(view->horizontalHeader());
+    filter->clear();
+    where->clear();
+    where->addItem(tr("in any column"), RowWish::kNone);
+    for (const int place : table ? table->layout.DataColumns() : QList<int>()) {
+        where->addItem(tr("in \"%1\"").arg(table->layout.columns.at(place).heading), place);
+    }
+    view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    model->Show(nullptr, {});
+    sums->clear();
+}
+
+void RowTable::Show(ChosenRows chosen)
+{
+    const bool isFirst = model->columnCount() == 0;
+    const QSignalBlocker quiet(view->horizontalHeader());
+    model->Show(table, std::move(chosen));
+    if (isFirst) {
+        view->resizeColumnsToContents();
+        for (int place = 0; place < model->columnCount(); ++place) {
+            view->setColumnWidth(place, std::min(view->columnWidth(place), kWidestColumn));
+        }
+    }
+    const QLocale c = QLocale::c();
+    const QString count =
+        tr("%1 of %2 rows").arg(c.toString(model->rowCount()), c.toString(table->rows.Count()));
+    const QString totals = TotalsInWords(table->layout, model->Chosen().totals);
+    sums->setText(totals.isEmpty() ? count : count + u". " + totals);
+}
+
+RowWish RowTable::Wish() const
+{
+    const QHeaderView &header = *view->horizontalHeader();
+    return {.text = filter->text(),
+            .column = where->currentData().toInt(),
+            .orderBy = model->ColumnAt(header.sortIndicatorSection()),
+            .descending = header.sortIndicatorOrder() == Qt::DescendingOrder};
+}
+
+void RowTable::StartFilter()
+{
+    filter->setFocus(Qt::ShortcutFocusReason);
+    filter->selectAll();
+}
+
+QString RowTable::CopiedText() const
+{
+    QStringList fields;
+    for (int place = 0; place < model->columnCount(); ++place) {
+        fields += model->headerData(place, Qt::Horizontal, Qt::DisplayRole).toString();
+    }
+    QString text = fields.join(u'\t') + u'\n';
+    QList<QItemSelectionRange> ranges = view->selectionModel()->selection();
+    std::sort(ranges.begin(), ranges.end(), [](const auto &one, const auto &other) {
+        return one.top() < other.top();
+    });
+    int copied = 0;
+    for (const QItemSelectionRange &range : std::as_const(ranges)) {
+        for (int row = range.top(); row <= range.bottom() && copied < kMostCopied;
+             ++row, ++copied) {
+            const CellRow *cells = model->RowAt(row);
+            fields.clear();
+            for (int place = 0; place < model->columnCount() && cells != nullptr; ++place) {
+                const int column = model->ColumnAt(place);
+                fields += OneLine(PlainText(table->layout.columns.at(column),
+                                            (*cells)[static_cast<size_t>(column)]));
+            }
+            text += (cells == nullptr ? tr("cannot be read") : fields.join(u'\t')) + u'\n';
+        }
+    }
+    return text;
+}
+
+void RowTable::OpenCurrent()
+{
+    if (const QModelIndex current = view->currentIndex(); current.isValid()) {
+        emit RowOpened(model->Chosen().rows[static_cast<size_t>(current.row())]);
+    }
+}
+
+void RowTable::Copy()
+{
+    if (view->selectionModel()->hasSelection()) {
+        QApplication::clipboard()->setText(CopiedText());
+    }
+}
