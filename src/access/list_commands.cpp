@@ -110,27 +110,33 @@ Action RenameGroupAction(GroupId groupId, const QString &name)
             }};
 }
 
+GroupId AddGroup(ActionRun &run, const QString &name)
+{
+    RefuseBadGroupName(run, name, {});
+    run.Write("INSERT INTO groups (name) VALUES (?)", name);
+    if (run.IsStopped()) {
+        return {};
+    }
+    const auto groupId = run.Take(ReadLast(
+        "SELECT group_id FROM groups WHERE name = (?)",
+        [](const Row &row) { return row.Id<GroupId>(1); },
+        name));
+    if (!groupId) { // users moved there would be in no group, and gone from every list
+        run.Refuse(Words::tr("The new group cannot be found by its name. Nothing was changed."));
+        return {};
+    }
+    // Read once more after a commit that was not answered, the row tells that it is kept.
+    run.WatchAdded({"groups", "group_id", groupId->value, "group_id"});
+    return *groupId;
+}
+
 Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added)
 {
     return {ActionId::AddGroup, [=](ActionRun &run) {
                 LockToNameGroup(run, {});
-                RefuseBadGroupName(run, name, {});
-                run.Write("INSERT INTO groups (name) VALUES (?)", name);
-                if (run.IsStopped()) {
-                    return;
+                if (const GroupId groupId = AddGroup(run, name); groupId.IsSet()) {
+                    *added = groupId;
                 }
-                const auto groupId = run.Take(ReadLast(
-                    "SELECT group_id FROM groups WHERE name = (?)",
-                    [](const Row &row) { return row.Id<GroupId>(1); },
-                    name));
-                if (!groupId) { // users moved there would be in no group, and gone from every list
-                    run.Refuse(Words::tr(
-                        "The new group cannot be found by its name. Nothing was changed."));
-                    return;
-                }
-                *added = *groupId;
-                // Read once more after a commit that was not answered, the row tells that it is kept.
-                run.WatchAdded({"groups", "group_id", groupId->value, "group_id"});
             }};
 }
 

@@ -28,6 +28,10 @@
 // own name is none of these.
 [[nodiscard]] Action RenameGroupAction(GroupId groupId, const QString &name);
 
+// As a step of an action that has locked the groups (LockToNameGroup). Not set when the run is stopped;
+// refused for a name that is empty or that a group has.
+GroupId AddGroup(ActionRun &run, const QString &name);
+
 // `added` receives the new group's id. Refused for a name that is empty or that a group has.
 [[nodiscard]] Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added);
 

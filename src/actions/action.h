@@ -37,6 +37,7 @@ enum class ActionId {
     SaveProtocols, // of the options windows
     SaveSetupProtocols, // of the setup wizard: one protocol and its ports
     SaveLogins,
+    ImportUsers, // of a file, all at once
     Purge,
 };
 

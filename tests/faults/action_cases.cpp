@@ -11,6 +11,7 @@
 #include "admin/purge.h"
 #include "admin/unmonitored.h"
 #include "db/session.h"
+#include "exchange/import_action.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -192,6 +193,21 @@ Action SaveTheLogins()
     return SaveLoginsAction(table.Changes(), std::make_shared<LoginSaveReport>());
 }
 
+// A new user, one with other texts and addresses, and one whose raised limit lifts the service's block.
+Action ImportThree()
+{
+    const auto table = ReadImportTable(
+        "Name,Full name,IP,Group,Create group,Access,Traffic limit,Blocked,Login,Password,Money "
+        "credit\n"
+        "anna,,10.0.0.1,Office,,,200,,,,\n"
+        "bert,Bert Berg,10.0.0.22,Sales,yes,,,yes,bert,secret,\n"
+        "dora,Dora,10.0.0.2,Office,,Provider,,,dora,secret,10\n");
+    ImportJob job {table.value(), {}, {}};
+    job.plan = PlanImport(job.table, ReadStoredUsers().value(), job.context);
+    EXPECT_EQ(job.plan.Count(ImportState::Refused), 0);
+    return ImportAction(std::make_shared<const ImportJob>(job));
+}
+
 Action PurgeTraffic()
 {
     const auto steps = PurgeSteps(
@@ -310,6 +326,7 @@ const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size
          AddNothing,
          [] { return SaveSetup(u"NNTP"_s); }},
         {"logins", ActionId::SaveLogins, AddNothing, SaveTheLogins},
+        {"an import", ActionId::ImportUsers, BlockForTraffic, ImportThree},
         {"a purge", ActionId::Purge, AddNothing, PurgeTraffic},
     };
     return cases;

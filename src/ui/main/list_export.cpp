@@ -57,16 +57,7 @@ Result<qint64> Write(const ListToExport &list, const QString &fileName)
     if (!table) {
         return tl::unexpected(table.error());
     }
-    RunControl control;
-    ReportProblem problem;
-    if (!WriteReport(*table, fileName, control, problem)) {
-        return tl::unexpected(Failure {.kind = Failure::Kind::Refused,
-                                       .statement = {},
-                                       .sqlState = {},
-                                       .native = 0,
-                                       .text = problem.text});
-    }
-    return (*table)->rows.Count();
+    return SaveRows(*table, fileName);
 }
 
 } // namespace
