@@ -54,7 +54,8 @@ QList<IdColumn> IdColumns(const QString &table)
 {
     static const QMap<QString, QList<IdColumn>> references {
         {u"users"_s, {{7, u"groups"_s}}},
-        {u"billing"_s, {{4, u"traffic_use"_s}, {5, u"time_use"_s}}},
+        {u"billing"_s, {{2, u"users"_s}, {4, u"traffic_use"_s}, {5, u"time_use"_s}}},
+        {u"logins"_s, {{2, u"users"_s}}},
         {u"ports"_s, {{1, u"protocols"_s}}},
         {u"port_blocked"_s, {{3, u"ports"_s}}},
     };
