@@ -52,7 +52,7 @@ protected:
                 preview.emplace(use);
             }
             Type(Find<QLineEdit>(dialog, "fileNameEdit"), fileName);
-            Press(Qt::Key_Return);
+            dialog.accept();
         });
         OpenImport(Services(), nullptr);
     }
@@ -174,7 +174,7 @@ TEST_F(ExchangeWindows, AnExportIsImportedWithoutAChange)
     {
         const WhileModal chooser([&](QDialog &dialog) {
             Type(Find<QLineEdit>(dialog, "fileNameEdit"), fileName);
-            Press(Qt::Key_Return);
+            dialog.accept();
         });
         OpenUserExport(Services(), nullptr);
     }
