@@ -94,7 +94,7 @@ QString AboutFile(const QString &fileName, const ImportTable &table)
         words << Words::tr("Please see whether letters with accents are right.");
     }
     if (!table.unknownHeadings.isEmpty()) {
-        words << Words::tr("Left out, since nobody knows these columns: %1.")
+        words << Words::tr("Columns that are not known and left out: %1.")
                      .arg(table.unknownHeadings.join(u", "_s));
     }
     return words.join(u' ');
@@ -214,7 +214,7 @@ void ImportDialog::accept()
                                            ImportAction(job),
                                            SessionThread::Patience::Endless);
     if (outcome.IsDone()) {
-        services.prompt.Tell(tr("%1 users were added, and %2 were changed.")
+        services.prompt.Tell(tr("Users added: %1. Users changed: %2.")
                                  .arg(Count(job->plan.Count(ImportState::New)),
                                       Count(job->plan.Count(ImportState::Changed))));
         Dialog::accept();

@@ -5,7 +5,6 @@
 #include "support/windows/modal.h"
 #include "support/windows/widgets.h"
 #include "support/windows/window_fixture.h"
-#include "support/windows/window_promises.h"
 #include "ui/common/ip_address_field.h"
 #include "ui/exchange/import_dialog.h"
 #include "ui/exchange/new_user_dialog.h"
@@ -94,7 +93,7 @@ TEST_F(ExchangeWindows, APreviewShowsEveryRowAndWritesNothing)
                                 u"5|emil|refused|The IP address 10.0.0.1 is the one of the user "
                                 "\"anna\""_s));
         EXPECT_EQ(Text(dialog, "about"),
-                  u"people.csv, read as UTF-8. Left out, since nobody knows these columns: Shoe "
+                  u"people.csv, read as UTF-8. Columns that are not known and left out: Shoe "
                   "size."_s);
         EXPECT_EQ(Text(dialog, "summary"), u"Refused rows are left out: 1."_s);
         Grab(dialog, u"import"_s);
@@ -114,7 +113,7 @@ TEST_F(ExchangeWindows, APreviewShowsEveryRowAndWritesNothing)
 TEST_F(ExchangeWindows, ImportWritesWhatIsShown)
 {
     Import(FileOf(kPeople), [](QDialog &dialog) { Click(dialog, "ok"); });
-    EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"1 users were added, and 1 were changed."_s));
+    EXPECT_THAT(prompt.TakeSaid(), ElementsAre(u"Users added: 1. Users changed: 1."_s));
     EXPECT_THAT(Users(),
                 ElementsAre(u"anna|Anna Berg|10.0.0.1||81"_s,
                             u"bert||10.0.0.2||80"_s,
@@ -156,14 +155,13 @@ TEST_F(ExchangeWindows, AFileThatIsNoneIsTold)
     });
 }
 
-TEST_F(ExchangeWindows, TheKeyboardIsEnoughAndNothingIsCut)
+TEST_F(ExchangeWindows, TheKeyboardIsEnough)
 {
+    const DarkPalette dark;
     Import(FileOf(kPeople), [](QDialog &dialog) {
+        Grab(dialog, u"import_dark"_s);
+        ExpectWorksByKeyboard(dialog);
         ExpectKeyboardReachesAll(dialog);
-        {
-            const DarkPalette dark;
-            Grab(dialog, u"import_dark"_s);
-        }
         Press(Qt::Key_Escape);
     });
 }
@@ -246,6 +244,7 @@ TEST_F(NewUserWindow, SaysWhatIsWrongAndStays)
             EXPECT_THAT(prompt.TakeSaid(), ElementsAre(said));
             EXPECT_TRUE(dialog.isVisible());
         }
+        ExpectWorksByKeyboard(dialog);
         ExpectKeyboardReachesAll(dialog);
         Click(dialog, "cancel");
     });
