@@ -111,6 +111,11 @@ struct Outcome
 [[nodiscard]] Outcome
 RunAction(const Action &action, const Answers &answers, const ServiceLink *link);
 
+// Runs the action up to its end and takes all of it back, for whoever only wants to see what it would
+// change: an outcome that is done says what it would be. The service hears nothing. As long as it runs it
+// holds the locks of the action itself.
+[[nodiscard]] Outcome TryAction(const Action &action, const Answers &answers);
+
 // What a person is told of an outcome that is neither done nor needs answers: what was not done, why,
 // and what stands now.
 [[nodiscard]] QString InWords(ActionId id, const Outcome &outcome);
