@@ -22,6 +22,7 @@ enum class ActionId {
     ApplyGroup, // what a group's sheet staged
     WriteAccount, // credits given and closed
     SetModeAndLimits, // of several users
+    AddUser,
     MoveUsers, // into another group
     DeleteUsers,
     StopMonitoring,

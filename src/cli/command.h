@@ -54,3 +54,6 @@ using Commands = QList<Command>;
 
 // The commands of each family, in the order of the help.
 [[nodiscard]] Commands UserCommands();
+[[nodiscard]] Commands GroupCommands();
+[[nodiscard]] Commands CreditCommands();
+[[nodiscard]] Commands LimitCommands();

@@ -29,7 +29,8 @@ const QList<CommandOption> &GlobalOptions()
 
 const Commands &AllCommands()
 {
-    static const Commands commands = UserCommands();
+    static const Commands commands =
+        UserCommands() + GroupCommands() + CreditCommands() + LimitCommands();
     return commands;
 }
 

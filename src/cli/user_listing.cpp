@@ -3,8 +3,7 @@
 
 #include "access/account_use.h"
 #include "access/user_search.h"
-#include "accounts/currency.h"
-#include "base/day.h"
+#include "cli/owners.h"
 #include "cli/work.h"
 
 using namespace Qt::StringLiterals;
@@ -54,19 +53,6 @@ Cells CellsOf(const ListedUser &user)
             AccessWord(row.access)};
 }
 
-// Money is shown in the currency.
-Cells UseCells(const std::optional<AccountUse> &use, const Currency &currency)
-{
-    if (!use) {
-        return {{}, {}, {}};
-    }
-    const bool isMoney = use->unit == AccountUse::Unit::Money;
-    const double rate = isMoney ? currency.rate : 1;
-    const QString unit =
-        isMoney ? currency.name : (use->unit == AccountUse::Unit::Time ? u"h"_s : u"MB"_s);
-    return {use->used * rate, use->left ? Cell(*use->left * rate) : Cell(), unit};
-}
-
 Result<std::vector<ListedUser>> FindAll(const UserFilter &filter)
 {
     std::vector<ListedUser> users;
@@ -112,8 +98,7 @@ Or<void> ListUsers(Work &work, const Given &given)
     if (!currency) {
         return tl::unexpected(currency.error());
     }
-    const AccountMoment moment {Today(), work.Settings().ReadAmount(values::kTrafPrice)};
-    const auto users = work.Read([filter = *filter, withUses, moment] {
+    const auto users = work.Read([filter = *filter, withUses, moment = work.AccountsNow()] {
         return withUses ? FindAllWithUses(filter, moment) : FindAll(filter);
     });
     if (!users) {

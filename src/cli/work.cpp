@@ -1,5 +1,6 @@
 #include "cli/work.h"
 
+#include "base/day.h"
 #include "cli/plain_text.h"
 #include "db/data_source.h"
 #include "db/query.h"
@@ -92,6 +93,11 @@ Or<Currency> Work::CurrencyNow() const
     return CurrentCurrency(Settings());
 }
 
+AccountMoment Work::AccountsNow() const
+{
+    return {Today(), Settings().ReadAmount(values::kTrafPrice)};
+}
+
 Or<void> Work::OpenDatabase()
 {
     if (isOpen) {
@@ -170,7 +176,7 @@ QString Work::ServiceWord(ActionId id, bool serviceTold)
         return {};
     }
     if (!link) {
-        return u"not running"_s;
+        return u"not reached"_s;
     }
     while (link->IsTelling()) {
         untilSettled.exec();
@@ -192,6 +198,11 @@ void Work::Print(const QList<Column> &columns, const Cells &row)
     terminal.Print(options.asJson ? JsonText(JsonOf(columns, row)) : TextOf(columns, row));
 }
 
+void Work::PrintLine(const QString &text)
+{
+    terminal.Print(PlainText(text) + u'\n');
+}
+
 void Work::Print(const Performed &performed, const QString &sentence, const QJsonObject &more)
 {
     if (options.asJson) {
@@ -204,7 +215,7 @@ void Work::Print(const Performed &performed, const QString &sentence, const QJso
         return;
     }
     if (!options.isTrial) {
-        terminal.Print(PlainText(sentence) + u'\n');
+        PrintLine(sentence);
         return;
     }
     QString lines;

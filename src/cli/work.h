@@ -1,6 +1,7 @@
 // What every command works with: the settings, the database, the service, and where it speaks.
 #pragma once
 
+#include "access/account_rules.h"
 #include "accounts/currency.h"
 #include "actions/action.h"
 #include "cli/stop.h"
@@ -28,7 +29,7 @@ struct WorkOptions
 struct Performed
 {
     QList<Change> changes;
-    QString service; // "told", "not heard", "not running"; empty where there was nothing to tell
+    QString service; // "told", "not heard", "not reached"; empty where there was nothing to tell
 };
 
 class Work
@@ -51,6 +52,9 @@ public:
     // Refused when the settings cannot be read: money would be shown and stored by a rate that nobody
     // chose.
     [[nodiscard]] Or<Currency> CurrencyNow() const;
+
+    // What the figures of accounts rest on beside the database.
+    [[nodiscard]] AccountMoment AccountsNow() const;
 
     // Opens the database, once; a schema that is older is told.
     [[nodiscard]] Or<void> OpenDatabase();
@@ -105,6 +109,7 @@ public:
     // Prints what a command tells, in the form that is wanted.
     void Print(const Table &table);
     void Print(const QList<Column> &columns, const Cells &row);
+    void PrintLine(const QString &text); // for people
 
     // Prints what became of an action: `sentence` says it to people in the past tense; `more` is for
     // programs. Of a trial the rows that would change.
