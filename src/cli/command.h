@@ -57,3 +57,6 @@ using Commands = QList<Command>;
 [[nodiscard]] Commands GroupCommands();
 [[nodiscard]] Commands CreditCommands();
 [[nodiscard]] Commands LimitCommands();
+[[nodiscard]] Commands LoginCommands();
+[[nodiscard]] Commands ConfigCommands();
+[[nodiscard]] Commands StatusCommands();

@@ -29,8 +29,8 @@ const QList<CommandOption> &GlobalOptions()
 
 const Commands &AllCommands()
 {
-    static const Commands commands =
-        UserCommands() + GroupCommands() + CreditCommands() + LimitCommands();
+    static const Commands commands = UserCommands() + GroupCommands() + CreditCommands()
+        + LimitCommands() + LoginCommands() + ConfigCommands() + StatusCommands();
     return commands;
 }
 

@@ -130,3 +130,8 @@ std::optional<QString> Terminal::ReadSecret(const QString &label)
     Write(messages, u"\n"_s);
     return line;
 }
+
+std::optional<QString> Terminal::ReadSecretAgain(const QString &label)
+{
+    return IsTerminal(input) ? ReadSecret(label) : std::nullopt;
+}

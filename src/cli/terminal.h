@@ -41,6 +41,9 @@ public:
     // nothing at its end.
     [[nodiscard]] std::optional<QString> ReadSecret(const QString &label);
 
+    // The same once more, against a slip of the fingers; nothing where nobody types.
+    [[nodiscard]] std::optional<QString> ReadSecretAgain(const QString &label);
+
 private:
     [[nodiscard]] bool AskFor(const QString &question);
     static bool Write(std::FILE *stream, const QString &text);
