@@ -6,6 +6,7 @@
 #include "access/owner.h"
 #include "access/present_users.h"
 #include "actions/action_run.h"
+#include "base/names_line.h"
 #include "db/query.h"
 
 #include <QCoreApplication>
@@ -61,6 +62,40 @@ Result<bool> UserHasAccount(UserId userId)
 Result<bool> GroupHasAccount(GroupId groupId)
 {
     return HasAccount(groupId);
+}
+
+Question DeleteUsersQuestion(const QStringList &first, qsizetype count)
+{
+    return {
+        .key = u"delete users"_s,
+        .text = count == 1
+            ? Words::tr("This will delete this user and all corresponding information. Continue?")
+            : Words::tr(
+                "This will delete these users and all corresponding information. Continue?"),
+        .destroys = true,
+        .goes = NamesLine(first, count)};
+}
+
+Question DeleteGroupQuestion(const QString &name)
+{
+    return {.key = u"delete group"_s,
+            .text = Words::tr("This will delete the selected group. Contunue?"),
+            .destroys = true,
+            .goes = WhyNotDeleted(name) ? QString() : NamesLine({name})};
+}
+
+std::optional<QString> WhyNotDeleted(const QString &groupName)
+{
+    return groupName == u"Everybody"_s
+        ? std::optional(Words::tr("You cannot delete Everybody group"))
+        : std::nullopt;
+}
+
+std::optional<QString> WhyNotRenamed(GroupId groupId)
+{
+    return groupId == kEverybodyGroup
+        ? std::optional(Words::tr("You can not rename Everybody group"))
+        : std::nullopt;
 }
 
 Action MoveUsersAction(const std::vector<UserId> &userIds, GroupId groupId)

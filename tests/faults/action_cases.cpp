@@ -7,6 +7,7 @@
 #include "accounts/sheet_actions.h"
 #include "admin/exclusions.h"
 #include "admin/login_storage.h"
+#include "admin/new_user.h"
 #include "admin/protocol_storage.h"
 #include "admin/purge.h"
 #include "admin/unmonitored.h"
@@ -301,6 +302,13 @@ const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size
          [] { Execute("UPDATE users SET monitored = false"); },
          [] {
              return MonitorUsersAction({kAnna, kBert});
+         }},
+        {"a user added",
+         ActionId::AddUser,
+         AddNothing,
+         [] {
+             return AddUserAction({.name = u"carl"_s, .ip = 0x0A0000FEU, .mac = u"0011223344FE"_s},
+                                  std::make_shared<UserId>());
          }},
         {"a group added",
          ActionId::AddGroup,
