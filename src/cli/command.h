@@ -58,5 +58,6 @@ using Commands = QList<Command>;
 [[nodiscard]] Commands CreditCommands();
 [[nodiscard]] Commands LimitCommands();
 [[nodiscard]] Commands LoginCommands();
+[[nodiscard]] Commands ExchangeCommands();
 [[nodiscard]] Commands ConfigCommands();
 [[nodiscard]] Commands StatusCommands();

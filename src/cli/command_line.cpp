@@ -30,7 +30,7 @@ const QList<CommandOption> &GlobalOptions()
 const Commands &AllCommands()
 {
     static const Commands commands = UserCommands() + GroupCommands() + CreditCommands()
-        + LimitCommands() + LoginCommands() + ConfigCommands() + StatusCommands();
+        + LimitCommands() + LoginCommands() + ExchangeCommands() + ConfigCommands() + StatusCommands();
     return commands;
 }
 

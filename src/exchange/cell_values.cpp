@@ -3,8 +3,6 @@
 #include "base/amount_text.h"
 #include "exchange/import_column.h"
 
-#include <QRegularExpression>
-
 #include <array>
 #include <utility>
 
@@ -134,18 +132,6 @@ bool IsUnlimited(const QString &word)
 {
     const QString key = WordKey(word);
     return key == UnlimitedWord() || key == u"unbegrenzt"_s;
-}
-
-std::optional<QString> MacIn(const QString &text)
-{
-    static const QRegularExpression form(
-        u"^(?:[0-9A-F]{12}|[0-9A-F]{2}(?:([-:. ])[0-9A-F]{2})(?:\\1[0-9A-F]{2}){4}"
-        u"|[0-9A-F]{4}([-:. ])[0-9A-F]{4}\\2[0-9A-F]{4})$"_s);
-    QString digits = text.trimmed().toUpper();
-    if (!form.match(digits).hasMatch()) {
-        return std::nullopt;
-    }
-    return digits.remove(QRegularExpression(u"[-:. ]"_s));
 }
 
 QLocale NumbersBeside(QChar separator)

@@ -24,9 +24,6 @@
 [[nodiscard]] bool IsGlobalPrice(const QString &word);
 [[nodiscard]] bool IsUnlimited(const QString &word);
 
-// Twelve digits in capitals, whether pairs or fours of them are parted or not.
-[[nodiscard]] std::optional<QString> MacIn(const QString &text);
-
 // How numbers are written where `separator` parts the cells: with a comma for the decimals where it
 // does not part them. A point is understood everywhere.
 [[nodiscard]] QLocale NumbersBeside(QChar separator);

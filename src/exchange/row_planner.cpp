@@ -4,6 +4,7 @@
 #include "admin/login_table.h"
 #include "admin/password_digest.h"
 #include "base/day.h"
+#include "base/mac_address.h"
 #include "base/moment_entry.h"
 #include "base/text.h"
 #include "exchange/cell_values.h"
@@ -190,7 +191,7 @@ private:
         }
         const QString mac = Trimmed(ImportColumn::MacAddress);
         if (Has(ImportColumn::MacAddress) && mac != row.before.macAddress) {
-            const auto address = MacIn(mac);
+            const auto address = MacFrom(mac);
             if (!mac.isEmpty() && !address) {
                 RefuseCell(ImportColumn::MacAddress,
                            Words::tr("a MAC address has twelve digits 0 to 9 and A to F"));

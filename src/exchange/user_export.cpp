@@ -7,6 +7,7 @@
 #include "reports/row_collector.h"
 #include "reports/user_table.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -61,8 +62,6 @@ Failure StoreFailure(const QString &text)
         .kind = Failure::Kind::Refused, .statement = {}, .sqlState = {}, .native = 0, .text = text};
 }
 
-} // namespace
-
 Result<ReportTablePtr> ReadUsersToExport(double rate)
 {
     auto stored = ReadStoredUsers();
@@ -92,9 +91,26 @@ Result<ReportTablePtr> ReadUsersToExport(double rate)
     return ReportTablePtr(std::move(table));
 }
 
+} // namespace
+
 Result<qint64> ExportUsers(const QString &fileName, double rate)
 {
     return ReadUsersToExport(rate).and_then([&fileName](const ReportTablePtr &table) {
         return SaveRows(table, fileName, {.csvBom = true});
     });
+}
+
+Result<QByteArray> ExportedUsers(double rate)
+{
+    const auto table = ReadUsersToExport(rate);
+    if (!table) {
+        return tl::unexpected(table.error());
+    }
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    RunControl control;
+    if (!WriteCsv(**table, buffer, control)) {
+        return tl::unexpected(StoreFailure((*table)->rows.ReadProblem()));
+    }
+    return buffer.data();
 }

@@ -4,12 +4,8 @@
 #include "db/session.h"
 #include "exchange/user_export.h"
 #include "importing.h"
-#include "reports/output.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/faulty_driver.h"
-
-#include <QBuffer>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -41,15 +37,9 @@ protected:
     }
 };
 
-QString ExportedText(double rate = 1.0)
+QString ExportedText()
 {
-    const auto table = ReadUsersToExport(rate);
-    EXPECT_TRUE(table);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    RunControl control;
-    EXPECT_TRUE(WriteCsv(**table, buffer, control));
-    return QString::fromUtf8(buffer.data());
+    return QString::fromUtf8(ExportedUsers(1.0).value());
 }
 
 const QString kMixed =
