@@ -128,6 +128,7 @@ ImportDialog::ImportDialog(const AppServices &appServices,
     , filter(new QComboBox)
     , list(new QTreeView)
     , model(new ImportModel(this))
+    , whole(new QLabel)
     , summary(new QLabel)
     , import(nullptr)
 {
@@ -138,15 +139,21 @@ ImportDialog::ImportDialog(const AppServices &appServices,
     RememberSize(
         *this, u"import"_s, {fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 28});
     connect(filter, &QComboBox::currentIndexChanged, this, &ImportDialog::ShowRows);
+    connect(list->selectionModel(),
+            &QItemSelectionModel::currentRowChanged,
+            this,
+            &ImportDialog::ShowWhole);
 }
 
 void ImportDialog::Lay()
 {
-    for (QLabel *text : {about, summary}) {
+    for (QLabel *text : {about, whole, summary}) {
         text->setTextFormat(Qt::PlainText);
         text->setWordWrap(true);
     }
     about->setObjectName(u"about"_s);
+    whole->setObjectName(u"whole"_s);
+    whole->setTextInteractionFlags(Qt::TextSelectableByMouse);
     summary->setObjectName(u"summary"_s);
     filter->setObjectName(u"filter"_s);
     filter->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -168,6 +175,7 @@ void ImportDialog::Lay()
     column->addWidget(about);
     column->addLayout(choice);
     column->addWidget(list, 1);
+    column->addWidget(whole);
     column->addWidget(summary);
     column->addWidget(buttons);
 }

@@ -28,6 +28,7 @@ private:
     void Lay();
     void Show(const std::shared_ptr<const ImportJob> &newJob);
     void ShowRows();
+    void ShowWhole(const QModelIndex &row);
     void ReadAgain();
 
     const AppServices &services;
@@ -37,6 +38,7 @@ private:
     QComboBox *filter;
     QTreeView *list;
     ImportModel *model;
+    QLabel *whole; // what a cell has no room for
     QLabel *summary;
     QPushButton *import;
 };

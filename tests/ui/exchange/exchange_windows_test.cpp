@@ -97,6 +97,8 @@ TEST_F(ExchangeWindows, APreviewShowsEveryRowAndWritesNothing)
                   "size."_s);
         EXPECT_EQ(Text(dialog, "summary"), u"Refused rows are left out: 1."_s);
         Grab(dialog, u"import"_s);
+        ClickCell(Find<QTreeView>(dialog, "rows"), 2, ImportModel::State);
+        EXPECT_TRUE(Text(dialog, "whole").endsWith(u"Login required: no"_s));
         auto &filter = Find<QComboBox>(dialog, "filter");
         Choose(filter, u"Only refused ones (1)"_s);
         EXPECT_EQ(Rows(dialog).size(), 1);
