@@ -212,6 +212,14 @@ void ImportDialog::ShowRows()
     const int chosen = filter->currentIndex();
     model->Show(
         job, chosen > 0 ? std::optional(kStates[static_cast<size_t>(chosen - 1)]) : std::nullopt);
+    ShowWhole({});
+}
+
+void ImportDialog::ShowWhole(const QModelIndex &row)
+{
+    const QString words = row.siblingAtColumn(ImportModel::What).data().toString();
+    whole->setText(words);
+    whole->setVisible(!words.isEmpty());
 }
 
 void ImportDialog::accept()
