@@ -138,7 +138,7 @@ Or<void> SetValue(Work &work, const Given &given)
         }
     }
     const QString file = work.Settings().FileOf(rule.value.key);
-    const auto shown = [&rule](const QString &value) {
+    const auto shown = [&rule](const QString &value) -> QString {
         return u"value="_s + (rule.isSecret ? u"***"_s : value);
     };
     const QString name = FullNameOf(rule.value);

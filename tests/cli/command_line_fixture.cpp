@@ -21,11 +21,12 @@ void CommandLineFixture::SetUp()
 void CommandLineFixture::AddOwners()
 {
     RunBeside("INSERT INTO groups (group_id, name) VALUES (90, 'Yard')");
-    RunBeside("INSERT INTO users (user_id, username, ip_addr, mac_addr, group_id, mode, traflim) "
-              "VALUES (1, 'anna', '10.0.0.1', '0011223344AA', 90, 1, 500)");
-    RunBeside("INSERT INTO users (user_id, username, group_id, blocked, blockreason) "
-              "VALUES (2, 'bert', 90, 1, 3)");
-    RunBeside("INSERT INTO logins (login, userid) VALUES ('bertie', 2)");
+    RunBeside("INSERT INTO users (username, ip_addr, mac_addr, group_id, mode, traflim) "
+              "VALUES ('anna', '10.0.0.1', '0011223344AA', 90, 1, 500)");
+    RunBeside("INSERT INTO users (username, group_id, blocked, blockreason) "
+              "VALUES ('bert', 90, 1, 3)");
+    RunBeside("INSERT INTO logins (login, userid) "
+              "SELECT 'bertie', user_id FROM users WHERE username = 'bert'");
 }
 
 int CommandLineFixture::RunWith(QProcess &process,
