@@ -285,7 +285,7 @@ Commands LoginCommands()
              AddLogin},
             {"login set",
              "NAME",
-             "Changes what is named.",
+             "Changes the user, the workstation, the statistics or the password of a login.",
              1,
              1,
              fields

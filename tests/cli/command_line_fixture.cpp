@@ -37,6 +37,9 @@ int CommandLineFixture::RunWith(QProcess &process,
     environment.insert(u"TOLLBROOK_CONFIG"_s, folder.path());
     environment.insert(u"DBUS_SYSTEM_BUS_ADDRESS"_s, busAddress);
     process.setProcessEnvironment(environment);
+    if (!outputFile.isEmpty()) {
+        process.setStandardOutputFile(outputFile);
+    }
     process.start(QStringLiteral(TB_COMMAND_LINE_PROGRAM), arguments);
     attend();
     EXPECT_TRUE(process.waitForFinished(60'000)) << arguments.join(u' ').toStdString();

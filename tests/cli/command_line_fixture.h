@@ -42,6 +42,7 @@ protected:
     QString printed;
     QString said;
     QByteArray seenOnTerminal;
+    QString outputFile; // where what is printed goes, in place of `printed`; empty: not there
 
 private:
     // Starts it, has `attend` do what is to be done meanwhile, and reads what it wrote.
