@@ -25,7 +25,10 @@ public:
 
     [[nodiscard]] QStringList Words() const { return parser.positionalArguments(); }
     [[nodiscard]] QString Word(qsizetype index) const { return Words().value(index); }
-    [[nodiscard]] bool Has(const QString &option) const { return parser.isSet(option); }
+    [[nodiscard]] bool Has(const QString &option) const
+    {
+        return parser.optionNames().contains(option);
+    }
 
     // Nothing where the option is not given.
     [[nodiscard]] std::optional<QString> Value(const QString &option) const

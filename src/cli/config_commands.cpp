@@ -137,17 +137,20 @@ Or<void> SetValue(Work &work, const Given &given)
             return StopWith(ExitStatus::Failed, TextOf(written.error()));
         }
     }
-    const QString assigned = QLatin1StringView(rule.value.name) + u'=';
-    const auto shown = [&rule](const QString &value) { return rule.isSecret ? u"***"_s : value; };
-    const Performed performed {{{FullNameOf(rule.value),
-                                 work.Settings().FileOf(rule.value.key),
-                                 before ? QStringList {assigned + shown(*before)} : QStringList {},
-                                 {assigned + shown(text)}}},
+    const QString file = work.Settings().FileOf(rule.value.key);
+    const auto shown = [&rule](const QString &value) -> QString {
+        return u"value="_s + (rule.isSecret ? u"***"_s : value);
+    };
+    const QString name = FullNameOf(rule.value);
+    const Performed performed {{{u"settings"_s,
+                                 name,
+                                 before ? QStringList {shown(*before)} : QStringList {},
+                                 {shown(text)}}},
                                {}};
     work.Print(performed,
                u"%1 was set in %2. The service takes it up when it restarts, or with: systemctl "
-               "reload tollbrooksvc"_s.arg(FullNameOf(rule.value),
-                                           work.Settings().FileOf(rule.value.key)));
+               "reload tollbrooksvc"_s.arg(name, file),
+               {{u"file"_s, file}});
     return {};
 }
 

@@ -203,7 +203,7 @@ Commands GroupCommands()
             {"group rename", "GROUP NAME", "Gives a group another name.", 2, 2, {}, RenameGroup},
             {"group set",
              "GROUP",
-             "Changes what is named.",
+             "Changes the description of a group.",
              1,
              1,
              {{"description", "TEXT", "The description."}},

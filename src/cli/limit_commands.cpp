@@ -250,14 +250,14 @@ Or<void> SetLimits(Work &work, const Given &given)
 Commands LimitCommands()
 {
     return {{"limit show",
-             "USER",
+             "USER|--group GROUP",
              "Shows the mode and limits of a user or a group, what is used of them and left.",
              0,
              1,
              {kOwnerGroup},
              ShowLimits},
             {"limit set",
-             "USER",
+             "USER|--group GROUP",
              "Changes the mode and limits of a user or a group, as their property sheets do.",
              0,
              1,

@@ -49,18 +49,40 @@ Or<void> ListLogins(Work &work, const Given & /*given*/)
 // What the rows become, without the passwords.
 QStringList ValuesOf(const Login &login)
 {
-    return {u"userid=%1"_s.arg(login.userId.value),
+    return {u"login="_s + login.name,
+            u"userid=%1"_s.arg(login.userId.value),
             u"workstation=%1"_s.arg(login.LimitAddress()),
             u"allowstats=%1"_s.arg(int {login.allowStats}),
-            u"pwd=***"_s};
+            u"guest=%1"_s.arg(int {login.guest})};
+}
+
+Change ChangeOf(const LoginChange &change)
+{
+    const auto &[base, draft, isNew] = change;
+    if (isNew) {
+        return {u"logins"_s, draft.name, {}, ValuesOf(draft)};
+    }
+    Change row {u"logins"_s, draft.name, {}, {}};
+    const QStringList before = ValuesOf(base);
+    const QStringList after = ValuesOf(draft);
+    for (qsizetype i = 0; i < after.size(); ++i) {
+        if (before[i] != after[i]) {
+            row.before << before[i];
+            row.after << after[i];
+        }
+    }
+    if (base.digest != draft.digest) {
+        row.before << u"pwd=***"_s;
+        row.after << u"pwd=***"_s;
+    }
+    return row;
 }
 
 QList<Change> ChangesOf(const LoginChanges &changes)
 {
     QList<Change> rows;
-    for (const auto &[base, draft, isNew] : changes.changed) {
-        rows << Change {
-            u"logins"_s, draft.name, isNew ? QStringList() : ValuesOf(base), ValuesOf(draft)};
+    for (const LoginChange &change : changes.changed) {
+        rows << ChangeOf(change);
     }
     for (const QString &name : changes.removedLast) {
         rows << Change {u"logins"_s, name, {u"login="_s + name}, {}};
@@ -263,7 +285,7 @@ Commands LoginCommands()
              AddLogin},
             {"login set",
              "NAME",
-             "Changes what is named.",
+             "Changes the user, the workstation, the statistics or the password of a login.",
              1,
              1,
              fields

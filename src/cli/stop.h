@@ -13,7 +13,7 @@ enum class ExitStatus {
     Refused =
         1, // nobody is named so, a rule forbids it, or it was not confirmed; nothing was changed
     WrongUse = 2, // the command line cannot be understood
-    Failed = 3, // the database, the settings or the output failed; nothing was changed
+    Failed = 3, // the database or the settings failed, and nothing was changed; or the output did
     Uncertain = 4, // only part of it was done, or whether it was done is not known
 };
 

@@ -97,3 +97,10 @@ TEST_P(CommandLine, TellsByItsExitStatusWhatIsWrong)
     EXPECT_TRUE(said.startsWith(u"tollbrook: "_s) && said.contains(u"users"_s));
     RunBeside("ALTER TABLE users_away RENAME TO users");
 }
+
+TEST_P(CommandLine, OutputThatCannotBeWrittenIsNoSuccess)
+{
+    outputFile = u"/dev/full"_s;
+    EXPECT_EQ(Run({u"user"_s, u"list"_s}), 3);
+    EXPECT_EQ(said, u"tollbrook: The output could not be written.\n"_s);
+}
