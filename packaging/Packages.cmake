@@ -40,8 +40,9 @@ accounts and groups, and who may speak with whom.")
 set(CPACK_COMPONENT_CONSOLE_DESCRIPTION
 "Accounting and control of Internet access: console
 The console with which an administrator looks after users, groups, limits,
-pre-paid credits, blocks and reports, a program that writes reports without
-a window, and one that makes and looks after the database.")
+pre-paid credits, blocks and reports, the command line that does the same in
+a terminal or a script, a program that writes reports without a window, and
+one that makes and looks after the database.")
 set(CPACK_COMPONENT_SERVICE_DESCRIPTION
 "Accounting and control of Internet access: gateway service
 The service of a gateway: it counts the packets that Linux forwards for each

@@ -3,7 +3,7 @@
 
 build_packages=(g++ cmake ninja-build pkg-config ccache mold python3
     qt6-base-dev qt6-svg-dev qt6-l10n-tools unixodbc-dev libtomlplusplus-dev libxlsxwriter-dev
-    libexpected-dev libsystemd-dev zlib1g-dev libminizip-dev)
+    libcsv-dev libexpected-dev libsystemd-dev zlib1g-dev libminizip-dev)
 run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugins
     fonts-dejavu-core python3 python3-openpyxl poppler-utils chromium clang-format systemd)

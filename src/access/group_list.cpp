@@ -2,6 +2,8 @@
 
 #include "db/query.h"
 
+#include <QHash>
+
 #include <utility>
 
 Result<GroupList> ReadGroupList()
@@ -21,6 +23,26 @@ Result<GroupList> ReadGroupList()
                 list.rowGroupIds.append(groupId);
             }
             return list;
+        });
+}
+
+Result<std::vector<CountedGroup>> ReadAllGroups()
+{
+    QHash<GroupId, quint32> members;
+    const auto counted = ReadAll("SELECT group_id, COUNT(*) FROM users GROUP BY group_id",
+                                 [&members](const Row &row) {
+                                     members.insert(row.Id<GroupId>(1), row.Integer(2));
+                                     return true;
+                                 });
+    if (!counted) {
+        return tl::unexpected(counted.error());
+    }
+    return ReadAll(
+        "SELECT group_id, name, descrip, blocked FROM groups ORDER BY name ASC, group_id",
+        [&members](const Row &row) {
+            const auto groupId = row.Id<GroupId>(1);
+            return CountedGroup {
+                groupId, {row.Text(2), row.Text(3), row.Flag(4)}, members.value(groupId)};
         });
 }
 

@@ -7,6 +7,8 @@
 #include <QList>
 #include <QString>
 
+#include <vector>
+
 struct GroupRow
 {
     QString name;
@@ -33,6 +35,16 @@ constexpr quint32 kGroupListCapacity = 500;
 
 // At most 500 groups, in the database's own order.
 [[nodiscard]] Result<GroupList> ReadGroupList();
+
+struct CountedGroup
+{
+    GroupId groupId;
+    GroupRow row;
+    quint32 members = 0; // monitored or not
+};
+
+// Every group, by name.
+[[nodiscard]] Result<std::vector<CountedGroup>> ReadAllGroups();
 
 // How many groups there are, whatever the list shows.
 [[nodiscard]] Result<quint32> CountGroups();

@@ -6,6 +6,7 @@
 #include "access/owner.h"
 #include "access/present_users.h"
 #include "actions/action_run.h"
+#include "base/names_line.h"
 #include "db/query.h"
 
 #include <QCoreApplication>
@@ -63,6 +64,40 @@ Result<bool> GroupHasAccount(GroupId groupId)
     return HasAccount(groupId);
 }
 
+Question DeleteUsersQuestion(const QStringList &first, qsizetype count)
+{
+    return {
+        .key = u"delete users"_s,
+        .text = count == 1
+            ? Words::tr("This will delete this user and all corresponding information. Continue?")
+            : Words::tr(
+                "This will delete these users and all corresponding information. Continue?"),
+        .destroys = true,
+        .goes = NamesLine(first, count)};
+}
+
+Question DeleteGroupQuestion(const QString &name)
+{
+    return {.key = u"delete group"_s,
+            .text = Words::tr("This will delete the selected group. Contunue?"),
+            .destroys = true,
+            .goes = WhyNotDeleted(name) ? QString() : NamesLine({name})};
+}
+
+std::optional<QString> WhyNotDeleted(const QString &groupName)
+{
+    return groupName == u"Everybody"_s
+        ? std::optional(Words::tr("You cannot delete Everybody group"))
+        : std::nullopt;
+}
+
+std::optional<QString> WhyNotRenamed(GroupId groupId)
+{
+    return groupId == kEverybodyGroup
+        ? std::optional(Words::tr("You can not rename Everybody group"))
+        : std::nullopt;
+}
+
 Action MoveUsersAction(const std::vector<UserId> &userIds, GroupId groupId)
 {
     return {ActionId::MoveUsers, [=](ActionRun &run) {
@@ -110,27 +145,33 @@ Action RenameGroupAction(GroupId groupId, const QString &name)
             }};
 }
 
+GroupId AddGroup(ActionRun &run, const QString &name)
+{
+    RefuseBadGroupName(run, name, {});
+    run.Write("INSERT INTO groups (name) VALUES (?)", name);
+    if (run.IsStopped()) {
+        return {};
+    }
+    const auto groupId = run.Take(ReadLast(
+        "SELECT group_id FROM groups WHERE name = (?)",
+        [](const Row &row) { return row.Id<GroupId>(1); },
+        name));
+    if (!groupId) { // users moved there would be in no group, and gone from every list
+        run.Refuse(Words::tr("The new group cannot be found by its name. Nothing was changed."));
+        return {};
+    }
+    // Read once more after a commit that was not answered, the row tells that it is kept.
+    run.WatchAdded({"groups", "group_id", groupId->value, "group_id"});
+    return *groupId;
+}
+
 Action AddGroupAction(const QString &name, const std::shared_ptr<GroupId> &added)
 {
     return {ActionId::AddGroup, [=](ActionRun &run) {
                 LockToNameGroup(run, {});
-                RefuseBadGroupName(run, name, {});
-                run.Write("INSERT INTO groups (name) VALUES (?)", name);
-                if (run.IsStopped()) {
-                    return;
+                if (const GroupId groupId = AddGroup(run, name); groupId.IsSet()) {
+                    *added = groupId;
                 }
-                const auto groupId = run.Take(ReadLast(
-                    "SELECT group_id FROM groups WHERE name = (?)",
-                    [](const Row &row) { return row.Id<GroupId>(1); },
-                    name));
-                if (!groupId) { // users moved there would be in no group, and gone from every list
-                    run.Refuse(Words::tr(
-                        "The new group cannot be found by its name. Nothing was changed."));
-                    return;
-                }
-                *added = *groupId;
-                // Read once more after a commit that was not answered, the row tells that it is kept.
-                run.WatchAdded({"groups", "group_id", groupId->value, "group_id"});
             }};
 }
 

@@ -17,8 +17,8 @@ struct PrePaidCredit
 
     [[nodiscard]] constexpr PrePaidKind Kind() const
     {
-        constexpr BaseUnits kLeastMoney {0.0001}; // a credit of less is not one of money
-        if (money > kLeastMoney) {
+        constexpr BaseUnits kLeast {0.0001}; // a credit of less is not one of money
+        if (money > kLeast) {
             return PrePaidKind::Money;
         }
         return traffic > Megabytes {} ? PrePaidKind::Traffic : PrePaidKind::Unbounded;

@@ -270,3 +270,34 @@ Action WriteAccountAction(const Owner &owner,
                 }
             }};
 }
+
+void WriteFirstCredits(ActionRun &run,
+                       const std::vector<std::pair<UserId, StagedCredit>> &credits,
+                       double rate)
+{
+    StagedRows traffic;
+    StagedRows money;
+    StagedRows unlimited;
+    for (const auto &[userId, credit] : credits) {
+        StagedRows &rows = credit.Kind() == CreditKind::Unlimited
+            ? unlimited
+            : (credit.Kind() == CreditKind::Money ? money : traffic);
+        const double neverExpires = credit.neverExpires ? 1.0 : 0.0;
+        const QString day = credit.neverExpires ? u""_s : credit.expiryDay;
+        rows.Add(userId.value, {NumberOf(credit.amount), rate, neverExpires}, {day});
+    }
+    const auto write = [&run](const char *sqlText, const StagedRows &rows) {
+        if (!rows.IsEmpty()) {
+            run.Write(sqlText, rows);
+        }
+    };
+    write("INSERT INTO billing (mode, object_id, data, currencydata, unlimited, expiredday) "
+          "SELECT 2, s.k, s.n1, s.n2, s.n3, s.t FROM STAGED (?) AS_ROWS s",
+          traffic);
+    write("INSERT INTO billing (mode, object_id, moneydata, currencydata, unlimited, expiredday) "
+          "SELECT 2, s.k, s.n1, s.n2, s.n3, s.t FROM STAGED (?) AS_ROWS s",
+          money);
+    write("INSERT INTO billing (mode, object_id, unlimited, expiredday) "
+          "SELECT 2, s.k, s.n3, s.t FROM STAGED (?) AS_ROWS s",
+          unlimited);
+}

@@ -7,6 +7,9 @@
 
 #include <QString>
 
+#include <utility>
+#include <vector>
+
 class ActionRun;
 
 // What is told when the owner's row is gone.
@@ -36,3 +39,9 @@ void WriteStagedAccount(ActionRun &run,
                         const OwnerModes &modes,
                         const StagedAccount &staged,
                         double rate);
+
+// Gives pre-paid credits to many users at once, as a step of an action: none of them is blocked, and each
+// has one credit among them.
+void WriteFirstCredits(ActionRun &run,
+                       const std::vector<std::pair<UserId, StagedCredit>> &credits,
+                       double rate);

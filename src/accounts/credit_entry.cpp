@@ -1,5 +1,7 @@
 #include "accounts/credit_entry.h"
 
+#include "access/access_mode.h"
+#include "access/limits.h"
 #include "base/day.h"
 
 #include <QCoreApplication>
@@ -29,6 +31,20 @@ CreditAmount AmountFrom(CreditKind kind, double typed, double rate)
 }
 
 } // namespace
+
+QList<CreditKind> CreditKindsFor(const Owner &owner, AccountingMode mode)
+{
+    const bool isLimited = owner.IsUser() ? IsLimitMode(mode) : mode == AccountingMode::Traffic;
+    if (isLimited) {
+        const LimitFields limits = FieldsFor(mode);
+        return (limits.traffic ? QList {CreditKind::Traffic} : QList<CreditKind> {})
+            + (limits.time ? QList {CreditKind::Time} : QList<CreditKind> {});
+    }
+    if (owner.IsUser() || mode == AccountingMode::Provider) {
+        return {CreditKind::Unlimited, CreditKind::Traffic, CreditKind::Money};
+    }
+    return {};
+}
 
 CreditProblem CheckAmount(CreditKind kind, std::optional<double> typed, double rate)
 {

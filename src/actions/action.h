@@ -22,6 +22,7 @@ enum class ActionId {
     ApplyGroup, // what a group's sheet staged
     WriteAccount, // credits given and closed
     SetModeAndLimits, // of several users
+    AddUser,
     MoveUsers, // into another group
     DeleteUsers,
     StopMonitoring,
@@ -37,6 +38,7 @@ enum class ActionId {
     SaveProtocols, // of the options windows
     SaveSetupProtocols, // of the setup wizard: one protocol and its ports
     SaveLogins,
+    ImportUsers, // of a file, all at once
     Purge,
 };
 
@@ -110,6 +112,11 @@ struct Outcome
 // Runs the action on the session of this thread. `link` is null while not connected to the service.
 [[nodiscard]] Outcome
 RunAction(const Action &action, const Answers &answers, const ServiceLink *link);
+
+// Runs the action up to its end and takes all of it back, for whoever only wants to see what it would
+// change: an outcome that is done says what it would be. The service hears nothing. As long as it runs it
+// holds the locks of the action itself.
+[[nodiscard]] Outcome TryAction(const Action &action, const Answers &answers);
 
 // What a person is told of an outcome that is neither done nor needs answers: what was not done, why,
 // and what stands now.

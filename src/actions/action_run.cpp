@@ -52,6 +52,16 @@ void ActionRun::Keep(const RowSet &rows, bool lock)
     }
 }
 
+void ActionRun::LockEach(const char *query, const StagedRows &rows)
+{
+    if (!IsStopped() && !rows.IsEmpty()) {
+        (void)Take(ReadAll(
+            transaction::Locking(query).c_str(),
+            [](const Row &row) { return row.Integer(1); },
+            rows));
+    }
+}
+
 bool ActionRun::Wrote(Result<qint64> result, const std::function<Result<bool>()> &isDone)
 {
     changedRows = result.value_or(0);

@@ -69,6 +69,10 @@ public:
     // The same for rows that this run has just added, and whose key it did not know before.
     void WatchAdded(const RowSet &rows) { (void)KeptOf(rows); }
 
+    // Locks what `query` finds by the staged rows, a number in each row, and keeps nothing of it: for
+    // thousands of rows, whose difference is no part of the outcome.
+    void LockEach(const char *query, const StagedRows &rows);
+
     // The answer; an unanswered question stops the run, which further questions may follow.
     bool Ask(const Question &question);
 

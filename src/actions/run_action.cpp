@@ -58,6 +58,13 @@ public:
 
     Outcome Run() { return kind.oneTransaction ? RunUntilSettled() : RunEachStatement(); }
 
+    // One transaction whatever the kind: it never comes to its commit.
+    Outcome Try()
+    {
+        isTrial = true;
+        return RunUntilSettled();
+    }
+
 private:
     Outcome RunUntilSettled()
     {
@@ -92,9 +99,13 @@ private:
         }
         action.body(run);
         ReadAfter(run);
-        if (run.IsStopped()) {
+        if (run.IsStopped() || !run.failures.isEmpty()) {
             transaction::Rollback();
             return Stopped(run);
+        }
+        if (isTrial) {
+            transaction::Rollback();
+            return Done(run);
         }
         const auto committed = transaction::Commit();
         if (committed) {
@@ -269,9 +280,15 @@ private:
     const ActionKind &kind;
     const Answers &answers;
     Notices notices;
+    bool isTrial = false;
 };
 
 Outcome RunAction(const Action &action, const Answers &answers, const ServiceLink *link)
 {
     return ActionRunner(action, answers, link).Run();
+}
+
+Outcome TryAction(const Action &action, const Answers &answers)
+{
+    return ActionRunner(action, answers, nullptr).Try();
 }

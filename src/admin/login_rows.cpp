@@ -31,7 +31,24 @@ Login LoginFrom(const Row &row)
     return login;
 }
 
+Result<bool> Stands(const Login &login)
+{
+    const auto stored = ReadStoredLogin(login.name);
+    const auto digest = ReadDigest(login.name);
+    if (!stored || !digest) {
+        return tl::unexpected(stored ? digest.error() : stored.error());
+    }
+    return *stored && HasSameLimit(**stored, login) && (*stored)->allowStats == login.allowStats
+        && (*stored)->userId == login.userId && *digest == login.digest;
+}
+
 } // namespace
+
+bool HasSameLimit(const Login &one, const Login &other)
+{
+    return one.limit == other.limit && one.limitIp == other.limitIp
+        && one.limitMac == other.limitMac;
+}
 
 Result<std::vector<Login>> ReadStoredLogins(quint32 most)
 {
@@ -82,4 +99,42 @@ quint32 LimitOn(const Login &login)
 quint32 LimitMode(const Login &login)
 {
     return login.limit == Login::Limit::MacAddress ? 1 : 0;
+}
+
+bool InsertLogin(ActionRun &run, const Login &login)
+{
+    const auto isMade = [&login] {
+        return ReadDigest(login.name).map([](const std::optional<QString> &found) {
+            return found.has_value();
+        });
+    };
+    return run.WriteOrLook(
+        isMade,
+        "INSERT INTO Logins (login, LimitIP, LimitMAC, LimitPCMode, LimitPC, Virtual, "
+        "AllowStats, userid, Pwd) VALUES ((?), (?), (?), (?), (?), (?), (?), (?), (?))",
+        login.name,
+        login.limitIp,
+        login.limitMac,
+        LimitMode(login),
+        LimitOn(login),
+        quint32 {login.guest},
+        quint32 {login.allowStats},
+        login.userId,
+        login.digest);
+}
+
+bool UpdateLogin(ActionRun &run, const Login &login)
+{
+    return run.WriteOrLook(
+        [&login] { return Stands(login); },
+        "UPDATE Logins SET LimitIP=(?), LimitMAC=(?), LimitPCMode=(?), LimitPC=(?), "
+        "AllowStats=(?), userid=(?), Pwd=(?) WHERE login=(?)",
+        login.limitIp,
+        login.limitMac,
+        LimitMode(login),
+        LimitOn(login),
+        quint32 {login.allowStats},
+        login.userId,
+        login.digest,
+        login.name);
 }

@@ -17,12 +17,6 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(LoginSave)
 };
 
-bool HasSameLimit(const Login &one, const Login &other)
-{
-    return one.limit == other.limit && one.limitIp == other.limitIp
-        && one.limitMac == other.limitMac;
-}
-
 QString LimitText(const Login &login)
 {
     return login.limit == Login::Limit::None ? Words::tr("no limit") : login.LimitAddress();
@@ -187,62 +181,14 @@ private:
     {
         const bool needsRoom = changes.removedFirst.contains(login.name, Qt::CaseInsensitive);
         const bool hasRoom = report.saved.removed.contains(login.name, Qt::CaseInsensitive);
-        if ((needsRoom && !hasRoom) || !(IsNew(login) ? Insert(login) : Update(login))) {
+        if ((needsRoom && !hasRoom)
+            || !(IsNew(login) ? InsertLogin(run, login) : UpdateLogin(run, login))) {
             Leave(Words::tr("The login %1 was not saved."), login.name);
             return;
         }
         Login written = login;
         written.digest.clear();
         report.saved.written.push_back(written);
-    }
-
-    bool Insert(const Login &login)
-    {
-        const auto isMade = [&login] {
-            return ReadDigest(login.name).map([](const std::optional<QString> &found) {
-                return found.has_value();
-            });
-        };
-        return run.WriteOrLook(
-            isMade,
-            "INSERT INTO Logins (login, LimitIP, LimitMAC, LimitPCMode, LimitPC, Virtual, "
-            "AllowStats, userid, Pwd) VALUES ((?), (?), (?), (?), (?), (?), (?), (?), (?))",
-            login.name,
-            login.limitIp,
-            login.limitMac,
-            LimitMode(login),
-            LimitOn(login),
-            quint32 {login.guest},
-            quint32 {login.allowStats},
-            login.userId,
-            login.digest);
-    }
-
-    bool Update(const Login &login)
-    {
-        return run.WriteOrLook(
-            [&login] { return Stands(login); },
-            "UPDATE Logins SET LimitIP=(?), LimitMAC=(?), LimitPCMode=(?), LimitPC=(?), "
-            "AllowStats=(?), userid=(?), Pwd=(?) WHERE login=(?)",
-            login.limitIp,
-            login.limitMac,
-            LimitMode(login),
-            LimitOn(login),
-            quint32 {login.allowStats},
-            login.userId,
-            login.digest,
-            login.name);
-    }
-
-    static Result<bool> Stands(const Login &login)
-    {
-        const auto stored = ReadStoredLogin(login.name);
-        const auto digest = ReadDigest(login.name);
-        if (!stored || !digest) {
-            return tl::unexpected(stored ? digest.error() : stored.error());
-        }
-        return *stored && HasSameLimit(**stored, login) && (*stored)->allowStats == login.allowStats
-            && (*stored)->userId == login.userId && *digest == login.digest;
     }
 
     void Leave(const QString &sentence, const QString &name)

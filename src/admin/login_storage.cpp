@@ -1,6 +1,7 @@
 #include "admin/login_storage.h"
 
 #include "admin/login_rows.h"
+#include "base/names_line.h"
 #include "db/query.h"
 
 #include <QCoreApplication>
@@ -23,6 +24,16 @@ QString WhatStands(const LoginSaveReport &report)
     }
     const bool any = !report.saved.written.empty() || !report.saved.removed.isEmpty();
     return any ? Words::tr("The other changes were saved.") : Words::tr("Nothing was saved.");
+}
+
+template <typename Run>
+LoginSaveReport ReportOf(const LoginChanges &changes, const Run &run)
+{
+    const auto report = std::make_shared<LoginSaveReport>();
+    Outcome outcome = run(SaveLoginsAction(changes, report));
+    LoginSaveReport whole = *report;
+    whole.outcome = std::move(outcome);
+    return whole;
 }
 
 } // namespace
@@ -70,11 +81,22 @@ QString LoginSaveReport::InWords() const
 
 LoginSaveReport SaveLogins(const LoginChanges &changes, const Answers &answers)
 {
-    const auto report = std::make_shared<LoginSaveReport>();
-    Outcome outcome = RunAction(SaveLoginsAction(changes, report), answers, nullptr);
-    LoginSaveReport whole = *report;
-    whole.outcome = std::move(outcome);
-    return whole;
+    return ReportOf(
+        changes, [&answers](const Action &action) { return RunAction(action, answers, nullptr); });
+}
+
+LoginSaveReport TryLogins(const LoginChanges &changes, const Answers &answers)
+{
+    return ReportOf(changes,
+                    [&answers](const Action &action) { return TryAction(action, answers); });
+}
+
+Question RemoveLoginQuestion(const QString &name)
+{
+    return {.key = u"remove login"_s,
+            .text = Words::tr("Remove this login from the database?"),
+            .destroys = true,
+            .goes = NamesLine({name})};
 }
 
 Result<std::vector<LoginGroup>> LoadLoginGroups()

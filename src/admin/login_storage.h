@@ -41,6 +41,12 @@ struct GivenUp<LoginSaveReport>
 // somebody else changed as well is asked about before anything is written.
 [[nodiscard]] LoginSaveReport SaveLogins(const LoginChanges &changes, const Answers &answers);
 
+// What the save would do, as TryAction tells it: nothing is written.
+[[nodiscard]] LoginSaveReport TryLogins(const LoginChanges &changes, const Answers &answers);
+
+// Asked before a login is removed.
+[[nodiscard]] Question RemoveLoginQuestion(const QString &name);
+
 // The statements alone; `report` receives what was saved and what was not, its outcome left out.
 [[nodiscard]] Action SaveLoginsAction(const LoginChanges &changes,
                                       const std::shared_ptr<LoginSaveReport> &report);

@@ -73,6 +73,11 @@ QStringList LoginChanges::Names() const
     return names;
 }
 
+QString UserHasLoginText()
+{
+    return Words::tr("This user already has login");
+}
+
 LoginTable::LoginTable(std::vector<Login> stored)
     : logins(std::move(stored))
     , bases(logins)

@@ -78,6 +78,9 @@ struct SavedLogins
 // What is wrong with a password that is longer than kMaxPasswordBytes.
 [[nodiscard]] std::optional<QString> CheckPasswordLength(const QString &password);
 
+// What a person is told who would bind a second login to a user.
+[[nodiscard]] QString UserHasLoginText();
+
 class LoginTable
 {
 public:

@@ -78,3 +78,18 @@ bool WriteReport(const ReportTablePtr &table,
     }
     return Fail(problem, control, Words::tr("%1 cannot be written: %2").arg(fileName, words));
 }
+
+Result<qint64>
+SaveRows(const ReportTablePtr &table, const QString &fileName, const OutputOptions &options)
+{
+    RunControl control;
+    ReportProblem problem;
+    if (!WriteReport(table, fileName, control, problem, options)) {
+        return tl::unexpected(Failure {.kind = Failure::Kind::Refused,
+                                       .statement = {},
+                                       .sqlState = {},
+                                       .native = 0,
+                                       .text = problem.text});
+    }
+    return table->rows.Count();
+}

@@ -1,6 +1,7 @@
 // A report as a file: PDF, CSV, HTML or XLSX.
 #pragma once
 
+#include "db/failure.h"
 #include "reports/output_format.h"
 #include "reports/report_run.h"
 #include "reports/report_table.h"
@@ -21,6 +22,10 @@ struct OutputOptions
                                ReportProblem &problem,
                                const OutputOptions &options = {});
 
+// The same for a table that was just read: how many rows were written, or why none.
+[[nodiscard]] Result<qint64>
+SaveRows(const ReportTablePtr &table, const QString &fileName, const OutputOptions &options = {});
+
 // The single formats, for WriteReport and for tests. False when cancelled or the device fails.
 [[nodiscard]] bool WritePdf(const ReportTablePtr &table, QIODevice &device, RunControl &control);
 [[nodiscard]] bool WriteCsv(const ReportTable &table,
@@ -32,7 +37,3 @@ struct OutputOptions
 // The same; `words` says what failed beside the device.
 [[nodiscard]] bool
 WriteXlsx(const ReportTable &table, QIODevice &device, RunControl &control, QString &words);
-
-// One field of a CSV file: quoted where need be, and with an apostrophe before a text that a
-// spreadsheet would take for a formula.
-[[nodiscard]] QString CsvField(const QString &text, bool isText);

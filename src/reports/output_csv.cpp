@@ -1,20 +1,8 @@
+#include "reports/csv_text.h"
 #include "reports/output.h"
 #include "reports/piece_writer.h"
 
 using namespace Qt::StringLiterals;
-
-QString CsvField(const QString &text, bool isText)
-{
-    QString field = text;
-    // A spreadsheet takes such a text for a formula, and blanks before it do not stop it.
-    const QString start = text.trimmed().left(1);
-    if (isText && !start.isEmpty() && u"=+-@"_s.contains(start)) {
-        field.prepend(u'\'');
-    }
-    const bool plain = !field.contains(u',') && !field.contains(u'"') && !field.contains(u'\n')
-        && !field.contains(u'\r') && field == field.trimmed();
-    return plain ? field : u'"' + field.replace(u'"', u"\"\""_s) + u'"';
-}
 
 bool WriteCsv(const ReportTable &table,
               QIODevice &device,

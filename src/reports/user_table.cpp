@@ -4,8 +4,19 @@
 
 namespace {
 
-std::shared_ptr<ReportTable> EmptyTable(const QList<UserTableColumn> &columns,
-                                        const UserTableHead &head)
+CellRow CellsOf(const UserRow &user, const QList<UserTableColumn> &columns)
+{
+    CellRow cells;
+    for (const UserTableColumn &column : columns) {
+        cells.emplace_back(column.text(user));
+    }
+    return cells;
+}
+
+} // namespace
+
+std::shared_ptr<ReportTable> EmptyUserTable(const QList<UserTableColumn> &columns,
+                                            const UserTableHead &head)
 {
     auto table = std::make_shared<ReportTable>();
     table->layout.title = head.title;
@@ -22,17 +33,6 @@ std::shared_ptr<ReportTable> EmptyTable(const QList<UserTableColumn> &columns,
     return table;
 }
 
-CellRow CellsOf(const UserRow &user, const QList<UserTableColumn> &columns)
-{
-    CellRow cells;
-    for (const UserTableColumn &column : columns) {
-        cells.emplace_back(column.text(user));
-    }
-    return cells;
-}
-
-} // namespace
-
 Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
                                      ListOrder order,
                                      const QList<UserTableColumn> &columns,
@@ -42,14 +42,14 @@ Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
     if (!uses) {
         return tl::unexpected(uses.error());
     }
-    auto table = EmptyTable(columns, head);
+    auto table = EmptyUserTable(columns, head);
     auto collector = std::make_unique<RowCollector>(*table);
     bool stored = true;
     auto failure = ForEachFoundUser(
         filter,
         order,
         [&] {
-            table = EmptyTable(columns, head);
+            table = EmptyUserTable(columns, head);
             collector = std::make_unique<RowCollector>(*table);
         },
         [&](UserRow user, UserId userId) {

@@ -23,6 +23,10 @@ struct UserTableHead
     std::optional<AccountMoment> accounts {}; // what the users have used and have left is read too
 };
 
+// Without rows.
+[[nodiscard]] std::shared_ptr<ReportTable> EmptyUserTable(const QList<UserTableColumn> &columns,
+                                                          const UserTableHead &head);
+
 // Reads on the session of the calling thread. A full temporary folder is a failure too, with its words.
 [[nodiscard]] Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
                                                    ListOrder order,

@@ -28,6 +28,14 @@ ServiceConnection::ServiceConnection(const QDBusConnection &serviceBus) : bus(se
 
 int ServiceConnection::Connect(Prompt &prompt)
 {
+    if (!TryConnect()) {
+        prompt.Tell(Words::tr("Could not create instance"));
+    }
+    return 0;
+}
+
+bool ServiceConnection::TryConnect()
+{
     Disconnect();
     if (auto created = ServiceLink::Create(bus)) {
         listener = std::make_unique<QObject>();
@@ -38,10 +46,8 @@ int ServiceConnection::Connect(Prompt &prompt)
         link = std::shared_ptr<const ServiceLink>(created.release(), [](const ServiceLink *last) {
             LetGo(const_cast<ServiceLink *>(last)); // NOLINT: it was made as one that may change
         });
-    } else {
-        prompt.Tell(Words::tr("Could not create instance"));
     }
-    return 0;
+    return link != nullptr;
 }
 
 // What was on its way to a service that has gone is answered by nobody.

@@ -23,6 +23,9 @@ public:
     // which callers take as success: kept, the status bar then shows the service as connected.
     int Connect(Prompt &prompt);
 
+    // The same without a word: whether the service is there.
+    bool TryConnect();
+
     void Disconnect();
 
     // Null while not connected. Work on another thread keeps the link for as long as it needs it.

@@ -7,10 +7,12 @@
 #include "accounts/sheet_actions.h"
 #include "admin/exclusions.h"
 #include "admin/login_storage.h"
+#include "admin/new_user.h"
 #include "admin/protocol_storage.h"
 #include "admin/purge.h"
 #include "admin/unmonitored.h"
 #include "db/session.h"
+#include "exchange/import_action.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -192,6 +194,33 @@ Action SaveTheLogins()
     return SaveLoginsAction(table.Changes(), std::make_shared<LoginSaveReport>());
 }
 
+// A server that numbers the rows itself does not know of those that came with their numbers.
+void PassTheNumbersThatAreTaken()
+{
+    BlockForTraffic();
+    for (int row = 0; row < 10; ++row) {
+        Execute("INSERT INTO users (username) VALUES ('nobody')");
+        Execute("INSERT INTO groups (name) VALUES ('nobody')");
+    }
+    Execute("DELETE FROM users WHERE username = 'nobody'");
+    Execute("DELETE FROM groups WHERE name = 'nobody'");
+}
+
+// A new user, one with other texts and addresses, and one whose raised limit lifts the service's block.
+Action ImportThree()
+{
+    const auto table = ReadImportTable(
+        "Name,Full name,IP,Group,Create group,Access,Traffic limit,Blocked,Login,Password,Money "
+        "credit\n"
+        "anna,,10.0.0.1,Office,,,200,,,,\n"
+        "bert,Bert Berg,10.0.0.22,Sales,yes,,,yes,bert,secret,\n"
+        "dora,Dora,10.0.0.2,Office,,Provider,,,dora,secret,10\n");
+    ImportJob job {table.value(), {}, {}};
+    job.plan = PlanImport(job.table, ReadStoredUsers().value(), job.context);
+    EXPECT_EQ(job.plan.Count(ImportState::Refused), 0);
+    return ImportAction(std::make_shared<const ImportJob>(job));
+}
+
 Action PurgeTraffic()
 {
     const auto steps = PurgeSteps(
@@ -274,6 +303,14 @@ const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size
          [] {
              return MonitorUsersAction({kAnna, kBert});
          }},
+        {"a user added",
+         ActionId::AddUser,
+         // A server's counter gives the numbers from 1, which rows with numbers of their own have.
+         [] { Execute("UPDATE users SET user_id = user_id + 100"); },
+         [] {
+             return AddUserAction({.name = u"carl"_s, .ip = 0x0A0000FEU, .mac = u"0011223344FE"_s},
+                                  std::make_shared<UserId>());
+         }},
         {"a group added",
          ActionId::AddGroup,
          AddNothing,
@@ -310,6 +347,7 @@ const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size
          AddNothing,
          [] { return SaveSetup(u"NNTP"_s); }},
         {"logins", ActionId::SaveLogins, AddNothing, SaveTheLogins},
+        {"an import", ActionId::ImportUsers, PassTheNumbersThatAreTaken, ImportThree},
         {"a purge", ActionId::Purge, AddNothing, PurgeTraffic},
     };
     return cases;

@@ -54,7 +54,8 @@ QList<IdColumn> IdColumns(const QString &table)
 {
     static const QMap<QString, QList<IdColumn>> references {
         {u"users"_s, {{7, u"groups"_s}}},
-        {u"billing"_s, {{4, u"traffic_use"_s}, {5, u"time_use"_s}}},
+        {u"billing"_s, {{2, u"users"_s}, {4, u"traffic_use"_s}, {5, u"time_use"_s}}},
+        {u"logins"_s, {{2, u"users"_s}}},
         {u"ports"_s, {{1, u"protocols"_s}}},
         {u"port_blocked"_s, {{3, u"ports"_s}}},
     };
@@ -74,6 +75,7 @@ public:
     void LoseBeforeEach(const ActionCase &each, const Undisturbed &run);
     void LoseAfterEach(const ActionCase &each, const Undisturbed &run);
     void ConflictHalfwayAndAtTheEnd(const ActionCase &each, const Undisturbed &run);
+    void TryIt(const ActionCase &each, const Undisturbed &run);
 
 protected:
     void SetUp() override
@@ -389,6 +391,23 @@ void EveryAction::ConflictHalfwayAndAtTheEnd(const ActionCase &each, const Undis
         // A server gives the rows of a table in no order, if none is asked for.
         EXPECT_THAT(service.TakeCalls(), testing::UnorderedElementsAreArray(run.told));
     }
+}
+
+// A trial tells what the action would change, and leaves no trace of it.
+void EveryAction::TryIt(const ActionCase &each, const Undisturbed &run)
+{
+    const Action ready = Prepared(each);
+    const Outcome outcome = TryAction(ready, run.answers);
+    EXPECT_EQ(outcome.state, State::Done) << qPrintable(InWords(each.id, outcome));
+    EXPECT_FALSE(IsInTransaction());
+    EXPECT_FALSE(outcome.serviceTold);
+    EXPECT_EQ(Rows(), run.before);
+    EXPECT_THAT(service.TakeCalls(), IsEmpty());
+}
+
+TEST_P(EveryAction, CanBeTriedWithoutATrace)
+{
+    ForEach(&EveryAction::TryIt);
 }
 
 TEST_P(EveryAction, HasACase)

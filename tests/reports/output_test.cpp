@@ -1,3 +1,4 @@
+#include "reports/csv_text.h"
 #include "reports/output.h"
 
 #include "reports/broken_store.h"

@@ -104,7 +104,7 @@ class Kernel(unittest.TestCase):
                                  for family in ("ipv4", "ipv6") for number in (1, 2, 3)])
 
 
-PROGRAMS = {"tollbrook-admin": 1, "tollbrook-db": 1, "tollbrook-report": 1, "tollbrooksvc": 8}
+PROGRAMS = {"tollbrook": 1, "tollbrook-admin": 1, "tollbrook-db": 1, "tollbrook-report": 1, "tollbrooksvc": 8}
 
 
 def options(text):
@@ -120,10 +120,17 @@ class Completion(unittest.TestCase):
                 self.assertEqual(known - {"help", "version"}, options(manual) - {"help", "version"}, file)
 
     def test_gives_bash_the_words_that_fit(self):
-        script = PACKAGING / "completions" / "bash" / "tollbrook-db"
-        status, said = run("bash", "-c", f"source {script}; COMP_WORDS=(tollbrook-db --d); COMP_CWORD=1; "
-                           "_tollbrook_db; printf '%s ' \"${COMPREPLY[@]}\"")
-        self.assertEqual((status, said), (0, "--dsn --dry-run --days "))
+        for line, words in (("tollbrook-db --d", "--dsn --dry-run --days "),
+                            ("tollbrook cr", "credit "),
+                            ("tollbrook --json user un", "unblock "),
+                            ("tollbrook limit set --p", "--period --price "),
+                            ("tollbrook status --y", "--yes ")):
+            typed = line.split()
+            script = PACKAGING / "completions" / "bash" / typed[0]
+            status, said = run("bash", "-c", f"source {script}; COMP_WORDS=({line}); "
+                               f"COMP_CWORD={len(typed) - 1}; _{typed[0].replace('-', '_')}; "
+                               "printf '%s ' \"${COMPREPLY[@]}\"")
+            self.assertEqual((status, said), (0, words), line)
 
 
 class Scripts(unittest.TestCase):

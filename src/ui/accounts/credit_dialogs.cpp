@@ -1,9 +1,7 @@
 #include "ui/accounts/credit_dialogs.h"
 
-#include "access/access_mode.h"
 #include "accounts/credit_entry.h"
 #include "base/day.h"
-#include "db/value_codes.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/moment_field.h"
@@ -111,14 +109,13 @@ void CreditDialog::accept()
 
 LimitCreditDialog::LimitCreditDialog(Prompt &messages,
                                      const Currency &shown,
-                                     AccountingMode ownerMode,
+                                     const QList<CreditKind> &offered,
                                      QWidget *parent)
     : CreditDialog(messages, shown, parent)
 {
-    const bool traffic = ownerMode != AccountingMode::Time;
-    AddKind(CreditKind::Traffic, tr("&Traffic"), "traffic", traffic);
-    AddKind(CreditKind::Time, tr("T&ime"), "time", ownerMode != AccountingMode::Traffic);
-    Choose(traffic ? CreditKind::Traffic : CreditKind::Time);
+    AddKind(CreditKind::Traffic, tr("&Traffic"), "traffic", offered.contains(CreditKind::Traffic));
+    AddKind(CreditKind::Time, tr("T&ime"), "time", offered.contains(CreditKind::Time));
+    Choose(offered.constFirst());
     Finish(nullptr);
 }
 
@@ -166,11 +163,11 @@ std::optional<StagedCredit> AskForCredit(Prompt &prompt,
                                          AccountingMode ownerMode,
                                          QWidget *parent)
 {
-    if (owner.IsUser() ? IsLimitMode(ownerMode) : ownerMode == AccountingMode::Traffic) {
-        return CreditOf(LimitCreditDialog(prompt, currency, ownerMode, parent));
+    const QList<CreditKind> offered = CreditKindsFor(owner, ownerMode);
+    if (offered.isEmpty()) {
+        return std::nullopt;
     }
-    if (owner.IsUser() || ownerMode == AccountingMode::Provider) {
-        return CreditOf(BillingCreditDialog(prompt, currency, parent));
-    }
-    return std::nullopt;
+    return offered.contains(CreditKind::Unlimited)
+        ? CreditOf(BillingCreditDialog(prompt, currency, parent))
+        : CreditOf(LimitCreditDialog(prompt, currency, offered, parent));
 }

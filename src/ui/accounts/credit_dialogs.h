@@ -53,9 +53,10 @@ class LimitCreditDialog : public CreditDialog
     Q_OBJECT
 
 public:
+    // Of the two kinds one at least is offered.
     LimitCreditDialog(Prompt &prompt,
                       const Currency &currency,
-                      AccountingMode ownerMode,
+                      const QList<CreditKind> &offered,
                       QWidget *parent);
 };
 

@@ -399,7 +399,8 @@ QString CAdministratorView::TextWhenEmpty() const
     return IsFiltered()
         ? tr("Nobody matches.")
         : tr("There are no users yet. The accounting service finds workstations by itself and "
-             "lists them here, as long as the address ranges in the options hold their addresses.");
+             "lists them here, as long as the address ranges in the options hold their addresses. "
+             "Or choose \"Import...\" or \"New user...\" from the menus.");
 }
 
 void CAdministratorView::OpenProperties()

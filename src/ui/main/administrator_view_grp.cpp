@@ -2,7 +2,6 @@
 
 #include "access/list_commands.h"
 #include "app/perform.h"
-#include "base/names_line.h"
 #include "db/value_codes.h"
 #include "ui/accounts/owner_notice.h"
 #include "ui/common/accessible.h"
@@ -115,13 +114,12 @@ void CAdministratorViewGrp::DeleteSelected()
         return;
     }
     const auto &[name, groupId] = *group;
-    const bool isKept = name == u"Everybody"_s; // kept: the name counts here, the id when renaming
-    if (!services.prompt.AskToDestroy(tr("This will delete the selected group. Contunue?"),
-                                      isKept ? QString() : NamesLine({name}))) {
+    const Question question = DeleteGroupQuestion(name);
+    if (!services.prompt.AskToDestroy(question.text, question.goes)) {
         return;
     }
-    if (isKept) {
-        services.prompt.Tell(tr("You cannot delete Everybody group"));
+    if (const auto reason = WhyNotDeleted(name)) {
+        services.prompt.Tell(*reason);
         return;
     }
     if (Perform(services,
@@ -142,8 +140,8 @@ void CAdministratorViewGrp::RenameSelected()
         return;
     }
     const GroupId groupId = group->groupId;
-    if (groupId == kEverybodyGroup) {
-        services.prompt.Tell(tr("You can not rename Everybody group"));
+    if (const auto reason = WhyNotRenamed(groupId)) {
+        services.prompt.Tell(*reason);
         return;
     }
     NameDialog dialog(tr("Rename group"), tr("Enter new name for the group:"), window());

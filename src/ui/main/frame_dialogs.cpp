@@ -2,6 +2,8 @@
 
 #include "ui/accounts/accounts.h"
 #include "ui/common/help_window.h"
+#include "ui/exchange/import_dialog.h"
+#include "ui/exchange/new_user_dialog.h"
 #include "ui/main/about_dialog.h"
 #include "ui/main/splitter_frame.h"
 #include "ui/options/adapter_dialog.h"
@@ -78,6 +80,9 @@ FrameDialogs StandardDialogs(const AppServices &services)
         OpenAccessForUsers(services, {userIds.begin(), userIds.end()}, parent);
     };
     dialogs.purge = WithServices(services, OpenPurge);
+    dialogs.importUsers = WithServices(services, OpenImport);
+    dialogs.exportUsers = WithServices(services, OpenUserExport);
+    dialogs.newUser = WithServices(services, OpenNewUser);
     dialogs.options = [&services](QWidget *parent) {
         OpenOptions(services, parent, RefreshOf(parent));
     };

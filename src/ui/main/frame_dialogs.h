@@ -39,6 +39,9 @@ struct FrameDialogs
     ForGroup groupStatistics;
 
     ForNothing purge;
+    ForNothing importUsers;
+    ForNothing exportUsers;
+    ForNothing newUser;
     ForNothing options;
     ForNothing globalOptions;
     ForNothing unmonitored;

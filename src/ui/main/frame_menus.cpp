@@ -61,6 +61,15 @@ void FrameMenus::MakeFileMenu()
         {"purge", tr("&Purge database..."), tr("Remove accumulated records"), Picture::Purge},
         Changing(frame, RefreshingOpener(frame, frame.Dialogs().purge)));
     Add(menu,
+        {"importUsers", tr("&Import..."), tr("Add and change users from a file"), Picture::Add},
+        RefreshingOpener(frame, frame.Dialogs().importUsers));
+    Add(menu,
+        {"exportUsers",
+         tr("Export &users..."),
+         tr("Save all users as a file that can be imported"),
+         Picture::Save},
+        Opener(frame, frame.Dialogs().exportUsers));
+    Add(menu,
         {"exportList",
          tr("&Export list..."),
          tr("Save all users that match as a file"),
@@ -79,6 +88,9 @@ void FrameMenus::MakeUserMenu()
 {
     QMenu &menu = *frame.menuBar()->addMenu(tr("&User"));
     const auto openProperties = [this] { frame.ActivePane().OpenProperties(); };
+    Add(menu,
+        {"newUser", tr("&New user..."), tr("Add a single user"), Picture::Add},
+        RefreshingOpener(frame, frame.Dialogs().newUser));
     const QString propertiesPrompt = tr("Display user or group properties");
     properties = Add(menu,
                      {"properties", tr("&Properties..."), propertiesPrompt, Picture::Properties},

@@ -4,10 +4,10 @@
 #include "app/waiting.h"
 #include "reports/output.h"
 #include "reports/user_table.h"
+#include "ui/exchange/choose_table_file.h"
 #include "ui/main/user_list_model.h"
 
 #include <QCoreApplication>
-#include <QFileDialog>
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
@@ -18,24 +18,6 @@ struct Words
 {
     Q_DECLARE_TR_FUNCTIONS(ListExport)
 };
-
-// Empty when none was chosen.
-QString ChooseFile(QWidget &parent)
-{
-    const QStringList endings {EndingOf(OutputFormat::Xlsx), EndingOf(OutputFormat::Csv)};
-    const QStringList kinds {KindOf(OutputFormat::Xlsx), KindOf(OutputFormat::Csv)};
-    QFileDialog dialog(&parent, Words::tr("Export list"));
-    dialog.setObjectName(u"exportList"_s);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilters(kinds);
-    const auto takeEnding = [&](const QString &kind) {
-        dialog.setDefaultSuffix(endings.value(kinds.indexOf(kind)));
-    };
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, takeEnding);
-    takeEnding(kinds.front());
-    dialog.selectFile(Words::tr("Users"));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
-}
 
 QList<UserTableColumn> TableColumns(const ListToExport &list)
 {
@@ -57,16 +39,7 @@ Result<qint64> Write(const ListToExport &list, const QString &fileName)
     if (!table) {
         return tl::unexpected(table.error());
     }
-    RunControl control;
-    ReportProblem problem;
-    if (!WriteReport(*table, fileName, control, problem)) {
-        return tl::unexpected(Failure {.kind = Failure::Kind::Refused,
-                                       .statement = {},
-                                       .sqlState = {},
-                                       .native = 0,
-                                       .text = problem.text});
-    }
-    return (*table)->rows.Count();
+    return SaveRows(*table, fileName);
 }
 
 } // namespace
@@ -85,7 +58,10 @@ Result<ReportTablePtr> ReadWholeList(const ListToExport &list)
 
 void ExportList(const AppServices &services, QWidget &parent, const ListToExport &list)
 {
-    const QString fileName = ChooseFile(parent);
+    const QString fileName = ChooseTableFile(parent,
+                                             {.name = u"exportList"_s,
+                                              .caption = Words::tr("Export list"),
+                                              .proposed = Words::tr("Users")});
     if (fileName.isEmpty()) {
         return;
     }

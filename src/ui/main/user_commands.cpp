@@ -97,11 +97,8 @@ void UserCommands::Delete()
         return;
     }
     const auto ask = [this](const Targets<UserId> &deleted) {
-        return services.prompt.AskToDestroy(
-            deleted.ids.size() == 1
-                ? tr("This will delete this user and all corresponding information. Continue?")
-                : tr("This will delete these users and all corresponding information. Continue?"),
-            NamesLine(deleted.names, deleted.ids.size()));
+        const Question question = DeleteUsersQuestion(deleted.names, deleted.ids.size());
+        return services.prompt.AskToDestroy(question.text, question.goes);
     };
     RemoveSelected(ask, tr("Deleting users..."), DeleteUsersAction);
 }

@@ -191,8 +191,7 @@ void CreateLoginDialog::Browse()
         [this](UserId userId, const QStringList &stored) {
             return table.HasLogin(userId, index, stored);
         },
-        index ? tr("This user already has login")
-              : tr("This user already has login. Please select another user"),
+        index ? UserHasLoginText() : tr("This user already has login. Please select another user"),
         this);
     if (dialog.exec() == Accepted) {
         login.userId = dialog.Chosen().userId;

@@ -248,8 +248,8 @@ void LoginManager::Remove()
         return;
     }
     const QString name = table.Logins()[*index].name;
-    if (services.prompt.AskToDestroy(tr("Remove this login from the database?"),
-                                     NamesLine({name}))) {
+    const Question question = RemoveLoginQuestion(name);
+    if (services.prompt.AskToDestroy(question.text, question.goes)) {
         table.Remove(*index);
         FillList();
     }

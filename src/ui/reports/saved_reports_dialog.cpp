@@ -6,6 +6,7 @@
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/empty_note.h"
+#include "ui/common/look_lock.h"
 #include "ui/common/window_memory.h"
 #include "ui/reports/save_report_dialog.h"
 #include "ui/reports/schedule_dialog.h"
@@ -68,6 +69,8 @@ SavedReportsDialog::SavedReportsDialog(const AppServices &appServices,
     remove = Command(tr("&Delete"), "delete", &SavedReportsDialog::Delete);
     auto *close = MakeButton<QPushButton>(tr("Close"), "close");
     close->setAutoDefault(false);
+    KeepForLooking(*open);
+    KeepForLooking(*close);
     connect(close, &QPushButton::clicked, this, &SavedReportsDialog::reject);
     open->setDefault(true);
     auto *buttons = new QVBoxLayout;

@@ -64,6 +64,8 @@ public:
     bool answersNotices = true;
     QHash<QString, QVariantMap> units; // by the paths of their objects
     QString noticeError; // none when it is empty
+    QString lastCount = u"2026-11-21T10:14:02"_s;
+    QStringList problems;
     QList<QDBusMessage> unanswered;
 
 private:
@@ -130,6 +132,10 @@ QDBusMessage FakeService::Object::Answer(const QDBusMessage &message)
     if (member == u"Get" && message.path() == kUnitPath) {
         const QString value = Property(given.value(1).toString());
         return message.createReply(QVariant::fromValue(QDBusVariant(value)));
+    }
+    if (member == u"GetAll" && given.value(0) == u"org.tollbrook.Status1"_s) {
+        return message.createReply(
+            QVariantMap {{u"LastCount"_s, lastCount}, {u"Problems"_s, problems}});
     }
     return message.createErrorReply(QDBusError::UnknownMethod, u"The fake does not know this"_s);
 }
@@ -211,6 +217,13 @@ void FakeService::ForgetUnit()
 void FakeService::LeaveManager()
 {
     EXPECT_TRUE(connection.unregisterService(kManager));
+}
+
+void FakeService::SetReport(const QString &lastCount, const QStringList &problems)
+{
+    const QMutexLocker locked(&object->lock);
+    object->lastCount = lastCount;
+    object->problems = problems;
 }
 
 void FakeService::OfferAccounting()

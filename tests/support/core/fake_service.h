@@ -32,6 +32,8 @@ public:
     void ForgetUnit(); // the manager answers that there is no such unit
     void LeaveManager(); // nobody answers
     void OfferAccounting();
+    // What the accounting service tells of its work; unless set, it has counted and nothing is wrong.
+    void SetReport(const QString &lastCount, const QStringList &problems);
     void LeaveAccounting();
     void RefuseNotices(const QString &text); // each is answered by an error with this text
     void LeaveNoticesUnanswered(); // as a service that hangs; AnswerNotices answers them all

@@ -151,7 +151,7 @@ TEST_F(Keyboard, Accounts)
         TryOpened([&] { OpenAccount(Services(), owner, nullptr); });
         TryOpened([&] { OpenStatistics(Services(), owner, nullptr); });
     }
-    LimitCreditDialog limit(prompt, {}, AccountingMode::TrafficAndTime, nullptr);
+    LimitCreditDialog limit(prompt, {}, {CreditKind::Traffic, CreditKind::Time}, nullptr);
     Try(limit);
     BillingCreditDialog billing(prompt, {}, nullptr);
     Try(billing);

@@ -99,12 +99,17 @@ TEST_F(Frame, HasItsMenus)
     EXPECT_EQ(
         titles,
         QStringList({u"File"_s, u"User"_s, u"View"_s, u"Configure"_s, u"Reports..."_s, u"Help"_s}));
-    EXPECT_EQ(
-        MenuTexts(Menu(u"File"_s)),
-        QStringList(
-            {u"Purge database..."_s, u"Export list..."_s, u"Print list..."_s, u"-"_s, u"Exit"_s}));
+    EXPECT_EQ(MenuTexts(Menu(u"File"_s)),
+              QStringList({u"Purge database..."_s,
+                           u"Import..."_s,
+                           u"Export users..."_s,
+                           u"Export list..."_s,
+                           u"Print list..."_s,
+                           u"-"_s,
+                           u"Exit"_s}));
     EXPECT_EQ(MenuTexts(Menu(u"User"_s)),
-              QStringList({u"~Properties..."_s,
+              QStringList({u"New user..."_s,
+                           u"~Properties..."_s,
                            u"~Account..."_s,
                            u"~Change group..."_s,
                            u"-"_s,
@@ -150,6 +155,9 @@ TEST_F(Frame, EachCommandOpensItsWindow)
 {
     ShowFrame();
     for (const QString &name : {u"purge"_s,
+                                u"importUsers"_s,
+                                u"exportUsers"_s,
+                                u"newUser"_s,
                                 u"options"_s,
                                 u"unmonitored"_s,
                                 u"logins"_s,
@@ -176,7 +184,12 @@ TEST_F(Frame, ACommandWithoutItsWindowIsNotShown)
     dialogs.reports = {};
     ShowFrame();
     EXPECT_EQ(MenuTexts(Menu(u"File"_s)),
-              QStringList({u"Export list..."_s, u"Print list..."_s, u"-"_s, u"Exit"_s}));
+              QStringList({u"Import..."_s,
+                           u"Export users..."_s,
+                           u"Export list..."_s,
+                           u"Print list..."_s,
+                           u"-"_s,
+                           u"Exit"_s}));
     EXPECT_FALSE(MenuTexts(Menu(u"Help"_s)).contains(u"Setup wizard..."_s));
     EXPECT_FALSE(Command("reports").isVisible());
     EXPECT_FALSE(Command("toolbarReports").isVisible());

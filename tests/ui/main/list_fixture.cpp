@@ -181,6 +181,9 @@ FrameDialogs ListFixture::NotingDialogs()
     noting.groupAccount = Noting<GroupId>("groupAccount");
     noting.groupStatistics = Noting<GroupId>("groupStatistics");
     noting.purge = NotingPlain("purge");
+    noting.importUsers = NotingPlain("importUsers");
+    noting.exportUsers = NotingPlain("exportUsers");
+    noting.newUser = NotingPlain("newUser");
     noting.options = NotingPlain("options");
     noting.globalOptions = NotingPlain("globalOptions");
     noting.unmonitored = NotingPlain("unmonitored");
