@@ -1,15 +1,20 @@
-// tollbrook-db: makes, upgrades, fills and checks the shared database of a data source.
+// tollbrook-db: makes, upgrades, fills, checks, backs up and copies the shared database of a data source.
+#include "config/config_folder.h"
 #include "db/check.h"
 #include "db/data_source.h"
 #include "db/demo_data.h"
 #include "db/schema.h"
 #include "db/schema_upgrade.h"
+#include "upkeep/backup.h"
+#include "upkeep/restore.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTextStream>
 
 #include <clocale>
+#include <csignal>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -32,14 +37,20 @@ Commands:
   check    reports rows that point nowhere or contradict each other; what the
            console leaves behind by design, such as records of a deleted user,
            is reported after "note:" and does not count as wrong
+  backup FILE
+           writes the database and the settings into one file, while the programs run
+  restore FILE
+           fills an empty database, of any engine, from a backup; nobody else may be
+           connected
+  copy     fills an empty database, --to, with what another one, --from, holds
 
 The data source NAME stands in odbc.ini; its own Password is used. SQLite makes
 the database file by itself; PostgreSQL (in UTF-8) and MariaDB need an empty
 database and a user "system" that may make tables there.
 
 Exit status: 0 done, 1 check found something wrong, 2 wrong use, 3 the database
-could not be opened or a statement failed, 4 upgrade or check found the tables
-of a newer version than this program.)"_s;
+could not be opened, a statement failed or a backup is damaged, 4 upgrade or
+check found the tables of a newer version than this program, or not whole.)"_s;
 
 void Print(const QString &text)
 {
@@ -98,12 +109,62 @@ int Check(const QString &dsn)
     }
     if (result.failure) {
         PrintError(*result.failure);
-        return result.isNewer ? kNewer : kFailed;
+        return result.isRefused ? kNewer : kFailed;
     }
     if (result.findings.isEmpty()) {
         Print(u"Everything in the database of \"%1\" is consistent."_s.arg(dsn));
     }
     return result.findings.isEmpty() ? kDone : kInconsistent;
+}
+
+int Report(const Told<void> &done, const QString &success)
+{
+    if (!done) {
+        PrintError(done.error());
+        return kFailed;
+    }
+    Print(success);
+    return kDone;
+}
+
+int Backup(const QCommandLineParser &parser, const QString &dsn, const QString &file)
+{
+    BackupWish wish {dsn, file, ConfigFolder(parser.value(u"config"_s)), parser.isSet(u"force"_s)};
+    if (parser.isSet(u"no-settings"_s)) {
+        wish.configFolder.reset();
+    }
+    return Report(MakeBackup(wish, Print), u"The backup is in %1."_s.arg(file));
+}
+
+FillMode ModeOf(const QCommandLineParser &parser)
+{
+    return parser.isSet(u"dry-run"_s) ? FillMode::DryRun : FillMode::Run;
+}
+
+QString FilledText(FillMode mode, const QString &dsn)
+{
+    return mode == FillMode::DryRun
+        ? u"This was a dry run."_s
+        : u"The database of \"%1\" holds the same rows as its source."_s.arg(dsn);
+}
+
+int RestoreFrom(const QCommandLineParser &parser, const QString &dsn, const QString &file)
+{
+    RestoreWish wish {file, dsn, std::nullopt, ModeOf(parser)};
+    if (parser.isSet(u"config"_s)) {
+        wish.configFolder = parser.value(u"config"_s);
+    }
+    return Report(Restore(wish, Print), FilledText(wish.mode, dsn));
+}
+
+int Copy(const QCommandLineParser &parser)
+{
+    const CopyWish wish {parser.value(u"from"_s), parser.value(u"to"_s), ModeOf(parser)};
+    if (wish.from.isEmpty() || wish.to.isEmpty()) {
+        PrintError(u"Name both data sources, as in: tollbrook-db copy --from bill --to server"_s);
+        return kWrongUse;
+    }
+    return Report(CopyDatabase(wish, Print), FilledText(wish.mode, wish.to));
 }
 
 // The option's number, at least 1 and at most `most`; a wrong one is reported.
@@ -118,32 +179,71 @@ std::optional<int> Number(const QCommandLineParser &parser, const QString &optio
     return number;
 }
 
+int DemoOf(const QCommandLineParser &parser, const QString &dsn)
+{
+    const auto users = Number(parser, u"users"_s, 10'000'000);
+    const auto groups = Number(parser, u"groups"_s, 10'000);
+    const auto days = Number(parser, u"days"_s, 10'000);
+    return users && groups && days ? Demo(dsn, {*users, *groups, *days}) : kWrongUse;
+}
+
+struct Command
+{
+    bool takesFile = false;
+    bool takesDsn = true;
+    std::function<int(const QCommandLineParser &, const QString &dsn, const QString &file)> run;
+};
+
+const std::map<QString, Command> &Commands()
+{
+    using Parser = QCommandLineParser;
+    using Text = QString;
+    static const std::map<QString, Command> kCommands {
+        {u"create"_s,
+         {.run = [](const Parser &, const Text &dsn, const Text &) { return Create(dsn); }}},
+        {u"upgrade"_s,
+         {.run =
+              [](const Parser &parser, const Text &dsn, const Text &) {
+                  return Upgrade(
+                      dsn, parser.isSet(u"dry-run"_s) ? UpgradeMode::DryRun : UpgradeMode::Run);
+              }}},
+        {u"demo"_s,
+         {.run = [](const Parser &parser,
+                    const Text &dsn,
+                    const Text &) { return DemoOf(parser, dsn); }}},
+        {u"check"_s,
+         {.run = [](const Parser &, const Text &dsn, const Text &) { return Check(dsn); }}},
+        {u"backup"_s, {.takesFile = true, .run = Backup}},
+        {u"restore"_s, {.takesFile = true, .run = RestoreFrom}},
+        {u"copy"_s,
+         {.takesDsn = false,
+          .run = [](const Parser &parser, const Text &, const Text &) { return Copy(parser); }}},
+    };
+    return kCommands;
+}
+
 int RunCommand(const QCommandLineParser &parser)
 {
     const QString dsn = parser.value(u"dsn"_s);
-    const QStringList commands = parser.positionalArguments();
-    if (commands.size() != 1 || dsn.isEmpty()) {
+    const QStringList words = parser.positionalArguments();
+    const auto found = Commands().find(words.value(0));
+    if (!words.isEmpty() && found == Commands().end()) {
+        PrintError(u"There is no command \"%1\"; see --help."_s.arg(words.first()));
+        return kWrongUse;
+    }
+    if (words.isEmpty() || (found->second.takesDsn && dsn.isEmpty())) {
         PrintError(
             u"Name one command and the data source, as in: tollbrook-db create --dsn bill"_s);
         return kWrongUse;
     }
-    if (commands.first() == u"create"_s) {
-        return Create(dsn);
+    const auto &[name, command] = *found;
+    if (words.size() != (command.takesFile ? 2 : 1)) {
+        PrintError(command.takesFile
+                       ? u"Name one file, as in: tollbrook-db %1 FILE --dsn bill"_s.arg(name)
+                       : u"\"%1\" takes options only; see --help."_s.arg(name));
+        return kWrongUse;
     }
-    if (commands.first() == u"upgrade"_s) {
-        return Upgrade(dsn, parser.isSet(u"dry-run"_s) ? UpgradeMode::DryRun : UpgradeMode::Run);
-    }
-    if (commands.first() == u"check"_s) {
-        return Check(dsn);
-    }
-    if (commands.first() == u"demo"_s) {
-        const auto users = Number(parser, u"users"_s, 10'000'000);
-        const auto groups = Number(parser, u"groups"_s, 10'000);
-        const auto days = Number(parser, u"days"_s, 10'000);
-        return users && groups && days ? Demo(dsn, {*users, *groups, *days}) : kWrongUse;
-    }
-    PrintError(u"There is no command \"%1\"; see --help."_s.arg(commands.first()));
-    return kWrongUse;
+    return command.run(parser, dsn, words.value(1));
 }
 
 } // namespace
@@ -152,15 +252,25 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows too large is a failure to be told
     QCoreApplication::setApplicationName(u"tollbrook-db"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(TB_VERSION));
     QCommandLineParser parser;
     parser.setApplicationDescription(kDescription);
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument(u"command"_s, u"create, upgrade, demo or check"_s);
+    parser.addPositionalArgument(u"command"_s,
+                                 u"create, upgrade, demo, check, backup, restore or copy"_s);
     parser.addOptions({{u"dsn"_s, u"The ODBC data source."_s, u"NAME"_s},
-                       {u"dry-run"_s, u"upgrade: only tell what would be done."_s},
+                       {u"from"_s, u"copy: the data source to read."_s, u"NAME"_s},
+                       {u"to"_s, u"copy: the data source to fill."_s, u"NAME"_s},
+                       {u"dry-run"_s, u"upgrade, restore, copy: only tell what would be done."_s},
+                       {u"force"_s, u"backup: replace a file that is there already."_s},
+                       {u"config"_s,
+                        u"backup: the folder with the settings ($TOLLBROOK_CONFIG, else "
+                        "/etc/tollbrook); restore: the folder to put them in."_s,
+                        u"FOLDER"_s},
+                       {u"no-settings"_s, u"backup: leave the settings out."_s},
                        {u"users"_s, u"demo: how many users."_s, u"N"_s, u"250"_s},
                        {u"groups"_s, u"demo: how many groups."_s, u"N"_s, u"12"_s},
                        {u"days"_s, u"demo: days of usage up to today."_s, u"N"_s, u"90"_s}});

@@ -1,0 +1,125 @@
+// The tool killed at any moment: its source is never harmed, and what it was making is whole or refused by
+// name. TB_LONG_RUN=1 has a hundred kills of each kind instead of a few.
+#include "db/demo_data.h"
+#include "db/direct_connection.h"
+#include "db/schema.h"
+#include "db/schema_version.h"
+#include "support/core/engine_fixture.h"
+#include "support/core/test_data_source.h"
+#include "upkeep/backup_rows.h"
+#include "upkeep/restore.h"
+#include "upkeep/spare_database.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QRandomGenerator>
+
+#include <ctime>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto kQuiet = [](const QString &) {};
+
+int Kills()
+{
+    return qEnvironmentVariableIntValue("TB_LONG_RUN") != 0 ? 100 : 6;
+}
+
+void RunTool(const QStringList &arguments, std::optional<qint64> killedAfter)
+{
+    QProcess tool;
+    tool.start(QStringLiteral(TB_DATABASE_TOOL), arguments);
+    ASSERT_TRUE(tool.waitForStarted());
+    if (killedAfter && !tool.waitForFinished(int(*killedAfter))) {
+        tool.kill();
+    }
+    ASSERT_TRUE(tool.waitForFinished(60'000));
+    if (!killedAfter) {
+        EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().constData();
+    }
+}
+
+// How long the tool takes when it is left alone, in milliseconds.
+qint64 TimeOf(const QStringList &arguments)
+{
+    QElapsedTimer timer;
+    timer.start();
+    RunTool(arguments, std::nullopt);
+    return timer.elapsed();
+}
+
+class Killed : public EngineFixture
+{
+protected:
+    void SetUp() override
+    {
+        EngineFixture::SetUp();
+        ASSERT_EQ(FillWithDemoData(Dsn(), {60, 5, 20}, kQuiet), std::nullopt);
+        before = EveryRowOf(Dsn());
+    }
+
+    QStringList before;
+    QTemporaryDir files;
+    QRandomGenerator chance {20};
+};
+TB_ON_EVERY_ENGINE(Killed);
+
+TEST_P(Killed, ABackupIsThereAsAWholeOrNotAtAll)
+{
+    const auto command = [&](const QString &file) {
+        return QStringList {u"backup"_s, file, u"--dsn"_s, Dsn(), u"--no-settings"_s};
+    };
+    const qint64 whole = TimeOf(command(files.filePath(u"first"_s)));
+    int made = 0;
+    for (int run = 0; run < Kills(); ++run) {
+        const QString file = files.filePath(QString::number(run));
+        RunTool(command(file), chance.bounded(whole + whole / 4));
+        if (QFile::exists(file)) {
+            ++made;
+            EXPECT_TRUE(BackupRows::Open(file));
+        }
+    }
+    EXPECT_LT(made, Kills());
+    EXPECT_EQ(EveryRowOf(Dsn()), before);
+}
+
+// A server may go on for a moment with what the tool had sent before it was killed.
+void AwaitNobody(const QString &dsn)
+{
+    const QDeadlineTimer patience(20'000);
+    Told<void> tried;
+    do {
+        tried = CopyDatabase({u"none"_s, dsn}, kQuiet);
+    } while (tried.error().contains(u"connected"_s) && !patience.hasExpired());
+}
+
+TEST_P(Killed, ACopyIsWholeOrRefused)
+{
+    const QString there = SpareDatabase(Engine(), u"spare"_s);
+    const QStringList command {u"copy"_s, u"--from"_s, Dsn(), u"--to"_s, there};
+    const qint64 whole = TimeOf(command);
+    int refused = 0;
+    for (int run = 0; run < Kills(); ++run) {
+        ASSERT_EQ(SpareDatabase(Engine(), u"spare"_s), there);
+        RunTool(command, chance.bounded(whole + whole / 4));
+        AwaitNobody(there);
+        DirectConnection database;
+        ASSERT_TRUE(database.Open(there));
+        const auto version = SchemaVersionOf(database);
+        const bool isEmpty = !ExistingTable(database);
+        database.Close();
+        ASSERT_TRUE(version);
+        if (isEmpty || AgeOf(*version) == SchemaAge::Incomplete) {
+            ++refused;
+            const auto again = CopyDatabase({Dsn(), there}, kQuiet);
+            ASSERT_TRUE(again) << qPrintable(again.error());
+        }
+        EXPECT_EQ(EveryRowOf(there), before);
+    }
+    EXPECT_GT(refused, 0);
+    EXPECT_EQ(EveryRowOf(Dsn()), before);
+}
+
+} // namespace
