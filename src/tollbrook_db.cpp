@@ -12,9 +12,9 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
+#include <algorithm>
 #include <clocale>
 #include <csignal>
-#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -62,8 +62,20 @@ void PrintError(const QString &text)
     QTextStream(stderr) << "tollbrook-db: " << text << '\n';
 }
 
-int Create(const QString &dsn)
+// What stands in the command line.
+struct Call
 {
+    const QCommandLineParser &parser;
+    QString dsn;
+    QString file;
+
+    [[nodiscard]] bool Has(const QString &option) const { return parser.isSet(option); }
+    [[nodiscard]] QString Value(const QString &option) const { return parser.value(option); }
+};
+
+int Create(const Call &call)
+{
+    const QString &dsn = call.dsn;
     if (const auto problem = CreateSchema(dsn)) {
         PrintError(*problem);
         return kFailed;
@@ -73,8 +85,10 @@ int Create(const QString &dsn)
     return kDone;
 }
 
-int Upgrade(const QString &dsn, UpgradeMode mode)
+int Upgrade(const Call &call)
 {
+    const QString &dsn = call.dsn;
+    const UpgradeMode mode = call.Has(u"dry-run"_s) ? UpgradeMode::DryRun : UpgradeMode::Run;
     const UpgradeOutcome outcome = UpgradeSchema(dsn, mode, Print);
     if (outcome.end != UpgradeOutcome::End::Done) {
         PrintError(outcome.problem);
@@ -98,8 +112,9 @@ int Demo(const QString &dsn, const DemoSize &size)
     return kDone;
 }
 
-int Check(const QString &dsn)
+int Check(const Call &call)
 {
+    const QString &dsn = call.dsn;
     const CheckResult result = CheckDatabase(dsn);
     for (const QString &finding : result.findings) {
         Print(finding);
@@ -127,18 +142,19 @@ int Report(const Told<void> &done, const QString &success)
     return kDone;
 }
 
-int Backup(const QCommandLineParser &parser, const QString &dsn, const QString &file)
+int Backup(const Call &call)
 {
-    BackupWish wish {dsn, file, ConfigFolder(parser.value(u"config"_s)), parser.isSet(u"force"_s)};
-    if (parser.isSet(u"no-settings"_s)) {
+    BackupWish wish {
+        call.dsn, call.file, ConfigFolder(call.Value(u"config"_s)), call.Has(u"force"_s)};
+    if (call.Has(u"no-settings"_s)) {
         wish.configFolder.reset();
     }
-    return Report(MakeBackup(wish, Print), u"The backup is in %1."_s.arg(file));
+    return Report(MakeBackup(wish, Print), u"The backup is in %1."_s.arg(call.file));
 }
 
-FillMode ModeOf(const QCommandLineParser &parser)
+FillMode ModeOf(const Call &call)
 {
-    return parser.isSet(u"dry-run"_s) ? FillMode::DryRun : FillMode::Run;
+    return call.Has(u"dry-run"_s) ? FillMode::DryRun : FillMode::Run;
 }
 
 QString FilledText(FillMode mode, const QString &dsn)
@@ -148,18 +164,18 @@ QString FilledText(FillMode mode, const QString &dsn)
         : u"The database of \"%1\" holds the same rows as its source."_s.arg(dsn);
 }
 
-int RestoreFrom(const QCommandLineParser &parser, const QString &dsn, const QString &file)
+int RestoreFrom(const Call &call)
 {
-    RestoreWish wish {file, dsn, std::nullopt, ModeOf(parser)};
-    if (parser.isSet(u"config"_s)) {
-        wish.configFolder = parser.value(u"config"_s);
+    RestoreWish wish {call.file, call.dsn, std::nullopt, ModeOf(call)};
+    if (call.Has(u"config"_s)) {
+        wish.configFolder = call.Value(u"config"_s);
     }
-    return Report(Restore(wish, Print), FilledText(wish.mode, dsn));
+    return Report(Restore(wish, Print), FilledText(wish.mode, wish.dsn));
 }
 
-int Copy(const QCommandLineParser &parser)
+int Copy(const Call &call)
 {
-    const CopyWish wish {parser.value(u"from"_s), parser.value(u"to"_s), ModeOf(parser)};
+    const CopyWish wish {call.Value(u"from"_s), call.Value(u"to"_s), ModeOf(call)};
     if (wish.from.isEmpty() || wish.to.isEmpty()) {
         PrintError(u"Name both data sources, as in: tollbrook-db copy --from bill --to server"_s);
         return kWrongUse;
@@ -179,71 +195,79 @@ std::optional<int> Number(const QCommandLineParser &parser, const QString &optio
     return number;
 }
 
-int DemoOf(const QCommandLineParser &parser, const QString &dsn)
+int DemoOf(const Call &call)
 {
-    const auto users = Number(parser, u"users"_s, 10'000'000);
-    const auto groups = Number(parser, u"groups"_s, 10'000);
-    const auto days = Number(parser, u"days"_s, 10'000);
-    return users && groups && days ? Demo(dsn, {*users, *groups, *days}) : kWrongUse;
+    const auto users = Number(call.parser, u"users"_s, 10'000'000);
+    const auto groups = Number(call.parser, u"groups"_s, 10'000);
+    const auto days = Number(call.parser, u"days"_s, 10'000);
+    return users && groups && days ? Demo(call.dsn, {*users, *groups, *days}) : kWrongUse;
 }
 
 struct Command
 {
+    const char *name;
+    int (*run)(const Call &call);
+    QStringList options; // that it takes
     bool takesFile = false;
-    bool takesDsn = true;
-    std::function<int(const QCommandLineParser &, const QString &dsn, const QString &file)> run;
 };
 
-const std::map<QString, Command> &Commands()
+const Command *CommandOf(const QString &name)
 {
-    using Parser = QCommandLineParser;
-    using Text = QString;
-    static const std::map<QString, Command> kCommands {
-        {u"create"_s,
-         {.run = [](const Parser &, const Text &dsn, const Text &) { return Create(dsn); }}},
-        {u"upgrade"_s,
-         {.run =
-              [](const Parser &parser, const Text &dsn, const Text &) {
-                  return Upgrade(
-                      dsn, parser.isSet(u"dry-run"_s) ? UpgradeMode::DryRun : UpgradeMode::Run);
-              }}},
-        {u"demo"_s,
-         {.run = [](const Parser &parser,
-                    const Text &dsn,
-                    const Text &) { return DemoOf(parser, dsn); }}},
-        {u"check"_s,
-         {.run = [](const Parser &, const Text &dsn, const Text &) { return Check(dsn); }}},
-        {u"backup"_s, {.takesFile = true, .run = Backup}},
-        {u"restore"_s, {.takesFile = true, .run = RestoreFrom}},
-        {u"copy"_s,
-         {.takesDsn = false,
-          .run = [](const Parser &parser, const Text &, const Text &) { return Copy(parser); }}},
-    };
-    return kCommands;
+    static const QStringList kDsn {u"dsn"_s};
+    static const Command kCommands[] = {
+        {"create", Create, kDsn},
+        {"upgrade", Upgrade, kDsn + QStringList {u"dry-run"_s}},
+        {"demo", DemoOf, kDsn + QStringList {u"users"_s, u"groups"_s, u"days"_s}},
+        {"check", Check, kDsn},
+        {"backup", Backup, kDsn + QStringList {u"force"_s, u"config"_s, u"no-settings"_s}, true},
+        {"restore", RestoreFrom, kDsn + QStringList {u"dry-run"_s, u"config"_s}, true},
+        {"copy", Copy, {u"from"_s, u"to"_s, u"dry-run"_s}}};
+    const auto *const found =
+        std::find_if(std::begin(kCommands), std::end(kCommands), [&](const Command &command) {
+            return name == QLatin1StringView(command.name);
+        });
+    return found == std::end(kCommands) ? nullptr : found;
+}
+
+// What is missing or too much; empty when the command can be run.
+QString WrongUse(const Command &command, const Call &call)
+{
+    const QString name = QString::fromLatin1(command.name);
+    if (command.options.contains(u"dsn"_s) && call.dsn.isEmpty()) {
+        return u"Name one command and the data source, as in: tollbrook-db create --dsn bill"_s;
+    }
+    for (const QString &option : call.parser.optionNames()) {
+        if (!command.options.contains(option)) {
+            return u"\"%1\" does not take --%2; see --help."_s.arg(name, option);
+        }
+    }
+    if (call.parser.positionalArguments().size() != (command.takesFile ? 2 : 1)) {
+        return command.takesFile
+            ? u"Name one file, as in: tollbrook-db %1 FILE --dsn bill"_s.arg(name)
+            : u"\"%1\" takes options only; see --help."_s.arg(name);
+    }
+    return {};
 }
 
 int RunCommand(const QCommandLineParser &parser)
 {
-    const QString dsn = parser.value(u"dsn"_s);
     const QStringList words = parser.positionalArguments();
-    const auto found = Commands().find(words.value(0));
-    if (!words.isEmpty() && found == Commands().end()) {
-        PrintError(u"There is no command \"%1\"; see --help."_s.arg(words.first()));
-        return kWrongUse;
-    }
-    if (words.isEmpty() || (found->second.takesDsn && dsn.isEmpty())) {
+    if (words.isEmpty()) {
         PrintError(
             u"Name one command and the data source, as in: tollbrook-db create --dsn bill"_s);
         return kWrongUse;
     }
-    const auto &[name, command] = *found;
-    if (words.size() != (command.takesFile ? 2 : 1)) {
-        PrintError(command.takesFile
-                       ? u"Name one file, as in: tollbrook-db %1 FILE --dsn bill"_s.arg(name)
-                       : u"\"%1\" takes options only; see --help."_s.arg(name));
+    const Command *const command = CommandOf(words.first());
+    if (command == nullptr) {
+        PrintError(u"There is no command \"%1\"; see --help."_s.arg(words.first()));
         return kWrongUse;
     }
-    return command.run(parser, dsn, words.value(1));
+    const Call call {parser, parser.value(u"dsn"_s), words.value(1)};
+    if (const QString wrong = WrongUse(*command, call); !wrong.isEmpty()) {
+        PrintError(wrong);
+        return kWrongUse;
+    }
+    return command->run(call);
 }
 
 } // namespace

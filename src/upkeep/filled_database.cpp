@@ -8,6 +8,9 @@
 #include "upkeep/table_scripts.h"
 #include "upkeep/table_sum.h"
 
+#include <QDeadlineTimer>
+#include <QThread>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -39,6 +42,19 @@ QString Difference(const TableShape &shape, const RowBlock &source, const RowBlo
     return u"The table \"%1\" is not the same as its source."_s.arg(shape.name);
 }
 
+// A server still tells for a moment of a connection that has just ended.
+std::optional<QStringList> OthersWhoStay(DirectConnection &database)
+{
+    const QDeadlineTimer patience(std::chrono::seconds(2));
+    for (;;) {
+        auto others = OthersConnected(database);
+        if (!others || others->isEmpty() || patience.hasExpired()) {
+            return others;
+        }
+        QThread::msleep(50);
+    }
+}
+
 } // namespace
 
 Told<std::unique_ptr<FilledDatabase>> FilledDatabase::Open(const QString &dsn)
@@ -58,7 +74,7 @@ Told<void> FilledDatabase::Begin(const QString &dsn)
         return tl::unexpected(
             u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error()));
     }
-    const auto others = OthersConnected(database);
+    const auto others = OthersWhoStay(database);
     if (!others) {
         return tl::unexpected(
             u"Who is connected to \"%1\" cannot be told: %2"_s.arg(dsn, database.Error()));
