@@ -218,6 +218,15 @@ constexpr Check kChecks[] = {
 
 } // namespace
 
+QStringList CheckSentences()
+{
+    QStringList sentences;
+    for (const Check &check : kChecks) {
+        sentences << QString::fromUtf8(check.sentence);
+    }
+    return sentences;
+}
+
 CheckResult CheckDatabase(const QString &dsn)
 {
     CheckResult result;

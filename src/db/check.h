@@ -18,5 +18,8 @@ struct CheckResult
         false; // since the tables are of a newer version than the program, or not whole
 };
 
+// What each finding and each note says behind its count.
+[[nodiscard]] QStringList CheckSentences();
+
 // Looks through the whole database of the data source and changes nothing.
 [[nodiscard]] CheckResult CheckDatabase(const QString &dsn);

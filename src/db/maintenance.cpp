@@ -114,17 +114,18 @@ std::optional<QStringList> OthersConnected(DirectConnection &database)
     return others;
 }
 
+bool KeepOthersOut(DirectConnection &database)
+{
+    return &database.Engine() != &kSqlite
+        || RunAll(database,
+                  {u"PRAGMA locking_mode = EXCLUSIVE"_s, u"BEGIN EXCLUSIVE"_s, u"COMMIT"_s});
+}
+
 bool PrepareForLoading(DirectConnection &database)
 {
-    if (&database.Engine() == &kPostgresql) {
-        return true;
-    }
-    if (&database.Engine() == &kMariadb) {
-        // A cut text is a failure, and the number 0 is one as any other.
-        return database.Run(u"SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_AUTO_VALUE_ON_ZERO'"_s);
-    }
-    return RunAll(database,
-                  {u"PRAGMA locking_mode = EXCLUSIVE"_s, u"BEGIN EXCLUSIVE"_s, u"COMMIT"_s});
+    // A cut text is a failure, and the number 0 is one as any other.
+    return &database.Engine() != &kMariadb
+        || database.Run(u"SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_AUTO_VALUE_ON_ZERO'"_s);
 }
 
 std::optional<qint64> NextNumber(DirectConnection &database, const TableShape &table)

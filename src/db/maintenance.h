@@ -13,8 +13,11 @@
 // of this one may see.
 [[nodiscard]] std::optional<QStringList> OthersConnected(DirectConnection &database);
 
-// Has the connection take rows with their numbers as they are. The embedded engine then lets nobody else
-// in until the connection ends, and it fails where somebody is.
+// Lets nobody else in until the connection ends, where the engine can: the embedded one, where it fails
+// while somebody is.
+[[nodiscard]] bool KeepOthersOut(DirectConnection &database);
+
+// Has the connection take rows with their numbers as they are, and nothing that it would have to change.
 [[nodiscard]] bool PrepareForLoading(DirectConnection &database);
 
 // The number that the engine gives the next row of a table that it numbers; nothing when it cannot be read.

@@ -5,11 +5,9 @@
 #include "db/schema_version.h"
 #include "db/table_reader.h"
 #include "db/table_writer.h"
+#include "upkeep/nobody_else.h"
 #include "upkeep/table_scripts.h"
 #include "upkeep/table_sum.h"
-
-#include <QDeadlineTimer>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -42,19 +40,6 @@ QString Difference(const TableShape &shape, const RowBlock &source, const RowBlo
     return u"The table \"%1\" is not the same as its source."_s.arg(shape.name);
 }
 
-// A server still tells for a moment of a connection that has just ended.
-std::optional<QStringList> OthersWhoStay(DirectConnection &database)
-{
-    const QDeadlineTimer patience(std::chrono::seconds(2));
-    for (;;) {
-        auto others = OthersConnected(database);
-        if (!others || others->isEmpty() || patience.hasExpired()) {
-            return others;
-        }
-        QThread::msleep(50);
-    }
-}
-
 } // namespace
 
 Told<std::unique_ptr<FilledDatabase>> FilledDatabase::Open(const QString &dsn)
@@ -74,15 +59,8 @@ Told<void> FilledDatabase::Begin(const QString &dsn)
         return tl::unexpected(
             u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error()));
     }
-    const auto others = OthersWhoStay(database);
-    if (!others) {
-        return tl::unexpected(
-            u"Who is connected to \"%1\" cannot be told: %2"_s.arg(dsn, database.Error()));
-    }
-    if (!others->isEmpty()) {
-        return tl::unexpected(
-            u"Others are connected to the database of \"%1\". End them first:\n%2"_s.arg(
-                dsn, others->join(u'\n')));
+    if (auto alone = NobodyElse(database, dsn); !alone) {
+        return alone;
     }
     const auto version = SchemaVersionOf(database);
     if (!version) {
@@ -100,7 +78,7 @@ Told<void> FilledDatabase::Begin(const QString &dsn)
 
 Told<void> FilledDatabase::Fill(SiteRows &source, const Tell &tell)
 {
-    if (!PrepareForLoading(database)) {
+    if (!KeepOthersOut(database) || !PrepareForLoading(database)) {
         return tl::unexpected<QString>(u"Nobody else may be connected: "_s + database.Error());
     }
     const Site &site = source.About();

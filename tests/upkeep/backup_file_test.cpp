@@ -183,6 +183,8 @@ TEST_F(BackupFiles, TheToolTellsWhatIsMissing)
         {u"restore a b --dsn x"_s, u"Name one file"_s},
         {u"backup a"_s, u"Name one command and the data source"_s},
         {u"copy --from x"_s, u"Name both data sources"_s},
+        {u"check --repair --dsn x"_s, u"Name a file for the backup"_s},
+        {u"copy --from x --to y --force"_s, u"\"copy\" does not take --force"_s},
         {u"check a --dsn x"_s, u"takes options only"_s}};
     for (const auto &[arguments, problem] : cases) {
         const Ended ended = RunShell(tool + u' ' + arguments);
