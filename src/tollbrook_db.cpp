@@ -17,7 +17,8 @@ Commands:
   create   makes the tables, their indexes and first rows, and prints the section
            of odbc.ini with the options that matter
   upgrade  brings the tables of an older version up to date and keeps what they hold;
-           with --dry-run it only tells the versions and the steps
+           with --dry-run it only tells the versions and the steps; refused while the
+           service or anybody else is connected, unless with --while-connected
   demo     fills a database without users with demonstration data
   check    reports rows that point nowhere or contradict each other; what the
            console leaves behind by design, such as records of a deleted user,
@@ -59,6 +60,7 @@ int main(int argc, char **argv)
          {u"from"_s, u"copy: the data source to read."_s, u"NAME"_s},
          {u"to"_s, u"copy: the data source to fill."_s, u"NAME"_s},
          {u"dry-run"_s, u"upgrade, restore, copy, check --repair: only tell what would be done."_s},
+         {u"while-connected"_s, u"upgrade: although others are connected to the database."_s},
          {u"repair"_s, u"check: mend what can be mended without loss."_s},
          {u"backup"_s, u"check --repair: the file for the backup before it."_s, u"FILE"_s},
          {u"force"_s, u"backup: replace a file that is there already."_s},

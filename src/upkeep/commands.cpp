@@ -7,6 +7,7 @@
 #include "db/schema.h"
 #include "db/schema_upgrade.h"
 #include "upkeep/backup.h"
+#include "upkeep/nobody_else.h"
 #include "upkeep/repair.h"
 #include "upkeep/restore.h"
 
@@ -53,6 +54,12 @@ int Upgrade(const Call &call)
 {
     const QString &dsn = call.dsn;
     const UpgradeMode mode = call.Has(u"dry-run"_s) ? UpgradeMode::DryRun : UpgradeMode::Run;
+    if (mode == UpgradeMode::Run && !call.Has(u"while-connected"_s)) {
+        if (const auto alone = NobodyNeedsOlderTables(dsn); !alone) {
+            PrintError(alone.error() + u"\nOr upgrade all the same, with --while-connected."_s);
+            return kFailed;
+        }
+    }
     const UpgradeOutcome outcome = UpgradeSchema(dsn, mode, Print);
     if (outcome.end != UpgradeOutcome::End::Done) {
         PrintError(outcome.problem);
@@ -209,7 +216,7 @@ const Command *CommandOf(const QString &name)
     static const QStringList kDsn {u"dsn"_s};
     static const Command kCommands[] = {
         {"create", Create, kDsn},
-        {"upgrade", Upgrade, kDsn + QStringList {u"dry-run"_s}},
+        {"upgrade", Upgrade, kDsn + QStringList {u"dry-run"_s, u"while-connected"_s}},
         {"demo", DemoOf, kDsn + QStringList {u"users"_s, u"groups"_s, u"days"_s}},
         {"check",
          Check,

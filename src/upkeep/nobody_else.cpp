@@ -1,6 +1,7 @@
 #include "upkeep/nobody_else.h"
 
 #include "db/maintenance.h"
+#include "db/schema_version.h"
 
 #include <QDeadlineTimer>
 #include <QThread>
@@ -37,4 +38,12 @@ Told<void> NobodyElse(DirectConnection &database, const QString &dsn)
                 dsn, others->join(u'\n')));
     }
     return {};
+}
+
+Told<void> NobodyNeedsOlderTables(const QString &dsn)
+{
+    DirectConnection database;
+    const auto version = database.Open(dsn) ? SchemaVersionOf(database) : std::nullopt;
+    return version && AgeOf(*version) == SchemaAge::Older ? NobodyElse(database, dsn)
+                                                          : Told<void>();
 }

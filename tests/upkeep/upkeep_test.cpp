@@ -12,6 +12,7 @@
 #include "support/core/test_data_source.h"
 #include "upkeep/backup.h"
 #include "upkeep/filled_database.h"
+#include "upkeep/nobody_else.h"
 #include "upkeep/restore.h"
 #include "upkeep/spare_database.h"
 
@@ -274,8 +275,18 @@ TEST_P(Upkeep, AnOlderSiteStaysOfItsVersion)
     const auto copied = CopyDatabase({older, there}, [&](const QString &line) { told << line; });
     ASSERT_TRUE(copied) << qPrintable(copied.error());
     EXPECT_EQ(told.last(), OlderSchemaText(0, there));
+    EXPECT_TRUE(NobodyNeedsOlderTables(there));
+    if (Engine() != u"sqlite"_s) { // it tells of other processes only
+        DirectConnection other;
+        ASSERT_TRUE(other.Open(there));
+        EXPECT_THAT(NobodyNeedsOlderTables(there).error().toStdString(),
+                    testing::HasSubstr("Others are connected"));
+    }
     const UpgradeOutcome upgraded = UpgradeSchema(there, UpgradeMode::Run, kQuiet);
     EXPECT_EQ(upgraded.problem, QString());
+    DirectConnection present;
+    ASSERT_TRUE(present.Open(there));
+    EXPECT_TRUE(NobodyNeedsOlderTables(there)); // nothing is left to upgrade
     EXPECT_EQ(CheckDatabase(there).failure, std::nullopt);
 }
 
