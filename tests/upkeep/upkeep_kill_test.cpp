@@ -52,6 +52,18 @@ qint64 TimeOf(const QStringList &arguments)
     return timer.elapsed();
 }
 
+// A server may go on for a moment with what the tool had sent before it was killed.
+void AwaitNobody(const QString &dsn)
+{
+    const QDeadlineTimer patience(20'000);
+    bool isFree = false;
+    while (!isFree && !patience.hasExpired()) {
+        const auto opened = FilledDatabase::Open(dsn);
+        isFree = opened || !opened.error().contains(u"connected"_s);
+    }
+    EXPECT_TRUE(isFree);
+}
+
 class Killed : public EngineFixture
 {
 protected:
@@ -60,6 +72,36 @@ protected:
         EngineFixture::SetUp();
         ASSERT_EQ(FillWithDemoData(Dsn(), {60, 5, 20}, kQuiet), std::nullopt);
         before = EveryRowOf(Dsn());
+    }
+
+    // The command fills `there`, which is empty again before each run.
+    void ExpectWholeOrRefused(const QStringList &command, const QString &there)
+    {
+        const qint64 whole = TimeOf(command);
+        int refused = 0;
+        for (int run = 0; run < Kills(); ++run) {
+            ASSERT_EQ(SpareDatabase(Engine(), u"spare"_s), there);
+            RunTool(command, chance.bounded(whole + whole / 4));
+            AwaitNobody(there);
+            if (!IsWhole(there)) {
+                ++refused;
+                const auto again = CopyDatabase({Dsn(), there}, kQuiet);
+                ASSERT_TRUE(again) << qPrintable(again.error());
+            }
+            EXPECT_EQ(EveryRowOf(there), before);
+        }
+        EXPECT_GT(refused, 0);
+        EXPECT_EQ(EveryRowOf(Dsn()), before);
+    }
+
+    // False for a database that is empty or says itself that it is not whole.
+    static bool IsWhole(const QString &dsn)
+    {
+        DirectConnection database;
+        EXPECT_TRUE(database.Open(dsn));
+        const auto version = SchemaVersionOf(database);
+        EXPECT_TRUE(version);
+        return ExistingTable(database) && AgeOf(version.value_or(0)) == SchemaAge::Current;
     }
 
     QStringList before;
@@ -87,43 +129,45 @@ TEST_P(Killed, ABackupIsThereAsAWholeOrNotAtAll)
     EXPECT_EQ(EveryRowOf(Dsn()), before);
 }
 
-// A server may go on for a moment with what the tool had sent before it was killed.
-void AwaitNobody(const QString &dsn)
-{
-    const QDeadlineTimer patience(20'000);
-    bool isFree = false;
-    while (!isFree && !patience.hasExpired()) {
-        const auto opened = FilledDatabase::Open(dsn);
-        isFree = opened || !opened.error().contains(u"connected"_s);
-    }
-    EXPECT_TRUE(isFree);
-}
-
 TEST_P(Killed, ACopyIsWholeOrRefused)
 {
     const QString there = SpareDatabase(Engine(), u"spare"_s);
-    const QStringList command {u"copy"_s, u"--from"_s, Dsn(), u"--to"_s, there};
+    ExpectWholeOrRefused({u"copy"_s, u"--from"_s, Dsn(), u"--to"_s, there}, there);
+}
+
+TEST_P(Killed, WhatIsRestoredIsWholeOrRefused)
+{
+    const QString there = SpareDatabase(Engine(), u"spare"_s);
+    const QString file = files.filePath(u"site"_s);
+    RunTool({u"backup"_s, file, u"--dsn"_s, Dsn(), u"--no-settings"_s}, std::nullopt);
+    ExpectWholeOrRefused({u"restore"_s, file, u"--dsn"_s, there}, there);
+    EXPECT_TRUE(BackupRows::Open(file));
+}
+
+TEST_P(Killed, AnUpgradeIsCompletedByTheNextOne)
+{
+    const QString there = SpareDatabase(Engine(), u"spare"_s);
+    ASSERT_TRUE(CopyDatabase({Dsn(), there}, kQuiet));
+    const QStringList command {u"upgrade"_s, u"--dsn"_s, there};
+    const auto makeOlder = [&] {
+        QStringList removals;
+        for (const char *table :
+             {"service_counters", "service_gateways", "credit_use", "schema_version"}) {
+            removals << u"DROP TABLE IF EXISTS "_s + QLatin1StringView(table);
+        }
+        RunOn(there, removals);
+        AwaitNobody(there);
+    };
+    makeOlder();
     const qint64 whole = TimeOf(command);
-    int refused = 0;
     for (int run = 0; run < Kills(); ++run) {
-        ASSERT_EQ(SpareDatabase(Engine(), u"spare"_s), there);
+        makeOlder();
         RunTool(command, chance.bounded(whole + whole / 4));
         AwaitNobody(there);
-        DirectConnection database;
-        ASSERT_TRUE(database.Open(there));
-        const auto version = SchemaVersionOf(database);
-        const bool isEmpty = !ExistingTable(database);
-        database.Close();
-        ASSERT_TRUE(version);
-        if (isEmpty || AgeOf(*version) == SchemaAge::Incomplete) {
-            ++refused;
-            const auto again = CopyDatabase({Dsn(), there}, kQuiet);
-            ASSERT_TRUE(again) << qPrintable(again.error());
-        }
+        RunTool(command, std::nullopt);
         EXPECT_EQ(EveryRowOf(there), before);
+        AwaitNobody(there);
     }
-    EXPECT_GT(refused, 0);
-    EXPECT_EQ(EveryRowOf(Dsn()), before);
 }
 
 } // namespace
