@@ -9,12 +9,40 @@
 #include "upkeep/table_scripts.h"
 #include "upkeep/table_sum.h"
 
+#include <future>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 // Rows that one transaction writes, so that none of them grows without bound.
 constexpr size_t kRowsOfATransaction = 200'000;
+
+// Reads the next block of a table on a thread of its own, while the one before it is worked on.
+class ReadAhead
+{
+public:
+    ReadAhead(SiteRows &rows, size_t tableIndex) : source(rows), table(tableIndex) { Begin(); }
+
+    [[nodiscard]] Told<RowBlock> Next()
+    {
+        Told<RowBlock> block = coming.get();
+        if (block && block->rows > 0) {
+            Begin();
+        }
+        return block;
+    }
+
+private:
+    void Begin()
+    {
+        coming = std::async(std::launch::async, [this] { return source.Next(table); });
+    }
+
+    SiteRows &source;
+    size_t table;
+    std::future<Told<RowBlock>> coming; // waits for the thread when it goes
+};
 
 // The key and the values of the first row that is not the same. The blocks differ.
 QString Difference(const TableShape &shape, const RowBlock &source, const RowBlock &copy)
@@ -143,12 +171,13 @@ Told<void> FilledDatabase::Load(SiteRows &source, size_t index)
 {
     const TableShape &shape = source.About().tables[index].shape;
     TableWriter writer(database, shape);
+    ReadAhead ahead(source, index);
     size_t pending = 0;
     if (!database.Begin()) {
         return tl::unexpected(database.Error());
     }
     for (;;) {
-        const auto block = source.Next(index);
+        const auto block = ahead.Next();
         if (!block) {
             return tl::unexpected(block.error());
         }
@@ -199,9 +228,10 @@ Told<void> FilledDatabase::Compare(SiteRows &source, size_t index, const Tell &t
 {
     const TableShape &shape = source.About().tables[index].shape;
     TableReader reader(database, shape);
+    ReadAhead ahead(source, index);
     TableSum sum;
     for (;;) {
-        const auto wanted = source.Next(index);
+        const auto wanted = ahead.Next();
         if (!wanted) {
             return tl::unexpected(wanted.error());
         }
