@@ -52,8 +52,9 @@ QString TableReader::Query() const
     QStringList names;
     for (const auto &[name, kind] : shape.columns) {
         const QString quoted = Quoted(dialect, name);
-        // The embedded engine's driver cuts amounts at 15 digits, and reads as 0 what is no number.
-        names << (&dialect == &kSqlite && IsNumber(kind) ? u"quote(%1)"_s.arg(quoted) : quoted);
+        // The embedded engine's driver cuts amounts at 15 digits.
+        const bool isCut = &dialect == &kSqlite && kind == ColumnKind::Amount;
+        names << (isCut ? u"quote(%1)"_s.arg(quoted) : quoted);
     }
     QStringList key;
     for (const QString &column : shape.key) {

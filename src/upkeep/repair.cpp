@@ -24,69 +24,65 @@ struct Mend
     std::vector<Change> changes; // of each row
 };
 
-const std::vector<Mend> &Mends()
-{
-    static const std::vector<Mend> kMends {
-        {"SELECT found FROM (SELECT COUNT(*) AS found FROM groups WHERE group_id = 80) e "
-         "WHERE found = 0",
-         "The group \"Everybody\" (80) is made again.",
-         {{"INSERT INTO groups (group_id, name, descrip) "
-           "VALUES (80, 'Everybody', 'Users that belong to no other group')",
-           {}}}},
-        {"SELECT u.user_id, u.group_id, u.username FROM users u "
-         "WHERE NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = u.group_id) "
-         "ORDER BY u.user_id",
-         "User %1 (%3) belonged to the group %2, which does not exist: now to \"Everybody\" (80).",
-         {{"UPDATE users SET group_id = 80 WHERE user_id = ?", {0}}}},
-        {"SELECT (SELECT MIN(f.traf_id) FROM traffic_use f WHERE f.user_id = t.user_id "
-         "AND f.period = t.period AND f.current_time = t.current_time) AS kept, "
-         "t.traf_id, t.user_id, t.current_time, t.data, t.senddata "
-         "FROM traffic_use t WHERE t.period IN (0, 1) AND t.user_id <> 0 "
-         "AND EXISTS (SELECT 1 FROM traffic_use o WHERE o.user_id = t.user_id "
-         "AND o.period = t.period AND o.current_time = t.current_time AND o.traf_id < t.traf_id) "
-         "ORDER BY t.traf_id",
-         "Traffic record %2 of user %3 on %4 (received %5, sent %6) is added to record %1 of the "
-         "same day.",
-         {{"UPDATE traffic_use SET data = data + (SELECT data FROM traffic_use WHERE traf_id = ?), "
-           "senddata = senddata + (SELECT senddata FROM traffic_use WHERE traf_id = ?), "
-           "blocked = (SELECT MAX(blocked) FROM traffic_use WHERE traf_id IN (?, ?)) "
-           "WHERE traf_id = ?",
-           {1, 1, 0, 1, 0}},
-          {"UPDATE billing SET trafid = ? WHERE mode = 1 AND trafid = ?", {0, 1}},
-          {"DELETE FROM traffic_use WHERE traf_id = ?", {1}}}},
-        {"SELECT (SELECT MIN(f.time_id) FROM time_use f WHERE f.user_id = t.user_id "
-         "AND f.period = t.period AND f.current_time = t.current_time) AS kept, "
-         "t.time_id, t.user_id, t.current_time, t.data "
-         "FROM time_use t WHERE t.period IN (0, 1) AND t.user_id <> 0 "
-         "AND EXISTS (SELECT 1 FROM time_use o WHERE o.user_id = t.user_id "
-         "AND o.period = t.period AND o.current_time = t.current_time AND o.time_id < t.time_id) "
-         "ORDER BY t.time_id",
-         "Time record %2 of user %3 on %4 (%5 hours) is added to record %1 of the same day.",
-         {{"UPDATE time_use SET data = data + (SELECT data FROM time_use WHERE time_id = ?), "
-           "blocked = (SELECT MAX(blocked) FROM time_use WHERE time_id IN (?, ?)) "
-           "WHERE time_id = ?",
-           {1, 0, 1, 0}},
-          {"UPDATE billing SET time_id = ? WHERE mode = 4 AND time_id = ?", {0, 1}},
-          {"DELETE FROM time_use WHERE time_id = ?", {1}}}},
-        {"SELECT bill_id FROM billing WHERE mode = 1 AND trafid IS NULL ORDER BY bill_id",
-         "Credit %1 named no traffic record: the service finds it now (0).",
-         {{"UPDATE billing SET trafid = 0 WHERE bill_id = ?", {0}}}},
-        {"SELECT bill_id FROM billing WHERE mode = 4 AND time_id IS NULL ORDER BY bill_id",
-         "Credit %1 named no time record: the service finds it now (0).",
-         {{"UPDATE billing SET time_id = 0 WHERE bill_id = ?", {0}}}},
-        {"SELECT p.pb_id, p.user_id, p.port_id FROM Port_blocked p WHERE p.user_id <> 0 "
-         "AND EXISTS (SELECT 1 FROM Port_blocked o WHERE o.user_id = p.user_id "
-         "AND o.port_id = p.port_id AND COALESCE(o.group_id, 0) = COALESCE(p.group_id, 0) "
-         "AND o.pb_id < p.pb_id) ORDER BY p.pb_id",
-         "Port %3 was denied to user %2 more than once: record %1 is removed.",
-         {{"DELETE FROM Port_blocked WHERE pb_id = ?", {0}}}},
-        {"SELECT version FROM schema_version "
-         "WHERE version < (SELECT MAX(version) FROM schema_version) ORDER BY version",
-         "The version %1 of the tables, which is not the last one, is removed.",
-         {{"DELETE FROM schema_version WHERE version = ?", {0}}}},
-    };
-    return kMends;
-}
+const Mend kMends[] = {
+    {"SELECT found FROM (SELECT COUNT(*) AS found FROM groups WHERE group_id = 80) e "
+     "WHERE found = 0",
+     "The group \"Everybody\" (80) is made again.",
+     {{"INSERT INTO groups (group_id, name, descrip) "
+       "VALUES (80, 'Everybody', 'Users that belong to no other group')",
+       {}}}},
+    {"SELECT u.user_id, u.group_id, u.username FROM users u "
+     "WHERE NOT EXISTS (SELECT 1 FROM groups g WHERE g.group_id = u.group_id) "
+     "ORDER BY u.user_id",
+     "User %1 (%3) belonged to the group %2, which does not exist: now to \"Everybody\" (80).",
+     {{"UPDATE users SET group_id = 80 WHERE user_id = ?", {0}}}},
+    {"SELECT (SELECT MIN(f.traf_id) FROM traffic_use f WHERE f.user_id = t.user_id "
+     "AND f.period = t.period AND f.current_time = t.current_time) AS kept, "
+     "t.traf_id, t.user_id, t.current_time, t.data, t.senddata "
+     "FROM traffic_use t WHERE t.period IN (0, 1) AND t.user_id <> 0 "
+     "AND EXISTS (SELECT 1 FROM traffic_use o WHERE o.user_id = t.user_id "
+     "AND o.period = t.period AND o.current_time = t.current_time AND o.traf_id < t.traf_id) "
+     "ORDER BY t.traf_id",
+     "Traffic record %2 of user %3 on %4 (received %5, sent %6) is added to record %1 of the "
+     "same day.",
+     {{"UPDATE traffic_use SET data = data + (SELECT data FROM traffic_use WHERE traf_id = ?), "
+       "senddata = senddata + (SELECT senddata FROM traffic_use WHERE traf_id = ?), "
+       "blocked = (SELECT MAX(blocked) FROM traffic_use WHERE traf_id IN (?, ?)) "
+       "WHERE traf_id = ?",
+       {1, 1, 0, 1, 0}},
+      {"UPDATE billing SET trafid = ? WHERE mode = 1 AND trafid = ?", {0, 1}},
+      {"DELETE FROM traffic_use WHERE traf_id = ?", {1}}}},
+    {"SELECT (SELECT MIN(f.time_id) FROM time_use f WHERE f.user_id = t.user_id "
+     "AND f.period = t.period AND f.current_time = t.current_time) AS kept, "
+     "t.time_id, t.user_id, t.current_time, t.data "
+     "FROM time_use t WHERE t.period IN (0, 1) AND t.user_id <> 0 "
+     "AND EXISTS (SELECT 1 FROM time_use o WHERE o.user_id = t.user_id "
+     "AND o.period = t.period AND o.current_time = t.current_time AND o.time_id < t.time_id) "
+     "ORDER BY t.time_id",
+     "Time record %2 of user %3 on %4 (%5 hours) is added to record %1 of the same day.",
+     {{"UPDATE time_use SET data = data + (SELECT data FROM time_use WHERE time_id = ?), "
+       "blocked = (SELECT MAX(blocked) FROM time_use WHERE time_id IN (?, ?)) "
+       "WHERE time_id = ?",
+       {1, 0, 1, 0}},
+      {"UPDATE billing SET time_id = ? WHERE mode = 4 AND time_id = ?", {0, 1}},
+      {"DELETE FROM time_use WHERE time_id = ?", {1}}}},
+    {"SELECT bill_id FROM billing WHERE mode = 1 AND trafid IS NULL ORDER BY bill_id",
+     "Credit %1 named no traffic record: the service finds it now (0).",
+     {{"UPDATE billing SET trafid = 0 WHERE bill_id = ?", {0}}}},
+    {"SELECT bill_id FROM billing WHERE mode = 4 AND time_id IS NULL ORDER BY bill_id",
+     "Credit %1 named no time record: the service finds it now (0).",
+     {{"UPDATE billing SET time_id = 0 WHERE bill_id = ?", {0}}}},
+    {"SELECT p.pb_id, p.user_id, p.port_id FROM Port_blocked p WHERE p.user_id <> 0 "
+     "AND EXISTS (SELECT 1 FROM Port_blocked o WHERE o.user_id = p.user_id "
+     "AND o.port_id = p.port_id AND COALESCE(o.group_id, 0) = COALESCE(p.group_id, 0) "
+     "AND o.pb_id < p.pb_id) ORDER BY p.pb_id",
+     "Port %3 was denied to user %2 more than once: record %1 is removed.",
+     {{"DELETE FROM Port_blocked WHERE pb_id = ?", {0}}}},
+    {"SELECT version FROM schema_version "
+     "WHERE version < (SELECT MAX(version) FROM schema_version) ORDER BY version",
+     "The version %1 of the tables, which is not the last one, is removed.",
+     {{"DELETE FROM schema_version WHERE version = ?", {0}}}},
+};
 
 QString Spelled(const DirectConnection &database, const char *statement)
 {
@@ -121,7 +117,7 @@ bool ChangeRow(DirectConnection &database, const Mend &mend, const QStringList &
 Told<int> MendAll(DirectConnection &database, RepairMode mode, const Tell &tell)
 {
     int mended = 0;
-    for (const Mend &mend : Mends()) {
+    for (const Mend &mend : kMends) {
         const auto rows = database.Rows(Spelled(database, mend.rows));
         if (!rows) {
             return tl::unexpected(database.Error());
