@@ -10,7 +10,7 @@ export ODBCINI=$demo/odbc.ini
 # Makes what is not there yet; what is there stays as the administrator left it, with the newest tables.
 make_demo() {
     if [ -f "$demo/complete" ]; then
-        "$programs/tollbrook-db" upgrade --dsn tollbrook-demo >>"$demo/database.log"
+        "$programs/tollbrook-db" upgrade --while-connected --dsn tollbrook-demo >>"$demo/database.log"
         return
     fi
     rm -rf "$demo"

@@ -31,7 +31,10 @@ KEPT = {"app/administrator_app.h": ["app"],
         "db/session.h": ["db", "startup"],
         "db/write.h": ["db", "actions", "metering"],
         "db/row_writer.h": ["db"],
-        "db/direct_connection.h": ["db"]}
+        "db/direct_connection.h": ["db", "upkeep"],
+        "db/maintenance.h": ["db", "upkeep"],
+        "db/table_reader.h": ["db", "upkeep"],
+        "db/table_writer.h": ["db", "upkeep"]}
 
 
 def layer(path):

@@ -218,6 +218,15 @@ constexpr Check kChecks[] = {
 
 } // namespace
 
+QStringList CheckSentences()
+{
+    QStringList sentences;
+    for (const Check &check : kChecks) {
+        sentences << QString::fromUtf8(check.sentence);
+    }
+    return sentences;
+}
+
 CheckResult CheckDatabase(const QString &dsn)
 {
     CheckResult result;
@@ -232,14 +241,13 @@ CheckResult CheckDatabase(const QString &dsn)
         result.failure = Words::tr("A check of \"%1\" failed: %2").arg(dsn, database.Error());
         return result;
     }
-    const auto other = OtherSchemaText(*version, dsn);
-    result.isNewer = AgeOf(*version) == SchemaAge::Newer;
-    if (result.isNewer) {
-        result.failure = other;
+    result.failure = RefusedSchemaText(*version);
+    result.isRefused = result.failure.has_value();
+    if (result.isRefused) {
         return result;
     }
-    if (other) {
-        result.notes << *other;
+    if (const auto older = OtherSchemaText(*version, dsn)) {
+        result.notes << *older;
     }
     for (const Check &check : kChecks) {
         if (check.since > *version) {

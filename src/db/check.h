@@ -14,8 +14,12 @@ struct CheckResult
     // are of an older version, of which those that it has are checked.
     QStringList notes;
     std::optional<QString> failure; // why the check could not be completed
-    bool isNewer = false; // since the tables are of a newer version than the program
+    bool isRefused =
+        false; // since the tables are of a newer version than the program, or not whole
 };
+
+// What each finding and each note says behind its count.
+[[nodiscard]] QStringList CheckSentences();
 
 // Looks through the whole database of the data source and changes nothing.
 [[nodiscard]] CheckResult CheckDatabase(const QString &dsn);

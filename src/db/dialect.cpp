@@ -176,6 +176,8 @@ const Dialect kSqlite {.engine = "SQLite",
                        .joinsBeforeSet = false,
                        .hasOneWriter = true,
                        .marksOwnWrites = false,
+                       .bulkInsert = BulkInsert::ManyRows,
+                       .beginSnapshot = "BEGIN",
                        .failures = kSqliteFailures,
                        .spellings = kSqliteSpellings};
 
@@ -194,6 +196,8 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .joinsBeforeSet = false,
                            .hasOneWriter = false,
                            .marksOwnWrites = true,
+                           .bulkInsert = BulkInsert::ValueArrays,
+                           .beginSnapshot = "BEGIN ISOLATION LEVEL REPEATABLE READ, READ ONLY",
                            .failures = kPostgresqlFailures,
                            .spellings = kPostgresqlSpellings};
 
@@ -212,6 +216,8 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .joinsBeforeSet = true,
                         .hasOneWriter = false,
                         .marksOwnWrites = false,
+                        .bulkInsert = BulkInsert::ParameterArrays,
+                        .beginSnapshot = "START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY",
                         .failures = kMariadbFailures,
                         .spellings = kMariadbSpellings};
 
@@ -562,6 +568,12 @@ const Dialect *DialectFor(std::string_view serverName)
     }
     // So the driver calls a cluster's proxy.
     return serverName.find("MySQL") != std::string_view::npos ? &kMariadb : nullptr;
+}
+
+QString Quoted(const Dialect &dialect, const QString &name)
+{
+    const QChar quote = QLatin1Char(dialect.identifierQuote);
+    return quote + name + quote;
 }
 
 Failure::Kind KindOf(const Dialect &dialect, std::string_view sqlState, int native)

@@ -24,6 +24,13 @@ struct Spelling
     std::string_view written; // empty where the engine needs nothing in its place
 };
 
+// How the engine's driver takes many rows quickly.
+enum class BulkInsert {
+    ManyRows, // a statement with many rows
+    ParameterArrays, // a statement with one row, whose parameters are arrays of values
+    ValueArrays, // a statement whose values are arrays of the engine's own
+};
+
 struct Dialect
 {
     const char *engine; // as the driver names its server, in part
@@ -58,6 +65,9 @@ struct Dialect
     bool hasOneWriter;
     // True where what the connection itself writes changes its DATA_MARK, by one for each transaction.
     bool marksOwnWrites;
+    BulkInsert bulkInsert;
+    // Begins a transaction that reads one state of the data, whatever others write meanwhile.
+    const char *beginSnapshot;
     std::span<const FailureCode> failures; // the first that fits counts
     // Of these words:
     //   CASE_FOLDED (x PLAIN_CASE) HOLDS CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE
@@ -86,6 +96,9 @@ extern const Dialect kMariadb;
 
 // The dialect for the server name that a driver reports; null for an engine that is not supported.
 [[nodiscard]] const Dialect *DialectFor(std::string_view serverName);
+
+// A name of a table or a column as the engine takes it, reserved or not.
+[[nodiscard]] QString Quoted(const Dialect &dialect, const QString &name);
 
 // What a failure of this code is.
 [[nodiscard]] Failure::Kind KindOf(const Dialect &dialect, std::string_view sqlState, int native);

@@ -105,6 +105,29 @@ std::optional<QList<QStringList>> DirectConnection::Rows(const QString &sqlText)
     return complete ? std::optional(rows) : std::nullopt;
 }
 
+bool DirectConnection::Note(short code)
+{
+    return Note(code, SQL_HANDLE_STMT, statement);
+}
+
+bool DirectConnection::Start(const QString &sqlText, const SqlValues &values)
+{
+    const QByteArray text = sqlText.toUtf8();
+    Bind(values);
+    return Note(SQLExecDirect(statement, odbc::Text(text.constData()), SQL_NTS));
+}
+
+void DirectConnection::End()
+{
+    SQLFreeStmt(statement, SQL_CLOSE);
+    SQLFreeStmt(statement, SQL_UNBIND);
+    SQLFreeStmt(statement, SQL_RESET_PARAMS);
+    auto *const single = odbc::Value(1);
+    SQLSetStmtAttr(statement, SQL_ATTR_ROW_ARRAY_SIZE, single, SQL_IS_UINTEGER);
+    SQLSetStmtAttr(statement, SQL_ATTR_ROWS_FETCHED_PTR, nullptr, SQL_IS_POINTER);
+    SQLSetStmtAttr(statement, SQL_ATTR_PARAMSET_SIZE, single, SQL_IS_UINTEGER);
+}
+
 bool DirectConnection::Begin()
 {
     auto *const off = odbc::Value(SQL_AUTOCOMMIT_OFF);

@@ -46,6 +46,15 @@ public:
     // The statement handle, for calls of the bare interface.
     [[nodiscard]] void *Handle() const { return statement; }
 
+    // Whether such a call succeeded, or found no more rows; else keeps the driver's words.
+    [[nodiscard]] bool Note(short code);
+
+    // Runs a query and leaves its rows to be fetched by such calls.
+    [[nodiscard]] bool Start(const QString &sqlText, const SqlValues &values = {});
+
+    // Drops the rows that are left and all that such calls set up on the handle.
+    void End();
+
     // A statement that runs many times with other values.
     [[nodiscard]] bool Prepare(const QString &sqlText);
     [[nodiscard]] bool RunPrepared(const SqlValues &values);

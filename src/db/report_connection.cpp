@@ -190,8 +190,8 @@ bool ReportConnection::KnowsSchema()
     const auto version = ReadSchemaVersion(
         *handles->dialect, [this](const std::string &query) { return AskForNumber(query); });
     schemaVersion = version.value_or(0);
-    if (version && AgeOf(schemaVersion) == SchemaAge::Newer) {
-        problem = NewerSchemaText(schemaVersion);
+    if (const auto refused = RefusedSchemaText(schemaVersion)) {
+        problem = *refused;
         return false;
     }
     return version.has_value();

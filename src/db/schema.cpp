@@ -16,25 +16,6 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(Schema)
 };
 
-QString Quoted(const Dialect &dialect, const QString &name)
-{
-    const QChar quote = QLatin1Char(dialect.identifierQuote);
-    return quote + name + quote;
-}
-
-// The first of the tables that the database already holds.
-std::optional<QString> ExistingTable(DirectConnection &database)
-{
-    for (const QString &table : SchemaTables()) {
-        const QString probe =
-            u"SELECT 1 FROM %1 WHERE 1 = 0"_s.arg(Quoted(database.Engine(), table));
-        if (database.Run(probe)) {
-            return table;
-        }
-    }
-    return std::nullopt;
-}
-
 std::optional<QString> RunScript(DirectConnection &database)
 {
     if (!database.Begin()) {
@@ -50,6 +31,18 @@ std::optional<QString> RunScript(DirectConnection &database)
 }
 
 } // namespace
+
+std::optional<QString> ExistingTable(DirectConnection &database)
+{
+    for (const QString &table : SchemaTables()) {
+        const QString probe =
+            u"SELECT 1 FROM %1 WHERE 1 = 0"_s.arg(Quoted(database.Engine(), table));
+        if (database.Run(probe)) {
+            return table;
+        }
+    }
+    return std::nullopt;
+}
 
 std::optional<QString> CreateSchema(const QString &dsn)
 {
@@ -78,9 +71,16 @@ QStringList SchemaTables()
 
 QStringList SchemaStatements(const Dialect &dialect)
 {
+    return SchemaStatements(dialect, NewestSchema()) << VersionStatements(NewestSchema()).first();
+}
+
+QStringList SchemaStatements(const Dialect &dialect, int version)
+{
     QStringList statements = FirstSchema(dialect);
     for (const SchemaStep &step : SchemaSteps(dialect)) {
-        statements << step.statements;
+        if (step.number <= version) {
+            statements << step.statements;
+        }
     }
-    return statements << VersionStatements(NewestSchema()).first();
+    return statements;
 }

@@ -6,6 +6,7 @@
 
 #include <optional>
 
+class DirectConnection;
 struct Dialect;
 
 // Makes every table, its indexes and its first rows (the group "Everybody" and the protocols that
@@ -13,9 +14,15 @@ struct Dialect;
 // holds one of the tables is refused and left as it is. Nothing when it is done, else what went wrong.
 [[nodiscard]] std::optional<QString> CreateSchema(const QString &dsn);
 
+// The first of the schema's tables that the connection's database already holds.
+[[nodiscard]] std::optional<QString> ExistingTable(DirectConnection &database);
+
 // The tables' names in the order in which they are made.
 [[nodiscard]] QStringList SchemaTables();
 
 // The statements that make the newest schema, one after the other: the first one, all steps, and the
 // version that it has by then.
 [[nodiscard]] QStringList SchemaStatements(const Dialect &dialect);
+
+// The same for an older version, without the number of the version itself.
+[[nodiscard]] QStringList SchemaStatements(const Dialect &dialect, int version);

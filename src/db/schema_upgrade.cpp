@@ -62,8 +62,8 @@ std::optional<QString> RunStep(DirectConnection &database, const SchemaStep &ste
 // Nothing when the database can be upgraded.
 std::optional<UpgradeOutcome> Obstacle(DirectConnection &database, const QString &dsn, int version)
 {
-    if (AgeOf(version) == SchemaAge::Newer) {
-        return UpgradeOutcome {UpgradeOutcome::End::Newer, NewerSchemaText(version)};
+    if (const auto refused = RefusedSchemaText(version)) {
+        return UpgradeOutcome {UpgradeOutcome::End::Newer, *refused};
     }
     const auto hasTables = HasTables(database);
     if (!hasTables) {

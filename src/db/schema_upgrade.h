@@ -9,7 +9,7 @@ struct UpgradeOutcome
 {
     enum class End {
         Done, // or there was nothing to do
-        Newer, // of a newer program: nothing was changed
+        Newer, // of a newer program, or not whole: nothing was changed
         Failed, // the steps before the one that failed are kept
     };
 

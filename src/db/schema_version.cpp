@@ -27,6 +27,9 @@ SchemaAge AgeOf(int version)
     if (version == NewestSchema()) {
         return SchemaAge::Current;
     }
+    if (version >= kIncompleteSchema) {
+        return SchemaAge::Incomplete;
+    }
     return version < NewestSchema() ? SchemaAge::Older : SchemaAge::Newer;
 }
 
@@ -39,6 +42,17 @@ QString OlderSchemaText(int version, const QString &dsn)
              u"tollbrook-db upgrade --dsn %1"_s.arg(dsn));
 }
 
+std::optional<QString> RefusedSchemaText(int version)
+{
+    const SchemaAge age = AgeOf(version);
+    if (age == SchemaAge::Incomplete) {
+        return Words::tr(
+            "The database is not whole: a restore or a copy into it was broken off, or is "
+            "still at work. Run it again, to its end.");
+    }
+    return age == SchemaAge::Newer ? std::optional(NewerSchemaText(version)) : std::nullopt;
+}
+
 QString NewerSchemaText(int version)
 {
     return Words::tr("The database has version %1 of the tables, and this program knows them up to "
@@ -48,15 +62,8 @@ QString NewerSchemaText(int version)
 
 std::optional<QString> OtherSchemaText(int version, const QString &dsn)
 {
-    switch (AgeOf(version)) {
-    case SchemaAge::Older:
-        return OlderSchemaText(version, dsn);
-    case SchemaAge::Newer:
-        return NewerSchemaText(version);
-    case SchemaAge::Current:
-        return std::nullopt;
-    }
-    Q_UNREACHABLE();
+    return AgeOf(version) == SchemaAge::Older ? std::optional(OlderSchemaText(version, dsn))
+                                              : RefusedSchemaText(version);
 }
 
 std::optional<int> ReadSchemaVersion(const Dialect &dialect, AskNumber ask)

@@ -20,13 +20,24 @@ enum class SchemaAge {
     Older, // "tollbrook-db upgrade" brings it up to date
     Current,
     Newer, // of a newer program: what its rows mean is not known here
+    Incomplete, // a restore or a copy into it has not come to its end
 };
+
+inline const auto kVersionTable = QStringLiteral("schema_version");
+
+// The version of a database while it is being filled from another one or from a backup. It is larger
+// than any, so that programs that do not know of it refuse the database, too.
+constexpr int kIncompleteSchema = 1'000'000;
 
 [[nodiscard]] SchemaAge AgeOf(int version);
 
 // What a person is told of a database whose schema is older or newer, with the command that helps.
 [[nodiscard]] QString OlderSchemaText(int version, const QString &dsn);
 [[nodiscard]] QString NewerSchemaText(int version);
+
+// What a person is told of a database that no program works with: its schema is newer, or it is not
+// whole. Nothing for any other.
+[[nodiscard]] std::optional<QString> RefusedSchemaText(int version);
 
 // That of the two that fits; nothing for the current version.
 [[nodiscard]] std::optional<QString> OtherSchemaText(int version, const QString &dsn);

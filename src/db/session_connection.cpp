@@ -218,8 +218,8 @@ bool KnowsSchema()
         return false;
     }
     state.schemaVersion = *version;
-    if (AgeOf(*version) == SchemaAge::Newer) {
-        Fail(Told(Kind::NewerSchema, {}, NewerSchemaText(*version)));
+    if (const auto refused = RefusedSchemaText(*version)) {
+        Fail(Told(Kind::NewerSchema, {}, *refused));
         return false;
     }
     return true;

@@ -1,5 +1,6 @@
 #include "startup/start_up.h"
 
+#include "config/config_folder.h"
 #include "db/query.h"
 #include "db/schema_version.h"
 #include "db/session.h"
@@ -8,13 +9,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString FolderOf(const StartUpOptions &options)
-{
-    return !options.configFolder.isEmpty()
-        ? options.configFolder
-        : qEnvironmentVariable("TOLLBROOK_CONFIG", u"/etc/tollbrook"_s);
-}
 
 void ReadStartUpSettings(const std::optional<QString> &givenDataSource, StartedProgram &program)
 {
@@ -63,7 +57,7 @@ void OpenDatabase(StartedProgram &program, const std::function<void(StartUpProbl
 
 StartedProgram::StartedProgram(const StartUpOptions &options,
                                const std::function<void(StartUpProblem)> &tell)
-    : settings(FolderOf(options))
+    : settings(ConfigFolder(options.configFolder))
     , control(options.bus)
     , connection(options.bus)
 {

@@ -350,7 +350,12 @@ TEST(Tool, UpgradesAnOlderDatabaseAndStaysAwayFromANewerOne)
     EXPECT_EQ(dry.status, 0);
     EXPECT_EQ(dry.output, versions + u"step 1: service-tables\n"_s);
     EXPECT_EQ(SchemaVersionOf(database), 0);
-    const Ended upgraded = run({u"upgrade"_s});
+    const Ended waiting = run({u"upgrade"_s}); // this program has the database open
+    EXPECT_EQ(waiting.status, 3);
+    EXPECT_TRUE(waiting.error.contains(u"process %1 "_s.arg(QCoreApplication::applicationPid())))
+        << qPrintable(waiting.error);
+    EXPECT_EQ(SchemaVersionOf(database), 0);
+    const Ended upgraded = run({u"upgrade"_s, u"--while-connected"_s});
     EXPECT_EQ(upgraded.status, 0) << qPrintable(upgraded.error);
     EXPECT_EQ(upgraded.output, dry.output + u"The tables of \"aged\" are up to date.\n"_s);
     EXPECT_EQ(run({u"check"_s}).output,
@@ -375,7 +380,8 @@ TEST(Tool, SaysWhatIsWrong)
          2,
          u"--users must be a number"_s},
         {{u"demo"_s, u"--dsn"_s, u"x"_s, u"--days"_s, u"0"_s}, 2, u"--days must be a number"_s},
-        {{u"create"_s, u"--force"_s}, 2, u"force"_s},
+        {{u"create"_s, u"--fierce"_s}, 2, u"fierce"_s},
+        {{u"create"_s, u"--dsn"_s, u"x"_s, u"--force"_s}, 2, u"\"create\" does not take --force"_s},
         {{u"create"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
         {{u"demo"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
         {{u"check"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},

@@ -1,0 +1,86 @@
+#include "upkeep/restore.h"
+
+#include "db/schema_version.h"
+#include "upkeep/backup_rows.h"
+#include "upkeep/database_rows.h"
+#include "upkeep/filled_database.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void TellOfSource(const Site &site, const Tell &tell)
+{
+    qint64 rows = 0;
+    for (const SiteTable &table : site.tables) {
+        rows += table.rows;
+    }
+    tell(u"%1 rows in %2 tables of version %3, from %4."_s.arg(QString::number(rows),
+                                                               QString::number(site.tables.size()),
+                                                               QString::number(site.version),
+                                                               site.engine));
+}
+
+Told<void> FillFrom(SiteRows &source, const QString &dsn, FillMode mode, const Tell &tell)
+{
+    return FilledDatabase::Open(dsn).and_then([&](const auto &database) -> Told<void> {
+        TellOfSource(source.About(), tell);
+        if (mode == FillMode::DryRun) {
+            tell(u"The database of \"%1\" is empty and can take them. Nothing was changed."_s.arg(
+                dsn));
+            return {};
+        }
+        return database->Fill(source, tell).map([&] {
+            if (const auto older = OtherSchemaText(source.About().version, dsn)) {
+                tell(*older);
+            }
+        });
+    });
+}
+
+Told<void> RestoreSettings(const RestoreWish &wish, const SettingsFiles &settings, const Tell &tell)
+{
+    if (settings.isEmpty()) {
+        tell(u"The backup holds no settings."_s);
+        return {};
+    }
+    if (!wish.configFolder) {
+        tell(u"The backup holds settings, too: --config FOLDER puts them there."_s);
+        return {};
+    }
+    if (wish.mode == FillMode::DryRun) {
+        return {};
+    }
+    return WriteSettingsFiles(*wish.configFolder, settings).map([&] {
+        tell(u"%1 files of settings are in %2."_s.arg(QString::number(settings.size()),
+                                                      *wish.configFolder));
+    });
+}
+
+} // namespace
+
+Told<void> Restore(const RestoreWish &wish, const Tell &tell)
+{
+    const auto backup = BackupRows::Open(wish.file);
+    if (!backup) {
+        return tl::unexpected(backup.error());
+    }
+    const SettingsFiles &settings = (*backup)->Settings();
+    if (wish.configFolder) {
+        if (auto may = MayWriteSettings(*wish.configFolder, settings); !may) {
+            return may;
+        }
+    }
+    return FillFrom(**backup, wish.dsn, wish.mode, tell).and_then([&] {
+        return RestoreSettings(wish, settings, tell);
+    });
+}
+
+Told<void> CopyDatabase(const CopyWish &wish, const Tell &tell)
+{
+    if (wish.from == wish.to) {
+        return tl::unexpected(u"\"%1\" cannot be copied to itself."_s.arg(wish.to));
+    }
+    return DatabaseRows::Open(wish.from).and_then(
+        [&](const auto &source) { return FillFrom(*source, wish.to, wish.mode, tell); });
+}

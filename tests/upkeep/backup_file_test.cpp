@@ -1,0 +1,196 @@
+// The file of a backup: whole or refused, and never in the place of another by accident.
+#include "db/direct_connection.h"
+#include "db/schema.h"
+#include "db/schema_version.h"
+#include "support/core/database_fixture.h"
+#include "support/core/test_data_source.h"
+#include "upkeep/backup.h"
+#include "upkeep/backup_rows.h"
+#include "upkeep/restore.h"
+#include "upkeep/spare_database.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRandomGenerator>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto kQuiet = [](const QString &) {};
+
+class BackupFiles : public DatabaseFixture
+{
+protected:
+    void SetUp() override
+    {
+        DatabaseFixture::SetUp();
+        file = folder.filePath(u"site.backup"_s);
+        settings = folder.filePath(u"settings"_s);
+        Put(settings + u"/Software/Tollbrook/Network.toml"_s, "\"bill dsn\" = \"bill\"\n");
+        Put(settings + u"/Software/Tollbrook/Network/localip.toml"_s, "Count = 0\n");
+        const auto made = MakeBackup({Dsn(), file, settings}, kQuiet);
+        ASSERT_TRUE(made) << qPrintable(made.error());
+    }
+
+    static void Put(const QString &path, const QByteArray &bytes)
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile out(path);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(bytes);
+    }
+
+    static QByteArray BytesIn(const QString &path)
+    {
+        QFile in(path);
+        EXPECT_TRUE(in.open(QIODevice::ReadOnly)) << qPrintable(path);
+        return in.readAll();
+    }
+
+    // Nothing was written: not even a table.
+    static void ExpectEmpty(const QString &dsn)
+    {
+        DirectConnection database;
+        ASSERT_TRUE(database.Open(dsn));
+        EXPECT_EQ(ExistingTable(database), std::nullopt);
+    }
+
+    QString file;
+    QString settings;
+};
+
+TEST_F(BackupFiles, AreRefusedWhenCutOffOrChangedInAnyPlace)
+{
+    const QByteArray whole = BytesIn(file);
+    const QString there = SpareDatabase(u"sqlite"_s, u"spare"_s);
+    QRandomGenerator chance(14);
+    std::vector<QByteArray> damaged {QByteArray(), whole + '\0', whole + whole};
+    for (int run = 0; run < 60; ++run) {
+        damaged.push_back(whole.first(chance.bounded(whole.size())));
+        QByteArray flipped = whole;
+        char &byte = flipped[chance.bounded(whole.size())];
+        byte = static_cast<char>(byte ^ (1 << chance.bounded(8)));
+        damaged.push_back(flipped);
+    }
+    for (const QByteArray &bytes : damaged) {
+        Put(file, bytes);
+        const auto restored = Restore({file, there}, kQuiet);
+        ASSERT_FALSE(restored);
+        EXPECT_TRUE(restored.error().contains(u"is damaged or cut off"_s)
+                    || restored.error().contains(u"is no backup"_s))
+            << qPrintable(restored.error());
+        EXPECT_TRUE(restored.error().contains(file));
+    }
+    ExpectEmpty(there);
+    Put(file, whole);
+    EXPECT_TRUE(Restore({file, there}, kQuiet));
+}
+
+TEST_F(BackupFiles, AreNotReplacedUnlessAsked)
+{
+    const QByteArray before = BytesIn(file);
+    BackupWish wish {Dsn(), file, settings};
+    EXPECT_THAT(MakeBackup(wish, kQuiet).error().toStdString(),
+                testing::HasSubstr("is there already"));
+    EXPECT_EQ(BytesIn(file), before);
+    wish.replaces = true;
+    Execute("INSERT INTO users (username) VALUES ('later')");
+    EXPECT_TRUE(MakeBackup(wish, kQuiet));
+    EXPECT_NE(BytesIn(file), before);
+}
+
+TEST_F(BackupFiles, BringTheSettingsWhereTheyAreAskedFor)
+{
+    const QString there = folder.filePath(u"elsewhere"_s);
+    const QString key = there + u"/Software/Tollbrook/Network.toml"_s;
+    Put(key, "other = 1\n");
+    const QString spare = SpareDatabase(u"sqlite"_s, u"spare"_s);
+    EXPECT_THAT(Restore({file, spare, there}, kQuiet).error().toStdString(),
+                testing::HasSubstr("Network.toml is there already and says something else"));
+    ExpectEmpty(spare);
+    ASSERT_TRUE(QFile::remove(key));
+    const auto restored = Restore({file, spare, there}, kQuiet);
+    ASSERT_TRUE(restored) << qPrintable(restored.error());
+    for (const QString &path :
+         {u"/Software/Tollbrook/Network.toml"_s, u"/Software/Tollbrook/Network/localip.toml"_s}) {
+        EXPECT_EQ(BytesIn(there + path), BytesIn(settings + path));
+        EXPECT_FALSE(QFile::permissions(there + path) & QFile::ReadOther);
+    }
+}
+
+TEST_F(BackupFiles, ANeedlessFailureIsNotMadeOfSettings)
+{
+    BackupWish wish {Dsn(), folder.filePath(u"second"_s), folder.filePath(u"nowhere"_s)};
+    EXPECT_THAT(MakeBackup(wish, kQuiet).error().toStdString(),
+                testing::HasSubstr("There are no settings in"));
+    EXPECT_FALSE(QFile::exists(wish.file));
+    wish.configFolder.reset();
+    ASSERT_TRUE(MakeBackup(wish, kQuiet));
+    EXPECT_TRUE(BackupRows::Open(wish.file).value()->Settings().isEmpty());
+}
+
+struct Ended
+{
+    int status;
+    QString error;
+};
+
+Ended RunShell(const QString &command)
+{
+    QProcess shell;
+    shell.start(u"bash"_s, {u"-c"_s, command});
+    EXPECT_TRUE(shell.waitForFinished(60'000));
+    EXPECT_EQ(shell.exitStatus(), QProcess::NormalExit);
+    return {shell.exitCode(), QString::fromUtf8(shell.readAllStandardError())};
+}
+
+// As a disk that is full ends a file.
+TEST_F(BackupFiles, ThatDoNotFitAreNotThere)
+{
+    Execute("INSERT INTO users (username) VALUES ('someone')");
+    const QStringList before = EveryRow();
+    const QString big = folder.filePath(u"big"_s);
+    const QString tool = QStringLiteral(TB_DATABASE_TOOL);
+    const Ended full = RunShell(
+        u"ulimit -f 1; exec %1 backup %2 --dsn %3 --config %4"_s.arg(tool, big, Dsn(), settings));
+    EXPECT_EQ(full.status, 3);
+    EXPECT_TRUE(full.error.contains(u"cannot be written: File too large"_s))
+        << qPrintable(full.error);
+    EXPECT_EQ(QDir(folder.path()).entryList({u"big*"_s}), QStringList());
+    EXPECT_EQ(EveryRow(), before);
+
+    // The same for what is filled.
+    const QString there = SpareDatabase(u"sqlite"_s, u"spare"_s);
+    const Ended unfilled =
+        RunShell(u"ulimit -f 60; exec %1 restore %2 --dsn %3"_s.arg(tool, file, there));
+    EXPECT_EQ(unfilled.status, 3) << qPrintable(unfilled.error);
+    DirectConnection database;
+    ASSERT_TRUE(database.Open(there));
+    const auto version = SchemaVersionOf(database);
+    EXPECT_TRUE(version == kIncompleteSchema || !ExistingTable(database)) << version.value_or(-1);
+    database.Close();
+    EXPECT_TRUE(Restore({file, there}, kQuiet));
+}
+
+TEST_F(BackupFiles, TheToolTellsWhatIsMissing)
+{
+    const QString tool = QStringLiteral(TB_DATABASE_TOOL);
+    const std::pair<QString, QString> cases[] = {
+        {u"backup --dsn x"_s, u"Name one file"_s},
+        {u"restore a b --dsn x"_s, u"Name one file"_s},
+        {u"backup a"_s, u"Name one command and the data source"_s},
+        {u"copy --from x"_s, u"Name both data sources"_s},
+        {u"check --repair --dsn x"_s, u"Name a file for the backup"_s},
+        {u"copy --from x --to y --force"_s, u"\"copy\" does not take --force"_s},
+        {u"check a --dsn x"_s, u"takes options only"_s}};
+    for (const auto &[arguments, problem] : cases) {
+        const Ended ended = RunShell(tool + u' ' + arguments);
+        EXPECT_EQ(ended.status, 2) << qPrintable(arguments);
+        EXPECT_TRUE(ended.error.contains(problem)) << qPrintable(ended.error);
+    }
+}
+
+} // namespace
