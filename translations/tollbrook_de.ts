@@ -668,6 +668,22 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>It is not known whether the change was undone.</source>
         <translation>Ob die Änderung rückgängig gemacht wurde, ist nicht bekannt.</translation>
     </message>
+    <message>
+        <source>The user was not added.</source>
+        <translation>Der Benutzer wurde nicht hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>It is not known whether the user was added.</source>
+        <translation>Ob der Benutzer hinzugefügt wurde, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Nothing was imported.</source>
+        <translation>Es wurde nichts importiert.</translation>
+    </message>
+    <message>
+        <source>It is not known whether the users were imported.</source>
+        <translation>Es ist nicht bekannt, ob die Benutzer importiert wurden.</translation>
+    </message>
 </context>
 <context>
     <name>AdapterChooser</name>
@@ -1237,8 +1253,8 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Niemand passt dazu.</translation>
     </message>
     <message>
-        <source>There are no users yet. The accounting service finds workstations by itself and lists them here, as long as the address ranges in the options hold their addresses.</source>
-        <translation>Noch gibt es keine Benutzer. Der Abrechnungsdienst findet Arbeitsplätze von selbst und führt sie hier auf, sofern die Adressbereiche in den Optionen ihre Adressen enthalten.</translation>
+        <source>There are no users yet. The accounting service finds workstations by itself and lists them here, as long as the address ranges in the options hold their addresses. Or choose &quot;Import...&quot; or &quot;New user...&quot; from the menus.</source>
+        <translation>Es gibt noch keine Benutzer. Der Abrechnungsdienst findet Arbeitsplätze von selbst und führt sie hier auf, sofern die Adressbereiche in den Optionen ihre Adressen enthalten. Oder wählen Sie in den Menüs „Importieren …“ oder „Neuer Benutzer …“.</translation>
     </message>
 </context>
 <context>
@@ -1258,18 +1274,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Refill current group account</source>
         <translation>Konto der aktuellen Gruppe auffüllen</translation>
-    </message>
-    <message>
-        <source>This will delete the selected group. Contunue?</source>
-        <translation>Damit wird die ausgewählte Gruppe gelöscht. Fortfahren?</translation>
-    </message>
-    <message>
-        <source>You cannot delete Everybody group</source>
-        <translation>Die Gruppe Everybody kann nicht gelöscht werden</translation>
-    </message>
-    <message>
-        <source>You can not rename Everybody group</source>
-        <translation>Die Gruppe Everybody kann nicht umbenannt werden</translation>
     </message>
     <message>
         <source>Rename group</source>
@@ -1683,10 +1687,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>The users could not be read.</source>
         <translation>Die Benutzer konnten nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>This user already has login</source>
-        <translation>Dieser Benutzer hat bereits eine Anmeldung</translation>
     </message>
     <message>
         <source>This user already has login. Please select another user</source>
@@ -2461,6 +2461,30 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Choose all users that match, also those that are not listed</source>
         <translation>Alle passenden Benutzer auswählen, auch die nicht aufgeführten</translation>
     </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren …</translation>
+    </message>
+    <message>
+        <source>Add and change users from a file</source>
+        <translation>Benutzer aus einer Datei anlegen und ändern</translation>
+    </message>
+    <message>
+        <source>Export &amp;users...</source>
+        <translation>Ben&amp;utzer exportieren …</translation>
+    </message>
+    <message>
+        <source>Save all users as a file that can be imported</source>
+        <translation>Alle Benutzer als Datei speichern, die importiert werden kann</translation>
+    </message>
+    <message>
+        <source>&amp;New user...</source>
+        <translation>&amp;Neuer Benutzer …</translation>
+    </message>
+    <message>
+        <source>Add a single user</source>
+        <translation>Einen einzelnen Benutzer anlegen</translation>
+    </message>
 </context>
 <context>
     <name>FrameStatusBar</name>
@@ -2578,6 +2602,13 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>GroupModel</name>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+</context>
+<context>
     <name>GroupName</name>
     <message>
         <source>Please enter the name of the group</source>
@@ -2586,6 +2617,13 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>The group with this name already exists!</source>
         <translation>Es gibt bereits eine Gruppe dieses Namens!</translation>
+    </message>
+</context>
+<context>
+    <name>GroupOutline</name>
+    <message>
+        <source>Groups of the report</source>
+        <translation>Gruppen des Berichts</translation>
     </message>
 </context>
 <context>
@@ -2713,6 +2751,449 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>MAC-address</source>
         <translation>MAC-Adresse</translation>
+    </message>
+</context>
+<context>
+    <name>Import</name>
+    <message>
+        <source>The user &quot;%1&quot;, or what it is to get, was changed meanwhile. Nothing was imported. Please look at the list again.</source>
+        <translation>Der Benutzer „%1“ oder das, was er bekommen soll, wurde inzwischen geändert. Es wurde nichts importiert. Bitte sehen Sie die Liste noch einmal durch.</translation>
+    </message>
+    <message>
+        <source>The new user &quot;%1&quot; cannot be found by its name. Nothing was imported.</source>
+        <translation>Der neue Benutzer „%1“ ist unter seinem Namen nicht zu finden. Es wurde nichts importiert.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportClaims</name>
+    <message>
+        <source>The IP address %1 is the one of the user &quot;%2&quot;</source>
+        <translation>Die IP-Adresse %1 gehört dem Benutzer „%2“</translation>
+    </message>
+    <message>
+        <source>The MAC address %1 is the one of the user &quot;%2&quot;</source>
+        <translation>Die MAC-Adresse %1 gehört dem Benutzer „%2“</translation>
+    </message>
+    <message>
+        <source>Line %1 names the same user</source>
+        <translation>Zeile %1 nennt denselben Benutzer</translation>
+    </message>
+    <message>
+        <source>Line %1 has the same IP address</source>
+        <translation>Zeile %1 hat dieselbe IP-Adresse</translation>
+    </message>
+    <message>
+        <source>Line %1 has the same MAC address</source>
+        <translation>Zeile %1 hat dieselbe MAC-Adresse</translation>
+    </message>
+    <message>
+        <source>Line %1 has the same login</source>
+        <translation>Zeile %1 hat dieselbe Anmeldung</translation>
+    </message>
+</context>
+<context>
+    <name>ImportColumn</name>
+    <message>
+        <source>User name</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Full name</source>
+        <translation>Vollständiger Name</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Workstation</source>
+        <translation>Arbeitsplatz</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>IP-Adresse</translation>
+    </message>
+    <message>
+        <source>MAC address</source>
+        <translation>MAC-Adresse</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Create group</source>
+        <translation>Gruppe anlegen</translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation>Zugang</translation>
+    </message>
+    <message>
+        <source>Traffic limit</source>
+        <translation>Datenlimit</translation>
+    </message>
+    <message>
+        <source>Time limit</source>
+        <translation>Zeitlimit</translation>
+    </message>
+    <message>
+        <source>Accounting period</source>
+        <translation>Abrechnungszeitraum</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>Preis</translation>
+    </message>
+    <message>
+        <source>Blocked</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>Login required</source>
+        <translation>Anmeldung erforderlich</translation>
+    </message>
+    <message>
+        <source>Login</source>
+        <translation>Anmeldung</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Traffic credit</source>
+        <translation>Guthaben an Datenverkehr</translation>
+    </message>
+    <message>
+        <source>Money credit</source>
+        <translation>Guthaben an Geld</translation>
+    </message>
+    <message>
+        <source>Credit expires</source>
+        <translation>Guthaben läuft ab</translation>
+    </message>
+</context>
+<context>
+    <name>ImportDialog</name>
+    <message>
+        <source>The file was not imported.</source>
+        <translation>Die Datei wurde nicht importiert.</translation>
+    </message>
+    <message>
+        <source>Reading the file...</source>
+        <translation>Die Datei wird gelesen …</translation>
+    </message>
+    <message>
+        <source>%1, read as %2.</source>
+        <translation>%1, gelesen als %2.</translation>
+    </message>
+    <message>
+        <source>Please see whether letters with accents are right.</source>
+        <translation>Bitte prüfen Sie, ob Umlaute und Akzente stimmen.</translation>
+    </message>
+    <message>
+        <source>Columns that are not known and left out: %1.</source>
+        <translation>Unbekannte Spalten, die ausgelassen werden: %1.</translation>
+    </message>
+    <message>
+        <source>Refused rows are left out: %1.</source>
+        <translation>Abgelehnte Zeilen, die ausgelassen werden: %1.</translation>
+    </message>
+    <message>
+        <source>Groups that are made: %1.</source>
+        <translation>Gruppen, die angelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>There is nothing to import.</source>
+        <translation>Es gibt nichts zu importieren.</translation>
+    </message>
+    <message>
+        <source>Import users</source>
+        <translation>Benutzer importieren</translation>
+    </message>
+    <message>
+        <source>Rows of the file</source>
+        <translation>Zeilen der Datei</translation>
+    </message>
+    <message>
+        <source>There are no such rows.</source>
+        <translation>Es gibt keine solchen Zeilen.</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <translation>&amp;Importieren</translation>
+    </message>
+    <message>
+        <source>&amp;Show:</source>
+        <translation>An&amp;zeigen:</translation>
+    </message>
+    <message>
+        <source>All rows (%1)</source>
+        <translation>Alle Zeilen (%1)</translation>
+    </message>
+    <message>
+        <source>Only new ones (%1)</source>
+        <translation>Nur neue (%1)</translation>
+    </message>
+    <message>
+        <source>Only changed ones (%1)</source>
+        <translation>Nur geänderte (%1)</translation>
+    </message>
+    <message>
+        <source>Only unchanged ones (%1)</source>
+        <translation>Nur unveränderte (%1)</translation>
+    </message>
+    <message>
+        <source>Only refused ones (%1)</source>
+        <translation>Nur abgelehnte (%1)</translation>
+    </message>
+    <message>
+        <source>Importing the users...</source>
+        <translation>Die Benutzer werden importiert …</translation>
+    </message>
+    <message>
+        <source>Users added: %1. Users changed: %2.</source>
+        <translation>Angelegte Benutzer: %1. Geänderte Benutzer: %2.</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.txt *.tsv)</source>
+        <translation>Tabellen (*.csv *.txt *.tsv)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Export users</source>
+        <translation>Benutzer exportieren</translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>Exporting the users...</source>
+        <translation>Die Benutzer werden exportiert …</translation>
+    </message>
+    <message>
+        <source>%1 users were saved as %2.</source>
+        <translation>%1 Benutzer wurden als %2 gespeichert.</translation>
+    </message>
+    <message>
+        <source>The users were not exported.</source>
+        <translation>Die Benutzer wurden nicht exportiert.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportModel</name>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>What is changed, or why it is refused</source>
+        <translation>Was geändert wird oder warum sie abgelehnt ist</translation>
+    </message>
+</context>
+<context>
+    <name>ImportPlan</name>
+    <message>
+        <source>There are %1 logins, and no more are taken</source>
+        <translation>Es gibt %1 Anmeldungen, und mehr werden nicht angenommen</translation>
+    </message>
+    <message>
+        <source>%1 megabytes</source>
+        <translation>%1 Megabyte</translation>
+    </message>
+    <message>
+        <source>%1 of money</source>
+        <translation>%1 Geld</translation>
+    </message>
+    <message>
+        <source>unlimited</source>
+        <translation>unbegrenzt</translation>
+    </message>
+    <message>
+        <source>a new one</source>
+        <translation>ein neues</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>unchanged</source>
+        <translation>unverändert</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>column, value</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 → %3</source>
+        <comment>column, old value, new value</comment>
+        <translation>%1: %2 → %3</translation>
+    </message>
+</context>
+<context>
+    <name>ImportRow</name>
+    <message>
+        <source>it is to be from %1 to %2</source>
+        <translation>erwartet wird eine Zahl von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>at most %1 decimals are taken</source>
+        <translation>höchstens %1 Nachkommastellen sind möglich</translation>
+    </message>
+    <message>
+        <source>its mark may part thousands or decimals</source>
+        <translation>ihr Zeichen kann Tausender oder Nachkommastellen abtrennen</translation>
+    </message>
+    <message>
+        <source>it is no number</source>
+        <translation>das ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot;: %3</source>
+        <comment>column, value, what is wrong</comment>
+        <translation>%1 „%2“: %3</translation>
+    </message>
+    <message>
+        <source>it has characters that cannot be shown</source>
+        <translation>der Text enthält Zeichen, die sich nicht darstellen lassen</translation>
+    </message>
+    <message>
+        <source>it is too long</source>
+        <translation>der Text ist zu lang</translation>
+    </message>
+    <message>
+        <source>The row has no user name</source>
+        <translation>Die Zeile hat keinen Benutzernamen</translation>
+    </message>
+    <message>
+        <source>%1 users have this name</source>
+        <translation>%1 Benutzer haben diesen Namen</translation>
+    </message>
+    <message>
+        <source>This user is not monitored</source>
+        <translation>Dieser Benutzer wird nicht überwacht</translation>
+    </message>
+    <message>
+        <source>it is no IP address</source>
+        <translation>das ist keine IP-Adresse</translation>
+    </message>
+    <message>
+        <source>the address is excluded</source>
+        <translation>die Adresse ist ausgeschlossen</translation>
+    </message>
+    <message>
+        <source>a MAC address has twelve digits 0 to 9 and A to F</source>
+        <translation>eine MAC-Adresse hat zwölf Ziffern 0 bis 9 und A bis F</translation>
+    </message>
+    <message>
+        <source>there is no such group. A column &quot;%1&quot; with &quot;%2&quot; makes it</source>
+        <translation>es gibt keine solche Gruppe. Eine Spalte „%1“ mit „%2“ legt sie an</translation>
+    </message>
+    <message>
+        <source>it is to be &quot;%1&quot; or &quot;%2&quot;</source>
+        <translation>erwartet wird „%1“ oder „%2“</translation>
+    </message>
+    <message>
+        <source>there is no such access type</source>
+        <translation>es gibt keine solche Zugangsart</translation>
+    </message>
+    <message>
+        <source>The access type needs an accounting period</source>
+        <translation>Die Zugangsart braucht einen Abrechnungszeitraum</translation>
+    </message>
+    <message>
+        <source>the user&apos;s access type has none</source>
+        <translation>die Zugangsart des Benutzers hat so etwas nicht</translation>
+    </message>
+    <message>
+        <source>There is a password and no login</source>
+        <translation>Es gibt ein Passwort, aber keine Anmeldung</translation>
+    </message>
+    <message>
+        <source>it is the login of another user</source>
+        <translation>es ist die Anmeldung eines anderen Benutzers</translation>
+    </message>
+    <message>
+        <source>a new login needs a password</source>
+        <translation>eine neue Anmeldung braucht ein Passwort</translation>
+    </message>
+    <message>
+        <source>A credit is of traffic or of money</source>
+        <translation>Ein Guthaben ist entweder Datenverkehr oder Geld</translation>
+    </message>
+    <message>
+        <source>only users of the access type Provider have credits</source>
+        <translation>nur Benutzer der Zugangsart Provider haben Guthaben</translation>
+    </message>
+    <message>
+        <source>it is no day. Write it as in 2026-12-31</source>
+        <translation>das ist kein Tag. Schreiben Sie ihn wie 2026-12-31</translation>
+    </message>
+</context>
+<context>
+    <name>ImportTable</name>
+    <message>
+        <source>In the row that begins on line %1 a quotation mark stands where none may. A cell with quotation marks stands in quotation marks, and those within are doubled</source>
+        <translation>In der Zeile, die in Zeile %1 der Datei beginnt, steht ein Anführungszeichen, wo keines stehen darf. Eine Zelle mit Anführungszeichen steht in Anführungszeichen, und die darin werden verdoppelt</translation>
+    </message>
+    <message>
+        <source>The file is too large for the memory</source>
+        <translation>Die Datei ist zu groß für den Arbeitsspeicher</translation>
+    </message>
+    <message>
+        <source>Two columns are called &quot;%1&quot;</source>
+        <translation>Zwei Spalten heißen „%1“</translation>
+    </message>
+    <message>
+        <source>The first line has no column called &quot;%1&quot;: it must name the columns</source>
+        <translation>Die erste Zeile hat keine Spalte „%1“: Sie muss die Spalten benennen</translation>
+    </message>
+    <message>
+        <source>The row has %1 cells, and there are %2 columns</source>
+        <translation>Die Zeile hat %1 Zellen, und es gibt %2 Spalten</translation>
+    </message>
+    <message>
+        <source>The file is empty</source>
+        <translation>Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>%1 is not a file</source>
+        <translation>%1 ist keine Datei</translation>
+    </message>
+    <message>
+        <source>%1 could not be read: %2</source>
+        <translation>%1 konnte nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 is too large: at most 256 MB are read</source>
+        <translation>%1 ist zu groß: Höchstens 256 MB werden gelesen</translation>
     </message>
 </context>
 <context>
@@ -2898,6 +3379,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>&quot;%1&quot; cannot be &quot;%2&quot;; the nearest known is &quot;%3&quot;</source>
         <translation>&quot;%1&quot; kann nicht &quot;%2&quot; sein; das ähnlichste bekannte Wort ist &quot;%3&quot;</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a list of numbers from 1</source>
+        <translation>„%1“ ist keine Liste von Zahlen ab 1</translation>
+    </message>
 </context>
 <context>
     <name>LimitCreditDialog</name>
@@ -2997,6 +3482,26 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>The new group cannot be found by its name. Nothing was changed.</source>
         <translation>Die neue Gruppe ist unter ihrem Namen nicht zu finden. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>This will delete this user and all corresponding information. Continue?</source>
+        <translation>Damit werden dieser Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>This will delete these users and all corresponding information. Continue?</source>
+        <translation>Damit werden diese Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>This will delete the selected group. Contunue?</source>
+        <translation>Damit wird die ausgewählte Gruppe gelöscht. Fortfahren?</translation>
+    </message>
+    <message>
+        <source>You cannot delete Everybody group</source>
+        <translation>Die Gruppe Everybody kann nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>You can not rename Everybody group</source>
+        <translation>Die Gruppe Everybody kann nicht umbenannt werden</translation>
     </message>
 </context>
 <context>
@@ -3127,10 +3632,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Ohne Zuordnung</translation>
     </message>
     <message>
-        <source>Remove this login from the database?</source>
-        <translation>Diese Anmeldung aus der Datenbank entfernen?</translation>
-    </message>
-    <message>
         <source>Storing the logins...</source>
         <translation>Die Anmeldungen werden gespeichert …</translation>
     </message>
@@ -3216,6 +3717,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Error writing information to the database</source>
         <translation>Fehler beim Schreiben in die Datenbank</translation>
     </message>
+    <message>
+        <source>Remove this login from the database?</source>
+        <translation>Diese Anmeldung aus der Datenbank entfernen?</translation>
+    </message>
 </context>
 <context>
     <name>LoginTable</name>
@@ -3250,6 +3755,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>There is no more space to enter new login record</source>
         <translation>Für eine weitere Anmeldung ist kein Platz mehr</translation>
+    </message>
+    <message>
+        <source>This user already has login</source>
+        <translation>Dieser Benutzer hat bereits eine Anmeldung</translation>
     </message>
 </context>
 <context>
@@ -3413,6 +3922,92 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Network</source>
         <translation>Netzwerk</translation>
+    </message>
+</context>
+<context>
+    <name>NewUser</name>
+    <message>
+        <source>Please enter the name of the user</source>
+        <translation>Bitte geben Sie den Namen des Benutzers ein</translation>
+    </message>
+    <message>
+        <source>There is a user %1 already. Nothing was changed.</source>
+        <translation>Es gibt bereits einen Benutzer %1. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>User %1 has this IP address already. Nothing was changed.</source>
+        <translation>Der Benutzer %1 hat diese IP-Adresse bereits. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>User %1 has this MAC address already. Nothing was changed.</source>
+        <translation>Der Benutzer %1 hat diese MAC-Adresse bereits. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>The new user cannot be found by its name. Nothing was changed.</source>
+        <translation>Der neue Benutzer ist unter seinem Namen nicht zu finden. Nichts wurde geändert.</translation>
+    </message>
+</context>
+<context>
+    <name>NewUserDialog</name>
+    <message>
+        <source>IP address</source>
+        <translation>IP-Adresse</translation>
+    </message>
+    <message>
+        <source>New user</source>
+        <translation>Neuer Benutzer</translation>
+    </message>
+    <message>
+        <source>The user gets the access type &quot;%1&quot; and what else the options say of new users. Its properties can be changed afterwards.</source>
+        <translation>Der Benutzer bekommt die Zugangsart „%1“ und was die Optionen sonst für neue Benutzer vorsehen. Seine Eigenschaften können danach geändert werden.</translation>
+    </message>
+    <message>
+        <source>User &amp;name:</source>
+        <translation>Benutzer&amp;name:</translation>
+    </message>
+    <message>
+        <source>&amp;Group:</source>
+        <translation>&amp;Gruppe:</translation>
+    </message>
+    <message>
+        <source>&amp;IP address:</source>
+        <translation>&amp;IP-Adresse:</translation>
+    </message>
+    <message>
+        <source>&amp;MAC address:</source>
+        <translation>&amp;MAC-Adresse:</translation>
+    </message>
+    <message>
+        <source>Please enter a user name</source>
+        <translation>Bitte geben Sie einen Benutzernamen ein</translation>
+    </message>
+    <message>
+        <source>Please enter full IP address</source>
+        <translation>Bitte geben Sie die vollständige IP-Adresse ein</translation>
+    </message>
+    <message>
+        <source>Please enter an IP address or a MAC address: the user is known by it</source>
+        <translation>Bitte geben Sie eine IP-Adresse oder eine MAC-Adresse ein: Daran wird der Benutzer erkannt</translation>
+    </message>
+    <message>
+        <source>Adding the user...</source>
+        <translation>Der Benutzer wird angelegt …</translation>
+    </message>
+    <message>
+        <source>The user was not added.</source>
+        <translation>Der Benutzer wurde nicht hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>There is a user of this name. Please enter another one</source>
+        <translation>Es gibt schon einen Benutzer dieses Namens. Bitte geben Sie einen anderen ein</translation>
+    </message>
+    <message>
+        <source>No user can be added.</source>
+        <translation>Es kann kein Benutzer angelegt werden.</translation>
+    </message>
+    <message>
+        <source>Reading the groups...</source>
+        <translation>Die Gruppen werden gelesen …</translation>
     </message>
 </context>
 <context>
@@ -4588,6 +5183,26 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <extracomment>The two letters that stand for the language of these texts</extracomment>
         <translation>de</translation>
     </message>
+    <message>
+        <source>the day of the run</source>
+        <translation>der Tag der Erstellung</translation>
+    </message>
+    <message>
+        <source>last week</source>
+        <translation>letzte Woche</translation>
+    </message>
+    <message>
+        <source>last month</source>
+        <translation>letzter Monat</translation>
+    </message>
+    <message>
+        <source>previous calendar month</source>
+        <translation>voriger Kalendermonat</translation>
+    </message>
+    <message>
+        <source>this year</source>
+        <translation>dieses Jahr</translation>
+    </message>
 </context>
 <context>
     <name>ReportHtml</name>
@@ -4990,6 +5605,56 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>ReportRuns</name>
+    <message>
+        <source>not known: the service manager does not answer</source>
+        <translation>unbekannt: Die Dienstverwaltung antwortet nicht</translation>
+    </message>
+    <message>
+        <source>never: the timer is not set up</source>
+        <translation>nie: Der Zeitgeber ist nicht eingerichtet</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>cannot be made: its file is damaged</source>
+        <translation>kann nicht erstellt werden: Die Datei ist beschädigt</translation>
+    </message>
+    <message>
+        <source>none since the machine was started</source>
+        <translation>keiner seit dem Start des Rechners</translation>
+    </message>
+    <message>
+        <source>running now</source>
+        <translation>läuft gerade</translation>
+    </message>
+    <message>
+        <source>failed: %1</source>
+        <translation>fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ReportSchedule</name>
+    <message>
+        <source>not scheduled</source>
+        <translation>kein Zeitplan</translation>
+    </message>
+    <message>
+        <source>each day at %1</source>
+        <translation>jeden Tag um %1</translation>
+    </message>
+    <message>
+        <source>each %1 at %2</source>
+        <translation>jeden %1 um %2</translation>
+    </message>
+    <message>
+        <source>on day %1 of each month at %2</source>
+        <translation>am %1. jedes Monats um %2</translation>
+    </message>
+</context>
+<context>
     <name>ReportSheet</name>
     <message>
         <source>Total</source>
@@ -5033,10 +5698,58 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>ReportStatus</name>
+    <message>
+        <source>done</source>
+        <translation>erstellt</translation>
+    </message>
+    <message>
+        <source>nothing to report</source>
+        <translation>nichts zu berichten</translation>
+    </message>
+    <message>
+        <source>what is saved cannot be made</source>
+        <translation>das Gespeicherte kann nicht erstellt werden</translation>
+    </message>
+    <message>
+        <source>the database could not be read</source>
+        <translation>die Datenbank konnte nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>the layout file is not in order</source>
+        <translation>die Layoutdatei ist nicht in Ordnung</translation>
+    </message>
+    <message>
+        <source>the file could not be written</source>
+        <translation>die Datei konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the mail was not sent</source>
+        <translation>die E-Mail wurde nicht verschickt</translation>
+    </message>
+    <message>
+        <source>the timer could not be set up</source>
+        <translation>der Zeitgeber konnte nicht eingerichtet werden</translation>
+    </message>
+    <message>
+        <source>the program ended before its time</source>
+        <translation>das Programm endete vorzeitig</translation>
+    </message>
+</context>
+<context>
     <name>ReportTable</name>
     <message>
         <source>(no name)</source>
         <translation>(ohne Namen)</translation>
+    </message>
+</context>
+<context>
+    <name>ReportTimer</name>
+    <message>
+        <source>%1
+As root, this does it: tollbrook-report --schedule &quot;%2&quot;</source>
+        <translation>%1
+Als root erledigt es: tollbrook-report --schedule &quot;%2&quot;</translation>
     </message>
 </context>
 <context>
@@ -5148,6 +5861,10 @@ Sollen sie ersetzt werden?</translation>
         <source>%1 of %2 statements were saved in %3</source>
         <translation>%1 von %2 Kontoauszügen wurden in %3 gespeichert</translation>
     </message>
+    <message>
+        <source>The rows that show are those of before.</source>
+        <translation>Gezeigt werden die Zeilen von vorher.</translation>
+    </message>
 </context>
 <context>
     <name>ReportsDialog</name>
@@ -5243,6 +5960,33 @@ Sollen sie ersetzt werden?</translation>
         <source>Filter</source>
         <translation>Filter</translation>
     </message>
+    <message>
+        <source>Saved reports...</source>
+        <translation>Gespeicherte Berichte...</translation>
+    </message>
+    <message>
+        <source>The users and groups cannot be read.</source>
+        <translation>Die Benutzer und Gruppen können nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The user or group of this line does not exist any more.</source>
+        <translation>Den Benutzer oder die Gruppe dieser Zeile gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Not made as planned: %1. See &quot;Saved reports...&quot;.</source>
+        <translation>Nicht wie geplant erstellt: %1. Siehe „Gespeicherte Berichte...“.</translation>
+    </message>
+    <message>
+        <source>None of the users or groups that the report is on exists any more.</source>
+        <translation>Von den Benutzern oder Gruppen des Berichts gibt es keinen mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>RowModel</name>
+    <message>
+        <source>cannot be read</source>
+        <translation>nicht lesbar</translation>
+    </message>
 </context>
 <context>
     <name>RowStore</name>
@@ -5257,6 +6001,37 @@ Sollen sie ersetzt werden?</translation>
     <message>
         <source>the temporary folder %1 cannot be read: %2</source>
         <translation>der temporäre Ordner %1 kann nicht gelesen werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>RowTable</name>
+    <message>
+        <source>Rows of the report</source>
+        <translation>Zeilen des Berichts</translation>
+    </message>
+    <message>
+        <source>Only rows with</source>
+        <translation>Nur Zeilen mit</translation>
+    </message>
+    <message>
+        <source>Column that is searched</source>
+        <translation>Spalte, die durchsucht wird</translation>
+    </message>
+    <message>
+        <source>in any column</source>
+        <translation>in jeder Spalte</translation>
+    </message>
+    <message>
+        <source>in &quot;%1&quot;</source>
+        <translation>in „%1“</translation>
+    </message>
+    <message>
+        <source>%1 of %2 rows</source>
+        <translation>%1 von %2 Zeilen</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>nicht lesbar</translation>
     </message>
 </context>
 <context>
@@ -5279,6 +6054,67 @@ Sollen sie ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>SaveReportDialog</name>
+    <message>
+        <source>A file for each &amp;user</source>
+        <translation>Eine Datei für jeden &amp;Benutzer</translation>
+    </message>
+    <message>
+        <source>Leave the &amp;former file when there is nothing to report</source>
+        <translation>&amp;Vorige Datei behalten, wenn es nichts zu berichten gibt</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Report:</source>
+        <translation>Bericht:</translation>
+    </message>
+    <message>
+        <source>On:</source>
+        <translation>Über:</translation>
+    </message>
+    <message>
+        <source>all users and groups</source>
+        <translation>alle Benutzer und Gruppen</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>&amp;Period:</source>
+        <translation>&amp;Zeitraum:</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>&amp;Datei:</translation>
+    </message>
+    <message>
+        <source>Send to (&amp;mail):</source>
+        <translation>Senden an (E-&amp;Mail):</translation>
+    </message>
+    <message>
+        <source>Without an address the file is not sent. Reports that are made at their times are written by the account tollbrook-report, whose folder is %1.</source>
+        <translation>Ohne Adresse wird die Datei nicht verschickt. Berichte, die nach Zeitplan erstellt werden, schreibt das Konto tollbrook-report, dessen Ordner %1 ist.</translation>
+    </message>
+    <message>
+        <source>File of the report</source>
+        <translation>Datei des Berichts</translation>
+    </message>
+    <message>
+        <source>A report is saved as &quot;%1&quot; already.
+Do you want to replace it?</source>
+        <translation>Unter „%1“ ist schon ein Bericht gespeichert.
+Möchten Sie ihn ersetzen?</translation>
+    </message>
+</context>
+<context>
     <name>SaveSteps</name>
     <message>
         <source>Whether a user has the excluded address %1 is not known.</source>
@@ -5291,6 +6127,215 @@ Sollen sie ersetzt werden?</translation>
     <message>
         <source>The protocol %1 and its ports stay as they were.</source>
         <translation>Das Protokoll %1 und seine Ports bleiben, wie sie waren.</translation>
+    </message>
+</context>
+<context>
+    <name>SavedReport</name>
+    <message>
+        <source>&quot;%1&quot; and &quot;%2&quot; cannot stand together</source>
+        <translation>„%1“ und „%2“ können nicht zusammen stehen</translation>
+    </message>
+    <message>
+        <source>&quot;at&quot; is not a time such as 02:15</source>
+        <translation>„at“ ist keine Uhrzeit wie 02:15</translation>
+    </message>
+    <message>
+        <source>&quot;report&quot; names none of the reports</source>
+        <translation>„report“ nennt keinen der Berichte</translation>
+    </message>
+    <message>
+        <source>The users and groups to report on must name somebody.</source>
+        <translation>Die Benutzer und Gruppen des Berichts müssen jemanden nennen.</translation>
+    </message>
+    <message>
+        <source>Users and groups narrow a report only together with a period.</source>
+        <translation>Benutzer und Gruppen schränken einen Bericht nur zusammen mit einem Zeitraum ein.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no period.</source>
+        <translation>„%1“ ist kein Zeitraum.</translation>
+    </message>
+    <message>
+        <source>The file needs its full path, and must end in %1.</source>
+        <translation>Die Datei braucht ihren vollständigen Pfad und muss auf %1 enden.</translation>
+    </message>
+    <message>
+        <source>Only statements can be written as a file for each user.</source>
+        <translation>Nur Kontoauszüge können als eine Datei für jeden Benutzer geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>A mail carries one file, not a file for each user.</source>
+        <translation>Eine E-Mail trägt eine Datei, nicht eine Datei für jeden Benutzer.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no mail address.</source>
+        <translation>„%1“ ist keine E-Mail-Adresse.</translation>
+    </message>
+    <message>
+        <source>A name has letters, digits, blanks, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;, and begins with a letter or a digit.</source>
+        <translation>Ein Name besteht aus Buchstaben, Ziffern, Leerzeichen, „-“, „_“ und „.“ und beginnt mit einem Buchstaben oder einer Ziffer.</translation>
+    </message>
+    <message>
+        <source>The name is too long.</source>
+        <translation>Der Name ist zu lang.</translation>
+    </message>
+    <message>
+        <source>cannot be read: permission denied</source>
+        <translation>kann nicht gelesen werden: keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>does not exist</source>
+        <translation>existiert nicht</translation>
+    </message>
+    <message>
+        <source>cannot be removed: %1</source>
+        <translation>kann nicht entfernt werden: %1</translation>
+    </message>
+    <message>
+        <source>it is no TOML</source>
+        <translation>es ist kein TOML</translation>
+    </message>
+</context>
+<context>
+    <name>SavedReportsDialog</name>
+    <message>
+        <source>Saved reports</source>
+        <translation>Gespeicherte Berichte</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Schedule</source>
+        <translation>Zeitplan</translation>
+    </message>
+    <message>
+        <source>Next run</source>
+        <translation>Nächster Lauf</translation>
+    </message>
+    <message>
+        <source>Last run</source>
+        <translation>Letzter Lauf</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>Bericht</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>No report is saved yet. Choose a report, its period and its users in the window behind, and press &quot;Save selection as...&quot;.</source>
+        <translation>Noch ist kein Bericht gespeichert. Wählen Sie im Fenster dahinter einen Bericht, seinen Zeitraum und seine Benutzer, und drücken Sie „Auswahl speichern als...“.</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>Save se&amp;lection as...</source>
+        <translation>&amp;Auswahl speichern als...</translation>
+    </message>
+    <message>
+        <source>C&amp;hange...</source>
+        <translation>Än&amp;dern...</translation>
+    </message>
+    <message>
+        <source>&amp;Schedule...</source>
+        <translation>&amp;Zeitplan...</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>File: %1</source>
+        <translation>Datei: %1</translation>
+    </message>
+    <message>
+        <source>Sent to: %1</source>
+        <translation>Gesendet an: %1</translation>
+    </message>
+    <message>
+        <source>The last run failed. What it said: journalctl -u &apos;%1&apos;</source>
+        <translation>Der letzte Lauf ist fehlgeschlagen. Seine Meldungen: journalctl -u &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>The timer is not set up. As root: tollbrook-report --schedule &quot;%1&quot;</source>
+        <translation>Der Zeitgeber ist nicht eingerichtet. Als root: tollbrook-report --schedule &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Select a report in the window behind; it is what will be saved.</source>
+        <translation>Wählen Sie im Fenster dahinter einen Bericht; er wird gespeichert.</translation>
+    </message>
+    <message>
+        <source>the users and groups that were chosen</source>
+        <translation>die gewählten Benutzer und Gruppen</translation>
+    </message>
+    <message>
+        <source>Do you want to delete the saved report?</source>
+        <translation>Möchten Sie den gespeicherten Bericht löschen?</translation>
+    </message>
+    <message>
+        <source>The report is deleted, but its timer may still be there.</source>
+        <translation>Der Bericht ist gelöscht, aber sein Zeitgeber ist vielleicht noch da.</translation>
+    </message>
+</context>
+<context>
+    <name>ScheduleDialog</name>
+    <message>
+        <source>Schedule of %1</source>
+        <translation>Zeitplan von %1</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>Each day</source>
+        <translation>Jeden Tag</translation>
+    </message>
+    <message>
+        <source>Each week</source>
+        <translation>Jede Woche</translation>
+    </message>
+    <message>
+        <source>Each month</source>
+        <translation>Jeden Monat</translation>
+    </message>
+    <message>
+        <source>&amp;Make the report:</source>
+        <translation>Bericht &amp;erstellen:</translation>
+    </message>
+    <message>
+        <source>&amp;On:</source>
+        <translation>A&amp;m:</translation>
+    </message>
+    <message>
+        <source>&amp;At:</source>
+        <translation>&amp;Um:</translation>
+    </message>
+    <message>
+        <source>Next run:</source>
+        <translation>Nächster Lauf:</translation>
+    </message>
+    <message>
+        <source>Last run:</source>
+        <translation>Letzter Lauf:</translation>
+    </message>
+    <message>
+        <source>day %1</source>
+        <translation>Tag %1</translation>
+    </message>
+    <message>
+        <source>The schedule is saved, but its timer is not set up.</source>
+        <translation>Der Zeitplan ist gespeichert, aber sein Zeitgeber ist nicht eingerichtet.</translation>
     </message>
 </context>
 <context>
@@ -5317,6 +6362,10 @@ Sollen sie ersetzt werden?</translation>
     <message>
         <source>The database has version %1 of the tables, and this program knows them up to version %2 only. Install the version of the program that belongs to it.</source>
         <translation>Die Tabellen der Datenbank haben Version %1, und dieses Programm kennt sie nur bis Version %2. Installieren Sie die Version des Programms, die dazu gehört.</translation>
+    </message>
+    <message>
+        <source>The database is not whole: a restore or a copy into it was broken off, or is still at work. Run it again, to its end.</source>
+        <translation>Die Datenbank ist nicht vollständig: Eine Wiederherstellung oder Kopie in sie wurde abgebrochen oder läuft noch. Führen Sie sie noch einmal bis zum Ende aus.</translation>
     </message>
 </context>
 <context>
@@ -5786,6 +6835,21 @@ Sollen sie ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>TextEncoding</name>
+    <message>
+        <source>This is a spreadsheet. Please save it there as CSV, and import that file</source>
+        <translation>Das ist eine Tabellenkalkulation. Bitte speichern Sie sie dort als CSV und importieren Sie diese Datei</translation>
+    </message>
+    <message>
+        <source>The file is not whole: it ends within a letter</source>
+        <translation>Die Datei ist nicht vollständig: Sie endet mitten in einem Zeichen</translation>
+    </message>
+    <message>
+        <source>This is not a file of text</source>
+        <translation>Das ist keine Textdatei</translation>
+    </message>
+</context>
+<context>
     <name>TimeField</name>
     <message>
         <source>Please enter a time, as in %1.</source>
@@ -5995,6 +7059,29 @@ Sollen sie ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>UserCells</name>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>month</source>
+        <translation>Monat</translation>
+    </message>
+    <message>
+        <source>global</source>
+        <translation>allgemein</translation>
+    </message>
+</context>
+<context>
     <name>UserColumns</name>
     <message>
         <source>Username</source>
@@ -6056,14 +7143,6 @@ Sollen sie ersetzt werden?</translation>
         <translation>Die Gruppe wird geändert …</translation>
     </message>
     <message>
-        <source>This will delete this user and all corresponding information. Continue?</source>
-        <translation>Damit werden dieser Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
-    </message>
-    <message>
-        <source>This will delete these users and all corresponding information. Continue?</source>
-        <translation>Damit werden diese Benutzer und alle zugehörigen Daten gelöscht. Fortfahren?</translation>
-    </message>
-    <message>
         <source>Deleting users...</source>
         <translation>Benutzer werden gelöscht …</translation>
     </message>
@@ -6082,6 +7161,21 @@ Sollen sie ersetzt werden?</translation>
     <message>
         <source>This does not work on all users that match. Select rows of the list.</source>
         <translation>Das geht nicht mit allen passenden Benutzern. Wählen Sie Zeilen der Liste.</translation>
+    </message>
+</context>
+<context>
+    <name>UserExport</name>
+    <message>
+        <source>Users</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>all users</source>
+        <translation>alle Benutzer</translation>
+    </message>
+    <message>
+        <source>users</source>
+        <translation>Benutzer</translation>
     </message>
 </context>
 <context>
@@ -6191,6 +7285,22 @@ Sollen sie ersetzt werden?</translation>
     <message>
         <source>Page setup...</source>
         <translation>Seite einrichten …</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>Tabelle</translation>
+    </message>
+    <message>
+        <source>The rows as a table that can be sorted and filtered (%1)</source>
+        <translation>Die Zeilen als Tabelle, die sich sortieren und filtern lässt (%1)</translation>
     </message>
 </context>
 <context>

@@ -62,7 +62,7 @@ void FrameMenus::MakeFileMenu()
         Changing(frame, RefreshingOpener(frame, frame.Dialogs().purge)));
     Add(menu,
         {"importUsers", tr("&Import..."), tr("Add and change users from a file"), Picture::Add},
-        RefreshingOpener(frame, frame.Dialogs().importUsers));
+        Changing(frame, RefreshingOpener(frame, frame.Dialogs().importUsers)));
     Add(menu,
         {"exportUsers",
          tr("Export &users..."),
@@ -90,7 +90,7 @@ void FrameMenus::MakeUserMenu()
     const auto openProperties = [this] { frame.ActivePane().OpenProperties(); };
     Add(menu,
         {"newUser", tr("&New user..."), tr("Add a single user"), Picture::Add},
-        RefreshingOpener(frame, frame.Dialogs().newUser));
+        Changing(frame, RefreshingOpener(frame, frame.Dialogs().newUser)));
     const QString propertiesPrompt = tr("Display user or group properties");
     properties = Add(menu,
                      {"properties", tr("&Properties..."), propertiesPrompt, Picture::Properties},

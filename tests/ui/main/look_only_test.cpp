@@ -124,7 +124,8 @@ void LookThrough(QDialog &window, const QString &picture)
 TEST_F(LookOnly, TheMainWindowSaysSoAndOffersNoChange)
 {
     EXPECT_TRUE(IsShown(*frame, "onlyLooks"));
-    for (const char *name : {"purge", "changeGroup", "doNotMonitor", "delete", "wizard"}) {
+    for (const char *name :
+         {"purge", "changeGroup", "doNotMonitor", "delete", "wizard", "importUsers", "newUser"}) {
         EXPECT_FALSE(Command(name).isVisible()) << name;
     }
     for (const char *name : {"properties", "account", "options", "logins", "exportList"}) {
