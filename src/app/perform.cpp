@@ -2,8 +2,7 @@
 
 #include "access/block_commands.h"
 #include "app/answering.h"
-
-#include <QCoreApplication>
+#include "startup/rights.h"
 
 namespace {
 
@@ -16,14 +15,6 @@ void KeepBlockMoments(const AppServices &services, const QList<Change> &changes)
             services.blockMoments->Forget(userId);
         }
     }
-}
-
-QString OnlyLooksText()
-{
-    return QCoreApplication::translate(
-        "Perform",
-        "You may look at everything and change nothing: for this one must be in the group "
-        "tollbrook.");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/work.h"
+#include "startup/rights.h"
 
 #include <QCoreApplication>
 
@@ -30,7 +31,8 @@ const QList<CommandOption> &GlobalOptions()
 const Commands &AllCommands()
 {
     static const Commands commands = UserCommands() + GroupCommands() + CreditCommands()
-        + LimitCommands() + LoginCommands() + ExchangeCommands() + ConfigCommands() + StatusCommands();
+        + LimitCommands() + LoginCommands() + ExchangeCommands() + ConfigCommands()
+        + StatusCommands();
     return commands;
 }
 
@@ -184,7 +186,8 @@ private:
                                        .bus = *bus},
                              .asJson = parser.isSet(u"json"_s),
                              .isTrial = parser.isSet(u"dry-run"_s),
-                             .isYes = parser.isSet(u"yes"_s)};
+                             .isYes = parser.isSet(u"yes"_s),
+                             .onlyLooks = MayOnlyLook()};
         if (parser.isSet(u"dsn"_s)) {
             options.start.dataSource = parser.value(u"dsn"_s);
         }

@@ -5,6 +5,7 @@
 #include "db/data_source.h"
 #include "db/query.h"
 #include "db/schema_version.h"
+#include "startup/rights.h"
 
 #include <QJsonArray>
 
@@ -124,6 +125,15 @@ Or<void> Work::OpenDatabase()
         terminal.Tell(OlderSchemaText(*version, program.dataSource));
     }
     isOpen = true;
+    return {};
+}
+
+// A trial changes nothing.
+Or<void> Work::MayChange() const
+{
+    if (options.onlyLooks && !options.isTrial) {
+        return StopWith(ExitStatus::Refused, OnlyLooksText());
+    }
     return {};
 }
 

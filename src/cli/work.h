@@ -23,6 +23,7 @@ struct WorkOptions
     bool asJson = false;
     bool isTrial = false; // --dry-run
     bool isYes = false;
+    bool onlyLooks = false; // nothing may be changed (startup/rights.h)
 };
 
 // What became of an action that was done, or of a trial of one.
@@ -84,8 +85,8 @@ public:
                                      Patience patience = Patience::Bounded)
         -> Or<std::invoke_result_t<std::invoke_result_t<WorkWith, const Answers &>>>
     {
-        if (const auto opened = OpenDatabase(); !opened) {
-            return tl::unexpected(opened.error());
+        if (const auto ready = MayChange().and_then([this] { return OpenDatabase(); }); !ready) {
+            return tl::unexpected(ready.error());
         }
         Answers answers;
         while (true) {
@@ -134,6 +135,7 @@ private:
         return *std::move(value);
     }
 
+    [[nodiscard]] Or<void> MayChange() const;
     [[nodiscard]] bool IsWanted(const Question &question);
     [[nodiscard]] QString ServiceWord(ActionId id, bool serviceTold);
 

@@ -1,5 +1,7 @@
 #include "startup/rights.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <grp.h>
 #include <unistd.h>
@@ -44,4 +46,12 @@ bool MayOnlyLook()
 bool MayOnlyLook(bool isRoot, const QStringList &groups)
 {
     return !isRoot && groups.contains(u"tollbrook-view"_s) && !groups.contains(u"tollbrook"_s);
+}
+
+QString OnlyLooksText()
+{
+    return QCoreApplication::translate(
+        "Rights",
+        "You may look at everything and change nothing: for this one must be in the group "
+        "tollbrook.");
 }
