@@ -61,7 +61,7 @@ void DrawCreditDialogs(Studio &studio)
         u"account-limit-credit"_s,
         [&] {
             LimitCreditDialog(
-                services.prompt, currency, AccountingMode::TrafficAndTime, &studio.Frame())
+                services.prompt, currency, {CreditKind::Traffic, CreditKind::Time}, &studio.Frame())
                 .exec();
         },
         enter);

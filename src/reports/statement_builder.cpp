@@ -254,20 +254,21 @@ bool StatementBuilder::ReadUse()
 bool StatementBuilder::ReadDays()
 {
     using enum ReadAs;
-    const auto part = [&](const QString &records, const QString &amounts) {
+    const auto part = [&](const QString &records, const QString &amounts, const QString &counted) {
         return u"SELECT %1.user_id AS owner, %1.`current_time` AS counted, %2 FROM `%1` %1 WHERE "
-               "%1.period = 0%3"_s.arg(
-                   records, amounts, Between(records + u".`current_time`", period));
+               "%1.period = 0%3 AND %4"_s.arg(
+                   records, amounts, Between(records + u".`current_time`", period), counted);
     };
     const bool done = Read(
         u"SELECT users.user_id, used.counted, used.received, used.sent, used.hours FROM `users` "
         "users INNER JOIN (%1 UNION ALL %2) used ON used.owner = users.user_id%3 "
         "ORDER BY users.`username` ASC, users.user_id ASC, used.counted ASC"_s.arg(
             part(u"traffic_use"_s,
-                 u"traffic_use.`data` AS received, traffic_use.senddata AS sent, 0.0 AS hours"_s)
-                + u" AND (traffic_use.`data` <> 0 or traffic_use.senddata <> 0)",
-            part(u"time_use"_s, u"0.0 AS received, 0.0 AS sent, time_use.`data` AS hours"_s)
-                + u" AND time_use.`data` <> 0",
+                 u"traffic_use.`data` AS received, traffic_use.senddata AS sent, 0.0 AS hours"_s,
+                 u"(traffic_use.`data` <> 0 or traffic_use.senddata <> 0)"_s),
+            part(u"time_use"_s,
+                 u"0.0 AS received, 0.0 AS sent, time_use.`data` AS hours"_s,
+                 u"time_use.`data` <> 0"_s),
             Clauses()),
         {Integer, Text, Amount, Amount, Amount},
         [this](int row) { return TakeDay(row); });
