@@ -127,6 +127,7 @@ int DrawAll(CSplitterFrame &frame, const AppServices &services, const QCommandLi
                             DrawProperties,
                             DrawAccounts,
                             DrawAdministration,
+                            DrawExchange,
                             DrawOptions,
                             DrawReports,
                             DrawService}) {

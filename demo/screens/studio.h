@@ -95,6 +95,7 @@ void DrawMainWindow(Studio &studio);
 void DrawProperties(Studio &studio);
 void DrawAccounts(Studio &studio);
 void DrawAdministration(Studio &studio);
+void DrawExchange(Studio &studio);
 void DrawOptions(Studio &studio);
 void DrawReports(Studio &studio);
 void DrawService(Studio &studio); // last: it stops the service and starts it again

@@ -256,7 +256,11 @@ void OpenImport(const AppServices &services, QWidget *parent)
     if (chooser.exec() != QDialog::Accepted) {
         return;
     }
-    const QString fileName = chooser.selectedFiles().constFirst();
+    OpenImportOf(services, chooser.selectedFiles().constFirst(), parent);
+}
+
+void OpenImportOf(const AppServices &services, const QString &fileName, QWidget *parent)
+{
     if (const auto job = AwaitJob(services, parent, fileName)) {
         ImportDialog(services, fileName, job, parent).exec();
     }

@@ -47,5 +47,8 @@ private:
 // be read is told. The lists are to be refilled afterwards.
 void OpenImport(const AppServices &services, QWidget *parent);
 
+// The same with a file that is chosen already.
+void OpenImportOf(const AppServices &services, const QString &fileName, QWidget *parent);
+
 // Has the name of a CSV or XLSX file chosen and saves all monitored users in it, as an import reads them.
 void OpenUserExport(const AppServices &services, QWidget *parent);
