@@ -157,8 +157,14 @@ protected:
         for (const QString &row : before) {
             newIds.remove(IdOf(row));
         }
+        // What stood there before may name somebody who is gone, by an id that is given again.
+        const QSet<QString> stood(before.begin(), before.end());
         QStringList masked;
         for (const QString &row : rows) {
+            if (stood.contains(row)) {
+                masked << row;
+                continue;
+            }
             const QString table = row.section(u": "_s, 0, 0);
             QStringList values = row.section(u": "_s, 1).split(u'|');
             for (const IdColumn &each : IdColumns(table)) {
