@@ -4186,13 +4186,6 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
-    <name>Perform</name>
-    <message>
-        <source>You may look at everything and change nothing: for this one must be in the group tollbrook.</source>
-        <translation>Sie können sich alles ansehen und nichts ändern: dafür muss man in der Gruppe tollbrook sein.</translation>
-    </message>
-</context>
-<context>
     <name>PeriodDialog</name>
     <message>
         <source>Day</source>
@@ -5979,6 +5972,13 @@ Sollen sie ersetzt werden?</translation>
     <message>
         <source>None of the users or groups that the report is on exists any more.</source>
         <translation>Von den Benutzern oder Gruppen des Berichts gibt es keinen mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>Rights</name>
+    <message>
+        <source>You may look at everything and change nothing: for this one must be in the group tollbrook.</source>
+        <translation>Sie können sich alles ansehen und nichts ändern: dafür muss man in der Gruppe tollbrook sein.</translation>
     </message>
 </context>
 <context>

@@ -53,7 +53,7 @@ public:
     {
         if (whole) {
             std::ranges::sort(*whole, {}, &FoundOwner::number);
-            whole->erase(std::ranges::unique(*whole).begin(), whole->end());
+            whole->erase(std::unique(whole->begin(), whole->end()), whole->end());
         }
         return std::move(whole);
     }

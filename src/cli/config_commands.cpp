@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kLongest = 1024 * 1024; // bytes, more than any value has
+constexpr qsizetype kLongest = qsizetype {1024} * 1024; // bytes, more than any value has
 
 const QList<Column> kColumns {
     {"name", "Name"}, {"value", "Value"}, {"meaning", "Meaning"}, {"file", "File"}};

@@ -243,7 +243,8 @@ Or<void> SetLogin(Work &work, const Given &given)
     if (!open) {
         return tl::unexpected(open.error());
     }
-    auto &[table, index] = *open;
+    auto &table = open->table;
+    const auto index = open->index;
     LoginEntry entry;
     entry.login = table.Logins()[index];
     return TakeUser(work, given, table, index, entry)

@@ -3,6 +3,7 @@
 #include <QChar>
 #include <QList>
 
+#include <clocale>
 #include <cwchar>
 
 using namespace Qt::StringLiterals;
@@ -51,11 +52,15 @@ QString PlainText(const QString &text, bool keepsLines)
     return plain;
 }
 
+// The letters are known by a locale of UTF-8, which the program's own need not be.
 qsizetype TerminalWidth(const QString &text)
 {
+    static const locale_t letters = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    const locale_t before = uselocale(letters); // null, were there none, leaves it as it is
     qsizetype width = 0;
     for (const char32_t character : text.toUcs4()) {
         width += qMax(0, wcwidth(static_cast<wchar_t>(character)));
     }
+    uselocale(before);
     return width;
 }

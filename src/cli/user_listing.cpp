@@ -70,18 +70,22 @@ Result<std::vector<ListedUser>> FindAll(const UserFilter &filter)
     return users;
 }
 
+std::vector<ListedUser> WithUses(std::vector<ListedUser> users, const AccountUses &uses)
+{
+    for (ListedUser &user : users) {
+        const auto use = uses.constFind(user.userId);
+        if (use != uses.constEnd()) {
+            user.row.use = *use;
+        }
+    }
+    return users;
+}
+
 Result<std::vector<ListedUser>> FindAllWithUses(const UserFilter &filter, AccountMoment moment)
 {
     return FindAll(filter).and_then([&moment](std::vector<ListedUser> users) {
-        return ReadAllAccountUses(moment).map([&users](const AccountUses &uses) {
-            for (ListedUser &user : users) {
-                const auto use = uses.constFind(user.userId);
-                if (use != uses.constEnd()) {
-                    user.row.use = *use;
-                }
-            }
-            return std::move(users);
-        });
+        return ReadAllAccountUses(moment).map(
+            [&users](const AccountUses &uses) { return WithUses(std::move(users), uses); });
     });
 }
 

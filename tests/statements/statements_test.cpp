@@ -101,7 +101,8 @@ std::set<Statement> SentStatements()
     return statements;
 }
 
-// Whether what was sent is the written text, or a query that goes on behind it with a clause.
+// Whether what was sent is the written text, or a query that goes on behind it with a clause, or rows that
+// follow their columns.
 bool IsText(const QByteArray &sent, const QByteArray &text, const std::set<QByteArray> &written)
 {
     if (!sent.startsWith(text)) {
@@ -110,7 +111,8 @@ bool IsText(const QByteArray &sent, const QByteArray &text, const std::set<QByte
     const QByteArray rest = sent.sliced(text.size());
     const bool goesOn = text.startsWith("SELECT")
         && (rest.startsWith(" AND ") || rest.startsWith(" ORDER BY ")) && !written.contains(sent);
-    return rest.isEmpty() || goesOn;
+    const bool addsRows = text.endsWith(" VALUES ") && rest.startsWith("((?)");
+    return rest.isEmpty() || goesOn || addsRows;
 }
 
 // Each report's own query, and those on a period and on users and groups that a filter names or leaves
