@@ -90,7 +90,7 @@ TEST(Tables, ColumnsStandBelowTheirHeadingsWhateverTheLetters)
     EXPECT_EQ(TextOf(table),
               u"Name   Used  On\n"
               "\u4e2d\u6587  12.50  yes\n"
-              "ab            no\n"_s);
+              "ab           no\n"_s);
     const auto array = JsonOf(table);
     EXPECT_EQ(array[0].toObject(),
               (QJsonObject {{u"name"_s, u"\u4e2d\u6587"_s}, {u"used"_s, 12.5}, {u"on"_s, true}}));
