@@ -3,7 +3,6 @@
 #include "access/list_commands.h"
 #include "access/user_record.h"
 #include "accounts/sheet_actions.h"
-#include "admin/new_user.h"
 #include "base/ipv4.h"
 #include "base/mac_address.h"
 #include "cli/command.h"
@@ -11,6 +10,7 @@
 #include "cli/owners.h"
 #include "cli/user_listing.h"
 #include "cli/work.h"
+#include "exchange/one_user.h"
 
 #include <memory>
 
@@ -68,14 +68,22 @@ Or<NewUser> NewUserOf(Work &work, const Given &given)
         if (!found) {
             return tl::unexpected(found.error());
         }
-        user.groupId = found->groupId;
+        user.group = *found;
     }
-    const auto key = work.Settings().ReadKey(ConfigKeyId::DefProfile);
-    if (!key) {
-        return StopWith(ExitStatus::Failed, TextOf(key.error()));
-    }
-    user.profile = LoadDefaultProfile(*key, KeyReader::kBufferBytes);
     return user;
+}
+
+Or<NewUserPlan> PlanOf(Work &work, const NewUser &user)
+{
+    const auto context = ReadImportContext(work.Settings());
+    if (!context) {
+        return StopWith(ExitStatus::Failed, context.error());
+    }
+    auto plan = work.Read([user, known = *context] { return PlanNewUser(user, known); });
+    if (plan && !plan->refusal.isEmpty()) {
+        return StopWith(ExitStatus::Refused, plan->refusal);
+    }
+    return plan;
 }
 
 Or<void> AddUser(Work &work, const Given &given)
@@ -84,8 +92,12 @@ Or<void> AddUser(Work &work, const Given &given)
     if (!user) {
         return tl::unexpected(user.error());
     }
+    const auto plan = PlanOf(work, *user);
+    if (!plan) {
+        return tl::unexpected(plan.error());
+    }
     const auto added = std::make_shared<UserId>();
-    const auto performed = work.Perform(AddUserAction(*user, added));
+    const auto performed = work.Perform(AddUserAction(*plan, added));
     if (!performed) {
         return tl::unexpected(performed.error());
     }

@@ -41,12 +41,12 @@ class Importing
 public:
     Importing(ActionRun &actionRun, const ImportJob &importJob) : run(actionRun), job(importJob) { }
 
-    void Run()
+    Rows Run()
     {
         Lock();
         PlanAgain();
         if (run.IsStopped()) {
-            return;
+            return {};
         }
         MakeGroups();
         UserWriter(run, written).Write();
@@ -55,6 +55,7 @@ public:
         WriteCredits();
         WriteBlocks();
         WriteLogins();
+        return std::move(written);
     }
 
 private:
@@ -247,5 +248,10 @@ private:
 
 Action ImportAction(const std::shared_ptr<const ImportJob> &job)
 {
-    return {ActionId::ImportUsers, [job](ActionRun &run) { Importing(run, *job).Run(); }};
+    return {ActionId::ImportUsers, [job](ActionRun &run) { RunImport(run, *job); }};
+}
+
+std::vector<ImportRow> RunImport(ActionRun &run, const ImportJob &job)
+{
+    return Importing(run, job).Run();
 }

@@ -16,3 +16,7 @@ struct ImportJob
 // refused, with the name, when a user or what it is to get was changed meanwhile. `job` is shared with
 // whoever shows it, and never changed.
 [[nodiscard]] Action ImportAction(const std::shared_ptr<const ImportJob> &job);
+
+// The same within an action of another name. Gives the rows that were written, new users with their ids;
+// of a run that was stopped they mean nothing.
+std::vector<ImportRow> RunImport(ActionRun &run, const ImportJob &job);

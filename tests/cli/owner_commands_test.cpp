@@ -2,6 +2,8 @@
 #include "cli/command_line_fixture.h"
 #include "support/core/fake_service.h"
 
+#include <QFile>
+
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -97,14 +99,39 @@ TEST_P(OwnerCommands, AddsAUserWithTheDefaultProfile)
     EXPECT_EQ(RowsOf("SELECT traflim, trafperiod FROM users WHERE username = 'carl'"),
               QStringList(u"300|2"_s));
     ExpectRefused(Words("user add CARL"), 1, "There is a user carl already");
-    ExpectRefused(Words("user add dora --ip 10.0.0.3"), 1, "User carl has this IP address already");
-    ExpectRefused(
-        Words("user add dora --mac 0011223344CC"), 1, "User carl has this MAC address already");
+    ExpectRefused(Words("user add dora --ip 10.0.0.3"),
+                  1,
+                  "The IP address 10.0.0.3 is the one of the user \"carl\"");
+    ExpectRefused(Words("user add dora --mac 0011223344CC"),
+                  1,
+                  "The MAC address 0011223344CC is the one of the user \"carl\"");
     ExpectRefused({u"user"_s, u"add"_s, u"  "_s}, 1, "Please enter the name of the user");
     ExpectRefused(Words("user add dora --group none"), 1, "There is no group \"none\"");
     ExpectRefused(Words("user add dora --ip 10.0.0"), 2, "no IP address");
     ExpectRefused(Words("user add dora --mac 12"), 2, "no MAC address");
     ExpectRefused(Words("user add dora emil"), 2, "Usage: tollbrook user add NAME");
+}
+
+// As the window and an import refuse it.
+TEST_P(OwnerCommands, AddsNobodyWithAnAddressThatTheServiceIgnores)
+{
+    ASSERT_TRUE(Settings().CreateKey(ConfigKeyId::LocalIp));
+    QFile file(Settings().FileOf(ConfigKeyId::LocalIp));
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write("exclude0=0x0A000007\n");
+    file.close();
+    ExpectRefused(Words("user add dora --ip 10.0.0.7"),
+                  1,
+                  "IP address \"10.0.0.7\": the address is excluded");
+    ExpectRefused(Words("user add dora --ip 0.0.0.0"), 1, "it is no IP address");
+}
+
+// The name of a group is no way to tell it from another one of that name.
+TEST_P(OwnerCommands, AddsNobodyToAnotherGroupOfTheSameName)
+{
+    Execute("INSERT INTO groups (group_id, name) VALUES (95, 'Yard')");
+    ExpectRefused(
+        Words("user add dora --group #95"), 1, "The group Yard cannot be found by its name");
 }
 
 TEST_P(OwnerCommands, ChangesWhatIsNamedAndNothingElse)

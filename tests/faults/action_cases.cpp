@@ -7,12 +7,11 @@
 #include "accounts/sheet_actions.h"
 #include "admin/exclusions.h"
 #include "admin/login_storage.h"
-#include "admin/new_user.h"
 #include "admin/protocol_storage.h"
 #include "admin/purge.h"
 #include "admin/unmonitored.h"
 #include "db/session.h"
-#include "exchange/import_action.h"
+#include "exchange/one_user.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -308,8 +307,10 @@ const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size
          // A server's counter gives the numbers from 1, which rows with numbers of their own have.
          [] { Execute("UPDATE users SET user_id = user_id + 100"); },
          [] {
-             return AddUserAction({.name = u"carl"_s, .ip = 0x0A0000FEU, .mac = u"0011223344FE"_s},
-                                  std::make_shared<UserId>());
+             const auto plan =
+                 PlanNewUser({.name = u"carl"_s, .ip = 0x0A0000FEU, .mac = u"0011223344FE"_s}, {});
+             EXPECT_EQ(plan.value().refusal, QString());
+             return AddUserAction(*plan, std::make_shared<UserId>());
          }},
         {"a group added",
          ActionId::AddGroup,

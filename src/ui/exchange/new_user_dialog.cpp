@@ -3,7 +3,6 @@
 #include "access/access_mode.h"
 #include "app/perform.h"
 #include "app/waiting.h"
-#include "exchange/import_action.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/ip_address_field.h"
@@ -17,20 +16,6 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// What the plan makes of the one row.
-Result<std::shared_ptr<const ImportJob>> PlanOne(const ImportTable &table,
-                                                 const ImportContext &context)
-{
-    return ReadStoredUsers().map([&](const StoredUsers &stored) {
-        return std::make_shared<const ImportJob>(
-            ImportJob {table, context, PlanImport(table, stored, context)});
-    });
-}
-
-} // namespace
 
 NewUserDialog::NewUserDialog(const AppServices &appServices,
                              const QList<NamedGroup> &groups,
@@ -50,7 +35,7 @@ NewUserDialog::NewUserDialog(const AppServices &appServices,
     name->setMinimumWidth(fontMetrics().averageCharWidth() * 36);
     group->setObjectName(u"group"_s);
     for (const NamedGroup &each : groups) {
-        group->addItem(each.name);
+        group->addItem(each.name, each.groupId.value);
         if (each.groupId == kEverybodyGroup) {
             group->setCurrentIndex(group->count() - 1);
         }
@@ -94,23 +79,12 @@ bool NewUserDialog::IsComplete()
     return true;
 }
 
-ImportTable NewUserDialog::Entered() const
+NewUser NewUserDialog::Entered() const
 {
-    const auto address = ip->Address();
-    ImportTable table;
-    ImportLine line;
-    const auto add = [&](ImportColumn column, const QString &cell) {
-        const auto place = static_cast<size_t>(column);
-        table.columns.set(place);
-        line.cells[place] = cell;
-    };
-    line.number = 1;
-    add(ImportColumn::UserName, name->text().trimmed());
-    add(ImportColumn::Group, group->currentText());
-    add(ImportColumn::IpAddress, address ? DottedText(*address) : QString());
-    add(ImportColumn::MacAddress, mac->text());
-    table.lines.push_back(line);
-    return table;
+    return {.name = name->text(),
+            .group = NamedGroup {group->currentText(), GroupId {group->currentData().toUInt()}},
+            .ip = ip->Address(),
+            .mac = mac->text()};
 }
 
 void NewUserDialog::accept()
@@ -119,20 +93,19 @@ void NewUserDialog::accept()
         return;
     }
     const QString what = tr("Adding the user...");
-    const auto job = Await(services, this, what, [table = Entered(), known = context] {
-        return PlanOne(table, known);
+    const auto plan = Await(services, this, what, [user = Entered(), known = context] {
+        return PlanNewUser(user, known);
     });
-    if (!job) {
-        TellUnread(services, tr("The user was not added."), job.error());
+    if (!plan) {
+        TellUnread(services, tr("The user was not added."), plan.error());
         return;
     }
-    const ImportRow &row = (*job)->plan.rows.front();
-    if (row.userId.IsSet()) {
+    if (plan->isNameTaken) {
         Refuse(
             services.prompt, *name, tr("There is a user of this name. Please enter another one"));
-    } else if (row.state == ImportState::Refused) {
-        Complain(services.prompt, row.reason);
-    } else if (Perform(services, this, what, ImportAction(*job))) {
+    } else if (!plan->refusal.isEmpty()) {
+        Complain(services.prompt, plan->refusal);
+    } else if (Perform(services, this, what, AddUserAction(*plan, std::make_shared<UserId>()))) {
         Dialog::accept();
     }
 }

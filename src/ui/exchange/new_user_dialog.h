@@ -2,7 +2,7 @@
 #pragma once
 
 #include "access/group_list.h"
-#include "exchange/import_plan.h"
+#include "exchange/one_user.h"
 #include "startup/app_services.h"
 #include "ui/common/dialog.h"
 
@@ -26,7 +26,7 @@ public:
 
 private:
     [[nodiscard]] bool IsComplete();
-    [[nodiscard]] ImportTable Entered() const;
+    [[nodiscard]] NewUser Entered() const;
 
     const AppServices &services;
     const ImportContext context;
