@@ -3935,16 +3935,8 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Es gibt bereits einen Benutzer %1. Nichts wurde geändert.</translation>
     </message>
     <message>
-        <source>User %1 has this IP address already. Nothing was changed.</source>
-        <translation>Der Benutzer %1 hat diese IP-Adresse bereits. Nichts wurde geändert.</translation>
-    </message>
-    <message>
-        <source>User %1 has this MAC address already. Nothing was changed.</source>
-        <translation>Der Benutzer %1 hat diese MAC-Adresse bereits. Nichts wurde geändert.</translation>
-    </message>
-    <message>
-        <source>The new user cannot be found by its name. Nothing was changed.</source>
-        <translation>Der neue Benutzer ist unter seinem Namen nicht zu finden. Nichts wurde geändert.</translation>
+        <source>The group %1 cannot be found by its name. Nothing was changed.</source>
+        <translation>Die Gruppe %1 ist nicht an ihrem Namen zu finden. Es wurde nichts geändert.</translation>
     </message>
 </context>
 <context>

@@ -142,15 +142,23 @@ bool TableReader::Fetch(RowBlock &block)
         if (!database.Note(code)) {
             return false;
         }
-        for (size_t column = 0; column < columns.size(); ++column) {
-            for (size_t row = 0; row < fetched; ++row) {
-                if (!Add(columns[column], row, block.columns[column])) {
-                    return Fail(column);
-                }
-            }
+        if (!AddFetched(block)) {
+            return false;
         }
         block.rows += fetched;
     }
+}
+
+bool TableReader::AddFetched(RowBlock &block)
+{
+    for (size_t column = 0; column < columns.size(); ++column) {
+        for (size_t row = 0; row < fetched; ++row) {
+            if (!Add(columns[column], row, block.columns[column])) {
+                return Fail(column);
+            }
+        }
+    }
+    return true;
 }
 
 bool TableReader::Add(const Column &source, size_t row, ColumnValues &values) const

@@ -29,6 +29,7 @@ private:
     [[nodiscard]] SqlValues Behind() const;
     void Attach();
     [[nodiscard]] bool Fetch(RowBlock &block);
+    [[nodiscard]] bool AddFetched(RowBlock &block);
     [[nodiscard]] bool Add(const Column &source, size_t row, ColumnValues &values) const;
     [[nodiscard]] bool Fail(size_t column);
 
