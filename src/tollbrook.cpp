@@ -7,6 +7,7 @@
 #include <QLoggingCategory>
 
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +26,8 @@ void TellPlainly(QtMsgType type, const QMessageLogContext &context, const QStrin
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    std::signal(SIGPIPE,
+                SIG_IGN); // a reader that goes is output that failed, and has an exit status
     QCoreApplication::setApplicationName(u"tollbrook"_s);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     QLocale::setDefault(QLocale::c()); // numbers and days are the same on every machine

@@ -96,13 +96,18 @@ QString HelpOf(const Command &command)
     return text + u"\nOptions of every command:\n"_s + OptionLines(GlobalOptions());
 }
 
+bool IsFamily(const QString &word)
+{
+    return std::ranges::any_of(AllCommands(), [family = word + u' '](const Command &command) {
+        return NameOf(command).startsWith(family);
+    });
+}
+
 // The commands whose names begin with the words, all of them where none does.
 QString HelpFor(const QStringList &words)
 {
     const QString family = words.value(0) + u' ';
-    const bool isFamily = std::ranges::any_of(AllCommands(), [&family](const Command &command) {
-        return NameOf(command).startsWith(family);
-    });
+    const bool isFamily = IsFamily(words.value(0));
     QString text = u"Usage: tollbrook [options] COMMAND ...\n"
                    "Administers Tollbrook Network from a terminal or a script.\n\nCommands:\n"_s;
     for (const Command &command : AllCommands()) {
@@ -156,6 +161,11 @@ private:
     [[nodiscard]] Or<void> NoCommand() const
     {
         const QStringList words = arguments.mid(place, 2);
+        if (words.size() == 1 && IsFamily(words.first())) {
+            return StopWith(ExitStatus::WrongUse,
+                            u"Name a command of \"%1\"; \"tollbrook %1 --help\" lists them."_s.arg(
+                                words.first()));
+        }
         return StopWith(ExitStatus::WrongUse,
                         words.isEmpty()
                             ? u"Name a command; \"tollbrook --help\" lists them."_s

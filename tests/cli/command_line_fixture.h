@@ -36,6 +36,10 @@ protected:
     // On the next runs the message bus is here.
     void UseBus(const QString &address) { busAddress = address; }
 
+    // Starts it by `process`, has `attend` do what is to be done meanwhile, and reads what it wrote.
+    int
+    RunWith(QProcess &process, const QStringList &arguments, const std::function<void()> &attend);
+
     [[nodiscard]] ConfigStore Settings() const { return ConfigStore(folder.path()); }
 
     QTemporaryDir folder;
@@ -45,10 +49,6 @@ protected:
     QString outputFile; // where what is printed goes, in place of `printed`; empty: not there
 
 private:
-    // Starts it, has `attend` do what is to be done meanwhile, and reads what it wrote.
-    int
-    RunWith(QProcess &process, const QStringList &arguments, const std::function<void()> &attend);
-
     QString busAddress = QStringLiteral("unix:path=/nowhere");
 };
 

@@ -1,6 +1,12 @@
 // The command line as a whole: how it is understood, and what it prints.
 #include "cli/command_line_fixture.h"
 
+#include <QProcess>
+
+#include <unistd.h>
+
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -76,6 +82,7 @@ TEST_P(CommandLine, TellsByItsExitStatusWhatIsWrong)
     const Case cases[] = {
         {{}, 2, "Name a command"},
         {{u"user"_s, u"dance"_s}, 2, "There is no command \"user dance\""},
+        {{u"user"_s}, 2, "Name a command of \"user\""},
         {list + QStringList {u"--colour"_s}, 2, "colour"},
         {list + QStringList {u"--bus"_s, u"school"_s}, 2, "\"school\""},
         {list + QStringList {u"mode:none:"_s}, 2, "mode"},
@@ -103,4 +110,16 @@ TEST_P(CommandLine, OutputThatCannotBeWrittenIsNoSuccess)
     outputFile = u"/dev/full"_s;
     EXPECT_EQ(Run({u"user"_s, u"list"_s}), 3);
     EXPECT_EQ(said, u"tollbrook: The output could not be written.\n"_s);
+}
+
+TEST_P(CommandLine, AReaderThatHasGoneEndsNoChangeHalfway)
+{
+    std::array<int, 2> ends {};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    close(ends[0]);
+    QProcess process;
+    process.setChildProcessModifier([writing = ends[1]] { dup2(writing, STDOUT_FILENO); });
+    EXPECT_EQ(RunWith(process, {u"group"_s, u"add"_s, u"Readers"_s}, [] {}), 3);
+    close(ends[1]);
+    EXPECT_EQ(RowsOf("SELECT name FROM groups WHERE name = 'Readers'"), QStringList(u"Readers"_s));
 }
