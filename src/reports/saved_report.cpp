@@ -273,7 +273,7 @@ QByteArray TomlOf(const SavedReport &report)
         put("mail", report.mail);
     }
     if (report.schedule.IsSet()) {
-        const auto every = kEveryWords.at(static_cast<qsizetype>(report.schedule.every));
+        const auto &every = kEveryWords.at(static_cast<qsizetype>(report.schedule.every));
         table.insert("schedule",
                      toml::table {{"every", every.toStdString()},
                                   {"day", report.schedule.day},

@@ -60,6 +60,17 @@ Cell UnlessNothing(double value)
     return value == 0 ? Cell() : Cell(value);
 }
 
+// Until one of the block's rows is not taken.
+bool TakeAll(int rows, const std::function<bool(int row)> &take)
+{
+    for (int row = 0; row < rows; ++row) {
+        if (!take(row)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 StatementBuilder::StatementBuilder(ReportTable &toFill,
@@ -107,6 +118,7 @@ bool StatementBuilder::Read(const QString &statement,
                             const TakeRow &take)
 {
     std::vector<ReadColumn> positions;
+    positions.reserve(columns.size());
     for (const ReadAs as : columns) {
         positions.push_back({static_cast<int>(positions.size()) + 1, as});
     }
@@ -114,10 +126,8 @@ bool StatementBuilder::Read(const QString &statement,
     if (connection.RunForRows(statement, RowOrder::AsAsked)) {
         connection.Choose(positions);
         while ((rows = connection.FetchBlock()) > 0) {
-            for (int row = 0; row < rows; ++row) {
-                if (!take(row)) {
-                    return false;
-                }
+            if (!TakeAll(rows, take)) {
+                return false;
             }
             rowsRead += rows;
             control.SetProgress(rowsRead);

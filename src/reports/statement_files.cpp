@@ -30,7 +30,7 @@ QString NameOfUser(const ReportGroup &group)
 ReportTablePtr OnlyGroup(const ReportTable &whole, const ReportGroup &group)
 {
     const auto table = std::make_shared<ReportTable>();
-    static_cast<ReportSubject &>(*table) = whole;
+    static_cast<ReportSubject &>(*table) = static_cast<const ReportSubject &>(whole);
     table->filter = FilterInWords({.effect = FilterEffect::Only, .names = {NameOfUser(group)}}, {});
     table->layout = whole.layout;
     table->made = whole.made;
