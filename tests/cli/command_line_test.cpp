@@ -3,9 +3,8 @@
 
 #include <QProcess>
 
-#include <unistd.h>
-
 #include <array>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
-#include "reports/csv_text.h"
 #include "reports/output.h"
 
 #include "reports/broken_store.h"
 #include "reports/catalogue.h"
 #include "reports/chart_painter.h"
+#include "reports/csv_text.h"
 #include "reports/paper.h"
 #include "reports/report_fixture.h"
 #include "reports/report_pages.h"

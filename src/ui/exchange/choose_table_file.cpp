@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-QString ChooseTableFile(QWidget &parent, const TableFileChoice &choice)
+QString ChooseTableFile(QWidget *parent, const TableFileChoice &choice)
 {
     QList<OutputFormat> formats {OutputFormat::Xlsx, OutputFormat::Csv};
     if (choice.csvFirst) {
@@ -18,7 +18,7 @@ QString ChooseTableFile(QWidget &parent, const TableFileChoice &choice)
         endings << EndingOf(format);
         kinds << KindOf(format);
     }
-    QFileDialog dialog(&parent, choice.caption);
+    QFileDialog dialog(parent, choice.caption);
     dialog.setObjectName(choice.name);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(kinds);

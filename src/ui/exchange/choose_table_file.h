@@ -14,4 +14,4 @@ struct TableFileChoice
 };
 
 // Empty when none was chosen.
-[[nodiscard]] QString ChooseTableFile(QWidget &parent, const TableFileChoice &choice);
+[[nodiscard]] QString ChooseTableFile(QWidget *parent, const TableFileChoice &choice);

@@ -268,7 +268,7 @@ void OpenImportOf(const AppServices &services, const QString &fileName, QWidget 
 
 void OpenUserExport(const AppServices &services, QWidget *parent)
 {
-    const QString fileName = ChooseTableFile(*parent,
+    const QString fileName = ChooseTableFile(parent,
                                              {.name = u"exportUsers"_s,
                                               .caption = ImportDialog::tr("Export users"),
                                               .proposed = ImportDialog::tr("Users"),

@@ -58,7 +58,7 @@ Result<ReportTablePtr> ReadWholeList(const ListToExport &list)
 
 void ExportList(const AppServices &services, QWidget &parent, const ListToExport &list)
 {
-    const QString fileName = ChooseTableFile(parent,
+    const QString fileName = ChooseTableFile(&parent,
                                              {.name = u"exportList"_s,
                                               .caption = Words::tr("Export list"),
                                               .proposed = Words::tr("Users")});
