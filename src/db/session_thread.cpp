@@ -49,7 +49,7 @@ public:
 
     void Begin()
     {
-        std::thread([self = shared_from_this()] { self->Run(); }).detach();
+        thread = std::thread([self = shared_from_this()] { self->Run(); });
     }
 
     void Give(std::shared_ptr<Task> newTask)
@@ -69,8 +69,12 @@ public:
         told = nullptr;
         changed.notify_all();
         if (changed.wait_for(lock, patience, [this] { return ended; })) {
+            lock.unlock();
+            // A program that ends must not do so beside what the driver does at a thread's end.
+            thread.join();
             return false;
         }
+        thread.detach();
         ++abandonedCalls;
         return watch->Abandon();
     }
@@ -106,6 +110,7 @@ private:
         return ending ? nullptr : std::exchange(task, nullptr);
     }
 
+    std::thread thread; // from Begin() until End(), which both belong to the owner
     const std::shared_ptr<CallWatch> watch = std::make_shared<CallWatch>();
     std::mutex mutex; // guards what follows
     std::condition_variable changed;
