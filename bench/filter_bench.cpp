@@ -1,9 +1,9 @@
 // Searches for users in a table of a million: what begins with a text, and what holds it anywhere, held
 // against the time that a person waits and against a bare look at every name.
 #include "access/user_search.h"
-#include "db/dialect.h"
 #include "db/direct_connection.h"
 #include "db/session.h"
+#include "db/translation.h"
 #include "support/bench_database.h"
 #include "support/must.h"
 #include "support/promise.h"

@@ -1,6 +1,7 @@
 // A purge by period, through the rules and the session, and by the engine's own command-line client.
 #include "admin/purge.h"
 #include "db/session.h"
+#include "db/translation.h"
 #include "support/bench_database.h"
 #include "support/engine_client.h"
 #include "support/must.h"

@@ -2,8 +2,8 @@
 // a million users against one of a thousand, and with the figures of the accounts against none.
 #include "access/user_list.h"
 #include "app/administrator_app.h"
-#include "db/dialect.h"
 #include "db/direct_connection.h"
+#include "db/translation.h"
 #include "support/bench_database.h"
 #include "support/promise.h"
 #include "ui/main/administrator_view.h"

@@ -1,6 +1,6 @@
 // Statements on single users: through the session, and through the same calls of the bare interface.
-#include "db/dialect.h"
 #include "db/session.h"
+#include "db/translation.h"
 #include "support/bare_session.h"
 #include "support/bench_database.h"
 #include "support/promise.h"

@@ -2,8 +2,8 @@
 // their values and what is read again, in one transaction by bare calls.
 #include "access/user_record.h"
 #include "accounts/sheet_actions.h"
-#include "db/dialect.h"
 #include "db/session.h"
+#include "db/translation.h"
 #include "sheet/sent_statements.h"
 #include "support/bare_session.h"
 #include "support/bench_database.h"

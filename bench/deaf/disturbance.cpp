@@ -1,6 +1,7 @@
 #include "deaf/disturbance.h"
 
 #include "db/direct_connection.h"
+#include "db/translation.h"
 #include "support/must.h"
 
 #include <QDir>

@@ -2,6 +2,7 @@
 // cannot be, each against the engine's own client. Time is CPU time of the program and of the server
 // that works for it.
 #include "config/config_store.h"
+#include "db/translation.h"
 #include "reports/benchmarks.h"
 #include "reports/query_check.h"
 #include "reports/report_data.h"

@@ -1,6 +1,7 @@
 #include "support/limited_users.h"
 
 #include "db/direct_connection.h"
+#include "db/translation.h"
 #include "support/bench_database.h"
 #include "support/must.h"
 

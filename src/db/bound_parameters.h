@@ -1,7 +1,7 @@
 // The bound values as the driver is given them: the session's side of parameters.h.
 #pragma once
 
-#include "db/dialect.h"
+#include "db/translation.h"
 
 namespace bound_parameters {
 

@@ -2,6 +2,7 @@
 
 #include "db/direct_connection.h"
 #include "db/schema_version.h"
+#include "db/translation.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,7 @@
 #include "db/demo_usage.h"
 
 #include "db/row_writer.h"
+#include "db/translation.h"
 
 #include <algorithm>
 #include <array>

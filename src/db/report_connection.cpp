@@ -6,6 +6,7 @@
 #include "db/failure_log.h"
 #include "db/odbc.h"
 #include "db/schema_version.h"
+#include "db/translation.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

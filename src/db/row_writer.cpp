@@ -1,5 +1,7 @@
 #include "db/row_writer.h"
 
+#include "db/translation.h"
+
 #include <iterator>
 
 using namespace Qt::StringLiterals;

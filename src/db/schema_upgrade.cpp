@@ -3,6 +3,7 @@
 #include "db/direct_connection.h"
 #include "db/schema_scripts.h"
 #include "db/schema_version.h"
+#include "db/translation.h"
 
 #include <algorithm>
 

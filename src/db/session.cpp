@@ -5,6 +5,7 @@
 #include "db/failure_log.h"
 #include "db/session_limits.h"
 #include "db/session_state.h"
+#include "db/translation.h"
 
 #include <algorithm>
 #include <cstring>

@@ -3,6 +3,7 @@
 #include "db/direct_connection.h"
 #include "db/maintenance.h"
 #include "db/schema_version.h"
+#include "db/translation.h"
 #include "upkeep/nobody_else.h"
 
 #include <algorithm>

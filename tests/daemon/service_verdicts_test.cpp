@@ -2,6 +2,7 @@
 // combinations, each user asked with a packet either way. What is expected is written here from the
 // rules that docs/service.md and docs/gateway.md tell.
 #include "daemon/service_lab.h"
+#include "db/translation.h"
 #include "gateway/table_layout.h"
 #include "support/lab/links.h"
 

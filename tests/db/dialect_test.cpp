@@ -1,5 +1,7 @@
 #include "db/dialect.h"
 
+#include "db/translation.h"
+
 #include <gtest/gtest.h>
 
 namespace {

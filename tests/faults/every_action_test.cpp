@@ -3,6 +3,7 @@
 // what that one statement does; and nothing untrue is told.
 #include "action_cases.h"
 #include "db/session.h"
+#include "db/translation.h"
 #include "service/service_link.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/fake_service.h"

@@ -1,6 +1,7 @@
 #include "support/core/engine_fixture.h"
 
 #include "db/schema.h"
+#include "db/translation.h"
 #include "support/core/test_data_source.h"
 #include "support/servers/server_section.h"
 

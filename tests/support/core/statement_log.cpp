@@ -2,6 +2,7 @@
 
 #include "db/bound_parameters.h"
 #include "db/session_state.h"
+#include "db/translation.h"
 
 #include <QtGlobal>
 

@@ -4,6 +4,7 @@
 #include "db/failure_log.h"
 #include "db/schema.h"
 #include "db/session.h"
+#include "db/translation.h"
 #include "support/core/database_fixture.h"
 
 #include <QFile>
