@@ -1,5 +1,6 @@
 #include "base/text.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace {
@@ -70,6 +71,17 @@ QByteArray Utf8Cut(const QString &text, qsizetype maxBytes)
 }
 
 // By way of the capitals: folded alone, a sharp s would not be the two letters that it is in capitals.
+TextFault FaultIn(const QString &text)
+{
+    const bool isShowable = std::ranges::none_of(text, [](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::ReplacementCharacter;
+    });
+    if (!isShowable) {
+        return TextFault::NotShowable;
+    }
+    return text.toUtf8().size() > kMaxTextBytes ? TextFault::TooLong : TextFault::None;
+}
+
 QString NameKey(const QString &name)
 {
     const QString composed = name.trimmed().normalized(QString::NormalizationForm_C);

@@ -16,6 +16,14 @@ constexpr qsizetype kMaxTextBytes = 254;
 // The text's UTF-8 form, cut before the first character that would exceed `maxBytes`.
 [[nodiscard]] QByteArray Utf8Cut(const QString &text, qsizetype maxBytes);
 
+// What keeps a text of one line from being stored as it is.
+enum class TextFault {
+    None,
+    NotShowable, // a control character, or one that stands for bytes that were no text
+    TooLong, // more than kMaxTextBytes in UTF-8
+};
+[[nodiscard]] TextFault FaultIn(const QString &text);
+
 // The same for names that count as one: blanks around them, the case of their letters, and how an
 // accented letter is put together make no difference. Empty for a name that cannot be given.
 [[nodiscard]] QString NameKey(const QString &name);

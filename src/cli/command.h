@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
+
 class Work;
 
 struct CommandOption
@@ -15,19 +17,32 @@ struct CommandOption
     const char *name;
     const char *value; // what stands for its value in the help; null for one without
     const char *about;
+    const char *letter = nullptr; // a short name
 };
 
 // What was given to a command: its words behind its own name, and its options.
 class Given
 {
 public:
-    explicit Given(const QCommandLineParser &commandLine) : parser(commandLine) { }
+    // `options`: the command's own ones.
+    Given(const QCommandLineParser &commandLine, const QList<CommandOption> &options)
+        : parser(commandLine)
+        , own(options)
+    { }
 
     [[nodiscard]] QStringList Words() const { return parser.positionalArguments(); }
     [[nodiscard]] QString Word(qsizetype index) const { return Words().value(index); }
     [[nodiscard]] bool Has(const QString &option) const
     {
         return parser.optionNames().contains(option);
+    }
+
+    // Whether any of the command's own options is given.
+    [[nodiscard]] bool HasOwn() const
+    {
+        return std::ranges::any_of(own, [this](const CommandOption &option) {
+            return Has(QString::fromLatin1(option.name));
+        });
     }
 
     // Nothing where the option is not given.
@@ -38,6 +53,7 @@ public:
 
 private:
     const QCommandLineParser &parser;
+    const QList<CommandOption> &own;
 };
 
 struct Command

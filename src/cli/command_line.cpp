@@ -23,8 +23,8 @@ const QList<CommandOption> &GlobalOptions()
         {"json", nullptr, "Prints one JSON value for programs."},
         {"dry-run", nullptr, "Shows what would change and writes nothing."},
         {"yes", nullptr, "Answers every question with Yes."},
-        {"help", nullptr, "Shows the commands, or what one of them takes."},
-        {"version", nullptr, "Shows the version."}};
+        {"help", nullptr, "Shows the commands, or what one of them takes.", "h"},
+        {"version", nullptr, "Shows the version.", "v"}};
     return options;
 }
 
@@ -44,7 +44,11 @@ QString NameOf(const Command &command)
 void AddOptions(QCommandLineParser &parser, const QList<CommandOption> &options)
 {
     for (const CommandOption &option : options) {
-        QCommandLineOption added(QString::fromLatin1(option.name));
+        QStringList names {QString::fromLatin1(option.name)};
+        if (option.letter != nullptr) {
+            names << QString::fromLatin1(option.letter);
+        }
+        QCommandLineOption added(names);
         if (option.value != nullptr) {
             added.setValueName(QString::fromLatin1(option.value));
         }
@@ -139,6 +143,9 @@ public:
 
     Or<void> Run()
     {
+        if (arguments.join(u' ').contains(QChar::ReplacementCharacter)) {
+            return StopWith(ExitStatus::WrongUse, u"The command line is not in UTF-8."_s);
+        }
         QStringList without = arguments;
         if (command != nullptr) {
             AddOptions(parser, command->options);
@@ -177,7 +184,9 @@ private:
     {
         const qsizetype words = parser.positionalArguments().size();
         if (!isUnderstood) {
-            return StopWith(ExitStatus::WrongUse, parser.errorText());
+            return StopWith(ExitStatus::WrongUse,
+                            parser.errorText()
+                                + u" A word that begins with a dash stands behind \"--\"."_s);
         }
         if (words < command->least || words > command->most) {
             return StopWith(ExitStatus::WrongUse,
@@ -202,7 +211,7 @@ private:
             options.start.dataSource = parser.value(u"dsn"_s);
         }
         Work work(options, terminal);
-        return command->run(work, Given(parser));
+        return command->run(work, Given(parser, command->options));
     }
 
     const QStringList arguments;

@@ -3,6 +3,7 @@
 #include "cli/work.h"
 #include "exchange/import_action.h"
 #include "exchange/user_export.h"
+#include "reports/output_format.h"
 
 #include <QJsonArray>
 
@@ -140,6 +141,9 @@ Or<void> StatusOf(const ImportPlan &plan, bool isImported)
 
 Or<void> ImportUsers(Work &work, const Given &given)
 {
+    if (given.Word(0).isEmpty()) {
+        return StopWith(ExitStatus::WrongUse, u"Name the file to import."_s);
+    }
     const auto job = ReadJob(work, given.Word(0));
     if (!job) {
         return tl::unexpected(job.error());
@@ -162,39 +166,67 @@ Or<void> ImportUsers(Work &work, const Given &given)
     return StatusOf(plan, isImported);
 }
 
+void TellExported(Work &work, const QString &fileName, qint64 count)
+{
+    if (work.IsJson()) {
+        work.Speech().Print(JsonText(QJsonObject {
+            {u"users"_s, count}, {u"file"_s, fileName}, {u"dryRun"_s, work.IsTrial()}}));
+    } else if (work.IsTrial()) {
+        work.PrintLine(
+            u"%1 users would be saved as %2. Nothing was written (--dry-run)."_s.arg(count).arg(
+                fileName));
+    } else {
+        work.PrintLine(u"%1 users were saved as %2."_s.arg(count).arg(fileName));
+    }
+}
+
 Or<void> ExportToFile(Work &work, const QString &fileName, double rate)
 {
-    return work.Read([fileName, rate] { return ExportUsers(fileName, rate); })
-        .map([&](qint64 count) {
-            if (work.IsJson()) {
-                work.Speech().Print(
-                    JsonText(QJsonObject {{u"users"_s, count}, {u"file"_s, fileName}}));
-            } else {
-                work.PrintLine(u"%1 users were saved as %2."_s.arg(count).arg(fileName));
-            }
-        });
+    const bool isTrial = work.IsTrial();
+    return work
+        .Read([fileName, rate, isTrial] {
+            return isTrial ? TryExportUsers(rate) : ExportUsers(fileName, rate);
+        })
+        .map([&](qint64 count) { TellExported(work, fileName, count); });
+}
+
+// What was given cannot be meant.
+std::optional<QString> WhyNotExported(const Work &work, const Given &given)
+{
+    const QString fileName = given.Word(0);
+    const QString format = given.Value(u"format"_s).value_or(QString());
+    if (!format.isEmpty() && format != u"csv" && format != u"xlsx") {
+        return u"There is no format \"%1\"; it is csv or xlsx."_s.arg(format);
+    }
+    if (given.Words().isEmpty()) {
+        if (format == u"xlsx") {
+            return u"Name a file for the format %1."_s.arg(format);
+        }
+        return work.IsJson() ? std::optional(u"With --json name a file for the users."_s)
+                             : std::nullopt;
+    }
+    if (!format.isEmpty()) {
+        return fileName.endsWith(u'.' + format, Qt::CaseInsensitive)
+            ? std::nullopt
+            : std::optional(u"The file's name is to end in .%1."_s.arg(format));
+    }
+    const auto named = FormatOf(fileName);
+    return named == OutputFormat::Csv || named == OutputFormat::Xlsx
+        ? std::nullopt
+        : std::optional(u"The file's name is to end in .csv or .xlsx."_s);
 }
 
 Or<void> ExportAll(Work &work, const Given &given)
 {
-    const QString fileName = given.Word(0);
-    const QString format = given.Value(u"format"_s).value_or(u"csv"_s);
-    if (format != u"csv" && format != u"xlsx") {
-        return StopWith(ExitStatus::WrongUse,
-                        u"There is no format \"%1\"; it is csv or xlsx."_s.arg(format));
-    }
-    if (fileName.isEmpty() && format != u"csv") {
-        return StopWith(ExitStatus::WrongUse, u"Name a file for the format %1."_s.arg(format));
-    }
-    if (given.Has(u"format"_s) && !fileName.isEmpty() && !fileName.endsWith(u'.' + format)) {
-        return StopWith(ExitStatus::WrongUse, u"The file's name is to end in .%1."_s.arg(format));
+    if (const auto reason = WhyNotExported(work, given)) {
+        return StopWith(ExitStatus::WrongUse, *reason);
     }
     const auto currency = work.CurrencyNow();
     if (!currency) {
         return tl::unexpected(currency.error());
     }
-    if (!fileName.isEmpty()) {
-        return ExportToFile(work, fileName, currency->rate);
+    if (!given.Words().isEmpty()) {
+        return ExportToFile(work, given.Word(0), currency->rate);
     }
     return work.Read([rate = currency->rate] { return ExportedUsers(rate); })
         .map([&](const QByteArray &text) { work.Speech().Print(QString::fromUtf8(text)); });

@@ -92,44 +92,58 @@ Or<void> PerformOn(Work &work, const Action &action, const QString &sentence)
         [&](const Performed &performed) { work.Print(performed, sentence); });
 }
 
+Or<QString> NameOf(const QString &text)
+{
+    return StorableText(text.trimmed(), u"The name"_s);
+}
+
 Or<void> AddGroup(Work &work, const Given &given)
 {
-    const QString name = given.Word(0).trimmed();
+    const auto name = NameOf(given.Word(0));
+    if (!name) {
+        return tl::unexpected(name.error());
+    }
     const auto added = std::make_shared<GroupId>();
-    const auto performed = work.Perform(AddGroupAction(name, added));
+    const auto performed = work.Perform(AddGroupAction(*name, added));
     return performed.map([&](const Performed &done) {
         work.Print(done,
-                   u"Group %1 was added as #%2."_s.arg(name, QString::number(added->value)),
+                   u"Group %1 was added as #%2."_s.arg(*name, QString::number(added->value)),
                    {{u"id"_s, work.IsTrial() ? QJsonValue() : QJsonValue(qint64 {added->value})}});
     });
 }
 
 Or<void> RenameGroup(Work &work, const Given &given)
 {
-    const QString name = given.Word(1).trimmed();
+    const auto name = NameOf(given.Word(1));
+    if (!name) {
+        return tl::unexpected(name.error());
+    }
     return FindGroup(work, given.Word(0)).and_then([&](const NamedGroup &group) -> Or<void> {
         if (const auto reason = WhyNotRenamed(group.groupId)) {
             return StopWith(ExitStatus::Refused, *reason);
         }
         return PerformOn(work,
-                         RenameGroupAction(group.groupId, name),
-                         u"Group %1 is called %2 now."_s.arg(group.name, name));
+                         RenameGroupAction(group.groupId, *name),
+                         u"Group %1 is called %2 now."_s.arg(group.name, *name));
     });
 }
 
 Or<void> SetGroup(Work &work, const Given &given)
 {
-    auto record = LoadRecord(work, given);
+    if (!given.HasOwn()) {
+        return WrongUse(u"Name what is to change; see \"tollbrook group set --help\"."_s);
+    }
+    const auto description = StorableText(*given.Value(u"description"_s), u"The description"_s);
+    auto record = description ? LoadRecord(work, given) : tl::unexpected(description.error());
     if (!record) {
         return tl::unexpected(record.error());
     }
-    const auto description = given.Value(u"description"_s);
-    if (!description || *description == record->base.description) {
-        return WrongUse(
-            u"Nothing of group %1 would change; see \"tollbrook group set --help\"."_s.arg(
-                record->base.name));
-    }
     record->draft.description = *description;
+    if (record->draft == record->base) {
+        work.Print(Performed {},
+                   u"Group %1 is so already. Nothing was changed."_s.arg(record->base.name));
+        return {};
+    }
     return PerformOn(work,
                      ApplyGroupAction(*record, CurrentRate(work.Settings())),
                      u"Group %1 was changed."_s.arg(record->base.name));

@@ -108,6 +108,8 @@ struct WantedLimits
     std::optional<LimitPeriod> period;
     std::optional<double> price;
     bool globalPrice = false;
+
+    bool operator==(const WantedLimits &) const = default;
 };
 
 // Reads an option where it is given. False after the first one that cannot be read.
@@ -216,8 +218,9 @@ Or<void> SetLimitsOf(Work &work,
     }
     Stage(wanted, sheet.limits);
     if (sheet.draft.mode == sheet.base.mode && sheet.limits.Staged() == sheet.limits.stored) {
-        return WrongUse(
-            u"Nothing of %1 would change; see \"tollbrook limit set --help\"."_s.arg(owner.name));
+        work.Print(Performed {},
+                   u"The limits of %1 are so already. Nothing was changed."_s.arg(owner.name));
+        return {};
     }
     return work.Perform(actionOf(sheet, CurrentRate(work.Settings())))
         .map([&](const Performed &performed) {
@@ -230,6 +233,9 @@ Or<void> SetLimits(Work &work, const Given &given)
     const auto wanted = WantedBy(given);
     if (!wanted) {
         return tl::unexpected(wanted.error());
+    }
+    if (*wanted == WantedLimits {}) {
+        return WrongUse(u"Name what is to change; see \"tollbrook limit set --help\"."_s);
     }
     return FindOwner(work, given).and_then([&](const NamedOwner &named) {
         const Owner owner = named.owner;

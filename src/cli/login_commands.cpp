@@ -9,6 +9,7 @@
 #include "cli/work.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -178,7 +179,9 @@ Or<void> TakeLimit(const Given &given, Login &login)
 {
     if (const auto ip = given.Value(u"ip"_s)) {
         login.limit = Login::Limit::IpAddress;
-        login.limitIp = Ipv4From(*ip) ? *ip : QString(); // the table refuses an empty one
+        const auto address = Ipv4From(*ip);
+        login.limitIp =
+            address ? DottedText(*address) : QString(); // the table refuses an empty one
     }
     if (const auto mac = given.Value(u"mac"_s)) {
         login.limit = Login::Limit::MacAddress;
@@ -216,20 +219,39 @@ Or<void> Put(Work &work,
     }
     table.Put(entry, index);
     if (table.Changes().IsEmpty()) {
-        return WrongUse(
-            u"Nothing of the login would change; see \"tollbrook login set --help\"."_s);
+        work.Print(Performed {},
+                   u"Login %1 is so already. Nothing was changed."_s.arg(entry.login.name));
+        return {};
     }
     return Save(work, table, sentence.arg(entry.login.name));
 }
 
+// Options of which the later one would silently take the place of the other.
+Or<void> CheckOptions(const Given &given)
+{
+    constexpr std::array kRivals {std::pair {"user", "no-user"},
+                                  std::pair {"ip", "mac"},
+                                  std::pair {"ip", "any-workstation"},
+                                  std::pair {"mac", "any-workstation"}};
+    for (const auto &[one, other] : kRivals) {
+        if (given.Has(QString::fromLatin1(one)) && given.Has(QString::fromLatin1(other))) {
+            return WrongUse(u"Name either --%1 or --%2."_s.arg(QLatin1StringView(one),
+                                                               QLatin1StringView(other)));
+        }
+    }
+    return {};
+}
+
 Or<void> AddLogin(Work &work, const Given &given)
 {
-    auto table = work.Read(LoadLogins);
+    const auto name = CheckOptions(given).and_then(
+        [&] { return StorableText(given.Word(0), u"The login's name"_s); });
+    auto table = name ? work.Read(LoadLogins) : tl::unexpected(name.error());
     if (!table) {
         return tl::unexpected(table.error());
     }
     LoginEntry entry;
-    entry.login.name = given.Word(0);
+    entry.login.name = *name;
     entry.login.guest = given.Has(u"guest"_s);
     return TakeUser(work, given, *table, {}, entry)
         .and_then([&] { return TakeLimit(given, entry.login); })
@@ -239,7 +261,11 @@ Or<void> AddLogin(Work &work, const Given &given)
 
 Or<void> SetLogin(Work &work, const Given &given)
 {
-    auto open = OpenAt(work, given.Word(0));
+    if (!given.HasOwn()) {
+        return WrongUse(u"Name what is to change; see \"tollbrook login set --help\"."_s);
+    }
+    const auto checked = CheckOptions(given);
+    auto open = checked ? OpenAt(work, given.Word(0)) : tl::unexpected(checked.error());
     if (!open) {
         return tl::unexpected(open.error());
     }

@@ -1,5 +1,7 @@
 #include "cli/numbers.h"
 
+#include "base/text.h"
+
 #include <QLocale>
 #include <QRegularExpression>
 
@@ -124,6 +126,21 @@ Or<WholeHours> TimeLimitFrom(const QString &text)
 Or<double> AmountOf(const QString &text)
 {
     return Read(text, kNoUnits, u"12 or 12.50"_s);
+}
+
+Or<QString> StorableText(const QString &text, const QString &what)
+{
+    switch (FaultIn(text)) {
+    case TextFault::NotShowable:
+        return StopWith(ExitStatus::WrongUse,
+                        u"%1 has characters that cannot be shown."_s.arg(what));
+    case TextFault::TooLong:
+        return StopWith(ExitStatus::WrongUse,
+                        u"%1 is too long: it has at most %2 bytes."_s.arg(what).arg(kMaxTextBytes));
+    case TextFault::None:
+        break;
+    }
+    return text;
 }
 
 Or<bool> FlagFrom(const QString &text)

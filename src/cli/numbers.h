@@ -1,4 +1,4 @@
-// Numbers and words in arguments, read by one rule on every machine: digits with a point for the decimals,
+// Numbers, words and texts in arguments. Numbers are read by one rule on every machine: digits with a point for the decimals,
 // no separators, and a unit behind them or none.
 #pragma once
 
@@ -20,6 +20,10 @@
 
 // Without a unit.
 [[nodiscard]] Or<double> AmountOf(const QString &text);
+
+// A text that is going to be stored as it is: one line, and no longer than the column. `what` begins the
+// sentence that refuses another one, as "The full name".
+[[nodiscard]] Or<QString> StorableText(const QString &text, const QString &what);
 
 [[nodiscard]] Or<bool> FlagFrom(const QString &text); // "yes" or "no"
 [[nodiscard]] Or<QDate> DateFrom(const QString &text); // "2026-12-31"

@@ -112,7 +112,7 @@ Or<void> ShowStatus(Work &work, const Given & /*given*/)
     work.Print(kColumns,
                {found.service,
                 found.connection,
-                found.lastCount,
+                found.lastCount.isEmpty() ? Cell() : Cell(found.lastCount),
                 work.Program().dataSource,
                 found.database,
                 work.Settings().Folder(),

@@ -28,10 +28,11 @@ QString Sentence(const std::vector<NamedUser> &users, const QString &done)
 // An empty text takes the address away.
 Or<QString> AddressOf(const QString &text)
 {
-    if (!text.isEmpty() && !Ipv4From(text)) {
+    const auto address = Ipv4From(text);
+    if (!text.isEmpty() && !address) {
         return WrongUse(u"\"%1\" is no IP address such as 10.1.2.3."_s.arg(text));
     }
-    return text;
+    return address ? DottedText(*address) : QString();
 }
 
 Or<QString> HardwareOf(const QString &text)
@@ -50,6 +51,28 @@ const QList<CommandOption> kFields {
     {"mac", "ADDRESS", "The MAC address."},
 };
 const CommandOption kGroup {"group", "GROUP", "The group to belong to."};
+
+// Has `reader` read the option into `value`, where it is given.
+template <typename Value, typename Reader>
+Or<void> Take(const Given &given, const QString &option, const Reader &reader, Value &value)
+{
+    const auto text = given.Value(option);
+    if (!text) {
+        return {};
+    }
+    const Or<Value> read = reader(*text);
+    return read.map([&value](const Value &taken) { value = taken; });
+}
+
+Or<QString> FullNameOf(const QString &text)
+{
+    return StorableText(text, u"The full name"_s);
+}
+
+Or<QString> DescriptionOf(const QString &text)
+{
+    return StorableText(text, u"The description"_s);
+}
 
 Or<NewUser> NewUserOf(Work &work, const Given &given)
 {
@@ -120,35 +143,25 @@ Or<UserRecord> LoadRecord(Work &work, const NamedUser &user)
 
 Or<void> TakeFields(Work &work, const Given &given, UserFields &fields)
 {
-    const auto ip =
-        given.Has(u"ip"_s) ? AddressOf(*given.Value(u"ip"_s)) : Or<QString>(fields.ipAddress);
-    const auto mac =
-        given.Has(u"mac"_s) ? HardwareOf(*given.Value(u"mac"_s)) : Or<QString>(fields.macAddress);
-    const auto login = given.Has(u"login-required"_s) ? FlagFrom(*given.Value(u"login-required"_s))
-                                                      : Or<bool>(fields.authRequired);
-    for (const auto &stop : {ip.map([](auto) {}), mac.map([](auto) {}), login.map([](auto) {})}) {
-        if (!stop) {
-            return stop;
-        }
-    }
-    fields.fullName = given.Value(u"full-name"_s).value_or(fields.fullName);
-    fields.description = given.Value(u"description"_s).value_or(fields.description);
-    fields.ipAddress = *ip;
-    fields.macAddress = *mac;
-    fields.authRequired = *login;
-    if (const auto group = given.Value(u"group"_s)) {
-        const auto found = FindGroup(work, *group);
-        if (!found) {
-            return tl::unexpected(found.error());
-        }
-        fields.groupId = found->groupId;
-        fields.groupName = found->name;
-    }
-    return {};
+    NamedGroup group {fields.groupName, fields.groupId};
+    const auto groupOf = [&work](const QString &text) { return FindGroup(work, text); };
+    return Take(given, u"full-name"_s, FullNameOf, fields.fullName)
+        .and_then([&] { return Take(given, u"description"_s, DescriptionOf, fields.description); })
+        .and_then([&] { return Take(given, u"ip"_s, AddressOf, fields.ipAddress); })
+        .and_then([&] { return Take(given, u"mac"_s, HardwareOf, fields.macAddress); })
+        .and_then([&] { return Take(given, u"login-required"_s, FlagFrom, fields.authRequired); })
+        .and_then([&] { return Take(given, u"group"_s, groupOf, group); })
+        .map([&] {
+            fields.groupId = group.groupId;
+            fields.groupName = group.name;
+        });
 }
 
 Or<void> SetUser(Work &work, const Given &given)
 {
+    if (!given.HasOwn()) {
+        return WrongUse(u"Name what is to change; see \"tollbrook user set --help\"."_s);
+    }
     const auto user = FindUser(work, given.Word(0));
     auto record = user ? LoadRecord(work, *user) : tl::unexpected(user.error());
     if (!record) {
@@ -158,9 +171,8 @@ Or<void> SetUser(Work &work, const Given &given)
         return taken;
     }
     if (record->draft == record->base) {
-        return WrongUse(
-            u"Nothing of user %1 would change; see \"tollbrook user set --help\"."_s.arg(
-                user->name));
+        work.Print(Performed {}, u"User %1 is so already. Nothing was changed."_s.arg(user->name));
+        return {};
     }
     const auto performed = work.Perform(ApplyUserAction(*record, CurrentRate(work.Settings())));
     return performed.map(

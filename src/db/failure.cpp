@@ -32,6 +32,8 @@ QString Reason(Failure::Kind kind)
         return Words::tr("It was cancelled.");
     case Failure::Kind::OutcomeUnknown:
         return Words::tr("The connection to the database was lost while it was being written.");
+    case Failure::Kind::Output:
+        return Words::tr("A file could not be written.");
     }
     Q_UNREACHABLE();
 }
@@ -40,7 +42,16 @@ QString Reason(Failure::Kind kind)
 
 QString Failure::InWords() const
 {
+    if (kind == Kind::Output && !text.isEmpty()) {
+        return text;
+    }
     return kind == Kind::Cancelled || text.isEmpty() ? Reason(kind) : Reason(kind) + u'\n' + text;
+}
+
+Failure OutputFailure(const QString &text)
+{
+    return {
+        .kind = Failure::Kind::Output, .statement = {}, .sqlState = {}, .native = 0, .text = text};
 }
 
 QStringList ReasonsOf(const QList<Failure> &failures)

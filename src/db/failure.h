@@ -20,6 +20,7 @@ struct Failure
         NotAnswered, // the call was given up, its connection with it
         Cancelled, // by a person
         OutcomeUnknown, // the connection was lost on the way of a write: it may stand or not
+        Output, // a file of this machine could not be written, or not be read again
     };
 
     Kind kind = Kind::Refused;
@@ -40,6 +41,9 @@ struct Failure
 
     bool operator==(const Failure &) const = default;
 };
+
+// That of a file, which no statement had a part in; `text` says it to a person.
+[[nodiscard]] Failure OutputFailure(const QString &text);
 
 // What happened in sentences for a person, each once.
 [[nodiscard]] QStringList ReasonsOf(const QList<Failure> &failures);

@@ -55,7 +55,8 @@ QString WrongNumber(NumberFault fault, const NumberBounds &bounds)
     case NumberFault::Ambiguous:
         return Words::tr("its mark may part thousands or decimals");
     default:
-        return Words::tr("it is no number");
+        return bounds.decimals == 0 ? Words::tr("it is no whole number")
+                                    : Words::tr("it is no number");
     }
 }
 
@@ -125,12 +126,13 @@ private:
     // A column would cut what is longer, and a name of several lines is seen by nobody.
     void CheckText(ImportColumn column, const QString &text)
     {
-        const bool hasControl =
-            std::ranges::any_of(text, [](QChar c) { return c.category() == QChar::Other_Control; });
-        if (hasControl) {
-            RefuseCell(column, Words::tr("it has characters that cannot be shown"));
-        } else if (text.toUtf8().size() > kMaxTextBytes) {
-            RefuseCell(column, Words::tr("it is too long"));
+        switch (FaultIn(text)) {
+        case TextFault::NotShowable:
+            return RefuseCell(column, Words::tr("it has characters that cannot be shown"));
+        case TextFault::TooLong:
+            return RefuseCell(column, Words::tr("it is too long"));
+        case TextFault::None:
+            break;
         }
     }
 

@@ -56,12 +56,6 @@ ExportedCell(ImportColumn column, const StoredUserRow &user, const StoredUsers &
     return cell.isEmpty() && hasCredit ? CreditCell(column, *credit, rate) : cell;
 }
 
-Failure StoreFailure(const QString &text)
-{
-    return {
-        .kind = Failure::Kind::Refused, .statement = {}, .sqlState = {}, .native = 0, .text = text};
-}
-
 Result<ReportTablePtr> ReadUsersToExport(double rate)
 {
     auto stored = ReadStoredUsers();
@@ -85,7 +79,7 @@ Result<ReportTablePtr> ReadUsersToExport(double rate)
         isStored = isStored && collector.Store(cells);
     }
     if (!isStored || !table->rows.Finish()) {
-        return tl::unexpected(StoreFailure(table->rows.Problem()));
+        return tl::unexpected(OutputFailure(table->rows.Problem()));
     }
     table->allCount = table->rows.Count();
     return ReportTablePtr(std::move(table));
@@ -100,6 +94,12 @@ Result<qint64> ExportUsers(const QString &fileName, double rate)
     });
 }
 
+Result<qint64> TryExportUsers(double rate)
+{
+    return ReadUsersToExport(rate).map(
+        [](const ReportTablePtr &table) { return table->rows.Count(); });
+}
+
 Result<QByteArray> ExportedUsers(double rate)
 {
     const auto table = ReadUsersToExport(rate);
@@ -110,7 +110,7 @@ Result<QByteArray> ExportedUsers(double rate)
     buffer.open(QIODevice::WriteOnly);
     RunControl control;
     if (!WriteCsv(**table, buffer, control)) {
-        return tl::unexpected(StoreFailure((*table)->rows.ReadProblem()));
+        return tl::unexpected(OutputFailure((*table)->rows.ReadProblem()));
     }
     return buffer.data();
 }

@@ -10,5 +10,8 @@
 // told, and no password; of credits the first that is open.
 [[nodiscard]] Result<qint64> ExportUsers(const QString &fileName, double rate);
 
+// How many would be saved: all is read for it, and nothing written.
+[[nodiscard]] Result<qint64> TryExportUsers(double rate);
+
 // The same as the text of a CSV file, without the mark by which spreadsheets know UTF-8.
 [[nodiscard]] Result<QByteArray> ExportedUsers(double rate);

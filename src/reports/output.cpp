@@ -85,11 +85,7 @@ SaveRows(const ReportTablePtr &table, const QString &fileName, const OutputOptio
     RunControl control;
     ReportProblem problem;
     if (!WriteReport(table, fileName, control, problem, options)) {
-        return tl::unexpected(Failure {.kind = Failure::Kind::Refused,
-                                       .statement = {},
-                                       .sqlState = {},
-                                       .native = 0,
-                                       .text = problem.text});
+        return tl::unexpected(OutputFailure(problem.text));
     }
     return table->rows.Count();
 }

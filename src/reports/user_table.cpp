@@ -60,11 +60,7 @@ Result<ReportTablePtr> ReadUserTable(const UserFilter &filter,
             return stored;
         });
     if (!failure && !(stored && table->rows.Finish())) {
-        failure = Failure {.kind = Failure::Kind::Refused,
-                           .statement = {},
-                           .sqlState = {},
-                           .native = 0,
-                           .text = table->rows.Problem()};
+        failure = OutputFailure(table->rows.Problem());
     }
     if (failure) {
         return tl::unexpected(*std::move(failure));

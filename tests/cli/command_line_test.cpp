@@ -88,7 +88,11 @@ TEST_P(CommandLine, TellsByItsExitStatusWhatIsWrong)
         {list + QStringList {u"--dsn"_s, u"nowhere"_s}, 3, "no section [nowhere] in odbc.ini"},
         {QStringList {u"--dsn"_s, u"nowhere"_s} + list, 3, "no section [nowhere] in odbc.ini"},
         {QStringList {u"--dsn"_s, Dsn()} + list, 0, ""},
+        {{u"config"_s, u"set"_s, u"timer"_s, u"-5"_s}, 2, "behind \"--\""},
+        {list + QStringList {QString(QChar::ReplacementCharacter)}, 2, "not in UTF-8"},
         {{u"--version"_s}, 0, ""},
+        {{u"-v"_s}, 0, ""},
+        {{u"-h"_s}, 0, ""},
         {{u"--help"_s}, 0, ""},
         {list + QStringList {u"--help"_s}, 0, ""},
     };

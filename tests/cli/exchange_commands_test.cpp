@@ -93,8 +93,26 @@ TEST_P(ExchangeCommands, AnExportIsImportedWithoutAChange)
         EXPECT_GT(QFile(saved).size(), 50);
         EXPECT_EQ(Run({u"export"_s, saved + u".txt"_s, u"--format"_s, ending}), 2);
     }
+    for (const QString &ending : {u"pdf"_s, u"html"_s, u"txt"_s}) {
+        EXPECT_EQ(Run({u"export"_s, folder.filePath(u"saved."_s + ending)}), 2)
+            << said.toStdString();
+    }
+    EXPECT_EQ(Run({u"export"_s, u"--json"_s}), 2);
+    EXPECT_EQ(Run({u"export"_s, QString()}), 2);
+    EXPECT_EQ(Run({u"import"_s, QString()}), 2);
     EXPECT_EQ(Run({u"export"_s, u"--format"_s, u"xlsx"_s}), 2);
     EXPECT_EQ(Run({u"export"_s, u"--format"_s, u"pdf"_s}), 2);
     EXPECT_EQ(Run({u"export"_s, folder.filePath(u"no/such.csv"_s)}), 3);
+    EXPECT_TRUE(said.contains(u"does not exist"_s) && !said.contains(u"database"_s))
+        << said.toStdString();
     EXPECT_EQ(Run({u"import"_s, folder.filePath(u"missing.csv"_s)}), 3);
+}
+
+TEST_P(ExchangeCommands, ATrialOfAnExportWritesNothing)
+{
+    const QString saved = folder.filePath(u"saved.csv"_s);
+    EXPECT_EQ(Run({u"export"_s, saved, u"--dry-run"_s}), 0) << said.toStdString();
+    EXPECT_EQ(printed,
+              u"1 users would be saved as %1. Nothing was written (--dry-run).\n"_s.arg(saved));
+    EXPECT_FALSE(QFile::exists(saved));
 }

@@ -75,7 +75,13 @@ TEST_P(LoginCommands, ChangesWhatIsNamedAndKeepsThePassword)
     EXPECT_EQ(RowOf("anni").section(u'|', 0, 1), u"0|0"_s);
     ASSERT_EQ(Run(Words("login set anni --password"), "other\n"), 0);
     EXPECT_EQ(RowOf("anni").section(u'|', 7), *PasswordDigest(u"other"_s));
-    ExpectRefused(u"login set anni --statistics yes"_s, 2, "Nothing of the login would change");
+    ASSERT_EQ(Run(Words("login set anni --statistics yes")), 0);
+    EXPECT_EQ(printed, u"Login anni is so already. Nothing was changed.\n"_s);
+    ExpectRefused(u"login set anni"_s, 2, "Name what is to change");
+    ExpectRefused(u"login set anni --user anna --no-user"_s, 2, "either --user or --no-user");
+    ExpectRefused(u"login set anni --ip 10.0.0.1 --mac 001122334455"_s, 2, "either --ip or --mac");
+    ExpectRefused(
+        u"login set anni --mac 001122334455 --any-workstation"_s, 2, "--mac or --any-workstation");
     ExpectRefused(u"login set nobody --statistics yes"_s, 1, "There is no login \"nobody\"");
     ExpectRefused(u"login set anni --user bert"_s, 1, "This user already has login");
 }

@@ -140,8 +140,31 @@ TEST_P(OwnerCommands, ChangesWhatIsNamedAndNothingElse)
     EXPECT_EQ(UserRow(1), u"anna|Anna O'Hara|10.0.0.1|0011223344AA|90|1|0|0|0"_s);
     ASSERT_EQ(Run(Words("user set anna --group everybody --login-required yes --ip 10.0.0.9")), 0);
     EXPECT_EQ(UserRow(1), u"anna|Anna O'Hara|10.0.0.9|0011223344AA|80|1|0|0|1"_s);
-    ExpectRefused(Words("user set anna --group everybody"), 2, "Nothing of user anna would change");
+    ASSERT_EQ(Run(Words("user set anna --group everybody")), 0);
+    EXPECT_EQ(printed, u"User anna is so already. Nothing was changed.\n"_s);
+    ExpectRefused(Words("user set anna"), 2, "Name what is to change");
     ExpectRefused(Words("user set anna --login-required perhaps"), 2, "none of: yes, no");
+}
+
+// A column would cut what is longer, and a name of two lines is seen by nobody.
+TEST_P(OwnerCommands, StoresNoTextOtherThanItWasGiven)
+{
+    const QString most(254, u'x');
+    for (const auto &[wrong, words] : {std::pair {most + u'x', "is too long"},
+                                       std::pair {u"a\nb"_s, "cannot be shown"},
+                                       std::pair {most.chopped(2) + u"\u20ac"_s, "is too long"}}) {
+        for (const QStringList &command : {Words("user set anna --full-name"),
+                                           Words("user set anna --description"),
+                                           Words("group add"),
+                                           Words("group rename yard"),
+                                           Words("group set yard --description"),
+                                           Words("login add")}) {
+            ExpectRefused(command + QStringList {wrong}, 2, words);
+        }
+    }
+    ASSERT_EQ(Run(Words("user set anna --full-name") + QStringList {most}), 0);
+    ASSERT_EQ(Run(Words("user set anna --ip 010.000.0.7")), 0);
+    EXPECT_EQ(UserRow(1), u"anna|%1|10.0.0.7|0011223344AA|90|1|0|0|0"_s.arg(most));
 }
 
 // As the sheet asks before the user who has the address is removed.
@@ -214,7 +237,9 @@ TEST_P(OwnerCommands, LooksAfterGroups)
     ASSERT_EQ(Run(Words("group rename sales Market")), 0);
     ASSERT_EQ(Run(Words("group set market --description Hall")), 0);
     EXPECT_EQ(ObjectOf(Words("group show market"))[u"description"], u"Hall"_s);
-    ExpectRefused(Words("group set market --description Hall"), 2, "Nothing of group Market");
+    ASSERT_EQ(Run(Words("group set market --description Hall")), 0);
+    EXPECT_EQ(printed, u"Group Market is so already. Nothing was changed.\n"_s);
+    ExpectRefused(Words("group set market"), 2, "Name what is to change");
     ExpectRefused(Words("group rename market Yard"), 1, "already exists");
     ExpectRefused(Words("group rename everybody All"), 1, "You can not rename Everybody group");
     ExpectRefused(Words("group delete everybody --yes"), 1, "You cannot delete Everybody group");
