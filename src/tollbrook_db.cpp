@@ -46,6 +46,7 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
+    std::signal(SIGPIPE, SIG_IGN); // what was begun is not left halfway because a reader has gone
     std::signal(SIGXFSZ, SIG_IGN); // a file that grows too large is a failure to be told
     QCoreApplication::setApplicationName(u"tollbrook-db"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(TB_VERSION));

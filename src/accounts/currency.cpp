@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,6 +30,12 @@ Currency CurrentCurrency(const ConfigStore &config)
 double CurrentRate(const ConfigStore &config)
 {
     return IsCurrencyInUse(config) ? config.ReadAmount(values::kCurrencyRate) : 1.0;
+}
+
+double InCurrency(BaseUnits money, double rate)
+{
+    constexpr double kPrecision = 1e9;
+    return std::round(money.value * rate * kPrecision) / kPrecision;
 }
 
 QString UnitName(const Currency &currency, CreditKind kind)

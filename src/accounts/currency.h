@@ -19,6 +19,9 @@ struct Currency
 // site stored as its rate is returned as it stands, 0 for a text that is no number.
 [[nodiscard]] double CurrentRate(const ConfigStore &config);
 
+// Money in the currency, to nine decimals: the product has more digits than anybody ever gave.
+[[nodiscard]] double InCurrency(BaseUnits money, double rate);
+
 // The unit in which a credit of this kind is shown: megabytes, hours, or the currency's name. An
 // unlimited credit has the money's.
 [[nodiscard]] QString UnitName(const Currency &currency, CreditKind kind);

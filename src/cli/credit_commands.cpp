@@ -63,7 +63,7 @@ Cell AmountCell(const CreditAmount &amount, const Currency &currency)
     case CreditKind::Unlimited:
         return {};
     case CreditKind::Money:
-        return NumberOf(amount) * currency.rate;
+        return InCurrency(BaseUnits {NumberOf(amount)}, currency.rate);
     default:
         return NumberOf(amount);
     }

@@ -125,8 +125,10 @@ Cells UseCells(const std::optional<AccountUse> &use, const Currency &currency)
         return {{}, {}, {}};
     }
     const bool isMoney = use->unit == AccountUse::Unit::Money;
-    const double rate = isMoney ? currency.rate : 1;
+    const auto shown = [&](double amount) {
+        return isMoney ? InCurrency(BaseUnits {amount}, currency.rate) : amount;
+    };
     const QString unit =
         isMoney ? currency.name : (use->unit == AccountUse::Unit::Time ? u"h"_s : u"MB"_s);
-    return {use->used * rate, use->left ? Cell(*use->left * rate) : Cell(), unit};
+    return {shown(use->used), use->left ? Cell(shown(*use->left)) : Cell(), unit};
 }

@@ -81,7 +81,7 @@ QString CreditCell(ImportColumn column, const PrePaidCredit &credit, double rate
         }
         return credit.Kind() == PrePaidKind::Traffic ? FigureOf(credit.traffic.value) : QString();
     case ImportColumn::MoneyCredit:
-        return credit.Kind() == PrePaidKind::Money ? FigureOf(credit.money.value * rate)
+        return credit.Kind() == PrePaidKind::Money ? FigureOf(InCurrency(credit.money, rate))
                                                    : QString();
     case ImportColumn::CreditExpires:
         return credit.expiry.LastDay().toString(Qt::ISODate);

@@ -8,6 +8,7 @@
 
 #include <QCborMap>
 #include <QCborValue>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +67,9 @@ Told<void> MakeBackup(const BackupWish &wish, const Tell &tell)
         return tl::unexpected(
             u"%1 is there already. Name another file, or replace it with --force."_s.arg(
                 wish.file));
+    }
+    if (const QFileInfo there(wish.file); there.exists() && !there.isFile()) {
+        return tl::unexpected(u"%1 is no file."_s.arg(wish.file));
     }
     SettingsFiles settings;
     if (wish.configFolder) {

@@ -103,7 +103,9 @@ Told<RowBlock> BackupRows::Next(size_t table)
 {
     return TakeChunk().and_then([&](const QByteArray &bytes) -> Told<RowBlock> {
         auto block = BlockFrom(bytes, site.tables[table].shape);
-        return block ? Told<RowBlock>(*std::move(block)) : Damaged();
+        const bool isLast = block && block->rows == 0 && table + 1 == site.tables.size();
+        const bool isWhole = !isLast || file.pos() == file.size() - kBackupSumBytes;
+        return block && isWhole ? Told<RowBlock>(*std::move(block)) : Damaged();
     });
 }
 

@@ -15,6 +15,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -244,7 +245,9 @@ QString WrongUse(const Command &command, const Call &call)
             return u"\"%1\" does not take --%2; see --help."_s.arg(name, option);
         }
     }
-    if (call.parser.positionalArguments().size() != (command.takesFile ? 2 : 1)) {
+    const qsizetype words = command.takesFile ? 2 : 1;
+    if (call.parser.positionalArguments().size() != words
+        || command.takesFile == call.file.isEmpty()) {
         return command.takesFile
             ? u"Name one file, as in: tollbrook-db %1 FILE --dsn bill"_s.arg(name)
             : u"\"%1\" takes options only; see --help."_s.arg(name);
@@ -277,7 +280,12 @@ int Run(const QCommandLineParser &parser)
         PrintError(wrong);
         return kWrongUse;
     }
-    return command->run(call);
+    const int status = command->run(call);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        PrintError(u"The output could not be written."_s);
+        return status == kDone ? kFailed : status;
+    }
+    return status;
 }
 
 } // namespace commands

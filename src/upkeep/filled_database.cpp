@@ -117,7 +117,8 @@ Told<void> FilledDatabase::Fill(SiteRows &source, const Tell &tell)
         .and_then([&] { return CompareAll(source, tell); })
         .and_then([&] { return Transact({MarkRemoval(site.version)}); })
         .map_error([](const QString &problem) -> QString {
-            return problem + u" The database is not whole, and no program works with it."_s;
+            return problem + (problem.endsWith(u'.') ? u""_s : u"."_s)
+                + u" The database is not whole, and no program works with it."_s;
         });
 }
 
@@ -243,9 +244,14 @@ Told<void> FilledDatabase::Compare(SiteRows &source, size_t index, const Tell &t
             return tl::unexpected(Difference(shape, *wanted, *found));
         }
         if (wanted->rows == 0) {
-            tell(sum.InWords(shape.name));
-            return {};
+            break;
         }
         sum.Add(*wanted, BytesOf(*wanted));
     }
+    if (const qint64 rows = source.About().tables[index].rows; sum.Rows() != rows) {
+        return tl::unexpected(
+            u"Of the %1 rows of \"%2\" there are %3."_s.arg(rows).arg(shape.name).arg(sum.Rows()));
+    }
+    tell(sum.InWords(shape.name));
+    return {};
 }

@@ -125,6 +125,17 @@ TEST(CreditEntry, RefusesWhatWouldNotBeListedAsTyped)
     EXPECT_FALSE(CheckExpiry({2026, 11, 21}));
 }
 
+// An import takes no more decimals than a person writes.
+TEST(CreditEntry, MoneyComesBackAsItWasGiven)
+{
+    for (const double rate : {0.92, 1.1, 95.37, 0.0071}) {
+        for (const double given : {12.5, 0.01, 99.99, 1234567.89}) {
+            const StagedCredit staged = CreditFrom(CreditKind::Money, given, rate, {});
+            EXPECT_EQ(InCurrency(std::get<BaseUnits>(staged.amount), rate), given) << rate;
+        }
+    }
+}
+
 TEST(CreditEntry, StagesMoneyInBaseUnits)
 {
     const StagedCredit money = CreditFrom(CreditKind::Money, 10, 2.5, {2027, 1, 2});

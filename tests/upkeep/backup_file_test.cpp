@@ -1,19 +1,23 @@
 // The file of a backup: whole or refused, and never in the place of another by accident.
 #include "db/direct_connection.h"
 #include "db/schema.h"
+#include "db/schema_scripts.h"
 #include "db/schema_version.h"
 #include "support/core/database_fixture.h"
 #include "support/core/test_data_source.h"
 #include "upkeep/backup.h"
+#include "upkeep/backup_header.h"
 #include "upkeep/backup_rows.h"
 #include "upkeep/restore.h"
 #include "upkeep/spare_database.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QProcess>
 #include <QRandomGenerator>
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -87,6 +91,40 @@ TEST_F(BackupFiles, AreRefusedWhenCutOffOrChangedInAnyPlace)
     ExpectEmpty(there);
     Put(file, whole);
     EXPECT_TRUE(Restore({file, there}, kQuiet));
+}
+
+// Somebody who writes the checksum anew has not made a whole backup of it.
+TEST_F(BackupFiles, AreRefusedWhenTheyHoldMoreOrLessThanTheyTell)
+{
+    const QByteArray whole = BytesIn(file).chopped(kBackupSumBytes);
+    const auto signedBy = [](const QByteArray &bytes) {
+        return bytes + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+    };
+    QByteArray miscounted = whole;
+    ASSERT_TRUE(miscounted.contains("\"rows\":1"));
+    miscounted.replace(miscounted.indexOf("\"rows\":1"), 8, "\"rows\":2");
+    for (const auto &[bytes, problem] :
+         {std::pair {whole + QByteArray("\0\0\0\1x", 5), "is damaged or cut off"},
+          std::pair {miscounted, "Of the 2 rows of"}}) {
+        Put(file, signedBy(bytes));
+        const QString there = SpareDatabase(u"sqlite"_s, u"spare"_s);
+        const auto restored = Restore({file, there}, kQuiet);
+        ASSERT_FALSE(restored);
+        EXPECT_THAT(restored.error().toStdString(), testing::HasSubstr(problem));
+        EXPECT_THAT(restored.error().toStdString(), testing::HasSubstr("is not whole"));
+    }
+}
+
+// A device would become a file, and whatever wrote to it would then fill the disk.
+TEST_F(BackupFiles, TakeThePlaceOfFilesAlone)
+{
+    const QString pipe = folder.filePath(u"pipe"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    for (const QString &there : {pipe, folder.path()}) {
+        BackupWish wish {Dsn(), there, settings, true};
+        EXPECT_EQ(MakeBackup(wish, kQuiet).error(), u"%1 is no file."_s.arg(there));
+    }
+    EXPECT_TRUE(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
 }
 
 TEST_F(BackupFiles, AreNotReplacedUnlessAsked)
@@ -181,6 +219,7 @@ TEST_F(BackupFiles, TheToolTellsWhatIsMissing)
     const std::pair<QString, QString> cases[] = {
         {u"backup --dsn x"_s, u"Name one file"_s},
         {u"restore a b --dsn x"_s, u"Name one file"_s},
+        {u"backup '' --dsn x"_s, u"Name one file"_s},
         {u"backup a"_s, u"Name one command and the data source"_s},
         {u"copy --from x"_s, u"Name both data sources"_s},
         {u"check --repair --dsn x"_s, u"Name a file for the backup"_s},
@@ -191,6 +230,24 @@ TEST_F(BackupFiles, TheToolTellsWhatIsMissing)
         EXPECT_EQ(ended.status, 2) << qPrintable(arguments);
         EXPECT_TRUE(ended.error.contains(problem)) << qPrintable(ended.error);
     }
+}
+
+// What was begun goes on to its end, whoever reads.
+TEST_F(BackupFiles, TheToolTellsThatItCouldNotTell)
+{
+    const QString restore = u"%1 restore %2 --dsn %3"_s.arg(
+        QStringLiteral(TB_DATABASE_TOOL), file, SpareDatabase(u"sqlite"_s, u"spare"_s));
+    const Ended full = RunShell(u"exec %1 > /dev/full"_s.arg(restore));
+    EXPECT_EQ(full.status, 3);
+    EXPECT_EQ(full.error, u"tollbrook-db: The output could not be written.\n"_s);
+    const QString other = SpareDatabase(u"sqlite"_s, u"other"_s);
+    EXPECT_EQ(RunShell(u"set -o pipefail; %1 restore %2 --dsn %3 | true"_s.arg(
+                           QStringLiteral(TB_DATABASE_TOOL), file, other))
+                  .status,
+              3);
+    DirectConnection database;
+    ASSERT_TRUE(database.Open(other));
+    EXPECT_EQ(SchemaVersionOf(database), NewestSchema());
 }
 
 } // namespace
