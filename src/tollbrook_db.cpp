@@ -64,11 +64,12 @@ int main(int argc, char **argv)
          {u"while-connected"_s, u"upgrade: although others are connected to the database."_s},
          {u"repair"_s, u"check: mend what can be mended without loss."_s},
          {u"backup"_s, u"check --repair: the file for the backup before it."_s, u"FILE"_s},
-         {u"force"_s, u"backup: replace a file that is there already."_s},
+         {u"force"_s, u"backup, check --repair: replace a backup that is there already."_s},
          {u"config"_s,
           u"backup: the folder with the settings ($TOLLBROOK_CONFIG, else "
           "/etc/tollbrook); restore: the folder to put them in."_s,
           u"FOLDER"_s},
+         {u"only-settings"_s, u"restore: put the settings back and leave the database alone."_s},
          {u"no-settings"_s, u"backup: leave the settings out."_s},
          {u"users"_s, u"demo: how many users."_s, u"N"_s, u"250"_s},
          {u"groups"_s, u"demo: how many groups."_s, u"N"_s, u"12"_s},

@@ -124,12 +124,12 @@ Or<void> SetValue(Work &work, const Given &given)
     }
     const ValueRule &rule = **found;
     const QString text = given.Word(1);
-    if (const auto writable = CheckWritable(work, rule, text); !writable) {
-        return writable;
-    }
     const auto key = work.Settings().ReadKey(rule.value.key);
     if (!key) {
         return StopWith(ExitStatus::Failed, TextOf(key.error()));
+    }
+    if (const auto writable = CheckWritable(work, rule, text); !writable) {
+        return writable;
     }
     const auto before = key->ReadText(rule.value, kLongest); // a number in its place is replaced
     if (!work.IsTrial()) {

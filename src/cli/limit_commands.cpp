@@ -139,6 +139,9 @@ Or<double> PriceFrom(const QString &text)
     if (price && *price > kPriceBounds.most) {
         return WrongUse(u"A price goes up to 1000000000."_s);
     }
+    if (price && text.section(u'.', 1).trimmed().size() > kPriceBounds.decimals) {
+        return WrongUse(u"A price has at most %1 decimals."_s.arg(kPriceBounds.decimals));
+    }
     return price;
 }
 

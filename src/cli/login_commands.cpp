@@ -202,6 +202,10 @@ Or<void> TakePassword(Work &work, LoginEntry &entry)
     if (!password) {
         return WrongUse(u"The password is read from the standard input, which has ended."_s);
     }
+    if (password->isEmpty() && !work.Speech().IsTyped()) {
+        return WrongUse(
+            u"The first line of the standard input, which is the password, is empty."_s);
+    }
     entry.password = *password;
     entry.retyped = work.Speech().ReadSecretAgain(u"The same again:"_s).value_or(*password);
     entry.passwordTouched = true;

@@ -119,7 +119,7 @@ Or<void> ShowStatus(Work &work, const Given & /*given*/)
                 {QJsonArray::fromStringList(found.problems), QString()}});
     if (!work.IsJson()) {
         for (const QString &problem : found.problems) {
-            work.PrintLine(u"! "_s + problem);
+            work.PrintLine(u"! "_s + QString(problem).replace(u'\n', u' '));
         }
     }
     if (found.problems.isEmpty()) {

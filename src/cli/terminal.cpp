@@ -2,17 +2,14 @@
 
 #include "cli/plain_text.h"
 
+#include <array>
+#include <csignal>
 #include <termios.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool IsTerminal(std::FILE *stream)
-{
-    return isatty(fileno(stream)) == 1;
-}
 
 // Without its line end; nothing where the input has ended.
 std::optional<QString> LineOf(std::FILE *input)
@@ -28,12 +25,22 @@ std::optional<QString> LineOf(std::FILE *input)
     return QString::fromUtf8(line);
 }
 
-// What is typed is not shown for as long as this lives.
+constexpr std::array kEnds {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+volatile std::sig_atomic_t ending = 0; // the signal that came while nothing was shown
+
+// What is typed is not shown for as long as this lives. A signal that ends the program ends the reading,
+// and the program once all is shown again.
 class HiddenTyping
 {
 public:
     explicit HiddenTyping(std::FILE *input) : descriptor(fileno(input))
     {
+        struct sigaction keep
+        { };
+        keep.sa_handler = [](int signal) { ending = signal; };
+        for (size_t i = 0; i < kEnds.size(); ++i) {
+            sigaction(kEnds.at(i), &keep, &former.at(i));
+        }
         isHidden = tcgetattr(descriptor, &before) == 0;
         if (isHidden) {
             termios hidden = before;
@@ -46,6 +53,12 @@ public:
         if (isHidden) {
             tcsetattr(descriptor, TCSAFLUSH, &before);
         }
+        for (size_t i = 0; i < kEnds.size(); ++i) {
+            sigaction(kEnds.at(i), &former.at(i), nullptr);
+        }
+        if (ending != 0) {
+            std::raise(ending);
+        }
     }
     HiddenTyping(const HiddenTyping &) = delete;
     HiddenTyping &operator=(const HiddenTyping &) = delete;
@@ -54,6 +67,7 @@ private:
     int descriptor;
     bool isHidden = false;
     termios before {};
+    std::array<struct sigaction, kEnds.size()> former {};
 };
 
 } // namespace
@@ -63,6 +77,11 @@ Terminal::Terminal(std::FILE *in, std::FILE *out, std::FILE *err)
     , output(out)
     , messages(err)
 { }
+
+bool Terminal::IsTyped() const
+{
+    return isatty(fileno(input)) == 1;
+}
 
 bool Terminal::Write(std::FILE *stream, const QString &text)
 {
@@ -105,7 +124,7 @@ bool Terminal::AskFor(const QString &question)
     if (answering.isYes) {
         return true;
     }
-    if (!IsTerminal(input)) {
+    if (!IsTyped()) {
         Tell(
             u"%1\nThere is no terminal to answer on. Repeat the command with --yes to go on."_s.arg(
                 question));
@@ -120,7 +139,7 @@ bool Terminal::AskFor(const QString &question)
 
 std::optional<QString> Terminal::ReadSecret(const QString &label)
 {
-    if (!IsTerminal(input)) {
+    if (!IsTyped()) {
         return LineOf(input);
     }
     const HiddenTyping hidden(input);
@@ -133,5 +152,5 @@ std::optional<QString> Terminal::ReadSecret(const QString &label)
 
 std::optional<QString> Terminal::ReadSecretAgain(const QString &label)
 {
-    return IsTerminal(input) ? ReadSecret(label) : std::nullopt;
+    return IsTyped() ? ReadSecret(label) : std::nullopt;
 }

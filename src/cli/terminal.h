@@ -37,6 +37,9 @@ public:
     // Whether a question could not be asked, since there is no terminal and no --yes.
     [[nodiscard]] bool IsUnanswered() const { return isUnanswered; }
 
+    // Whether somebody types what is read.
+    [[nodiscard]] bool IsTyped() const;
+
     // A line that is typed without being shown, or the first line of an input that is no terminal;
     // nothing at its end.
     [[nodiscard]] std::optional<QString> ReadSecret(const QString &label);

@@ -29,7 +29,7 @@ QString Sentence(const std::vector<NamedUser> &users, const QString &done)
 Or<QString> AddressOf(const QString &text)
 {
     const auto address = Ipv4From(text);
-    if (!text.isEmpty() && !address) {
+    if (!text.isEmpty() && address.value_or(0) == 0) {
         return WrongUse(u"\"%1\" is no IP address such as 10.1.2.3."_s.arg(text));
     }
     return address ? DottedText(*address) : QString();

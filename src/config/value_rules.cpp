@@ -19,6 +19,12 @@ ValueRule Text(const TextValue &value, double most, const char *meaning)
     return {value, ValueKind::Text, 0, most, "", meaning};
 }
 
+ValueRule Needed(ValueRule rule)
+{
+    rule.least = 1;
+    return rule;
+}
+
 ValueRule Number(const TextValue &value, double most, const char *meaning)
 {
     return {value, ValueKind::Number, 0, most, "", meaning};
@@ -87,9 +93,10 @@ bool Fits(const ValueRule &rule, const QString &text)
         return number >= rule.least && number <= rule.most;
     };
     switch (rule.kind) {
-    case ValueKind::Text:
-        return text.toUtf8().size() <= static_cast<qsizetype>(rule.most)
-            && !text.contains(QChar(0));
+    case ValueKind::Text: {
+        const auto bytes = static_cast<double>(text.toUtf8().size());
+        return bytes >= rule.least && bytes <= rule.most && !text.contains(QChar(0));
+    }
     case ValueKind::Number:
         return IsNumber(text, false) && isWithin();
     case ValueKind::Amount:
@@ -107,7 +114,8 @@ QString ExpectationOf(const ValueRule &rule)
     const QString most = QString::number(rule.most, 'f', 0);
     switch (rule.kind) {
     case ValueKind::Text:
-        return u"is to be a text of at most %1 bytes"_s.arg(most);
+        return rule.least > 0 ? u"is to be a text of 1 to %1 bytes"_s.arg(most)
+                              : u"is to be a text of at most %1 bytes"_s.arg(most);
     case ValueKind::Number:
         return u"is to be a whole number from 0 to %1"_s.arg(most);
     case ValueKind::Amount:
@@ -128,9 +136,9 @@ const QList<ValueRule> &AllValueRules() // NOLINT(readability-function-size): it
 {
     using namespace values;
     static const QList<ValueRule> rules {
-        Text(kBillDsn, kShortText, "ODBC data source of the database"),
+        Needed(Text(kBillDsn, kShortText, "ODBC data source of the database")),
         Number(kPort, 65535, "port number"),
-        Text(kPath, kShortText, "installation folder, ending in /"),
+        Needed(Text(kPath, kShortText, "installation folder, ending in /")),
         Flag(kFirstStart, "the setup wizard runs at the next start"),
         Number(kDbConnectTimeout, kDay, "seconds until a connection is given up; 0: 10"),
         Number(kDbAnswerTimeout, kDay, "seconds until a statement is given up; 0: 30"),

@@ -10,7 +10,7 @@
 #include <optional>
 
 enum class ValueKind {
-    Text, // `most` is the most bytes of it
+    Text, // from `least` to `most` bytes
     Number, // whole, from `least` to `most`
     Amount, // with decimals, from `least` to `most`
     Flag, // "1" or "0"

@@ -150,7 +150,16 @@ int Mend(const Call &call)
 
 int Check(const Call &call)
 {
-    return call.Has(u"repair"_s) ? Mend(call) : Look(call.dsn);
+    if (call.Has(u"repair"_s)) {
+        return Mend(call);
+    }
+    for (const QString &option : {u"backup"_s, u"force"_s, u"dry-run"_s}) {
+        if (call.Has(option)) {
+            PrintError(u"\"check\" takes --%1 only with --repair."_s.arg(option));
+            return kWrongUse;
+        }
+    }
+    return Look(call.dsn);
 }
 
 FillMode ModeOf(const Call &call)
@@ -170,6 +179,10 @@ int RestoreFrom(const Call &call)
     RestoreWish wish {call.file, call.dsn, std::nullopt, ModeOf(call)};
     if (call.Has(u"config"_s)) {
         wish.configFolder = call.Value(u"config"_s);
+    }
+    wish.onlySettings = call.Has(u"only-settings"_s);
+    if (wish.onlySettings) {
+        return Report(Restore(wish, Print), u"The database was left as it is."_s);
     }
     return Report(Restore(wish, Print), FilledText(wish.mode, wish.dsn));
 }
@@ -222,9 +235,17 @@ const Command *CommandOf(const QString &name)
         {"check",
          Check,
          kDsn
-             + QStringList {u"repair"_s, u"backup"_s, u"dry-run"_s, u"config"_s, u"no-settings"_s}},
+             + QStringList {u"repair"_s,
+                            u"backup"_s,
+                            u"force"_s,
+                            u"dry-run"_s,
+                            u"config"_s,
+                            u"no-settings"_s}},
         {"backup", Backup, kDsn + QStringList {u"force"_s, u"config"_s, u"no-settings"_s}, true},
-        {"restore", RestoreFrom, kDsn + QStringList {u"dry-run"_s, u"config"_s}, true},
+        {"restore",
+         RestoreFrom,
+         kDsn + QStringList {u"dry-run"_s, u"config"_s, u"only-settings"_s},
+         true},
         {"copy", Copy, {u"from"_s, u"to"_s, u"dry-run"_s}}};
     const auto *const found =
         std::find_if(std::begin(kCommands), std::end(kCommands), [&](const Command &command) {
@@ -237,7 +258,8 @@ const Command *CommandOf(const QString &name)
 QString WrongUse(const Command &command, const Call &call)
 {
     const QString name = QString::fromLatin1(command.name);
-    if (command.options.contains(u"dsn"_s) && call.dsn.isEmpty()) {
+    const bool needsDatabase = !call.Has(u"only-settings"_s);
+    if (command.options.contains(u"dsn"_s) && call.dsn.isEmpty() && needsDatabase) {
         return u"Name one command and the data source, as in: tollbrook-db create --dsn bill"_s;
     }
     for (const QString &option : call.parser.optionNames()) {

@@ -13,6 +13,7 @@ struct RestoreWish
     QString dsn;
     std::optional<QString> configFolder {}; // for the settings; without one they stay in the backup
     FillMode mode = FillMode::Run;
+    bool onlySettings = false; // the database is left alone
 };
 
 // Refuses a damaged backup, a database that is not empty or that others are connected to, and settings that

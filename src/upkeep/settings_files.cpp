@@ -23,11 +23,15 @@ bool IsKeyPath(const QString &path)
         && !path.startsWith(u"../"_s);
 }
 
-// What is made meanwhile is for its owner, and its group reads it: one of the values is a password.
+// What is made meanwhile is for its owner and its group alone: one of the values is a password. The group
+// may write where it may in the settings' folder, as the administrators of an installed console do.
 class NoRightsForOthers
 {
 public:
-    NoRightsForOthers() : before(::umask(S_IWGRP | S_IRWXO)) { }
+    explicit NoRightsForOthers(const QString &folder)
+        : before(
+            ::umask(QFile::permissions(folder) & QFile::WriteGroup ? S_IRWXO : S_IWGRP | S_IRWXO))
+    { }
     ~NoRightsForOthers() { ::umask(before); }
     NoRightsForOthers(const NoRightsForOthers &) = delete;
     NoRightsForOthers &operator=(const NoRightsForOthers &) = delete;
@@ -41,13 +45,34 @@ bool MakeFolder(const QString &path)
     const QDir folder(path);
     return folder.exists()
         || (MakeFolder(QFileInfo(path).path())
-            && ::mkdir(QFile::encodeName(path).constData(), S_IRWXU | S_IRGRP | S_IXGRP) == 0);
+            && ::mkdir(QFile::encodeName(path).constData(), S_IRWXU | S_IRWXG) == 0);
+}
+
+// What stands in such a folder would be missing, and nobody would know.
+std::optional<QString> UnreadableFolder(const QString &folder)
+{
+    QStringList folders {folder};
+    QDirIterator paths(
+        folder, QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden, QDirIterator::Subdirectories);
+    while (paths.hasNext()) {
+        folders << paths.next();
+    }
+    for (const QString &each : folders) {
+        if (const QFileInfo info(each);
+            info.isDir() && !(info.isReadable() && info.isExecutable())) {
+            return each;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace
 
 Told<SettingsFiles> ReadSettingsFiles(const QString &folder)
 {
+    if (const auto unreadable = UnreadableFolder(folder)) {
+        return tl::unexpected(u"The folder %1 of settings cannot be read."_s.arg(*unreadable));
+    }
     SettingsFiles files;
     const QDir root(folder);
     QDirIterator paths(folder, {u"*.toml"_s}, QDir::Files, QDirIterator::Subdirectories);
@@ -90,7 +115,7 @@ Told<void> MayWriteSettings(const QString &folder, const SettingsFiles &files)
 
 Told<void> WriteSettingsFiles(const QString &folder, const SettingsFiles &files)
 {
-    const NoRightsForOthers rights;
+    const NoRightsForOthers rights(folder);
     for (auto file = files.cbegin(); file != files.cend(); ++file) {
         const QString path = QDir(folder).filePath(file.key());
         if (!MakeFolder(QFileInfo(path).path())) {

@@ -51,6 +51,7 @@ TEST_P(AccountCommands, ShowsAndSetsTheLimitsOfAUser)
     ExpectDone(u"limit set anna --mode both --time 20h"_s);
     EXPECT_EQ(RowsOf(kAnna), QStringList(u"5|2048|20|1|2|0"_s));
     ExpectRefused(u"limit set anna --price 2"_s, 1, "Mode \"both\" has no price");
+    ExpectRefused(u"limit set anna --price 0.055"_s, 2, "at most 2 decimals");
     ExpectRefused(u"limit set anna --mode none --traffic 5"_s, 1, "has no traffic limit");
     ExpectRefused(u"limit set anna --traffic 1.5"_s, 2, "whole number of megabytes");
     ExpectDone(u"limit set anna --traffic 2GB"_s);

@@ -63,6 +63,7 @@ TEST_P(LoginCommands, AddsALoginWhosePasswordIsNeverAnArgument)
     ExpectRefused(u"login add two --ip 10.0.0"_s, 1, "incorrect IP address");
     ExpectRefused(u"login add two --mac 00"_s, 1, "incorrect MAC address");
     EXPECT_EQ(Run(Words("login add two")), 2) << "no password";
+    EXPECT_EQ(Run(Words("login add two"), "\nsecret\n"), 2) << "an empty one";
 }
 
 TEST_P(LoginCommands, ChangesWhatIsNamedAndKeepsThePassword)

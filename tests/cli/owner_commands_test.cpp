@@ -163,6 +163,7 @@ TEST_P(OwnerCommands, StoresNoTextOtherThanItWasGiven)
         }
     }
     ASSERT_EQ(Run(Words("user set anna --full-name") + QStringList {most}), 0);
+    ExpectRefused(Words("user set anna --ip 0.0.0.0"), 2, "is no IP address");
     ASSERT_EQ(Run(Words("user set anna --ip 010.000.0.7")), 0);
     EXPECT_EQ(UserRow(1), u"anna|%1|10.0.0.7|0011223344AA|90|1|0|0|0"_s.arg(most));
 }

@@ -59,6 +59,9 @@ TEST_P(SettingsCommands, RefusesWhatIsUnknownOutOfRangeOrCannotBeWritten)
     ExpectRefused(
         Words("config set timer 60s"), 1, qPrintable(Settings().FileOf(ConfigKeyId::Base)));
     ExpectRefused(Words("config set OnStop leave"), 1, "pass, keep");
+    for (const QString &needed : {u"bill dsn"_s, u"path"_s}) {
+        ExpectRefused({u"config"_s, u"set"_s, needed, QString()}, 1, "a text of 1 to 254 bytes");
+    }
     ExpectRefused(Words("config set rangenum 3"), 1, "means nothing without other values");
     ExpectRefused(Words("config set ViewIPHdr 1"), 3, "There is no file ");
     QFile file(Settings().FileOf(ConfigKeyId::Base));
@@ -67,6 +70,7 @@ TEST_P(SettingsCommands, RefusesWhatIsUnknownOutOfRangeOrCannotBeWritten)
     file.close();
     ExpectRefused(Words("config get timer"), 3, "Network.toml");
     ExpectRefused(Words("config set timer 60"), 3, "Network.toml");
+    EXPECT_FALSE(said.contains(u"There is no file"_s)) << said.toStdString();
     EXPECT_EQ(Run(Words("config list")), 3);
 }
 

@@ -13,11 +13,13 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QProcess>
 #include <QRandomGenerator>
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -170,6 +172,29 @@ TEST_F(BackupFiles, ANeedlessFailureIsNotMadeOfSettings)
     EXPECT_TRUE(BackupRows::Open(wish.file).value()->Settings().isEmpty());
 }
 
+// The administrators of an installed console change the settings as members of their group.
+TEST_F(BackupFiles, BringTheSettingsWithTheRightsOfTheirFolder)
+{
+    constexpr QFile::Permissions kGroup =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    for (const bool groupWrites : {false, true}) {
+        const QString there = folder.filePath(groupWrites ? u"shared"_s : u"own"_s);
+        ASSERT_TRUE(QDir().mkdir(there));
+        QFile::setPermissions(there,
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
+                                  | (groupWrites ? QFile::WriteGroup : QFile::ReadOther));
+        RestoreWish wish {file, {}, there};
+        wish.onlySettings = true;
+        ASSERT_TRUE(Restore(wish, kQuiet));
+        const QFile::Permissions wanted = groupWrites ? QFile::ReadGroup | QFile::WriteGroup
+                                                      : QFile::Permissions(QFile::ReadGroup);
+        for (const QString &path :
+             {u"/Software"_s, u"/Software/Tollbrook/Network/localip.toml"_s}) {
+            EXPECT_EQ(QFile::permissions(there + path) & kGroup, wanted) << qPrintable(path);
+        }
+    }
+}
+
 struct Ended
 {
     int status;
@@ -213,6 +238,28 @@ TEST_F(BackupFiles, ThatDoNotFitAreNotThere)
     EXPECT_TRUE(Restore({file, there}, kQuiet));
 }
 
+// As whoever may read some of the settings' folders only.
+TEST_F(BackupFiles, LeaveNoSettingsOutUnsaid)
+{
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "Only root can become somebody else.";
+    }
+    const QString hidden = settings + u"/Software/Tollbrook/Network"_s;
+    QDirIterator all(
+        folder.path(), QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QFile::setPermissions(folder.path(), QFile::Permissions(0x7755));
+    while (all.hasNext()) {
+        QFile::setPermissions(all.next(), QFile::Permissions(0x7755));
+    }
+    QFile::setPermissions(hidden, QFile::Permissions(0x7700));
+    const Ended ended = RunShell(
+        u"setpriv --reuid=65534 --regid=65534 --clear-groups %1 backup %2 --dsn %3 --config %4"_s
+            .arg(QStringLiteral(TB_DATABASE_TOOL), folder.filePath(u"new"_s), Dsn(), settings));
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_TRUE(ended.error.contains(u"The folder %1 of settings cannot be read"_s.arg(hidden)))
+        << qPrintable(ended.error);
+}
+
 TEST_F(BackupFiles, TheToolTellsWhatIsMissing)
 {
     const QString tool = QStringLiteral(TB_DATABASE_TOOL);
@@ -222,6 +269,7 @@ TEST_F(BackupFiles, TheToolTellsWhatIsMissing)
         {u"backup '' --dsn x"_s, u"Name one file"_s},
         {u"backup a"_s, u"Name one command and the data source"_s},
         {u"copy --from x"_s, u"Name both data sources"_s},
+        {u"check --dsn x --backup y"_s, u"\"check\" takes --backup only with --repair"_s},
         {u"check --repair --dsn x"_s, u"Name a file for the backup"_s},
         {u"copy --from x --to y --force"_s, u"\"copy\" does not take --force"_s},
         {u"check a --dsn x"_s, u"takes options only"_s}};
