@@ -181,7 +181,7 @@ QString SavedReports::FileOf(const QString &name) const
 
 bool SavedReports::Has(const QString &name) const
 {
-    return QFileInfo::exists(FileOf(name));
+    return !key_file::IsMissing(FileOf(name));
 }
 
 tl::expected<QStringList, SettingsFailure> SavedReports::Names() const

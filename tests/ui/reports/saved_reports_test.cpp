@@ -1,4 +1,5 @@
 // Saved reports in their windows: saved, opened, scheduled, deleted, and what is told of their runs.
+#include "reports/run_record.h"
 #include "reports/saved_report.h"
 #include "reports_fixture.h"
 #include "support/core/fake_service.h"
@@ -291,6 +292,48 @@ TEST_F(SavedWindows, ARunThatFailedIsTold)
         EXPECT_TRUE(Find<QLabel>(saved, "details").text().contains(u"must be mended"_s));
         EXPECT_FALSE(Find<QAbstractButton>(saved, "schedule").isEnabled());
     });
+    dialog.reset();
+    UseBus(QDBusConnection(QString()));
+}
+
+TEST_F(SavedWindows, TheLastRunIsKnownAfterTheMachineWasStartedAnew)
+{
+    PrivateBus bus;
+    FakeService service(bus);
+    UseBus(bus.Connection());
+    Settings().WriteText(values::kPath, folder.path() + u'/');
+    for (const auto *name : {u"Bad", u"Good", u"Unread"}) {
+        const QString report = QString::fromUtf16(name);
+        Put(report, {.every = Every::Day});
+        service.SetUnit(TimerUnit(report), {{u"ActiveState"_s, u"active"_s}});
+        service.SetUnit(ServiceUnit(report), {{u"ActiveState"_s, u"inactive"_s}});
+    }
+    const RunRecords records(Settings());
+    const QDateTime then(kToday, {2, 15});
+    ASSERT_TRUE(records.Write(u"Bad"_s, {then, TimerState::Result::Failed, 5}));
+    ASSERT_TRUE(records.Write(u"Good"_s, {then, TimerState::Result::Done, 0}));
+    QFile damaged(records.FileOf(u"Unread"_s));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write("ended =") > 0);
+    damaged.close();
+    const auto lastRuns = [this] {
+        QStringList texts;
+        InSaved([&](QDialog &saved) {
+            for (const QString &row : Rows(saved)) {
+                texts += row.section(u'|', 3, 3);
+            }
+        });
+        return texts;
+    };
+    Reopen();
+    EXPECT_EQ(Find<QLabel>(*dialog, "savedNote").text(),
+              u"Not made as planned: Bad, Unread. See \"Saved reports...\"."_s);
+    QStringList known = lastRuns();
+    EXPECT_EQ(known.mid(0, 2),
+              QStringList({u"2026-11-21 02:15, failed: the file could not be written"_s,
+                           u"2026-11-21 02:15, done"_s}));
+    EXPECT_TRUE(known.value(2).startsWith(u"not known: "_s)) << qPrintable(known.value(2));
+    service.LeaveManager(); // nobody answers, and what is kept is known all the same
+    EXPECT_EQ(lastRuns(), known);
     dialog.reset();
     UseBus(QDBusConnection(QString()));
 }
