@@ -238,23 +238,37 @@ int Make(const ReportRequest &request, const SavedReport &target, const OutputOp
     return kDone;
 }
 
-// The options that say what a saved report says already.
-QStringList SelectionGiven(const QCommandLineParser &parser, const Arguments &arguments)
+// Those of the options that are given, with their dashes.
+QStringList GivenOf(const QCommandLineParser &parser, const QList<QCommandLineOption> &options)
 {
     QStringList given;
-    for (const QCommandLineOption &option : {arguments.report,
-                                             arguments.period,
-                                             arguments.users,
-                                             arguments.groups,
-                                             arguments.split,
-                                             arguments.csvBom,
-                                             arguments.mail,
-                                             arguments.failIfEmpty}) {
+    for (const QCommandLineOption &option : options) {
         if (parser.isSet(option)) {
             given += u"--"_s + option.names().constFirst();
         }
     }
     return given;
+}
+
+// The options that say what a saved report says already.
+QStringList SelectionGiven(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    return GivenOf(parser,
+                   {arguments.report,
+                    arguments.period,
+                    arguments.users,
+                    arguments.groups,
+                    arguments.split,
+                    arguments.csvBom,
+                    arguments.mail,
+                    arguments.failIfEmpty});
+}
+
+// The options of which each is a work of its own.
+QStringList WorkGiven(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    return GivenOf(parser,
+                   {arguments.saved, arguments.listSaved, arguments.schedule, arguments.noteRun});
 }
 
 // What a saved report says. A status other than Done ends the program.
@@ -280,6 +294,9 @@ int ReadSaved(const QCommandLineParser &parser,
     if (parser.isSet(arguments.output)) { // a trial, which is nobody's mail
         task.report.output = parser.value(arguments.output);
         task.report.mail.clear();
+        if (!FormatOf(task.report.output)) {
+            return Fail(BadArguments, u"--output must name a %1 file"_s.arg(EndingsInWords()));
+        }
     }
     task.period = PeriodNamed(report->period, Today()).value_or(ReportPeriod());
     return kDone;
@@ -313,6 +330,9 @@ int ReadArguments(const QCommandLineParser &parser, const Arguments &arguments, 
     }
     if (task.names.isMissing) {
         return Fail(BadArguments, u"--users and --groups must name somebody"_s);
+    }
+    if (parser.isSet(arguments.mail) && task.report.mail.isEmpty()) {
+        return Fail(BadArguments, u"--mail needs an address"_s);
     }
     const bool ofStatements = task.report.row == kStatementRow;
     if (task.report.split && !ofStatements) {
@@ -399,6 +419,13 @@ int main(int argc, char **argv)
     if (!parser.positionalArguments().isEmpty()) {
         return Fail(BadArguments,
                     u"what is \"%1\"?"_s.arg(parser.positionalArguments().constFirst()));
+    }
+    if (parser.isSet(arguments.units) && !parser.isSet(arguments.schedule)) {
+        return Fail(BadArguments, u"--units goes with --schedule"_s);
+    }
+    const QStringList wanted = WorkGiven(parser, arguments);
+    if (wanted.size() > 1) {
+        return Fail(BadArguments, u"%1 cannot stand together"_s.arg(wanted.join(u" and "_s)));
     }
     const bool asksOfSaved = parser.isSet(arguments.listSaved) || parser.isSet(arguments.schedule)
         || parser.isSet(arguments.noteRun);

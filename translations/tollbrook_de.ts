@@ -6144,6 +6144,18 @@ Do you want to replace it?</source>
         <translation>Unter „%1“ ist schon ein Bericht gespeichert.
 Möchten Sie ihn ersetzen?</translation>
     </message>
+    <message>
+        <source>The report &quot;%1&quot; was deleted meanwhile.
+Do you want to save it again?</source>
+        <translation>Der Bericht „%1“ wurde inzwischen gelöscht.
+Möchten Sie ihn wieder speichern?</translation>
+    </message>
+    <message>
+        <source>The report &quot;%1&quot; was changed meanwhile.
+Do you want to replace it?</source>
+        <translation>Der Bericht „%1“ wurde inzwischen geändert.
+Möchten Sie ihn ersetzen?</translation>
+    </message>
 </context>
 <context>
     <name>SaveSteps</name>
@@ -6225,6 +6237,18 @@ Möchten Sie ihn ersetzen?</translation>
     <message>
         <source>it is no TOML</source>
         <translation>es ist kein TOML</translation>
+    </message>
+    <message>
+        <source>&quot;schedule&quot; is not a [schedule]</source>
+        <translation>„schedule“ ist kein Abschnitt [schedule]</translation>
+    </message>
+    <message>
+        <source>a schedule needs &quot;every&quot;</source>
+        <translation>ein Zeitplan braucht „every“</translation>
+    </message>
+    <message>
+        <source>The name of the file has a line break or another control character.</source>
+        <translation>Der Name der Datei enthält einen Zeilenumbruch oder ein anderes Steuerzeichen.</translation>
     </message>
 </context>
 <context>
@@ -6367,6 +6391,12 @@ Möchten Sie ihn ersetzen?</translation>
     <message>
         <source>The schedule is saved, but its timer is not set up.</source>
         <translation>Der Zeitplan ist gespeichert, aber sein Zeitgeber ist nicht eingerichtet.</translation>
+    </message>
+    <message>
+        <source>The schedule was changed meanwhile: %1.
+Do you want to replace it?</source>
+        <translation>Der Zeitplan wurde inzwischen geändert: %1.
+Möchten Sie ihn ersetzen?</translation>
     </message>
 </context>
 <context>

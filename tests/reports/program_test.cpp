@@ -405,6 +405,10 @@ TEST_F(Program, RefusesASavedReportThatIsNotWhole)
         {{u"--schedule"_s, u"damaged"_s, u"--units"_s, Out({})}, "is damaged"},
         {{u"--schedule"_s, u"a/b"_s, u"--units"_s, Out({})}, "A name has letters"},
         {{u"--schedule"_s, u"good"_s}, "are saved in /etc/tollbrook, not in"},
+        {{u"--saved"_s, u"good"_s, u"--list-saved"_s}, "--saved and --list-saved cannot stand"},
+        {{u"--saved"_s, u"good"_s, u"--schedule"_s, u"good"_s}, "cannot stand together"},
+        {{u"--saved"_s, u"good"_s, u"--units"_s, u"/tmp"_s}, "--units goes with --schedule"},
+        {{u"--saved"_s, u"good"_s, u"--output"_s, u"x.doc"_s}, "--output must name a"},
         {{u"--list-saved"_s}, "damaged.toml"},
     };
     for (const auto &[arguments, words] : cases) {
@@ -513,6 +517,9 @@ TEST_F(Program, ANoteThatIsNotWholeIsNoRun)
 
 TEST_F(Program, SendsTheFileByTheSystemsSendmail)
 {
+    EXPECT_EQ(Run({u"--report"_s, u"0"_s, u"--output"_s, Out(u"x.csv"_s), u"--mail"_s, QString()}),
+              2);
+    EXPECT_TRUE(said.contains(u"--mail needs an address"_s)) << said.toStdString();
     QDir(folder.path()).mkpath(u"bin"_s);
     const auto sendmail = [this](const QByteArray &script) {
         QFile file(Out(u"bin/sendmail"_s));

@@ -221,8 +221,10 @@ void SavedReportsDialog::Delete()
                                          run->name)) {
         return;
     }
-    const bool hasTimer = !run->report || run->report->schedule.IsSet();
-    if (const auto removed = SavedReports(services.settings).Remove(run->name); !removed) {
+    const SavedReports saved(services.settings);
+    const auto present = saved.Read(run->name); // it may have been given a schedule meanwhile
+    const bool hasTimer = !present || present->schedule.IsSet();
+    if (const auto removed = saved.Remove(run->name); !removed) {
         services.prompt.Tell(TextOf(removed.error()), Prompt::Icon::Error);
         return;
     }

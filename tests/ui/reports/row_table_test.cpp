@@ -123,6 +123,27 @@ TEST_F(Table, IsFilteredAndItsTotalsFollow)
     EXPECT_EQ(Find<QLineEdit>(*dialog, "rowFilter").text(), QString());
 }
 
+TEST_F(Table, IsFilteredByWhatItsCellsShow)
+{
+    Execute("UPDATE users SET username = '100%_done''s' WHERE user_id = 4"); // "two lines" before
+    Execute("UPDATE users SET username = (?) WHERE user_id = 5", u"two\nlines"_s);
+    Execute("UPDATE traffic_use SET data = 1234567.5 WHERE user_id = 1 AND period = 0");
+    Make(0);
+    TurnToTable();
+    const std::pair<const char16_t *, const char16_t *> cases[] = {
+        {u"two lines", u"two lines"},
+        {u"0%_D", u"100%_done's"},
+        {u"e's", u"100%_done's"},
+        {u"\"FRANK\"", u"O'Hara, \"Frank\""},
+        {u"4,938,270.00", u"anna"}};
+    for (const auto &[text, name] : cases) {
+        Filter(QString::fromUtf16(text));
+        EXPECT_EQ(Column(0), QStringList(QString::fromUtf16(name)));
+    }
+    Filter(u"%"_s);
+    EXPECT_EQ(Column(0).size(), 1) << "no pattern";
+}
+
 TEST_F(Table, WhatIsTypedFiltersWithoutReturn)
 {
     Make(0);

@@ -229,6 +229,101 @@ TEST_F(SavedWindows, ADeletedReportTakesItsTimerAlong)
     EXPECT_EQ(TakeCalls().size(), 0);
 }
 
+// Another console, or somebody with an editor, is at work while a window is open.
+TEST_F(SavedWindows, WhatOthersChangedMeanwhileIsAskedAboutOrStays)
+{
+    Put(u"Monthly"_s);
+    const auto change = [&](const std::function<void()> &meanwhile) {
+        InSaved([&](QDialog &saved) {
+            const WhileModal answer([&](QDialog &one) {
+                meanwhile();
+                Type(Find<QLineEdit>(one, "output"), u"/srv/mine.pdf"_s);
+                Click(one, "ok");
+                if (one.isVisible()) {
+                    Click(one, "cancel");
+                }
+            });
+            Click(saved, "change");
+        });
+    };
+    const ReportSchedule daily {.every = Every::Day, .day = 1, .at = {4, 0}};
+    change([&] { Put(u"Monthly"_s, daily); }); // the schedule is none of this window's
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->schedule, daily);
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->output, u"/srv/mine.pdf"_s);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    const auto byOthers = [&] {
+        auto report = *Store().Read(u"Monthly"_s);
+        report.output = u"/srv/theirs.pdf"_s;
+        ASSERT_TRUE(Store().Write(u"Monthly"_s, report));
+    };
+    prompt.AnswerWith({false});
+    change(byOthers);
+    EXPECT_TRUE(prompt.TakeSaid().value(0).contains(u"was changed meanwhile"_s));
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->output, u"/srv/theirs.pdf"_s);
+    prompt.AnswerWith({false});
+    change([&] { ASSERT_TRUE(Store().Remove(u"Monthly"_s)); });
+    EXPECT_TRUE(prompt.TakeSaid().value(0).contains(u"was deleted meanwhile"_s));
+    EXPECT_FALSE(Store().Has(u"Monthly"_s));
+}
+
+TEST_F(SavedWindows, AScheduleChangesNothingElseThatOthersChangedMeanwhile)
+{
+    Put(u"Monthly"_s);
+    const ReportSchedule daily {.every = Every::Day, .day = 1, .at = {4, 0}};
+    const auto schedule = [&](const std::function<void()> &meanwhile) {
+        InSaved([&](QDialog &saved) {
+            const WhileModal answer([&](QDialog &times) {
+                meanwhile();
+                Choose(Find<QComboBox>(times, "every"), u"Each month"_s);
+                Click(times, "ok");
+                if (times.isVisible()) {
+                    Click(times, "cancel");
+                }
+            });
+            Click(saved, "schedule");
+        });
+    };
+    schedule([&] {
+        auto report = *Store().Read(u"Monthly"_s);
+        report.output = u"/srv/theirs.pdf"_s;
+        ASSERT_TRUE(Store().Write(u"Monthly"_s, report));
+    });
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->output, u"/srv/theirs.pdf"_s);
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->schedule.every, Every::Month);
+    EXPECT_EQ(TakeCalls().size(), 1);
+    prompt.AnswerWith({false});
+    schedule([&] { Put(u"Monthly"_s, daily); });
+    EXPECT_TRUE(prompt.TakeSaid().value(0).startsWith(
+        u"The schedule was changed meanwhile: each day at 04:00."_s));
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->schedule, daily);
+    schedule([&] { ASSERT_TRUE(Store().Remove(u"Monthly"_s)); });
+    EXPECT_TRUE(prompt.TakeSaid().value(0).contains(u"does not exist"_s));
+    EXPECT_FALSE(Store().Has(u"Monthly"_s)) << "a deleted report does not come back";
+    EXPECT_EQ(TakeCalls().size(), 0);
+}
+
+TEST_F(SavedWindows, AReportUnderAnotherNameHasNoScheduleAndADeletedOneTakesALateTimerAlong)
+{
+    Put(u"Monthly"_s, {.every = Every::Day});
+    InSaved([&](QDialog &saved) {
+        const WhileModal answer([&](QDialog &one) {
+            Type(Find<QLineEdit>(one, "name"), u"Other"_s);
+            Click(one, "ok");
+        });
+        Click(saved, "change");
+    });
+    EXPECT_FALSE(Store().Read(u"Other"_s)->schedule.IsSet()) << "nobody has set its timer up";
+    EXPECT_TRUE(Store().Read(u"Monthly"_s)->schedule.IsSet());
+    ASSERT_TRUE(Store().Remove(u"Monthly"_s));
+    InSaved([&](QDialog &saved) {
+        Put(u"Other"_s, {.every = Every::Day}); // by another console
+        prompt.AnswerWith({true});
+        Click(saved, "delete");
+    });
+    EXPECT_EQ(Store().Names(), QStringList());
+    EXPECT_EQ(TakeCalls().size(), 1);
+}
+
 TEST_F(SavedWindows, ARunThatFailedIsTold)
 {
     PrivateBus bus;
