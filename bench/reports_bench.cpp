@@ -8,6 +8,7 @@ int main(int argc, char **argv)
     const CAdministratorApp app(argc, argv);
     Promises promises;
     AddRows(promises);
+    AddStatements(promises);
     AddPages(promises);
     AddWindow(promises);
     AddWriters(promises);

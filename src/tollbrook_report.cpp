@@ -8,7 +8,7 @@
 #include "reports/filter_choices.h"
 #include "reports/report_delivery.h"
 #include "reports/report_status.h"
-#include "reports/report_timer.h"
+#include "reports/saved_report_commands.h"
 #include "reports/selection.h"
 #include "reports/wording.h"
 #include "startup/language.h"
@@ -29,12 +29,6 @@ namespace {
 
 using enum ReportStatus;
 constexpr int kDone = static_cast<int>(Done);
-
-int Fail(ReportStatus status, const QString &text)
-{
-    QTextStream(stderr) << "tollbrook-report: " << text << Qt::endl;
-    return static_cast<int>(status);
-}
 
 void Warn(const QString &text)
 {
@@ -97,6 +91,11 @@ struct Arguments
         u"units"_s,
         u"With --schedule: writes the timer into this folder and tells nobody of it."_s,
         u"DIR"_s};
+    QCommandLineOption noteRun {
+        u"note-run"_s,
+        u"Notes for the console how the run of a saved report that has just ended went: what its timer's "
+        "unit does behind each."_s,
+        u"NAME"_s};
     QCommandLineOption mail {
         u"mail"_s, u"Sends the file to this address, by the system's sendmail."_s, u"ADDRESS"_s};
     QCommandLineOption groupReads {
@@ -239,23 +238,37 @@ int Make(const ReportRequest &request, const SavedReport &target, const OutputOp
     return kDone;
 }
 
-// The options that say what a saved report says already.
-QStringList SelectionGiven(const QCommandLineParser &parser, const Arguments &arguments)
+// Those of the options that are given, with their dashes.
+QStringList GivenOf(const QCommandLineParser &parser, const QList<QCommandLineOption> &options)
 {
     QStringList given;
-    for (const QCommandLineOption &option : {arguments.report,
-                                             arguments.period,
-                                             arguments.users,
-                                             arguments.groups,
-                                             arguments.split,
-                                             arguments.csvBom,
-                                             arguments.mail,
-                                             arguments.failIfEmpty}) {
+    for (const QCommandLineOption &option : options) {
         if (parser.isSet(option)) {
             given += u"--"_s + option.names().constFirst();
         }
     }
     return given;
+}
+
+// The options that say what a saved report says already.
+QStringList SelectionGiven(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    return GivenOf(parser,
+                   {arguments.report,
+                    arguments.period,
+                    arguments.users,
+                    arguments.groups,
+                    arguments.split,
+                    arguments.csvBom,
+                    arguments.mail,
+                    arguments.failIfEmpty});
+}
+
+// The options of which each is a work of its own.
+QStringList WorkGiven(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    return GivenOf(parser,
+                   {arguments.saved, arguments.listSaved, arguments.schedule, arguments.noteRun});
 }
 
 // What a saved report says. A status other than Done ends the program.
@@ -281,6 +294,9 @@ int ReadSaved(const QCommandLineParser &parser,
     if (parser.isSet(arguments.output)) { // a trial, which is nobody's mail
         task.report.output = parser.value(arguments.output);
         task.report.mail.clear();
+        if (!FormatOf(task.report.output)) {
+            return Fail(BadArguments, u"--output must name a %1 file"_s.arg(EndingsInWords()));
+        }
     }
     task.period = PeriodNamed(report->period, Today()).value_or(ReportPeriod());
     return kDone;
@@ -314,6 +330,9 @@ int ReadArguments(const QCommandLineParser &parser, const Arguments &arguments, 
     }
     if (task.names.isMissing) {
         return Fail(BadArguments, u"--users and --groups must name somebody"_s);
+    }
+    if (parser.isSet(arguments.mail) && task.report.mail.isEmpty()) {
+        return Fail(BadArguments, u"--mail needs an address"_s);
     }
     const bool ofStatements = task.report.row == kStatementRow;
     if (task.report.split && !ofStatements) {
@@ -362,61 +381,6 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
                 {.csvBom = task.report.csvBom, .groupReads = parser.isSet(arguments.groupReads)});
 }
 
-int ListSaved(const ConfigStore &settings)
-{
-    const SavedReports saved(settings);
-    const auto names = saved.Names();
-    if (!names) {
-        return Fail(BadArguments, TextOf(names.error()));
-    }
-    int status = kDone;
-    for (const QString &name : *names) {
-        if (const auto report = saved.Read(name)) {
-            QTextStream(stdout) << u"%1: %2, %3, %4, %5\n"_s.arg(
-                name,
-                QString::fromUtf8(EntryOf(report->row).title).trimmed(),
-                report->period,
-                report->output,
-                InWords(report->schedule));
-        } else {
-            status = Fail(BadArguments, TextOf(report.error()));
-        }
-    }
-    return status;
-}
-
-// A report that cannot be read may well be one that is to run: its timer stays as it is.
-int Schedule(const QCommandLineParser &parser,
-             const Arguments &arguments,
-             const ConfigStore &settings)
-{
-    const QString name = parser.value(arguments.schedule);
-    if (const QString problem = NameProblem(name); !problem.isEmpty()) {
-        return Fail(BadArguments, problem);
-    }
-    TimerPlace place;
-    if (parser.isSet(arguments.units)) {
-        place.folder = parser.value(arguments.units);
-    } else if (QDir::cleanPath(settings.Folder()) != u"/etc/tollbrook") {
-        return Fail(BadArguments,
-                    u"timers make the reports that are saved in /etc/tollbrook, not in %1"_s.arg(
-                        settings.Folder()));
-    } else {
-        place.systemctl = RunSystemctl;
-    }
-    const SavedReports saved(settings);
-    const auto report = saved.Has(name) ? saved.Read(name) : SavedReport();
-    if (!report) {
-        return Fail(BadArguments, TextOf(report.error()));
-    }
-    QString problem;
-    if (!PutTimer(name, report->schedule, place, problem)) {
-        return Fail(Timer, problem);
-    }
-    QTextStream(stdout) << u"%1: %2\n"_s.arg(name, InWords(report->schedule));
-    return kDone;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -432,25 +396,12 @@ int main(int argc, char **argv)
         "Exit status: 0 done, 1 nothing to report, 2 wrong arguments, 3 database, 4 layout, "
         "5 output, 6 mail, 7 timer."_s);
     const Arguments arguments;
-    parser.addOptions({arguments.help,
-                       arguments.version,
-                       arguments.list,
-                       arguments.report,
-                       arguments.period,
-                       arguments.users,
-                       arguments.groups,
-                       arguments.output,
-                       arguments.split,
-                       arguments.csvBom,
-                       arguments.dsn,
-                       arguments.config,
-                       arguments.failIfEmpty,
-                       arguments.mail,
-                       arguments.groupReads,
-                       arguments.saved,
-                       arguments.listSaved,
-                       arguments.schedule,
-                       arguments.units});
+    parser.addOptions(
+        {arguments.help,        arguments.version,  arguments.list,       arguments.report,
+         arguments.period,      arguments.users,    arguments.groups,     arguments.output,
+         arguments.split,       arguments.csvBom,   arguments.dsn,        arguments.config,
+         arguments.failIfEmpty, arguments.mail,     arguments.groupReads, arguments.saved,
+         arguments.listSaved,   arguments.schedule, arguments.units,      arguments.noteRun});
     if (!parser.parse(QGuiApplication::arguments())) {
         return Fail(BadArguments, parser.errorText());
     }
@@ -469,12 +420,27 @@ int main(int argc, char **argv)
         return Fail(BadArguments,
                     u"what is \"%1\"?"_s.arg(parser.positionalArguments().constFirst()));
     }
-    const bool asksOfSaved = parser.isSet(arguments.listSaved) || parser.isSet(arguments.schedule);
+    if (parser.isSet(arguments.units) && !parser.isSet(arguments.schedule)) {
+        return Fail(BadArguments, u"--units goes with --schedule"_s);
+    }
+    const QStringList wanted = WorkGiven(parser, arguments);
+    if (wanted.size() > 1) {
+        return Fail(BadArguments, u"%1 cannot stand together"_s.arg(wanted.join(u" and "_s)));
+    }
+    const bool asksOfSaved = parser.isSet(arguments.listSaved) || parser.isSet(arguments.schedule)
+        || parser.isSet(arguments.noteRun);
     if (!asksOfSaved) {
         return Run(parser, arguments);
     }
     const StartedProgram program(
         {.configFolder = parser.value(arguments.config), .opensDatabase = false});
-    return parser.isSet(arguments.listSaved) ? ListSaved(program.settings)
-                                             : Schedule(parser, arguments, program.settings);
+    if (parser.isSet(arguments.listSaved)) {
+        return ListSaved(program.settings);
+    }
+    return parser.isSet(arguments.noteRun)
+        ? NoteRun(parser.value(arguments.noteRun), program.settings)
+        : Schedule(parser.value(arguments.schedule),
+                   program.settings,
+                   parser.isSet(arguments.units) ? std::optional(parser.value(arguments.units))
+                                                 : std::nullopt);
 }

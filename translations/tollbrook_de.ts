@@ -4267,6 +4267,18 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>Printing was stopped; pages in the file %1: %2.</source>
         <translation>Der Druck wurde abgebrochen; Seiten in der Datei %1: %2.</translation>
     </message>
+    <message>
+        <source>Nothing was printed, since rows could not be read.</source>
+        <translation>Es wurde nichts gedruckt, weil Zeilen nicht gelesen werden konnten.</translation>
+    </message>
+    <message>
+        <source>Printing ended, since rows could not be read; pages sent before: %1.</source>
+        <translation>Der Druck wurde beendet, weil Zeilen nicht gelesen werden konnten; vorher gesendete Seiten: %1.</translation>
+    </message>
+    <message>
+        <source>Printing ended, since rows could not be read; pages in the file %1: %2.</source>
+        <translation>Der Druck wurde beendet, weil Zeilen nicht gelesen werden konnten; Seiten in der Datei %1: %2.</translation>
+    </message>
 </context>
 <context>
     <name>ProgressWindow</name>
@@ -5619,6 +5631,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>failed: %1</source>
         <translation>fehlgeschlagen: %1</translation>
     </message>
+    <message>
+        <source>not known: %1</source>
+        <translation>nicht bekannt: %1</translation>
+    </message>
 </context>
 <context>
     <name>ReportSchedule</name>
@@ -5850,6 +5866,10 @@ Sollen sie ersetzt werden?</translation>
         <source>The rows that show are those of before.</source>
         <translation>Gezeigt werden die Zeilen von vorher.</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; was not found, but not all rows could be read: %2</source>
+        <translation>„%1“ wurde nicht gefunden, aber nicht alle Zeilen konnten gelesen werden: %2</translation>
+    </message>
 </context>
 <context>
     <name>ReportsDialog</name>
@@ -6022,8 +6042,27 @@ Sollen sie ersetzt werden?</translation>
         <translation>%1 von %2 Zeilen</translation>
     </message>
     <message>
-        <source>cannot be read</source>
-        <translation>nicht lesbar</translation>
+        <source>Nothing was copied. %1</source>
+        <translation>Es wurde nichts kopiert. %1</translation>
+    </message>
+    <message>
+        <source>Only the first %1 of %2 selected rows were copied. &quot;Save as...&quot; takes all rows of the report.</source>
+        <translation>Nur die ersten %1 von %2 ausgewählten Zeilen wurden kopiert. „Speichern unter …“ nimmt alle Zeilen des Berichts.</translation>
+    </message>
+</context>
+<context>
+    <name>RunRecord</name>
+    <message>
+        <source>&quot;ended&quot; is not a time</source>
+        <translation>„ended“ ist keine Zeit</translation>
+    </message>
+    <message>
+        <source>it is no TOML</source>
+        <translation>es ist kein TOML</translation>
+    </message>
+    <message>
+        <source>cannot be removed: %1</source>
+        <translation>kann nicht entfernt werden: %1</translation>
     </message>
 </context>
 <context>
@@ -6103,6 +6142,18 @@ Sollen sie ersetzt werden?</translation>
         <source>A report is saved as &quot;%1&quot; already.
 Do you want to replace it?</source>
         <translation>Unter „%1“ ist schon ein Bericht gespeichert.
+Möchten Sie ihn ersetzen?</translation>
+    </message>
+    <message>
+        <source>The report &quot;%1&quot; was deleted meanwhile.
+Do you want to save it again?</source>
+        <translation>Der Bericht „%1“ wurde inzwischen gelöscht.
+Möchten Sie ihn wieder speichern?</translation>
+    </message>
+    <message>
+        <source>The report &quot;%1&quot; was changed meanwhile.
+Do you want to replace it?</source>
+        <translation>Der Bericht „%1“ wurde inzwischen geändert.
 Möchten Sie ihn ersetzen?</translation>
     </message>
 </context>
@@ -6186,6 +6237,18 @@ Möchten Sie ihn ersetzen?</translation>
     <message>
         <source>it is no TOML</source>
         <translation>es ist kein TOML</translation>
+    </message>
+    <message>
+        <source>&quot;schedule&quot; is not a [schedule]</source>
+        <translation>„schedule“ ist kein Abschnitt [schedule]</translation>
+    </message>
+    <message>
+        <source>a schedule needs &quot;every&quot;</source>
+        <translation>ein Zeitplan braucht „every“</translation>
+    </message>
+    <message>
+        <source>The name of the file has a line break or another control character.</source>
+        <translation>Der Name der Datei enthält einen Zeilenumbruch oder ein anderes Steuerzeichen.</translation>
     </message>
 </context>
 <context>
@@ -6328,6 +6391,12 @@ Möchten Sie ihn ersetzen?</translation>
     <message>
         <source>The schedule is saved, but its timer is not set up.</source>
         <translation>Der Zeitplan ist gespeichert, aber sein Zeitgeber ist nicht eingerichtet.</translation>
+    </message>
+    <message>
+        <source>The schedule was changed meanwhile: %1.
+Do you want to replace it?</source>
+        <translation>Der Zeitplan wurde inzwischen geändert: %1.
+Möchten Sie ihn ersetzen?</translation>
     </message>
 </context>
 <context>

@@ -1,12 +1,15 @@
 #include "reports/report_data.h"
 
+#include "config/config_store.h"
 #include "reports/selection.h"
 #include "support/bench_database.h"
 #include "support/must.h"
 #include "support/usage_rows.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QSet>
+#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +39,18 @@ void Settle(const QString &engine, const QString &dsn)
         : engine == u"mariadb"                        ? u"ANALYZE TABLE traffic_use"_s
                                                       : u"ANALYZE"_s;
     Must(connection.Run(statement), connection);
+}
+
+// Where tollbrook-report finds the layouts.
+QString Settings()
+{
+    static const QTemporaryDir folder;
+    if (const ConfigStore config(folder.path()); config.CreateKey(ConfigKeyId::Base)) {
+        config.WriteText(values::kPath, folder.path() + u'/');
+        QFile::link(QStringLiteral(TB_SOURCE_DIR "/src/reports/layouts"),
+                    folder.filePath(u"reports"_s));
+    }
+    return folder.path();
 }
 
 } // namespace
@@ -76,4 +91,16 @@ QString DetailedQuery(int users, int days)
     const ReportPeriod period {
         PeriodChoice::Custom, DayOf(kLastDay.addDays(1 - days)), DayOf(kLastDay)};
     return QueryText(kDetailed, period, u" and users.user_id <= %1"_s.arg(users), {});
+}
+
+QStringList ReportCommand(const QString &dsn, const QStringList &options, const QString &fileName)
+{
+    return QStringList {QCoreApplication::applicationDirPath() + u"/../bin/tollbrook-report",
+                        u"--config"_s,
+                        Settings(),
+                        u"--dsn"_s,
+                        dsn,
+                        u"--output"_s,
+                        Settings() + u'/' + fileName}
+    + options;
 }

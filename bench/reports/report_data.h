@@ -20,3 +20,7 @@ RequestOn(const QString &engine, const QString &layout, const QString &query = {
 
 // The query of "Traffic (Detailed)" for so many users and so many of the last days.
 [[nodiscard]] QString DetailedQuery(int users, int days);
+
+// tollbrook-report with these options over the data source, into a file of this name in a folder of the benchmark.
+[[nodiscard]] QStringList
+ReportCommand(const QString &dsn, const QStringList &options, const QString &fileName);

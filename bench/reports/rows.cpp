@@ -1,7 +1,6 @@
 // The summary of ten million rows: summed in the database, and from all rows streamed as where that
 // cannot be, each against the engine's own client. Time is CPU time of the program and of the server
 // that works for it.
-#include "config/config_store.h"
 #include "db/translation.h"
 #include "reports/benchmarks.h"
 #include "reports/query_check.h"
@@ -12,8 +11,6 @@
 #include "support/spent.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -34,42 +31,11 @@ QString SummaryStatement()
         + u"\n) report GROUP BY report.`username`, report.`ip_addr`";
 }
 
-// Where tollbrook-report finds the layouts.
-QString Settings()
-{
-    static const QTemporaryDir folder;
-    if (const ConfigStore config(folder.path()); config.CreateKey(ConfigKeyId::Base)) {
-        config.WriteText(values::kPath, folder.path() + u'/');
-        QFile::link(QStringLiteral(TB_SOURCE_DIR "/src/reports/layouts"),
-                    folder.filePath(u"reports"_s));
-    }
-    return folder.path();
-}
-
-void Measure(benchmark::State &state, const QStringList &command, const QString &engine)
-{
-    for ([[maybe_unused]] auto _ : state) {
-        const Spent spent = RunAndMeasure(command, engine);
-        state.SetIterationTime(spent.cpuSeconds + spent.serverSeconds);
-        state.counters["own s"] = spent.cpuSeconds;
-        state.counters["server s"] = spent.serverSeconds;
-        state.counters["MB"] = spent.peakMegabytes;
-    }
-}
-
 void SumByReport(benchmark::State &state, const QString &engine)
 {
-    const QString output = Settings() + u"/summary.csv";
     Measure(state,
-            {QCoreApplication::applicationDirPath() + u"/../bin/tollbrook-report",
-             u"--config"_s,
-             Settings(),
-             u"--dsn"_s,
-             ReportData(engine),
-             u"--report"_s,
-             QString::number(kSummary),
-             u"--output"_s,
-             output},
+            ReportCommand(
+                ReportData(engine), {u"--report"_s, QString::number(kSummary)}, u"summary.csv"_s),
             engine);
 }
 
@@ -100,6 +66,17 @@ void StreamByReport(benchmark::State &state, const QString &engine)
 }
 
 } // namespace
+
+void Measure(benchmark::State &state, const QStringList &command, const QString &engine)
+{
+    for ([[maybe_unused]] auto _ : state) {
+        const Spent spent = RunAndMeasure(command, engine);
+        state.SetIterationTime(spent.cpuSeconds + spent.serverSeconds);
+        state.counters["own s"] = spent.cpuSeconds;
+        state.counters["server s"] = spent.serverSeconds;
+        state.counters["MB"] = spent.peakMegabytes;
+    }
+}
 
 void AddRows(Promises &promises)
 {

@@ -10,9 +10,13 @@
 #include "windows/bench_services.h"
 #include "windows/gap_watch.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QTableView>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -23,6 +27,7 @@ const auto kEngine = u"sqlite"_s;
 constexpr int kBeat = 1; // millisecond
 constexpr int kLongUsers = 26; // 10 000 pages
 constexpr int kLongDays = 20'000;
+constexpr int kTableUsers = 50; // a million rows
 
 double Milliseconds(const QElapsedTimer &watch)
 {
@@ -171,6 +176,33 @@ void GapOfExport(benchmark::State &state)
     }
 }
 
+// Down by keys, through the whole by the bar, to both ends: each step is painted before the next.
+void GapOfScrolling(benchmark::State &state)
+{
+    constexpr int kSteps = 200;
+    const Preview preview;
+    preview.Start(RequestOn(kEngine, u"traffordays"_s, DetailedQuery(kTableUsers, kLongDays)));
+    preview.WaitUntilReady();
+    preview.Viewer().findChild<QAction *>(u"asTable"_s)->trigger();
+    preview.WaitUntilReady();
+    auto *rows = preview.Viewer().findChild<QTableView *>(u"rows"_s);
+    QScrollBar &bar = *rows->verticalScrollBar();
+    for ([[maybe_unused]] auto _ : state) {
+        GapWatch watch(kBeat);
+        for (int step = 0; step < kSteps; ++step) {
+            QKeyEvent press(QEvent::KeyPress,
+                            step == kSteps / 2 ? Qt::Key_End : Qt::Key_PageDown,
+                            Qt::NoModifier);
+            QApplication::sendEvent(rows, &press);
+            QApplication::processEvents();
+            bar.setValue(static_cast<int>(qint64 {bar.maximum()} * (step * 61 % kSteps) / kSteps));
+            QApplication::processEvents();
+        }
+        state.counters["rows"] = rows->model()->rowCount();
+        state.counters["ms"] = watch.Longest();
+    }
+}
+
 void CancelQuery(benchmark::State &state, const QString &engine)
 {
     const Preview preview;
@@ -246,6 +278,7 @@ void AddWindow(Promises &promises)
     add("first page after the rows", FirstPage, 50);
     add("gap while a report runs", GapOfRun, 16);
     add("gap while a report is saved", GapOfExport, 16);
+    add("gap while a table of a million rows scrolls", GapOfScrolling, 16);
     add("Cancel of a saving", CancelExport, 250);
     add("Cancel of a packing", CancelPacking, 250);
     for (const char *engine : kBenchEngines) {

@@ -6,23 +6,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kUsers = 500;
-
 QString FillStatement(const QString &engine, const UsageRows &rows)
 {
     const QString values = u"SELECT 1 + n % %1, 0, %2, 1.25 * (1 + n % 97), 0.5 * (n % 31) FROM "_s;
     const QString day = rows.firstDay.toString(Qt::ISODate);
     if (engine == u"sqlite"_s) {
-        return values.arg(kUsers).arg(
-                   u"date('%1', '+' || (n / %2) || ' days')"_s.arg(day).arg(rows.perDay))
+        return values.arg(rows.users)
+                   .arg(u"date('%1', '+' || (n / %2) || ' days')"_s.arg(day).arg(rows.perDay))
             + u"(WITH RECURSIVE c(n) AS (SELECT 0 UNION ALL SELECT n + 1 FROM c WHERE n < %1) "
               "SELECT n FROM c)"_s.arg(rows.count - 1);
     }
     if (engine == u"postgresql"_s) {
-        return values.arg(kUsers).arg(u"DATE '%1' + n / %2"_s.arg(day).arg(rows.perDay))
+        return values.arg(rows.users).arg(u"DATE '%1' + n / %2"_s.arg(day).arg(rows.perDay))
             + u"generate_series(0, %1) AS n"_s.arg(rows.count - 1);
     }
-    return values.arg(kUsers).arg(u"'%1' + INTERVAL (n DIV %2) DAY"_s.arg(day).arg(rows.perDay))
+    return values.arg(rows.users).arg(u"'%1' + INTERVAL (n DIV %2) DAY"_s.arg(day).arg(rows.perDay))
         + u"(SELECT seq AS n FROM seq_0_to_%1) numbers"_s.arg(rows.count - 1);
 }
 

@@ -8,7 +8,8 @@ struct UsageRows
 {
     int count = 0;
     QDate firstDay;
-    int perDay = 1; // one day's records are those of the users 1 to 500 in turn
+    int perDay = 1;
+    int users = 500; // the records are those of the users 1 to this in turn
 };
 
 // Puts these records, written by the engine itself, in place of all that the data source holds.

@@ -21,12 +21,14 @@ bool IsGuarded(const QString &text)
 
 } // namespace
 
+QString GuardedText(const QString &text)
+{
+    return IsFormula(text) || IsGuarded(text) ? kGuard + text : text;
+}
+
 QString CsvField(const QString &text, bool isText)
 {
-    QString field = text;
-    if (isText && (IsFormula(text) || IsGuarded(text))) {
-        field.prepend(kGuard);
-    }
+    QString field = isText ? GuardedText(text) : text;
     const bool plain = !field.contains(u',') && !field.contains(u'"') && !field.contains(u'\n')
         && !field.contains(u'\r') && field == field.trimmed();
     return plain ? field : u'"' + field.replace(u'"', u"\"\""_s) + u'"';

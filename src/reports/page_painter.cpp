@@ -251,14 +251,18 @@ int PagePainter::PaintLargestRows(int most)
         if (painted == most) {
             break;
         }
-        for (const CellRow &row : table.rows.Read(number, 1)) {
+        const auto read = table.rows.Read(number, 1);
+        for (const CellRow &row : read) {
             for (const PlannedColumn &column : pages.plan.columns) {
                 PaintCell(column, row, 1);
             }
-            top += paper::kLine;
-            Rule(3, paper::kRule, pages.plan.width);
-            ++painted;
         }
+        if (read.empty()) {
+            PaintUnread();
+        }
+        top += paper::kLine;
+        Rule(3, paper::kRule, pages.plan.width);
+        ++painted;
     }
     return painted;
 }

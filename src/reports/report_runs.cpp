@@ -27,9 +27,11 @@ bool IsScheduled(const ReportRun &run)
 
 } // namespace
 
-tl::expected<std::vector<ReportRun>, SettingsFailure> ReadRuns(const SavedReports &saved,
+tl::expected<std::vector<ReportRun>, SettingsFailure> ReadRuns(const ConfigStore &settings,
                                                                const ServiceControl &manager)
 {
+    const SavedReports saved(settings);
+    const RunRecords records(settings);
     const auto names = saved.Names();
     if (!names) {
         return tl::unexpected(names.error());
@@ -38,6 +40,9 @@ tl::expected<std::vector<ReportRun>, SettingsFailure> ReadRuns(const SavedReport
     bool answers = true;
     for (const QString &name : *names) {
         ReportRun run {name, saved.Read(name), std::nullopt};
+        if (IsScheduled(run)) {
+            run.kept = records.Read(name);
+        }
         if (answers && IsScheduled(run)) {
             run.timer = manager.QueryTimer(TimerUnit(name), ServiceUnit(name));
             answers = run.timer.has_value();
@@ -61,31 +66,39 @@ QString NextRunInWords(const ReportRun &run)
     return run.timer->next.isValid() ? InWords(run.timer->next) : Words::tr("not known");
 }
 
+std::optional<RunRecord> LastRunOf(const ReportRun &run)
+{
+    const bool isRemembered =
+        run.timer && (run.timer->result == Result::Done || run.timer->result == Result::Failed);
+    if (isRemembered) {
+        return RunRecord {run.timer->last, run.timer->result, run.timer->exitStatus};
+    }
+    return run.kept.value_or(std::nullopt);
+}
+
 QString LastRunInWords(const ReportRun &run)
 {
     if (!run.report) {
         return Words::tr("cannot be made: its file is damaged");
     }
-    if (!run.timer) {
-        return {};
-    }
-    const TimerState &timer = *run.timer;
-    switch (timer.result) {
-    case Result::NotYet:
-        return Words::tr("none since the machine was started");
-    case Result::Running:
+    if (run.timer && run.timer->result == Result::Running) {
         return Words::tr("running now");
-    case Result::Done:
-    case Result::Failed:
-        break;
     }
-    const QString how = InWords(static_cast<ReportStatus>(timer.exitStatus));
-    const QString outcome = timer.result == Result::Failed ? Words::tr("failed: %1").arg(how) : how;
-    return timer.last.isValid() ? u"%1, %2"_s.arg(InWords(timer.last), outcome) : outcome;
+    if (const auto last = LastRunOf(run)) {
+        const QString how = InWords(static_cast<ReportStatus>(last->exitStatus));
+        const QString outcome =
+            last->result == Result::Failed ? Words::tr("failed: %1").arg(how) : how;
+        return last->ended.isValid() ? u"%1, %2"_s.arg(InWords(last->ended), outcome) : outcome;
+    }
+    if (!run.kept) {
+        return Words::tr("not known: %1").arg(TextOf(run.kept.error()));
+    }
+    return run.timer ? Words::tr("none since the machine was started") : QString();
 }
 
 bool HasTrouble(const ReportRun &run)
 {
-    return !run.report
-        || (run.timer && (run.timer->result == Result::Failed || !run.timer->isThere));
+    const auto last = LastRunOf(run);
+    return !run.report || (run.timer && !run.timer->isThere)
+        || (last ? last->result == Result::Failed : !run.kept);
 }

@@ -1,6 +1,7 @@
 #include "reports/report_status.h"
 
 #include <QCoreApplication>
+#include <QTextStream>
 
 namespace {
 
@@ -32,4 +33,10 @@ QString InWords(ReportStatus status)
         return Words::tr("the timer could not be set up");
     }
     return Words::tr("the program ended before its time");
+}
+
+int Fail(ReportStatus status, const QString &text)
+{
+    QTextStream(stderr) << "tollbrook-report: " << text << Qt::endl;
+    return static_cast<int>(status);
 }

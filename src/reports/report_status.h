@@ -16,3 +16,6 @@ enum class ReportStatus {
 
 // What an exit status means, in a few words for a person.
 [[nodiscard]] QString InWords(ReportStatus status);
+
+// Tells the text on standard error as tollbrook-report, for which it gives the exit status.
+int Fail(ReportStatus status, const QString &text);

@@ -90,7 +90,7 @@ private:
 bool Holds(const Layout &layout, const QList<int> &columns, const CellRow &row, const QString &text)
 {
     return std::any_of(columns.begin(), columns.end(), [&](int place) {
-        return DisplayText(layout.columns.at(place), row[static_cast<size_t>(place)])
+        return OneLine(DisplayText(layout.columns.at(place), row[static_cast<size_t>(place)]))
             .contains(text, Qt::CaseInsensitive);
     });
 }

@@ -60,18 +60,25 @@ void PutFilter(toml::table &table,
 
 ReportSchedule ScheduleIn(const toml::table &root, LayoutError &error)
 {
+    const LayoutTable whole(root, error);
     const toml::table *node = root["schedule"].as_table();
     if (node == nullptr) {
+        if (whole.Has("schedule")) {
+            whole.Fail(whole.Line("schedule"), Words::tr("\"schedule\" is not a [schedule]"));
+        }
         return {};
     }
     const LayoutTable table(*node, error);
     table.AllowOnly({u"every"_s, u"day"_s, u"at"_s});
+    if (!table.Has("every")) {
+        whole.Fail(whole.Line("schedule"), Words::tr("a schedule needs \"every\""));
+    }
     ReportSchedule schedule;
     schedule.every = static_cast<ReportSchedule::Every>(table.Choice("every", kEveryWords));
     const bool ofWeek = schedule.every == ReportSchedule::Every::Week;
     schedule.day = table.Integer("day", 1, 1, ofWeek ? 7 : ReportSchedule::kLastDayOfMonth);
     schedule.at = QTime::fromString(table.Text("at", u"02:15"_s), Qt::ISODate);
-    if (!schedule.at.isValid()) {
+    if (!schedule.at.isValid() || schedule.at.msec() != 0) {
         table.Fail(table.Line("at"), Words::tr("\"at\" is not a time such as 02:15"));
     }
     return schedule;
@@ -116,11 +123,19 @@ bool NamesNobody(const KeptFilter<IdType> &filter)
     return filter.effect != FilterEffect::None && filter.ids.isEmpty();
 }
 
+// A mail system may take what begins with "|", "/" or "-" for a program, a file or an option.
 bool IsAddress(const QString &text)
 {
-    return !text.startsWith(u'-') && std::all_of(text.begin(), text.end(), [](QChar c) {
-        return c.isPrint() && !c.isSpace() && c != u',' && c != u';';
+    const bool isPlain = std::all_of(text.begin(), text.end(), [](QChar c) {
+        return c.isPrint() && !c.isSpace() && !u",;:|<>()[]\\\"'`$"_s.contains(c);
     });
+    return isPlain && !text.startsWith(u'-') && !text.startsWith(u'/');
+}
+
+bool IsFileName(const QString &text)
+{
+    return std::none_of(
+        text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; });
 }
 
 QString FilterProblem(const SavedReport &report)
@@ -141,6 +156,9 @@ QString ProblemOf(const SavedReport &report)
 {
     if (!PeriodNamed(report.period, Today())) {
         return Words::tr("\"%1\" is no period.").arg(report.period);
+    }
+    if (!IsFileName(report.output)) {
+        return Words::tr("The name of the file has a line break or another control character.");
     }
     if (!QDir::isAbsolutePath(report.output) || !FormatOf(report.output)) {
         return Words::tr("The file needs its full path, and must end in %1.").arg(EndingsInWords());
@@ -181,7 +199,7 @@ QString SavedReports::FileOf(const QString &name) const
 
 bool SavedReports::Has(const QString &name) const
 {
-    return QFileInfo::exists(FileOf(name));
+    return !key_file::IsMissing(FileOf(name));
 }
 
 tl::expected<QStringList, SettingsFailure> SavedReports::Names() const
@@ -299,6 +317,7 @@ tl::expected<SavedReport, SettingsFailure> SavedReportFrom(const QByteArray &tom
     }
     if (error.text.isEmpty()) {
         error.text = ProblemOf(report);
+        error.text.chop(error.text.endsWith(u'.') ? 1 : 0); // the failure is a sentence of its own
     }
     return error.text.isEmpty() ? tl::expected<SavedReport, SettingsFailure>(report)
                                 : tl::unexpected(key_file::Damaged(file, error.line, error.text));

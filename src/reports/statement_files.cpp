@@ -26,8 +26,8 @@ QString NameOfUser(const ReportGroup &group)
     return std::get<QString>(group.keys[statement::UserName]);
 }
 
-// A table of the group alone; null, with the problem told by the whole table's rows, when it cannot be read.
-ReportTablePtr OnlyGroup(const ReportTable &whole, const ReportGroup &group)
+// A table of the group alone; null, with the problem filled, when its rows cannot be read or stored.
+ReportTablePtr OnlyGroup(const ReportTable &whole, const ReportGroup &group, ReportProblem &problem)
 {
     const auto table = std::make_shared<ReportTable>();
     static_cast<ReportSubject &>(*table) = static_cast<const ReportSubject &>(whole);
@@ -47,11 +47,17 @@ ReportTablePtr OnlyGroup(const ReportTable &whole, const ReportGroup &group)
     const bool isStored = static_cast<qint64>(rows.size()) == group.count
         && std::ranges::all_of(rows, [&](const CellRow &row) { return table->rows.Append(row); })
         && table->rows.Finish();
+    if (!isStored) {
+        const QString unstored = table->rows.Problem();
+        problem = {ReportProblem::Kind::Output,
+                   unstored.isEmpty() ? whole.rows.ReadProblem() : unstored};
+        return nullptr;
+    }
     table->groups.push_back({group.keys, 0, group.count, group.totals});
     table->totals = group.totals;
     table->allTotals = group.totals;
     table->allCount = group.count;
-    return isStored ? table : nullptr;
+    return table;
 }
 
 } // namespace
@@ -84,12 +90,8 @@ bool WriteStatementFiles(const ReportTablePtr &table,
     const QStringList names = StatementFileNames(*table, fileName);
     for (const QString &name : names) {
         const ReportTablePtr letter =
-            OnlyGroup(*table, table->groups[static_cast<size_t>(written)]);
-        if (!letter) {
-            problem = {ReportProblem::Kind::Output, table->rows.ReadProblem()};
-            return false;
-        }
-        if (!WriteReport(letter, name, control, problem, options)) {
+            OnlyGroup(*table, table->groups[static_cast<size_t>(written)], problem);
+        if (!letter || !WriteReport(letter, name, control, problem, options)) {
             return false;
         }
         control.SetProgress(++written, names.size());

@@ -2,6 +2,7 @@
 #include "db/schema_scripts.h"
 #include "db/schema_version.h"
 #include "reports/report_fixture.h"
+#include "reports/run_record.h"
 #include "reports/saved_report.h"
 #include "support/core/database_fixture.h"
 #include "support/core/test_data_source.h"
@@ -404,6 +405,10 @@ TEST_F(Program, RefusesASavedReportThatIsNotWhole)
         {{u"--schedule"_s, u"damaged"_s, u"--units"_s, Out({})}, "is damaged"},
         {{u"--schedule"_s, u"a/b"_s, u"--units"_s, Out({})}, "A name has letters"},
         {{u"--schedule"_s, u"good"_s}, "are saved in /etc/tollbrook, not in"},
+        {{u"--saved"_s, u"good"_s, u"--list-saved"_s}, "--saved and --list-saved cannot stand"},
+        {{u"--saved"_s, u"good"_s, u"--schedule"_s, u"good"_s}, "cannot stand together"},
+        {{u"--saved"_s, u"good"_s, u"--units"_s, u"/tmp"_s}, "--units goes with --schedule"},
+        {{u"--saved"_s, u"good"_s, u"--output"_s, u"x.doc"_s}, "--output must name a"},
         {{u"--list-saved"_s}, "damaged.toml"},
     };
     for (const auto &[arguments, words] : cases) {
@@ -442,8 +447,79 @@ TEST_F(Program, BringsTheTimerInLineWithTheSchedule)
     EXPECT_TRUE(said.contains(u"cannot be written"_s)) << said.toStdString();
 }
 
+TEST_F(Program, NotesHowARunWentWhereEverybodyMayReadIt)
+{
+    using Result = TimerState::Result;
+    struct Case
+    {
+        QString environment;
+        Result result;
+        int status;
+    };
+    const Case cases[] = {
+        {u"SERVICE_RESULT=success EXIT_CODE=exited EXIT_STATUS=0"_s, Result::Done, 0},
+        {u"SERVICE_RESULT=success EXIT_CODE=exited EXIT_STATUS=1"_s, Result::Done, 1},
+        {u"SERVICE_RESULT=exit-code EXIT_CODE=exited EXIT_STATUS=5"_s, Result::Failed, 5},
+        {u"SERVICE_RESULT=signal EXIT_CODE=killed EXIT_STATUS=KILL"_s,
+         Result::Failed,
+         TimerState::kKilled},
+        {u"SERVICE_RESULT=signal EXIT_CODE=killed EXIT_STATUS=9"_s,
+         Result::Failed,
+         TimerState::kKilled},
+        {u"SERVICE_RESULT=resources"_s, Result::Failed, TimerState::kKilled},
+    };
+    const RunRecords records {ConfigStore(folder.path())};
+    const QString name = u"Month end \u00e4"_s;
+    EXPECT_FALSE(records.Read(name).value());
+    const QStringList note {u"--note-run"_s, name};
+    for (const Case &each : cases) {
+        const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
+        ASSERT_EQ(Run(note, u"umask 0077; export "_s + each.environment), 0) << said.toStdString();
+        const auto record = records.Read(name);
+        ASSERT_TRUE(record && *record) << each.environment.toStdString();
+        EXPECT_EQ((*record)->result, each.result) << each.environment.toStdString();
+        EXPECT_EQ((*record)->exitStatus, each.status) << each.environment.toStdString();
+        EXPECT_GE((*record)->ended, before);
+        EXPECT_LE((*record)->ended, QDateTime::currentDateTime());
+        EXPECT_TRUE(QFile(records.FileOf(name)).permissions().testFlag(QFile::ReadOther));
+    }
+    EXPECT_EQ(Run(note), 2) << "no run has ended";
+    EXPECT_EQ(Run({u"--note-run"_s, u"../x"_s}, u"export SERVICE_RESULT=success"_s), 2);
+    ASSERT_EQ(Run({u"--schedule"_s, name, u"--units"_s, folder.path()}),
+              0); // there is no such report
+    EXPECT_FALSE(records.Read(name).value());
+}
+
+TEST_F(Program, ANoteThatIsNotWholeIsNoRun)
+{
+    const RunRecords records {ConfigStore(folder.path())};
+    QDir(folder.path()).mkpath(u"report-runs"_s);
+    const char *const damaged[] = {
+        "",
+        "ended = \"2026-11-21T02:15:00Z\"\n",
+        "result = \"done\"\n",
+        "ended = \"soon\"\nresult = \"done\"\n",
+        "ended = \"2026-11-21T02:15:00Z\"\nresult = \"well\"\n",
+        "ended = \"2026-11-21T02:15:00Z\"\nresult = \"done\"\nstatus = 256\n",
+        "ended = "};
+    for (const char *toml : damaged) {
+        QFile file(records.FileOf(u"a"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(toml) >= 0);
+        file.close();
+        const auto record = records.Read(u"a"_s);
+        const bool isDone = record && *record && (*record)->result == TimerState::Result::Done;
+        EXPECT_FALSE(isDone) << toml;
+    }
+    const QDateTime then({2026, 11, 21}, {2, 15});
+    ASSERT_TRUE(records.Write(u"a"_s, {then, TimerState::Result::Failed, 3}));
+    EXPECT_EQ(records.Read(u"a"_s).value(), (RunRecord {then, TimerState::Result::Failed, 3}));
+}
+
 TEST_F(Program, SendsTheFileByTheSystemsSendmail)
 {
+    EXPECT_EQ(Run({u"--report"_s, u"0"_s, u"--output"_s, Out(u"x.csv"_s), u"--mail"_s, QString()}),
+              2);
+    EXPECT_TRUE(said.contains(u"--mail needs an address"_s)) << said.toStdString();
     QDir(folder.path()).mkpath(u"bin"_s);
     const auto sendmail = [this](const QByteArray &script) {
         QFile file(Out(u"bin/sendmail"_s));

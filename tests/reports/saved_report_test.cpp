@@ -102,6 +102,16 @@ TEST_F(Saved, ADamagedFileIsToldAndKept)
         {good + "split = 1", "neither true nor false", 3},
         {good + "mail = \"-oQ/tmp\"", "no mail address", 0},
         {good + "mail = \"a b\"", "no mail address", 0},
+        {good + "mail = \"|/bin/sh\"", "no mail address", 0},
+        {good + "mail = \"/etc/passwd\"", "no mail address", 0},
+        {good + "mail = \"a@b\\nBcc: c@d\"", "no mail address", 0},
+        {good + "mail = \"'a'@b\"", "no mail address", 0},
+        {"report = \"trafall\"\noutput = \"/a\\n.pdf\"", "control character", 0},
+        {"report = \"trafall\"\noutput = \"/a\\u0000.pdf\"", "control character", 0},
+        {good + "schedule = \"day\"", "is not a [schedule]", 3},
+        {good + "[[schedule]]\nevery = \"day\"", "is not a [schedule]", 3},
+        {good + "[schedule]\nat = \"02:15\"", "needs \"every\"", 3},
+        {good + "[schedule]\nevery = \"day\"\nat = \"02:15:59.5\"", "such as 02:15", 5},
         {"report = \"statement\"\noutput = \"/a.pdf\"\nsplit = true\nmail = \"a\"", "one file", 0},
         {"report = \"trafall\"\noutput = \"a.pdf\"", "full path", 0},
         {"report = \"trafall\"\noutput = \"/a.doc\"", "must end in", 0},
@@ -117,6 +127,7 @@ TEST_F(Saved, ADamagedFileIsToldAndKept)
         EXPECT_TRUE(read.error().reason.contains(QLatin1StringView(words)))
             << read.error().reason.toStdString();
         EXPECT_EQ(read.error().line, line) << toml.toStdString();
+        EXPECT_FALSE(TextOf(read.error()).endsWith(u".."_s)) << toml.toStdString();
         EXPECT_FALSE(reports.Write(u"x"_s, Whole()));
         EXPECT_EQ(reports.Names(), QStringList(u"x"_s));
     }

@@ -89,7 +89,9 @@ void PrintListOn(const AppServices &services,
         return;
     }
     const Printed printed = PrintBeside(parent, *table, printer);
-    if (printed.pages == 0) {
+    if (const QString unread = (*table)->rows.ReadProblem(); !unread.isEmpty()) {
+        services.prompt.Tell(PrintUnreadText(*printer, printed.pages, unread), Prompt::Icon::Error);
+    } else if (printed.pages == 0) {
         services.prompt.Tell(Words::tr("The list was not printed."), Prompt::Icon::Error);
     } else if (printed.stopped) {
         services.prompt.Tell(PrintStoppedText(*printer, printed.pages));

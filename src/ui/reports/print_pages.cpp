@@ -52,8 +52,9 @@ int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
     const int first = std::max(printer.fromPage(), 1) - 1;
     const int end =
         printer.toPage() > 0 ? std::min(printer.toPage(), pages.Count()) : pages.Count();
+    const auto isWhole = [&] { return pages.Table().rows.ReadProblem().isEmpty(); };
     QPainter painter;
-    if (control.IsCancelled() || !painter.begin(&printer)) {
+    if (control.IsCancelled() || !isWhole() || !painter.begin(&printer)) {
         return 0;
     }
     int sent = 0;
@@ -63,7 +64,7 @@ int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control)
         }
         pages.Paint(painter, first + sent, scale * printer.resolution() / 72.0);
         control.SetProgress(++sent, end - first);
-    } while (first + sent < end && !control.IsCancelled());
+    } while (first + sent < end && !control.IsCancelled() && isWhole());
     return painter.end() ? sent : 0;
 }
 
@@ -87,4 +88,20 @@ QString PrintStoppedText(const QPrinter &printer, int sent)
     return file.isEmpty()
         ? Words::tr("Printing was stopped; pages sent before: %1.").arg(pages)
         : Words::tr("Printing was stopped; pages in the file %1: %2.").arg(file, pages);
+}
+
+QString PrintUnreadText(const QPrinter &printer, int sent, const QString &readProblem)
+{
+    if (sent == 0) {
+        return Words::tr("Nothing was printed, since rows could not be read.") + u"\n\n"
+            + readProblem;
+    }
+    const QString file = printer.outputFileName();
+    const QString pages = QLocale().toString(sent);
+    const QString ended = file.isEmpty()
+        ? Words::tr("Printing ended, since rows could not be read; pages sent before: %1.")
+              .arg(pages)
+        : Words::tr("Printing ended, since rows could not be read; pages in the file %1: %2.")
+              .arg(file, pages);
+    return ended + u"\n\n" + readProblem;
 }

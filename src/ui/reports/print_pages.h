@@ -28,13 +28,18 @@ ChoosePrinter(Prompt &prompt, QWidget &parent, const PrintWishes &wishes);
 // The paper that was chosen, in points.
 [[nodiscard]] QSizeF SheetOf(const QPrinter &printer);
 
-// Pages that are laid out for the printer's paper. How many were sent; 0 when the printer fails. A cancel
-// ends it behind a page: the toolkit has no way to take back those before.
+// Pages that are laid out for the printer's paper. How many were sent; 0 when the printer fails. A cancel, and
+// rows that cannot be read (RowStore::ReadProblem), end it behind a page: the toolkit has no way to take back
+// those before.
 [[nodiscard]] int PrintPages(const ReportPages &pages, QPrinter &printer, RunControl &control);
 
-// What became of a report of which so many pages were sent. The dialog that chooses a printer may have
-// chosen a file.
+// What became of a report of which so many pages were sent, all of whose rows could be read. The dialog that
+// chooses a printer may have chosen a file.
 [[nodiscard]] QString ReportPrintedText(const QPrinter &printer, int sent, bool wasStopped);
 
 // What became of a print that was stopped behind the page `sent`.
 [[nodiscard]] QString PrintStoppedText(const QPrinter &printer, int sent);
+
+// What became of a print that ended behind the page `sent` since rows could not be read, and why.
+[[nodiscard]] QString
+PrintUnreadText(const QPrinter &printer, int sent, const QString &readProblem);

@@ -91,6 +91,7 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
         view->ScrollIntoSight(page, place);
     });
     connect(bar, &ViewerBar::FilterAsked, rows, &RowTable::StartFilter);
+    connect(rows, &RowTable::Told, this, &ReportViewer::Say);
     connect(rows, &RowTable::Wished, this, &ReportViewer::ChooseRowsAgain);
     connect(&job, &ReportJob::Started, this, [this] { SetBusy(true); });
     connect(&job, &ReportJob::Progressed, this, &ReportViewer::ShowProgress);
@@ -220,7 +221,8 @@ void ReportViewer::Show(const Outcome &outcome)
         Say(tr("No font is installed; install fonts-dejavu-core"));
         return;
     }
-    Say(LogoProblem(table->setup)); // no more of the progress
+    const QString unread = table->rows.ReadProblem(); // met with as the pages were laid out
+    Say(unread.isEmpty() ? LogoProblem(table->setup) : unread); // no more of the progress
     ShowTable();
 }
 
@@ -250,6 +252,8 @@ void ReportViewer::OpenRow(qint64 row)
                                                                   : std::vector<CellRow>();
     if (!read.empty()) {
         emit RowOpened(read.front());
+    } else if (made.opensRows && !job.IsRunning() && table) {
+        Say(table->rows.ReadProblem());
     }
 }
 
@@ -362,10 +366,13 @@ void ReportViewer::ShowFound(const QString &text, const std::optional<PageHit> &
     if (found) {
         Say({});
         view->ShowHit(found->page, found->place);
-    } else {
-        Say(tr("\"%1\" is not in this report.").arg(text));
-        view->ShowHit(0, {});
+        return;
     }
+    const QString unread = table->rows.ReadProblem();
+    Say(unread.isEmpty()
+            ? tr("\"%1\" is not in this report.").arg(text)
+            : tr("\"%1\" was not found, but not all rows could be read: %2").arg(text, unread));
+    view->ShowHit(0, {});
 }
 
 void ReportViewer::Print()
@@ -386,14 +393,29 @@ void ReportViewer::Print()
 
 void ReportViewer::PrintOn(const std::shared_ptr<QPrinter> &printer)
 {
-    const auto outcome = std::make_shared<QString>();
+    struct Printed
+    {
+        QString text;
+        bool isWhole = true;
+    };
+    const auto outcome = std::make_shared<Printed>();
     job.Start(
         [printed = table, printer, outcome](RunControl &control) {
             const ReportPages sheets(printed, SheetOf(*printer), &control);
             const int sent = PrintPages(sheets, *printer, control);
-            *outcome = ReportPrintedText(*printer, sent, control.IsCancelled());
+            const QString unread = printed->rows.ReadProblem();
+            outcome->isWhole = unread.isEmpty();
+            outcome->text = outcome->isWhole
+                ? ReportPrintedText(*printer, sent, control.IsCancelled())
+                : PrintUnreadText(*printer, sent, unread);
         },
-        [this, outcome] { Say(*outcome); });
+        [this, outcome] {
+            if (outcome->isWhole) {
+                Say(outcome->text);
+            } else {
+                prompt.Tell(outcome->text, Prompt::Icon::Warning);
+            }
+        });
 }
 
 void ReportViewer::SaveAs()

@@ -439,7 +439,7 @@ void ReportsDialog::ShowSaved()
 void ReportsDialog::ShowTroubleOfSaved()
 {
     QStringList names;
-    const auto runs = ReadRuns(SavedReports(services.settings), services.control);
+    const auto runs = ReadRuns(services.settings, services.control);
     for (const ReportRun &run : runs.value_or(std::vector<ReportRun>())) {
         if (HasTrouble(run)) {
             names += run.name;

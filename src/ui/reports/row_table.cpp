@@ -1,5 +1,6 @@
 #include "ui/reports/row_table.h"
 
+#include "reports/csv_text.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 
@@ -23,7 +24,26 @@ namespace {
 
 constexpr int kPause = 300; // milliseconds
 constexpr int kWidestColumn = 320; // pixels, at first
-constexpr int kMostCopied = 100'000; // rows; more belong into a file
+constexpr size_t kMostCopied = 100'000; // rows; more belong into a file
+
+// On one line, without a tab. A spreadsheet that is handed a quotation mark first looks for the second one, over
+// the ends of cells and rows.
+QString CopiedCell(const LayoutColumn &column, const Cell &cell)
+{
+    const QString text = OneLine(PlainText(column, cell));
+    const QString guarded = column.IsNumber() ? text : GuardedText(text);
+    return guarded.startsWith(u'"') ? u'"' + QString(guarded).replace(u'"', u"\"\""_s) + u'"'
+                                    : guarded;
+}
+
+QString CopiedLine(const Layout &layout, const CellRow &cells)
+{
+    QStringList fields;
+    for (const int column : layout.DataColumns()) {
+        fields += CopiedCell(layout.columns.at(column), cells[static_cast<size_t>(column)]);
+    }
+    return fields.join(u'\t') + u'\n';
+}
 
 } // namespace
 
@@ -200,29 +220,43 @@ void RowTable::StartFilter()
     filter->selectAll();
 }
 
-QString RowTable::CopiedText() const
+// From top to bottom, in whatever order they were selected.
+std::vector<int> RowTable::SelectedPlaces() const
 {
+    std::vector<int> places;
+    for (const QItemSelectionRange &range : view->selectionModel()->selection()) {
+        for (int place = range.top(); place <= range.bottom(); ++place) {
+            places.push_back(place);
+        }
+    }
+    std::ranges::sort(places);
+    return places;
+}
+
+// The rows with their headings, as a spreadsheet takes them: tabs between, numbers without grouping. Nothing when
+// one of them cannot be read. Rows that follow each other in the report are read together.
+std::optional<QString> RowTable::TextOf(const std::vector<int> &places) const
+{
+    constexpr size_t kAtOnce = 4096;
     QStringList fields;
-    for (int place = 0; place < model->columnCount(); ++place) {
-        fields += model->headerData(place, Qt::Horizontal, Qt::DisplayRole).toString();
+    for (int column = 0; column < model->columnCount(); ++column) {
+        fields += model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     }
     QString text = fields.join(u'\t') + u'\n';
-    QList<QItemSelectionRange> ranges = view->selectionModel()->selection();
-    std::sort(ranges.begin(), ranges.end(), [](const auto &one, const auto &other) {
-        return one.top() < other.top();
-    });
-    int copied = 0;
-    for (const QItemSelectionRange &range : std::as_const(ranges)) {
-        for (int row = range.top(); row <= range.bottom() && copied < kMostCopied;
-             ++row, ++copied) {
-            const CellRow *cells = model->RowAt(row);
-            fields.clear();
-            for (int place = 0; place < model->columnCount() && cells != nullptr; ++place) {
-                const int column = model->ColumnAt(place);
-                fields += OneLine(PlainText(table->layout.columns.at(column),
-                                            (*cells)[static_cast<size_t>(column)]));
-            }
-            text += (cells == nullptr ? tr("cannot be read") : fields.join(u'\t')) + u'\n';
+    const std::vector<quint32> &rows = model->Chosen().rows;
+    const auto rowAt = [&](size_t at) { return rows[static_cast<size_t>(places[at])]; };
+    for (size_t at = 0, count = 0; at < places.size(); at += count) {
+        count = 1;
+        while (count < kAtOnce && at + count < places.size()
+               && rowAt(at + count) == rowAt(at) + count) {
+            ++count;
+        }
+        const auto read = table->rows.Read(rowAt(at), static_cast<qint64>(count));
+        if (read.size() < count) {
+            return std::nullopt;
+        }
+        for (const CellRow &cells : read) {
+            text += CopiedLine(table->layout, cells);
         }
     }
     return text;
@@ -237,7 +271,24 @@ void RowTable::OpenCurrent()
 
 void RowTable::Copy()
 {
-    if (view->selectionModel()->hasSelection()) {
-        QApplication::clipboard()->setText(CopiedText());
+    std::vector<int> places = SelectedPlaces();
+    if (places.empty()) {
+        return;
     }
+    const QLocale c = QLocale::c();
+    const size_t selected = places.size();
+    places.resize(std::min(selected, kMostCopied));
+    const auto text = TextOf(places);
+    if (!text) {
+        emit Told(tr("Nothing was copied. %1").arg(table->rows.ReadProblem()));
+        return;
+    }
+    QApplication::clipboard()->setText(*text);
+    emit Told(
+        places.size() == selected
+            ? QString()
+            : tr("Only the first %1 of %2 selected rows were copied. \"Save as...\" takes all rows of "
+                 "the report.")
+                  .arg(c.toString(static_cast<qulonglong>(places.size())),
+                       c.toString(static_cast<qulonglong>(selected))));
 }

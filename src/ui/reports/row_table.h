@@ -59,19 +59,18 @@ public:
 
     [[nodiscard]] RowWish Wish() const;
 
-    // The selected rows with their headings, as a spreadsheet takes them: tabs between, numbers without
-    // grouping.
-    [[nodiscard]] QString CopiedText() const;
-
     void StartFilter();
 
 signals:
     void Wished();
     void RowOpened(qint64 row); // of the table, by a double click or Return
+    void Told(const QString &text); // what a copy lacks of the selected rows; empty for nothing
 
 private:
     void MakeFilterRow(QBoxLayout &column);
     void Copy();
+    [[nodiscard]] std::optional<QString> TextOf(const std::vector<int> &places) const;
+    [[nodiscard]] std::vector<int> SelectedPlaces() const;
     void OpenCurrent();
 
     ReportTablePtr table;

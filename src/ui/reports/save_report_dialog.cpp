@@ -154,15 +154,42 @@ bool SaveReportDialog::IsInOrder(const SavedReport &entered)
         Complain(services.prompt, problem);
         return false;
     }
-    return Name() == formerName || !SavedReports(services.settings).Has(Name())
+    return true;
+}
+
+// The schedule is the name's and is not this window's to change: what stands there now stays. Others may have changed
+// the report, or deleted it, since this window was opened.
+bool SaveReportDialog::MayReplace(SavedReport &entered)
+{
+    const SavedReports saved(services.settings);
+    const bool isThere = saved.Has(Name());
+    const auto present = isThere ? saved.Read(Name()) : SavedReport();
+    if (!present) {
+        services.prompt.Tell(TextOf(present.error()), Prompt::Icon::Error);
+        return false;
+    }
+    entered.schedule = present->schedule;
+    SavedReport former = report;
+    former.schedule = present->schedule;
+    if (Name() != formerName) {
+        return !isThere
+            || services.prompt.Ask(
+                tr("A report is saved as \"%1\" already.\nDo you want to replace it?").arg(Name()));
+    }
+    if (!isThere) {
+        return services.prompt.Ask(
+            tr("The report \"%1\" was deleted meanwhile.\nDo you want to save it again?")
+                .arg(Name()));
+    }
+    return *present == former
         || services.prompt.Ask(
-            tr("A report is saved as \"%1\" already.\nDo you want to replace it?").arg(Name()));
+            tr("The report \"%1\" was changed meanwhile.\nDo you want to replace it?").arg(Name()));
 }
 
 void SaveReportDialog::accept()
 {
     SavedReport entered = Entered();
-    if (!IsInOrder(entered)) {
+    if (!IsInOrder(entered) || !MayReplace(entered)) {
         return;
     }
     if (const auto written = SavedReports(services.settings).Write(Name(), entered); !written) {

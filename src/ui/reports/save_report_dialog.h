@@ -33,6 +33,7 @@ private:
     void Browse();
     [[nodiscard]] SavedReport Entered() const;
     [[nodiscard]] bool IsInOrder(const SavedReport &entered);
+    [[nodiscard]] bool MayReplace(SavedReport &entered);
 
     const AppServices &services;
     const SavedReport report;

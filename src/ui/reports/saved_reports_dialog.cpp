@@ -103,7 +103,7 @@ QPushButton *SavedReportsDialog::Command(const QString &text,
 
 void SavedReportsDialog::Fill(const QString &chosenName)
 {
-    auto read = ReadRuns(SavedReports(services.settings), services.control);
+    auto read = ReadRuns(services.settings, services.control);
     list->clear();
     runs = read ? *std::move(read) : std::vector<ReportRun>();
     if (!read) {
@@ -158,7 +158,7 @@ void SavedReportsDialog::ShowChosen()
     if (!run->report->mail.isEmpty()) {
         lines += tr("Sent to: %1").arg(run->report->mail);
     }
-    if (run->timer && run->timer->result == TimerState::Result::Failed) {
+    if (const auto last = LastRunOf(*run); last && last->result == TimerState::Result::Failed) {
         lines +=
             tr("The last run failed. What it said: journalctl -u '%1'").arg(ServiceUnit(run->name));
     } else if (run->timer && !run->timer->isThere) {
@@ -221,8 +221,10 @@ void SavedReportsDialog::Delete()
                                          run->name)) {
         return;
     }
-    const bool hasTimer = !run->report || run->report->schedule.IsSet();
-    if (const auto removed = SavedReports(services.settings).Remove(run->name); !removed) {
+    const SavedReports saved(services.settings);
+    const auto present = saved.Read(run->name); // it may have been given a schedule meanwhile
+    const bool hasTimer = !present || present->schedule.IsSet();
+    if (const auto removed = saved.Remove(run->name); !removed) {
         services.prompt.Tell(TextOf(removed.error()), Prompt::Icon::Error);
         return;
     }

@@ -88,10 +88,24 @@ void ScheduleDialog::accept()
     if (chosen != ReportSchedule::Every::Never && !HoldsMoment(services.prompt, *at)) {
         return;
     }
-    report.schedule = {.every = chosen,
-                       .day = std::max(1, day->currentIndex() + 1),
-                       .at = at->Time().value_or(report.schedule.at)};
-    if (const auto written = SavedReports(services.settings).Write(name, report); !written) {
+    const ReportSchedule wanted {.every = chosen,
+                                 .day = std::max(1, day->currentIndex() + 1),
+                                 .at = at->Time().value_or(report.schedule.at)};
+    const SavedReports saved(services.settings);
+    auto present =
+        saved.Read(name); // others may have changed it; only the schedule is this window's
+    if (!present) {
+        services.prompt.Tell(TextOf(present.error()), Prompt::Icon::Error);
+        return;
+    }
+    if (present->schedule != report.schedule && present->schedule != wanted
+        && !services.prompt.Ask(
+            tr("The schedule was changed meanwhile: %1.\nDo you want to replace it?")
+                .arg(InWords(present->schedule)))) {
+        return;
+    }
+    present->schedule = wanted;
+    if (const auto written = saved.Write(name, *present); !written) {
         services.prompt.Tell(TextOf(written.error()), Prompt::Icon::Error);
         return;
     }

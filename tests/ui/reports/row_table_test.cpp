@@ -1,6 +1,7 @@
 // A report's rows as a table in the Reports window.
 #include "ui/reports/row_table.h"
 
+#include "reports/layout.h"
 #include "reports_fixture.h"
 #include "support/windows/dark_palette.h"
 
@@ -56,6 +57,7 @@ protected:
 
     void ClickHeading(int column)
     {
+        QApplication::processEvents(); // the table that has just come into sight is laid out
         Await([&] {
             QHeaderView &header = *View().horizontalHeader();
             const int x = header.sectionViewportPosition(column) + header.sectionSize(column) / 2;
@@ -121,6 +123,27 @@ TEST_F(Table, IsFilteredAndItsTotalsFollow)
     EXPECT_EQ(Find<QLineEdit>(*dialog, "rowFilter").text(), QString());
 }
 
+TEST_F(Table, IsFilteredByWhatItsCellsShow)
+{
+    Execute("UPDATE users SET username = '100%_done''s' WHERE user_id = 4"); // "two lines" before
+    Execute("UPDATE users SET username = (?) WHERE user_id = 5", u"two\nlines"_s);
+    Execute("UPDATE traffic_use SET data = 1234567.5 WHERE user_id = 1 AND period = 0");
+    Make(0);
+    TurnToTable();
+    const std::pair<const char16_t *, const char16_t *> cases[] = {
+        {u"two lines", u"two lines"},
+        {u"0%_D", u"100%_done's"},
+        {u"e's", u"100%_done's"},
+        {u"\"FRANK\"", u"O'Hara, \"Frank\""},
+        {u"4,938,270.00", u"anna"}};
+    for (const auto &[text, name] : cases) {
+        Filter(QString::fromUtf16(text));
+        EXPECT_EQ(Column(0), QStringList(QString::fromUtf16(name)));
+    }
+    Filter(u"%"_s);
+    EXPECT_EQ(Column(0).size(), 1) << "no pattern";
+}
+
 TEST_F(Table, WhatIsTypedFiltersWithoutReturn)
 {
     Make(0);
@@ -155,6 +178,74 @@ TEST_F(Table, CopiesTheSelectedRowsAsASpreadsheetTakesThem)
     EXPECT_EQ(QApplication::clipboard()->text(),
               u"User\tIP address\tReceived (MB)\tSent (MB)\tTotal (MB)\n"
               "anna\t10.0.0.1\t98000.00\t0.50\t98000.50\n"_s);
+}
+
+TEST_F(Table, ASpreadsheetTakesNoCopiedTextForAFormulaOrAQuotation)
+{
+    Execute("UPDATE users SET username = (?) WHERE user_id = 1", u"\"quoted\" text"_s);
+    Make(0);
+    TurnToTable();
+    ClickCell(View(), 0, 0);
+    QTest::keyClick(&View(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&View(), Qt::Key_C, Qt::ControlModifier);
+    QStringList names;
+    const QStringList lines = QApplication::clipboard()->text().split(u'\n');
+    for (const QString &line : lines.mid(1, lines.size() - 2)) {
+        EXPECT_EQ(line.count(u'\t'), 4) << qPrintable(line);
+        names += line.section(u'\t', 0, 0);
+    }
+    EXPECT_EQ(names.size(), 9);
+    for (const auto *name : {u"'=1+1",
+                             u"'@Zo\u00eb",
+                             u"'  -blank",
+                             u"two lines",
+                             u"\"\"\"quoted\"\" text\"",
+                             u"O'Hara, \"Frank\""}) {
+        EXPECT_TRUE(names.contains(QString::fromUtf16(name))) << qPrintable(names.join(u'|'));
+    }
+}
+
+TEST_F(Table, ACopyOfFewerRowsThanWereSelectedSaysSo)
+{
+    constexpr qint64 kMost = 100'000;
+    LayoutError error;
+    const auto many = std::make_shared<ReportTable>();
+    many->layout =
+        ParseLayout("title = 'T'\nquery = 'SELECT group_id FROM groups'\n"
+                    "[[column]]\nname = 'group_id'\nheading = 'Number'\ntype = 'integer'\n",
+                    u"t"_s,
+                    error)
+            .value();
+    ChosenRows all {{}, CellRow(1)};
+    for (qint64 row = 0; row <= kMost; ++row) {
+        ASSERT_TRUE(many->rows.Append({row}));
+        all.rows.push_back(static_cast<quint32>(kMost - row)); // against the order of the report
+    }
+    ASSERT_TRUE(many->rows.Finish());
+    RowTable table;
+    QSignalSpy told(&table, &RowTable::Told);
+    table.SetTable(many);
+    table.Show(all);
+    table.show();
+    table.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
+    auto &view = Find<QTableView>(table, "rows");
+    const auto copy = [&] {
+        view.setFocus();
+        QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+        return told.isEmpty() ? u"nothing told"_s : told.takeLast().constFirst().toString();
+    };
+    view.selectAll();
+    EXPECT_EQ(
+        copy(),
+        u"Only the first 100000 of 100001 selected rows were copied. \"Save as...\" takes all "
+        "rows of the report."_s);
+    const QString text = QApplication::clipboard()->text();
+    EXPECT_EQ(text.count(u'\n'), 1 + kMost);
+    EXPECT_TRUE(text.startsWith(u"Number\n100000\n99999\n"_s));
+    EXPECT_TRUE(text.endsWith(u"\n2\n1\n"_s));
+    view.selectRow(3);
+    EXPECT_EQ(copy(), QString()) << "nothing more of an earlier copy";
 }
 
 TEST_F(Table, EveryReportHasOne)

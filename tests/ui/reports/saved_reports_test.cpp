@@ -1,4 +1,5 @@
 // Saved reports in their windows: saved, opened, scheduled, deleted, and what is told of their runs.
+#include "reports/run_record.h"
 #include "reports/saved_report.h"
 #include "reports_fixture.h"
 #include "support/core/fake_service.h"
@@ -228,6 +229,101 @@ TEST_F(SavedWindows, ADeletedReportTakesItsTimerAlong)
     EXPECT_EQ(TakeCalls().size(), 0);
 }
 
+// Another console, or somebody with an editor, is at work while a window is open.
+TEST_F(SavedWindows, WhatOthersChangedMeanwhileIsAskedAboutOrStays)
+{
+    Put(u"Monthly"_s);
+    const auto change = [&](const std::function<void()> &meanwhile) {
+        InSaved([&](QDialog &saved) {
+            const WhileModal answer([&](QDialog &one) {
+                meanwhile();
+                Type(Find<QLineEdit>(one, "output"), u"/srv/mine.pdf"_s);
+                Click(one, "ok");
+                if (one.isVisible()) {
+                    Click(one, "cancel");
+                }
+            });
+            Click(saved, "change");
+        });
+    };
+    const ReportSchedule daily {.every = Every::Day, .day = 1, .at = {4, 0}};
+    change([&] { Put(u"Monthly"_s, daily); }); // the schedule is none of this window's
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->schedule, daily);
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->output, u"/srv/mine.pdf"_s);
+    EXPECT_EQ(prompt.TakeSaid(), QStringList());
+    const auto byOthers = [&] {
+        auto report = *Store().Read(u"Monthly"_s);
+        report.output = u"/srv/theirs.pdf"_s;
+        ASSERT_TRUE(Store().Write(u"Monthly"_s, report));
+    };
+    prompt.AnswerWith({false});
+    change(byOthers);
+    EXPECT_TRUE(prompt.TakeSaid().value(0).contains(u"was changed meanwhile"_s));
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->output, u"/srv/theirs.pdf"_s);
+    prompt.AnswerWith({false});
+    change([&] { ASSERT_TRUE(Store().Remove(u"Monthly"_s)); });
+    EXPECT_TRUE(prompt.TakeSaid().value(0).contains(u"was deleted meanwhile"_s));
+    EXPECT_FALSE(Store().Has(u"Monthly"_s));
+}
+
+TEST_F(SavedWindows, AScheduleChangesNothingElseThatOthersChangedMeanwhile)
+{
+    Put(u"Monthly"_s);
+    const ReportSchedule daily {.every = Every::Day, .day = 1, .at = {4, 0}};
+    const auto schedule = [&](const std::function<void()> &meanwhile) {
+        InSaved([&](QDialog &saved) {
+            const WhileModal answer([&](QDialog &times) {
+                meanwhile();
+                Choose(Find<QComboBox>(times, "every"), u"Each month"_s);
+                Click(times, "ok");
+                if (times.isVisible()) {
+                    Click(times, "cancel");
+                }
+            });
+            Click(saved, "schedule");
+        });
+    };
+    schedule([&] {
+        auto report = *Store().Read(u"Monthly"_s);
+        report.output = u"/srv/theirs.pdf"_s;
+        ASSERT_TRUE(Store().Write(u"Monthly"_s, report));
+    });
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->output, u"/srv/theirs.pdf"_s);
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->schedule.every, Every::Month);
+    EXPECT_EQ(TakeCalls().size(), 1);
+    prompt.AnswerWith({false});
+    schedule([&] { Put(u"Monthly"_s, daily); });
+    EXPECT_TRUE(prompt.TakeSaid().value(0).startsWith(
+        u"The schedule was changed meanwhile: each day at 04:00."_s));
+    EXPECT_EQ(Store().Read(u"Monthly"_s)->schedule, daily);
+    schedule([&] { ASSERT_TRUE(Store().Remove(u"Monthly"_s)); });
+    EXPECT_TRUE(prompt.TakeSaid().value(0).contains(u"does not exist"_s));
+    EXPECT_FALSE(Store().Has(u"Monthly"_s)) << "a deleted report does not come back";
+    EXPECT_EQ(TakeCalls().size(), 0);
+}
+
+TEST_F(SavedWindows, AReportUnderAnotherNameHasNoScheduleAndADeletedOneTakesALateTimerAlong)
+{
+    Put(u"Monthly"_s, {.every = Every::Day});
+    InSaved([&](QDialog &saved) {
+        const WhileModal answer([&](QDialog &one) {
+            Type(Find<QLineEdit>(one, "name"), u"Other"_s);
+            Click(one, "ok");
+        });
+        Click(saved, "change");
+    });
+    EXPECT_FALSE(Store().Read(u"Other"_s)->schedule.IsSet()) << "nobody has set its timer up";
+    EXPECT_TRUE(Store().Read(u"Monthly"_s)->schedule.IsSet());
+    ASSERT_TRUE(Store().Remove(u"Monthly"_s));
+    InSaved([&](QDialog &saved) {
+        Put(u"Other"_s, {.every = Every::Day}); // by another console
+        prompt.AnswerWith({true});
+        Click(saved, "delete");
+    });
+    EXPECT_EQ(Store().Names(), QStringList());
+    EXPECT_EQ(TakeCalls().size(), 1);
+}
+
 TEST_F(SavedWindows, ARunThatFailedIsTold)
 {
     PrivateBus bus;
@@ -291,6 +387,48 @@ TEST_F(SavedWindows, ARunThatFailedIsTold)
         EXPECT_TRUE(Find<QLabel>(saved, "details").text().contains(u"must be mended"_s));
         EXPECT_FALSE(Find<QAbstractButton>(saved, "schedule").isEnabled());
     });
+    dialog.reset();
+    UseBus(QDBusConnection(QString()));
+}
+
+TEST_F(SavedWindows, TheLastRunIsKnownAfterTheMachineWasStartedAnew)
+{
+    PrivateBus bus;
+    FakeService service(bus);
+    UseBus(bus.Connection());
+    Settings().WriteText(values::kPath, folder.path() + u'/');
+    for (const auto *name : {u"Bad", u"Good", u"Unread"}) {
+        const QString report = QString::fromUtf16(name);
+        Put(report, {.every = Every::Day});
+        service.SetUnit(TimerUnit(report), {{u"ActiveState"_s, u"active"_s}});
+        service.SetUnit(ServiceUnit(report), {{u"ActiveState"_s, u"inactive"_s}});
+    }
+    const RunRecords records(Settings());
+    const QDateTime then(kToday, {2, 15});
+    ASSERT_TRUE(records.Write(u"Bad"_s, {then, TimerState::Result::Failed, 5}));
+    ASSERT_TRUE(records.Write(u"Good"_s, {then, TimerState::Result::Done, 0}));
+    QFile damaged(records.FileOf(u"Unread"_s));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write("ended =") > 0);
+    damaged.close();
+    const auto lastRuns = [this] {
+        QStringList texts;
+        InSaved([&](QDialog &saved) {
+            for (const QString &row : Rows(saved)) {
+                texts += row.section(u'|', 3, 3);
+            }
+        });
+        return texts;
+    };
+    Reopen();
+    EXPECT_EQ(Find<QLabel>(*dialog, "savedNote").text(),
+              u"Not made as planned: Bad, Unread. See \"Saved reports...\"."_s);
+    QStringList known = lastRuns();
+    EXPECT_EQ(known.mid(0, 2),
+              QStringList({u"2026-11-21 02:15, failed: the file could not be written"_s,
+                           u"2026-11-21 02:15, done"_s}));
+    EXPECT_TRUE(known.value(2).startsWith(u"not known: "_s)) << qPrintable(known.value(2));
+    service.LeaveManager(); // nobody answers, and what is kept is known all the same
+    EXPECT_EQ(lastRuns(), known);
     dialog.reset();
     UseBus(QDBusConnection(QString()));
 }
