@@ -36,6 +36,12 @@ public:
         return Has(option) ? std::optional(parser.value(option)) : std::nullopt;
     }
 
+    // Of an option that may be given several times.
+    [[nodiscard]] QStringList Values(const QString &option) const
+    {
+        return Has(option) ? parser.values(option) : QStringList();
+    }
+
 private:
     const QCommandLineParser &parser;
 };
@@ -60,7 +66,13 @@ using Commands = QList<Command>;
 [[nodiscard]] Commands GroupCommands();
 [[nodiscard]] Commands CreditCommands();
 [[nodiscard]] Commands LimitCommands();
+[[nodiscard]] Commands TimeCommands();
+[[nodiscard]] Commands RestrictionCommands();
 [[nodiscard]] Commands LoginCommands();
 [[nodiscard]] Commands ExchangeCommands();
+[[nodiscard]] Commands ProtocolCommands();
+[[nodiscard]] Commands NetworkCommands();
+[[nodiscard]] Commands CurrencyCommands();
+[[nodiscard]] Commands PurgeCommands();
 [[nodiscard]] Commands ConfigCommands();
 [[nodiscard]] Commands StatusCommands();

@@ -31,8 +31,9 @@ const QList<CommandOption> &GlobalOptions()
 const Commands &AllCommands()
 {
     static const Commands commands = UserCommands() + GroupCommands() + CreditCommands()
-        + LimitCommands() + LoginCommands() + ExchangeCommands() + ConfigCommands()
-        + StatusCommands();
+        + LimitCommands() + TimeCommands() + RestrictionCommands() + LoginCommands()
+        + ExchangeCommands() + ProtocolCommands() + NetworkCommands() + CurrencyCommands()
+        + PurgeCommands() + ConfigCommands() + StatusCommands();
     return commands;
 }
 

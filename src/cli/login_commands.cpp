@@ -59,17 +59,10 @@ QStringList ValuesOf(const Login &login)
 Change ChangeOf(const LoginChange &change)
 {
     const auto &[base, draft, isNew] = change;
+    Change row = ChangeBetween(
+        u"logins"_s, draft.name, isNew ? QStringList() : ValuesOf(base), ValuesOf(draft));
     if (isNew) {
-        return {u"logins"_s, draft.name, {}, ValuesOf(draft)};
-    }
-    Change row {u"logins"_s, draft.name, {}, {}};
-    const QStringList before = ValuesOf(base);
-    const QStringList after = ValuesOf(draft);
-    for (qsizetype i = 0; i < after.size(); ++i) {
-        if (before[i] != after[i]) {
-            row.before << before[i];
-            row.after << after[i];
-        }
+        return row;
     }
     if (base.digest != draft.digest) {
         row.before << u"pwd=***"_s;
