@@ -31,7 +31,9 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(u"tollbrook"_s);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     QLocale::setDefault(QLocale::c()); // numbers and days are the same on every machine
-    QLoggingCategory::setFilterRules(u"tollbrook.db.warning=false"_s);
+    // "status" tells of settings that are open to everybody; before each command it would be noise.
+    QLoggingCategory::setFilterRules(
+        u"tollbrook.db.warning=false\ntollbrook.config.rights.warning=false"_s);
     qInstallMessageHandler(TellPlainly);
     Terminal terminal(stdin, stdout, stderr);
     return static_cast<int>(

@@ -684,6 +684,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>It is not known whether the users were imported.</source>
         <translation>Es ist nicht bekannt, ob die Benutzer importiert wurden.</translation>
     </message>
+    <message>
+        <source>The group&apos;s times were not stored.</source>
+        <translation>Die Zeiten der Gruppe wurden nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>It is not known whether the group&apos;s times were stored.</source>
+        <translation>Es ist nicht bekannt, ob die Zeiten der Gruppe gespeichert wurden.</translation>
+    </message>
 </context>
 <context>
     <name>AdapterChooser</name>
@@ -6994,14 +7002,6 @@ Möchten Sie ihn ersetzen?</translation>
         <source>Until time</source>
         <translation>Bis</translation>
     </message>
-    <message>
-        <source>Wrong time specification. Please re-enter</source>
-        <translation>Falsche Zeitangabe. Bitte geben Sie sie neu ein</translation>
-    </message>
-    <message>
-        <source>Please select day</source>
-        <translation>Bitte wählen Sie einen Tag</translation>
-    </message>
 </context>
 <context>
     <name>TimeRanges</name>
@@ -7032,6 +7032,14 @@ Möchten Sie ihn ersetzen?</translation>
     <message>
         <source>Sunday</source>
         <translation>Sonntag</translation>
+    </message>
+    <message>
+        <source>Wrong time specification. Please re-enter</source>
+        <translation>Falsche Zeitangabe. Bitte geben Sie sie neu ein</translation>
+    </message>
+    <message>
+        <source>Please select day</source>
+        <translation>Bitte wählen Sie einen Tag</translation>
     </message>
 </context>
 <context>

@@ -30,6 +30,17 @@ QString DayName(quint32 day)
     return names.value(static_cast<qsizetype>(day) - 1);
 }
 
+std::optional<QString> WhyNoRange(quint32 day, QTime since, QTime until)
+{
+    if (since >= until) {
+        return Words::tr("Wrong time specification. Please re-enter");
+    }
+    if (day == 0) {
+        return Words::tr("Please select day");
+    }
+    return std::nullopt;
+}
+
 Result<std::optional<bool>> ReadTimeAccess(const Owner &owner)
 {
     static constexpr OwnerText kFlag = {"SELECT TimeAccess FROM users WHERE user_id = (?) ",

@@ -5,6 +5,9 @@
 #include "access/owner.h"
 #include "access/time_range.h"
 
+#include <QTime>
+
+#include <optional>
 #include <vector>
 
 struct StoredRange
@@ -17,6 +20,10 @@ struct StoredRange
 
 // "Monday" to "Sunday" for 1 to 7, an empty text for any other number.
 [[nodiscard]] QString DayName(quint32 day);
+
+// What a person is told about a new range that ends before it began, so about one across midnight too, or
+// has no day; nothing for one that is in order.
+[[nodiscard]] std::optional<QString> WhyNoRange(quint32 day, QTime since, QTime until);
 
 class TimeRanges
 {

@@ -24,7 +24,7 @@ void LockUser(ActionRun &run, const UserRecord &record)
 void WatchOtherRows(ActionRun &run, const UserPlan &plan)
 {
     const quint32 userId = plan.userId.value;
-    if (!plan.addedTimes.empty() || !plan.deletedTimes.empty()) {
+    if (plan.times.ChangesRanges()) {
         run.Watch({"time_blocked", "user_id", userId, "tb_id"});
     }
     if (plan.protocols.ChangesPorts()) {
@@ -57,24 +57,6 @@ void WriteAddress(ActionRun &run,
     }
 }
 
-void WriteTimes(ActionRun &run, const UserPlan &plan)
-{
-    for (const TimeRange &range : plan.addedTimes) {
-        run.Write("INSERT INTO Time_blocked (dayofweek, timestart, timestop, user_id) "
-                  "VALUES ((?),(?),(?),(?))",
-                  range.day,
-                  range.start,
-                  range.stop,
-                  plan.userId);
-    }
-    for (const RangeId id : plan.deletedTimes) {
-        run.Write("DELETE FROM Time_blocked WHERE tb_id = (?)", id);
-    }
-    run.Write(plan.grantTimes ? "UPDATE users SET TimeAccess = true WHERE user_id = (?)"
-                              : "UPDATE users SET TimeAccess = false WHERE user_id = (?)",
-              plan.userId);
-}
-
 // A block by the service that the page could only show asks for nothing: it would otherwise become
 // the administrator's, and no limit could lift it.
 void WriteBlock(ActionRun &run, const UserPlan &plan)
@@ -103,7 +85,7 @@ void WriteUser(ActionRun &run,
                  plan.macAddress,
                  holders.ofMacAddress,
                  plan.userId);
-    WriteTimes(run, plan);
+    WriteTimes(run, plan.userId, plan.times);
     WriteProtocols(run, plan.userId, plan.protocols);
     run.Write(plan.authRequired ? "UPDATE users SET authreq = 1 WHERE user_id = (?)"
                                 : "UPDATE users SET authreq = 0 WHERE user_id = (?)",

@@ -75,10 +75,7 @@ UserPlan PlanUser(const UserRecord &sheet, const UserRecord &now, const Settler 
     UserPlan plan;
     plan.userId = sheet.userId;
     PlanGeneral(plan, sheet, now.base, settle);
-    plan.addedTimes = sheet.times.Added();
-    plan.deletedTimes = sheet.times.Deleted();
-    plan.grantTimes =
-        Settler::Flag(sheet.times.StoredGrant(), sheet.times.grant, now.times.StoredGrant());
+    plan.times = PlanTimes(sheet.times, now.times.StoredGrant());
     plan.protocols = SettleProtocols(sheet.protocols, now.protocols);
     PlanMode(plan, sheet, now, settle);
     plan.blockNow = now.block.stored;

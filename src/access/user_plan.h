@@ -3,6 +3,7 @@
 
 #include "access/block_step.h"
 #include "access/settle.h"
+#include "access/stored_times.h"
 #include "access/user_record.h"
 
 struct UserPlan
@@ -13,9 +14,7 @@ struct UserPlan
     std::optional<GroupId> group; // to move into
     std::optional<QString> ipAddress; // to change to
     std::optional<QString> macAddress;
-    std::vector<TimeRange> addedTimes;
-    std::vector<RangeId> deletedTimes;
-    bool grantTimes = false;
+    TimesPlan times;
     ProtocolChoice protocols;
     bool authRequired = false;
     AccountingMode mode = AccountingMode::NoControl;

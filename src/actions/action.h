@@ -20,6 +20,7 @@ class ServiceLink;
 enum class ActionId {
     ApplyUser, // what a user's sheet staged
     ApplyGroup, // what a group's sheet staged
+    ApplyGroupTimes, // a group's times of the week
     WriteAccount, // credits given and closed
     SetModeAndLimits, // of several users
     AddUser,

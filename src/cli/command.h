@@ -8,8 +8,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <algorithm>
-
 class Work;
 
 struct CommandOption
@@ -18,17 +16,14 @@ struct CommandOption
     const char *value; // what stands for its value in the help; null for one without
     const char *about;
     const char *letter = nullptr; // a short name
+    bool saysWhose = false; // whom the command is for, not what it does
 };
 
 // What was given to a command: its words behind its own name, and its options.
 class Given
 {
 public:
-    // `options`: the command's own ones.
-    Given(const QCommandLineParser &commandLine, const QList<CommandOption> &options)
-        : parser(commandLine)
-        , own(options)
-    { }
+    explicit Given(const QCommandLineParser &commandLine) : parser(commandLine) { }
 
     [[nodiscard]] QStringList Words() const { return parser.positionalArguments(); }
     [[nodiscard]] QString Word(qsizetype index) const { return Words().value(index); }
@@ -37,23 +32,20 @@ public:
         return parser.optionNames().contains(option);
     }
 
-    // Whether any of the command's own options is given.
-    [[nodiscard]] bool HasOwn() const
-    {
-        return std::ranges::any_of(own, [this](const CommandOption &option) {
-            return Has(QString::fromLatin1(option.name));
-        });
-    }
-
     // Nothing where the option is not given.
     [[nodiscard]] std::optional<QString> Value(const QString &option) const
     {
         return Has(option) ? std::optional(parser.value(option)) : std::nullopt;
     }
 
+    // Of an option that may be given several times.
+    [[nodiscard]] QStringList Values(const QString &option) const
+    {
+        return Has(option) ? parser.values(option) : QStringList();
+    }
+
 private:
     const QCommandLineParser &parser;
-    const QList<CommandOption> &own;
 };
 
 struct Command
@@ -67,6 +59,7 @@ struct Command
     int most;
     QList<CommandOption> options;
     Or<void> (*run)(Work &work, const Given &given);
+    bool needsOption = false; // one of its own that says what to do
 };
 
 using Commands = QList<Command>;
@@ -76,7 +69,13 @@ using Commands = QList<Command>;
 [[nodiscard]] Commands GroupCommands();
 [[nodiscard]] Commands CreditCommands();
 [[nodiscard]] Commands LimitCommands();
+[[nodiscard]] Commands TimeCommands();
+[[nodiscard]] Commands RestrictionCommands();
 [[nodiscard]] Commands LoginCommands();
 [[nodiscard]] Commands ExchangeCommands();
+[[nodiscard]] Commands ProtocolCommands();
+[[nodiscard]] Commands NetworkCommands();
+[[nodiscard]] Commands CurrencyCommands();
+[[nodiscard]] Commands PurgeCommands();
 [[nodiscard]] Commands ConfigCommands();
 [[nodiscard]] Commands StatusCommands();

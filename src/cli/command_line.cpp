@@ -31,8 +31,9 @@ const QList<CommandOption> &GlobalOptions()
 const Commands &AllCommands()
 {
     static const Commands commands = UserCommands() + GroupCommands() + CreditCommands()
-        + LimitCommands() + LoginCommands() + ExchangeCommands() + ConfigCommands()
-        + StatusCommands();
+        + LimitCommands() + TimeCommands() + RestrictionCommands() + LoginCommands()
+        + ExchangeCommands() + ProtocolCommands() + NetworkCommands() + CurrencyCommands()
+        + PurgeCommands() + ConfigCommands() + StatusCommands();
     return commands;
 }
 
@@ -180,18 +181,30 @@ private:
                                 words.join(u' ')));
     }
 
-    [[nodiscard]] Or<void> RunCommand(bool isUnderstood)
+    // Why the command's words and options cannot be meant.
+    [[nodiscard]] std::optional<QString> Misuse(bool isUnderstood) const
     {
         const qsizetype words = parser.positionalArguments().size();
         if (!isUnderstood) {
-            return StopWith(ExitStatus::WrongUse,
-                            parser.errorText()
-                                + u" A word that begins with a dash stands behind \"--\"."_s);
+            return parser.errorText() + u" A word that begins with a dash stands behind \"--\"."_s;
         }
         if (words < command->least || words > command->most) {
-            return StopWith(ExitStatus::WrongUse,
-                            u"Usage: tollbrook %1 %2"_s.arg(NameOf(*command),
-                                                            QString::fromLatin1(command->words)));
+            return u"Usage: tollbrook %1 %2"_s.arg(NameOf(*command),
+                                                   QString::fromLatin1(command->words));
+        }
+        const bool saysWhat = std::ranges::any_of(command->options, [this](const auto &option) {
+            return !option.saysWhose && parser.isSet(QString::fromLatin1(option.name));
+        });
+        if (command->needsOption && !saysWhat) {
+            return u"Name what is to change; see \"tollbrook %1 --help\"."_s.arg(NameOf(*command));
+        }
+        return std::nullopt;
+    }
+
+    [[nodiscard]] Or<void> RunCommand(bool isUnderstood)
+    {
+        if (const auto misuse = Misuse(isUnderstood)) {
+            return StopWith(ExitStatus::WrongUse, *misuse);
         }
         const QString busName = parser.isSet(u"bus"_s) ? parser.value(u"bus"_s) : u"system"_s;
         const auto bus = BusNamed(busName);
@@ -211,7 +224,12 @@ private:
             options.start.dataSource = parser.value(u"dsn"_s);
         }
         Work work(options, terminal);
-        return command->run(work, Given(parser, command->options));
+        const auto ended = command->run(work, Given(parser));
+        if (!ended && ended.error().status == ExitStatus::Done) {
+            work.Print(Performed {}, ended.error().text);
+            return {};
+        }
+        return ended;
     }
 
     const QStringList arguments;

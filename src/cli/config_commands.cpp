@@ -1,7 +1,7 @@
 // The commands that begin with "config": the settings that the console and the service share.
 #include "cli/command.h"
 #include "cli/owners.h"
-#include "cli/work.h"
+#include "cli/settings_work.h"
 #include "config/value_rules.h"
 
 using namespace Qt::StringLiterals;
@@ -94,7 +94,8 @@ Or<void> GetValue(Work &work, const Given &given)
     return {};
 }
 
-Or<void> CheckWritable(const Work &work, const ValueRule &rule, const QString &text)
+// The key's values, where the text may stand there.
+Or<KeyReader> OpenFor(const Work &work, const ValueRule &rule, const QString &text)
 {
     const QString name = FullNameOf(rule.value);
     if (rule.isPartOfMore) {
@@ -107,13 +108,7 @@ Or<void> CheckWritable(const Work &work, const ValueRule &rule, const QString &t
                         u"%1 in %2 %3. Nothing was changed."_s.arg(
                             name, work.Settings().FileOf(rule.value.key), *problem));
     }
-    if (!work.Settings().HasKey(rule.value.key)) {
-        return StopWith(
-            ExitStatus::Failed,
-            u"There is no file %1; the installation makes it. Nothing was changed."_s.arg(
-                work.Settings().FileOf(rule.value.key)));
-    }
-    return {};
+    return ReadKeyToWrite(work, rule.value.key);
 }
 
 Or<void> SetValue(Work &work, const Given &given)
@@ -124,34 +119,23 @@ Or<void> SetValue(Work &work, const Given &given)
     }
     const ValueRule &rule = **found;
     const QString text = given.Word(1);
-    const auto key = work.Settings().ReadKey(rule.value.key);
+    const auto key = OpenFor(work, rule, text);
     if (!key) {
-        return StopWith(ExitStatus::Failed, TextOf(key.error()));
-    }
-    if (const auto writable = CheckWritable(work, rule, text); !writable) {
-        return writable;
+        return tl::unexpected(key.error());
     }
     const auto before = key->ReadText(rule.value, kLongest); // a number in its place is replaced
-    if (!work.IsTrial()) {
-        if (const auto written = work.Settings().WriteText(rule.value, text); !written) {
-            return StopWith(ExitStatus::Failed, TextOf(written.error()));
-        }
-    }
-    const QString file = work.Settings().FileOf(rule.value.key);
     const auto shown = [&rule](const QString &value) -> QString {
         return u"value="_s + (rule.isSecret ? u"***"_s : value);
     };
-    const QString name = FullNameOf(rule.value);
-    const Performed performed {{{u"settings"_s,
-                                 name,
-                                 before ? QStringList {shown(*before)} : QStringList {},
-                                 {shown(text)}}},
-                               {}};
-    work.Print(performed,
-               u"%1 was set in %2. The service takes it up when it restarts, or with: systemctl "
-               "reload tollbrooksvc"_s.arg(name, file),
-               {{u"file"_s, file}});
-    return {};
+    const auto written = WriteSettings(
+        work, [&](const ConfigStore &settings) { return settings.WriteText(rule.value, text); });
+    return written.map([&] {
+        PrintSettings(work,
+                      rule.value.key,
+                      FullNameOf(rule.value),
+                      before ? QStringList {shown(*before)} : QStringList {},
+                      {shown(text)});
+    });
 }
 
 } // namespace

@@ -130,9 +130,6 @@ Or<void> RenameGroup(Work &work, const Given &given)
 
 Or<void> SetGroup(Work &work, const Given &given)
 {
-    if (!given.HasOwn()) {
-        return WrongUse(u"Name what is to change; see \"tollbrook group set --help\"."_s);
-    }
     const auto description = StorableText(*given.Value(u"description"_s), u"The description"_s);
     auto record = description ? LoadRecord(work, given) : tl::unexpected(description.error());
     if (!record) {
@@ -140,9 +137,7 @@ Or<void> SetGroup(Work &work, const Given &given)
     }
     record->draft.description = *description;
     if (record->draft == record->base) {
-        work.Print(Performed {},
-                   u"Group %1 is so already. Nothing was changed."_s.arg(record->base.name));
-        return {};
+        return IsSoAlready(u"Group %1"_s.arg(record->base.name));
     }
     return PerformOn(work,
                      ApplyGroupAction(*record, CurrentRate(work.Settings())),
@@ -221,7 +216,8 @@ Commands GroupCommands()
              1,
              1,
              {{"description", "TEXT", "The description."}},
-             SetGroup},
+             SetGroup,
+             true},
             {"group block", "GROUP", "Blocks a group and its members.", 1, 1, {}, BlockOne},
             {"group unblock", "GROUP", "Unblocks a group and its members.", 1, 1, {}, UnblockOne},
             {"group delete",

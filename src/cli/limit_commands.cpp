@@ -1,13 +1,9 @@
 // The commands that begin with "limit": what a user or a group may use in an accounting period.
 #include "access/account_use.h"
-#include "access/group_record.h"
-#include "access/user_record.h"
-#include "accounts/sheet_actions.h"
 #include "base/day.h"
 #include "cli/command.h"
 #include "cli/numbers.h"
-#include "cli/owners.h"
-#include "cli/work.h"
+#include "cli/owner_sheets.h"
 
 using namespace Qt::StringLiterals;
 
@@ -74,11 +70,6 @@ Cells CellsOf(const NamedOwner &owner, const OwnerLimits &read, const Currency &
     + UseCells(read.use, currency);
 }
 
-Stop GoneStop(const NamedOwner &owner)
-{
-    return {ExitStatus::Refused, u"%1 has been deleted meanwhile."_s.arg(TextOf(owner))};
-}
-
 Or<void> ShowLimits(Work &work, const Given &given)
 {
     const auto owner = FindOwner(work, given);
@@ -87,15 +78,12 @@ Or<void> ShowLimits(Work &work, const Given &given)
         return tl::unexpected(currency.error());
     }
     const AccountMoment moment = work.AccountsNow();
-    const auto read =
-        work.Read([whose = owner->owner, moment] { return ReadOwnerLimits(whose, moment); });
+    const auto read = ReadOf(
+        work, *owner, [whose = owner->owner, moment] { return ReadOwnerLimits(whose, moment); });
     if (!read) {
         return tl::unexpected(read.error());
     }
-    if (!*read) {
-        return tl::unexpected(GoneStop(*owner));
-    }
-    work.Print(kColumns, CellsOf(*owner, **read, *currency));
+    work.Print(kColumns, CellsOf(*owner, *read, *currency));
     return {};
 }
 
@@ -108,8 +96,6 @@ struct WantedLimits
     std::optional<LimitPeriod> period;
     std::optional<double> price;
     bool globalPrice = false;
-
-    bool operator==(const WantedLimits &) const = default;
 };
 
 // Reads an option where it is given. False after the first one that cannot be read.
@@ -199,36 +185,19 @@ void Stage(const WantedLimits &wanted, LimitsDraft &draft)
     }
 }
 
-// Of either kind of sheet: `load` reads its record, `actionOf` stores it.
-template <typename Load, typename ActionOf>
-Or<void> SetLimitsOf(Work &work,
-                     const NamedOwner &owner,
-                     const WantedLimits &wanted,
-                     const Load &load,
-                     const ActionOf &actionOf)
+// Of either kind of sheet.
+template <typename Record>
+Or<void> StageLimits(const NamedOwner &owner, const WantedLimits &wanted, Record &sheet)
 {
-    auto record = work.Read(load);
-    if (!record) {
-        return tl::unexpected(record.error());
-    }
-    if (!*record) {
-        return tl::unexpected(GoneStop(owner));
-    }
-    auto &sheet = **record;
     sheet.draft.mode = wanted.mode.value_or(sheet.base.mode);
     if (const auto misfit = Misfit(wanted, owner.owner, sheet.draft.mode)) {
         return StopWith(ExitStatus::Refused, *misfit);
     }
     Stage(wanted, sheet.limits);
     if (sheet.draft.mode == sheet.base.mode && sheet.limits.Staged() == sheet.limits.stored) {
-        work.Print(Performed {},
-                   u"The limits of %1 are so already. Nothing was changed."_s.arg(owner.name));
-        return {};
+        return IsSoAlready(TextOf(owner));
     }
-    return work.Perform(actionOf(sheet, CurrentRate(work.Settings())))
-        .map([&](const Performed &performed) {
-            work.Print(performed, u"The limits of %1 were changed."_s.arg(owner.name));
-        });
+    return {};
 }
 
 Or<void> SetLimits(Work &work, const Given &given)
@@ -237,20 +206,11 @@ Or<void> SetLimits(Work &work, const Given &given)
     if (!wanted) {
         return tl::unexpected(wanted.error());
     }
-    if (*wanted == WantedLimits {}) {
-        return WrongUse(u"Name what is to change; see \"tollbrook limit set --help\"."_s);
-    }
-    return FindOwner(work, given).and_then([&](const NamedOwner &named) {
-        const Owner owner = named.owner;
-        return owner.IsUser()
-            ? SetLimitsOf(
-                work, named, *wanted, [owner] { return LoadUser(owner.User()); }, ApplyUserAction)
-            : SetLimitsOf(
-                work,
-                named,
-                *wanted,
-                [owner] { return LoadGroup(owner.Group()); },
-                ApplyGroupAction);
+    return FindOwner(work, given).and_then([&](const NamedOwner &owner) {
+        const auto stage = [&](auto &sheet) { return StageLimits(owner, *wanted, sheet); };
+        return ChangeSheet(work, owner, stage).map([&](const Performed &performed) {
+            work.Print(performed, u"The limits of %1 were changed."_s.arg(owner.name));
+        });
     });
 }
 
@@ -277,5 +237,6 @@ Commands LimitCommands()
               {"period", "PERIOD", "The accounting period: day or month."},
               {"price", "PRICE", "An own price for each megabyte, in mode provider."},
               {"global-price", nullptr, "The price that the settings name, in mode provider."}},
-             SetLimits}};
+             SetLimits,
+             true}};
 }

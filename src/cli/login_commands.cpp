@@ -60,17 +60,10 @@ QStringList ValuesOf(const Login &login)
 Change ChangeOf(const LoginChange &change)
 {
     const auto &[base, draft, isNew] = change;
+    Change row = ChangeBetween(
+        u"logins"_s, draft.name, isNew ? QStringList() : ValuesOf(base), ValuesOf(draft));
     if (isNew) {
-        return {u"logins"_s, draft.name, {}, ValuesOf(draft)};
-    }
-    Change row {u"logins"_s, draft.name, {}, {}};
-    const QStringList before = ValuesOf(base);
-    const QStringList after = ValuesOf(draft);
-    for (qsizetype i = 0; i < after.size(); ++i) {
-        if (before[i] != after[i]) {
-            row.before << before[i];
-            row.after << after[i];
-        }
+        return row;
     }
     if (base.digest != draft.digest) {
         row.before << u"pwd=***"_s;
@@ -223,9 +216,7 @@ Or<void> Put(Work &work,
     }
     table.Put(entry, index);
     if (table.Changes().IsEmpty()) {
-        work.Print(Performed {},
-                   u"Login %1 is so already. Nothing was changed."_s.arg(entry.login.name));
-        return {};
+        return IsSoAlready(u"Login %1"_s.arg(entry.login.name));
     }
     return Save(work, table, sentence.arg(entry.login.name));
 }
@@ -265,9 +256,6 @@ Or<void> AddLogin(Work &work, const Given &given)
 
 Or<void> SetLogin(Work &work, const Given &given)
 {
-    if (!given.HasOwn()) {
-        return WrongUse(u"Name what is to change; see \"tollbrook login set --help\"."_s);
-    }
     const auto checked = CheckOptions(given);
     auto open = checked ? OpenAt(work, given.Word(0)) : tl::unexpected(checked.error());
     if (!open) {
@@ -327,6 +315,7 @@ Commands LoginCommands()
                                          {"password",
                                           nullptr,
                                           "Asks for a new password, as \"login add\" does."}},
-             SetLogin},
+             SetLogin,
+             true},
             {"login remove", "NAME", "Removes a login, after a question.", 1, 1, {}, RemoveLogin}};
 }

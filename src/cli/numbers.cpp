@@ -73,6 +73,14 @@ constexpr std::array kModes {Spelled<AccountingMode> {u"none", AccountingMode::N
                              Spelled<AccountingMode> {u"provider", AccountingMode::Provider}};
 constexpr std::array kPeriods {Spelled<LimitPeriod> {u"day", LimitPeriod::Day},
                                Spelled<LimitPeriod> {u"month", LimitPeriod::Month}};
+constexpr std::array kWeekdays {Spelled<quint32> {u"monday", 1},
+                                Spelled<quint32> {u"tuesday", 2},
+                                Spelled<quint32> {u"wednesday", 3},
+                                Spelled<quint32> {u"thursday", 4},
+                                Spelled<quint32> {u"friday", 5},
+                                Spelled<quint32> {u"saturday", 6},
+                                Spelled<quint32> {u"sunday", 7}};
+constexpr std::array kAccess {Spelled<bool> {u"allow", true}, Spelled<bool> {u"deny", false}};
 constexpr std::array kFlags {Spelled<bool> {u"yes", true}, Spelled<bool> {u"no", false}};
 
 template <typename Words>
@@ -156,6 +164,37 @@ Or<QDate> DateFrom(const QString &text)
                         u"\"%1\" is no day; write it as 2026-12-31."_s.arg(text));
     }
     return day;
+}
+
+Or<QTime> TimeOfDayFrom(const QString &text)
+{
+    for (const QString &format : {u"H:mm"_s, u"H:mm:ss"_s}) {
+        if (const QTime time = QTime::fromString(text, format); time.isValid()) {
+            return time;
+        }
+    }
+    return StopWith(ExitStatus::WrongUse,
+                    u"\"%1\" is no time of day; write it as 08:30."_s.arg(text));
+}
+
+Or<quint32> WeekdayFrom(const QString &word)
+{
+    return ValueOf(kWeekdays, word);
+}
+
+QString WeekdayWord(quint32 day)
+{
+    return WordIn(kWeekdays, day);
+}
+
+Or<bool> AccessFrom(const QString &word)
+{
+    return ValueOf(kAccess, word);
+}
+
+QString AccessWord(bool allows)
+{
+    return WordIn(kAccess, allows);
 }
 
 Or<AccountingMode> ModeFrom(const QString &word)

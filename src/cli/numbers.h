@@ -7,6 +7,7 @@
 #include "db/value_codes.h"
 
 #include <QDate>
+#include <QTime>
 
 // "500", "500MB", "1.5GB", "2TB": megabytes unless a unit is given; a unit is 1024 of the next smaller.
 [[nodiscard]] Or<double> MegabytesFrom(const QString &text);
@@ -27,6 +28,15 @@
 
 [[nodiscard]] Or<bool> FlagFrom(const QString &text); // "yes" or "no"
 [[nodiscard]] Or<QDate> DateFrom(const QString &text); // "2026-12-31"
+[[nodiscard]] Or<QTime> TimeOfDayFrom(const QString &text); // "8:30", "08:30" or "08:30:15"
+
+// The days of the week, as they are stored: 1 is Monday. A number without a day is itself.
+[[nodiscard]] Or<quint32> WeekdayFrom(const QString &word); // "monday"
+[[nodiscard]] QString WeekdayWord(quint32 day);
+
+// "allow" or "deny".
+[[nodiscard]] Or<bool> AccessFrom(const QString &word);
+[[nodiscard]] QString AccessWord(bool allows);
 
 // The words of modes, as the find bar has them, and of periods.
 [[nodiscard]] Or<AccountingMode> ModeFrom(const QString &word);

@@ -25,7 +25,8 @@ struct NamedOwner
 [[nodiscard]] Or<NamedOwner> FindOwner(Work &work, const Given &given);
 
 // The option that FindOwner looks at.
-inline constexpr CommandOption kOwnerGroup {"group", "GROUP", "A group instead of a user."};
+inline constexpr CommandOption kOwnerGroup {
+    .name = "group", .value = "GROUP", .about = "A group instead of a user.", .saysWhose = true};
 
 // "User anna" or "Group Yard", for the beginning of a sentence.
 [[nodiscard]] QString TextOf(const NamedOwner &owner);

@@ -83,6 +83,11 @@ void LookAtSettings(const Work &work, Findings &found)
                 work.Settings().FileOf(key));
         }
     }
+    if (const QStringList open = work.Settings().OpenToEverybody(); !open.isEmpty()) {
+        found.problems
+            << u"The settings, of which one is a password, are open to everybody on this "
+               "machine: %1"_s.arg(open.join(u", "_s));
+    }
 }
 
 // A statement, besides: a session that is open may have lost its tables.

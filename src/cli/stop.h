@@ -32,6 +32,14 @@ using Or = tl::expected<Value, Stop>;
     return tl::unexpected(Stop {status, text});
 }
 
+// What is wanted stands already: a command ends with it as with what it has done. `what` begins the
+// sentence, as "User anna".
+[[nodiscard]] inline tl::unexpected<Stop> IsSoAlready(const QString &what)
+{
+    return StopWith(ExitStatus::Done,
+                    QStringLiteral("%1 is so already. Nothing was changed.").arg(what));
+}
+
 // What was read, or that it could not be.
 template <typename Value>
 [[nodiscard]] Or<Value> OrStop(Result<Value> read)

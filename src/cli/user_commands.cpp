@@ -159,9 +159,6 @@ Or<void> TakeFields(Work &work, const Given &given, UserFields &fields)
 
 Or<void> SetUser(Work &work, const Given &given)
 {
-    if (!given.HasOwn()) {
-        return WrongUse(u"Name what is to change; see \"tollbrook user set --help\"."_s);
-    }
     const auto user = FindUser(work, given.Word(0));
     auto record = user ? LoadRecord(work, *user) : tl::unexpected(user.error());
     if (!record) {
@@ -171,8 +168,7 @@ Or<void> SetUser(Work &work, const Given &given)
         return taken;
     }
     if (record->draft == record->base) {
-        work.Print(Performed {}, u"User %1 is so already. Nothing was changed."_s.arg(user->name));
-        return {};
+        return IsSoAlready(u"User %1"_s.arg(user->name));
     }
     const auto performed = work.Perform(ApplyUserAction(*record, CurrentRate(work.Settings())));
     return performed.map(
@@ -285,7 +281,8 @@ Commands UserCommands()
                                      {"login-required",
                                       "yes|no",
                                       "Whether the user must log in before sending."}},
-         SetUser},
+         SetUser,
+         true},
         {"user block", "USER...", "Blocks users.", 1, kMany, {}, BlockUsers},
         {"user unblock",
          "USER...",

@@ -51,6 +51,8 @@ QString LineOf(const Change &change)
     return row + columns.join(u", "_s);
 }
 
+} // namespace
+
 Stop StopOf(ActionId id, const Outcome &outcome)
 {
     switch (outcome.state) {
@@ -63,7 +65,17 @@ Stop StopOf(ActionId id, const Outcome &outcome)
     }
 }
 
-} // namespace
+Change
+ChangeBetween(const QString &table, const QString &key, QStringList before, QStringList after)
+{
+    for (qsizetype i = qMin(before.size(), after.size()) - 1; i >= 0; --i) {
+        if (before[i] == after[i]) {
+            before.removeAt(i);
+            after.removeAt(i);
+        }
+    }
+    return {table, key, before, after};
+}
 
 Work::Work(const WorkOptions &given, Terminal &speech)
     : options(given)
@@ -128,7 +140,6 @@ Or<void> Work::OpenDatabase()
     return {};
 }
 
-// A trial changes nothing.
 Or<void> Work::MayChange() const
 {
     if (options.onlyLooks && !options.isTrial) {

@@ -33,6 +33,14 @@ struct Performed
     QString service; // "told", "not heard", "not reached"; empty where there was nothing to tell
 };
 
+// Why an action that is neither done nor has questions ends the command.
+[[nodiscard]] Stop StopOf(ActionId id, const Outcome &outcome);
+
+// A row that was edited, by what its values were and are: "column=value" of each column, in one order.
+// Those that stay the same are left out; no values stand for a row that is not there.
+[[nodiscard]] Change
+ChangeBetween(const QString &table, const QString &key, QStringList before, QStringList after);
+
 class Work
 {
 public:
@@ -57,19 +65,22 @@ public:
     // What the figures of accounts rest on beside the database.
     [[nodiscard]] AccountMoment AccountsNow() const;
 
+    // Refused for whoever may only look. A trial changes nothing, so that everybody may make one.
+    [[nodiscard]] Or<void> MayChange() const;
+
     // Opens the database, once; a schema that is older is told.
     [[nodiscard]] Or<void> OpenDatabase();
 
     // What `work` reads, run on the session's thread with the database open. It captures by value: where
     // its call does not answer, it is given up.
     template <typename Function>
-    [[nodiscard]] auto Read(Function work)
+    [[nodiscard]] auto Read(Function work, Patience patience = Patience::Bounded)
         -> Or<typename std::invoke_result_t<Function>::value_type>
     {
         if (const auto opened = OpenDatabase(); !opened) {
             return tl::unexpected(opened.error());
         }
-        return OrStop(Await(std::move(work)));
+        return OrStop(Await(std::move(work), patience));
     }
 
     // Has the action done as the windows do: its questions are asked, it is run again with the answers,
@@ -135,7 +146,6 @@ private:
         return *std::move(value);
     }
 
-    [[nodiscard]] Or<void> MayChange() const;
     [[nodiscard]] bool IsWanted(const Question &question);
     [[nodiscard]] QString ServiceWord(ActionId id, bool serviceTold);
 

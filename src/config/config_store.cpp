@@ -14,6 +14,7 @@
 using namespace Qt::StringLiterals;
 
 Q_LOGGING_CATEGORY(logConfig, "tollbrook.config")
+Q_LOGGING_CATEGORY(logRights, "tollbrook.config.rights")
 
 namespace {
 
@@ -100,34 +101,48 @@ ConfigStore::LoadedKey ConfigStore::Load(ConfigKeyId key) const
     const auto bytes = key_file::Read(path);
     if (bytes && !*bytes) {
         if (key == ConfigKeyId::Base) {
-            WarnOnce(path + u" is missing"_s); // the other keys may well be
+            WarnOnce(logConfig(), path + u" is missing"_s); // the other keys may well be
         }
         return std::nullopt;
     }
     WarnWhenOpenToEverybody(path);
     LoadedKey loaded = bytes ? Parsed(path, **bytes) : tl::unexpected(bytes.error());
     if (!loaded) {
-        WarnOnce(TextOf(loaded.error()) + u" Its values count as missing."_s);
+        WarnOnce(logConfig(), TextOf(loaded.error()) + u" Its values count as missing."_s);
     }
     return loaded;
 }
 
-void ConfigStore::WarnOnce(const QString &line) const
+void ConfigStore::WarnOnce(const QLoggingCategory &category, const QString &line) const
 {
     QMutexLocker locked(&warnedLock);
     const bool isNew = !warned.contains(line);
     warned.insert(line);
     locked.unlock();
     if (isNew) {
-        qCWarning(logConfig).noquote() << line;
+        qCWarning(category).noquote() << line;
     }
+}
+
+QStringList ConfigStore::OpenToEverybody() const
+{
+    QStringList open;
+    for (const ConfigKeyId key :
+         {ConfigKeyId::Base, ConfigKeyId::LocalIp, ConfigKeyId::Price, ConfigKeyId::DefProfile}) {
+        for (const QString &each : {folder, FileOf(key)}) {
+            if (key_file::IsOpenToEverybody(each) && !open.contains(each)) {
+                open << each;
+            }
+        }
+    }
+    return open;
 }
 
 void ConfigStore::WarnWhenOpenToEverybody(const QString &path) const
 {
     for (const QString &each : {folder, path}) {
         if (key_file::IsOpenToEverybody(each)) {
-            WarnOnce(each + u" is open to everybody on this machine"_s);
+            WarnOnce(logRights(), each + u" is open to everybody on this machine"_s);
         }
     }
 }

@@ -5,6 +5,7 @@
 #include "config/key_values.h"
 #include "config/settings_failure.h"
 
+#include <QLoggingCategory>
 #include <QMutex>
 #include <QSet>
 #include <QString>
@@ -23,7 +24,7 @@
 // a write is skipped. A file that is damaged or cannot be read is never replaced: its values read as
 // missing, which is logged once under `tollbrook.config`, and writes fail until it is mended.
 // Comments and the order of a file written by hand survive every write. A folder or file that is
-// open to everybody is logged once.
+// open to everybody is logged once, under `tollbrook.config.rights`.
 //
 // Any thread may read and write at any time.
 class ConfigStore
@@ -78,6 +79,9 @@ public:
 
     [[nodiscard]] QString FileOf(ConfigKeyId key) const;
 
+    // The folder, and those of the files, that everybody on the machine may read or write.
+    [[nodiscard]] QStringList OpenToEverybody() const;
+
 private:
     // Nothing for a key that does not exist.
     using LoadedKey = tl::expected<std::optional<KeyDocument>, SettingsFailure>;
@@ -86,7 +90,7 @@ private:
     [[nodiscard]] KeyReader ReaderOf(ConfigKeyId key) const;
     [[nodiscard]] SettingsResult Change(ConfigKeyId key,
                                         const std::function<void(KeyEditor &)> &edit) const;
-    void WarnOnce(const QString &line) const;
+    void WarnOnce(const QLoggingCategory &category, const QString &line) const;
     void WarnWhenOpenToEverybody(const QString &path) const;
 
     const QString folder;

@@ -217,9 +217,10 @@ bool TableWriter::WriteArrays(const RowBlock &block)
     if (prepared == 0) {
         QStringList arrays;
         for (const auto &[name, kind] : shape.columns) {
-            arrays << u"CAST(? AS %1)"_s.arg(QLatin1StringView(ArrayType(kind)));
+            arrays << u"unnest(CAST(? AS %1))"_s.arg(QLatin1StringView(ArrayType(kind)));
         }
-        if (!database.Prepare(insert + u"SELECT * FROM unnest(%1)"_s.arg(arrays.join(u',')))) {
+        // In a FROM clause the engine would first write the rows of each array aside.
+        if (!database.Prepare(insert + u"SELECT "_s + arrays.join(u','))) {
             return false;
         }
         prepared = 1;

@@ -149,7 +149,8 @@ Told<void> FilledDatabase::MakeTables(const Site &site, const Tell &tell)
             return removed;
         }
     }
-    return Transact(MarkedTables(database.Engine(), site.version));
+    return Transact(MarkedTables(database.Engine(), site.version)
+                    + KeyRemovals(database.Engine(), site));
 }
 
 Told<void> FilledDatabase::LoadAll(SiteRows &source, const Tell &tell)
@@ -202,7 +203,9 @@ Told<void> FilledDatabase::Load(SiteRows &source, size_t index)
 Told<void> FilledDatabase::Complete(const Site &site, const Tell &tell)
 {
     tell(u"Making the indexes..."_s);
-    if (auto made = Transact(IndexesOf(database.Engine(), site.version)); !made) {
+    if (auto made =
+            Transact(KeysOf(database.Engine(), site) + IndexesOf(database.Engine(), site.version));
+        !made) {
         return made;
     }
     for (const SiteTable &table : site.tables) {

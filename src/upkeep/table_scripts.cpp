@@ -37,6 +37,20 @@ QStringList Mark(const Dialect &dialect)
     return {table, u"INSERT INTO schema_version (version) VALUES (%1)"_s.arg(kIncompleteSchema)};
 }
 
+// A statement for each table whose rows the engine numbers, of its quoted name, its name and its key.
+QStringList ForNumberedTables(const Dialect &dialect, const Site &site, const QString &statement)
+{
+    QStringList statements;
+    for (const SiteTable &table : site.tables) {
+        const TableShape &shape = table.shape;
+        if (&dialect == &kPostgresql && shape.givesNumbers) {
+            statements << statement.arg(
+                Quoted(dialect, shape.name), shape.name, Quoted(dialect, shape.key.first()));
+        }
+    }
+    return statements;
+}
+
 } // namespace
 
 QStringList MarkedTables(const Dialect &dialect, int version)
@@ -48,6 +62,17 @@ QStringList MarkedTables(const Dialect &dialect, int version)
         }
     }
     return statements;
+}
+
+QStringList KeyRemovals(const Dialect &dialect, const Site &site)
+{
+    return ForNumberedTables(dialect, site, u"ALTER TABLE %1 DROP CONSTRAINT %2_pkey"_s);
+}
+
+QStringList KeysOf(const Dialect &dialect, const Site &site)
+{
+    return ForNumberedTables(
+        dialect, site, u"ALTER TABLE %1 ADD CONSTRAINT %2_pkey PRIMARY KEY (%3)"_s);
 }
 
 QStringList IndexesOf(const Dialect &dialect, int version)

@@ -55,7 +55,7 @@ TEST_P(AccountCommands, ShowsAndSetsTheLimitsOfAUser)
     ExpectRefused(u"limit set anna --mode none --traffic 5"_s, 1, "has no traffic limit");
     ExpectRefused(u"limit set anna --traffic 1.5"_s, 2, "whole number of megabytes");
     ExpectDone(u"limit set anna --traffic 2GB"_s);
-    EXPECT_EQ(printed, u"The limits of anna are so already. Nothing was changed.\n"_s);
+    EXPECT_EQ(printed, u"User anna is so already. Nothing was changed.\n"_s);
     ExpectRefused(u"limit set anna"_s, 2, "Name what is to change");
     ExpectRefused(u"limit set --period day"_s, 2, "Name either a user or");
     ExpectRefused(u"limit show anna --group yard"_s, 2, "Name either a user or");

@@ -31,6 +31,8 @@ protected:
     static void Renew()
     {
         for (const char *sqlText : {"DELETE FROM billing",
+                                    "DELETE FROM Time_blocked",
+                                    "DELETE FROM Port_blocked",
                                     "DELETE FROM logins",
                                     "DELETE FROM users",
                                     "DELETE FROM groups WHERE group_id <> 80"}) {
@@ -73,12 +75,21 @@ class CommandLosses : public CommandFaults
 { };
 TB_ON_EVERY_SERVER(CommandLosses);
 
-const char *const kReading[] = {
-    "user list --accounts", "user show anna", "limit show anna", "login list"};
+const char *const kReading[] = {"user list --accounts",
+                                "user show anna",
+                                "limit show anna",
+                                "login list",
+                                "time show anna",
+                                "time show --group yard",
+                                "restriction show anna",
+                                "protocol list"};
 const char *const kChanging[] = {"user set anna --full-name Anna",
                                  "user delete bert",
                                  "group rename yard Court",
-                                 "credit add anna --traffic 5"};
+                                 "credit add anna --traffic 5",
+                                 "time add anna --day monday --from 8:00 --until 9:00",
+                                 "time add --group yard --day monday --from 8:00 --until 9:00",
+                                 "restriction set --group yard --select FTP"};
 
 QStringList Words(const char *line)
 {
@@ -114,7 +125,9 @@ TEST_P(CommandFaults, AStatementThatIsRefusedEndsTheCommandAndChangesNothing)
 
 TEST_P(CommandLosses, AfterALostConnectionItIsDoneOrNotAndToldSo)
 {
-    for (const char *line : {"user delete bert", "credit add anna --traffic 5"}) {
+    for (const char *line : {"user delete bert",
+                             "credit add anna --traffic 5",
+                             "time add --group yard --day monday --from 8:00 --until 9:00"}) {
         SCOPED_TRACE(line);
         const int count = CountStatements(Words(line));
         QStringList before;
@@ -132,5 +145,28 @@ TEST_P(CommandLosses, AfterALostConnectionItIsDoneOrNotAndToldSo)
             EXPECT_EQ(EveryRow() != before, status == ExitStatus::Done) << number;
         }
         Renew();
+    }
+}
+
+// Statement by statement: what was done before one that fails stays, and the status says that it is a part.
+TEST_P(CommandFaults, OfProtocolsAFailureIsNeverTakenForAnEnd)
+{
+    const QStringList words = Words("protocol add Gopher 70 71");
+    const QStringList remove = Words("protocol remove Gopher");
+    const int count = CountStatements(words);
+    ASSERT_EQ(RunHere(remove), ExitStatus::Done);
+    const QStringList before = EveryRow();
+    for (int number = 1; number <= count; ++number) {
+        (void)driver->Take();
+        driver->Refuse(number);
+        const ExitStatus status = RunHere(words);
+        (void)driver->Take();
+        EXPECT_THAT(status, testing::AnyOf(ExitStatus::Failed, ExitStatus::Uncertain)) << number;
+        if (status == ExitStatus::Failed) {
+            EXPECT_EQ(EveryRow(), before) << number;
+        } else if (EveryRow() != before) {
+            EXPECT_EQ(RunHere(remove), ExitStatus::Done) << number;
+            EXPECT_EQ(EveryRow(), before) << number;
+        }
     }
 }

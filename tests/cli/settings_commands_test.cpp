@@ -63,6 +63,7 @@ TEST_P(SettingsCommands, RefusesWhatIsUnknownOutOfRangeOrCannotBeWritten)
         ExpectRefused({u"config"_s, u"set"_s, needed, QString()}, 1, "a text of 1 to 254 bytes");
     }
     ExpectRefused(Words("config set rangenum 3"), 1, "means nothing without other values");
+    ASSERT_EQ(Run(Words("config set timer 90 --dry-run")), 0) << said.toStdString();
     ExpectRefused(Words("config set ViewIPHdr 1"), 3, "There is no file ");
     QFile file(Settings().FileOf(ConfigKeyId::Base));
     ASSERT_TRUE(file.open(QIODevice::Append));
@@ -100,6 +101,15 @@ TEST_P(SettingsCommands, TheStateIsWellOnlyWhenEverythingIs)
     EXPECT_EQ(well[u"dataSource"], Dsn());
     EXPECT_EQ(well[u"database"], u"open"_s);
     EXPECT_EQ(well[u"problems"].toArray(), QJsonArray());
+
+    const QString base = Settings().FileOf(ConfigKeyId::Base);
+    const auto closed = QFile::permissions(base);
+    ASSERT_TRUE(QFile::setPermissions(base, closed | QFile::ReadOther));
+    EXPECT_EQ(Run(Words("status")), 1);
+    EXPECT_THAT(printed.toStdString(), HasSubstr(("machine: " + base + "\n").toStdString()));
+    EXPECT_EQ(Run(Words("config get timer")), 1);
+    EXPECT_THAT(said.toStdString(), testing::Not(HasSubstr("open to everybody")));
+    ASSERT_TRUE(QFile::setPermissions(base, closed));
 
     service.SetReport({}, {u"The kernel's table cannot be read."_s});
     EXPECT_EQ(Run(Words("status")), 1);

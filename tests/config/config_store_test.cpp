@@ -391,16 +391,18 @@ TEST_F(ConfigStoreTest, PermissionsAreKeptAndOpenOnesAreToldOnce)
     EXPECT_EQ(QFile::permissions(QFileInfo(path).path()) & ~(named | QFile::ExeUser),
               closed | QFile::ExeOwner | QFile::ExeGroup);
     const WarningCollector warnings;
+    EXPECT_EQ(store.OpenToEverybody(), QStringList());
     EXPECT_TRUE(store.WriteText(values::kTimer, u"60"_s));
     EXPECT_EQ(QFile::permissions(path) & ~named, closed);
     EXPECT_TRUE(WarningCollector::Lines().isEmpty());
 
     QFile::setPermissions(path, closed | QFile::ReadOther);
+    EXPECT_EQ(store.OpenToEverybody(), QStringList(path));
     for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(store.WriteText(values::kTimer, u"61"_s));
     }
     EXPECT_EQ(QFile::permissions(path) & ~named, closed | QFile::ReadOther);
-    EXPECT_EQ(
-        WarningCollector::Lines(),
-        QStringList(u"tollbrook.config: "_s + path + u" is open to everybody on this machine"_s));
+    EXPECT_EQ(WarningCollector::Lines(),
+              QStringList(u"tollbrook.config.rights: "_s + path
+                          + u" is open to everybody on this machine"_s));
 }

@@ -3,6 +3,7 @@
 #include "access/block_commands.h"
 #include "access/list_commands.h"
 #include "access/many_users.h"
+#include "access/stored_times.h"
 #include "accounts/credit.h"
 #include "accounts/sheet_actions.h"
 #include "admin/exclusions.h"
@@ -111,6 +112,18 @@ Action StoreOffice()
     record.limits.traffic = WholeMegabytes {5};
     record.protocols.Select(u"FTP"_s, true);
     return ApplyGroupAction(record, kRate);
+}
+
+Action StoreOfficesTimes()
+{
+    const auto stored = ReadTimeRanges(kOffice);
+    EXPECT_TRUE(stored && stored->size() == 1);
+    TimeRanges times;
+    times.Rebuild(stored.value());
+    times.grant = true;
+    times.Delete(0);
+    times.Add({1, u"08:00:00"_s, u"09:00:00"_s});
+    return ApplyGroupTimesAction(kOffice, times);
 }
 
 Action RaiseOfficesLimit()
@@ -270,6 +283,13 @@ const std::vector<ActionCase> &ActionCases() // NOLINT(readability-function-size
         {"a user's sheet", ActionId::ApplyUser, BlockForTraffic, StoreAnna},
         {"a user's block and credit", ActionId::ApplyUser, AddNothing, StoreAnnasBlockAndCredit},
         {"a group's sheet", ActionId::ApplyGroup, AddNothing, StoreOffice},
+        {"a group's times",
+         ActionId::ApplyGroupTimes,
+         [] {
+             Execute("INSERT INTO time_blocked (group_id, dayofweek, timestart, timestop) "
+                     "VALUES (90, 2, '10:00:00', '11:00:00')");
+         },
+         StoreOfficesTimes},
         {"a group's raised limit", ActionId::ApplyGroup, BlockGroupForTraffic, RaiseOfficesLimit},
         {"a user's credits", ActionId::WriteAccount, GiveCredits, CreditAnna},
         {"a group's credits", ActionId::WriteAccount, GiveCredits, CreditOffice},

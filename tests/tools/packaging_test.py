@@ -124,6 +124,9 @@ class Completion(unittest.TestCase):
                             ("tollbrook cr", "credit "),
                             ("tollbrook --json user un", "unblock "),
                             ("tollbrook limit set --p", "--period --price "),
+                            ("tollbrook time add anna --day t", "tuesday thursday "),
+                            ("tollbrook restriction set --s", "--select "),
+                            ("tollbrook purge --keep month --u", "--until --users "),
                             ("tollbrook status --y", "--yes ")):
             typed = line.split()
             script = PACKAGING / "completions" / "bash" / typed[0]

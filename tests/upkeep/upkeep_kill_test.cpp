@@ -52,6 +52,12 @@ qint64 TimeOf(const QStringList &arguments)
     return timer.elapsed();
 }
 
+// For whoever reads the log of a long run.
+void TellCount(const QString &what, int count)
+{
+    qInfo("of %d kills %d %s", Kills(), count, qPrintable(what));
+}
+
 // A server may go on for a moment with what the tool had sent before it was killed.
 void AwaitNobody(const QString &dsn)
 {
@@ -91,6 +97,7 @@ protected:
             EXPECT_EQ(EveryRowOf(there), before);
         }
         EXPECT_GT(refused, 0);
+        TellCount(u"were not whole and said so"_s, refused);
         EXPECT_EQ(EveryRowOf(Dsn()), before);
     }
 
@@ -126,6 +133,7 @@ TEST_P(Killed, ABackupIsThereAsAWholeOrNotAtAll)
         }
     }
     EXPECT_LT(made, Kills());
+    TellCount(u"had made the backup"_s, made);
     EXPECT_EQ(EveryRowOf(Dsn()), before);
 }
 

@@ -148,6 +148,39 @@ TEST_P(Upkeep, ACopyArrivesOnEveryEngineAndComesBackTheSame)
     }
 }
 
+// Every key and index, in the engine's words.
+QStringList KeysAndIndexes(const QString &engine, const QString &dsn)
+{
+    const QHash<QString, QString> queries {
+        {u"sqlite"_s, u"SELECT tbl_name, sql FROM sqlite_master ORDER BY tbl_name, name"_s},
+        {u"postgresql"_s,
+         u"SELECT i.tablename, i.indexdef, pg_get_constraintdef(c.oid) FROM pg_indexes i "
+         "LEFT JOIN pg_constraint c ON c.conname = i.indexname "
+         "WHERE i.schemaname = ANY (current_schemas(false)) ORDER BY i.indexname"_s},
+        {u"mariadb"_s,
+         u"SELECT table_name, index_name, seq_in_index, column_name, non_unique "
+         "FROM information_schema.statistics WHERE table_schema = DATABASE() "
+         "ORDER BY table_name, index_name, seq_in_index"_s}};
+    DirectConnection database;
+    EXPECT_TRUE(database.Open(dsn));
+    QStringList lines;
+    const auto rows = database.Rows(queries.value(engine));
+    EXPECT_TRUE(rows) << qPrintable(database.Error());
+    for (const QStringList &row : rows.value_or(QList<QStringList>())) {
+        lines << row.join(u'|');
+    }
+    return lines;
+}
+
+TEST_P(Upkeep, ACopyHasTheKeysAndIndexesOfItsSource)
+{
+    const QString there = Spare(u"spare"_s);
+    ASSERT_TRUE(CopyDatabase({Dsn(), there}, kQuiet));
+    const QStringList wanted = KeysAndIndexes(Engine(), Dsn());
+    EXPECT_GT(wanted.size(), 20);
+    EXPECT_EQ(KeysAndIndexes(Engine(), there), wanted);
+}
+
 TEST_P(Upkeep, ABackupIsRestoredOnEveryEngine)
 {
     const QStringList before = EveryRow();

@@ -1,5 +1,6 @@
 #include "ui/options/purge_dialog.h"
 
+#include "admin/purge_words.h"
 #include "app/perform.h"
 #include "app/waiting.h"
 #include "service/service_guard.h"

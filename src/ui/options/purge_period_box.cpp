@@ -1,13 +1,12 @@
 #include "ui/options/purge_period_box.h"
 
+#include "admin/purge_words.h"
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/common/moment_field.h"
 
-#include <QCoreApplication>
 #include <QFormLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QRadioButton>
 
 #include <algorithm>
@@ -22,22 +21,6 @@ DayField *DayPicker(const char *objectName)
     picker->setObjectName(QString::fromLatin1(objectName));
     return picker;
 }
-
-// An impossible day stands for the next one that exists.
-QDate FirstDate(const PurgeChoice &choice, QDate today)
-{
-    return ExistingDate(FirstDayKept(choice, today));
-}
-
-QString InWords(QDate date)
-{
-    return QLocale().toString(date, QLocale::LongFormat);
-}
-
-struct Words
-{
-    Q_DECLARE_TR_FUNCTIONS(PurgePeriod)
-};
 
 } // namespace
 
@@ -80,9 +63,9 @@ void PurgePeriodBox::AddPeriod(QFormLayout &rows, PurgeChoice::Keep keep, QRadio
 void PurgePeriodBox::ShowDays()
 {
     for (const Period &period : periods) {
-        const QDate first = FirstDate({period.keep, false, {}, {}}, Today());
+        const QDate first = FirstDateKept({period.keep, false, {}, {}}, Today());
         period.day->setText(
-            (first > Today() ? tr("from %1, after today") : tr("from %1")).arg(InWords(first)));
+            (first > Today() ? tr("from %1, after today") : tr("from %1")).arg(DayInWords(first)));
         period.button->setAccessibleDescription(period.day->text());
     }
 }
@@ -132,29 +115,4 @@ bool PurgePeriodBox::IsInOrder(Prompt &prompt)
     until->setFocus();
     until->selectAll();
     return false;
-}
-
-QString PurgeInWords(const PurgeChoice &choice, QDate today)
-{
-    if (choice.keep == PurgeChoice::Keep::Nothing) {
-        return choice.deleteUsers ? Words::tr("No record is kept, and no user.")
-                                  : Words::tr("No record is kept.");
-    }
-    const QString first = InWords(FirstDate(choice, today));
-    if (choice.keep == PurgeChoice::Keep::Custom) {
-        return Words::tr("Kept are the days from %1 to %2. All records before and after go.")
-            .arg(first, InWords(choice.until));
-    }
-    return Words::tr("Kept are the days from %1 to today, %2. All records before go.")
-        .arg(first, InWords(today));
-}
-
-std::optional<QString> QuestionOnLateDay(const PurgeChoice &choice, QDate today)
-{
-    if (choice.keep == PurgeChoice::Keep::Nothing || FirstDate(choice, today) <= today) {
-        return std::nullopt;
-    }
-    return Words::tr("The period that is kept begins on %1, which is after today. All records up "
-                     "to today would go. Continue?")
-        .arg(InWords(FirstDate(choice, today)));
 }

@@ -50,10 +50,3 @@ private:
     DayField *since;
     DayField *until;
 };
-
-// What is kept and what goes, in words for the question, with days as the locale writes them out.
-[[nodiscard]] QString PurgeInWords(const PurgeChoice &choice, QDate today);
-
-// The question that comes before the others when the first day kept lies after today: all there is
-// would go. Nothing for any other day.
-[[nodiscard]] std::optional<QString> QuestionOnLateDay(const PurgeChoice &choice, QDate today);

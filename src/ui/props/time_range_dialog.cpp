@@ -56,10 +56,8 @@ void TimeRangeDialog::accept()
     if (!HoldsMoment(prompt, *since) || !HoldsMoment(prompt, *until)) {
         return;
     }
-    if (Since() >= Until()) {
-        Complain(prompt, tr("Wrong time specification. Please re-enter"));
-    } else if (Day() == 0) {
-        Complain(prompt, tr("Please select day"));
+    if (const auto problem = WhyNoRange(Day(), Since(), Until())) {
+        Complain(prompt, *problem);
     } else {
         QDialog::accept();
     }
