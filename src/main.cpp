@@ -5,6 +5,7 @@
 #include "ui/common/message_box_prompt.h"
 #include "ui/common/window_memory.h"
 #include "ui/main/splitter_frame.h"
+#include "ui/main/upgrade_dialog.h"
 
 #include <QCommandLineParser>
 #include <QWindow>
@@ -138,7 +139,12 @@ int main(int argc, char **argv)
             frame->RunAndRefresh(frame->Dialogs().globalOptions);
         }
     };
-    app.SetUp(startUp, prompt, {.show = show, .begin = begin});
+    const auto offerUpgrade = [&](int version) {
+        const bool isUpgraded = OfferUpgrade(app.Services(), version, frame.get());
+        frame->Refresh(); // what was being read meanwhile was dropped
+        return isUpgraded;
+    };
+    app.SetUp(startUp, prompt, {.show = show, .begin = begin, .offerUpgrade = offerUpgrade});
     const int status = app.InitInstance() ? QApplication::exec() : EXIT_FAILURE;
     frame.reset();
     if (SessionThread::AbandonedCalls() > 0) {

@@ -2595,6 +2595,13 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>GroupKeys</name>
+    <message>
+        <source>Group %1, called &quot;%2&quot; as another one is, is named &quot;%3&quot;.</source>
+        <translation>Die Gruppe %1, die wie eine andere „%2“ heißt, wird „%3“ genannt.</translation>
+    </message>
+</context>
+<context>
     <name>GroupListModel</name>
     <message>
         <source>Group Name</source>
@@ -2647,6 +2654,21 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Group of %1</source>
         <translation>Gruppe von %1</translation>
+    </message>
+</context>
+<context>
+    <name>GuidedUpgrade</name>
+    <message>
+        <source>Making the backup...</source>
+        <translation>Die Sicherung wird angelegt...</translation>
+    </message>
+    <message>
+        <source>The backup is in %1.</source>
+        <translation>Die Sicherung liegt in %1.</translation>
+    </message>
+    <message>
+        <source>The backup was not made: %1</source>
+        <translation>Die Sicherung wurde nicht angelegt: %1</translation>
     </message>
 </context>
 <context>
@@ -4008,6 +4030,19 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>Reading the groups...</source>
         <translation>Die Gruppen werden gelesen …</translation>
+    </message>
+</context>
+<context>
+    <name>NobodyElse</name>
+    <message>
+        <source>Who is connected to &quot;%1&quot; cannot be told: %2</source>
+        <translation>Wer mit „%1“ verbunden ist, lässt sich nicht feststellen: %2</translation>
+    </message>
+    <message>
+        <source>Others are connected to the database of &quot;%1&quot;. End them first:
+%2</source>
+        <translation>Mit der Datenbank von „%1“ sind andere verbunden. Beenden Sie diese zuerst:
+%2</translation>
     </message>
 </context>
 <context>
@@ -6423,6 +6458,33 @@ Möchten Sie ihn ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>SchemaUpgrade</name>
+    <message>
+        <source>step %1: %2</source>
+        <translation>Schritt %1: %2</translation>
+    </message>
+    <message>
+        <source>The database of &quot;%1&quot; has no tables yet. Make them with &quot;create&quot;.</source>
+        <translation>Die Datenbank von „%1“ hat noch keine Tabellen. Legen Sie sie mit „create“ an.</translation>
+    </message>
+    <message>
+        <source>The data source &quot;%1&quot; cannot be opened: %2</source>
+        <translation>Die Datenquelle „%1“ kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>The version of the tables of &quot;%1&quot; cannot be read: %2</source>
+        <translation>Die Version der Tabellen von „%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The tables of &quot;%1&quot; have version %2; this program is made for version %3.</source>
+        <translation>Die Tabellen von „%1“ haben die Version %2; dieses Programm ist für die Version %3 gemacht.</translation>
+    </message>
+    <message>
+        <source>Step %1 failed: %2</source>
+        <translation>Schritt %1 ist fehlgeschlagen: %2</translation>
+    </message>
+</context>
+<context>
     <name>SchemaVersion</name>
     <message>
         <source>The database has version %1 of the tables, and this program is made for version %2. Bring it up to date with: %3</source>
@@ -7106,6 +7168,69 @@ Möchten Sie ihn ersetzen?</translation>
     <message>
         <source>All users are monitored.</source>
         <translation>Alle Benutzer werden überwacht.</translation>
+    </message>
+</context>
+<context>
+    <name>UpgradeDialog</name>
+    <message>
+        <source>Upgrade of the database</source>
+        <translation>Datenbank aktualisieren</translation>
+    </message>
+    <message>
+        <source>The tables of the database &quot;%1&quot; have version %2, and this program is made for version %3. The upgrade keeps what they hold.</source>
+        <translation>Die Tabellen der Datenbank „%1“ haben die Version %2, und dieses Programm ist für die Version %3 gemacht. Die Aktualisierung behält, was darin steht.</translation>
+    </message>
+    <message>
+        <source>What the upgrade does</source>
+        <translation>Was die Aktualisierung tut</translation>
+    </message>
+    <message>
+        <source>Nobody else may be connected meanwhile: stop the accounting service, and close other consoles and reports.</source>
+        <translation>Niemand sonst darf dabei verbunden sein: Halten Sie den Abrechnungsdienst an, und schließen Sie andere Konsolen und Berichte.</translation>
+    </message>
+    <message>
+        <source>&amp;Make a backup before, in this file:</source>
+        <translation>&amp;Vorher eine Sicherung anlegen, in dieser Datei:</translation>
+    </message>
+    <message>
+        <source>File of the backup</source>
+        <translation>Datei der Sicherung</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>&amp;Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>The upgrade is at work</source>
+        <translation>Die Aktualisierung läuft</translation>
+    </message>
+    <message>
+        <source>&amp;Upgrade</source>
+        <translation>&amp;Aktualisieren</translation>
+    </message>
+    <message>
+        <source>&amp;Not now</source>
+        <translation>&amp;Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>What the upgrade would do cannot be told.</source>
+        <translation>Was die Aktualisierung tun würde, lässt sich nicht feststellen.</translation>
+    </message>
+    <message>
+        <source>Please enter the file of the backup</source>
+        <translation>Bitte geben Sie die Datei der Sicherung ein</translation>
+    </message>
+    <message>
+        <source>The tables are up to date.</source>
+        <translation>Die Tabellen sind auf dem neuesten Stand.</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>The upgrade was not made, and nothing is lost. Somebody who may alter the tables can make it with: tollbrook-db upgrade --dsn %1</source>
+        <translation>Die Aktualisierung ist nicht erfolgt, und nichts ist verloren. Wer die Tabellen ändern darf, kann sie so vornehmen: tollbrook-db upgrade --dsn %1</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,7 @@
 #include "ui/common/help_window.h"
 #include "ui/main/administrator_view.h"
 #include "ui/main/splitter_frame.h"
+#include "ui/main/upgrade_dialog.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -13,6 +14,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
@@ -89,6 +91,19 @@ void WaitUntil(Studio &studio, const QString &what, const std::function<bool()> 
         }
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
+}
+
+// As it stands before anything is upgraded: what it would do is looked at beside the window.
+void DrawUpgrade(Studio &studio)
+{
+    if (!studio.Wants(u"upgrade"_s)) {
+        return;
+    }
+    UpgradeDialog window(studio.Services(), 0, &studio.Frame());
+    window.show();
+    const auto &later = *window.findChild<QPushButton *>(u"close"_s);
+    WaitUntil(studio, u"the look at the upgrade"_s, [&later] { return later.isEnabled(); });
+    studio.Draw(u"upgrade"_s, window);
 }
 
 // Commands follow the selection a moment later.
@@ -197,4 +212,5 @@ void DrawMainWindow(Studio &studio)
     studio.DrawDialog(u"about"_s, [&] { Trigger(studio, u"about"_s); });
     DrawHelp(studio);
     DrawFailures(studio);
+    DrawUpgrade(studio);
 }

@@ -108,7 +108,7 @@ void LockMembers(ActionRun &run,
     }
 }
 
-void WriteGroup(ActionRun &run, const GroupPlan &plan, const GroupModeFacts &facts)
+void WriteGroup(ActionRun &run, const GroupPlan &plan, const GroupModeFacts &facts, bool isRenamed)
 {
     if (plan.protocols.ChangesPorts()) {
         run.Watch({"port_blocked", "group_id", plan.groupId.value, "pb_id"});
@@ -118,6 +118,9 @@ void WriteGroup(ActionRun &run, const GroupPlan &plan, const GroupModeFacts &fac
               plan.name,
               plan.description,
               plan.groupId);
+    if (isRenamed) {
+        ClaimGroupName(run, plan.name, plan.groupId);
+    }
     WriteBlock(run, plan);
     WriteProtocols(run, plan.groupId, plan.protocols);
     WriteGroupMode(run, plan, facts);
@@ -136,14 +139,15 @@ AccountingMode ApplyGroup(ActionRun &run, const GroupRecord &record)
     const Settler settle(record.Self(),
                          [&run](const Question &question) { return run.Ask(question); });
     GroupPlan plan = PlanGroup(record, *now, settle);
-    if (plan.name != now->base.name) {
+    const bool isRenamed = plan.name != now->base.name;
+    if (isRenamed) {
         RefuseBadGroupName(run, plan.name, plan.groupId);
     }
     PlanMembers(run, plan, record.members, settle);
     const GroupModeFacts facts = ReadGroupModeFacts(run, plan);
     if (!run.IsStopped()) {
         LockMembers(run, plan, facts, record.account);
-        WriteGroup(run, plan, facts);
+        WriteGroup(run, plan, facts, isRenamed);
     }
     return plan.mode;
 }

@@ -3,6 +3,7 @@
 #include "access/group_gone.h"
 #include "access/group_list.h"
 #include "base/text.h"
+#include "db/group_keys.h"
 #include "db/query.h"
 #include "db/value_codes.h"
 
@@ -18,6 +19,27 @@ struct Words
 {
     Q_DECLARE_TR_FUNCTIONS(GroupName)
 };
+
+QString AsStored(const QString &name)
+{
+    return TextFromUtf8(Utf8Cut(name, kMaxTextBytes).toStdString());
+}
+
+// A key of a name that its group no longer has was left by a program that does not know of keys.
+void FreeForgottenKey(ActionRun &run, const QString &key)
+{
+    const auto holders = run.Take(ReadAll(
+        "SELECT name, group_id FROM groups WHERE name_key = (?)",
+        [](const Row &row) {
+            return NamedGroup {row.Text(1), row.Id<GroupId>(2)};
+        },
+        key));
+    for (const NamedGroup &holder : holders) {
+        if (GroupKey(holder.name) != key) {
+            run.Write("UPDATE groups SET name_key = NULL WHERE group_id = (?)", holder.groupId);
+        }
+    }
+}
 
 } // namespace
 
@@ -45,7 +67,7 @@ void LockToNameGroup(ActionRun &run, std::vector<GroupId> groupIds)
 
 void RefuseBadGroupName(ActionRun &run, const QString &name, std::optional<GroupId> own)
 {
-    const QString key = NameKey(TextFromUtf8(Utf8Cut(name, kMaxTextBytes).toStdString()));
+    const QString key = NameKey(AsStored(name));
     if (key.isEmpty()) {
         run.Refuse(NoGroupNameText());
         return;
@@ -59,4 +81,19 @@ void RefuseBadGroupName(ActionRun &run, const QString &name, std::optional<Group
     if (isTaken) {
         run.Refuse(GroupNameTakenText());
     }
+}
+
+void ClaimGroupName(ActionRun &run, const QString &name, GroupId groupId)
+{
+    const QString key = GroupKey(AsStored(name));
+    if (run.IsStopped() || key.isEmpty()
+        || run.Take(OpenedSchemaVersion())
+            < kGroupKeysVersion) { // older tables are worked with, too
+        return;
+    }
+    FreeForgottenKey(run, key);
+    run.WriteUnique(GroupNameTakenText(),
+                    "UPDATE groups SET name_key = (?) WHERE group_id = (?)",
+                    key,
+                    groupId);
 }

@@ -142,6 +142,9 @@ Action RenameGroupAction(GroupId groupId, const QString &name)
                     RefuseBadGroupName(run, name, groupId);
                 }
                 run.Write("UPDATE groups SET name=(?) WHERE group_id = (?)", name, groupId);
+                if (present != name) {
+                    ClaimGroupName(run, name, groupId);
+                }
             }};
 }
 
@@ -160,6 +163,7 @@ GroupId AddGroup(ActionRun &run, const QString &name)
         run.Refuse(Words::tr("The new group cannot be found by its name. Nothing was changed."));
         return {};
     }
+    ClaimGroupName(run, name, *groupId);
     // Read once more after a commit that was not answered, the row tells that it is kept.
     run.WatchAdded({"groups", "group_id", groupId->value, "group_id"});
     return *groupId;

@@ -81,6 +81,15 @@ bool ActionRun::Wrote(Result<qint64> result, const std::function<Result<bool>()>
     return true;
 }
 
+bool ActionRun::WroteUnique(Result<qint64> result, const QString &reason)
+{
+    if (!result && result.error().kind == Failure::Kind::NotUnique) {
+        Refuse(reason);
+        return false;
+    }
+    return Wrote(std::move(result), {});
+}
+
 bool ActionRun::Ask(const Question &question)
 {
     const auto answer = answers.constFind(question.key);

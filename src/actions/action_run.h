@@ -56,6 +56,14 @@ public:
         return !IsStopped() && Wrote(WriteRows(sqlText, values...), isDone);
     }
 
+    // The same for a value that only one row may have: where another row has it by now, the run is refused
+    // for `reason`.
+    template <typename... Values>
+    bool WriteUnique(const QString &reason, const char *sqlText, const Values &...values)
+    {
+        return !IsStopped() && WroteUnique(WriteRows(sqlText, values...), reason);
+    }
+
     // The rows that the last statement changed.
     [[nodiscard]] qint64 ChangedRows() const { return changedRows; }
 
@@ -105,6 +113,7 @@ private:
     void Note(Failure failure);
     void Keep(const RowSet &rows, bool lock);
     bool Wrote(Result<qint64> result, const std::function<Result<bool>()> &isDone);
+    bool WroteUnique(Result<qint64> result, const QString &reason);
 
     const ActionKind &kind;
     const Answers &answers;

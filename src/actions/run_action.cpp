@@ -28,6 +28,12 @@ bool IsSecret(const QString &column)
     return column == QLatin1StringView("pwd");
 }
 
+// What only repeats a group's name, for the database to compare.
+bool IsKeyOfName(const QString &column)
+{
+    return column == QLatin1StringView("name_key");
+}
+
 // "column=value" of the columns in which the images differ; of all of them without another image.
 QStringList Differing(const RowImage &image, const RowImage *other)
 {
@@ -35,7 +41,8 @@ QStringList Differing(const RowImage &image, const RowImage *other)
     const QStringList others = other == nullptr ? QStringList() : ValuesOf(*other);
     QStringList differing;
     for (qsizetype i = 0; i < image.columns.size(); ++i) {
-        if (other == nullptr || others.value(i) != values[i]) {
+        const bool differs = other == nullptr || others.value(i) != values[i];
+        if (differs && !IsKeyOfName(image.columns[i])) {
             const QString shown = IsSecret(image.columns[i]) ? QStringLiteral("***") : values[i];
             differing << image.columns[i] + u'=' + shown;
         }

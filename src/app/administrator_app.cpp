@@ -91,9 +91,17 @@ void CAdministratorApp::OpenDatabase()
 
 void CAdministratorApp::TellOfOlderSchema(int version)
 {
-    if (AgeOf(version) == SchemaAge::Older && !std::exchange(olderSchemaTold, true)) {
+    const bool isNews = AgeOf(version) == SchemaAge::Older && !std::exchange(olderSchemaTold, true);
+    if (isNews && !IsUpgraded(version)) {
         prompt->Tell(OlderSchemaText(version, program->dataSource), Prompt::Icon::Warning);
     }
+}
+
+// Whoever changes nothing is only told.
+bool CAdministratorApp::IsUpgraded(int olderVersion) const
+{
+    return !services->onlyLooks && frameTemplate.offerUpgrade
+        && frameTemplate.offerUpgrade(olderVersion);
 }
 
 // A database that could not be opened at the start is opened later on.

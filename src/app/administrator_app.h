@@ -14,6 +14,8 @@ struct FrameTemplate
 {
     std::function<bool()> show; // false when it cannot be created
     std::function<void()> begin; // its first-start work, once all is there that can be reached
+    // Offers to upgrade the tables, which have this older version; true when they are up to date by then.
+    std::function<bool(int version)> offerUpgrade = {};
 };
 
 class CAdministratorApp : public QApplication
@@ -44,6 +46,7 @@ private:
     void MakeServices();
     void OpenDatabase();
     void TellOfOlderSchema(int version);
+    [[nodiscard]] bool IsUpgraded(int olderVersion) const;
     void LookAtSchemaAgain(bool isOpen);
     void ReachService();
     void Close();

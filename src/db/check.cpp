@@ -1,10 +1,12 @@
 #include "db/check.h"
 
 #include "db/direct_connection.h"
+#include "db/group_keys.h"
 #include "db/schema_version.h"
 #include "db/translation.h"
 
 #include <QCoreApplication>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +23,8 @@ struct Words
 enum class Kind { Wrong, Left };
 
 // The sentence follows a count, for which the query stands: it gives the rows that are meant, or,
-// where it groups them, one row for each value that is there too often.
+// where it groups them, one row for each value that is there too often. Without a query the program
+// itself looks, see Count.
 struct Check
 {
     const char *sentence;
@@ -30,12 +33,17 @@ struct Check
     int since = 0; // the version of the schema that brought the tables
 };
 
+// Found by the program's own rule for names, which no query knows.
+constexpr char kTwins[] = "names are held by more than one group";
+constexpr char kWrongKeys[] =
+    "groups are not kept apart by their names, whose keys are missing or old";
+
 constexpr Check kChecks[] = {
     // Groups and users
     {"groups \"Everybody\" (80) are missing, into which users fall back",
      "SELECT 1 FROM (SELECT COUNT(*) AS found FROM groups WHERE group_id = 80) e WHERE found = 0"},
-    {"names are held by more than one group",
-     "SELECT name FROM groups GROUP BY name HAVING COUNT(*) > 1"},
+    {kTwins, nullptr},
+    {kWrongKeys, nullptr, Kind::Wrong, kGroupKeysVersion},
     {"groups have a mode other than 0, 1 and 2",
      "SELECT 1 FROM groups WHERE mode NOT IN (0, 1, 2)"},
     {"groups have a traffic limit with a period that is neither day nor month",
@@ -217,6 +225,32 @@ constexpr Check kChecks[] = {
      1},
 };
 
+std::optional<qint64> CountBySql(DirectConnection &database, const Check &check)
+{
+    const std::string query = Translate(database.Engine(), check.query);
+    const auto count =
+        database.Rows(u"SELECT COUNT(*) FROM (%1) wrong"_s.arg(QString::fromStdString(query)));
+    return count ? std::optional(count->first().first().toLongLong()) : std::nullopt;
+}
+
+// How often it is found; nothing when that cannot be read.
+std::optional<qint64> Count(DirectConnection &database, const Check &check)
+{
+    if (check.query != nullptr) {
+        return CountBySql(database, check);
+    }
+    if (check.sentence == kTwins) {
+        const auto twins = TwinsOfGroups(database);
+        QSet<QString> names;
+        for (const GroupRename &twin : twins.value_or(QList<GroupRename>())) {
+            names.insert(GroupKey(twin.from));
+        }
+        return twins ? std::optional<qint64>(names.size()) : std::nullopt;
+    }
+    const auto faults = FindGroupKeyFaults(database);
+    return faults ? std::optional<qint64>(faults->wrongKeys.size()) : std::nullopt;
+}
+
 } // namespace
 
 QStringList CheckSentences()
@@ -254,16 +288,14 @@ CheckResult CheckDatabase(const QString &dsn)
         if (check.since > *version) {
             continue;
         }
-        const std::string query = Translate(database.Engine(), check.query);
-        const auto count =
-            database.Rows(u"SELECT COUNT(*) FROM (%1) wrong"_s.arg(QString::fromStdString(query)));
-        if (!count) {
+        const auto found = Count(database, check);
+        if (!found) {
             result.failure = Words::tr("A check of \"%1\" failed: %2").arg(dsn, database.Error());
             return result;
         }
-        if (const QString found = count->first().first(); found != u"0"_s) {
+        if (*found != 0) {
             QStringList &sentences = check.kind == Kind::Wrong ? result.findings : result.notes;
-            sentences << found + u' ' + QString::fromUtf8(check.sentence) + u'.';
+            sentences << QString::number(*found) + u' ' + QString::fromUtf8(check.sentence) + u'.';
         }
     }
     return result;

@@ -3,6 +3,7 @@
 #include "base/day.h"
 #include "db/demo_people.h"
 #include "db/demo_usage.h"
+#include "db/group_keys.h"
 #include "db/row_writer.h"
 #include "db/schema_version.h"
 
@@ -25,7 +26,7 @@ MakeGroups(DirectConnection &database, int count, DemoChance &chance)
         groups << MakeDemoGroup(index);
         rows.Add(DemoGroupRow(index, groups.last(), chance));
     }
-    if (!rows.Finish() || !database.Commit()) {
+    if (!rows.Finish() || !MakeGroupKeys(database) || !database.Commit()) {
         return std::nullopt;
     }
     const QString query = u"SELECT group_id FROM %1groups%1 ORDER BY group_id"_s.arg(

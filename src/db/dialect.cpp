@@ -13,9 +13,11 @@ constexpr FailureCode kSqliteFailures[] = {
     {"", 5, Kind::Locked}, // SQLITE_BUSY
     {"", 6, Kind::Locked}, // SQLITE_LOCKED
     {"", 9, Kind::Cancelled}, // SQLITE_INTERRUPT
+    {"", 19, Kind::NotUnique}, // SQLITE_CONSTRAINT: the schema has no other that a statement breaks
 };
 
 constexpr FailureCode kPostgresqlFailures[] = {
+    {"23505", 0, Kind::NotUnique},
     {"40001", 0, Kind::Conflict},
     {"40P01", 0, Kind::Conflict},
     {"55P03", 0, Kind::Locked},
@@ -34,6 +36,7 @@ constexpr FailureCode kPostgresqlFailures[] = {
 };
 
 constexpr FailureCode kMariadbFailures[] = {
+    {"", 1062, Kind::NotUnique},
     {"", 1213, Kind::Conflict}, // deadlock, or refused by a cluster's certification
     {"", 1205, Kind::Locked},
     {"", 1317, Kind::Cancelled},

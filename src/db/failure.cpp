@@ -15,6 +15,7 @@ QString Reason(Failure::Kind kind)
 {
     switch (kind) {
     case Failure::Kind::Refused:
+    case Failure::Kind::NotUnique:
         return Words::tr("The database refused it.");
     case Failure::Kind::Locked:
         return Words::tr("Another program holds the database.");

@@ -12,6 +12,7 @@ struct Failure
 {
     enum class Kind {
         Refused, // by the engine, for what the statement says or its account may do
+        NotUnique, // by the engine: another row has what only one may have
         Locked, // another program held the rows or the database for too long
         Conflict, // the transaction lost against another one; it may be run again as a whole
         ConnectionLost, // nothing was kept of what had not been committed

@@ -1,15 +1,23 @@
 #include "db/schema_upgrade.h"
 
 #include "db/direct_connection.h"
+#include "db/group_keys.h"
 #include "db/schema_scripts.h"
 #include "db/schema_version.h"
 #include "db/translation.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(SchemaUpgrade)
+};
 
 UpgradeOutcome Failed(const QString &problem)
 {
@@ -31,6 +39,12 @@ bool RunAll(DirectConnection &database, const QStringList &statements)
     });
 }
 
+// What a step does that no statement says.
+bool RunWork(DirectConnection &database, const SchemaStep &step)
+{
+    return step.number != kGroupKeysVersion || MakeGroupKeys(database);
+}
+
 // Within the transaction the version is read once more: another upgrade may have got there first. False
 // when it failed, with nothing rolled back yet.
 bool Transact(DirectConnection &database, const SchemaStep &step)
@@ -43,7 +57,8 @@ bool Transact(DirectConnection &database, const SchemaStep &step)
         return false;
     }
     const bool done = *version >= step.number
-        || (RunAll(database, step.statements) && RunAll(database, VersionStatements(step.number)));
+        || (RunAll(database, step.statements) && RunWork(database, step)
+            && RunAll(database, VersionStatements(step.number)));
     return done && database.Run(u"COMMIT"_s);
 }
 
@@ -60,6 +75,26 @@ std::optional<QString> RunStep(DirectConnection &database, const SchemaStep &ste
                                                               : std::optional(reason);
 }
 
+// Tells of the step, and of each row that is not going to be what it was. Nothing, or why that cannot be
+// told.
+std::optional<QString> Announce(DirectConnection &database,
+                                const SchemaStep &step,
+                                const std::function<void(QString)> &tell)
+{
+    tell(Words::tr("step %1: %2").arg(step.number).arg(step.name));
+    if (step.number != kGroupKeysVersion) {
+        return std::nullopt;
+    }
+    const auto twins = TwinsOfGroups(database);
+    if (!twins) {
+        return database.Error();
+    }
+    for (const GroupRename &twin : *twins) {
+        tell(twin.InWords());
+    }
+    return std::nullopt;
+}
+
 // Nothing when the database can be upgraded.
 std::optional<UpgradeOutcome> Obstacle(DirectConnection &database, const QString &dsn, int version)
 {
@@ -72,7 +107,8 @@ std::optional<UpgradeOutcome> Obstacle(DirectConnection &database, const QString
     }
     if (!*hasTables) {
         return Failed(
-            u"The database of \"%1\" has no tables yet. Make them with \"create\"."_s.arg(dsn));
+            Words::tr("The database of \"%1\" has no tables yet. Make them with \"create\".")
+                .arg(dsn));
     }
     return std::nullopt;
 }
@@ -84,27 +120,29 @@ UpgradeSchema(const QString &dsn, UpgradeMode mode, const std::function<void(QSt
 {
     DirectConnection database;
     if (!database.Open(dsn)) {
-        return Failed(u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error()));
+        return Failed(
+            Words::tr("The data source \"%1\" cannot be opened: %2").arg(dsn, database.Error()));
     }
     const auto version = SchemaVersionOf(database);
     if (!version) {
-        return Failed(
-            u"The version of the tables of \"%1\" cannot be read: %2"_s.arg(dsn, database.Error()));
+        return Failed(Words::tr("The version of the tables of \"%1\" cannot be read: %2")
+                          .arg(dsn, database.Error()));
     }
     if (auto obstacle = Obstacle(database, dsn, *version)) {
         return *std::move(obstacle);
     }
-    tell(u"The tables of \"%1\" have version %2; this program is made for version %3."_s.arg(
-        dsn, QString::number(*version), QString::number(NewestSchema())));
+    tell(Words::tr("The tables of \"%1\" have version %2; this program is made for version %3.")
+             .arg(dsn, QString::number(*version), QString::number(NewestSchema())));
     for (const SchemaStep &step : SchemaSteps(database.Engine())) {
         if (step.number <= *version) {
             continue;
         }
-        tell(u"step %1: %2"_s.arg(step.number).arg(step.name));
-        const auto problem =
-            mode == UpgradeMode::Run ? RunStep(database, step) : std::optional<QString>();
+        auto problem = Announce(database, step, tell);
+        if (!problem && mode == UpgradeMode::Run) {
+            problem = RunStep(database, step);
+        }
         if (problem) {
-            return Failed(u"Step %1 failed: %2"_s.arg(step.number).arg(*problem));
+            return Failed(Words::tr("Step %1 failed: %2").arg(step.number).arg(*problem));
         }
     }
     return {};

@@ -21,7 +21,7 @@ enum class UpgradeMode { Run, DryRun };
 
 // Runs each step that the data source's database has not behind it, all of it or nothing in one
 // transaction; MariaDB keeps each statement by itself, and a step that broke off there is run again from
-// its beginning the next time. Upgrades may run at the same time. `tell` hears of the versions and of
-// each step before it is run, in English; a dry run does no more than that.
+// its beginning the next time. Upgrades may run at the same time. `tell` hears of the versions, of
+// each step before it is run, and of each row that the step renames; a dry run does no more than that.
 [[nodiscard]] UpgradeOutcome
 UpgradeSchema(const QString &dsn, UpgradeMode mode, const std::function<void(QString)> &tell);

@@ -6,6 +6,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -51,8 +53,14 @@ std::vector<TableShape> TableShapes(int version)
 {
     static const QRegularExpression kTable(u"^CREATE TABLE (\\w+) \\((.*)\\)$"_s,
                                            QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression kAddition(u"^ALTER TABLE (\\w+) ADD COLUMN (.*)$"_s);
     std::vector<TableShape> shapes;
     for (const QString &statement : SchemaStatements(kSqlite, version)) {
+        if (const auto addition = kAddition.match(statement); addition.hasMatch()) {
+            const auto changed = std::ranges::find(shapes, addition.captured(1), &TableShape::name);
+            Q_ASSERT(changed != shapes.end());
+            AddLine(addition.captured(2), *changed);
+        }
         const auto table = kTable.match(statement);
         if (!table.hasMatch() || table.captured(1) == kVersionTable) {
             continue;

@@ -3,12 +3,18 @@
 #include "db/maintenance.h"
 #include "db/schema_version.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(NobodyElse)
+};
 
 // A server still tells for a moment of a connection that has just ended.
 std::optional<QStringList> OthersWhoStay(DirectConnection &database)
@@ -30,12 +36,12 @@ Told<void> NobodyElse(DirectConnection &database, const QString &dsn)
     const auto others = OthersWhoStay(database);
     if (!others) {
         return tl::unexpected(
-            u"Who is connected to \"%1\" cannot be told: %2"_s.arg(dsn, database.Error()));
+            Words::tr("Who is connected to \"%1\" cannot be told: %2").arg(dsn, database.Error()));
     }
     if (!others->isEmpty()) {
         return tl::unexpected(
-            u"Others are connected to the database of \"%1\". End them first:\n%2"_s.arg(
-                dsn, others->join(u'\n')));
+            Words::tr("Others are connected to the database of \"%1\". End them first:\n%2")
+                .arg(dsn, others->join(u'\n')));
     }
     return {};
 }

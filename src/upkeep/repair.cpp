@@ -1,10 +1,13 @@
 #include "upkeep/repair.h"
 
 #include "db/direct_connection.h"
+#include "db/group_keys.h"
 #include "db/maintenance.h"
 #include "db/schema_version.h"
 #include "db/translation.h"
 #include "upkeep/nobody_else.h"
+
+#include <QSet>
 
 #include <algorithm>
 
@@ -114,6 +117,28 @@ bool ChangeRow(DirectConnection &database, const Mend &mend, const QStringList &
     });
 }
 
+// The names of groups and their keys, which no query finds.
+Told<int> MendGroups(DirectConnection &database, RepairMode mode, const Tell &tell)
+{
+    const auto faults = FindGroupKeyFaults(database);
+    if (!faults) {
+        return tl::unexpected(database.Error());
+    }
+    QSet<int> mended;
+    for (const GroupRename &twin : faults->twins) {
+        tell(twin.InWords());
+        mended << twin.groupId;
+    }
+    for (const int groupId : faults->wrongKeys) {
+        if (!mended.contains(groupId)) {
+            tell(u"Group %1 gets the key of its name."_s.arg(groupId));
+            mended << groupId;
+        }
+    }
+    const bool done = mode == RepairMode::DryRun || mended.isEmpty() || MakeGroupKeys(database);
+    return done ? Told<int>(static_cast<int>(mended.size())) : tl::unexpected(database.Error());
+}
+
 // Tells of the rows, and in a run changes them.
 Told<int> MendAll(DirectConnection &database, RepairMode mode, const Tell &tell)
 {
@@ -131,7 +156,7 @@ Told<int> MendAll(DirectConnection &database, RepairMode mode, const Tell &tell)
             ++mended;
         }
     }
-    return mended;
+    return MendGroups(database, mode, tell).map([=](int groups) { return mended + groups; });
 }
 
 Told<void> Open(DirectConnection &database, const QString &dsn)

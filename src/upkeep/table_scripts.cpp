@@ -21,7 +21,7 @@ const QRegularExpression &IndexStart()
 bool BelongsToTables(const QString &statement)
 {
     return !IndexStart().match(statement).hasMatch() && !statement.startsWith(u"INSERT "_s)
-        && !statement.contains(kVersionTable);
+        && !statement.startsWith(u"UPDATE "_s) && !statement.contains(kVersionTable);
 }
 
 QStringList Mark(const Dialect &dialect)

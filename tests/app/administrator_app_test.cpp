@@ -40,6 +40,7 @@ struct StartUpTest : DatabaseFixture
     int frames = 0;
     int begun = 0;
     bool frameWorks = true;
+    std::function<bool(int version)> offerUpgrade {};
 
     void SetUp() override
     {
@@ -83,7 +84,7 @@ struct StartUpTest : DatabaseFixture
         const auto begin = [this] { ++begun; };
         App().SetUp({.configFolder = Store().Folder(), .bus = connection},
                     prompt,
-                    {.show = show, .begin = begin});
+                    {.show = show, .begin = begin, .offerUpgrade = offerUpgrade});
         return App().InitInstance();
     }
     bool Start() { return StartOn(bus.Connection()); }
@@ -133,6 +134,28 @@ TEST_F(StartUpTest, AnOlderSchemaIsToldOnceAndWorkedWith)
     EXPECT_TRUE(OlderSchemaText(0, Dsn()).contains(u"tollbrook-db upgrade --dsn "_s + Dsn()));
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(begun, 1);
+}
+
+TEST_F(StartUpTest, AnUpgradeOfAnOlderSchemaIsOfferedOnceAndToldWhenItIsDeclined)
+{
+    Write(values::kBillDsn, Dsn());
+    test_data_source::ForgetSchemaVersion(Dsn());
+    for (const bool accepted : {true, false}) {
+        QList<int> offered;
+        offerUpgrade = [&](int version) {
+            EXPECT_EQ(begun, accepted ? 0 : 1) << "before the work of the first start";
+            offered << version;
+            return accepted;
+        };
+        EXPECT_TRUE(Start());
+        EXPECT_EQ(offered, QList<int> {0});
+        EXPECT_EQ(prompt.TakeSaid(),
+                  accepted ? QStringList() : QStringList {OlderSchemaText(0, Dsn())});
+        App().Services().database.Reopen();
+        EXPECT_TRUE(IsOpen());
+        EXPECT_EQ(offered.size(), 1);
+    }
+    offerUpgrade = {};
 }
 
 TEST_F(StartUpTest, AnOlderSchemaIsToldWhenTheDatabaseComesLater)

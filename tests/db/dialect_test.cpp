@@ -178,13 +178,13 @@ TEST(Dialects, KnowWhatAFailureMeans)
     using Kind = Failure::Kind;
     const CodeCase cases[] = {
         {kSqlite, "HY000", 1, Kind::Refused}, // an error of the statement
-        {kSqlite, "HY000", 19, Kind::Refused}, // a constraint
+        {kSqlite, "HY000", 19, Kind::NotUnique}, // a constraint
         {kSqlite, "HY000", 10, Kind::Refused}, // the disk
         {kSqlite, "HY000", 5, Kind::Locked},
         {kSqlite, "HY000", 6, Kind::Locked},
         {kSqlite, "HY000", 9, Kind::Cancelled},
         {kSqlite, "00000", 0, Kind::Refused}, // nothing was told
-        {kPostgresql, "23505", 1, Kind::Refused},
+        {kPostgresql, "23505", 1, Kind::NotUnique},
         {kPostgresql, "42703", 1, Kind::Refused},
         {kPostgresql, "25006", 1, Kind::NotWritable}, // a standby
         {kPostgresql, "25P02", 1, Kind::Refused}, // what follows a failure in a transaction
@@ -202,7 +202,7 @@ TEST(Dialects, KnowWhatAFailureMeans)
         {kPostgresql, "25P03", 35, Kind::ConnectionLost}, // idle for too long in a transaction
         {kPostgresql, "HY000", 8, Kind::ConnectionLost}, // "internal SAVEPOINT failed"
         {kPostgresql, "HY000", 1, Kind::Refused},
-        {kMariadb, "23000", 1062, Kind::Refused},
+        {kMariadb, "23000", 1062, Kind::NotUnique},
         {kMariadb, "42S22", 1054, Kind::Refused},
         {kMariadb, "HY018", 1969, Kind::Refused}, // a limit of the server's own
         {kMariadb, "40001", 1213, Kind::Conflict},

@@ -73,6 +73,12 @@ struct Fault
 constexpr Fault kFaults[] = {
     {"DELETE FROM groups WHERE group_id = 80", "1 groups \"Everybody\" (80) are missing"},
     {"INSERT INTO groups (name) VALUES ('EVERYBODY')", "1 names are held by more than one group"},
+    {"INSERT INTO groups (name) VALUES ('\u00c4rzte'), (' \u00e4rzte')",
+     "1 names are held by more than one group"},
+    {"UPDATE groups SET name_key = NULL WHERE group_id = 80",
+     "1 groups are not kept apart by their names"},
+    {"UPDATE groups SET name = 'All' WHERE group_id = 80",
+     "1 groups are not kept apart by their names"},
     {"INSERT INTO users (username, group_id) VALUES ('a', 0)", "1 users belong to no group (0)"},
     {"INSERT INTO users (username, group_id) VALUES ('a', 999)",
      "1 users belong to a group that does not exist"},
@@ -340,6 +346,8 @@ TEST(Tool, UpgradesAnOlderDatabaseAndStaysAwayFromANewerOne)
          {"service_counters", "service_gateways", "credit_use", "schema_version"}) {
         ASSERT_TRUE(database.Run(u"DROP TABLE "_s + QLatin1StringView(table)));
     }
+    ASSERT_TRUE(database.Run(u"DROP INDEX groups_name_key"_s));
+    ASSERT_TRUE(database.Run(u"ALTER TABLE groups DROP COLUMN name_key"_s));
     const Ended noted = run({u"check"_s});
     EXPECT_EQ(noted.status, 0);
     EXPECT_TRUE(noted.output.startsWith(u"note: "_s + older)) << qPrintable(noted.output);

@@ -50,6 +50,12 @@ const std::pair<const char *, QString> kMendable[] = {
     {"INSERT INTO Port_blocked (pb_id, user_id, port_id) VALUES (900, 900, 1)", {}},
     {"INSERT INTO Port_blocked (pb_id, user_id, port_id) VALUES (901, 900, 1)",
      u"Port 1 was denied to user 900 more than once: record 901 is removed."_s},
+    {"INSERT INTO groups (group_id, name) VALUES (700, 'EVERYBODY ')",
+     u"Group 700, called \"EVERYBODY \" as another one is, is named \"EVERYBODY (2)\"."_s},
+    {"INSERT INTO groups (group_id, name) VALUES (701, 'keyless')",
+     u"Group 701 gets the key of its name."_s},
+    {"INSERT INTO groups (group_id, name, name_key) VALUES (702, 'renamed', 'that of another name')",
+     u"Group 702 gets the key of its name."_s},
     {"INSERT INTO schema_version (version) VALUES (0)",
      u"The version 0 of the tables, which is not the last one, is removed."_s}};
 
@@ -76,8 +82,8 @@ TEST_P(Repairs, MendWithoutLossAndTellEachRow)
     QStringList told;
     const auto mended = Repair(wish, RepairMode::Run, [&](const QString &line) { told << line; });
     ASSERT_TRUE(mended) << qPrintable(mended.error());
-    EXPECT_EQ(*mended, 9);
-    EXPECT_EQ(told.size(), 10); // with the line of the backup
+    EXPECT_EQ(*mended, 12);
+    EXPECT_EQ(told.size(), 13); // with the line of the backup
     for (const auto &[statement, line] : kMendable) {
         EXPECT_TRUE(line.isEmpty() || told.contains(line))
             << qPrintable(line) << "\n in " << qPrintable(told.join(u'\n'));
@@ -110,8 +116,8 @@ TEST_P(Repairs, OfADryRunAreOnlyTold)
 {
     const QStringList before = EveryRow();
     QStringList told;
-    EXPECT_EQ(Repair(wish, RepairMode::DryRun, [&](const QString &line) { told << line; }), 9);
-    EXPECT_EQ(told.size(), 9);
+    EXPECT_EQ(Repair(wish, RepairMode::DryRun, [&](const QString &line) { told << line; }), 12);
+    EXPECT_EQ(told.size(), 12);
     EXPECT_EQ(EveryRow(), before);
     EXPECT_FALSE(QFile::exists(wish.file));
 }

@@ -68,7 +68,8 @@ private:
             statements << u"DELETE FROM "_s + quote + table + quote;
         }
         statements << CounterResets(database);
-        statements << SchemaStatements(database.Engine()).filter(QRegularExpression(u"^INSERT"_s));
+        statements << SchemaStatements(database.Engine())
+                          .filter(QRegularExpression(u"^(INSERT|UPDATE)"_s));
         for (const QString &statement : statements) {
             if (!database.Run(statement)) {
                 return database.Error();
