@@ -2097,6 +2097,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>This program cannot work with the database.</source>
         <translation>Mit dieser Datenbank kann dieses Programm nicht arbeiten.</translation>
     </message>
+    <message>
+        <source>A file could not be written.</source>
+        <translation>Eine Datei konnte nicht geschrieben werden.</translation>
+    </message>
 </context>
 <context>
     <name>FailuresDialog</name>
@@ -3185,6 +3189,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>it is no day. Write it as in 2026-12-31</source>
         <translation>das ist kein Tag. Schreiben Sie ihn wie 2026-12-31</translation>
+    </message>
+    <message>
+        <source>it is no whole number</source>
+        <translation>das ist keine ganze Zahl</translation>
     </message>
 </context>
 <context>

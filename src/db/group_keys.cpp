@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "db/dialect.h"
 #include "db/direct_connection.h"
+#include "db/translation.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>

@@ -3,6 +3,7 @@
 #include "access/list_commands.h"
 #include "base/text.h"
 #include "db/group_keys.h"
+#include "db/translation.h"
 #include "running.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/test_data_source.h"

@@ -7,6 +7,7 @@
 #include "db/schema.h"
 #include "db/schema_scripts.h"
 #include "db/schema_version.h"
+#include "db/translation.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/faulty_driver.h"
 #include "support/core/test_data_source.h"
