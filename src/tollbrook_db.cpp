@@ -31,10 +31,13 @@ Commands:
            fills an empty database, of any engine, from a backup; nobody else may be
            connected
   copy     fills an empty database, --to, with what another one, --from, holds
+  roles    prints a script for the client of the database server, psql or mariadb,
+           that makes an account for each program with no more rights than it needs
 
-The data source NAME stands in odbc.ini; its own Password is used. SQLite makes
+The data source NAME stands in odbc.ini; its own Password is used, and its own
+account where it names one (UserName, User or UID), else "system". SQLite makes
 the database file by itself; PostgreSQL (in UTF-8) and MariaDB need an empty
-database and a user "system" that may make tables there.
+database and an account that may make tables there.
 
 Exit status: 0 done, 1 check found something wrong, 2 wrong use, 3 the database
 could not be opened, a statement failed or a backup is damaged, 4 upgrade or
@@ -55,7 +58,7 @@ int main(int argc, char **argv)
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addPositionalArgument(u"command"_s,
-                                 u"create, upgrade, demo, check, backup, restore or copy"_s);
+                                 u"create, upgrade, demo, check, backup, restore, copy or roles"_s);
     parser.addOptions(
         {{u"dsn"_s, u"The ODBC data source."_s, u"NAME"_s},
          {u"from"_s, u"copy: the data source to read."_s, u"NAME"_s},
@@ -71,6 +74,12 @@ int main(int argc, char **argv)
           u"FOLDER"_s},
          {u"only-settings"_s, u"restore: put the settings back and leave the database alone."_s},
          {u"no-settings"_s, u"backup: leave the settings out."_s},
+         {u"engine"_s, u"roles: postgresql or mariadb, without a data source."_s, u"ENGINE"_s},
+         {u"database"_s, u"roles --engine: the database's name, bill unless given."_s, u"NAME"_s},
+         {u"accounts"_s,
+          u"roles: what the accounts' names begin with."_s,
+          u"PREFIX"_s,
+          u"tollbrook"_s},
          {u"users"_s, u"demo: how many users."_s, u"N"_s, u"250"_s},
          {u"groups"_s, u"demo: how many groups."_s, u"N"_s, u"12"_s},
          {u"days"_s, u"demo: days of usage up to today."_s, u"N"_s, u"90"_s}});

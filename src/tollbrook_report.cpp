@@ -74,7 +74,9 @@ struct Arguments
     QCommandLineOption csvBom {
         u"csv-bom"_s, u"Begins a .csv with a byte order mark, for spreadsheets that need it."_s};
     QCommandLineOption dsn {
-        u"dsn"_s, u"The ODBC data source; bill unless given."_s, u"NAME"_s, u"bill"_s};
+        u"dsn"_s,
+        u"The ODBC data source; unless given, the setting ReportsDsn names it, else it is bill."_s,
+        u"NAME"_s};
     QCommandLineOption config {
         u"config"_s, u"The folder of settings, which tells where the layouts are."_s, u"DIR"_s};
     QCommandLineOption saved {
@@ -349,9 +351,10 @@ int ReadArguments(const QCommandLineParser &parser, const Arguments &arguments, 
 
 int Run(const QCommandLineParser &parser, const Arguments &arguments)
 {
-    const StartedProgram program({.configFolder = parser.value(arguments.config),
-                                  .dataSource = parser.value(arguments.dsn),
-                                  .opensDatabase = false});
+    StartedProgram program(
+        {.configFolder = parser.value(arguments.config), .opensDatabase = false});
+    program.dataSource = parser.isSet(arguments.dsn) ? parser.value(arguments.dsn)
+                                                     : ReportsDataSource(program.settings);
     Task task;
     const int read = parser.isSet(arguments.saved)
         ? ReadSaved(parser, arguments, program.settings, task)

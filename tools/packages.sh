@@ -7,7 +7,7 @@ build_packages=(g++ cmake ninja-build pkg-config ccache mold python3
 run_packages=(libsqliteodbc dbus-daemon qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugins
     fonts-dejavu-core python3 python3-openpyxl poppler-utils chromium clang-format systemd)
-server_packages=(postgresql odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb)
+server_packages=(postgresql odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb openssl)
 package_packages=(dpkg-dev file)
 try_packages=(lintian devscripts appstream desktop-file-utils mmdebstrap)
 tidy_packages=(clang clang-tidy)

@@ -378,6 +378,13 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>Account</name>
+    <message>
+        <source>The account &quot;%1&quot; of the data source &quot;%2&quot; lacks the right to this: %3</source>
+        <translation>Dem Konto „%1“ der Datenquelle „%2“ fehlt das Recht dazu: %3</translation>
+    </message>
+</context>
+<context>
     <name>AccountDialog</name>
     <message>
         <source>Reading the account...</source>

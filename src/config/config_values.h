@@ -34,6 +34,8 @@ using K = ConfigKeyId;
 
 // Start-up.
 inline constexpr TextValue kBillDsn {K::Base, "bill dsn"}; // data source of the shared database
+inline constexpr TextValue kServiceDsn {K::Base, "ServiceDsn"}; // the service's; missing: bill dsn
+inline constexpr TextValue kReportsDsn {K::Base, "ReportsDsn"}; // the reports'; missing: "bill"
 inline constexpr TextValue kPort {K::Base, "port"}; // port number
 inline constexpr TextValue kPath {K::Base, "path"}; // installation folder, ends in a separator
 inline constexpr TextValue kFirstStart {K::Base,
@@ -122,6 +124,8 @@ inline constexpr TextValue kCaptureExport {K::CaptureDriver, "Export"}; // captu
 
 // Every text value there is.
 inline constexpr std::array kAllTexts {kBillDsn,
+                                       kServiceDsn,
+                                       kReportsDsn,
                                        kPort,
                                        kPath,
                                        kFirstStart,

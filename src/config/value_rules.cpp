@@ -137,6 +137,8 @@ const QList<ValueRule> &AllValueRules() // NOLINT(readability-function-size): it
     using namespace values;
     static const QList<ValueRule> rules {
         Needed(Text(kBillDsn, kShortText, "ODBC data source of the database")),
+        Text(kServiceDsn, kShortText, "the service's data source; empty: as \"bill dsn\""),
+        Text(kReportsDsn, kShortText, "the reports' data source; empty: bill"),
         Number(kPort, 65535, "port number"),
         Needed(Text(kPath, kShortText, "installation folder, ending in /")),
         Flag(kFirstStart, "the setup wizard runs at the next start"),

@@ -63,7 +63,8 @@ void CheckDatabase(const ConfigStore &store, const ServiceSettings &settings, Se
     if (settings.dataSource.isEmpty()) {
         return; // told already
     }
-    const StartedProgram program({.configFolder = store.Folder()});
+    const StartedProgram program(
+        {.configFolder = store.Folder(), .dataSource = settings.dataSource});
     if (const auto problem = SchemaProblem(settings.dataSource)) {
         check.problems << u"The database %1 cannot be used: %2"_s.arg(settings.dataSource,
                                                                       *problem);

@@ -150,9 +150,21 @@ private:
     ConfigKeyId key = ConfigKeyId::Base;
 };
 
+// An account of the service's own needs a data source of its own.
+void ReadDataSource(const KeyReader &base, SettingsReader &reader, ServiceSettings &settings)
+{
+    const auto shared = reader.Text(base, values::kBillDsn);
+    const auto own = reader.Text(base, values::kServiceDsn);
+    if (own && !own->isEmpty()) {
+        settings.dataSource = *own;
+    } else if (own) {
+        settings.dataSource = shared.value_or(settings.dataSource);
+    }
+}
+
 void ReadBase(const KeyReader &base, SettingsReader &reader, ServiceSettings &settings)
 {
-    settings.dataSource = reader.Text(base, values::kBillDsn).value_or(settings.dataSource);
+    ReadDataSource(base, reader, settings);
     if (const auto id = reader.Text(base, values::kGatewayId)) {
         settings.gatewayId = id->trimmed().isEmpty() ? Digest({}) : id->trimmed().left(64);
     }

@@ -58,6 +58,15 @@ constexpr FailureCode kMariadbFailures[] = {
     {"08003", 0, Kind::ConnectionLost},
 };
 
+constexpr FailureCode kPostgresqlRights[] = {{"42501", 0, Kind::Refused}};
+
+constexpr FailureCode kMariadbRights[] = {
+    {"", 1044, Kind::Refused}, // of the database
+    {"", 1142, Kind::Refused}, // of the table
+    {"", 1143, Kind::Refused}, // of the column
+    {"", 1227, Kind::Refused}, // of the server
+};
+
 // A server that logs statements, and not rows, refuses changes at the isolation that is wanted.
 constexpr char kMariadbSettings[] =
     "SET SESSION innodb_lock_wait_timeout = %2, lock_wait_timeout = %2, "
@@ -177,6 +186,7 @@ const Dialect kSqlite {.engine = "SQLite",
                        .bulkInsert = BulkInsert::ManyRows,
                        .beginSnapshot = "BEGIN",
                        .failures = kSqliteFailures,
+                       .lackedRights = {},
                        .spellings = kSqliteSpellings};
 
 const Dialect kPostgresql {.engine = "PostgreSQL",
@@ -197,6 +207,7 @@ const Dialect kPostgresql {.engine = "PostgreSQL",
                            .bulkInsert = BulkInsert::ValueArrays,
                            .beginSnapshot = "BEGIN ISOLATION LEVEL REPEATABLE READ, READ ONLY",
                            .failures = kPostgresqlFailures,
+                           .lackedRights = kPostgresqlRights,
                            .spellings = kPostgresqlSpellings};
 
 const Dialect kMariadb {.engine = "MariaDB",
@@ -217,6 +228,7 @@ const Dialect kMariadb {.engine = "MariaDB",
                         .bulkInsert = BulkInsert::ParameterArrays,
                         .beginSnapshot = "START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY",
                         .failures = kMariadbFailures,
+                        .lackedRights = kMariadbRights,
                         .spellings = kMariadbSpellings};
 
 const Dialect *DialectFor(std::string_view serverName)
@@ -236,12 +248,21 @@ QString Quoted(const Dialect &dialect, const QString &name)
     return quote + name + quote;
 }
 
+static auto FirstThatFits(std::span<const FailureCode> codes, std::string_view sqlState, int native)
+{
+    return std::ranges::find_if(codes, [&](const FailureCode &code) {
+        return (*code.sqlState == '\0' || sqlState == code.sqlState)
+            && (code.native == 0 || code.native == native);
+    });
+}
+
 Failure::Kind KindOf(const Dialect &dialect, std::string_view sqlState, int native)
 {
-    const auto found =
-        std::find_if(dialect.failures.begin(), dialect.failures.end(), [&](const auto &code) {
-            return (*code.sqlState == '\0' || sqlState == code.sqlState)
-                && (code.native == 0 || code.native == native);
-        });
+    const auto found = FirstThatFits(dialect.failures, sqlState, native);
     return found == dialect.failures.end() ? Failure::Kind::Refused : found->kind;
+}
+
+bool LacksRight(const Dialect &dialect, std::string_view sqlState, int native)
+{
+    return FirstThatFits(dialect.lackedRights, sqlState, native) != dialect.lackedRights.end();
 }

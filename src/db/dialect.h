@@ -69,6 +69,9 @@ struct Dialect
     // Begins a transaction that reads one state of the data, whatever others write meanwhile.
     const char *beginSnapshot;
     std::span<const FailureCode> failures; // the first that fits counts
+    // Codes of statements that the account may not send, which are refusals; of nobody, where there are
+    // no accounts.
+    std::span<const FailureCode> lackedRights;
     // Of these words:
     //   CASE_FOLDED (x PLAIN_CASE) HOLDS CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE
     //                   x is like the pattern, in any letter case of a to z, and where the engine's
@@ -102,3 +105,6 @@ extern const Dialect kMariadb;
 
 // What a failure of this code is.
 [[nodiscard]] Failure::Kind KindOf(const Dialect &dialect, std::string_view sqlState, int native);
+
+// Whether it is that the account may not do what the statement does.
+[[nodiscard]] bool LacksRight(const Dialect &dialect, std::string_view sqlState, int native);

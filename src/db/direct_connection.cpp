@@ -1,6 +1,7 @@
 #include "db/direct_connection.h"
 
 #include "base/text.h"
+#include "db/account.h"
 #include "db/odbc.h"
 
 #include <QCoreApplication>
@@ -32,11 +33,12 @@ bool DirectConnection::Open(const QString &dsn)
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment);
     SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, version, 0);
     SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
-    char user[] = "system";
+    source = dsn;
+    account = AccountOf(dsn);
     const SQLRETURN code = SQLConnect(connection,
                                       odbc::Text(dsn.toUtf8().constData()),
                                       SQL_NTS,
-                                      odbc::Text(user),
+                                      odbc::Text(account.toUtf8().constData()),
                                       SQL_NTS,
                                       nullptr,
                                       SQL_NTS);
@@ -194,7 +196,7 @@ bool DirectConnection::Note(short code, short handleType, void *handle)
     if (odbc::Succeeded(code) || code == SQL_NO_DATA) {
         return true;
     }
-    error = odbc::FirstDiagnostic(handleType, handle).text;
+    error = WithLackedRight(*dialect, odbc::FirstDiagnostic(handleType, handle), account, source);
     return false;
 }
 

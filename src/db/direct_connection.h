@@ -22,7 +22,7 @@ public:
     DirectConnection(const DirectConnection &) = delete;
     DirectConnection &operator=(const DirectConnection &) = delete;
 
-    // Opens the data source as user "system" with the data source's own password. Like all that
+    // Opens the data source with its own account (account.h) and password. Like all that
     // follow: false when it fails, with the reason in Error().
     [[nodiscard]] bool Open(const QString &dsn);
     void Close();
@@ -69,5 +69,7 @@ private:
     void *connection = nullptr;
     void *statement = nullptr;
     const Dialect *dialect = &kSqlite;
+    QString source;
+    QString account;
     QString error;
 };

@@ -56,7 +56,10 @@ const char *OthersQuery(const Dialect &dialect)
     return &dialect == &kPostgresql
         ? "SELECT usename || ' from ' || COALESCE(host(client_addr), 'this machine') || "
           "', connection ' || pid FROM pg_stat_activity WHERE datname = current_database() "
-          "AND pid <> pg_backend_pid() AND backend_type = 'client backend' ORDER BY pid"
+          "AND pid <> pg_backend_pid() "
+          // Of other accounts' connections the server tells no more than that they are there.
+          "AND COALESCE(backend_type, 'client backend') = 'client backend' "
+          "AND usename IS NOT NULL ORDER BY pid"
         : "SELECT CONCAT(user, ' from ', host, ', connection ', id) "
           "FROM information_schema.processlist WHERE db = DATABASE() AND id <> CONNECTION_ID() "
           "AND command <> 'Killed' ORDER BY id";

@@ -1,6 +1,7 @@
 #include "db/report_connection.h"
 
 #include "base/text.h"
+#include "db/account.h"
 #include "db/dialect.h"
 #include "db/extension_ban.h"
 #include "db/failure_log.h"
@@ -143,6 +144,8 @@ bool ReportConnection::Connect(const QString &dsn, const QString &user, const QS
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handles->environment);
     SQLSetEnvAttr(handles->environment, SQL_ATTR_ODBC_VERSION, odbc::Value(SQL_OV_ODBC3), 0);
     SQLAllocHandle(SQL_HANDLE_DBC, handles->environment, &handles->connection);
+    source = dsn;
+    account = user;
     const QByteArray dsnBytes = dsn.toUtf8();
     const QByteArray userBytes = user.toUtf8();
     const QByteArray passwordBytes = password.toUtf8();
@@ -470,10 +473,12 @@ void ReportConnection::AskToStop(const std::stop_token &end)
 
 bool ReportConnection::Fail(qint16 handleType, void *handle)
 {
-    const auto [state, native, text] = odbc::FirstDiagnostic(handleType, handle);
-    problem = text.isEmpty() ? Words::tr("the database gave no reason") : text;
+    const odbc::Diagnostic failed = odbc::FirstDiagnostic(handleType, handle);
+    problem = failed.text.isEmpty() ? Words::tr("the database gave no reason")
+                                    : WithLackedRight(*handles->dialect, failed, account, source);
     lost = lost
-        || KindOf(*handles->dialect, state.toStdString(), native) == Failure::Kind::ConnectionLost;
+        || KindOf(*handles->dialect, failed.sqlState.toStdString(), failed.native)
+            == Failure::Kind::ConnectionLost;
     return false;
 }
 

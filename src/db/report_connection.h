@@ -121,6 +121,8 @@ private:
     bool gathers = false; // as the driver would hold a whole result
     std::optional<GatheredRows> gathered;
     QStringList gatheredNames; // of the query's columns
+    QString source; // and the account, as they were handed in
+    QString account;
     QString problem;
     bool lost = false; // the server ended the connection: nothing more is asked of it
     std::atomic<bool> cancelled = false;

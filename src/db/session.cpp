@@ -1,6 +1,7 @@
 #include "db/session.h"
 
 #include "base/text.h"
+#include "db/account.h"
 #include "db/bound_parameters.h"
 #include "db/failure_log.h"
 #include "db/session_limits.h"
@@ -217,12 +218,14 @@ Failure session::Told(Kind kind, std::string_view statement, const QString &text
 
 Failure session::Diagnosed(SQLSMALLINT handleType, SQLHANDLE handle, std::string_view statement)
 {
-    const auto [sqlState, native, text] = odbc::FirstDiagnostic(handleType, handle);
-    return {.kind = KindOf(*Current().dialect, sqlState.toStdString(), native),
+    const State &state = Current();
+    const odbc::Diagnostic failed = odbc::FirstDiagnostic(handleType, handle);
+    return {.kind = KindOf(*state.dialect, failed.sqlState.toStdString(), failed.native),
             .statement = TextFromUtf8(statement),
-            .sqlState = sqlState,
-            .native = native,
-            .text = text};
+            .sqlState = failed.sqlState,
+            .native = failed.native,
+            .text = WithLackedRight(
+                *state.dialect, failed, state.account, QString::fromUtf8(state.dsn))};
 }
 
 bool session::RunOwn(const char *text)

@@ -75,7 +75,7 @@ struct QueryResult
 extern constinit thread_local DbSession dbSession;
 extern constinit thread_local QueryResult queryResult;
 
-// Opens the session on the ODBC data source `dsn` (UTF-8, at most 254 bytes) as user "system" with
+// Opens the session on the ODBC data source `dsn` (UTF-8, at most 254 bytes) as the user that it names, else "system", with
 // the data source's own password, if it names one. Returns 1, or 0 when it cannot be opened, when its
 // engine is not supported, nothing can be written there, or its schema is newer than the program or its
 // version cannot be read; the reason is then LastFailure(). A

@@ -1,5 +1,6 @@
 // The session's connection: how it is opened, given back, lost and opened again.
 #include "base/text.h"
+#include "db/account.h"
 #include "db/failure_log.h"
 #include "db/schema_version.h"
 #include "db/session_limits.h"
@@ -94,7 +95,7 @@ QByteArray ConnectionText(const QByteArray &dsn, const QByteArray &servers)
         ? servers
         : QByteArray(Current().dialect->serversKey) + '=' + servers + ';';
     const auto seconds = std::chrono::ceil<std::chrono::seconds>(Limits().connect).count();
-    return "DSN=" + dsn + ';' + only + "UID=system;CONN_TIMEOUT="
+    return "DSN=" + dsn + ';' + only + "UID=" + Current().account.toUtf8() + ";CONN_TIMEOUT="
         + QByteArray::number(qint64 {seconds}) + ";Timeout=" + QByteArray::number(kWaitWithinCall);
 }
 
@@ -273,6 +274,7 @@ bool Open(const QByteArray &dsn)
         Fail(Told(Kind::ConnectionLost, {}, Words::tr("There is no data source of this name.")));
         return false;
     }
+    Current().account = AccountOf(QString::fromUtf8(dsn));
     QByteArray servers;
     qsizetype first = 0;
     do {

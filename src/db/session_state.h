@@ -33,6 +33,7 @@ struct State
     int schemaVersion = 0; // of the database, as it was when the session was opened
     quint64 connection = 0; // its number in the process, of all that were opened
     QByteArray dsn; // to open the session again; empty for none
+    QString account; // at the server
     void *canceller = nullptr; // the handle to cancel with, where not the statement's own
     std::shared_ptr<CallWatch> watch; // null: nobody looks on
     std::string written; // the statement as it is written in the code

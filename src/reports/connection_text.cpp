@@ -1,8 +1,16 @@
 #include "reports/connection_text.h"
 
+#include "config/config_store.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
+
+QString ReportsDataSource(const ConfigStore &settings)
+{
+    const QString own = settings.ReadText(values::kReportsDsn).value_or(QString());
+    return own.isEmpty() ? u"bill"_s : own;
+}
 
 QString ReportConnectionText(const QString &dsn)
 {

@@ -1,5 +1,6 @@
 #include "reports/engine.h"
 
+#include "db/account.h"
 #include "db/data_source.h"
 #include "reports/chart_builder.h"
 #include "reports/query_check.h"
@@ -83,7 +84,8 @@ ReportTablePtr MakeReport(const ReportRequest &request, RunControl &control, Rep
     }
     const ConnectionText source = ParseConnectionText(request.connectionText);
     QString words;
-    const auto connection = ReportConnection::Open(source.dsn, source.user, source.password, words);
+    const QString account = source.user == kUsualAccount ? AccountOf(source.dsn) : source.user;
+    const auto connection = ReportConnection::Open(source.dsn, account, source.password, words);
     if (!connection) {
         return Fail(problem, control, Kind::Database, UnopenedText(source.dsn, words));
     }

@@ -4,8 +4,12 @@
 #include "db/check.h"
 #include "db/data_source.h"
 #include "db/demo_data.h"
+#include "db/dialect.h"
+#include "db/direct_connection.h"
+#include "db/roles.h"
 #include "db/schema.h"
 #include "db/schema_upgrade.h"
+#include "db/schema_version.h"
 #include "upkeep/backup.h"
 #include "upkeep/nobody_else.h"
 #include "upkeep/repair.h"
@@ -197,6 +201,69 @@ int Copy(const Call &call)
     return Report(CopyDatabase(wish, Print), FilledText(wish.mode, wish.to));
 }
 
+// Nothing where `call` names no server, which is reported.
+std::optional<RolesPlace> PlaceNamed(const Call &call, const QString &prefix)
+{
+    const QString engine = call.Value(u"engine"_s).toLower();
+    for (const Dialect *const each : {&kPostgresql, &kMariadb}) {
+        if (engine == QString::fromLatin1(each->engine).toLower()) {
+            RolesPlace place {.dialect = *each, .prefix = prefix};
+            place.database = call.Has(u"database"_s) ? call.Value(u"database"_s) : place.database;
+            return place;
+        }
+    }
+    PrintError(u"--engine is postgresql or mariadb."_s);
+    return std::nullopt;
+}
+
+int PrintRoles(const std::optional<RolesPlace> &place)
+{
+    if (place) {
+        QTextStream(stdout) << RolesScript(*place);
+    }
+    return place ? kDone : kWrongUse;
+}
+
+int RolesOfSource(const QString &dsn, const QString &prefix)
+{
+    DirectConnection database;
+    const auto version = database.Open(dsn) ? SchemaVersionOf(database) : std::nullopt;
+    if (version && &database.Engine() == &kSqlite) {
+        PrintError(
+            u"The database of \"%1\" is a file: there are no accounts. Who may read and write "
+            "the file and its folder is who may use it; the packages give it to the group "
+            "tollbrook, and tollbrook-view may read it."_s.arg(dsn));
+        return kWrongUse;
+    }
+    const auto place = version ? RolesPlaceOf(database, prefix) : std::nullopt;
+    if (!place) {
+        PrintError(u"The data source \"%1\" cannot be read: %2"_s.arg(dsn, database.Error()));
+        return kFailed;
+    }
+    if (const auto other = OtherSchemaText(*version, dsn)) {
+        PrintError(*other);
+        return AgeOf(*version) == SchemaAge::Older ? kFailed : kNewer;
+    }
+    return PrintRoles(place);
+}
+
+int Roles(const Call &call)
+{
+    const QString prefix = call.Value(u"accounts"_s);
+    if (!IsRolesPrefix(prefix)) {
+        PrintError(u"--accounts is a small letter and then at most 49 small letters, digits and "
+                   "underscores."_s);
+        return kWrongUse;
+    }
+    const bool namesEngine = call.Has(u"engine"_s);
+    if (namesEngine != call.dsn.isEmpty() || (!namesEngine && call.Has(u"database"_s))) {
+        PrintError(u"Name the data source or the engine, as in: tollbrook-db roles --dsn bill\n"
+                   "or: tollbrook-db roles --engine postgresql --database bill"_s);
+        return kWrongUse;
+    }
+    return namesEngine ? PrintRoles(PlaceNamed(call, prefix)) : RolesOfSource(call.dsn, prefix);
+}
+
 // The option's number, at least 1 and at most `most`; a wrong one is reported.
 std::optional<int> Number(const QCommandLineParser &parser, const QString &option, int most)
 {
@@ -223,6 +290,7 @@ struct Command
     int (*run)(const Call &call);
     QStringList options; // that it takes
     bool takesFile = false;
+    bool needsDsn = true; // where it takes one
 };
 
 const Command *CommandOf(const QString &name)
@@ -246,7 +314,12 @@ const Command *CommandOf(const QString &name)
          RestoreFrom,
          kDsn + QStringList {u"dry-run"_s, u"config"_s, u"only-settings"_s},
          true},
-        {"copy", Copy, {u"from"_s, u"to"_s, u"dry-run"_s}}};
+        {"copy", Copy, {u"from"_s, u"to"_s, u"dry-run"_s}},
+        {"roles",
+         Roles,
+         kDsn + QStringList {u"engine"_s, u"database"_s, u"accounts"_s},
+         false,
+         false}};
     const auto *const found =
         std::find_if(std::begin(kCommands), std::end(kCommands), [&](const Command &command) {
             return name == QLatin1StringView(command.name);
@@ -258,8 +331,8 @@ const Command *CommandOf(const QString &name)
 QString WrongUse(const Command &command, const Call &call)
 {
     const QString name = QString::fromLatin1(command.name);
-    const bool needsDatabase = !call.Has(u"only-settings"_s);
-    if (command.options.contains(u"dsn"_s) && call.dsn.isEmpty() && needsDatabase) {
+    const bool needsDsn = command.needsDsn && !call.Has(u"only-settings"_s);
+    if (needsDsn && command.options.contains(u"dsn"_s) && call.dsn.isEmpty()) {
         return u"Name one command and the data source, as in: tollbrook-db create --dsn bill"_s;
     }
     for (const QString &option : call.parser.optionNames()) {

@@ -15,7 +15,7 @@ void CommandLineFixture::SetUp()
     for (const ConfigKeyId key : {ConfigKeyId::Base, ConfigKeyId::Price, ConfigKeyId::DefProfile}) {
         ASSERT_TRUE(settings.CreateKey(key));
     }
-    ASSERT_TRUE(settings.WriteText(values::kBillDsn, Dsn()));
+    ASSERT_TRUE(settings.WriteText(values::kBillDsn, DsnOf("console")));
 }
 
 void CommandLineFixture::AddOwners()

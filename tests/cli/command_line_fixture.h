@@ -14,7 +14,7 @@
 class CommandLineFixture : public EngineFixture
 {
 protected:
-    // Settings that name the engine's data source; no message bus.
+    // Settings that name the data source of the console's account; no message bus.
     void SetUp() override;
 
     // Group Yard (90) with anna (1; 10.0.0.1, 0011223344AA, 500 MB a month) and bert (2), whom the

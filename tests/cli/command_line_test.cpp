@@ -1,5 +1,6 @@
 // The command line as a whole: how it is understood, and what it prints.
 #include "cli/command_line_fixture.h"
+#include "support/core/program_accounts.h"
 
 #include <QProcess>
 
@@ -106,6 +107,45 @@ TEST_P(CommandLine, TellsByItsExitStatusWhatIsWrong)
     EXPECT_EQ(Run(list), 3);
     EXPECT_TRUE(said.startsWith(u"tollbrook: "_s) && said.contains(u"users"_s));
     RunBeside("ALTER TABLE users_away RENAME TO users");
+}
+
+// Where there are accounts, that of a viewer sees everything but passwords' digests, and changes nothing.
+TEST_P(CommandLine, WorksForAViewerAsFarAsNothingChanges)
+{
+    const QString dsn = DsnOf("viewer");
+    const bool hasAccounts = dsn != Dsn();
+    const QString refusal = u"The account \"%1\" of the data source \"%2\" lacks the right"_s.arg(
+        AccountName(u"viewer"_s), dsn);
+    ASSERT_TRUE(Settings().WriteText(values::kBillDsn, dsn));
+    const char *const looks[] = {"user list --accounts",
+                                 "user list mode:traffic",
+                                 "user show anna",
+                                 "group list",
+                                 "group show Yard",
+                                 "credit list anna",
+                                 "limit show anna",
+                                 "limit show --group Yard",
+                                 "login list",
+                                 "config list"};
+    for (const char *const look : looks) {
+        EXPECT_EQ(Run(QString::fromLatin1(look).split(u' ')), 0) << look << said.toStdString();
+    }
+    const QStringList before = EveryRow();
+    const char *const changes[] = {"user block anna",
+                                   "user delete anna --yes",
+                                   "user add carl",
+                                   "group rename Yard Field",
+                                   "export"};
+    for (const char *const change : changes) {
+        const int status = Run(QString::fromLatin1(change).split(u' '));
+        if (hasAccounts) {
+            EXPECT_NE(status, 0) << change << printed.toStdString();
+            EXPECT_TRUE(said.contains(refusal)) << change << said.toStdString();
+        }
+    }
+    if (hasAccounts) {
+        EXPECT_EQ(EveryRow(), before);
+    }
 }
 
 TEST_P(CommandLine, OutputThatCannotBeWrittenIsNoSuccess)

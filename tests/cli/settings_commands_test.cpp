@@ -98,7 +98,7 @@ TEST_P(SettingsCommands, TheStateIsWellOnlyWhenEverythingIs)
     EXPECT_EQ(well[u"service"], u"running"_s);
     EXPECT_EQ(well[u"connection"], u"answers"_s);
     EXPECT_EQ(well[u"lastCount"], u"2026-11-21T10:14:02"_s);
-    EXPECT_EQ(well[u"dataSource"], Dsn());
+    EXPECT_EQ(well[u"dataSource"], DsnOf("console"));
     EXPECT_EQ(well[u"database"], u"open"_s);
     EXPECT_EQ(well[u"problems"].toArray(), QJsonArray());
 

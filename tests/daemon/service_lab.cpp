@@ -1,6 +1,7 @@
 #include "daemon/service_lab.h"
 
 #include "gateway/kernel_table.h"
+#include "support/core/program_accounts.h"
 #include "support/core/test_data_source.h"
 #include "support/servers/server_section.h"
 
@@ -116,7 +117,8 @@ QString ServiceLab::Workstation(quint32 userId)
 void ServiceLab::WriteSettings(const QByteArray &more) const
 {
     Write(store.FileOf(ConfigKeyId::Base),
-          "\"bill dsn\" = \"" + ReachableDsn().toUtf8() + "\"\ntimer = \"1\"\n" + more);
+          "\"bill dsn\" = \"nowhere\"\nServiceDsn = \"" + ReachableDsn().toUtf8()
+              + "\"\ntimer = \"1\"\n" + more);
 }
 
 void ServiceLab::Write(const QString &file, const QByteArray &text)
@@ -156,7 +158,8 @@ void ServiceLab::Run(const QByteArray &statement)
     ASSERT_FALSE(LastFailure()) << statement.constData();
 }
 
-// A server's data source of the service's own leads to the socket that can be taken away.
+// A server's data source of the service's own has its own account, and leads to the socket that can be
+// taken away.
 QString ServiceLab::ReachableDsn()
 {
     if (Engine() == u"sqlite"_s) {
@@ -170,9 +173,11 @@ QString ServiceLab::ReachableDsn()
             ? u"Servername=%1\n"_s.arg(SocketFolder())
             : u"Socket=%1/%2\n"_s.arg(SocketFolder(), SocketName(Engine()));
         // The later of two values of a key does not count.
+        (void)AccountSource(Engine(), u"service"_s);
         test_data_source::Define(
             dsn,
-            place + u"Database=test_%1\n"_s.arg(QCoreApplication::applicationPid())
+            place + u"UserName=%1\nUser=%1\n"_s.arg(AccountName(u"service"_s))
+                + u"Database=test_%1\n"_s.arg(QCoreApplication::applicationPid())
                 + ServerSection(Engine()).value_or(QString()));
     }
     return dsn;

@@ -45,6 +45,10 @@ TEST_F(SettingsOfService, TakeEachValueOrLeaveItAsItWas)
     const auto same = [](ServiceSettings &) {};
     const Case cases[] {
         {"\"bill dsn\" = \"bill\"", [](auto &to) { to.dataSource = u"bill"_s; }},
+        {"ServiceDsn = \"own\"\n\"bill dsn\" = \"bill\"",
+         [](auto &to) { to.dataSource = u"own"_s; }},
+        {"ServiceDsn = \"\"\n\"bill dsn\" = \"bill\"", [](auto &to) { to.dataSource = u"bill"_s; }},
+        {"ServiceDsn = 1\n\"bill dsn\" = \"bill\"", same, u"ServiceDsn"_s},
         {"timer = \"5\"", [](auto &to) { to.period = 5s; }},
         {"timer = \"0\"", [](auto &to) { to.period = 60s; }},
         {"timer = \"86401\"", same, u"timer"_s},

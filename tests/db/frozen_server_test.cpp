@@ -6,6 +6,7 @@
 #include "db/write.h"
 #include "support/core/limits_scope.h"
 #include "support/core/test_data_source.h"
+#include "support/servers/own_servers.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -26,33 +27,7 @@ namespace {
 constexpr int kPatience = 60000; // milliseconds for what has to come
 constexpr int kLag = 6000; // milliseconds that a machine may take which has other things to do
 
-class OwnServers : public testing::Environment
-{
-public:
-    static QString Folder() { return QStringLiteral(TB_SERVERS_DIR "_own"); }
-
-    static void Run(const QString &action)
-    {
-        const int code = QProcess::execute(
-            QStringLiteral(TB_SOURCE_DIR "/tests/support/servers/servers"), {action, Folder()});
-        ASSERT_EQ(code, 0) << qPrintable(action);
-    }
-
-    void SetUp() override
-    {
-        Run(u"start"_s);
-        QFile file(Folder() + u"/odbc.ini"_s);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        for (const QString &section : QString::fromUtf8(file.readAll()).split(u"\n\n"_s)) {
-            const QString name = section.section(u']', 0, 0).section(u'[', 1);
-            test_data_source::Define(name, section.section(u'\n', 1));
-        }
-    }
-
-    void TearDown() override { Run(u"stop"_s); }
-};
-
-const auto *const ownServers = testing::AddGlobalTestEnvironment(new OwnServers);
+const auto *const ownServers = OwnServers::Add(u"start"_s, u"own"_s);
 
 QList<pid_t> Children(pid_t process)
 {
@@ -70,7 +45,7 @@ QList<pid_t> Children(pid_t process)
 // The processes of the server, all of them.
 QList<pid_t> ProcessesOf(const QString &engine)
 {
-    QFile file(OwnServers::Folder() + u"/%1.pid"_s.arg(engine));
+    QFile file(ownServers->Folder() + u"/%1.pid"_s.arg(engine));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     const pid_t server = file.readAll().trimmed().toInt();
     EXPECT_GT(server, 1);
@@ -260,15 +235,15 @@ TEST_P(FrozenServer, KeepsNothingThatWasGivenUp)
 TEST_P(FrozenServer, IsStartedAnewBetweenTwoStatements)
 {
     const QSignalSpy changes(&session, &SessionThread::ConnectionChanged);
-    OwnServers::Run(u"halt"_s);
-    OwnServers::Run(u"resume"_s);
+    ownServers->Run(u"halt"_s);
+    ownServers->Run(u"resume"_s);
     EXPECT_EQ(Await(ReadOneNumber).value(), 7U);
     EXPECT_TRUE(changes.isEmpty()) << "nobody has to know";
 
-    OwnServers::Run(u"halt"_s);
+    ownServers->Run(u"halt"_s);
     EXPECT_EQ(Await(ReadOneNumber).error().kind, Kind::ConnectionLost);
     EXPECT_FALSE(session.IsConnected());
-    OwnServers::Run(u"resume"_s);
+    ownServers->Run(u"resume"_s);
     ASSERT_TRUE(IsConnectedInTime());
     EXPECT_EQ(Await(ReadOneNumber).value(), 7U);
     EXPECT_EQ(changes.size(), 2);

@@ -9,6 +9,7 @@
 #include "support/core/fake_service.h"
 #include "support/core/faulty_driver.h"
 #include "support/core/private_bus.h"
+#include "support/core/program_accounts.h"
 
 #include <QMap>
 #include <QRegularExpression>
@@ -103,6 +104,7 @@ protected:
             EngineFixture::SetUp();
             PrepareRows();
             each.prepare();
+            GoOnAs(role);
             action = each.action();
             EXPECT_FALSE(LastFailure());
             EXPECT_EQ(action.id, each.id);
@@ -112,6 +114,16 @@ protected:
         (void)driver->Take();
         (void)service.TakeCalls();
         return action;
+    }
+
+    // The session goes on by the account of the role; with none it stays that of the owner.
+    void GoOnAs(const QString &wanted)
+    {
+        if (!wanted.isEmpty()) {
+            const QByteArray dsn = AccountSource(Engine(), wanted).toUtf8();
+            DisconnectDatabase();
+            EXPECT_EQ(ConnectDatabase(dsn.constData()), 1);
+        }
     }
 
     [[nodiscard]] Outcome Run(const Action &wanted, const Answers &answers)
@@ -268,6 +280,7 @@ protected:
         }
     }
 
+    QString role; // of whom the action is
     PrivateBus bus;
     FakeService service {bus};
     std::unique_ptr<ServiceLink> link;
@@ -453,6 +466,41 @@ TEST_P(EveryActionOfServer, KeepsNothingUntrueWhenTheConnectionIsLostBeforeAnAns
 TEST_P(EveryActionOfServer, RunsAgainWhereItLostAgainstAnotherOne)
 {
     ForEach(&EveryAction::ConflictHalfwayAndAtTheEnd);
+}
+
+// The account of the console has all the rights that any action needs.
+TEST_P(EveryActionOfServer, IsDoneByTheAccountOfTheConsole)
+{
+    role = u"console"_s;
+    for (const ActionCase &each : ActionCases()) {
+        SCOPED_TRACE(each.name);
+        (void)RunUndisturbed(each);
+    }
+}
+
+// Somebody who may only look is told so, by the server too, and changes nothing.
+TEST_P(EveryActionOfServer, IsRefusedToTheAccountOfAViewer)
+{
+    role = u"viewer"_s;
+    for (const ActionCase &each : ActionCases()) {
+        if (each.id == ActionId::ImportUsers || each.id == ActionId::AddUser) {
+            continue; // their plan reads the digests, which is refused before there is an action
+        }
+        SCOPED_TRACE(each.name);
+        const Action ready = Prepared(each);
+        Answers answers;
+        Outcome outcome = Run(ready, answers);
+        while (outcome.state == State::NeedsAnswers) {
+            for (const Question &question : outcome.questions) {
+                answers.insert(question.key, true);
+            }
+            outcome = Run(ready, answers);
+        }
+        EXPECT_THAT(outcome.state, testing::AnyOf(State::NotDone, State::Partly));
+        EXPECT_TRUE(outcome.failures.value(0).text.contains(AccountName(role)))
+            << qPrintable(InWords(each.id, outcome));
+        EXPECT_EQ(Rows(), preparedRows);
+    }
 }
 
 } // namespace

@@ -20,7 +20,7 @@ protected:
 
     [[nodiscard]] ReportTablePtr Made(const ReportSelection &selection) const
     {
-        ReportRequest request = RequestFor(Dsn(), selection.row, selection.period);
+        ReportRequest request = RequestFor(DsnOf("reports"), selection.row, selection.period);
         request.query = QueryOf(selection);
         return ReportOf(request);
     }

@@ -93,7 +93,7 @@ const ReportPeriod kAutumn {PeriodChoice::Custom, {2026, 11, 10}, {2026, 11, 20}
 TEST_P(MadeReport, TablesAreThoseKept)
 {
     for (int row = 0; row < kReportCount; ++row) {
-        const auto table = ReportOf(RequestFor(Dsn(), row));
+        const auto table = ReportOf(RequestFor(DsnOf("reports"), row));
         if (table && (table->layout.rows == RowRule::Summed || Engine() == u"sqlite")) {
             const QString text = AsText(*table);
             EXPECT_EQ(text, KeptText(u"report-%1"_s.arg(row, 2, 10, QChar(u'0')), text)) << row;
@@ -105,7 +105,7 @@ TEST_P(MadeReport, SumsMadeByTheProgramAreThoseOfTheDatabase)
 {
     for (int row = 0; row < kReportCount; ++row) {
         for (const ReportPeriod &period : {ReportPeriod {}, kAutumn}) {
-            const auto request = RequestFor(Dsn(), row, period);
+            const auto request = RequestFor(DsnOf("reports"), row, period);
             const auto table = ReportOf(request);
             const auto here = SummedHere(request);
             EXPECT_EQ(here->rows.Count(), table->rows.Count()) << row;
@@ -155,7 +155,7 @@ total = true
 TEST_P(MadeReport, SumsAreOfTheRowsThatWereRead)
 {
     LayoutError error;
-    const Layout layout = ReadLayout(RequestFor(Dsn(), 10).layoutPath, error).value();
+    const Layout layout = ReadLayout(RequestFor(DsnOf("reports"), 10).layoutPath, error).value();
     const int user = 0;
     RunControl control;
     const auto connection = Open();
@@ -202,7 +202,7 @@ TEST_P(MadeReport, CancelEndsAReportThatRuns)
 {
     RunControl control;
     ReportProblem problem;
-    auto request = RequestFor(Dsn(), 13, kAutumn);
+    auto request = RequestFor(DsnOf("reports"), 13, kAutumn);
     request.query =
         u"SELECT a.sitename, a.site_ip FROM Sites a, SiteAccess b, SiteAccess c, SiteAccess d, "
         "SiteAccess e WHERE a.site_id = b.site_id AND a.sitename <> 'to be stopped'"_s;
@@ -225,7 +225,7 @@ TEST_P(MadeReport, CancelEndsAReportThatRuns)
 // Also in the moment between the last look at the cancel and the statement's beginning.
 TEST_P(MadeReport, CancelEndsAReportWheneverItComes)
 {
-    auto request = RequestFor(Dsn(), 13, kAutumn);
+    auto request = RequestFor(DsnOf("reports"), 13, kAutumn);
     request.query =
         u"SELECT a.sitename, a.site_ip FROM Sites a, SiteAccess b, SiteAccess c, SiteAccess d, "
         "SiteAccess e, traffic_use f, traffic_use g"_s;
@@ -246,7 +246,7 @@ TEST_P(MadeReport, CancelEndsAReportWheneverItComes)
 
 TEST_P(MadeReportOfServer, AServerLostWhileAReportRunsIsTold)
 {
-    auto request = RequestFor(Dsn(), 13, kAutumn);
+    auto request = RequestFor(DsnOf("reports"), 13, kAutumn);
     request.query =
         u"SELECT a.sitename, a.site_ip FROM Sites a, SiteAccess b, SiteAccess c, SiteAccess d, "
         "SiteAccess e, traffic_use f, traffic_use g WHERE a.sitename <> 'server to lose'"_s;
@@ -301,7 +301,7 @@ TEST_P(MadeReport, FailuresSayWhatFailed)
          "begins with SELECT"},
     };
     for (const auto &[spoil, kind, words] : cases) {
-        auto request = RequestFor(Dsn(), 0);
+        auto request = RequestFor(DsnOf("reports"), 0);
         spoil(request);
         RunControl control;
         ReportProblem problem;
@@ -324,7 +324,7 @@ TEST_P(MadeReport, AQueryRunsNothingAndReadsNoFile)
                                    u"\"pg_read_file\"('%1')"_s.arg(file),
                                    u"`load_file`('%1')"_s.arg(file)};
     for (const QString &expression : expressions) {
-        auto request = RequestFor(Dsn(), 0);
+        auto request = RequestFor(DsnOf("reports"), 0);
         request.query =
             u"SELECT %1 AS username, '' AS ip_addr, 0 AS data, 0 AS senddata"_s.arg(expression);
         RunControl control;
@@ -375,7 +375,8 @@ TEST_P(MadeReport, AFilterMayNameAHundredThousand)
     few.left.fill(7'000'000, kMany + 1);
     const FilterNumbers many {few.taken, few.taken}; // leaves them out
     const auto rows = [&](const QString &userClause, const QString &groupClause) {
-        const auto table = ReportOf(RequestFor(Dsn(), 0, kAutumn, userClause, groupClause));
+        const auto table =
+            ReportOf(RequestFor(DsnOf("reports"), 0, kAutumn, userClause, groupClause));
         return table ? table->rows.Count() : -1;
     };
     const qint64 all = rows({}, {});

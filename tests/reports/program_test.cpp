@@ -79,6 +79,17 @@ TEST_F(Program, ListsTheReports)
     EXPECT_TRUE(printed.contains(u"12  Top 10 Payers"));
 }
 
+TEST_F(Program, ReadsTheDataSourceThatTheSettingsNameForReports)
+{
+    const QStringList arguments {u"--report"_s, u"0"_s, u"--output"_s, Out(u"a.csv"_s)};
+    EXPECT_EQ(Run(arguments), 3);
+    EXPECT_TRUE(said.contains(u"data source \"bill\""_s)) << said.toStdString();
+    ASSERT_TRUE(ConfigStore(folder.path()).WriteText(values::kReportsDsn, Dsn()));
+    EXPECT_EQ(Run(arguments), 0) << said.toStdString();
+    EXPECT_TRUE(printed.contains(Dsn())) << printed.toStdString();
+    EXPECT_EQ(Run(arguments + QStringList {u"--dsn"_s, u"nowhere"_s}), 3);
+}
+
 TEST_F(Program, TellsByItsExitStatusHowItWent)
 {
     struct Case

@@ -53,7 +53,7 @@ ChosenRows Choose(const ReportTable &table, const RowWish &wish)
 
 TEST_P(RowChoice, TotalsFollowTheFilter)
 {
-    const auto table = ReportOf(RequestFor(Dsn(), 2));
+    const auto table = ReportOf(RequestFor(DsnOf("reports"), 2));
     const int name = ColumnOf(*table, u"username"_s);
     struct Case
     {
@@ -90,7 +90,7 @@ TEST_P(RowChoice, TotalsFollowTheFilter)
 TEST_P(RowChoice, EveryColumnOfEveryReportSortsBothWays)
 {
     for (int row = 0; row < kReportCount; ++row) {
-        const auto table = ReportOf(RequestFor(Dsn(), row));
+        const auto table = ReportOf(RequestFor(DsnOf("reports"), row));
         for (const int column : table->layout.DataColumns()) {
             const auto place = static_cast<size_t>(column);
             for (const bool descending : {false, true}) {
@@ -111,7 +111,7 @@ TEST_P(RowChoice, EveryColumnOfEveryReportSortsBothWays)
 
 TEST_P(RowChoice, EndsWhenItIsCancelled)
 {
-    const auto table = ReportOf(RequestFor(Dsn(), 2));
+    const auto table = ReportOf(RequestFor(DsnOf("reports"), 2));
     RunControl control;
     control.Cancel();
     EXPECT_FALSE(ChooseRows(*table, {}, control));
@@ -119,9 +119,9 @@ TEST_P(RowChoice, EndsWhenItIsCancelled)
 
 TEST_P(RowChoice, SaysWhatTheTotalsAreOf)
 {
-    const auto table = ReportOf(RequestFor(Dsn(), 0));
+    const auto table = ReportOf(RequestFor(DsnOf("reports"), 0));
     const QString words = TotalsInWords(table->layout, Choose(*table, {.text = u"anna"_s}).totals);
     EXPECT_EQ(words, u"Received: 98.00 MB; Sent: 0.50 MB; Total: 98.50 MB"_s);
-    const auto payers = ReportOf(RequestFor(Dsn(), 13));
+    const auto payers = ReportOf(RequestFor(DsnOf("reports"), 13));
     EXPECT_EQ(HeadingOf(payers->layout.columns.at(0)), payers->layout.columns.at(0).heading);
 }

@@ -325,7 +325,7 @@ double AnswerTo(const char *sqlText)
 TEST_P(Statements, OfAThousandUsersComeToWhatThePeriodTook)
 {
     FillAccounts();
-    const auto table = ReportOf(StatementsOf(Dsn(), kInNovember));
+    const auto table = ReportOf(StatementsOf(DsnOf("reports"), kInNovember));
     ASSERT_TRUE(table);
     ASSERT_EQ(table->groups.size(), kUsers);
     EXPECT_NEAR(NumberIn(table->totals[PlaceOf(*table, u"used_traffic"_s)]),
@@ -366,7 +366,7 @@ TEST_P(Statements, HaveTheDaysOfThePeriodInOrder)
     FillReportData();
     StatementFilter anna;
     anna.userClause = OnlyUsersClause({UserId {1}});
-    const auto table = ReportOf(StatementsOf(Dsn(), kInNovember, anna));
+    const auto table = ReportOf(StatementsOf(DsnOf("reports"), kInNovember, anna));
     ASSERT_TRUE(table);
     const QString text = AsText(*table);
     EXPECT_TRUE(text.contains(u"group: anna, 10.0.0.1\n"_s)) << text.toStdString();
@@ -381,10 +381,10 @@ TEST_P(Statements, HaveTheDaysOfThePeriodInOrder)
 TEST_P(Statements, AreMadeOfWhoWasChosenEvenWithNothingToState)
 {
     Execute("INSERT INTO users (username, group_id, mode, monitored) VALUES ('idle', 80, 1, 1)");
-    EXPECT_TRUE(ReportOf(StatementsOf(Dsn(), kInNovember))->IsEmpty());
+    EXPECT_TRUE(ReportOf(StatementsOf(DsnOf("reports"), kInNovember))->IsEmpty());
     StatementFilter idle;
     idle.groupClause = OnlyGroupsClause({GroupId {80}});
-    const auto table = ReportOf(StatementsOf(Dsn(), kInNovember, idle));
+    const auto table = ReportOf(StatementsOf(DsnOf("reports"), kInNovember, idle));
     ASSERT_EQ(table->groups.size(), 1U);
     EXPECT_TRUE(AsText(*table).contains(u"Nothing was used in this period."_s));
 }
@@ -397,7 +397,7 @@ TEST_P(Statements, KnowTotalsOnlyWhereTheDatabaseHasNoDaysOfCredits)
     // Where the schema is older there is none; what this one holds must not be asked for.
     Execute("INSERT INTO credit_use (bill_id, day, data, money) VALUES (1, '2026-11-03', 12, 1.5)");
     Execute("DELETE FROM schema_version");
-    const auto table = ReportOf(StatementsOf(Dsn(), kInNovember));
+    const auto table = ReportOf(StatementsOf(DsnOf("reports"), kInNovember));
     ASSERT_TRUE(table);
     const QString text = AsText(*table);
     EXPECT_TRUE(text.contains(
@@ -412,7 +412,7 @@ TEST_P(Statements, AreNotMadeOfWhatCannotBeRead)
     Execute("ALTER TABLE time_use RENAME COLUMN data TO away");
     RunControl control;
     ReportProblem problem;
-    EXPECT_FALSE(MakeReport(StatementsOf(Dsn(), kInNovember), control, problem));
+    EXPECT_FALSE(MakeReport(StatementsOf(DsnOf("reports"), kInNovember), control, problem));
     Execute("ALTER TABLE time_use RENAME COLUMN away TO data");
     EXPECT_EQ(problem.kind, ReportProblem::Kind::Database);
     EXPECT_FALSE(problem.text.isEmpty());

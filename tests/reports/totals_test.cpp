@@ -133,7 +133,7 @@ TEST_P(Totals, EqualTheSumsOfTheDatabase)
     };
     for (int row = 0; row < kReportCount; ++row) {
         for (const ReportPeriod &period : periods) {
-            if (const auto table = ReportOf(RequestFor(Dsn(), row, period))) {
+            if (const auto table = ReportOf(RequestFor(DsnOf("reports"), row, period))) {
                 ExpectTotals(row, *table, period, {});
             }
         }
@@ -160,7 +160,7 @@ TEST_P(Totals, EqualThemForEachKindOfFilter)
     const ReportPeriod period {PeriodChoice::Custom, {2026, 10, 1}, {2026, 11, 20}};
     for (int row = 0; row < kReportCount; ++row) {
         for (const auto &[users, groups, condition] : cases) {
-            const auto request = RequestFor(Dsn(),
+            const auto request = RequestFor(DsnOf("reports"),
                                             row,
                                             period,
                                             UserFilterClause(users.Filter<UserId>()),

@@ -377,7 +377,7 @@ void ReportsDialog::OpenDetail(const CellRow &line)
 // The control's properties in their fixed order, the run last.
 void ReportsDialog::Drive(int row, const QString &query)
 {
-    control->SetConnection(ReportConnectionText().toUtf8());
+    control->SetConnection(ReportConnectionText(ReportsDataSource(services.settings)).toUtf8());
     control->SetOutputMode(2);
     if (row >= 0 && row != kStatementRow) { // which has no layout file
         const QString folder = services.settings.ReadText(values::kPath).value_or(QString());

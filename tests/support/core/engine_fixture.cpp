@@ -1,6 +1,7 @@
 #include "support/core/engine_fixture.h"
 
 #include "db/schema.h"
+#include "support/core/program_accounts.h"
 #include "db/translation.h"
 #include "support/core/test_data_source.h"
 #include "support/servers/server_section.h"
@@ -24,6 +25,7 @@ public:
     {
         DirectConnection server;
         if (made) {
+            DropAccounts(engine);
             EXPECT_TRUE(server.Open(ServerDsn()) && server.Run(u"DROP DATABASE "_s + Name()))
                 << qPrintable(server.Error());
         }
@@ -136,6 +138,11 @@ QString EngineFixture::Engine()
 QString EngineFixture::Dsn()
 {
     return Engine();
+}
+
+QString EngineFixture::DsnOf(const char *role)
+{
+    return AccountSource(Engine(), QString::fromLatin1(role));
 }
 
 void EngineFixture::RunBeside(const char *sqlText, const SqlValues &values)

@@ -30,6 +30,10 @@ protected:
     // The data source's name, for a second connection.
     [[nodiscard]] static QString Dsn();
 
+    // The data source of a program's own account, which has the rights that the product gives it
+    // (program_accounts.h); the embedded engine has no accounts.
+    [[nodiscard]] static QString DsnOf(const char *role);
+
     // Runs a statement beside the session, in the spelling of the code.
     static void RunBeside(const char *sqlText, const SqlValues &values = {});
 

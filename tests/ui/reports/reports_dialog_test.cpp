@@ -97,6 +97,10 @@ TEST_F(Reports, PropertiesArePutInTheirOrder)
     const QString query = u"64="_s + QueryText(6, PeriodUpTo(kToday, PeriodChoice::Today), {}, {});
     EXPECT_EQ(Puts(puts),
               QStringList({connection, u"67=2"_s, layout}) + end + QStringList({query, u"17=1"_s}));
+    puts.clear();
+    Settings().WriteText(values::kReportsDsn, u"own"_s);
+    ClickGenerate();
+    EXPECT_EQ(Puts(puts).value(0), u"20=DSN = own;UID = System;PWD;DSQ="_s);
     EXPECT_EQ(CCrystalCtrl::staticMetaObject.className(), std::string("CCrystalCtrl"));
 }
 
