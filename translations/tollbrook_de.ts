@@ -1971,6 +1971,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>There is no section [%1] in odbc.ini: add one for the database that the setting &quot;bill dsn&quot; names.</source>
         <translation>In odbc.ini gibt es keinen Abschnitt [%1]: Legen Sie einen für die Datenbank an, die die Einstellung „bill dsn“ nennt.</translation>
     </message>
+    <message>
+        <source>The section [%1] of odbc.ini names no Database.</source>
+        <translation>Der Abschnitt [%1] in odbc.ini nennt keine Datenbank (Database).</translation>
+    </message>
 </context>
 <context>
     <name>DayField</name>

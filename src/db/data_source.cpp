@@ -1,6 +1,7 @@
 #include "db/data_source.h"
 
 #include "db/direct_connection.h"
+#include "db/odbc.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -93,6 +94,15 @@ QString RecommendedSection(const QString &dsn)
         }
     }
     return text;
+}
+
+std::optional<QString>
+NoDatabaseText(const Dialect &dialect, SQLHANDLE connection, const QString &dsn)
+{
+    if (!dialect.isFile || !odbc::DatabaseOf(connection).isEmpty()) {
+        return std::nullopt;
+    }
+    return Words::tr("The section [%1] of odbc.ini names no Database.").arg(dsn);
 }
 
 QString MissingSourceAdvice(const QString &dsn)

@@ -3,9 +3,18 @@
 
 #include <QString>
 
+#include <optional>
+
+struct Dialect;
+
 // The data source's section as it stands, with the options that its engine needs to be fast and to
 // keep every text as it is. A password is shown as "***".
 [[nodiscard]] QString RecommendedSection(const QString &dsn);
+
+// Why the connection is to nothing that stays, in a sentence for people: the data source names no file for the
+// engine whose databases are files. Without one the driver makes a database that goes with the connection.
+[[nodiscard]] std::optional<QString>
+NoDatabaseText(const Dialect &dialect, void *connection, const QString &dsn);
 
 // What to do when nothing describes the data source: a sentence for people. Empty when odbc.ini does.
 [[nodiscard]] QString MissingSourceAdvice(const QString &dsn);

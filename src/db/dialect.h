@@ -61,6 +61,8 @@ struct Dialect
     const char *serversKey;
     // True where an UPDATE joins the rows that it takes its values from ahead of SET, and not by FROM.
     bool joinsBeforeSet;
+    // True where the database is a file, and one that nobody keeps where none is named.
+    bool isFile;
     // True where a transaction that writes keeps everybody else from writing until it ends.
     bool hasOneWriter;
     // True where what the connection itself writes changes its DATA_MARK, by one for each transaction.

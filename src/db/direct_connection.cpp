@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "db/account.h"
+#include "db/data_source.h"
 #include "db/odbc.h"
 
 #include <QCoreApplication>
@@ -53,6 +54,11 @@ bool DirectConnection::Open(const QString &dsn)
     const Dialect *const found = DialectFor(name);
     if (found == nullptr) {
         error = Words::tr("The database engine \"%1\" is not supported.").arg(TextFromUtf8(name));
+        Close();
+        return false;
+    }
+    if (const auto problem = NoDatabaseText(*found, connection, dsn)) {
+        error = *problem;
         Close();
         return false;
     }

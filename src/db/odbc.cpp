@@ -18,6 +18,14 @@ Diagnostic FirstDiagnostic(SQLSMALLINT handleType, SQLHANDLE handle)
             TextFromUtf8(reinterpret_cast<const char *>(text.data()))};
 }
 
+QString DatabaseOf(SQLHANDLE connection)
+{
+    std::array<char, 1024> name {};
+    SQLSMALLINT length = 0;
+    SQLGetInfo(connection, SQL_DATABASE_NAME, name.data(), name.size(), &length);
+    return TextFromUtf8(name.data());
+}
+
 SQLRETURN FetchNumber(SQLHSTMT statement, SQLINTEGER &number)
 {
     SQLLEN indicator = 0;

@@ -36,6 +36,9 @@ struct Diagnostic
 
 [[nodiscard]] Diagnostic FirstDiagnostic(SQLSMALLINT handleType, SQLHANDLE handle);
 
+// The database that a connection is to, as its driver names it; for the embedded engine its file.
+[[nodiscard]] QString DatabaseOf(SQLHANDLE connection);
+
 // Fetches the one number that a query just run gives. The cursor stays open.
 [[nodiscard]] SQLRETURN FetchNumber(SQLHSTMT statement, SQLINTEGER &number);
 

@@ -1,6 +1,7 @@
 // The session's connection: how it is opened, given back, lost and opened again.
 #include "base/text.h"
 #include "db/account.h"
+#include "db/data_source.h"
 #include "db/failure_log.h"
 #include "db/schema_version.h"
 #include "db/session_limits.h"
@@ -138,7 +139,13 @@ bool ChooseDialect()
                       .arg(TextFromUtf8(name.data()))));
         return false;
     }
-    Current().dialect = found;
+    State &state = Current();
+    if (const auto problem =
+            NoDatabaseText(*found, dbSession.connection, QString::fromUtf8(state.dsn))) {
+        Fail(Told(Kind::Refused, {}, *problem));
+        return false;
+    }
+    state.dialect = found;
     return true;
 }
 

@@ -380,6 +380,11 @@ TEST(Tool, UpgradesAnOlderDatabaseAndStaysAwayFromANewerOne)
 
 TEST(Tool, SaysWhatIsWrong)
 {
+    // The driver would make a database that is gone with the connection.
+    test_data_source::Define(u"nameless"_s, u"Driver=SQLite3\nDatabse=/var/tmp/bill.db"_s);
+    const QString kNoFile = u"The section [nameless] of odbc.ini names no Database."_s;
+    EXPECT_EQ(ConnectDatabase("nameless"), 0);
+    EXPECT_EQ(LastFailure().value_or(Failure()).text, kNoFile);
     const std::tuple<QStringList, int, QString> cases[] = {
         {{}, 2, u"Name one command"_s},
         {{u"create"_s}, 2, u"Name one command"_s},
@@ -390,6 +395,9 @@ TEST(Tool, SaysWhatIsWrong)
         {{u"demo"_s, u"--dsn"_s, u"x"_s, u"--days"_s, u"0"_s}, 2, u"--days must be a number"_s},
         {{u"create"_s, u"--fierce"_s}, 2, u"fierce"_s},
         {{u"create"_s, u"--dsn"_s, u"x"_s, u"--force"_s}, 2, u"\"create\" does not take --force"_s},
+        {{u"create"_s, u"--dsn"_s, u"nameless"_s}, 3, kNoFile},
+        {{u"check"_s, u"--dsn"_s, u"nameless"_s}, 3, kNoFile},
+        {{u"copy"_s, u"--from"_s, u"nameless"_s, u"--to"_s, u"x"_s}, 3, kNoFile},
         {{u"create"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
         {{u"demo"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},
         {{u"check"_s, u"--dsn"_s, u"no such source"_s}, 3, u"cannot be opened"_s},

@@ -10,6 +10,7 @@
 #include "db/schema_scripts.h"
 #include "db/schema_upgrade.h"
 #include "db/schema_version.h"
+#include "db/translation.h"
 #include "support/core/engine_fixture.h"
 #include "support/core/program_accounts.h"
 #include "support/core/test_data_source.h"
