@@ -75,11 +75,12 @@ Told<void> Restore(const RestoreWish &wish, const Tell &tell)
         return RestoreSettings(wish, settings, tell);
     }
     return FillFrom(**backup, wish.dsn, wish.mode, tell).and_then([&] {
-        return RestoreSettings(wish, settings, tell).map_error([](const QString &problem) {
-            return problem
-                + u"\nThe database is restored; only the settings are not. Repeat it with "
-                  "--only-settings."_s;
-        });
+        return RestoreSettings(wish, settings, tell)
+            .map_error([](const QString &problem) -> QString {
+                return problem
+                    + u"\nThe database is restored; only the settings are not. Repeat it with "
+                      "--only-settings."_s;
+            });
     });
 }
 
