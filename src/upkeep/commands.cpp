@@ -52,6 +52,11 @@ int Create(const Call &call)
     }
     Print(u"The database of \"%1\" is ready. Its section of odbc.ini should read:\n\n%2"_s.arg(
         dsn, RecommendedSection(dsn)));
+    DirectConnection database;
+    if (database.Open(dsn) && &database.Engine() != &kSqlite) {
+        Print(u"To give each program an account with few rights: tollbrook-db roles --dsn "_s
+              + dsn);
+    }
     return kDone;
 }
 

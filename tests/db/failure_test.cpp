@@ -1,5 +1,5 @@
 // What a person reads of a failure.
-#include "db/failure.h"
+#include "db/dialect.h"
 
 #include <gtest/gtest.h>
 
@@ -46,6 +46,30 @@ TEST(Failures, AreToldInASentenceWithTheDriversWordsLast)
 TEST(Failures, OfOnesOwnCancelNeedNoReason)
 {
     EXPECT_EQ(Told(Kind::Cancelled, u"interrupted (9)"_s), u"It was cancelled."_s);
+}
+
+TEST(Failures, OfALackedRightAreKnownOnEachServer)
+{
+    struct RightCase
+    {
+        const Dialect &engine;
+        const char *state;
+        int native;
+        bool lacks;
+    };
+    const RightCase cases[] = {
+        {kPostgresql, "42501", 1, true},
+        {kPostgresql, "42P01", 1, false},
+        {kMariadb, "42000", 1142, true},
+        {kMariadb, "42000", 1143, true},
+        {kMariadb, "42000", 1044, true},
+        {kMariadb, "42000", 1227, true},
+        {kMariadb, "42000", 1064, false},
+        {kSqlite, "HY000", 1142, false},
+    };
+    for (const auto &[engine, state, native, lacks] : cases) {
+        EXPECT_EQ(LacksRight(engine, state, native), lacks) << state << ' ' << native;
+    }
 }
 
 } // namespace

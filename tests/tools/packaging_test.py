@@ -120,7 +120,7 @@ class Completion(unittest.TestCase):
                 self.assertEqual(known - {"help", "version"}, options(manual) - {"help", "version"}, file)
 
     def test_gives_bash_the_words_that_fit(self):
-        for line, words in (("tollbrook-db --d", "--dsn --dry-run --days "),
+        for line, words in (("tollbrook-db --d", "--dsn --dry-run --days --database "),
                             ("tollbrook cr", "credit "),
                             ("tollbrook --json user un", "unblock "),
                             ("tollbrook limit set --p", "--period --price "),

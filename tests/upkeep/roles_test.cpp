@@ -21,6 +21,8 @@
 #include "upkeep/restore.h"
 #include "upkeep/spare_database.h"
 
+#include <QDirIterator>
+#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 
@@ -91,6 +93,56 @@ TEST(Roles, NameEveryTable)
     }
 }
 
+// "DELETE users" for each kind of change of a table that a literal of these folders' sources begins with.
+QSet<QString> ChangesIn(const QStringList &folders)
+{
+    static const QRegularExpression kSeam(u"\"\\s*\""_s);
+    static const QRegularExpression kChange(
+        u"\"(INSERT|UPDATE|DELETE) +(?:(?i:INTO|FROM) +)?(\\w+)"_s);
+    QSet<QString> changes;
+    for (const QString &folder : folders) {
+        QDirIterator files(QStringLiteral(TB_SOURCE_DIR "/src/") + folder, {u"*.cpp"_s});
+        while (files.hasNext()) {
+            QFile file(files.next());
+            EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+            const QString text = QString::fromUtf8(file.readAll()).remove(kSeam);
+            for (const auto &match : kChange.globalMatch(text)) {
+                changes << match.captured(1) + u' ' + match.captured(2).toLower();
+            }
+        }
+    }
+    return changes;
+}
+
+// The same as the script grants them to the role.
+QSet<QString> ChangesGranted(const QString &role)
+{
+    static const QRegularExpression kGrant(
+        u"^GRANT (.*) ON \"public\"\\.\"(\\w+)\" TO \"tollbrook_(\\w+)\""_s,
+        QRegularExpression::MultilineOption);
+    static const QRegularExpression kRight(u"INSERT|UPDATE|DELETE"_s);
+    QSet<QString> changes;
+    for (const auto &grant : kGrant.globalMatch(RolesScript({.dialect = kPostgresql}))) {
+        if (grant.captured(3) == role) {
+            for (const auto &right : kRight.globalMatch(grant.captured(1))) {
+                changes << right.captured() + u' ' + grant.captured(2);
+            }
+        }
+    }
+    return changes;
+}
+
+TEST(Roles, MayChangeWhatTheirProgramsChangeAndNothingElse)
+{
+    QSet<QString> console = ChangesIn({u"access"_s, u"accounts"_s, u"admin"_s, u"exchange"_s});
+    console << u"UPDATE ports"_s; // their rows are locked
+    EXPECT_EQ(ChangesGranted(u"console"_s), console);
+    EXPECT_EQ(ChangesGranted(u"service"_s), ChangesIn({u"metering"_s, u"daemon"_s}));
+    for (const auto &role : {u"reports"_s, u"viewer"_s, u"backup"_s}) {
+        EXPECT_EQ(ChangesGranted(role), QSet<QString>()) << qPrintable(role);
+    }
+}
+
 TEST(Roles, QuoteWhatADatabaseIsCalled)
 {
     const QString postgresql = RolesScript({.dialect = kPostgresql, .database = u"a\"b"_s});
@@ -158,6 +210,7 @@ TEST_P(RolesOfServer, AreRefusedWhatIsNotTheirs)
         {"console", "CREATE TABLE more (id INTEGER)"},
         {"console", "UPDATE schema_version SET version = 9"},
         {"console", "UPDATE time_blocked SET dayofweek = 1"},
+        {"console", "INSERT INTO traffic_use (user_id) VALUES (1)"},
         {"console", "INSERT INTO sites (sitename) VALUES ('a')"},
         {"console", "SELECT * FROM service_counters"},
         {"service", "SELECT Pwd FROM logins"},
@@ -366,7 +419,10 @@ TEST_P(Owner, MakesUpgradesRepairsAndRestores)
 
 TEST_P(Owner, SeesThatOtherAccountsAreConnected)
 {
-    ASSERT_EQ(CreateSchema(owned), std::nullopt);
+    const Ended made = RunTool({u"create"_s, u"--dsn"_s, owned});
+    ASSERT_EQ(made.status, 0) << qPrintable(made.error);
+    EXPECT_TRUE(made.output.contains(u"tollbrook-db roles --dsn "_s + owned))
+        << qPrintable(made.output);
     ASSERT_EQ(RunByClient(server, RolesScript(Place()).replace(u"CHANGE-ME"_s, u"secret"_s)),
               QString());
     DefineBeside(u"reader_of_"_s + Engine(), prefix + u"_reports"_s);
