@@ -4063,6 +4063,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <translation>Mit der Datenbank von „%1“ sind andere verbunden. Beenden Sie diese zuerst:
 %2</translation>
     </message>
+    <message>
+        <source>The version of the tables of &quot;%1&quot; cannot be read: %2</source>
+        <translation>Die Version der Tabellen von „%1“ kann nicht gelesen werden: %2</translation>
+    </message>
 </context>
 <context>
     <name>NoticeQueue</name>

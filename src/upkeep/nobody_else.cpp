@@ -49,7 +49,13 @@ Told<void> NobodyElse(DirectConnection &database, const QString &dsn)
 Told<void> NobodyNeedsOlderTables(const QString &dsn)
 {
     DirectConnection database;
-    const auto version = database.Open(dsn) ? SchemaVersionOf(database) : std::nullopt;
-    return version && AgeOf(*version) == SchemaAge::Older ? NobodyElse(database, dsn)
-                                                          : Told<void>();
+    if (!database.Open(dsn)) {
+        return {};
+    }
+    const auto version = SchemaVersionOf(database);
+    if (!version) {
+        return tl::unexpected(Words::tr("The version of the tables of \"%1\" cannot be read: %2")
+                                  .arg(dsn, database.Error()));
+    }
+    return AgeOf(*version) == SchemaAge::Older ? NobodyElse(database, dsn) : Told<void>();
 }

@@ -43,6 +43,7 @@ protected:
         test_data_source::CloseSession(); // the console's own is the only one
         program.emplace(
             StartUpOptions {.configFolder = files.filePath(u"config"_s), .opensDatabase = false});
+        ASSERT_TRUE(program->settings.CreateKey(ConfigKeyId::Base));
         session.emplace();
         session->Open(Dsn());
         services.emplace(AppServices {
