@@ -31,22 +31,33 @@ namespace {
 
 const QList<Column> kColumns {{"name", "Protocol"}, {"monitored", "Monitored"}, {"ports", "Ports"}};
 
-QStringList PortTexts(const Protocol &protocol)
+// In their order as numbers; the engines give them in any.
+QList<qint32> PortsOf(const Protocol &protocol)
+{
+    QList<qint32> numbers;
+    for (const ProtocolPort &port : protocol.ports) {
+        numbers << port.number;
+    }
+    std::ranges::sort(numbers);
+    return numbers;
+}
+
+QString PortsText(const Protocol &protocol)
 {
     QStringList texts;
-    for (const ProtocolPort &port : protocol.ports) {
-        texts << QString::number(port.number);
+    for (const qint32 port : PortsOf(protocol)) {
+        texts << QString::number(port);
     }
-    return texts;
+    return texts.join(u' ');
 }
 
 Cell PortsCell(const Protocol &protocol)
 {
     QJsonArray numbers;
-    for (const ProtocolPort &port : protocol.ports) {
-        numbers.append(port.number);
+    for (const qint32 port : PortsOf(protocol)) {
+        numbers.append(port);
     }
-    return {numbers, PortTexts(protocol).join(u", "_s)};
+    return {numbers, PortsText(protocol)};
 }
 
 Or<void> ListProtocols(Work &work, const Given & /*given*/)
@@ -64,7 +75,7 @@ QStringList ValuesOf(const Protocol &protocol)
 {
     return {u"proto_name="_s + protocol.name,
             u"mon=%1"_s.arg(int {protocol.monitored}),
-            u"ports="_s + PortTexts(protocol).join(u' ')};
+            u"ports="_s + PortsText(protocol)};
 }
 
 const Protocol *Find(const ProtocolTable &table, const QString &name)

@@ -37,15 +37,15 @@ QStringList Mark(const Dialect &dialect)
     return {table, u"INSERT INTO schema_version (version) VALUES (%1)"_s.arg(kIncompleteSchema)};
 }
 
-// A statement for each table whose rows the engine numbers, of its quoted name, its name and its key.
-QStringList ForNumberedTables(const Dialect &dialect, const Site &site, const QString &statement)
+// What `statementOf` gives for each table whose rows the engine numbers.
+template <typename StatementOf>
+QStringList
+ForNumberedTables(const Dialect &dialect, const Site &site, const StatementOf &statementOf)
 {
     QStringList statements;
     for (const SiteTable &table : site.tables) {
-        const TableShape &shape = table.shape;
-        if (&dialect == &kPostgresql && shape.givesNumbers) {
-            statements << statement.arg(
-                Quoted(dialect, shape.name), shape.name, Quoted(dialect, shape.key.first()));
+        if (&dialect == &kPostgresql && table.shape.givesNumbers) {
+            statements << statementOf(table.shape);
         }
     }
     return statements;
@@ -66,13 +66,18 @@ QStringList MarkedTables(const Dialect &dialect, int version)
 
 QStringList KeyRemovals(const Dialect &dialect, const Site &site)
 {
-    return ForNumberedTables(dialect, site, u"ALTER TABLE %1 DROP CONSTRAINT %2_pkey"_s);
+    return ForNumberedTables(dialect, site, [&dialect](const TableShape &shape) {
+        return u"ALTER TABLE %1 DROP CONSTRAINT %2_pkey"_s.arg(Quoted(dialect, shape.name),
+                                                               shape.name);
+    });
 }
 
 QStringList KeysOf(const Dialect &dialect, const Site &site)
 {
-    return ForNumberedTables(
-        dialect, site, u"ALTER TABLE %1 ADD CONSTRAINT %2_pkey PRIMARY KEY (%3)"_s);
+    return ForNumberedTables(dialect, site, [&dialect](const TableShape &shape) {
+        return u"ALTER TABLE %1 ADD CONSTRAINT %2_pkey PRIMARY KEY (%3)"_s.arg(
+            Quoted(dialect, shape.name), shape.name, Quoted(dialect, shape.key.first()));
+    });
 }
 
 QStringList IndexesOf(const Dialect &dialect, int version)

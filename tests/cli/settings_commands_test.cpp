@@ -106,7 +106,7 @@ TEST_P(SettingsCommands, TheStateIsWellOnlyWhenEverythingIs)
     const auto closed = QFile::permissions(base);
     ASSERT_TRUE(QFile::setPermissions(base, closed | QFile::ReadOther));
     EXPECT_EQ(Run(Words("status")), 1);
-    EXPECT_THAT(printed.toStdString(), HasSubstr(("machine: " + base + "\n").toStdString()));
+    EXPECT_THAT(printed.toStdString(), HasSubstr(qPrintable(u"machine: "_s + base)));
     EXPECT_EQ(Run(Words("config get timer")), 1);
     EXPECT_THAT(said.toStdString(), testing::Not(HasSubstr("open to everybody")));
     ASSERT_TRUE(QFile::setPermissions(base, closed));

@@ -45,7 +45,7 @@ PurgePeriodBox::PurgePeriodBox() : QGroupBox(tr("Save data for period of time"))
     ShowDays();
     connect(custom, &QRadioButton::toggled, this, &PurgePeriodBox::EnablePickers);
     connect(custom, &QRadioButton::toggled, this, &PurgePeriodBox::Changed);
-    if (FirstDate({PurgeChoice::Keep::LastMonth, false, {}, {}}, Today()) <= Today()) {
+    if (FirstDateKept({PurgeChoice::Keep::LastMonth, false, {}, {}}, Today()) <= Today()) {
         CheckOneOf({today, lastWeek, lastMonth, custom}, lastMonth);
     }
     EnablePickers();
