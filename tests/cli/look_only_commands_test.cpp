@@ -5,7 +5,6 @@
 #include "startup/rights.h"
 #include "support/core/fake_service.h"
 
-
 using namespace Qt::StringLiterals;
 
 namespace {

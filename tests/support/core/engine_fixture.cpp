@@ -1,8 +1,8 @@
 #include "support/core/engine_fixture.h"
 
 #include "db/schema.h"
-#include "support/core/program_accounts.h"
 #include "db/translation.h"
+#include "support/core/program_accounts.h"
 #include "support/core/test_data_source.h"
 #include "support/servers/server_section.h"
 
