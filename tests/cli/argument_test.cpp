@@ -74,6 +74,24 @@ TEST(Arguments, WordsAreThoseOfTheFindBar)
     EXPECT_FALSE(DateFrom(u"2026-02-30"_s));
 }
 
+TEST(Arguments, TimesOfTheWeekAreReadAsTheyAreShown)
+{
+    EXPECT_EQ(*TimeOfDayFrom(u"8:30"_s), QTime(8, 30));
+    EXPECT_EQ(*TimeOfDayFrom(u"08:30:15"_s), QTime(8, 30, 15));
+    for (const QString &text : {u"8"_s, u"24:00"_s, u"8.30"_s, u"08:60"_s, u"-1:00"_s, u""_s}) {
+        EXPECT_FALSE(TimeOfDayFrom(text)) << text.toStdString();
+    }
+    for (quint32 day = 1; day <= 7; ++day) {
+        EXPECT_EQ(*WeekdayFrom(WeekdayWord(day).toUpper()), day);
+    }
+    EXPECT_EQ(WeekdayWord(1), u"monday"_s);
+    EXPECT_EQ(WeekdayWord(8), u"8"_s);
+    EXPECT_FALSE(WeekdayFrom(u"mon"_s));
+    EXPECT_EQ(*AccessFrom(u"Allow"_s), true);
+    EXPECT_EQ(AccessWord(false), u"deny"_s);
+    EXPECT_FALSE(AccessFrom(u"yes"_s));
+}
+
 TEST(PlainTexts, NothingInThemIsObeyedOrUnseen)
 {
     EXPECT_EQ(PlainText(u"Zo\u00eb \u05d3 \u4e2d"_s), u"Zo\u00eb \u05d3 \u4e2d"_s);
