@@ -69,6 +69,9 @@ TEST_F(UnreadRows, AreNotPrintedAsIfTheReportWereWhole)
             folder.filePath(u"printed.pdf"_s))))
         << qPrintable(said);
     EXPECT_TRUE(said.contains(kUnread)) << qPrintable(said);
+    const int sent = said.section(u".pdf: "_s, 1).section(u'.', 0, 0).toInt();
+    EXPECT_GT(sent, 0);
+    EXPECT_LT(sent, Viewer().View().Pages()->Count()) << "no page behind the first unread row";
     EXPECT_FALSE(Message().contains(u"printed"_s)) << qPrintable(Message());
     Await([&] { Viewer().PrintOn(FilePrinter()); }); // now it is known before the first page
     EXPECT_TRUE(prompt.TakeSaid().value(0).startsWith(u"Nothing was printed"_s));
