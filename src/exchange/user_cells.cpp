@@ -1,5 +1,6 @@
 #include "exchange/user_cells.h"
 
+#include "accounts/currency.h"
 #include "base/amount_text.h"
 #include "exchange/cell_values.h"
 
