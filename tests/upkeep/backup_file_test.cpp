@@ -99,15 +99,15 @@ TEST_F(BackupFiles, AreRefusedWhenCutOffOrChangedInAnyPlace)
 TEST_F(BackupFiles, AreRefusedWhenTheyHoldMoreOrLessThanTheyTell)
 {
     const QByteArray whole = BytesIn(file).chopped(kBackupSumBytes);
-    const auto signedBy = [](const QByteArray &bytes) {
+    const auto signedBy = [](const QByteArray &bytes) -> QByteArray {
         return bytes + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
     };
+    const QByteArray longer = whole + QByteArray("\0\0\0\1x", 5);
     QByteArray miscounted = whole;
     ASSERT_TRUE(miscounted.contains("\"rows\":1"));
     miscounted.replace(miscounted.indexOf("\"rows\":1"), 8, "\"rows\":2");
-    for (const auto &[bytes, problem] :
-         {std::pair {whole + QByteArray("\0\0\0\1x", 5), "is damaged or cut off"},
-          std::pair {miscounted, "Of the 2 rows of"}}) {
+    for (const auto &[bytes, problem] : {std::pair {longer, "is damaged or cut off"},
+                                         std::pair {miscounted, "Of the 2 rows of"}}) {
         Put(file, signedBy(bytes));
         const QString there = SpareDatabase(u"sqlite"_s, u"spare"_s);
         const auto restored = Restore({file, there}, kQuiet);
