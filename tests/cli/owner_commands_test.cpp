@@ -150,9 +150,12 @@ TEST_P(OwnerCommands, ChangesWhatIsNamedAndNothingElse)
 TEST_P(OwnerCommands, StoresNoTextOtherThanItWasGiven)
 {
     const QString most(254, u'x');
-    for (const auto &[wrong, words] : {std::pair {most + u'x', "is too long"},
-                                       std::pair {u"a\nb"_s, "cannot be shown"},
-                                       std::pair {most.chopped(2) + u"\u20ac"_s, "is too long"}}) {
+    const std::pair<QString, const char *> cases[] = {
+        {most + u'x', "is too long"},
+        {u"a\nb"_s, "cannot be shown"},
+        {most.chopped(2) + u"\u20ac"_s, "is too long"},
+    };
+    for (const auto &[wrong, words] : cases) {
         for (const QStringList &command : {Words("user set anna --full-name"),
                                            Words("user set anna --description"),
                                            Words("group add"),
