@@ -140,7 +140,8 @@ private:
     bool TakeAll(const std::vector<Station> &stations)
     {
         auto taken = TakeStations(stations, round.stationRules);
-        if (!taken && taken.error().kind == Failure::Kind::Refused) {
+        using enum Failure::Kind;
+        if (!taken && (taken.error().kind == Refused || taken.error().kind == NotUnique)) {
             whyRefused = taken.error().text;
             return false;
         }

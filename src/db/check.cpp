@@ -35,15 +35,14 @@ struct Check
 
 // Found by the program's own rule for names, which no query knows.
 constexpr char kTwins[] = "names are held by more than one group";
-constexpr char kWrongKeys[] =
-    "groups are not kept apart by their names, whose keys are missing or old";
+constexpr char kOldKeys[] = "groups are kept apart from others by a name that they have no more";
 
 constexpr Check kChecks[] = {
     // Groups and users
     {"groups \"Everybody\" (80) are missing, into which users fall back",
      "SELECT 1 FROM (SELECT COUNT(*) AS found FROM groups WHERE group_id = 80) e WHERE found = 0"},
     {kTwins, nullptr},
-    {kWrongKeys, nullptr, Kind::Wrong, kGroupKeysVersion},
+    {kOldKeys, nullptr, Kind::Wrong, kGroupKeysVersion},
     {"groups have a mode other than 0, 1 and 2",
      "SELECT 1 FROM groups WHERE mode NOT IN (0, 1, 2)"},
     {"groups have a traffic limit with a period that is neither day nor month",
@@ -248,7 +247,7 @@ std::optional<qint64> Count(DirectConnection &database, const Check &check)
         return twins ? std::optional<qint64>(names.size()) : std::nullopt;
     }
     const auto faults = FindGroupKeyFaults(database);
-    return faults ? std::optional<qint64>(faults->wrongKeys.size()) : std::nullopt;
+    return faults ? std::optional<qint64>(faults->oldKeys.size()) : std::nullopt;
 }
 
 } // namespace

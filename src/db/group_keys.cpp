@@ -148,9 +148,9 @@ std::optional<GroupKeyFaults> FindGroupKeyFaults(DirectConnection &database)
     if (!wrong) {
         return std::nullopt;
     }
-    GroupKeyFaults faults {*twins, {}};
+    GroupKeyFaults faults {*twins, {}, {}};
     for (const NamedRow &group : *wrong) {
-        faults.wrongKeys << group.groupId;
+        (group.key.isEmpty() ? faults.missingKeys : faults.oldKeys) << group.groupId;
     }
     return faults;
 }

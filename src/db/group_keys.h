@@ -40,7 +40,8 @@ struct GroupRename
 struct GroupKeyFaults
 {
     QList<GroupRename> twins;
-    QList<int> wrongKeys; // groups with no key, or one of another name
+    QList<int> missingKeys; // groups that something else has written, which is no fault
+    QList<int> oldKeys; // groups with the key of another name
 };
 
 [[nodiscard]] std::optional<GroupKeyFaults> FindGroupKeyFaults(DirectConnection &database);

@@ -129,7 +129,7 @@ Told<int> MendGroups(DirectConnection &database, RepairMode mode, const Tell &te
         tell(twin.InWords());
         mended << twin.groupId;
     }
-    for (const int groupId : faults->wrongKeys) {
+    for (const int groupId : faults->oldKeys + faults->missingKeys) {
         if (!mended.contains(groupId)) {
             tell(u"Group %1 gets the key of its name."_s.arg(groupId));
             mended << groupId;

@@ -58,6 +58,7 @@ TEST_F(GroupApply, EverythingChangedIsStoredInTheFixedOrder)
         "UPDATE users SET group_id = 80  WHERE user_id = (?)",
         "UPDATE users SET group_id = (?)  WHERE user_id = (?)",
         kGeneral,
+        "UPDATE groups SET name_key = (?) WHERE group_id = (?)",
         "UPDATE groups SET blocked = true, blockreason = (?) WHERE group_id = (?)",
         "UPDATE users SET blocked = true, blockreason = (?) WHERE group_id = (?)",
         "UPDATE users SET blocked = true, blockreason = (?) WHERE user_id = (?)",

@@ -57,7 +57,7 @@ TEST_P(Transactions, TakeNothingMoreAfterAFailure)
     ASSERT_TRUE(BeginTransaction());
     FailByItself();
     const Failure first = LastFailure().value();
-    EXPECT_EQ(first.kind, Failure::Kind::Refused);
+    EXPECT_EQ(first.kind, Failure::Kind::NotUnique);
     EXPECT_EQ(driver.Take().size(), 3);
 
     Add(u"anna"_s);
