@@ -123,7 +123,7 @@ TEST_P(OwnerCommands, AddsNobodyWithAnAddressThatTheServiceIgnores)
     ExpectRefused(Words("user add dora --ip 10.0.0.7"),
                   1,
                   "IP address \"10.0.0.7\": the address is excluded");
-    ExpectRefused(Words("user add dora --ip 0.0.0.0"), 1, "it is no IP address");
+    ExpectRefused(Words("user add dora --ip 0.0.0.0"), 2, "is no IP address");
 }
 
 // The name of a group is no way to tell it from another one of that name.
