@@ -43,7 +43,7 @@ constexpr TableRights kRights[] = {
     {"protocols", kAll, kRead, kRead, kRead},
     {"ports", kAll, kRead, kRead, kRead},
     {"port_blocked", kAll, kRead, kRead, kRead},
-    {"logins", kAll, nullptr, nullptr, kReadButPassword},
+    {"logins", kAll, "SELECT (userid)", nullptr, kReadButPassword},
     {"sites", "SELECT, DELETE", nullptr, kRead, kRead},
     {"siteaccess", "SELECT, DELETE", nullptr, kRead, kRead},
     {"service_counters", nullptr, kAll, nullptr, nullptr},

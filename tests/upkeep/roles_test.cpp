@@ -257,6 +257,7 @@ TEST_P(RolesOfServer, AreRefusedWhatIsNotTheirs)
 TEST_P(RolesOfServer, MayReadTheirOwn)
 {
     const std::pair<const char *, const char *> cases[] = {
+        {"service", "SELECT COUNT(*) FROM logins WHERE userid = 1"},
         {"viewer", "SELECT login, userid, LimitIP FROM logins"},
         {"viewer", "SELECT version FROM schema_version"},
         {"backup", "SELECT Pwd FROM logins"},
