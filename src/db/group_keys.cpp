@@ -47,8 +47,9 @@ std::optional<std::vector<NamedRow>> ReadGroups(DirectConnection &database, cons
     for (const QStringList &row : *rows) {
         groups.push_back({row.at(0).toInt(), row.at(1), row.at(2)});
     }
-    std::ranges::stable_partition(
-        groups, [](const NamedRow &group) { return group.groupId == kEverybody; });
+    std::stable_partition(groups.begin(), groups.end(), [](const NamedRow &group) {
+        return group.groupId == kEverybody;
+    });
     return groups;
 }
 
