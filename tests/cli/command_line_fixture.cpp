@@ -3,6 +3,7 @@
 #include <QJsonDocument>
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <pty.h>
 #include <unistd.h>
 
@@ -112,6 +113,15 @@ QJsonObject CommandLineFixture::ObjectOf(const QStringList &arguments)
     const auto document = QJsonDocument::fromJson(printed.toUtf8());
     EXPECT_TRUE(document.isObject()) << printed.toStdString();
     return document.object();
+}
+
+void CommandLineFixture::ExpectRefused(const char *line, int status, const char *words)
+{
+    const QStringList before = EveryRow();
+    EXPECT_EQ(Run(QString::fromUtf8(line).split(u' ')), status) << line << qPrintable(said);
+    EXPECT_THAT(said.toStdString(), testing::HasSubstr(words)) << line;
+    EXPECT_EQ(printed, QString()) << line;
+    EXPECT_EQ(EveryRow(), before) << line;
 }
 
 QStringList FieldsOf(const QJsonArray &rows, const QString &field)

@@ -33,6 +33,9 @@ protected:
     QJsonArray ListOf(const QStringList &arguments);
     QJsonObject ObjectOf(const QStringList &arguments);
 
+    // Runs the words of the line: nothing is printed and no row changes, and what is said holds `words`.
+    void ExpectRefused(const char *line, int status, const char *words);
+
     // On the next runs the message bus is here.
     void UseBus(const QString &address) { busAddress = address; }
 

@@ -18,15 +18,6 @@ protected:
         AddOwners();
     }
 
-    void ExpectRefused(const char *line, int status, const char *words)
-    {
-        const QStringList before = EveryRow();
-        EXPECT_EQ(Run(QString::fromUtf8(line).split(u' ')), status) << line << qPrintable(said);
-        EXPECT_THAT(said.toStdString(), HasSubstr(words)) << line;
-        EXPECT_EQ(printed, QString()) << line;
-        EXPECT_EQ(EveryRow(), before) << line;
-    }
-
     // Done as it is, and nothing with --dry-run.
     void ExpectDone(const char *line)
     {

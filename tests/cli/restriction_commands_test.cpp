@@ -16,15 +16,6 @@ protected:
         CommandLineFixture::SetUp();
         AddOwners();
     }
-
-    void ExpectRefused(const char *line, int status, const char *words)
-    {
-        const QStringList before = EveryRow();
-        EXPECT_EQ(Run(QString::fromUtf8(line).split(u' ')), status) << line << qPrintable(said);
-        EXPECT_THAT(said.toStdString(), HasSubstr(words)) << line;
-        EXPECT_EQ(printed, QString()) << line;
-        EXPECT_EQ(EveryRow(), before) << line;
-    }
 };
 TB_ON_EVERY_ENGINE(RestrictionCommands);
 
