@@ -19,6 +19,7 @@ constexpr double kAddressEms = 9; // texts as short as an address are never brok
 constexpr double kNameEms =
     22; // longer ones take several lines before a table takes the whole page
 constexpr double kMostHeading = 620; // longer headings may be cut
+constexpr double kShortHeading = 240; // one of a short word is, where nothing else helps
 constexpr double kBetween = 190; // columns of a table that is narrower than the page
 constexpr double kNarrow = 0.78; // of the room: a table that needs more takes all of it
 
@@ -165,8 +166,8 @@ private:
 
     [[nodiscard]] bool Fits() const { return Sum(LeastWidths()) <= room; }
 
-    // Smaller type first, then headings that may be cut, then larger units, then type of any size. False
-    // at the very end.
+    // Smaller type first, then long headings that may be cut, then larger units, then short headings, then
+    // type of any size. False at the very end.
     bool MakeSmaller()
     {
         const int smaller = plan.pixels - kPixelStep;
@@ -174,12 +175,16 @@ private:
             plan.pixels = smaller;
             return true;
         }
-        if (roomForHeadings > 0) {
-            roomForHeadings = 0;
+        if (roomForHeadings > kShortHeading) {
+            roomForHeadings = kShortHeading;
             plan.pixels = kUsualPixels;
             return true;
         }
         if (EnlargeUnits()) {
+            return true;
+        }
+        if (roomForHeadings > 0) {
+            roomForHeadings = 0;
             return true;
         }
         plan.pixels = std::max(1, smaller);

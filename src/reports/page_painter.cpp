@@ -56,6 +56,16 @@ QString AllLabel(const ReportTable &table)
                          : QString();
 }
 
+QString SummaryLine(const ReportPages &pages, size_t group)
+{
+    const ReportTable &table = pages.Table();
+    const ReportGroup &told = table.groups[group];
+    const QString name = table.HasTotals()
+        ? GroupTitle(table, told)
+        : Words::tr("%1: %2").arg(GroupTitle(table, told), CountedRows(table, told.count));
+    return Words::tr("page %1: %2").arg(pages.PageOfGroup(group) + 1).arg(name);
+}
+
 double HeadHeight(const ReportTable &table, qsizetype addressLines)
 {
     const double texts = kOrganisationLine * (table.setup.organisation.isEmpty() ? 0 : 1)
@@ -68,6 +78,7 @@ PagePainter::PagePainter(const ReportPages &ofPages, Canvas &onCanvas, int pageN
     , table(*ofPages.table)
     , canvas(onCanvas)
     , page(pageNumber)
+    , plan(ofPages.PlanOf(pageNumber))
     , width(ofPages.Size().width() * 10)
     , height(ofPages.Size().height() * 10)
 { }
@@ -203,9 +214,9 @@ void PagePainter::PaintChart()
 // What the report comes to, and its largest groups with their pages, or its largest rows.
 void PagePainter::PaintSummary()
 {
-    constexpr int kMost = 10;
     constexpr int kOtherLines = 6; // the title, the closing lines and what stands between
-    const int room = std::clamp(pages.LinesBelow(top - paper::kMargin) - kOtherLines, 0, kMost);
+    const int room =
+        std::clamp(pages.LinesBelow(top - paper::kMargin) - kOtherLines, 0, kMostSummaryLines);
     const bool hasGroups = !table.groups.empty();
     canvas.Write(Line(paper::kLine),
                  Words::tr("Summary"),
@@ -231,15 +242,9 @@ int PagePainter::PaintLargestGroups(int most)
 {
     const auto groups = pages.LargestGroups(static_cast<size_t>(most));
     for (const size_t group : groups) {
-        const ReportGroup &told = table.groups[group];
-        const QString name = table.HasTotals()
-            ? GroupTitle(table, told)
-            : Words::tr("%1: %2").arg(GroupTitle(table, told), CountedRows(table, told.count));
-        PaintSums(Words::tr("page %1: %2").arg(pages.PageOfGroup(group) + 1).arg(name),
-                  told.totals,
-                  Style::Text);
+        PaintSums(SummaryLine(pages, group), table.groups[group].totals, Style::Text);
         top += paper::kLine;
-        Rule(3, paper::kRule, pages.plan.width);
+        Rule(3, paper::kRule, plan.width);
     }
     return static_cast<int>(groups.size());
 }
@@ -253,7 +258,7 @@ int PagePainter::PaintLargestRows(int most)
         }
         const auto read = table.rows.Read(number, 1);
         for (const CellRow &row : read) {
-            for (const PlannedColumn &column : pages.plan.columns) {
+            for (const PlannedColumn &column : plan.columns) {
                 PaintCell(column, row, 1);
             }
         }
@@ -261,7 +266,7 @@ int PagePainter::PaintLargestRows(int most)
             PaintUnread();
         }
         top += paper::kLine;
-        Rule(3, paper::kRule, pages.plan.width);
+        Rule(3, paper::kRule, plan.width);
         ++painted;
     }
     return painted;
@@ -313,8 +318,8 @@ QRectF PagePainter::CellPlace(const PlannedColumn &column, double cellHeight) co
 void PagePainter::PaintColumnHeadings(bool onlyOfSums)
 {
     constexpr double kBandHeight = paper::kColumnHeading - 30;
-    canvas.Fill({paper::kMargin, top, pages.plan.width, kBandHeight}, paper::kBand);
-    for (const PlannedColumn &column : pages.plan.columns) {
+    canvas.Fill({paper::kMargin, top, plan.width, kBandHeight}, paper::kBand);
+    for (const PlannedColumn &column : plan.columns) {
         const LayoutColumn &told = table.layout.columns.at(column.place);
         if (onlyOfSums && !told.total) {
             continue;
@@ -348,7 +353,7 @@ void PagePainter::PaintItem(const PageItem &item)
     case PageItem::Kind::Sum: {
         const ReportGroup &group = table.groups[static_cast<size_t>(item.index)];
         if (HasSumLine(group)) {
-            Rule(5, paper::kInk, pages.plan.width);
+            Rule(5, paper::kInk, plan.width);
             PaintSums(table.layout.pageForEach ? Words::tr("Total")
                                                : CountedRows(table, group.count),
                       group.totals,
@@ -390,15 +395,15 @@ void PagePainter::PaintRow(const PageItem &item)
 {
     const double high = paper::kLine * item.lines;
     if (isTinted) {
-        canvas.Fill({paper::kMargin, top, pages.plan.width, high}, paper::kTint);
+        canvas.Fill({paper::kMargin, top, plan.width, high}, paper::kTint);
     }
     isTinted = !isTinted;
     const CellRow &row = rows[static_cast<size_t>(item.index - firstRow)];
-    for (const PlannedColumn &column : pages.plan.columns) {
+    for (const PlannedColumn &column : plan.columns) {
         PaintCell(column, row, item.lines);
     }
     const QPointF below(paper::kMargin, top + high);
-    canvas.Line(below, below + QPointF(pages.plan.width, 0), 3, paper::kRule);
+    canvas.Line(below, below + QPointF(plan.width, 0), 3, paper::kRule);
 }
 
 void PagePainter::PaintCell(const PlannedColumn &column, const CellRow &row, int lines)
@@ -407,7 +412,7 @@ void PagePainter::PaintCell(const PlannedColumn &column, const CellRow &row, int
     const QString text = ColumnPlan::TextOf(column, told, row[static_cast<size_t>(column.place)]);
     const TextLook look {.style = Style::Text,
                          .side = told.IsNumber() ? Qt::AlignRight : Qt::AlignLeft,
-                         .pixels = pages.plan.pixels};
+                         .pixels = plan.pixels};
     QRectF place = CellPlace(column, paper::kLine);
     if (told.IsNumber()) {
         canvas.WriteFitting(place, text, look); // the plan has seen to that
@@ -432,7 +437,7 @@ void PagePainter::PaintCell(const PlannedColumn &column, const CellRow &row, int
 void PagePainter::PaintSums(const QString &label, const CellRow &sums, Style style)
 {
     double labelEnd = width - paper::kMargin;
-    for (const PlannedColumn &column : pages.plan.columns) {
+    for (const PlannedColumn &column : plan.columns) {
         if (sums[static_cast<size_t>(column.place)].index() != 0) {
             labelEnd = std::min(labelEnd, CellPlace(column, 0).left());
         }
@@ -441,25 +446,25 @@ void PagePainter::PaintSums(const QString &label, const CellRow &sums, Style sty
     if (labelEnd > left) { // else the first column has a sum itself
         canvas.Write({left, top, labelEnd - left, paper::kLine},
                      label,
-                     {.style = style, .pixels = pages.plan.pixels});
+                     {.style = style, .pixels = plan.pixels});
     }
-    for (const PlannedColumn &column : pages.plan.columns) {
+    for (const PlannedColumn &column : plan.columns) {
         const Cell &cell = sums[static_cast<size_t>(column.place)];
         const LayoutColumn &told = table.layout.columns.at(column.place);
         canvas.WriteWhole(CellPlace(column, paper::kLine),
                           cell.index() == 0 ? QString() : ColumnPlan::TextOf(column, told, cell),
-                          {.style = style, .side = Qt::AlignRight, .pixels = pages.plan.pixels});
+                          {.style = style, .side = Qt::AlignRight, .pixels = plan.pixels});
     }
 }
 
 void PagePainter::PaintClosing()
 {
     top += paper::kLine / 2;
-    Rule(12, paper::kInk, pages.plan.width);
+    Rule(12, paper::kInk, plan.width);
     PaintSums(ClosingLabel(table), table.totals, Style::Strong);
     if (table.IsCut()) {
         top += paper::kLine;
-        Rule(3, paper::kInk, pages.plan.width);
+        Rule(3, paper::kInk, plan.width);
         PaintSums(AllLabel(table), table.allTotals, Style::Strong);
     }
 }

@@ -13,6 +13,9 @@
 [[nodiscard]] QString ClosingLabel(const ReportTable &table);
 [[nodiscard]] QString AllLabel(const ReportTable &table);
 
+// What stands before a group's sums on the first page of a report that has a summary.
+[[nodiscard]] QString SummaryLine(const ReportPages &pages, size_t group);
+
 // A group of one row is its own sum.
 [[nodiscard]] inline bool HasSumLine(const ReportGroup &group)
 {
@@ -23,6 +26,7 @@
 [[nodiscard]] double HeadHeight(const ReportTable &table, qsizetype addressLines);
 
 constexpr int kMostHeadingLines = 4;
+constexpr int kMostSummaryLines = 10;
 
 class PagePainter
 {
@@ -60,6 +64,7 @@ private:
     const ReportTable &table;
     Canvas &canvas;
     int page;
+    const ColumnPlan &plan; // of the page
     double width; // of the page
     double height;
     double top = paper::kMargin; // of what is painted next

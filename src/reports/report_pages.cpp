@@ -73,6 +73,7 @@ ReportPages::ReportPages(ReportTablePtr ofTable, QSizeF sheet, const RunControl 
 {
     if (hasSummary) {
         map.LeaveFirstBlank();
+        summaryPlan = PlanColumns(*table, Room(), SummaryLeads());
     }
 }
 
@@ -252,6 +253,23 @@ PageOutline ReportPages::Outline(const RunControl *control) const
     const bool hasClosing = !table->IsEmpty() && !outline.pageForEach;
     outline.closingLines = !hasClosing ? 0 : table->IsCut() ? 3 : 2;
     return outline;
+}
+
+// The names of its largest groups take more room than those of columns; no more than they can spare.
+QStringList ReportPages::SummaryLeads() const
+{
+    constexpr double kMostOfRoom = 0.45;
+    QStringList leads = Leads(*table);
+    for (const size_t group : LargestGroups(kMostSummaryLines)) {
+        leads << paper::Elided(
+            SummaryLine(*this, group), paper::Style::Strong, kMostOfRoom * Room());
+    }
+    return leads;
+}
+
+const ColumnPlan &ReportPages::PlanOf(int page) const
+{
+    return page == 0 && hasSummary ? summaryPlan : plan;
 }
 
 std::vector<size_t> ReportPages::LargestGroups(size_t most) const

@@ -95,12 +95,15 @@ private:
     [[nodiscard]] QStringList NoteLines() const;
     [[nodiscard]] QStringList AddressLines() const;
     [[nodiscard]] std::vector<size_t> LargestGroups(size_t most) const;
+    [[nodiscard]] QStringList SummaryLeads() const;
+    [[nodiscard]] const ColumnPlan &PlanOf(int page) const;
 
     ReportTablePtr table;
     QSizeF size; // of a page, as in paper.h
     ColumnPlan plan;
     PageMap map;
     bool hasSummary = false;
+    ColumnPlan summaryPlan; // of the first page then
 
     friend class PagePainter;
 };

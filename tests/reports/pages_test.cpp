@@ -486,6 +486,61 @@ TEST(Summary, OfRowsWithoutGroupsNamesTheLargest)
     EXPECT_EQ(texts.filter(u"Total, 1,200 users"_s).size(), 1);
 }
 
+// The names of groups are longer than the narrow column before the sums; a very long one is cut.
+TEST(Summary, NamesItsGroupsWhole)
+{
+    Layout layout = LayoutOf(1);
+    LayoutColumn day;
+    day.heading = u"Day"_s;
+    layout.columns.insert(2, day);
+    layout.group = {0, 1};
+    constexpr int kGroups = 30;
+    constexpr int kRows = 40;
+    std::vector<CellRow> rows;
+    std::vector<ReportGroup> groups;
+    for (int group = 0; group < kGroups; ++group) {
+        const CellRow row {group == 25 ? QString(250, u'x') : u"some.longer.name%1"_s.arg(group),
+                           u"255.255.255.%1"_s.arg(group),
+                           u"2026-11-21"_s,
+                           double(group)};
+        const CellRow totals {Cell(), Cell(), Cell(), kRows * double(group)};
+        rows.insert(rows.end(), kRows, row);
+        groups.push_back({row, group * kRows, kRows, totals});
+    }
+    const auto table = TableOf(layout, rows);
+    table->groups = groups;
+    const ReportPages pages(table);
+    ASSERT_TRUE(pages.HasSummary());
+    QStringList cut;
+    int named = 0;
+    for (const DrawnLine &line : LinesOf(pages, 0)) {
+        named += line.text.startsWith(u"page "_s) ? 1 : 0;
+        if (line.text.contains(u'\u2026')) {
+            cut << line.text.left(12);
+        }
+    }
+    EXPECT_EQ(named, 10);
+    ASSERT_EQ(cut.size(), 1) << cut.join(u'\n').toStdString();
+    EXPECT_TRUE(cut.front().contains(u": x"_s)) << cut.front().toStdString();
+}
+
+TEST(Headings, OfAShortWordAreNeverCut)
+{
+    Layout layout = LayoutOf(9);
+    for (qsizetype place = 2; place < layout.columns.size(); ++place) {
+        layout.columns[place].heading = u"Used"_s;
+    }
+    std::vector<CellRow> rows {RowOf(u"anna"_s, 9, 0)};
+    rows.front()[2] = 1e15;
+    rows.front()[3] = 1e15;
+    const ReportPages pages(TableOf(layout, rows));
+    int whole = 0;
+    for (const DrawnLine &line : LinesOf(pages, 0)) {
+        whole += line.text == u"Used"_s ? 1 : 0;
+    }
+    EXPECT_EQ(whole, 9);
+}
+
 TEST_F(OnPaper, EveryPlaceOfATextIsFound)
 {
     auto request = RequestFor(Dsn(), 15);
