@@ -100,6 +100,9 @@ constexpr Check kChecks[] = {
     {"days of a user have more than one traffic record",
      "SELECT user_id FROM traffic_use WHERE period IN (0, 1) AND user_id <> 0 "
      "GROUP BY user_id, period, current_time HAVING COUNT(*) > 1"},
+    {"days of a group have more than one traffic record",
+     "SELECT group_id FROM traffic_use WHERE period IN (0, 1) AND group_id <> 0 "
+     "GROUP BY group_id, period, current_time HAVING COUNT(*) > 1"},
     {"users have more than one monthly traffic record",
      "SELECT user_id FROM traffic_use WHERE period = 2 AND user_id <> 0 "
      "GROUP BY user_id HAVING COUNT(*) > 1"},
@@ -176,6 +179,9 @@ constexpr Check kChecks[] = {
     {"ports are denied to the same user more than once",
      "SELECT user_id FROM Port_blocked WHERE user_id <> 0 "
      "GROUP BY user_id, port_id HAVING COUNT(*) > 1"},
+    {"ports are denied to the same group more than once",
+     "SELECT group_id FROM Port_blocked WHERE group_id <> 0 "
+     "GROUP BY group_id, port_id HAVING COUNT(*) > 1"},
     {"ports belong to a protocol that does not exist",
      "SELECT 1 FROM Ports p WHERE NOT EXISTS (SELECT 1 FROM Protocols r WHERE r.id = p.proto_id)"},
     {"names are held by more than one protocol",

@@ -28,6 +28,17 @@ struct Mend
     std::vector<Change> changes; // of each row
 };
 
+// Of the columns %1, the record that stays, and %2.
+const std::vector<Change> kAddTrafficRecord = {
+    {"UPDATE traffic_use SET data = data + (SELECT data FROM traffic_use WHERE traf_id = ?), "
+     "senddata = senddata + (SELECT senddata FROM traffic_use WHERE traf_id = ?), "
+     "blocked = (SELECT MAX(blocked) FROM traffic_use WHERE traf_id IN (?, ?)) "
+     "WHERE traf_id = ?",
+     {1, 1, 0, 1, 0}},
+    {"UPDATE billing SET trafid = ? WHERE mode = 1 AND trafid = ?", {0, 1}},
+    {"DELETE FROM traffic_use WHERE traf_id = ?", {1}},
+};
+
 const Mend kMends[] = {
     {"SELECT found FROM (SELECT COUNT(*) AS found FROM groups WHERE group_id = 80) e "
      "WHERE found = 0",
@@ -49,13 +60,17 @@ const Mend kMends[] = {
      "ORDER BY t.traf_id",
      "Traffic record %2 of user %3 on %4 (received %5, sent %6) is added to record %1 of the "
      "same day.",
-     {{"UPDATE traffic_use SET data = data + (SELECT data FROM traffic_use WHERE traf_id = ?), "
-       "senddata = senddata + (SELECT senddata FROM traffic_use WHERE traf_id = ?), "
-       "blocked = (SELECT MAX(blocked) FROM traffic_use WHERE traf_id IN (?, ?)) "
-       "WHERE traf_id = ?",
-       {1, 1, 0, 1, 0}},
-      {"UPDATE billing SET trafid = ? WHERE mode = 1 AND trafid = ?", {0, 1}},
-      {"DELETE FROM traffic_use WHERE traf_id = ?", {1}}}},
+     kAddTrafficRecord},
+    {"SELECT (SELECT MIN(f.traf_id) FROM traffic_use f WHERE f.group_id = t.group_id "
+     "AND f.period = t.period AND f.current_time = t.current_time) AS kept, "
+     "t.traf_id, t.group_id, t.current_time, t.data, t.senddata "
+     "FROM traffic_use t WHERE t.period IN (0, 1) AND t.group_id <> 0 "
+     "AND EXISTS (SELECT 1 FROM traffic_use o WHERE o.group_id = t.group_id "
+     "AND o.period = t.period AND o.current_time = t.current_time AND o.traf_id < t.traf_id) "
+     "ORDER BY t.traf_id",
+     "Traffic record %2 of group %3 on %4 (received %5, sent %6) is added to record %1 of the "
+     "same day.",
+     kAddTrafficRecord},
     {"SELECT (SELECT MIN(f.time_id) FROM time_use f WHERE f.user_id = t.user_id "
      "AND f.period = t.period AND f.current_time = t.current_time) AS kept, "
      "t.time_id, t.user_id, t.current_time, t.data "
@@ -81,6 +96,12 @@ const Mend kMends[] = {
      "AND o.port_id = p.port_id AND COALESCE(o.group_id, 0) = COALESCE(p.group_id, 0) "
      "AND o.pb_id < p.pb_id) ORDER BY p.pb_id",
      "Port %3 was denied to user %2 more than once: record %1 is removed.",
+     {{"DELETE FROM Port_blocked WHERE pb_id = ?", {0}}}},
+    {"SELECT p.pb_id, p.group_id, p.port_id FROM Port_blocked p WHERE p.group_id <> 0 "
+     "AND EXISTS (SELECT 1 FROM Port_blocked o WHERE o.group_id = p.group_id "
+     "AND o.port_id = p.port_id AND COALESCE(o.user_id, 0) = COALESCE(p.user_id, 0) "
+     "AND o.pb_id < p.pb_id) ORDER BY p.pb_id",
+     "Port %3 was denied to group %2 more than once: record %1 is removed.",
      {{"DELETE FROM Port_blocked WHERE pb_id = ?", {0}}}},
     {"SELECT version FROM schema_version "
      "WHERE version < (SELECT MAX(version) FROM schema_version) ORDER BY version",

@@ -36,6 +36,13 @@ const std::pair<const char *, QString> kMendable[] = {
      "VALUES (9002, 900, 1, #2026/11/01#, 4, 1, 0)",
      {}},
     {"INSERT INTO billing (bill_id, mode, object_id, trafid) VALUES (900, 1, 900, 9001)", {}},
+    {"INSERT INTO traffic_use (traf_id, group_id, period, current_time, data, senddata) "
+     "VALUES (9003, 80, 0, #2026/11/01#, 64, 1.5)",
+     {}},
+    {"INSERT INTO traffic_use (traf_id, group_id, period, current_time, data, senddata) "
+     "VALUES (9004, 80, 0, #2026/11/01#, 0.5, 0.25)",
+     u"Traffic record 9004 of group 80 on 2026-11-01 (received 0.5, sent 0.25) is added to record "
+     "9003 of the same day."_s},
     {"INSERT INTO time_use (time_id, user_id, period, current_time, data) "
      "VALUES (9000, 900, 0, #2026/11/01#, 1.25)",
      {}},
@@ -50,6 +57,9 @@ const std::pair<const char *, QString> kMendable[] = {
     {"INSERT INTO Port_blocked (pb_id, user_id, port_id) VALUES (900, 900, 1)", {}},
     {"INSERT INTO Port_blocked (pb_id, user_id, port_id) VALUES (901, 900, 1)",
      u"Port 1 was denied to user 900 more than once: record 901 is removed."_s},
+    {"INSERT INTO Port_blocked (pb_id, group_id, port_id) VALUES (902, 80, 1)", {}},
+    {"INSERT INTO Port_blocked (pb_id, group_id, port_id) VALUES (903, 80, 1)",
+     u"Port 1 was denied to group 80 more than once: record 903 is removed."_s},
     {"INSERT INTO groups (group_id, name) VALUES (700, 'EVERYBODY ')",
      u"Group 700, called \"EVERYBODY \" as another one is, is named \"EVERYBODY (2)\"."_s},
     {"INSERT INTO groups (group_id, name) VALUES (701, 'keyless')",
@@ -82,8 +92,8 @@ TEST_P(Repairs, MendWithoutLossAndTellEachRow)
     QStringList told;
     const auto mended = Repair(wish, RepairMode::Run, [&](const QString &line) { told << line; });
     ASSERT_TRUE(mended) << qPrintable(mended.error());
-    EXPECT_EQ(*mended, 12);
-    EXPECT_EQ(told.size(), 13); // with the line of the backup
+    EXPECT_EQ(*mended, 14);
+    EXPECT_EQ(told.size(), 15); // with the line of the backup
     for (const auto &[statement, line] : kMendable) {
         EXPECT_TRUE(line.isEmpty() || told.contains(line))
             << qPrintable(line) << "\n in " << qPrintable(told.join(u'\n'));
@@ -98,6 +108,8 @@ TEST_P(Repairs, MendWithoutLossAndTellEachRow)
                      "AND data = 8 AND senddata = 1.75"),
               QStringList {u"9000|1"_s});
     EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM traffic_use WHERE user_id = 900"), QStringList {u"1"_s});
+    EXPECT_EQ(RowsOf("SELECT traf_id, data, senddata FROM traffic_use WHERE group_id = 80"),
+              QStringList {u"9003|64.5|1.75"_s});
     EXPECT_EQ(RowsOf("SELECT time_id FROM time_use WHERE user_id = 900 AND data = 1.75"),
               QStringList {u"9000"_s});
     EXPECT_EQ(RowsOf("SELECT trafid FROM billing WHERE bill_id = 900"), QStringList {u"9000"_s});
@@ -116,8 +128,8 @@ TEST_P(Repairs, OfADryRunAreOnlyTold)
 {
     const QStringList before = EveryRow();
     QStringList told;
-    EXPECT_EQ(Repair(wish, RepairMode::DryRun, [&](const QString &line) { told << line; }), 12);
-    EXPECT_EQ(told.size(), 12);
+    EXPECT_EQ(Repair(wish, RepairMode::DryRun, [&](const QString &line) { told << line; }), 14);
+    EXPECT_EQ(told.size(), 14);
     EXPECT_EQ(EveryRow(), before);
     EXPECT_FALSE(QFile::exists(wish.file));
 }
@@ -146,7 +158,7 @@ TEST_P(Repairs, MakeEverybodyAgain)
     test_data_source::CloseSession();
     const auto mended = Repair(wish, RepairMode::Run, kQuiet);
     ASSERT_TRUE(mended) << qPrintable(mended.error());
-    EXPECT_EQ(*mended, 14); // its row and its key; the group that was called so alone gives way
+    EXPECT_EQ(*mended, 16); // its row and its key; the group that was called so alone gives way
     EXPECT_EQ(CheckDatabase(Dsn()).findings.filter(u"group"_s), QStringList());
 }
 
