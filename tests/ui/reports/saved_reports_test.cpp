@@ -26,7 +26,8 @@ protected:
         Reports::SetUp();
         MakeProgram(u"pkexec"_s, "exec \"$@\"\n");
         SetTimerProgram("exit 0\n");
-        qputenv("PATH", QFile::encodeName(folder.filePath(u"bin"_s)) + ':' + path);
+        const QByteArray places = QFile::encodeName(folder.filePath(u"bin"_s)) + ':' + path;
+        qputenv("PATH", places);
     }
 
     void TearDown() override
