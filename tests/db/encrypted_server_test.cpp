@@ -125,13 +125,15 @@ TEST_P(Encrypted, NothingIsWhereTheDataSourceDoesNotSay)
     EXPECT_EQ(rows->value(0).value(0), QString());
 }
 
+// Newer drivers of MariaDB take any name for that of this machine by its usual address.
 TEST_P(Encrypted, AnotherAuthorityOrAnotherNameIsRefused)
 {
+    const QString elsewhere = OnPostgresql() ? u"127.0.0.1"_s : u"127.0.0.2"_s;
     const std::tuple<Source, QString> cases[] = {
         {{u"other"_s, u"localhost"_s, u"other.pem"_s},
          OnPostgresql() ? u"certificate verify failed"_s
                         : u"unable to get local issuer certificate"_s},
-        {{u"elsewhere"_s, u"127.0.0.1"_s, u"ca.pem"_s},
+        {{u"elsewhere"_s, elsewhere, u"ca.pem"_s},
          OnPostgresql() ? u"does not match host name \"127.0.0.1\""_s
                         : u"Validation of SSL server certificate failed"_s},
         {{u"gone"_s, u"localhost"_s, u"none.pem"_s}, OnPostgresql() ? u"none.pem"_s : u"SSL"_s},
