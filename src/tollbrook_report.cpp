@@ -18,6 +18,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QTextStream>
 
 #include <clocale>
@@ -273,6 +274,29 @@ QStringList WorkGiven(const QCommandLineParser &parser, const Arguments &argumen
                    {arguments.saved, arguments.listSaved, arguments.schedule, arguments.noteRun});
 }
 
+// What is wrong with the arguments, whatever work they ask for; empty for nothing. A name that is mistyped
+// must not lead to a report on another database.
+QString ProblemOfArguments(const QCommandLineParser &parser, const Arguments &arguments)
+{
+    if (!parser.positionalArguments().isEmpty()) {
+        return u"what is \"%1\"?"_s.arg(parser.positionalArguments().constFirst());
+    }
+    for (const QString &folder : parser.values(arguments.config)) {
+        if (!QFileInfo(folder).isDir()) {
+            return u"there is no folder \"%1\""_s.arg(folder);
+        }
+    }
+    if (parser.isSet(arguments.dsn) && !IsDataSourceName(parser.value(arguments.dsn))) {
+        return u"\"%1\" cannot be the name of a data source"_s.arg(parser.value(arguments.dsn));
+    }
+    if (parser.isSet(arguments.units) && !parser.isSet(arguments.schedule)) {
+        return u"--units goes with --schedule"_s;
+    }
+    const QStringList wanted = WorkGiven(parser, arguments);
+    return wanted.size() > 1 ? u"%1 cannot stand together"_s.arg(wanted.join(u" and "_s))
+                             : QString();
+}
+
 // What a saved report says. A status other than Done ends the program.
 int ReadSaved(const QCommandLineParser &parser,
               const Arguments &arguments,
@@ -336,6 +360,9 @@ int ReadArguments(const QCommandLineParser &parser, const Arguments &arguments, 
     if (parser.isSet(arguments.mail) && task.report.mail.isEmpty()) {
         return Fail(BadArguments, u"--mail needs an address"_s);
     }
+    if (task.report.csvBom && FormatOf(task.report.output) != OutputFormat::Csv) {
+        return Fail(BadArguments, u"--csv-bom is for .csv files"_s);
+    }
     const bool ofStatements = task.report.row == kStatementRow;
     if (task.report.split && !ofStatements) {
         return Fail(BadArguments, u"--split is for statements; see --list"_s);
@@ -389,6 +416,8 @@ int Run(const QCommandLineParser &parser, const Arguments &arguments)
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // there need not be a screen, whatever is set
+    // Timers and cron mail what is written here: Qt's own words on a missing session are no news.
+    QLoggingCategory::setFilterRules(u"default.warning=false"_s);
     const QGuiApplication application(argc, argv);
     SpeakTheSystemsLanguage();
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
@@ -419,16 +448,8 @@ int main(int argc, char **argv)
     if (parser.isSet(arguments.list)) {
         return List();
     }
-    if (!parser.positionalArguments().isEmpty()) {
-        return Fail(BadArguments,
-                    u"what is \"%1\"?"_s.arg(parser.positionalArguments().constFirst()));
-    }
-    if (parser.isSet(arguments.units) && !parser.isSet(arguments.schedule)) {
-        return Fail(BadArguments, u"--units goes with --schedule"_s);
-    }
-    const QStringList wanted = WorkGiven(parser, arguments);
-    if (wanted.size() > 1) {
-        return Fail(BadArguments, u"%1 cannot stand together"_s.arg(wanted.join(u" and "_s)));
+    if (const QString problem = ProblemOfArguments(parser, arguments); !problem.isEmpty()) {
+        return Fail(BadArguments, problem);
     }
     const bool asksOfSaved = parser.isSet(arguments.listSaved) || parser.isSet(arguments.schedule)
         || parser.isSet(arguments.noteRun);

@@ -1,5 +1,6 @@
 #include "db/data_source.h"
 
+#include "base/text.h"
 #include "db/direct_connection.h"
 #include "db/odbc.h"
 
@@ -103,6 +104,14 @@ NoDatabaseText(const Dialect &dialect, SQLHANDLE connection, const QString &dsn)
         return std::nullopt;
     }
     return Words::tr("The section [%1] of odbc.ini names no Database.").arg(dsn);
+}
+
+bool IsDataSourceName(const QString &dsn)
+{
+    return !dsn.isEmpty() && dsn.toUtf8().size() <= kMaxTextBytes
+        && std::none_of(dsn.begin(), dsn.end(), [](QChar c) {
+               return QStringView(u"[]{}(),;?*=!@\\").contains(c);
+           });
 }
 
 QString MissingSourceAdvice(const QString &dsn)

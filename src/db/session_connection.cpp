@@ -79,15 +79,6 @@ void FreeHandles()
     }
 }
 
-// ODBC allows none of these in the name of a data source.
-bool IsDataSourceName(const QByteArray &dsn)
-{
-    return !dsn.isEmpty() && dsn.size() <= kMaxTextBytes
-        && std::none_of(dsn.begin(), dsn.end(), [](char c) {
-               return QByteArrayView("[]{}(),;?*=!@\\").contains(c);
-           });
-}
-
 // The time limits stand in the connection's text: one driver takes its limit nowhere else, another has
 // a handler of its own in place of what the engine offers. Each leaves aside what it does not know.
 QByteArray ConnectionText(const QByteArray &dsn, const QByteArray &servers)
@@ -277,7 +268,7 @@ QByteArray ServersFrom(const QByteArray &dsn, qsizetype first)
 
 bool Open(const QByteArray &dsn)
 {
-    if (!IsDataSourceName(dsn)) {
+    if (!IsDataSourceName(QString::fromUtf8(dsn))) {
         Fail(Told(Kind::ConnectionLost, {}, Words::tr("There is no data source of this name.")));
         return false;
     }
