@@ -214,6 +214,8 @@ void ServiceLab::Kill()
 
 void ServiceLab::Signal(int number) const
 {
+    // The number 0 would be that of all processes around this test.
+    ASSERT_GT(service->processId(), 0) << "the service is gone";
     ASSERT_EQ(kill(static_cast<pid_t>(service->processId()), number), 0);
 }
 
