@@ -102,7 +102,7 @@ constexpr Check kChecks[] = {
      "GROUP BY user_id, period, current_time HAVING COUNT(*) > 1"},
     {"days of a group have more than one traffic record",
      "SELECT group_id FROM traffic_use WHERE period IN (0, 1) AND group_id <> 0 "
-     "GROUP BY group_id, period, current_time HAVING COUNT(*) > 1"},
+     "AND user_id = 0 GROUP BY group_id, period, current_time HAVING COUNT(*) > 1"},
     {"users have more than one monthly traffic record",
      "SELECT user_id FROM traffic_use WHERE period = 2 AND user_id <> 0 "
      "GROUP BY user_id HAVING COUNT(*) > 1"},

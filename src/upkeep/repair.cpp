@@ -62,11 +62,11 @@ const Mend kMends[] = {
      "same day.",
      kAddTrafficRecord},
     {"SELECT (SELECT MIN(f.traf_id) FROM traffic_use f WHERE f.group_id = t.group_id "
-     "AND f.period = t.period AND f.current_time = t.current_time) AS kept, "
+     "AND f.user_id = 0 AND f.period = t.period AND f.current_time = t.current_time) AS kept, "
      "t.traf_id, t.group_id, t.current_time, t.data, t.senddata "
      "FROM traffic_use t WHERE t.period IN (0, 1) AND t.group_id <> 0 "
-     "AND EXISTS (SELECT 1 FROM traffic_use o WHERE o.group_id = t.group_id "
-     "AND o.period = t.period AND o.current_time = t.current_time AND o.traf_id < t.traf_id) "
+     "AND t.user_id = 0 AND EXISTS (SELECT 1 FROM traffic_use o WHERE o.group_id = t.group_id "
+     "AND o.user_id = 0 AND o.period = t.period AND o.current_time = t.current_time AND o.traf_id < t.traf_id) "
      "ORDER BY t.traf_id",
      "Traffic record %2 of group %3 on %4 (received %5, sent %6) is added to record %1 of the "
      "same day.",

@@ -57,6 +57,10 @@ const std::pair<const char *, QString> kMendable[] = {
     {"INSERT INTO Port_blocked (pb_id, user_id, port_id) VALUES (900, 900, 1)", {}},
     {"INSERT INTO Port_blocked (pb_id, user_id, port_id) VALUES (901, 900, 1)",
      u"Port 1 was denied to user 900 more than once: record 901 is removed."_s},
+    // Records of users that name a group, too, are none of the group's.
+    {"INSERT INTO traffic_use (traf_id, user_id, group_id, period, current_time, data) "
+     "VALUES (9005, 901, 80, 0, #2026/11/01#, 3.5)",
+     {}},
     {"INSERT INTO Port_blocked (pb_id, group_id, port_id) VALUES (902, 80, 1)", {}},
     {"INSERT INTO Port_blocked (pb_id, group_id, port_id) VALUES (903, 80, 1)",
      u"Port 1 was denied to group 80 more than once: record 903 is removed."_s},
@@ -108,8 +112,11 @@ TEST_P(Repairs, MendWithoutLossAndTellEachRow)
                      "AND data = 8 AND senddata = 1.75"),
               QStringList {u"9000|1"_s});
     EXPECT_EQ(RowsOf("SELECT COUNT(*) FROM traffic_use WHERE user_id = 900"), QStringList {u"1"_s});
-    EXPECT_EQ(RowsOf("SELECT traf_id, data, senddata FROM traffic_use WHERE group_id = 80"),
-              QStringList {u"9003|64.5|1.75"_s});
+    EXPECT_EQ(
+        RowsOf(
+            "SELECT traf_id, data, senddata FROM traffic_use WHERE group_id = 80 AND user_id = 0"),
+        QStringList {u"9003|64.5|1.75"_s});
+    EXPECT_EQ(RowsOf("SELECT data FROM traffic_use WHERE traf_id = 9005"), QStringList {u"3.5"_s});
     EXPECT_EQ(RowsOf("SELECT time_id FROM time_use WHERE user_id = 900 AND data = 1.75"),
               QStringList {u"9000"_s});
     EXPECT_EQ(RowsOf("SELECT trafid FROM billing WHERE bill_id = 900"), QStringList {u"9000"_s});
