@@ -171,8 +171,9 @@ int main(int argc, char **argv)
     heap::KeepSmall();
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(TB_VERSION));
-    // Who asks for what there is not gets an answer. Newer versions of Qt write lines of it, too: anybody on the
-    // bus could fill the journal, and a reader of it that stands still would have the service wait.
+    journal::TakeMessages();
+    // Who asks for what there is not gets an answer. Newer versions of Qt write lines of it, too, and
+    // anybody on the bus could fill the journal.
     QLoggingCategory::setFilterRules(u"qt.dbus.integration=false"_s);
     std::setlocale(LC_NUMERIC, "C"); // drivers read and write numbers by it
     Termination termination; // before there is any other thread

@@ -1,10 +1,10 @@
 #include "daemon/supervisor.h"
 
-#include <QByteArray>
+#include "daemon/line_writer.h"
 
-#include <cstdio>
 #include <systemd/sd-daemon.h>
 #include <time.h>
+#include <unistd.h>
 
 namespace supervisor {
 
@@ -55,9 +55,24 @@ namespace {
 void Print(const char *weight, const QString &line)
 {
     static const bool toJournal = qEnvironmentVariableIsSet("JOURNAL_STREAM");
-    const QByteArray text =
-        (toJournal ? QByteArray(weight) : QByteArray()) + line.simplified().toUtf8() + '\n';
-    std::fwrite(text.constData(), 1, static_cast<size_t>(text.size()), stderr);
+    static LineWriter errors(STDERR_FILENO);
+    errors.Write((toJournal ? QByteArray(weight) : QByteArray()) + line.simplified().toUtf8()
+                 + '\n');
+}
+
+// Lines of libraries and of failed statements.
+void TakeMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    const QString line = qFormatLogMessage(type, context, message);
+    switch (type) {
+    case QtDebugMsg:
+    case QtInfoMsg:
+        return Info(line);
+    case QtWarningMsg:
+        return Warning(line);
+    default:
+        return Error(line);
+    }
 }
 
 } // namespace
@@ -75,6 +90,11 @@ void Warning(const QString &line)
 void Error(const QString &line)
 {
     Print(SD_ERR, line);
+}
+
+void TakeMessages()
+{
+    qInstallMessageHandler(TakeMessage);
 }
 
 } // namespace journal

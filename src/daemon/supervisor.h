@@ -23,11 +23,15 @@ void Alive();
 
 } // namespace supervisor
 
-// One line for an administrator to standard error, where the journal takes it with its weight.
+// One line for an administrator to standard error, where the journal takes it with its weight; never waits
+// for that (line_writer.h).
 namespace journal {
 
 void Info(const QString &line);
 void Warning(const QString &line);
 void Error(const QString &line);
+
+// From now on what is logged otherwise goes the same way.
+void TakeMessages();
 
 } // namespace journal
