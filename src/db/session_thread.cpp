@@ -96,6 +96,7 @@ private:
             }
         }
         DisconnectDatabase();
+        watch->Finish(); // also for a cancel that came while nothing ran
         const std::lock_guard lock(mutex);
         ended = true;
         abandonedCalls -= watch->IsAbandoned() ? 1 : 0;

@@ -10,6 +10,7 @@
 #include "support/core/faulty_driver.h"
 #include "support/core/limits_scope.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -73,6 +74,7 @@ protected:
         EngineFixture::SetUp();
         AddAnnaAndBen();
         driver.emplace(Dsn());
+        threads = Threads();
         session.emplace();
         session->Open(Dsn());
         ASSERT_EQ(Await(CountUsers).value(), 2U);
@@ -85,7 +87,15 @@ protected:
         driver.reset();
         EXPECT_TRUE(
             QTest::qWaitFor([] { return SessionThread::AbandonedCalls() == 0; }, kPatience));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return Threads() == threads; }, kPatience))
+            << "a session leaves no thread behind";
         EngineFixture::TearDown();
+    }
+
+    // How many this process has.
+    [[nodiscard]] static qsizetype Threads()
+    {
+        return QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
     }
 
     // What the work gives, once it has given it.
@@ -120,6 +130,7 @@ protected:
     QObject context;
     std::optional<FaultyDriver> driver;
     std::optional<SessionThread> session;
+    qsizetype threads = 0; // before the session's
 };
 TB_ON_EVERY_ENGINE(OwnThread);
 
