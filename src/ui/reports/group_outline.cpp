@@ -4,6 +4,7 @@
 #include "ui/common/accessible.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -78,6 +79,7 @@ GroupOutline::GroupOutline(QWidget *parent) : QTreeView(parent), model(new Group
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     header()->setStretchLastSection(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // its width counts in WidthWithin()
     connect(this, &QTreeView::clicked, this, &GroupOutline::TellChosen);
     connect(this, &QTreeView::activated, this, &GroupOutline::TellChosen);
 }
@@ -92,6 +94,20 @@ void GroupOutline::SetPages(std::shared_ptr<const ReportPages> newPages)
     if (model->columnCount() > 0) {
         setColumnWidth(0, std::min(columnWidth(0), kTitleWidth));
     }
+}
+
+int GroupOutline::WidthWithin(int most) const
+{
+    const int around = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+    int width = columnWidth(0) + around;
+    for (int column = 1; column < model->columnCount(); ++column) {
+        const int wider = width + columnWidth(column);
+        if (wider > most) {
+            break; // a figure that is cut says something else
+        }
+        width = wider;
+    }
+    return width;
 }
 
 void GroupOutline::ShowPage(int page)

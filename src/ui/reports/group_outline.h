@@ -39,6 +39,9 @@ public:
     // More than one, between which to choose.
     [[nodiscard]] bool HasGroups() const { return model->rowCount() > 1; }
 
+    // Of the names and as many whole columns of figures as are no wider in all; pixels.
+    [[nodiscard]] int WidthWithin(int most) const;
+
     // Marks the group that the page begins with, without choosing it.
     void ShowPage(int page);
 

@@ -26,7 +26,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kOutlineWidth = 200; // pixels
+constexpr int kLeastOutline = 100; // pixels
+constexpr double kOutlineShare = 0.4; // of the width, at most
 
 // The kind that was chosen wins over whatever stands behind a dot of the name; the ending of another
 // kind is replaced.
@@ -63,14 +64,13 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     rows = new RowTable;
     both = new QStackedWidget;
     outline = new GroupOutline;
-    outline->setMinimumWidth(kOutlineWidth / 2);
+    outline->setMinimumWidth(kLeastOutline);
     outlined = new QSplitter;
     outlined->setObjectName(u"outlined"_s);
     outlined->setChildrenCollapsible(false);
     outlined->addWidget(outline);
     outlined->addWidget(view);
     outlined->setStretchFactor(1, 1);
-    outlined->setSizes({kOutlineWidth, 3 * kOutlineWidth});
     both->addWidget(outlined);
     both->addWidget(rows);
     column->addWidget(both, 1);
@@ -82,6 +82,7 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
     connect(bar, &ViewerBar::PageSetupAsked, this, &ReportViewer::PageSetupAsked);
     connect(bar, &ViewerBar::TableAsked, this, &ReportViewer::TurnToTable);
     connect(bar, &ViewerBar::OutlineAsked, this, &ReportViewer::ShowOutline);
+    connect(outlined, &QSplitter::splitterMoved, this, [this] { wasOutlineSized = true; });
     connect(bar, &ViewerBar::BackAsked, this, &ReportViewer::Back);
     connect(view, &PageView::RowClicked, this, &ReportViewer::OpenRow);
     connect(rows, &RowTable::RowOpened, this, &ReportViewer::OpenRow);
@@ -102,6 +103,7 @@ ReportViewer::ReportViewer(Prompt &messages, QWidget *parent)
             emit Ready();
         }
     });
+    ShowOutline();
     SetBusy(false);
 }
 
@@ -241,8 +243,9 @@ void ReportViewer::ShowOutline()
 {
     bar->ShowOutline(outline->HasGroups());
     outline->setVisible(outline->HasGroups() && bar->WantsOutline());
-    if (outline->isVisibleTo(this) && outlined->sizes().constFirst() == 0) {
-        outlined->setSizes({kOutlineWidth, outlined->width() - kOutlineWidth});
+    if (outline->isVisibleTo(this) && !wasOutlineSized) {
+        const int width = outline->WidthWithin(static_cast<int>(kOutlineShare * outlined->width()));
+        outlined->setSizes({width, outlined->width() - width});
     }
 }
 

@@ -136,6 +136,7 @@ private:
     PageView *view;
     GroupOutline *outline;
     QSplitter *outlined; // the outline and the pages
+    bool wasOutlineSized = false; // by the user
     RowTable *rows;
     QStackedWidget *both; // the pages and the rows
     std::optional<RowWish> shownWish; // by which the rows were chosen; nothing while none are

@@ -53,6 +53,24 @@ protected:
     bool LeadsBack() { return Find<QAction>(*dialog, "back").isVisible(); }
 
     const ReportTable &Table() { return *dialog->Viewer().Table(); }
+
+    // No figure is shown in part.
+    static bool EndsAtAColumn(const GroupOutline &outline)
+    {
+        QApplication::processEvents();
+        const QHeaderView &header = *outline.header();
+        const int width = outline.viewport()->width();
+        int whole = 0;
+        for (int column = 0; column < header.count(); ++column) {
+            const int begin = header.sectionViewportPosition(column);
+            whole += begin + header.sectionSize(column) <= width ? 1 : 0;
+            if (begin < width && begin + header.sectionSize(column) > width) {
+                return false;
+            }
+        }
+        return whole > 1;
+    }
+
     GroupOutline &Outline() { return Find<GroupOutline>(*dialog, "outline"); }
 };
 
@@ -121,10 +139,12 @@ TEST_F(DrillDown, ARowOfTheTableOpensByReturn)
 
 TEST_F(DrillDown, TheGroupsStandBesideThePagesAndLeadToThem)
 {
+    EXPECT_FALSE(IsShown(*dialog, "outline")) << "before there is a report";
     Make(0);
     EXPECT_FALSE(IsShown(*dialog, "outline"));
     Make(2);
     ASSERT_TRUE(IsShown(*dialog, "outline"));
+    EXPECT_TRUE(EndsAtAColumn(Outline()));
     const QStringList rows = RowTexts(Outline());
     ASSERT_EQ(rows.size(), 9);
     EXPECT_TRUE(rows.contains(u"anna, 10.0.0.1|98.00|0.50|98.50"_s))
