@@ -228,9 +228,9 @@ void ReportViewer::Show(const Outcome &outcome)
     ShowTable();
 }
 
-void ReportViewer::ShowTable()
+void ReportViewer::ShowTable(const RowWish &wish)
 {
-    rows->SetTable(table);
+    rows->SetTable(table, wish);
     shownWish.reset();
     view->SetOpensRows(made.opensRows);
     view->SetPages(pages);
@@ -262,7 +262,7 @@ void ReportViewer::OpenRow(qint64 row)
 
 void ReportViewer::KeepFormer()
 {
-    formers.push_back({made, table, pages, view->CurrentPage()});
+    formers.push_back({made, table, pages, view->CurrentPage(), rows->Wish()});
     bar->ShowBack(true);
 }
 
@@ -286,7 +286,7 @@ void ReportViewer::Back()
     pages = former.pages;
     found.reset();
     Say({});
-    ShowTable();
+    ShowTable(former.rows);
     view->GoTo(former.page);
     SetBusy(false);
     emit WentBack();

@@ -95,6 +95,7 @@ private:
         ReportTablePtr table;
         std::shared_ptr<const ReportPages> pages;
         int page = 0;
+        RowWish rows;
     };
 
     // What a run comes to; the pages are laid out on its thread too.
@@ -111,7 +112,7 @@ private:
     void Show(const Outcome &outcome);
     void ShowFound(const QString &text, const std::optional<PageHit> &now);
     void TurnToTable();
-    void ShowTable();
+    void ShowTable(const RowWish &wish = {});
     void ShowOutline();
     void OpenRow(qint64 row);
     void Back();

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -169,30 +170,31 @@ void RowTable::MakeFilterRow(QBoxLayout &column)
     column.addLayout(row);
 }
 
-void RowTable::SetTable(const ReportTablePtr &newTable)
+void RowTable::SetTable(const ReportTablePtr &newTable, const RowWish &wish)
 {
     table = newTable;
-    pause.stop();
-    const QSignalBlocker quietFilter(filter);
+    isFresh = true;
     const QSignalBlocker quietChoice(where);
     const QSignalBlocker quietHeader(view->horizontalHeader());
-    filter->clear();
+    filter->setText(wish.text);
+    pause.stop();
     where->clear();
     where->addItem(tr("in any column"), RowWish::kNone);
     for (const int place : table ? table->layout.DataColumns() : QList<int>()) {
         where->addItem(tr("in \"%1\"").arg(table->layout.columns.at(place).heading), place);
     }
-    view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    model->Show(nullptr, {});
+    where->setCurrentIndex(std::max(0, where->findData(wish.column)));
+    model->Show(table, {});
+    view->horizontalHeader()->setSortIndicator(
+        model->PlaceOf(wish.orderBy), wish.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
     sums->clear();
 }
 
 void RowTable::Show(ChosenRows chosen)
 {
-    const bool isFirst = model->columnCount() == 0;
     const QSignalBlocker quiet(view->horizontalHeader());
     model->Show(table, std::move(chosen));
-    if (isFirst) {
+    if (std::exchange(isFresh, false)) {
         view->resizeColumnsToContents();
         for (int place = 0; place < model->columnCount(); ++place) {
             view->setColumnWidth(place, std::min(view->columnWidth(place), kWidestColumn));

@@ -29,6 +29,12 @@ public:
     // Column of the layout.
     [[nodiscard]] int ColumnAt(int place) const { return columns.value(place, RowWish::kNone); }
 
+    // Where that column stands; -1 for none.
+    [[nodiscard]] int PlaceOf(int column) const
+    {
+        return static_cast<int>(columns.indexOf(column));
+    }
+
     // The shown row's cells, until the next row is asked for; null when they cannot be read.
     [[nodiscard]] const CellRow *RowAt(int place) const;
 
@@ -53,8 +59,8 @@ class RowTable : public QWidget
 public:
     explicit RowTable(QWidget *parent = nullptr);
 
-    // Another report, of which no row shows yet, in its own order; null for none.
-    void SetTable(const ReportTablePtr &newTable);
+    // Another report, of which no row shows yet, and which of them are wished for; null for none.
+    void SetTable(const ReportTablePtr &newTable, const RowWish &wish = {});
     void Show(ChosenRows chosen);
 
     [[nodiscard]] RowWish Wish() const;
@@ -74,6 +80,7 @@ private:
     void OpenCurrent();
 
     ReportTablePtr table;
+    bool isFresh = true; // no row of it was shown yet
     RowModel *model;
     QLineEdit *filter;
     QComboBox *where;

@@ -137,6 +137,44 @@ TEST_F(DrillDown, ARowOfTheTableOpensByReturn)
     EXPECT_EQ(view.model()->rowCount(), 9);
 }
 
+TEST_F(DrillDown, TheWayBackLeadsToTheRowsThatWereChosen)
+{
+    Make(1);
+    Click(*dialog, "asTableButton");
+    Wait();
+    auto &view = Find<QTableView>(*dialog, "rows");
+    auto &filter = Find<QLineEdit>(*dialog, "rowFilter");
+    // The button fades in and out.
+    const auto showsClearButton = [&filter](bool shows) {
+        const auto *clear = filter.findChild<QToolButton *>();
+        return QTest::qWaitFor(
+            [&] { return clear->property("opacity").toDouble() == (shows ? 1 : 0); }, 2000);
+    };
+    view.horizontalHeader()->setSortIndicator(3, Qt::DescendingOrder);
+    Wait();
+    Choose(Find<QComboBox>(*dialog, "rowFilterColumn"), u"in \"User\""_s);
+    Wait();
+    filter.setFocus();
+    QTest::keyClicks(&filter, u"n"_s);
+    QTest::keyClick(&filter, Qt::Key_Return);
+    Wait();
+    const QStringList chosen = RowTexts(view);
+    ASSERT_GT(chosen.size(), 1);
+    ASSERT_LT(chosen.size(), 9);
+    EXPECT_TRUE(showsClearButton(true));
+    ClickCell(view, 1, 0);
+    QTest::keyClick(&view, Qt::Key_Return);
+    Wait();
+    EXPECT_EQ(filter.text(), QString());
+    EXPECT_TRUE(showsClearButton(false));
+    EXPECT_NE(RowTexts(view), chosen);
+    Click(*dialog, "backButton");
+    Wait();
+    EXPECT_EQ(filter.text(), u"n"_s);
+    EXPECT_TRUE(showsClearButton(true));
+    EXPECT_EQ(RowTexts(view), chosen);
+}
+
 TEST_F(DrillDown, TheGroupsStandBesideThePagesAndLeadToThem)
 {
     EXPECT_FALSE(IsShown(*dialog, "outline")) << "before there is a report";
