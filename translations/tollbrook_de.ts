@@ -2675,7 +2675,7 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <name>GuidedUpgrade</name>
     <message>
         <source>Making the backup...</source>
-        <translation>Die Sicherung wird angelegt...</translation>
+        <translation>Die Sicherung wird angelegt …</translation>
     </message>
     <message>
         <source>The backup is in %1.</source>
@@ -6033,7 +6033,7 @@ Sollen sie ersetzt werden?</translation>
     </message>
     <message>
         <source>Saved reports...</source>
-        <translation>Gespeicherte Berichte...</translation>
+        <translation>Gespeicherte Berichte …</translation>
     </message>
     <message>
         <source>The users and groups cannot be read.</source>
@@ -6045,7 +6045,7 @@ Sollen sie ersetzt werden?</translation>
     </message>
     <message>
         <source>Not made as planned: %1. See &quot;Saved reports...&quot;.</source>
-        <translation>Nicht wie geplant erstellt: %1. Siehe „Gespeicherte Berichte...“.</translation>
+        <translation>Nicht wie geplant erstellt: %1. Siehe „Gespeicherte Berichte …“.</translation>
     </message>
     <message>
         <source>None of the users or groups that the report is on exists any more.</source>
@@ -6166,7 +6166,7 @@ Sollen sie ersetzt werden?</translation>
     </message>
     <message>
         <source>Browse...</source>
-        <translation>Durchsuchen...</translation>
+        <translation>Durchsuchen …</translation>
     </message>
     <message>
         <source>Report:</source>
@@ -6349,7 +6349,7 @@ Möchten Sie ihn ersetzen?</translation>
     </message>
     <message>
         <source>No report is saved yet. Choose a report, its period and its users in the window behind, and press &quot;Save selection as...&quot;.</source>
-        <translation>Noch ist kein Bericht gespeichert. Wählen Sie im Fenster dahinter einen Bericht, seinen Zeitraum und seine Benutzer, und drücken Sie „Auswahl speichern als...“.</translation>
+        <translation>Noch ist kein Bericht gespeichert. Wählen Sie im Fenster dahinter einen Bericht, seinen Zeitraum und seine Benutzer, und drücken Sie „Auswahl speichern als …“.</translation>
     </message>
     <message>
         <source>&amp;Open</source>
@@ -6357,15 +6357,15 @@ Möchten Sie ihn ersetzen?</translation>
     </message>
     <message>
         <source>Save se&amp;lection as...</source>
-        <translation>&amp;Auswahl speichern als...</translation>
+        <translation>&amp;Auswahl speichern als …</translation>
     </message>
     <message>
         <source>C&amp;hange...</source>
-        <translation>Än&amp;dern...</translation>
+        <translation>Än&amp;dern …</translation>
     </message>
     <message>
         <source>&amp;Schedule...</source>
-        <translation>&amp;Zeitplan...</translation>
+        <translation>&amp;Zeitplan …</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
@@ -7221,7 +7221,7 @@ Möchten Sie ihn ersetzen?</translation>
     </message>
     <message>
         <source>&amp;Browse...</source>
-        <translation>&amp;Durchsuchen...</translation>
+        <translation>&amp;Durchsuchen …</translation>
     </message>
     <message>
         <source>The upgrade is at work</source>

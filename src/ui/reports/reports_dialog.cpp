@@ -22,6 +22,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -84,6 +85,10 @@ QWidget *ReportsDialog::BuildChoices()
     description->setMinimumHeight(5 * fontMetrics().lineSpacing());
     connect(catalogue, &QListWidget::currentRowChanged, this, &ReportsDialog::ShowSelected);
     connect(catalogue, &QListWidget::itemSelectionChanged, this, &ReportsDialog::KeepSelected);
+    // A longer description takes its room from the list.
+    connect(catalogue->verticalScrollBar(), &QScrollBar::rangeChanged, catalogue, [this] {
+        catalogue->scrollTo(catalogue->currentIndex());
+    });
     // Return presses the default button, which does the same.
     connect(catalogue, &QListWidget::itemDoubleClicked, this, &ReportsDialog::Generate);
     auto *choices = new QWidget;
