@@ -181,7 +181,7 @@ QStringList NamesFrom(const QString &list)
     for (qsizetype at = 0; at < list.size(); ++at) {
         const QChar c = list[at];
         const bool doubled = quoted && c == u'"' && at + 1 < list.size() && list[at + 1] == u'"';
-        if (c == u'"' && !doubled) {
+        if (c == u'"' && !doubled && (quoted || name.isEmpty())) {
             quoted = !quoted;
         } else if (c == u',' && !quoted) {
             take();
@@ -190,6 +190,10 @@ QStringList NamesFrom(const QString &list)
             kept = quoted || !c.isSpace() ? name.size() : kept;
             at += doubled ? 1 : 0;
         }
+    }
+    if (quoted) {
+        name.prepend(u'"');
+        kept = name.size();
     }
     take();
     names.removeAll(QString());

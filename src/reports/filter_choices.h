@@ -91,5 +91,6 @@ template <typename IdType>
 }
 
 // "a, b" as names, without the blanks around them; one with a comma, a quotation mark or a blank at its
-// end stands between quotation marks, doubled inside.
+// end stands between quotation marks, doubled inside. A mark within a name, or without its other one, is a
+// part of the name.
 [[nodiscard]] QStringList NamesFrom(const QString &list);

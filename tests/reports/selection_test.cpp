@@ -309,6 +309,8 @@ TEST(Filters, NamesAreReadAndFound)
     EXPECT_EQ(NamesFrom(u"\"O'Hara, \"\"Frank\"\"\",x"_s),
               QStringList({u"O'Hara, \"Frank\""_s, u"x"_s}));
     EXPECT_EQ(NamesFrom(u" anna , bert b "_s), QStringList({u"anna"_s, u"bert b"_s}));
+    EXPECT_EQ(NamesFrom(u"anna\",5\" disk"_s), QStringList({u"anna\""_s, u"5\" disk"_s}));
+    EXPECT_EQ(NamesFrom(u"bert,\"anna, x "_s), QStringList({u"bert"_s, u"\"anna, x "_s}));
     EXPECT_EQ(NamesFrom(u"\" anna \" ,\t\"b\"\"\" "_s), QStringList({u" anna "_s, u"b\""_s}));
     for (const char *nobody : {"", ",,", " , ", "\"\""}) {
         EXPECT_EQ(NamesFrom(QString::fromLatin1(nobody)), QStringList());
