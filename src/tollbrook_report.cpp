@@ -347,7 +347,7 @@ int ReadArguments(const QCommandLineParser &parser, const Arguments &arguments, 
     }
     const auto period = PeriodNamed(task.report.period, Today());
     if (!period) {
-        return Fail(BadArguments, u"no such period: \"%1\""_s.arg(task.report.period));
+        return Fail(BadArguments, u"no such period: \"%1\"; see --help"_s.arg(task.report.period));
     }
     task.period = *period;
     task.names = NamesOf(parser, arguments);

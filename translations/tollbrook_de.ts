@@ -2801,12 +2801,12 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
 <context>
     <name>Import</name>
     <message>
-        <source>The user &quot;%1&quot;, or what it is to get, was changed meanwhile. Nothing was imported. Please look at the list again.</source>
-        <translation>Der Benutzer „%1“ oder das, was er bekommen soll, wurde inzwischen geändert. Es wurde nichts importiert. Bitte sehen Sie die Liste noch einmal durch.</translation>
-    </message>
-    <message>
         <source>The new user &quot;%1&quot; cannot be found by its name. Nothing was imported.</source>
         <translation>Der neue Benutzer „%1“ ist unter seinem Namen nicht zu finden. Es wurde nichts importiert.</translation>
+    </message>
+    <message>
+        <source>The user &quot;%1&quot;, or what it is to get, was changed meanwhile. Nothing was written. Please look again.</source>
+        <translation>Der Benutzer „%1“ oder das, was er bekommen soll, wurde inzwischen geändert. Es wurde nichts geschrieben. Bitte sehen Sie noch einmal nach.</translation>
     </message>
 </context>
 <context>

@@ -100,7 +100,7 @@ private:
             if (isWritten && !IsSame(shown, row)) {
                 run.Refuse(
                     Words::tr("The user \"%1\", or what it is to get, was changed meanwhile. "
-                              "Nothing was imported. Please look at the list again.")
+                              "Nothing was written. Please look again.")
                         .arg(row.name));
                 return;
             }

@@ -115,7 +115,7 @@ TEST_P(Imports, ARowThatChangedMeanwhileRefusesTheWholeByName)
         EXPECT_EQ(outcome.state, State::Refused) << statement;
         EXPECT_EQ(outcome.refusal,
                   u"The user \"bert\", or what it is to get, was changed meanwhile. Nothing was "
-                  "imported. Please look at the list again."_s);
+                  "written. Please look again."_s);
         EXPECT_EQ(EveryRow(), before);
     }
 }

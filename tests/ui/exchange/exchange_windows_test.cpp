@@ -135,7 +135,7 @@ TEST_F(ExchangeWindows, WhatWasChangedMeanwhileIsShownAnew)
         Click(dialog, "ok");
         EXPECT_THAT(prompt.TakeSaid(),
                     ElementsAre(u"The user \"anna\", or what it is to get, was changed meanwhile. "
-                                "Nothing was imported. Please look at the list again."_s));
+                                "Nothing was written. Please look again."_s));
         EXPECT_EQ(Rows(dialog).constFirst(), u"2|anna|changed|Full name: A. \u2192 Anna Berg"_s);
         Click(dialog, "ok");
     });
