@@ -6487,10 +6487,6 @@ Möchten Sie ihn ersetzen?</translation>
         <translation>Schritt %1: %2</translation>
     </message>
     <message>
-        <source>The database of &quot;%1&quot; has no tables yet. Make them with &quot;create&quot;.</source>
-        <translation>Die Datenbank von „%1“ hat noch keine Tabellen. Legen Sie sie mit „create“ an.</translation>
-    </message>
-    <message>
         <source>The data source &quot;%1&quot; cannot be opened: %2</source>
         <translation>Die Datenquelle „%1“ kann nicht geöffnet werden: %2</translation>
     </message>
@@ -6520,6 +6516,10 @@ Möchten Sie ihn ersetzen?</translation>
     <message>
         <source>The database is not whole: a restore or a copy into it was broken off, or is still at work. Run it again, to its end.</source>
         <translation>Die Datenbank ist nicht vollständig: Eine Wiederherstellung oder Kopie in sie wurde abgebrochen oder läuft noch. Führen Sie sie noch einmal bis zum Ende aus.</translation>
+    </message>
+    <message>
+        <source>The database has no tables yet, or none that the account may see. &quot;tollbrook-db create&quot; makes them.</source>
+        <translation>Die Datenbank hat noch keine Tabellen, oder keine, die das Konto sehen darf. „tollbrook-db create“ legt sie an.</translation>
     </message>
 </context>
 <context>

@@ -282,8 +282,8 @@ CheckResult CheckDatabase(const QString &dsn)
         return result;
     }
     result.failure = RefusedSchemaText(*version);
-    result.isRefused = result.failure.has_value();
-    if (result.isRefused) {
+    if (result.failure) {
+        result.isRefused = AgeOf(*version) != SchemaAge::None;
         return result;
     }
     if (const auto older = OtherSchemaText(*version, dsn)) {

@@ -98,17 +98,16 @@ std::optional<QString> FillWithDemoData(const QString &dsn,
     if (&database.Engine() == &kSqlite && !database.Run(u"PRAGMA cache_size = -400000"_s)) {
         return database.Error(); // kilobytes: all pages that one statement touches
     }
-    const auto users = database.Rows(u"SELECT COUNT(*) FROM users"_s);
-    if (!users) {
-        return u"The database of \"%1\" has no tables yet (%2). Make them with \"create\" first."_s
-            .arg(dsn, database.Error());
-    }
     const auto version = SchemaVersionOf(database);
     if (!version) {
         return database.Error();
     }
     if (auto other = OtherSchemaText(*version, dsn)) {
         return other;
+    }
+    const auto users = database.Rows(u"SELECT COUNT(*) FROM users"_s);
+    if (!users) {
+        return database.Error();
     }
     if (const int count = users->first().first().toInt(); count > 0) {
         return u"The database of \"%1\" already has %2 users. Nothing was changed."_s.arg(dsn).arg(

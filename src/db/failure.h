@@ -17,7 +17,7 @@ struct Failure
         Conflict, // the transaction lost against another one; it may be run again as a whole
         ConnectionLost, // nothing was kept of what had not been committed
         NotWritable, // the server takes no changes at present: it did not do what it was sent
-        NewerSchema, // the database's tables are of a newer version than the program, or not whole
+        NewerSchema, // the database's tables are of a newer version than the program, not whole, or not there
         NotAnswered, // the call was given up, its connection with it
         Cancelled, // by a person
         OutcomeUnknown, // the connection was lost on the way of a write: it may stand or not

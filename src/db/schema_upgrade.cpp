@@ -24,14 +24,6 @@ UpgradeOutcome Failed(const QString &problem)
     return {UpgradeOutcome::End::Failed, problem};
 }
 
-// Whether there is anything to upgrade; nothing when that cannot be read.
-std::optional<bool> HasTables(DirectConnection &database)
-{
-    const auto rows = database.Rows(QString::fromStdString(Translate(
-        database.Engine(), "SELECT table_name FROM PRESENT_TABLES WHERE table_name = 'users'")));
-    return rows ? std::optional(!rows->isEmpty()) : std::nullopt;
-}
-
 bool RunAll(DirectConnection &database, const QStringList &statements)
 {
     return std::all_of(statements.cbegin(), statements.cend(), [&](const QString &statement) {
@@ -95,22 +87,15 @@ std::optional<QString> Announce(DirectConnection &database,
     return std::nullopt;
 }
 
-// Nothing when the database can be upgraded.
-std::optional<UpgradeOutcome> Obstacle(DirectConnection &database, const QString &dsn, int version)
+// Nothing when tables of this version can be upgraded.
+std::optional<UpgradeOutcome> Obstacle(int version)
 {
-    if (const auto refused = RefusedSchemaText(version)) {
-        return UpgradeOutcome {UpgradeOutcome::End::Newer, *refused};
+    const auto refused = RefusedSchemaText(version);
+    if (refused && AgeOf(version) == SchemaAge::None) {
+        return Failed(*refused);
     }
-    const auto hasTables = HasTables(database);
-    if (!hasTables) {
-        return Failed(database.Error());
-    }
-    if (!*hasTables) {
-        return Failed(
-            Words::tr("The database of \"%1\" has no tables yet. Make them with \"create\".")
-                .arg(dsn));
-    }
-    return std::nullopt;
+    return refused ? std::optional(UpgradeOutcome {UpgradeOutcome::End::Newer, *refused})
+                   : std::nullopt;
 }
 
 } // namespace
@@ -128,7 +113,7 @@ UpgradeSchema(const QString &dsn, UpgradeMode mode, const std::function<void(QSt
         return Failed(Words::tr("The version of the tables of \"%1\" cannot be read: %2")
                           .arg(dsn, database.Error()));
     }
-    if (auto obstacle = Obstacle(database, dsn, *version)) {
+    if (auto obstacle = Obstacle(*version)) {
         return *std::move(obstacle);
     }
     tell(Words::tr("The tables of \"%1\" have version %2; this program is made for version %3.")

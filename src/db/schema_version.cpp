@@ -28,6 +28,9 @@ SchemaAge AgeOf(int version)
     if (version == NewestSchema()) {
         return SchemaAge::Current;
     }
+    if (version == kNoSchema) {
+        return SchemaAge::None;
+    }
     if (version >= kIncompleteSchema) {
         return SchemaAge::Incomplete;
     }
@@ -46,6 +49,10 @@ QString OlderSchemaText(int version, const QString &dsn)
 std::optional<QString> RefusedSchemaText(int version)
 {
     const SchemaAge age = AgeOf(version);
+    if (age == SchemaAge::None) {
+        return Words::tr("The database has no tables yet, or none that the account may see. "
+                         "\"tollbrook-db create\" makes them.");
+    }
     if (age == SchemaAge::Incomplete) {
         return Words::tr(
             "The database is not whole: a restore or a copy into it was broken off, or is "
@@ -69,11 +76,16 @@ std::optional<QString> OtherSchemaText(int version, const QString &dsn)
 
 std::optional<int> ReadSchemaVersion(const Dialect &dialect, AskNumber ask)
 {
-    const auto tables = ask(Translate(
-        dialect, "SELECT COUNT(*) FROM PRESENT_TABLES WHERE table_name = 'schema_version'"));
-    return tables == 1
-        ? ask(Translate(dialect, "SELECT COALESCE(MAX(version), 0) FROM schema_version"))
-        : tables;
+    const auto count = [&](const char *query) { return ask(Translate(dialect, query)); };
+    const auto versions =
+        count("SELECT COUNT(*) FROM PRESENT_TABLES WHERE table_name = 'schema_version'");
+    if (versions == 1) {
+        return count("SELECT COALESCE(MAX(version), 0) FROM schema_version");
+    }
+    const auto users = versions
+        ? count("SELECT COUNT(*) FROM PRESENT_TABLES WHERE table_name = 'users'")
+        : versions;
+    return users == 0 ? std::optional(kNoSchema) : users ? std::optional(0) : std::nullopt;
 }
 
 std::optional<int> SchemaVersionOf(DirectConnection &database)

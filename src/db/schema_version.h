@@ -1,8 +1,8 @@
 // Which version the tables of a database have, and what that means for a program.
 //
 // The table `schema_version` holds the number of the last step (schema_scripts.h) that the database has
-// behind it. A database without the table, or with a step broken off before its first number was
-// written, has version 0.
+// behind it. A database with users but without that table, or with a step broken off before its first
+// number was written, has version 0.
 #pragma once
 
 #include "base/function_ref.h"
@@ -20,6 +20,7 @@ enum class SchemaAge {
     Older, // "tollbrook-db upgrade" brings it up to date
     Current,
     Newer, // of a newer program: what its rows mean is not known here
+    None, // nobody has made tables in it
     Incomplete, // a restore or a copy into it has not come to its end
 };
 
@@ -29,14 +30,17 @@ inline const auto kVersionTable = QStringLiteral("schema_version");
 // than any, so that programs that do not know of it refuse the database, too.
 constexpr int kIncompleteSchema = 1'000'000;
 
+// The version of a database without tables.
+constexpr int kNoSchema = -1;
+
 [[nodiscard]] SchemaAge AgeOf(int version);
 
 // What a person is told of a database whose schema is older or newer, with the command that helps.
 [[nodiscard]] QString OlderSchemaText(int version, const QString &dsn);
 [[nodiscard]] QString NewerSchemaText(int version);
 
-// What a person is told of a database that no program works with: its schema is newer, or it is not
-// whole. Nothing for any other.
+// What a person is told of a database that no program works with: its schema is newer, it is not whole, or
+// it has no tables. Nothing for any other.
 [[nodiscard]] std::optional<QString> RefusedSchemaText(int version);
 
 // That of the two that fits; nothing for the current version.

@@ -1,6 +1,7 @@
 // The numbered steps of the schema: none is left out, and a database comes from any state to the newest.
 #include "db/schema_upgrade.h"
 
+#include "db/check.h"
 #include "db/group_keys.h"
 #include "db/query.h"
 #include "db/report_connection.h"
@@ -328,6 +329,23 @@ TEST_P(SchemaUpgrades, NeedTables)
     const UpgradeOutcome outcome = Upgrade();
     EXPECT_EQ(outcome.end, End::Failed);
     EXPECT_THAT(outcome.problem.toStdString(), testing::HasSubstr("has no tables yet"));
+}
+
+TEST_P(SchemaUpgrades, AreNotOfferedWhereThereAreNoTables)
+{
+    RemoveTables();
+    DisconnectDatabase();
+    EXPECT_EQ(ConnectDatabase(Dsn().toUtf8().constData()), 0);
+    EXPECT_EQ(OpenedSchemaVersion().error().kind, Failure::Kind::NewerSchema);
+    EXPECT_EQ(OpenedSchemaVersion().error().text, RefusedSchemaText(kNoSchema));
+    const CheckResult checked = CheckDatabase(Dsn());
+    EXPECT_EQ(checked.failure, RefusedSchemaText(kNoSchema));
+    EXPECT_FALSE(checked.isRefused);
+    EXPECT_EQ(checked.notes, QStringList());
+
+    ASSERT_EQ(CreateSchema(Dsn()), std::nullopt);
+    EXPECT_EQ(ReopenDatabase(), true);
+    EXPECT_EQ(OpenedSchemaVersion(), NewestSchema());
 }
 
 TEST_P(SchemaUpgrades, StopAtAVersionThatCannotBeRead)
