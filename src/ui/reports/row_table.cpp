@@ -78,9 +78,8 @@ const CellRow *RowModel::RowAt(int place) const
     if (rows.empty()) {
         return nullptr;
     }
-    auto *fresh = new CellRow(std::move(rows.front()));
-    read.insert(row, fresh);
-    return fresh;
+    read.insert(row, new CellRow(std::move(rows.front())));
+    return read.object(row);
 }
 
 QVariant RowModel::data(const QModelIndex &index, int role) const

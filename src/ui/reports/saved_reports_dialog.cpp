@@ -105,7 +105,7 @@ void SavedReportsDialog::Fill(const QString &chosenName)
 {
     auto read = ReadRuns(services.settings, services.control);
     list->clear();
-    runs = read ? *std::move(read) : std::vector<ReportRun>();
+    runs = read ? std::move(*read) : std::vector<ReportRun>();
     if (!read) {
         services.prompt.Tell(TextOf(read.error()), Prompt::Icon::Error);
     }
