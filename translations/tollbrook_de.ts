@@ -3205,6 +3205,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>it is no whole number</source>
         <translation>das ist keine ganze Zahl</translation>
     </message>
+    <message>
+        <source>the user has another login already</source>
+        <translation>der Benutzer hat schon eine andere Anmeldung</translation>
+    </message>
 </context>
 <context>
     <name>ImportTable</name>

@@ -62,14 +62,46 @@ private:
     Result<std::vector<FoundOwner>> whole;
 };
 
+// A name with letters beyond a to z in any letter case, which not every engine knows them in.
+Result<std::vector<FoundOwner>> UsersNamedInAnyCase(const QString &text)
+{
+    QString pattern;
+    for (const char32_t letter : text.toUcs4()) {
+        const bool isPlain = letter < 0x80;
+        pattern += isPlain ? QString(QChar(static_cast<char16_t>(letter))) : u"_"_s;
+        if (pattern.endsWith(u'%') || pattern.endsWith(u'!') || letter == U'_') {
+            pattern.insert(pattern.size() - 1, u'!');
+        }
+    }
+    return ReadAll(
+               "SELECT user_id, username, ip_addr FROM users WHERE CASE_FOLDED (username PLAIN_CASE) HOLDS "
+               "CASE_FOLDED ((?) PLAIN_CASE) PLAIN_CASE ESCAPE '!'",
+               OwnerIn,
+               pattern)
+        .map([&text](std::vector<FoundOwner> users) {
+            std::erase_if(users, [key = NameKey(text)](const FoundOwner &user) {
+                return NameKey(user.name) != key;
+            });
+            return users;
+        });
+}
+
+bool IsPlain(const QString &text)
+{
+    return std::ranges::all_of(text, [](QChar c) { return c.unicode() < 0x80; });
+}
+
 } // namespace
 
 Result<std::vector<FoundOwner>> UsersCalled(const QString &text)
 {
-    if (const auto number = NumberIn(text)) {
-        return UserOfNumber(*number);
-    }
     Gathering found;
+    if (const auto number = NumberIn(text)) {
+        found.Add(UserOfNumber(*number)); // who may be another one than whoever is called so
+    }
+    if (!IsPlain(text)) {
+        found.Add(UsersNamedInAnyCase(text));
+    }
     found.Add(ReadAll(
         "SELECT user_id, username, ip_addr FROM users WHERE username = (?)", OwnerIn, text));
     if (Ipv4From(text)) {
@@ -92,7 +124,7 @@ Result<std::vector<FoundOwner>> GroupsCalled(const QString &text)
     return ReadAll("SELECT group_id, name, descrip FROM groups ORDER BY group_id", OwnerIn)
         .map([&](std::vector<FoundOwner> groups) {
             std::erase_if(groups, [&](const FoundOwner &group) {
-                return number ? group.number != *number : NameKey(group.name) != NameKey(text);
+                return group.number != number && NameKey(group.name) != NameKey(text);
             });
             return groups;
         });

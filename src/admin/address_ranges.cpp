@@ -1,5 +1,6 @@
 #include "admin/address_ranges.h"
 
+#include "admin/exclusions.h"
 #include "config/key_values.h"
 
 #include <QCoreApplication>
@@ -45,6 +46,11 @@ quint32 BlockSize(quint32 octet)
 {
     const MaskOctet *found = FindMaskOctet(octet);
     return found ? found->blockSize : 0;
+}
+
+int RangeCount(const KeyReader &localIp)
+{
+    return std::clamp(localIp.ReadInteger(values::kRangeNum), 0, int {kMaxRanges});
 }
 
 } // namespace
@@ -106,9 +112,29 @@ std::optional<RangeProblem> CheckRange(const QList<AddressRange> &existing,
     return std::nullopt;
 }
 
+std::optional<QString> UnreadAddress(const KeyReader &localIp)
+{
+    const auto name = [](const NumberFamily &family, int index) -> QString {
+        return QString::fromLatin1(family.prefix) + QString::number(index);
+    };
+    for (int i = 0; i < RangeCount(localIp); ++i) {
+        for (const NumberFamily &family : {values::kNet, values::kMask}) {
+            if (!localIp.ReadNumber(family, i)) {
+                return name(family, i);
+            }
+        }
+    }
+    for (int i = 0; i < kMaxExclusions; ++i) {
+        if (localIp.IsOfAnotherKind(values::kExclude, i)) {
+            return name(values::kExclude, i);
+        }
+    }
+    return std::nullopt;
+}
+
 QList<AddressRange> LoadRanges(const KeyReader &localIp)
 {
-    const int count = std::clamp(localIp.ReadInteger(values::kRangeNum), 0, int {kMaxRanges});
+    const int count = RangeCount(localIp);
     QList<AddressRange> ranges;
     for (int i = 0; i < count; ++i) {
         ranges.append({localIp.ReadNumber(values::kNet, i).value_or(0),

@@ -99,11 +99,15 @@ void SaveSteps::Edit(const char *what,
 void SaveSteps::SaveNetwork(const Edited<QList<AddressRange>> &ranges,
                             const Edited<QList<Ipv4>> &exclusions)
 {
-    const auto written = store.Edit(ConfigKeyId::LocalIp, [&ranges](KeyEditor &key) {
+    Edit(settings_names::kRanges, ConfigKeyId::LocalIp, [&ranges](KeyEditor &key) {
         SaveRanges(key, ranges.base, ranges.draft);
     });
-    report.Add(settings_names::kRanges, written);
-    if (written) {
+    const auto excluded = store.Edit(ConfigKeyId::LocalIp, [&exclusions](KeyEditor &key) {
+        SaveExclusions(key, exclusions.base, exclusions.draft);
+    });
+    report.Add(settings_names::kExclusions, excluded);
+    // Users go last: for an address that is not excluded nobody does.
+    if (excluded) {
         report.Add(ActionId::ExcludeAddress,
                    RunAction(ExcludeAddressAction(withUsersToRemove), answers, nullptr));
     } else if (!withUsersToRemove.isEmpty()) {
@@ -111,9 +115,6 @@ void SaveSteps::SaveNetwork(const Edited<QList<AddressRange>> &ranges,
             "The users of excluded addresses were not removed, since the addresses cannot be "
             "written either.");
     }
-    Edit(settings_names::kExclusions, ConfigKeyId::LocalIp, [&exclusions](KeyEditor &key) {
-        SaveExclusions(key, exclusions.base, exclusions.draft);
-    });
 }
 
 void SaveSteps::SaveProtocols(const std::optional<ProtocolTable> &protocols)

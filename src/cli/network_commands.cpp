@@ -21,9 +21,16 @@ struct Network
 
 Or<Network> ReadNetwork(const Work &work)
 {
-    return ReadKeyToWrite(work, ConfigKeyId::LocalIp).map([](const KeyReader &localIp) {
-        return Network {LoadRanges(localIp), LoadExclusions(localIp, kMaxExclusions)};
-    });
+    return ReadKeyToWrite(work, ConfigKeyId::LocalIp)
+        .and_then([&work](const KeyReader &localIp) -> Or<Network> {
+            if (const auto unread = UnreadAddress(localIp)) {
+                return StopWith(
+                    ExitStatus::Failed,
+                    u"%1 in %2 is to be a number without quotation marks. Nothing was "
+                    "changed."_s.arg(*unread, work.Settings().FileOf(ConfigKeyId::LocalIp)));
+            }
+            return Network {LoadRanges(localIp), LoadExclusions(localIp, kMaxExclusions)};
+        });
 }
 
 QString TextOf(const AddressRange &range)
@@ -146,11 +153,11 @@ Or<void> ListExclusions(Work &work, const Given & /*given*/)
     });
 }
 
+// Users are removed only for addresses that were written.
 Stop StopOf(const SaveReport &report)
 {
-    const bool nothingElseFailed =
-        report.notDone.isEmpty() && report.leftOut.isEmpty() && !report.isUnknown;
-    return {nothingElseFailed ? ExitStatus::Failed : ExitStatus::Uncertain, report.InWords()};
+    const bool isAsBefore = !report.unwritten.isEmpty() && !report.isUnknown;
+    return {isAsBefore ? ExitStatus::Failed : ExitStatus::Uncertain, report.InWords()};
 }
 
 // As the options windows do: who has an address that is to be excluded is asked about, and removed after

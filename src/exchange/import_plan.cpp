@@ -142,6 +142,9 @@ QList<ImportChange> ChangesOf(const ImportRow &row)
                                                                     : ImportColumn::TrafficCredit,
                             {},
                             CreditWords(row)});
+        } else if (column == ImportColumn::CreditExpires && row.credit
+                   && !row.credit->neverExpires) {
+            changes.append({column, {}, QString(row.credit->expiryDay).replace(u'.', u'-')});
         }
     }
     return changes;

@@ -327,7 +327,9 @@ private:
         const auto found = planner.stored.logins.constFind(NameKey(name));
         const bool isStored = found != planner.stored.logins.constEnd();
         const bool isOwn = isStored && logins.contains(found->name);
-        if (isStored && found->userId.IsSet() && !isOwn) {
+        if (!isOwn && !logins.isEmpty()) {
+            RefuseCell(ImportColumn::Login, Words::tr("the user has another login already"));
+        } else if (isStored && found->userId.IsSet() && !isOwn) {
             RefuseCell(ImportColumn::Login, Words::tr("it is the login of another user"));
         } else if (!isStored && !hasPassword) {
             RefuseCell(ImportColumn::Login, Words::tr("a new login needs a password"));

@@ -173,8 +173,11 @@ TailKeeper::TailKeeper(QIODevice &toTarget, qsizetype bytes) : target(toTarget),
 
 qint64 TailKeeper::writeData(const char *bytes, qint64 count)
 {
+    if (failed) {
+        return -1; // the target would forget the reason
+    }
     const qint64 done = target.write(bytes, count);
-    failed = failed || done != count;
+    failed = done != count;
     if (done > 0) {
         written += done;
         tail.append(bytes, done);

@@ -1,9 +1,12 @@
 #include "reports/row_choice.h"
 
+#include "base/ipv4.h"
 #include "reports/total.h"
 
 #include <QHash>
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 #include <numeric>
 
@@ -70,8 +73,16 @@ private:
     {
         std::vector<quint32> order(texts.size());
         std::iota(order.begin(), order.end(), 0);
+        std::vector<std::optional<Ipv4>> addresses;
+        std::ranges::transform(texts, std::back_inserter(addresses), Ipv4From);
         std::sort(order.begin(), order.end(), [&](quint32 one, quint32 other) {
-            return Compare(texts[one], texts[other]) < 0;
+            // Addresses by their numbers, before all other texts.
+            if (addresses[one] && addresses[other]) {
+                return *addresses[one] < *addresses[other];
+            }
+            return addresses[one].has_value() != addresses[other].has_value()
+                ? addresses[one].has_value()
+                : Compare(texts[one], texts[other]) < 0;
         });
         std::vector<qint64> ranks(texts.size());
         for (size_t rank = 0; rank < order.size(); ++rank) {
@@ -90,8 +101,10 @@ private:
 bool Holds(const Layout &layout, const QList<int> &columns, const CellRow &row, const QString &text)
 {
     return std::any_of(columns.begin(), columns.end(), [&](int place) {
-        return OneLine(DisplayText(layout.columns.at(place), row[static_cast<size_t>(place)]))
-            .contains(text, Qt::CaseInsensitive);
+        const LayoutColumn &column = layout.columns.at(place);
+        const Cell &cell = row[static_cast<size_t>(place)];
+        return OneLine(DisplayText(column, cell)).contains(text, Qt::CaseInsensitive)
+            || (column.IsNumber() && PlainText(column, cell).contains(text)); // as it is copied
     });
 }
 

@@ -190,6 +190,11 @@ int RestoreFrom(const Call &call)
         wish.configFolder = call.Value(u"config"_s);
     }
     wish.onlySettings = call.Has(u"only-settings"_s);
+    if (wish.onlySettings && !wish.configFolder) {
+        PrintError(u"Name the folder of the settings, as in: tollbrook-db restore FILE "
+                   "--only-settings --config FOLDER"_s);
+        return kWrongUse;
+    }
     if (wish.onlySettings) {
         return Report(Restore(wish, Print), u"The database was left as it is."_s);
     }
@@ -206,14 +211,20 @@ int Copy(const Call &call)
     return Report(CopyDatabase(wish, Print), FilledText(wish.mode, wish.to));
 }
 
-// Nothing where `call` names no server, which is reported.
+// Nothing where `call` names no server or no database, which is reported. The name stands in a comment of the
+// script, too, which ends with its line.
 std::optional<RolesPlace> PlaceNamed(const Call &call, const QString &prefix)
 {
+    const QString database = call.Value(u"database"_s);
+    if (std::ranges::any_of(database, [](QChar c) { return !c.isPrint(); })) {
+        PrintError(u"The name of a database has no line breaks and no other control characters."_s);
+        return std::nullopt;
+    }
     const QString engine = call.Value(u"engine"_s).toLower();
     for (const Dialect *const each : {&kPostgresql, &kMariadb}) {
         if (engine == QString::fromLatin1(each->engine).toLower()) {
             RolesPlace place {.dialect = *each, .prefix = prefix};
-            place.database = call.Has(u"database"_s) ? call.Value(u"database"_s) : place.database;
+            place.database = call.Has(u"database"_s) ? database : place.database;
             return place;
         }
     }

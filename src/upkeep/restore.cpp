@@ -40,6 +40,9 @@ Told<void> FillFrom(SiteRows &source, const QString &dsn, FillMode mode, const T
 
 Told<void> RestoreSettings(const RestoreWish &wish, const SettingsFiles &settings, const Tell &tell)
 {
+    if (settings.isEmpty() && wish.onlySettings) {
+        return tl::unexpected(u"The backup holds no settings. Nothing was changed."_s);
+    }
     if (settings.isEmpty()) {
         tell(u"The backup holds no settings."_s);
         return {};

@@ -56,6 +56,32 @@ TEST_P(NamedOwners, AreFoundByNameNumberAndAddress)
     EXPECT_TRUE(Shown(GroupsCalled(u" SALES"_s)).endsWith(u" Sales ground floor"_s));
 }
 
+TEST_P(NamedOwners, MayBeCalledAsANumberIsWritten)
+{
+    Execute("INSERT INTO users (username) VALUES ('#2')");
+    Execute("INSERT INTO users (username) VALUES ('id:1')");
+    Execute("INSERT INTO groups (name) VALUES ('#80')");
+    EXPECT_EQ(Shown(UsersCalled(u"#2"_s)), u"2 anna 10.0.0.2, 4 #2 "_s);
+    EXPECT_EQ(Shown(UsersCalled(u"id:1"_s)), u"1 anna 10.0.0.1, 5 id:1 "_s);
+    EXPECT_EQ(Shown(UsersCalled(u"#4"_s)), u"4 #2 "_s);
+    EXPECT_EQ(GroupsCalled(u"#80"_s).value().size(), 2U);
+    EXPECT_EQ(GroupsCalled(u"#81"_s).value().size(), 1U);
+}
+
+TEST_P(NamedOwners, AreFoundInAnyLetterCase)
+{
+    for (const QString &name :
+         {u"\u00c9t\u00e9_1"_s, u"\u00e4bcX1"_s, u"100%\u00df"_s, u"100!\u00df"_s}) {
+        Execute("INSERT INTO users (username) VALUES ((?))", name);
+    }
+    EXPECT_EQ(Shown(UsersCalled(u"\u00e9T\u00c9_1"_s)), u"4 \u00c9t\u00e9_1 "_s);
+    EXPECT_EQ(Shown(UsersCalled(u"\u00c4BCx1"_s)), u"5 \u00e4bcX1 "_s);
+    EXPECT_EQ(Shown(UsersCalled(u"100%\u00df"_s)), u"6 100%\u00df "_s);
+    EXPECT_EQ(Shown(UsersCalled(u"100!\u00df"_s)), u"7 100!\u00df "_s);
+    EXPECT_EQ(Shown(UsersCalled(u"\u00e4%"_s)), QString());
+    EXPECT_EQ(Shown(UsersCalled(u"\u00e4bc_1"_s)), QString());
+}
+
 TEST_P(NamedOwners, OfAGroupAreCounted)
 {
     const auto groups = ReadAllGroups();

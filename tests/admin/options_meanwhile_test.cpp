@@ -1,6 +1,8 @@
 // The option windows beside another console and beside settings that cannot be read or written.
 #include "admin/global_options.h"
+#include "admin/save_steps.h"
 #include "options_fixture.h"
+#include "support/core/file_size_limit.h"
 
 #include <QFile>
 
@@ -170,6 +172,28 @@ TEST_P(OptionsMeanwhile, NoUserIsRemovedForAnExclusionThatCannotBeWritten)
     const SaveReport report = SaveOptions({shown, touched}, store, yes);
     EXPECT_EQ(report.settings.size(), 1);
     EXPECT_EQ(report.leftOut.size(), 1) << qPrintable(report.InWords());
+    EXPECT_EQ(RowsOf("SELECT username FROM users"), QStringList {u"anna"_s});
+}
+
+TEST_P(OptionsMeanwhile, NoUserIsRemovedForAnExclusionThatFindsNoRoom)
+{
+    Execute("INSERT INTO users (username, ip_addr, group_id) VALUES ('anna', '10.0.0.1', 80)");
+    ASSERT_TRUE(SaveOptions({Load(), Load()}, store, {}).IsDone()); // the ranges stand in the file
+    const Options shown = Load();
+    Options touched = shown;
+    touched.exclusions = {0x0A000001U};
+    const Answers yes = AllAnswered(SaveOptions({shown, touched}, store, {}), true);
+    SaveReport report;
+    {
+        const FileSizeLimit full(0);
+        SaveSteps steps(store, yes);
+        steps.AskOnExclusions(shown.exclusions, touched.exclusions);
+        steps.SaveNetwork({shown.ranges, shown.ranges}, {shown.exclusions, touched.exclusions});
+        report = steps.Report();
+    }
+    EXPECT_EQ(report.unwritten.size(), 1) << "the ranges are as they were anyway";
+    EXPECT_EQ(report.leftOut.size(), 1) << qPrintable(report.InWords());
+    EXPECT_EQ(report.statements.size(), 0) << "nobody was to be removed";
     EXPECT_EQ(RowsOf("SELECT username FROM users"), QStringList {u"anna"_s});
 }
 

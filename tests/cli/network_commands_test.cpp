@@ -125,6 +125,28 @@ TEST_P(NetworkCommands, WhoHasAnExcludedAddressIsAskedAbout)
     ExpectRefused("exclusion add 10.0.0.20", 1, "No more than 10");
 }
 
+TEST_P(NetworkCommands, NothingIsWrittenOverWhatCannotBeRead)
+{
+    const std::pair<QByteArray, const char *> cases[] = {
+        {"rangenum = \"1\"\nnet0 = \"x\"\nmask0 = 4294967040\n", "net0"},
+        {"rangenum = \"2\"\nnet0 = 167772160\nmask0 = 4294967040\n", "net1"},
+        {"exclude0 = 167772165\nexclude1 = \"10.0.0.5\"\n", "exclude1"},
+    };
+    for (const auto &[text, name] : cases) {
+        QFile file(Settings().FileOf(ConfigKeyId::LocalIp));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+        file.close();
+        for (const char *line : {"range list",
+                                 "exclusion list",
+                                 "range add 10.9.0.0/24",
+                                 "range remove 0.0.0.0/24",
+                                 "exclusion add 10.0.77.78",
+                                 "exclusion remove 10.0.0.5"}) {
+            ExpectRefused(line, 3, name);
+        }
+    }
+}
+
 TEST_P(NetworkCommands, AStatementThatFailsIsTold)
 {
     RunBeside("ALTER TABLE users RENAME TO users_away");

@@ -1,11 +1,10 @@
 #include "config/config_store.h"
 
 #include "config/store_fixture.h"
+#include "support/core/file_size_limit.h"
 
 #include <QDir>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -337,29 +336,6 @@ TEST_F(ConfigStoreTest, WithoutPermissionReadsFindNothingAndWritesSayWhy)
     EXPECT_EQ(FilesBesidePath(), QStringList(u"Network.toml"_s));
     QFile::setPermissions(parent, QFile::Permissions(0x7755)); // so that it can be removed
 }
-
-// Lets this program's files grow to so many bytes only, which writing tells of as a full disk does.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes) : previous(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        EXPECT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
-        const rlimit tiny {bytes, old.rlim_max};
-        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &tiny), 0);
-    }
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &old);
-        std::signal(SIGXFSZ, previous);
-    }
-    FileSizeLimit(const FileSizeLimit &) = delete;
-    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
-
-private:
-    void (*previous)(int);
-    rlimit old {};
-};
 
 TEST_F(ConfigStoreTest, AFullDiskLeavesTheOldFile)
 {

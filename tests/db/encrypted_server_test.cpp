@@ -98,6 +98,7 @@ TEST_P(Encrypted, EveryKindOfConnectionIsEncrypted)
     const auto rows = database.Rows(CipherQuery());
     ASSERT_TRUE(rows) << qPrintable(database.Error());
     EXPECT_FALSE(rows->value(0).value(0).isEmpty());
+    ASSERT_TRUE(database.Run(u"CREATE TABLE users (user_id INTEGER)"_s));
 
     ASSERT_EQ(ConnectDatabase(dsn.toUtf8().constData()), 1) << qPrintable(LastFailure()->text);
     const auto cipher =

@@ -109,6 +109,23 @@ TEST_P(RowChoice, EveryColumnOfEveryReportSortsBothWays)
     }
 }
 
+TEST_P(RowChoice, AddressesSortByTheirNumbersBeforeOtherTexts)
+{
+    Execute("UPDATE users SET ip_addr = '10.0.0.10' WHERE user_id = 1");
+    Execute("UPDATE users SET ip_addr = '9.200.0.1' WHERE user_id = 3");
+    Execute("UPDATE users SET ip_addr = 'at home' WHERE user_id = 2");
+    const auto table = ReportOf(RequestFor(DsnOf("reports"), 0));
+    const int address = ColumnOf(*table, u"ip_addr"_s);
+    QStringList sorted;
+    for (const CellRow &row : RowsOf(*table, Choose(*table, {.orderBy = address}))) {
+        sorted += std::get<QString>(row[static_cast<size_t>(address)]);
+    }
+    ASSERT_GT(sorted.size(), 4);
+    EXPECT_EQ(sorted.constFirst(), u"9.200.0.1"_s);
+    EXPECT_EQ(sorted.constLast(), u"at home"_s);
+    EXPECT_GT(sorted.indexOf(u"10.0.0.10"_s), sorted.indexOf(u"10.0.0.4"_s));
+}
+
 TEST_P(RowChoice, EndsWhenItIsCancelled)
 {
     const auto table = ReportOf(RequestFor(DsnOf("reports"), 2));

@@ -269,6 +269,7 @@ TEST_F(BackupFiles, TheToolTellsWhatIsMissing)
         {u"backup '' --dsn x"_s, u"Name one file"_s},
         {u"backup a"_s, u"Name one command and the data source"_s},
         {u"copy --from x"_s, u"Name both data sources"_s},
+        {u"restore a --only-settings"_s, u"Name the folder of the settings"_s},
         {u"check --dsn x --backup y"_s, u"\"check\" takes --backup only with --repair"_s},
         {u"check --repair --dsn x"_s, u"Name a file for the backup"_s},
         {u"copy --from x --to y --force"_s, u"\"copy\" does not take --force"_s},
@@ -278,6 +279,19 @@ TEST_F(BackupFiles, TheToolTellsWhatIsMissing)
         EXPECT_EQ(ended.status, 2) << qPrintable(arguments);
         EXPECT_TRUE(ended.error.contains(problem)) << qPrintable(ended.error);
     }
+}
+
+TEST_F(BackupFiles, WithoutSettingsBringNone)
+{
+    const QString tool = QStringLiteral(TB_DATABASE_TOOL);
+    const QString bare = folder.filePath(u"bare"_s);
+    ASSERT_EQ(RunShell(u"%1 backup %2 --dsn %3 --no-settings"_s.arg(tool, bare, Dsn())).status, 0);
+    const QString there = folder.filePath(u"there"_s);
+    const Ended ended =
+        RunShell(u"%1 restore %2 --only-settings --config %3"_s.arg(tool, bare, there));
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_TRUE(ended.error.contains(u"holds no settings"_s)) << qPrintable(ended.error);
+    EXPECT_FALSE(QFile::exists(there));
 }
 
 // What was begun goes on to its end, whoever reads.

@@ -2,6 +2,7 @@
 
 #include "reports/row_choice.h"
 #include "ui/common/accessible.h"
+#include "ui/common/controls.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -81,7 +82,11 @@ GroupOutline::GroupOutline(QWidget *parent) : QTreeView(parent), model(new Group
     header()->setStretchLastSection(false);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // its width counts in WidthWithin()
     connect(this, &QTreeView::clicked, this, &GroupOutline::TellChosen);
-    connect(this, &QTreeView::activated, this, &GroupOutline::TellChosen);
+    TakeReturn(*this, [this] {
+        if (currentIndex().isValid()) {
+            TellChosen(currentIndex());
+        }
+    });
 }
 
 void GroupOutline::SetPages(std::shared_ptr<const ReportPages> newPages)
@@ -130,6 +135,16 @@ void GroupOutline::ShowPage(int page)
     const bool isThere = chosen >= 0 && pages->PageOfGroup(static_cast<size_t>(chosen)) == page;
     if (!isThere) {
         setCurrentIndex(model->index(shown, 0));
+    }
+}
+
+// Whoever goes from group to group by keys sees each of them.
+void GroupOutline::keyPressEvent(QKeyEvent *event)
+{
+    const QModelIndex before = currentIndex();
+    QTreeView::keyPressEvent(event);
+    if (currentIndex() != before) {
+        TellChosen(currentIndex());
     }
 }
 

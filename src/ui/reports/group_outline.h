@@ -45,6 +45,9 @@ public:
     // Marks the group that the page begins with, without choosing it.
     void ShowPage(int page);
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 signals:
     // `place` is where the group's heading stands on the page, in points.
     void GroupChosen(int page, const QRectF &place);

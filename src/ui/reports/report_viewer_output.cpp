@@ -107,13 +107,17 @@ bool ReportViewer::AsksForEach()
 bool ReportViewer::MayReplace(const QString &fileName, bool each)
 {
     const QStringList names = each ? StatementFileNames(*table, fileName) : QStringList {fileName};
-    const auto isThere = [](const QString &name) { return QFileInfo::exists(name); };
+    // That a folder cannot be replaced is told when it is tried.
+    const auto isThere = [](const QString &name) {
+        return QFileInfo::exists(name) && !QFileInfo(name).isDir();
+    };
     const auto first = std::find_if(names.begin(), names.end(), isThere);
     return first == names.end()
-        || prompt.Ask(each
-                          ? tr("%1 and perhaps others already exist.\nDo you want to replace them?")
-                                .arg(*first)
-                          : tr("%1 already exists.\nDo you want to replace it?").arg(*first));
+        || prompt.AskToDestroy(
+            each ? tr("%1 and perhaps others already exist.\nDo you want to replace them?")
+                       .arg(*first)
+                 : tr("%1 already exists.\nDo you want to replace it?").arg(*first),
+            {});
 }
 
 void ReportViewer::SaveEachTo(const QString &fileName)

@@ -170,12 +170,12 @@ void ViewerBar::SuitTable()
 {
     const bool ofPages = !WantsTable();
     for (QAction *button : std::as_const(pageButtons)) {
-        button->setEnabled(ofPages);
+        button->setEnabled(isUsable && ofPages);
     }
     zoom->setEnabled(ofPages);
     outline->setEnabled(ofPages);
     find->setEnabled(isUsable && ofPages); // keeps the focus during its own search
-    findNext->setEnabled(ofPages);
+    findNext->setEnabled(isUsable && ofPages);
 }
 
 int ViewerBar::PageCount() const
@@ -230,7 +230,10 @@ void ViewerBar::AskPage()
 void ViewerBar::GoToTyped()
 {
     const auto number = pageNumber->Number();
-    if (number && *number > 0 && static_cast<int>(*number) - 1 != view.CurrentPage()) {
+    if (!number || *number == 0) {
+        pageNumber->SetNumber(
+            shownNumber); // whoever leaves it, or was told of it, sees where he is
+    } else if (static_cast<int>(*number) - 1 != view.CurrentPage()) {
         view.GoTo(static_cast<int>(*number) - 1);
     }
 }

@@ -195,6 +195,18 @@ TEST_F(DrillDown, TheGroupsStandBesideThePagesAndLeadToThem)
     EXPECT_EQ(view.CurrentPage(), view.Pages()->PageOfGroup(last));
     EXPECT_GT(view.CurrentPage(), 0);
     Grab(*dialog, u"outline"_s);
+    Outline().setFocus();
+    const ReportTable *made = &Table();
+    QTest::keyClick(&Outline(), Qt::Key_Up);
+    EXPECT_EQ(view.CurrentPage(), view.Pages()->PageOfGroup(last - 1));
+    EXPECT_EQ(Outline().currentIndex().row(), static_cast<int>(last) - 1);
+    view.GoTo(0);
+    const QAbstractItemView &list = Outline();
+    Outline().setCurrentIndex(list.model()->index(static_cast<int>(last), 0));
+    QTest::keyClick(&Outline(), Qt::Key_Return);
+    EXPECT_EQ(view.CurrentPage(), view.Pages()->PageOfGroup(last));
+    EXPECT_TRUE(Outline().hasFocus());
+    EXPECT_EQ(&Table(), made) << "no report was made";
     Click(*dialog, "firstPageButton");
     EXPECT_EQ(Outline().currentIndex().row(), 0);
     {
