@@ -174,7 +174,8 @@ QString WordsFor(const ImportRow &row)
     for (const auto &[column, before, after] : ChangesOf(row)) {
         const QString value = after.isEmpty() ? Words::tr("none") : after;
         if (!row.userId.IsSet() || column == ImportColumn::Password
-            || column == ImportColumn::TrafficCredit || column == ImportColumn::MoneyCredit) {
+            || column == ImportColumn::TrafficCredit || column == ImportColumn::MoneyCredit
+            || column == ImportColumn::CreditExpires) {
             words << Words::tr("%1: %2", "column, value").arg(LabelOf(column), value);
         } else {
             words << Words::tr("%1: %2 \u2192 %3", "column, old value, new value")
