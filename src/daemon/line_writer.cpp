@@ -36,7 +36,8 @@ void LineWriter::Write(const QByteArray &line)
         return;
     }
     if (lost > 0) {
-        rest = "Lines that were lost here, as nobody took them: " + QByteArray::number(lost) + '\n';
+        rest = "Lines that were lost here, as nobody took them: ";
+        rest.append(QByteArray::number(lost)).append('\n');
         lost = 0;
     }
     rest += line;
