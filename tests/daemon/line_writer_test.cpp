@@ -1,6 +1,9 @@
 // Lines that nobody takes are lost and counted, and nobody waits for them.
 #include "daemon/line_writer.h"
 
+#include <QList>
+#include <QStringBuilder>
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
