@@ -11,6 +11,7 @@
 #include "ui/exchange/choose_table_file.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
