@@ -1,6 +1,7 @@
 // The rows of a report's table against what the database itself finds and sums.
 #include "reports/row_choice.h"
 
+#include "base/ipv4.h"
 #include "reports/catalogue.h"
 #include "reports/report_fixture.h"
 #include "support/core/engine_fixture.h"
@@ -47,6 +48,21 @@ ChosenRows Choose(const ReportTable &table, const RowWish &wish)
     auto chosen = ChooseRows(table, wish, control);
     EXPECT_TRUE(chosen);
     return *std::move(chosen);
+}
+
+// As pages and files put cells in order, but for addresses.
+int Order(const Cell &one, const Cell &other)
+{
+    const auto addressIn = [](const Cell &cell) {
+        const auto *text = std::get_if<QString>(&cell);
+        return text == nullptr ? std::nullopt : Ipv4From(*text);
+    };
+    const auto a = addressIn(one);
+    const auto b = addressIn(other);
+    if (a && b) {
+        return *a < *b ? -1 : int {*a > *b};
+    }
+    return a ? -1 : b ? 1 : Compare(one, other);
 }
 
 } // namespace
@@ -98,7 +114,7 @@ TEST_P(RowChoice, EveryColumnOfEveryReportSortsBothWays)
                 ASSERT_EQ(static_cast<qint64>(chosen.rows.size()), table->rows.Count());
                 const auto rows = RowsOf(*table, chosen);
                 for (size_t next = 1; next < rows.size(); ++next) {
-                    const int order = Compare(rows[next - 1][place], rows[next][place]);
+                    const int order = Order(rows[next - 1][place], rows[next][place]);
                     EXPECT_TRUE(descending ? order >= 0 : order <= 0) << row << ' ' << column;
                     // Rows that are equal stay as they were.
                     EXPECT_TRUE(order != 0 || chosen.rows[next - 1] < chosen.rows[next])
