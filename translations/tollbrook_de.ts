@@ -3631,6 +3631,25 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     </message>
 </context>
 <context>
+    <name>LocalAddresses</name>
+    <message>
+        <source>is to be a text in quotation marks</source>
+        <translation>muss ein Text in Anführungszeichen sein</translation>
+    </message>
+    <message>
+        <source>is to be a number from %1 to %2</source>
+        <translation>muss eine Zahl von %1 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>is to be a number without quotation marks</source>
+        <translation>muss eine Zahl ohne Anführungszeichen sein</translation>
+    </message>
+    <message>
+        <source>cannot be used: %1 %2</source>
+        <translation>ist nicht zu gebrauchen: %1 %2</translation>
+    </message>
+</context>
+<context>
     <name>LoginManager</name>
     <message>
         <source>The changes of these logins are not saved. Drop them?</source>

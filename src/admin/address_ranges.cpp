@@ -1,6 +1,5 @@
 #include "admin/address_ranges.h"
 
-#include "admin/exclusions.h"
 #include "config/key_values.h"
 
 #include <QCoreApplication>
@@ -108,26 +107,6 @@ std::optional<RangeProblem> CheckRange(const QList<AddressRange> &existing,
     }
     if (existing.size() >= kMaxRanges) {
         return RangeProblem::Full;
-    }
-    return std::nullopt;
-}
-
-std::optional<QString> UnreadAddress(const KeyReader &localIp)
-{
-    const auto name = [](const NumberFamily &family, int index) -> QString {
-        return QString::fromLatin1(family.prefix) + QString::number(index);
-    };
-    for (int i = 0; i < RangeCount(localIp); ++i) {
-        for (const NumberFamily &family : {values::kNet, values::kMask}) {
-            if (!localIp.ReadNumber(family, i)) {
-                return name(family, i);
-            }
-        }
-    }
-    for (int i = 0; i < kMaxExclusions; ++i) {
-        if (localIp.IsOfAnotherKind(values::kExclude, i)) {
-            return name(values::kExclude, i);
-        }
     }
     return std::nullopt;
 }

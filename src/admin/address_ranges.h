@@ -42,12 +42,7 @@ enum class RangeProblem { Incorrect, AlreadyDefined, Full };
                                                      std::optional<Ipv4> network,
                                                      std::optional<Ipv4> mask);
 
-// At most 50; a number that is missing below rangenum reads as 0.0.0.0.
-// Of the numbers that ranges and excluded addresses are kept in the first one that is there and is no number,
-// or that a range lacks: what LoadRanges() and LoadExclusions() then give is not what the file means.
-// Nothing when all can be read.
-[[nodiscard]] std::optional<QString> UnreadAddress(const KeyReader &localIp);
-
+// At most 50; a number that is missing below rangenum reads as 0.0.0.0, see ReadAddresses().
 [[nodiscard]] QList<AddressRange> LoadRanges(const KeyReader &localIp);
 
 // Deletes the old ranges and writes `draft` with its number. Ranges that were not touched stay as they

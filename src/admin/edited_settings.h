@@ -22,14 +22,12 @@ struct Loaded
     QList<SettingsFailure> failures;
 };
 
-// Hands the key's values to `take`; a key that could not be read is added to the failures instead.
+// Hands a key's values to `take`; a key that could not be read is added to the failures instead.
 template <typename Take>
-void ReadGroup(const ConfigStore &store,
-               ConfigKeyId key,
+void TakeGroup(const tl::expected<KeyReader, SettingsFailure> &values,
                QList<SettingsFailure> &failures,
                const Take &take)
 {
-    const auto values = store.ReadKey(key);
     if (values) {
         take(*values);
     } else if (!failures.contains(values.error())) {

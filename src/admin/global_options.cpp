@@ -1,5 +1,6 @@
 #include "admin/global_options.h"
 
+#include "admin/local_addresses.h"
 #include "admin/save_steps.h"
 
 namespace {
@@ -43,13 +44,14 @@ Loaded<GlobalOptions> LoadGlobalOptions(const ConfigStore &store)
 {
     Loaded<GlobalOptions> loaded;
     GlobalOptions &options = loaded.settings;
-    ReadGroup(store, ConfigKeyId::Base, loaded.failures, [&options](const KeyReader &base) {
+    TakeGroup(store.ReadKey(ConfigKeyId::Base), loaded.failures, [&options](const KeyReader &base) {
         ReadBase(options, base);
     });
-    ReadGroup(store, ConfigKeyId::Price, loaded.failures, [&options](const KeyReader &price) {
-        ReadPrice(options.currency, price, ConfigStore::kBufferBytes);
-    });
-    ReadGroup(store, ConfigKeyId::LocalIp, loaded.failures, [&options](const KeyReader &localIp) {
+    TakeGroup(
+        store.ReadKey(ConfigKeyId::Price), loaded.failures, [&options](const KeyReader &price) {
+            ReadPrice(options.currency, price, ConfigStore::kBufferBytes);
+        });
+    TakeGroup(ReadAddresses(store), loaded.failures, [&options](const KeyReader &localIp) {
         options.ranges = LoadRanges(localIp);
         options.exclusions = LoadExclusions(localIp, kMaxExclusions);
     });

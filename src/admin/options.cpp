@@ -1,5 +1,6 @@
 #include "admin/options.h"
 
+#include "admin/local_addresses.h"
 #include "admin/save_steps.h"
 
 namespace {
@@ -80,20 +81,22 @@ Loaded<Options> LoadOptions(const ConfigStore &store)
     Loaded<Options> loaded;
     Options &options = loaded.settings;
     options.adapter = QString();
-    ReadGroup(store, ConfigKeyId::Base, loaded.failures, [&options](const KeyReader &base) {
+    TakeGroup(store.ReadKey(ConfigKeyId::Base), loaded.failures, [&options](const KeyReader &base) {
         ReadBase(options, base);
     });
-    ReadGroup(
-        store, ConfigKeyId::DefProfile, loaded.failures, [&options](const KeyReader &profile) {
-            options.profile = LoadDefaultProfile(profile, kBufferBytes);
-        });
-    ReadGroup(store, ConfigKeyId::LocalIp, loaded.failures, [&options](const KeyReader &localIp) {
+    TakeGroup(store.ReadKey(ConfigKeyId::DefProfile),
+              loaded.failures,
+              [&options](const KeyReader &profile) {
+                  options.profile = LoadDefaultProfile(profile, kBufferBytes);
+              });
+    TakeGroup(ReadAddresses(store), loaded.failures, [&options](const KeyReader &localIp) {
         options.ranges = LoadRanges(localIp);
         options.exclusions = LoadExclusions(localIp, kMaxExclusions);
     });
-    ReadGroup(store, ConfigKeyId::Price, loaded.failures, [&options](const KeyReader &price) {
-        ReadPrice(options.currency, price, kBufferBytes);
-    });
+    TakeGroup(
+        store.ReadKey(ConfigKeyId::Price), loaded.failures, [&options](const KeyReader &price) {
+            ReadPrice(options.currency, price, kBufferBytes);
+        });
     return loaded;
 }
 

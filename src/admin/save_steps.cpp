@@ -1,5 +1,6 @@
 #include "admin/save_steps.h"
 
+#include "admin/local_addresses.h"
 #include "admin/protocol_storage.h"
 #include "base/names_line.h"
 
@@ -96,16 +97,25 @@ void SaveSteps::Edit(const char *what,
     report.Add(what, store.Edit(key, edit));
 }
 
+// What could not be read was shown as missing: what is written in its place would be the loss of it.
+SettingsResult SaveSteps::EditAddresses(const char *what,
+                                        const std::function<void(KeyEditor &)> &edit)
+{
+    const auto read = ReadAddresses(store);
+    const SettingsResult written = read ? store.Edit(ConfigKeyId::LocalIp, edit)
+                                        : SettingsResult(tl::unexpected(read.error()));
+    report.Add(what, written);
+    return written;
+}
+
 void SaveSteps::SaveNetwork(const Edited<QList<AddressRange>> &ranges,
                             const Edited<QList<Ipv4>> &exclusions)
 {
-    Edit(settings_names::kRanges, ConfigKeyId::LocalIp, [&ranges](KeyEditor &key) {
-        SaveRanges(key, ranges.base, ranges.draft);
-    });
-    const auto excluded = store.Edit(ConfigKeyId::LocalIp, [&exclusions](KeyEditor &key) {
+    EditAddresses(settings_names::kRanges,
+                  [&ranges](KeyEditor &key) { SaveRanges(key, ranges.base, ranges.draft); });
+    const auto excluded = EditAddresses(settings_names::kExclusions, [&exclusions](KeyEditor &key) {
         SaveExclusions(key, exclusions.base, exclusions.draft);
     });
-    report.Add(settings_names::kExclusions, excluded);
     // Users go last: for an address that is not excluded nobody does.
     if (excluded) {
         report.Add(ActionId::ExcludeAddress,

@@ -32,7 +32,10 @@ public:
     void Edit(const char *what, ConfigKeyId key, const std::function<void(KeyEditor &)> &edit);
     void Add(const char *what, const SettingsResult &result) { report.Add(what, result); }
 
-    // The ranges; then the users who are to be removed, and the exclusions.
+    // Addresses that stand there and could not be read stay as they are, and nothing is written.
+    SettingsResult EditAddresses(const char *what, const std::function<void(KeyEditor &)> &edit);
+
+    // The ranges, the exclusions, and then the users who are to be removed.
     void SaveNetwork(const Edited<QList<AddressRange>> &ranges,
                      const Edited<QList<Ipv4>> &exclusions);
     void SaveProtocols(const std::optional<ProtocolTable> &protocols);

@@ -1,5 +1,6 @@
 #include "admin/setup.h"
 
+#include "admin/local_addresses.h"
 #include "admin/save_steps.h"
 
 namespace {
@@ -14,7 +15,7 @@ QList<Ipv4> ExclusionsOf(const NetworkSetup &setup)
 
 void Write(SaveSteps &steps, const NetworkSetup &base, const NetworkSetup &draft)
 {
-    steps.Edit(settings_names::kAddresses, ConfigKeyId::LocalIp, [&](KeyEditor &key) {
+    steps.EditAddresses(settings_names::kAddresses, [&](KeyEditor &key) {
         SaveRanges(key, base.ranges, draft.ranges);
         ReplaceExclusions(key, ExclusionsOf(base), ExclusionsOf(draft));
     });
@@ -33,12 +34,12 @@ Loaded<NetworkSetup> LoadSetup(const ConfigStore &store)
 {
     Loaded<NetworkSetup> loaded;
     NetworkSetup &setup = loaded.settings;
-    ReadGroup(store, ConfigKeyId::LocalIp, loaded.failures, [&setup](const KeyReader &localIp) {
+    TakeGroup(ReadAddresses(store), loaded.failures, [&setup](const KeyReader &localIp) {
         setup.ranges = LoadRanges(localIp);
         setup.proxies = LoadExclusions(localIp, kMaxWizardExclusions);
         setup.usesProxy = !setup.proxies.isEmpty();
     });
-    ReadGroup(store, ConfigKeyId::Base, loaded.failures, [&setup](const KeyReader &base) {
+    TakeGroup(store.ReadKey(ConfigKeyId::Base), loaded.failures, [&setup](const KeyReader &base) {
         setup.monitorMode = base.ReadInteger(values::kMonitorProtMode);
         setup.identMode = base.ReadInteger(values::kIdentModeGlobal);
     });

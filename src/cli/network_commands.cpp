@@ -1,4 +1,5 @@
 // The commands that begin with "range" and "exclusion": which addresses the service watches.
+#include "admin/local_addresses.h"
 #include "admin/save_steps.h"
 #include "cli/command.h"
 #include "cli/owners.h"
@@ -23,11 +24,8 @@ Or<Network> ReadNetwork(const Work &work)
 {
     return ReadKeyToWrite(work, ConfigKeyId::LocalIp)
         .and_then([&work](const KeyReader &localIp) -> Or<Network> {
-            if (const auto unread = UnreadAddress(localIp)) {
-                return StopWith(
-                    ExitStatus::Failed,
-                    u"%1 in %2 is to be a number without quotation marks. Nothing was "
-                    "changed."_s.arg(*unread, work.Settings().FileOf(ConfigKeyId::LocalIp)));
+            if (const auto failure = AddressesFailure(work.Settings(), localIp)) {
+                return StopWith(ExitStatus::Failed, TextOf(*failure) + u" Nothing was changed."_s);
             }
             return Network {LoadRanges(localIp), LoadExclusions(localIp, kMaxExclusions)};
         });

@@ -1,6 +1,7 @@
 #include "daemon/service_settings.h"
 
 #include "admin/exclusions.h"
+#include "admin/local_addresses.h"
 #include "base/text.h"
 
 #include <QCryptographicHash>
@@ -108,36 +109,9 @@ public:
         field = word == other;
     }
 
-    // Whether the number is there; what is missing is bad, too.
-    bool HasNumber(const KeyReader &reader, const NumberFamily &family, int index)
-    {
-        const bool has = reader.ReadNumber(family, index).has_value();
-        if (!has) {
-            NoteNoNumber(family, index);
-        }
-        return has;
-    }
-
-    // Whether it is a number, or missing.
-    bool MayBeNumber(const KeyReader &reader, const NumberFamily &family, int index)
-    {
-        const bool isOther = reader.IsOfAnotherKind(family, index);
-        if (isOther) {
-            NoteNoNumber(family, index);
-        }
-        return !isOther;
-    }
-
     void Note(const TextValue &value, const QString &whatIsWrong)
     {
         Note(QString::fromLatin1(value.name), whatIsWrong);
-    }
-
-private:
-    void NoteNoNumber(const NumberFamily &family, int index)
-    {
-        Note(QString::fromLatin1(family.prefix) + QString::number(index),
-             u"is to be a number without quotation marks"_s);
     }
 
     void Note(const QString &name, const QString &whatIsWrong)
@@ -145,6 +119,7 @@ private:
         faults << u"%1 in %2 %3."_s.arg(name, store.FileOf(key), whatIsWrong);
     }
 
+private:
     const ConfigStore &store;
     QStringList &faults;
     ConfigKeyId key = ConfigKeyId::Base;
@@ -222,20 +197,13 @@ void ReadProfile(const KeyReader &key, SettingsReader &reader, ServiceSettings &
     settings.newUser.authRequired = settings.newUser.authRequired || required;
 }
 
-// A range whose mask is not known would hold every address there is.
 void ReadAddresses(const KeyReader &key, SettingsReader &reader, ServiceSettings &settings)
 {
-    int count = -1;
-    reader.Take(key, values::kRangeNum, 0, 0, kMaxRanges, count);
-    bool areRead = count >= 0;
-    for (int i = 0; i < count; ++i) {
-        areRead = reader.HasNumber(key, values::kNet, i) && areRead;
-        areRead = reader.HasNumber(key, values::kMask, i) && areRead;
+    const QList<UnreadValue> unread = UnreadAddresses(key);
+    for (const UnreadValue &each : unread) {
+        reader.Note(each.name, each.whatIsWrong);
     }
-    for (int i = 0; i < kMaxWizardExclusions; ++i) {
-        areRead = reader.MayBeNumber(key, values::kExclude, i) && areRead;
-    }
-    if (areRead) {
+    if (unread.isEmpty()) {
         settings.local = LoadRanges(key);
         settings.excluded = LoadExclusions(key, kMaxWizardExclusions);
     }

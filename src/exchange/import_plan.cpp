@@ -2,6 +2,7 @@
 
 #include "accounts/currency.h"
 #include "admin/exclusions.h"
+#include "admin/local_addresses.h"
 #include "admin/login_table.h"
 #include "base/text.h"
 #include "exchange/claims.h"
@@ -84,7 +85,7 @@ QString CreditWords(const ImportRow &row)
 tl::expected<ImportContext, QString> ReadImportContext(const ConfigStore &settings)
 {
     const auto profile = settings.ReadKey(ConfigKeyId::DefProfile);
-    const auto addresses = settings.ReadKey(ConfigKeyId::LocalIp);
+    const auto addresses = ReadAddresses(settings);
     if (!profile || !addresses) {
         return tl::unexpected(TextOf(profile ? addresses.error() : profile.error()));
     }

@@ -116,6 +116,40 @@ TEST_P(OptionsMeanwhile, TheAddressesThatStandNowAreAskedAbout)
     EXPECT_TRUE(report.questions[0].text.startsWith(u"IP-Address 10.0.0.9 is"_s));
 }
 
+TEST_P(OptionsMeanwhile, AddressesThatCannotBeReadAreToldAndNotReplaced)
+{
+    const std::pair<QByteArray, QString> cases[] = {
+        {"rangenum = \"1\"\nnet0 = \"10.0.0.0\"\nmask0 = 4294967040\n", u"net0"_s},
+        {"rangenum = \"2\"\nnet0 = 1\nmask0 = 1\nnet1 = 2\n", u"mask1"_s},
+        {"rangenum = \"1\"\nnet0 = 1\nmask0 = 1\nexclude0 = \"10.0.0.5\"\n", u"exclude0"_s},
+        {"rangenum = 1\nnet0 = 1\nmask0 = 1\n", u"rangenum"_s},
+        {"rangenum = \"one\"\nnet0 = 1\nmask0 = 1\n", u"rangenum"_s},
+        {"rangenum = \"51\"\n", u"rangenum"_s},
+    };
+    for (const auto &[text, name] : cases) {
+        Put(ConfigKeyId::LocalIp, text);
+        const auto loaded = LoadOptions(store);
+        ASSERT_EQ(loaded.failures.size(), 1) << text.constData();
+        EXPECT_TRUE(
+            TextOf(loaded.failures[0]).contains(u"localip.toml\" cannot be used: "_s + name))
+            << qPrintable(TextOf(loaded.failures[0]));
+        EXPECT_EQ(LoadGlobalOptions(store).failures, loaded.failures);
+        EXPECT_EQ(LoadSetup(store).failures, loaded.failures);
+
+        Options touched = loaded.settings;
+        touched.updatePeriod += 60;
+        touched.ranges = {{0x0B000000U, 0xFF000000U}};
+        touched.exclusions = {0x0A000009U};
+        NetworkSetup setup = LoadSetup(store).settings;
+        setup.ranges = touched.ranges;
+        EXPECT_EQ(SaveOptions({loaded.settings, touched}, store, {}).settings, loaded.failures);
+        EXPECT_EQ(SaveSetup({LoadSetup(store).settings, setup}, store, {}).settings,
+                  loaded.failures);
+        EXPECT_EQ(TextOfKey(ConfigKeyId::LocalIp), text);
+        EXPECT_EQ(LoadOptions(store).settings.updatePeriod, touched.updatePeriod);
+    }
+}
+
 TEST_P(OptionsMeanwhile, ADamagedFileIsToldAndNotReplaced)
 {
     const Options shown = Load();

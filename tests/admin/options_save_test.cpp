@@ -67,7 +67,7 @@ TEST_P(OptionsSave, EverySpellingOfAStoreWrittenByHandIsRead)
          "CurrencyName='Dollar'\nCURRENCYSYMBOL='USD'\ncurrencyRATE='0.034'\nuserviewenabled='1'\n"
          "ClientPwd='secret'\n"},
         {ConfigKeyId::LocalIp,
-         "RangeNum='2'\nNet0=0x0A000000\nMASK0=0xFFFFFF00\nnet1=0x0A000100\nEXCLUDE0=0x0A000001\n"
+         "RangeNum='2'\nNet0=0x0A000000\nMASK0=0xFFFFFF00\nnet1=0x0A000100\nMask1=0\nEXCLUDE0=0x0A000001\n"
          "Exclude1=0\nexclude2=0x0A000002\nexclude4=0x0A000004\n"},
         {ConfigKeyId::Price, "TrafPrice='0.5'\n"},
         {ConfigKeyId::DefProfile,

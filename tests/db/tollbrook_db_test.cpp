@@ -8,6 +8,7 @@
 #include "support/core/engine_fixture.h"
 #include "support/core/test_data_source.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
 

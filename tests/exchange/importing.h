@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <gtest/gtest.h>
+
 [[nodiscard]] inline ImportJob JobOf(const QString &text, const ImportContext &context = {})
 {
     const auto table = ReadImportTable(text.toUtf8());

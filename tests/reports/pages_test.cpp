@@ -505,7 +505,7 @@ TEST(Summary, NamesItsGroupsWhole)
                            double(group)};
         const CellRow totals {Cell(), Cell(), Cell(), kRows * double(group)};
         rows.insert(rows.end(), kRows, row);
-        groups.push_back({row, group * kRows, kRows, totals});
+        groups.push_back({row, qint64 {group} * kRows, kRows, totals});
     }
     const auto table = TableOf(layout, rows);
     table->groups = groups;
