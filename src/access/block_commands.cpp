@@ -35,6 +35,12 @@ std::optional<BlockedUser> ReadBlock(ActionRun &run, UserId userId)
         userId));
 }
 
+// Unblocking leaves the reason of the block behind.
+void RestoreReason(ActionRun &run, UserId userId, BlockReason reason)
+{
+    run.Write("UPDATE users SET blockreason = (?) WHERE user_id = (?)", reason, userId);
+}
+
 struct Command
 {
     bool (*concerns)(const StoredBlock &block);
@@ -152,6 +158,7 @@ Action UndoBlocksAction(const std::vector<BlockChange> &changes,
                         BlockUser(run, userId, before.reason);
                     } else {
                         UnblockUser(run, userId);
+                        RestoreReason(run, userId, before.reason);
                     }
                 }
             }};

@@ -10,6 +10,9 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
+#include <algorithm>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,6 +35,14 @@ QTreeWidget *MakeList(const QString &name, const QStringList &columns)
     list->setMinimumHeight(list->fontMetrics().height() * kShownRows);
     list->setAllColumnsShowFocus(true);
     return list;
+}
+
+QList<QLineEdit *> LinesOf(QWidget *entry)
+{
+    if (auto *line = qobject_cast<QLineEdit *>(entry)) {
+        return {line};
+    }
+    return entry ? entry->findChildren<QLineEdit *>() : QList<QLineEdit *>();
 }
 
 } // namespace
@@ -70,20 +81,12 @@ EditableList::EditableList(const QString &name,
     grid->addWidget(remove, row, 1);
     grid->setRowStretch(row + 1, 1);
     grid->setColumnStretch(0, 1);
-    connect(add, &QPushButton::clicked, this, &EditableList::AddRequested);
+    connect(add, &QPushButton::clicked, this, &EditableList::RequestAdd);
     connect(remove, &QPushButton::clicked, this, &EditableList::RemoveRequested);
     connect(list, &QTreeWidget::itemSelectionChanged, this, &EditableList::RowChanged);
     list->installEventFilter(this);
-    WatchEntry();
-}
-
-void EditableList::WatchEntry()
-{
-    if (!entry) {
-        return;
-    }
-    entry->installEventFilter(this);
-    for (QLineEdit *line : entry->findChildren<QLineEdit *>()) {
+    entryLines = LinesOf(entry);
+    for (QLineEdit *line : std::as_const(entryLines)) {
         line->installEventFilter(this);
     }
 }
@@ -104,7 +107,7 @@ bool EditableList::eventFilter(QObject *watched, QEvent *event)
     }
     const auto *line = qobject_cast<QLineEdit *>(watched);
     if ((key == Qt::Key_Return || key == Qt::Key_Enter) && line && !line->text().isEmpty()) {
-        emit AddRequested();
+        RequestAdd();
         return true;
     }
     return false;
@@ -170,4 +173,35 @@ void EditableList::FocusEntry()
     if (entry) {
         entry->setFocus();
     }
+}
+
+QStringList EditableList::Entered() const
+{
+    QStringList texts;
+    for (const QLineEdit *line : entryLines) {
+        texts << line->text();
+    }
+    return texts.join(QString()).isEmpty() ? QStringList() : texts;
+}
+
+void EditableList::RequestAdd()
+{
+    emit AddRequested();
+    refused = Entered();
+}
+
+bool EditableList::AddEntered()
+{
+    const QStringList entered = Entered();
+    if (entered.isEmpty() || entered == refused || !entry->isEnabled()) {
+        return true;
+    }
+    emit AddRequested();
+    return Entered().isEmpty();
+}
+
+bool AddWhatWasEntered(const QWidget &page)
+{
+    return std::ranges::all_of(page.findChildren<EditableList *>(),
+                               [](auto *list) { return list->AddEntered(); });
 }

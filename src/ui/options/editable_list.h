@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QLabel;
+class QLineEdit;
 class QPushButton;
 class QTreeWidget;
 
@@ -41,6 +42,10 @@ public:
     void SetRemoveEnabled(bool enabled);
     void FocusEntry();
 
+    // Adds what stands in the entry as the button does. False when it was refused and still stands there;
+    // what the button refused already, and a person was told of, is passed over.
+    [[nodiscard]] bool AddEntered();
+
 signals:
     void AddRequested();
     void RemoveRequested();
@@ -50,10 +55,17 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void WatchEntry();
+    [[nodiscard]] QStringList Entered() const; // empty while nothing stands in the entry
+    void RequestAdd();
 
     QTreeWidget *list;
     QWidget *entry;
+    QList<QLineEdit *> entryLines;
+    QStringList refused; // what the button did not add
     QPushButton *add;
     QPushButton *remove;
 };
+
+// For a page that is left: what was typed into the lists' entries and not added yet is added, not dropped.
+// False when some of it was refused.
+[[nodiscard]] bool AddWhatWasEntered(const QWidget &page);

@@ -1,5 +1,7 @@
 #include "ui/options/network_page.h"
 
+#include "ui/options/editable_list.h"
+
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -18,4 +20,9 @@ NetworkPage::NetworkPage(Prompt &prompt,
 QString NetworkPage::Title() const
 {
     return tr("Network");
+}
+
+bool NetworkPage::Leave()
+{
+    return AddWhatWasEntered(*this);
 }

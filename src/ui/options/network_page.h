@@ -19,4 +19,5 @@ public:
                 const ExclusionEditor::Texts &exclusionTexts);
 
     [[nodiscard]] QString Title() const override;
+    [[nodiscard]] bool Leave() override;
 };

@@ -3,6 +3,7 @@
 #include "ui/common/accessible.h"
 #include "ui/common/controls.h"
 #include "ui/options/bind_page.h"
+#include "ui/options/editable_list.h"
 #include "ui/options/exclusion_editor.h"
 #include "ui/options/monitor_mode_box.h"
 #include "ui/options/protocol_editor.h"
@@ -27,6 +28,11 @@ QLabel *Paragraph(const QString &text)
 }
 
 } // namespace
+
+bool EntryPage::validatePage()
+{
+    return AddWhatWasEntered(*this);
+}
 
 CSetupWizardDlg1::CSetupWizardDlg1()
 {

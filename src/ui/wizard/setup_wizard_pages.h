@@ -21,6 +21,15 @@ constexpr int kPorts = 4;
 constexpr int kUserBinds = 5;
 } // namespace wizard_page
 
+// A page with fields whose contents are added to lists: Next adds what still stands in them.
+class EntryPage : public QWizardPage
+{
+    Q_OBJECT
+
+public:
+    [[nodiscard]] bool validatePage() override;
+};
+
 // "Setup Wizard - Welcome"
 class CSetupWizardDlg1 : public QWizardPage
 {
@@ -31,7 +40,7 @@ public:
 };
 
 // "Setup Wizard - Local IP Addresses"
-class CSetupWizardDlg2 : public QWizardPage
+class CSetupWizardDlg2 : public EntryPage
 {
     Q_OBJECT
 
@@ -48,7 +57,7 @@ private:
 };
 
 // "Setup Wizard - Proxy and gateway"
-class CSetupWizardDlg3 : public QWizardPage
+class CSetupWizardDlg3 : public EntryPage
 {
     Q_OBJECT
 
@@ -57,7 +66,7 @@ public:
 };
 
 // "Setup Wizard - Monitored protocols"
-class CSetupWizardDlg4 : public QWizardPage
+class CSetupWizardDlg4 : public EntryPage
 {
     Q_OBJECT
 
@@ -73,7 +82,7 @@ private:
 };
 
 // "Setup Wizard - TCP/IP ports"
-class CSetupWizardDlg5 : public QWizardPage
+class CSetupWizardDlg5 : public EntryPage
 {
     Q_OBJECT
 

@@ -61,6 +61,7 @@ TEST_F(OptionsWindow, OkWritesWhatWasChosenOnEveryPage)
             Grab(range, u"add-range"_s);
             Click(range, "ok");
         });
+        TypeAddress(sheet, "exclusion", u"10.0.0.2"_s); // added as the page is left
         TurnToPage(sheet, u"Bind"_s);
         Click(sheet, "byMacAddress");
         Click(sheet, "controlMac");
@@ -100,6 +101,7 @@ TEST_F(OptionsWindow, OkWritesWhatWasChosenOnEveryPage)
     EXPECT_EQ(Store().ReadNumber(values::kNet, 0), 0x0A000000U);
     EXPECT_EQ(Store().ReadNumber(values::kMask, 0), 0xFF00FF00U);
     EXPECT_EQ(Store().ReadNumber(values::kExclude, 0), 0x0A000001U);
+    EXPECT_EQ(Store().ReadNumber(values::kExclude, 1), 0x0A000002U);
     EXPECT_EQ(refreshes, 1);
 }
 

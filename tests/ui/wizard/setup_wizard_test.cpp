@@ -193,6 +193,33 @@ TEST_F(SetupWizardWindow, TheKeyboardAloneIsEnough)
     EXPECT_EQ(RowsOf(kPortRows), QStringList(u"Gopher|70"_s));
 }
 
+TEST_F(SetupWizardWindow, NextAddsWhatStillStandsInTheFields)
+{
+    EXPECT_TRUE(Run([this](QDialog &wizard) {
+        GoTo(wizard, u"Setup Wizard - Local IP Addresses"_s);
+        TypeAddress(wizard, "network", u"10.0.0.0"_s);
+        Click(wizard, "next");
+        EXPECT_EQ(Message(), u"You entered incorrect IP addresses and/or subnet mask"_s);
+        EXPECT_EQ(Title(wizard), u"Setup Wizard - Local IP Addresses"_s);
+        TypeAddress(wizard, "mask", u"255.255.255.0"_s);
+        Click(wizard, "next");
+        Click(OnPage<QAbstractButton>(wizard, "usesProxy"));
+        TypeAddress(wizard, "exclusion", u"10.0.0.1"_s);
+        Click(wizard, "next");
+        Click(OnPage<QAbstractButton>(wizard, "monitorSpecified"));
+        Type(OnPage(wizard, "protocol"), u"Gopher"_s);
+        Click(wizard, "next");
+        auto &protocols = OnPage<QListWidget>(wizard, "portProtocols");
+        protocols.setCurrentItem(protocols.findItems(u"Gopher"_s, Qt::MatchExactly).at(0));
+        Type(OnPage(wizard, "port"), u"70"_s);
+        GoTo(wizard, u"Setup Wizard - Finish"_s);
+        Click(wizard, "finish");
+    }));
+    EXPECT_EQ(Store().ReadNumber(values::kMask, 0), 0xFFFFFF00U);
+    EXPECT_EQ(Store().ReadNumber(values::kExclude, 0), 0x0A000001U);
+    EXPECT_EQ(RowsOf(kPortRows), QStringList(u"Gopher|70"_s));
+}
+
 TEST_F(SetupWizardWindow, FinishTwiceLeavesTheLatestPortsOnly)
 {
     for (const auto &port : {u"70"_s, u"7070"_s}) {
