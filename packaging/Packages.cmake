@@ -49,12 +49,16 @@ The service of a gateway: it counts the packets that Linux forwards for each
 workstation, and has the kernel refuse those of users who are blocked or have
 used up what they may.")
 
-# Loaded while running, so that no program tells of them.
+# Loaded while running, so that no program tells of them. The library's package is called after its version, which
+# stands in the header that the program was built with.
+find_path(xlsxwriter_folder xlsxwriter.h REQUIRED)
+file(STRINGS ${xlsxwriter_folder}/xlsxwriter.h xlsxwriter_version REGEX "define LXW_SOVERSION")
+string(REGEX REPLACE ".*\"(.*)\".*" "\\1" xlsxwriter_version "${xlsxwriter_version}")
 set(same "tollbrook-common (= ${CPACK_PACKAGE_VERSION})")
 set(CPACK_DEBIAN_COMMON_PACKAGE_DEPENDS "acl, libsqliteodbc, odbcinst, systemd | systemd-standalone-sysusers, \
 systemd | systemd-standalone-tmpfiles")
 set(CPACK_DEBIAN_COMMON_PACKAGE_RECOMMENDS "dbus, odbc-postgresql, odbc-mariadb")
-set(CPACK_DEBIAN_CONSOLE_PACKAGE_DEPENDS "${same}, libxlsxwriter4, qt6-qpa-plugins")
+set(CPACK_DEBIAN_CONSOLE_PACKAGE_DEPENDS "${same}, libxlsxwriter${xlsxwriter_version}, qt6-qpa-plugins")
 set(CPACK_DEBIAN_CONSOLE_PACKAGE_RECOMMENDS "fonts-dejavu-core, pkexec, qt6-translations-l10n")
 set(CPACK_DEBIAN_CONSOLE_PACKAGE_SUGGESTS "default-mta | mail-transport-agent")
 set(CPACK_DEBIAN_SERVICE_PACKAGE_DEPENDS "${same}, procps")
