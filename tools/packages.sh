@@ -9,7 +9,7 @@ test_packages=(libgtest-dev libgmock-dev libsqliteodbc dbus-daemon qt6-qpa-plugi
     fonts-dejavu-core python3 python3-openpyxl poppler-utils chromium clang-format systemd)
 server_packages=(postgresql odbc-postgresql mariadb-server-core mariadb-client-core odbc-mariadb openssl)
 package_packages=(dpkg-dev file)
-try_packages=(lintian devscripts appstream desktop-file-utils mmdebstrap)
+try_packages=(iproute2 lintian devscripts appstream desktop-file-utils mmdebstrap)
 tidy_packages=(clang clang-tidy)
 bench_packages=(libbenchmark-dev sqlite3 xvfb xauth nftables)
 
