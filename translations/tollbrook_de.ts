@@ -1975,6 +1975,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The section [%1] of odbc.ini names no Database.</source>
         <translation>Der Abschnitt [%1] in odbc.ini nennt keine Datenbank (Database).</translation>
     </message>
+    <message>
+        <source>The section [%1] of odbc.ini names &quot;%2&quot; as its Database, and there is no such file.</source>
+        <translation>Der Abschnitt [%1] von odbc.ini nennt „%2“ als Database, und diese Datei gibt es nicht.</translation>
+    </message>
 </context>
 <context>
     <name>DayField</name>
@@ -2035,6 +2039,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
     <message>
         <source>The database engine &quot;%1&quot; is not supported.</source>
         <translation>Das Datenbanksystem „%1“ wird nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>There is no data source of this name.</source>
+        <translation>Es gibt keine Datenquelle dieses Namens.</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QFile>
 #include <QStringList>
 
 #include <algorithm>
@@ -95,6 +96,31 @@ QString RecommendedSection(const QString &dsn)
         }
     }
     return text;
+}
+
+// The driver that makes files knows the key, and the others leave it aside.
+QByteArray OpeningText(const QString &dsn, const QString &account, AbsentFile absent)
+{
+    const QByteArray text = "DSN=" + dsn.toUtf8() + ";UID=" + account.toUtf8();
+    return absent == AbsentFile::IsMade ? text : text + ";NoCreat=1";
+}
+
+std::optional<QString> AbsentFileOf(const QString &dsn, const QString &driverText)
+{
+    const QString file = QString::fromUtf8(ProfileValue(dsn.toUtf8(), "Database"));
+    const bool isOfFiles = driverText.contains(u"[SQLite]"_s);
+    return isOfFiles && !file.isEmpty() && !QFile::exists(file) ? std::optional(file)
+                                                                : std::nullopt;
+}
+
+QString RefusedConnectionText(const QString &dsn, const QString &driverText)
+{
+    const auto file = AbsentFileOf(dsn, driverText);
+    return file
+        ? Words::tr("The section [%1] of odbc.ini names \"%2\" as its Database, and there is "
+                    "no such file.")
+              .arg(dsn, *file)
+        : driverText;
 }
 
 std::optional<QString>

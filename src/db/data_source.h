@@ -11,6 +11,19 @@ struct Dialect;
 // keep every text as it is. A password is shown as "***".
 [[nodiscard]] QString RecommendedSection(const QString &dsn);
 
+// What becomes of a data source whose database is a file that is not there.
+enum class AbsentFile { IsRefused, IsMade };
+
+// The text of a connection by an account, with the password that the data source may name itself.
+[[nodiscard]] QByteArray OpeningText(const QString &dsn, const QString &account, AbsentFile absent);
+
+// The file that the data source names as its database, after a connection of which the driver said this:
+// nothing when it is there, or the database is not a file.
+[[nodiscard]] std::optional<QString> AbsentFileOf(const QString &dsn, const QString &driverText);
+
+// What a person is told of such a connection: of the absent file, else what the driver said.
+[[nodiscard]] QString RefusedConnectionText(const QString &dsn, const QString &driverText);
+
 // Why the connection is to nothing that stays, in a sentence for people: the data source names no file for the
 // engine whose databases are files. Without one the driver makes a database that goes with the connection.
 [[nodiscard]] std::optional<QString>

@@ -27,23 +27,32 @@ DirectConnection::~DirectConnection()
     Close();
 }
 
-bool DirectConnection::Open(const QString &dsn)
+bool DirectConnection::Open(const QString &dsn, AbsentFile absent)
 {
     Close();
+    missingFile.reset();
+    if (!IsDataSourceName(dsn)) {
+        error = Words::tr("There is no data source of this name.");
+        return false;
+    }
     auto *const version = odbc::Value(SQL_OV_ODBC3);
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment);
     SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, version, 0);
     SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
     source = dsn;
     account = AccountOf(dsn);
-    const SQLRETURN code = SQLConnect(connection,
-                                      odbc::Text(dsn.toUtf8().constData()),
-                                      SQL_NTS,
-                                      odbc::Text(account.toUtf8().constData()),
-                                      SQL_NTS,
-                                      nullptr,
-                                      SQL_NTS);
+    const QByteArray text = OpeningText(dsn, account, absent);
+    const SQLRETURN code = SQLDriverConnect(connection,
+                                            nullptr,
+                                            odbc::Text(text.constData()),
+                                            SQL_NTS,
+                                            nullptr,
+                                            0,
+                                            nullptr,
+                                            SQL_DRIVER_NOPROMPT);
     if (!Note(code, SQL_HANDLE_DBC, connection)) {
+        missingFile = AbsentFileOf(dsn, error);
+        error = RefusedConnectionText(dsn, error);
         SQLFreeHandle(SQL_HANDLE_DBC, std::exchange(connection, nullptr));
         Close();
         return false;

@@ -2,6 +2,7 @@
 // spelling, results without bounds, and the driver's words when something fails.
 #pragma once
 
+#include "db/data_source.h"
 #include "db/dialect.h"
 
 #include <QList>
@@ -24,8 +25,11 @@ public:
 
     // Opens the data source with its own account (account.h) and password. Like all that
     // follow: false when it fails, with the reason in Error().
-    [[nodiscard]] bool Open(const QString &dsn);
+    [[nodiscard]] bool Open(const QString &dsn, AbsentFile absent = AbsentFile::IsRefused);
     void Close();
+
+    // What the last Open() was refused for: the file that the data source names and that is not there.
+    [[nodiscard]] const std::optional<QString> &MissingFile() const { return missingFile; }
     [[nodiscard]] bool IsOpen() const { return statement != nullptr; }
 
     [[nodiscard]] const Dialect &Engine() const { return *dialect; }
@@ -72,4 +76,5 @@ private:
     QString source;
     QString account;
     QString error;
+    std::optional<QString> missingFile;
 };

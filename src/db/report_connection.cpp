@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "db/account.h"
+#include "db/data_source.h"
 #include "db/dialect.h"
 #include "db/extension_ban.h"
 #include "db/failure_log.h"
@@ -139,6 +140,35 @@ std::unique_ptr<ReportConnection> ReportConnection::Open(const QString &dsn,
     return nullptr;
 }
 
+// Every driver then takes the data source's own password.
+qint16 ReportConnection::ConnectByText()
+{
+    const QByteArray text = OpeningText(source, account, AbsentFile::IsRefused);
+    return SQLDriverConnect(handles->connection,
+                            nullptr,
+                            odbc::Text(text.constData()),
+                            SQL_NTS,
+                            nullptr,
+                            0,
+                            nullptr,
+                            SQL_DRIVER_NOPROMPT);
+}
+
+// A password may hold what a text of a connection cannot.
+qint16 ReportConnection::ConnectBy(const QString &password)
+{
+    const QByteArray dsn = source.toUtf8();
+    const QByteArray user = account.toUtf8();
+    const QByteArray secret = password.toUtf8();
+    return SQLConnect(handles->connection,
+                      odbc::Text(dsn.constData()),
+                      SQL_NTS,
+                      odbc::Text(user.constData()),
+                      SQL_NTS,
+                      odbc::Text(secret.constData()),
+                      SQL_NTS);
+}
+
 bool ReportConnection::Connect(const QString &dsn, const QString &user, const QString &password)
 {
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handles->environment);
@@ -146,20 +176,10 @@ bool ReportConnection::Connect(const QString &dsn, const QString &user, const QS
     SQLAllocHandle(SQL_HANDLE_DBC, handles->environment, &handles->connection);
     source = dsn;
     account = user;
-    const QByteArray dsnBytes = dsn.toUtf8();
-    const QByteArray userBytes = user.toUtf8();
-    const QByteArray passwordBytes = password.toUtf8();
-    // A null password lets every driver take the data source's own.
-    const SQLRETURN code =
-        SQLConnect(handles->connection,
-                   odbc::Text(dsnBytes.constData()),
-                   SQL_NTS,
-                   odbc::Text(userBytes.constData()),
-                   SQL_NTS,
-                   password.isEmpty() ? nullptr : odbc::Text(passwordBytes.constData()),
-                   SQL_NTS);
-    if (!odbc::Succeeded(code)) {
-        return Fail(SQL_HANDLE_DBC, handles->connection);
+    if (!odbc::Succeeded(password.isEmpty() ? ConnectByText() : ConnectBy(password))) {
+        static_cast<void>(Fail(SQL_HANDLE_DBC, handles->connection));
+        problem = RefusedConnectionText(dsn, problem);
+        return false;
     }
     handles->connected = true;
     std::array<char, 64> name {};

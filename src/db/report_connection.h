@@ -95,6 +95,8 @@ private:
 
     ReportConnection();
     [[nodiscard]] bool Connect(const QString &dsn, const QString &user, const QString &password);
+    [[nodiscard]] qint16 ConnectByText(); // an SQLRETURN
+    [[nodiscard]] qint16 ConnectBy(const QString &password);
     [[nodiscard]] bool KnowsSchema();
     [[nodiscard]] std::optional<int> AskForNumber(const std::string &query);
     [[nodiscard]] bool ForbidWriting();

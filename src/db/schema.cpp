@@ -47,7 +47,7 @@ std::optional<QString> ExistingTable(DirectConnection &database)
 std::optional<QString> CreateSchema(const QString &dsn)
 {
     DirectConnection database;
-    if (!database.Open(dsn)) {
+    if (!database.Open(dsn, AbsentFile::IsMade)) {
         return Words::tr("The data source \"%1\" cannot be opened: %2").arg(dsn, database.Error());
     }
     if (const auto table = ExistingTable(database)) {

@@ -81,20 +81,21 @@ void FreeHandles()
 
 // The time limits stand in the connection's text: one driver takes its limit nowhere else, another has
 // a handler of its own in place of what the engine offers. Each leaves aside what it does not know.
-QByteArray ConnectionText(const QByteArray &dsn, const QByteArray &servers)
+QByteArray TextWithLimits(const QByteArray &dsn, const QByteArray &servers)
 {
     const QByteArray only = servers.isEmpty()
         ? servers
         : QByteArray(Current().dialect->serversKey) + '=' + servers + ';';
     const auto seconds = std::chrono::ceil<std::chrono::seconds>(Limits().connect).count();
-    return "DSN=" + dsn + ';' + only + "UID=" + Current().account.toUtf8() + ";CONN_TIMEOUT="
-        + QByteArray::number(qint64 {seconds}) + ";Timeout=" + QByteArray::number(kWaitWithinCall);
+    return OpeningText(QString::fromUtf8(dsn), Current().account, AbsentFile::IsRefused) + ';'
+        + only + "CONN_TIMEOUT=" + QByteArray::number(qint64 {seconds})
+        + ";Timeout=" + QByteArray::number(kWaitWithinCall);
 }
 
 // Without a password in the text every driver takes the data source's own.
 bool Connect(const QByteArray &dsn, const QByteArray &servers)
 {
-    const QByteArray text = ConnectionText(dsn, servers);
+    const QByteArray text = TextWithLimits(dsn, servers);
     const auto seconds = std::chrono::ceil<std::chrono::seconds>(Limits().connect).count();
     SQLSetConnectAttr(
         dbSession.connection, SQL_ATTR_LOGIN_TIMEOUT, odbc::Value(seconds), SQL_IS_UINTEGER);
@@ -111,6 +112,7 @@ bool Connect(const QByteArray &dsn, const QByteArray &servers)
     if (!odbc::Succeeded(code)) {
         Failure failure = Diagnosed(SQL_HANDLE_DBC, dbSession.connection, {});
         failure.kind = Kind::ConnectionLost;
+        failure.text = RefusedConnectionText(QString::fromUtf8(dsn), failure.text);
         Fail(std::move(failure));
     }
     return odbc::Succeeded(code);

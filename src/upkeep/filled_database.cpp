@@ -83,7 +83,7 @@ Told<void> FilledDatabase::Check(bool done) const
 
 Told<void> FilledDatabase::Begin(const QString &dsn)
 {
-    if (!database.Open(dsn)) {
+    if (!database.Open(dsn, AbsentFile::IsMade)) {
         return tl::unexpected(
             u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error()));
     }

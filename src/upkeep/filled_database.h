@@ -10,7 +10,7 @@ class FilledDatabase
 {
 public:
     // Opens the data source, and refuses it while anybody else is connected, or when it holds tables. Those
-    // that a broken-off work has left are no obstacle. Changes nothing.
+    // that a broken-off work has left are no obstacle. Changes nothing, but makes a database that is a file.
     [[nodiscard]] static Told<std::unique_ptr<FilledDatabase>> Open(const QString &dsn);
 
     // Makes the tables in the rows' version, writes all rows, reads them back and compares each with its

@@ -1,5 +1,6 @@
 #include "upkeep/restore.h"
 
+#include "db/direct_connection.h"
 #include "db/schema_version.h"
 #include "upkeep/backup_rows.h"
 #include "upkeep/database_rows.h"
@@ -21,8 +22,22 @@ void TellOfSource(const Site &site, const Tell &tell)
                                                                site.engine));
 }
 
+// Nothing when the database is there, or is not a file.
+std::optional<QString> MissingFileOf(const QString &dsn)
+{
+    DirectConnection database;
+    static_cast<void>(database.Open(dsn));
+    return database.MissingFile();
+}
+
 Told<void> FillFrom(SiteRows &source, const QString &dsn, FillMode mode, const Tell &tell)
 {
+    if (const auto file = mode == FillMode::DryRun ? MissingFileOf(dsn) : std::nullopt) {
+        TellOfSource(source.About(), tell);
+        tell(u"The file \"%1\" is not there yet: it would be made. Nothing was changed."_s.arg(
+            *file));
+        return {};
+    }
     return FilledDatabase::Open(dsn).and_then([&](const auto &database) -> Told<void> {
         TellOfSource(source.About(), tell);
         if (mode == FillMode::DryRun) {

@@ -2,6 +2,7 @@
 #include "base/day.h"
 #include "db/check.h"
 #include "db/demo_data.h"
+#include "db/report_connection.h"
 #include "db/schema_scripts.h"
 #include "db/schema_version.h"
 #include "db/session.h"
@@ -11,6 +12,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -375,6 +377,41 @@ TEST(Tool, UpgradesAnOlderDatabaseAndStaysAwayFromANewerOne)
         EXPECT_TRUE(refused.error.contains(NewerSchemaText(NewestSchema() + 1)))
             << qPrintable(refused.error);
     }
+}
+
+TEST(Tool, OnlyMakesADatabaseWhereOneIsAskedFor)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"bill.db"_s);
+    const QString backup = folder.filePath(u"backup"_s);
+    test_data_source::Define(u"absent"_s, u"Driver=SQLite3\nDatabase="_s + file);
+    const QString absent =
+        u"The section [absent] of odbc.ini names \"%1\" as its Database, and there is no such file."_s
+            .arg(file);
+    EXPECT_EQ(ConnectDatabase("absent"), 0);
+    EXPECT_EQ(LastFailure().value_or(Failure()).text, absent);
+    QString problem;
+    EXPECT_EQ(ReportConnection::Open(u"absent"_s, u"system"_s, {}, problem), nullptr);
+    EXPECT_EQ(problem, absent);
+    for (const char *command : {"check", "demo", "upgrade", "backup"}) {
+        QStringList arguments {QString::fromLatin1(command), u"--dsn"_s, u"absent"_s};
+        if (arguments.first() == u"backup"_s) {
+            arguments << backup << u"--no-settings"_s;
+        }
+        const Ended ended = RunTool(arguments);
+        EXPECT_EQ(ended.status, 3) << command;
+        EXPECT_TRUE(ended.error.contains(absent)) << qPrintable(ended.error);
+        EXPECT_FALSE(QFile::exists(file)) << command;
+    }
+    test_data_source::RenewSqlite(u"full"_s);
+    ASSERT_EQ(RunTool({u"backup"_s, backup, u"--no-settings"_s, u"--dsn"_s, u"full"_s}).status, 0);
+    const QStringList restore {u"restore"_s, backup, u"--dsn"_s, u"absent"_s};
+    EXPECT_EQ(RunTool(restore + QStringList {u"--dry-run"_s}).status, 0);
+    EXPECT_FALSE(QFile::exists(file));
+    EXPECT_EQ(RunTool(restore).status, 0);
+    ASSERT_TRUE(QFile::remove(file));
+    EXPECT_EQ(RunTool({u"create"_s, u"--dsn"_s, u"absent"_s}).status, 0);
+    EXPECT_TRUE(QFile::exists(file));
 }
 
 TEST(Tool, SaysWhatIsWrong)

@@ -60,7 +60,7 @@ protected:
     static void ExpectEmpty(const QString &dsn)
     {
         DirectConnection database;
-        ASSERT_TRUE(database.Open(dsn));
+        ASSERT_TRUE(database.Open(dsn, AbsentFile::IsMade));
         EXPECT_EQ(ExistingTable(database), std::nullopt);
     }
 

@@ -84,7 +84,7 @@ QString SpareDatabase(const QString &engine, const QString &purpose)
 void RunOn(const QString &dsn, const QStringList &statements)
 {
     DirectConnection database;
-    ASSERT_TRUE(database.Open(dsn)) << qPrintable(database.Error());
+    ASSERT_TRUE(database.Open(dsn, AbsentFile::IsMade)) << qPrintable(database.Error());
     for (const QString &statement : statements) {
         ASSERT_TRUE(database.Run(statement))
             << qPrintable(statement) << ": " << qPrintable(database.Error());

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -18,6 +19,15 @@ struct Words
 {
     Q_DECLARE_TR_FUNCTIONS(Controls)
 };
+
+void TakeKeys(QWidget &field, const QList<QKeySequence> &keys, const std::function<void()> &act)
+{
+    auto *action = new QAction(&field);
+    action->setShortcuts(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(action, &QAction::triggered, &field, act);
+    field.addAction(action);
+}
 
 } // namespace
 
@@ -49,11 +59,12 @@ QDialogButtonBox *OkAndCancel(QDialog &dialog)
 
 void TakeReturn(QWidget &field, const std::function<void()> &act)
 {
-    auto *action = new QAction(&field);
-    action->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    QObject::connect(action, &QAction::triggered, &field, act);
-    field.addAction(action);
+    TakeKeys(field, {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)}, act);
+}
+
+void TakeEscape(QWidget &field, const std::function<void()> &act)
+{
+    TakeKeys(field, {QKeySequence(Qt::Key_Escape)}, act);
 }
 
 void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButton *chosen)

@@ -38,6 +38,9 @@ MakeButton(const QString &text, const char *objectName, const QString &says = {}
 // Has Return and Enter do this in the field alone: the dialog around it would press its default button.
 void TakeReturn(QWidget &field, const std::function<void()> &act);
 
+// Has Escape do this in the field alone: the dialog around it would close.
+void TakeEscape(QWidget &field, const std::function<void()> &act);
+
 // Checks one of the buttons that exclude each other, so that Tab goes to that one from the start.
 void CheckOneOf(std::initializer_list<QRadioButton *> buttons, const QRadioButton *chosen);
 

@@ -18,6 +18,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
@@ -196,6 +197,15 @@ QWidget *ReportsDialog::BuildButtons()
     buttons->addWidget(cancel, 2, 0);
     buttons->addWidget(help, 2, 1);
     return box;
+}
+
+void ReportsDialog::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && Viewer().IsBusy()) {
+        Viewer().Cancel();
+        return;
+    }
+    Dialog::keyPressEvent(event);
 }
 
 // Kept: no row is selected while the first one's description is shown.

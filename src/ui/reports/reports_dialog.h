@@ -35,6 +35,10 @@ public:
     // Builds the query from the choices and has the control run it.
     void Generate();
 
+protected:
+    // Escape stops what runs, and closes the window only when nothing does.
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     // A filter with what it makes a report be of, as its names were offered; and the two lists of its dialog.
     template <typename IdType>

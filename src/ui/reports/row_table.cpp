@@ -162,6 +162,10 @@ void RowTable::MakeFilterRow(QBoxLayout &column)
         pause.stop();
         emit Wished();
     });
+    TakeEscape(*filter, [this] {
+        filter->clear();
+        view->setFocus();
+    });
     connect(where, &QComboBox::currentIndexChanged, this, &RowTable::Wished);
     auto *row = new QHBoxLayout;
     row->addWidget(filter, 1);

@@ -107,6 +107,10 @@ void ViewerBar::AddPageButtons()
     AddPageButton("nextPage", u">"_s, tr("Next page"), QKeySequence(u"Ctrl+PgDown"_s), &Bar::Next);
     AddPageButton("lastPage", u">|"_s, tr("Last page"), QKeySequence(u"Ctrl+End"_s), &Bar::Last);
     TakeReturn(*pageNumber, [this] { AskPage(); });
+    TakeEscape(*pageNumber, [this] {
+        pageNumber->SetNumber(shownNumber);
+        view.setFocus();
+    });
     connect(pageNumber, &NumberField::editingFinished, this, &ViewerBar::GoToTyped);
     connect(pageNumber, &NumberField::Stepped, this, &ViewerBar::GoToTyped);
 }
@@ -140,6 +144,7 @@ void ViewerBar::AddFind()
     find->setPlaceholderText(tr("Find text"));
     find->setMaximumWidth(180);
     TakeReturn(*find, [this] { AskFind(); });
+    TakeEscape(*find, [this] { view.setFocus(); });
     addWidget(find);
     findNext = Command("findNext", tr("Find next"), QKeySequence::FindNext, &ViewerBar::AskFind);
     findNext->setIcon(IconOf(Picture::Find));

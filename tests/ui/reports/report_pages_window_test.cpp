@@ -5,6 +5,7 @@
 #include "ui/reports/page_setup_dialog.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
@@ -80,6 +81,31 @@ protected:
 };
 
 } // namespace
+
+TEST_F(ReportPagesWindow, EscapeLeavesAFieldBeforeItClosesTheWindow)
+{
+    MakeLong();
+    const QString number = Number();
+    for (const char *field : {"pageNumber", "find"}) {
+        auto &line = Find<QLineEdit>(*dialog, field);
+        line.setFocus();
+        Type(line, u"2"_s);
+        QTest::keyClick(&line, Qt::Key_Escape);
+        EXPECT_TRUE(dialog->isVisible()) << field;
+        EXPECT_EQ(QApplication::focusWidget(), &View()) << field;
+    }
+    EXPECT_EQ(Number(), number);
+    Click(*dialog, "asTableButton");
+    auto &filter = Find<QLineEdit>(*dialog, "rowFilter");
+    filter.setFocus();
+    Type(filter, u"10"_s);
+    QTest::keyClick(&filter, Qt::Key_Escape);
+    EXPECT_EQ(filter.text(), QString());
+    EXPECT_TRUE(dialog->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !dialog->Viewer().IsBusy(); }));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+}
 
 TEST_F(ReportPagesWindow, PagesAreTurnedOneByOneAtAnyZoomAndSize)
 {

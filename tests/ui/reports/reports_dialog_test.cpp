@@ -510,15 +510,22 @@ TEST_F(Reports, ARunCanBeStopped)
     Settings().WriteText(values::kPath, folder.path() + u"/slow/");
     Select(0);
     QSignalSpy ready(&dialog->Viewer(), &ReportViewer::Ready);
-    Click(*dialog, "generate");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return IsShown(*dialog, "stop"); }));
-    QElapsedTimer watch;
-    watch.start();
-    Click(*dialog, "stop");
-    ASSERT_TRUE(ready.wait(20'000));
-    EXPECT_LT(watch.elapsed(), 250);
-    EXPECT_EQ(Message(), u"The report was stopped."_s);
-    EXPECT_TRUE(Find<QWidget>(*dialog, "generate").isEnabled());
+    for (const bool byKey : {false, true}) {
+        Click(*dialog, "generate");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return IsShown(*dialog, "stop"); }));
+        QElapsedTimer watch;
+        watch.start();
+        if (byKey) {
+            QTest::keyClick(&Find<QWidget>(*dialog, "catalogue"), Qt::Key_Escape);
+        } else {
+            Click(*dialog, "stop");
+        }
+        ASSERT_TRUE(ready.wait(20'000));
+        EXPECT_LT(watch.elapsed(), 250);
+        EXPECT_EQ(Message(), u"The report was stopped."_s);
+        EXPECT_TRUE(Find<QWidget>(*dialog, "generate").isEnabled());
+        EXPECT_TRUE(dialog->isVisible());
+    }
 }
 
 TEST_F(Reports, ProgressIsShownOnlyWhileAReportIsMade)
