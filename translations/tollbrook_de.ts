@@ -3217,6 +3217,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>the user has another login already</source>
         <translation>der Benutzer hat schon eine andere Anmeldung</translation>
     </message>
+    <message>
+        <source>there is no credit that could expire</source>
+        <translation>es gibt kein Guthaben, das ablaufen könnte</translation>
+    </message>
 </context>
 <context>
     <name>ImportTable</name>

@@ -218,13 +218,13 @@ private:
         const QString create = Trimmed(ImportColumn::CreateGroup);
         if (!create.isEmpty() && !FlagIn(create)) {
             RefuseCell(ImportColumn::CreateGroup, NoFlagText());
-        } else if (!FlagIn(create).value_or(false)) {
+        } else if (!planner.askedGroups.contains(NameKey(name))) {
             RefuseCell(ImportColumn::Group,
                        Words::tr("there is no such group. A column \"%1\" with \"%2\" makes it")
                            .arg(HeadingOf(ImportColumn::CreateGroup), FlagWord(true)));
         }
         row.after.groupId = {};
-        row.after.groupName = name;
+        row.after.groupName = planner.askedGroups.value(NameKey(name), name);
     }
 
     [[nodiscard]] static QString NoFlagText()
@@ -363,6 +363,11 @@ private:
     {
         const QString traffic = Trimmed(ImportColumn::TrafficCredit);
         const QString money = Trimmed(ImportColumn::MoneyCredit);
+        if (traffic.isEmpty() && money.isEmpty()
+            && !Trimmed(ImportColumn::CreditExpires).isEmpty()) {
+            RefuseCell(ImportColumn::CreditExpires,
+                       Words::tr("there is no credit that could expire"));
+        }
         if ((traffic.isEmpty() && money.isEmpty()) || planner.stored.credits.contains(row.userId)) {
             return;
         }
@@ -436,6 +441,22 @@ RowPlanner::RowPlanner(const ImportTable &fileTable,
         }
     }
     newUser = ValuesOfNewUser(context.profile, everybody);
+    NoteAskedGroups();
+}
+
+// One line that has a group made is enough for all that name it.
+void RowPlanner::NoteAskedGroups()
+{
+    const auto cell = [](const ImportLine &line, ImportColumn column) {
+        return line.cells[static_cast<size_t>(column)].trimmed();
+    };
+    for (const ImportLine &line : table.lines) {
+        const QString name = cell(line, ImportColumn::Group);
+        const bool isAsked = FlagIn(cell(line, ImportColumn::CreateGroup)).value_or(false);
+        if (isAsked && !name.isEmpty() && !askedGroups.contains(NameKey(name))) {
+            askedGroups.insert(NameKey(name), name);
+        }
+    }
 }
 
 ImportRow RowPlanner::Plan(const ImportLine &line) const

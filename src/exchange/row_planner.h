@@ -15,11 +15,15 @@ public:
 private:
     friend class RowReading;
 
+    void NoteAskedGroups();
+
     const ImportTable &table;
     const StoredUsers &stored;
     const ImportContext &context;
     QHash<QString, QList<const StoredUserRow *>> users; // by NameKey
     QHash<QString, NamedGroup> groups; // by NameKey
+    QHash<QString, QString>
+        askedGroups; // that a line of the file has made, as it was first spelled; by NameKey
     UserValues newUser; // what the settings give to one
     QLocale numbers; // of the file
 };

@@ -109,6 +109,9 @@ TEST(ImportPlans, SayWhatBecomesOfARow)
          u"refused: Group \"Sales\": there is no such group. A column \"Create group\" with \"yes\" "
          "makes it"_s},
         {"Name,Group,Create group", "anna,Sales,ja", u"changed: Group: Everybody \u2192 Sales"_s},
+        {"Name,Credit expires",
+         "anna,2036-12-31",
+         u"refused: Credit expires \"2036-12-31\": there is no credit that could expire"_s},
         {"Name,Group,Create group",
          "anna,Sales,perhaps",
          u"refused: Create group \"perhaps\": it is to be \"yes\" or \"no\""_s},
@@ -187,6 +190,13 @@ TEST(ImportPlans, SayWhatBecomesOfARow)
     EXPECT_THAT(
         Plan(u"Name,Description\nanna,%1\n"_s.arg(QString(300, u'x'))),
         ElementsAre(u"refused: Description \"%1\": it is too long"_s.arg(QString(60, u'x'))));
+}
+
+TEST(ImportPlans, OneLineHasAGroupMadeForAllThatNameIt)
+{
+    EXPECT_THAT(Plan(u"Name,Group,Create group\ndora,Sales,\nemil,sALES,yes\nfrida,SALES,no\n"_s),
+                testing::Each(testing::ResultOf(
+                    [](const QString &line) { return line.contains(u"Group: sALES"_s); }, true)));
 }
 
 TEST(ImportPlans, WhatTwoRowsWantNeitherGets)
