@@ -6514,6 +6514,14 @@ Möchten Sie ihn ersetzen?</translation>
         <source>The database of &quot;%1&quot; already has a table &quot;%2&quot;. Nothing was changed.</source>
         <translation>Die Datenbank von „%1“ hat bereits eine Tabelle „%2“. Nichts wurde geändert.</translation>
     </message>
+    <message>
+        <source>The encoding of the database of &quot;%1&quot; cannot be read: %2</source>
+        <translation>Der Zeichensatz der Datenbank von „%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The database of &quot;%1&quot; is in %2. Only one in UTF8 keeps every text; make another one.</source>
+        <translation>Die Datenbank von „%1“ ist in %2. Nur eine in UTF8 behält jeden Text; legen Sie eine andere an.</translation>
+    </message>
 </context>
 <context>
     <name>SchemaUpgrade</name>

@@ -2,6 +2,7 @@
 
 #include "db/direct_connection.h"
 #include "db/group_keys.h"
+#include "db/schema.h"
 #include "db/schema_version.h"
 #include "db/translation.h"
 
@@ -288,6 +289,9 @@ CheckResult CheckDatabase(const QString &dsn)
     }
     if (const auto older = OtherSchemaText(*version, dsn)) {
         result.notes << *older;
+    }
+    if (const auto wrong = WrongEncodingText(database, dsn)) {
+        result.notes << *wrong;
     }
     for (const Check &check : kChecks) {
         if (check.since > *version) {

@@ -32,6 +32,25 @@ std::optional<QString> RunScript(DirectConnection &database)
 
 } // namespace
 
+std::optional<QString> WrongEncodingText(DirectConnection &database, const QString &dsn)
+{
+    if (&database.Engine() != &kPostgresql) {
+        return std::nullopt;
+    }
+    const auto rows = database.Rows(u"SELECT pg_encoding_to_char(encoding) FROM pg_database "
+                                    "WHERE datname = current_database()"_s);
+    if (!rows || rows->isEmpty()) {
+        return Words::tr("The encoding of the database of \"%1\" cannot be read: %2")
+            .arg(dsn, database.Error());
+    }
+    const QString encoding = rows->first().first();
+    return encoding == u"UTF8"_s
+        ? std::nullopt
+        : std::optional(Words::tr("The database of \"%1\" is in %2. Only one in UTF8 keeps every "
+                                  "text; make another one.")
+                            .arg(dsn, encoding));
+}
+
 std::optional<QString> ExistingTable(DirectConnection &database)
 {
     for (const QString &table : SchemaTables()) {
@@ -53,6 +72,9 @@ std::optional<QString> CreateSchema(const QString &dsn)
     if (const auto table = ExistingTable(database)) {
         return Words::tr("The database of \"%1\" already has a table \"%2\". Nothing was changed.")
             .arg(dsn, *table);
+    }
+    if (auto wrong = WrongEncodingText(database, dsn)) {
+        return wrong;
     }
     return RunScript(database);
 }

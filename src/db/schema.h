@@ -14,6 +14,11 @@ struct Dialect;
 // holds one of the tables is refused and left as it is. Nothing when it is done, else what went wrong.
 [[nodiscard]] std::optional<QString> CreateSchema(const QString &dsn);
 
+// Why the connection's database cannot keep every text, in a sentence for people: its characters are other
+// ones than those of UTF-8. Only a PostgreSQL database is asked: its encoding is the one of every table.
+[[nodiscard]] std::optional<QString> WrongEncodingText(DirectConnection &database,
+                                                       const QString &dsn);
+
 // The first of the schema's tables that the connection's database already holds.
 [[nodiscard]] std::optional<QString> ExistingTable(DirectConnection &database);
 

@@ -90,6 +90,9 @@ Told<void> FilledDatabase::Begin(const QString &dsn)
     if (auto alone = NobodyElse(database, dsn); !alone) {
         return alone;
     }
+    if (const auto wrong = WrongEncodingText(database, dsn)) {
+        return tl::unexpected(*wrong);
+    }
     const auto version = SchemaVersionOf(database);
     if (!version) {
         return tl::unexpected(

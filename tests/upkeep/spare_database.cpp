@@ -31,7 +31,7 @@ public:
         }
     }
 
-    QString Renew(const QString &engine, const QString &purpose)
+    QString Renew(const QString &engine, const QString &purpose, const QString &options)
     {
         const QString dsn = engine + u'_' + purpose;
         if (engine == u"sqlite"_s) {
@@ -50,7 +50,7 @@ public:
         DefineOnce(ServerDsn(engine), section);
         DefineOnce(dsn, u"Database=%1\n"_s.arg(name) + section);
         RunOn(ServerDsn(engine),
-              {u"DROP DATABASE IF EXISTS "_s + name, u"CREATE DATABASE "_s + name});
+              {u"DROP DATABASE IF EXISTS "_s + name, u"CREATE DATABASE "_s + name + options});
         made.insert({engine, name});
         return dsn;
     }
@@ -76,9 +76,9 @@ SpareDatabases *const databases = [] {
 
 } // namespace
 
-QString SpareDatabase(const QString &engine, const QString &purpose)
+QString SpareDatabase(const QString &engine, const QString &purpose, const QString &options)
 {
-    return databases->Renew(engine, purpose);
+    return databases->Renew(engine, purpose, options);
 }
 
 void RunOn(const QString &dsn, const QStringList &statements)

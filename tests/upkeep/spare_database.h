@@ -6,8 +6,9 @@
 inline constexpr const char *kEngines[] = {"sqlite", "postgresql", "mariadb"};
 
 // The data source of an empty database on the engine. There is one for each engine and purpose; what it
-// held is gone. It goes with the program.
-[[nodiscard]] QString SpareDatabase(const QString &engine, const QString &purpose);
+// held is gone. It goes with the program. A server makes it with these options, as in " ENCODING 'UTF8'".
+[[nodiscard]] QString
+SpareDatabase(const QString &engine, const QString &purpose, const QString &options = {});
 
 // Runs statements in the engine's own spelling; a failure fails the test.
 void RunOn(const QString &dsn, const QStringList &statements);

@@ -238,6 +238,27 @@ TEST_P(Upkeep, ADryRunWritesNothing)
     EXPECT_TRUE(!database.IsOpen() || !ExistingTable(database));
 }
 
+TEST_P(Upkeep, ADatabaseThatDoesNotKeepEveryTextIsRefused)
+{
+    if (Engine() != u"postgresql"_s) {
+        return; // the others' tables have an encoding of their own
+    }
+    ASSERT_TRUE(Backup());
+    const QString there =
+        SpareDatabase(Engine(), u"latin"_s, u" ENCODING 'LATIN1' LOCALE 'C' TEMPLATE template0"_s);
+    const std::string told = "is in LATIN1. Only one in UTF8 keeps every text";
+    for (const FillMode mode : {FillMode::DryRun, FillMode::Run}) {
+        EXPECT_THAT(Restore({file, there, std::nullopt, mode}, kQuiet).error().toStdString(),
+                    testing::HasSubstr(told));
+        EXPECT_THAT(CopyDatabase({Dsn(), there, mode}, kQuiet).error().toStdString(),
+                    testing::HasSubstr(told));
+    }
+    EXPECT_THAT(CreateSchema(there).value_or(QString()).toStdString(), testing::HasSubstr(told));
+    DirectConnection database;
+    ASSERT_TRUE(database.Open(there));
+    EXPECT_EQ(ExistingTable(database), std::nullopt);
+}
+
 // Gives other rows when they are compared than when they were written.
 class ChangingRows : public SiteRows
 {
