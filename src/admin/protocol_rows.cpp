@@ -2,6 +2,8 @@
 
 #include "db/query.h"
 
+#include <algorithm>
+
 Result<std::vector<StoredProtocol>> ReadStoredProtocols(quint32 most)
 {
     return ReadUpTo(
@@ -12,14 +14,21 @@ Result<std::vector<StoredProtocol>> ReadStoredProtocols(quint32 most)
         });
 }
 
+std::vector<ProtocolPort> InOrder(std::vector<ProtocolPort> ports)
+{
+    std::ranges::sort(ports, {}, [](const ProtocolPort &port) { return port.id.value; });
+    return ports;
+}
+
 Result<std::vector<ProtocolPort>> ReadStoredPorts(ProtocolId protocolId)
 {
     return ReadAll(
-        "SELECT Port_id, port_number FROM Ports WHERE Proto_id = (?)",
-        [](const Row &row) {
-            return ProtocolPort {static_cast<qint32>(row.Integer(2)), row.Id<PortId>(1)};
-        },
-        protocolId);
+               "SELECT Port_id, port_number FROM Ports WHERE Proto_id = (?)",
+               [](const Row &row) {
+                   return ProtocolPort {static_cast<qint32>(row.Integer(2)), row.Id<PortId>(1)};
+               },
+               protocolId)
+        .map(InOrder);
 }
 
 Result<std::vector<ProtocolId>> ReadIdsOf(const QString &name)

@@ -16,7 +16,10 @@ struct StoredProtocol
 // By name; the first `most` of them, 0 for all.
 [[nodiscard]] Result<std::vector<StoredProtocol>> ReadStoredProtocols(quint32 most);
 
-// All ports of the protocol, in the database's order.
+// In the order in which they were added: a server gives rows in any order that suits it at the moment.
+[[nodiscard]] std::vector<ProtocolPort> InOrder(std::vector<ProtocolPort> ports);
+
+// All ports of the protocol.
 [[nodiscard]] Result<std::vector<ProtocolPort>> ReadStoredPorts(ProtocolId protocolId);
 
 // Names and numbers may stand there more than once.

@@ -12,23 +12,25 @@ using PortReader = Result<std::vector<ProtocolPort>> (*)(ProtocolId);
 Result<std::vector<ProtocolPort>> ReadOptionsPorts(ProtocolId protocolId)
 {
     return ReadUpTo(
-        kMaxPorts,
-        "SELECT port_number, Port_id FROM Ports WHERE Proto_id = (?)",
-        [](const Row &row) {
-            return ProtocolPort {static_cast<qint32>(row.Integer(1)), row.Id<PortId>(2)};
-        },
-        protocolId);
+               kMaxPorts,
+               "SELECT port_number, Port_id FROM Ports WHERE Proto_id = (?)",
+               [](const Row &row) {
+                   return ProtocolPort {static_cast<qint32>(row.Integer(1)), row.Id<PortId>(2)};
+               },
+               protocolId)
+        .map(InOrder);
 }
 
 Result<std::vector<ProtocolPort>> ReadWizardPorts(ProtocolId protocolId)
 {
     return ReadUpTo(
-        kMaxPorts,
-        "SELECT Port_id, port_number FROM Ports WHERE Proto_id = (?)",
-        [](const Row &row) {
-            return ProtocolPort {static_cast<qint32>(row.Integer(2)), row.Id<PortId>(1)};
-        },
-        protocolId);
+               kMaxPorts,
+               "SELECT Port_id, port_number FROM Ports WHERE Proto_id = (?)",
+               [](const Row &row) {
+                   return ProtocolPort {static_cast<qint32>(row.Integer(2)), row.Id<PortId>(1)};
+               },
+               protocolId)
+        .map(InOrder);
 }
 
 Result<QList<Protocol>> ReadProtocols(PortReader readPorts)
