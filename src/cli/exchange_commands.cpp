@@ -44,7 +44,8 @@ QJsonObject JsonOfRow(const ImportRow &row)
     return object;
 }
 
-QJsonObject JsonOfJob(const ImportJob &job, bool isImported)
+// `service` is what became of the notice to the service; empty where there was none.
+QJsonObject JsonOfJob(const ImportJob &job, bool isImported, bool isTrial, const QString &service)
 {
     QJsonArray rows;
     for (const ImportRow &row : job.plan.rows) {
@@ -52,6 +53,8 @@ QJsonObject JsonOfJob(const ImportJob &job, bool isImported)
     }
     QJsonObject object {
         {u"imported"_s, isImported},
+        {u"dryRun"_s, isTrial},
+        {u"service"_s, service.isEmpty() ? QJsonValue() : QJsonValue(service)},
         {u"encoding"_s, NameOf(job.table.encoding)},
         {u"unknownColumns"_s, QJsonArray::fromStringList(job.table.unknownHeadings)},
         {u"newGroups"_s, QJsonArray::fromStringList(job.plan.newGroups)},
@@ -117,15 +120,16 @@ Or<std::shared_ptr<const ImportJob>> ReadJob(Work &work, const QString &fileName
     });
 }
 
-Or<void> WriteJob(Work &work, const std::shared_ptr<const ImportJob> &job)
+// What the service heard of it (Performed::service).
+Or<QString> WriteJob(Work &work, const std::shared_ptr<const ImportJob> &job)
 {
     const Question question {
         u"import"_s,
         u"Import these users? New: %1, changed: %2."_s.arg(job->plan.Count(ImportState::New))
             .arg(job->plan.Count(ImportState::Changed))};
-    return work.Confirm(question).and_then([&]() -> Or<void> {
+    return work.Confirm(question).and_then([&]() -> Or<QString> {
         return work.Perform(ImportAction(job), Work::Patience::Endless)
-            .map([](const Performed & /*performed*/) {});
+            .map([](const Performed &performed) { return performed.service; });
     });
 }
 
@@ -153,13 +157,12 @@ Or<void> ImportUsers(Work &work, const Given &given)
         ShowPlan(work, **job);
     }
     const bool isImported = plan.ChangesAnything() && !work.IsTrial();
-    if (isImported) {
-        if (const auto written = WriteJob(work, *job); !written) {
-            return written;
-        }
+    const Or<QString> service = isImported ? WriteJob(work, *job) : Or<QString>();
+    if (!service) {
+        return tl::unexpected(service.error());
     }
     if (work.IsJson()) {
-        work.Speech().Print(JsonText(JsonOfJob(**job, isImported)));
+        work.Speech().Print(JsonText(JsonOfJob(**job, isImported, work.IsTrial(), *service)));
     } else {
         work.PrintLine(isImported ? u"The users were imported."_s : u"Nothing was changed."_s);
     }
@@ -183,10 +186,7 @@ void TellExported(Work &work, const QString &fileName, qint64 count)
 Or<void> ExportToFile(Work &work, const QString &fileName, double rate)
 {
     const bool isTrial = work.IsTrial();
-    return work
-        .Read([fileName, rate, isTrial] {
-            return isTrial ? TryExportUsers(rate) : ExportUsers(fileName, rate);
-        })
+    return work.Read([fileName, rate, isTrial] { return ExportUsers(fileName, rate, isTrial); })
         .map([&](qint64 count) { TellExported(work, fileName, count); });
 }
 

@@ -12,6 +12,7 @@ namespace {
 constexpr double kAnyNumber = std::numeric_limits<qint32>::max();
 constexpr double kLongText = 1023; // bytes
 constexpr double kShortText = 254;
+constexpr double kSourceName = 32; // what ODBC takes
 constexpr double kDay = 86400; // seconds
 
 ValueRule Text(const TextValue &value, double most, const char *meaning)
@@ -136,9 +137,9 @@ const QList<ValueRule> &AllValueRules() // NOLINT(readability-function-size): it
 {
     using namespace values;
     static const QList<ValueRule> rules {
-        Needed(Text(kBillDsn, kShortText, "ODBC data source of the database")),
-        Text(kServiceDsn, kShortText, "the service's data source; empty: as \"bill dsn\""),
-        Text(kReportsDsn, kShortText, "the reports' data source; empty: bill"),
+        Needed(Text(kBillDsn, kSourceName, "ODBC data source of the database")),
+        Text(kServiceDsn, kSourceName, "the service's data source; empty: as \"bill dsn\""),
+        Text(kReportsDsn, kSourceName, "the reports' data source; empty: bill"),
         Number(kPort, 65535, "port number"),
         Needed(Text(kPath, kShortText, "installation folder, ending in /")),
         Flag(kFirstStart, "the setup wizard runs at the next start"),
@@ -177,8 +178,9 @@ const QList<ValueRule> &AllValueRules() // NOLINT(readability-function-size): it
         Text(kReportLogo, kLongText, "the file of its logo"),
         Amount(kTrafPrice, 0, "price of a megabyte, base units"),
         PartOfMore(Number(kRangeNum, 50, "how many local address ranges there are")),
-        Number(
-            kDefMode, 5, "new users: 0 no control, 1 traffic, 2 pre-paid, 4 time, 5 both limits"),
+        Word(kDefMode,
+             "0 1 2 4 5",
+             "new users: 0 no control, 1 traffic, 2 pre-paid, 4 time, 5 both limits"),
         Number(kDefTrafficLimit, kAnyNumber, "new users: traffic limit, megabytes"),
         Number(kDefTimeLimit, kAnyNumber, "new users: time limit, hours"),
         Number(kDefAccPeriod, 2, "new users: period, 1 day, 2 month"),

@@ -134,7 +134,7 @@ NoDatabaseText(const Dialect &dialect, SQLHANDLE connection, const QString &dsn)
 
 bool IsDataSourceName(const QString &dsn)
 {
-    return !dsn.isEmpty() && dsn.toUtf8().size() <= kMaxTextBytes
+    return !dsn.isEmpty() && dsn.toUtf8().size() <= SQL_MAX_DSN_LENGTH
         && std::none_of(dsn.begin(), dsn.end(), [](QChar c) {
                return QStringView(u"[]{}(),;?*=!@\\").contains(c);
            });

@@ -29,7 +29,7 @@ enum class AbsentFile { IsRefused, IsMade };
 [[nodiscard]] std::optional<QString>
 NoDatabaseText(const Dialect &dialect, void *connection, const QString &dsn);
 
-// Whether it can be one: ODBC allows none of []{}(),;?*=!@\ in the name of a data source.
+// Whether it can be one: ODBC takes at most 32 bytes, and allows none of []{}(),;?*=!@\ in the name of a data source.
 [[nodiscard]] bool IsDataSourceName(const QString &dsn);
 
 // What to do when nothing describes the data source: a sentence for people. Empty when odbc.ini does.

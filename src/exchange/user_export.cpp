@@ -87,17 +87,11 @@ Result<ReportTablePtr> ReadUsersToExport(double rate)
 
 } // namespace
 
-Result<qint64> ExportUsers(const QString &fileName, double rate)
+Result<qint64> ExportUsers(const QString &fileName, double rate, bool isTrial)
 {
-    return ReadUsersToExport(rate).and_then([&fileName](const ReportTablePtr &table) {
-        return SaveRows(table, fileName, {.csvBom = true});
+    return ReadUsersToExport(rate).and_then([&fileName, isTrial](const ReportTablePtr &table) {
+        return SaveRows(table, fileName, {.csvBom = true, .isTrial = isTrial});
     });
-}
-
-Result<qint64> TryExportUsers(double rate)
-{
-    return ReadUsersToExport(rate).map(
-        [](const ReportTablePtr &table) { return table->rows.Count(); });
 }
 
 Result<QByteArray> ExportedUsers(double rate)

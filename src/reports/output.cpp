@@ -70,7 +70,7 @@ bool WriteReport(const ReportTablePtr &table,
     const bool written =
         file.Open(fileName) && WriteDevice(table, *format, options, file.Device(), control, words);
     words = words.isEmpty() ? table->rows.ReadProblem() : words; // the file lacks rows then
-    if (written && words.isEmpty() && file.Keep()) {
+    if (written && words.isEmpty() && (options.isTrial || file.Keep())) {
         return true;
     }
     for (const QString &reason : {file.Problem(), file.Device().errorString()}) {

@@ -12,6 +12,7 @@ struct OutputOptions
 {
     bool csvBom = false; // begins a CSV file with the mark by which some spreadsheets know UTF-8
     bool groupReads = false; // a new file may be read by its group, not by its owner alone
+    bool isTrial = false; // all is written, and then dropped
 };
 
 // Writes the file whole or leaves what its name held before (output_file.h). False, and `problem` filled,

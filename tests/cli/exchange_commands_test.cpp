@@ -66,6 +66,8 @@ TEST_P(ExchangeCommands, AnImportTellsProgramsOfEachRow)
     EXPECT_EQ(said, u"tollbrook: Refused rows were left out: 1.\n"_s);
     const QJsonObject told = QJsonDocument::fromJson(printed.toUtf8()).object();
     EXPECT_EQ(told[u"imported"_s], true);
+    EXPECT_EQ(told[u"dryRun"_s], false);
+    EXPECT_TRUE(told[u"service"_s].isNull());
     EXPECT_EQ(told[u"changed"_s], 1);
     const QJsonArray rows = told[u"rows"_s].toArray();
     EXPECT_EQ(rows[0].toObject(),
@@ -102,7 +104,11 @@ TEST_P(ExchangeCommands, AnExportIsImportedWithoutAChange)
     EXPECT_EQ(Run({u"import"_s, QString()}), 2);
     EXPECT_EQ(Run({u"export"_s, u"--format"_s, u"xlsx"_s}), 2);
     EXPECT_EQ(Run({u"export"_s, u"--format"_s, u"pdf"_s}), 2);
-    EXPECT_EQ(Run({u"export"_s, folder.filePath(u"no/such.csv"_s)}), 3);
+    for (const QString &trial : {QString(), u"--dry-run"_s}) {
+        QStringList words {u"export"_s, folder.filePath(u"no/such.csv"_s), trial};
+        words.removeAll(QString());
+        EXPECT_EQ(Run(words), 3);
+    }
     EXPECT_TRUE(said.contains(u"does not exist"_s) && !said.contains(u"database"_s))
         << said.toStdString();
     EXPECT_EQ(Run({u"import"_s, folder.filePath(u"missing.csv"_s)}), 3);
