@@ -59,8 +59,9 @@ TEST_P(SettingsCommands, RefusesWhatIsUnknownOutOfRangeOrCannotBeWritten)
     ExpectRefused(
         Words("config set timer 60s"), 1, qPrintable(Settings().FileOf(ConfigKeyId::Base)));
     ExpectRefused(Words("config set OnStop leave"), 1, "pass, keep");
-    for (const QString &needed : {u"bill dsn"_s, u"path"_s}) {
-        ExpectRefused({u"config"_s, u"set"_s, needed, QString()}, 1, "a text of 1 to 32 bytes");
+    for (const auto &[needed, bounds] :
+         {std::pair {u"bill dsn"_s, "1 to 32 bytes"}, {u"path"_s, "1 to 254 bytes"}}) {
+        ExpectRefused({u"config"_s, u"set"_s, needed, QString()}, 1, bounds);
     }
     ExpectRefused(Words("config set rangenum 3"), 1, "means nothing without other values");
     ASSERT_EQ(Run(Words("config set timer 90 --dry-run")), 0) << said.toStdString();
