@@ -4277,6 +4277,14 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The address is too long.</source>
         <translation>Die Anschrift ist zu lang.</translation>
     </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>This is a folder. Choose a PNG or JPEG file.</source>
+        <translation>Das ist ein Ordner. Wählen Sie eine PNG- oder JPEG-Datei.</translation>
+    </message>
 </context>
 <context>
     <name>PeriodDialog</name>
@@ -6085,6 +6093,10 @@ Sollen sie ersetzt werden?</translation>
     <message>
         <source>None of the users or groups that the report is on exists any more.</source>
         <translation>Von den Benutzern oder Gruppen des Berichts gibt es keinen mehr.</translation>
+    </message>
+    <message>
+        <source>Cannot be read: %1. See &quot;Saved reports...&quot;.</source>
+        <translation>Nicht zu lesen: %1. Siehe „Gespeicherte Berichte …“.</translation>
     </message>
 </context>
 <context>

@@ -91,12 +91,28 @@ void PageSetupDialog::ShowLogo()
     picture->setAccessibleName(image.isNull() ? tr("No logo") : tr("The logo"));
 }
 
+// Empty for none.
+QString PageSetupDialog::LogoFault() const
+{
+    const QString file = logo->text().trimmed();
+    if (file.isEmpty()) {
+        return {};
+    }
+    if (!QFileInfo::exists(file)) {
+        return tr("There is no such file.");
+    }
+    if (QFileInfo(file).isDir()) {
+        return tr("This is a folder. Choose a PNG or JPEG file.");
+    }
+    return LogoIn(file).isNull()
+        ? tr("This file holds no picture that can be read. Choose a PNG or JPEG file.")
+        : QString();
+}
+
 bool PageSetupDialog::IsInOrder()
 {
-    if (!logo->text().trimmed().isEmpty() && LogoIn(logo->text().trimmed()).isNull()) {
-        Refuse(services.prompt,
-               *logo,
-               tr("This file holds no picture that can be read. Choose a PNG or JPEG file."));
+    if (const QString fault = LogoFault(); !fault.isEmpty()) {
+        Refuse(services.prompt, *logo, fault);
         return false;
     }
     if (address->toPlainText().toUtf8().size() > kMostSetupBytes) {

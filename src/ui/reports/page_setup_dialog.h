@@ -25,6 +25,7 @@ private:
     void Browse();
     void ShowLogo();
     [[nodiscard]] bool IsInOrder();
+    [[nodiscard]] QString LogoFault() const;
 
     const AppServices &services;
     QComboBox *paper;

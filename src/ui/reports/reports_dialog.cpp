@@ -453,17 +453,25 @@ void ReportsDialog::ShowSaved()
 
 void ReportsDialog::ShowTroubleOfSaved()
 {
-    QStringList names;
+    QStringList unread;
+    QStringList unmade;
     const auto runs = ReadRuns(services.settings, services.control);
     for (const ReportRun &run : runs.value_or(std::vector<ReportRun>())) {
-        if (HasTrouble(run)) {
-            names += run.name;
+        if (!run.report) {
+            unread += run.name;
+        } else if (HasTrouble(run)) {
+            unmade += run.name;
         }
     }
-    savedNote->setVisible(!runs || !names.isEmpty());
-    savedNote->setText(
-        !runs ? TextOf(runs.error())
-              : tr("Not made as planned: %1. See \"Saved reports...\".").arg(names.join(u", "_s)));
+    QStringList lines = runs ? QStringList() : QStringList(TextOf(runs.error()));
+    if (!unmade.isEmpty()) {
+        lines += tr("Not made as planned: %1. See \"Saved reports...\".").arg(unmade.join(u", "_s));
+    }
+    if (!unread.isEmpty()) {
+        lines += tr("Cannot be read: %1. See \"Saved reports...\".").arg(unread.join(u", "_s));
+    }
+    savedNote->setVisible(!lines.isEmpty());
+    savedNote->setText(lines.join(u'\n'));
 }
 
 // The users and groups are read again: without their names nobody could see whom the report is on.

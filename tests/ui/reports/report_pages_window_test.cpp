@@ -303,10 +303,16 @@ TEST_F(ReportPagesWindow, ThePageSetUpIsKeptAndShown)
             Choose(Find<QComboBox>(box, "turn"), u"Landscape"_s);
             Type(Find<QLineEdit>(box, "organisation"), u"Harbour Net"_s);
             Find<QPlainTextEdit>(box, "address").setPlainText(u"Quay 4\n24103 Kiel"_s);
-            Type(Find<QLineEdit>(box, "logo"), folder.filePath(u"none.png"_s));
-            Click(box, "ok");
-            EXPECT_TRUE(box.isVisible());
-            EXPECT_EQ(prompt.TakeSaid().size(), 1);
+            for (const auto &[file, told] :
+                 {std::pair {folder.filePath(u"none.png"_s), u"There is no such file."_s},
+                  {folder.path(), u"This is a folder. Choose a PNG or JPEG file."_s},
+                  {Settings().FileOf(ConfigKeyId::Base),
+                   u"This file holds no picture that can be read. Choose a PNG or JPEG file."_s}}) {
+                Type(Find<QLineEdit>(box, "logo"), file);
+                Click(box, "ok");
+                EXPECT_TRUE(box.isVisible());
+                EXPECT_EQ(prompt.TakeSaid(), QStringList(told));
+            }
             Type(Find<QLineEdit>(box, "logo"), logo);
             Grab(box, u"reports-page-setup"_s);
             Click(box, "ok");

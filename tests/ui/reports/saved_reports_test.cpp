@@ -352,11 +352,13 @@ TEST_F(SavedWindows, ARunThatFailedIsTold)
     damaged.close();
     Reopen();
     EXPECT_EQ(Find<QLabel>(*dialog, "savedNote").text(),
-              u"Not made as planned: Unset, Xdamaged. See \"Saved reports...\"."_s);
+              u"Not made as planned: Unset. See \"Saved reports...\".\n"
+              "Cannot be read: Xdamaged. See \"Saved reports...\"."_s);
     setRun(u"Month end"_s, u"exit-code"_s, 3);
     Reopen();
     EXPECT_EQ(Find<QLabel>(*dialog, "savedNote").text(),
-              u"Not made as planned: Month end, Unset, Xdamaged. See \"Saved reports...\"."_s);
+              u"Not made as planned: Month end, Unset. See \"Saved reports...\".\n"
+              "Cannot be read: Xdamaged. See \"Saved reports...\"."_s);
     dialog->resize(1024, 600);
     EXPECT_LE(dialog->height(), 600);
     Grab(*dialog, u"saved-trouble"_s);
