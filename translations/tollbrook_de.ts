@@ -383,6 +383,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The account &quot;%1&quot; of the data source &quot;%2&quot; lacks the right to this: %3</source>
         <translation>Dem Konto „%1“ der Datenquelle „%2“ fehlt das Recht dazu: %3</translation>
     </message>
+    <message>
+        <source>The file of the database may only be read. That, too, needs a program that may write to it to have it open: start the accounting service. (%1)</source>
+        <translation>Die Datei der Datenbank darf nur gelesen werden. Auch das geht nur, solange ein Programm sie offen hat, das sie beschreiben darf: Starten Sie den Abrechnungsdienst. (%1)</translation>
+    </message>
 </context>
 <context>
     <name>AccountDialog</name>

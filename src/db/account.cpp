@@ -21,6 +21,10 @@ struct Words
 // As the drivers of the servers call it; letter case does not matter.
 constexpr const char *kKeys[] = {"UserName", "User", "UID"};
 
+// The embedded engine's number. A reader meets with it when the files beside the database, which all that have
+// it open share, are not there and he may not make them.
+constexpr int kReadOnlyFile = 8;
+
 } // namespace
 
 QString AccountOf(const QString &dsn)
@@ -42,6 +46,12 @@ QString WithLackedRight(const Dialect &dialect,
                         const QString &account,
                         const QString &dsn)
 {
+    if (&dialect == &kSqlite && failed.native == kReadOnlyFile) {
+        return Words::tr(
+                   "The file of the database may only be read. That, too, needs a program that may "
+                   "write to it to have it open: start the accounting service. (%1)")
+            .arg(failed.text);
+    }
     if (!LacksRight(dialect, failed.sqlState.toStdString(), failed.native)) {
         return failed.text;
     }

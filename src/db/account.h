@@ -17,7 +17,7 @@ inline const auto kUsualAccount = QStringLiteral("system");
 [[nodiscard]] QString AccountOf(const QString &dsn);
 
 // The driver's words, behind a sentence that names the account and the data source where the failure is
-// that the account may not do it.
+// that the account may not do it; in one on what a reader of a file needs where that is it.
 [[nodiscard]] QString WithLackedRight(const Dialect &dialect,
                                       const odbc::Diagnostic &failed,
                                       const QString &account,

@@ -414,6 +414,15 @@ TEST(Tool, OnlyMakesADatabaseWhereOneIsAskedFor)
     EXPECT_TRUE(QFile::exists(file));
 }
 
+TEST(Tool, SaysWhatAReaderOfAFileNeeds)
+{
+    test_data_source::RenewSqlite(u"read"_s);
+    DirectConnection database;
+    ASSERT_TRUE(database.Open(u"read"_s) && database.Run(u"PRAGMA query_only = 1"_s));
+    EXPECT_FALSE(database.Run(u"UPDATE users SET fullname = 'x'"_s));
+    EXPECT_THAT(database.Error().toStdString(), testing::HasSubstr("start the accounting service"));
+}
+
 TEST(Tool, SaysWhatIsWrong)
 {
     // The driver would make a database that is gone with the connection.
