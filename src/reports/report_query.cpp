@@ -2,6 +2,8 @@
 
 #include "reports/query_check.h"
 
+#include <QSet>
+
 #include <deque>
 #include <unordered_map>
 
@@ -105,11 +107,20 @@ QString ReportQuery::RowsStatement() const
         }
     }
     QStringList order;
+    QSet<int> ordered;
     for (const int group : layout.group) {
         order += Quoted(layout.columns.at(group).name);
+        ordered.insert(group);
     }
     for (const auto &[column, descending] : layout.order) {
         order += Quoted(layout.columns.at(column).name) + (descending ? u" DESC"_s : QString());
+        ordered.insert(column);
+    }
+    // Rows that are alike so far follow by what else they show: two runs must not differ in their order.
+    for (int column = 0; !order.isEmpty() && column < layout.columns.size(); ++column) {
+        if (layout.columns.at(column).IsRead() && !ordered.contains(column)) {
+            order += Quoted(layout.columns.at(column).name);
+        }
     }
     const QString statement =
         u"SELECT %1 FROM (\n%2\n) report"_s.arg(wanted.join(u", "_s), WithoutOrder(query));

@@ -169,6 +169,41 @@ TEST_P(MadeReport, SumsAreOfTheRowsThatWereRead)
     EXPECT_EQ(summed, rows);
 }
 
+// Credits of one user and one second have one order, whatever the engine finds first.
+TEST_P(MadeReport, RowsThatAreAlikeInTheirOrderFollowByWhatElseTheyShow)
+{
+    LayoutError error;
+    const Layout layout = ParseLayout(R"(title = "T"
+group = ["username"]
+order = ["-period"]
+query = "SELECT users.username, traffic_use.period, traffic_use.data FROM users INNER JOIN traffic_use ON users.user_id = traffic_use.user_id WHERE users.user_id = 1 AND traffic_use.period = 7"
+[[column]]
+name = "username"
+[[column]]
+name = "period"
+type = "integer"
+[[column]]
+name = "data"
+type = "integer"
+)",
+                                      u"t"_s,
+                                      error)
+                              .value();
+    for (const double data : {5, 2, 9, 1, 7}) {
+        Execute("INSERT INTO traffic_use (period, user_id, data, senddata) VALUES (7, 1, (?), 0)",
+                data);
+    }
+    RunControl control;
+    const auto connection = Open();
+    ReportQuery query(layout, {}, *connection, control);
+    QList<qint64> read;
+    ASSERT_TRUE(query.Rows([&](CellRow &&row) {
+        read += std::get<qint64>(row.at(2));
+        return true;
+    })) << query.Problem().text.toStdString();
+    EXPECT_EQ(read, QList<qint64>({1, 2, 5, 7, 9}));
+}
+
 // An engine may describe a sum as a decimal number; no digit of it is lost on the way.
 TEST_P(MadeReport, LargeWholeNumbersAreReadToTheLastDigit)
 {
