@@ -5748,6 +5748,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>not known: %1</source>
         <translation>nicht bekannt: %1</translation>
     </message>
+    <message>
+        <source>cannot be made: its name is not allowed</source>
+        <translation>kann nicht erstellt werden: Der Name ist nicht zulässig</translation>
+    </message>
 </context>
 <context>
     <name>ReportSchedule</name>
@@ -6366,6 +6370,10 @@ Möchten Sie ihn ersetzen?</translation>
     <message>
         <source>The name of the file has a line break or another control character.</source>
         <translation>Der Name der Datei enthält einen Zeilenumbruch oder ein anderes Steuerzeichen.</translation>
+    </message>
+    <message>
+        <source>has a name that no report can have</source>
+        <translation>hat einen Namen, den kein Bericht haben kann</translation>
     </message>
 </context>
 <context>

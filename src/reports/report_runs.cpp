@@ -79,7 +79,9 @@ std::optional<RunRecord> LastRunOf(const ReportRun &run)
 QString LastRunInWords(const ReportRun &run)
 {
     if (!run.report) {
-        return Words::tr("cannot be made: its file is damaged");
+        return NameProblem(run.name).isEmpty()
+            ? Words::tr("cannot be made: its file is damaged")
+            : Words::tr("cannot be made: its name is not allowed");
     }
     if (run.timer && run.timer->result == Result::Running) {
         return Words::tr("running now");

@@ -214,10 +214,7 @@ tl::expected<QStringList, SettingsFailure> SavedReports::Names() const
     }
     QStringList names;
     for (const QString &file : place.entryList({u'*' + kEnding}, QDir::Files, QDir::Name)) {
-        const QString name = file.chopped(kEnding.size());
-        if (NameProblem(name).isEmpty()) {
-            names += name;
-        }
+        names += file.chopped(kEnding.size());
     }
     names.sort(Qt::CaseInsensitive);
     return names;
@@ -226,6 +223,10 @@ tl::expected<QStringList, SettingsFailure> SavedReports::Names() const
 tl::expected<SavedReport, SettingsFailure> SavedReports::Read(const QString &name) const
 {
     const QString file = FileOf(name);
+    if (!NameProblem(name).isEmpty()) {
+        return tl::unexpected(
+            SettingsFailure {file, 0, Words::tr("has a name that no report can have")});
+    }
     const auto bytes = key_file::Read(file);
     if (!bytes) {
         return tl::unexpected(bytes.error());

@@ -34,10 +34,11 @@ class SavedReports
 public:
     explicit SavedReports(const ConfigStore &settings);
 
-    // In the order of the alphabet, whether their files are whole or not.
+    // In the order of the alphabet, whether they can be read or not: a file that somebody put there under
+    // a name that no report can have is among them.
     [[nodiscard]] tl::expected<QStringList, SettingsFailure> Names() const;
 
-    // A report without a file, and one that ProblemOf() finds fault with, are failures.
+    // A report without a file, and one whose name or content is at fault, are failures.
     [[nodiscard]] tl::expected<SavedReport, SettingsFailure> Read(const QString &name) const;
 
     // Replaces the report of that name if there is one, and makes the folder where there is none. Members

@@ -133,6 +133,14 @@ TEST_F(Saved, ADamagedFileIsToldAndKept)
     }
     Put(u"x"_s, good);
     EXPECT_TRUE(reports.Read(u"x"_s));
+    // Somebody copied a file; what cannot run must be seen.
+    Put(u"x (copy)"_s, good);
+    EXPECT_EQ(reports.Names(), QStringList({u"x"_s, u"x (copy)"_s}));
+    const auto copied = reports.Read(u"x (copy)"_s);
+    ASSERT_FALSE(copied);
+    EXPECT_TRUE(
+        TextOf(copied.error()).contains(u"x (copy).toml\" has a name that no report can have"_s))
+        << TextOf(copied.error()).toStdString();
 }
 
 TEST(SavedName, IsOneOfAFileAndOfATimer)

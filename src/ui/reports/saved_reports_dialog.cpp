@@ -223,7 +223,8 @@ void SavedReportsDialog::Delete()
     }
     const SavedReports saved(services.settings);
     const auto present = saved.Read(run->name); // it may have been given a schedule meanwhile
-    const bool hasTimer = !present || present->schedule.IsSet();
+    const bool hasTimer =
+        NameProblem(run->name).isEmpty() && (!present || present->schedule.IsSet());
     if (const auto removed = saved.Remove(run->name); !removed) {
         services.prompt.Tell(TextOf(removed.error()), Prompt::Icon::Error);
         return;
