@@ -17,6 +17,21 @@ long WidthOf(ColumnKind kind)
     return kind == ColumnKind::Text ? kTextBytes : kOtherBytes;
 }
 
+// How a column is asked for, whose name is quoted. The embedded engine's driver cuts amounts at 15 digits.
+// That engine keeps any value in any column, and its driver cuts a text at a NUL and gives binary data as
+// a text of its own: more than a column is wide comes in the place of these.
+QString Expression(const Dialect &dialect, ColumnKind kind, const QString &quoted)
+{
+    if (&dialect == &kSqlite && kind == ColumnKind::Amount) {
+        return u"quote(%1)"_s.arg(quoted);
+    }
+    if (&dialect == &kSqlite && kind == ColumnKind::Text) {
+        return u"CASE WHEN typeof(%1) = 'blob' OR instr(%1, char(0)) > 0 "
+               "THEN hex(zeroblob(1000)) ELSE %1 END"_s.arg(quoted);
+    }
+    return quoted;
+}
+
 bool IsNumber(ColumnKind kind)
 {
     return kind == ColumnKind::Integer || kind == ColumnKind::Amount;
@@ -51,10 +66,7 @@ QString TableReader::Query() const
     const Dialect &dialect = database.Engine();
     QStringList names;
     for (const auto &[name, kind] : shape.columns) {
-        const QString quoted = Quoted(dialect, name);
-        // The embedded engine's driver cuts amounts at 15 digits.
-        const bool isCut = &dialect == &kSqlite && kind == ColumnKind::Amount;
-        names << (isCut ? u"quote(%1)"_s.arg(quoted) : quoted);
+        names << Expression(dialect, kind, Quoted(dialect, name));
     }
     QStringList key;
     for (const QString &column : shape.key) {
@@ -154,7 +166,7 @@ bool TableReader::AddFetched(RowBlock &block)
     for (size_t column = 0; column < columns.size(); ++column) {
         for (size_t row = 0; row < fetched; ++row) {
             if (!Add(columns[column], row, block.columns[column])) {
-                return Fail(column);
+                return Fail(column, row);
             }
         }
     }
@@ -186,9 +198,20 @@ bool TableReader::Add(const Column &source, size_t row, ColumnValues &values) co
     return true;
 }
 
-bool TableReader::Fail(size_t column)
+bool TableReader::Fail(size_t column, size_t row)
 {
-    problem = u"The table \"%1\" has a value in \"%2\" that such a column does not hold."_s.arg(
-        shape.name, shape.columns[column].name);
+    QStringList place;
+    for (size_t part = 0; part < columns.size(); ++part) {
+        const Column &source = columns[part];
+        const QString &name = shape.columns[part].name;
+        if (part != column && shape.key.contains(name)) {
+            const char *bytes = source.bytes.data() + row * size_t(source.width);
+            place << name + u" " + QString::fromUtf8(bytes);
+        }
+    }
+    problem = u"The table \"%1\" has a value in \"%2\" that such a column does not hold%3."_s.arg(
+        shape.name,
+        shape.columns[column].name,
+        place.isEmpty() ? QString() : u", in the row of " + place.join(u", "_s));
     return false;
 }

@@ -31,7 +31,7 @@ private:
     [[nodiscard]] bool Fetch(RowBlock &block);
     [[nodiscard]] bool AddFetched(RowBlock &block);
     [[nodiscard]] bool Add(const Column &source, size_t row, ColumnValues &values) const;
-    [[nodiscard]] bool Fail(size_t column);
+    [[nodiscard]] bool Fail(size_t column, size_t row);
 
     DirectConnection &database;
     const TableShape &shape;

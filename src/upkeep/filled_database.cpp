@@ -87,9 +87,6 @@ Told<void> FilledDatabase::Begin(const QString &dsn)
         return tl::unexpected(
             u"The data source \"%1\" cannot be opened: %2"_s.arg(dsn, database.Error()));
     }
-    if (auto alone = NobodyElse(database, dsn); !alone) {
-        return alone;
-    }
     if (const auto wrong = WrongEncodingText(database, dsn)) {
         return tl::unexpected(*wrong);
     }
@@ -104,7 +101,7 @@ Told<void> FilledDatabase::Begin(const QString &dsn)
             u"The database of \"%1\" already has a table \"%2\". Nothing was changed."_s.arg(
                 dsn, *table));
     }
-    return {};
+    return NobodyElse(database, dsn);
 }
 
 Told<void> FilledDatabase::Fill(SiteRows &source, const Tell &tell)

@@ -259,6 +259,25 @@ TEST_P(Upkeep, ADatabaseThatDoesNotKeepEveryTextIsRefused)
     EXPECT_EQ(ExistingTable(database), std::nullopt);
 }
 
+// The embedded engine keeps in a column of texts whatever another program puts there.
+TEST_P(Upkeep, WhatNoOtherEngineWouldKeepIsToldWithItsRow)
+{
+    if (Engine() != u"sqlite"_s) {
+        return;
+    }
+    for (const char *value : {"x'416e6e61'", "'An' || char(0) || 'na'", "x''"}) {
+        Execute(
+            (std::string("UPDATE users SET fullname = ") + value + " WHERE user_id = 2").c_str());
+        const auto refused = Backup();
+        ASSERT_FALSE(refused) << value;
+        EXPECT_EQ(
+            refused.error(),
+            u"The table \"users\" has a value in \"fullname\" that such a column does not hold, "
+            "in the row of user_id 2."_s);
+        EXPECT_FALSE(QFile::exists(file));
+    }
+}
+
 // Gives other rows when they are compared than when they were written.
 class ChangingRows : public SiteRows
 {

@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLogLines = 8;
+constexpr int kWidthLetters = 70; // at least
 
 QString ProposedFile(const QString &dsn, int version)
 {
@@ -98,7 +99,13 @@ void UpgradeDialog::Build(int version)
     for (QWidget *widget : std::initializer_list<QWidget *> {progress, outcome, buttons}) {
         column->addWidget(widget);
     }
-    setMinimumWidth(fontMetrics().averageCharWidth() * 70);
+    setMinimumWidth(fontMetrics().averageCharWidth() * kWidthLetters);
+    // A layout takes a wrapped text for as low as it may ever be, and would put the list over it.
+    const QMargins margins = column->contentsMargins();
+    for (QLabel *label : {intro, alone}) {
+        label->setMinimumHeight(
+            label->heightForWidth(minimumWidth() - margins.left() - margins.right()));
+    }
     connect(backsUp, &QCheckBox::toggled, this, [this] { SetRunning(isRunning); });
     connect(browse, &QPushButton::clicked, this, &UpgradeDialog::Browse);
     connect(upgrade, &QPushButton::clicked, this, &UpgradeDialog::Upgrade);

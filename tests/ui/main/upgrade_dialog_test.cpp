@@ -165,6 +165,17 @@ const QString kRenamed = u"Group 91, called \"STAFF\" as another one is, is name
 
 } // namespace
 
+TEST_P(UpgradeWindow, AsSmallAsItMayBeCoversNoText)
+{
+    window->resize(1, 1);
+    QCoreApplication::processEvents();
+    for (const char *name : {"intro", "alone"}) {
+        const auto &text = Find<QLabel>(name);
+        EXPECT_GE(text.height(), text.heightForWidth(text.width())) << name;
+        EXPECT_FALSE(text.geometry().intersects(Find<QPlainTextEdit>("log").geometry())) << name;
+    }
+}
+
 TEST_P(UpgradeWindow, SaysWhatItWouldDoAndDoesNothingWhenItIsClosed)
 {
     const QString intro = Find<QLabel>("intro").text();
