@@ -209,9 +209,11 @@ bool TableReader::Fail(size_t column, size_t row)
             place << name + u" " + QString::fromUtf8(bytes);
         }
     }
-    problem = u"The table \"%1\" has a value in \"%2\" that such a column does not hold%3."_s.arg(
-        shape.name,
-        shape.columns[column].name,
-        place.isEmpty() ? QString() : u", in the row of " + place.join(u", "_s));
+    problem = u"The table \"%1\" has a value in \"%2\" that such a column does not hold"_s.arg(
+        shape.name, shape.columns[column].name);
+    if (!place.isEmpty()) {
+        problem += u", in the row of %1"_s.arg(place.join(u", "_s));
+    }
+    problem += u'.';
     return false;
 }
