@@ -105,7 +105,8 @@ protected:
     int VersionOfSession()
     {
         std::optional<Result<int>> version;
-        session->Start(&*session, OpenedSchemaVersion, [&](Result<int> given) { version = given; });
+        session->Start(
+            &*session, OpenedSchemaVersion, [&](const Result<int> &given) { version = given; });
         EXPECT_TRUE(QTest::qWaitFor([&] { return version.has_value(); }, kPatienceMs));
         return version && *version ? **version : -1;
     }
