@@ -3,6 +3,8 @@
 #include "db/dialect.h"
 #include "db/failure_log.h"
 #include "db/session.h"
+#include "db/write.h"
+#include "metering/batch_size.h"
 #include "metering/count.h"
 #include "metering/standing.h"
 #include "sheet/sent_statements.h"
@@ -78,7 +80,8 @@ void CountOnce(const QString &engine)
     }
 }
 
-// How long the database is held: from the beginning of a transaction to what follows its end.
+// How long the database is held: from the beginning of a transaction to what follows its end, less the
+// turn of others in between.
 struct Holding
 {
     using Clock = std::chrono::steady_clock;
@@ -86,7 +89,7 @@ struct Holding
     void Note(const QString &statement)
     {
         if (ending) {
-            longest = std::max(longest, Clock::now() - begin);
+            longest = std::max(longest, Clock::now() - begin - turnOfOthers);
         }
         ending = statement == u"COMMIT"_s;
         if (statement.startsWith(u"BEGIN"_s) || statement.startsWith(u"START"_s)) {
@@ -94,6 +97,7 @@ struct Holding
         }
     }
 
+    std::chrono::milliseconds turnOfOthers {};
     Clock::time_point begin;
     Clock::duration longest {};
     bool ending = false;
@@ -113,6 +117,9 @@ void HoldDatabase(benchmark::State &state, const QString &engine)
     Open(LimitedUsers(engine, kUsers));
     CountOnce(engine);
     Holding held;
+    if (transaction::ShutsOutWriters()) {
+        held.turnOfOthers = BatchSize::kTurnOfOthers;
+    }
     holding = &held;
     QLoggingCategory::setFilterRules(u"tollbrook.db.statement.debug=true"_s);
     const auto former = qInstallMessageHandler(NoteStatement);
@@ -215,9 +222,7 @@ int main(int argc, char **argv)
             {name("5 counts of 10 000 users"), name("5 counts of 10 000 users, bare"), 1.5});
         bounds.push_back({name("5 counts of 10 000 users"), "CPU ms", isServer ? 1500.0 : 500.0});
         add("longest transaction", HoldDatabase);
-        if (!isServer) {
-            bounds.push_back({name("longest transaction"), "ms held", 50});
-        }
+        bounds.push_back({name("longest transaction"), "ms held", isServer ? 100.0 : 50.0});
         add("standings of 10 000 users", Stand, kUsers);
         add("standings of 100 000 users", Stand, kKnownUsers);
     }

@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -30,14 +31,22 @@ void AppendNumber(QByteArray &text, double number)
     }
 }
 
+bool IsPlain(QChar each)
+{
+    return each >= u' ' && each <= u'~' && each != u'"' && each != u'\\';
+}
+
 // Between quotation marks; null for a null text.
-QByteArray Quoted(const QString &text)
+void AppendText(QByteArray &rows, const QString &text)
 {
     if (text.isNull()) {
-        return "null";
+        rows += "null";
+    } else if (std::ranges::all_of(text, IsPlain)) {
+        rows += '"' + text.toLatin1() + '"';
+    } else {
+        const QByteArray array = QJsonDocument(QJsonArray {text}).toJson(QJsonDocument::Compact);
+        rows += QByteArrayView(array).sliced(1, array.size() - 2);
     }
-    const QByteArray array = QJsonDocument(QJsonArray {text}).toJson(QJsonDocument::Compact);
-    return array.sliced(1, array.size() - 2);
 }
 
 } // namespace
@@ -57,7 +66,8 @@ void StagedRows::Add(quint32 key,
         rows += ",null";
     }
     for (const QString &text : texts) {
-        rows += ',' + Quoted(text);
+        rows += ',';
+        AppendText(rows, text);
     }
     rows += ']';
 }

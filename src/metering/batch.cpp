@@ -8,17 +8,12 @@
 #include "metering/day_records.h"
 
 #include <algorithm>
-#include <chrono>
 #include <iterator>
 #include <thread>
 
 namespace {
 
 constexpr double kSecondsOfHour = 3600;
-
-// Between two batches where one shuts out all other writers: who waits for the lock looks for it at most this
-// far apart, and would find it taken again.
-constexpr std::chrono::milliseconds kTurnOfOthers {26};
 
 BlockReason ReasonOf(const StoredBlock &block)
 {
@@ -274,7 +269,7 @@ Result<Counted> WriteParts(const Parts &parts, const Accounting &accounting)
         groups.clear();
         begin = end;
         if (size.ShutsOutWriters() && begin != parts.end()) {
-            std::this_thread::sleep_for(kTurnOfOthers);
+            std::this_thread::sleep_for(BatchSize::kTurnOfOthers);
         }
     }
     return counted;

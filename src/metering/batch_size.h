@@ -10,6 +10,10 @@ class BatchSize
     using Clock = std::chrono::steady_clock;
 
 public:
+    // Between two batches where one shuts out all other writers: who waits for the lock looks for it at
+    // most this far apart, and would find it taken again.
+    static constexpr std::chrono::milliseconds kTurnOfOthers {26};
+
     explicit BatchSize(bool shutsOutWriters)
         : isShort(shutsOutWriters)
         , bounds(shutsOutWriters ? kShort : kLong)
@@ -18,7 +22,8 @@ public:
     [[nodiscard]] bool ShutsOutWriters() const { return isShort; }
     [[nodiscard]] size_t Now() const { return size; }
 
-    // Takes the time of one batch; the next one is to last about half of what it may.
+    // Takes the time of one batch; the next one is to last a quarter to half of what it may. Each turn
+    // of others costs the time to come back, so that few long batches are better than many short ones.
     class Measure
     {
     public:
@@ -41,13 +46,13 @@ private:
     };
 
     static constexpr Bounds kShort {std::chrono::milliseconds(25), 25, 1000};
-    static constexpr Bounds kLong {std::chrono::milliseconds(500), 500, 4000};
+    static constexpr Bounds kLong {std::chrono::milliseconds(50), 500, 2000};
 
     void Took(Clock::duration time)
     {
         if (time > bounds.time) {
             size = std::max(size / 2, bounds.least);
-        } else if (time < bounds.time / 3) {
+        } else if (time < bounds.time / 2) {
             size = std::min(2 * size, bounds.most);
         }
     }

@@ -31,6 +31,8 @@ struct LastBytes
     NewBytes bytes; // nothing of another generation
 };
 
+// The outer join keeps every engine from going through all counters for each row that is handed in, as one
+// does whose statistics know nothing of a gateway yet.
 std::vector<LastBytes>
 ReadLast(Books &books, const Count &count, const std::vector<const AddressCounters *> &counters)
 {
@@ -47,14 +49,14 @@ ReadLast(Books &books, const Count &count, const std::vector<const AddressCounte
     const QString generation = GenerationText(count.generation);
     const auto stored = books.Take(ReadAll(
         "SELECT s.k, service_counters.generation, service_counters.received, "
-        "service_counters.sent FROM STAGED (?) AS_ROWS s CROSS JOIN service_counters WHERE "
+        "service_counters.sent FROM STAGED (?) AS_ROWS s LEFT JOIN service_counters ON "
         "service_counters.gateway = (?) and service_counters.address = s.t and "
         "service_counters.unknown = s.n1",
         [&generation](const Row &row) {
             const bool goesOn = row.Text(2) == generation;
-            return Stored {
-                row.Integer(1),
-                {true, goesOn ? NewBytes {BytesIn(row, 3), BytesIn(row, 4)} : NewBytes {}}};
+            return Stored {row.Integer(1),
+                           {!row.IsEmpty(2),
+                            goesOn ? NewBytes {BytesIn(row, 3), BytesIn(row, 4)} : NewBytes {}}};
         },
         keys,
         count.gatewayId));
