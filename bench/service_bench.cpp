@@ -168,40 +168,60 @@ int MeasureTick(const Laboratory &lab, const QString &engine)
         : 0;
 }
 
-// What a console does with one user, over and over, while the service writes the counts. Of the writes one
-// goes to a row that each count writes, too.
+// What a console does with one user after the other. Of the writes one goes to a row that each count
+// writes, too.
+class Console
+{
+public:
+    explicit Console(const QString &dsn) { Must(connection.Open(dsn), connection); }
+
+    void LookAndChange(int value)
+    {
+        user = user % kActive + 1;
+        Run(reads, u"SELECT * FROM users WHERE user_id = ?"_s, {user});
+        Run(writes,
+            u"UPDATE users SET descrip = ? WHERE user_id = ?"_s,
+            {QByteArray::number(value), user});
+        Run(countedWrites,
+            u"UPDATE traffic_use SET data = data WHERE user_id = ? AND period = 0"_s,
+            {user});
+    }
+
+    // How many promises are broken.
+    int Judge(const QString &engine)
+    {
+        return (reads.Judge(engine + u": a console's read beside counts"_s) ? 1 : 0)
+            + (writes.Judge(engine + u": a console's write beside counts"_s) ? 1 : 0)
+            + (countedWrites.Judge(engine + u": a console's write of what is counted"_s) ? 1 : 0);
+    }
+
+private:
+    void Run(Waits &waits, const QString &statement, const SqlValues &values)
+    {
+        waits.Take([&] { return connection.Run(statement, values); }, connection);
+    }
+
+    DirectConnection connection;
+    qint32 user = 0;
+    Waits reads;
+    Waits writes;
+    Waits countedWrites;
+};
+
 int MeasureConsole(const Laboratory &lab, const QString &engine)
 {
     const QString dsn = LimitedUsers(engine, kUsers);
     RunningService service(dsn, kNetwork, kMask);
     const Workstations workstations(lab);
     service.AwaitCounts(kSettling, [] {});
-    DirectConnection console;
-    Must(console.Open(dsn), console);
-    Waits reads;
-    Waits writes;
-    Waits countedWrites;
-    qint32 user = 0;
+    Console console(dsn);
     service.AwaitCounts(kCounts, [&] {
         for (int i = 0; i < 10; ++i) {
-            user = user % kActive + 1;
-            const SqlValues id {user};
-            const SqlValues changed {QByteArray::number(i), user};
-            const auto run = [&](Waits &waits, const QString &statement, const SqlValues &values) {
-                waits.Take([&] { return console.Run(statement, values); }, console);
-            };
-            run(reads, u"SELECT * FROM users WHERE user_id = ?"_s, id);
-            run(writes, u"UPDATE users SET descrip = ? WHERE user_id = ?"_s, changed);
-            run(countedWrites,
-                u"UPDATE traffic_use SET data = data WHERE user_id = ? AND period = 0"_s,
-                id);
+            console.LookAndChange(i);
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         }
     });
-    const QString name = engine + u": "_s;
-    return (reads.Judge(name + u"a console's read beside counts"_s) ? 1 : 0)
-        + (writes.Judge(name + u"a console's write beside counts"_s) ? 1 : 0)
-        + (countedWrites.Judge(name + u"a console's write of what is counted"_s) ? 1 : 0);
+    return console.Judge(engine);
 }
 
 } // namespace
