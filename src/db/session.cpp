@@ -106,7 +106,7 @@ void TakeFailure(Failure failure, bool isKept)
     const bool lost = failure.EndsConnection();
     if (failure.kind == Kind::ConnectionLost && isKept) {
         failure.kind = Kind::OutcomeUnknown;
-    } else if (!lost && IsCancelled()) {
+    } else if (!lost && failure.kind != Kind::OutcomeUnknown && IsCancelled()) {
         failure.kind = Kind::Cancelled;
     } else if (failure.kind == Kind::Cancelled) {
         failure.kind = Kind::Refused; // by a limit of the server's own
@@ -133,11 +133,30 @@ bool SendBound(bool mayTryAgain, Failure &failure)
     const SQLRETURN code = Send(mayTryAgain, failure);
     const bool done = odbc::Succeeded(code) || code == SQL_NO_DATA;
     state.isReading = false; // with the query before
-    if (done) {
-        SQLRowCount(dbSession.statement, &state.affectedRows);
-    }
     SQLFreeStmt(dbSession.statement, SQL_RESET_PARAMS);
     return done;
+}
+
+// Of the statement that was just done. A cancel that comes too late for it takes its outcome away.
+bool CountRows(bool isKept, Failure &failure)
+{
+    State &state = Current();
+    if (odbc::Succeeded(SQLRowCount(dbSession.statement, &state.affectedRows))) {
+        return true;
+    }
+    failure = Diagnosed(SQL_HANDLE_STMT, dbSession.statement, state.written);
+    failure.kind = isKept ? Kind::OutcomeUnknown : failure.kind;
+    return false;
+}
+
+// The same of its columns, of which a write has none.
+SQLSMALLINT CountColumns(const char *sqlText)
+{
+    SQLSMALLINT count = 0;
+    if (!odbc::Succeeded(SQLNumResultCols(dbSession.statement, &count)) && IsRead(sqlText)) {
+        TakeFailure(Diagnosed(SQL_HANDLE_STMT, dbSession.statement, sqlText), false);
+    }
+    return count;
 }
 
 void BindColumns(SQLSMALLINT count)
@@ -256,7 +275,8 @@ bool session::Execute(const char *sqlText, Step step)
     state.failure.reset(); // of a first try to open the session again
     state.written = sqlText;
     Failure failure;
-    const bool done = SendBound(isAlone || step != Step::Statement, failure);
+    const bool done = SendBound(isAlone || step != Step::Statement, failure)
+        && (step != Step::Statement || CountRows(isKept, failure));
     bound_parameters::Forget();
     if (!done) {
         TakeFailure(std::move(failure), isKept);
@@ -309,19 +329,16 @@ void QueryResult::Clear()
 int RunQuery(const char *sqlText, FetchMode mode)
 {
     queryResult.Clear();
-    SQLSMALLINT count = 0;
-    SQLRETURN result = SQL_NO_DATA;
-    if (Execute(sqlText, Step::Statement)) {
-        result = SQLNumResultCols(dbSession.statement, &count);
-    }
+    const SQLSMALLINT count = Execute(sqlText, Step::Statement) ? CountColumns(sqlText) : 0;
     if (count == 0) {
         CloseCursor();
         return kQueryNoData;
     }
     BindColumns(std::min<SQLSMALLINT>(count, QueryResult::kColumns));
     if (mode == FetchMode::Open) {
-        return result;
+        return kQuerySuccess;
     }
+    SQLRETURN result = SQL_NO_DATA;
     if (mode == FetchMode::All) {
         do {
             result = Fetch();

@@ -418,6 +418,45 @@ TEST_P(OwnThread, GivesUpWhatDoesNotAnswerToACancel)
     EXPECT_EQ(FaultyDriver::Connects(), 3);
 }
 
+// The statement was done when it was cancelled: what it gave is gone, which is not nothing.
+TEST_P(OwnThread, TakesALostAnswerForNoneThatWasGiven)
+{
+    const auto cancelledAtItsEnd = [this](int number, auto work) {
+        EXPECT_EQ(Await(CountUsers).value(), 2U); // on a connection of its own
+        std::optional<std::invoke_result_t<decltype(work)>> value;
+        driver->HoldAnswer(number);
+        session->Start(
+            &context, work, [&value](const auto &given) { value = given; }, Patience::Endless);
+        EXPECT_TRUE(FaultyDriver::IsHolding(5s));
+        const int enough = FaultyDriver::Cancels() + 2; // so that the first has come to its end
+        session->Cancel();
+        EXPECT_TRUE(
+            QTest::qWaitFor([enough] { return FaultyDriver::Cancels() >= enough; }, kPatience));
+        FaultyDriver::Release();
+        EXPECT_TRUE(QTest::qWaitFor([&value] { return value.has_value(); }, kPatience));
+        return value.value();
+    };
+    const auto read = cancelledAtItsEnd(1, CountUsers);
+    ASSERT_FALSE(read) << *read;
+    EXPECT_EQ(read.error().kind, Kind::Cancelled);
+
+    const auto written = cancelledAtItsEnd(1, [] { return Block(1); });
+    EXPECT_TRUE(written ? *written == 1 : written.error().kind == Kind::OutcomeUnknown);
+    EXPECT_THAT(RowsOf(kBlocked), ElementsAre(u"1"_s));
+
+    const auto undone = cancelledAtItsEnd(2, [] {
+        return transaction::Begin().and_then([](bool) {
+            (void)Block(2);
+            const auto done = Block(2);
+            transaction::Rollback();
+            return done;
+        });
+    });
+    ASSERT_FALSE(undone);
+    EXPECT_EQ(undone.error().kind, Kind::Cancelled);
+    EXPECT_THAT(RowsOf(kBlocked), ElementsAre(u"1"_s));
+}
+
 // Cancels at any time reach what they are for, and nothing after it.
 TEST_P(OwnThread, SurvivesCancelsAtAnyTime)
 {

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Fault { None, Refuse, Skip, Conflict, Lock, LoseBefore, LoseAfter, Hold };
+enum class Fault { None, Refuse, Skip, Conflict, Lock, LoseBefore, LoseAfter, Hold, HoldAnswer };
 
 struct Plan
 {
@@ -132,6 +132,14 @@ ExecuteAnswerLost(SQLHSTMT statement, SQLCHAR *text, SQLINTEGER length, const QS
     return ExecuteInstead(statement, "SELECT 1");
 }
 
+SQLRETURN ExecuteAnswerHeld(SQLHSTMT statement, SQLCHAR *text, SQLINTEGER length)
+{
+    const SQLRETURN code = Execute(statement, text, length);
+    std::unique_lock lock(ThePlan().mutex);
+    HoldUntilReleased(lock);
+    return code;
+}
+
 SQLRETURN ExecuteFaulty(Fault fault, SQLHSTMT statement, SQLCHAR *text, SQLINTEGER length)
 {
     const QString dsn = ThePlan().dsn;
@@ -149,6 +157,8 @@ SQLRETURN ExecuteFaulty(Fault fault, SQLHSTMT statement, SQLCHAR *text, SQLINTEG
         break;
     case Fault::LoseAfter:
         return ExecuteAnswerLost(statement, text, length, dsn);
+    case Fault::HoldAnswer:
+        return ExecuteAnswerHeld(statement, text, length);
     default:
         break;
     }
@@ -310,6 +320,11 @@ void FaultyDriver::Lose() const
 void FaultyDriver::Hold(int number)
 {
     Let(number, Fault::Hold);
+}
+
+void FaultyDriver::HoldAnswer(int number)
+{
+    Let(number, Fault::HoldAnswer);
 }
 
 int FaultyDriver::RefuseBesideAt(int number)

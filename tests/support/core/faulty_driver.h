@@ -37,6 +37,7 @@ public:
     void LoseBefore(int number); // servers: the connection is gone before it is sent
     void LoseAfter(int number); // servers: it is done, and the connection gone before its answer
     void Hold(int number); // it is sent after Release()
+    void HoldAnswer(int number); // it is done, and answers after Release()
 
     // The engine refuses the statement of this number that a connection beside the sessions sends, 1
     // being the next one; 0: none. How many those sent since the last call.
@@ -59,5 +60,5 @@ public:
     static void Release();
 
     [[nodiscard]] static int Connects(); // so far
-    [[nodiscard]] static int Cancels();
+    [[nodiscard]] static int Cancels(); // that have begun so far
 };
