@@ -111,13 +111,16 @@ std::optional<QList<QStringList>> DirectConnection::Rows(const QString &sqlText)
         return std::nullopt;
     }
     SQLSMALLINT columns = 0;
-    SQLNumResultCols(statement, &columns);
+    bool complete = Note(SQLNumResultCols(statement, &columns), SQL_HANDLE_STMT, statement);
     QList<QStringList> rows;
     SQLRETURN code = columns == 0 ? SQL_NO_DATA : SQLFetch(statement);
-    for (; odbc::Succeeded(code); code = SQLFetch(statement)) {
-        rows << CurrentRow(columns);
+    for (; complete && odbc::Succeeded(code); code = SQLFetch(statement)) {
+        QStringList &row = rows.emplace_back();
+        for (int column = 1; complete && column <= columns; ++column) {
+            complete = TakeValue(column, row);
+        }
     }
-    const bool complete = Note(code, SQL_HANDLE_STMT, statement);
+    complete = complete && Note(code, SQL_HANDLE_STMT, statement);
     SQLFreeStmt(statement, SQL_CLOSE);
     return complete ? std::optional(rows) : std::nullopt;
 }
@@ -215,24 +218,17 @@ bool DirectConnection::Note(short code, short handleType, void *handle)
     return false;
 }
 
-QStringList DirectConnection::CurrentRow(int columns)
-{
-    QStringList row;
-    for (int column = 1; column <= columns; ++column) {
-        row << Value(column);
-    }
-    return row;
-}
-
-QString DirectConnection::Value(int column)
+bool DirectConnection::TakeValue(int column, QStringList &row)
 {
     std::array<char, 4096> text {};
     SQLLEN indicator = 0;
-    SQLGetData(statement,
-               static_cast<SQLUSMALLINT>(column),
-               SQL_C_CHAR,
-               text.data(),
-               text.size() - 1, // one of the drivers writes no NUL behind what it cuts
-               &indicator);
-    return indicator == SQL_NULL_DATA ? QString() : TextFromUtf8(text.data());
+    const SQLRETURN code =
+        SQLGetData(statement,
+                   static_cast<SQLUSMALLINT>(column),
+                   SQL_C_CHAR,
+                   text.data(),
+                   text.size() - 1, // one of the drivers writes no NUL behind what it cuts
+                   &indicator);
+    row << (indicator == SQL_NULL_DATA ? QString() : TextFromUtf8(text.data()));
+    return Note(code, SQL_HANDLE_STMT, statement);
 }

@@ -66,8 +66,7 @@ public:
 private:
     bool Note(short code, short handleType, void *handle);
     void Bind(const SqlValues &values);
-    [[nodiscard]] QStringList CurrentRow(int columns);
-    [[nodiscard]] QString Value(int column);
+    [[nodiscard]] bool TakeValue(int column, QStringList &row);
 
     void *environment = nullptr;
     void *connection = nullptr;

@@ -247,31 +247,67 @@ private:
     QAbstractButton *button;
 };
 
-// Marks those that stand on one page; returns the letters of `taken` and theirs.
-QSet<QChar> MarkAll(std::vector<Marked> texts, QSet<QChar> taken)
+// A text that gets its mark, or none when all its letters are taken.
+struct Unmarked
 {
-    std::vector<Marked *> without;
+    Marked *widget;
+    QString text;
+    qsizetype place = -1;
+};
+
+// Those that have no mark yet, or one that another has, too; the marks of the others are `taken` then.
+std::vector<Unmarked> UnmarkedOf(std::vector<Marked> &texts, QSet<QChar> &taken)
+{
+    std::vector<Unmarked> without;
     for (Marked &each : texts) {
-        const QChar letter = MnemonicIn(each.Text());
-        if (letter.isNull() || taken.contains(letter)) {
-            without.push_back(&each);
-        } else {
-            taken.insert(letter);
+        QString text = each.Text();
+        const qsizetype mark = MarkIn(text);
+        if (mark >= 0 && !taken.contains(text[mark + 1].toUpper())) {
+            taken.insert(text[mark + 1].toUpper());
+            continue;
         }
-    }
-    for (Marked *each : without) {
-        QString text = each->Text();
-        if (const qsizetype mark = MarkIn(text); mark >= 0) {
+        if (mark >= 0) {
             text.remove(mark, 1);
         }
-        const qsizetype place = PlaceForMark(text, taken);
-        if (place >= 0) {
-            taken.insert(text[place].toUpper());
-            text.insert(place, u'&');
-        }
-        each->SetText(text);
+        without.push_back({&each, text});
     }
-    return taken;
+    return without;
+}
+
+// Finds a place in each, as the first before it leave it; returns the first that has none, if any.
+std::vector<Unmarked>::iterator Place(std::vector<Unmarked> &texts, QSet<QChar> &taken)
+{
+    auto left = texts.end();
+    for (auto each = texts.begin(); each != texts.end(); ++each) {
+        each->place = PlaceForMark(each->text, taken);
+        if (each->place >= 0) {
+            taken.insert(each->text[each->place].toUpper());
+        } else if (left == texts.end()) {
+            left = each;
+        }
+    }
+    return left;
+}
+
+// Marks those that stand on one page; returns the letters of `taken` and theirs. One that all others left
+// without a letter chooses first.
+QSet<QChar> MarkAll(std::vector<Marked> texts, QSet<QChar> taken)
+{
+    std::vector<Unmarked> without = UnmarkedOf(texts, taken);
+    QSet<QChar> all = taken;
+    auto left = Place(without, all);
+    for (size_t tried = 0; left != without.end() && tried < without.size(); ++tried) {
+        std::rotate(without.begin(), left, left + 1);
+        all = taken;
+        left = Place(without, all);
+    }
+    for (Unmarked &each : without) {
+        if (each.place >= 0) {
+            each.text.insert(each.place, u'&');
+        }
+        each.widget->SetText(each.text);
+    }
+    return all;
 }
 
 } // namespace
@@ -305,7 +341,7 @@ void SetTabOrderByReading(QWidget &window)
     }
 }
 
-void GiveMnemonics(QWidget &window, QSet<QChar> taken)
+QSet<QChar> GiveMnemonics(QWidget &window, QSet<QChar> taken)
 {
     std::map<int, std::vector<Marked>> byPage; // what stands beside the pages comes first
     for (const ReadWidget &each : InReadingOrder(window)) {
@@ -319,6 +355,7 @@ void GiveMnemonics(QWidget &window, QSet<QChar> taken)
     for (auto &[page, texts] : byPage) {
         MarkAll(std::move(texts), taken);
     }
+    return taken;
 }
 
 QChar MnemonicIn(const QString &text)

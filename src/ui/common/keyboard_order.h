@@ -23,8 +23,9 @@ void SetTabOrderByReading(QWidget &window);
 
 // Marks a letter in the text of each label that stands for a field and of each button but OK and
 // Cancel, different ones on each page; the text itself stays. A mark that is there already stays where
-// no other has its letter. `taken` are letters that others have, in capitals.
-void GiveMnemonics(QWidget &window, QSet<QChar> taken = {});
+// no other has its letter. `taken` are letters that others have, in capitals; returns these and those
+// that stand on no page.
+QSet<QChar> GiveMnemonics(QWidget &window, QSet<QChar> taken = {});
 
 // The letter that is marked in the text, as a capital; null for none.
 [[nodiscard]] QChar MnemonicIn(const QString &text);

@@ -115,7 +115,7 @@ void CSplitterFrame::CreateBars()
             &QShortcut::activated,
             findBar,
             &FindBar::TakeFocus);
-    GiveMnemonics(*findBar, TakenLetters());
+    why->Panel().LeaveLetters(GiveMnemonics(*findBar, TakenLetters()));
     status = new FrameStatusBar(this);
     setStatusBar(status);
     setContextMenuPolicy(Qt::NoContextMenu); // both bars stay

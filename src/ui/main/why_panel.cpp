@@ -90,6 +90,11 @@ void WhyPanel::TakeFocus()
     lines->setFocus(Qt::ShortcutFocusReason);
 }
 
+void WhyPanel::LeaveLetters(const QSet<QChar> &letters)
+{
+    lines->LeaveLetters(letters);
+}
+
 void WhyPanel::ShowUsers(const QList<UserId> &userIds)
 {
     chosen = userIds;

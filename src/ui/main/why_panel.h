@@ -7,6 +7,7 @@
 
 #include <QFrame>
 #include <QList>
+#include <QSet>
 #include <QTimer>
 
 class QLabel;
@@ -27,6 +28,9 @@ public:
     void Refresh();
 
     void TakeFocus();
+
+    // The letters that others in the window have: the commands get different ones.
+    void LeaveLetters(const QSet<QChar> &letters);
 
     [[nodiscard]] QSize sizeHint() const override;
 

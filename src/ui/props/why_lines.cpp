@@ -1,6 +1,7 @@
 #include "ui/props/why_lines.h"
 
 #include "ui/common/accessible.h"
+#include "ui/common/keyboard_order.h"
 #include "ui/common/look_lock.h"
 
 #include <QBoxLayout>
@@ -85,6 +86,7 @@ void WhyLines::Show(const WhyAccess &why, const QString &difference)
     if (!difference.isEmpty()) {
         AddText(difference, false);
     }
+    GiveMnemonics(*content, taken);
     QWidget *previous = this; // in the order of Tab, whose end they would stand at
     for (auto *button : content->findChildren<QPushButton *>()) {
         setTabOrder(previous, button);

@@ -4,6 +4,7 @@
 #include "app/why_access.h"
 
 #include <QScrollArea>
+#include <QSet>
 
 class QVBoxLayout;
 
@@ -22,6 +23,9 @@ public:
     // A text in place of the lines; none for an empty one.
     void ShowText(const QString &text);
 
+    // The letters that others in the window have, in capitals: the commands get different ones.
+    void LeaveLetters(const QSet<QChar> &letters) { taken = letters; }
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -37,6 +41,7 @@ private:
     void AddCommands(const WhyLine &line);
 
     const bool showsCommands;
+    QSet<QChar> taken;
     QWidget *content = nullptr; // all that is shown, made anew each time
     QVBoxLayout *lines = nullptr;
     QVBoxLayout *column = nullptr; // of the content

@@ -80,7 +80,7 @@ protected:
     void PressCommand(const QString &text) const
     {
         for (QPushButton *button : Panel().findChildren<QPushButton *>()) {
-            if (button->text() == text) {
+            if (QString(button->text()).remove(u'&') == text) {
                 QTest::mouseClick(button, Qt::LeftButton);
                 Settle();
                 return;
@@ -388,16 +388,21 @@ TEST_F(WhyPanelTest, F6ClosesTheWordsOfTheFindBar)
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"whyLines"_s);
 }
 
-TEST_F(WhyPanelTest, TheFindBarsLettersAreItsOwn)
+TEST_F(WhyPanelTest, EachCommandHasALetterOfItsOwnInTheWindow)
 {
+    Execute("UPDATE users SET mode = 5, authreq = 1, blocked = true, blockreason = 3 "
+            "WHERE username = 'carl'");
     ShowPanel();
+    Click(2);
     QStringList letters;
     for (const QAction *menu : frame->menuBar()->actions()) {
         letters << MnemonicIn(menu->text());
     }
     for (const auto *button : Panel().findChildren<QPushButton *>()) {
         letters << MnemonicIn(button->text());
+        EXPECT_FALSE(letters.constLast().at(0).isNull()) << qPrintable(button->text());
     }
+    EXPECT_GT(Find<WhyLines>(Panel(), "whyLines").findChildren<QPushButton *>().size(), 2);
     const auto &bar = Find<QWidget>(*frame, "findBar");
     for (const auto *label : bar.findChildren<QLabel *>()) {
         if (label->buddy() != nullptr) {
@@ -407,6 +412,10 @@ TEST_F(WhyPanelTest, TheFindBarsLettersAreItsOwn)
     }
     letters << MnemonicIn(Find<QToolButton>(*frame, "savedFilters").text());
     EXPECT_EQ(letters.removeDuplicates(), 0) << qPrintable(letters.join(u' '));
+
+    const auto *unblock = Find<WhyLines>(Panel(), "whyLines").findChild<QPushButton *>();
+    Press(Qt::Key(MnemonicIn(unblock->text()).unicode()), Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] { return RowsOf(kBlocks).at(2) == u"carl|0|3"_s; }));
 }
 
 TEST_F(WhyPanelTest, FitsASmallScreen)
