@@ -45,8 +45,7 @@ public:
         const QDateTime noon(QDate::currentDate(), QTime(12, 0), QTimeZone::utc());
         count = {u"bench"_s, 7, noon, {}, {}, {}, {}};
         for (quint32 user = 1; user <= kUsers; ++user) {
-            const QString address =
-                u"10.%1.%2.%3"_s.arg(user >> 16).arg(user >> 8 & 255).arg(user & 255);
+            const NetAddress address = NetAddress::FromIpv4(0x0A000000 + user);
             count.counters.push_back({address, false, UserId {user}, 0, 0});
             count.online.push_back({UserId {user}, 60});
         }

@@ -11,7 +11,7 @@ MadeUpGateway::MadeUpGateway() : generation(QRandomGenerator::global()->generate
 void MadeUpGateway::Add(UserId user, const Activity &activity)
 {
     AddressCounters &ofUser = counters[user];
-    ofUser.address = u"user %1"_s.arg(user.value);
+    ofUser.address = NetAddress::FromIpv4(user.value); // each another, which is enough here
     ofUser.owner = user;
     ofUser.received += BytesOf(activity.received);
     ofUser.sent += BytesOf(activity.sent);

@@ -140,8 +140,8 @@ void AccountingService::ReadAgain(UserId userId, quint64 endedNotice)
 void AccountingService::TakeStanding(UserId userId, const std::optional<OneStanding> &read)
 {
     const auto known = std::ranges::find(standings.users, userId, &Standing::user);
-    if (known == standings.users.end() || !read || known->ip != read->user.ip
-        || known->mac != read->user.mac) {
+    if (known == standings.users.end() || !read || known->address != read->user.address
+        || known->hardware != read->user.hardware) {
         CountSoon();
         return;
     }

@@ -4,6 +4,7 @@
 #include "daemon/round_journal.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -58,18 +59,18 @@ void AccountingService::AskForRound()
     if (asked.taken.isComplete) {
         asked.retired = book.Retired();
     }
+    if (!asked.round.reconcile) {
+        for (Count &each : asked.round.counts) {
+            each = changed->In(std::move(each));
+        }
+    }
     roundRuns = true;
     roundWanted = false;
-    Round work = asked.round;
-    for (Count &each : work.counts) {
-        each = work.reconcile ? each : changed->In(each);
-    }
+    const auto shared = std::make_shared<const AskedRound>(std::move(asked));
     database.Start(
         this,
-        [work = std::move(work)] { return RunRound(work); },
-        [this, asked = std::move(asked)](Result<RoundOutcome> outcome) {
-            FinishRound(asked, std::move(outcome));
-        });
+        [shared] { return RunRound(shared->round); },
+        [this, shared](Result<RoundOutcome> outcome) { FinishRound(*shared, std::move(outcome)); });
 }
 
 // Not read: what is known holds no longer, whatever the database says.

@@ -162,7 +162,7 @@ void AccountingService::CountNow()
 void AccountingService::EndDay(const QDateTime &midnight)
 {
     if (const auto count = TakeReading(midnight)) {
-        dayEnds.Add(*count);
+        dayEnds.Add(changed->In(*count)); // of many users few have sent since the last count
         troubles.Set(Trouble::StateFile, dayEnds.Problem().value_or(QString()));
     }
     CountSoon();
@@ -253,7 +253,7 @@ std::vector<AddressCounters> AccountingService::CountersOf(const Reading &readin
     const auto add = [&](const NetAddress &address, bool unknown, quint64 received, quint64 sent) {
         const UserId owner = book.OwnerOf(address);
         if (owner.IsSet()) {
-            counters.push_back({address.Text(), unknown, owner, received, sent});
+            counters.push_back({address, unknown, owner, received, sent});
             totals[owner].first += received;
             totals[owner].second += sent;
         }

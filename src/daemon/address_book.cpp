@@ -7,10 +7,9 @@
 void AddressBook::Begin(const CountersByKey &counters)
 {
     for (const auto &[key, counter] : counters.asKeyValueRange()) {
-        const auto address = NetAddress::From(key.address);
-        if (address && !key.unknown) {
-            accounted.insert(*address, counter.received);
-            owners.insert(*address, counter.owner);
+        if (!key.unknown) {
+            accounted.insert(key.address, counter.received);
+            owners.insert(key.address, counter.owner);
         }
     }
 }
@@ -59,14 +58,10 @@ std::vector<NetAddress> AddressBook::Retired() const
 void AddressBook::NoteAccounted(const Count &count)
 {
     for (const AddressCounters &each : count.counters) {
-        const auto address = NetAddress::From(each.address);
-        if (!address) {
-            continue;
-        }
         if (each.unknown) {
-            doneUnknown.push_back(*address);
+            doneUnknown.push_back(each.address);
         } else {
-            accounted.insert(*address, each.received);
+            accounted.insert(each.address, each.received);
         }
     }
 }
@@ -85,10 +80,10 @@ void AddressBook::Forget(const Outdated &gone)
     for (const NetAddress &address : gone.retired) {
         retired.remove(address);
         accounted.remove(address);
-        forgotten.push_back({address.Text(), false});
+        forgotten.push_back({address, false});
     }
     for (const NetAddress &address : gone.unknown) {
-        forgotten.push_back({address.Text(), true});
+        forgotten.push_back({address, true});
     }
     doneUnknown.clear();
 }

@@ -1,7 +1,7 @@
 // Whose bytes each address of the kernel's table counts, and how far they are in the accounts.
 #pragma once
 
-#include "gateway/net_address.h"
+#include "base/net_address.h"
 #include "metering/counters.h"
 
 #include <QHash>

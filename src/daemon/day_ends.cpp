@@ -13,20 +13,24 @@ namespace {
 // Numbers of 64 bits are texts: JSON's own have only 53.
 QJsonObject ObjectOf(const AddressCounters &each)
 {
-    return {{u"address"_s, each.address},
+    return {{u"address"_s, each.address.Text()},
             {u"unknown"_s, each.unknown},
             {u"owner"_s, static_cast<qint64>(each.owner.value)},
             {u"received"_s, QString::number(each.received)},
             {u"sent"_s, QString::number(each.sent)}};
 }
 
-AddressCounters CountersIn(const QJsonObject &object)
+std::optional<AddressCounters> CountersIn(const QJsonObject &object)
 {
-    return {.address = object[u"address"_s].toString(),
-            .unknown = object[u"unknown"_s].toBool(),
-            .owner = UserId {static_cast<quint32>(object[u"owner"_s].toInteger())},
-            .received = object[u"received"_s].toString().toULongLong(),
-            .sent = object[u"sent"_s].toString().toULongLong()};
+    const auto address = NetAddress::From(object[u"address"_s].toString());
+    if (!address) {
+        return std::nullopt;
+    }
+    return AddressCounters {.address = *address,
+                            .unknown = object[u"unknown"_s].toBool(),
+                            .owner = UserId {static_cast<quint32>(object[u"owner"_s].toInteger())},
+                            .received = object[u"received"_s].toString().toULongLong(),
+                            .sent = object[u"sent"_s].toString().toULongLong()};
 }
 
 QJsonObject ObjectOf(const Count &count)
@@ -47,14 +51,19 @@ QJsonObject ObjectOf(const Count &count)
             {u"online"_s, online}};
 }
 
-Count CountIn(const QJsonObject &object)
+// Nothing when it cannot be read.
+std::optional<Count> CountIn(const QJsonObject &object)
 {
     Count count;
     count.gatewayId = object[u"gateway"_s].toString();
     count.generation = object[u"generation"_s].toString().toULongLong();
     count.at = QDateTime::fromString(object[u"at"_s].toString(), Qt::ISODateWithMs);
     for (const auto &each : object[u"counters"_s].toArray()) {
-        count.counters.push_back(CountersIn(each.toObject()));
+        const auto counters = CountersIn(each.toObject());
+        if (!counters) {
+            return std::nullopt;
+        }
+        count.counters.push_back(*counters);
     }
     for (const auto &each : object[u"online"_s].toArray()) {
         const QJsonObject entry = each.toObject();
@@ -62,6 +71,20 @@ Count CountIn(const QJsonObject &object)
                                 entry[u"seconds"_s].toDouble()});
     }
     return count;
+}
+
+// Nothing when one of them cannot be read.
+std::optional<std::vector<Count>> CountsIn(const QJsonArray &array)
+{
+    std::vector<Count> counts;
+    for (const auto &each : array) {
+        auto count = CountIn(each.toObject());
+        if (!count) {
+            return std::nullopt;
+        }
+        counts.push_back(*std::move(count));
+    }
+    return counts;
 }
 
 } // namespace
@@ -96,16 +119,21 @@ void DayEnds::Load()
     QJsonParseError error;
     const auto document = QJsonDocument::fromJson(file.readAll(), &error);
     if (!document.isArray()) {
-        const QString aside = path + u".damaged"_s;
-        QFile::remove(aside);
-        QFile::rename(path, aside);
-        problem = u"%1 was damaged (%2) and lies aside as %3: a day may lack what was counted "
-                  "last."_s.arg(path, error.errorString(), aside);
-        return;
+        LayAside(error.errorString());
+    } else if (auto counts = CountsIn(document.array())) {
+        waiting = *std::move(counts);
+    } else {
+        LayAside(u"an address is none"_s);
     }
-    for (const auto &each : document.array()) {
-        waiting.push_back(CountIn(each.toObject()));
-    }
+}
+
+void DayEnds::LayAside(const QString &damage)
+{
+    const QString aside = path + u".damaged"_s;
+    QFile::remove(aside);
+    QFile::rename(path, aside);
+    problem = u"%1 was damaged (%2) and lies aside as %3: a day may lack what was counted "
+              "last."_s.arg(path, damage, aside);
 }
 
 void DayEnds::Save()

@@ -25,6 +25,7 @@ public:
 
 private:
     void Load();
+    void LayAside(const QString &damage);
     void Save();
 
     QString path;

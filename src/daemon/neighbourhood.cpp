@@ -59,10 +59,10 @@ std::vector<Station> Neighbourhood::Take(const Standings &standings, const Addre
     std::vector<Station> stations = finder.Take(std::chrono::steady_clock::now());
     for (const auto &[address, seen] : hardware.asKeyValueRange()) {
         const Standing *const user = StandingOf(standings, book.Present().value(address));
-        if (user != nullptr && NetAddress::From(user->ip) == address && seen.Text() != user->mac
+        if (user != nullptr && user->address == address && user->hardware != seen
             && told.value(address) != seen && stations.size() < kMostAtOnce) {
             told.insert(address, seen);
-            stations.push_back({user->ip, seen.Text(), {}});
+            stations.push_back({address.Text(), seen.Text(), {}, user->user});
         }
     }
     return stations;

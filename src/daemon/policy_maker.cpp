@@ -74,24 +74,19 @@ public:
     void AddAll(const std::vector<Standing> &users)
     {
         made.owners.reserve(static_cast<qsizetype>(users.size()));
-        std::vector<std::optional<NetAddress>> stored;
-        stored.reserve(users.size());
         for (const Standing &standing : users) {
-            stored.push_back(NetAddress::From(standing.ip));
-            if (stored.back() && !made.owners.contains(*stored.back())) {
-                made.owners.insert(*stored.back(), standing.user);
+            if (standing.address && !made.owners.contains(*standing.address)) {
+                made.owners.insert(*standing.address, standing.user);
             }
         }
-        for (size_t i = 0; i < users.size(); ++i) {
-            Add(users[i], stored[i]);
-        }
+        std::ranges::for_each(users, [this](const Standing &standing) { Add(standing); });
     }
 
 private:
-    void Add(const Standing &standing, const std::optional<NetAddress> &stored)
+    void Add(const Standing &standing)
     {
         ClientRules rules;
-        rules.addresses = Own(standing, stored);
+        rules.addresses = Own(standing);
         if (rules.addresses.empty()) {
             made.withoutAddress.push_back(standing.user);
             return;
@@ -100,7 +95,7 @@ private:
         rules.portsAllowOnly = standing.portsAllowOnly;
         rules.ports = standing.ports;
         if (sources.settings.bindsHardware) {
-            rules.hardware = HardwareAddress::From(standing.mac);
+            rules.hardware = standing.hardware;
         }
         if (standing.leftBytes) {
             rules.receivedUntil = Accounted(rules.addresses) + *standing.leftBytes;
@@ -115,11 +110,11 @@ private:
     }
 
     // Its stored address, and those that its hardware has besides, as far as nobody else has them.
-    std::vector<NetAddress> Own(const Standing &standing, const std::optional<NetAddress> &stored)
+    std::vector<NetAddress> Own(const Standing &standing)
     {
         std::vector<NetAddress> addresses;
-        if (stored && made.owners.value(*stored) == standing.user) {
-            addresses.push_back(*stored);
+        if (standing.address && made.owners.value(*standing.address) == standing.user) {
+            addresses.push_back(*standing.address);
         }
         for (const NetAddress &address : CompanionsOf(standing)) {
             if (!made.owners.contains(address)) {
@@ -133,9 +128,8 @@ private:
 
     [[nodiscard]] std::vector<NetAddress> CompanionsOf(const Standing &standing) const
     {
-        const auto hardware =
-            sources.companions.empty() ? std::nullopt : HardwareAddress::From(standing.mac);
-        const auto found = hardware ? sources.companions.find(*hardware) : sources.companions.end();
+        const auto found = standing.hardware ? sources.companions.find(*standing.hardware)
+                                             : sources.companions.end();
         return found == sources.companions.end() ? std::vector<NetAddress>() : found->second;
     }
 

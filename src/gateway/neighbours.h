@@ -1,7 +1,7 @@
 // The kernel's neighbour table: which hardware address answers for an address of the network.
 #pragma once
 
-#include "gateway/net_address.h"
+#include "base/net_address.h"
 #include "gateway/netlink_socket.h"
 
 struct Neighbour

@@ -1,7 +1,7 @@
 // What the kernel is to do, as data. Two equal policies are the same table.
 #pragma once
 
-#include "gateway/net_address.h"
+#include "base/net_address.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 // What the kernel counted, and what it tells of itself.
 #pragma once
 
-#include "gateway/net_address.h"
+#include "base/net_address.h"
 
 #include <QStringList>
 

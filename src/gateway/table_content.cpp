@@ -16,6 +16,7 @@ struct Owned
 std::vector<Owned> OwnedAddresses(const Policy &policy, const std::vector<NetAddress> &excluded)
 {
     std::vector<Owned> owned;
+    owned.reserve(policy.clients.size());
     for (const auto &[id, rules] : policy.clients) {
         for (const NetAddress &address : rules.addresses) {
             if (!std::ranges::binary_search(excluded, address)) {
@@ -141,15 +142,20 @@ TableContent ContentFor(const Policy &policy, const TableContent &standing)
     excluded.erase(std::unique(excluded.begin(), excluded.end()), excluded.end());
 
     TableContent content;
-    for (const Owned &owned : OwnedAddresses(policy, excluded)) {
-        AddOwned(content, owned, policy);
+    const std::vector<Owned> owned = OwnedAddresses(policy, excluded);
+    content[SetId::Sent].reserve(owned.size());
+    for (const Owned &each : owned) {
+        AddOwned(content, each, policy);
     }
     AddRetired(content, standing[SetId::Sent], excluded);
     for (const NetAddress &address : excluded) {
         AddVerdict(content[SetId::From], address, PacketVerdict::Pass);
         AddVerdict(content[SetId::To], address, PacketVerdict::Pass);
     }
-    std::ranges::for_each(content.sets, MakeUnique);
+    for (Elements &elements : content.sets) {
+        MakeUnique(elements);
+        elements.shrink_to_fit(); // they are kept for long
+    }
     return content;
 }
 

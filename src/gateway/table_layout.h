@@ -2,7 +2,7 @@
 // their elements are spelled.
 #pragma once
 
-#include "gateway/net_address.h"
+#include "base/net_address.h"
 #include "gateway/netlink_reader.h"
 #include "gateway/netlink_writer.h"
 

@@ -77,10 +77,9 @@ private:
         size_t place = 0;
         for (auto part = begin; part != end; ++part) {
             New sum;
-            for (const AddressCounters *each : part->second.counters) {
+            for (size_t i = 0; i < part->second.counters.size(); ++i) {
                 sum.bytes.received += bytes[place].received;
                 sum.bytes.sent += bytes[place].sent;
-                counted.accountedReceived[part->first] += each->unknown ? 0 : each->received;
                 ++place;
             }
             const bool isNew = sum.bytes.received > 0 || sum.bytes.sent > 0;
@@ -246,7 +245,6 @@ void Add(Counted &whole, Counted &&batch)
     whole.groupsUsedUp += batch.groupsUsedUp;
     whole.lifted += batch.lifted;
     whole.groupsLifted += batch.groupsLifted;
-    whole.accountedReceived.merge(batch.accountedReceived);
 }
 
 } // namespace

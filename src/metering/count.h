@@ -1,6 +1,7 @@
 // What the gateway counted, and how it gets into the accounts: each byte once.
 #pragma once
 
+#include "base/net_address.h"
 #include "db/failure.h"
 #include "db/ids.h"
 
@@ -9,13 +10,12 @@
 #include <QSet>
 #include <QString>
 
-#include <map>
 #include <vector>
 
 // The counters of one address in bytes, from the beginning of the generation.
 struct AddressCounters
 {
-    QString address; // at most 64 characters
+    NetAddress address;
     bool unknown = false; // counted before the address was somebody's
     UserId owner; // whose bytes are those since the last count; nobody's are not accounted
     quint64 received = 0; // what limits and credits are about
@@ -60,9 +60,6 @@ struct Counted
     QList<GroupId> groupsUsedUp; // with reason 1
     QList<UserId> lifted; // whose block of reason 1 or 2 nothing accounted for any more
     QList<GroupId> groupsLifted;
-    // Up to where the received bytes of each user in the count are accounted: the sum of its counters
-    // there, without the unknown ones.
-    std::map<UserId, quint64> accountedReceived;
 };
 
 // Writes what is new in the count: the day's records (period 0), the records of limits of users and

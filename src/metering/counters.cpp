@@ -38,8 +38,9 @@ ReadLast(Books &books, const Count &count, const std::vector<const AddressCounte
 {
     StagedRows keys;
     for (size_t i = 0; i < counters.size(); ++i) {
-        keys.Add(
-            static_cast<quint32>(i), {counters[i]->unknown ? 1.0 : 0.0}, {counters[i]->address});
+        keys.Add(static_cast<quint32>(i),
+                 {counters[i]->unknown ? 1.0 : 0.0},
+                 {counters[i]->address.Text()});
     }
     struct Stored
     {
@@ -100,7 +101,7 @@ TakeNewBytes(Books &books, const Count &count, const std::vector<const AddressCo
                      {now.unknown ? 1.0 : 0.0,
                       static_cast<double>(std::max(received, now.received)),
                       static_cast<double>(std::max(sent, now.sent))},
-                     {now.address, generation, count.gatewayId});
+                     {now.address.Text(), generation, count.gatewayId});
         }
     }
     books.WriteAll("UPDATE service_counters SET user_id = s.k, generation = s.u, "
@@ -117,21 +118,29 @@ TakeNewBytes(Books &books, const Count &count, const std::vector<const AddressCo
 
 Result<CountersByKey> ReadCounters(const QString &gatewayId, quint64 generation)
 {
-    using Entry = std::pair<CounterKey, AccountedCounters>;
+    struct Stored
+    {
+        std::optional<NetAddress> address;
+        bool unknown;
+        AccountedCounters accounted;
+    };
     return ReadAll(
                "SELECT address, unknown, user_id, received, sent FROM service_counters "
                "WHERE gateway = (?) and generation = (?)",
                [](const Row &row) {
-                   return Entry {{row.Text(1), row.Flag(2)},
-                                 {row.Id<UserId>(3), BytesIn(row, 4), BytesIn(row, 5)}};
+                   return Stored {NetAddress::From(row.Text(1)),
+                                  row.Flag(2),
+                                  {row.Id<UserId>(3), BytesIn(row, 4), BytesIn(row, 5)}};
                },
                gatewayId,
                GenerationText(generation))
-        .map([](const std::vector<Entry> &entries) {
+        .map([](const std::vector<Stored> &rows) {
             CountersByKey counters;
-            counters.reserve(static_cast<qsizetype>(entries.size()));
-            for (const auto &[key, accounted] : entries) {
-                counters.insert(key, accounted);
+            counters.reserve(static_cast<qsizetype>(rows.size()));
+            for (const auto &[address, unknown, accounted] : rows) {
+                if (address) { // under any other text the kernel counts nothing
+                    counters.insert({*address, unknown}, accounted);
+                }
             }
             return counters;
         });
@@ -147,7 +156,7 @@ Result<bool> ForgetCounters(const QString &gatewayId, const std::vector<CounterK
                 books.Write("DELETE FROM service_counters WHERE gateway = (?) and address = (?) "
                             "and unknown = (?)",
                             gatewayId,
-                            keys[i].address,
+                            keys[i].address.Text(),
                             keys[i].unknown ? 1U : 0U);
             }
         });
@@ -175,17 +184,17 @@ Result<bool> ReconcileCounters(const Count &present)
         });
 }
 
-Count ChangedCounters::In(const Count &count) const
+Count ChangedCounters::In(Count count) const
 {
-    Count changed = count;
     if (count.generation == generation) {
-        std::erase_if(changed.counters, [this](const AddressCounters &each) {
+        std::erase_if(count.counters, [this](const AddressCounters &each) {
             const auto last = known.constFind(KeyOf(each));
             return last != known.constEnd() && last->received == each.received
                 && last->sent == each.sent;
         });
+        count.counters.shrink_to_fit(); // few are left, and are kept until they are written
     }
-    return changed;
+    return count;
 }
 
 void ChangedCounters::Take(const Count &written)

@@ -10,7 +10,7 @@
 // Under which a counter is known.
 struct CounterKey
 {
-    QString address;
+    NetAddress address;
     bool unknown = false;
 
     bool operator==(const CounterKey &) const = default;
@@ -69,7 +69,7 @@ public:
     { }
 
     // The count without counters that are as they were when last accounted.
-    [[nodiscard]] Count In(const Count &count) const;
+    [[nodiscard]] Count In(Count count) const;
 
     // To be called for a count that was written.
     void Take(const Count &written);

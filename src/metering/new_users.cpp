@@ -1,5 +1,6 @@
 #include "metering/new_users.h"
 
+#include "base/net_address.h"
 #include "metering/books.h"
 
 #include <algorithm>
@@ -20,6 +21,13 @@ struct Holder
 Holder HolderIn(const Row &row)
 {
     return {row.Id<UserId>(1), row.Text(2), row.Text(3), row.Text(4), row.Text(5)};
+}
+
+// As addresses, however they are written.
+bool IsSameAddress(const QString &one, const QString &other)
+{
+    const auto address = NetAddress::From(one);
+    return one == other || (address && address == NetAddress::From(other));
 }
 
 // A name without what no window could show.
@@ -75,6 +83,22 @@ private:
                                   ip));
     }
 
+    // A row may have the address in another form than it has as a text.
+    [[nodiscard]] std::optional<Holder> HolderOf(const Station &station)
+    {
+        if (station.user.IsSet()) {
+            auto known =
+                books.Take(ReadOne("SELECT user_id, ip_addr, mac_addr, stationname, username "
+                                   "FROM users WHERE user_id = (?)",
+                                   HolderIn,
+                                   station.user));
+            if (known && IsSameAddress(known->ip, station.ip)) {
+                return known;
+            }
+        }
+        return OfAddress(station.ip);
+    }
+
     [[nodiscard]] std::optional<Holder> OfHardware(const QString &mac)
     {
         return books.Take(
@@ -86,7 +110,7 @@ private:
 
     void TakeByIp(const Station &station)
     {
-        const auto holder = OfAddress(station.ip);
+        const auto holder = HolderOf(station);
         if (!holder) {
             Make(station);
             return;
@@ -101,9 +125,10 @@ private:
     void TakeByMac(const Station &station)
     {
         const auto holder = OfHardware(station.mac);
-        const auto present = OfAddress(station.ip);
+        const auto present = HolderOf(station);
         if (holder) {
-            if (holder->ip != station.ip && rules.keepsAddresses && !holder->ip.isEmpty()) {
+            if (!IsSameAddress(holder->ip, station.ip) && rules.keepsAddresses
+                && !holder->ip.isEmpty()) {
                 return;
             }
             Move(*holder, present, station.ip);
@@ -118,7 +143,7 @@ private:
 
     void Move(const Holder &holder, const std::optional<Holder> &present, const QString &ip)
     {
-        if (holder.ip == ip) {
+        if (IsSameAddress(holder.ip, ip)) {
             return;
         }
         Leave(present);

@@ -15,9 +15,10 @@ enum class Identification { ByIp, ByMac };
 
 struct Station
 {
-    QString ip; // as users.ip_addr has it
+    QString ip; // as a new user's ip_addr is to have it
     QString mac; // as users.mac_addr has it; empty: not known
     QString name; // from the network, so that anything may stand in it; empty: not known
+    UserId user {}; // whose the address is, as far as is known; not set: nobody's
 };
 
 // What the service gives to a new user: the settings' default profile.

@@ -69,8 +69,8 @@ public:
         , findings(DecideAccess(rules, when))
     {
         standing.user = user.userId;
-        standing.ip = user.ip;
-        standing.mac = user.mac;
+        standing.address = NetAddress::From(user.ip);
+        standing.hardware = HardwareAddress::From(user.mac);
         standing.block = user.rules.own.block;
         standing.authRequired = rules.authRequired;
         standing.timeMark = rules.timeBlocked;

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "access/access_facts.h"
+#include "base/net_address.h"
 #include "db/failure.h"
 #include "db/ids.h"
 #include "metering/count.h"
 
 #include <QSet>
-#include <QString>
 
 #include <map>
 #include <optional>
@@ -16,8 +16,8 @@
 struct Standing
 {
     UserId user;
-    QString ip; // as stored; empty: not known yet
-    QString mac;
+    std::optional<NetAddress> address; // nothing: not known yet, or none that anybody can have
+    std::optional<HardwareAddress> hardware; // as well
     bool refused = false;
     FactKind why = FactKind::NothingWrong; // what decides; WhyAccess of the console says more
     bool whyOfGroup = false; // it is the group's

@@ -28,8 +28,8 @@ TEST(AddressBook, KeepsWhoseBytesWereCountedBeforeTheStart)
 {
     AddressBook book;
     CountersByKey counters;
-    counters.insert({kFirst.Text(), false}, {UserId {1}, 700, 70});
-    counters.insert({kSecond.Text(), true}, {UserId {2}, 900, 90}); // counted as nobody's
+    counters.insert({kFirst, false}, {UserId {1}, 700, 70});
+    counters.insert({kSecond, true}, {UserId {2}, 900, 90}); // counted as nobody's
     book.Begin(counters);
     book.Complete({{kFirst, UserId {5}}, {kThird, UserId {3}}});
     EXPECT_EQ(book.OwnerOf(kFirst), UserId {1}); // until the round that moves it
@@ -42,8 +42,8 @@ TEST(AddressBook, RetiresWhatIsNobodysUntilItIsAccounted)
 {
     AddressBook book;
     book.BeginAnew({{kFirst, UserId {1}}, {kSecond, UserId {2}}});
-    book.NoteAccounted(CountOf({{kFirst.Text(), false, UserId {1}, 500, 50},
-                                {kSecond.Text(), false, UserId {2}, 300, 30}}));
+    book.NoteAccounted(
+        CountOf({{kFirst, false, UserId {1}, 500, 50}, {kSecond, false, UserId {2}, 300, 30}}));
     EXPECT_FALSE(book.Take({{kFirst, UserId {1}}, {kSecond, UserId {2}}}));
     EXPECT_TRUE(book.Take({{kSecond, UserId {1}}}));
     EXPECT_EQ(book.OwnerOf(kFirst), UserId {1});
@@ -56,7 +56,7 @@ TEST(AddressBook, RetiresWhatIsNobodysUntilItIsAccounted)
     book.Forget(gone);
     EXPECT_EQ(book.OwnerOf(kFirst), UserId());
     EXPECT_EQ(book.Accounted(), (QHash<NetAddress, quint64> {{kSecond, 300}}));
-    const CounterKey key {kFirst.Text(), false};
+    const CounterKey key {kFirst, false};
     EXPECT_EQ(book.Forgotten(), std::vector {key});
     book.Drop({key});
     EXPECT_TRUE(book.Forgotten().empty());
@@ -78,11 +78,11 @@ TEST(AddressBook, ForgetsUnknownAddressesThatWereAccounted)
 {
     AddressBook book;
     book.BeginAnew({{kFirst, UserId {1}}});
-    book.NoteAccounted(CountOf({{kFirst.Text(), true, UserId {1}, 500, 50}}));
+    book.NoteAccounted(CountOf({{kFirst, true, UserId {1}, 500, 50}}));
     EXPECT_TRUE(book.Accounted().isEmpty()); // no part of the counters that bounds speak of
     const AddressBook::Outdated gone = book.OutdatedOf({});
     EXPECT_EQ(gone.unknown, std::vector {kFirst});
     book.Forget(gone);
     EXPECT_TRUE(book.OutdatedOf({}).unknown.empty());
-    EXPECT_EQ(book.Forgotten(), (std::vector<CounterKey> {{kFirst.Text(), true}}));
+    EXPECT_EQ(book.Forgotten(), (std::vector<CounterKey> {{kFirst, true}}));
 }

@@ -15,8 +15,9 @@ protected:
         return {.gatewayId = u"gate"_s,
                 .generation = 18446744073709551557ULL,
                 .at = QDateTime(QDate(2026, 11, day), QTime(0, 0)),
-                .counters = {{u"10.0.0.1"_s, false, UserId {1}, 9007199254740993ULL, 5},
-                             {u"fe80::1"_s, true, UserId {2}, 0, 18446744073709551615ULL}},
+                .counters =
+                    {{*NetAddress::From(u"10.0.0.1"), false, UserId {1}, 9007199254740993ULL, 5},
+                     {*NetAddress::From(u"fe80::1"), true, UserId {2}, 0, 18446744073709551615ULL}},
                 .online = {{UserId {1}, 12.25}},
                 .usedUp = {},
                 .usedUpGroups = {}};
@@ -66,14 +67,16 @@ TEST_F(DayEndsKept, ComeBackToTheLastBitUntilTheyAreWritten)
 
 TEST_F(DayEndsKept, OfADamagedFileAreToldAndPutAside)
 {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[{\"gateway\":") > 0);
-    file.close();
-    const DayEnds ends(path);
-    EXPECT_TRUE(ends.Waiting().empty());
-    EXPECT_TRUE(ends.Problem());
-    EXPECT_FALSE(QFile::exists(path));
-    EXPECT_TRUE(QFile::exists(path + u".damaged"_s));
+    for (const char *damaged : {"[{\"gateway\":", R"([{"counters": [{"address": "10.0.0."}]}])"}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(damaged) > 0);
+        file.close();
+        const DayEnds ends(path);
+        EXPECT_TRUE(ends.Waiting().empty()) << damaged;
+        EXPECT_TRUE(ends.Problem()) << damaged;
+        EXPECT_FALSE(QFile::exists(path));
+        EXPECT_TRUE(QFile::remove(path + u".damaged"_s)) << damaged;
+    }
 }
 
 TEST_F(DayEndsKept, ThatCannotBeWrittenAreToldAndStillWait)

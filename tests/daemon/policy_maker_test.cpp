@@ -16,7 +16,7 @@ protected:
     {
         Standing standing;
         standing.user = UserId {id};
-        standing.ip = ip;
+        standing.address = NetAddress::From(ip);
         standings.users.push_back(standing);
         return standings.users.back();
     }
@@ -95,7 +95,7 @@ TEST_F(PolicyMade, BoundsAreWhatIsLeftBehindWhatIsAccounted)
         {Address(u"10.0.0.1"_s), 1000}, {Address(u"fd00::1"_s), 500}, {Address(u"10.0.0.2"_s), 70}};
     companions[HardwareAddress::From(u"02000000000a"_s).value()] = {Address(u"fd00::1"_s)};
     Standing &anna = Add(1, u"10.0.0.1"_s);
-    anna.mac = u"02000000000a"_s;
+    anna.hardware = HardwareAddress::From(u"02000000000a");
     anna.leftBytes = 30;
     anna.sharedGroup = GroupId {80};
     Standing &bert = Add(2, u"10.0.0.2"_s);
@@ -117,7 +117,7 @@ TEST_F(PolicyMade, AnAddressBelongsToTheFirstWhoStoresIt)
 {
     companions[HardwareAddress::From(u"02000000000a"_s).value()] = {Address(u"10.0.0.2"_s),
                                                                     Address(u"10.0.0.9"_s)};
-    Add(1, u"10.0.0.1"_s).mac = u"02000000000a"_s;
+    Add(1, u"10.0.0.1"_s).hardware = HardwareAddress::From(u"02000000000a");
     Add(2, u"10.0.0.2"_s); // stored goes before what hardware has besides
     Add(3, u"10.0.0.1"_s);
     Add(4, u"nowhere"_s);
@@ -197,7 +197,7 @@ TEST_F(PolicyMade, UnknownIpv6IsRefusedWithAnyLimitInUse)
 TEST_F(PolicyMade, PortsAndHardwareAreHandedOn)
 {
     Standing &anna = Add(1, u"10.0.0.1"_s);
-    anna.mac = u"02000000000a"_s;
+    anna.hardware = HardwareAddress::From(u"02000000000a");
     anna.portsAllowOnly = true;
     anna.ports = {80};
     EXPECT_FALSE(Rules(1).hardware);

@@ -91,10 +91,11 @@ TEST_P(Rounds, ReadAnewAfterWhatTheyWriteThemselves)
     KnowAll();
     const Round idle = round;
     const QDateTime later = round.now.addSecs(60);
+    const NetAddress address = NetAddress::FromIpv4(0x0A4D0001);
     const Count count {.gatewayId = round.claim.gatewayId,
                        .generation = round.claim.generation,
                        .at = later,
-                       .counters = {{u"10.77.0.1"_s, false, UserId {1}, 1000, 500}},
+                       .counters = {{address, false, UserId {1}, 1000, 500}},
                        .online = {},
                        .usedUp = {},
                        .usedUpGroups = {}};
@@ -104,8 +105,8 @@ TEST_P(Rounds, ReadAnewAfterWhatTheyWriteThemselves)
         [](Round &asked) {
             asked.stations = {{u"10.77.0.9"_s, {}, u"gate"_s}};
         },
-        [](Round &asked) {
-            asked.forgotten = {{u"10.77.0.1"_s, false}};
+        [&](Round &asked) {
+            asked.forgotten = {{address, false}};
         },
         [](Round &asked) { asked.known = {}; }};
     for (const auto &cause : causes) {

@@ -24,8 +24,8 @@ protected:
     }
 };
 
-const CounterKey kAnnas {u"10.0.0.1"_s, false};
-const CounterKey kBerts {u"10.0.0.2"_s, false};
+const CounterKey kAnnas {NetAddress::FromIpv4(0x0A000001), false};
+const CounterKey kBerts {NetAddress::FromIpv4(0x0A000002), false};
 
 } // namespace
 
@@ -96,7 +96,7 @@ TEST_P(Counters, ThatHaveNotChangedAreLeftOut)
     OfUser(kBert).sent = 1;
     const Count count = changed.In(Taken());
     ASSERT_EQ(count.counters.size(), 1U);
-    EXPECT_EQ(count.counters.front().address, u"10.0.0.2"_s);
+    EXPECT_EQ(count.counters.front().address, kBerts.address);
     changed.Take(count);
     EXPECT_TRUE(changed.In(Taken()).counters.empty());
     changed.Forget({kBerts});

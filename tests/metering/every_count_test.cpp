@@ -67,8 +67,11 @@ protected:
         count = {u"gate"_s, 99, {}, {}, {}, {}, {}};
         for (quint32 user = 1; user <= kUsers; ++user) {
             for (const char *address : {"10.0.0.%1", "fd00::%1"}) {
-                count.counters.push_back(
-                    {QString::fromLatin1(address).arg(user), false, UserId {user}, 0, 0});
+                count.counters.push_back({*NetAddress::From(QString::fromLatin1(address).arg(user)),
+                                          false,
+                                          UserId {user},
+                                          0,
+                                          0});
             }
         }
     }
@@ -400,7 +403,8 @@ TEST_P(EveryCount, GoesOnWhereABatchFailed)
     count.counters.clear();
     for (quint32 user = kUsers + 1; user <= kUsers + kMany; ++user) {
         many.Add(user);
-        count.counters.push_back({u"fd00::%1"_s.arg(user), false, UserId {user}, 2 * kMb, 1});
+        const NetAddress address = NetAddress::FromIpv4(0x0A010000 + user);
+        count.counters.push_back({address, false, UserId {user}, 2 * kMb, 1});
     }
     Execute("INSERT INTO users (username, group_id) SELECT s.k, 91 FROM STAGED (?) AS_ROWS s",
             many);

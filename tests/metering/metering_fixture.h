@@ -91,9 +91,14 @@ protected:
 
     void GoTo(QDate day) { now = QDateTime(day, QTime(12, 0), QTimeZone::utc()); }
 
+    [[nodiscard]] static NetAddress AddressOf(UserId user)
+    {
+        return NetAddress::FromIpv4(0x0A000000 + user.value);
+    }
+
     AddressCounters &OfUser(UserId user)
     {
-        const QString address = QStringLiteral("10.0.0.%1").arg(user.value);
+        const NetAddress address = AddressOf(user);
         for (AddressCounters &each : next.counters) {
             if (each.address == address && !each.unknown) {
                 return each;

@@ -78,6 +78,25 @@ TEST_P(NewUsers, AreCompletedWhenMoreBecomesKnown)
     EXPECT_EQ(RowsOf(kUsers), QStringList {u"1|Anna|desk|10.0.0.1|0A1B2C3D4E5F"_s});
 }
 
+TEST_P(NewUsers, AreNotMadeOfAnAddressThatIsWrittenInAnotherWay)
+{
+    Execute("INSERT INTO users (username, ip_addr) VALUES ('anna', 'FD00::A')");
+    for (const Identification identification : {Identification::ByIp, Identification::ByMac}) {
+        Execute("UPDATE users SET mac_addr = ''");
+        rules.identification = identification;
+        const StationsTaken taken = Take({{u"fd00::a"_s, u"0A1B2C3D4E5F"_s, {}, UserId {1}}});
+        EXPECT_TRUE(taken.made.isEmpty() && taken.moved.isEmpty());
+        EXPECT_EQ(RowsOf(kUsers), QStringList {u"1|anna||FD00::A|0A1B2C3D4E5F"_s});
+    }
+}
+
+// Whom the service knew under the address may have another one by now.
+TEST_P(NewUsers, HaveTheAddressThatNobodyHasAnyMore)
+{
+    Execute("INSERT INTO users (username, ip_addr) VALUES ('anna', '10.0.0.2')");
+    EXPECT_EQ(Take({{u"10.0.0.1"_s, {}, {}, UserId {1}}}).made, QList {UserId {2}});
+}
+
 // A table of what becomes of two users when a station turns up.
 TEST_P(NewUsers, AnAddressFollowsTheIdentification)
 {

@@ -1,6 +1,6 @@
 #include "support/lab/traffic.h"
 
-#include "gateway/net_address.h"
+#include "base/net_address.h"
 
 #include <QFile>
 

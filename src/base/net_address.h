@@ -1,4 +1,4 @@
-// Addresses of workstations as the kernel holds them: of the network, and of the hardware.
+// Addresses of workstations: of the network, and of the hardware.
 #pragma once
 
 #include "base/ipv4.h"

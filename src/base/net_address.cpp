@@ -1,4 +1,4 @@
-#include "gateway/net_address.h"
+#include "base/net_address.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
