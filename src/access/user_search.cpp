@@ -58,16 +58,46 @@ bool IsPlain(const QString &text)
     return std::ranges::all_of(text, [](QChar c) { return c.unicode() < 0x80; });
 }
 
+// The text with its letters beyond a to z in another case: the first ones of words, and the others.
+QString Recased(QString text, bool capitalFirst, bool capitalOthers)
+{
+    bool isFirst = true;
+    for (QChar &c : text) {
+        if (c.unicode() >= 0x80) {
+            c = (isFirst ? capitalFirst : capitalOthers) ? c.toUpper() : c.toLower();
+        }
+        isFirst = !c.isLetterOrNumber();
+    }
+    return text;
+}
+
+// As the text is mostly written, where the engine knows the letter case of a to z alone: as it is, all
+// small, all capital, and as a name.
+QStringList Writings(const QString &text)
+{
+    if (IsPlain(text) || query::FoldsEveryLetter()) {
+        return {text};
+    }
+    QStringList writings {
+        text, Recased(text, false, false), Recased(text, true, true), Recased(text, true, false)};
+    writings.removeDuplicates();
+    return writings;
+}
+
 void AddHolds(Statement &statement, const char *column, const QString &pattern)
 {
     const bool plain = IsPlain(pattern);
     const char *letters = plain ? " PLAIN_CASE) " : " LETTER_CASE) ";
     if (!plain) {
-        statement << "(OCTETS_OF (" << column << ") EXCEEDING_LETTERS_OF (" << column << ") AND ";
+        statement << "(OCTETS_OF (" << column << ") EXCEEDING_LETTERS_OF (" << column << ") AND (";
     }
-    statement << "CASE_FOLDED (" << column << letters << "HOLDS CASE_FOLDED ((?)" << letters
-              << "PLAIN_CASE ESCAPE '!'" << (plain ? "" : ")");
-    statement.Bind(pattern);
+    const char *before = "";
+    for (const QString &writing : Writings(pattern)) {
+        statement << std::exchange(before, " OR ") << "CASE_FOLDED (" << column << letters
+                  << "HOLDS CASE_FOLDED ((?)" << letters << "PLAIN_CASE ESCAPE '!'";
+        statement.Bind(writing);
+    }
+    statement << (plain ? "" : "))");
 }
 
 // Of an address of any kind: "10.1.2", "fe80::1".
@@ -295,16 +325,22 @@ constexpr char kNearest[] = " LIMIT 250";
 // The ids of the first users, in a column's order, whose column begins so.
 void AddBeginnings(Statement &statement, const char *column, const QString &begin)
 {
-    statement << " SELECT user_id FROM (SELECT user_id FROM users WHERE monitored = true AND ";
-    AddBegin(statement, column, begin);
-    statement << " ORDER BY " << column << kNearest << ") AS by_" << column << " UNION";
+    for (const QString &writing : Writings(begin)) {
+        statement << " SELECT user_id FROM (SELECT user_id FROM users WHERE monitored = true AND ";
+        AddBegin(statement, column, writing);
+        statement << " ORDER BY " << column << kNearest << ") AS by_" << column << " UNION";
+    }
 }
 
 void AddLoginBeginnings(Statement &statement, const QString &begin)
 {
-    statement << " SELECT userid FROM (SELECT userid FROM logins WHERE ";
-    AddBegin(statement, "login", begin);
-    statement << " ORDER BY login" << kNearest << ") AS by_login";
+    const char *before = "";
+    for (const QString &writing : Writings(begin)) {
+        statement << std::exchange(before, " UNION")
+                  << " SELECT userid FROM (SELECT userid FROM logins WHERE ";
+        AddBegin(statement, "login", writing);
+        statement << " ORDER BY login" << kNearest << ") AS by_login";
+    }
 }
 
 Statement Beginnings(const UserFilter &filter, ListOrder order)

@@ -67,6 +67,8 @@ struct Dialect
     bool hasOneWriter;
     // True where what the connection itself writes changes its DATA_MARK, by one for each transaction.
     bool marksOwnWrites;
+    // True where LETTER_CASE looks at no letter's case; else at none but that of a to z.
+    bool foldsEveryLetter;
     BulkInsert bulkInsert;
     // Begins a transaction that reads one state of the data, whatever others write meanwhile.
     const char *beginSnapshot;

@@ -43,6 +43,11 @@ bool MayAskOnceMore(const Failure &failure)
 
 } // namespace
 
+bool FoldsEveryLetter()
+{
+    return SessionDialect().foldsEveryLetter;
+}
+
 std::optional<Failure> Read(const char *sqlText,
                             quint32 most,
                             FunctionRef<void()> bind,

@@ -18,6 +18,9 @@ namespace query {
 // Whether further rows are wanted.
 enum class Then { GoOn, Stop };
 
+// Whether LETTER_CASE (dialect.h) looks at no letter's case; else at none but that of a to z.
+[[nodiscard]] bool FoldsEveryLetter();
+
 // Runs `sqlText` with the values that `bind` binds, and hands each row to `take`. `restart` is called
 // before the rows come, once more when they come from the beginning again. `most` is the most rows
 // that are asked for; 0 for no bound.

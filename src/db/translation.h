@@ -8,7 +8,7 @@
 #include <string_view>
 
 // The most parameters that one statement has.
-constexpr int kMaxParameters = 64;
+constexpr int kMaxParameters = 256;
 
 enum class ParameterKind { Integer, Amount, Text, Day, Rows };
 
