@@ -66,11 +66,13 @@ void AccountingService::AskForRound()
     }
     roundRuns = true;
     roundWanted = false;
-    const auto shared = std::make_shared<const AskedRound>(std::move(asked));
+    const auto shared = std::make_shared<AskedRound>(std::move(asked));
     database.Start(
         this,
         [shared] { return RunRound(shared->round); },
-        [this, shared](Result<RoundOutcome> outcome) { FinishRound(*shared, std::move(outcome)); });
+        [this, shared](Result<RoundOutcome> outcome) {
+            FinishRound(std::move(*shared), std::move(outcome));
+        });
 }
 
 // Not read: what is known holds no longer, whatever the database says.
@@ -79,11 +81,11 @@ DataMark AccountingService::MarkOfKnown(const QDateTime &now) const
     return now >= knownSince && now < standings.nextChange ? knownMark : DataMark();
 }
 
-void AccountingService::FinishRound(const AskedRound &asked, Result<RoundOutcome> outcome)
+void AccountingService::FinishRound(AskedRound asked, Result<RoundOutcome> outcome)
 {
     roundRuns = false;
     if (outcome) {
-        TakeWritten(asked, *std::move(outcome));
+        TakeWritten(std::move(asked), *std::move(outcome));
     } else {
         TakeFailure(asked, outcome.error());
     }
@@ -120,7 +122,7 @@ void AccountingService::RetryLater()
     QTimer::singleShot(retryPause, this, &AccountingService::CountSoon);
 }
 
-void AccountingService::TakeWritten(const AskedRound &asked, RoundOutcome outcome)
+void AccountingService::TakeWritten(AskedRound asked, RoundOutcome outcome)
 {
     troubles.Set(Trouble::Database, {});
     if (outcome.claim == ClaimOutcome::AnotherIsAlive) {
@@ -131,6 +133,7 @@ void AccountingService::TakeWritten(const AskedRound &asked, RoundOutcome outcom
     }
     retryPause = {};
     NoteWritten(asked);
+    asked.round.counts.clear(); // they may be of everybody, and what is known needs room
     TellOfRound(outcome);
     knownMark = outcome.mark;
     if (outcome.known) {

@@ -106,8 +106,8 @@ private:
     void AskForRound();
     void AskForLastRound();
     [[nodiscard]] DataMark MarkOfKnown(const QDateTime &now) const;
-    void FinishRound(const AskedRound &asked, Result<RoundOutcome> outcome);
-    void TakeWritten(const AskedRound &asked, RoundOutcome outcome);
+    void FinishRound(AskedRound asked, Result<RoundOutcome> outcome);
+    void TakeWritten(AskedRound asked, RoundOutcome outcome);
     void TakeKnown(Known known);
     void TakeFailure(const AskedRound &asked, const Failure &failure);
     void NoteWritten(const AskedRound &asked);

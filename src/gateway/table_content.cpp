@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -24,7 +25,8 @@ std::vector<Owned> OwnedAddresses(const Policy &policy, const std::vector<NetAdd
             }
         }
     }
-    std::ranges::stable_sort(owned, {}, &Owned::address);
+    std::ranges::sort(
+        owned, {}, [](const Owned &each) { return std::pair(each.address, each.id); });
     const auto isSame = [](const Owned &a, const Owned &b) { return a.address == b.address; };
     owned.erase(std::unique(owned.begin(), owned.end(), isSame), owned.end());
     return owned;

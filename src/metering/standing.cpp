@@ -1,6 +1,7 @@
 #include "metering/standing.h"
 
 #include "access/everybody.h"
+#include "db/query.h"
 #include "metering/account.h"
 #include "metering/bytes.h"
 
@@ -209,6 +210,36 @@ void Add(const Judging &judging, GroupId group, Standings &standings)
     }
 }
 
+// How many will be read, but for those who come and go meanwhile.
+Result<quint32> CountEverybody()
+{
+    return ReadOne("SELECT COUNT(*) FROM users SCANNED WHERE monitored = true",
+                   [](const Row &row) { return row.Integer(1); })
+        .map([](const std::optional<quint32> &count) { return count.value_or(0); });
+}
+
+// The room is taken at once: that of many users is large, and growing would take it twice over.
+Result<Standings> ReadStandings(const Moment &now,
+                                const Prices &prices,
+                                const QSet<UserId> &loggedIn,
+                                quint32 expected)
+{
+    Standings standings;
+    return ReadEverybody(
+               {now, prices.price},
+               loggedIn,
+               [&] {
+                   standings = {};
+                   standings.users.reserve(expected);
+                   standings.nextChange = NextMidnight(now);
+               },
+               [&](const KnownUser &user) { Add(Judging(user, now), user.groupId, standings); })
+        .map([&](bool) {
+            std::ranges::sort(standings.users, {}, &Standing::user);
+            return std::move(standings);
+        });
+}
+
 } // namespace
 
 const Standing *StandingOf(const Standings &standings, UserId userId)
@@ -220,20 +251,8 @@ const Standing *StandingOf(const Standings &standings, UserId userId)
 Result<Standings>
 ReadStandings(const Moment &now, const Prices &prices, const QSet<UserId> &loggedIn)
 {
-    Standings standings;
-    return ReadEverybody(
-               {now, prices.price},
-               loggedIn,
-               [&] {
-                   standings = {};
-                   standings.nextChange = NextMidnight(now);
-               },
-               [&](const KnownUser &user) { Add(Judging(user, now), user.groupId, standings); })
-        .map([&](bool) {
-            standings.users.shrink_to_fit(); // they are kept for long
-            std::ranges::sort(standings.users, {}, &Standing::user);
-            return std::move(standings);
-        });
+    return CountEverybody().and_then(
+        [&](quint32 expected) { return ReadStandings(now, prices, loggedIn, expected); });
 }
 
 Result<std::optional<OneStanding>>
