@@ -4787,6 +4787,10 @@ Lizenziert unter der Apache-Lizenz, Version 2.0.</translation>
         <source>The period that is kept begins on %1, which is after today. All records up to today would go. Continue?</source>
         <translation>Der Zeitraum, der behalten wird, beginnt am %1, also erst nach heute. Alle Datensätze bis heute würden entfernt. Fortfahren?</translation>
     </message>
+    <message>
+        <source>Kept is nothing up to today, %1: all records before %2 go.</source>
+        <translation>Behalten wird nichts bis heute, %1: Alle Datensätze vor %2 werden entfernt.</translation>
+    </message>
 </context>
 <context>
     <name>PurgePeriodBox</name>

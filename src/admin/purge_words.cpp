@@ -28,10 +28,15 @@ QString PurgeInWords(const PurgeChoice &choice, QDate today)
         return choice.deleteUsers ? Words::tr("No record is kept, and no user.")
                                   : Words::tr("No record is kept.");
     }
-    const QString first = DayInWords(FirstDateKept(choice, today));
+    const QDate firstKept = FirstDateKept(choice, today);
+    const QString first = DayInWords(firstKept);
     if (choice.keep == PurgeChoice::Keep::Custom) {
         return Words::tr("Kept are the days from %1 to %2. All records before and after go.")
             .arg(first, DayInWords(choice.until));
+    }
+    if (firstKept > today) {
+        return Words::tr("Kept is nothing up to today, %1: all records before %2 go.")
+            .arg(DayInWords(today), first);
     }
     return Words::tr("Kept are the days from %1 to today, %2. All records before go.")
         .arg(first, DayInWords(today));

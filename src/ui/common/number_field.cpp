@@ -99,7 +99,7 @@ QString NumberField::Request() const
         return RequestOfOneMeaning();
     }
     const auto inWords = [](double bound) {
-        return QString::number(bound, 'f', QLocale::FloatingPointShortest);
+        return DecimalText(bound, QLocale::FloatingPointShortest);
     };
     if (bounds.decimals == 0) {
         return tr("Please enter an integer between %1 and %2.")

@@ -41,6 +41,7 @@ void FilterCompleter::Offer()
     }
     candidates.setStringList(found.candidates);
     complete();
+    popup()->setCurrentIndex({}); // Return is for the field until the arrow keys choose a word
 }
 
 // What can still be gone on with is offered at once: names behind "group:".

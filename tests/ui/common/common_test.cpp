@@ -148,6 +148,10 @@ TEST(NumberField, ReadsAmountsAsTheLocaleWritesThem)
     Type(field, u"1,234"_s);
     EXPECT_EQ(field.Request(),
               u"Please enter a number between 0 and 1000000000, with at most 2 decimals."_s);
+    NumberField bounded({.least = 0.01, .most = 0.5, .decimals = 2});
+    bounded.setText(u"0"_s);
+    EXPECT_EQ(bounded.Request(),
+              u"Please enter a number between 0,01 and 0,5, with at most 2 decimals."_s);
     field.SetAmount(1234567.5);
     EXPECT_EQ(field.text(), u"1234567,50"_s);
     EXPECT_EQ(field.Amount(), 1234567.5);

@@ -262,6 +262,19 @@ TEST_F(Filters, WordsAreCompleted)
     EXPECT_EQ(Field().text(), u"group:\"Sales\" o"_s) << "the first one closes the words only";
 }
 
+// An open list of words has the keys of the window system.
+TEST_F(Filters, ReturnIsForTheFieldUntilAWordIsChosen)
+{
+    ShowFour();
+    auto &words = *Field().findChild<QCompleter *>()->popup();
+    Type(Field(), u"b"_s);
+    ASSERT_TRUE(words.isVisible());
+    QTest::keyClick(&words, Qt::Key_Return);
+    EXPECT_FALSE(words.isVisible());
+    EXPECT_EQ(Field().text(), u"b"_s);
+    EXPECT_EQ(Users().SelectedIds(), QList<UserId>({bert}));
+}
+
 // What counts as one name is one filter.
 TEST_F(Filters, AreReplacedByTheirNameOnlyWhenAsked)
 {

@@ -350,6 +350,9 @@ TEST_F(PurgeWindow, InJanuaryLastMonthAsksBeforeThisYearsRecordsGo)
     prompt.AnswerWith({true, true});
     Click(dialog, "purge");
     EXPECT_EQ(prompt.TakeSaid().last(), u"Purge complete"_s);
+    EXPECT_EQ(prompt.TakeGoing().last(),
+              u"Kept is nothing up to today, Friday, 9 January 2026: all records before Wednesday, "
+              "9 December 2026 go."_s);
     EXPECT_TRUE(Rows("SELECT current_time FROM traffic_use").isEmpty());
 }
 
